@@ -1,0 +1,45 @@
+# How every target of the project is compiled, and the libraries that the rooms add their sources to.
+
+include(GNUInstallDirs)
+
+if(PROJECT_IS_TOP_LEVEL)
+    set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+    find_program(PINORAMA_CCACHE ccache)
+    if(PINORAMA_CCACHE)
+        set(CMAKE_CXX_COMPILER_LAUNCHER "${PINORAMA_CCACHE}")
+    endif()
+endif()
+
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+add_library(pinorama_options INTERFACE)
+target_compile_features(pinorama_options INTERFACE cxx_std_20)
+target_include_directories(pinorama_options INTERFACE "${PROJECT_SOURCE_DIR}")
+target_compile_options(pinorama_options INTERFACE
+    # A coordinate is split step by step in plain double arithmetic: no fused multiply-add.
+    -ffp-contract=off
+    # The same sources give the same program, wherever they lie.
+    "-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.")
+
+# Warnings are for the project's own targets, not for those that link them.
+add_library(pinorama_warnings INTERFACE)
+target_compile_options(pinorama_warnings INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-qual
+    -Wformat=2 -Wimplicit-fallthrough
+    $<$<BOOL:${PINORAMA_WERROR}>:-Werror>)
+
+if(PINORAMA_SANITIZE)
+    target_compile_options(pinorama_options INTERFACE
+        -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(pinorama_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# pinorama_add_library(NAME) makes the static library pinorama_NAME, known to others as pinorama::NAME.
+# The rooms add their sources to it with target_sources.
+function(pinorama_add_library name)
+    add_library(pinorama_${name} STATIC)
+    add_library(pinorama::${name} ALIAS pinorama_${name})
+    target_link_libraries(pinorama_${name}
+        PUBLIC pinorama_options
+        PRIVATE $<BUILD_INTERFACE:pinorama_warnings>)
+endfunction()
