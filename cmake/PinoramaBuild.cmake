@@ -12,6 +12,12 @@ endif()
 
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
+# What is found here is seen by every room, and by a project that has this one as a subdirectory.
+set(CMAKE_FIND_PACKAGE_TARGETS_GLOBAL ON)
+if(PINORAMA_WITH_QT)
+    find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets DBus LinguistTools)
+endif()
+
 add_library(pinorama_options INTERFACE)
 target_compile_features(pinorama_options INTERFACE cxx_std_20)
 target_include_directories(pinorama_options INTERFACE "${PROJECT_SOURCE_DIR}")
@@ -42,4 +48,12 @@ function(pinorama_add_library name)
     target_link_libraries(pinorama_${name}
         PUBLIC pinorama_options
         PRIVATE $<BUILD_INTERFACE:pinorama_warnings>)
+endfunction()
+
+# pinorama_add_qt_library(NAME) makes such a library for a room that stands on Qt.
+function(pinorama_add_qt_library name)
+    pinorama_add_library(${name})
+    set_target_properties(pinorama_${name} PROPERTIES AUTOMOC ON AUTOUIC ON)
+    target_compile_definitions(pinorama_${name} PRIVATE
+        QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)
 endfunction()
