@@ -65,28 +65,38 @@ bool platform::reserveUnits(TovStringRef target, std::int32_t capacity)
     return true;
 }
 
+char16_t* platform::extendUnits(TovStringRef target, std::int32_t added)
+{
+    if (target == nullptr || !target->isMutable) return nullptr;
+    if (added < 0 || added > kLongestString - target->length) return nullptr;
+
+    const std::int32_t needed = target->length + added;
+    if (needed > target->capacity) {
+        const std::int64_t doubled = std::int64_t{target->capacity} * 2;
+        const auto wanted =
+            std::min<std::int64_t>(std::max<std::int64_t>(doubled, needed), kLongestString);
+        if (!reserveUnits(target, static_cast<std::int32_t>(wanted))) return nullptr;
+    }
+    char16_t* start = target->units + target->length;
+    target->length = needed;
+    return start;
+}
+
 bool platform::appendUnits(TovStringRef target, std::u16string_view units)
 {
     if (target == nullptr || !target->isMutable) return false;
     if (units.empty()) return true;
-    if (units.size() > static_cast<std::size_t>(kLongestString - target->length)) return false;
+    if (units.size() > static_cast<std::size_t>(kLongestString)) return false;
 
-    const auto added = static_cast<std::int32_t>(units.size());
-    const std::int32_t needed = target->length + added;
     // The appended units may be the text's own, which growing moves.
     const std::less_equal<const char16_t*> notAfter;
     const bool isOwn = notAfter(target->units, units.data()) &&
                        notAfter(units.data(), target->units + target->length);
     const std::ptrdiff_t ownStart = isOwn ? units.data() - target->units : 0;
-    if (needed > target->capacity) {
-        const std::int64_t doubled = std::int64_t{target->capacity} * 2;
-        const auto wanted =
-            std::min<std::int64_t>(std::max<std::int64_t>(doubled, needed), kLongestString);
-        if (!reserveUnits(target, static_cast<std::int32_t>(wanted))) return false;
-    }
+    char16_t* dest = extendUnits(target, static_cast<std::int32_t>(units.size()));
+    if (dest == nullptr) return false;
     const char16_t* source = isOwn ? target->units + ownStart : units.data();
-    std::memmove(target->units + target->length, source, units.size() * sizeof(char16_t));
-    target->length = needed;
+    std::memmove(dest, source, units.size() * sizeof(char16_t));
     return true;
 }
 

@@ -37,6 +37,10 @@ constexpr std::int32_t kLongestString = 0x3fffffff;
 // `target` is null or immutable or memory runs out.
 bool appendUnits(TovStringRef target, std::u16string_view units);
 
+// Makes `target` longer by `added` units and returns where they start, or null as above. The caller
+// writes them all before the text is used again.
+[[nodiscard]] char16_t* extendUnits(TovStringRef target, std::int32_t added);
+
 // Makes room for `capacity` units in all, so that appends up to it move nothing. False as above.
 bool reserveUnits(TovStringRef target, std::int32_t capacity);
 
