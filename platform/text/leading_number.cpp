@@ -1,0 +1,132 @@
+#include "platform/text/leading_number.h"
+
+#include "lib/base/block_holder.h"
+
+#include <algorithm>
+#include <charconv>
+#include <limits>
+
+namespace {
+constexpr std::size_t kUsualLength = 64;  // units of a number that needs no block of its own
+
+bool isDigit(char16_t unit)
+{
+    return unit >= u'0' && unit <= u'9';
+}
+
+// The white space of Unicode (property White_Space).
+bool isWhiteSpace(char16_t unit)
+{
+    if (unit == u' ' || (unit >= u'\t' && unit <= u'\r')) return true;
+    if (unit < 0x85) return false;
+    return unit == 0x85 || unit == 0xa0 || unit == 0x1680 || (unit >= 0x2000 && unit <= 0x200a) ||
+           unit == 0x2028 || unit == 0x2029 || unit == 0x202f || unit == 0x205f || unit == 0x3000;
+}
+
+// Walks over the units of a text; behind the last one stands 0.
+struct Reader {
+    std::u16string_view units;
+    std::size_t next = 0;
+
+    char16_t peek() const { return next < units.size() ? units[next] : u'\0'; }
+
+    void skipWhiteSpace()
+    {
+        while (isWhiteSpace(peek())) next++;
+    }
+
+    // Takes a sign, when there is one; true for minus.
+    bool takeMinus()
+    {
+        const char16_t sign = peek();
+        if (sign == u'-' || sign == u'+') next++;
+        return sign == u'-';
+    }
+
+    // Takes digits and returns how many.
+    std::size_t takeDigits()
+    {
+        const std::size_t start = next;
+        while (isDigit(peek())) next++;
+        return next - start;
+    }
+
+    // Takes "e", a sign and digits; nothing when no digit follows.
+    void takeExponent()
+    {
+        if (peek() != u'e' && peek() != u'E') return;
+        const std::size_t start = next++;
+        (void)takeMinus();
+        if (takeDigits() == 0) next = start;
+    }
+};
+
+// Whether a number that no double holds is too large; else it is too close to zero.
+bool isTooLarge(std::string_view number)
+{
+    const std::size_t exponentAt = std::min(number.find_first_of("eE"), number.size());
+    std::int64_t exponent = 0;
+    if (exponentAt < number.size()) {
+        std::string_view digits = number.substr(exponentAt + 1);
+        if (digits.front() == '+') digits.remove_prefix(1);
+        const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), exponent);
+        if (result.ec == std::errc::result_out_of_range) return digits.front() != '-';
+    }
+    const std::string_view mantissa = number.substr(0, exponentAt);
+    const auto point = static_cast<std::int64_t>(std::min(mantissa.find('.'), mantissa.size()));
+    const auto first = static_cast<std::int64_t>(mantissa.find_first_of("123456789"));
+    return exponent > first - point;
+}
+
+// Reads an unsigned number that has been looked through already.
+double parse(std::string_view number)
+{
+    double value = 0.0;
+    const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
+    if (result.ec == std::errc::result_out_of_range) {
+        return isTooLarge(number) ? std::numeric_limits<double>::infinity() : 0.0;
+    }
+    return value;
+}
+}  // namespace
+
+std::int32_t platform::leadingInteger(std::u16string_view units)
+{
+    Reader reader{units};
+    reader.skipWhiteSpace();
+    const bool isNegative = reader.takeMinus();
+    constexpr std::int64_t kMagnitudeOfLowest = std::int64_t{1} << 31;
+    std::int64_t magnitude = 0;
+    for (; isDigit(reader.peek()); reader.next++) {
+        magnitude = std::min(magnitude * 10 + (reader.peek() - u'0'), kMagnitudeOfLowest);
+    }
+    constexpr std::int64_t kHighest = std::numeric_limits<std::int32_t>::max();
+    return static_cast<std::int32_t>(isNegative ? -magnitude : std::min(magnitude, kHighest));
+}
+
+double platform::leadingDouble(std::u16string_view units)
+{
+    Reader reader{units};
+    reader.skipWhiteSpace();
+    const bool isNegative = reader.takeMinus();
+    const std::size_t start = reader.next;
+    std::size_t digits = reader.takeDigits();
+    if (reader.peek() == u'.') {
+        reader.next++;
+        digits += reader.takeDigits();
+    }
+    if (digits == 0) return 0.0;
+    reader.takeExponent();
+
+    const std::u16string_view number = units.substr(start, reader.next - start);
+    char usual[kUsualLength];
+    BlockHolder block;
+    if (number.size() > kUsualLength) {
+        block = BlockHolder(baseAllocate(number.size()));
+        if (!block) return 0.0;
+    }
+    char* bytes = block ? static_cast<char*>(block.get()) : usual;
+    std::copy(number.begin(), number.end(), bytes);
+    const double value = parse({bytes, number.size()});
+    return isNegative ? -value : value;
+}
