@@ -1,0 +1,49 @@
+// One item of a variable-item array as it lies in the block: a header of 12 bytes and its data,
+// the next header directly behind, at any byte offset (docs/formats.md). Header fields are moved
+// with byte copies because nothing aligns them.
+//
+// Offsets are 64 bits wide: a damaged size field must not wrap round to a place inside the block.
+
+#pragma once
+
+#include <cstdint>
+#include <cstring>
+
+#include "lib/containers/flex_dyn_array.h"
+
+struct FlexHeader {
+    std::uint32_t itemID;
+    std::uint32_t size;  // data bytes behind the header
+    std::uint32_t itemType;
+};
+
+constexpr std::uint32_t kFlexHeaderSize = 12;
+static_assert(sizeof(FlexHeader) == kFlexHeaderSize);
+
+// True when a header fits between `location` and the end of the used bytes.
+inline bool hasFlexHeaderAt(const FlexDynArray* flex, std::uint64_t location)
+{
+    return location + kFlexHeaderSize <= flex->usedBytes;
+}
+
+inline FlexHeader readFlexHeader(const FlexDynArray* flex, std::uint64_t location)
+{
+    FlexHeader header;
+    std::memcpy(&header, flex->data + location, sizeof header);
+    return header;
+}
+
+inline void writeFlexHeader(FlexDynArray* flex, std::uint64_t location, const FlexHeader& header)
+{
+    std::memcpy(flex->data + location, &header, sizeof header);
+}
+
+inline std::uint8_t* flexItemData(const FlexDynArray* flex, std::uint64_t location)
+{
+    return flex->data + location + kFlexHeaderSize;
+}
+
+inline std::uint64_t nextFlexItem(std::uint64_t location, const FlexHeader& header)
+{
+    return location + kFlexHeaderSize + header.size;
+}
