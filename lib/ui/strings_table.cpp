@@ -1,0 +1,149 @@
+#include "lib/ui/strings_table.h"
+
+#include "platform/text/utf8.h"
+
+#include <cstdint>
+
+namespace {
+constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf";
+
+int hexDigit(char c)
+{
+    if (c >= '0' && c <= '9') return c - '0';
+    if (c >= 'a' && c <= 'f') return c - 'a' + 10;
+    if (c >= 'A' && c <= 'F') return c - 'A' + 10;
+    return -1;
+}
+
+// Walks over the bytes of a table. A failed step leaves the position anywhere inside the damaged
+// line; whoever asked goes on with skipLineAt.
+class Scanner {
+public:
+    explicit Scanner(std::string_view bytes) : bytes_(bytes) {}
+
+    bool isAtEnd() const { return next_ == bytes_.size(); }
+    std::size_t position() const { return next_; }
+
+    // Goes to the start of the line that follows the one with `position`.
+    void skipLineAt(std::size_t position)
+    {
+        const std::size_t end = bytes_.find('\n', position);
+        next_ = end == std::string_view::npos ? bytes_.size() : end + 1;
+    }
+
+    // Passes blanks, line ends and comments. A comment that is never closed goes on to the end.
+    void skipBlanks()
+    {
+        while (!isAtEnd()) {
+            const std::string_view rest = bytes_.substr(next_);
+            if (rest.starts_with("//")) {
+                skipLineAt(next_);
+            } else if (rest.starts_with("/*")) {
+                const std::size_t end = bytes_.find("*/", next_ + 2);
+                next_ = end == std::string_view::npos ? bytes_.size() : end + 2;
+            } else if (std::string_view(" \t\r\n\v\f").find(rest.front()) != rest.npos) {
+                next_++;
+            } else {
+                return;
+            }
+        }
+    }
+
+    bool readCharacter(char wanted)
+    {
+        if (isAtEnd() || bytes_[next_] != wanted) return false;
+        next_++;
+        return true;
+    }
+
+    // Reads a text in double quotes.
+    bool readQuoted(std::u16string* text)
+    {
+        text->clear();
+        if (!readCharacter('"')) return false;
+        while (!isAtEnd() && bytes_[next_] != '\n') {
+            if (readCharacter('"')) return true;
+            if (!(readCharacter('\\') ? readEscape(text) : readPlain(text))) return false;
+        }
+        return false;
+    }
+
+private:
+    bool readPlain(std::u16string* text)
+    {
+        const std::size_t end = std::min(bytes_.find_first_of("\"\\\n", next_), bytes_.size());
+        const std::string_view plain = bytes_.substr(next_, end - next_);
+        const std::int32_t units = platform::countUnitsOfUTF8(plain);
+        if (units < 0) return false;
+        const std::size_t start = text->size();
+        text->resize(start + static_cast<std::size_t>(units));
+        platform::decodeUTF8(plain, text->data() + start);
+        next_ = end;
+        return true;
+    }
+
+    bool readEscape(std::u16string* text)
+    {
+        if (isAtEnd()) return false;
+        switch (bytes_[next_++]) {
+        case '"': *text += u'"'; return true;
+        case '\\': *text += u'\\'; return true;
+        case 'n': *text += u'\n'; return true;
+        case 't': *text += u'\t'; return true;
+        case 'r': *text += u'\r'; return true;
+        case 'U': return readUnit(text);
+        default: return false;
+        }
+    }
+
+    bool readUnit(std::u16string* text)
+    {
+        int unit = 0;
+        for (int i = 0; i < 4; i++) {
+            const int digit = isAtEnd() ? -1 : hexDigit(bytes_[next_]);
+            if (digit < 0) return false;
+            unit = unit * 16 + digit;
+            next_++;
+        }
+        *text += static_cast<char16_t>(unit);
+        return true;
+    }
+
+    std::string_view bytes_;
+    std::size_t next_ = 0;
+};
+
+bool readEntry(Scanner* scanner, std::u16string* key, std::u16string* value)
+{
+    if (!scanner->readQuoted(key)) return false;
+    scanner->skipBlanks();
+    if (!scanner->readCharacter('=')) return false;
+    scanner->skipBlanks();
+    if (!scanner->readQuoted(value)) return false;
+    scanner->skipBlanks();
+    return scanner->readCharacter(';');
+}
+}  // namespace
+
+StringsTable::StringsTable(std::string_view utf8)
+{
+    if (utf8.starts_with(kByteOrderMark)) utf8.remove_prefix(kByteOrderMark.size());
+    Scanner scanner(utf8);
+    std::u16string key;
+    std::u16string value;
+    for (scanner.skipBlanks(); !scanner.isAtEnd(); scanner.skipBlanks()) {
+        const std::size_t start = scanner.position();
+        if (readEntry(&scanner, &key, &value)) {
+            values_.insert_or_assign(key, value);
+        } else {
+            scanner.skipLineAt(start);
+        }
+    }
+}
+
+std::optional<std::u16string_view> StringsTable::find(std::u16string_view key) const
+{
+    const auto found = values_.find(key);
+    if (found == values_.end()) return std::nullopt;
+    return found->second;
+}
