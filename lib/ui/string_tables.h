@@ -1,0 +1,52 @@
+// The words that the program builds its texts from, looked up by number or by key in the tables of
+// a bundle: a folder with one folder per language, each with files of lines "key" = "value";.
+//
+// A key that the user's first language lacks is looked up in the next one: LANGUAGE=de_AT:fr asks
+// de_AT, de, fr and en in turn. A key that no language has comes back as the key itself, so a
+// missing text shows on screen by its key. Tables are read when a key is first looked up in them,
+// once. Every text that comes back is new and released by the caller.
+
+#pragma once
+
+#include <cstdint>
+
+#include "platform/objects/string.h"
+
+// The bundle that numbered lookups read; null until initStringBundle finds one.
+extern void* gCFBundleRef;
+
+// Makes a bundle known; nothing is read yet.
+//
+//   identifier      the bundle's name, e.g. "org.pinorama.Pinorama". Copied.
+//   resourceFolder  the folder of the language folders, in the raw bytes of the system. Copied.
+//   isMain          true: bare numbers and named tables are looked up here from now on.
+//
+// An identifier that is known already gets the new folder, and its tables are read anew.
+// Returns the bundle, which lives as long as the process; null for a null identifier or folder.
+void* iuRegisterBundle(TovStringRef identifier, const char* resourceFolder, bool isMain);
+
+// Selects the bundle for numbered lookups.
+//
+// Returns it; null when no bundle of that identifier is known, and then none is selected.
+void* initStringBundle(TovStringRef bundleIdentifier);
+
+// The text of the key "STR#table:index" in the table Localizable of the selected bundle, a negative
+// number with its minus sign. Null only when memory runs out.
+[[nodiscard]] TovStringRef iuGetIndCFString(std::int16_t table, std::int16_t index);
+
+// The text of the key "index" in the table Localizable of the main bundle, whichever bundle is
+// selected. Null only when memory runs out.
+[[nodiscard]] TovStringRef iuGetIndKVLCFString(std::int16_t index);
+
+// The text of a key in a named table of the main bundle.
+//
+//   key           read only; null is found nowhere.
+//   defaultValue  stands in for a missing key; when it is null or empty the key does.
+//   tableName     null and "" mean Localizable.
+//
+// Null when there is neither a key nor a default value, and when memory runs out.
+[[nodiscard]] TovStringRef iuCopyLocalizedString(TovStringRef key, TovStringRef defaultValue,
+                                                 const char* tableName);
+
+// The identifier of the main bundle as a new text; null when there is no main bundle.
+[[nodiscard]] TovStringRef iuCopyMainBundleIdentifier();

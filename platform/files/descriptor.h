@@ -1,0 +1,63 @@
+// Open files as the system hands them out: whole transfers in spite of interruptions, descriptors
+// that never take the place of a standard stream, and the one place where an errno becomes a
+// status. Offsets and counts are bytes from the start of the file.
+
+#pragma once
+
+#include <sys/types.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+
+namespace platform {
+
+// The status of an errno; 0 gives 0. What has no number of its own is kErrInputOutput.
+std::int32_t statusOfErrno(int error);
+
+// Opens `path` with the flags of open(2). The descriptor is above 2, so that 0 can mean none even
+// in a program that was started without standard streams; it is closed in programs started later,
+// never becomes the controlling terminal, and opening a pipe waits for nobody.
+//
+// Returns -1 with errno set on failure.
+[[nodiscard]] int openDescriptor(const char* path, int flags, mode_t mode = 0666);
+
+// Reads `count` bytes at `offset`, or up to the end of the file when that comes first.
+//
+// Returns the bytes read, or -1 with errno set.
+std::int64_t readAt(int descriptor, std::int64_t offset, void* buffer, std::size_t count);
+
+// Writes `count` bytes at `offset`. Fewer than `count` are a failure that took no more, such as a
+// disk that is full: the next write would tell which.
+//
+// Returns the bytes written, or -1 with errno set when the first write failed.
+std::int64_t writeAt(int descriptor, std::int64_t offset, const void* buffer, std::size_t count);
+
+// Owns one open descriptor; what is not above 0 counts as none.
+class DescriptorHolder {
+public:
+    explicit DescriptorHolder(int descriptor = -1) : descriptor_(descriptor) {}
+    DescriptorHolder(DescriptorHolder&& other) noexcept : descriptor_(other.take()) {}
+    DescriptorHolder& operator=(DescriptorHolder&& other) noexcept
+    {
+        std::swap(descriptor_, other.descriptor_);
+        return *this;
+    }
+    DescriptorHolder(const DescriptorHolder&) = delete;
+    DescriptorHolder& operator=(const DescriptorHolder&) = delete;
+    ~DescriptorHolder();
+
+    explicit operator bool() const { return descriptor_ > 0; }
+    int get() const { return descriptor_; }
+
+    // The variable itself, for functions that fill it.
+    int* slot() { return &descriptor_; }
+
+    // Hands the descriptor over to the caller.
+    [[nodiscard]] int take() { return std::exchange(descriptor_, -1); }
+
+private:
+    int descriptor_;
+};
+
+}  // namespace platform

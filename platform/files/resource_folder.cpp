@@ -1,0 +1,36 @@
+#include "platform/files/resource_folder.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <climits>
+#include <cstdlib>
+
+namespace {
+bool isFolder(const std::string& path)
+{
+    struct stat facts = {};
+    return stat(path.c_str(), &facts) == 0 && S_ISDIR(facts.st_mode);
+}
+}  // namespace
+
+std::string platform::programFolder()
+{
+    char program[PATH_MAX];
+    const ssize_t length = readlink("/proc/self/exe", program, sizeof program);
+    if (length <= 0) return {};
+    std::string folder(program, static_cast<std::size_t>(length));
+    folder.resize(folder.rfind('/'));
+    return folder;
+}
+
+std::string platform::resourceFolder()
+{
+    const char* told = std::getenv("PINORAMA_RESOURCES");
+    if (told != nullptr && *told != '\0') return told;
+    const std::string folder = programFolder();
+    std::string beside = folder + "/../resources";
+    // Some other "resources" may lie beside an installed program; ours has the texts in it.
+    if (isFolder(beside + "/strings")) return beside;
+    return folder + "/../share/pinorama";
+}

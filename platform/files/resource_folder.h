@@ -1,0 +1,19 @@
+// Where the program's own resources lie: texts, icons, sample pictures.
+
+#pragma once
+
+#include <string>
+
+namespace platform {
+
+// The folder of the resources, without a slash at the end: what the environment variable
+// PINORAMA_RESOURCES says, else the folder beside the build tree's programs
+// (<folder of the program>/../resources), else the one under the install prefix
+// (<folder of the program>/../share/pinorama).
+std::string resourceFolder();
+
+// The folder of the program that runs, without a slash at the end; empty when the system does not
+// tell.
+std::string programFolder();
+
+}  // namespace platform
