@@ -1,0 +1,13 @@
+#include "lib/ui/application_bundle.h"
+
+#include "lib/ui/string_tables.h"
+#include "platform/files/resource_folder.h"
+#include "platform/objects/object_holder.h"
+
+void* iuRegisterApplicationBundle()
+{
+    const ObjectHolder<TovStringRef> identifier(platform::createString(kApplicationIdentifier));
+    const std::string folder = platform::resourceFolder() + "/strings";
+    if (iuRegisterBundle(identifier.get(), folder.c_str(), true) == nullptr) return nullptr;
+    return initStringBundle(identifier.get());
+}

@@ -1,0 +1,156 @@
+#include "lib/ui/string_tables.h"
+
+#include "lib/ui/strings_table.h"
+#include "platform/files/whole_file.h"
+#include "platform/text/locale.h"
+
+#include <charconv>
+#include <cstdlib>
+#include <deque>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+void* gCFBundleRef = nullptr;
+
+namespace {
+constexpr std::size_t kLargestTable = 16 * 1024 * 1024;  // bytes
+constexpr char kDefaultTable[] = "Localizable";
+
+struct LoadedTable {
+    std::string language;
+    std::string name;
+    StringsTable texts;  // empty when the language has no such file
+};
+
+struct Bundle {
+    std::u16string identifier;
+    std::string folder;
+    std::deque<LoadedTable> tables;
+};
+
+std::vector<std::unique_ptr<Bundle>> gBundles;
+Bundle* gMainBundle = nullptr;
+
+Bundle* findBundle(std::u16string_view identifier)
+{
+    for (const auto& bundle : gBundles) {
+        if (bundle->identifier == identifier) return bundle.get();
+    }
+    return nullptr;
+}
+
+// The user's languages. The list is made anew only when the environment has changed.
+const std::vector<std::string>& currentLanguages()
+{
+    static std::string seenEnvironment;
+    static std::vector<std::string> languages;
+
+    std::string environment;
+    for (const char* name : {"LANGUAGE", "LC_ALL", "LC_MESSAGES", "LANG"}) {
+        if (const char* value = std::getenv(name)) environment += value;
+        environment += '\n';
+    }
+    if (languages.empty() || environment != seenEnvironment) {
+        languages = platform::textLanguages();
+        seenEnvironment = environment;
+    }
+    return languages;
+}
+
+const StringsTable& tableOf(Bundle* bundle, const std::string& language, std::string_view name)
+{
+    for (const LoadedTable& table : bundle->tables) {
+        if (table.language == language && table.name == name) return table.texts;
+    }
+    LoadedTable& table = bundle->tables.emplace_back();
+    table.language = language;
+    table.name = name;
+    const std::string path = bundle->folder + "/" + language + "/" + table.name + ".strings";
+    if (const auto bytes = platform::readWholeFile(path, kLargestTable)) {
+        table.texts = StringsTable(*bytes);
+    }
+    return table.texts;
+}
+
+std::optional<std::u16string_view> find(Bundle* bundle, std::string_view table,
+                                        std::u16string_view key)
+{
+    if (bundle == nullptr) return std::nullopt;
+    for (const std::string& language : currentLanguages()) {
+        if (const auto text = tableOf(bundle, language, table).find(key)) return text;
+    }
+    return std::nullopt;
+}
+
+void appendNumber(std::u16string* key, std::int16_t number)
+{
+    char digits[8];
+    const char* end = std::to_chars(digits, digits + sizeof digits, number).ptr;
+    for (const char* digit = digits; digit != end; digit++) *key += static_cast<char16_t>(*digit);
+}
+
+// The text of a key in the table Localizable, else the key.
+TovStringRef copyText(Bundle* bundle, std::u16string_view key)
+{
+    return platform::createString(find(bundle, kDefaultTable, key).value_or(key));
+}
+}  // namespace
+
+void* iuRegisterBundle(TovStringRef identifier, const char* resourceFolder, bool isMain)
+{
+    if (identifier == nullptr || resourceFolder == nullptr) return nullptr;
+    const std::u16string_view name = platform::unitsOf(identifier);
+    Bundle* bundle = findBundle(name);
+    if (bundle == nullptr) {
+        bundle = gBundles.emplace_back(std::make_unique<Bundle>()).get();
+        bundle->identifier = name;
+    }
+    bundle->folder = resourceFolder;
+    bundle->tables.clear();
+    if (isMain) gMainBundle = bundle;
+    return bundle;
+}
+
+void* initStringBundle(TovStringRef bundleIdentifier)
+{
+    gCFBundleRef =
+        bundleIdentifier == nullptr ? nullptr : findBundle(platform::unitsOf(bundleIdentifier));
+    return gCFBundleRef;
+}
+
+TovStringRef iuGetIndCFString(std::int16_t table, std::int16_t index)
+{
+    std::u16string key = u"STR#";
+    appendNumber(&key, table);
+    key += u':';
+    appendNumber(&key, index);
+    return copyText(static_cast<Bundle*>(gCFBundleRef), key);
+}
+
+TovStringRef iuGetIndKVLCFString(std::int16_t index)
+{
+    std::u16string key;
+    appendNumber(&key, index);
+    return copyText(gMainBundle, key);
+}
+
+TovStringRef iuCopyLocalizedString(TovStringRef key, TovStringRef defaultValue,
+                                   const char* tableName)
+{
+    if (key == nullptr && defaultValue == nullptr) return nullptr;
+    const bool isNamed = tableName != nullptr && *tableName != '\0';
+    const std::u16string_view keyUnits = platform::unitsOf(key);
+    const std::u16string_view fallback = platform::unitsOf(defaultValue);
+    const auto text = key == nullptr
+                          ? std::nullopt
+                          : find(gMainBundle, isNamed ? tableName : kDefaultTable, keyUnits);
+    return platform::createString(text.value_or(fallback.empty() ? keyUnits : fallback));
+}
+
+TovStringRef iuCopyMainBundleIdentifier()
+{
+    return gMainBundle == nullptr ? nullptr : platform::createString(gMainBundle->identifier);
+}
