@@ -1,0 +1,34 @@
+#include "platform/pictures/picture_source.h"
+
+#include "platform/pictures/picture_file.h"
+
+#include <utility>
+
+namespace {
+platform::PropertySource& currentSource()
+{
+    static platform::PropertySource source;
+    return source;
+}
+
+std::optional<platform::PictureProperties> readHere(int descriptor, std::uint64_t size)
+{
+    platform::FileByteSource bytes(descriptor, size);
+    return platform::readPictureProperties(bytes);
+}
+}  // namespace
+
+void platform::installPropertySource(PropertySource source)
+{
+    currentSource() = std::move(source);
+}
+
+TovDictionaryRef platform::copyPictureProperties(const std::string& path)
+{
+    const PictureFile file(path);
+    if (!file.isOpen()) return nullptr;
+    const PropertySource& source = currentSource();
+    const std::optional<PictureProperties> properties =
+        source ? source(file.descriptor(), file.size()) : readHere(file.descriptor(), file.size());
+    return properties ? createPropertyDictionary(*properties) : nullptr;
+}
