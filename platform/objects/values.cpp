@@ -78,7 +78,8 @@ const TovBoolean* platform::asBoolean(TovTypeRef value)
                                                      : nullptr;
 }
 
-const TovDate* platform::asDate(TovTypeRef value)
+TovDateRef platform::asDate(TovTypeRef value)
 {
-    return TovGetTypeID(value) == TovTypeID::date ? static_cast<const TovDate*>(value) : nullptr;
+    if (TovGetTypeID(value) != TovTypeID::date) return nullptr;
+    return const_cast<TovDateRef>(static_cast<const TovDate*>(value));
 }

@@ -45,5 +45,5 @@ namespace platform {
 // The number, or null when the value is missing or of another kind. Borrowed; so are the others.
 const TovNumber* asNumber(TovTypeRef value);
 const TovBoolean* asBoolean(TovTypeRef value);
-const TovDate* asDate(TovTypeRef value);
+TovDateRef asDate(TovTypeRef value);
 }  // namespace platform

@@ -2,6 +2,7 @@
 
 #include "lib/base/alloc.h"
 #include "platform/objects/object_holder.h"
+#include "platform/objects/shared_text.h"
 #include "platform/objects/values.h"
 
 #include <gtest/gtest.h>
@@ -118,4 +119,15 @@ TEST(asString, givesOnlyTexts)
     EXPECT_EQ(platform::asString(string.get()), string.get());
     EXPECT_EQ(platform::asString(number.get()), nullptr);
     EXPECT_EQ(platform::asString(nullptr), nullptr);
+}
+
+TEST(sharedText, isATextThatIsNeverFreed)
+{
+    static constinit TovString key = platform::sharedText(u"key");
+    EXPECT_EQ(platform::unitsOf(&key), u"key");
+    EXPECT_EQ(TovGetTypeID(&key), TovTypeID::string);
+    EXPECT_EQ(uCFGetRetainCount(uCFRetain(&key)), kSharedForever);
+    platform::releaseObject(&key);
+    EXPECT_FALSE(platform::appendUnits(&key, u"!"));
+    EXPECT_EQ(platform::unitsOf(&key), u"key");
 }

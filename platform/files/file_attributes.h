@@ -1,0 +1,24 @@
+// What the system knows about a file: its kind, its size and its dates.
+
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace platform {
+
+struct FileAttributes {
+    bool isRegular;                       // neither folder nor device, pipe or socket
+    std::uint64_t size;                   // bytes; meaningful for regular files
+    std::int64_t modified;                // whole seconds since 1970 UTC, rounded down
+    std::optional<std::int64_t> created;  // the same; some file systems keep none
+
+    friend bool operator==(const FileAttributes&, const FileAttributes&) = default;
+};
+
+// The attributes of what is at `path`, at the end of any symbolic links. Nothing when there is no
+// such item or it cannot be looked at.
+std::optional<FileAttributes> attributesOf(const std::string& path);
+
+}  // namespace platform
