@@ -1,0 +1,13 @@
+// Which files count as camera pictures: JPEG and camera raw formats, by the extension of the name.
+
+#pragma once
+
+#include "platform/objects/string.h"
+
+// True when the name that `path` ends in has one of the accepted extensions, in upper or lower
+// case.
+//
+// The extension is what follows the last dot of the last component; a dot that begins the name
+// begins no extension, so ".jpg" has none. Slashes at the end of a path do not count: a folder is
+// judged by its name like a file. TIFF, PNG, HEIC and every other type are refused, and so is null.
+bool gpsIsAcceptedPath(TovStringRef path);

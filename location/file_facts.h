@@ -1,0 +1,31 @@
+// What the program shows of any file, picture or not: its name, its size and its dates. The window
+// and the terminal show the same texts, so they are made here.
+
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "platform/objects/string.h"
+
+struct fileFacts {
+    std::optional<std::uint64_t> size;  // bytes; nothing unless it is a regular file
+    std::uint32_t modified;             // seconds since 1904 on the local clock; 0 is no date
+    std::uint32_t created;              // the same
+};
+
+// Returns a new text: the last component of a path, without the slashes at its end. "/" for a path
+// of nothing but slashes, empty for an empty one, null for null and when memory runs out.
+[[nodiscard]] TovStringRef gpsCopyFileName(TovStringRef path);
+
+// Reads the facts of what is at `path`, at the end of any symbolic links. When there is no such
+// item all of them are missing.
+fileFacts gpsReadFileFacts(TovStringRef path);
+
+// Returns a new text: the size with one decimal and its unit, or "n.a." when there is none.
+[[nodiscard]] TovStringRef gpsMakeFileSizeText(const fileFacts& facts);
+
+// Return new texts: a date with its time, in the form of the user's language. A missing date shows
+// as the start of 1904.
+[[nodiscard]] TovStringRef gpsMakeModifiedText(const fileFacts& facts);
+[[nodiscard]] TovStringRef gpsMakeCreatedText(const fileFacts& facts);

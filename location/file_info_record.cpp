@@ -1,0 +1,20 @@
+#include "location/file_info_record.h"
+
+#include "lib/strings/tov_string.h"
+
+void gpsPrepareInfoRecord(fileInfoRecord* record)
+{
+    if (record == nullptr) return;
+    gpsReleaseInfoRecord(record);
+    *record = {};
+    record->distance = kDefaultViewDistance;
+}
+
+void gpsReleaseInfoRecord(fileInfoRecord* record)
+{
+    if (record == nullptr) return;
+    TovStringRelease(&record->city);
+    TovStringRelease(&record->state);
+    TovStringRelease(&record->country);
+    TovStringRelease(&record->description);
+}
