@@ -2,10 +2,12 @@
 
 #include "lib/base/status.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <cerrno>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/uio.h>
+#include <unistd.h>
 
 namespace {
 constexpr int kFirstOwnDescriptor = 3;
@@ -21,20 +23,27 @@ int aboveStandardStreams(int descriptor)
     return moved;
 }
 
-// Calls step(done) until `count` bytes are done, nothing more is moved, or a step fails. A failure
-// behind the first step is a short transfer: what was moved is told.
+// Calls step(done) until `count` bytes are done, no more are moved, or a step fails. A count of 0
+// makes one step, so that a bad descriptor is told all the same.
 template <typename Step>
 std::int64_t transfer(std::size_t count, Step step)
 {
     std::size_t done = 0;
-    while (done < count) {
+    while (true) {
         const ssize_t moved = step(done);
         if (moved < 0 && errno == EINTR) continue;
-        if (moved < 0 && done == 0) return -1;
-        if (moved <= 0) break;
+        if (moved < 0) return -1;
         done += static_cast<std::size_t>(moved);
+        if (moved == 0 || done == count) return static_cast<std::int64_t>(done);
     }
-    return static_cast<std::int64_t>(done);
+}
+
+// Appends through the end that the file tells, for file systems that cannot do it in one step.
+ssize_t writeAtTheEnd(int descriptor, const void* bytes, std::size_t count)
+{
+    struct stat facts = {};
+    if (fstat(descriptor, &facts) != 0) return -1;
+    return pwrite(descriptor, bytes, count, facts.st_size);
 }
 }  // namespace
 
@@ -86,6 +95,17 @@ std::int64_t platform::writeAt(int descriptor, std::int64_t offset, const void* 
     return transfer(count, [&](std::size_t done) {
         return pwrite(descriptor, bytes + done, count - done,
                       offset + static_cast<std::int64_t>(done));
+    });
+}
+
+std::int64_t platform::appendTo(int descriptor, const void* buffer, std::size_t count)
+{
+    const auto* bytes = static_cast<const std::uint8_t*>(buffer);
+    return transfer(count, [&](std::size_t done) {
+        const iovec rest = {const_cast<std::uint8_t*>(bytes) + done, count - done};
+        const ssize_t moved = pwritev2(descriptor, &rest, 1, 0, RWF_APPEND);
+        if (moved >= 0 || (errno != EOPNOTSUPP && errno != ENOSYS)) return moved;
+        return writeAtTheEnd(descriptor, bytes + done, count - done);
     });
 }
 

@@ -4,11 +4,11 @@
 
 #pragma once
 
-#include <sys/types.h>
-
 #include <cstddef>
 #include <cstdint>
 #include <utility>
+
+#include <sys/types.h>
 
 namespace platform {
 
@@ -27,11 +27,18 @@ std::int32_t statusOfErrno(int error);
 // Returns the bytes read, or -1 with errno set.
 std::int64_t readAt(int descriptor, std::int64_t offset, void* buffer, std::size_t count);
 
-// Writes `count` bytes at `offset`. Fewer than `count` are a failure that took no more, such as a
-// disk that is full: the next write would tell which.
+// Writes `count` bytes at `offset`.
 //
-// Returns the bytes written, or -1 with errno set when the first write failed.
+// Returns the bytes written, which are fewer than `count` only when the system takes no more
+// without saying why, or -1 with errno set; then some of the bytes may have been written all the
+// same.
 std::int64_t writeAt(int descriptor, std::int64_t offset, const void* buffer, std::size_t count);
+
+// Writes `count` bytes behind the end that the file has at that moment, wherever other writers have
+// moved it. Two processes that append to one file never overwrite each other's bytes.
+//
+// Returns as writeAt does.
+std::int64_t appendTo(int descriptor, const void* buffer, std::size_t count);
 
 // Owns one open descriptor; what is not above 0 counts as none.
 class DescriptorHolder {

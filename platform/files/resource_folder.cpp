@@ -1,10 +1,10 @@
 #include "platform/files/resource_folder.h"
 
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <climits>
 #include <cstdlib>
+
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 bool isFolder(const std::string& path)

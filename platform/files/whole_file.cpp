@@ -2,10 +2,10 @@
 
 #include "platform/files/descriptor.h"
 
+#include <cerrno>
+
 #include <fcntl.h>
 #include <sys/stat.h>
-
-#include <cerrno>
 
 std::optional<std::string> platform::readWholeFile(const std::string& path, std::size_t largest)
 {

@@ -1,0 +1,75 @@
+#include "lib/files/file_reference.h"
+
+#include "lib/base/status.h"
+#include "lib/files/path_block.h"
+#include "platform/files/descriptor.h"
+#include "platform/files/file_url.h"
+#include "platform/files/item_path.h"
+#include "platform/files/path_text.h"
+
+#include <cerrno>
+#include <utility>
+
+namespace {
+std::int32_t lastStatus()
+{
+    return platform::statusOfErrno(errno);
+}
+}  // namespace
+
+std::int32_t feMakeFSRefFromPath(TovStringRef path, FSRef* outRef)
+{
+    const PathBlock block(path);
+    if (!block) return kErrNoMemory;
+    return feMakeFSRefFromBytes(block.bytes(), outRef);
+}
+
+std::int32_t feMakeFSRefFromBytes(const char* path, FSRef* outRef)
+{
+    std::string resolved = platform::resolvedPath(path);
+    if (resolved.empty()) return lastStatus();
+    outRef->path = std::move(resolved);
+    return kErrNone;
+}
+
+std::int32_t feMakeFSRefFromParent(const FSRef* parent, TovStringRef name, FSRef* outRef)
+{
+    std::string path = platform::childPath(parent->path, platform::pathBytes(name));
+    if (path.empty() || !platform::itemExists(path)) return lastStatus();
+    outRef->path = std::move(path);
+    return kErrNone;
+}
+
+std::int32_t feGetFSRefFromCFURL(TovStringRef fileURL, FSRef* outRef)
+{
+    const std::string path = platform::pathOfFileURL(platform::pathBytes(fileURL));
+    if (path.empty()) return kErrBadArgument;
+    return feMakeFSRefFromBytes(path.c_str(), outRef) == kErrNone ? kErrNone : kErrBadArgument;
+}
+
+std::int32_t feGetParentRef(const FSRef* ref, FSRef* outParent)
+{
+    if (!platform::itemExists(ref->path)) return lastStatus();
+    std::string folder = platform::folderOf(ref->path);
+    if (folder.empty()) return kErrNotFound;
+    outParent->path = std::move(folder);
+    return kErrNone;
+}
+
+TovStringRef feGetPathFromFSRef(const FSRef* ref, std::int32_t pathStyle)
+{
+    if (pathStyle != 0 || !platform::itemExists(ref->path)) return nullptr;
+    return platform::createPathText(ref->path);
+}
+
+TovStringRef feGetItemNameFromRef(const FSRef* ref)
+{
+    if (!platform::itemExists(ref->path)) return nullptr;
+    return platform::createPathText(platform::nameOf(ref->path));
+}
+
+bool feItemExists(const FSRef* parent, TovStringRef name)
+{
+    const std::string path = platform::childPath(parent->path, platform::pathBytes(name));
+    return !path.empty() && platform::itemExists(path);
+}

@@ -1,0 +1,21 @@
+#include "lib/files/path_block.h"
+
+#include "platform/files/path_text.h"
+#include "platform/text/utf8.h"
+
+#include <cstring>
+#include <string>
+
+PathBlock::PathBlock(const TovString* path)
+{
+    const std::u16string_view units = platform::unitsOf(path);
+    const std::int32_t count = platform::countBytesOfUTF8(units);
+    if (count >= 0) {
+        block_ = BlockHolder(baseAllocateZeroed(static_cast<std::size_t>(count) + 2));
+        if (block_) platform::encodeUTF8(units, static_cast<char*>(block_.get()));
+        return;
+    }
+    const std::string raw = platform::pathBytes(path);
+    block_ = BlockHolder(baseAllocateZeroed(raw.size() + 2));
+    if (block_) std::memcpy(block_.get(), raw.data(), raw.size());
+}

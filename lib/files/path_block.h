@@ -1,0 +1,20 @@
+// A path as the system calls want it, in a block of the library's own.
+
+#pragma once
+
+#include "lib/base/block_holder.h"
+#include "platform/objects/string.h"
+
+// Owns the bytes of a path with a terminator behind them. A path ends at its first zero byte.
+class PathBlock {
+public:
+    // A null text gives an empty path.
+    explicit PathBlock(const TovString* path);
+
+    // False when memory ran out.
+    explicit operator bool() const { return static_cast<bool>(block_); }
+    const char* bytes() const { return static_cast<const char*>(block_.get()); }
+
+private:
+    BlockHolder block_;
+};
