@@ -1,0 +1,602 @@
+#include "lib/containers/dyn_array.h"
+
+#include "tests/lib/containers/containers_under_test.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+using test::Array;
+using test::ArrayOf;
+using test::FailingAllocation;
+using test::itemsOf;
+using test::stateOf;
+using IDs = std::vector<std::uint32_t>;
+
+namespace {
+constexpr std::uint32_t kItem = 0x01020304;
+
+void fill(Array& array, std::uint32_t count)
+{
+    for (std::uint32_t i = 0; i < count; ++i) ASSERT_EQ(memAppendItem(&array, &i), 0);
+}
+}  // namespace
+
+TEST(memNewDynArray, givesAnEmptyArrayWithTheRoomAskedFor)
+{
+    Array array;
+    array.itemCount = 7;
+    EXPECT_EQ(memNewDynArray(&array, 4, 10), 0);
+    EXPECT_EQ(memGetItemSize(&array), 4u);
+    EXPECT_EQ(memGetAllocatedAmount(&array), 10u);
+    EXPECT_EQ(memGetItemCount(&array), 0u);
+    EXPECT_TRUE(memValidDynArray(&array));
+}
+
+TEST(memNewDynArray, capacityZeroSucceedsAndTheFirstItemsGrowIt)
+{
+    Array array;
+    EXPECT_EQ(memNewDynArray(&array, 4, 0), 0);
+    EXPECT_EQ(array.itemSize, 4u);
+    EXPECT_EQ(array.allocatedAmount, 0u);
+    EXPECT_FALSE(memValidDynArray(&array));
+    fill(array, 40);
+    EXPECT_EQ(array.allocatedAmount, 40u);
+    fill(array, 1);
+    EXPECT_EQ(array.allocatedAmount, 80u);
+}
+
+TEST(memNewDynArray, failureGivesARecordOfZeros)
+{
+    DynArray array{1, 2, 3, nullptr};
+    const FailingAllocation failure(1);
+    EXPECT_EQ(memNewDynArray(&array, 4, 10), kMemErrNoMemory);
+    EXPECT_TRUE(failure.hasHappened());
+    EXPECT_EQ(array.itemSize, 0u);
+    EXPECT_EQ(array.allocatedAmount, 0u);
+    EXPECT_EQ(array.itemCount, 0u);
+    EXPECT_EQ(array.data, nullptr);
+}
+
+TEST(memNewDynArray, productBeyond32BitsIsNoMemory)
+{
+    const struct {
+        const char* name;
+        std::uint32_t itemSize, capacity;
+    } rows[] = {
+        {"wraps to 0", 0x10000, 0x10000},
+        {"wraps to 65536", 0x10000, 0x10001},
+        {"the largest", UINT32_MAX, UINT32_MAX},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        Array array;
+        EXPECT_EQ(memNewDynArray(&array, row.itemSize, row.capacity), kMemErrNoMemory);
+        EXPECT_EQ(array.itemSize, 0u);
+        EXPECT_EQ(array.data, nullptr);
+    }
+}
+
+TEST(memNewDynArray, itemsWithoutBytesAreItemsToo)
+{
+    Array array(0, 1);
+    EXPECT_TRUE(memValidDynArray(&array));
+    EXPECT_EQ(memAppendItem(&array, &kItem), 0);
+    EXPECT_EQ(memAppendItem(&array, &kItem), 0);
+    EXPECT_EQ(memInsertOneItem(&array, 1, &kItem), 0);
+    EXPECT_EQ(memDeleteOneItem(&array, 0), 0);
+    EXPECT_EQ(array.itemCount, 2u);
+    char untouched = 'x';
+    EXPECT_EQ(memCopyItemData(&array, 1, &untouched), 0);
+    EXPECT_EQ(untouched, 'x');
+    EXPECT_TRUE(memSameData(&array, 0, nullptr));
+}
+
+TEST(memSetInvalid, zeroesTheItemSizeAsWell)
+{
+    std::uint8_t block[4];
+    DynArray array{4, 1, 1, block};
+    memSetInvalid(&array);
+    EXPECT_EQ(array.itemSize, 0u);
+    EXPECT_EQ(array.allocatedAmount, 0u);
+    EXPECT_EQ(array.itemCount, 0u);
+    EXPECT_EQ(array.data, nullptr);
+}
+
+TEST(memSetInvalid, recordOfZerosCanBeAppendedToOnceItHasAnItemSize)
+{
+    Array array;
+    array.itemSize = 4;
+    EXPECT_EQ(memAppendItem(&array, &kItem), 0);
+    EXPECT_EQ(array.allocatedAmount, 40u);
+    EXPECT_EQ(itemsOf<std::uint32_t>(array), IDs{kItem});
+}
+
+TEST(memValidDynArray, needsAnAmountAndABlock)
+{
+    std::uint8_t block[4];
+    const DynArray rows[] = {{4, 0, 0, nullptr}, {4, 1, 0, nullptr}, {4, 0, 1, block}};
+    for (const DynArray& row : rows) EXPECT_FALSE(memValidDynArray(&row));
+    const DynArray valid{4, 1, 0, block};
+    EXPECT_TRUE(memValidDynArray(&valid));
+}
+
+TEST(memFreeDynArray, keepsTheItemSize)
+{
+    Array array(4, 3);
+    fill(array, 2);
+    EXPECT_EQ(memFreeDynArray(&array), 0);
+    EXPECT_EQ(array.itemSize, 4u);
+    EXPECT_EQ(array.allocatedAmount, 0u);
+    EXPECT_EQ(array.itemCount, 0u);
+    EXPECT_EQ(array.data, nullptr);
+    EXPECT_EQ(memFreeDynArray(&array), 0);
+}
+
+TEST(memFreeDynArray, leavesAnInvalidRecordAlone)
+{
+    std::uint8_t block[4];
+    DynArray array{4, 0, 1, block};
+    EXPECT_EQ(memFreeDynArray(&array), 0);
+    EXPECT_EQ(array.itemCount, 1u);
+    EXPECT_EQ(array.data, block);
+}
+
+TEST(memResizeMemory, leavesTheCountAloneEvenBelowIt)
+{
+    Array array(4, 5);
+    fill(array, 5);
+    EXPECT_EQ(memResizeMemory(&array, 2), 0);
+    EXPECT_EQ(array.allocatedAmount, 2u);
+    EXPECT_EQ(array.itemCount, 5u);
+    EXPECT_EQ(memGetItemID(&array, 1), 1u);
+}
+
+TEST(memResizeMemory, toZeroSucceeds)
+{
+    Array array(4, 5);
+    EXPECT_EQ(memResizeMemory(&array, 0), 0);
+    EXPECT_EQ(array.allocatedAmount, 0u);
+    EXPECT_EQ(memAppendItem(&array, &kItem), 0);
+    EXPECT_EQ(array.allocatedAmount, 40u);
+}
+
+TEST(memResizeMemory, failureLeavesTheRecord)
+{
+    Array array(4, 5);
+    fill(array, 5);
+    const auto before = stateOf(array);
+    {
+        const FailingAllocation failure(1);
+        EXPECT_EQ(memResizeMemory(&array, 50), kMemErrNoMemory);
+    }
+    EXPECT_EQ(memResizeMemory(&array, UINT32_MAX), kMemErrNoMemory);
+    EXPECT_TRUE(stateOf(array) == before);
+}
+
+TEST(memShrinkToUsed, givesBackTheFreeSlots)
+{
+    Array array(4, 100);
+    fill(array, 3);
+    {
+        const auto before = stateOf(array);
+        const FailingAllocation failure(1);
+        EXPECT_EQ(memShrinkToUsed(&array), kMemErrNoMemory);
+        EXPECT_TRUE(stateOf(array) == before);
+    }
+    EXPECT_EQ(memShrinkToUsed(&array), 0);
+    EXPECT_EQ(array.allocatedAmount, 3u);
+    EXPECT_EQ(itemsOf<std::uint32_t>(array), (IDs{0, 1, 2}));
+    array.itemCount = 0;
+    EXPECT_EQ(memShrinkToUsed(&array), 0);
+    EXPECT_EQ(array.allocatedAmount, 0u);
+}
+
+TEST(memGetItemPtr, givesTheAddressInTheBlock)
+{
+    const ArrayOf<std::uint32_t> array({10, 20});
+    void* item = nullptr;
+    EXPECT_EQ(memGetItemPtr(&array, 1, &item), 0);
+    EXPECT_EQ(item, array.data + 4);
+}
+
+TEST(memGetItemPtr, nullsThePointerBeyondTheCount)
+{
+    const ArrayOf<std::uint32_t> array({10, 20});
+    for (const std::uint32_t index : {2u, 3u, UINT32_MAX}) {
+        void* item = array.data;
+        EXPECT_EQ(memGetItemPtr(&array, index, &item), kMemErrNotFound);
+        EXPECT_EQ(item, nullptr);
+    }
+}
+
+TEST(memCopyItemData, copiesOneItem)
+{
+    const ArrayOf<std::uint32_t> array({10, 20});
+    std::uint32_t item[2] = {1, 1};
+    EXPECT_EQ(memCopyItemData(&array, 1, item), 0);
+    EXPECT_EQ(item[0], 20u);
+    EXPECT_EQ(item[1], 1u);
+    EXPECT_EQ(memCopyItemData(&array, 2, item), kMemErrNotFound);
+    const Array empty(4, 3);
+    EXPECT_EQ(memCopyItemData(&empty, 0, item), kMemErrNotFound);
+    const DynArray withoutBlock{4, 0, 3, nullptr};
+    EXPECT_EQ(memCopyItemData(&withoutBlock, 0, item), kMemErrNotFound);
+}
+
+TEST(memGetItemID, readsTheFirst4BytesAtAnyAddress)
+{
+    Array array(7, 2);
+    const std::uint8_t item[7] = {1, 2, 3, 4, 5, 6, 7};
+    ASSERT_EQ(memAppendItem(&array, item), 0);
+    ASSERT_EQ(memAppendItem(&array, item), 0);
+    std::uint32_t expected;
+    std::memcpy(&expected, item, 4);
+    EXPECT_EQ(memGetItemID(&array, 1), expected);
+}
+
+TEST(memGetItemIDUInt64, readsTheFirst8BytesAtAnyAddress)
+{
+    Array array(9, 2);
+    const std::uint8_t item[9] = {1, 2, 3, 4, 5, 6, 7, 8, 9};
+    ASSERT_EQ(memAppendItem(&array, item), 0);
+    ASSERT_EQ(memAppendItem(&array, item), 0);
+    std::uint64_t expected;
+    std::memcpy(&expected, item, 8);
+    EXPECT_EQ(memGetItemIDUInt64(&array, 1), expected);
+}
+
+TEST(memSameData, comparesLengthAndBytes)
+{
+    const ArrayOf<std::uint32_t> array({10, 20});
+    const std::uint32_t same[] = {10, 20, 30};
+    const std::uint32_t other[] = {10, 21};
+    EXPECT_TRUE(memSameData(&array, 8, same));
+    EXPECT_FALSE(memSameData(&array, 8, other));
+    EXPECT_FALSE(memSameData(&array, 4, same));
+    EXPECT_FALSE(memSameData(&array, 12, same));
+    const Array empty(4, 3);
+    EXPECT_TRUE(memSameData(&empty, 0, nullptr));
+    // 0x10000 items of 0x10000 bytes are not 0 bytes.
+    const DynArray large{0x10000, 0x10000, 0x10000, array.data};
+    EXPECT_FALSE(memSameData(&large, 0, same));
+}
+
+TEST(memAppendItem, growsBy40WhenFullAndOnlyThen)
+{
+    Array array(4, 3);
+    fill(array, 3);
+    EXPECT_EQ(array.allocatedAmount, 3u);
+    fill(array, 1);
+    EXPECT_EQ(array.allocatedAmount, 43u);
+    EXPECT_EQ(itemsOf<std::uint32_t>(array), (IDs{0, 1, 2, 0}));
+}
+
+TEST(memAppendItem, failureLeavesTheRecord)
+{
+    const ArrayOf<std::uint32_t> array({10, 20});
+    DynArray copy = array;
+    const auto before = stateOf(copy);
+    const FailingAllocation failure(1);
+    EXPECT_EQ(memAppendItem(&copy, &kItem), kMemErrNoMemory);
+    EXPECT_TRUE(stateOf(copy) == before);
+}
+
+TEST(memAppendItem, amountThatCannotGrowIsNoMemory)
+{
+    std::uint8_t block[4];
+    DynArray array{1, UINT32_MAX - 10, UINT32_MAX - 10, block};
+    EXPECT_EQ(memAppendItem(&array, &kItem), kMemErrNoMemory);
+    EXPECT_EQ(array.itemCount, UINT32_MAX - 10);
+}
+
+TEST(memAppendItem, itemMayLieInTheBlockThatMoves)
+{
+    ArrayOf<std::uint32_t> array(IDs(40, 7));
+    for (int i = 0; i < 2000; ++i) ASSERT_EQ(memAppendItem(&array, array.data + 4), 0);
+    EXPECT_EQ(itemsOf<std::uint32_t>(array), IDs(2040, 7));
+}
+
+TEST(memInsertOneItem, movesTheFollowingItemsUp)
+{
+    const struct {
+        const char* name;
+        std::uint32_t index;
+        IDs expected;
+    } rows[] = {
+        {"first", 0, {5, 10, 20}}, {"middle", 1, {10, 5, 20}}, {"count appends", 2, {10, 20, 5}}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        ArrayOf<std::uint32_t> array({10, 20});
+        const std::uint32_t item = 5;
+        EXPECT_EQ(memInsertOneItem(&array, row.index, &item), 0);
+        EXPECT_EQ(itemsOf<std::uint32_t>(array), row.expected);
+        EXPECT_EQ(array.allocatedAmount, 42u);
+    }
+}
+
+TEST(memInsertOneItem, badPositionIsSeenBeforeTheArrayGrows)
+{
+    ArrayOf<std::uint32_t> array({10, 20});
+    const auto before = stateOf(array);
+    const FailingAllocation failure(1);
+    EXPECT_EQ(memInsertOneItem(&array, 3, &kItem), kMemErrBadPosition);
+    EXPECT_EQ(memInsertOneItem(&array, UINT32_MAX, &kItem), kMemErrBadPosition);
+    EXPECT_EQ(memInsertOneItem(&array, 2, &kItem), kMemErrNoMemory);
+    EXPECT_TRUE(stateOf(array) == before);
+}
+
+TEST(memInsertOneItem, itemMayLieInTheBlock)
+{
+    for (std::uint32_t from = 0; from < 4; ++from) {
+        for (std::uint32_t index = 0; index <= 4; ++index) {
+            for (const bool full : {true, false}) {
+                ArrayOf<std::uint32_t> array({10, 20, 30, 40});
+                ASSERT_EQ(memResizeMemory(&array, full ? 4 : 9), 0);
+                IDs expected{10, 20, 30, 40};
+                expected.insert(expected.begin() + index, (from + 1) * 10);
+                EXPECT_EQ(memInsertOneItem(&array, index, array.data + from * 4), 0);
+                EXPECT_EQ(itemsOf<std::uint32_t>(array), expected);
+            }
+        }
+    }
+}
+
+TEST(memInsertOneItem, bytesAcrossTwoItemsMayBeTheItem)
+{
+    Array array(2, 8);
+    for (const char* item : {"ab", "cd", "ef"}) ASSERT_EQ(memAppendItem(&array, item), 0);
+    ASSERT_EQ(memInsertOneItem(&array, 1, array.data + 1), 0);
+    EXPECT_TRUE(memSameData(&array, 8, "abbccdef"));
+}
+
+TEST(memInsertMoreItems, insertsAll)
+{
+    ArrayOf<std::uint32_t> array({10, 20});
+    const std::uint32_t items[] = {1, 2, 3};
+    EXPECT_EQ(memInsertMoreItems(&array, 1, 3, items), 0);
+    EXPECT_EQ(itemsOf<std::uint32_t>(array), (IDs{10, 1, 2, 3, 20}));
+    EXPECT_EQ(memInsertMoreItems(&array, 5, 2, items), 0);
+    EXPECT_EQ(itemsOf<std::uint32_t>(array), (IDs{10, 1, 2, 3, 20, 1, 2}));
+    EXPECT_EQ(memInsertMoreItems(&array, 8, 1, items), kMemErrBadPosition);
+}
+
+TEST(memInsertMoreItems, growsEvenWhenTheRoomIsExactlySufficient)
+{
+    const struct {
+        const char* name;
+        std::uint32_t capacity, count, n, expected;
+    } rows[] = {
+        {"exactly sufficient", 10, 7, 3, 53},
+        {"one more slot", 11, 7, 3, 11},
+        {"too small", 10, 7, 4, 54},
+        {"nothing into a full array", 7, 7, 0, 47},
+        {"nothing into free room", 8, 7, 0, 8},
+        {"nothing into an empty array without room", 0, 0, 0, 40},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        Array array(4, row.capacity);
+        fill(array, row.count);
+        const std::uint32_t items[4] = {};
+        EXPECT_EQ(memInsertMoreItems(&array, 0, row.n, items), 0);
+        EXPECT_EQ(array.allocatedAmount, row.expected);
+        EXPECT_EQ(array.itemCount, row.count + row.n);
+    }
+}
+
+TEST(memInsertMoreItems, failureLeavesTheRecord)
+{
+    ArrayOf<std::uint32_t> array({10, 20});
+    const auto before = stateOf(array);
+    const std::uint32_t items[4] = {};
+    {
+        const FailingAllocation failure(1);
+        EXPECT_EQ(memInsertMoreItems(&array, 3, 2, items), kMemErrBadPosition);
+        EXPECT_EQ(memInsertMoreItems(&array, 0, 2, items), kMemErrNoMemory);
+    }
+    EXPECT_EQ(memInsertMoreItems(&array, 0, UINT32_MAX, nullptr), kMemErrNoMemory);
+    EXPECT_TRUE(stateOf(array) == before);
+}
+
+TEST(memInsertMoreItems, itemsMayLieInTheBlock)
+{
+    for (std::uint32_t from = 0; from < 3; ++from) {
+        for (std::uint32_t index = 0; index <= 4; ++index) {
+            ArrayOf<std::uint32_t> array({10, 20, 30, 40});
+            IDs expected{10, 20, 30, 40};
+            const IDs inserted(expected.begin() + from, expected.begin() + from + 2);
+            expected.insert(expected.begin() + index, inserted.begin(), inserted.end());
+            EXPECT_EQ(memInsertMoreItems(&array, index, 2, array.data + from * 4), 0);
+            EXPECT_EQ(itemsOf<std::uint32_t>(array), expected);
+        }
+    }
+}
+
+TEST(memInsertMoreItems, eachFailureWithItemsInTheBlockLeavesTheRecord)
+{
+    ArrayOf<std::uint32_t> array({10, 20, 30});
+    const auto before = stateOf(array);
+    for (const std::uint64_t nth : {1, 2}) {
+        const FailingAllocation failure(nth);
+        EXPECT_EQ(memInsertMoreItems(&array, 1, 2, array.data), kMemErrNoMemory);
+        EXPECT_TRUE(failure.hasHappened());
+        EXPECT_TRUE(stateOf(array) == before);
+    }
+}
+
+TEST(memDeleteOneItem, movesTheFollowingItemsDown)
+{
+    ArrayOf<std::uint32_t> array({10, 20, 30});
+    EXPECT_EQ(memDeleteOneItem(&array, 3), kMemErrNotFound);
+    EXPECT_EQ(memDeleteOneItem(&array, 0), 0);
+    EXPECT_EQ(itemsOf<std::uint32_t>(array), (IDs{20, 30}));
+    EXPECT_EQ(memDeleteOneItem(&array, 1), 0);
+    EXPECT_EQ(itemsOf<std::uint32_t>(array), IDs{20});
+    EXPECT_EQ(memDeleteOneItem(&array, 0), 0);
+    EXPECT_EQ(memDeleteOneItem(&array, 0), kMemErrNotFound);
+    EXPECT_EQ(array.allocatedAmount, 3u);
+}
+
+TEST(memDeleteLastItem, givesMinusOneForAnEmptyArray)
+{
+    ArrayOf<std::uint32_t> array({10, 20});
+    EXPECT_EQ(memDeleteLastItem(&array), 0);
+    EXPECT_EQ(itemsOf<std::uint32_t>(array), IDs{10});
+    EXPECT_EQ(memDeleteLastItem(&array), 0);
+    EXPECT_EQ(memDeleteLastItem(&array), -1);
+    EXPECT_EQ(array.itemCount, 0u);
+    EXPECT_EQ(array.allocatedAmount, 2u);
+}
+
+TEST(memDeleteAllItems, keepsTheBlock)
+{
+    ArrayOf<std::uint32_t> array({10, 20});
+    EXPECT_EQ(memDeleteAllItems(&array), 0);
+    EXPECT_EQ(array.itemCount, 0u);
+    EXPECT_TRUE(memValidDynArray(&array));
+}
+
+TEST(memMoveItemToNewIndex, takesThePlaceAfterTheRemoval)
+{
+    const struct {
+        const char* name;
+        std::uint32_t from, to;
+        std::int16_t status;
+        IDs expected;
+    } rows[] = {
+        {"up", 0, 2, 0, {20, 30, 10, 40}},
+        {"to the end", 0, 3, 0, {20, 30, 40, 10}},
+        {"down", 3, 0, 0, {40, 10, 20, 30}},
+        {"same place", 2, 2, 0, {10, 20, 30, 40}},
+        {"same place beyond the array", 9, 9, 0, {10, 20, 30, 40}},
+        {"no such item", 4, 0, kMemErrNotFound, {10, 20, 30, 40}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        ArrayOf<std::uint32_t> array({10, 20, 30, 40});
+        EXPECT_EQ(memMoveItemToNewIndex(&array, row.from, row.to), row.status);
+        EXPECT_EQ(itemsOf<std::uint32_t>(array), row.expected);
+        EXPECT_EQ(array.allocatedAmount, 4u);
+    }
+}
+
+TEST(memMoveItemToNewIndex, placeBeyondTheShortenedArrayLosesTheItem)
+{
+    for (const std::uint32_t to : {4u, 5u, UINT32_MAX}) {
+        ArrayOf<std::uint32_t> array({10, 20, 30, 40});
+        EXPECT_EQ(memMoveItemToNewIndex(&array, 1, to), kMemErrBadPosition);
+        EXPECT_EQ(itemsOf<std::uint32_t>(array), (IDs{10, 30, 40}));
+    }
+}
+
+TEST(memMoveItemToNewIndex, emptyArrayHasNoItemExceptForEqualIndexes)
+{
+    Array array(4, 3);
+    EXPECT_EQ(memMoveItemToNewIndex(&array, 0, 0), 0);
+    EXPECT_EQ(memMoveItemToNewIndex(&array, 0, 1), kMemErrNotFound);
+    const DynArray withoutBlock{4, 0, 3, nullptr};
+    DynArray copy = withoutBlock;
+    EXPECT_EQ(memMoveItemToNewIndex(&copy, 0, 1), kMemErrNotFound);
+}
+
+TEST(memMoveItemToNewIndex, failureLeavesTheRecord)
+{
+    ArrayOf<std::uint32_t> array({10, 20});
+    const auto before = stateOf(array);
+    const FailingAllocation failure(1);
+    EXPECT_EQ(memMoveItemToNewIndex(&array, 0, 1), kMemErrNoMemory);
+    EXPECT_TRUE(stateOf(array) == before);
+}
+
+TEST(memCopyDynArray, makesTheDestinationWhenItHasNoBlock)
+{
+    Array source(4, 9);
+    fill(source, 2);
+    Array dest;
+    EXPECT_EQ(memCopyDynArray(&source, &dest), 0);
+    EXPECT_EQ(dest.itemSize, 4u);
+    EXPECT_EQ(dest.allocatedAmount, 9u);
+    EXPECT_EQ(itemsOf<std::uint32_t>(dest), (IDs{0, 1}));
+    EXPECT_NE(dest.data, source.data);
+}
+
+TEST(memCopyDynArray, takesTheAllocatedAmountOfTheSourceUpAndDown)
+{
+    for (const std::uint32_t capacity : {1u, 9u, 50u}) {
+        Array source(4, 9);
+        fill(source, 2);
+        Array dest(4, capacity);
+        fill(dest, 1);
+        EXPECT_EQ(memCopyDynArray(&source, &dest), 0);
+        EXPECT_EQ(dest.allocatedAmount, 9u);
+        EXPECT_EQ(itemsOf<std::uint32_t>(dest), (IDs{0, 1}));
+    }
+}
+
+TEST(memCopyDynArray, mismatchIsMinusOne)
+{
+    ArrayOf<std::uint32_t> source({10});
+    ArrayOf<std::uint64_t> dest({11});
+    const auto before = stateOf(dest);
+    EXPECT_EQ(memCopyDynArray(&source, nullptr), -1);
+    EXPECT_EQ(memCopyDynArray(&source, &dest), -1);
+    EXPECT_TRUE(stateOf(dest) == before);
+}
+
+TEST(memCopyDynArray, emptySourceEmptiesTheDestination)
+{
+    const Array source(4, 0);
+    ArrayOf<std::uint32_t> dest({10});
+    EXPECT_EQ(memCopyDynArray(&source, &dest), 0);
+    EXPECT_EQ(dest.itemCount, 0u);
+    EXPECT_EQ(dest.allocatedAmount, 0u);
+}
+
+TEST(memCopyDynArray, ontoItselfChangesNothing)
+{
+    ArrayOf<std::uint32_t> array({10, 20});
+    const auto before = stateOf(array);
+    EXPECT_EQ(memCopyDynArray(&array, &array), 0);
+    EXPECT_TRUE(stateOf(array) == before);
+}
+
+TEST(memCopyDynArray, failedEnlargementLeavesTheDestination)
+{
+    ArrayOf<std::uint32_t> source({10, 20});
+    ArrayOf<std::uint32_t> dest({30});
+    const auto before = stateOf(dest);
+    {
+        const FailingAllocation failure(1);
+        EXPECT_EQ(memCopyDynArray(&source, &dest), kMemErrNoMemory);
+    }
+    EXPECT_TRUE(stateOf(dest) == before);
+
+    Array without;
+    const FailingAllocation failure(1);
+    EXPECT_EQ(memCopyDynArray(&source, &without), kMemErrNoMemory);
+    EXPECT_EQ(without.itemSize, 0u);
+    EXPECT_EQ(without.data, nullptr);
+}
+
+TEST(memCopyDynArray, failedReductionCopiesIntoTheLargerBlock)
+{
+    ArrayOf<std::uint32_t> source({10});
+    ArrayOf<std::uint32_t> dest({30, 40});
+    const FailingAllocation failure(1);
+    EXPECT_EQ(memCopyDynArray(&source, &dest), 0);
+    EXPECT_TRUE(failure.hasHappened());
+    EXPECT_EQ(dest.allocatedAmount, 2u);
+    EXPECT_EQ(itemsOf<std::uint32_t>(dest), IDs{10});
+}
+
+TEST(memCopyDynArray, countAboveTheBlockCopiesNoMoreThanTheBlock)
+{
+    ArrayOf<std::uint32_t> source({10, 20, 30});
+    ASSERT_EQ(memResizeMemory(&source, 1), 0);
+    Array dest;
+    EXPECT_EQ(memCopyDynArray(&source, &dest), 0);
+    EXPECT_EQ(dest.itemCount, 3u);
+    EXPECT_EQ(dest.allocatedAmount, 1u);
+    EXPECT_EQ(memGetItemID(&dest, 0), 10u);
+}
