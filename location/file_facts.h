@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "location/file_name.h"
 #include "platform/objects/string.h"
 
 struct fileFacts {
@@ -13,10 +14,6 @@ struct fileFacts {
     std::uint32_t modified;             // seconds since 1904 on the local clock; 0 is no date
     std::uint32_t created;              // the same
 };
-
-// Returns a new text: the last component of a path, without the slashes at its end. "/" for a path
-// of nothing but slashes, empty for an empty one, null for null and when memory runs out.
-[[nodiscard]] TovStringRef gpsCopyFileName(TovStringRef path);
 
 // Reads the facts of what is at `path`, at the end of any symbolic links. When there is no such
 // item all of them are missing.

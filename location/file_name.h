@@ -1,0 +1,10 @@
+// The name that a path shows.
+
+#pragma once
+
+#include "platform/objects/string.h"
+
+// Returns a new text: the last component of a path, without the slashes at its end (a file manager
+// writes them behind folders). "/" for a path of nothing but slashes, empty for an empty one, null
+// for null and when memory runs out.
+[[nodiscard]] TovStringRef gpsCopyFileName(TovStringRef path);

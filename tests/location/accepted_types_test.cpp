@@ -1,0 +1,86 @@
+#include "location/accepted_types.h"
+
+#include "tests/support/texts.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+using test::text;
+
+TEST(gpsIsAcceptedPath, acceptsTwentyExtensionsInEitherCase)
+{
+    int accepted = 0;
+    for (const char* extension :
+         {"jpg", "jpeg", "nef", "fff", "nrw", "raf", "orf", "dng", "mrw", "crw",
+          "cr2", "kdc",  "dcr", "ptx", "pef", "arw", "srf", "sr2", "mos", "raw"}) {
+        SCOPED_TRACE(extension);
+        std::string upper = extension;
+        for (char& c : upper) c = static_cast<char>(std::toupper(c));
+        std::string title = extension;
+        title[0] = upper[0];
+        for (const std::string& spelling : {std::string(extension), upper, title}) {
+            EXPECT_TRUE(gpsIsAcceptedPath(text("/pictures/photo." + spelling).get()));
+        }
+        accepted++;
+    }
+    EXPECT_EQ(accepted, 20);
+}
+
+TEST(gpsIsAcceptedPath, looksAtTheLastExtensionOfTheLastComponent)
+{
+    const struct {
+        const char* path;
+        bool expected;
+    } rows[] = {
+        {"photo.JPG", true},
+        {"photo.JPEG", true},
+        {"x.Nef", true},
+        {"x.DNG", true},
+        {"/a/photo.jpg", true},
+        {"archive.zip.jpg", true},
+        {"archive.jpg.zip", false},
+        {"/x/dir.jpg/", true},  // a folder, as the selection of a file manager names it
+        {"/x/dir.jpg//", true},
+        {"/a.jpg/readme", false},
+        {"/a.jpg/readme/", false},
+        {"a..jpg", true},
+        {".a.jpg", true},
+        {".jpg", false},  // a name that begins with its only dot has no extension
+        {"/x/.jpg", false},
+        {"/x/.jpg/", false},
+        {"photo", false},
+        {"photo.", false},
+        {"photo.jpg.", false},
+        {"photo.jpg ", false},
+        {"photo. jpg", false},
+        {"photo.jp", false},
+        {"photo.jpgx", false},
+        {"photo.jpe", false},
+        {"jpg", false},
+        {"", false},
+        {"/", false},
+        {"//", false},
+        {".", false},
+        {"..", false},
+        {"photo.tif", false},
+        {"photo.tiff", false},
+        {"photo.png", false},
+        {"photo.heic", false},
+        {"photo.rw2", false},
+        {"photo.cr3", false},
+        {"photo.x3f", false},
+        {"photo.srw", false},
+        {"photo.j\u00fcg", false},
+        {"\u65e5\u672c.jpg", true},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.path);
+        EXPECT_EQ(gpsIsAcceptedPath(text(row.path).get()), row.expected);
+    }
+}
+
+TEST(gpsIsAcceptedPath, refusesNull)
+{
+    EXPECT_FALSE(gpsIsAcceptedPath(nullptr));
+}
