@@ -11,6 +11,8 @@ if(PROJECT_IS_TOP_LEVEL)
 endif()
 
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+include(CheckPIESupported)
+check_pie_supported(LANGUAGES CXX)
 
 # What is found here is seen by every room, and by a project that has this one as a subdirectory.
 set(CMAKE_FIND_PACKAGE_TARGETS_GLOBAL ON)
@@ -33,6 +35,19 @@ target_compile_options(pinorama_warnings INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-qual
     -Wformat=2 -Wimplicit-fallthrough
     $<$<BOOL:${PINORAMA_WERROR}>:-Werror>)
+
+option(PINORAMA_HARDEN "Build with the compiler's and linker's protections" ON)
+if(PINORAMA_HARDEN AND NOT PINORAMA_SANITIZE)
+    include(CheckCXXCompilerFlag)
+    check_cxx_compiler_flag(-fcf-protection PINORAMA_HAS_CF_PROTECTION)
+    target_compile_options(pinorama_options INTERFACE
+        -fstack-protector-strong -fstack-clash-protection
+        $<$<BOOL:${PINORAMA_HAS_CF_PROTECTION}>:-fcf-protection>
+        # Fortify needs the optimiser.
+        $<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE>
+        $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=2>)
+    target_link_options(pinorama_options INTERFACE -Wl,-z,relro -Wl,-z,now -Wl,-z,noexecstack)
+endif()
 
 if(PINORAMA_SANITIZE)
     target_compile_options(pinorama_options INTERFACE
