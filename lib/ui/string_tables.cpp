@@ -5,6 +5,7 @@
 #include "platform/text/locale.h"
 
 #include <charconv>
+#include <cstdio>
 #include <cstdlib>
 #include <deque>
 #include <memory>
@@ -31,6 +32,13 @@ struct Bundle {
     std::deque<LoadedTable> tables;
 };
 
+// Tables of the user's own have no language.
+struct UserTables {
+    std::string folder;
+    std::deque<LoadedTable> tables;
+};
+
+UserTables gUserTables;
 std::vector<std::unique_ptr<Bundle>> gBundles;
 Bundle* gMainBundle = nullptr;
 
@@ -83,6 +91,32 @@ std::optional<std::u16string_view> find(Bundle* bundle, std::string_view table,
         if (const auto text = tableOf(bundle, language, table).find(key)) return text;
     }
     return std::nullopt;
+}
+
+const StringsTable& userTableOf(std::string_view name)
+{
+    for (const LoadedTable& table : gUserTables.tables) {
+        if (table.name == name) return table.texts;
+    }
+    LoadedTable& table = gUserTables.tables.emplace_back();
+    table.name = name;
+    const std::string path = gUserTables.folder + "/" + table.name + ".strings";
+    if (const auto bytes = platform::readWholeFile(path, kLargestTable)) {
+        table.texts = StringsTable(*bytes);
+    }
+    for (const std::size_t line : table.texts.damagedLines()) {
+        std::fprintf(stderr, "%s:%zu: skipped, this is not of the form \"key\" = \"value\";\n",
+                     path.c_str(), line);
+    }
+    return table.texts;
+}
+
+std::optional<std::u16string_view> findForUser(std::string_view table, std::u16string_view key)
+{
+    if (!gUserTables.folder.empty()) {
+        if (const auto text = userTableOf(table).find(key)) return text;
+    }
+    return find(gMainBundle, table, key);
 }
 
 void appendNumber(std::u16string* key, std::int16_t number)
@@ -144,10 +178,15 @@ TovStringRef iuCopyLocalizedString(TovStringRef key, TovStringRef defaultValue,
     const bool isNamed = tableName != nullptr && *tableName != '\0';
     const std::u16string_view keyUnits = platform::unitsOf(key);
     const std::u16string_view fallback = platform::unitsOf(defaultValue);
-    const auto text = key == nullptr
-                          ? std::nullopt
-                          : find(gMainBundle, isNamed ? tableName : kDefaultTable, keyUnits);
+    const auto text =
+        key == nullptr ? std::nullopt : findForUser(isNamed ? tableName : kDefaultTable, keyUnits);
     return platform::createString(text.value_or(fallback.empty() ? keyUnits : fallback));
+}
+
+void iuSetUserTableFolder(const char* folder)
+{
+    gUserTables = {};
+    if (folder != nullptr) gUserTables.folder = folder;
 }
 
 TovStringRef iuCopyMainBundleIdentifier()

@@ -44,9 +44,16 @@ void* initStringBundle(TovStringRef bundleIdentifier);
 //   defaultValue  stands in for a missing key; when it is null or empty the key does.
 //   tableName     null and "" mean Localizable.
 //
+// A table of the user's own comes first; see iuSetUserTableFolder.
 // Null when there is neither a key nor a default value, and when memory runs out.
 [[nodiscard]] TovStringRef iuCopyLocalizedString(TovStringRef key, TovStringRef defaultValue,
                                                  const char* tableName);
+
+// Names a folder of tables of the user's own, `<folder>/<table>.strings`, which
+// iuCopyLocalizedString asks before the main bundle's tables, in every language. Null: there is
+// none (the start). A damaged line in such a table is skipped and named once on standard error.
+// `folder` is in the raw bytes of the system and copied.
+void iuSetUserTableFolder(const char* folder);
 
 // The identifier of the main bundle as a new text; null when there is no main bundle.
 [[nodiscard]] TovStringRef iuCopyMainBundleIdentifier();

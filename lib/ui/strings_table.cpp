@@ -2,6 +2,7 @@
 
 #include "platform/text/utf8.h"
 
+#include <algorithm>
 #include <cstdint>
 
 namespace {
@@ -131,11 +132,18 @@ StringsTable::StringsTable(std::string_view utf8)
     Scanner scanner(utf8);
     std::u16string key;
     std::u16string value;
+    std::size_t line = 1;
+    std::size_t counted = 0;  // line ends before this position are in `line`
     for (scanner.skipBlanks(); !scanner.isAtEnd(); scanner.skipBlanks()) {
         const std::size_t start = scanner.position();
         if (readEntry(&scanner, &key, &value)) {
             values_.insert_or_assign(key, value);
         } else {
+            line += static_cast<std::size_t>(
+                std::count(utf8.begin() + static_cast<std::ptrdiff_t>(counted),
+                           utf8.begin() + static_cast<std::ptrdiff_t>(start), '\n'));
+            counted = start;
+            damagedLines_.push_back(line);
             scanner.skipLineAt(start);
         }
     }

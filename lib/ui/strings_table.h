@@ -11,6 +11,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 class StringsTable {
 public:
@@ -26,9 +27,13 @@ public:
 
     std::size_t size() const { return values_.size(); }
 
+    // The lines that were skipped because they are damaged, counted from 1, in ascending order.
+    const std::vector<std::size_t>& damagedLines() const { return damagedLines_; }
+
 private:
     struct Hash : std::hash<std::u16string_view> {
         using is_transparent = void;
     };
     std::unordered_map<std::u16string, std::u16string, Hash, std::equal_to<>> values_;
+    std::vector<std::size_t> damagedLines_;
 };

@@ -231,3 +231,45 @@ TEST(iuCopyMainBundleIdentifier, namesTheBundleRegisteredLastAsMain)
     ASSERT_NE(bundle.registerAs("test.not.main", false), nullptr);
     EXPECT_EQ(test::takeUTF8(iuCopyMainBundleIdentifier()), "test.identifier");
 }
+
+TEST(iuSetUserTableFolder, tablesOfTheUserComeFirst)
+{
+    const TestBundle main;
+    main.write("en", "GPS", "\"a1\" = \"Map\";\n\"a2\" = \"Globe\";\n\"b1\" = \"geo:%f,%f\";");
+    ASSERT_NE(main.registerAs("test.user", true), nullptr);
+    const test::TemporaryFolder user;
+    user.write("GPS.strings", "\"a2\" = \"My globe\";\n\"a3\" = \"Mine\";\n");
+    iuSetUserTableFolder(user.path().c_str());
+    EXPECT_EQ(localized("a1", "GPS"), "Map");
+    EXPECT_EQ(localized("a2", "GPS"), "My globe");
+    EXPECT_EQ(localized("a3", "GPS"), "Mine");
+    EXPECT_EQ(test::takeUTF8(iuGetIndKVLCFString(11)), "11") << "numbers are the program's own";
+    iuSetUserTableFolder(nullptr);
+    EXPECT_EQ(localized("a2", "GPS"), "Globe");
+    EXPECT_EQ(localized("a3", "GPS"), "a3");
+}
+
+TEST(iuSetUserTableFolder, aDamagedLineIsNamedOnceAndSkipped)
+{
+    const test::TemporaryFolder user;
+    const std::string path =
+        user.write("GPS.strings", "\"a1\" = \"Mine\";\n\"a2\" = unquoted;\n\"a3\" = \"Third\";\n");
+    iuSetUserTableFolder(user.path().c_str());
+    testing::internal::CaptureStderr();
+    for (int i = 0; i < 3; i++) {
+        EXPECT_EQ(localized("a1", "GPS"), "Mine");
+        EXPECT_EQ(localized("a3", "GPS"), "Third");
+    }
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              path + ":2: skipped, this is not of the form \"key\" = \"value\";\n");
+    iuSetUserTableFolder(nullptr);
+}
+
+TEST(iuSetUserTableFolder, aFolderThatDoesNotExistHasNoTables)
+{
+    iuSetUserTableFolder("/nowhere/at/all");
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(localized("a77", "GPS"), "a77");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    iuSetUserTableFolder(nullptr);
+}

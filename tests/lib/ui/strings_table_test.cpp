@@ -110,3 +110,12 @@ TEST(StringsTable, keysAreExact)
     EXPECT_EQ(valueOf(table, u"Key "), "(none)");
     EXPECT_EQ(valueOf(table, u""), "(none)");
 }
+
+TEST(StringsTable, tellsWhichLinesAreDamaged)
+{
+    const StringsTable table(
+        "// first\n\"a\" = \"1\";\nnonsense\n/* x\n */ \"b\" = 2;\n\"c\" = \"3\"\n");
+    EXPECT_EQ(table.damagedLines(), (std::vector<std::size_t>{3, 5, 6}));
+    EXPECT_EQ(table.size(), 1U);
+    EXPECT_TRUE(StringsTable("").damagedLines().empty());
+}
