@@ -9,7 +9,7 @@
 // occurs once; the functions that insert keep it so, those that append leave it to the caller.
 // Pointers into the block are borrowed until the next change.
 //
-// Header and index layout: docs/formats.md, "Variable-item array".
+// Layout of headers and data: docs/formats.md, "Array files".
 
 #pragma once
 
