@@ -4,6 +4,7 @@
 #include "lib/base/status.h"
 #include "lib/files/file_reference.h"
 #include "tests/support/environment.h"
+#include "tests/support/permissions.h"
 #include "tests/support/texts.h"
 
 #include <gtest/gtest.h>
@@ -176,14 +177,26 @@ TEST(feOpenExistingFileRef, refusesWhatCannotBeOpened)
 
 TEST(feOpenExistingFileRef, tellsMissingPermission)
 {
-    if (geteuid() == 0) GTEST_SKIP() << "nothing is forbidden to root";
     const test::TemporaryFolder folder;
+    ASSERT_EQ(chmod(folder.path().c_str(), 0755), 0);
     const FSRef ref = {folder.write("f", "")};
-    ASSERT_EQ(chmod(ref.path.c_str(), 0400), 0);
+    ASSERT_EQ(chmod(ref.path.c_str(), 0444), 0);
+    const test::WithoutPrivileges nobody;
     ForkRef fork = 0;
     EXPECT_EQ(feOpenExistingFileRef(&ref, &fork, 1, 1), kErrNoPermission);
     EXPECT_EQ(feOpenExistingFileRef(&ref, &fork, 0, 1), 0);
     EXPECT_EQ(feCloseFork(fork), 0);
+}
+
+TEST(feCreateAndOpenTextFile, findsNoFileWhereItMayNotMakeOne)
+{
+    const test::TemporaryFolder folder;
+    ASSERT_EQ(chmod(folder.path().c_str(), 0555), 0);
+    const test::WithoutPrivileges nobody;
+    ForkRef fork = 0;
+    // Nothing was made, and that is what the reference finds.
+    EXPECT_EQ(feCreateAndOpenTextFile(test::text(folder.file("f")).get(), &fork), kErrNotFound);
+    EXPECT_EQ(fork, 0);
 }
 
 TEST(feOpenExistingFileRef, doesNotWaitForAPipesOtherEnd)

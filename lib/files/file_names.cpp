@@ -1,0 +1,57 @@
+#include "lib/files/file_names.h"
+
+#include "lib/base/status.h"
+#include "lib/files/file_reference.h"
+#include "platform/objects/object_holder.h"
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+namespace {
+constexpr std::size_t kLongestName = 255;  // units of a counted name
+constexpr int kLastNumber = 100;
+
+char16_t safeUnit(char16_t unit)
+{
+    if (unit == u':') return u';';
+    return std::u16string_view(u"/*?<>|\"").find(unit) == std::u16string_view::npos ? unit : u'-';
+}
+
+std::u16string_view shown(TovStringRef text)
+{
+    return text == nullptr ? u"(null)" : platform::unitsOf(text);
+}
+}  // namespace
+
+std::int32_t feCheckFileNameRef(HFSUniStr255* name)
+{
+    if (name->length == 0) return kErrNothingUsable;
+    const std::size_t length = std::min<std::size_t>(name->length, kLongestName);
+    for (std::size_t i = 0; i < length; i++) {
+        if (name->unicode[i] == 0) {
+            name->length = static_cast<std::uint16_t>(i);
+            return kErrNone;
+        }
+        name->unicode[i] = safeUnit(name->unicode[i]);
+    }
+    char16_t& first = name->unicode[0];
+    char16_t& last = name->unicode[length - 1];
+    if (first == u'.') first = u',';
+    if (last == u' ' || last == u'.') last = u'-';
+    return kErrNone;
+}
+
+TovStringRef feGetUniqueFileName(const FSRef* parent, TovStringRef base, TovStringRef suffix)
+{
+    for (int number = 1;; number++) {
+        std::u16string units(shown(base));
+        units += u' ';
+        for (const char digit : std::to_string(number)) units += static_cast<char16_t>(digit);
+        units += shown(suffix);
+        ObjectHolder<TovStringRef> name(platform::createString(units));
+        if (!name || number == kLastNumber || !feItemExists(parent, name.get())) {
+            return name.take();
+        }
+    }
+}

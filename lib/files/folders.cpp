@@ -1,0 +1,104 @@
+#include "lib/files/folders.h"
+
+#include "lib/base/status.h"
+#include "lib/files/fork_io.h"
+#include "lib/strings/tov_search.h"
+#include "platform/files/folder_listing.h"
+#include "platform/files/item_path.h"
+#include "platform/files/moving.h"
+#include "platform/files/path_text.h"
+#include "platform/files/user_folders.h"
+#include "platform/objects/object_holder.h"
+
+#include <cerrno>
+#include <utility>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+namespace {
+constexpr std::int32_t kDesktopFolder = 13;
+
+std::int32_t lastStatus()
+{
+    return platform::statusOfErrno(errno);
+}
+
+std::string childPath(const FSRef* parent, TovStringRef name)
+{
+    return platform::childPath(parent->path, platform::pathBytes(name));
+}
+
+void store(std::string path, FSRef* outRef)
+{
+    if (outRef != nullptr) outRef->path = std::move(path);
+}
+}  // namespace
+
+std::int32_t feCreateFolder(const FSRef* parent, TovStringRef name, FSRef* outRef)
+{
+    std::string path = childPath(parent, name);
+    if (path.empty() || mkdir(path.c_str(), 0777) != 0) return lastStatus();
+    store(std::move(path), outRef);
+    return kErrNone;
+}
+
+std::int32_t feCreateAndOpenDataFileUnicode(const FSRef* parent, TovStringRef name,
+                                            std::uint32_t /*type*/, std::uint32_t /*creator*/,
+                                            FSRef* outRef, ForkRef* outForkRef)
+{
+    *outForkRef = 0;
+    std::string path = childPath(parent, name);
+    if (path.empty()) return lastStatus();
+    ForkCloser fork(platform::openDescriptor(path.c_str(), O_RDWR | O_CREAT | O_EXCL));
+    if (!fork) return lastStatus();
+    store(std::move(path), outRef);
+    *outForkRef = fork.take();
+    return kErrNone;
+}
+
+std::int32_t feRenameFolder(const FSRef* ref, TovStringRef name, FSRef* outRef)
+{
+    if (!platform::itemExists(ref->path)) return lastStatus();
+    const std::string folder = platform::folderOf(ref->path);
+    if (folder.empty()) return kErrBusy;  // the root folder has no name of its own
+    std::string path = platform::childPath(folder, platform::pathBytes(name));
+    if (path.empty()) return lastStatus();
+    if (path != ref->path && !platform::moveWithoutReplacing(ref->path, path)) return lastStatus();
+    store(std::move(path), outRef);
+    return kErrNone;
+}
+
+std::int32_t feGetFirstFileInFolderWithSuffix(const FSRef* folder, TovStringRef suffix,
+                                              FSRef* outRef)
+{
+    std::string first;
+    for (std::string& name : platform::namesInFolder(folder->path)) {
+        const ObjectHolder<TovStringRef> text(platform::createPathText(name));
+        if (!TovStringEndsWith(text.get(), suffix, 0)) continue;
+        if (first.empty() || name < first) first = std::move(name);
+    }
+    if (first.empty()) return kErrNothingUsable;
+    outRef->path = platform::childPath(folder->path, first);
+    return kErrNone;
+}
+
+std::uint64_t feGetFolderSize(const FSRef* folder)
+{
+    std::uint64_t sum = 0;
+    for (const std::string& name : platform::namesInFolder(folder->path)) {
+        struct stat facts = {};
+        const std::string path = platform::childPath(folder->path, name);
+        if (lstat(path.c_str(), &facts) != 0 || S_ISDIR(facts.st_mode)) continue;
+        sum += static_cast<std::uint64_t>(facts.st_size);
+    }
+    return sum;
+}
+
+TovStringRef feGetPathOfSpecialFolder(std::int32_t folderNumber)
+{
+    if (folderNumber != kDesktopFolder) return nullptr;
+    const std::string desktop = platform::desktopFolder();
+    if (desktop.empty() || !platform::makeFolders(desktop, 0777)) return nullptr;
+    return platform::createPathText(desktop);
+}

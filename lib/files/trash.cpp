@@ -1,0 +1,64 @@
+#include "lib/files/trash.h"
+
+#include "lib/base/status.h"
+#include "platform/files/descriptor.h"
+#include "platform/files/item_path.h"
+#include "platform/files/trash.h"
+#include "platform/system/random_bytes.h"
+#include "platform/system/ticks.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <string>
+
+using platform::TrashName;
+
+namespace {
+std::int32_t lastStatus()
+{
+    return platform::statusOfErrno(errno);
+}
+
+std::int32_t deleteForGood(const std::string& path)
+{
+    return std::remove(path.c_str()) == 0 ? kErrNone : lastStatus();
+}
+
+std::string nameForAClash()
+{
+    std::int32_t random = 0;
+    (void)platform::fillWithRandomBytes(&random, sizeof random);
+    return "Skallion Folder " + std::to_string(static_cast<std::int32_t>(platform::tickCount())) +
+           " " + std::to_string(random);
+}
+// The end of a move: without any Trash the item is deleted.
+std::int32_t endWith(const platform::TrashResult& result, const FSRef* ref)
+{
+    if (result.status == kErrNone || result.hasTrash) return result.status;
+    return deleteForGood(ref->path);
+}
+}  // namespace
+
+std::int32_t feDeleteFileAtPath(const char* utf8Path)
+{
+    const std::string path = utf8Path == nullptr ? "" : utf8Path;
+    if (!platform::itemExists(path)) return lastStatus();
+    (void)deleteForGood(path);  // only the path's own error is reported
+    return kErrNone;
+}
+
+std::int32_t feMoveFileToTrash(const FSRef* ref)
+{
+    const auto name = platform::nameOf(ref->path);
+    return endWith(platform::moveToTrash(ref->path, name, TrashName::any), ref);
+}
+
+std::int32_t feMoveFolderToTrash(const FSRef* ref)
+{
+    const auto name = platform::nameOf(ref->path);
+    auto result = platform::moveToTrash(ref->path, name, TrashName::wantedOnly);
+    if (result.status == kErrExists) {
+        result = platform::moveToTrash(ref->path, nameForAClash(), TrashName::wantedOnly);
+    }
+    return endWith(result, ref);
+}
