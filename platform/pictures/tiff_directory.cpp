@@ -40,6 +40,8 @@ std::optional<platform::TiffBlock> platform::TiffBlock::open(const ByteBlock& bl
 std::size_t platform::TiffBlock::findEntries(std::uint64_t offset,
                                              std::span<TiffEntry> wanted) const
 {
+    // A pointer of 0 is none, and nothing else lies inside the header either.
+    if (offset < kHeaderSize) return 0;
     const ByteView countBytes = block_.view(offset, 2);
     if (countBytes.empty()) return 0;
     std::uint64_t position = offset + 2;
@@ -95,6 +97,7 @@ std::optional<std::uint32_t> platform::TiffBlock::integerOf(const TiffEntry& ent
         break;
     }
     case TiffType::longInteger:
+    case TiffType::signedLongInteger:
     case TiffType::directory: {
         const ByteView bytes = entry.value.view(0, 4);
         if (!bytes.empty()) return read32(order_, bytes.data());

@@ -20,6 +20,7 @@ enum class TiffType : std::uint16_t {
     longInteger = 4,
     rational = 5,
     undefined = 7,
+    signedLongInteger = 9,
     signedRational = 10,
     directory = 13,  // a long integer that points to a directory
     utf8 = 129,      // text, since Exif 3.0
@@ -49,6 +50,7 @@ public:
     std::size_t findEntries(std::uint64_t offset, std::span<TiffEntry> wanted) const;
 
     // The first item of a whole-number value; nothing for another type or when it is not there.
+    // A signed number is taken by its bits: some programs write the pointer to a directory so.
     std::optional<std::uint32_t> integerOf(const TiffEntry& entry) const;
 
 private:
