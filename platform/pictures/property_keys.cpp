@@ -1,16 +1,9 @@
 #include "platform/pictures/property_keys.h"
 
-#include <cstddef>
+#include "platform/objects/shared_text.h"
 
 namespace {
-template <std::size_t size>
-constexpr TovString sharedText(const char16_t (&units)[size])
-{
-    constexpr auto length = static_cast<std::int32_t>(size - 1);
-    // Nobody writes into an immutable text, so its units may be a literal.
-    return {
-        {TovTypeID::string, kSharedForever}, false, length, length, const_cast<char16_t*>(units)};
-}
+using platform::sharedText;
 
 constinit TovString gGPSDictionary = sharedText(u"kCGImagePropertyGPSDictionary");
 constinit TovString gIPTCDictionary = sharedText(u"kCGImagePropertyIPTCDictionary");
