@@ -2,3 +2,12 @@
 pinorama_add_qt_library(ui)
 target_link_libraries(pinorama_ui PUBLIC pinorama_foundation Qt6::Widgets)
 target_sources(pinorama_ui PRIVATE qt_text.cpp)
+
+# Previews.
+target_sources(pinorama_ui PRIVATE
+    file_icon.cpp
+    preview.cpp
+    preview_loader.cpp
+    preview_plan.cpp
+    thumbnail_cache.cpp)
+target_link_libraries(pinorama_ui PRIVATE pinorama_other_pictures)

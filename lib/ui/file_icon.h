@@ -1,0 +1,19 @@
+// The icon that stands for a file's kind.
+
+#pragma once
+
+#include <QPixmap>
+#include <QSizeF>
+
+#include <string>
+
+// Returns the icon theme's icon for the kind of item at `path` (bytes as the system takes them): a
+// folder, a device, or a file of the type that its name tells; its content is never looked at. A
+// missing item has the icon of its name, too.
+//
+//   size   points; the icon fills it as far as a square can.
+//   ratio  device pixels per point.
+//
+// The result is exactly `size` large and never empty: where the theme has no icon a sheet of paper
+// is drawn. Null only for a size that is not positive.
+QPixmap cuIconOfItem(const std::string& path, QSizeF size, qreal ratio);

@@ -1,0 +1,42 @@
+// Previews that arrive through the event loop, so that nobody waits for a large picture.
+
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+#include <QPixmap>
+#include <QSizeF>
+#include <QTimer>
+
+#include <memory>
+
+#include "platform/objects/string.h"
+
+class PreviewLoader : public QObject {
+    Q_OBJECT
+
+public:
+    explicit PreviewLoader(QObject* parent = nullptr);
+    ~PreviewLoader() override;
+
+    // Asks for the picture of the file at `path` (absolute; null cancels only). An earlier request
+    // that is still under way is given up: its answer never comes. Returns at once; the work begins
+    // when the event loop runs again.
+    //
+    //   size   points, as for imageWithPreviewOfFileAtPath.
+    //   ratio  device pixels per point.
+    void request(TovStringRef path, QSizeF size, qreal ratio);
+
+Q_SIGNALS:
+    // The picture for the last request: a preview, else the icon of the file's kind. `path` is in
+    // raw bytes.
+    void previewReady(const QByteArray& path, const QPixmap& picture);
+
+private:
+    struct Request;
+
+    void work();
+
+    std::unique_ptr<Request> request_;  // null while nothing is asked for
+    QTimer timer_;
+};

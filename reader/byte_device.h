@@ -1,0 +1,23 @@
+// The bytes of a picture as the device that Qt's image plug-ins read from.
+
+#pragma once
+
+#include <QIODevice>
+
+#include "platform/pictures/byte_source.h"
+
+class ByteDevice : public QIODevice {
+public:
+    // `source` has to outlive the device, which is open for reading at once.
+    explicit ByteDevice(platform::ByteSource& source);
+
+    bool isSequential() const override { return false; }
+    qint64 size() const override;
+
+protected:
+    qint64 readData(char* dest, qint64 wanted) override;
+    qint64 writeData(const char*, qint64) override { return -1; }
+
+private:
+    platform::ByteSource& source_;
+};

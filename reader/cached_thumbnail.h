@@ -1,0 +1,22 @@
+// The thumbnails that programs share in the user's cache folder: PNG pictures that tell in texts of
+// their own which file they show.
+
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "platform/pictures/byte_source.h"
+#include "platform/pictures/pixel_image.h"
+
+struct CachedThumbnail {
+    platform::PixelImage image;
+    std::string uri;    // Thumb::URI, empty when it has none
+    std::string mtime;  // Thumb::MTime, seconds since 1970 in decimal digits
+};
+
+// Reads a PNG picture, scaled down to fit into `box`, with the two texts; nothing when it is none
+// or damaged, or larger than any size that thumbnails come in. Source: freedesktop.org Thumbnail
+// Managing Standard.
+std::optional<CachedThumbnail> readCachedThumbnail(platform::ByteSource& source,
+                                                   platform::PixelSize box);

@@ -1,0 +1,74 @@
+#include "reader/other_pictures.h"
+
+#include "reader/byte_device.h"
+#include "reader/qt_pixels.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QImageReader>
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+constexpr int kMostMegabytes = 256;
+constexpr const char* kFormats[] = {"png", "gif", "bmp",  "ppm",  "pgm", "pbm",
+                                    "xpm", "ico", "webp", "tiff", "tga", "icns"};
+
+// The format that the first bytes tell, empty when it is none of those above.
+QByteArray formatOf(QIODevice& device)
+{
+    const QByteArray format = QImageReader::imageFormat(&device);
+    return std::find(std::begin(kFormats), std::end(kFormats), format) == std::end(kFormats)
+               ? QByteArray()
+               : format;
+}
+
+// The Exif orientation that stands for Qt's name of the same turn.
+platform::Orientation orientationOf(QImageIOHandler::Transformations transformation)
+{
+    switch (transformation) {
+    case QImageIOHandler::TransformationMirror: return 2;
+    case QImageIOHandler::TransformationRotate180: return 3;
+    case QImageIOHandler::TransformationFlip: return 4;
+    case QImageIOHandler::TransformationFlipAndRotate90: return 5;
+    case QImageIOHandler::TransformationRotate90: return 6;
+    case QImageIOHandler::TransformationMirrorAndRotate90: return 7;
+    case QImageIOHandler::TransformationRotate270: return 8;
+    default: return 1;
+    }
+}
+}  // namespace
+
+void loadPicturePlugins()
+{
+    for (const char* format : kFormats) {
+        QBuffer empty;
+        empty.open(QIODevice::ReadOnly);
+        (void)QImageReader(&empty, format).canRead();  // the answer is no; asking loads the plug-in
+    }
+}
+
+std::optional<platform::PixelImage> decodeOtherPicture(platform::ByteSource& source,
+                                                       platform::PixelSize box)
+{
+    ByteDevice device(source);
+    const QByteArray format = formatOf(device);
+    if (format.isEmpty()) return std::nullopt;
+
+    QImageReader::setAllocationLimit(kMostMegabytes);
+    QImageReader reader(&device, format);
+    reader.setAutoTransform(false);
+    const platform::Orientation orientation = orientationOf(reader.transformation());
+    if (platform::isTransposed(orientation)) std::swap(box.width, box.height);
+
+    // Where a plug-in knows the size beforehand, some decode directly at a smaller one.
+    const QSize size = reader.size();
+    const platform::PixelSize wanted = platform::fitInto({size.width(), size.height()}, box);
+    if (wanted.width != 0 && size != QSize(wanted.width, wanted.height)) {
+        reader.setScaledSize(QSize(wanted.width, wanted.height));
+    }
+    const QImage image = reader.read();
+    if (image.isNull()) return std::nullopt;
+    return platform::turnedUpright(scaledPixels(image, box), orientation);
+}

@@ -1,0 +1,13 @@
+// Answers to what is asked about a file for its preview, whatever kind of picture it is.
+
+#pragma once
+
+#include <optional>
+
+#include "platform/pictures/byte_source.h"
+#include "platform/pictures/preview_answer.h"
+
+// Reads what `kind` asks for; nothing when the bytes have no such thing.
+std::optional<platform::PreviewAnswer> answerPreview(platform::ByteSource& source,
+                                                     platform::PreviewKind kind,
+                                                     platform::PixelSize box);

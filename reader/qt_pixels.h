@@ -1,0 +1,10 @@
+// Pictures of Qt into pixels.
+
+#pragma once
+
+#include "platform/pictures/pixel_image.h"
+
+class QImage;
+
+// The image scaled down to fit into `box`; {0, 0} for a null image or an empty box.
+platform::PixelImage scaledPixels(const QImage& image, platform::PixelSize box);
