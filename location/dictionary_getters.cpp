@@ -2,6 +2,7 @@
 
 #include "lib/conv/mac_time.h"
 #include "lib/strings/string_holder.h"
+#include "lib/strings/tov_display.h"
 #include "lib/strings/tov_string.h"
 
 namespace {
@@ -83,9 +84,7 @@ TovStringRef convCopyTovStringRef(TovTypeRef container, TovStringRef key)
         return platform::createString(platform::unitsOf(string));
     }
     if (platform::asNumber(value) == nullptr) return nullptr;
-    StringHolder digits(TovStringCreateMutable());
-    TovStringAppendNumber(digits.slot(), static_cast<std::uint32_t>(integerOf(value)));
-    return digits.take();
+    return TovMakeNumberString(static_cast<std::uint32_t>(integerOf(value)));
 }
 
 TovStringRef convCopyTovStringRefFromArrayOfStrings(TovTypeRef container, TovStringRef key)

@@ -10,9 +10,9 @@
 #include "platform/objects/string.h"
 
 struct fileFacts {
-    std::optional<std::uint64_t> size;  // bytes; nothing unless it is a regular file
-    std::uint32_t modified;             // seconds since 1904 on the local clock; 0 is no date
-    std::uint32_t created;              // the same
+    std::optional<std::uint64_t> size{};  // bytes; nothing unless it is a regular file
+    std::uint32_t modified = 0;           // seconds since 1904 on the local clock; 0 is no date
+    std::uint32_t created = 0;            // the same
 };
 
 // Reads the facts of what is at `path`, at the end of any symbolic links. When there is no such

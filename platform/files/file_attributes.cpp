@@ -3,10 +3,15 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include <cerrno>
+
 std::optional<platform::FileAttributes> platform::attributesOf(const std::string& path)
 {
     // A path with a NUL in it names nothing, and is not the path in front of the NUL either.
-    if (path.find('\0') != std::string::npos) return std::nullopt;
+    if (path.find('\0') != std::string::npos) {
+        errno = ENOENT;
+        return std::nullopt;
+    }
     struct statx found {};
     constexpr unsigned kWanted = STATX_TYPE | STATX_SIZE | STATX_MTIME | STATX_BTIME;
     if (statx(AT_FDCWD, path.c_str(), AT_STATX_SYNC_AS_STAT, kWanted, &found) != 0) {

@@ -1,0 +1,50 @@
+#include "location/file_facts.h"
+
+#include "lib/strings/tov_display.h"
+#include "location/dictionary_getters.h"
+#include "platform/files/file_attributes.h"
+#include "platform/files/path_text.h"
+#include "platform/objects/object_holder.h"
+#include "platform/objects/values.h"
+
+namespace {
+constexpr double kUnixSecondsOf2001 = 978307200.0;
+constexpr std::uint8_t kWithTime = 1;
+constexpr std::uint8_t kWithYear = 1;
+
+std::uint32_t macTimeOf(std::int64_t unixSeconds)
+{
+    const ObjectHolder<TovDateRef> date(
+        TovDateCreate(static_cast<double>(unixSeconds) - kUnixSecondsOf2001));
+    std::uint32_t macTime = 0;
+    convCFDateRefToMacTime(date.get(), &macTime);
+    return macTime;
+}
+}  // namespace
+
+fileFacts gpsReadFileFacts(TovStringRef path)
+{
+    fileFacts facts{};
+    const std::optional<platform::FileAttributes> attributes =
+        platform::attributesOf(platform::pathBytes(path));
+    if (!attributes) return facts;
+    if (attributes->isRegular) facts.size = attributes->size;
+    facts.modified = macTimeOf(attributes->modified);
+    if (attributes->created) facts.created = macTimeOf(*attributes->created);
+    return facts;
+}
+
+TovStringRef gpsMakeFileSizeText(const fileFacts& facts)
+{
+    return facts.size ? TovStringMakeSizeString(*facts.size) : platform::createString(u"n.a.");
+}
+
+TovStringRef gpsMakeModifiedText(const fileFacts& facts)
+{
+    return TovStringMakeDateTimeString(facts.modified, kWithTime, kWithYear);
+}
+
+TovStringRef gpsMakeCreatedText(const fileFacts& facts)
+{
+    return TovStringMakeDateTimeString(facts.created, kWithTime, kWithYear);
+}
