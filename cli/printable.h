@@ -1,0 +1,10 @@
+// Texts that come from files, made fit for a terminal.
+
+#pragma once
+
+#include <string>
+#include <string_view>
+
+// Appends valid UTF-8 so that it stays on its line and never reaches the terminal as a command:
+// line breaks and tabs become blanks, other control characters U+FFFD.
+void appendPrintable(std::string_view text, std::string* out);

@@ -1,0 +1,43 @@
+#include "cli/text_block.h"
+
+#include "cli/printable.h"
+
+#include <string_view>
+
+namespace {
+constexpr std::size_t kValueColumn = 14;
+
+void appendLine(std::string_view caption, std::string_view value, std::string* out)
+{
+    *out += caption;
+    *out += ':';
+    if (!value.empty()) {
+        out->append(kValueColumn - caption.size() - 1, ' ');
+        appendPrintable(value, out);
+    }
+    *out += '\n';
+}
+
+std::string_view textOr(const std::optional<std::string>& text)
+{
+    return text ? std::string_view(*text) : std::string_view();
+}
+}  // namespace
+
+void appendTextBlock(const FileReport& report, std::string* out)
+{
+    appendLine("Path", report.path, out);
+    appendLine("Name", report.name, out);
+    appendLine("Size", report.sizeText, out);
+    appendLine("Modified", report.modified, out);
+    appendLine("Created", report.created, out);
+    appendLine("Coordinate", report.coordinate, out);
+    appendLine("Altitude", report.altitudeText, out);
+    appendLine("Direction", report.direction, out);
+    const PlaceReport none{};
+    const PlaceReport& place = report.place ? *report.place : none;
+    appendLine("City", textOr(place.city), out);
+    appendLine("State", textOr(place.state), out);
+    appendLine("Country", textOr(place.country), out);
+    appendLine("Description", textOr(place.description), out);
+}
