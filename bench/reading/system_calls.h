@@ -1,0 +1,14 @@
+// How often a function asks the system for something.
+
+#pragma once
+
+#include <functional>
+#include <optional>
+
+namespace bench {
+
+// Runs `work` twice in a child process, watches the second run, and returns the number of its
+// system calls. Nothing where processes may not be watched.
+std::optional<int> countSystemCalls(const std::function<void()>& work);
+
+}  // namespace bench
