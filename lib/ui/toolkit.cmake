@@ -1,7 +1,6 @@
 # pinorama::ui, the half of this room that stands on Qt: target_sources(pinorama_ui PRIVATE ...)
 pinorama_add_qt_library(ui)
 target_link_libraries(pinorama_ui PUBLIC pinorama_foundation Qt6::Widgets)
-target_sources(pinorama_ui PRIVATE qt_text.cpp)
 
 # Previews.
 target_sources(pinorama_ui PRIVATE
@@ -11,3 +10,8 @@ target_sources(pinorama_ui PRIVATE
     preview_plan.cpp
     thumbnail_cache.cpp)
 target_link_libraries(pinorama_ui PRIVATE pinorama_other_pictures)
+target_sources(pinorama_ui PRIVATE
+    cocoa_utils.cpp
+    qt_text.cpp
+    view_texts.cpp
+    window_translation.cpp)

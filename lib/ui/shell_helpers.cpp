@@ -1,0 +1,37 @@
+#include "lib/ui/shell_helpers.h"
+
+#include "lib/strings/string_holder.h"
+#include "lib/strings/tov_string.h"
+
+namespace {
+// Lines end in a carriage return with a blank on either side; the last one is led in by two.
+constexpr char kScriptBegin[] = "tell application \"Finder\" \r set myFile to POSIX file \"";
+constexpr char kScriptAfterPath[] =
+    "\" as alias \r set current_com to comment of myfile \r if current_com is \"\" then"
+    " \r set comment of myfile to \"";
+constexpr char kScriptAfterNewComment[] =
+    "\" \r else \r set comment of myfile to (current_com & return & \"";
+constexpr char kScriptEnd[] = "\") as string \r end if \r  end tell";
+
+void appendArgument(TovStringRef* script, TovStringRef text)
+{
+    if (text == nullptr) {
+        TovStringAppendCString(script, "(null)");
+    } else {
+        TovStringAppendTovString(script, text);
+    }
+}
+}  // namespace
+
+TovStringRef cuMakeFinderCommentScript(TovStringRef path, TovStringRef comment)
+{
+    StringHolder script(TovStringCreateMutable());
+    TovStringAppendCString(script.slot(), kScriptBegin);
+    appendArgument(script.slot(), path);
+    TovStringAppendCString(script.slot(), kScriptAfterPath);
+    appendArgument(script.slot(), comment);
+    TovStringAppendCString(script.slot(), kScriptAfterNewComment);
+    appendArgument(script.slot(), comment);
+    TovStringAppendCString(script.slot(), kScriptEnd);
+    return script.take();
+}

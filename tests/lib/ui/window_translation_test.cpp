@@ -1,0 +1,322 @@
+#include "lib/strings/tov_string.h"
+#include "lib/ui/cocoa_utils.h"
+#include "lib/ui/string_tables.h"
+#include "lib/ui/view_texts.h"
+#include "tests/support/environment.h"
+#include "tests/support/texts.h"
+
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QDialog>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMenu>
+#include <QPixmap>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <filesystem>
+#include <stdexcept>
+#include <vector>
+
+namespace {
+QString key(int table, int index)
+{
+    return QStringLiteral("STR#%1:%2").arg(table).arg(index);
+}
+
+// A window with a table of its own: texts 1, 5 and 12 are translated, every other one shows its
+// key.
+class Translation : public testing::Test {
+protected:
+    Translation()
+    {
+        std::filesystem::create_directory(folder_.file("en"));
+        (void)folder_.write("en/Localizable.strings",
+                            "\"STR#1100:1\" = \"one\";\n\"STR#1100:5\" = \"five\";\n"
+                            "\"STR#1001:12\" = \"twelve\";\n");
+        const test::Text identifier = test::text("org.pinorama.TranslationTest");
+        iuRegisterBundle(identifier.get(), folder_.path().c_str(), true);
+        initStringBundle(identifier.get());
+    }
+    ~Translation() override { cuReplaceViewTextSetter({}); }
+
+    template <typename View, typename... Arguments>
+    View* add(Arguments&&... arguments)
+    {
+        auto* view = new View(std::forward<Arguments>(arguments)...);
+        view->setParent(&window_);
+        return view;
+    }
+    void translate() { cocoaUtils::translateWindow(&window_, 1); }
+
+    test::TemporaryFolder folder_;
+    QWidget window_;
+};
+
+using translateADialogString = Translation;
+using translateOneView = Translation;
+using translateWindow = Translation;
+
+std::string translatedText(std::string_view text)
+{
+    const test::Text original = test::text(text);
+    const test::Text result(cocoaUtils::translateADialogString(original.get()));
+    if (result.get() == original.get()) uCFRetain(original.get());
+    return test::utf8(result.get()).value_or("null");
+}
+}  // namespace
+
+TEST_F(translateADialogString, readsMarkerAndNumber)
+{
+    const struct {
+        const char *text, *expected;
+    } rows[] = {
+        {"##5", "five"},
+        {"+#12", "twelve"},
+        {"##17", "STR#1100:17"},
+        {"+#93", "STR#1001:93"},
+        {"## 7", "STR#1100:7"},
+        {"##\t7", "STR#1100:7"},
+        {"##+7", "STR#1100:7"},
+        {"##7x", "STR#1100:7"},
+        {"##-3", "STR#1100:-3"},
+        {"##005", "five"},
+        {"###5", "###5"},
+        {"#+5", "#+5"},
+        {"+ #5", "+ #5"},
+        {"++5", "++5"},
+        {" ##5", " ##5"},
+        {"##", "##"},
+        {"##abc", "##abc"},
+        {"##0", "##0"},
+        {"##-0", "##-0"},
+        {"## ", "## "},
+        {"OK", "OK"},
+        {"", ""},
+        {"\xC3\xA4#5", "\xC3\xA4#5"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.text);
+        EXPECT_EQ(translatedText(row.text), row.expected);
+    }
+}
+
+TEST_F(translateADialogString, testsTheNumberForZeroBeforeNarrowingIt)
+{
+    EXPECT_EQ(translatedText("##65536"), "STR#1100:0");
+    EXPECT_EQ(translatedText("##70000"), "STR#1100:4464");
+    EXPECT_EQ(translatedText("##40000"), "STR#1100:-25536");
+    EXPECT_EQ(translatedText("##99999999999"), "STR#1100:-1");  // held at 2^31 - 1
+}
+
+TEST_F(translateADialogString, ordinaryTextIsTheSameObject)
+{
+    const test::Text ordinary = test::text("Fixed");
+    EXPECT_EQ(cocoaUtils::translateADialogString(ordinary.get()), ordinary.get());
+    EXPECT_EQ(uCFGetRetainCount(ordinary.get()), 1);
+    EXPECT_EQ(cocoaUtils::translateADialogString(nullptr), nullptr);
+}
+
+TEST_F(translateADialogString, aTextWithoutAUTF8FormIsNoPlaceholder)
+{
+    const test::Text broken(platform::createString(u"##5\xD800"));
+    EXPECT_EQ(cocoaUtils::translateADialogString(broken.get()), broken.get());
+}
+
+TEST_F(translateOneView, translatesEachKindOfView)
+{
+    auto* label = add<QLabel>(QStringLiteral("##5"));
+    auto* button = add<QPushButton>(QStringLiteral("+#12"));
+    auto* tool = add<QToolButton>();
+    tool->setText(QStringLiteral("##1"));
+    auto* plain = add<QPlainTextEdit>(QStringLiteral("##5"));
+    auto* fixed = add<QLabel>(QStringLiteral("Fixed"));
+    auto* shortLabel = add<QLabel>(QStringLiteral("##"));
+    auto* noNumber = add<QLabel>(QStringLiteral("##abc"));
+    translate();
+    EXPECT_EQ(label->text(), QLatin1String("five"));
+    EXPECT_EQ(button->text(), QLatin1String("twelve"));
+    EXPECT_EQ(tool->text(), QLatin1String("one"));
+    EXPECT_EQ(plain->toPlainText(), QLatin1String("five"));
+    EXPECT_EQ(fixed->text(), QLatin1String("Fixed"));
+    EXPECT_EQ(shortLabel->text(), QLatin1String("##"));
+    EXPECT_EQ(noNumber->text(), QLatin1String("##abc"));
+}
+
+TEST_F(translateOneView, aFieldHasItsPlaceholderAndItsTextReplaced)
+{
+    auto* line = add<QLineEdit>(QStringLiteral("+#3"));
+    line->setPlaceholderText(QStringLiteral("##4"));
+    auto* plain = add<QPlainTextEdit>();
+    plain->setPlaceholderText(QStringLiteral("##5"));
+    translate();
+    EXPECT_EQ(line->text(), key(1001, 3));
+    EXPECT_EQ(line->placeholderText(), key(1100, 4));
+    EXPECT_EQ(plain->placeholderText(), QLatin1String("five"));
+    EXPECT_EQ(plain->toPlainText(), QString());
+}
+
+TEST_F(translateOneView, aPopUpHasItsItemsTranslated)
+{
+    auto* popUp = add<QComboBox>();
+    popUp->addItems(
+        {QStringLiteral("##1"), QStringLiteral("Fixed"), QString(), QStringLiteral("##2")});
+    translate();
+    EXPECT_EQ(popUp->itemText(0), QLatin1String("one"));
+    EXPECT_EQ(popUp->itemText(1), QLatin1String("Fixed"));
+    EXPECT_EQ(popUp->itemText(2), QString());
+    EXPECT_EQ(popUp->itemText(3), key(1100, 2));
+}
+
+TEST_F(translateOneView, aButtonWithAMenuIsAPopUpWhoseOwnTitleStays)
+{
+    auto* button = add<QPushButton>(QStringLiteral("##5"));
+    auto* menu = new QMenu(button);
+    menu->addAction(QStringLiteral("##1"));
+    menu->addAction(QStringLiteral("Fixed"));
+    button->setMenu(menu);
+    translate();
+    EXPECT_EQ(button->text(), QLatin1String("##5"));
+    EXPECT_EQ(menu->actions().at(0)->text(), QLatin1String("one"));
+    EXPECT_EQ(menu->actions().at(1)->text(), QLatin1String("Fixed"));
+}
+
+TEST_F(translateOneView, nestedBoxesAreBothTranslated)
+{
+    auto* outer = add<QGroupBox>(QStringLiteral("##8"));
+    auto* inner = new QGroupBox(QStringLiteral("##9"), outer);
+    auto* empty = new QGroupBox(outer);
+    auto* label = new QLabel(QStringLiteral("##5"), inner);
+    translate();
+    EXPECT_EQ(outer->title(), key(1100, 8));
+    EXPECT_EQ(inner->title(), key(1100, 9));
+    EXPECT_EQ(empty->title(), QString());
+    EXPECT_EQ(label->text(), QLatin1String("five"));
+}
+
+TEST_F(translateOneView, ofAPictureOnlyTheToolTip)
+{
+    auto* picture = add<QLabel>();
+    picture->setPixmap(QPixmap(2, 2));
+    picture->setToolTip(QStringLiteral("##5"));
+    QStringList set;
+    cuReplaceViewTextSetter([&](QWidget* view, ViewText, int, const QString& text) {
+        if (view == picture) set << text;
+    });
+    translate();
+    EXPECT_EQ(set, QStringList{QStringLiteral("five")});
+}
+
+TEST_F(translateOneView, toolTipsOfAnyView)
+{
+    auto* plainView = add<QWidget>();
+    plainView->setToolTip(QStringLiteral("+#12"));
+    auto* label = add<QLabel>(QStringLiteral("x"));
+    label->setToolTip(QStringLiteral("OK"));
+    translate();
+    EXPECT_EQ(plainView->toolTip(), QLatin1String("twelve"));
+    EXPECT_EQ(label->toolTip(), QLatin1String("OK"));
+}
+
+TEST_F(translateOneView, aRefusedTextNeverStopsTheWalk)
+{
+    auto* box = add<QGroupBox>(QStringLiteral("##8"));
+    auto* inBox = new QLabel(QStringLiteral("##5"), box);
+    auto* popUp = add<QComboBox>();
+    popUp->addItems({QStringLiteral("##1"), QStringLiteral("##2")});
+    auto* line = add<QLineEdit>(QStringLiteral("##5"));
+    line->setPlaceholderText(QStringLiteral("##5"));
+    auto* last = add<QLabel>(QStringLiteral("##5"));
+    cuReplaceViewTextSetter([&](QWidget* view, ViewText kind, int item, const QString& text) {
+        const bool refused = kind == ViewText::title || kind == ViewText::placeholder ||
+                             (kind == ViewText::item && item == 0);
+        if (refused) throw std::runtime_error("refused");
+        if (kind == ViewText::item) popUp->setItemText(item, text);
+        if (kind != ViewText::value) return;
+        if (auto* label = qobject_cast<QLabel*>(view)) label->setText(text);
+        if (view == line) line->setText(text);
+    });
+    translate();
+    EXPECT_EQ(box->title(), QLatin1String("##8"));
+    EXPECT_EQ(inBox->text(), QLatin1String("five"));
+    EXPECT_EQ(popUp->itemText(0), QLatin1String("##1"));
+    EXPECT_EQ(popUp->itemText(1), key(1100, 2));
+    EXPECT_EQ(line->placeholderText(), QLatin1String("##5"));
+    EXPECT_EQ(line->text(), QLatin1String("five"));
+    EXPECT_EQ(last->text(), QLatin1String("five"));
+}
+
+TEST_F(translateOneView, aButtonThatRefusesItsTitleIsTriedAsAControl)
+{
+    auto* button = add<QPushButton>(QStringLiteral("##5"));
+    std::vector<ViewText> kinds;
+    cuReplaceViewTextSetter([&](QWidget* view, ViewText kind, int, const QString&) {
+        if (view != button) return;
+        if (kind != ViewText::toolTip) kinds.push_back(kind);
+        if (kind == ViewText::title) throw std::logic_error("refused");
+    });
+    translate();
+    EXPECT_EQ(kinds, (std::vector<ViewText>{ViewText::title, ViewText::value}));
+}
+
+TEST_F(translateOneView, anotherKindOfExceptionIsPassedOn)
+{
+    add<QLabel>(QStringLiteral("##5"));
+    cuReplaceViewTextSetter([](QWidget*, ViewText kind, int, const QString&) {
+        if (kind == ViewText::value) throw 5;
+    });
+    EXPECT_THROW(translate(), int);
+}
+
+TEST_F(translateOneView, toolTipsHaveNoGuard)
+{
+    auto* label = add<QLabel>(QStringLiteral("##5"));
+    label->setToolTip(QStringLiteral("##1"));
+    cuReplaceViewTextSetter([](QWidget*, ViewText kind, int, const QString& text) {
+        if (kind == ViewText::toolTip && !text.isEmpty()) throw std::runtime_error("refused");
+    });
+    EXPECT_THROW(translate(), std::runtime_error);
+}
+
+TEST_F(translateOneView, viewsThatComeDuringTheWalkAreTranslatedToo)
+{
+    auto* first = add<QLabel>(QStringLiteral("##5"));
+    QLabel* late = nullptr;
+    cuReplaceViewTextSetter([&](QWidget* view, ViewText kind, int, const QString& text) {
+        if (kind != ViewText::value) return;
+        qobject_cast<QLabel*>(view)->setText(text);
+        if (view == first) late = add<QLabel>(QStringLiteral("##1"));
+    });
+    translate();
+    ASSERT_NE(late, nullptr);
+    EXPECT_EQ(late->text(), QLatin1String("one"));
+}
+
+TEST_F(translateWindow, keepsTheWindowsTitle)
+{
+    QMainWindow window;
+    window.setWindowTitle(QStringLiteral("##5"));
+    auto* central = new QWidget;
+    auto* label = new QLabel(QStringLiteral("##5"), central);
+    window.setCentralWidget(central);
+    for (const std::uint8_t flag : {0, 1}) {
+        cocoaUtils::translateWindow(&window, flag);
+        EXPECT_EQ(window.windowTitle(), QLatin1String("##5"));
+    }
+    EXPECT_EQ(label->text(), QLatin1String("five"));
+    cocoaUtils::translateWindow(nullptr, 1);
+}
+
+TEST_F(translateWindow, leavesWindowsOfItsOwnAlone)
+{
+    QDialog dialog(&window_);
+    auto* label = new QLabel(QStringLiteral("##5"), &dialog);
+    translate();
+    EXPECT_EQ(label->text(), QLatin1String("##5"));
+}

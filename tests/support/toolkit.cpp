@@ -1,0 +1,16 @@
+#include "tests/support/toolkit.h"
+
+void test::Toolkit::SetUp()
+{
+    static int argc = 1;
+    static char name[] = "test";
+    static char* argv[] = {name, nullptr};
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    application_ = std::make_unique<QApplication>(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+}
+
+void test::Toolkit::TearDown()
+{
+    application_.reset();
+}
