@@ -47,7 +47,9 @@ double doubleOf(const FormatArgument& argument)
 class Renderer {
 public:
     Renderer(TovStringRef target, std::span<const FormatArgument> arguments)
-        : target_(target), arguments_(arguments)
+        : target_(target),
+          firstLength_(static_cast<std::size_t>(target->length)),
+          arguments_(arguments)
     {
     }
 
@@ -198,13 +200,15 @@ private:
         }
         const bool isNull =
             argument.kind == FormatArgument::Kind::cString || argument.text == nullptr;
-        const std::size_t length =
-            isNull ? kNull.size() : static_cast<std::size_t>(argument.text->length);
-        const std::size_t count = std::min(length, most);
-        printAligned(directive, count, [&] {
-            // Looked up now: the text may be the target, whose units the padding has moved.
-            append((isNull ? kNull : unitsOf(argument.text)).substr(0, count));
-        });
+        // The target as an argument counts as it was before anything was printed. Its units move
+        // while it grows, so that they are looked up each time.
+        const auto units = [&] {
+            if (isNull) return kNull;
+            const std::u16string_view all = unitsOf(argument.text);
+            return argument.text == target_ ? all.substr(0, firstLength_) : all;
+        };
+        const std::size_t count = std::min(units().size(), most);
+        printAligned(directive, count, [&] { append(units().substr(0, count)); });
     }
 
     template <typename Print>
@@ -220,6 +224,7 @@ private:
     static constexpr std::u16string_view kNull = u"(null)";
 
     TovStringRef target_;
+    std::size_t firstLength_;
     std::span<const FormatArgument> arguments_;
     std::size_t next_ = 0;
     bool isComplete_ = true;

@@ -301,12 +301,11 @@ TEST(tovAppendFormat, appendsInPlace)
     EXPECT_EQ(utf8(target.get()), "a7b");
 }
 
-TEST(tovAppendFormat, takesTheTargetAsAnArgument)
+TEST(tovAppendFormat, takesTheTargetAsItWasForAnArgument)
 {
     auto target = mutableText("abcdefghijklmno");
-    EXPECT_TRUE(tovAppendFormat(target.slot(), u"%40@|%-20@", {target.get(), "x"}));
-    EXPECT_EQ(utf8(target.get()), "abcdefghijklmno" + std::string(25, ' ') + "abcdefghijklmno|x" +
-                                      std::string(19, ' '));
+    EXPECT_TRUE(tovAppendFormat(target.slot(), u"<%20@|%@>", {target.get(), target.get()}));
+    EXPECT_EQ(utf8(target.get()), "abcdefghijklmno<     abcdefghijklmno|abcdefghijklmno>");
 }
 
 TEST(tovAppendFormat, refusesNullAndImmutableTargets)
