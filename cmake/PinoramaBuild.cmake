@@ -55,6 +55,11 @@ if(PINORAMA_SANITIZE)
     target_link_options(pinorama_options INTERFACE -fsanitize=address,undefined)
 endif()
 
+if(PINORAMA_COVERAGE)
+    target_compile_options(pinorama_options INTERFACE --coverage -fprofile-update=atomic)
+    target_link_options(pinorama_options INTERFACE --coverage)
+endif()
+
 # pinorama_add_library(NAME) makes the static library pinorama_NAME, known to others as pinorama::NAME.
 # The rooms add their sources to it with target_sources.
 function(pinorama_add_library name)
