@@ -1,0 +1,19 @@
+#include "globe/google_earth_connector.h"
+
+#include "globe/kml_document.h"
+#include "lib/strings/string_holder.h"
+#include "lib/strings/tov_file.h"
+
+namespace {
+constexpr std::uint16_t kEncodingUTF8 = 12;
+}  // namespace
+
+std::int32_t GoogleEarthConnector::exportToKML(TovStringRef path, const fileInfoRecord* gpsInfo,
+                                               TovStringRef name)
+{
+    const StringHolder document(gpsMakeKMLDocument(gpsInfo, name));
+    if (document && TovStringIsValid(path)) {
+        (void)TovStringWriteToFile(document.get(), path, kEncodingUTF8);  // reports nothing
+    }
+    return 0;
+}

@@ -1,0 +1,25 @@
+// Writes the KML file for a globe program.
+
+#pragma once
+
+#include "lib/strings/tov_string.h"
+#include "location/file_info_record.h"
+
+#include <cstdint>
+
+// A class of class methods only.
+class GoogleEarthConnector {
+public:
+    GoogleEarthConnector() = delete;
+
+    // Writes the document of gpsMakeKMLDocument to the file at `path`, as UTF-8.
+    //
+    //   path      absolute or relative; null writes nothing.
+    //   gpsInfo   read only; null writes nothing.
+    //   name      the picture's file name with its extension, or null.
+    //
+    // An existing file is written over from its start and never shortened: when it was longer, its
+    // tail stays. Always 0: a file that cannot be created or written is not reported.
+    static std::int32_t exportToKML(TovStringRef path, const fileInfoRecord* gpsInfo,
+                                    TovStringRef name);
+};
