@@ -5,6 +5,7 @@ target_link_libraries(pinorama_ui PUBLIC pinorama_foundation Qt6::Widgets)
 # Previews.
 target_sources(pinorama_ui PRIVATE
     file_icon.cpp
+    image_conversion.cpp
     preview.cpp
     preview_loader.cpp
     preview_plan.cpp

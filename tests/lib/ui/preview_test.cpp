@@ -7,10 +7,10 @@
 #include "tests/support/environment.h"
 #include "tests/support/jpeg_pictures.h"
 #include "tests/support/texts.h"
+#include "tests/support/toolkit.h"
 
 #include <QCryptographicHash>
 #include <QEventLoop>
-#include <QGuiApplication>
 #include <QIcon>
 #include <QImage>
 #include <QTimer>
@@ -21,31 +21,13 @@
 #include <cmath>
 #include <filesystem>
 #include <fstream>
-#include <memory>
 
 #include <sys/stat.h>
 
 namespace {
 constexpr QSizeF kSize(128, 128);
 
-// One application for all tests of this program, without a display.
-class Application : public testing::Environment {
-public:
-    void SetUp() override
-    {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        application_ = std::make_unique<QGuiApplication>(count_, arguments_);
-    }
-    void TearDown() override { application_.reset(); }
-
-private:
-    int count_ = 1;
-    char name_[5] = "test";
-    char* arguments_[2] = {name_, nullptr};
-    std::unique_ptr<QGuiApplication> application_;
-};
-
-const testing::Environment* const kApplication = testing::AddGlobalTestEnvironment(new Application);
+const auto* const kToolkit = testing::AddGlobalTestEnvironment(new test::Toolkit);
 
 QPixmap pictureOf(const std::string& path, QSizeF size = kSize, std::uint8_t asIcon = 0)
 {
