@@ -12,4 +12,9 @@ namespace platform {
 // EXDEV when `to` is on another file system.
 bool moveWithoutReplacing(const std::string& from, const std::string& to);
 
+// The same for file systems that cannot refuse to replace. A file is linked at `to` first, which
+// never replaces; for a folder, and where there are no links, another program could still put an
+// item at `to` between the question and the move.
+bool moveInSteps(const std::string& from, const std::string& to);
+
 }  // namespace platform

@@ -3,17 +3,21 @@
 #include "lib/base/status.h"
 #include "lib/files/file_reference.h"
 #include "tests/support/environment.h"
+#include "tests/support/other_volume.h"
 #include "tests/support/texts.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <vector>
 
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
@@ -147,27 +151,41 @@ TEST(feMoveFolderToTrash, clashGivesTheTicksAndARandomNumber)
 TEST(feMoveFileToTrash, deletesForGoodWhereNoTrashCanBeMade)
 {
     const Home home;
-    // The home Trash is on another volume, and the top folder of /dev/shm has a file in the place
-    // of the user's Trash.
-    const std::string taken = "/dev/shm/.Trash-" + std::to_string(geteuid());
-    struct stat here = {}, there = {};
-    if (stat("/dev/shm", &there) != 0 || stat(home.folder.path().c_str(), &here) != 0 ||
-        here.st_dev == there.st_dev || access("/dev/shm", W_OK) != 0 || fs::exists(taken) ||
-        fs::exists("/dev/shm/.Trash")) {
-        GTEST_SKIP() << "there is no second volume to try it on";
+    const test::OtherVolume volume;
+    if (!volume.isUsable()) GTEST_SKIP() << "there is no second volume to try it on";
+    std::ofstream(volume.ownTrash()) << "a file in the place of the Trash";
+    const FSRef file = {volume.write("file", "x")};
+    EXPECT_EQ(feMoveFileToTrash(&file), 0);
+    EXPECT_FALSE(fs::exists(file.path));
+
+    const FSRef empty = {volume.folder() + "/empty"};
+    fs::create_directory(empty.path);
+    EXPECT_EQ(feMoveFolderToTrash(&empty), 0);
+    EXPECT_FALSE(fs::exists(empty.path));
+
+    const FSRef full = {volume.folder()};
+    const std::string kept = volume.write("kept", "x");
+    EXPECT_EQ(feMoveFolderToTrash(&full), kErrBusy) << "a full folder is not deleted";
+    EXPECT_TRUE(fs::exists(kept));
+}
+
+TEST(feMoveFileToTrash, deletesNothingThatOnlyCouldNotBeMoved)
+{
+    const Home home;
+    const FSRef ref = {home.folder.write("a.jpg", "picture")};
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        // No file may grow, as on a full disk, so the record of where the item came from is not
+        // made.
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit none = {0, 0};
+        if (setrlimit(RLIMIT_FSIZE, &none) != 0) _exit(2);
+        _exit(feMoveFileToTrash(&ref) == kErrInputOutput ? 0 : 1);
     }
-    std::ofstream{taken} << "";
-    const FSRef ref = {"/dev/shm/pinorama-test-" + std::to_string(getpid())};
-    std::ofstream{ref.path} << "x";
-    fs::create_directory(ref.path + ".dir");
-    std::ofstream{ref.path + ".dir/item"} << "x";
-
-    EXPECT_EQ(feMoveFileToTrash(&ref), 0);
-    EXPECT_FALSE(fs::exists(ref.path));
-    const FSRef fullFolder = {ref.path + ".dir"};
-    EXPECT_EQ(feMoveFolderToTrash(&fullFolder), kErrBusy) << "a full folder is not deleted";
-    EXPECT_TRUE(fs::exists(fullFolder.path + "/item"));
-
-    fs::remove_all(fullFolder.path);
-    fs::remove(taken);
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(test::readFile(ref.path), "picture");
+    EXPECT_TRUE(fs::is_empty(home.folder.file("share/Trash/info")));
 }
