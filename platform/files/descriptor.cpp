@@ -109,6 +109,15 @@ std::int64_t platform::appendTo(int descriptor, const void* buffer, std::size_t 
     });
 }
 
+bool platform::flushDescriptor(int descriptor)
+{
+    int result = -1;
+    do {
+        result = fsync(descriptor);
+    } while (result < 0 && errno == EINTR);
+    return result == 0;
+}
+
 platform::DescriptorHolder::~DescriptorHolder()
 {
     if (descriptor_ > 0) close(descriptor_);

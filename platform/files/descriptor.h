@@ -40,6 +40,9 @@ std::int64_t writeAt(int descriptor, std::int64_t offset, const void* buffer, st
 // Returns as writeAt does.
 std::int64_t appendTo(int descriptor, const void* buffer, std::size_t count);
 
+// Brings what was written to the disk. True when the system says that it is there.
+bool flushDescriptor(int descriptor);
+
 // Owns one open descriptor; what is not above 0 counts as none.
 class DescriptorHolder {
 public:
