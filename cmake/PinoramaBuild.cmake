@@ -61,6 +61,11 @@ if(PINORAMA_COVERAGE)
     target_link_options(pinorama_options INTERFACE --coverage)
 endif()
 
+# The fuzzers steer by what the libraries do with their input.
+if(PINORAMA_FUZZ)
+    target_compile_options(pinorama_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 # pinorama_add_library(NAME) makes the static library pinorama_NAME, known to others as pinorama::NAME.
 # The rooms add their sources to it with target_sources.
 function(pinorama_add_library name)
