@@ -182,6 +182,18 @@ TEST(readPictureProperties, resourcesGoOnInTheNextSegment)
     }
 }
 
+TEST(readPictureProperties, readsARecordThatIsStoredAsLongIntegers)
+{
+    // Programs that count the record in units of four bytes fill it up with zeros.
+    std::string record = test::iptcRecord({.city = "Rome"});
+    record.resize((record.size() + 3) / 4 * 4, '\0');
+    const test::TiffField field{0x83bb, 4, static_cast<std::uint32_t>(record.size() / 4), record};
+    const std::optional<PictureProperties> properties =
+        propertiesOf(test::tiffBlock({.fields = {field}}));
+    ASSERT_TRUE(properties);
+    EXPECT_EQ(properties->city, u"Rome");
+}
+
 TEST(readPictureProperties, looksOnlyAtTheFirstImage)
 {
     const std::string second = test::pictureWithGps(kEverything);

@@ -115,6 +115,24 @@ TEST(copyPictureProperties, leavesOutWhatThePictureLacks)
     EXPECT_EQ(inner(position, kCGImagePropertyGPSDictionary)->count, 1);
 }
 
+TEST(copyPictureProperties, goesByTheContentAndNotByTheName)
+{
+    const test::TemporaryFolder folder;
+    const std::string jpeg = test::pictureWithGps(kFields);
+    const std::string tiff = test::tiffWithGps(kFields);
+    const std::string paths[] = {folder.write("a.nef", jpeg), folder.write("b.jpg", tiff),
+                                 folder.write("c", jpeg),
+                                 folder.write("d.raf", test::mrwPicture(tiff)),
+                                 folder.write("e.mrw", test::rafPicture(jpeg))};
+    for (const std::string& path : paths) {
+        SCOPED_TRACE(path);
+        const Dictionary properties(copyPictureProperties(path));
+        EXPECT_EQ(
+            number(inner(properties, kCGImagePropertyGPSDictionary), kCGImagePropertyGPSLatitude),
+            33.9);
+    }
+}
+
 TEST(copyPictureProperties, acceptsRegularFilesOnly)
 {
     const test::TemporaryFolder folder;
