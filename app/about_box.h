@@ -1,0 +1,8 @@
+// The box that tells what the program is, its version and its licence.
+
+#pragma once
+
+class QWidget;
+
+// Shows the box over `parent` and returns at once; it goes away by itself.
+void appShowAboutBox(QWidget* parent);

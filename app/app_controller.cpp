@@ -1,0 +1,130 @@
+#include "app/app_controller.h"
+
+#include "app/elided_field.h"
+#include "app/finder_sync.h"
+#include "app/main_window.h"
+#include "app/pop_up_menu.h"
+#include "app/wrapped_field.h"
+#include "lib/conv/time_conversions.h"
+#include "lib/strings/string_holder.h"
+#include "lib/strings/tov_display.h"
+#include "lib/strings/tov_string.h"
+#include "lib/ui/application_bundle.h"
+#include "lib/ui/qt_text.h"
+#include "lib/ui/string_tables.h"
+#include "location/accepted_types.h"
+#include "platform/files/path_text.h"
+
+#include <QApplication>
+#include <QMimeData>
+#include <QTimer>
+
+#include <string>
+
+namespace {
+constexpr int kSelectionInterval = 200;  // milliseconds
+}  // namespace
+
+AppController::AppController(platform::SelectionSource* selection, platform::AddressOpener* opener)
+    : gUpdateTimer(nullptr),
+      lastPath(nullptr),
+      info{},
+      window_(std::make_unique<MainWindow>()),
+      selection_(selection),
+      opener_(opener != nullptr ? opener : &desktopOpener_)
+{
+    connectOutlets();
+    connectActions();
+    connect(&previews_, &PreviewLoader::previewReady, this, &AppController::showPreview);
+}
+
+AppController::~AppController()
+{
+    gpsReleaseInfoRecord(&info);
+    TovStringRelease(&lastPath);
+}
+
+bool AppController::init()
+{
+    QApplication::setQuitOnLastWindowClosed(applicationShouldTerminateAfterLastWindowClosed());
+    if (iuRegisterApplicationBundle() == nullptr) return false;
+    const StringHolder identifier(platform::createString(kApplicationIdentifier));
+    if (initStringBundle(identifier.get()) == nullptr) return false;
+    tovStringInitString();
+    convInit();
+    info = {};
+    return true;
+}
+
+void AppController::applicationWillFinishLaunching()
+{
+    appRegisterFinderSyncDefault();
+}
+
+void AppController::awakeFromNib()
+{
+    // The check box mirrors the preference: it starts with what is stored and stores what is set.
+    syncCheckbox->setChecked(appLoadFinderSync());
+    connect(syncCheckbox, &QCheckBox::toggled, this, &appStoreFinderSync);
+
+    gUpdateTimer = new QTimer(this);
+    connect(gUpdateTimer, &QTimer::timeout, this, &AppController::updateSelection);
+    gUpdateTimer->start(kSelectionInterval);
+    setupWebMenu();
+}
+
+bool AppController::acceptPath(TovStringRef path)
+{
+    return gpsIsAcceptedPath(path);
+}
+
+bool AppController::applicationOpenFile(TovStringRef path)
+{
+    showMainWindow();
+    return updateValuesForNewPath(path);
+}
+
+void AppController::openFile(const QMimeData* pasteboard)
+{
+    showMainWindow();
+    // QMimeData::hasText would make a text of a list of files too.
+    if (pasteboard == nullptr || !pasteboard->hasFormat(QStringLiteral("text/plain"))) return;
+    const QString text = pasteboard->text();
+    if (text.isEmpty()) return;
+    const StringHolder path(cuCreateText(text));
+    updateValuesForNewPath(path.get());
+}
+
+bool AppController::applicationShouldTerminateAfterLastWindowClosed()
+{
+    return false;
+}
+
+void AppController::showMainWindow()
+{
+    if (myWindow->isMinimized()) myWindow->showNormal();
+    myWindow->show();
+    myWindow->raise();
+    myWindow->activateWindow();
+}
+
+void AppController::updateSelection()
+{
+    if (syncCheckbox->checkState() != Qt::Checked) return;
+    const ObjectHolder<TovArrayRef> selection(getFinderSelection());
+    if (TovArrayGetCount(selection.get()) != 1) return;
+    updateValuesForNewPath(platform::asString(TovArrayGetValue(selection.get(), 0)));
+}
+
+TovArrayRef AppController::getFinderSelection()
+{
+    if (selection_ == nullptr) return nullptr;
+    const std::vector<std::string> selected = selection_->selectedPaths();
+    if (selected.empty()) return nullptr;
+    ObjectHolder<TovArrayRef> paths(TovArrayCreate());
+    for (const std::string& path : selected) {
+        const StringHolder text(platform::createPathText(path));
+        TovArrayAppend(paths.get(), text.get());
+    }
+    return paths.take();
+}

@@ -1,0 +1,146 @@
+// The controller of the one window: every way that a path takes into the program ends here, and
+// everything that the window shows is put there from here.
+//
+// The window may be closed while the program runs: it is hidden then, its fields go on being kept
+// up to date, and whatever brings a path brings it back. Everything runs on the thread of the event
+// loop.
+
+#pragma once
+
+#include "app/selection_script.h"
+#include "app/web_services.h"
+#include "lib/ui/preview_loader.h"
+#include "location/file_info_record.h"
+#include "platform/desktop/address_opener.h"
+#include "platform/desktop/selection_source.h"
+#include "platform/objects/collections.h"
+#include "platform/objects/string.h"
+
+#include <QByteArray>
+#include <QObject>
+
+#include <cstdint>
+#include <memory>
+
+class ElidedField;
+class MainWindow;
+class PictureField;
+class PopUpMenu;
+class QCheckBox;
+class QLabel;
+class QMimeData;
+class QPushButton;
+class QTimer;
+class WrappedField;
+
+class AppController : public QObject {
+    Q_OBJECT
+
+public:
+    // Makes the window, hidden, and connects the outlets.
+    //
+    //   selection  tells what is selected in the file manager; borrowed, null for nothing ever.
+    //   opener     opens web addresses; borrowed, null for the desktop's own way.
+    explicit AppController(platform::SelectionSource* selection = nullptr,
+                           platform::AddressOpener* opener = nullptr);
+    ~AppController() override;
+
+    // The outlets: views of the window, made from its description. They live as long as the
+    // controller.
+    MainWindow* myWindow;
+    PictureField* fileIconField;
+    QLabel* geoTagField;  // the marker, visible while the shown file has a location
+    ElidedField* fileNameField;
+    WrappedField* fileCreationDateField;
+    WrappedField* fileModificationDateField;
+    WrappedField* fileSizeField;
+    WrappedField* gpsCoordinateField;
+    WrappedField* gpsAltitudeField;
+    WrappedField* gpsDirectionField;
+    WrappedField* iptcCityField;
+    WrappedField* iptcStateField;
+    WrappedField* iptcCountryField;
+    WrappedField* iptcDescriptionField;
+    PopUpMenu* webServicesMenu;
+    QCheckBox* syncCheckbox;
+    QPushButton* showInGEButton;
+    QPushButton* searchInTovButton;
+    QPushButton* exportKMLButton;
+
+    QTimer* gUpdateTimer;   // null until awakeFromNib, then never stopped
+    TovStringRef lastPath;  // owned copy of the path that is shown; null at first
+    fileInfoRecord info;    // of the accepted file that was shown last; its texts are null
+
+    // Start-up, in this order. `init` makes the program's texts known and creates the formatters;
+    // false when there are no texts, and the controller is not to be used then.
+    bool init();
+    void applicationWillFinishLaunching();
+    void awakeFromNib();
+
+    // True when the path's type is one of the accepted picture types.
+    bool acceptPath(TovStringRef path);
+
+    // Shows a file: the only operation that changes what the window shows.
+    //
+    //   path  read only. Null and the path that is shown already do nothing at all.
+    //
+    // Returns true when the path is new and its type accepted, with or without a location.
+    bool updateValuesForNewPath(TovStringRef path);
+
+    // Brings the window forward and shows a file. Returns what updateValuesForNewPath does.
+    bool applicationOpenFile(TovStringRef path);
+
+    // Brings the window forward and, when the pasteboard holds a plain text that is not empty,
+    // shows the file whose path that text is, as it stands.
+    void openFile(const QMimeData* pasteboard);
+
+    // Always false: the program goes on without a window.
+    bool applicationShouldTerminateAfterLastWindowClosed();
+
+    // Shows the file that is selected in the file manager, when it is exactly one and the check box
+    // is on. The timer calls it every 0.2 seconds.
+    void updateSelection();
+
+    // Returns a new array of the selected paths; null when there is none.
+    [[nodiscard]] TovArrayRef getFinderSelection();
+
+    // Appends the services to the pop-up.
+    void setupWebMenu();
+
+public Q_SLOTS:
+    void showMainWindow();
+    void donate();
+    void poweredBySkallion();
+
+    // Opens the location in a service. `itemIndex` counts from 0 over the whole pop-up, its title
+    // item included; an item that is no service does nothing.
+    void webMenuHit(std::int32_t itemIndex);
+    void searchInSkallion();
+    void exportToKML();
+    void revealInGoogleEarth();
+
+    // Asks the user for a picture and shows it.
+    void openPicture();
+    void showAboutBox();
+
+    // Puts the preview of `path`, in raw bytes, into the window. It is dropped when another path
+    // has been shown since.
+    void showPreview(const QByteArray& path, const QPixmap& preview);
+
+private:
+    void connectOutlets();
+    void connectActions();
+    void showAttributes(TovStringRef path);
+    void requestPreview();
+    void showLocation();
+    void clearLocation();
+    void clearPlaceTexts();
+    void setLocationActions(bool enabled);
+    void openAddress(TovStringRef address);
+
+    std::unique_ptr<MainWindow> window_;
+    platform::SelectionSource* selection_;
+    platform::DesktopAddressOpener desktopOpener_;
+    platform::AddressOpener* opener_;
+    PreviewLoader previews_;
+};

@@ -1,0 +1,126 @@
+// What the window's controls and menus do, and how they are connected.
+
+#include "app/about_box.h"
+#include "app/app_controller.h"
+#include "app/elided_field.h"
+#include "app/main_window.h"
+#include "app/pop_up_menu.h"
+#include "lib/strings/string_holder.h"
+#include "lib/ui/qt_text.h"
+#include "platform/files/path_text.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+
+#include <memory>
+
+void AppController::connectOutlets()
+{
+    myWindow = window_.get();
+    fileIconField = myWindow->fileIconField;
+    geoTagField = myWindow->geoTagField;
+    fileNameField = myWindow->fileNameField;
+    fileCreationDateField = myWindow->fileCreationDateField;
+    fileModificationDateField = myWindow->fileModificationDateField;
+    fileSizeField = myWindow->fileSizeField;
+    gpsCoordinateField = myWindow->gpsCoordinateField;
+    gpsAltitudeField = myWindow->gpsAltitudeField;
+    gpsDirectionField = myWindow->gpsDirectionField;
+    iptcCityField = myWindow->iptcCityField;
+    iptcStateField = myWindow->iptcStateField;
+    iptcCountryField = myWindow->iptcCountryField;
+    iptcDescriptionField = myWindow->iptcDescriptionField;
+    webServicesMenu = myWindow->webServicesMenu;
+    syncCheckbox = myWindow->syncCheckbox;
+    showInGEButton = myWindow->showInGEButton;
+    searchInTovButton = myWindow->searchInTovButton;
+    exportKMLButton = myWindow->exportKMLButton;
+}
+
+void AppController::connectActions()
+{
+    const MainWindow* window = myWindow;
+    connect(showInGEButton, &QPushButton::clicked, this, &AppController::revealInGoogleEarth);
+    connect(window->showInGEAction, &QAction::triggered, this, &AppController::revealInGoogleEarth);
+    connect(searchInTovButton, &QPushButton::clicked, this, &AppController::searchInSkallion);
+    connect(window->searchInTovAction, &QAction::triggered, this, &AppController::searchInSkallion);
+    connect(exportKMLButton, &QPushButton::clicked, this, &AppController::exportToKML);
+    connect(window->exportKMLAction, &QAction::triggered, this, &AppController::exportToKML);
+    connect(webServicesMenu, &PopUpMenu::chosen, this, &AppController::webMenuHit);
+    connect(window->webServicesAction, &QAction::triggered, webServicesMenu, &PopUpMenu::showPopup);
+
+    connect(window->openAction, &QAction::triggered, this, &AppController::openPicture);
+    connect(window->closeAction, &QAction::triggered, window_.get(), &QWidget::close);
+    connect(window->quitAction, &QAction::triggered, qApp, &QCoreApplication::quit);
+    connect(window->homePageAction, &QAction::triggered, this, &AppController::poweredBySkallion);
+    connect(window->donateAction, &QAction::triggered, this, &AppController::donate);
+    connect(window->aboutAction, &QAction::triggered, this, &AppController::showAboutBox);
+    connect(window, &MainWindow::fileDropped, this, [this](const QByteArray& path) {
+        const StringHolder text(platform::createPathText(path.toStdString()));
+        applicationOpenFile(text.get());
+    });
+}
+
+void AppController::setupWebMenu()
+{
+    for (std::int32_t number = 1;; ++number) {
+        const StringHolder title(appCopyServiceTitle(number));
+        if (!title) return;
+        webServicesMenu->addItem(cuTextUnits(title.get()));
+    }
+}
+
+void AppController::webMenuHit(std::int32_t itemIndex)
+{
+    if (itemIndex < 0 || itemIndex >= webServicesMenu->count()) return;
+    const StringHolder title(cuCreateText(webServicesMenu->itemText(itemIndex)));
+    const StringHolder urlTemplate(appCopyServiceTemplate(title.get()));
+    const StringHolder address(appMakeWebServiceURL(urlTemplate.get(), &info, lastPath));
+    openAddress(address.get());
+}
+
+void AppController::searchInSkallion()
+{
+    const StringHolder address(appMakeCatalogueURL(&info));
+    openAddress(address.get());
+}
+
+void AppController::exportToKML() {}
+
+void AppController::revealInGoogleEarth() {}
+
+void AppController::donate()
+{
+    opener_->open(QByteArrayLiteral(PINORAMA_DONATION_URL));
+}
+
+void AppController::poweredBySkallion()
+{
+    opener_->open(QByteArrayLiteral(PINORAMA_HOME_URL));
+}
+
+void AppController::openAddress(TovStringRef address)
+{
+    if (address != nullptr) opener_->open(cuTextUnits(address).toUtf8());
+}
+
+void AppController::openPicture()
+{
+    const QString folder =
+        QFileInfo(QFile::decodeName(platform::pathBytes(lastPath).c_str())).path();
+    auto* dialog = new QFileDialog(myWindow, tr("Open Picture"), folder);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    connect(dialog, &QFileDialog::fileSelected, this, [this](const QString& file) {
+        const StringHolder path(platform::createPathText(QFile::encodeName(file).toStdString()));
+        applicationOpenFile(path.get());
+    });
+    dialog->open();
+}
+
+void AppController::showAboutBox()
+{
+    appShowAboutBox(myWindow);
+}

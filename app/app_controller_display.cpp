@@ -1,0 +1,119 @@
+// What the window shows of a file.
+
+#include "app/app_controller.h"
+#include "app/elided_field.h"
+#include "app/main_window.h"
+#include "app/picture_field.h"
+#include "app/pop_up_menu.h"
+#include "app/wrapped_field.h"
+#include "lib/strings/string_holder.h"
+#include "lib/strings/tov_string.h"
+#include "lib/ui/cocoa_utils.h"
+#include "lib/ui/qt_text.h"
+#include "location/coordinate_text.h"
+#include "location/file_facts.h"
+#include "location/file_name.h"
+#include "location/metadata_reader.h"
+#include "platform/files/path_text.h"
+
+#include <QAction>
+
+namespace {
+constexpr QSizeF kPreviewSize(128, 128);  // points
+
+// Shows a text that is the caller's to release, and releases it.
+void showOwned(QWidget* field, TovStringRef text)
+{
+    cocoaUtils::setStringValue(field, StringHolder(text).get());
+}
+
+}  // namespace
+
+bool AppController::updateValuesForNewPath(TovStringRef path)
+{
+    if (path == nullptr || platform::equalUnits(path, lastPath)) return false;
+    TovStringRelease(&lastPath);
+    lastPath = TovStringGetCopy(path);
+
+    showOwned(fileNameField, gpsCopyFileName(path));
+    fileNameField->setToolTip(cuDisplayText(path));
+    requestPreview();
+    showAttributes(path);
+    if (!acceptPath(path)) {
+        clearLocation();
+        clearPlaceTexts();
+        setLocationActions(false);
+        return false;
+    }
+
+    gpsPrepareInfoRecord(&info);
+    if (gpsGetCoordinatesFromFilePath(path, &info) == 0) showLocation();
+    if (info.latti == 0.0 && info.longi == 0.0) {
+        // The place texts stay as they are: they may be those of the picture before.
+        clearLocation();
+        setLocationActions(false);
+    } else {
+        // Also with one coordinate of zero, when nothing new was shown.
+        setLocationActions(true);
+    }
+    return true;
+}
+
+void AppController::showAttributes(TovStringRef path)
+{
+    const fileFacts facts = gpsReadFileFacts(path);
+    showOwned(fileSizeField, gpsMakeFileSizeText(facts));
+    showOwned(fileModificationDateField, gpsMakeModifiedText(facts));
+    showOwned(fileCreationDateField, gpsMakeCreatedText(facts));
+}
+
+void AppController::requestPreview()
+{
+    // It comes through the event loop: the texts are there at once, and while the selection moves
+    // on quickly only the last picture is drawn.
+    fileIconField->clear();
+    previews_.request(lastPath, kPreviewSize, myWindow->devicePixelRatioF());
+}
+
+void AppController::showPreview(const QByteArray& path, const QPixmap& preview)
+{
+    if (path.toStdString() == platform::pathBytes(lastPath)) fileIconField->setPixmap(preview);
+}
+
+void AppController::showLocation()
+{
+    showOwned(gpsCoordinateField, gpsMakePositionText(info));
+    showOwned(gpsDirectionField, gpsMakeDirectionText(info));
+    showOwned(gpsAltitudeField, gpsMakeAltitudeText(info));
+    cocoaUtils::setStringValue(iptcCityField, info.city);
+    cocoaUtils::setStringValue(iptcCountryField, info.country);
+    cocoaUtils::setStringValue(iptcStateField, info.state);
+    cocoaUtils::setStringValue(iptcDescriptionField, info.description);
+    gpsReleaseInfoRecord(&info);
+}
+
+void AppController::clearLocation()
+{
+    for (QWidget* field : {gpsCoordinateField, gpsDirectionField, gpsAltitudeField})
+        cocoaUtils::setStringValue(field, nullptr);
+}
+
+void AppController::clearPlaceTexts()
+{
+    for (QWidget* field : {iptcCityField, iptcCountryField, iptcStateField, iptcDescriptionField})
+        cocoaUtils::setStringValue(field, nullptr);
+}
+
+void AppController::setLocationActions(bool enabled)
+{
+    for (QWidget* control :
+         {static_cast<QWidget*>(showInGEButton), static_cast<QWidget*>(searchInTovButton),
+          static_cast<QWidget*>(exportKMLButton), static_cast<QWidget*>(webServicesMenu)}) {
+        control->setEnabled(enabled);
+    }
+    for (QAction* action : {myWindow->showInGEAction, myWindow->searchInTovAction,
+                            myWindow->exportKMLAction, myWindow->webServicesAction}) {
+        action->setEnabled(enabled);
+    }
+    geoTagField->setVisible(enabled);
+}

@@ -1,0 +1,109 @@
+#include "app/command_line.h"
+
+#include "platform/desktop/file_uri.h"
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <string_view>
+
+namespace {
+struct Flag {
+    std::string_view name;
+    std::string_view shortName;
+    bool app::CommandLine::*field;
+};
+
+struct Setting {
+    std::string_view name;
+    std::optional<std::string> app::CommandLine::*field;
+};
+
+constexpr std::array kFlags = {
+    Flag{"--help", "-h", &app::CommandLine::help},
+    Flag{"--version", "-v", &app::CommandLine::version},
+    Flag{"--service", "", &app::CommandLine::service},
+};
+
+constexpr std::array kSettings = {
+    Setting{"--service-text", &app::CommandLine::serviceText},
+    Setting{"--action", &app::CommandLine::action},
+    Setting{"--print-and-save", &app::CommandLine::printAndSave},
+};
+
+constexpr std::array kActions = {"home", "donate", "quit"};
+
+std::string absolutePath(const std::string& argument)
+{
+    if (argument.starts_with("file://")) {
+        if (const auto path = platform::pathOfFileURI(argument)) return *path;
+    }
+    std::string_view relative = argument;
+    while (relative.starts_with("./")) relative.remove_prefix(2);
+    if (relative.starts_with('/')) return argument;
+    std::error_code error;
+    const std::string folder = std::filesystem::current_path(error).string();
+    return error ? argument : folder + (folder == "/" ? "" : "/") + std::string(relative);
+}
+}  // namespace
+
+std::optional<app::CommandLine> app::parseCommandLine(const std::vector<std::string>& arguments,
+                                                      std::string* outError)
+{
+    CommandLine line;
+    bool onlyPaths = false;
+    for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
+        if (onlyPaths || !argument->starts_with('-') || *argument == "-") {
+            if (!argument->empty()) line.paths.push_back(absolutePath(*argument));
+            continue;
+        }
+        if (*argument == "--") {
+            onlyPaths = true;
+            continue;
+        }
+        const auto flag = std::find_if(kFlags.begin(), kFlags.end(), [&](const Flag& known) {
+            return *argument == known.name || *argument == known.shortName;
+        });
+        if (flag != kFlags.end()) {
+            line.*flag->field = true;
+            continue;
+        }
+        const std::size_t equals = argument->find('=');
+        const std::string name = argument->substr(0, equals);
+        const auto setting = std::find_if(kSettings.begin(), kSettings.end(),
+                                          [&](const Setting& known) { return name == known.name; });
+        if (setting == kSettings.end()) {
+            *outError = "unknown option " + *argument;
+            return std::nullopt;
+        }
+        if (equals != std::string::npos) {
+            line.*setting->field = argument->substr(equals + 1);
+        } else if (++argument != arguments.end()) {
+            line.*setting->field = *argument;
+        } else {
+            *outError = "nothing follows " + name;
+            return std::nullopt;
+        }
+    }
+    if (line.action &&
+        std::find(kActions.begin(), kActions.end(), *line.action) == kActions.end()) {
+        *outError = "unknown action " + *line.action;
+        return std::nullopt;
+    }
+    return line;
+}
+
+std::string app::usageText()
+{
+    return "usage: pinorama [OPTION]... [PICTURE]...\n"
+           "Tells where the picture selected in the file manager was taken. With several pictures "
+           "the last\none is shown; a window that is open already shows it.\n"
+           "\n"
+           "  --service-text TEXT   take TEXT as the path of a picture, as it stands\n"
+           "  --service             wait for requests on the session bus, without a window\n"
+           "  --action NAME         home, donate: open the page; quit: end the running program\n"
+           "  --print-and-save FILE print what the window shows, save its picture to FILE, and "
+           "end\n"
+           "  -h, --help            print this text\n"
+           "  -v, --version         print the version\n";
+}

@@ -1,0 +1,79 @@
+#include "app/elided_field.h"
+
+#include <QFocusEvent>
+#include <QHelpEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QToolTip>
+
+namespace {
+// QLineEdit keeps this distance to its frame on the left and on the right.
+constexpr int kLineMargin = 2;
+}  // namespace
+
+ElidedField::ElidedField(QWidget* parent) : QLineEdit(parent)
+{
+    setReadOnly(true);
+    setFrame(false);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    setAcceptDrops(false);  // a drop is for the window
+    setAutoFillBackground(false);
+    setBackgroundRole(QPalette::Window);
+
+    QPalette seeThrough;
+    seeThrough.setBrush(QPalette::Base, Qt::NoBrush);
+    setPalette(seeThrough);
+}
+
+QSize ElidedField::sizeHint() const
+{
+    return {fontMetrics().averageCharWidth() * 36, fontMetrics().height()};
+}
+
+QSize ElidedField::minimumSizeHint() const
+{
+    return {fontMetrics().averageCharWidth() * 16, fontMetrics().height()};
+}
+
+bool ElidedField::event(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip && !toolTip().isEmpty()) {
+        // Markup in a file name is part of the name.
+        const QString shown = QLatin1String("<p style='white-space:pre-wrap'>") +
+                              toolTip().toHtmlEscaped() + QLatin1String("</p>");
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), shown, this);
+        return true;
+    }
+    return QLineEdit::event(event);
+}
+
+void ElidedField::paintEvent(QPaintEvent* event)
+{
+    const QRect place = textRect();
+    const bool fits = fontMetrics().horizontalAdvance(displayText()) <= place.width();
+    if (hasFocus() || fits || hasSelectedText()) {
+        QLineEdit::paintEvent(event);
+        return;
+    }
+    QPainter painter(this);
+    painter.setFont(font());
+    style()->drawItemText(&painter, place, static_cast<int>(Qt::AlignVCenter | Qt::AlignLeading),
+                          palette(), isEnabled(),
+                          fontMetrics().elidedText(displayText(), Qt::ElideMiddle, place.width()),
+                          QPalette::Text);
+}
+
+void ElidedField::focusOutEvent(QFocusEvent* event)
+{
+    QLineEdit::focusOutEvent(event);
+    // The context menu takes the focus for a moment and works on the selection.
+    if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason)
+        return;
+    deselect();
+    setCursorPosition(0);
+}
+
+QRect ElidedField::textRect() const
+{
+    return rect().adjusted(kLineMargin, 0, -kLineMargin, 0);
+}

@@ -1,0 +1,94 @@
+#include "app/main_window.h"
+
+#include "platform/desktop/file_uri.h"
+
+#include <QDragEnterEvent>
+#include <QEvent>
+#include <QIcon>
+#include <QMimeData>
+
+#include <string>
+#include <vector>
+
+namespace {
+constexpr int kMarkerSize = 32;            // points
+constexpr float kCaptionStrength = 0.72F;  // of the text's contrast to its background
+
+// The last file of a drop; empty when it holds none.
+QByteArray fileOf(const QMimeData& data)
+{
+    const QByteArray list = data.data(QStringLiteral("text/uri-list"));
+    const std::vector<std::string> paths =
+        platform::pathsOfURIList({list.constData(), static_cast<std::size_t>(list.size())});
+    return paths.empty() ? QByteArray() : QByteArray::fromStdString(paths.back());
+}
+
+QColor between(const QColor& background, const QColor& text, float strength)
+{
+    const auto mixed = [strength](float a, float b) { return a + (b - a) * strength; };
+    return QColor::fromRgbF(mixed(background.redF(), text.redF()),
+                            mixed(background.greenF(), text.greenF()),
+                            mixed(background.blueF(), text.blueF()));
+}
+}  // namespace
+
+MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent)
+{
+    setupUi(this);
+    webServicesMenu->makeFirstItemTheTitle();
+
+    // The marker keeps its place while it is hidden, so that nothing moves when it comes.
+    QSizePolicy policy = geoTagField->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    geoTagField->setSizePolicy(policy);
+    geoTagField->setMinimumSize(kMarkerSize, kMarkerSize);
+    geoTagField->setVisible(false);
+    showMarker();
+    quietCaptions();
+    setFocus();  // not the first field: its whole text would be shown instead of both its ends
+
+    // A screen reader says the caption with the text; the colon is for the eye.
+    for (const auto& captions = findChildren<QLabel*>(); QLabel * caption : captions) {
+        if (QWidget* field = caption->buddy())
+            field->setAccessibleName(caption->text().remove(QLatin1Char(':')));
+    }
+}
+
+void MainWindow::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange)
+        quietCaptions();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!fileOf(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event)
+{
+    const QByteArray path = fileOf(*event->mimeData());
+    if (path.isEmpty()) return;
+    event->acceptProposedAction();
+    Q_EMIT fileDropped(path);
+}
+
+void MainWindow::quietCaptions()
+{
+    QPalette quiet = palette();
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+        quiet.setColor(group, QPalette::WindowText,
+                       between(palette().color(group, QPalette::Window),
+                               palette().color(group, QPalette::WindowText), kCaptionStrength));
+    }
+    for (const auto& captions = findChildren<QLabel*>(); QLabel * caption : captions) {
+        if (caption->buddy() != nullptr) caption->setPalette(quiet);
+    }
+}
+
+void MainWindow::showMarker()
+{
+    const QIcon marker(QStringLiteral(":/pinorama/marker.svg"));
+    geoTagField->setPixmap(marker.pixmap(QSize(kMarkerSize, kMarkerSize), devicePixelRatioF()));
+}

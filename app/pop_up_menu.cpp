@@ -1,0 +1,49 @@
+#include "app/pop_up_menu.h"
+
+#include <QAbstractItemView>
+#include <QKeyEvent>
+#include <QStandardItemModel>
+#include <QWheelEvent>
+
+PopUpMenu::PopUpMenu(QWidget* parent) : QComboBox(parent)
+{
+    connect(this, &QComboBox::activated, this, [this](int index) {
+        setCurrentIndex(0);
+        if (index > 0) Q_EMIT chosen(index);
+    });
+}
+
+void PopUpMenu::makeFirstItemTheTitle()
+{
+    if (auto* items = qobject_cast<QStandardItemModel*>(model()); items && items->item(0))
+        items->item(0)->setFlags(Qt::NoItemFlags);
+    setCurrentIndex(0);
+}
+
+void PopUpMenu::showPopup()
+{
+    const int items = view()->sizeHintForColumn(0);
+    const int frame = 2 * view()->frameWidth() + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    view()->setMinimumWidth(items + frame);
+    QComboBox::showPopup();
+}
+
+// The arrow keys, letters and the wheel walk through a closed combo box and choose each item on the
+// way. An item here opens a web page, so those keys only open the list, and the wheel does nothing.
+void PopUpMenu::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_F4: showPopup(); return;
+    default: event->ignore(); return;
+    }
+}
+
+void PopUpMenu::wheelEvent(QWheelEvent* event)
+{
+    event->ignore();
+}

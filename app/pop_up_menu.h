@@ -1,0 +1,27 @@
+// A pop-up whose items are commands: its first item is the title that it always shows, choosing one
+// of the others runs it once.
+
+#pragma once
+
+#include <QComboBox>
+
+class PopUpMenu : public QComboBox {
+    Q_OBJECT
+
+public:
+    explicit PopUpMenu(QWidget* parent = nullptr);
+
+    // Makes the first item a title: shown, never chosen.
+    void makeFirstItemTheTitle();
+
+    // Opens the list, wide enough for its longest item.
+    void showPopup() override;
+
+Q_SIGNALS:
+    // The user chose the item at `index`, counted from 0 over all items with the title.
+    void chosen(int index);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+};

@@ -1,0 +1,17 @@
+#include "app/selection_script.h"
+
+#include "platform/text/utf8.h"
+
+TovStringRef appMakeSelectionScript()
+{
+    // What lists the selection here is platform::SelectionSource; this is the same request as a
+    // script of the file manager's own language.
+    return platform::createStringFromUTF8(
+        "tell application \"Finder\" \r"
+        " set ms to selection \r"
+        " set mR to {} \r"
+        " repeat with i from 1 to number of ms \r"
+        "\tset mR to mR & (POSIX path of (item i of ms as alias)) \r"
+        " end repeat \r"
+        "\tend tell");
+}

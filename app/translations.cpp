@@ -1,0 +1,30 @@
+#include "app/translations.h"
+
+#include "platform/text/locale.h"
+
+#include <QCoreApplication>
+#include <QLibraryInfo>
+#include <QTranslator>
+
+#include <string>
+
+void app::installTranslations()
+{
+    // The same languages as the string tables, so that a window never mixes two.
+    for (const std::string& language : platform::textLanguages()) {
+        if (language == "en") return;
+        const QString name = QString::fromStdString(language);
+        auto* window = new QTranslator(QCoreApplication::instance());
+        if (!window->load(QStringLiteral(":/i18n/pinorama_%1.qm").arg(name))) {
+            delete window;
+            continue;
+        }
+        QCoreApplication::installTranslator(window);
+        auto* toolkit = new QTranslator(QCoreApplication::instance());
+        if (toolkit->load(QStringLiteral("qtbase_%1").arg(name),
+                          QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+            QCoreApplication::installTranslator(toolkit);
+        }
+        return;
+    }
+}

@@ -1,0 +1,11 @@
+// The texts of the window in the user's language.
+
+#pragma once
+
+namespace app {
+
+// Installs the translations of the window and of the toolkit for the first of the user's languages
+// that the window has texts in. English needs none. Once, after the application object.
+void installTranslations();
+
+}  // namespace app

@@ -1,0 +1,165 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE" sourcelanguage="en_US">
+<context>
+    <name>AboutBox</name>
+    <message>
+        <source>About Pinorama</source>
+        <translation>Über Pinorama</translation>
+    </message>
+    <message>
+        <source>Tells where the picture selected in the file manager was taken.</source>
+        <translation>Verrät, wo das in der Dateiverwaltung ausgewählte Bild aufgenommen wurde.</translation>
+    </message>
+    <message>
+        <source>Free software under the GNU General Public License, version 3 or later. It comes with no warranty.</source>
+        <translation>Freie Software unter der GNU General Public License, Version 3 oder neuer. Ohne jede Gewähr.</translation>
+    </message>
+</context>
+<context>
+    <name>AppController</name>
+    <message>
+        <source>Open Picture</source>
+        <translation>Bild öffnen</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Preview</source>
+        <translation>Vorschau</translation>
+    </message>
+    <message>
+        <source>The picture tells where it was taken</source>
+        <translation>Das Bild verrät, wo es aufgenommen wurde</translation>
+    </message>
+    <message>
+        <source>Opens the location in a web map</source>
+        <translation>Öffnet den Ort in einer Karte im Internet</translation>
+    </message>
+    <message>
+        <source>Map services</source>
+        <translation>Kartendienste</translation>
+    </message>
+    <message>
+        <source>Map Services</source>
+        <translation>Kartendienste</translation>
+    </message>
+    <message>
+        <source>Flies the globe program to the location</source>
+        <translation>Fliegt im Globusprogramm zum Ort</translation>
+    </message>
+    <message>
+        <source>Show in &amp;Globe</source>
+        <translation>Im &amp;Globus zeigen</translation>
+    </message>
+    <message>
+        <source>Finds all catalogued pictures taken within 2000 m</source>
+        <translation>Findet alle katalogisierten Bilder im Umkreis von 2000 m</translation>
+    </message>
+    <message>
+        <source>&amp;Find in Skallion</source>
+        <translation>In Skallion &amp;finden</translation>
+    </message>
+    <message>
+        <source>Writes the location as a placemark file</source>
+        <translation>Schreibt den Ort als Ortsmarke in eine Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Export as KML…</source>
+        <translation>Als KML &amp;exportieren …</translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <translation>Name:</translation>
+    </message>
+    <message>
+        <source>Select a picture, or drop one here</source>
+        <translation>Bild auswählen oder hierher ziehen</translation>
+    </message>
+    <message>
+        <source>Size:</source>
+        <translation>Größe:</translation>
+    </message>
+    <message>
+        <source>Modified:</source>
+        <translation>Geändert:</translation>
+    </message>
+    <message>
+        <source>Created:</source>
+        <translation>Erstellt:</translation>
+    </message>
+    <message>
+        <source>Coordinate:</source>
+        <translation>Koordinate:</translation>
+    </message>
+    <message>
+        <source>Altitude:</source>
+        <translation>Höhe:</translation>
+    </message>
+    <message>
+        <source>Direction:</source>
+        <translation>Richtung:</translation>
+    </message>
+    <message>
+        <source>City:</source>
+        <translation>Ort:</translation>
+    </message>
+    <message>
+        <source>State:</source>
+        <translation>Bundesland:</translation>
+    </message>
+    <message>
+        <source>Country:</source>
+        <translation>Land:</translation>
+    </message>
+    <message>
+        <source>Caption:</source>
+        <translation>Beschreibung:</translation>
+    </message>
+    <message>
+        <source>Shows the picture that is selected in the file manager, always</source>
+        <translation>Zeigt stets das Bild, das in der Dateiverwaltung ausgewählt ist</translation>
+    </message>
+    <message>
+        <source>Follow the &amp;selection in the file manager</source>
+        <translation>Der &amp;Auswahl in der Dateiverwaltung folgen</translation>
+    </message>
+    <message>
+        <source>&amp;Picture</source>
+        <translation>&amp;Bild</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;Open…</source>
+        <translation>Ö&amp;ffnen …</translation>
+    </message>
+    <message>
+        <source>Open in &amp;Map Service</source>
+        <translation>In &amp;Kartendienst öffnen</translation>
+    </message>
+    <message>
+        <source>&amp;Close Window</source>
+        <translation>Fenster &amp;schließen</translation>
+    </message>
+    <message>
+        <source>&amp;Quit Pinorama</source>
+        <translation>Pinorama &amp;beenden</translation>
+    </message>
+    <message>
+        <source>Pinorama &amp;Home Page</source>
+        <translation>&amp;Internetseite von Pinorama</translation>
+    </message>
+    <message>
+        <source>&amp;Donate…</source>
+        <translation>&amp;Spenden …</translation>
+    </message>
+    <message>
+        <source>&amp;About Pinorama</source>
+        <translation>Ü&amp;ber Pinorama</translation>
+    </message>
+</context>
+</TS>

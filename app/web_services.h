@@ -1,0 +1,39 @@
+// The web services of the menu, and the addresses that a location is opened under. Services are
+// data: the table "GPS" holds the title of service n under "an" and its address under "bn". Numbers
+// begin with 1.
+
+#pragma once
+
+#include "location/file_info_record.h"
+#include "platform/objects/string.h"
+
+#include <cstdint>
+
+// Returns a new text: the title of service `number` in the menu; null when the table has none,
+// which ends the list. A title that equals its own key, in upper or lower case, counts as missing.
+[[nodiscard]] TovStringRef appCopyServiceTitle(std::int32_t number);
+
+// Returns a new text: the address of the first service whose title is exactly `title`, still with
+// its conversions; null when no service of the menu has that title. A service without an address
+// gives its key.
+[[nodiscard]] TovStringRef appCopyServiceTemplate(TovStringRef title);
+
+// Fills the address of a service in.
+//
+//   urlTemplate  with two conversions for the signed latitude and longitude, in decimal degrees, or
+//                with three, the last for the name; every percent sign counts as one.
+//   info         read only; 'S' and 'W' negate, every other letter leaves the number as it is.
+//   path         the picture, whose name is escaped as an address needs it: what may stand in an
+//                address stays, such as '&' and '+', everything else becomes %XX of its UTF-8 form.
+//
+// Conversions are %f and %F for numbers (with flags, width and precision as in C, six decimals
+// without) and %@ for the name; "%2$f" takes the second value.
+//
+// Returns a new text; null for any other number of percent signs, for a conversion that does not
+// fit its value, for null arguments, and when memory runs out.
+[[nodiscard]] TovStringRef appMakeWebServiceURL(TovStringRef urlTemplate,
+                                                const fileInfoRecord* info, TovStringRef path);
+
+// Returns a new text: the address by which the cataloguing program finds the pictures within 2000 m
+// of the location. Null for null and when memory runs out.
+[[nodiscard]] TovStringRef appMakeCatalogueURL(const fileInfoRecord* info);

@@ -1,0 +1,17 @@
+// What the window shows, for places without eyes: as lines of text and as a picture.
+
+#pragma once
+
+#include <string>
+
+class MainWindow;
+
+namespace app {
+
+// One line "name: text" per field, by the name of the field, with the controls' states at the end.
+std::string windowReport(const MainWindow& window);
+
+// Draws the window as it is into a picture file whose type its name tells. False on failure.
+bool saveWindowPicture(MainWindow& window, const std::string& path);
+
+}  // namespace app

@@ -1,0 +1,138 @@
+#include "app/wrapped_field.h"
+
+#include <QFocusEvent>
+#include <QScrollBar>
+#include <QTextLayout>
+
+#include <algorithm>
+
+namespace {
+// The distance of a QLineEdit's text to its edge, so that the texts of both kinds stand in one
+// line.
+constexpr int kLineMargin = 2;
+
+constexpr int kUsualWidth = 36;     // characters
+constexpr int kSmallestWidth = 16;  // characters
+}  // namespace
+
+WrappedField::WrappedField(QWidget* parent) : QPlainTextEdit(parent)
+{
+    setReadOnly(true);
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    setFocusPolicy(Qt::StrongFocus);
+    setTabChangesFocus(true);
+    setFrameShape(QFrame::NoFrame);
+    setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    document()->setDocumentMargin(0);
+    setViewportMargins(kLineMargin, 0, 0, 0);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+
+    setAcceptDrops(false);  // a drop is for the window
+    viewport()->setAcceptDrops(false);
+    viewport()->setAutoFillBackground(false);
+    setBackgroundRole(QPalette::Window);
+    connect(this, &QPlainTextEdit::textChanged, this, &WrappedField::adaptHeight);
+}
+
+void WrappedField::setText(const QString& text)
+{
+    if (text != toPlainText()) setPlainText(text);
+}
+
+void WrappedField::setMaximumLines(int lines)
+{
+    maximumLines_ = std::max(lines, 1);
+    adaptHeight();
+}
+
+void WrappedField::setGrowing(bool growing)
+{
+    isGrowing_ = growing;
+    setSizePolicy(QSizePolicy::Expanding, growing ? QSizePolicy::Expanding : QSizePolicy::Fixed);
+    adaptHeight();
+}
+
+QSize WrappedField::sizeHint() const
+{
+    return {fontMetrics().averageCharWidth() * kUsualWidth, minimumSizeHint().height()};
+}
+
+QSize WrappedField::minimumSizeHint() const
+{
+    const int lines = std::clamp(linesNeeded(), 1, maximumLines_);
+    return {fontMetrics().averageCharWidth() * kSmallestWidth,
+            lines * fontMetrics().lineSpacing() + 1};
+}
+
+void WrappedField::resizeEvent(QResizeEvent* event)
+{
+    QPlainTextEdit::resizeEvent(event);
+    isLaidOut_ = true;
+    adaptHeight();
+}
+
+void WrappedField::changeEvent(QEvent* event)
+{
+    QPlainTextEdit::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) adaptHeight();
+}
+
+void WrappedField::focusInEvent(QFocusEvent* event)
+{
+    QPlainTextEdit::focusInEvent(event);
+    // As a line does: reached with the keyboard, the text is ready to be copied.
+    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason ||
+        event->reason() == Qt::ShortcutFocusReason) {
+        selectAll();
+    }
+}
+
+void WrappedField::focusOutEvent(QFocusEvent* event)
+{
+    QPlainTextEdit::focusOutEvent(event);
+    if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason)
+        return;
+    QTextCursor cursor = textCursor();
+    cursor.clearSelection();
+    setTextCursor(cursor);
+}
+
+int WrappedField::linesNeeded() const
+{
+    // Before its window is laid out the field has no width of its own to count lines with.
+    const int width =
+        isLaidOut_ ? viewport()->width() : fontMetrics().averageCharWidth() * kUsualWidth;
+    int lines = 0;
+    for (const QString& paragraph : toPlainText().split(QLatin1Char('\n'))) {
+        QTextLayout layout(paragraph, font());
+        QTextOption option;
+        option.setWrapMode(wordWrapMode());
+        layout.setTextOption(option);
+        layout.beginLayout();
+        int count = 0;
+        for (QTextLine line = layout.createLine(); line.isValid() && count <= maximumLines_;
+             line = layout.createLine()) {
+            line.setLineWidth(width);
+            ++count;
+        }
+        layout.endLayout();
+        lines += std::max(count, 1);
+        if (lines > maximumLines_) break;
+    }
+    return lines;
+}
+
+void WrappedField::adaptHeight()
+{
+    const int wanted = minimumSizeHint().height();
+    // Without a scroll bar a text that fits must not be scrolled by the caret either.
+    setVerticalScrollBarPolicy(linesNeeded() <= maximumLines_ ? Qt::ScrollBarAlwaysOff
+                                                              : Qt::ScrollBarAsNeeded);
+    const int largest = isGrowing_ ? QWIDGETSIZE_MAX : wanted;
+    if (minimumHeight() == wanted && maximumHeight() == largest) return;
+    setMinimumHeight(wanted);
+    setMaximumHeight(largest);
+    updateGeometry();
+}

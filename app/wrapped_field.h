@@ -1,0 +1,45 @@
+// A read-only text that wraps, in the middle of a word if need be, and is as high as its text:
+// nothing of it is ever cut. A text of many lines scrolls. It can be selected and copied with the
+// mouse and with the keyboard, and is a text with a caption (its buddy) to a screen reader.
+
+#pragma once
+
+#include <QPlainTextEdit>
+
+class WrappedField : public QPlainTextEdit {
+    Q_OBJECT
+    Q_PROPERTY(QString text READ text WRITE setText)
+    // The height in lines beyond which the text scrolls.
+    Q_PROPERTY(int maximumLines READ maximumLines WRITE setMaximumLines)
+    // True for a field that takes the spare height of its window.
+    Q_PROPERTY(bool growing READ isGrowing WRITE setGrowing)
+
+public:
+    explicit WrappedField(QWidget* parent = nullptr);
+
+    QString text() const { return toPlainText(); }
+    void setText(const QString& text);
+
+    int maximumLines() const { return maximumLines_; }
+    void setMaximumLines(int lines);
+
+    bool isGrowing() const { return isGrowing_; }
+    void setGrowing(bool growing);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    int linesNeeded() const;
+    void adaptHeight();
+
+    int maximumLines_ = 4;
+    bool isGrowing_ = false;
+    bool isLaidOut_ = false;
+};
