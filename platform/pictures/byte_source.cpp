@@ -32,7 +32,6 @@ platform::FileByteSource::FileByteSource(int descriptor, std::uint64_t size)
 
 platform::ByteView platform::FileByteSource::load(std::uint64_t offset, std::size_t length)
 {
-    if (length > kLongestView) return {};
     if (head_.bytes == nullptr) {
         head_ = {0, readInto(headBytes_, 0), headBytes_.data()};
         if (const std::uint8_t* bytes = head_.find(offset, length)) return {bytes, length};

@@ -30,7 +30,7 @@ public:
     // picture, are more than kLongestView or cannot be read. Borrowed until the next call.
     ByteView view(std::uint64_t offset, std::size_t length)
     {
-        if (offset > size_ || length > size_ - offset) return {};
+        if (offset > size_ || length > size_ - offset || length > kLongestView) return {};
         if (const std::uint8_t* bytes = head_.find(offset, length)) return {bytes, length};
         if (const std::uint8_t* bytes = moving_.find(offset, length)) return {bytes, length};
         return load(offset, length);

@@ -67,6 +67,14 @@ TEST(ByteSource_view, isWholeOrEmpty)
     }
 }
 
+TEST(ByteSource_view, hasAGreatestLengthInMemoryToo)
+{
+    const std::string bytes = patternOf(kLongestView + 1);
+    MemoryByteSource source(viewOf(bytes));
+    EXPECT_EQ(source.view(1, kLongestView).size(), kLongestView);
+    EXPECT_TRUE(source.view(0, kLongestView + 1).empty());
+}
+
 TEST(FileByteSource, takesOneReadForTheFirst64KiB)
 {
     const test::TemporaryFolder folder;
