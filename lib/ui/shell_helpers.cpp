@@ -1,7 +1,13 @@
 #include "lib/ui/shell_helpers.h"
 
+#include "lib/base/status.h"
+#include "lib/files/file_reference.h"
+#include "lib/files/fork_io.h"
 #include "lib/strings/string_holder.h"
 #include "lib/strings/tov_string.h"
+#include "platform/files/path_text.h"
+
+#include <fcntl.h>
 
 namespace {
 // Lines end in a carriage return with a blank on either side; the last one is led in by two.
@@ -22,6 +28,18 @@ void appendArgument(TovStringRef* script, TovStringRef text)
     }
 }
 }  // namespace
+
+std::int16_t cuCreateAndOpenTextFile(TovStringRef path, ForkRef* outForkRef)
+{
+    *outForkRef = 0;
+    const std::string bytes = platform::pathBytes(path);
+    const ForkCloser made(platform::openDescriptor(bytes.c_str(), O_WRONLY | O_CREAT | O_TRUNC));
+    if (!made) return kErrCannotCreate;
+    FSRef ref;
+    std::int32_t status = feMakeFSRefFromBytes(bytes.c_str(), &ref);
+    if (status == kErrNone) status = feOpenExistingFileRef(&ref, outForkRef, 1, 1);
+    return static_cast<std::int16_t>(status);
+}
 
 TovStringRef cuMakeFinderCommentScript(TovStringRef path, TovStringRef comment)
 {

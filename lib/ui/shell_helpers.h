@@ -3,7 +3,18 @@
 
 #pragma once
 
+#include <cstdint>
+
+#include "platform/files/file_types.h"
 #include "platform/objects/string.h"
+
+// Makes an empty file at `path` and opens it for reading and writing. An existing file is emptied,
+// other than by feCreateAndOpenTextFile, which keeps it.
+//
+//   outForkRef  receives the open fork, which the caller closes with feCloseFork; 0 on failure.
+//
+// Returns 0, -68 for whatever keeps the file from being made, or the status of opening it.
+std::int16_t cuCreateAndOpenTextFile(TovStringRef path, ForkRef* outForkRef);
 
 // The text of the script by which a comment is appended: path and comment stand in it as they are,
 // quotes and backslashes too; null stands as "(null)". Returns a new text, null when memory runs
