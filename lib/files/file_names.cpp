@@ -47,7 +47,8 @@ TovStringRef feGetUniqueFileName(const FSRef* parent, TovStringRef base, TovStri
     for (int number = 1;; number++) {
         std::u16string units(shown(base));
         units += u' ';
-        for (const char digit : std::to_string(number)) units += static_cast<char16_t>(digit);
+        const std::string digits = std::to_string(number);
+        units.append(digits.begin(), digits.end());
         units += shown(suffix);
         ObjectHolder<TovStringRef> name(platform::createString(units));
         if (!name || number == kLastNumber || !feItemExists(parent, name.get())) {

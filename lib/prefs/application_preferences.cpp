@@ -1,0 +1,32 @@
+#include "lib/prefs/application_preferences.h"
+
+#include "lib/ui/application_bundle.h"
+#include "lib/ui/string_tables.h"
+#include "platform/files/item_path.h"
+#include "platform/files/path_text.h"
+#include "platform/files/user_folders.h"
+#include "platform/objects/object_holder.h"
+
+#include <string>
+
+platform::PreferenceFile prefApplicationFile()
+{
+    ObjectHolder<TovStringRef> identifier(iuCopyMainBundleIdentifier());
+    if (!identifier) {
+        identifier = ObjectHolder<TovStringRef>(platform::createString(kApplicationIdentifier));
+    }
+    const std::string config = platform::configFolder();
+    if (config.empty()) return platform::PreferenceFile("");
+    // An identifier that cannot be a folder's name gives no path, and so no file.
+    return platform::PreferenceFile(
+        platform::childPath(config, platform::pathBytes(identifier.get())));
+}
+
+std::optional<std::u16string> prefTextOf(const platform::PreferenceValue& value)
+{
+    if (const auto* text = std::get_if<std::u16string>(&value)) return *text;
+    const auto* number = std::get_if<std::int32_t>(&value);
+    if (number == nullptr) return std::nullopt;
+    const std::string digits = std::to_string(*number);
+    return std::u16string(digits.begin(), digits.end());
+}

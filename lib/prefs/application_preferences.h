@@ -1,0 +1,11 @@
+// The preference file of the application that runs.
+
+#pragma once
+
+#include "platform/files/preference_file.h"
+
+// The file of the main bundle's application, looked up anew with every call.
+platform::PreferenceFile prefApplicationFile();
+
+// The text of a stored value, a number as its decimal digits; nothing for values of other kinds.
+std::optional<std::u16string> prefTextOf(const platform::PreferenceValue& value);
