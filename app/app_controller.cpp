@@ -5,6 +5,7 @@
 #include "app/main_window.h"
 #include "app/pop_up_menu.h"
 #include "app/wrapped_field.h"
+#include "globe/fly_to.h"
 #include "lib/conv/time_conversions.h"
 #include "lib/strings/string_holder.h"
 #include "lib/strings/tov_display.h"
@@ -31,7 +32,8 @@ AppController::AppController(platform::SelectionSource* selection, platform::Add
       info{},
       window_(std::make_unique<MainWindow>()),
       selection_(selection),
-      opener_(opener != nullptr ? opener : &desktopOpener_)
+      opener_(opener != nullptr ? opener : &desktopOpener_),
+      globes_(*opener_)
 {
     connectOutlets();
     connectActions();
@@ -40,6 +42,7 @@ AppController::AppController(platform::SelectionSource* selection, platform::Add
 
 AppController::~AppController()
 {
+    gpsSetGlobeLink({});
     gpsReleaseInfoRecord(&info);
     TovStringRelease(&lastPath);
 }

@@ -12,6 +12,7 @@
 #include "lib/ui/preview_loader.h"
 #include "location/file_info_record.h"
 #include "platform/desktop/address_opener.h"
+#include "platform/desktop/globe_programs.h"
 #include "platform/desktop/selection_source.h"
 #include "platform/objects/collections.h"
 #include "platform/objects/string.h"
@@ -116,7 +117,12 @@ public Q_SLOTS:
     // item included; an item that is no service does nothing.
     void webMenuHit(std::int32_t itemIndex);
     void searchInSkallion();
+
+    // Asks the user where to save the location as a KML file. What is written is the picture that
+    // is shown now, even when another one is selected before the user has answered.
     void exportToKML();
+
+    // Flies the globe program to the location.
     void revealInGoogleEarth();
 
     // Asks the user for a picture and shows it.
@@ -142,5 +148,6 @@ private:
     platform::SelectionSource* selection_;
     platform::DesktopAddressOpener desktopOpener_;
     platform::AddressOpener* opener_;
+    platform::GlobePrograms globes_;
     PreviewLoader previews_;
 };

@@ -5,8 +5,11 @@
 #include "app/elided_field.h"
 #include "app/main_window.h"
 #include "app/pop_up_menu.h"
+#include "globe/fly_to.h"
+#include "globe/google_earth_connector.h"
 #include "lib/strings/string_holder.h"
 #include "lib/ui/qt_text.h"
+#include "location/file_name.h"
 #include "platform/files/path_text.h"
 
 #include <QApplication>
@@ -57,6 +60,15 @@ void AppController::connectActions()
     connect(window->homePageAction, &QAction::triggered, this, &AppController::poweredBySkallion);
     connect(window->donateAction, &QAction::triggered, this, &AppController::donate);
     connect(window->aboutAction, &QAction::triggered, this, &AppController::showAboutBox);
+    connect(&globes_, &platform::GlobePrograms::busyChanged, this, [this](bool isBusy) {
+        if (isBusy) {
+            myWindow->setCursor(Qt::BusyCursor);
+        } else {
+            myWindow->unsetCursor();
+        }
+    });
+    gpsSetGlobeLink([this](const platform::GlobeView& view) { globes_.show(view); });
+
     connect(window, &MainWindow::fileDropped, this, [this](const QByteArray& path) {
         const StringHolder text(platform::createPathText(path.toStdString()));
         applicationOpenFile(text.get());
@@ -87,9 +99,36 @@ void AppController::searchInSkallion()
     openAddress(address.get());
 }
 
-void AppController::exportToKML() {}
+void AppController::exportToKML()
+{
+    const StringHolder name(gpsCopyFileName(lastPath));
+    const StringHolder proposed(appMakeKMLFileName(name.get()));
+    // The two texts are the same in every language.
+    auto* dialog =
+        new QFileDialog(myWindow, QStringLiteral("Export to KML Format (for Google Earth...)"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setLabelText(QFileDialog::Accept, QStringLiteral("Export"));
+    dialog->setNameFilter(tr("KML files (*.kml)"));
+    dialog->setDefaultSuffix(QStringLiteral("kml"));
+    dialog->selectFile(cuDisplayText(proposed.get()));
+    // The dialog leaves the event loop running, so the selection may move on behind it.
+    connect(dialog, &QFileDialog::fileSelected, this,
+            [location = info, pictureName = cuTextUnits(name.get())](const QString& file) {
+                const StringHolder path(
+                    platform::createPathText(QFile::encodeName(file).toStdString()));
+                const StringHolder title(cuCreateText(pictureName));
+                GoogleEarthConnector::exportToKML(path.get(), &location, title.get());
+            });
+    dialog->open();
+}
 
-void AppController::revealInGoogleEarth() {}
+void AppController::revealInGoogleEarth()
+{
+    const double latitude = info.refLatti == 'S' ? -info.latti : info.latti;
+    const double longitude = info.refLongi == 'W' ? -info.longi : info.longi;
+    (void)gpsFlyGoogleEarthToLocation(latitude, longitude, info.azimuth, info.tilt, info.distance);
+}
 
 void AppController::donate()
 {

@@ -3,13 +3,14 @@
 #include "lib/strings/tov_format.h"
 
 #include <cmath>
+#include <utility>
 
 namespace {
 constexpr float kDefaultDistance = 400.0F;  // metres
 constexpr float kDefaultTilt = 44.0F;       // degrees
 constexpr float kSpeed = 0.6F;
 
-GlobeLink gGlobeLink = nullptr;
+GlobeLink gGlobeLink;
 
 // The rounding comes before the test, so that a distance too small for single precision counts as
 // zero.
@@ -27,9 +28,7 @@ bool isOnTheGlobe(double latitude, double longitude)
 
 GlobeLink gpsSetGlobeLink(GlobeLink link)
 {
-    GlobeLink earlier = gGlobeLink;
-    gGlobeLink = link;
-    return earlier;
+    return std::exchange(gGlobeLink, std::move(link));
 }
 
 std::int32_t gpsFlyGoogleEarthToLocation(double latitude, double longitude, double azimuth,
@@ -44,7 +43,7 @@ std::int32_t gpsFlyGoogleEarthToLocation(double latitude, double longitude, doub
     };
     const bool isUsable = isOnTheGlobe(latitude, longitude) && std::isfinite(azimuth) &&
                           std::isfinite(view.tilt) && std::isfinite(view.distance);
-    if (isUsable && gGlobeLink != nullptr) gGlobeLink(view);
+    if (isUsable && gGlobeLink) gGlobeLink(view);
     return 0;
 }
 

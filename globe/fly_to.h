@@ -8,13 +8,14 @@
 #include "platform/desktop/globe_view.h"
 
 #include <cstdint>
+#include <functional>
 
 // Hands a view to a globe program, at once or later; must not block. Failures are the link's
 // affair.
-using GlobeLink = void (*)(const platform::GlobeView& view);
+using GlobeLink = std::function<void(const platform::GlobeView& view)>;
 
-// Installs the link that gpsFlyGoogleEarthToLocation uses; null (the start) sends views nowhere.
-// Returns the link before.
+// Installs the link that gpsFlyGoogleEarthToLocation uses; an empty one (the start) sends views
+// nowhere. Returns the link before.
 GlobeLink gpsSetGlobeLink(GlobeLink link);
 
 // Sends a view to the globe link. Angles are degrees, the distance metres; latitude and longitude

@@ -2,7 +2,9 @@
 
 #include "globe/kml_document.h"
 #include "lib/strings/string_holder.h"
+#include "lib/strings/tov_bytes.h"
 #include "lib/strings/tov_file.h"
+#include "lib/strings/tov_search.h"
 
 namespace {
 constexpr std::uint16_t kEncodingUTF8 = 12;
@@ -16,4 +18,12 @@ std::int32_t GoogleEarthConnector::exportToKML(TovStringRef path, const fileInfo
         (void)TovStringWriteToFile(document.get(), path, kEncodingUTF8);  // reports nothing
     }
     return 0;
+}
+
+TovStringRef appMakeKMLFileName(TovStringRef pictureName)
+{
+    const StringHolder stem(TovStringStripExtension(pictureName));
+    StringHolder name(TovStringGetCopy(stem.get()));
+    TovStringAppendCString(name.slot(), ".kml");
+    return name.take();
 }

@@ -23,3 +23,7 @@ public:
     static std::int32_t exportToKML(TovStringRef path, const fileInfoRecord* gpsInfo,
                                     TovStringRef name);
 };
+
+// The name that an export proposes: the picture's file name less its extension, and ".kml", so that
+// "IMG_0001.JPG" gives "IMG_0001.kml". Returns a new text; null for null and when memory runs out.
+[[nodiscard]] TovStringRef appMakeKMLFileName(TovStringRef pictureName);

@@ -20,7 +20,7 @@ protected:
         gLastView.reset();
         earlier_ = gpsSetGlobeLink([](const platform::GlobeView& view) { gLastView = view; });
     }
-    ~gpsFlyGoogleEarthToLocationTest() override { gpsSetGlobeLink(earlier_); }
+    ~gpsFlyGoogleEarthToLocationTest() override { gpsSetGlobeLink(std::move(earlier_)); }
 
 private:
     GlobeLink earlier_;
@@ -128,6 +128,6 @@ TEST_F(gpsFlyGoogleEarthToLocationTest, nothingOutsideTheGlobeReachesIt)
 
 TEST(gpsFlyGoogleEarthToLocation, withoutALinkDoesNothing)
 {
-    EXPECT_EQ(gpsSetGlobeLink(nullptr), nullptr);
+    EXPECT_FALSE(gpsSetGlobeLink({}));
     EXPECT_EQ(gpsFlyGoogleEarthToLocation(1.0, 2.0, 3.0, 4.0, 5.0), 0);
 }

@@ -61,3 +61,24 @@ TEST(exportToKML, nullsWriteNothing)
     EXPECT_EQ(GoogleEarthConnector::exportToKML(path.get(), nullptr, nullptr), 0);
     EXPECT_FALSE(std::filesystem::exists(folder.file("out.kml")));
 }
+
+TEST(appMakeKMLFileName, replacesTheExtension)
+{
+    const struct {
+        const char* name;
+        const char* pictureName;
+        const char* expected;
+    } rows[] = {
+        {"camera name", "IMG_0001.JPG", "IMG_0001.kml"},
+        {"two dots", "a.b.nef", "a.b.kml"},
+        {"no extension", "photo", "photo.kml"},
+        {"a dot in front is no extension", ".jpg", ".jpg.kml"},
+        {"umlauts and blanks", "Z\xc3\xbcrich 1.jpg", "Z\xc3\xbcrich 1.kml"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        const test::Text pictureName = test::text(row.pictureName);
+        EXPECT_EQ(test::takeUTF8(appMakeKMLFileName(pictureName.get())), row.expected);
+    }
+    EXPECT_EQ(appMakeKMLFileName(nullptr), nullptr);
+}
