@@ -1,0 +1,166 @@
+#include "app/web_services.h"
+
+#include "lib/ui/application_bundle.h"
+#include "tests/support/environment.h"
+#include "tests/support/texts.h"
+
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <filesystem>
+
+namespace {
+using test::takeUTF8;
+using test::text;
+
+// The program's texts with a table of services of the test's own.
+class Services {
+public:
+    explicit Services(std::string_view lines)
+    {
+        std::filesystem::create_directories(folder_.file("strings/en"));
+        (void)folder_.write("strings/en/GPS.strings", lines);
+        variable_.emplace("PINORAMA_RESOURCES", folder_.path().c_str());
+        EXPECT_NE(iuRegisterApplicationBundle(), nullptr);
+    }
+
+private:
+    test::TemporaryFolder folder_;
+    std::optional<test::ScopedVariable> variable_;
+};
+
+fileInfoRecord place(double latti, char refLatti, double longi, char refLongi)
+{
+    fileInfoRecord info = {};
+    info.latti = latti;
+    info.refLatti = refLatti;
+    info.longi = longi;
+    info.refLongi = refLongi;
+    info.distance = 1000.0;
+    return info;
+}
+
+std::string address(std::string_view urlTemplate, const fileInfoRecord& info,
+                    std::string_view path = "/pics/My Photo.jpg")
+{
+    return takeUTF8(appMakeWebServiceURL(text(urlTemplate).get(), &info, text(path).get()))
+        .value_or("null");
+}
+
+std::string catalogue(const fileInfoRecord& info)
+{
+    return takeUTF8(appMakeCatalogueURL(&info)).value_or("null");
+}
+
+std::string templateOf(std::string_view title)
+{
+    return takeUTF8(appCopyServiceTemplate(text(title).get())).value_or("null");
+}
+}  // namespace
+
+TEST(appCopyServiceTitle, theFirstMissingKeyEndsTheList)
+{
+    const Services services("\"a1\" = \"One\"; \"a2\" = \"Two\"; \"a4\" = \"Four\";");
+    EXPECT_EQ(takeUTF8(appCopyServiceTitle(1)), "One");
+    EXPECT_EQ(takeUTF8(appCopyServiceTitle(2)), "Two");
+    EXPECT_EQ(appCopyServiceTitle(3), nullptr);
+}
+
+TEST(appCopyServiceTitle, aTitleThatIsItsKeyInAnyCaseCountsAsMissing)
+{
+    const Services services("\"a1\" = \"A1\"; \"a2\" = \"a3\";");
+    EXPECT_EQ(appCopyServiceTitle(1), nullptr);
+    EXPECT_EQ(takeUTF8(appCopyServiceTitle(2)), "a3");
+}
+
+TEST(appCopyServiceTemplate, matchesTitlesExactlyAndTakesTheFirst)
+{
+    const Services services(
+        "\"a1\" = \"One\"; \"b1\" = \"first %f%f\"; \"a2\" = \"One\"; \"b2\" = \"second %f%f\";"
+        "\"a3\" = \"one\"; \"b3\" = \"third %f%f\"; \"a4\" = \"No address\";");
+    EXPECT_EQ(templateOf("One"), "first %f%f");
+    EXPECT_EQ(templateOf("one"), "third %f%f");
+    EXPECT_EQ(templateOf("No address"), "b4");
+    EXPECT_EQ(templateOf("Unknown"), "null") << "the search ends with the list";
+    EXPECT_EQ(appCopyServiceTemplate(nullptr), nullptr);
+}
+
+TEST(appMakeWebServiceURL, fillsTheSignedLocationIn)
+{
+    EXPECT_EQ(address("https://x.example/?q=%f,%f", place(45.5, 'S', 3.25, 'E')),
+              "https://x.example/?q=-45.500000,3.250000");
+    EXPECT_EQ(address("%f,%f", place(45.5, 'N', 3.25, 'W')), "45.500000,-3.250000");
+    EXPECT_EQ(address("%f,%f", place(45.5, 0, 3.25, 0)), "45.500000,3.250000");
+    EXPECT_EQ(address("%f,%f", place(45.5, 's', 3.25, 'w')), "45.500000,3.250000")
+        << "only the capital letters negate";
+    EXPECT_EQ(address("%f,%f", place(45.5, 'W', 3.25, 'S')), "45.500000,3.250000");
+    EXPECT_EQ(address("%f,%f", place(0.0, 'S', 3.25, 'E')), "-0.000000,3.250000");
+}
+
+TEST(appMakeWebServiceURL, withThreeConversionsTheThirdIsTheName)
+{
+    const fileInfoRecord info = place(1, 'N', 2, 'E');
+    EXPECT_EQ(address("%f,%f,%@", info), "1.000000,2.000000,My%20Photo.jpg");
+    EXPECT_EQ(address("%3$@ %1$.1f %2$.1f", info,
+                      "/a&b/Gr\xC3\xB6\xC3\x9F"
+                      "e 50%#+.jpg"),
+              "Gr%C3%B6%C3%9F"
+              "e%2050%25%23+.jpg 1.0 2.0");
+    EXPECT_EQ(address("%f,%f,%@", info, "/folder.jpg/"), "1.000000,2.000000,folder.jpg");
+}
+
+TEST(appMakeWebServiceURL, anyOtherNumberOfPercentSignsGivesNoAddress)
+{
+    const fileInfoRecord info = place(1, 'N', 2, 'E');
+    for (const char* wrong : {"b3", "", "%f", "%f,%f,%@,%f", "100%%,%f", "%f,%f,%20", "%f,%f%%"}) {
+        SCOPED_TRACE(wrong);
+        EXPECT_EQ(address(wrong, info), "null");
+    }
+}
+
+TEST(appMakeWebServiceURL, nullArgumentsGiveNull)
+{
+    const fileInfoRecord info = place(1, 'N', 2, 'E');
+    EXPECT_EQ(appMakeWebServiceURL(nullptr, &info, text("/a").get()), nullptr);
+    EXPECT_EQ(appMakeWebServiceURL(text("%f%f").get(), nullptr, text("/a").get()), nullptr);
+    EXPECT_EQ(appMakeWebServiceURL(text("%f%f%@").get(), &info, nullptr), nullptr);
+    EXPECT_EQ(takeUTF8(appMakeWebServiceURL(text("%.0f,%.0f").get(), &info, nullptr)), "1,2");
+}
+
+TEST(appMakeCatalogueURL, hasItsFixedRadius)
+{
+    EXPECT_EQ(catalogue(place(48.1, 'N', 11.5, 'W')),
+              "skallion://find/gps/&lat=48.100000&long=-11.500000&distance=2000m");
+    EXPECT_EQ(catalogue(place(48.1, 'S', 11.5, 0)),
+              "skallion://find/gps/&lat=-48.100000&long=11.500000&distance=2000m");
+    EXPECT_EQ(appMakeCatalogueURL(nullptr), nullptr);
+}
+
+TEST(appMakeCatalogueURL, hasAPointInEveryLocale)
+{
+    // Whether this locale is installed or not, the text is the same.
+    std::setlocale(LC_ALL, "de_DE.UTF-8");
+    EXPECT_EQ(catalogue(place(0.5, 'N', 0.25, 'E')),
+              "skallion://find/gps/&lat=0.500000&long=0.250000&distance=2000m");
+    std::setlocale(LC_ALL, "C");
+}
+
+TEST(appCopyServiceTitle, theShippedServicesAllGiveAnAddress)
+{
+    ASSERT_NE(iuRegisterApplicationBundle(), nullptr);
+    const fileInfoRecord info = place(48.1, 'N', 11.5, 'E');
+    int count = 0;
+    for (std::int32_t number = 1;; ++number) {
+        const test::Text title(appCopyServiceTitle(number));
+        if (!title) break;
+        ++count;
+        SCOPED_TRACE(test::utf8(title.get()).value());
+        const test::Text urlTemplate(appCopyServiceTemplate(title.get()));
+        const std::string filledIn =
+            takeUTF8(appMakeWebServiceURL(urlTemplate.get(), &info, text("/a b.jpg").get()))
+                .value_or("null");
+        EXPECT_NE(filledIn.find("48.1"), std::string::npos) << filledIn;
+        EXPECT_NE(filledIn.find("11.5"), std::string::npos) << filledIn;
+    }
+    EXPECT_GE(count, 4);
+}
