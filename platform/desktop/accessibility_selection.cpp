@@ -1,0 +1,54 @@
+#include "platform/desktop/accessibility_selection.h"
+
+#include "platform/desktop/item_name.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+using namespace std::chrono_literals;
+
+// A reading that takes longer is left to the event loop, so that the window stays quick.
+constexpr auto kLongestReading = 60ms;
+}  // namespace
+
+platform::AccessibilitySelection::AccessibilitySelection(FrameTracker& tracker) : tracker_(tracker)
+{
+}
+
+std::vector<std::string> platform::AccessibilitySelection::selectedPaths()
+{
+    if (!tracker_.isReady()) return {};
+    std::vector<std::string> paths;
+    Inquiry inquiry(tracker_.bus(), kSelectionDeadline);
+    inquiry.begin(answer(inquiry, &paths));
+    if (inquiry.finishUntil(Clock::now() + kSelectionDeadline)) return paths;
+    for (const QString& service : inquiry.unanswered()) tracker_.pause(service);
+    return {};
+}
+
+platform::Task<platform::Done> platform::AccessibilitySelection::answer(
+    Inquiry& inquiry, std::vector<std::string>* outPaths)
+{
+    const std::shared_ptr<FrameReader> frame = co_await tracker_.askForFrame(inquiry);
+    if (frame) *outPaths = co_await pathsIn(inquiry, frame);
+    co_return {};
+}
+
+platform::Task<std::vector<std::string>> platform::AccessibilitySelection::pathsIn(
+    Inquiry& inquiry, std::shared_ptr<FrameReader> frame)
+{
+    if (!frame->isStale(Clock::now())) co_await frame->check(inquiry);
+    if (frame->isStale(Clock::now())) {
+        if (frame->cost() > kLongestReading) {
+            tracker_.readInEventLoop(frame);
+            co_return std::vector<std::string>();
+        }
+        co_await frame->read(inquiry);
+    }
+    std::vector<std::string> paths = frame->paths();
+    // A file may vanish between its selection and now.
+    const auto isGone = [](const std::string& path) { return !existingItem(path).has_value(); };
+    if (std::any_of(paths.begin(), paths.end(), isGone)) paths.clear();
+    co_return paths;
+}

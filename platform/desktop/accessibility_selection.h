@@ -1,0 +1,35 @@
+// The selection of the file manager over the accessibility bus. Nothing has to be installed in the
+// file manager for it, and the clipboard is never touched.
+
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/desktop/dbus_inquiry.h"
+#include "platform/desktop/frame_tracker.h"
+#include "platform/desktop/selection_source.h"
+
+namespace platform {
+
+class AccessibilitySelection : public SelectionSource {
+public:
+    // `tracker` must outlive this.
+    explicit AccessibilitySelection(FrameTracker& tracker);
+
+    std::vector<std::string> selectedPaths() override;
+
+    // The same as a part of a longer inquiry, for a window that is known to be the one that counts.
+    Task<std::vector<std::string>> pathsIn(Inquiry& inquiry, std::shared_ptr<FrameReader> frame);
+
+private:
+    Task<Done> answer(Inquiry& inquiry, std::vector<std::string>* outPaths);
+
+    FrameTracker& tracker_;
+};
+
+// How long one question for the selection may take, all its parts together.
+constexpr std::chrono::milliseconds kSelectionDeadline{300};
+
+}  // namespace platform

@@ -1,0 +1,128 @@
+#include "platform/desktop/dbus_inquiry.h"
+
+#include <QThread>
+
+#include <algorithm>
+
+namespace {
+// How long a waiting caller sleeps between two looks; an answer takes 200 microseconds at best.
+constexpr unsigned long kNap = 100;  // microseconds
+}  // namespace
+
+platform::Inquiry::Inquiry(const QDBusConnection& bus, std::chrono::milliseconds limit)
+    : bus_(bus), limit_(static_cast<int>(limit.count()))
+{
+}
+
+platform::Inquiry::~Inquiry() = default;
+
+void platform::Inquiry::begin(Task<Done> work)
+{
+    work_ = std::move(work);
+    work_.start();
+}
+
+bool platform::Inquiry::finishUntil(Clock::time_point moment)
+{
+    while (!work_.isDone()) {
+        if (allAnswered()) {
+            std::exchange(waiting_, {}).resume();
+        } else if (Clock::now() >= moment) {
+            return false;
+        } else {
+            QThread::usleep(kNap);
+        }
+    }
+    return true;
+}
+
+void platform::Inquiry::letRun(std::function<void()> whenDone)
+{
+    whenDone_ = std::move(whenDone);
+    runsInEventLoop_ = true;
+    if (!work_.isDone()) return watch();
+    const auto done = std::exchange(whenDone_, {});
+    if (done) done();
+}
+
+std::vector<QString> platform::Inquiry::unanswered() const
+{
+    std::vector<QString> services;
+    for (const Question& question : questions_) {
+        if (!question.call.isFinished()) services.push_back(question.service);
+    }
+    return services;
+}
+
+platform::Inquiry::Answers platform::Inquiry::answers(const std::vector<QDBusMessage>& questions)
+{
+    return answersFrom(bus_, questions);
+}
+
+platform::Inquiry::Answers platform::Inquiry::answersFrom(
+    const QDBusConnection& bus, const std::vector<QDBusMessage>& questions)
+{
+    for (const QDBusMessage& question : questions) ask(bus, question);
+    return Answers(*this);
+}
+
+platform::Inquiry::Answer platform::Inquiry::answer(const QDBusMessage& question)
+{
+    ask(bus_, question);
+    return Answer(*this);
+}
+
+bool platform::Inquiry::allAnswered() const
+{
+    return std::all_of(questions_.begin(), questions_.end(),
+                       [](const Question& question) { return question.call.isFinished(); });
+}
+
+void platform::Inquiry::wait(std::coroutine_handle<> waiting)
+{
+    waiting_ = waiting;
+    if (runsInEventLoop_) watch();
+}
+
+std::vector<QDBusMessage> platform::Inquiry::takeAnswers()
+{
+    std::vector<QDBusMessage> answers;
+    answers.reserve(questions_.size());
+    for (const Question& question : questions_) answers.push_back(question.call.reply());
+    questions_.clear();
+    return answers;
+}
+
+void platform::Inquiry::ask(const QDBusConnection& bus, const QDBusMessage& question)
+{
+    questions_.push_back({question.service(), bus.asyncCall(question, limit_)});
+}
+
+void platform::Inquiry::watch()
+{
+    watchers_.clear();
+    for (const Question& question : questions_) {
+        const bool isLast = &question == &questions_.back();
+        // The last one is watched in any case: it may have been answered since the last look.
+        if (question.call.isFinished() && !(isLast && watchers_.empty())) continue;
+        auto watcher = std::make_unique<QDBusPendingCallWatcher>(question.call);
+        QObject::connect(watcher.get(), &QDBusPendingCallWatcher::finished, watcher.get(),
+                         [this] { goOn(); });
+        watchers_.push_back(std::move(watcher));
+    }
+}
+
+void platform::Inquiry::goOn()
+{
+    if (!waiting_ || !allAnswered()) return;
+    // A watcher must not be destroyed while it signals; it goes when the event loop has the word.
+    for (auto& watcher : watchers_) {
+        watcher->disconnect();
+        watcher.release()->deleteLater();
+    }
+    watchers_.clear();
+    std::exchange(waiting_, {}).resume();
+    if (!work_.isDone()) return;
+    const auto done = std::exchange(whenDone_, {});
+    if (done) done();  // may destroy this inquiry
+}

@@ -1,0 +1,79 @@
+// Dolphin's own interface on the session bus, which tells one thing that the accessibility bus does
+// not: whether exactly one item is selected.
+
+#include "platform/desktop/frame_reader.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVariant>
+#include <QVariant>
+
+namespace {
+constexpr int kMostWindows = 8;  // of one process
+
+QString serviceOf(pid_t process)
+{
+    return QStringLiteral("org.kde.dolphin-%1").arg(process);
+}
+
+QDBusMessage propertyQuestion(const QString& service, const QString& path, const char* property)
+{
+    QDBusMessage message = QDBusMessage::createMethodCall(
+        service, path, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+    message.setArguments(
+        {QStringLiteral("org.qtproject.Qt.QWidget"), QString::fromLatin1(property)});
+    return message;
+}
+
+std::optional<bool> truthIn(const QDBusMessage& answer)
+{
+    if (answer.type() != QDBusMessage::ReplyMessage || answer.arguments().isEmpty())
+        return std::nullopt;
+    QVariant value = answer.arguments().constFirst();
+    if (value.canConvert<QDBusVariant>()) value = value.value<QDBusVariant>().variant();
+    if (value.userType() != QMetaType::Bool) return std::nullopt;
+    return value.toBool();
+}
+}  // namespace
+
+// The windows are numbered in the order of their making, with gaps where one was closed. Two
+// windows with one title are told apart by the one that is active.
+platform::Task<platform::Done> platform::FrameReader::findDolphinWindow(Inquiry& inquiry)
+{
+    const auto title = textIn(co_await inquiry.answer(nameQuestion(frame_)));
+    const bool isActive =
+        has(statesIn(co_await inquiry.answer(statesQuestion(frame_))).value_or(0), State::active);
+
+    std::vector<QString> paths;
+    std::vector<QDBusMessage> questions;
+    for (int number = 1; number <= kMostWindows; number++) {
+        paths.push_back(QStringLiteral("/dolphin/Dolphin_%1").arg(number));
+        questions.push_back(propertyQuestion(serviceOf(process_), paths.back(), "windowTitle"));
+        questions.push_back(propertyQuestion(serviceOf(process_), paths.back(), "isActiveWindow"));
+    }
+    const auto answers = co_await inquiry.answersFrom(QDBusConnection::sessionBus(), questions);
+    QString found;
+    int count = 0;
+    for (std::size_t i = 0; i < paths.size(); i++) {
+        if (!title || textIn(answers[2 * i]) != title) continue;
+        if (truthIn(answers[2 * i + 1]).value_or(false) != isActive) continue;
+        found = paths[i];
+        count++;
+    }
+    dolphinWindow_ = count == 1 ? found : QString();
+    co_return {};
+}
+
+// Dolphin offers to copy the location of an item when exactly one is selected. Nothing when its
+// window is not known.
+platform::Task<std::optional<bool>> platform::FrameReader::isOneSelectedInDolphin(Inquiry& inquiry)
+{
+    if (dolphinWindow_.isEmpty()) co_return std::nullopt;
+    QDBusMessage message = QDBusMessage::createMethodCall(serviceOf(process_), dolphinWindow_,
+                                                          QStringLiteral("org.kde.KMainWindow"),
+                                                          QStringLiteral("actionIsEnabled"));
+    message.setArguments({QStringLiteral("copy_location")});
+    const auto answers =
+        co_await inquiry.answersFrom(QDBusConnection::sessionBus(), together(message));
+    co_return truthIn(answers.front());
+}

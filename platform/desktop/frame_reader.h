@@ -1,0 +1,114 @@
+// Reads the selection of one window of a file manager over the accessibility bus. Finding the view
+// takes long and is done once; reading what is selected takes a few questions; checking that what
+// was read still holds takes two.
+
+#pragma once
+
+#include <QString>
+
+#include <sys/types.h>
+
+#include <chrono>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/desktop/accessible.h"
+#include "platform/desktop/dbus_inquiry.h"
+#include "platform/desktop/file_manager_kind.h"
+#include "platform/desktop/folder_choice.h"
+#include "platform/desktop/frame_walk.h"
+
+namespace platform {
+
+class FrameReader {
+public:
+    FrameReader(Accessible frame, const FileManagerKind& kind, pid_t process, bool isDesktop);
+
+    const Accessible& frame() const { return frame_; }
+    const FileManagerKind& kind() const { return kind_; }
+    pid_t process() const { return process_; }
+
+    // Finds the view and reads it. Takes 40 to 250 ms; meant to run in the event loop.
+    Task<Done> findAndRead(Inquiry& inquiry);
+
+    // Reads the selection anew. The window's make-up must be known.
+    Task<Done> read(Inquiry& inquiry);
+
+    // Asks whether the last reading still holds, and marks it stale when not.
+    Task<Done> check(Inquiry& inquiry);
+
+    // The program has said that something changed.
+    void markStale() { isStale_ = true; }
+
+    // An item of this program got the focus; it is likely to be the selected one.
+    void noteFocus(const Accessible& item);
+
+    bool isFound() const { return isFound_; }
+
+    // Whether the selection has to be read anew: something changed, or so much time has gone by
+    // that reading again takes no more than a hundredth of it. A file manager that says nothing
+    // about a change is found out this way, and one whose folder is large is not kept busy.
+    bool isStale(Clock::time_point now) const;
+
+    // How long the last reading took; a second before the first one, so that it does not hold
+    // anybody up.
+    std::chrono::microseconds cost() const { return cost_; }
+    void setCost(std::chrono::microseconds cost) { cost_ = cost; }
+
+    // The paths that were read last, in the order of the view.
+    const std::vector<std::string>& paths() const { return paths_; }
+
+    // Forgets everything, as after a change of the window's make-up.
+    void forget();
+
+private:
+    struct Items {
+        bool isKnown = false;  // false when the view did not answer
+        std::vector<Accessible> objects;
+        std::optional<std::string> path;  // of the only one, when the status bar told it
+    };
+
+    Task<bool> readClues(Inquiry& inquiry);
+    Task<bool> readRows(Inquiry& inquiry, FolderClues* clues);
+    Task<Items> readItems(Inquiry& inquiry);
+    Task<Items> readSelection(Inquiry& inquiry, View view);
+    Task<Items> readTable(Inquiry& inquiry, View view);
+    Task<Items> readStates(Inquiry& inquiry, View view);
+    Task<Items> readStatus(Inquiry& inquiry);
+    Task<std::vector<Accessible>> scan(Inquiry& inquiry, View view);
+    Task<std::optional<bool>> isOneSelectedInDolphin(Inquiry& inquiry);
+    Task<Done> findDolphinWindow(Inquiry& inquiry);
+    Task<std::optional<std::string>> pathOf(Inquiry& inquiry, Accessible item);
+    Task<std::optional<std::string>> pathByNamesInside(Inquiry& inquiry, Accessible item);
+    Task<Done> choosePane(Inquiry& inquiry);
+    Task<bool> chooseViewInFront(Inquiry& inquiry);
+    std::vector<Accessible> likelyItems() const;
+    std::optional<std::string> pathOfName(const QString& name);
+
+    Accessible frame_;
+    const FileManagerKind& kind_;
+    pid_t process_;
+    bool isDesktop_;
+
+    bool isFound_ = false;
+    FrameLayout layout_;
+    std::size_t pane_ = 0;   // the view that has or had the focus
+    QString dolphinWindow_;  // path of its object on the session bus; empty when unknown
+
+    QString title_;
+    std::vector<std::string> folders_;  // that the window may show, the likeliest first
+    Clock::time_point cluesRead_;
+
+    bool isStale_ = true;
+    Clock::time_point readAt_;
+    std::chrono::microseconds cost_ = std::chrono::seconds(1);
+    Accessible focused_;
+    Accessible item_;       // the one whose path was found last,
+    Accessible namedPart_;  // the part of it that had its name,
+    QString partName_;      // and that name
+    std::vector<std::string> paths_;
+};
+
+}  // namespace platform

@@ -1,0 +1,93 @@
+// The windows of the file managers that run, and which of them was active last.
+
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "platform/desktop/accessibility_bus.h"
+#include "platform/desktop/dbus_inquiry.h"
+#include "platform/desktop/frame_reader.h"
+
+namespace platform {
+
+class FrameTracker : public QObject {
+    Q_OBJECT
+
+public:
+    // Tells the kind of the process behind a program on the bus, or null for one that is no file
+    // manager. Tests put their own in.
+    using KindOfProcess = std::function<const FileManagerKind*(pid_t)>;
+
+    explicit FrameTracker(KindOfProcess kindOfProcess = fileManagerKindOfProcess,
+                          QObject* parent = nullptr);
+    ~FrameTracker() override;
+
+    // Whether file managers can be asked now. Every call keeps the tracker awake; two seconds after
+    // the last one it drops its connection and everything that it knows.
+    bool isReady();
+
+    QDBusConnection bus() const { return bus_.bus(); }
+
+    // Asks every window whether it is active, and gives the one that was active last and shows a
+    // folder; null when there is none or when it is not known yet what is in the one in front.
+    Task<std::shared_ptr<FrameReader>> askForFrame(Inquiry& inquiry);
+
+    // The window of the last askForFrame(), without asking.
+    std::shared_ptr<FrameReader> lastFrame() const { return lastFrame_; }
+
+    // Reads a window in the event loop, for as long as it takes.
+    void readInEventLoop(const std::shared_ptr<FrameReader>& frame);
+
+    // Leaves a program alone that did not answer in time, until it answers a question of no weight
+    // that is put to it once in three seconds.
+    void pause(const QString& service);
+
+Q_SIGNALS:
+    // The selection of a window of the process may have changed.
+    void selectionMayHaveChanged(pid_t process);
+
+private:
+    struct Frame {
+        std::shared_ptr<FrameReader> reader;
+        bool isActive = false;
+        quint64 activatedAt = 0;  // position in the order of activations, 0 for never
+        Clock::time_point walkedAt = {};
+    };
+    struct Program {
+        QString service;
+        pid_t process = 0;
+        const FileManagerKind* kind = nullptr;  // null: no file manager
+        bool isPaused = false;
+        std::vector<Frame> frames = {};
+    };
+
+    Task<Done> lookAround(Inquiry& inquiry);
+    Task<Done> lookAt(Inquiry& inquiry, QString service);
+    void lookAroundSoon(int milliseconds);
+    void startLookingAround();
+    void startWalking(Frame& frame);
+    void forgetEverything();
+    void ping(const QString& service);
+    void onHeard(const QString& service, const QString& path, const QString& event, bool isOn);
+    void onTimer();
+    Program* programOf(const QString& service);
+
+    AccessibilityBus bus_;
+    KindOfProcess kindOfProcess_;
+    std::vector<Program> programs_;
+    std::shared_ptr<FrameReader> lastFrame_;
+    quint64 activations_ = 0;
+    Clock::time_point neededAt_;
+    QTimer timer_;
+    QTimer soon_;
+    std::unique_ptr<Inquiry> look_;
+    std::unique_ptr<Inquiry> walk_;  // of the one window that is found or read in the event loop
+};
+
+}  // namespace platform

@@ -1,0 +1,175 @@
+"""A desktop of its own for tests: a virtual display, a window manager, a session bus, the
+accessibility bus and an empty home folder. Everything that was started ends again, each process by
+its own id, also when a test fails or the run is interrupted."""
+
+import os
+import shutil
+import signal
+import subprocess
+import tempfile
+import time
+
+SCREEN = "1400x900x24"
+
+
+class RigError(Exception):
+    """The surroundings of a test could not be made; the test itself has said nothing."""
+
+
+def waitFor(condition, seconds, step=0.1):
+    """Asks `condition` until it is true or the time is up; returns its last answer."""
+    end = time.monotonic() + seconds
+    while True:
+        answer = condition()
+        if answer or time.monotonic() > end:
+            return answer
+        time.sleep(step)
+
+
+def endProcess(process, seconds=3):
+    """Ends one process that the rig started: asks, waits, then insists."""
+    if process.poll() is None:
+        process.send_signal(signal.SIGCONT)
+        process.terminate()
+        try:
+            process.wait(seconds)
+        except subprocess.TimeoutExpired:
+            process.kill()
+            process.wait()
+
+
+class DesktopSession:
+    """Use as a context manager. `environment` is what every program of the session runs in."""
+
+    def __init__(self, locale="C.UTF-8", accessibility=True):
+        self.root = tempfile.mkdtemp(prefix="pinorama-desktop-")
+        self.home = os.path.join(self.root, "home")
+        self.processes = []
+        self.locale = locale
+        self.accessibility = accessibility
+        self.environment = None
+        self.windowManager = None
+
+    def __enter__(self):
+        try:
+            self._start()
+        except BaseException:
+            self.close()
+            raise
+        return self
+
+    def __exit__(self, *error):
+        self.close()
+
+    def _start(self):
+        runtime = os.path.join(self.root, "runtime")
+        for folder in (self.home, runtime, os.path.join(self.home, "Desktop")):
+            os.makedirs(folder, mode=0o700)
+        keep = ("PATH", "LD_LIBRARY_PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS")
+        self.environment = {name: os.environ[name] for name in keep if name in os.environ}
+        self.environment.update({
+            "HOME": self.home,
+            "XDG_RUNTIME_DIR": runtime,
+            "TMPDIR": self.root,
+            "LANG": self.locale,
+            "LC_ALL": self.locale,
+            "TZ": "UTC",
+            "GDK_BACKEND": "x11",
+            "QT_QPA_PLATFORM": "xcb",
+            "LIBGL_ALWAYS_SOFTWARE": "1",
+            "GSK_RENDERER": "cairo",
+            "NO_AT_BRIDGE": "0",
+            "GIO_USE_VFS": "local",
+            "GSETTINGS_BACKEND": "memory",
+            "XDG_CURRENT_DESKTOP": "Pinorama-Test",
+        })
+        self._startDisplay()
+        self._startBus()
+        self.windowManager = self.start(["openbox", "--sm-disable"])
+        self.enableAccessibilityBus()
+
+    def _startDisplay(self):
+        reader, writer = os.pipe()
+        self.start(["Xvfb", "-displayfd", str(writer), "-screen", "0", SCREEN, "-noreset", "-nolisten",
+                    "tcp"],
+                   pass_fds=[writer])
+        os.close(writer)
+        with os.fdopen(reader) as answer:
+            number = answer.readline().strip()
+        if not number:
+            raise RigError("Xvfb did not start")
+        self.environment["DISPLAY"] = ":" + number
+
+    def _startBus(self):
+        bus = self.start(["dbus-daemon", "--session", "--nofork", "--print-address=1"],
+                         stdout=subprocess.PIPE)
+        address = bus.stdout.readline().decode().strip()
+        if not address:
+            raise RigError("dbus-daemon did not start")
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = address
+        # Services that the bus starts on demand need the same surroundings.
+        self.run(["dbus-update-activation-environment", "--all"])
+
+    def enableAccessibilityBus(self):
+        """Starts the accessibility bus and says whether Qt programs shall speak on it."""
+        self.call("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus.GetAddress")
+        self.call("org.a11y.Bus", "/org/a11y/bus", "org.freedesktop.DBus.Properties.Set",
+                  "org.a11y.Status", "IsEnabled",
+                  "<true>" if self.accessibility else "<false>")
+
+    def start(self, command, **options):
+        """Starts a program in the session; its messages go to a file of the session."""
+        log = open(os.path.join(self.root, os.path.basename(command[0]) + ".log"), "ab")
+        options.setdefault("stdout", log)
+        options.setdefault("stderr", log)
+        environment = {**self.environment, **options.pop("extra", {})}
+        process = subprocess.Popen(command, env=environment, cwd=self.home,
+                                   stdin=options.pop("stdin", subprocess.DEVNULL), **options)
+        log.close()
+        self.processes.append(process)
+        return process
+
+    def end(self, process):
+        endProcess(process)
+        self.processes.remove(process)
+
+    def run(self, command, seconds=10):
+        """Runs a short command and returns what it printed; None when it failed."""
+        try:
+            done = subprocess.run(command, env=self.environment, cwd=self.home, timeout=seconds,
+                                  stdin=subprocess.DEVNULL, capture_output=True, check=False)
+        except subprocess.TimeoutExpired:
+            return None
+        return done.stdout.decode(errors="surrogateescape") if done.returncode == 0 else None
+
+    def call(self, service, path, method, *arguments):
+        """A D-Bus call on the session bus, arguments as gdbus writes them."""
+        return self.run(["gdbus", "call", "--session", "--dest", service, "--object-path", path,
+                         "--method", method, *arguments])
+
+    def _strays(self):
+        """Processes that a bus started on demand: they carry this session's home folder."""
+        mark = ("HOME=" + self.home).encode()
+        for entry in os.listdir("/proc"):
+            if not entry.isdigit() or int(entry) == os.getpid():
+                continue
+            try:
+                with open(f"/proc/{entry}/environ", "rb") as environment:
+                    if mark in environment.read().split(b"\0"):
+                        yield int(entry)
+            except OSError:
+                continue
+
+    def close(self):
+        for process in reversed(self.processes):
+            endProcess(process)
+        self.processes = []
+        for sign in (signal.SIGTERM, signal.SIGKILL):
+            for stray in self._strays():
+                try:
+                    os.kill(stray, sign)
+                except ProcessLookupError:
+                    pass
+            if waitFor(lambda: not list(self._strays()), 2):
+                break
+        shutil.rmtree(self.root, ignore_errors=True)
