@@ -1,5 +1,6 @@
 #include "lib/strings/tov_bytes.h"
 
+#include "platform/text/ascii.h"
 #include "platform/text/mac_roman.h"
 #include "platform/text/utf8.h"
 
@@ -8,40 +9,42 @@ constexpr std::size_t kLongestPString = 255;
 
 enum class Encoding { none, utf8, macRoman };
 
-// The units of the byte form, and what they convert to.
+// The units of the byte form, what they convert to and how many bytes that makes.
 struct ByteForm {
     std::u16string_view units;
     Encoding encoding;
+    std::uint32_t size;
 };
+
+// The bytes of the converted units, or -1 when they do not convert.
+std::int32_t sizeOf(std::u16string_view units, Encoding encoding)
+{
+    if (encoding == Encoding::macRoman) return static_cast<std::int32_t>(units.size());
+    return platform::countBytesOfUTF8(units);
+}
 
 // A text that does not convert as a whole has no byte form, even when the trouble lies behind the
 // U+0000 that ends it.
 ByteForm byteForm(TovStringRef string, Encoding preferred)
 {
-    const std::u16string_view units = platform::unitsOf(string);
-    Encoding encoding = preferred;
-    if (encoding == Encoding::macRoman && !platform::isMacRoman(units)) encoding = Encoding::utf8;
-    if (encoding == Encoding::utf8 && platform::countBytesOfUTF8(units) < 0) {
-        return {{}, Encoding::none};
-    }
-    return {units.substr(0, units.find(u'\0')), encoding};
-}
+    const std::u16string_view whole = platform::unitsOf(string);
+    const bool isMacRoman = preferred == Encoding::macRoman && platform::isMacRoman(whole);
+    const Encoding encoding = isMacRoman ? Encoding::macRoman : Encoding::utf8;
+    std::int32_t size = sizeOf(whole, encoding);
+    if (size < 0) return {{}, Encoding::none, 0};
 
-std::uint32_t sizeOf(const ByteForm& form)
-{
-    if (form.encoding == Encoding::macRoman) return static_cast<std::uint32_t>(form.units.size());
-    return static_cast<std::uint32_t>(platform::countBytesOfUTF8(form.units));
+    const std::u16string_view units = whole.substr(0, platform::lengthBeforeNull(whole));
+    if (units.size() < whole.size()) size = sizeOf(units, encoding);
+    return {units, encoding, static_cast<std::uint32_t>(size)};
 }
 
 void copyOut(const ByteForm& form, char* dest, std::uint32_t* outSize)
 {
-    std::uint32_t size = 0;
     if (dest != nullptr) {
-        size = sizeOf(form);
         if (form.encoding == Encoding::macRoman) platform::encodeMacRoman(form.units, dest);
         if (form.encoding == Encoding::utf8) platform::encodeUTF8(form.units, dest);
     }
-    if (outSize != nullptr) *outSize = size;
+    if (outSize != nullptr) *outSize = dest == nullptr ? 0 : form.size;
 }
 
 bool isUsable(const void* elements, std::int32_t count)
@@ -60,8 +63,11 @@ TovStringRef TovStringFromUTF8(const char* bytes, std::int32_t byteCount)
 {
     if (!isUsable(bytes, byteCount)) return nullptr;
     const std::string_view text(bytes, static_cast<std::size_t>(byteCount));
-    const bool isUTF8 = platform::countUnitsOfUTF8(text) >= 0;
-    return isUTF8 ? platform::createStringFromUTF8(text) : platform::createStringFromMacRoman(text);
+    const std::int32_t unitCount = platform::countUnitsOfUTF8(text);
+    if (unitCount < 0) return platform::createStringFromMacRoman(text);
+    TovStringRef string = platform::createUnfilledString(unitCount);
+    if (string != nullptr) platform::decodeUTF8(text, string->units);
+    return string;
 }
 
 TovStringRef TovStringFromUTF16(const char16_t* units, std::int32_t unitCount)
@@ -79,7 +85,7 @@ TovStringRef TovStringFromPString(const std::uint8_t* pString)
 
 std::uint32_t TovStringGetUTF8Size(TovStringRef string)
 {
-    return sizeOf(byteForm(string, Encoding::utf8));
+    return byteForm(string, Encoding::utf8).size;
 }
 
 void TovStringCopyToUTF8(TovStringRef string, char* dest, std::uint32_t* outSize)
@@ -89,7 +95,7 @@ void TovStringCopyToUTF8(TovStringRef string, char* dest, std::uint32_t* outSize
 
 std::uint32_t TovStringGetMacRomanSize(TovStringRef string)
 {
-    return sizeOf(byteForm(string, Encoding::macRoman));
+    return byteForm(string, Encoding::macRoman).size;
 }
 
 void TovStringCopyToMacRoman(TovStringRef string, char* dest, std::uint32_t* outSize)

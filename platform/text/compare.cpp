@@ -29,7 +29,7 @@ int platform::compareTexts(std::u16string_view a, std::u16string_view b, Case le
     // Marks that follow an ASCII character neither change nor move it, so two texts are in order as
     // soon as they differ in one, and the beginning that they share can be left out.
     const std::size_t shorter = std::min(a.size(), b.size());
-    for (std::size_t i = 0; i < shorter; i++) {
+    for (std::size_t i = commonASCIILength(a, b); i < shorter; i++) {
         if (!isASCII(a[i]) || !isASCII(b[i])) {
             return compareAnyTexts(a.substr(i), b.substr(i), letterCase);
         }

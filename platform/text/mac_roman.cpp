@@ -1,5 +1,7 @@
 #include "platform/text/mac_roman.h"
 
+#include "platform/text/ascii.h"
+
 #include <unicode/ucnv.h>
 
 #include <algorithm>
@@ -71,18 +73,27 @@ int platform::macRomanByte(char16_t unit)
 
 void platform::decodeMacRoman(std::string_view bytes, char16_t* dest)
 {
-    for (const char byte : bytes) *dest++ = macRomanUnit(static_cast<std::uint8_t>(byte));
+    const std::size_t plain = asciiLength(bytes);
+    widenASCII(bytes.substr(0, plain), dest);
+    for (std::size_t i = plain; i < bytes.size(); i++) {
+        dest[i] = macRomanUnit(static_cast<std::uint8_t>(bytes[i]));
+    }
 }
 
 bool platform::isMacRoman(std::u16string_view units)
 {
-    return std::all_of(units.begin(), units.end(),
+    const std::u16string_view rest = units.substr(asciiLength(units));
+    return std::all_of(rest.begin(), rest.end(),
                        [](char16_t unit) { return macRomanByte(unit) >= 0; });
 }
 
 void platform::encodeMacRoman(std::u16string_view units, char* dest)
 {
-    for (const char16_t unit : units) *dest++ = static_cast<char>(macRomanByte(unit));
+    const std::size_t plain = asciiLength(units);
+    narrowASCII(units.substr(0, plain), dest);
+    for (std::size_t i = plain; i < units.size(); i++) {
+        dest[i] = static_cast<char>(macRomanByte(units[i]));
+    }
 }
 
 TovStringRef platform::createStringFromMacRoman(std::string_view bytes)
