@@ -30,6 +30,7 @@
 #include "lib/files/fork_io.h"
 #include "lib/files/trash.h"
 #include "lib/files/volumes_and_nodes.h"
+#include "lib/prefs/preferences.h"
 #include "lib/strings/string_holder.h"
 #include "lib/strings/tov_bytes.h"
 #include "lib/strings/tov_display.h"

@@ -37,5 +37,5 @@ int main()
     std::printf("%d functions, %s minutes, document %d, accepted %d\n", countPublicFunctions(),
                 utf8(number.get()).c_str(), isDocument, isAccepted);
     const bool isRight = utf8(number.get()) == "21038400" && isDocument && isAccepted;
-    return isRight && countPublicFunctions() > 270 ? 0 : 1;
+    return isRight && countPublicFunctions() == 278 ? 0 : 1;
 }

@@ -271,6 +271,11 @@ const void* const kPublicFunctions[] = {
     as<void()>(debugCounterStart),
     as<void()>(debugCounterStop),
     as<void(std::int32_t)>(debugDisplayNumber),
+    // lib/prefs
+    as<std::int32_t(TovStringRef, TovStringRef)>(prefStoreString),
+    as<std::int32_t(TovStringRef, TovStringRef*)>(prefLoadString),
+    as<std::int32_t(TovStringRef, std::uint32_t)>(prefStoreUInt32),
+    as<std::int32_t(TovStringRef, std::uint32_t*)>(prefLoadUInt32),
     // lib/ui
     as<void*(TovStringRef, const char*, bool)>(iuRegisterBundle),
     as<void*(TovStringRef)>(initStringBundle),
@@ -283,6 +288,7 @@ const void* const kPublicFunctions[] = {
     as<void(TovStringRef, HFSUniStr255*)>(utMakeHFSStringFromCFString),
     as<TovStringRef(const HFSUniStr255*, TovStringRef*)>(utMakeCFStringFromHFSString),
     as<void(std::uint16_t*, std::uint32_t)>(utEndianSwapIntArray),
+    as<std::int16_t(TovStringRef, ForkRef*)>(cuCreateAndOpenTextFile),
     as<TovStringRef(TovStringRef, TovStringRef)>(cuMakeFinderCommentScript),
     // location
     as<std::int32_t(TovStringRef, fileInfoRecord*)>(gpsGetCoordinatesFromFilePath),
