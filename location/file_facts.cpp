@@ -1,5 +1,6 @@
 #include "location/file_facts.h"
 
+#include "lib/conv/mac_time.h"
 #include "lib/strings/tov_display.h"
 #include "location/dictionary_getters.h"
 #include "platform/files/file_attributes.h"
@@ -8,7 +9,6 @@
 #include "platform/objects/values.h"
 
 namespace {
-constexpr double kUnixSecondsOf2001 = 978307200.0;
 constexpr std::uint8_t kWithTime = 1;
 constexpr std::uint8_t kWithYear = 1;
 

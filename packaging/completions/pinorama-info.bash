@@ -1,0 +1,18 @@
+# Completion of pinorama-info for bash.
+
+_pinorama_info()
+{
+    local word=${COMP_WORDS[COMP_CWORD]}
+    local i
+    for ((i = 1; i < COMP_CWORD; i++)); do
+        if [[ ${COMP_WORDS[i]} == -- ]]; then
+            return  # files only, which is what bash offers by itself
+        fi
+    done
+    if [[ $word == -* ]]; then
+        local IFS=$'\n'
+        COMPREPLY=($(compgen -W $'--json\n--help\n--version' -- "$word"))
+    fi
+}
+
+complete -o default -F _pinorama_info pinorama-info

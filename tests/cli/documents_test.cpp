@@ -1,0 +1,82 @@
+// What comes with the program for people and shells knows every option of it.
+
+#include "cli/options.h"
+#include "tests/support/environment.h"
+#include "tests/support/program.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+std::string documentOf(const std::string& path)
+{
+    return test::readFile(PINORAMA_SOURCE_FOLDER "/packaging/" + path);
+}
+
+// The long names of all options, without dashes, as the program explains them.
+std::vector<std::string> optionNames()
+{
+    std::vector<std::string> names;
+    std::istringstream lines(fullUsage());
+    for (std::string line; std::getline(lines, line);) {
+        if (line.rfind("  --", 0) != 0) continue;
+        names.push_back(line.substr(4, line.find_first_of(" =", 4) - 4));
+    }
+    return names;
+}
+
+std::string completionsOf(const std::string& words, int current)
+{
+    const std::string script = "source '" PINORAMA_SOURCE_FOLDER
+                               "/packaging/completions/pinorama-info.bash'\n"
+                               "COMP_WORDS=(" +
+                               words + ")\nCOMP_CWORD=" + std::to_string(current) +
+                               "\n_pinorama_info\necho \"${COMPREPLY[*]}\"";
+    return test::runProgram({.command = {"/bin/bash", "--norc", "-c", script}}).out;
+}
+}  // namespace
+
+TEST(documents, nameEveryOption)
+{
+    const struct {
+        const char *path, *before, *after;
+    } documents[] = {
+        {"man/pinorama-info.1", ".It Fl \\-", "\n"},
+        {"completions/pinorama-info.bash", "--", ""},
+        {"completions/_pinorama-info", "--", "["},
+        {"completions/pinorama-info.fish", "-c pinorama-info -l ", " "},
+    };
+    ASSERT_GE(optionNames().size(), 3u);
+    for (const auto& [path, before, after] : documents) {
+        const std::string document = documentOf(path);
+        ASSERT_NE(document, "") << path;
+        for (const std::string& option : optionNames()) {
+            EXPECT_NE(document.find(before + option + after), std::string::npos)
+                << path << " does not know --" << option;
+        }
+    }
+}
+
+TEST(documents, manualPageIsWellFormed)
+{
+    const test::ProgramResult result =
+        test::runProgram({.command = {"/usr/bin/groff", "-mandoc", "-ww", "-Tutf8",
+                                      PINORAMA_SOURCE_FOLDER "/packaging/man/pinorama-info.1"}});
+    if (result.status == 127) GTEST_SKIP() << "groff is not installed";
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.err, "");
+    EXPECT_NE(result.out.find("pinorama-info"), std::string::npos);
+}
+
+TEST(documents, bashCompletesOptionsUpToTheTwoDashes)
+{
+    std::string all;
+    for (const std::string& option : optionNames()) all += (all.empty() ? "--" : " --") + option;
+    EXPECT_EQ(completionsOf("pinorama-info --", 1), all + "\n");
+    EXPECT_EQ(completionsOf("pinorama-info a.jpg --js", 2), "--json\n");
+    EXPECT_EQ(completionsOf("pinorama-info -- --js", 2), "\n");
+    EXPECT_EQ(completionsOf("pinorama-info pho", 1), "\n");
+}
