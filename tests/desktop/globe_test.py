@@ -1,0 +1,82 @@
+#!/usr/bin/env python3
+"""Flies the real Marble from the real window, cold and warm, and reads over the session bus where it
+went. Exit status 77 means that nothing could be tried; the reason is printed.
+
+usage: globe_test.py BIN_FOLDER"""
+
+import os
+import re
+import shutil
+import sys
+import unittest
+
+from pictures import writePicture
+from session import DesktopSession, RigError, waitFor
+
+BIN = os.path.abspath(sys.argv.pop()) if len(sys.argv) > 1 else ""
+SKIPPED = 77
+
+
+class GlobeTest(unittest.TestCase):
+    def setUp(self):
+        self.session = DesktopSession()
+        self.session.__enter__()
+        self.addCleanup(self.session.close)
+
+    def showPicture(self, name, latitude, longitude, **more):
+        path = os.path.join(self.session.home, name)
+        writePicture(path, latitude, longitude, **more)
+        # As root, Marble's web view does not start in its sandbox.
+        extra = {"QTWEBENGINE_DISABLE_SANDBOX": "1"} if os.geteuid() == 0 else {}
+        self.session.start([os.path.join(BIN, "pinorama"), path], extra=extra)
+        self.window = waitFor(
+            lambda: (self.session.run(["xdotool", "search", "--onlyvisible", "--name",
+                                       "^Pinorama$"]) or "").split(), 30)
+        self.assertTrue(self.window, "the window did not appear")
+
+    def pressGlobeButton(self):
+        self.session.run(["xdotool", "windowactivate", "--sync", self.window[0]])
+        self.session.run(["xdotool", "key", "--clearmodifiers", "alt+g"])
+
+    def marble(self, name):
+        return self.session.call("org.kde.marble", "/Marble", "org.freedesktop.DBus.Properties.Get",
+                                 "org.kde.marble", name) or ""
+
+    def marbleCentre(self):
+        numbers = re.findall(r"-?\d+\.\d+|-?\d+", self.marble("center"))
+        return [round(float(number), 3) for number in numbers[:2]]
+
+    def testAColdMarbleStartsAtThePlaceAndAWarmOneMovesThere(self):
+        self.showPicture("south.jpg", -33.9, 18.4)
+        self.pressGlobeButton()
+        self.assertTrue(waitFor(lambda: self.marbleCentre() == [18.4, -33.9], 20),
+                        f"a started Marble is at {self.marbleCentre()}")
+
+        # A second start hands its picture to the running window.
+        self.showPicture("west.jpg", 48.1, -11.5, distance=100)
+        self.pressGlobeButton()
+        self.assertTrue(waitFor(lambda: self.marbleCentre() == [-11.5, 48.1], 10),
+                        f"the running Marble is at {self.marbleCentre()}")
+        # 100 km is within what every map theme allows, so the zoom is the one that was asked for.
+        self.assertTrue(waitFor(lambda: "1958" in self.marble("zoom"), 5), self.marble("zoom"))
+
+
+def whyNot():
+    for program in ("Xvfb", "openbox", "xdotool", "gdbus"):
+        if not shutil.which(program):
+            return program + " is not installed"
+    if not (shutil.which("marble") or shutil.which("marble-qt")):
+        return "Marble is not installed"
+    return None
+
+
+if __name__ == "__main__":
+    reason = whyNot()
+    if reason:
+        print("skipped:", reason)
+        sys.exit(SKIPPED)
+    try:
+        unittest.main(verbosity=2)
+    except RigError as error:
+        print("skipped:", error)
+        sys.exit(SKIPPED)
