@@ -17,7 +17,7 @@
 void* gCFBundleRef = nullptr;
 
 namespace {
-constexpr std::size_t kLargestTable = 16 * 1024 * 1024;  // bytes
+constexpr std::size_t kLargestTable = 256 * 1024;  // bytes
 constexpr char kDefaultTable[] = "Localizable";
 
 struct LoadedTable {
