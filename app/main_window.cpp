@@ -1,6 +1,6 @@
 #include "app/main_window.h"
 
-#include "platform/desktop/file_uri.h"
+#include "platform/files/file_uri.h"
 
 #include <QDragEnterEvent>
 #include <QEvent>

@@ -3,7 +3,7 @@
 #include "lib/base/status.h"
 #include "lib/files/path_block.h"
 #include "platform/files/descriptor.h"
-#include "platform/files/file_url.h"
+#include "platform/files/file_uri.h"
 #include "platform/files/item_path.h"
 #include "platform/files/path_text.h"
 
@@ -42,9 +42,9 @@ std::int32_t feMakeFSRefFromParent(const FSRef* parent, TovStringRef name, FSRef
 
 std::int32_t feGetFSRefFromCFURL(TovStringRef fileURL, FSRef* outRef)
 {
-    const std::string path = platform::pathOfFileURL(platform::pathBytes(fileURL));
-    if (path.empty()) return kErrBadArgument;
-    return feMakeFSRefFromBytes(path.c_str(), outRef) == kErrNone ? kErrNone : kErrBadArgument;
+    const auto path = platform::pathOfFileURI(platform::pathBytes(fileURL));
+    if (!path) return kErrBadArgument;
+    return feMakeFSRefFromBytes(path->c_str(), outRef) == kErrNone ? kErrNone : kErrBadArgument;
 }
 
 std::int32_t feGetParentRef(const FSRef* ref, FSRef* outParent)

@@ -4,7 +4,8 @@
 // A key that the user's first language lacks is looked up in the next one: LANGUAGE=de_AT:fr asks
 // de_AT, de, fr and en in turn. A key that no language has comes back as the key itself, so a
 // missing text shows on screen by its key. Tables are read when a key is first looked up in them,
-// once. Every text that comes back is new and released by the caller.
+// once; one that cannot be read or is larger than 256 KiB holds nothing. Every text that comes back
+// is new and released by the caller.
 
 #pragma once
 

@@ -1,7 +1,7 @@
 #include "platform/desktop/application_bus.h"
 
 #include "platform/desktop/application_interfaces.h"
-#include "platform/desktop/file_uri.h"
+#include "platform/files/file_uri.h"
 
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>

@@ -1,6 +1,6 @@
 #include "platform/desktop/application_interfaces.h"
 
-#include "platform/desktop/file_uri.h"
+#include "platform/files/file_uri.h"
 
 #include <optional>
 #include <string>

@@ -1,8 +1,8 @@
 #include "platform/desktop/extension_selection.h"
 
 #include "platform/desktop/accessibility_selection.h"
-#include "platform/desktop/file_uri.h"
 #include "platform/desktop/item_name.h"
+#include "platform/files/file_uri.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>

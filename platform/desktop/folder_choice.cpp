@@ -1,7 +1,7 @@
 #include "platform/desktop/folder_choice.h"
 
-#include "platform/desktop/file_uri.h"
 #include "platform/desktop/item_name.h"
+#include "platform/files/file_uri.h"
 #include "platform/files/user_folders.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "platform/desktop/places.h"
 
-#include "platform/desktop/file_uri.h"
+#include "platform/files/file_uri.h"
 #include "platform/files/user_folders.h"
 
 #include <QFile>

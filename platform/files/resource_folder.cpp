@@ -27,10 +27,13 @@ std::string platform::programFolder()
 std::string platform::resourceFolder()
 {
     const char* told = std::getenv("PINORAMA_RESOURCES");
-    if (told != nullptr && *told != '\0') return told;
-    const std::string folder = programFolder();
-    std::string beside = folder + "/../resources";
+    return told != nullptr && *told != '\0' ? told : resourceFolderOf(programFolder());
+}
+
+std::string platform::resourceFolderOf(const std::string& programFolder)
+{
+    std::string beside = programFolder + "/../resources";
     // Some other "resources" may lie beside an installed program; ours has the texts in it.
     if (isFolder(beside + "/strings")) return beside;
-    return folder + "/../share/pinorama";
+    return programFolder + "/../share/pinorama";
 }

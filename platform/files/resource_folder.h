@@ -12,6 +12,9 @@ namespace platform {
 // (<folder of the program>/../share/pinorama).
 std::string resourceFolder();
 
+// The second and third of these, for programs in `programFolder`.
+std::string resourceFolderOf(const std::string& programFolder);
+
 // The folder of the program that runs, without a slash at the end; empty when the system does not
 // tell.
 std::string programFolder();

@@ -2,6 +2,7 @@
 
 #include "lib/base/status.h"
 #include "platform/files/descriptor.h"
+#include "platform/files/file_uri.h"
 #include "platform/files/item_path.h"
 #include "platform/files/moving.h"
 #include "platform/files/user_folders.h"
@@ -72,24 +73,6 @@ bool isSharedTrash(const std::string& path)
            (facts.st_mode & S_ISVTX) != 0;
 }
 
-std::string withPercentEscapes(std::string_view path)
-{
-    constexpr std::string_view kPlain = "-_.!~*'()/";
-    constexpr char kDigits[] = "0123456789ABCDEF";
-    std::string text;
-    for (const char c : path) {
-        const bool isPlain = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') ||
-                             (c >= 'a' && c <= 'z') || kPlain.find(c) != kPlain.npos;
-        if (isPlain) {
-            text += c;
-            continue;
-        }
-        const auto byte = static_cast<unsigned char>(c);
-        text += {'%', kDigits[byte >> 4], kDigits[byte & 15]};
-    }
-    return text;
-}
-
 std::string informationText(const Trash& trash, std::string_view path)
 {
     if (!trash.topFolder.empty()) {
@@ -101,7 +84,7 @@ std::string informationText(const Trash& trash, std::string_view path)
     std::tm local = {};
     localtime_r(&now, &local);
     std::strftime(date, sizeof date, "%Y-%m-%dT%H:%M:%S", &local);
-    return "[Trash Info]\nPath=" + withPercentEscapes(path) + "\nDeletionDate=" + date + "\n";
+    return "[Trash Info]\nPath=" + platform::escapedPath(path) + "\nDeletionDate=" + date + "\n";
 }
 
 // Makes the information file, which claims the name. False with errno set, EEXIST for a taken name.

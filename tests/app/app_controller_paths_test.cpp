@@ -1,6 +1,6 @@
 // The ways that a path takes into the program.
 
-#include "platform/desktop/file_uri.h"
+#include "platform/files/file_uri.h"
 #include "platform/files/path_text.h"
 #include "tests/app/controller_fixture.h"
 

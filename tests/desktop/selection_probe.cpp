@@ -9,7 +9,7 @@
 // input end the program.
 
 #include "platform/desktop/file_manager_selection.h"
-#include "platform/desktop/file_uri.h"
+#include "platform/files/file_uri.h"
 
 #include <QCoreApplication>
 #include <QSocketNotifier>

@@ -105,6 +105,18 @@ TEST(iuRegisterBundle, readsNothingBeforeTheFirstLookup)
     EXPECT_EQ(test::takeUTF8(iuGetIndKVLCFString(1)), "written later") << "read once";
 }
 
+TEST(iuRegisterBundle, tableOfMoreThan256KiBIsNotRead)
+{
+    const TestBundle bundle;
+    const std::string entry = "\"1\" = \"text\";\n";
+    bundle.write("en", "Localizable", entry + std::string(256 * 1024 - entry.size(), ' '));
+    ASSERT_NE(bundle.registerAs("test.large", true), nullptr);
+    EXPECT_EQ(test::takeUTF8(iuGetIndKVLCFString(1)), "text");
+    bundle.write("en", "Localizable", entry + std::string(256 * 1024 - entry.size() + 1, ' '));
+    ASSERT_NE(bundle.registerAs("test.large", true), nullptr);
+    EXPECT_EQ(test::takeUTF8(iuGetIndKVLCFString(1)), "1");
+}
+
 TEST(iuGetIndCFString, makesTheKeyFromTableAndIndex)
 {
     const TestBundle bundle;

@@ -27,3 +27,16 @@ TEST(resourceFolder, liesBesideTheBuildTreesPrograms)
                                             "/strings/en/Localizable.strings"));
     }
 }
+
+TEST(resourceFolderOf, prefersTheBuildTree)
+{
+    const test::TemporaryFolder folder;
+    const std::string programs = folder.file("bin");
+    EXPECT_EQ(platform::resourceFolderOf(programs), programs + "/../share/pinorama");
+    std::filesystem::create_directories(programs);
+    std::filesystem::create_directories(folder.file("resources"));
+    EXPECT_EQ(platform::resourceFolderOf(programs), programs + "/../share/pinorama")
+        << "some other program's";
+    std::filesystem::create_directories(folder.file("resources/strings"));
+    EXPECT_EQ(platform::resourceFolderOf(programs), programs + "/../resources");
+}

@@ -1,4 +1,4 @@
-#include "platform/desktop/file_uri.h"
+#include "platform/files/file_uri.h"
 
 #include <array>
 #include <climits>
@@ -84,18 +84,23 @@ std::optional<std::string> platform::pathOfFileURI(std::string_view uri)
     return path;
 }
 
-std::string platform::fileURIOfPath(std::string_view path)
+std::string platform::escapedPath(std::string_view path)
 {
-    std::string uri = "file://";
+    std::string escaped;
     for (const char c : path) {
         if (isUnreserved(c) || c == '/') {
-            uri.push_back(c);
+            escaped.push_back(c);
         } else {
             const auto byte = static_cast<unsigned char>(c);
-            uri += {'%', kDigits[byte >> 4], kDigits[byte & 15]};
+            escaped += {'%', kDigits[byte >> 4], kDigits[byte & 15]};
         }
     }
-    return uri;
+    return escaped;
+}
+
+std::string platform::fileURIOfPath(std::string_view path)
+{
+    return "file://" + escapedPath(path);
 }
 
 std::vector<std::string> platform::pathsOfURIList(std::string_view list)

@@ -16,7 +16,10 @@ namespace platform {
 // path.
 std::optional<std::string> pathOfFileURI(std::string_view uri);
 
-// The URI of an absolute path: every byte outside the unreserved characters and '/' is escaped.
+// A path with percent escapes for every byte outside the unreserved characters and '/'.
+std::string escapedPath(std::string_view path);
+
+// The URI of an absolute path: "file://" and the escaped path.
 std::string fileURIOfPath(std::string_view path);
 
 // The paths that a list of URIs names (text/uri-list, RFC 2483: lines that end in CR LF, '#' begins

@@ -1,4 +1,4 @@
-#include "platform/desktop/file_uri.h"
+#include "platform/files/file_uri.h"
 
 #include <gtest/gtest.h>
 
