@@ -21,7 +21,7 @@ void appShowAboutBox(QWidget* parent)
     box->setIconPixmap(QApplication::windowIcon().pixmap(QSize(kIconSize, kIconSize),
                                                          parent->devicePixelRatioF()));
     box->setTextFormat(Qt::RichText);
-    box->setText(QStringLiteral("<b>Pinorama %1</b>").arg(QCoreApplication::applicationVersion()));
+    box->setText(QStringLiteral("<b>Pinorama " PINORAMA_VERSION "</b>"));
     box->setInformativeText(
         QStringLiteral("<p>%1</p><p><a href=\"" PINORAMA_HOME_URL "\">" PINORAMA_HOME_URL
                        "</a></p><p>%2</p>")

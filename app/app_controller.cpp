@@ -15,7 +15,6 @@
 #include "lib/ui/string_tables.h"
 #include "location/accepted_types.h"
 #include "platform/files/path_text.h"
-#include "platform/files/user_folders.h"
 
 #include <QApplication>
 #include <QMimeData>
@@ -54,7 +53,6 @@ bool AppController::init()
     if (iuRegisterApplicationBundle() == nullptr) return false;
     const StringHolder identifier(platform::createString(kApplicationIdentifier));
     if (initStringBundle(identifier.get()) == nullptr) return false;
-    iuSetUserTableFolder((platform::configFolder() + "/pinorama").c_str());
     tovStringInitString();
     convInit();
     info = {};

@@ -1,14 +1,13 @@
-// The one preference of the program, "finderSync": "1" while the window follows the selection in
-// the file manager. What the user never changed comes from a registered default, a layer below the
-// stored preferences that is never written.
+// The one preference of the program, "finderSync": whether the window follows the selection in the
+// file manager. The registered default is "1"; it is never stored.
 
 #pragma once
 
 // Registers "1" as the default.
 void appRegisterFinderSyncDefault();
 
-// The stored value, else the registered default, else off. A value that begins with a number other
-// than 0 is on.
+// The stored value, else the registered one, else off. On is a text that begins, behind blanks, a
+// sign and zeros, with a digit or with one of the letters Y and T in either case.
 bool appLoadFinderSync();
 
 // Stores "1" or "0".

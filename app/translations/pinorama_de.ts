@@ -59,7 +59,7 @@
     </message>
     <message>
         <source>&amp;Find in Skallion</source>
-        <translation>In Skallion &amp;finden</translation>
+        <translation>In Skallion s&amp;uchen</translation>
     </message>
     <message>
         <source>Writes the location as a placemark file</source>

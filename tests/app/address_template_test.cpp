@@ -1,5 +1,4 @@
 #include "app/address_template.h"
-
 #include "platform/text/utf8.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,4 @@
 #include "app/command_line.h"
-
 #include "tests/support/environment.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,4 @@
 #include "app/selection_script.h"
-
 #include "tests/support/texts.h"
 
 #include <gtest/gtest.h>

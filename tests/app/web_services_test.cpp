@@ -1,5 +1,4 @@
 #include "app/web_services.h"
-
 #include "lib/ui/application_bundle.h"
 #include "tests/support/environment.h"
 #include "tests/support/texts.h"

@@ -1,0 +1,204 @@
+// The fields of the window by themselves: nothing of a text is ever cut, all of it can be copied.
+
+#include "app/elided_field.h"
+#include "app/pop_up_menu.h"
+#include "app/wrapped_field.h"
+#include "tests/support/toolkit.h"
+
+#include <gtest/gtest.h>
+#include <QAbstractItemView>
+#include <QAccessible>
+#include <QClipboard>
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QVBoxLayout>
+#include <QWheelEvent>
+
+namespace {
+void press(QWidget* widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+{
+    QKeyEvent down(QEvent::KeyPress, key, modifiers);
+    QCoreApplication::sendEvent(widget, &down);
+    QKeyEvent up(QEvent::KeyRelease, key, modifiers);
+    QCoreApplication::sendEvent(widget, &up);
+}
+
+// A window of a given width with one field and something else to have the focus.
+template <typename Field>
+class FieldWindow {
+public:
+    explicit FieldWindow(int width)
+    {
+        auto* layout = new QVBoxLayout(&window);
+        layout->setContentsMargins(0, 0, 0, 0);
+        field = new Field;
+        layout->addWidget(field);
+        other = new QLineEdit;
+        layout->addWidget(other);
+        window.resize(width, 100);
+        other->setFocus();
+        window.show();
+        window.activateWindow();
+        QCoreApplication::processEvents();
+    }
+
+    QWidget window;
+    Field* field;
+    QLineEdit* other;
+};
+
+std::u16string shownText(QWidget* field)
+{
+    QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(field);
+    QAccessibleTextInterface* text = interface != nullptr ? interface->textInterface() : nullptr;
+    return text != nullptr ? text->text(0, text->characterCount()).toStdU16String() : u"none";
+}
+}  // namespace
+
+TEST(WrappedField, isAsHighAsItsText)
+{
+    FieldWindow<WrappedField> window(200);
+    const int oneLine = window.field->height();
+    window.field->setText(
+        QStringLiteral("several words that need more than one line of the field"));
+    QCoreApplication::processEvents();
+    EXPECT_GE(window.field->height(), 2 * oneLine - 2);
+    EXPECT_FALSE(window.field->verticalScrollBar()->isVisible());
+    window.field->setText(QStringLiteral("x"));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window.field->height(), oneLine);
+}
+
+TEST(WrappedField, wrapsInTheMiddleOfAWordWithoutBlanks)
+{
+    FieldWindow<WrappedField> window(200);
+    const int oneLine = window.field->height();
+    window.field->setText(QString(60, QLatin1Char('W')));
+    QCoreApplication::processEvents();
+    EXPECT_GE(window.field->height(), 2 * oneLine - 2);
+    EXPECT_EQ(window.field->horizontalScrollBar()->maximum(), 0);
+}
+
+TEST(WrappedField, followsTheWidthOfItsWindow)
+{
+    FieldWindow<WrappedField> window(600);
+    window.field->setText(
+        QStringLiteral("several words that need more than one line of the field"));
+    QCoreApplication::processEvents();
+    const int wide = window.field->height();
+    window.window.resize(150, 100);
+    QCoreApplication::processEvents();
+    EXPECT_GT(window.field->height(), wide);
+    EXPECT_GE(window.window.height(), window.field->height() + window.other->height())
+        << "the window grows with it";
+}
+
+TEST(WrappedField, scrollsBeyondItsLines)
+{
+    FieldWindow<WrappedField> window(200);
+    window.field->setMaximumLines(3);
+    window.field->setText(QStringLiteral("word ").repeated(200));
+    QCoreApplication::processEvents();
+    EXPECT_LE(window.field->height(), 3 * window.field->fontMetrics().lineSpacing() + 1);
+    EXPECT_TRUE(window.field->verticalScrollBar()->isVisible());
+    EXPECT_GT(window.field->verticalScrollBar()->maximum(), 0);
+}
+
+TEST(WrappedField, aVeryLongTextIsNoBurden)
+{
+    FieldWindow<WrappedField> window(200);
+    window.field->setText(QStringLiteral("x\n").repeated(20000));
+    EXPECT_TRUE(test::waitUntil([&] { return window.field->verticalScrollBar()->isVisible(); }));
+}
+
+TEST(WrappedField, isReadAndCopiedWithTheKeyboard)
+{
+    FieldWindow<WrappedField> window(200);
+    window.field->setText(QStringLiteral("N 48\u00b0"));
+    window.field->setFocus(Qt::TabFocusReason);
+    press(window.field, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("N 48\u00b0"));
+    press(window.field, Qt::Key_X);
+    press(window.field, Qt::Key_Delete);
+    EXPECT_EQ(window.field->text(), QStringLiteral("N 48\u00b0")) << "nothing is changed";
+    window.field->clearFocus();
+    EXPECT_FALSE(window.field->textCursor().hasSelection());
+}
+
+TEST(WrappedField, isATextToAScreenReader)
+{
+    FieldWindow<WrappedField> window(200);
+    window.field->setText(QStringLiteral("Rome"));
+    EXPECT_EQ(shownText(window.field), u"Rome");
+    window.field->setText(QString());
+    EXPECT_EQ(shownText(window.field), u"");
+}
+
+TEST(ElidedField, showsBothEndsOfALongName)
+{
+    FieldWindow<ElidedField> window(200);
+    const QString name =
+        QStringLiteral("begin") + QString(200, QLatin1Char('x')) + QStringLiteral("end.jpg");
+    window.field->setText(name);
+    QCoreApplication::processEvents();
+    const QImage elided = window.field->grab().toImage();
+
+    // The same picture as that of the text that is elided by hand.
+    const int width = window.field->width() - 4;
+    window.field->setText(window.field->fontMetrics().elidedText(name, Qt::ElideMiddle, width));
+    EXPECT_TRUE(window.field->text().endsWith(QLatin1String("end.jpg")));
+    EXPECT_TRUE(window.field->text().startsWith(QLatin1String("begin")));
+    window.field->setCursorPosition(0);
+    EXPECT_EQ(elided, window.field->grab().toImage());
+}
+
+TEST(ElidedField, givesItsWholeTextToTheClipboardAndTheScreenReader)
+{
+    FieldWindow<ElidedField> window(200);
+    const QString name = QString(200, QLatin1Char('x')) + QStringLiteral(".jpg");
+    window.field->setText(name);
+    EXPECT_EQ(shownText(window.field), name.toStdU16String());
+    window.field->setFocus(Qt::TabFocusReason);
+    press(window.field, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), name);
+    window.field->clearFocus();
+    EXPECT_FALSE(window.field->hasSelectedText());
+    EXPECT_EQ(window.field->cursorPosition(), 0);
+}
+
+TEST(PopUpMenu, opensItsListInsteadOfWalkingThroughCommands)
+{
+    PopUpMenu menu;
+    menu.addItems({QStringLiteral("Title"), QStringLiteral("One"), QStringLiteral("Two")});
+    menu.makeFirstItemTheTitle();
+    QSignalSpy chosen(&menu, &PopUpMenu::chosen);
+    menu.show();
+    for (const int key : {Qt::Key_T, Qt::Key_O, Qt::Key_PageDown, Qt::Key_End}) press(&menu, key);
+    QWheelEvent wheel(QPointF(5, 5), menu.mapToGlobal(QPointF(5, 5)), QPoint(), QPoint(0, -120),
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&menu, &wheel);
+    EXPECT_EQ(chosen.count(), 0);
+    EXPECT_EQ(menu.currentIndex(), 0);
+
+    for (const int key : {Qt::Key_Space, Qt::Key_Down, Qt::Key_Up, Qt::Key_Return, Qt::Key_F4}) {
+        press(&menu, key);
+        EXPECT_TRUE(menu.view()->isVisible());
+        menu.hidePopup();
+    }
+    EXPECT_EQ(chosen.count(), 0);
+}
+
+TEST(PopUpMenu, itsTitleIsNoCommandAndStays)
+{
+    PopUpMenu menu;
+    menu.addItems({QStringLiteral("Title"), QStringLiteral("One")});
+    menu.makeFirstItemTheTitle();
+    EXPECT_FALSE(menu.model()->flags(menu.model()->index(0, 0)).testFlag(Qt::ItemIsEnabled));
+    QSignalSpy chosen(&menu, &PopUpMenu::chosen);
+    menu.setCurrentIndex(1);
+    Q_EMIT menu.activated(1);
+    ASSERT_EQ(chosen.count(), 1);
+    EXPECT_EQ(chosen.at(0).at(0).toInt(), 1);
+    EXPECT_EQ(menu.currentIndex(), 0);
+}
