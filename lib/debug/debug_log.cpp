@@ -111,8 +111,11 @@ std::int16_t debugFormat(const char* format, ...)
         const platform::PointLocale point;
         std::va_list arguments;
         va_start(arguments, format);
-        // A conversion that fails leaves an empty entry.
+        // A conversion that fails leaves an empty entry. The template is the caller's.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"
         if (std::vsnprintf(text, sizeof text, format, arguments) < 0) text[0] = '\0';
+#pragma GCC diagnostic pop
         va_end(arguments);
     }
 

@@ -124,7 +124,8 @@ TEST(TovStringConvertFromURL, bringsEveryTextBack)
         const StringHolder original(platform::createString(u"a" + units + u"%"));
         const StringHolder escaped(TovStringConvertToURL(original.get()));
         const StringHolder back(TovStringConvertFromURL(escaped.get()));
-        ASSERT_TRUE(platform::equalUnits(back.get(), original.get())) << static_cast<std::uint32_t>(codePoint);
+        ASSERT_TRUE(platform::equalUnits(back.get(), original.get()))
+            << static_cast<std::uint32_t>(codePoint);
     }
 }
 
