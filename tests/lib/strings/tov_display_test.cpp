@@ -302,6 +302,23 @@ TEST(TovStringMakeOSTypeString, keepsTheOrderOfMemory)
     EXPECT_EQ(takeUTF8(TovStringMakeOSTypeString(0)), std::string(4, '\0'));
 }
 
+TEST(TovStringMakeSizeString, givesNullOrAKeyWhenMemoryRunsOut)
+{
+    // The tables answer with the key when they cannot make the word.
+    const Words words;
+    ASSERT_EQ(takeUTF8(TovMakeDoubleSizeString(512)), "0.5 kilo (512 bytes)");
+    for (std::uint64_t nth = 1;; nth++) {
+        baseFailAllocation(nth);
+        const auto result = takeUTF8(TovMakeDoubleSizeString(512));
+        if (!baseAllocationHasFailed()) {
+            EXPECT_GE(nth, 6u);
+            break;
+        }
+        EXPECT_TRUE(!result || result->find("STR#1001:") != std::string::npos) << *result;
+    }
+    baseFailAllocation(0);
+}
+
 TEST(TovStringMake, givesNullWhenMemoryRunsOut)
 {
     const Words words;
