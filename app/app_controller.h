@@ -8,7 +8,7 @@
 #pragma once
 
 #include "app/selection_script.h"
-#include "app/web_services.h"
+#include "globe/web_services.h"
 #include "lib/ui/preview_loader.h"
 #include "location/file_info_record.h"
 #include "platform/desktop/address_opener.h"

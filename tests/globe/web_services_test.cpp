@@ -1,4 +1,5 @@
-#include "app/web_services.h"
+#include "globe/web_services.h"
+
 #include "lib/ui/application_bundle.h"
 #include "tests/support/environment.h"
 #include "tests/support/texts.h"
@@ -111,10 +112,32 @@ TEST(appMakeWebServiceURL, withThreeConversionsTheThirdIsTheName)
 TEST(appMakeWebServiceURL, anyOtherNumberOfPercentSignsGivesNoAddress)
 {
     const fileInfoRecord info = place(1, 'N', 2, 'E');
-    for (const char* wrong : {"b3", "", "%f", "%f,%f,%@,%f", "100%%,%f", "%f,%f,%20", "%f,%f%%"}) {
+    for (const char* wrong : {"b3", "", "%f", "%f,%f,%@,%f", "100%%,%f%f", "%f,%f%%"}) {
         SCOPED_TRACE(wrong);
         EXPECT_EQ(address(wrong, info), "null");
     }
+}
+
+TEST(appMakeWebServiceURL, aConversionThatDoesNotFitItsValueIsHarmless)
+{
+    const struct {
+        const char *urlTemplate, *expected;
+    } rows[] = {
+        {"%@,%f", ",-3.250000"},
+        {"%s,%n", ",%n"},
+        {"%f,%f,%f", "45.500000,-3.250000,"},
+        {"%f,%f,%20", "45.500000,-3.250000,%20"},
+        {"%3$f,%99$f", ","},
+        {"%f%%,", "45.500000%,"},
+        {"%*f,%f", "                                    -3.250000,"},
+        {"%.0f,%d", "46,-3"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.urlTemplate);
+        EXPECT_EQ(address(row.urlTemplate, place(45.5, 'N', 3.25, 'W')), row.expected);
+    }
+    EXPECT_LT(address("%99999999999f%.99999999999f", place(45.5, 'N', 3.25, 'W')).size(), 4096u)
+        << "a width and a precision have their bounds";
 }
 
 TEST(appMakeWebServiceURL, nullArgumentsGiveNull)

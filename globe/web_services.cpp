@@ -1,12 +1,12 @@
-#include "app/web_services.h"
+#include "globe/web_services.h"
 
-#include "app/address_template.h"
+#include "globe/address_escape.h"
 #include "lib/strings/string_holder.h"
+#include "lib/strings/tov_format.h"
 #include "lib/strings/tov_search.h"
 #include "lib/ui/string_tables.h"
 #include "location/file_name.h"
 
-#include <optional>
 #include <string>
 
 namespace {
@@ -28,13 +28,6 @@ double signedLatitude(const fileInfoRecord& info)
 double signedLongitude(const fileInfoRecord& info)
 {
     return info.refLongi == 'W' ? -info.longi : info.longi;
-}
-
-TovStringRef filledIn(std::u16string_view addressTemplate,
-                      const std::vector<app::TemplateValue>& values)
-{
-    const std::optional<std::u16string> address = app::fillTemplate(addressTemplate, values);
-    return address ? platform::createString(*address) : nullptr;
 }
 }  // namespace
 
@@ -61,15 +54,17 @@ TovStringRef appMakeWebServiceURL(TovStringRef urlTemplate, const fileInfoRecord
                                   TovStringRef path)
 {
     if (urlTemplate == nullptr || info == nullptr) return nullptr;
-    const std::u16string_view addressTemplate = platform::unitsOf(urlTemplate);
-    std::vector<app::TemplateValue> values = {signedLatitude(*info), signedLongitude(*info)};
+    const std::u16string_view format = platform::unitsOf(urlTemplate);
+    const double latitude = signedLatitude(*info);
+    const double longitude = signedLongitude(*info);
     switch (TovStringCountCharAppearances(urlTemplate, u'%')) {
-    case 2: return filledIn(addressTemplate, values);
+    case 2: return tovFormat(format, {latitude, longitude});
     case 3: {
         const StringHolder name(gpsCopyFileName(path));
         if (!name) return nullptr;
-        values.emplace_back(app::escapeForAddress(platform::unitsOf(name.get())));
-        return filledIn(addressTemplate, values);
+        const StringHolder escaped(gpsEscapeForAddress(platform::unitsOf(name.get())));
+        if (!escaped) return nullptr;
+        return tovFormat(format, {latitude, longitude, escaped.get()});
     }
     default: return nullptr;
     }
@@ -78,5 +73,5 @@ TovStringRef appMakeWebServiceURL(TovStringRef urlTemplate, const fileInfoRecord
 TovStringRef appMakeCatalogueURL(const fileInfoRecord* info)
 {
     if (info == nullptr) return nullptr;
-    return filledIn(kCatalogueAddress, {signedLatitude(*info), signedLongitude(*info)});
+    return tovFormat(kCatalogueAddress, {signedLatitude(*info), signedLongitude(*info)});
 }

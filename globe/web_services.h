@@ -26,11 +26,11 @@
 //   path         the picture, whose name is escaped as an address needs it: what may stand in an
 //                address stays, such as '&' and '+', everything else becomes %XX of its UTF-8 form.
 //
-// Conversions are %f and %F for numbers (with flags, width and precision as in C, six decimals
-// without) and %@ for the name; "%2$f" takes the second value.
+// The template is data that anybody may edit. Its conversions are those of tovFormat, whatever they
+// are: one that does not fit its value prints nothing or itself.
 //
-// Returns a new text; null for any other number of percent signs, for a conversion that does not
-// fit its value, for null arguments, and when memory runs out.
+// Returns a new text; null for any other number of percent signs, for null arguments, and when
+// memory runs out.
 [[nodiscard]] TovStringRef appMakeWebServiceURL(TovStringRef urlTemplate,
                                                 const fileInfoRecord* info, TovStringRef path);
 

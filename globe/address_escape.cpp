@@ -1,0 +1,29 @@
+#include "globe/address_escape.h"
+
+#include "platform/text/utf8.h"
+
+#include <string>
+
+namespace {
+bool isLegalInAddress(char byte)
+{
+    return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') ||
+           (byte >= '0' && byte <= '9') ||
+           std::string_view("-_.!~*'();/?:@&=+$,").find(byte) != std::string_view::npos;
+}
+}  // namespace
+
+TovStringRef gpsEscapeForAddress(std::u16string_view name)
+{
+    constexpr std::u16string_view kDigits = u"0123456789ABCDEF";
+    std::u16string escaped;
+    for (const char byte : platform::displayUTF8(name)) {
+        if (isLegalInAddress(byte)) {
+            escaped += static_cast<char16_t>(byte);
+        } else {
+            const auto value = static_cast<unsigned char>(byte);
+            escaped += {u'%', kDigits[value >> 4], kDigits[value & 15]};
+        }
+    }
+    return platform::createString(escaped);
+}
