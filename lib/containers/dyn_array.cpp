@@ -7,6 +7,8 @@
 #include <cstring>
 
 namespace {
+constexpr std::uint32_t kLongestByWords = 32;  // bytes of an item
+
 std::uint8_t* itemAt(const DynArray* array, std::uint32_t index)
 {
     return array->data + std::size_t{index} * array->itemSize;
@@ -20,6 +22,36 @@ std::int16_t growTo(DynArray* array, std::uint64_t capacity, std::uint64_t neede
     const std::uint64_t amount = std::max(capacity, needed);
     if (amount > UINT32_MAX) return kMemErrNoMemory;
     return memResizeMemory(array, static_cast<std::uint32_t>(amount));
+}
+
+// Makes room for one more item. Returns `item`, or where it is now when it lies in the block that
+// has moved; null when memory runs out.
+const void* growFor(DynArray* array, const void* item)
+{
+    const std::uint64_t blockSize = std::uint64_t{array->allocatedAmount} * array->itemSize;
+    const bool own = liesInBlock(item, array->data, blockSize);
+    const std::ptrdiff_t offset = own ? static_cast<const std::uint8_t*>(item) - array->data : 0;
+    if (growTo(array, std::uint64_t{array->allocatedAmount} + kGrowthStep,
+               std::uint64_t{array->itemCount} + 1) != 0)
+        return nullptr;
+    return own ? array->data + offset : item;
+}
+
+// Copies one item; the two places may be the same. Small ones go word by word: they were usually
+// written field by field a moment ago, and a wider read would have to wait until those writes have
+// left the processor.
+void copyItem(std::uint8_t* place, const void* item, std::uint32_t itemSize)
+{
+    if (itemSize > kLongestByWords || itemSize % sizeof(std::uint32_t) != 0) {
+        std::memmove(place, item, itemSize);
+        return;
+    }
+    const auto* bytes = static_cast<const std::uint8_t*>(item);
+    for (std::uint32_t i = 0; i < itemSize; i += sizeof(std::uint32_t)) {
+        std::uint32_t word;
+        std::memcpy(&word, bytes + i, sizeof word);
+        std::memcpy(place + i, &word, sizeof word);
+    }
 }
 
 // Makes room for `n` items before item `index` and copies them in. There are enough free slots.
@@ -155,16 +187,10 @@ std::int16_t memAppendItem(DynArray* array, const void* item)
 {
     const std::uint32_t count = array->itemCount;
     if (count >= array->allocatedAmount) {
-        const std::uint64_t blockSize = std::uint64_t{array->allocatedAmount} * array->itemSize;
-        const bool own = liesInBlock(item, array->data, blockSize);
-        const std::ptrdiff_t offset =
-            own ? static_cast<const std::uint8_t*>(item) - array->data : 0;
-        if (growTo(array, std::uint64_t{array->allocatedAmount} + kGrowthStep,
-                   std::uint64_t{count} + 1) != 0)
-            return kMemErrNoMemory;
-        if (own) item = array->data + offset;
+        item = growFor(array, item);
+        if (item == nullptr) return kMemErrNoMemory;
     }
-    if (array->itemSize > 0) std::memmove(itemAt(array, count), item, array->itemSize);
+    copyItem(itemAt(array, count), item, array->itemSize);
     array->itemCount = count + 1;
     return 0;
 }

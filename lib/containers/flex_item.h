@@ -6,6 +6,7 @@
 
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 
@@ -26,10 +27,15 @@ inline bool hasFlexHeaderAt(const FlexDynArray* flex, std::uint64_t location)
     return location + kFlexHeaderSize <= flex->usedBytes;
 }
 
+// Field by field: every scan waits for the size of one item to find the next, so the size is not to
+// be picked out of a wider read first.
 inline FlexHeader readFlexHeader(const FlexDynArray* flex, std::uint64_t location)
 {
+    const std::uint8_t* const place = flex->data + location;
     FlexHeader header;
-    std::memcpy(&header, flex->data + location, sizeof header);
+    std::memcpy(&header.itemID, place, sizeof header.itemID);
+    std::memcpy(&header.size, place + offsetof(FlexHeader, size), sizeof header.size);
+    std::memcpy(&header.itemType, place + offsetof(FlexHeader, itemType), sizeof header.itemType);
     return header;
 }
 
