@@ -1,0 +1,40 @@
+// What the benches of both containers share: the sizes, the IDs to look for, and how a bench gets
+// its name.
+
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+#include <cstdint>
+#include <random>
+#include <vector>
+
+namespace bench {
+
+constexpr std::uint32_t kSeed = 6;
+constexpr std::uint32_t kItems = 100'000;
+constexpr std::uint32_t kFewItems = 1000;
+constexpr std::uint32_t kLookups = 50'000;  // per round; too many for a processor to learn
+
+// IDs to look for: half of them there, half missing.
+inline std::vector<std::uint32_t> randomIDs(std::uint32_t count)
+{
+    std::mt19937 random(kSeed);
+    std::vector<std::uint32_t> ids(kLookups);
+    for (std::uint32_t& id : ids) id = static_cast<std::uint32_t>(random() % (count * 2));
+    return ids;
+}
+
+inline void setItems(benchmark::State& state, std::int64_t perRound)
+{
+    state.SetItemsProcessed(state.iterations() * perRound);
+}
+
+// Peers in one group do the same work: "group/who".
+template <typename... Arguments>
+void add(const char* name, Arguments... arguments)
+{
+    benchmark::RegisterBenchmark(name, arguments...);
+}
+
+}  // namespace bench
