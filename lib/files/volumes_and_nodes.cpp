@@ -36,6 +36,10 @@ std::string pathOf(const FSSpec* spec)
     if (folder.empty() || length == 0) return folder;
     const ObjectHolder<TovStringRef> name(platform::createStringFromMacRoman(
         {reinterpret_cast<const char*>(spec->name + 1), length}));
+    if (!name) {
+        errno = ENOMEM;
+        return {};
+    }
     return platform::childPath(folder, platform::pathBytes(name.get()));
 }
 

@@ -284,3 +284,31 @@ TEST(feItemExists, tellsWhetherTheNameIsTaken)
     }
     EXPECT_FALSE(feItemExists(&parent, nullptr));
 }
+
+TEST(feMakeFSRefFromParent, takesNamesThatAreNoUTF8)
+{
+    const test::TemporaryFolder folder;
+    const FSRef file = {folder.write("caf\xe9 \u00e4.jpg", "x")};
+    const test::Text name(feGetItemNameFromRef(&file));
+    ASSERT_TRUE(name);
+    EXPECT_EQ(platform::unitsOf(name.get()), u"caf\xdce9 \u00e4.jpg");
+
+    const FSRef parent = {folder.path()};
+    FSRef ref;
+    EXPECT_EQ(feMakeFSRefFromParent(&parent, name.get(), &ref), 0);
+    EXPECT_EQ(ref.path, file.path);
+    EXPECT_TRUE(feItemExists(&parent, name.get()));
+    const test::Text path(feGetPathFromFSRef(&file, 0));
+    EXPECT_EQ(feMakeFSRefFromPath(path.get(), &ref), 0);
+    EXPECT_EQ(ref.path, file.path);
+}
+
+TEST(feGetItemNameFromRef, givesNullWhenMemoryRunsOut)
+{
+    const test::TemporaryFolder folder;
+    const FSRef file = {folder.write("a", "x")};
+    baseFailAllocation(1);
+    EXPECT_EQ(feGetItemNameFromRef(&file), nullptr);
+    EXPECT_TRUE(baseAllocationHasFailed());
+    baseFailAllocation(0);
+}

@@ -1,5 +1,6 @@
 #include "lib/files/folders.h"
 
+#include "lib/base/alloc.h"
 #include "lib/base/status.h"
 #include "lib/files/fork_io.h"
 #include "tests/support/environment.h"
@@ -245,4 +246,30 @@ TEST(feGetPathOfSpecialFolder, givesNullWhenTheFolderCannotBeMade)
     const test::ScopedVariable variable("HOME", home.path().c_str());
     home.write("Desktop", "a file in its place");
     EXPECT_EQ(feGetPathOfSpecialFolder(13), nullptr);
+}
+
+TEST(folders, takeNamesThatAreNoUTF8)
+{
+    const test::TemporaryFolder folder;
+    const FSRef parent = {folder.path()};
+    const test::Text name(platform::createString(u"caf\xdce9.dir"));
+    FSRef made;
+    EXPECT_EQ(feCreateFolder(&parent, name.get(), &made), 0);
+    EXPECT_EQ(made.path, folder.file("caf\xe9.dir"));
+    EXPECT_TRUE(fs::is_directory(folder.file("caf\xe9.dir")));
+    FSRef found;
+    EXPECT_EQ(feGetFirstFileInFolderWithSuffix(&parent, test::text(".dir").get(), &found), 0);
+    EXPECT_EQ(found.path, made.path);
+    EXPECT_EQ(feRenameFolder(&made, test::Text(platform::createString(u"\xdcff")).get(), &made), 0);
+    EXPECT_EQ(made.path, folder.file("\xff"));
+}
+
+TEST(feGetPathOfSpecialFolder, givesNullWhenMemoryRunsOut)
+{
+    const test::TemporaryFolder home;
+    const test::ScopedVariable variable("HOME", home.path().c_str());
+    baseFailAllocation(1);
+    EXPECT_EQ(feGetPathOfSpecialFolder(13), nullptr);
+    EXPECT_TRUE(baseAllocationHasFailed());
+    baseFailAllocation(0);
 }

@@ -1,5 +1,6 @@
 #include "lib/files/volumes_and_nodes.h"
 
+#include "lib/base/alloc.h"
 #include "lib/base/status.h"
 #include "lib/files/file_reference.h"
 #include "lib/files/fork_io.h"
@@ -347,4 +348,36 @@ TEST(feDeleteFile, movesToTheTrash)
     EXPECT_FALSE(fs::exists(known.folder.file("file")));
     EXPECT_EQ(test::readFile(known.folder.file("share/Trash/files/file")), "content");
     EXPECT_EQ(feDeleteFile(&spec), kErrNotFound);
+}
+
+TEST(feMakeFSSpecFromFSRef, givesMinus108WhenMemoryRunsOut)
+{
+    const test::TemporaryFolder folder;
+    const FSRef ref = {folder.write("a", "")};
+    FSSpec spec = {1, 2, {}};
+    baseFailAllocation(1);
+    EXPECT_EQ(feMakeFSSpecFromFSRef(&ref, &spec), kErrNoMemory);
+    baseFailAllocation(0);
+    EXPECT_EQ(spec.volume, 1u) << "untouched";
+}
+
+TEST(feMakeFSSpec, givesMinus108WhenMemoryRunsOut)
+{
+    const KnownFolder known;
+    FSSpec spec = {};
+    baseFailAllocation(1);
+    EXPECT_EQ(feMakeFSSpec(known.volume, known.node, PascalName("a").bytes, &spec), kErrNoMemory);
+    baseFailAllocation(0);
+    EXPECT_EQ(nameIn(spec), "a") << "filled in any case";
+}
+
+TEST(feGetVolRefAndDirIDFromPath, givesMinus108WhenMemoryRunsOut)
+{
+    const test::Text path = test::text("/");
+    std::uint64_t volume = 1, node = 2;
+    baseFailAllocation(1);
+    EXPECT_EQ(feGetVolRefAndDirIDFromPath(path.get(), &volume, &node), kErrNoMemory);
+    baseFailAllocation(0);
+    EXPECT_EQ(volume, 1u);
+    EXPECT_EQ(node, 2u);
 }

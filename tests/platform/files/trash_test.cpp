@@ -152,6 +152,14 @@ TEST(moveToTrash, folderThatHoldsTheTrashStays)
     EXPECT_EQ(home.information("home"), "");
 }
 
+TEST(moveToTrash, escapesEveryByteOfANameThatIsNoUTF8)
+{
+    const Home home;
+    const std::string path = home.folder.write("caf\xe9", "x");
+    EXPECT_EQ(moveToTrash(path, "caf\xe9", TrashName::any).status, 0);
+    EXPECT_THAT(home.information("caf\xe9"), testing::HasSubstr("/caf%E9\n"));
+}
+
 TEST(moveToTrash, missingItemGivesItsStatus)
 {
     const Home home;
