@@ -4,7 +4,6 @@
 #include "platform/files/whole_file.h"
 #include "platform/text/locale.h"
 
-#include <charconv>
 #include <cstdio>
 #include <cstdlib>
 #include <deque>
@@ -121,9 +120,8 @@ std::optional<std::u16string_view> findForUser(std::string_view table, std::u16s
 
 void appendNumber(std::u16string* key, std::int16_t number)
 {
-    char digits[8];
-    const char* end = std::to_chars(digits, digits + sizeof digits, number).ptr;
-    for (const char* digit = digits; digit != end; digit++) *key += static_cast<char16_t>(*digit);
+    const std::string digits = std::to_string(number);
+    key->append(digits.begin(), digits.end());
 }
 
 // The text of a key in the table Localizable, else the key.
