@@ -4,15 +4,13 @@
 #include "app/app_controller.h"
 #include "app/command_line.h"
 #include "app/main_window.h"
+#include "app/requests.h"
 #include "app/translations.h"
 #include "app/window_report.h"
-#include "lib/strings/string_holder.h"
 #include "platform/desktop/application_bus.h"
-#include "platform/files/path_text.h"
 
 #include <QApplication>
 #include <QIcon>
-#include <QMimeData>
 #include <QTimer>
 
 #include <algorithm>
@@ -24,76 +22,6 @@ constexpr int kFailed = 1;
 constexpr int kServicePatience = 30000;  // milliseconds without a request
 constexpr int kPreviewPatience = 3000;   // milliseconds
 constexpr int kPreviewInterval = 50;     // milliseconds
-
-void openPath(AppController& controller, const std::string& path)
-{
-    const StringHolder text(platform::createPathText(path));
-    controller.applicationOpenFile(text.get());
-}
-
-void openText(AppController& controller, const QString& text)
-{
-    QMimeData pasteboard;
-    pasteboard.setText(text);
-    controller.openFile(&pasteboard);
-}
-
-void runAction(AppController& controller, const QString& action)
-{
-    if (action == QLatin1String("home")) controller.poweredBySkallion();
-    if (action == QLatin1String("donate")) controller.donate();
-    if (action == QLatin1String("quit")) QCoreApplication::quit();
-}
-
-// Hands the request to the running instance; the status that this process ends with.
-int handOver(platform::ApplicationBus& bus, const app::CommandLine& line)
-{
-    const QByteArray token = platform::activationTokenOfStarter();
-    bool isDone = true;
-    if (line.action) {
-        isDone = bus.runActionInOther(QString::fromStdString(*line.action), token);
-    } else if (line.serviceText) {
-        isDone = bus.activateOther(token) &&
-                 bus.sendTextToOther(QString::fromStdString(*line.serviceText));
-    } else if (!line.paths.empty()) {
-        isDone = bus.openInOther(line.paths, token);
-    } else if (!line.service) {
-        isDone = bus.activateOther(token);
-    }
-    if (isDone) return 0;
-    std::fputs("pinorama: the running program does not answer\n", stderr);
-    return kFailed;
-}
-
-void connectRequests(platform::ApplicationBus& bus, AppController& controller)
-{
-    using platform::ApplicationBus;
-    QObject::connect(&bus, &ApplicationBus::activated, &controller, [&](const QByteArray& token) {
-        platform::useActivationToken(token);
-        controller.showMainWindow();
-    });
-    QObject::connect(&bus, &ApplicationBus::fileOpened, &controller,
-                     [&](const QByteArray& path, const QByteArray& token) {
-                         platform::useActivationToken(token);
-                         openPath(controller, path.toStdString());
-                     });
-    QObject::connect(&bus, &ApplicationBus::textSent, &controller,
-                     [&](const QString& text) { openText(controller, text); });
-    QObject::connect(&bus, &ApplicationBus::actionActivated, &controller,
-                     [&](const QString& action) { runAction(controller, action); });
-}
-
-// Carries out what the command line asks of the first instance.
-void carryOut(AppController& controller, const app::CommandLine& line)
-{
-    if (line.serviceText) {
-        openText(controller, QString::fromStdString(*line.serviceText));
-    } else if (!line.paths.empty()) {
-        openPath(controller, line.paths.back());
-    } else if (!line.service) {
-        controller.showMainWindow();
-    }
-}
 
 // Prints and saves what the window shows, as soon as the preview is there.
 void reportWhenComplete(AppController& controller, const std::string& picture)
@@ -124,18 +52,18 @@ int run(const app::CommandLine& line)
         std::fputs("pinorama: the texts of the program are missing\n", stderr);
         return kFailed;
     }
-    connectRequests(bus, controller);
+    app::connectRequests(bus, controller);
     controller.applicationWillFinishLaunching();
     controller.awakeFromNib();
 
     // A report is of a window of its own.
-    if (!line.printAndSave && bus.claim() == platform::ApplicationBus::Claim::takenByAnother)
-        return handOver(bus, line);
-    if (line.action) {
-        runAction(controller, QString::fromStdString(*line.action));
-        return 0;
+    if (!line.printAndSave && bus.claim() == platform::ApplicationBus::Claim::takenByAnother) {
+        if (app::handOver(bus, line)) return 0;
+        std::fputs("pinorama: the running program does not answer\n", stderr);
+        return kFailed;
     }
-    carryOut(controller, line);
+    app::carryOut(controller, line);
+    if (line.action) return 0;
     if (line.printAndSave) reportWhenComplete(controller, *line.printAndSave);
     if (line.service) {
         QTimer::singleShot(kServicePatience, &controller, [&] {

@@ -12,7 +12,7 @@ void PictureField::paintEvent(QPaintEvent* event)
     }
     const QSize side = minimumSize();
     QRectF outline(0, 0, side.width(), side.height());
-    outline.moveCenter(QRectF(rect()).center());
+    outline.moveLeft((width() - side.width()) / 2.0);
 
     QColor quiet = palette().color(foregroundRole());
     quiet.setAlphaF(0.35F);

@@ -1,0 +1,78 @@
+#include "app/requests.h"
+
+#include "app/app_controller.h"
+#include "app/command_line.h"
+#include "lib/strings/string_holder.h"
+#include "platform/desktop/application_bus.h"
+#include "platform/files/path_text.h"
+
+#include <QCoreApplication>
+#include <QMimeData>
+
+using platform::ApplicationBus;
+
+namespace {
+void openPath(AppController& controller, const std::string& path)
+{
+    const StringHolder text(platform::createPathText(path));
+    controller.applicationOpenFile(text.get());
+}
+
+void openText(AppController& controller, const QString& text)
+{
+    QMimeData pasteboard;
+    pasteboard.setText(text);
+    controller.openFile(&pasteboard);
+}
+
+void runAction(AppController& controller, const QString& action)
+{
+    if (action == QLatin1String("home")) controller.poweredBySkallion();
+    if (action == QLatin1String("donate")) controller.donate();
+    if (action == QLatin1String("quit")) QCoreApplication::quit();
+}
+}  // namespace
+
+void app::connectRequests(ApplicationBus& bus, AppController& controller)
+{
+    QObject::connect(&bus, &ApplicationBus::activated, &controller,
+                     [&controller](const QByteArray& token) {
+                         platform::useActivationToken(token);
+                         controller.showMainWindow();
+                     });
+    QObject::connect(&bus, &ApplicationBus::fileOpened, &controller,
+                     [&controller](const QByteArray& path, const QByteArray& token) {
+                         platform::useActivationToken(token);
+                         openPath(controller, path.toStdString());
+                     });
+    QObject::connect(&bus, &ApplicationBus::textSent, &controller,
+                     [&controller](const QString& text) { openText(controller, text); });
+    QObject::connect(&bus, &ApplicationBus::actionActivated, &controller,
+                     [&controller](const QString& action) { runAction(controller, action); });
+}
+
+void app::carryOut(AppController& controller, const CommandLine& line)
+{
+    if (line.action) {
+        runAction(controller, QString::fromStdString(*line.action));
+    } else if (line.serviceText) {
+        openText(controller, QString::fromStdString(*line.serviceText));
+    } else if (!line.paths.empty()) {
+        openPath(controller, line.paths.back());
+    } else if (!line.service) {
+        controller.showMainWindow();
+    }
+}
+
+bool app::handOver(ApplicationBus& bus, const CommandLine& line)
+{
+    const QByteArray token = platform::activationTokenOfStarter();
+    if (line.action) return bus.runActionInOther(QString::fromStdString(*line.action), token);
+    if (line.serviceText) {
+        // The text's own message has no place for the token.
+        return bus.activateOther(token) &&
+               bus.sendTextToOther(QString::fromStdString(*line.serviceText));
+    }
+    if (!line.paths.empty()) return bus.openInOther(line.paths, token);
+    return line.service || bus.activateOther(token);
+}

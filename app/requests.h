@@ -1,0 +1,27 @@
+// What the program is asked to do, by its command line and over the session bus, and by whom: a
+// second instance hands its request over to the first.
+
+#pragma once
+
+class AppController;
+
+namespace platform {
+class ApplicationBus;
+}
+
+namespace app {
+
+struct CommandLine;
+
+// Lets `controller` do what arrives over the bus. Both live until the program ends.
+void connectRequests(platform::ApplicationBus& bus, AppController& controller);
+
+// Does what the command line asks of the first instance: shows a text's or the last file, runs an
+// action, or else opens the window. Nothing for the help texts and for --service.
+void carryOut(AppController& controller, const CommandLine& line);
+
+// Asks the running instance to do what the command line asks for, and lets it come to the front.
+// False when it does not answer.
+bool handOver(platform::ApplicationBus& bus, const CommandLine& line);
+
+}  // namespace app

@@ -1,0 +1,204 @@
+// The program as it is started: its options, and two of them in one session. The running instance
+// of these tests is a controller in the test itself, so that what arrives can be looked at.
+
+#include "tests/support/program.h"
+#include "app/requests.h"
+#include "platform/desktop/application_bus.h"
+#include "tests/app/controller_fixture.h"
+#include "tests/support/session_bus.h"
+
+#include <QDBusConnectionInterface>
+#include <QImage>
+#include <QProcess>
+
+#include <filesystem>
+#include <memory>
+
+namespace {
+// A session bus before the toolkit connects to one.
+class Session : public test::Toolkit {
+public:
+    void SetUp() override
+    {
+        runtimeFolder_ = std::make_unique<test::TemporaryFolder>();
+        qputenv("XDG_RUNTIME_DIR", QByteArray::fromStdString(runtimeFolder_->path()));
+        bus_ = std::make_unique<test::SessionBus>();
+        test::Toolkit::SetUp();
+    }
+    void TearDown() override
+    {
+        test::Toolkit::TearDown();
+        bus_.reset();
+        runtimeFolder_.reset();
+    }
+
+private:
+    std::unique_ptr<test::TemporaryFolder> runtimeFolder_;
+    std::unique_ptr<test::SessionBus> bus_;
+};
+const auto* const session = testing::AddGlobalTestEnvironment(new Session);
+
+test::ProgramResult run(std::vector<std::string> arguments)
+{
+    arguments.insert(arguments.begin(), PINORAMA_PROGRAM);
+    return test::runProgram({.command = arguments});
+}
+
+// The test as the running instance of the session.
+class RunningInstance : public test::ControllerTest {
+protected:
+    void SetUp() override
+    {
+        if (!QDBusConnection::sessionBus().isConnected())
+            GTEST_SKIP() << "no session bus can be started";
+        test::ControllerTest::SetUp();
+        app::connectRequests(bus_, controller);
+        ASSERT_EQ(bus_.claim(), platform::ApplicationBus::Claim::granted);
+    }
+
+    // Starts a second program while this one answers; its exit status, -1 when it does not end.
+    int second(const QStringList& arguments)
+    {
+        QProcess process;
+        process.setWorkingDirectory(QString::fromStdString(folder.path()));
+        process.start(QStringLiteral(PINORAMA_PROGRAM), arguments);
+        test::waitUntil([&] { return process.state() == QProcess::NotRunning; });
+        const bool ended =
+            process.state() == QProcess::NotRunning && process.exitStatus() == QProcess::NormalExit;
+        process.kill();
+        process.waitForFinished(1000);
+        return ended ? process.exitCode() : -1;
+    }
+
+    platform::ApplicationBus bus_{QDBusConnection::sessionBus()};
+};
+}  // namespace
+
+TEST(program, helpAndVersionNeedNoDisplay)
+{
+    const test::ScopedVariable noDisplay("QT_QPA_PLATFORM", nullptr);
+    const test::ProgramResult help = run({"--help"});
+    EXPECT_EQ(help.status, 0);
+    EXPECT_EQ(help.out.substr(0, 16), "usage: pinorama ");
+    const test::ProgramResult version = run({"--version"});
+    EXPECT_EQ(version.status, 0);
+    EXPECT_EQ(version.out, "pinorama " PINORAMA_VERSION "\n");
+}
+
+TEST(program, wrongUsageIsStatus2)
+{
+    const test::ProgramResult result = run({"--bogus"});
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.err.substr(0, 49), "pinorama: unknown option --bogus\nusage: pinorama ");
+}
+
+TEST(program, printsWhatTheWindowShowsAndSavesItsPicture)
+{
+    const test::TemporaryFolder folder;
+    const test::ProgramResult result =
+        run({"--print-and-save", folder.file("window.png"), "/missing.jpg",
+             PINORAMA_SAMPLES "/Westernmost evening.jpg"});
+    EXPECT_EQ(result.status, 0) << result.err;
+    for (const char* line :
+         {"fileNameField: Westernmost evening.jpg\n",
+          "\ngpsCoordinateField: N 38\xC2\xB0 46' 49.4\"   W 9\xC2\xB0 29' 56.0\"\n",
+          "\ngpsAltitudeField: 140 m\n", "\ngpsDirectionField: 271.3\n",
+          "\niptcCityField: Colares\n",
+          "\niptcDescriptionField: Cabo da Roca, where the land ends and the sea begins.\n",
+          "\nfileIconField: shown\n", "\ngeoTagField: shown\n", "\nshowInGEButton: enabled\n",
+          "\nsyncCheckbox: on\n"}) {
+        EXPECT_NE(result.out.find(line), std::string::npos) << line << "in\n" << result.out;
+    }
+    const QImage picture(QString::fromStdString(folder.file("window.png")));
+    EXPECT_GT(picture.width(), 300);
+}
+
+TEST(program, aPictureOfTheWindowThatCannotBeWrittenIsStatus1)
+{
+    const test::ProgramResult result = run({"--print-and-save", "/missing/window.png"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_TRUE(result.err.ends_with("pinorama: cannot write /missing/window.png\n")) << result.err;
+}
+
+TEST(program, everySampleHasALocationAndAPreview)
+{
+    int count = 0;
+    for (const auto& sample : std::filesystem::directory_iterator(PINORAMA_SAMPLES)) {
+        SCOPED_TRACE(sample.path().string());
+        const test::TemporaryFolder folder;
+        const test::ProgramResult result =
+            run({"--print-and-save", folder.file("window.png"), sample.path().string()});
+        for (const char* line : {"\ngeoTagField: shown\n", "\nfileIconField: shown\n"})
+            EXPECT_NE(result.out.find(line), std::string::npos) << line;
+        for (const char* emptyLine : {"gpsAltitudeField: \n", "gpsDirectionField: \n",
+                                      "iptcCityField: \n", "iptcDescriptionField: \n"})
+            EXPECT_EQ(result.out.find(emptyLine), std::string::npos) << emptyLine;
+        ++count;
+    }
+    EXPECT_GE(count, 2);
+}
+
+TEST_F(RunningInstance, isBroughtForwardByASecondStart)
+{
+    EXPECT_FALSE(controller.myWindow->isVisible());
+    EXPECT_EQ(second({}), 0);
+    EXPECT_TRUE(controller.myWindow->isVisible());
+    EXPECT_EQ(controller.lastPath, nullptr);
+}
+
+TEST_F(RunningInstance, showsTheLastFileOfASecondStart)
+{
+    (void)folder.write("b #%20.jpg", test::pictureWithGps({}));
+    EXPECT_EQ(second({QStringLiteral("a.jpg"), QStringLiteral("b #%20.jpg")}), 0);
+    EXPECT_EQ(test::utf8(controller.lastPath), folder.file("b #%20.jpg"));
+    EXPECT_TRUE(controller.myWindow->isVisible());
+}
+
+TEST_F(RunningInstance, takesTheTextOfASecondStartAsItStands)
+{
+    EXPECT_EQ(second({QStringLiteral("--service-text"), QStringLiteral(" b%20\u00e4.jpg")}), 0);
+    EXPECT_EQ(test::utf8(controller.lastPath), " b%20\xC3\xA4.jpg");
+    controller.myWindow->close();
+    EXPECT_EQ(second({QStringLiteral("--service-text"), QString()}), 0);
+    EXPECT_EQ(test::utf8(controller.lastPath), " b%20\xC3\xA4.jpg");
+    EXPECT_TRUE(controller.myWindow->isVisible());
+}
+
+TEST_F(RunningInstance, runsTheActionsOfTheDesktopEntry)
+{
+    EXPECT_EQ(second({QStringLiteral("--action"), QStringLiteral("home")}), 0);
+    EXPECT_EQ(second({QStringLiteral("--action"), QStringLiteral("donate")}), 0);
+    EXPECT_EQ(opener.addresses,
+              (std::vector<std::string>{PINORAMA_HOME_URL, PINORAMA_DONATION_URL}));
+    EXPECT_EQ(second({QStringLiteral("--service")}), 0);
+    EXPECT_FALSE(controller.myWindow->isVisible());
+}
+
+TEST_F(RunningInstance, isAnsweredWithoutWaitingWhenItHangs)
+{
+    // Nobody runs the event loop of this instance while the second one waits for it.
+    const test::ProgramResult result =
+        test::runProgram({.command = {PINORAMA_PROGRAM, "/a.jpg"}, .seconds = 30});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.err, "pinorama: the running program does not answer\n");
+}
+
+TEST(program, quitsWhenItIsAskedToAndGoesOnWithoutAWindow)
+{
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) GTEST_SKIP() << "no session bus can be started";
+    const auto isRunning = [&] {
+        return bus.interface()
+            ->isServiceRegistered(QStringLiteral("org.pinorama.Pinorama"))
+            .value();
+    };
+    QProcess program;
+    program.start(QStringLiteral(PINORAMA_PROGRAM), {QStringLiteral("--service")});
+    ASSERT_TRUE(test::waitUntil(isRunning));
+    EXPECT_EQ(run({"--action", "quit"}).status, 0);
+    EXPECT_TRUE(test::waitUntil([&] { return program.state() == QProcess::NotRunning; }));
+    EXPECT_EQ(program.exitCode(), 0);
+    program.kill();
+    program.waitForFinished(1000);
+}
