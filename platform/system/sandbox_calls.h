@@ -1,0 +1,16 @@
+// The system calls that a locked-in process may make.
+
+#pragma once
+
+namespace platform {
+
+// Lets through what computing, taking memory, reading open files, answering over `socket` and
+// complaining to standard error need. Looking for files fails with EPERM; every other call ends the
+// process.
+//
+//   hasSanitizers  also lets through what their runtime needs.
+//
+// Returns false when the kernel has no such filter. Cannot be taken back.
+[[nodiscard]] bool filterSystemCalls(int socket, bool hasSanitizers);
+
+}  // namespace platform
