@@ -1,9 +1,9 @@
 #include "lib/ui/preview.h"
 
 #include "lib/ui/file_icon.h"
+#include "lib/ui/picture_reader.h"
 #include "lib/ui/preview_plan.h"
 #include "platform/files/path_text.h"
-#include "reader/preview_answers.h"
 
 #include <QGuiApplication>
 
@@ -15,13 +15,15 @@ QPixmap imageWithPreviewOfFileAtPath(TovStringRef path, QSizeF ofSize, std::uint
     if (box.width == 0) return {};
 
     const std::string bytes = platform::pathBytes(path);
+    platform::ReaderClient& reader = cuPictureReader();
     PreviewPlan plan(bytes, box);
     while (plan.next()) {
-        platform::FileByteSource source(plan.file().descriptor(), plan.file().size());
-        const auto answer = answerPreview(source, plan.kind(), plan.box());
-        if (!answer) continue;
-        if (const std::optional<QImage> image = plan.imageOf(*answer)) {
-            plan.store(*answer);
+        (void)reader.startPreview(plan.file().descriptor(), plan.kind(), plan.box());
+        const platform::PreviewResult result = reader.waitForPreview();
+        if (result.outcome == platform::ReadOutcome::noReader) break;
+        if (result.outcome != platform::ReadOutcome::found) continue;
+        if (const std::optional<QImage> image = plan.imageOf(result.answer)) {
+            plan.store(result.answer);
             return cuPictureOfPreview(*image, ofSize, ratio, asIcon);
         }
     }

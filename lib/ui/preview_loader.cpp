@@ -1,9 +1,9 @@
 #include "lib/ui/preview_loader.h"
 
 #include "lib/ui/file_icon.h"
+#include "lib/ui/picture_reader.h"
 #include "lib/ui/preview_plan.h"
 #include "platform/files/path_text.h"
-#include "reader/preview_answers.h"
 
 #include <string>
 #include <utility>
@@ -13,41 +13,85 @@ struct PreviewLoader::Request {
     QSizeF size;
     qreal ratio;
     PreviewPlan plan;
+    std::uint32_t ticket = 0;  // of the current step; 0 before the first
 };
 
 PreviewLoader::PreviewLoader(QObject* parent) : QObject(parent)
 {
     timer_.setSingleShot(true);
-    connect(&timer_, &QTimer::timeout, this, &PreviewLoader::work);
+    connect(&timer_, &QTimer::timeout, this, [this] {
+        if (request_->plan.next()) {
+            startStep();
+        } else {
+            finish({});
+        }
+    });
+    connect(ReaderEvents::instance(), &ReaderEvents::advanced, this, &PreviewLoader::takeAnswer);
 }
 
-PreviewLoader::~PreviewLoader() = default;
+PreviewLoader::~PreviewLoader()
+{
+    request(nullptr, {}, 1);
+}
 
 void PreviewLoader::request(TovStringRef path, QSizeF size, qreal ratio)
 {
     timer_.stop();
+    platform::ReaderClient& reader = cuPictureReader();
+    if (request_ && request_->ticket != 0 && reader.previewTicket() == request_->ticket) {
+        reader.giveUpPreview();
+    }
     request_.reset();
     if (path == nullptr) return;
     const std::string bytes = platform::pathBytes(path);
     request_ = std::make_unique<Request>(
         Request{bytes, size, ratio, PreviewPlan(bytes, cuPixelsOfPoints(size, ratio))});
+    // The properties of the same picture are asked for first; the preview would be in their way.
     timer_.start(0);
 }
 
-void PreviewLoader::work()
+void PreviewLoader::startStep()
 {
-    const std::unique_ptr<Request> request = std::move(request_);
-    PreviewPlan& plan = request->plan;
-    QPixmap picture;
-    while (picture.isNull() && plan.next()) {
-        platform::FileByteSource source(plan.file().descriptor(), plan.file().size());
-        const auto answer = answerPreview(source, plan.kind(), plan.box());
-        if (!answer) continue;
-        if (const std::optional<QImage> image = plan.imageOf(*answer)) {
-            plan.store(*answer);
-            picture = cuPictureOfPreview(*image, request->size, request->ratio, 0);
+    const PreviewPlan& plan = request_->plan;
+    request_->ticket =
+        cuPictureReader().startPreview(plan.file().descriptor(), plan.kind(), plan.box());
+}
+
+void PreviewLoader::takeAnswer()
+{
+    platform::ReaderClient& reader = cuPictureReader();
+    if (!request_ || request_->ticket == 0) return;
+    if (reader.previewTicket() != request_->ticket) {
+        // Somebody who waits for another preview has taken the place of this one.
+        if (reader.previewTicket() == 0) startStep();
+        return;
+    }
+    const std::optional<platform::PreviewResult> result = reader.takePreview();
+    if (!result) return;
+    if (result->outcome == platform::ReadOutcome::noReader) {
+        const std::unique_ptr<Request> request = std::move(request_);
+        Q_EMIT readerMissing(QByteArray::fromStdString(request->path));
+        return;
+    }
+    if (result->outcome == platform::ReadOutcome::found) {
+        if (const std::optional<QImage> image = request_->plan.imageOf(result->answer)) {
+            request_->plan.store(result->answer);
+            finish(cuPictureOfPreview(*image, request_->size, request_->ratio, 0));
+            return;
         }
     }
-    if (picture.isNull()) picture = cuIconOfItem(request->path, request->size, request->ratio);
-    Q_EMIT previewReady(QByteArray::fromStdString(request->path), picture);
+    if (request_->plan.next()) {
+        startStep();
+    } else {
+        finish({});
+    }
+}
+
+// Ends the request, with the icon when `picture` is null. The receiver may make the next one.
+void PreviewLoader::finish(const QPixmap& picture)
+{
+    const std::unique_ptr<Request> request = std::move(request_);
+    Q_EMIT previewReady(
+        QByteArray::fromStdString(request->path),
+        picture.isNull() ? cuIconOfItem(request->path, request->size, request->ratio) : picture);
 }

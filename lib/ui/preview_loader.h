@@ -32,10 +32,16 @@ Q_SIGNALS:
     // raw bytes.
     void previewReady(const QByteArray& path, const QPixmap& picture);
 
+    // Instead of previewReady: pictures cannot be read, because the program pinorama-reader is
+    // missing or cannot start.
+    void readerMissing(const QByteArray& path);
+
 private:
     struct Request;
 
-    void work();
+    void startStep();
+    void takeAnswer();
+    void finish(const QPixmap& picture);
 
     std::unique_ptr<Request> request_;  // null while nothing is asked for
     QTimer timer_;

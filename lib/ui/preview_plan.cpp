@@ -1,5 +1,7 @@
 #include "lib/ui/preview_plan.h"
 
+#include "platform/pictures/reader_protocol.h"
+
 #include <QPainter>
 
 #include <algorithm>
@@ -9,15 +11,13 @@
 #include <sys/stat.h>
 
 namespace {
-constexpr int kMostPixels = 4096;
-
 // A card is a white frame of this share of its size around the preview, with a fine edge.
 constexpr qreal kCardFrame = 1.0 / 24;
 
 int pixelsOf(qreal points, qreal ratio)
 {
     return static_cast<int>(
-        std::clamp<qreal>(std::round(points * ratio), 1, static_cast<qreal>(kMostPixels)));
+        std::clamp<qreal>(std::round(points * ratio), 1, platform::kLargestPreviewSide));
 }
 
 std::int64_t modificationTime(int descriptor)

@@ -17,8 +17,8 @@
 #include "platform/pictures/picture_file.h"
 #include "platform/pictures/preview_answer.h"
 
-// The size in pixels of `size` points; {0, 0} for a size that is not positive, and at most 4096
-// pixels each way.
+// The size in pixels of `size` points; {0, 0} for a size that is not positive. A preview
+// is never larger than 2048 pixels each way.
 platform::PixelSize cuPixelsOfPoints(QSizeF size, qreal ratio);
 
 class PreviewPlan {

@@ -6,11 +6,12 @@ target_link_libraries(pinorama_ui PUBLIC pinorama_foundation Qt6::Widgets)
 target_sources(pinorama_ui PRIVATE
     file_icon.cpp
     image_conversion.cpp
+    picture_reader.cpp
     preview.cpp
     preview_loader.cpp
     preview_plan.cpp
     thumbnail_cache.cpp)
-target_link_libraries(pinorama_ui PRIVATE pinorama_other_pictures)
+target_link_libraries(pinorama_ui PUBLIC pinorama_reader_client)
 target_sources(pinorama_ui PRIVATE
     cocoa_utils.cpp
     qt_text.cpp

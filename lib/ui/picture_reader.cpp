@@ -1,0 +1,78 @@
+#include "lib/ui/picture_reader.h"
+
+#include "platform/pictures/picture_source.h"
+
+#include <QCoreApplication>
+#include <QPointer>
+#include <QSocketNotifier>
+
+#include <utility>
+
+platform::ReaderClient& cuPictureReader()
+{
+    static platform::ReaderClient client(
+        [] { return platform::startReaderProgram(platform::readerProgram()); });
+    return client;
+}
+
+void cuReadPicturesElsewhere()
+{
+    cuPictureReader().start();
+    platform::installPropertySource([](int descriptor, std::uint64_t /*size*/) {
+        platform::PropertyResult result = cuPictureReader().readProperties(descriptor);
+        return result.outcome == platform::ReadOutcome::found
+                   ? std::optional(std::move(result.properties))
+                   : std::nullopt;
+    });
+}
+
+ReaderEvents* ReaderEvents::instance()
+{
+    static QPointer<ReaderEvents> events;
+    if (!events) {
+        events = new ReaderEvents;
+        events->setParent(QCoreApplication::instance());
+    }
+    return events;
+}
+
+ReaderEvents::ReaderEvents()
+{
+    timer_.setSingleShot(true);
+    connect(&timer_, &QTimer::timeout, this, &ReaderEvents::advance);
+    cuPictureReader().setChangeHandler([this] { rearm(); });
+    rearm();
+}
+
+ReaderEvents::~ReaderEvents()
+{
+    cuPictureReader().setChangeHandler({});
+}
+
+void ReaderEvents::rearm()
+{
+    platform::ReaderClient& reader = cuPictureReader();
+    const int socket = reader.socket();
+    if (notifier_ && notifier_->socket() != socket) {
+        // It may be the one that is calling.
+        notifier_->setEnabled(false);
+        notifier_.release()->deleteLater();
+    }
+    if (!notifier_ && socket >= 0) {
+        notifier_ = std::make_unique<QSocketNotifier>(socket, QSocketNotifier::Read);
+        connect(notifier_.get(), &QSocketNotifier::activated, this, &ReaderEvents::advance);
+    }
+    // A preview that came while somebody waited for something else is told of from the event loop.
+    const int left = reader.hasPreview() ? 0 : reader.millisecondsLeft();
+    if (left < 0) {
+        timer_.stop();
+    } else {
+        timer_.start(left);
+    }
+}
+
+void ReaderEvents::advance()
+{
+    cuPictureReader().advance();
+    Q_EMIT advanced();
+}

@@ -1,0 +1,397 @@
+#include "platform/pictures/reader_client.h"
+
+#include "platform/pictures/reader_socket.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <poll.h>
+
+namespace {
+using namespace platform;
+using namespace std::chrono_literals;
+
+constexpr int kMostDeaths = 2;          // a picture that two readers died of is given up
+constexpr int kMostInterruptions = 32;  // of one preview
+constexpr int kMostFailedStarts = 2;    // then there is no reader
+constexpr int kDeathsBeforeAPause = 5;  // without a good answer in between
+constexpr auto kFirstPause = 100ms;     // doubled with every further death
+constexpr auto kLongestPause = 400ms;
+constexpr auto kWhenFull = 10ms;  // before another try to send
+constexpr std::size_t kReadAtOnce = 64 * 1024;
+
+PreviewKind kindOf(ReaderTask task)
+{
+    return task == ReaderTask::cachedThumbnail ? PreviewKind::cachedThumbnail
+                                               : PreviewKind::picture;
+}
+}  // namespace
+
+platform::ReaderClient::ReaderClient(ReaderLauncher launcher, ReaderLimits limits)
+    : launcher_(std::move(launcher)), limits_(limits), chunk_(kReadAtOnce)
+{
+}
+
+void platform::ReaderClient::start()
+{
+    if (!process_) startProcess();
+    changed();
+}
+
+void platform::ReaderClient::stop()
+{
+    giveUpPreview();
+    jobs_.clear();
+    input_.clear();
+    process_.end();
+    isReady_ = false;
+    deathsInRow_ = failedStarts_ = 0;
+    notBefore_ = missingUntil_ = {};
+    changed();
+}
+
+std::vector<platform::PropertyResult> platform::ReaderClient::readProperties(
+    std::span<const int> descriptors)
+{
+    std::vector<PropertyResult> results(descriptors.size());
+    for (std::size_t i = 0; i < descriptors.size(); i++) {
+        addJob(ReaderTask::properties, descriptors[i], {}, &results[i]);
+    }
+    waitWhile([this] { return isWaitedFor(ReaderTask::properties); });
+    return results;
+}
+
+platform::PropertyResult platform::ReaderClient::readProperties(int descriptor)
+{
+    return std::move(readProperties(std::span(&descriptor, 1)).front());
+}
+
+std::uint32_t platform::ReaderClient::startPreview(int descriptor, PreviewKind kind, PixelSize box)
+{
+    giveUpPreview();
+    const std::uint32_t ticket = nextTicket_++;
+    if (nextTicket_ == 0) nextTicket_ = 1;
+    previewTicket_ = ticket;
+    addJob(kind == PreviewKind::cachedThumbnail ? ReaderTask::cachedThumbnail
+                                                : ReaderTask::picturePreview,
+           descriptor, box, nullptr);
+    step();
+    changed();
+    return ticket;
+}
+
+void platform::ReaderClient::giveUpPreview()
+{
+    preview_.reset();
+    std::erase_if(jobs_,
+                  [](const Job& job) { return job.task != ReaderTask::properties && !job.isSent; });
+    for (Job& job : jobs_) {
+        if (job.task != ReaderTask::properties) job.isGivenUp = true;
+    }
+}
+
+std::optional<platform::PreviewResult> platform::ReaderClient::takePreview()
+{
+    if (preview_) previewTicket_ = 0;
+    return std::exchange(preview_, std::nullopt);
+}
+
+platform::PreviewResult platform::ReaderClient::waitForPreview()
+{
+    waitWhile([this] {
+        return !preview_ && (isWaitedFor(ReaderTask::picturePreview) ||
+                             isWaitedFor(ReaderTask::cachedThumbnail));
+    });
+    return takePreview().value_or(PreviewResult{});
+}
+
+bool platform::ReaderClient::isWaitedFor(ReaderTask task) const
+{
+    return std::any_of(jobs_.begin(), jobs_.end(),
+                       [task](const Job& job) { return job.task == task && !job.isGivenUp; });
+}
+
+int platform::ReaderClient::millisecondsLeft() const
+{
+    if (jobs_.empty() && (!process_ || isReady_)) return -1;
+    const Clock::time_point when = !process_   ? notBefore_
+                                   : !isReady_ ? startDeadline_
+                                               : deadlineOfFront();
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(when - Clock::now());
+    return static_cast<int>(std::max(left, 0ms).count());
+}
+
+void platform::ReaderClient::advance()
+{
+    step();
+    changed();
+}
+
+void platform::ReaderClient::changed()
+{
+    if (onChange_) onChange_();
+}
+
+void platform::ReaderClient::step()
+{
+    // First what has come: a reader that died or talks out of turn gets no new picture.
+    while (process_ && receive()) {
+    }
+    if (!process_ && !jobs_.empty()) startProcess();
+    sendJobs();
+    checkTime();
+    sendJobs();
+}
+
+void platform::ReaderClient::waitWhile(const std::function<bool()>& isOpen)
+{
+    step();
+    while (isOpen()) {
+        pollfd state = {socket(), POLLIN, 0};
+        (void)poll(&state, socket() >= 0 ? 1 : 0, millisecondsLeft());
+        step();
+    }
+    changed();
+}
+
+void platform::ReaderClient::addJob(ReaderTask task, int descriptor, PixelSize box,
+                                    PropertyResult* result)
+{
+    jobs_.push_back({.task = task,
+                     .number = nextNumber_++,
+                     .descriptor = descriptor,
+                     .box = box,
+                     .propertyResult = result});
+}
+
+std::chrono::milliseconds platform::ReaderClient::limitOf(const Job& job) const
+{
+    return job.task == ReaderTask::properties ? limits_.properties : limits_.preview;
+}
+
+// When the answer to the oldest job has to be there. A preview gives way to what is sent after it.
+platform::ReaderClient::Clock::time_point platform::ReaderClient::deadlineOfFront() const
+{
+    const Job& front = jobs_.front();
+    if (!front.isSent) return Clock::now() + kWhenFull;
+    const bool givesWay =
+        front.task != ReaderTask::properties && jobs_.size() > 1 && jobs_[1].isSent;
+    return givesWay ? std::min(front.deadline, jobs_[1].sent + limits_.giveWay) : front.deadline;
+}
+
+void platform::ReaderClient::startProcess()
+{
+    const Clock::time_point now = Clock::now();
+    if (now < missingUntil_) {
+        declareMissing();
+        return;
+    }
+    if (now < notBefore_) return;
+    process_ = launcher_();
+    isReady_ = false;
+    startDeadline_ = now + limits_.start;
+    if (!process_) {
+        missingUntil_ = now + limits_.whenMissing;
+        declareMissing();
+    }
+}
+
+void platform::ReaderClient::declareMissing()
+{
+    while (!jobs_.empty()) dropFront(ReadOutcome::noReader);
+}
+
+void platform::ReaderClient::sendJobs()
+{
+    std::size_t next = 0;
+    while (isReady_ && next < jobs_.size()) {
+        if (jobs_[next].isSent) {
+            next++;
+        } else if (!sendBatch(next, kMostDescriptors)) {
+            return;
+        }
+    }
+}
+
+// Sends the job at `first` and, when it asks for properties, up to `most` with those behind it that
+// do, too. False when nothing more can be sent for now.
+bool platform::ReaderClient::sendBatch(std::size_t first, std::size_t most)
+{
+    ReaderRequest request = {jobs_[first].task, jobs_[first].number, 0, jobs_[first].box};
+    std::vector<int> descriptors;
+    if (request.task != ReaderTask::properties) most = 1;
+    for (std::size_t i = first; i < jobs_.size() && descriptors.size() < most; i++) {
+        const bool belongs = jobs_[i].task == request.task && !jobs_[i].isSent &&
+                             jobs_[i].number == request.number + descriptors.size();
+        if (!belongs) break;
+        descriptors.push_back(jobs_[i].descriptor);
+    }
+    request.descriptorCount = static_cast<std::uint16_t>(descriptors.size());
+    switch (sendRequest(socket(), encodeRequest(request), descriptors)) {
+    case SendOutcome::sent: break;
+    case SendOutcome::impossible:
+        // One of them is not open; which one shows when they are sent one by one.
+        if (descriptors.size() > 1) return sendBatch(first, 1);
+        finish(jobs_[first], ReadOutcome::failed);
+        jobs_.erase(jobs_.begin() + static_cast<std::ptrdiff_t>(first));
+        return true;
+    default: return false;  // when the reader is gone, receiving will find out
+    }
+    const Clock::time_point now = Clock::now();
+    for (std::size_t i = first; i < first + descriptors.size(); i++) {
+        jobs_[i].isSent = true;
+        jobs_[i].sent = now;
+        jobs_[i].deadline = now + limitOf(jobs_[i]);
+    }
+    return true;
+}
+
+// Takes in what has come. True when there may be more.
+bool platform::ReaderClient::receive()
+{
+    const std::ptrdiff_t count = receiveBytes(socket(), chunk_);
+    if (count < 0) {
+        loseReader(true);
+        return false;
+    }
+    input_.insert(input_.end(), chunk_.begin(), chunk_.begin() + count);
+    while (takeAnswer()) {
+    }
+    return count == static_cast<std::ptrdiff_t>(chunk_.size());
+}
+
+// Takes the next answer out of what has come. False when it is not complete, or none.
+bool platform::ReaderClient::takeAnswer()
+{
+    if (input_.size() < kAnswerHeadSize) return false;
+    const bool isAnswer = isReady_ && !jobs_.empty() && jobs_.front().isSent;
+    if (isReady_ && !isAnswer) {  // an answer that nobody asked for
+        loseReader(true);
+        return false;
+    }
+    const ReaderTask task = isAnswer ? jobs_.front().task : ReaderTask::hello;
+    const std::uint32_t number = isAnswer ? jobs_.front().number : 0;
+    const std::size_t longest = isAnswer ? longestBody(task, jobs_.front().box) : 0;
+    const ByteView input(input_);
+    const std::optional<ReaderAnswerHead> head =
+        decodeAnswerHead(input.first(kAnswerHeadSize), task, number, longest);
+    if (!head) {
+        loseReader(true);
+        return false;
+    }
+    const std::size_t length = kAnswerHeadSize + head->bodyLength;
+    if (input.size() < length) return false;
+    if (isAnswer) {
+        if (!finishFront(*head, input.subspan(kAnswerHeadSize, head->bodyLength))) {
+            loseReader(true);
+            return false;
+        }
+    } else {
+        isReady_ = true;
+        failedStarts_ = 0;
+        sendJobs();
+    }
+    input_.erase(input_.begin(), input_.begin() + static_cast<std::ptrdiff_t>(length));
+    return true;
+}
+
+// False when the body is not what was asked for.
+bool platform::ReaderClient::finishFront(const ReaderAnswerHead& head, ByteView body)
+{
+    Job& job = jobs_.front();
+    if (head.outcome == ReaderOutcome::interrupted) {
+        if (job.interruptions >= kMostInterruptions) return false;
+        resendFrontLater();
+        return true;
+    }
+    if (head.outcome == ReaderOutcome::found && job.propertyResult != nullptr) {
+        std::optional<PictureProperties> properties = decodeProperties(body);
+        if (!properties) return false;
+        job.propertyResult->properties = std::move(*properties);
+    } else if (head.outcome == ReaderOutcome::found) {
+        std::optional<PreviewAnswer> answer = decodePreview(body, kindOf(job.task), job.box);
+        if (!answer) return false;
+        if (!job.isGivenUp) preview_ = PreviewResult{ReadOutcome::found, std::move(*answer)};
+    }
+    deathsInRow_ = 0;
+    dropFront(head.outcome == ReaderOutcome::found ? ReadOutcome::found : ReadOutcome::nothing);
+    return true;
+}
+
+void platform::ReaderClient::resendFrontLater()
+{
+    Job job = jobs_.front();
+    jobs_.pop_front();
+    if (job.isGivenUp) return;
+    job.isSent = false;
+    job.interruptions++;
+    job.number = nextNumber_++;
+    jobs_.push_back(job);
+}
+
+void platform::ReaderClient::finish(Job& job, ReadOutcome outcome)
+{
+    if (job.propertyResult != nullptr) {
+        job.propertyResult->outcome = outcome;
+    } else if (!job.isGivenUp && outcome != ReadOutcome::found) {
+        preview_ = PreviewResult{outcome, {}};
+    }
+}
+
+void platform::ReaderClient::dropFront(ReadOutcome outcome)
+{
+    finish(jobs_.front(), outcome);
+    jobs_.pop_front();
+    // The next one's turn begins now.
+    if (!jobs_.empty() && jobs_.front().isSent) {
+        jobs_.front().deadline = Clock::now() + limitOf(jobs_.front());
+    }
+}
+
+// The reader is gone, or has to go. Whatever it was working on is to blame, unless `mayTryAgain`:
+// it may have died just before the request came.
+void platform::ReaderClient::loseReader(bool mayTryAgain)
+{
+    process_.end();
+    input_.clear();
+    const Clock::time_point now = Clock::now();
+    if (!isReady_) {
+        if (!mayTryAgain || ++failedStarts_ >= kMostFailedStarts) {
+            failedStarts_ = 0;
+            missingUntil_ = now + limits_.whenMissing;
+            declareMissing();
+        }
+        if (!jobs_.empty()) startProcess();
+        return;
+    }
+    isReady_ = false;
+    deathsInRow_++;
+    if (deathsInRow_ >= kDeathsBeforeAPause) {
+        const int doublings = std::min(deathsInRow_ - kDeathsBeforeAPause, 5);
+        notBefore_ = now + std::min<std::chrono::milliseconds>(kFirstPause * (1 << doublings),
+                                                               kLongestPause);
+    }
+    const bool wasWorking = !jobs_.empty() && jobs_.front().isSent;
+    if (wasWorking) {
+        Job& job = jobs_.front();
+        job.deaths++;
+        if (!mayTryAgain || job.deaths >= kMostDeaths) dropFront(ReadOutcome::failed);
+    }
+    std::erase_if(jobs_, [](const Job& job) { return job.isGivenUp; });
+    for (Job& job : jobs_) job.isSent = false;
+    // The next picture shall not have to wait for the start.
+    if (wasWorking) startProcess();
+}
+
+void platform::ReaderClient::checkTime()
+{
+    const Clock::time_point now = Clock::now();
+    if (!process_) return;
+    if (!isReady_) {
+        if (now >= startDeadline_) loseReader(false);
+        return;
+    }
+    if (jobs_.empty() || !jobs_.front().isSent || now < deadlineOfFront()) return;
+    // A preview that only stood in the way is tried again.
+    loseReader(now < jobs_.front().deadline);
+}

@@ -1,0 +1,188 @@
+#include "platform/pictures/reader_process.h"
+
+#include "platform/files/resource_folder.h"
+
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <ctime>
+#include <utility>
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+constexpr const char* kProgramName = "pinorama-reader";
+
+// A killed process is gone at once, except one that sleeps in the kernel, on a network share that
+// does not answer for instance. That one is looked after again when the next one ends.
+constexpr int kMostWaits = 50;
+constexpr long kWait = 1'000'000;  // nanoseconds
+
+// Where libraries and sanitizers are told about, for programs that lie in unusual places.
+constexpr const char* kInherited[] = {"LD_LIBRARY_PATH", "QT_PLUGIN_PATH", "ASAN_OPTIONS",
+                                      "UBSAN_OPTIONS"};
+
+std::vector<pid_t>& endedProcesses()
+{
+    static std::vector<pid_t> processes;
+    return processes;
+}
+
+// True when none of the killed processes is left.
+bool collectEnded()
+{
+    std::erase_if(endedProcesses(), [](pid_t process) {
+        return waitpid(process, nullptr, WNOHANG) != 0;  // gone, or not ours any more
+    });
+    return endedProcesses().empty();
+}
+
+std::vector<std::string> readerEnvironment()
+{
+    // One thread, no files of locales and zones to look for.
+    std::vector<std::string> environment = {"LC_ALL=C", "TZ=UTC0", "OMP_NUM_THREADS=1",
+                                            "QT_LOGGING_RULES=*=false"};
+    for (const char* name : kInherited) {
+        const char* value = std::getenv(name);
+        if (value != nullptr) environment.push_back(std::string(name) + "=" + value);
+    }
+    return environment;
+}
+
+std::vector<char*> pointersTo(std::vector<std::string>& texts)
+{
+    std::vector<char*> pointers;
+    for (std::string& text : texts) pointers.push_back(text.data());
+    pointers.push_back(nullptr);
+    return pointers;
+}
+
+// Two connected sockets, closed in programs that are started.
+bool makeSockets(platform::DescriptorHolder* outNear, platform::DescriptorHolder* outFar)
+{
+    int ends[2];
+    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0) return false;
+    *outNear = platform::DescriptorHolder(ends[0]);
+    *outFar = platform::DescriptorHolder(ends[1]);
+    return true;
+}
+
+// The settings of a process to be started; given back at the end.
+class SpawnSettings {
+public:
+    SpawnSettings()
+    {
+        posix_spawn_file_actions_init(&actions_);
+        posix_spawnattr_init(&attributes_);
+    }
+    SpawnSettings(const SpawnSettings&) = delete;
+    SpawnSettings& operator=(const SpawnSettings&) = delete;
+    ~SpawnSettings()
+    {
+        posix_spawn_file_actions_destroy(&actions_);
+        posix_spawnattr_destroy(&attributes_);
+    }
+
+    bool prepare(int socket)
+    {
+        sigset_t none;
+        sigset_t all;
+        sigemptyset(&none);
+        sigfillset(&all);
+        return posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDWR, 0) ==
+                   0 &&
+               posix_spawn_file_actions_adddup2(&actions_, STDIN_FILENO, STDOUT_FILENO) == 0 &&
+               posix_spawn_file_actions_adddup2(&actions_, socket, platform::kReaderSocket) == 0 &&
+               posix_spawn_file_actions_addclosefrom_np(&actions_, platform::kReaderSocket + 1) ==
+                   0 &&
+               posix_spawnattr_setsigmask(&attributes_, &none) == 0 &&
+               posix_spawnattr_setsigdefault(&attributes_, &all) == 0 &&
+               posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGMASK |
+                                                          POSIX_SPAWN_SETSIGDEF |
+                                                          POSIX_SPAWN_SETPGROUP) == 0;
+    }
+
+    const posix_spawn_file_actions_t* actions() const { return &actions_; }
+    const posix_spawnattr_t* attributes() const { return &attributes_; }
+
+private:
+    posix_spawn_file_actions_t actions_;
+    posix_spawnattr_t attributes_;
+};
+}  // namespace
+
+platform::ReaderProcess::ReaderProcess(ReaderProcess&& other) noexcept
+    : process_(std::exchange(other.process_, -1)), socket_(std::move(other.socket_))
+{
+}
+
+platform::ReaderProcess& platform::ReaderProcess::operator=(ReaderProcess&& other) noexcept
+{
+    std::swap(process_, other.process_);
+    std::swap(socket_, other.socket_);
+    return *this;
+}
+
+void platform::ReaderProcess::end()
+{
+    socket_ = DescriptorHolder();
+    const pid_t process = std::exchange(process_, -1);
+    if (process <= 0) return;
+    kill(process, SIGKILL);
+    endedProcesses().push_back(process);
+    for (int i = 0; i < kMostWaits && !collectEnded(); i++) {
+        const timespec pause = {0, kWait};
+        nanosleep(&pause, nullptr);
+    }
+}
+
+platform::ReaderProcess platform::startReaderProgram(const std::string& program,
+                                                     const std::vector<std::string>& arguments)
+{
+    DescriptorHolder near;
+    DescriptorHolder far;
+    SpawnSettings settings;
+    if (!makeSockets(&near, &far) || !settings.prepare(far.get())) return {};
+
+    std::vector<std::string> words = {program};
+    words.insert(words.end(), arguments.begin(), arguments.end());
+    std::vector<std::string> environment = readerEnvironment();
+    pid_t process = -1;
+    const int error =
+        posix_spawn(&process, program.c_str(), settings.actions(), settings.attributes(),
+                    pointersTo(words).data(), pointersTo(environment).data());
+    if (error != 0) return {};
+    return ReaderProcess(process, near.take());
+}
+
+platform::ReaderProcess platform::forkReader(const std::function<void(int socket)>& serve)
+{
+    DescriptorHolder near;
+    DescriptorHolder far;
+    if (!makeSockets(&near, &far)) return {};
+    const pid_t process = fork();
+    if (process < 0) return {};
+    if (process > 0) return ReaderProcess(process, near.take());
+
+    // Nothing of the other process may run here: not its cleaning up, not its handlers.
+    (void)setpgid(0, 0);
+    for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGPIPE, SIGCHLD}) {
+        (void)std::signal(number, SIG_DFL);
+    }
+    if (dup2(far.get(), kReaderSocket) == kReaderSocket) serve(kReaderSocket);
+    _exit(0);
+}
+
+std::string platform::readerProgram()
+{
+    const char* told = std::getenv("PINORAMA_READER");
+    if (told != nullptr && *told != '\0') return told;
+    const std::string folder = programFolder();
+    std::string beside = folder + "/" + kProgramName;
+    if (access(beside.c_str(), X_OK) == 0) return beside;
+    return folder + "/../" PINORAMA_LIBEXEC_DIR "/" + kProgramName;
+}

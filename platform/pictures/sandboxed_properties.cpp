@@ -1,0 +1,36 @@
+#include "platform/pictures/sandboxed_properties.h"
+
+#include "platform/pictures/reader_client.h"
+#include "platform/pictures/reader_protocol.h"
+#include "platform/pictures/reader_service.h"
+#include "platform/system/sandbox.h"
+
+#include <memory>
+#include <utility>
+
+namespace {
+constexpr std::uint64_t kMemory = std::uint64_t{256} << 20;  // bytes
+// Standard streams, the socket, and a request's files.
+constexpr std::uint32_t kDescriptors = 4 + platform::kMostDescriptors;
+
+void servePropertiesLockedIn(int socket)
+{
+    if (!platform::enterSandbox({socket, kMemory, kDescriptors})) return;
+    platform::serveReader(socket, {platform::readPictureProperties, {}});
+}
+}  // namespace
+
+platform::ReaderProcess platform::forkPropertyReader()
+{
+    return forkReader(servePropertiesLockedIn);
+}
+
+platform::PropertySource platform::makeSandboxedPropertySource()
+{
+    const auto client = std::make_shared<ReaderClient>(forkPropertyReader);
+    return [client](int descriptor, std::uint64_t /*size*/) -> std::optional<PictureProperties> {
+        PropertyResult result = client->readProperties(descriptor);
+        if (result.outcome != ReadOutcome::found) return std::nullopt;
+        return std::move(result.properties);
+    };
+}

@@ -1,0 +1,39 @@
+// pinorama-reader: reads pictures for the window, locked in. Started by the program only; what is
+// typed on a command line has no socket for it and ends it at once.
+
+#include "platform/pictures/picture_properties.h"
+#include "platform/pictures/reader_process.h"
+#include "platform/pictures/reader_service.h"
+#include "platform/system/sandbox.h"
+#include "reader/other_pictures.h"
+#include "reader/preview_answers.h"
+#include "reader/reader_limits.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace {
+bool isSocket(int descriptor)
+{
+    int type = 0;
+    socklen_t size = sizeof type;
+    return getsockopt(descriptor, SOL_SOCKET, SO_TYPE, &type, &size) == 0;
+}
+}  // namespace
+
+int main()
+{
+    if (!isSocket(platform::kReaderSocket)) {
+        std::fputs("pinorama-reader is started by Pinorama and does nothing by itself.\n", stderr);
+        return EXIT_FAILURE;
+    }
+    loadPicturePlugins();
+    if (!platform::enterSandbox(readerRules(platform::kReaderSocket))) return EXIT_FAILURE;
+    platform::serveReader(platform::kReaderSocket,
+                          {platform::readPictureProperties, answerPreview});
+    // Libraries would look for files while they clean up.
+    _exit(EXIT_SUCCESS);
+}

@@ -1,0 +1,17 @@
+// What the process that reads pictures may use.
+
+#pragma once
+
+#include "platform/pictures/reader_protocol.h"
+#include "platform/system/sandbox.h"
+
+inline platform::SandboxRules readerRules(int socket)
+{
+    return {
+        .socket = socket,
+        // A progressive picture of 100 megapixels or another kind of picture of 64, and LibRaw.
+        .memory = std::uint64_t{640} << 20,
+        // Standard streams, the socket, the files of one request.
+        .descriptors = 4 + platform::kMostDescriptors,
+    };
+}

@@ -1,0 +1,281 @@
+// A reader that does harm when a file tells it to: the file begins with "FAULT", a blank and the
+// name of a fault, a blank and what the fault needs. Other files it reads as the real one does.
+//
+// With the argument "--without-sandbox" it is not locked in, which shows that the faults are real.
+
+#include "platform/pictures/picture_properties.h"
+#include "platform/pictures/preview.h"
+#include "platform/pictures/reader_process.h"
+#include "platform/pictures/reader_protocol.h"
+#include "platform/pictures/reader_socket.h"
+#include "platform/pictures/stream_byte_source.h"
+#include "platform/system/sandbox.h"
+#include "reader/reader_limits.h"
+
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <cstring>
+#include <limits>
+#include <map>
+#include <sstream>
+#include <string>
+#include <string_view>
+
+#include <fcntl.h>
+#include <netinet/in.h>
+#include <sys/mman.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+using namespace platform;
+
+constexpr int kSocket = kReaderSocket;
+
+struct Fault {
+    std::string name;
+    std::string argument;
+};
+
+// What a fault got hold of: told as a caption, so that a test sees it.
+using Loot = std::optional<std::u16string>;
+
+Loot text(std::string_view bytes)
+{
+    return std::u16string(bytes.begin(), bytes.end());
+}
+
+Fault faultOf(int descriptor)
+{
+    char bytes[1024] = {};
+    if (pread(descriptor, bytes, sizeof bytes - 1, 0) <= 0) return {};
+    std::istringstream line(bytes);
+    std::string mark;
+    Fault fault;
+    line >> mark >> fault.name >> fault.argument;
+    return mark == "FAULT" ? fault : Fault{};
+}
+
+void sendMessage(const ReaderRequest& request, const std::vector<std::uint8_t>& body,
+                 std::uint32_t claimedLength)
+{
+    (void)sendAnswer(kSocket, encodeAnswerHead({request.task, ReaderOutcome::found, request.number,
+                                                claimedLength}));
+    (void)sendAnswer(kSocket, body);
+}
+
+void sendBody(const ReaderRequest& request, const std::vector<std::uint8_t>& body)
+{
+    sendMessage(request, body, static_cast<std::uint32_t>(body.size()));
+}
+
+void sendNothing(const ReaderRequest& request)
+{
+    (void)sendAnswer(kSocket,
+                     encodeAnswerHead({request.task, ReaderOutcome::nothing, request.number, 0}));
+}
+
+// A good answer of the kind that was asked for, carrying what a fault got hold of.
+void sendLoot(const ReaderRequest& request, const Loot& loot)
+{
+    if (!loot) {
+        sendNothing(request);
+    } else if (request.task == ReaderTask::properties) {
+        PictureProperties properties;
+        properties.hasIptc = true;
+        properties.caption = loot;
+        sendBody(request, encodeProperties(properties));
+    } else {
+        PreviewAnswer answer;
+        answer.image = {1, 1, {0xff123456}};
+        sendBody(request, encodePreview(answer));
+    }
+}
+
+Loot openFile(const std::string& path)
+{
+    const int descriptor = open(path.c_str(), O_RDONLY);
+    if (descriptor < 0) return std::nullopt;
+    char bytes[256] = {};
+    const ssize_t count = read(descriptor, bytes, sizeof bytes);
+    return text({bytes, static_cast<std::size_t>(count < 0 ? 0 : count)});
+}
+
+Loot writeFile(const std::string& path)
+{
+    const int descriptor = open(path.c_str(), O_WRONLY | O_CREAT, 0600);
+    if (descriptor < 0 || write(descriptor, "harm", 4) != 4) return std::nullopt;
+    return text("written");
+}
+
+Loot openSocket()
+{
+    return socket(AF_INET, SOCK_STREAM, 0) < 0 ? std::nullopt : text("socket");
+}
+
+Loot startProgram(const std::string& path)
+{
+    const pid_t child = fork();
+    if (child == 0) {
+        execl("/bin/sh", "sh", "-c", ("echo harm > '" + path + "'").c_str(), nullptr);
+        _exit(1);
+    }
+    int status = 0;
+    (void)waitpid(child, &status, 0);
+    return text("started");
+}
+
+Loot allocate()
+{
+    void* block = std::malloc(std::size_t{8} << 30);
+    if (block == nullptr) return std::nullopt;
+    std::memset(block, 1, 4096);
+    std::free(block);
+    return text("allocated");
+}
+
+Loot makeExecutable()
+{
+    void* block =
+        mmap(nullptr, 4096, PROT_READ | PROT_WRITE | PROT_EXEC, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    return block == MAP_FAILED ? std::nullopt : text("executable");
+}
+
+Loot killOther(const std::string& process)
+{
+    return kill(std::atoi(process.c_str()), SIGUSR1) == 0 ? text("killed") : std::nullopt;
+}
+
+void spin(std::chrono::milliseconds time)
+{
+    const auto end = std::chrono::steady_clock::now() + time;
+    while (std::chrono::steady_clock::now() < end) {
+    }
+}
+
+void answerGarbage()
+{
+    std::vector<std::uint8_t> bytes(4096);
+    std::uint32_t state = 12345;
+    for (std::uint8_t& byte : bytes) {
+        state = state * 1664525 + 1013904223;
+        byte = static_cast<std::uint8_t>(state >> 24);
+    }
+    (void)sendAnswer(kSocket, bytes);
+}
+
+void answerTooMuch(const ReaderRequest& request)
+{
+    const std::vector<std::uint8_t> flood(1 << 20);
+    sendMessage(request, flood, std::numeric_limits<std::uint32_t>::max());
+    for (int i = 0; i < 64; i++) {
+        if (!sendAnswer(kSocket, flood)) return;
+    }
+}
+
+// A preview larger than the box, which is well-formed otherwise.
+void answerLargePreview(const ReaderRequest& request)
+{
+    PreviewAnswer answer;
+    const std::int32_t width = request.box.width + 1;
+    answer.image = {width, 1, std::vector<std::uint32_t>(static_cast<std::size_t>(width))};
+    sendBody(request, encodePreview(answer));
+}
+
+void answerNaN(const ReaderRequest& request)
+{
+    PictureProperties properties;
+    properties.hasGps = true;
+    properties.latitude = 1.0;
+    std::vector<std::uint8_t> body = encodeProperties(properties);
+    std::fill(body.end() - 8, body.end(), std::uint8_t{0xff});
+    sendBody(request, body);
+}
+
+void commit(const Fault& fault, const ReaderRequest& request)
+{
+    const std::map<std::string, std::function<Loot()>> thefts = {
+        {"open-file", [&] { return openFile(fault.argument); }},
+        {"write-file", [&] { return writeFile(fault.argument); }},
+        {"open-socket", openSocket},
+        {"start-program", [&] { return startProgram(fault.argument); }},
+        {"allocate", allocate},
+        {"make-executable", makeExecutable},
+        {"kill-other", [&] { return killOther(fault.argument); }},
+    };
+    if (const auto theft = thefts.find(fault.name); theft != thefts.end()) {
+        sendLoot(request, theft->second());
+    } else if (fault.name == "loop") {
+        for (;;) spin(std::chrono::hours(1));
+    } else if (fault.name == "crash") {
+        (void)std::raise(SIGSEGV);
+    } else if (fault.name == "exit") {
+        _exit(0);
+    } else if (fault.name == "garbage") {
+        answerGarbage();
+    } else if (fault.name == "too-much") {
+        answerTooMuch(request);
+    } else if (fault.name == "twice") {
+        sendNothing(request);
+        sendNothing(request);
+    } else if (fault.name == "large-preview") {
+        answerLargePreview(request);
+    } else if (fault.name == "nan") {
+        answerNaN(request);
+    } else if (fault.name == "late") {
+        spin(std::chrono::milliseconds(std::atoi(fault.argument.c_str())));
+        sendLoot(request, text("late"));
+    } else if (fault.name == "die-afterwards") {
+        sendNothing(request);
+        _exit(0);
+    } else if (fault.name == "half") {
+        const auto head =
+            encodeAnswerHead({request.task, ReaderOutcome::found, request.number, 64});
+        (void)sendAnswer(kSocket, head);
+        for (;;) spin(std::chrono::hours(1));
+    } else {
+        sendNothing(request);
+    }
+}
+
+void readProperly(int descriptor, const ReaderRequest& request)
+{
+    const auto size = static_cast<std::uint64_t>(lseek(descriptor, 0, SEEK_END));
+    StreamByteSource source(descriptor, size);
+    if (request.task == ReaderTask::properties) {
+        const auto properties = readPictureProperties(source);
+        return properties ? sendBody(request, encodeProperties(*properties)) : sendNothing(request);
+    }
+    std::optional<Preview> preview = makePreview(source, request.box.width, request.box.height);
+    if (!preview) return sendNothing(request);
+    sendBody(request, encodePreview({std::move(preview->image), preview->wasDecoded, {}, {}}));
+}
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    const std::string_view option = argc > 1 ? argv[1] : "";
+    if (option == "--exit-at-once") return 1;
+    if (option == "--never-ready") spin(std::chrono::hours(1));
+    if (option != "--without-sandbox" && !enterSandbox(readerRules(kSocket))) return 1;
+    (void)sendAnswer(kSocket, encodeAnswerHead({ReaderTask::hello, ReaderOutcome::found, 0, 0}));
+
+    std::array<std::uint8_t, kRequestSize> bytes;
+    std::vector<DescriptorHolder> descriptors;
+    while (receiveRequest(kSocket, bytes, &descriptors)) {
+        std::optional<ReaderRequest> request = decodeRequest(bytes);
+        if (!request) return 1;
+        for (const DescriptorHolder& descriptor : descriptors) {
+            const Fault fault = faultOf(descriptor.get());
+            if (fault.name.empty()) {
+                readProperly(descriptor.get(), *request);
+            } else {
+                commit(fault, *request);
+            }
+            request->number++;
+        }
+    }
+    _exit(0);
+}

@@ -1,0 +1,506 @@
+#include "platform/pictures/reader_client.h"
+
+#include "platform/files/resource_folder.h"
+#include "platform/pictures/picture_file.h"
+#include "platform/pictures/sandboxed_properties.h"
+#include "tests/support/environment.h"
+#include "tests/support/jpeg_pictures.h"
+#include "tests/support/picture_builder.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+using namespace platform;
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool kHasSanitizers = true;
+#else
+constexpr bool kHasSanitizers = false;
+#endif
+
+constexpr PixelSize kBox = {64, 64};
+
+ReaderLauncher faultyReader(const std::vector<std::string>& arguments = {})
+{
+    return
+        [arguments] { return startReaderProgram(programFolder() + "/faulty-reader", arguments); };
+}
+
+ReaderLauncher realReader()
+{
+    return [] { return startReaderProgram(programFolder() + "/pinorama-reader"); };
+}
+
+class Pictures {
+public:
+    Pictures()
+    {
+        folder_.write(
+            "good.jpg",
+            test::jpegOfQuarters(200, 100,
+                                 {.exif = test::tiffWithGps(
+                                      {.lat = 48.5, .latRef = "N", .lon = 11.25, .lonRef = "E"})}));
+        folder_.write("secret", "treasure");
+    }
+
+    std::string good() const { return folder_.file("good.jpg"); }
+    std::string secret() const { return folder_.file("secret"); }
+    std::string harm() const { return folder_.file("harm"); }
+
+    std::string withFault(const std::string& fault) const
+    {
+        return folder_.write("fault.jpg", "FAULT " + fault + "\n");
+    }
+
+    std::string file(const std::string& name, const std::string& bytes) const
+    {
+        return folder_.write(name, bytes);
+    }
+
+private:
+    test::TemporaryFolder folder_;
+};
+
+PropertyResult propertiesOf(ReaderClient& client, const std::string& path)
+{
+    const PictureFile file(path);
+    return client.readProperties(file.descriptor());
+}
+
+PreviewResult previewOf(ReaderClient& client, const std::string& path)
+{
+    const PictureFile file(path);
+    (void)client.startPreview(file.descriptor(), PreviewKind::picture, kBox);
+    return client.waitForPreview();
+}
+
+void expectGoodPicture(ReaderClient& client, const Pictures& pictures)
+{
+    const PropertyResult properties = propertiesOf(client, pictures.good());
+    EXPECT_EQ(properties.outcome, ReadOutcome::found);
+    EXPECT_EQ(properties.properties.latitude, 48.5);
+    const PreviewResult preview = previewOf(client, pictures.good());
+    EXPECT_EQ(preview.outcome, ReadOutcome::found);
+    EXPECT_EQ(preview.answer.image.width, 64);
+    EXPECT_EQ(preview.answer.image.height, 32);
+    EXPECT_TRUE(test::areNear(test::quartersOf(preview.answer.image),
+                              {test::kRed, test::kGreen, test::kBlue, test::kYellow}));
+}
+
+TEST(ReaderClient, readsPropertiesAndPreviews)
+{
+    const Pictures pictures;
+    ReaderClient client(realReader());
+    expectGoodPicture(client, pictures);
+    EXPECT_EQ(propertiesOf(client, pictures.secret()).outcome, ReadOutcome::nothing);
+    EXPECT_EQ(previewOf(client, pictures.secret()).outcome, ReadOutcome::nothing);
+    EXPECT_EQ(propertiesOf(client, pictures.file("empty.jpg", "")).outcome, ReadOutcome::nothing);
+}
+
+TEST(ReaderClient, keepsOneReaderForAllPictures)
+{
+    const Pictures pictures;
+    ReaderClient client(realReader());
+    expectGoodPicture(client, pictures);
+    const pid_t first = client.processID();
+    for (int i = 0; i < 50; i++) expectGoodPicture(client, pictures);
+    EXPECT_EQ(client.processID(), first);
+}
+
+TEST(ReaderClient, readsManyPicturesInBatches)
+{
+    const Pictures pictures;
+    const PictureFile good(pictures.good());
+    const PictureFile other(pictures.secret());
+    std::vector<int> descriptors;
+    for (int i = 0; i < 300; i++) {
+        descriptors.push_back(i % 3 == 0 ? other.descriptor() : good.descriptor());
+    }
+    ReaderClient client(realReader());
+    const std::vector<PropertyResult> results = client.readProperties(descriptors);
+    ASSERT_EQ(results.size(), 300u);
+    for (int i = 0; i < 300; i++) {
+        EXPECT_EQ(results[i].outcome, i % 3 == 0 ? ReadOutcome::nothing : ReadOutcome::found);
+    }
+    EXPECT_TRUE(client.readProperties(std::span<const int>()).empty());
+}
+
+TEST(ReaderClient, oneBadPictureOfABatchFailsAlone)
+{
+    const Pictures pictures;
+    const PictureFile good(pictures.good());
+    const PictureFile bad(pictures.withFault("crash"));
+    ReaderClient client(faultyReader());
+    const std::vector<int> descriptors = {good.descriptor(), bad.descriptor(), good.descriptor(),
+                                          -1, good.descriptor()};
+    const std::vector<PropertyResult> results = client.readProperties(descriptors);
+    const ReadOutcome expected[] = {ReadOutcome::found, ReadOutcome::failed, ReadOutcome::found,
+                                    ReadOutcome::failed, ReadOutcome::found};
+    for (int i = 0; i < 5; i++) EXPECT_EQ(results[i].outcome, expected[i]) << i;
+}
+
+// Each fault, what a reader that is locked in makes of it, and whether it succeeds in one that is
+// not.
+const struct {
+    const char* fault;
+    bool succeedsOutside;
+} kFaults[] = {
+    {"open-file", true},
+    {"write-file", true},
+    {"open-socket", true},
+    {"start-program", true},
+    {"allocate", !kHasSanitizers},
+    {"make-executable", true},
+    {"kill-other", true},
+    {"loop", false},
+    {"crash", false},
+    {"exit", false},
+    {"garbage", false},
+    {"too-much", false},
+    {"twice", false},
+    {"large-preview", false},
+    {"nan", false},
+    {"late", false},
+    {"die-afterwards", false},
+    {"half", false},
+};
+
+// A fault with what it needs: a file to read or to make, a process to signal, a time to waste.
+std::string lineFor(const std::string& fault, const Pictures& pictures, pid_t victim)
+{
+    if (fault == "open-file") return fault + " " + pictures.secret();
+    if (fault == "write-file" || fault == "start-program") return fault + " " + pictures.harm();
+    if (fault == "kill-other") return fault + " " + std::to_string(victim);
+    if (fault == "late") return fault + " 900";
+    return fault;
+}
+
+// A process to be signalled by a fault.
+class Victim {
+public:
+    Victim() : process_(fork())
+    {
+        if (process_ == 0) {
+            (void)alarm(60);
+            for (;;) pause();
+        }
+    }
+    ~Victim()
+    {
+        kill(process_, SIGKILL);
+        (void)waitpid(process_, nullptr, 0);
+    }
+    Victim(const Victim&) = delete;
+    Victim& operator=(const Victim&) = delete;
+
+    pid_t process() const { return process_; }
+
+private:
+    pid_t process_;
+};
+
+const ReaderLimits kShortLimits = {.preview = 600ms};
+
+TEST(ReaderClient, noFaultOfTheReaderDoesHarmOrOutlivesIt)
+{
+    const Victim victim;
+    for (const auto& row : kFaults) {
+        SCOPED_TRACE(row.fault);
+        const Pictures pictures;
+        ReaderClient client(faultyReader(), kShortLimits);
+        expectGoodPicture(client, pictures);
+        const std::string fault =
+            pictures.withFault(lineFor(row.fault, pictures, victim.process()));
+
+        const auto start = Clock::now();
+        const PropertyResult properties = propertiesOf(client, fault);
+        EXPECT_NE(properties.outcome, ReadOutcome::found);
+        EXPECT_FALSE(properties.properties.caption.has_value());
+        expectGoodPicture(client, pictures);
+        const PreviewResult preview = previewOf(client, fault);
+        EXPECT_NE(preview.outcome, ReadOutcome::found);
+        expectGoodPicture(client, pictures);
+        EXPECT_LT(Clock::now() - start, 10s);
+
+        EXPECT_FALSE(std::filesystem::exists(pictures.harm()));
+        EXPECT_EQ(waitpid(victim.process(), nullptr, WNOHANG), 0) << "the other process is gone";
+    }
+}
+
+TEST(ReaderClient, theFaultsSucceedWhereNothingIsLockedIn)
+{
+    for (const auto& row : kFaults) {
+        if (!row.succeedsOutside) continue;
+        SCOPED_TRACE(row.fault);
+        const Victim victim;
+        const Pictures pictures;
+        ReaderClient client(faultyReader({"--without-sandbox"}));
+        const PropertyResult properties = propertiesOf(
+            client, pictures.withFault(lineFor(row.fault, pictures, victim.process())));
+        EXPECT_EQ(properties.outcome, ReadOutcome::found);
+        EXPECT_TRUE(properties.properties.caption.has_value());
+    }
+}
+
+TEST(ReaderClient, keepsToItsDeadlines)
+{
+    const Pictures pictures;
+    ReaderClient client(faultyReader(), kShortLimits);
+    expectGoodPicture(client, pictures);
+    const std::string loop = pictures.withFault("loop");
+
+    auto start = Clock::now();
+    EXPECT_EQ(propertiesOf(client, loop).outcome, ReadOutcome::failed);
+    EXPECT_GE(Clock::now() - start, 490ms);
+    EXPECT_LT(Clock::now() - start, 1500ms);
+
+    start = Clock::now();
+    EXPECT_EQ(previewOf(client, loop).outcome, ReadOutcome::failed);
+    EXPECT_GE(Clock::now() - start, 590ms);
+    EXPECT_LT(Clock::now() - start, 1600ms);
+}
+
+TEST(ReaderClient, aSlowPictureHasTheTimeThatOthersWasteBeforeIt)
+{
+    // Two of a batch take 0.4 seconds each: neither is late, although both together are.
+    const Pictures pictures;
+    const PictureFile slow(pictures.withFault("late 400"));
+    ReaderClient client(faultyReader());
+    const std::vector<int> descriptors = {slow.descriptor(), slow.descriptor()};
+    for (const PropertyResult& result : client.readProperties(descriptors)) {
+        EXPECT_EQ(result.outcome, ReadOutcome::found);
+    }
+}
+
+TEST(ReaderClient, aPreviewGivesWayToProperties)
+{
+    const Pictures pictures;
+    ReaderClient client(faultyReader(), kShortLimits);
+    expectGoodPicture(client, pictures);
+    const PictureFile loop(pictures.withFault("loop"));
+    (void)client.startPreview(loop.descriptor(), PreviewKind::picture, kBox);
+
+    const auto start = Clock::now();
+    EXPECT_EQ(propertiesOf(client, pictures.good()).outcome, ReadOutcome::found);
+    EXPECT_LT(Clock::now() - start, 450ms);
+    EXPECT_EQ(client.waitForPreview().outcome, ReadOutcome::failed);
+}
+
+TEST(ReaderClient, thePreviewGoesOnAfterTheProperties)
+{
+    const Pictures pictures;
+    ReaderClient client(realReader());
+    const PictureFile good(pictures.good());
+    for (int i = 0; i < 20; i++) {
+        (void)client.startPreview(good.descriptor(), PreviewKind::picture, kBox);
+        EXPECT_EQ(propertiesOf(client, pictures.good()).outcome, ReadOutcome::found);
+        EXPECT_EQ(client.waitForPreview().outcome, ReadOutcome::found);
+    }
+}
+
+TEST(ReaderClient, anEarlierPreviewIsGivenUp)
+{
+    const Pictures pictures;
+    ReaderClient client(faultyReader());
+    const PictureFile loop(pictures.withFault("loop"));
+    const PictureFile good(pictures.good());
+    const std::uint32_t first = client.startPreview(loop.descriptor(), PreviewKind::picture, kBox);
+    const std::uint32_t second = client.startPreview(good.descriptor(), PreviewKind::picture, kBox);
+    EXPECT_NE(first, second);
+    EXPECT_EQ(client.previewTicket(), second);
+    EXPECT_EQ(client.waitForPreview().outcome, ReadOutcome::found);
+    EXPECT_EQ(client.previewTicket(), 0u);
+}
+
+TEST(ReaderClient, aReaderThatWasKilledIsReplaced)
+{
+    const Pictures pictures;
+    ReaderClient client(realReader());
+    for (int i = 0; i < 12; i++) {
+        expectGoodPicture(client, pictures);
+        const pid_t killed = client.processID();
+        kill(killed, SIGKILL);
+        expectGoodPicture(client, pictures);
+        EXPECT_NE(client.processID(), killed);
+    }
+}
+
+TEST(ReaderClient, aReaderThatKeepsDyingIsStartedAfterAPause)
+{
+    const Pictures pictures;
+    int starts = 0;
+    ReaderClient client([&starts] {
+        starts++;
+        return faultyReader()();
+    });
+    const std::string crash = pictures.withFault("crash");
+    const auto start = Clock::now();
+    for (int i = 0; i < 8; i++) {
+        EXPECT_EQ(propertiesOf(client, crash).outcome, ReadOutcome::failed);
+    }
+    EXPECT_GE(Clock::now() - start, 1s);
+    EXPECT_LE(starts, 8 * 2 + 1);
+    expectGoodPicture(client, pictures);
+}
+
+TEST(ReaderClient, tellsThatThereIsNoReader)
+{
+    const Pictures pictures;
+    int starts = 0;
+    const ReaderLauncher launchers[] = {
+        [] { return startReaderProgram("/nowhere/pinorama-reader"); },
+        [] { return startReaderProgram("/dev/null"); },
+        faultyReader({"--exit-at-once"}),
+        faultyReader({"--never-ready"}),
+    };
+    for (const ReaderLauncher& launcher : launchers) {
+        starts = 0;
+        ReaderClient client(
+            [&] {
+                starts++;
+                return launcher();
+            },
+            {.start = 200ms, .whenMissing = 300ms});
+        EXPECT_EQ(propertiesOf(client, pictures.good()).outcome, ReadOutcome::noReader);
+        const int tries = starts;
+        EXPECT_LE(tries, 2);
+        EXPECT_EQ(previewOf(client, pictures.good()).outcome, ReadOutcome::noReader);
+        EXPECT_EQ(starts, tries) << "tried again at once";
+        usleep(300'000);
+        EXPECT_EQ(propertiesOf(client, pictures.good()).outcome, ReadOutcome::noReader);
+        EXPECT_GT(starts, tries) << "never tried again";
+    }
+}
+
+TEST(ReaderClient, worksWithAnEventLoop)
+{
+    const Pictures pictures;
+    ReaderClient client(realReader());
+    int changes = 0;
+    client.setChangeHandler([&changes] { changes++; });
+    client.start();
+    EXPECT_GT(changes, 0);
+    const PictureFile good(pictures.good());
+    (void)client.startPreview(good.descriptor(), PreviewKind::picture, kBox);
+    EXPECT_GE(client.millisecondsLeft(), 0);
+    const auto end = Clock::now() + 10s;
+    while (!client.hasPreview() && Clock::now() < end) {
+        usleep(1000);
+        client.advance();
+    }
+    ASSERT_TRUE(client.hasPreview());
+    EXPECT_EQ(client.takePreview()->outcome, ReadOutcome::found);
+    EXPECT_FALSE(client.takePreview());
+    EXPECT_EQ(client.millisecondsLeft(), -1) << "nothing to wake up for";
+}
+
+TEST(ReaderClient, leavesNoProcessAndNoDescriptorBehind)
+{
+    const auto openDescriptors = [] {
+        const std::filesystem::directory_iterator entries("/proc/self/fd");
+        return std::distance(begin(entries), end(entries));
+    };
+    const Pictures pictures;
+    const auto before = openDescriptors();
+    {
+        ReaderClient client(faultyReader());
+        const std::string crash = pictures.withFault("crash");
+        for (int i = 0; i < 3; i++) {
+            expectGoodPicture(client, pictures);
+            (void)propertiesOf(client, crash);
+        }
+    }
+    EXPECT_EQ(openDescriptors(), before);
+    EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1);
+}
+
+TEST(ReaderClient, survivesAFileThatIsCutShortAndOneThatIsHuge)
+{
+    const Pictures pictures;
+    ReaderClient client(realReader());
+    const std::string path = pictures.file("cut.jpg", test::jpegOfQuarters(2000, 2000));
+    const PictureFile cut(path);
+    std::filesystem::resize_file(path, 1000);
+    EXPECT_NE(client.readProperties(cut.descriptor()).outcome, ReadOutcome::failed);
+
+    const std::string sparse = pictures.file("sparse.nef", "II*\0");
+    std::error_code error;
+    std::filesystem::resize_file(sparse, std::uintmax_t{8} << 40, error);
+    if (error) std::filesystem::resize_file(sparse, std::uintmax_t{1} << 40);
+    EXPECT_NE(propertiesOf(client, sparse).outcome, ReadOutcome::failed);
+    (void)previewOf(client, sparse);
+    expectGoodPicture(client, pictures);
+}
+
+TEST(startReaderProgram, handsOnNothingButTheSocket)
+{
+    const test::ScopedVariable secret("PINORAMA_TEST_SECRET", "treasure");
+    const test::TemporaryFolder folder;
+    const std::string script = folder.write(
+        "reader", "#!/bin/sh\n(env; ls /proc/self/fd) > '" + folder.file("seen") + "'\n");
+    std::filesystem::permissions(script, std::filesystem::perms::owner_all);
+    const int open = ::open("/dev/null", O_RDONLY);  // deliberately without O_CLOEXEC
+    {
+        ReaderProcess process = startReaderProgram(script);
+        ASSERT_TRUE(process);
+        for (int i = 0; i < 500 && test::readFile(folder.file("seen")).empty(); i++) usleep(10'000);
+        usleep(100'000);
+    }
+    close(open);
+    const std::string seen = test::readFile(folder.file("seen"));
+    EXPECT_EQ(seen.find("treasure"), std::string::npos);
+    EXPECT_NE(seen.find("OMP_NUM_THREADS=1"), std::string::npos);
+    // The three streams, the socket, and the folder that is being listed.
+    EXPECT_EQ(seen.substr(seen.find("\n0\n")), "\n0\n1\n2\n3\n4\n");
+}
+
+TEST(readerProgram, liesBesideTheProgramUnlessToldOtherwise)
+{
+    EXPECT_EQ(readerProgram(), programFolder() + "/pinorama-reader");
+    const test::ScopedVariable told("PINORAMA_READER", "/elsewhere/reader");
+    EXPECT_EQ(readerProgram(), "/elsewhere/reader");
+}
+
+TEST(makeSandboxedPropertySource, readsInALockedInCopyOfTheProgram)
+{
+    const Pictures pictures;
+    const PropertySource source = makeSandboxedPropertySource();
+    const PictureFile good(pictures.good());
+    for (int i = 0; i < 3; i++) {
+        const std::optional<PictureProperties> properties = source(good.descriptor(), good.size());
+        ASSERT_TRUE(properties);
+        EXPECT_EQ(properties->latitude, 48.5);
+        EXPECT_EQ(properties->longitudeReference, u"E");
+    }
+    const PictureFile other(pictures.secret());
+    EXPECT_FALSE(source(other.descriptor(), other.size()));
+}
+
+TEST(makeSandboxedPropertySource, agreesWithReadingInThisProcess)
+{
+    const std::optional<std::string> collection = test::pictureCollection();
+    if (!collection) GTEST_SKIP() << "PINORAMA_PICTURE_COLLECTION is not set";
+    const PropertySource source = makeSandboxedPropertySource();
+    int found = 0;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(*collection)) {
+        const PictureFile file(entry.path().string());
+        if (!file.isOpen()) continue;
+        FileByteSource bytes(file.descriptor(), file.size());
+        const std::optional<PictureProperties> here = readPictureProperties(bytes);
+        EXPECT_EQ(source(file.descriptor(), file.size()), here) << entry.path();
+        if (here) found++;
+    }
+    EXPECT_GT(found, 300);
+}
+}  // namespace

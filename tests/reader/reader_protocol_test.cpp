@@ -1,0 +1,280 @@
+#include "platform/pictures/reader_protocol.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <random>
+#include <string>
+
+namespace {
+using namespace platform;
+
+const ReaderRequest kPropertyRequest = {ReaderTask::properties, 7, 3, {}};
+const ReaderRequest kPreviewRequest = {ReaderTask::picturePreview, 8, 1, {128, 85}};
+
+bool operator==(const ReaderRequest& a, const ReaderRequest& b)
+{
+    return a.task == b.task && a.number == b.number && a.descriptorCount == b.descriptorCount &&
+           a.box == b.box;
+}
+
+PictureProperties fullProperties()
+{
+    PictureProperties properties;
+    properties.hasGps = true;
+    properties.latitude = 48.123456789;
+    properties.longitude = -0.0;
+    properties.altitude = 520;
+    properties.altitudeReference = -1;
+    properties.destinationDistance = 1e300;
+    properties.imageDirection = 359.99;
+    properties.latitudeReference = u"N";
+    properties.longitudeReference = u"";
+    properties.destinationDistanceReference = u"K";
+    properties.satellites = u"tilt:45.5";
+    properties.hasIptc = true;
+    properties.city = u"K\u00f6ln";
+    properties.state = u"\U0001F4F7";
+    properties.country = std::u16string(kLongestText, u'x');
+    properties.caption = u"\xd800 alone";
+    return properties;
+}
+
+TEST(decodeRequest, readsWhatEncodeRequestWrites)
+{
+    for (const ReaderRequest& request :
+         {kPropertyRequest, kPreviewRequest,
+          ReaderRequest{ReaderTask::cachedThumbnail, UINT32_MAX, 1, {1, kLargestPreviewSide}},
+          ReaderRequest{ReaderTask::properties, 0, kMostDescriptors, {}}}) {
+        const std::optional<ReaderRequest> decoded = decodeRequest(encodeRequest(request));
+        ASSERT_TRUE(decoded);
+        EXPECT_TRUE(*decoded == request);
+    }
+}
+
+TEST(decodeRequest, refusesEverythingElse)
+{
+    const ReaderRequest rows[] = {
+        {ReaderTask::hello, 1, 1, {}},
+        {static_cast<ReaderTask>(4), 1, 1, {}},
+        {ReaderTask::properties, 1, 0, {}},
+        {ReaderTask::properties, 1, kMostDescriptors + 1, {}},
+        {ReaderTask::properties, 1, 1, {1, 1}},
+        {ReaderTask::picturePreview, 1, 0, {128, 128}},
+        {ReaderTask::picturePreview, 1, 2, {128, 128}},
+        {ReaderTask::picturePreview, 1, 1, {0, 128}},
+        {ReaderTask::picturePreview, 1, 1, {128, kLargestPreviewSide + 1}},
+    };
+    for (const ReaderRequest& row : rows) EXPECT_FALSE(decodeRequest(encodeRequest(row)));
+
+    auto bytes = encodeRequest(kPropertyRequest);
+    for (std::size_t length = 0; length < bytes.size(); length++) {
+        EXPECT_FALSE(decodeRequest(ByteView(bytes).first(length)));
+    }
+    for (const std::size_t place : {0u, 4u, 18u, 19u}) {  // mark, version, padding
+        auto changed = bytes;
+        changed[place] ^= 0x40;
+        EXPECT_FALSE(decodeRequest(changed)) << place;
+    }
+}
+
+TEST(decodeAnswerHead, readsTheAnswerToTheRequestAndNoOther)
+{
+    const auto bytes = encodeAnswerHead({ReaderTask::picturePreview, ReaderOutcome::found, 8, 100});
+    const auto head = decodeAnswerHead(bytes, ReaderTask::picturePreview, 8, 100);
+    ASSERT_TRUE(head);
+    EXPECT_EQ(head->bodyLength, 100u);
+    EXPECT_FALSE(decodeAnswerHead(bytes, ReaderTask::picturePreview, 8, 99));
+    EXPECT_FALSE(decodeAnswerHead(bytes, ReaderTask::picturePreview, 9, 100));
+    EXPECT_FALSE(decodeAnswerHead(bytes, ReaderTask::properties, 8, 100));
+    EXPECT_FALSE(decodeAnswerHead(ByteView(bytes).first(19), ReaderTask::picturePreview, 8, 100));
+}
+
+TEST(decodeAnswerHead, onlyWhatWasFoundHasABody)
+{
+    const auto decode = [](ReaderTask task, ReaderOutcome outcome, std::uint32_t length) {
+        return decodeAnswerHead(encodeAnswerHead({task, outcome, 1, length}), task, 1, 1000)
+            .has_value();
+    };
+    EXPECT_TRUE(decode(ReaderTask::properties, ReaderOutcome::nothing, 0));
+    EXPECT_FALSE(decode(ReaderTask::properties, ReaderOutcome::nothing, 1));
+    EXPECT_TRUE(decode(ReaderTask::picturePreview, ReaderOutcome::interrupted, 0));
+    EXPECT_FALSE(decode(ReaderTask::picturePreview, ReaderOutcome::interrupted, 4));
+    EXPECT_FALSE(decode(ReaderTask::properties, ReaderOutcome::interrupted, 0));
+    EXPECT_FALSE(decode(ReaderTask::properties, static_cast<ReaderOutcome>(3), 0));
+}
+
+TEST(decodeProperties, readsWhatEncodePropertiesWrites)
+{
+    PictureProperties onlyIptc;
+    onlyIptc.hasIptc = true;
+    PictureProperties onlyGps;
+    onlyGps.hasGps = true;
+    onlyGps.longitude = 1;
+    for (const PictureProperties& properties :
+         {PictureProperties{}, onlyIptc, onlyGps, fullProperties()}) {
+        const std::vector<std::uint8_t> body = encodeProperties(properties);
+        EXPECT_LE(body.size(), longestBody(ReaderTask::properties, {}));
+        const std::optional<PictureProperties> decoded = decodeProperties(body);
+        ASSERT_TRUE(decoded);
+        EXPECT_TRUE(*decoded == properties);
+    }
+    EXPECT_TRUE(std::signbit(*decodeProperties(encodeProperties(fullProperties()))->longitude));
+}
+
+TEST(encodeProperties, leavesOutWhatCannotBeSent)
+{
+    PictureProperties properties = fullProperties();
+    properties.country = std::u16string(kLongestText + 1, u'x');
+    properties.latitude = std::numeric_limits<double>::quiet_NaN();
+    properties.altitude = std::numeric_limits<double>::infinity();
+    const std::optional<PictureProperties> decoded = decodeProperties(encodeProperties(properties));
+    ASSERT_TRUE(decoded);
+    EXPECT_EQ(decoded->country, std::u16string(kLongestText, u'x'));
+    EXPECT_FALSE(decoded->latitude);
+    EXPECT_FALSE(decoded->altitude);
+    EXPECT_EQ(decoded->imageDirection, 359.99);
+}
+
+// A body that is put together by hand.
+std::vector<std::uint8_t> bodyOf(std::uint32_t flags, std::initializer_list<std::uint8_t> rest)
+{
+    std::vector<std::uint8_t> body;
+    for (int i = 0; i < 4; i++) body.push_back(static_cast<std::uint8_t>(flags >> 8 * i));
+    body.insert(body.end(), rest);
+    return body;
+}
+
+TEST(decodeProperties, refusesWhatNoReaderWrites)
+{
+    constexpr std::uint32_t gps = 1u << 30;
+    constexpr std::uint32_t iptc = 1u << 31;
+    constexpr std::uint32_t latitude = 1;
+    constexpr std::uint32_t city = 1u << 10;
+    EXPECT_TRUE(decodeProperties(bodyOf(gps | latitude, {0, 0, 0, 0, 0, 0, 0xf0, 0x3f})));
+    EXPECT_TRUE(decodeProperties(bodyOf(iptc | city, {1, 0, 0, 0, 'A', 0})));
+    const struct {
+        const char* name;
+        std::vector<std::uint8_t> body;
+    } rows[] = {
+        {"nothing at all", {}},
+        {"half a head", {0, 0}},
+        {"an unknown value", bodyOf(gps | 1u << 14, {})},
+        {"a value without its dictionary", bodyOf(latitude, {0, 0, 0, 0, 0, 0, 0xf0, 0x3f})},
+        {"the other dictionary", bodyOf(iptc | latitude, {0, 0, 0, 0, 0, 0, 0xf0, 0x3f})},
+        {"NaN", bodyOf(gps | latitude, {1, 0, 0, 0, 0, 0, 0xf0, 0x7f})},
+        {"infinity", bodyOf(gps | latitude, {0, 0, 0, 0, 0, 0, 0xf0, 0xff})},
+        {"half a number", bodyOf(gps | latitude, {0, 0, 0, 0})},
+        {"something left over", bodyOf(gps | latitude, {0, 0, 0, 0, 0, 0, 0xf0, 0x3f, 0})},
+        {"a text longer than the body", bodyOf(iptc | city, {2, 0, 0, 0, 'A', 0})},
+        {"a text of four gigabytes", bodyOf(iptc | city, {0xff, 0xff, 0xff, 0xff, 'A', 0})},
+        {"a zero unit", bodyOf(iptc | city, {2, 0, 0, 0, 'A', 0, 0, 0})},
+    };
+    for (const auto& row : rows) EXPECT_FALSE(decodeProperties(row.body)) << row.name;
+
+    PictureProperties longText;
+    longText.hasIptc = true;
+    longText.city = std::u16string(kLongestText, u'x');
+    std::vector<std::uint8_t> body = encodeProperties(longText);
+    body.insert(body.end(), {'x', 0});
+    body[4]++;  // one unit more than a text may have, and all there
+    EXPECT_FALSE(decodeProperties(body));
+}
+
+PreviewAnswer somePreview()
+{
+    PreviewAnswer answer;
+    answer.image = {3, 2, {0xffffffff, 0xff000000, 0x80400000, 0, 0xff123456, 0xff0000ff}};
+    answer.wasDecoded = true;
+    return answer;
+}
+
+TEST(decodePreview, readsWhatEncodePreviewWrites)
+{
+    const PreviewAnswer picture = somePreview();
+    const auto decoded = decodePreview(encodePreview(picture), PreviewKind::picture, {3, 2});
+    ASSERT_TRUE(decoded);
+    EXPECT_EQ(decoded->image.width, 3);
+    EXPECT_EQ(decoded->image.height, 2);
+    EXPECT_EQ(decoded->image.pixels, picture.image.pixels);
+    EXPECT_TRUE(decoded->wasDecoded);
+
+    PreviewAnswer thumbnail = somePreview();
+    thumbnail.uri = "file:///a.jpg";
+    thumbnail.mtime = "123";
+    const auto cached =
+        decodePreview(encodePreview(thumbnail), PreviewKind::cachedThumbnail, {128, 128});
+    ASSERT_TRUE(cached);
+    EXPECT_EQ(cached->uri, thumbnail.uri);
+    EXPECT_EQ(cached->mtime, thumbnail.mtime);
+}
+
+TEST(decodePreview, refusesAPictureOfTheWrongSize)
+{
+    const std::vector<std::uint8_t> body = encodePreview(somePreview());
+    EXPECT_FALSE(decodePreview(body, PreviewKind::picture, {2, 2}));
+    EXPECT_FALSE(decodePreview(body, PreviewKind::picture, {3, 1}));
+    EXPECT_FALSE(decodePreview(body, PreviewKind::picture, {0, 0}));
+    for (std::size_t length = 0; length < body.size(); length++) {
+        EXPECT_FALSE(decodePreview(ByteView(body).first(length), PreviewKind::picture, {3, 2}));
+    }
+    std::vector<std::uint8_t> longer = body;
+    longer.push_back(0);
+    EXPECT_FALSE(decodePreview(longer, PreviewKind::picture, {3, 2}));
+    for (const std::size_t place : {0u, 3u, 4u, 7u, 8u, 10u, 12u, 15u}) {
+        std::vector<std::uint8_t> changed = body;
+        changed[place] = 0xff;
+        EXPECT_FALSE(decodePreview(changed, PreviewKind::picture, {128, 128})) << place;
+    }
+    std::vector<std::uint8_t> empty = body;
+    empty[0] = 0;
+    EXPECT_FALSE(decodePreview(empty, PreviewKind::picture, {128, 128}));
+}
+
+TEST(decodePreview, onlyAThumbnailTellsOfAFile)
+{
+    PreviewAnswer answer = somePreview();
+    answer.uri = "file:///a.jpg";
+    EXPECT_FALSE(decodePreview(encodePreview(answer), PreviewKind::picture, {3, 2}));
+}
+
+TEST(decodePreview, mendsColoursThatExceedTheirAlpha)
+{
+    PreviewAnswer answer;
+    answer.image = {3, 1, {0x00ffffff, 0x40ff2041, 0xffff80ff}};
+    const auto decoded = decodePreview(encodePreview(answer), PreviewKind::picture, {3, 1});
+    ASSERT_TRUE(decoded);
+    EXPECT_EQ(decoded->image.pixels,
+              (std::vector<std::uint32_t>{0x00000000, 0x40402040, 0xffff80ff}));
+}
+
+TEST(longestBody, boundsWhatIsEverRead)
+{
+    EXPECT_LT(longestBody(ReaderTask::properties, {}), 2u << 20);
+    EXPECT_LT(longestBody(ReaderTask::picturePreview, {128, 128}), 80u << 10);
+    EXPECT_EQ(longestBody(ReaderTask::hello, {128, 128}), 0u);
+}
+
+TEST(readerProtocol, changedBytesAreHarmless)
+{
+    std::mt19937 random(20240601);
+    const std::vector<std::vector<std::uint8_t>> bodies = {encodeProperties(fullProperties()),
+                                                           encodePreview(somePreview())};
+    for (int i = 0; i < 20000; i++) {
+        std::vector<std::uint8_t> body = bodies[i % 2];
+        if (i % 2 == 0) body.resize(std::min<std::size_t>(body.size(), 300));
+        for (std::uint32_t changes = random() % 4; changes > 0; changes--) {
+            body[random() % body.size()] = static_cast<std::uint8_t>(random());
+        }
+        body.resize(random() % (body.size() + 1));
+        if (const auto properties = decodeProperties(body)) {
+            EXPECT_TRUE(!properties->latitude || std::isfinite(*properties->latitude));
+        }
+        if (const auto preview = decodePreview(body, PreviewKind::cachedThumbnail, {16, 16})) {
+            EXPECT_EQ(preview->image.pixels.size(),
+                      static_cast<std::size_t>(preview->image.width) * preview->image.height);
+        }
+    }
+}
+}  // namespace
