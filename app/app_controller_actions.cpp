@@ -16,6 +16,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QStandardPaths>
 
 #include <memory>
 
@@ -147,8 +148,11 @@ void AppController::openAddress(TovStringRef address)
 
 void AppController::openPicture()
 {
+    // Beside the picture that is shown, and at first among the user's pictures.
     const QString folder =
-        QFileInfo(QFile::decodeName(platform::pathBytes(lastPath).c_str())).path();
+        lastPath != nullptr
+            ? QFileInfo(QFile::decodeName(platform::pathBytes(lastPath).c_str())).path()
+            : QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
     auto* dialog = new QFileDialog(myWindow, tr("Open Picture"), folder);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFile);

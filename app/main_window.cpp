@@ -6,6 +6,7 @@
 #include <QEvent>
 #include <QIcon>
 #include <QMimeData>
+#include <QWindow>
 
 #include <string>
 #include <vector>
@@ -72,6 +73,15 @@ void MainWindow::dropEvent(QDropEvent* event)
     if (path.isEmpty()) return;
     event->acceptProposedAction();
     Q_EMIT fileDropped(path);
+}
+
+void MainWindow::showEvent(QShowEvent* event)
+{
+    QMainWindow::showEvent(event);
+    showMarker();
+    // Another screen may have another density.
+    connect(windowHandle(), &QWindow::screenChanged, this, &MainWindow::showMarker,
+            Qt::UniqueConnection);
 }
 
 void MainWindow::quietCaptions()

@@ -22,6 +22,10 @@
         <source>Open Picture</source>
         <translation>Bild öffnen</translation>
     </message>
+    <message>
+        <source>KML files (*.kml)</source>
+        <translation>KML-Dateien (*.kml)</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>
