@@ -38,6 +38,7 @@ AppController::AppController(platform::SelectionSource* selection, platform::Add
     connectOutlets();
     connectActions();
     connect(&previews_, &PreviewLoader::previewReady, this, &AppController::showPreview);
+    connect(&previews_, &PreviewLoader::readerMissing, this, &AppController::showReaderMissing);
 }
 
 AppController::~AppController()

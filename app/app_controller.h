@@ -133,6 +133,10 @@ public Q_SLOTS:
     // has been shown since.
     void showPreview(const QByteArray& path, const QPixmap& preview);
 
+    // Says in its place that pictures cannot be read, dropped in the same way. The general facts of
+    // the file stay.
+    void showReaderMissing(const QByteArray& path);
+
 private:
     void connectOutlets();
     void connectActions();

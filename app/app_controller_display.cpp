@@ -80,6 +80,13 @@ void AppController::showPreview(const QByteArray& path, const QPixmap& preview)
     if (path.toStdString() == platform::pathBytes(lastPath)) fileIconField->setPixmap(preview);
 }
 
+void AppController::showReaderMissing(const QByteArray& path)
+{
+    if (path.toStdString() != platform::pathBytes(lastPath)) return;
+    fileIconField->setText(
+        tr("Pictures cannot be read: the program pinorama-reader does not start."));
+}
+
 void AppController::showLocation()
 {
     showOwned(gpsCoordinateField, gpsMakePositionText(info));

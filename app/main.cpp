@@ -7,6 +7,7 @@
 #include "app/requests.h"
 #include "app/translations.h"
 #include "app/window_report.h"
+#include "lib/ui/picture_reader.h"
 #include "platform/desktop/application_bus.h"
 
 #include <QApplication>
@@ -32,7 +33,8 @@ void reportWhenComplete(AppController& controller, const std::string& picture)
                          MainWindow& window = *controller.myWindow;
                          const bool waits =
                              controller.lastPath != nullptr && left > 0 &&
-                             window.fileIconField->pixmap(Qt::ReturnByValue).isNull();
+                             window.fileIconField->pixmap(Qt::ReturnByValue).isNull() &&
+                             window.fileIconField->text().isEmpty();
                          left -= kPreviewInterval;
                          if (waits) return;
                          std::fputs(app::windowReport(window).c_str(), stdout);
@@ -83,6 +85,8 @@ int main(int argc, char** argv)
     if (atOnce && atOnce->help) return std::fputs(app::usageText().c_str(), stdout) < 0;
     if (atOnce && atOnce->version) return std::puts("pinorama " PINORAMA_VERSION) < 0;
 
+    // The reader starts while the toolkit does.
+    cuReadPicturesElsewhere();
     QApplication application(argc, argv);  // takes the toolkit's own options out
     QApplication::setApplicationName(QStringLiteral("Pinorama"));
     QApplication::setApplicationVersion(QStringLiteral(PINORAMA_VERSION));

@@ -6,7 +6,7 @@
 
 void PictureField::paintEvent(QPaintEvent* event)
 {
-    if (!pixmap(Qt::ReturnByValue).isNull()) {
+    if (!pixmap(Qt::ReturnByValue).isNull() || !text().isEmpty()) {
         QLabel::paintEvent(event);
         return;
     }

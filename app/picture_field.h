@@ -1,5 +1,5 @@
-// The place of the preview. While there is none it shows an outline, so that the window says where
-// a picture can be dropped.
+// The place of the preview, or of a few words on why there is none. While it is empty it shows an
+// outline, so that the window says where a picture can be dropped.
 
 #pragma once
 
@@ -9,7 +9,7 @@ class PictureField : public QLabel {
     Q_OBJECT
 
 public:
-    explicit PictureField(QWidget* parent = nullptr) : QLabel(parent) {}
+    explicit PictureField(QWidget* parent = nullptr) : QLabel(parent) { setWordWrap(true); }
 
 protected:
     void paintEvent(QPaintEvent* event) override;

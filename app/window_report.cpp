@@ -31,9 +31,12 @@ std::string app::windowReport(const MainWindow& window)
              window.iptcCountryField, window.iptcDescriptionField}) {
         appendLine(&report, field, cuViewText(field, ViewText::value).value_or(QString()));
     }
+    const bool hasPreview = !window.fileIconField->pixmap(Qt::ReturnByValue).isNull();
+    const QString words = window.fileIconField->text();
     appendLine(&report, window.fileIconField,
-               window.fileIconField->pixmap(Qt::ReturnByValue).isNull() ? QStringLiteral("empty")
-                                                                        : QStringLiteral("shown"));
+               hasPreview        ? QStringLiteral("shown")
+               : words.isEmpty() ? QStringLiteral("empty")
+                                 : words);
     appendLine(
         &report, window.geoTagField,
         window.geoTagField->isVisible() ? QStringLiteral("shown") : QStringLiteral("hidden"));

@@ -6,6 +6,7 @@
 #include "cli/printable.h"
 #include "cli/text_block.h"
 #include "lib/ui/application_bundle.h"
+#include "platform/pictures/sandboxed_properties.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -72,6 +73,7 @@ int main(int argc, char** argv)
         print("pinorama-info " PINORAMA_VERSION "\n");
     } else {
         iuRegisterApplicationBundle();
+        platform::installPropertySource(platform::makeSandboxedPropertySource());
         status = reportOnFiles(options);
     }
     if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {

@@ -26,6 +26,10 @@
         <source>KML files (*.kml)</source>
         <translation>KML-Dateien (*.kml)</translation>
     </message>
+    <message>
+        <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
+        <translation>Bilder können nicht gelesen werden: Das Programm pinorama-reader startet nicht.</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>

@@ -93,6 +93,21 @@ TEST(program, wrongUsageIsStatus2)
     EXPECT_EQ(result.err.substr(0, 49), "pinorama: unknown option --bogus\nusage: pinorama ");
 }
 
+TEST(program, withoutItsReaderItSaysSoAndShowsTheGeneralFacts)
+{
+    const test::ScopedVariable reader("PINORAMA_READER", "/nowhere/pinorama-reader");
+    const test::TemporaryFolder folder;
+    const test::ProgramResult result = run({"--print-and-save", folder.file("window.png"),
+                                            PINORAMA_SAMPLES "/Westernmost evening.jpg"});
+    EXPECT_EQ(result.status, 0) << result.err;
+    for (const char* line :
+         {"fileNameField: Westernmost evening.jpg\n", "\nfileIconField: Pictures cannot be read: ",
+          "\ngpsCoordinateField: \n", "\nshowInGEButton: disabled\n"}) {
+        EXPECT_NE(result.out.find(line), std::string::npos) << line << result.out;
+    }
+    EXPECT_EQ(result.out.find("fileSizeField: n.a."), std::string::npos);
+}
+
 TEST(program, printsWhatTheWindowShowsAndSavesItsPicture)
 {
     const test::TemporaryFolder folder;
