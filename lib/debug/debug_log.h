@@ -26,7 +26,7 @@ std::int16_t debugAddUInt16Octal(std::uint16_t value);
 
 // The text that printf would make, cut at 2047 bytes, and a carriage return. Numbers have a decimal
 // point in every locale.
-[[gnu::format(printf, 1, 2)]] [[gnu::format(printf, 1, 2)]] std::int16_t debugFormat(const char* format, ...);
+std::int16_t debugFormat(const char* format, ...);
 
 // Date and time, the text, a carriage return. The text is written and consumed as by
 // debugWriteAndReleaseCFString, so an empty one stays the caller's; so does every text when the log
