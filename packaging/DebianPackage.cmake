@@ -6,9 +6,13 @@ set(CPACK_PACKAGE_NAME pinorama)
 set(CPACK_PACKAGE_VERSION "${PROJECT_VERSION}")
 set(CPACK_PACKAGE_CONTACT "The Pinorama developers <pinorama@pinorama.example>")
 set(CPACK_PACKAGE_VENDOR "The Pinorama developers")
+# Every package has a first line of its own.
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 
+# Named here, because a list of one component would otherwise count as no components at all.
+get_cmake_property(CPACK_COMPONENTS_ALL COMPONENTS)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_COMPONENTS_GROUPING IGNORE)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
@@ -24,17 +28,17 @@ set(CPACK_DEBIAN_PINORAMA_PACKAGE_RECOMMENDS
     "at-spi2-core, libarchive-tools, libqt6svg6, qt6-wayland, shared-mime-info")
 set(CPACK_DEBIAN_PINORAMA_PACKAGE_SUGGESTS "marble, qt6-image-formats-plugins")
 set(CPACK_COMPONENT_PINORAMA_DESCRIPTION
-    "shows where the picture selected in the file manager was taken
- Pinorama keeps one small window open beside the file manager. Select a
- picture there, and the window tells where it was taken: preview, size,
- dates, coordinate, altitude, direction of view, and the place names that
- the photographer wrote into it. JPEG and the camera raw formats are read
- in a sandboxed process.
- .
- From the window you can fly a globe program to the place, save it as a
- KML placemark, open it in web maps, and ask a picture catalogue for what
- was taken nearby. pinorama-info prints the same facts on a terminal, for
- one picture or for whole folders.")
+    "tell where the picture selected in the file manager was taken
+Pinorama keeps one small window open beside the file manager. Select a
+picture there, and the window tells where it was taken: preview, size,
+dates, coordinate, altitude, direction of view, and the place names that
+the photographer wrote into it. It reads JPEG and the raw formats of the
+common cameras.
+
+From the window you can fly a globe program to the place, save it as a
+KML placemark, open it in web maps, and ask a picture catalogue for what
+was taken nearby. pinorama-info prints the same facts on a terminal, for
+one picture or for many.")
 
 # The packages of the file managers: pinorama-NAME needs the file manager's binding for Python.
 function(pinorama_file_manager_package name title binding)
@@ -43,10 +47,11 @@ function(pinorama_file_manager_package name title binding)
     set(CPACK_DEBIAN_${upper}_PACKAGE_ARCHITECTURE all PARENT_SCOPE)
     set(CPACK_DEBIAN_${upper}_PACKAGE_DEPENDS "pinorama (>= ${PROJECT_VERSION}), ${binding}" PARENT_SCOPE)
     set(CPACK_COMPONENT_${upper}_DESCRIPTION
-        "tells Pinorama what is selected in ${title}
- Pinorama follows the selection of ${title} without this package too. With
- it the file manager tells of each change itself, which is exact in every
- view and takes less work."
+        "tell Pinorama what is selected in ${title}
+Pinorama shows where the picture selected in the file manager was taken.
+It follows the selection of ${title} without this package too; with it
+the file manager tells of each change itself, which is exact in every
+view and takes less work."
         PARENT_SCOPE)
 endfunction()
 pinorama_file_manager_package(nautilus Nautilus "python3-nautilus")

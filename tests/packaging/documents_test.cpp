@@ -1,0 +1,213 @@
+// What comes with the window's program for people and shells knows every option of it, and what
+// file managers are told about pictures names every type of them.
+
+#include "app/command_line.h"
+#include "lib/strings/string_holder.h"
+#include "location/accepted_types.h"
+#include "platform/files/path_text.h"
+#include "tests/support/environment.h"
+#include "tests/support/program.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <regex>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+std::string documentOf(const std::string& path)
+{
+    return test::readFile(PINORAMA_SOURCE_FOLDER "/" + path);
+}
+
+// The long names of all options, with their dashes, as the program explains them.
+std::vector<std::string> optionNames()
+{
+    std::vector<std::string> names;
+    std::istringstream lines(app::usageText());
+    const std::regex option("^  (?:-[a-z], )?(--[a-z-]+).*");
+    for (std::string line; std::getline(lines, line);) {
+        std::smatch match;
+        if (std::regex_match(line, match, option)) names.push_back(match[1]);
+    }
+    return names;
+}
+
+std::string completionsOf(const std::string& words, int current)
+{
+    const std::string script = "source '" PINORAMA_SOURCE_FOLDER
+                               "/packaging/completions/pinorama.bash'\n"
+                               "COMP_WORDS=(" +
+                               words + ")\nCOMP_CWORD=" + std::to_string(current) +
+                               "\n_pinorama\necho \"${COMPREPLY[*]}\"";
+    return test::runProgram({.command = {"/bin/bash", "--norc", "-c", script}}).out;
+}
+
+// The value of the first line "KEY=..." of a desktop file, cut at semicolons.
+std::vector<std::string> listOf(const std::string& document, const std::string& key)
+{
+    std::vector<std::string> values;
+    std::istringstream lines(document);
+    for (std::string line; std::getline(lines, line);) {
+        if (line.rfind(key + "=", 0) != 0) continue;
+        std::istringstream parts(line.substr(key.size() + 1));
+        for (std::string part; std::getline(parts, part, ';');) values.push_back(part);
+        break;
+    }
+    return values;
+}
+}  // namespace
+
+TEST(documentsOfTheWindow, nameEveryOption)
+{
+    const struct {
+        const char *path, *before, *after;
+    } documents[] = {
+        {"packaging/man/pinorama.1", "Fl \\\\-", "(?=[ \n])"},
+        {"packaging/completions/pinorama.bash", "--", "(?=['\\\\])"},
+        {"packaging/completions/_pinorama", "--", "(?=[=\\[}])"},
+        {"packaging/completions/pinorama.fish", "-l ", "(?= )"},
+    };
+    ASSERT_GE(optionNames().size(), 6u);
+    for (const auto& [path, before, after] : documents) {
+        const std::string document = documentOf(path);
+        ASSERT_NE(document, "") << path;
+        for (const std::string& option : optionNames()) {
+            EXPECT_TRUE(std::regex_search(document, std::regex(before + option.substr(2) + after)))
+                << path << " does not know " << option;
+        }
+    }
+}
+
+TEST(documentsOfTheWindow, manualPageIsWellFormed)
+{
+    const test::ProgramResult result =
+        test::runProgram({.command = {"/usr/bin/groff", "-mandoc", "-ww", "-Tutf8",
+                                      PINORAMA_SOURCE_FOLDER "/packaging/man/pinorama.1"}});
+    if (result.status == 127) GTEST_SKIP() << "groff is not installed";
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.err, "");
+    EXPECT_NE(result.out.find("pinorama"), std::string::npos);
+}
+
+TEST(documentsOfTheWindow, bashCompletesOptionsAndActions)
+{
+    std::string all;
+    for (const std::string& option : optionNames()) all += (all.empty() ? "" : " ") + option;
+    const struct {
+        const char *name, *words;
+        int current;
+        std::string expected;
+    } rows[] = {
+        {"all options", "pinorama --", 1, all},
+        {"one option", "pinorama a.jpg --he", 2, "--help"},
+        {"common beginning", "pinorama --service", 1, "--service-text --service"},
+        {"all actions", "pinorama --action ''", 2, "home donate quit"},
+        {"one action", "pinorama --action ho", 2, "home"},
+        {"behind the equals sign", "pinorama --action =", 2, "home donate quit"},
+        {"begun behind the equals sign", "pinorama --action = d", 3, "donate"},
+        {"an option's own text", "pinorama --service-text --he", 2, ""},
+        {"behind the two dashes", "pinorama -- --he", 2, ""},
+        {"a file", "pinorama pho", 1, ""},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(completionsOf(row.words, row.current), row.expected + "\n");
+    }
+}
+
+TEST(documentsOfTheWindow, otherShellsCanReadTheirCompletions)
+{
+    const std::vector<std::vector<std::string>> commands = {
+        {"/usr/bin/zsh", "-n", PINORAMA_SOURCE_FOLDER "/packaging/completions/_pinorama"},
+        {"/usr/bin/zsh", "-n", PINORAMA_SOURCE_FOLDER "/packaging/completions/_pinorama-info"},
+        {"/usr/bin/fish", "-n", PINORAMA_SOURCE_FOLDER "/packaging/completions/pinorama.fish"},
+        {"/usr/bin/fish", "-n", PINORAMA_SOURCE_FOLDER "/packaging/completions/pinorama-info.fish"},
+    };
+    std::size_t missing = 0;
+    for (const auto& command : commands) {
+        const test::ProgramResult result = test::runProgram({.command = command});
+        if (result.status == 127) {
+            ++missing;
+            continue;
+        }
+        EXPECT_EQ(result.status, 0) << command.back();
+        EXPECT_EQ(result.err, "") << command.back();
+    }
+    if (missing == commands.size()) GTEST_SKIP() << "neither zsh nor fish is installed";
+}
+
+TEST(menuEntries, nameTheTypesOfTheDesktopEntry)
+{
+    const auto types = listOf(documentOf("packaging/org.pinorama.Pinorama.desktop.in"), "MimeType");
+    ASSERT_GE(types.size(), 19u);
+    EXPECT_EQ(listOf(documentOf("packaging/menus/pinorama-dolphin.desktop"), "MimeType"), types);
+    EXPECT_EQ(listOf(documentOf("packaging/menus/pinorama-thunar.desktop"), "MimeType"), types);
+    EXPECT_EQ(listOf(documentOf("packaging/menus/pinorama-actions.desktop"), "MimeTypes"), types);
+}
+
+TEST(menuEntries, areForAcceptedExtensionsOnly)
+{
+    const auto extensions =
+        listOf(documentOf("packaging/menus/pinorama.nemo_action"), "Extensions");
+    EXPECT_EQ(extensions.size(), 20u);
+    for (const std::string& extension : extensions) {
+        const StringHolder path(platform::createPathText("/a." + extension));
+        EXPECT_TRUE(gpsIsAcceptedPath(path.get())) << extension;
+    }
+}
+
+TEST(menuEntries, scriptOpensArgumentsOrTheFirstPathOfTheVariable)
+{
+    // A stand-in for the program prints what it is given.
+    const test::TemporaryFolder folder;
+    const std::string program = folder.write("pinorama", "#!/bin/sh\nprintf '<%s>' \"$@\"\n");
+    std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+    const std::string script = PINORAMA_SOURCE_FOLDER "/packaging/menus/pinorama-script";
+    const std::string search = folder.path() + ":/usr/bin:/bin";
+    const struct {
+        const char* name;
+        std::vector<std::string> arguments;
+        const char *nautilus, *caja, *expected;
+    } rows[] = {
+        {"an argument", {"a b.jpg"}, "/x.jpg\n", "", "<--><a b.jpg>"},
+        {"Nautilus' variable", {}, "/x y.jpg\n/z.jpg\n", "", "<--></x y.jpg>"},
+        {"Caja's variable", {}, "", "/c.jpg\n", "<--></c.jpg>"},
+        {"nothing", {}, "", "", ""},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        std::vector<std::string> command = {"/bin/sh", script};
+        command.insert(command.end(), row.arguments.begin(), row.arguments.end());
+        const test::ProgramResult result =
+            test::runProgram({.command = command,
+                              .variables = {{"PATH", search},
+                                            {"NAUTILUS_SCRIPT_SELECTED_FILE_PATHS", row.nautilus},
+                                            {"CAJA_SCRIPT_SELECTED_FILE_PATHS", row.caja}}});
+        EXPECT_EQ(result.status, 0);
+        EXPECT_EQ(result.out, row.expected);
+    }
+}
+
+TEST(icons, haveTheSizeOfTheirFolder)
+{
+    for (const int size : {16, 22, 24, 32, 48, 64, 128, 256}) {
+        SCOPED_TRACE(size);
+        const std::string folder = std::to_string(size) + "x" + std::to_string(size);
+        const std::string png =
+            documentOf("resources/icons/hicolor/" + folder + "/apps/org.pinorama.Pinorama.png");
+        ASSERT_GE(png.size(), 24u);
+        EXPECT_EQ(png.substr(1, 3), "PNG");
+        // Width and height stand behind the header's length and name, big-endian.
+        const auto number = [&](std::size_t at) {
+            int value = 0;
+            for (std::size_t i = at; i < at + 4; ++i)
+                value = value * 256 + static_cast<unsigned char>(png[i]);
+            return value;
+        };
+        EXPECT_EQ(number(16), size);
+        EXPECT_EQ(number(20), size);
+    }
+}
