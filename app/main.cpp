@@ -9,6 +9,7 @@
 #include "app/window_report.h"
 #include "lib/ui/picture_reader.h"
 #include "platform/desktop/application_bus.h"
+#include "platform/desktop/file_manager_selection.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -49,7 +50,9 @@ void reportWhenComplete(AppController& controller, const std::string& picture)
 int run(const app::CommandLine& line)
 {
     platform::ApplicationBus bus(QDBusConnection::sessionBus());
-    AppController controller;
+    platform::FileManagerSelection selection;
+    // A report is of the pictures that it was asked for.
+    AppController controller(line.printAndSave ? nullptr : &selection);
     if (!controller.init()) {
         std::fputs("pinorama: the texts of the program are missing\n", stderr);
         return kFailed;
