@@ -257,13 +257,18 @@ bool platform::ReaderClient::receive()
     input_.insert(input_.end(), chunk_.begin(), chunk_.begin() + count);
     while (takeAnswer()) {
     }
+    if (taken_ != 0) {
+        input_.erase(input_.begin(), input_.begin() + static_cast<std::ptrdiff_t>(taken_));
+        taken_ = 0;
+    }
     return count == static_cast<std::ptrdiff_t>(chunk_.size());
 }
 
 // Takes the next answer out of what has come. False when it is not complete, or none.
 bool platform::ReaderClient::takeAnswer()
 {
-    if (input_.size() < kAnswerHeadSize) return false;
+    const ByteView input = ByteView(input_).subspan(taken_);
+    if (input.size() < kAnswerHeadSize) return false;
     const bool isAnswer = isReady_ && !jobs_.empty() && jobs_.front().isSent;
     if (isReady_ && !isAnswer) {  // an answer that nobody asked for
         loseReader(true);
@@ -272,7 +277,6 @@ bool platform::ReaderClient::takeAnswer()
     const ReaderTask task = isAnswer ? jobs_.front().task : ReaderTask::hello;
     const std::uint32_t number = isAnswer ? jobs_.front().number : 0;
     const std::size_t longest = isAnswer ? longestBody(task, jobs_.front().box) : 0;
-    const ByteView input(input_);
     const std::optional<ReaderAnswerHead> head =
         decodeAnswerHead(input.first(kAnswerHeadSize), task, number, longest);
     if (!head) {
@@ -291,7 +295,7 @@ bool platform::ReaderClient::takeAnswer()
         failedStarts_ = 0;
         sendJobs();
     }
-    input_.erase(input_.begin(), input_.begin() + static_cast<std::ptrdiff_t>(length));
+    taken_ += length;
     return true;
 }
 
@@ -354,6 +358,7 @@ void platform::ReaderClient::loseReader(bool mayTryAgain)
 {
     process_.end();
     input_.clear();
+    taken_ = 0;
     const Clock::time_point now = Clock::now();
     if (!isReady_) {
         if (!mayTryAgain || ++failedStarts_ >= kMostFailedStarts) {

@@ -143,7 +143,8 @@ private:
     std::uint32_t nextNumber_ = 1;
     std::deque<Job> jobs_;             // in the order in which they are answered
     std::vector<std::uint8_t> chunk_;  // what one read takes in
-    std::vector<std::uint8_t> input_;  // what has come of the next answer
+    std::vector<std::uint8_t> input_;  // what has come of the next answers
+    std::size_t taken_ = 0;            // bytes of `input_` that are done with
     std::uint32_t previewTicket_ = 0;
     std::uint32_t nextTicket_ = 1;
     std::optional<PreviewResult> preview_;

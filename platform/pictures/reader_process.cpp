@@ -19,8 +19,8 @@ constexpr const char* kProgramName = "pinorama-reader";
 
 // A killed process is gone at once, except one that sleeps in the kernel, on a network share that
 // does not answer for instance. That one is looked after again when the next one ends.
-constexpr int kMostWaits = 50;
-constexpr long kWait = 1'000'000;  // nanoseconds
+constexpr int kMostWaits = 500;
+constexpr long kWait = 100'000;  // nanoseconds
 
 // Where libraries and sanitizers are told about, for programs that lie in unusual places.
 constexpr const char* kInherited[] = {"LD_LIBRARY_PATH", "QT_PLUGIN_PATH", "ASAN_OPTIONS",

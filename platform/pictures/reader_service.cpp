@@ -4,6 +4,8 @@
 #include "platform/pictures/reader_socket.h"
 #include "platform/pictures/stream_byte_source.h"
 
+#include <array>
+#include <chrono>
 #include <exception>
 #include <vector>
 
@@ -12,20 +14,45 @@
 namespace {
 using namespace platform;
 
+constexpr std::size_t kMostBytesTogether = 32 * 1024;
+constexpr std::chrono::milliseconds kLongestWait(5);
+
 std::uint64_t sizeOf(int descriptor)
 {
     const off_t end = lseek(descriptor, 0, SEEK_END);
     return end < 0 ? 0 : static_cast<std::uint64_t>(end);
 }
 
-bool answer(int socket, const ReaderAnswerHead& head, const std::vector<std::uint8_t>& body)
-{
-    // In one piece, so that the other side wakes up once.
-    const auto headBytes = encodeAnswerHead(head);
-    std::vector<std::uint8_t> bytes(headBytes.begin(), headBytes.end());
-    bytes.insert(bytes.end(), body.begin(), body.end());
-    return sendAnswer(socket, bytes);
-}
+// Answers on their way. Those to one request go out together, so that the other side wakes up once;
+// but none waits longer than a moment for another one.
+class Answers {
+public:
+    explicit Answers(int socket) : socket_(socket) {}
+
+    // False when the other side is gone.
+    bool add(const ReaderAnswerHead& head, const std::vector<std::uint8_t>& body)
+    {
+        const auto headBytes = encodeAnswerHead(head);
+        bytes_.insert(bytes_.end(), headBytes.begin(), headBytes.end());
+        bytes_.insert(bytes_.end(), body.begin(), body.end());
+        const bool isDue = bytes_.size() >= kMostBytesTogether ||
+                           std::chrono::steady_clock::now() - lastSent_ >= kLongestWait;
+        return !isDue || send();
+    }
+
+    bool send()
+    {
+        const bool isSent = sendAnswer(socket_, bytes_);
+        bytes_.clear();
+        lastSent_ = std::chrono::steady_clock::now();
+        return isSent;
+    }
+
+private:
+    int socket_;
+    std::vector<std::uint8_t> bytes_;
+    std::chrono::steady_clock::time_point lastSent_ = std::chrono::steady_clock::now();
+};
 
 // What a task came to.
 struct Result {
@@ -72,21 +99,24 @@ bool serveOne(int socket, const ReaderTasks& tasks)
     if (!request || descriptors.size() != request->descriptorCount) return false;
 
     std::uint32_t number = request->number;
+    Answers answers(socket);
     for (DescriptorHolder& descriptor : descriptors) {
         const Result result = resultOf(socket, descriptor.get(), *request, tasks);
         descriptor = DescriptorHolder();
         const ReaderAnswerHead head = {request->task, result.outcome, number,
                                        static_cast<std::uint32_t>(result.body.size())};
-        if (!answer(socket, head, result.body)) return false;
+        if (!answers.add(head, result.body)) return false;
         number++;
     }
-    return true;
+    return answers.send();
 }
 }  // namespace
 
 void platform::serveReader(int socket, const ReaderTasks& tasks)
 {
-    if (!answer(socket, {ReaderTask::hello, ReaderOutcome::found, 0, 0}, {})) return;
+    if (!sendAnswer(socket, encodeAnswerHead({ReaderTask::hello, ReaderOutcome::found, 0, 0}))) {
+        return;
+    }
     while (serveOne(socket, tasks)) {
     }
 }

@@ -1,0 +1,147 @@
+// What it costs to have the metadata of pictures read by a locked-in process instead of reading it
+// here: one by one, as the window does, and in batches. Prints a table in Markdown.
+//
+// usage: reader_bench [--brief] [FILE...]
+//
+// Without files it takes those of the collection (PINORAMA_PICTURE_COLLECTION), and without a
+// collection a picture that it makes itself. Times are those that somebody waits, with the files in
+// memory; the median over all reads.
+
+#include "platform/files/resource_folder.h"
+#include "platform/pictures/picture_file.h"
+#include "platform/pictures/reader_client.h"
+#include "platform/pictures/sandboxed_properties.h"
+#include "tests/support/environment.h"
+#include "tests/support/picture_builder.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <unistd.h>
+
+namespace {
+using namespace platform;
+using Clock = std::chrono::steady_clock;
+using Files = std::vector<std::unique_ptr<PictureFile>>;
+
+constexpr std::size_t kMostFiles = 200;
+
+double microsecondsOf(const std::function<void()>& work)
+{
+    const auto start = Clock::now();
+    work();
+    return std::chrono::duration<double, std::micro>(Clock::now() - start).count();
+}
+
+double median(std::vector<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return values.empty() ? 0 : values[values.size() / 2];
+}
+
+// The median time of one read over all files and rounds.
+double medianOfEach(const Files& files, int rounds, const std::function<void(int)>& read)
+{
+    std::vector<double> times;
+    for (int round = 0; round < rounds; round++) {
+        for (const auto& file : files) {
+            times.push_back(microsecondsOf([&] { read(file->descriptor()); }));
+        }
+    }
+    return median(std::move(times));
+}
+
+// The median over the rounds of the time that all files take together, for one of them.
+double medianOfAll(const Files& files, int rounds,
+                   const std::function<void(const std::vector<int>&)>& read)
+{
+    std::vector<int> descriptors;
+    for (const auto& file : files) descriptors.push_back(file->descriptor());
+    std::vector<double> times;
+    for (int round = 0; round < rounds; round++) {
+        times.push_back(microsecondsOf([&] { read(descriptors); }) /
+                        static_cast<double>(files.size()));
+    }
+    return median(std::move(times));
+}
+
+void readHere(int descriptor)
+{
+    FileByteSource source(descriptor, static_cast<std::uint64_t>(lseek(descriptor, 0, SEEK_END)));
+    (void)readPictureProperties(source);
+}
+
+std::vector<std::string> pathsOf(int argc, char** argv, const test::TemporaryFolder& folder)
+{
+    std::vector<std::string> paths;
+    for (int i = 1; i < argc; i++) {
+        if (argv[i][0] != '-') paths.push_back(argv[i]);
+    }
+    if (!paths.empty()) return paths;
+    if (const auto collection = test::pictureCollection()) {
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(*collection)) {
+            paths.push_back(entry.path().string());
+        }
+        std::sort(paths.begin(), paths.end());
+        return paths;
+    }
+    return {folder.write("picture.jpg", test::pictureWithGps({.lat = 48.1, .latRef = "N"}))};
+}
+
+void printLine(const char* way, double microseconds, double here)
+{
+    std::printf("| %s | %.1f | %+.1f |\n", way, microseconds, microseconds - here);
+}
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    const bool isBrief = argc > 1 && std::string_view(argv[1]) == "--brief";
+    const int rounds = isBrief ? 2 : 50;
+    const test::TemporaryFolder folder;
+    Files files;
+    for (const std::string& path : pathsOf(argc, argv, folder)) {
+        auto file = std::make_unique<PictureFile>(path);
+        if (file->isOpen() && files.size() < kMostFiles) files.push_back(std::move(file));
+    }
+    if (files.empty()) {
+        std::fputs("reader_bench: no file to read\n", stderr);
+        return 1;
+    }
+
+    ReaderClient program([] { return startReaderProgram(programFolder() + "/pinorama-reader"); });
+    ReaderClient copy(forkPropertyReader);
+    const auto through = [](ReaderClient& client) {
+        return [&client](int descriptor) { (void)client.readProperties(descriptor); };
+    };
+    const auto inBatches = [](ReaderClient& client) {
+        return [&client](const std::vector<int>& all) { (void)client.readProperties(all); };
+    };
+    const bool hasProgram =
+        program.readProperties(files.front()->descriptor()).outcome != ReadOutcome::noReader;
+    const double start = microsecondsOf([] { ReaderClient(forkPropertyReader).start(); });
+
+    const double here = medianOfEach(files, rounds, readHere);
+    std::printf("Metadata of %zu files, microseconds per file (median).\n\n", files.size());
+    std::printf("| way | time | on top of reading here |\n|---|---|---|\n");
+    printLine("read in this process", here, here);
+    if (hasProgram) {
+        printLine("pinorama-reader, one by one", medianOfEach(files, rounds, through(program)),
+                  here);
+        printLine("pinorama-reader, in batches", medianOfAll(files, rounds, inBatches(program)),
+                  here);
+    } else {
+        std::printf("| pinorama-reader | not built | |\n");
+    }
+    printLine("forked copy, one by one", medianOfEach(files, rounds, through(copy)), here);
+    printLine("forked copy, in batches", medianOfAll(files, rounds, inBatches(copy)), here);
+    std::printf("\nForking a copy: %.0f microseconds.\n", start);
+    return 0;
+}

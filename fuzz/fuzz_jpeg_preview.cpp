@@ -1,0 +1,24 @@
+// The preview of a JPEG picture: its headers, its embedded thumbnail, its decoding at a reduced
+// scale. The decoder itself is libjpeg-turbo; what is watched is how it is driven.
+
+#include "platform/pictures/embedded_jpegs.h"
+#include "platform/pictures/jpeg_decode.h"
+#include "platform/pictures/preview.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    constexpr std::int32_t side = 16;
+    platform::MemoryByteSource source({data, size});
+    const platform::ByteBlock bytes(source);
+    if (const auto image = platform::decodeJpeg(bytes, {side, side})) {
+        if (image->width > side || image->height > side) __builtin_trap();
+    }
+    for (const platform::ByteBlock& stream : platform::findEmbeddedJpegs(bytes).streams) {
+        (void)platform::jpegSize(stream);
+    }
+    // Only what begins as a JPEG picture: the raw formats would lead into LibRaw.
+    if (size >= 2 && data[0] == 0xff && data[1] == 0xd8) {
+        (void)platform::makePreview(source, side, side);
+    }
+    return 0;
+}

@@ -1,0 +1,53 @@
+// An answer as the window takes it apart: a head, and the rest as the body of every kind.
+
+#include "platform/pictures/reader_protocol.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+using namespace platform;
+
+constexpr PixelSize kBox = {64, 64};
+
+void readHead(ByteView bytes, ReaderTask task)
+{
+    const std::size_t longest = longestBody(task, kBox);
+    const auto head = decodeAnswerHead(bytes, task, 1, longest);
+    if (head && head->bodyLength > longest) __builtin_trap();
+}
+
+void readProperties(ByteView body)
+{
+    const auto properties = decodeProperties(body);
+    if (!properties) return;
+    const std::vector<std::uint8_t> again = encodeProperties(*properties);
+    if (!std::equal(again.begin(), again.end(), body.begin(), body.end())) __builtin_trap();
+    if (properties->latitude && !std::isfinite(*properties->latitude)) __builtin_trap();
+}
+
+void readPreview(ByteView body, PreviewKind kind)
+{
+    const auto preview = decodePreview(body, kind, kBox);
+    if (!preview) return;
+    const PixelImage& image = preview->image;
+    if (image.width > kBox.width || image.height > kBox.height) __builtin_trap();
+    if (image.pixels.size() != static_cast<std::size_t>(image.width) * image.height) {
+        __builtin_trap();
+    }
+}
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const ByteView bytes(data, size);
+    const ByteView head = bytes.first(std::min(size, kAnswerHeadSize));
+    for (const ReaderTask task : {ReaderTask::hello, ReaderTask::properties,
+                                  ReaderTask::picturePreview, ReaderTask::cachedThumbnail}) {
+        readHead(head, task);
+    }
+    readProperties(bytes);
+    readPreview(bytes, PreviewKind::picture);
+    readPreview(bytes, PreviewKind::cachedThumbnail);
+    return 0;
+}

@@ -1,0 +1,73 @@
+// Writes the seeds of the preview and reader fuzzers, one file per case, into FOLDER/fuzz_X/.
+
+#include "platform/pictures/reader_protocol.h"
+#include "tests/support/jpeg_pictures.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+namespace {
+template <typename Bytes>
+void write(const std::filesystem::path& folder, const char* name, const Bytes& bytes)
+{
+    std::filesystem::create_directories(folder);
+    std::ofstream(folder / name, std::ios::binary)
+        .write(reinterpret_cast<const char*>(bytes.data()),
+               static_cast<std::streamsize>(bytes.size()));
+}
+
+void writeJpegs(const std::filesystem::path& folder)
+{
+    const std::string thumbnail = test::jpegOfQuarters(24, 16);
+    write(folder, "baseline", test::jpegOfQuarters(40, 24));
+    write(folder, "progressive",
+          test::jpegOfQuarters(40, 24, {.kind = test::JpegKind::progressive}));
+    write(folder, "gray", test::jpegOfQuarters(40, 24, {.kind = test::JpegKind::gray}));
+    write(folder, "inks", test::jpegOfQuarters(40, 24, {.kind = test::JpegKind::cmykOfAdobe}));
+    write(folder, "thumbnail",
+          test::jpegOfQuarters(60, 40, {.exif = test::exifWithThumbnail(6, thumbnail)}));
+    write(folder, "tiff", test::exifWithThumbnail(8, thumbnail));
+}
+
+void writeRequests(const std::filesystem::path& folder)
+{
+    using namespace platform;
+    write(folder, "properties", encodeRequest({ReaderTask::properties, 1, 64, {}}));
+    write(folder, "preview", encodeRequest({ReaderTask::picturePreview, 2, 1, {128, 128}}));
+    write(folder, "thumbnail", encodeRequest({ReaderTask::cachedThumbnail, 3, 1, {1, 2048}}));
+}
+
+void writeAnswers(const std::filesystem::path& folder)
+{
+    using namespace platform;
+    PictureProperties properties;
+    properties.hasGps = properties.hasIptc = true;
+    properties.latitude = 48.1;
+    properties.altitudeReference = 1;
+    properties.latitudeReference = u"N";
+    properties.city = u"Rome";
+    PreviewAnswer preview;
+    preview.image = {2, 1, {0xff102030, 0x80402000}};
+    write(folder, "head", encodeAnswerHead({ReaderTask::properties, ReaderOutcome::found, 1, 40}));
+    write(folder, "properties", encodeProperties(properties));
+    write(folder, "preview", encodePreview(preview));
+    preview.uri = "file:///a.jpg";
+    preview.mtime = "1";
+    write(folder, "thumbnail", encodePreview(preview));
+}
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    if (argc != 2) {
+        std::fputs("usage: preview_seeds FOLDER\n", stderr);
+        return 2;
+    }
+    const std::filesystem::path folder = argv[1];
+    writeJpegs(folder / "fuzz_jpeg_preview");
+    writeRequests(folder / "fuzz_reader_request");
+    writeAnswers(folder / "fuzz_reader_answer");
+    return 0;
+}
