@@ -25,7 +25,7 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PINORAMA_PACKAGE_NAME pinorama)
 set(CPACK_DEBIAN_PINORAMA_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PINORAMA_PACKAGE_RECOMMENDS
-    "at-spi2-core, libarchive-tools, libqt6svg6, qt6-wayland, shared-mime-info")
+    "at-spi2-core, libarchive-tools, libqt6svg6, qt6-translations-l10n, qt6-wayland, shared-mime-info")
 set(CPACK_DEBIAN_PINORAMA_PACKAGE_SUGGESTS "marble, qt6-image-formats-plugins")
 set(CPACK_COMPONENT_PINORAMA_DESCRIPTION
     "tell where the picture selected in the file manager was taken

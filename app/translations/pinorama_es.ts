@@ -1,0 +1,173 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="es_ES" sourcelanguage="en_US">
+<context>
+    <name>AboutBox</name>
+    <message>
+        <source>About Pinorama</source>
+        <translation>Acerca de Pinorama</translation>
+    </message>
+    <message>
+        <source>Tells where the picture selected in the file manager was taken.</source>
+        <translation>Indica dónde se tomó la foto seleccionada en el gestor de archivos.</translation>
+    </message>
+    <message>
+        <source>Free software under the GNU General Public License, version 3 or later. It comes with no warranty.</source>
+        <translation>Software libre bajo la Licencia Pública General de GNU, versión 3 o posterior. Se distribuye sin ninguna garantía.</translation>
+    </message>
+</context>
+<context>
+    <name>AppController</name>
+    <message>
+        <source>KML files (*.kml)</source>
+        <translation>Archivos KML (*.kml)</translation>
+    </message>
+    <message>
+        <source>Open Picture</source>
+        <translation>Abrir foto</translation>
+    </message>
+    <message>
+        <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
+        <translation>No se pueden leer las fotos: el programa pinorama-reader no se inicia.</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Preview</source>
+        <translation>Vista previa</translation>
+    </message>
+    <message>
+        <source>The picture tells where it was taken</source>
+        <translation>La foto indica dónde se tomó</translation>
+    </message>
+    <message>
+        <source>Opens the location in a web map</source>
+        <translation>Abre el lugar en un mapa web</translation>
+    </message>
+    <message>
+        <source>Map services</source>
+        <translation>Servicios de mapas</translation>
+    </message>
+    <message>
+        <source>Map Services</source>
+        <translation>Servicios de mapas</translation>
+    </message>
+    <message>
+        <source>Flies the globe program to the location</source>
+        <translation>Vuela hasta el lugar en el globo terráqueo</translation>
+    </message>
+    <message>
+        <source>Show in &amp;Globe</source>
+        <translation>Ver en el &amp;globo</translation>
+    </message>
+    <message>
+        <source>Finds all catalogued pictures taken within 2000 m</source>
+        <translation>Busca todas las fotos catalogadas tomadas a menos de 2000 m</translation>
+    </message>
+    <message>
+        <source>&amp;Find in Skallion</source>
+        <translation>&amp;Buscar en Skallion</translation>
+    </message>
+    <message>
+        <source>Writes the location as a placemark file</source>
+        <translation>Guarda el lugar en un archivo de marcas</translation>
+    </message>
+    <message>
+        <source>&amp;Export as KML…</source>
+        <translation>&amp;Exportar como KML…</translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <translation>Nombre:</translation>
+    </message>
+    <message>
+        <source>Select a picture, or drop one here</source>
+        <translation>Seleccione una foto o suéltela aquí</translation>
+    </message>
+    <message>
+        <source>Size:</source>
+        <translation>Tamaño:</translation>
+    </message>
+    <message>
+        <source>Modified:</source>
+        <translation>Modificado:</translation>
+    </message>
+    <message>
+        <source>Created:</source>
+        <translation>Creado:</translation>
+    </message>
+    <message>
+        <source>Coordinate:</source>
+        <translation>Coordenadas:</translation>
+    </message>
+    <message>
+        <source>Altitude:</source>
+        <translation>Altitud:</translation>
+    </message>
+    <message>
+        <source>Direction:</source>
+        <translation>Dirección:</translation>
+    </message>
+    <message>
+        <source>City:</source>
+        <translation>Ciudad:</translation>
+    </message>
+    <message>
+        <source>State:</source>
+        <translation>Provincia:</translation>
+    </message>
+    <message>
+        <source>Country:</source>
+        <translation>País:</translation>
+    </message>
+    <message>
+        <source>Caption:</source>
+        <translation>Descripción:</translation>
+    </message>
+    <message>
+        <source>Shows the picture that is selected in the file manager, always</source>
+        <translation>Muestra siempre la foto seleccionada en el gestor de archivos</translation>
+    </message>
+    <message>
+        <source>Follow the &amp;selection in the file manager</source>
+        <translation>Seguir la &amp;selección del gestor de archivos</translation>
+    </message>
+    <message>
+        <source>&amp;Picture</source>
+        <translation>&amp;Foto</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>A&amp;yuda</translation>
+    </message>
+    <message>
+        <source>&amp;Open…</source>
+        <translation>&amp;Abrir…</translation>
+    </message>
+    <message>
+        <source>Open in &amp;Map Service</source>
+        <translation>Abrir en un servicio de &amp;mapas</translation>
+    </message>
+    <message>
+        <source>&amp;Close Window</source>
+        <translation>&amp;Cerrar la ventana</translation>
+    </message>
+    <message>
+        <source>&amp;Quit Pinorama</source>
+        <translation>&amp;Salir de Pinorama</translation>
+    </message>
+    <message>
+        <source>Pinorama &amp;Home Page</source>
+        <translation>Página &amp;web de Pinorama</translation>
+    </message>
+    <message>
+        <source>&amp;Donate…</source>
+        <translation>&amp;Donar…</translation>
+    </message>
+    <message>
+        <source>&amp;About Pinorama</source>
+        <translation>&amp;Acerca de Pinorama</translation>
+    </message>
+</context>
+</TS>

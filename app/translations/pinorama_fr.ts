@@ -1,0 +1,173 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="fr_FR" sourcelanguage="en_US">
+<context>
+    <name>AboutBox</name>
+    <message>
+        <source>About Pinorama</source>
+        <translation>À propos de Pinorama</translation>
+    </message>
+    <message>
+        <source>Tells where the picture selected in the file manager was taken.</source>
+        <translation>Indique où a été prise la photo sélectionnée dans le gestionnaire de fichiers.</translation>
+    </message>
+    <message>
+        <source>Free software under the GNU General Public License, version 3 or later. It comes with no warranty.</source>
+        <translation>Logiciel libre sous licence publique générale GNU, version 3 ou ultérieure. Fourni sans aucune garantie.</translation>
+    </message>
+</context>
+<context>
+    <name>AppController</name>
+    <message>
+        <source>KML files (*.kml)</source>
+        <translation>Fichiers KML (*.kml)</translation>
+    </message>
+    <message>
+        <source>Open Picture</source>
+        <translation>Ouvrir une photo</translation>
+    </message>
+    <message>
+        <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
+        <translation>Impossible de lire les photos : le programme pinorama-reader ne démarre pas.</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Preview</source>
+        <translation>Aperçu</translation>
+    </message>
+    <message>
+        <source>The picture tells where it was taken</source>
+        <translation>La photo indique où elle a été prise</translation>
+    </message>
+    <message>
+        <source>Opens the location in a web map</source>
+        <translation>Ouvre le lieu dans une carte en ligne</translation>
+    </message>
+    <message>
+        <source>Map services</source>
+        <translation>Services cartographiques</translation>
+    </message>
+    <message>
+        <source>Map Services</source>
+        <translation>Services de cartes</translation>
+    </message>
+    <message>
+        <source>Flies the globe program to the location</source>
+        <translation>Survole le lieu dans le globe virtuel</translation>
+    </message>
+    <message>
+        <source>Show in &amp;Globe</source>
+        <translation>Voir sur le &amp;globe</translation>
+    </message>
+    <message>
+        <source>Finds all catalogued pictures taken within 2000 m</source>
+        <translation>Trouve toutes les photos cataloguées prises à moins de 2000 m</translation>
+    </message>
+    <message>
+        <source>&amp;Find in Skallion</source>
+        <translation>&amp;Chercher dans Skallion</translation>
+    </message>
+    <message>
+        <source>Writes the location as a placemark file</source>
+        <translation>Enregistre le lieu dans un fichier de repère</translation>
+    </message>
+    <message>
+        <source>&amp;Export as KML…</source>
+        <translation>&amp;Exporter en KML…</translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <translation>Nom :</translation>
+    </message>
+    <message>
+        <source>Select a picture, or drop one here</source>
+        <translation>Sélectionnez une photo ou déposez-la ici</translation>
+    </message>
+    <message>
+        <source>Size:</source>
+        <translation>Taille :</translation>
+    </message>
+    <message>
+        <source>Modified:</source>
+        <translation>Modifié :</translation>
+    </message>
+    <message>
+        <source>Created:</source>
+        <translation>Créé :</translation>
+    </message>
+    <message>
+        <source>Coordinate:</source>
+        <translation>Coordonnées :</translation>
+    </message>
+    <message>
+        <source>Altitude:</source>
+        <translation>Altitude :</translation>
+    </message>
+    <message>
+        <source>Direction:</source>
+        <translation>Direction :</translation>
+    </message>
+    <message>
+        <source>City:</source>
+        <translation>Ville :</translation>
+    </message>
+    <message>
+        <source>State:</source>
+        <translation>Région :</translation>
+    </message>
+    <message>
+        <source>Country:</source>
+        <translation>Pays :</translation>
+    </message>
+    <message>
+        <source>Caption:</source>
+        <translation>Légende :</translation>
+    </message>
+    <message>
+        <source>Shows the picture that is selected in the file manager, always</source>
+        <translation>Affiche toujours la photo sélectionnée dans le gestionnaire de fichiers</translation>
+    </message>
+    <message>
+        <source>Follow the &amp;selection in the file manager</source>
+        <translation>Suivre la &amp;sélection du gestionnaire de fichiers</translation>
+    </message>
+    <message>
+        <source>&amp;Picture</source>
+        <translation>&amp;Photo</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Aide</translation>
+    </message>
+    <message>
+        <source>&amp;Open…</source>
+        <translation>&amp;Ouvrir…</translation>
+    </message>
+    <message>
+        <source>Open in &amp;Map Service</source>
+        <translation>Ouvrir dans un service de ca&amp;rtes</translation>
+    </message>
+    <message>
+        <source>&amp;Close Window</source>
+        <translation>&amp;Fermer la fenêtre</translation>
+    </message>
+    <message>
+        <source>&amp;Quit Pinorama</source>
+        <translation>&amp;Quitter Pinorama</translation>
+    </message>
+    <message>
+        <source>Pinorama &amp;Home Page</source>
+        <translation>Site &amp;web de Pinorama</translation>
+    </message>
+    <message>
+        <source>&amp;Donate…</source>
+        <translation>&amp;Faire un don…</translation>
+    </message>
+    <message>
+        <source>&amp;About Pinorama</source>
+        <translation>À &amp;propos de Pinorama</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,173 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="it_IT" sourcelanguage="en_US">
+<context>
+    <name>AboutBox</name>
+    <message>
+        <source>About Pinorama</source>
+        <translation>Informazioni su Pinorama</translation>
+    </message>
+    <message>
+        <source>Tells where the picture selected in the file manager was taken.</source>
+        <translation>Mostra dove è stata scattata la foto selezionata nel gestore file.</translation>
+    </message>
+    <message>
+        <source>Free software under the GNU General Public License, version 3 or later. It comes with no warranty.</source>
+        <translation>Software libero con licenza GNU General Public License, versione 3 o successiva. Distribuito senza alcuna garanzia.</translation>
+    </message>
+</context>
+<context>
+    <name>AppController</name>
+    <message>
+        <source>KML files (*.kml)</source>
+        <translation>File KML (*.kml)</translation>
+    </message>
+    <message>
+        <source>Open Picture</source>
+        <translation>Apri foto</translation>
+    </message>
+    <message>
+        <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
+        <translation>Impossibile leggere le foto: il programma pinorama-reader non si avvia.</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Preview</source>
+        <translation>Anteprima</translation>
+    </message>
+    <message>
+        <source>The picture tells where it was taken</source>
+        <translation>La foto indica dove è stata scattata</translation>
+    </message>
+    <message>
+        <source>Opens the location in a web map</source>
+        <translation>Apre il luogo in una mappa web</translation>
+    </message>
+    <message>
+        <source>Map services</source>
+        <translation>Servizi di mappe</translation>
+    </message>
+    <message>
+        <source>Map Services</source>
+        <translation>Servizi di mappe</translation>
+    </message>
+    <message>
+        <source>Flies the globe program to the location</source>
+        <translation>Vola sul luogo nel globo virtuale</translation>
+    </message>
+    <message>
+        <source>Show in &amp;Globe</source>
+        <translation>Mostra sul &amp;globo</translation>
+    </message>
+    <message>
+        <source>Finds all catalogued pictures taken within 2000 m</source>
+        <translation>Trova tutte le foto catalogate scattate entro 2000 m</translation>
+    </message>
+    <message>
+        <source>&amp;Find in Skallion</source>
+        <translation>&amp;Cerca in Skallion</translation>
+    </message>
+    <message>
+        <source>Writes the location as a placemark file</source>
+        <translation>Salva il luogo come segnaposto in un file</translation>
+    </message>
+    <message>
+        <source>&amp;Export as KML…</source>
+        <translation>&amp;Esporta come KML…</translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <translation>Nome:</translation>
+    </message>
+    <message>
+        <source>Select a picture, or drop one here</source>
+        <translation>Seleziona una foto o trascinala qui</translation>
+    </message>
+    <message>
+        <source>Size:</source>
+        <translation>Dimensione:</translation>
+    </message>
+    <message>
+        <source>Modified:</source>
+        <translation>Modificato:</translation>
+    </message>
+    <message>
+        <source>Created:</source>
+        <translation>Creato:</translation>
+    </message>
+    <message>
+        <source>Coordinate:</source>
+        <translation>Coordinate:</translation>
+    </message>
+    <message>
+        <source>Altitude:</source>
+        <translation>Altitudine:</translation>
+    </message>
+    <message>
+        <source>Direction:</source>
+        <translation>Direzione:</translation>
+    </message>
+    <message>
+        <source>City:</source>
+        <translation>Città:</translation>
+    </message>
+    <message>
+        <source>State:</source>
+        <translation>Regione:</translation>
+    </message>
+    <message>
+        <source>Country:</source>
+        <translation>Paese:</translation>
+    </message>
+    <message>
+        <source>Caption:</source>
+        <translation>Didascalia:</translation>
+    </message>
+    <message>
+        <source>Shows the picture that is selected in the file manager, always</source>
+        <translation>Mostra sempre la foto selezionata nel gestore file</translation>
+    </message>
+    <message>
+        <source>Follow the &amp;selection in the file manager</source>
+        <translation>Segui la &amp;selezione nel gestore file</translation>
+    </message>
+    <message>
+        <source>&amp;Picture</source>
+        <translation>&amp;Foto</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Aiuto</translation>
+    </message>
+    <message>
+        <source>&amp;Open…</source>
+        <translation>&amp;Apri…</translation>
+    </message>
+    <message>
+        <source>Open in &amp;Map Service</source>
+        <translation>Apri in un servizio di &amp;mappe</translation>
+    </message>
+    <message>
+        <source>&amp;Close Window</source>
+        <translation>C&amp;hiudi finestra</translation>
+    </message>
+    <message>
+        <source>&amp;Quit Pinorama</source>
+        <translation>E&amp;sci da Pinorama</translation>
+    </message>
+    <message>
+        <source>Pinorama &amp;Home Page</source>
+        <translation>Sito &amp;web di Pinorama</translation>
+    </message>
+    <message>
+        <source>&amp;Donate…</source>
+        <translation>Fai una &amp;donazione…</translation>
+    </message>
+    <message>
+        <source>&amp;About Pinorama</source>
+        <translation>&amp;Informazioni su Pinorama</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,173 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ja_JP" sourcelanguage="en_US">
+<context>
+    <name>AboutBox</name>
+    <message>
+        <source>About Pinorama</source>
+        <translation>Pinorama について</translation>
+    </message>
+    <message>
+        <source>Tells where the picture selected in the file manager was taken.</source>
+        <translation>ファイルマネージャーで選択した写真の撮影場所を表示します。</translation>
+    </message>
+    <message>
+        <source>Free software under the GNU General Public License, version 3 or later. It comes with no warranty.</source>
+        <translation>GNU General Public License バージョン 3 以降に基づくフリーソフトウェアです。無保証です。</translation>
+    </message>
+</context>
+<context>
+    <name>AppController</name>
+    <message>
+        <source>KML files (*.kml)</source>
+        <translation>KML ファイル (*.kml)</translation>
+    </message>
+    <message>
+        <source>Open Picture</source>
+        <translation>写真を開く</translation>
+    </message>
+    <message>
+        <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
+        <translation>写真を読み込めません。プログラム pinorama-reader を起動できません。</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Preview</source>
+        <translation>プレビュー</translation>
+    </message>
+    <message>
+        <source>The picture tells where it was taken</source>
+        <translation>写真に撮影場所が記録されています</translation>
+    </message>
+    <message>
+        <source>Opens the location in a web map</source>
+        <translation>ウェブ地図でこの場所を開きます</translation>
+    </message>
+    <message>
+        <source>Map services</source>
+        <translation>地図サービス</translation>
+    </message>
+    <message>
+        <source>Map Services</source>
+        <translation>地図サービス</translation>
+    </message>
+    <message>
+        <source>Flies the globe program to the location</source>
+        <translation>地球儀ソフトでこの場所へ移動します</translation>
+    </message>
+    <message>
+        <source>Show in &amp;Globe</source>
+        <translation>地球儀で表示(&amp;G)</translation>
+    </message>
+    <message>
+        <source>Finds all catalogued pictures taken within 2000 m</source>
+        <translation>2000 m 以内で撮影されたカタログ内の写真をすべて検索します</translation>
+    </message>
+    <message>
+        <source>&amp;Find in Skallion</source>
+        <translation>Skallion で検索(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Writes the location as a placemark file</source>
+        <translation>場所を目印としてファイルに保存します</translation>
+    </message>
+    <message>
+        <source>&amp;Export as KML…</source>
+        <translation>KML に書き出し(&amp;E)…</translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <translation>名前:</translation>
+    </message>
+    <message>
+        <source>Select a picture, or drop one here</source>
+        <translation>写真を選択するか、ここにドロップしてください</translation>
+    </message>
+    <message>
+        <source>Size:</source>
+        <translation>サイズ:</translation>
+    </message>
+    <message>
+        <source>Modified:</source>
+        <translation>更新日時:</translation>
+    </message>
+    <message>
+        <source>Created:</source>
+        <translation>作成日時:</translation>
+    </message>
+    <message>
+        <source>Coordinate:</source>
+        <translation>座標:</translation>
+    </message>
+    <message>
+        <source>Altitude:</source>
+        <translation>高度:</translation>
+    </message>
+    <message>
+        <source>Direction:</source>
+        <translation>方向:</translation>
+    </message>
+    <message>
+        <source>City:</source>
+        <translation>市区町村:</translation>
+    </message>
+    <message>
+        <source>State:</source>
+        <translation>都道府県:</translation>
+    </message>
+    <message>
+        <source>Country:</source>
+        <translation>国:</translation>
+    </message>
+    <message>
+        <source>Caption:</source>
+        <translation>説明:</translation>
+    </message>
+    <message>
+        <source>Shows the picture that is selected in the file manager, always</source>
+        <translation>ファイルマネージャーで選択中の写真を常に表示します</translation>
+    </message>
+    <message>
+        <source>Follow the &amp;selection in the file manager</source>
+        <translation>ファイルマネージャーの選択に追従(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Picture</source>
+        <translation>写真(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>ヘルプ(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Open…</source>
+        <translation>開く(&amp;O)…</translation>
+    </message>
+    <message>
+        <source>Open in &amp;Map Service</source>
+        <translation>地図サービスで開く(&amp;M)</translation>
+    </message>
+    <message>
+        <source>&amp;Close Window</source>
+        <translation>ウィンドウを閉じる(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Quit Pinorama</source>
+        <translation>Pinorama を終了(&amp;Q)</translation>
+    </message>
+    <message>
+        <source>Pinorama &amp;Home Page</source>
+        <translation>Pinorama ホームページ(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Donate…</source>
+        <translation>寄付(&amp;D)…</translation>
+    </message>
+    <message>
+        <source>&amp;About Pinorama</source>
+        <translation>Pinorama について(&amp;A)</translation>
+    </message>
+</context>
+</TS>

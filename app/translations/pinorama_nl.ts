@@ -1,0 +1,173 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="nl_NL" sourcelanguage="en_US">
+<context>
+    <name>AboutBox</name>
+    <message>
+        <source>About Pinorama</source>
+        <translation>Over Pinorama</translation>
+    </message>
+    <message>
+        <source>Tells where the picture selected in the file manager was taken.</source>
+        <translation>Laat zien waar de in het bestandsbeheer geselecteerde foto is gemaakt.</translation>
+    </message>
+    <message>
+        <source>Free software under the GNU General Public License, version 3 or later. It comes with no warranty.</source>
+        <translation>Vrije software onder de GNU General Public License, versie 3 of later. Zonder enige garantie.</translation>
+    </message>
+</context>
+<context>
+    <name>AppController</name>
+    <message>
+        <source>KML files (*.kml)</source>
+        <translation>KML-bestanden (*.kml)</translation>
+    </message>
+    <message>
+        <source>Open Picture</source>
+        <translation>Foto openen</translation>
+    </message>
+    <message>
+        <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
+        <translation>Foto’s kunnen niet worden gelezen: het programma pinorama-reader start niet.</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Preview</source>
+        <translation>Voorbeeld</translation>
+    </message>
+    <message>
+        <source>The picture tells where it was taken</source>
+        <translation>De foto vertelt waar ze is gemaakt</translation>
+    </message>
+    <message>
+        <source>Opens the location in a web map</source>
+        <translation>Opent de locatie in een kaart op internet</translation>
+    </message>
+    <message>
+        <source>Map services</source>
+        <translation>Kaartdiensten</translation>
+    </message>
+    <message>
+        <source>Map Services</source>
+        <translation>Kaartdiensten</translation>
+    </message>
+    <message>
+        <source>Flies the globe program to the location</source>
+        <translation>Vliegt in het wereldbolprogramma naar de locatie</translation>
+    </message>
+    <message>
+        <source>Show in &amp;Globe</source>
+        <translation>Op wereldbol &amp;tonen</translation>
+    </message>
+    <message>
+        <source>Finds all catalogued pictures taken within 2000 m</source>
+        <translation>Vindt alle gecatalogiseerde foto’s die binnen 2000 m zijn gemaakt</translation>
+    </message>
+    <message>
+        <source>&amp;Find in Skallion</source>
+        <translation>&amp;Zoeken in Skallion</translation>
+    </message>
+    <message>
+        <source>Writes the location as a placemark file</source>
+        <translation>Bewaart de locatie als plaatsmarkering in een bestand</translation>
+    </message>
+    <message>
+        <source>&amp;Export as KML…</source>
+        <translation>Als KML &amp;exporteren…</translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <translation>Naam:</translation>
+    </message>
+    <message>
+        <source>Select a picture, or drop one here</source>
+        <translation>Selecteer een foto of sleep er een hierheen</translation>
+    </message>
+    <message>
+        <source>Size:</source>
+        <translation>Grootte:</translation>
+    </message>
+    <message>
+        <source>Modified:</source>
+        <translation>Gewijzigd:</translation>
+    </message>
+    <message>
+        <source>Created:</source>
+        <translation>Gemaakt:</translation>
+    </message>
+    <message>
+        <source>Coordinate:</source>
+        <translation>Coördinaten:</translation>
+    </message>
+    <message>
+        <source>Altitude:</source>
+        <translation>Hoogte:</translation>
+    </message>
+    <message>
+        <source>Direction:</source>
+        <translation>Richting:</translation>
+    </message>
+    <message>
+        <source>City:</source>
+        <translation>Plaats:</translation>
+    </message>
+    <message>
+        <source>State:</source>
+        <translation>Provincie:</translation>
+    </message>
+    <message>
+        <source>Country:</source>
+        <translation>Land:</translation>
+    </message>
+    <message>
+        <source>Caption:</source>
+        <translation>Bijschrift:</translation>
+    </message>
+    <message>
+        <source>Shows the picture that is selected in the file manager, always</source>
+        <translation>Toont altijd de foto die in het bestandsbeheer is geselecteerd</translation>
+    </message>
+    <message>
+        <source>Follow the &amp;selection in the file manager</source>
+        <translation>De &amp;selectie in het bestandsbeheer volgen</translation>
+    </message>
+    <message>
+        <source>&amp;Picture</source>
+        <translation>&amp;Foto</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hulp</translation>
+    </message>
+    <message>
+        <source>&amp;Open…</source>
+        <translation>&amp;Openen…</translation>
+    </message>
+    <message>
+        <source>Open in &amp;Map Service</source>
+        <translation>Openen in &amp;kaartdienst</translation>
+    </message>
+    <message>
+        <source>&amp;Close Window</source>
+        <translation>Venster &amp;sluiten</translation>
+    </message>
+    <message>
+        <source>&amp;Quit Pinorama</source>
+        <translation>Pinorama &amp;afsluiten</translation>
+    </message>
+    <message>
+        <source>Pinorama &amp;Home Page</source>
+        <translation>&amp;Website van Pinorama</translation>
+    </message>
+    <message>
+        <source>&amp;Donate…</source>
+        <translation>&amp;Doneren…</translation>
+    </message>
+    <message>
+        <source>&amp;About Pinorama</source>
+        <translation>&amp;Over Pinorama</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,173 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="pl_PL" sourcelanguage="en_US">
+<context>
+    <name>AboutBox</name>
+    <message>
+        <source>About Pinorama</source>
+        <translation>O programie Pinorama</translation>
+    </message>
+    <message>
+        <source>Tells where the picture selected in the file manager was taken.</source>
+        <translation>Pokazuje, gdzie wykonano zdjęcie zaznaczone w menedżerze plików.</translation>
+    </message>
+    <message>
+        <source>Free software under the GNU General Public License, version 3 or later. It comes with no warranty.</source>
+        <translation>Wolne oprogramowanie na licencji GNU General Public License w wersji 3 lub nowszej. Bez jakiejkolwiek gwarancji.</translation>
+    </message>
+</context>
+<context>
+    <name>AppController</name>
+    <message>
+        <source>KML files (*.kml)</source>
+        <translation>Pliki KML (*.kml)</translation>
+    </message>
+    <message>
+        <source>Open Picture</source>
+        <translation>Otwórz zdjęcie</translation>
+    </message>
+    <message>
+        <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
+        <translation>Nie można odczytać zdjęć: program pinorama-reader się nie uruchamia.</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Preview</source>
+        <translation>Podgląd</translation>
+    </message>
+    <message>
+        <source>The picture tells where it was taken</source>
+        <translation>Zdjęcie zawiera miejsce wykonania</translation>
+    </message>
+    <message>
+        <source>Opens the location in a web map</source>
+        <translation>Otwiera miejsce na mapie internetowej</translation>
+    </message>
+    <message>
+        <source>Map services</source>
+        <translation>Serwisy map</translation>
+    </message>
+    <message>
+        <source>Map Services</source>
+        <translation>Serwisy map</translation>
+    </message>
+    <message>
+        <source>Flies the globe program to the location</source>
+        <translation>Przenosi widok globusa do tego miejsca</translation>
+    </message>
+    <message>
+        <source>Show in &amp;Globe</source>
+        <translation>Pokaż na &amp;globusie</translation>
+    </message>
+    <message>
+        <source>Finds all catalogued pictures taken within 2000 m</source>
+        <translation>Znajduje wszystkie skatalogowane zdjęcia wykonane w promieniu 2000 m</translation>
+    </message>
+    <message>
+        <source>&amp;Find in Skallion</source>
+        <translation>&amp;Znajdź w Skallionie</translation>
+    </message>
+    <message>
+        <source>Writes the location as a placemark file</source>
+        <translation>Zapisuje miejsce w pliku jako znacznik</translation>
+    </message>
+    <message>
+        <source>&amp;Export as KML…</source>
+        <translation>&amp;Eksportuj jako KML…</translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <translation>Nazwa:</translation>
+    </message>
+    <message>
+        <source>Select a picture, or drop one here</source>
+        <translation>Zaznacz zdjęcie lub upuść je tutaj</translation>
+    </message>
+    <message>
+        <source>Size:</source>
+        <translation>Rozmiar:</translation>
+    </message>
+    <message>
+        <source>Modified:</source>
+        <translation>Zmieniono:</translation>
+    </message>
+    <message>
+        <source>Created:</source>
+        <translation>Utworzono:</translation>
+    </message>
+    <message>
+        <source>Coordinate:</source>
+        <translation>Współrzędne:</translation>
+    </message>
+    <message>
+        <source>Altitude:</source>
+        <translation>Wysokość:</translation>
+    </message>
+    <message>
+        <source>Direction:</source>
+        <translation>Kierunek:</translation>
+    </message>
+    <message>
+        <source>City:</source>
+        <translation>Miejscowość:</translation>
+    </message>
+    <message>
+        <source>State:</source>
+        <translation>Region:</translation>
+    </message>
+    <message>
+        <source>Country:</source>
+        <translation>Kraj:</translation>
+    </message>
+    <message>
+        <source>Caption:</source>
+        <translation>Opis:</translation>
+    </message>
+    <message>
+        <source>Shows the picture that is selected in the file manager, always</source>
+        <translation>Zawsze pokazuje zdjęcie zaznaczone w menedżerze plików</translation>
+    </message>
+    <message>
+        <source>Follow the &amp;selection in the file manager</source>
+        <translation>Śledź z&amp;aznaczenie w menedżerze plików</translation>
+    </message>
+    <message>
+        <source>&amp;Picture</source>
+        <translation>Z&amp;djęcie</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Pomoc</translation>
+    </message>
+    <message>
+        <source>&amp;Open…</source>
+        <translation>&amp;Otwórz…</translation>
+    </message>
+    <message>
+        <source>Open in &amp;Map Service</source>
+        <translation>Otwórz w serwisie &amp;map</translation>
+    </message>
+    <message>
+        <source>&amp;Close Window</source>
+        <translation>Zam&amp;knij okno</translation>
+    </message>
+    <message>
+        <source>&amp;Quit Pinorama</source>
+        <translation>Zakoń&amp;cz program Pinorama</translation>
+    </message>
+    <message>
+        <source>Pinorama &amp;Home Page</source>
+        <translation>Strona &amp;domowa Pinoramy</translation>
+    </message>
+    <message>
+        <source>&amp;Donate…</source>
+        <translation>&amp;Wesprzyj…</translation>
+    </message>
+    <message>
+        <source>&amp;About Pinorama</source>
+        <translation>&amp;O programie Pinorama</translation>
+    </message>
+</context>
+</TS>

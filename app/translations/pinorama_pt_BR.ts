@@ -1,0 +1,173 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="pt_BR" sourcelanguage="en_US">
+<context>
+    <name>AboutBox</name>
+    <message>
+        <source>About Pinorama</source>
+        <translation>Sobre o Pinorama</translation>
+    </message>
+    <message>
+        <source>Tells where the picture selected in the file manager was taken.</source>
+        <translation>Mostra onde foi tirada a foto selecionada no gerenciador de arquivos.</translation>
+    </message>
+    <message>
+        <source>Free software under the GNU General Public License, version 3 or later. It comes with no warranty.</source>
+        <translation>Software livre sob a Licença Pública Geral GNU, versão 3 ou posterior. Fornecido sem nenhuma garantia.</translation>
+    </message>
+</context>
+<context>
+    <name>AppController</name>
+    <message>
+        <source>KML files (*.kml)</source>
+        <translation>Arquivos KML (*.kml)</translation>
+    </message>
+    <message>
+        <source>Open Picture</source>
+        <translation>Abrir foto</translation>
+    </message>
+    <message>
+        <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
+        <translation>Não é possível ler as fotos: o programa pinorama-reader não inicia.</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Preview</source>
+        <translation>Pré-visualização</translation>
+    </message>
+    <message>
+        <source>The picture tells where it was taken</source>
+        <translation>A foto informa onde foi tirada</translation>
+    </message>
+    <message>
+        <source>Opens the location in a web map</source>
+        <translation>Abre o local em um mapa na web</translation>
+    </message>
+    <message>
+        <source>Map services</source>
+        <translation>Serviços de mapas</translation>
+    </message>
+    <message>
+        <source>Map Services</source>
+        <translation>Serviços de mapas</translation>
+    </message>
+    <message>
+        <source>Flies the globe program to the location</source>
+        <translation>Leva o globo virtual até o local</translation>
+    </message>
+    <message>
+        <source>Show in &amp;Globe</source>
+        <translation>Ver no &amp;globo</translation>
+    </message>
+    <message>
+        <source>Finds all catalogued pictures taken within 2000 m</source>
+        <translation>Localiza todas as fotos catalogadas tiradas a até 2000 m</translation>
+    </message>
+    <message>
+        <source>&amp;Find in Skallion</source>
+        <translation>&amp;Buscar no Skallion</translation>
+    </message>
+    <message>
+        <source>Writes the location as a placemark file</source>
+        <translation>Salva o local em um arquivo de marcador</translation>
+    </message>
+    <message>
+        <source>&amp;Export as KML…</source>
+        <translation>&amp;Exportar como KML…</translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <translation>Nome:</translation>
+    </message>
+    <message>
+        <source>Select a picture, or drop one here</source>
+        <translation>Selecione uma foto ou solte-a aqui</translation>
+    </message>
+    <message>
+        <source>Size:</source>
+        <translation>Tamanho:</translation>
+    </message>
+    <message>
+        <source>Modified:</source>
+        <translation>Modificado:</translation>
+    </message>
+    <message>
+        <source>Created:</source>
+        <translation>Criado:</translation>
+    </message>
+    <message>
+        <source>Coordinate:</source>
+        <translation>Coordenadas:</translation>
+    </message>
+    <message>
+        <source>Altitude:</source>
+        <translation>Altitude:</translation>
+    </message>
+    <message>
+        <source>Direction:</source>
+        <translation>Direção:</translation>
+    </message>
+    <message>
+        <source>City:</source>
+        <translation>Cidade:</translation>
+    </message>
+    <message>
+        <source>State:</source>
+        <translation>Estado:</translation>
+    </message>
+    <message>
+        <source>Country:</source>
+        <translation>País:</translation>
+    </message>
+    <message>
+        <source>Caption:</source>
+        <translation>Legenda:</translation>
+    </message>
+    <message>
+        <source>Shows the picture that is selected in the file manager, always</source>
+        <translation>Mostra sempre a foto selecionada no gerenciador de arquivos</translation>
+    </message>
+    <message>
+        <source>Follow the &amp;selection in the file manager</source>
+        <translation>Acompanhar a &amp;seleção do gerenciador de arquivos</translation>
+    </message>
+    <message>
+        <source>&amp;Picture</source>
+        <translation>&amp;Foto</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Ajuda</translation>
+    </message>
+    <message>
+        <source>&amp;Open…</source>
+        <translation>&amp;Abrir…</translation>
+    </message>
+    <message>
+        <source>Open in &amp;Map Service</source>
+        <translation>Abrir em um serviço de &amp;mapas</translation>
+    </message>
+    <message>
+        <source>&amp;Close Window</source>
+        <translation>&amp;Fechar janela</translation>
+    </message>
+    <message>
+        <source>&amp;Quit Pinorama</source>
+        <translation>&amp;Sair do Pinorama</translation>
+    </message>
+    <message>
+        <source>Pinorama &amp;Home Page</source>
+        <translation>Página &amp;web do Pinorama</translation>
+    </message>
+    <message>
+        <source>&amp;Donate…</source>
+        <translation>&amp;Doar…</translation>
+    </message>
+    <message>
+        <source>&amp;About Pinorama</source>
+        <translation>&amp;Sobre o Pinorama</translation>
+    </message>
+</context>
+</TS>

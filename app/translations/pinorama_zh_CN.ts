@@ -1,0 +1,173 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN" sourcelanguage="en_US">
+<context>
+    <name>AboutBox</name>
+    <message>
+        <source>About Pinorama</source>
+        <translation>关于 Pinorama</translation>
+    </message>
+    <message>
+        <source>Tells where the picture selected in the file manager was taken.</source>
+        <translation>显示在文件管理器中所选照片的拍摄地点。</translation>
+    </message>
+    <message>
+        <source>Free software under the GNU General Public License, version 3 or later. It comes with no warranty.</source>
+        <translation>基于 GNU 通用公共许可证第 3 版或更新版本的自由软件，不提供任何担保。</translation>
+    </message>
+</context>
+<context>
+    <name>AppController</name>
+    <message>
+        <source>KML files (*.kml)</source>
+        <translation>KML 文件 (*.kml)</translation>
+    </message>
+    <message>
+        <source>Open Picture</source>
+        <translation>打开照片</translation>
+    </message>
+    <message>
+        <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
+        <translation>无法读取照片：程序 pinorama-reader 无法启动。</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Preview</source>
+        <translation>预览</translation>
+    </message>
+    <message>
+        <source>The picture tells where it was taken</source>
+        <translation>照片中记录了拍摄地点</translation>
+    </message>
+    <message>
+        <source>Opens the location in a web map</source>
+        <translation>在网络地图中打开此地点</translation>
+    </message>
+    <message>
+        <source>Map services</source>
+        <translation>地图服务</translation>
+    </message>
+    <message>
+        <source>Map Services</source>
+        <translation>地图服务</translation>
+    </message>
+    <message>
+        <source>Flies the globe program to the location</source>
+        <translation>在地球仪程序中飞往此地点</translation>
+    </message>
+    <message>
+        <source>Show in &amp;Globe</source>
+        <translation>在地球仪中显示(&amp;G)</translation>
+    </message>
+    <message>
+        <source>Finds all catalogued pictures taken within 2000 m</source>
+        <translation>查找目录中在 2000 米范围内拍摄的所有照片</translation>
+    </message>
+    <message>
+        <source>&amp;Find in Skallion</source>
+        <translation>在 Skallion 中查找(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Writes the location as a placemark file</source>
+        <translation>将此地点另存为地标文件</translation>
+    </message>
+    <message>
+        <source>&amp;Export as KML…</source>
+        <translation>导出为 KML(&amp;E)…</translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <translation>名称：</translation>
+    </message>
+    <message>
+        <source>Select a picture, or drop one here</source>
+        <translation>选择一张照片，或将其拖放到此处</translation>
+    </message>
+    <message>
+        <source>Size:</source>
+        <translation>大小：</translation>
+    </message>
+    <message>
+        <source>Modified:</source>
+        <translation>修改时间：</translation>
+    </message>
+    <message>
+        <source>Created:</source>
+        <translation>创建时间：</translation>
+    </message>
+    <message>
+        <source>Coordinate:</source>
+        <translation>坐标：</translation>
+    </message>
+    <message>
+        <source>Altitude:</source>
+        <translation>海拔：</translation>
+    </message>
+    <message>
+        <source>Direction:</source>
+        <translation>方向：</translation>
+    </message>
+    <message>
+        <source>City:</source>
+        <translation>城市：</translation>
+    </message>
+    <message>
+        <source>State:</source>
+        <translation>省/州：</translation>
+    </message>
+    <message>
+        <source>Country:</source>
+        <translation>国家：</translation>
+    </message>
+    <message>
+        <source>Caption:</source>
+        <translation>说明：</translation>
+    </message>
+    <message>
+        <source>Shows the picture that is selected in the file manager, always</source>
+        <translation>始终显示在文件管理器中所选的照片</translation>
+    </message>
+    <message>
+        <source>Follow the &amp;selection in the file manager</source>
+        <translation>跟随文件管理器中的选择(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Picture</source>
+        <translation>照片(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>帮助(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Open…</source>
+        <translation>打开(&amp;O)…</translation>
+    </message>
+    <message>
+        <source>Open in &amp;Map Service</source>
+        <translation>在地图服务中打开(&amp;M)</translation>
+    </message>
+    <message>
+        <source>&amp;Close Window</source>
+        <translation>关闭窗口(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Quit Pinorama</source>
+        <translation>退出 Pinorama(&amp;Q)</translation>
+    </message>
+    <message>
+        <source>Pinorama &amp;Home Page</source>
+        <translation>Pinorama 主页(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Donate…</source>
+        <translation>捐助(&amp;D)…</translation>
+    </message>
+    <message>
+        <source>&amp;About Pinorama</source>
+        <translation>关于 Pinorama(&amp;A)</translation>
+    </message>
+</context>
+</TS>
