@@ -8,6 +8,7 @@ import os
 import re
 import shutil
 import sys
+import time
 import unittest
 
 from pictures import writePicture
@@ -59,6 +60,39 @@ class GlobeTest(unittest.TestCase):
                         f"the running Marble is at {self.marbleCentre()}")
         # 100 km is within what every map theme allows, so the zoom is the one that was asked for.
         self.assertTrue(waitFor(lambda: "1958" in self.marble("zoom"), 5), self.marble("zoom"))
+
+    def complainsAbout(self, document, seconds):
+        """Whether a Marble that opens `document` says within that time that it cannot read it."""
+        extra = {"QTWEBENGINE_DISABLE_SANDBOX": "1"} if os.geteuid() == 0 else {}
+        name = shutil.which("marble") or shutil.which("marble-qt")
+        log = os.path.join(self.session.root, os.path.basename(name) + ".log")
+
+        def complaint():
+            with open(log, errors="replace") as file:
+                return f'Failed to parse "{document}"' in file.read()
+
+        marble = self.session.start([name, document], extra=extra)
+        self.assertTrue(waitFor(self.marbleCentre, 30), "Marble did not start")
+        found = waitFor(complaint, seconds)
+        self.assertIsNone(marble.poll(), "Marble ended by itself")
+        self.session.end(marble)
+        return found
+
+    def testMarbleReadsAnExportedDocument(self):
+        golden = os.path.join(os.path.dirname(__file__), "../golden/tour_eiffel.kml")
+        with open(golden) as file:
+            text = file.read()
+        document = os.path.join(self.session.home, "export.kml")
+        with open(document, "w") as file:
+            file.write(text)
+        damaged = os.path.join(self.session.home, "damaged.kml")
+        with open(damaged, "w") as file:
+            file.write(text.replace("Tour", "To&ur"))
+        # The damaged one shows how long Marble takes to say so.
+        start = time.monotonic()
+        self.assertTrue(self.complainsAbout(damaged, 30),
+                        "this Marble does not say when it cannot read a document")
+        self.assertFalse(self.complainsAbout(document, 3 + 2 * (time.monotonic() - start)))
 
 
 def whyNot():
