@@ -79,6 +79,7 @@ struct Size {
     int width = 0;
     int height = 0;
 
+    bool operator==(const Size&) const = default;
     long area() const { return width > 0 && height > 0 ? long{width} * height : 0; }
 };
 

@@ -18,6 +18,17 @@ constexpr std::size_t kMostAtOnce = 64;      // questions that wait for an answe
 constexpr int kDeepestItem = 12;             // steps from a part of an item to the view
 constexpr int kLongestPath = 4096;           // UTF-16 units
 constexpr int kPartOfTheTime = 100;          // reading may take a hundredth of it
+
+// Whether an object is the view or one of the few containers that hold it and nothing else, such as
+// its scrolled window. Further up everything belongs to all tabs.
+bool isCloseAround(const platform::View& view, const platform::Accessible& object)
+{
+    constexpr std::size_t kClose = 4;
+    if (view.object == object) return true;
+    const std::size_t count = std::min(kClose, view.above.size());
+    return std::find(view.above.end() - static_cast<long>(count), view.above.end(), object) !=
+           view.above.end();
+}
 }  // namespace
 
 platform::FrameReader::FrameReader(Accessible frame, const FileManagerKind& kind, pid_t process,
@@ -76,6 +87,11 @@ platform::Task<platform::Done> platform::FrameReader::read(Inquiry& inquiry)
             forget();
             co_return {};
         }
+    }
+    const bool isAsBefore = !wasStale || co_await isOfOneMake(inquiry);
+    if (!isAsBefore) {
+        forget();
+        co_return {};
     }
     if (isGtk4Object(frame_)) {
         if (wasStale && !co_await chooseViewInFront(inquiry)) {
@@ -182,6 +198,19 @@ platform::Task<bool> platform::FrameReader::readRows(Inquiry& inquiry, FolderClu
     co_return true;
 }
 
+// A window that is split or made one again gives its views another size. So does one that the user
+// makes larger, which costs one walk.
+platform::Task<bool> platform::FrameReader::isOfOneMake(Inquiry& inquiry)
+{
+    std::vector<QDBusMessage> questions;
+    for (const View& view : layout_.views) questions.push_back(sizeQuestion(view.object));
+    const auto answers = co_await inquiry.answers(questions);
+    for (std::size_t i = 0; i < answers.size(); i++) {
+        if (sizeIn(answers[i]) != layout_.views[i].size) co_return false;
+    }
+    co_return true;
+}
+
 platform::Task<platform::Done> platform::FrameReader::choosePane(Inquiry& inquiry)
 {
     std::vector<QDBusMessage> questions;
@@ -198,25 +227,37 @@ platform::Task<platform::Done> platform::FrameReader::choosePane(Inquiry& inquir
     co_return {};
 }
 
-// What is found at a point of the window is inside the view of the tab in front. False when that is
-// none of the known views.
+// What is found at a point of the window belongs to the tab in front. False when that is none of
+// the known views.
 platform::Task<bool> platform::FrameReader::chooseViewInFront(Inquiry& inquiry)
 {
     const auto extents =
         extentsIn(co_await inquiry.answer(extentsQuestion(layout_.views.front().object)));
     if (!extents || extents->size.area() == 0) co_return false;
-    const auto found = objectIn(co_await inquiry.answer(objectAtPointQuestion(
-        frame_, extents->left + extents->size.width / 2, extents->top + extents->size.height / 2)));
-    std::optional<Accessible> object = found;
-    for (int steps = 0; object && steps < kDeepestItem; steps++) {
-        for (std::size_t i = 0; i < layout_.views.size(); i++) {
-            if (layout_.views[i].object != *object) continue;
-            pane_ = i;
-            co_return true;
+    // GTK 4 finds nothing where an item lies that nobody has asked for yet, so the edges of the
+    // view are tried before its middle.
+    const int right = extents->left + extents->size.width;
+    const int bottom = extents->top + extents->size.height;
+    const std::vector<std::pair<int, int>> points = {
+        {extents->left + 6, extents->top + 6},
+        {right - 6, bottom - 6},
+        {(extents->left + right) / 2, bottom - 6},
+        {(extents->left + right) / 2, (extents->top + bottom) / 2}};
+    for (const auto& [x, y] : points) {
+        std::optional<Accessible> object =
+            objectIn(co_await inquiry.answer(objectAtPointQuestion(frame_, x, y)));
+        if (!object) continue;
+        for (int steps = 0; object && steps < kDeepestItem; steps++) {
+            for (std::size_t i = 0; i < layout_.views.size(); i++) {
+                if (!isCloseAround(layout_.views[i], *object)) continue;
+                pane_ = i;
+                co_return true;
+            }
+            object = objectIn(co_await inquiry.answer(parentQuestion(*object)));
         }
-        object = objectIn(co_await inquiry.answer(parentQuestion(*object)));
+        co_return false;
     }
-    co_return false;
+    co_return true;  // nothing speaks against the view that was in front before
 }
 
 platform::Task<platform::FrameReader::Items> platform::FrameReader::readItems(Inquiry& inquiry)
@@ -250,7 +291,8 @@ platform::Task<platform::FrameReader::Items> platform::FrameReader::readSelectio
                                                            statesQuestion(view.object)));
     const auto count = numberIn(answers[0]);
     const auto states = statesIn(answers[2]);
-    if (!count || !states || !has(*states, State::visible)) co_return items;
+    const State shown = isGtk4Object(view.object) ? State::visible : State::showing;
+    if (!count || !states || !has(*states, shown)) co_return items;
     items.isKnown = true;
     if (*count == 0) co_return items;
 
@@ -328,8 +370,9 @@ platform::Task<platform::FrameReader::Items> platform::FrameReader::readStates(I
         items = co_await readStatus(inquiry);
         co_return items;
     }
-    const auto viewStates = statesIn(co_await inquiry.answer(statesQuestion(view.object)));
-    if (!viewStates || !has(*viewStates, State::showing)) co_return items;
+    // Dolphin's view counts as showing in every tab; what holds it does in the one in front.
+    const auto isShowing = statesIn(co_await inquiry.answer(statesQuestion(view.above.back())));
+    if (!isShowing || !has(*isShowing, State::showing)) co_return items;
     items.isKnown = true;
     const auto isOne = co_await isOneSelectedInDolphin(inquiry);
     if (isOne.has_value()) {

@@ -82,6 +82,7 @@ private:
     Task<Done> findDolphinWindow(Inquiry& inquiry);
     Task<std::optional<std::string>> pathOf(Inquiry& inquiry, Accessible item);
     Task<std::optional<std::string>> pathByNamesInside(Inquiry& inquiry, Accessible item);
+    Task<bool> isOfOneMake(Inquiry& inquiry);
     Task<Done> choosePane(Inquiry& inquiry);
     Task<bool> chooseViewInFront(Inquiry& inquiry);
     std::vector<Accessible> likelyItems() const;

@@ -15,8 +15,7 @@ constexpr std::size_t kMostButtons = 64;  // in one row
 
 struct Node {
     Accessible object;
-    Accessible parent = {};
-    Accessible grandparent = {};
+    std::vector<Accessible> above = {};  // from the frame down to its parent
     int depth = 0;
     bool isUnderStatusBar = false;
     Role role = Role::filler;
@@ -112,10 +111,10 @@ private:
             for (const Accessible& child : *children) {
                 if (objectCount_++ >= kMostObjects) break;
                 nodes.push_back({.object = child,
-                                 .parent = containers[i].object,
-                                 .grandparent = containers[i].parent,
+                                 .above = containers[i].above,
                                  .depth = containers[i].depth + 1,
                                  .isUnderStatusBar = containers[i].isUnderStatusBar});
+                nodes.back().above.push_back(containers[i].object);
             }
             co_await describe(&nodes);
             takeRows(containers[i].object, nodes);
@@ -177,7 +176,9 @@ private:
             return std::find(interfaces->begin(), interfaces->end(), whole) != interfaces->end();
         };
         View view = {.object = node.object, .size = *size, .depth = node.depth};
-        view.focusMarks = {node.object, node.parent, node.grandparent};
+        view.above = node.above;
+        view.focusMarks = {node.object, node.above.back()};
+        if (node.above.size() > 1) view.focusMarks.push_back(node.above[node.above.size() - 2]);
         if (node.role == Role::directoryPane) {
             // Its inside is one panel without items, or a list that goes before it.
             const auto inside = objectIn(co_await inquiry_.answer(childQuestion(node.object, 0)));

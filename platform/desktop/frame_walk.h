@@ -25,7 +25,8 @@ struct View {
     Accessible object;
     ViewAccess access = ViewAccess::opaque;
     Size size;
-    int depth = 0;  // steps from the frame
+    int depth = 0;                       // steps from the frame
+    std::vector<Accessible> above = {};  // the containers from the frame down to the view
     // The view, what is around it and what is in it: one of them has the focus when the view has.
     std::vector<Accessible> focusMarks = {};
 };

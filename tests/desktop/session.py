@@ -41,11 +41,12 @@ def endProcess(process, seconds=3):
 class DesktopSession:
     """Use as a context manager. `environment` is what every program of the session runs in."""
 
-    def __init__(self, locale="C.UTF-8", accessibility=True):
+    def __init__(self, locale="C.UTF-8", accessibility=True, prepare=None):
         self.root = tempfile.mkdtemp(prefix="pinorama-desktop-")
-        self.home = os.path.join(self.root, "home")
+        self.home = os.path.join(self.root, "Nutzer")
         self.processes = []
         self.locale = locale
+        self.prepare = prepare  # makes the locale in a folder and returns that folder
         self.accessibility = accessibility
         self.environment = None
         self.windowManager = None
@@ -80,13 +81,26 @@ class DesktopSession:
             "GSK_RENDERER": "cairo",
             "NO_AT_BRIDGE": "0",
             "GIO_USE_VFS": "local",
-            "GSETTINGS_BACKEND": "memory",
+            "GSETTINGS_BACKEND": "keyfile",
             "XDG_CURRENT_DESKTOP": "Pinorama-Test",
         })
+        if self.prepare and self.locale != "C.UTF-8":
+            self.environment["LOCPATH"] = self.prepare(self.root, self.locale)
+            self.environment["LANGUAGE"] = self.locale.partition("_")[0]
+        self._writeSettings()
         self._startDisplay()
         self._startBus()
         self.windowManager = self.start(["openbox", "--sm-disable"])
+        if not waitFor(lambda: self.run(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"]), 10):
+            raise RigError("openbox did not start")
         self.enableAccessibilityBus()
+
+    def _writeSettings(self):
+        """Tests may run as the root user, which Nemo treats as special otherwise."""
+        folder = os.path.join(self.home, ".config", "glib-2.0", "settings")
+        os.makedirs(folder)
+        with open(os.path.join(folder, "keyfile"), "w", encoding="utf-8") as settings:
+            settings.write("[org/nemo/preferences]\ntreat-root-as-normal=true\n")
 
     def _startDisplay(self):
         reader, writer = os.pipe()
@@ -147,7 +161,7 @@ class DesktopSession:
         return self.run(["gdbus", "call", "--session", "--dest", service, "--object-path", path,
                          "--method", method, *arguments])
 
-    def _strays(self):
+    def strays(self):
         """Processes that a bus started on demand: they carry this session's home folder."""
         mark = ("HOME=" + self.home).encode()
         for entry in os.listdir("/proc"):
@@ -165,11 +179,11 @@ class DesktopSession:
             endProcess(process)
         self.processes = []
         for sign in (signal.SIGTERM, signal.SIGKILL):
-            for stray in self._strays():
+            for stray in self.strays():
                 try:
                     os.kill(stray, sign)
                 except ProcessLookupError:
                     pass
-            if waitFor(lambda: not list(self._strays()), 2):
+            if waitFor(lambda: not list(self.strays()), 2):
                 break
         shutil.rmtree(self.root, ignore_errors=True)

@@ -1,0 +1,54 @@
+"""The seven file managers: how each is started and which keys do what in it."""
+
+from dataclasses import dataclass, field
+
+
+@dataclass
+class Manager:
+    name: str
+    command: list                  # without the folder
+    process: str
+    views: dict = field(default_factory=dict)  # view -> (keys that switch to it, key to the next item)
+    firstView: str = "icons"
+    split: str = ""                # key that opens and closes a second pane; "" for none
+    newTab: tuple = ("ctrl+t",)    # keys that open a tab and go to it
+    extra: dict = field(default_factory=dict)  # environment
+    desktop: list = None           # command that draws desktop icons
+    tellsSeveral: bool = False     # whether the paths of several selected items are told
+
+
+ICONS = "Right"
+LIST = "Down"
+
+MANAGERS = [
+    Manager("nautilus", ["nautilus", "--new-window"], "nautilus",
+            views={"icons": (["ctrl+2"], ICONS), "list": (["ctrl+1"], LIST)}, tellsSeveral=True),
+    Manager("nemo", ["nemo", "--no-desktop"], "nemo",
+            views={"icons": (["ctrl+1"], ICONS), "list": (["ctrl+2"], LIST),
+                   "compact": (["ctrl+3"], LIST)},
+            split="F3", desktop=["nemo-desktop"], tellsSeveral=True),
+    Manager("caja", ["caja", "--no-desktop", "--browser"], "caja",
+            views={"icons": (["ctrl+1"], ICONS), "list": (["ctrl+2"], LIST),
+                   "compact": (["ctrl+3"], LIST)},
+            split="F3", desktop=["caja", "--force-desktop", "--no-default-window"],
+            tellsSeveral=True),
+    Manager("thunar", ["thunar"], "thunar",
+            views={"icons": (["ctrl+1"], ICONS), "list": (["ctrl+2"], LIST),
+                   "compact": (["ctrl+3"], LIST)},
+            split="F3"),
+    Manager("pcmanfm", ["pcmanfm", "-n"], "pcmanfm",
+            views={"icons": (["ctrl+1"], ICONS), "compact": (["ctrl+2"], LIST),
+                   "list": (["ctrl+4"], LIST)},
+            extra={"GTK_MODULES": "gail:atk-bridge"}),
+    Manager("pcmanfm-qt", ["pcmanfm-qt", "-n"], "pcmanfm-qt",
+            views={"icons": ([], ICONS)}, newTab=("ctrl+t", "ctrl+Next"),
+            split="F6", desktop=["pcmanfm-qt", "--desktop"]),
+    Manager("dolphin", ["dolphin", "--new-window"], "dolphin",
+            views={"icons": (["ctrl+1"], ICONS), "compact": (["ctrl+2"], LIST),
+                   "list": (["ctrl+3"], LIST)},
+            split="F3"),
+]
+
+
+def managerNamed(name):
+    return next(manager for manager in MANAGERS if manager.name == name)

@@ -1,0 +1,72 @@
+"""The real selection source at work: selection_probe asks it five times a second, and this listens
+to what it hears."""
+
+import os
+import subprocess
+import threading
+import time
+import urllib.parse
+
+
+class Probe:
+    def __init__(self, session, program):
+        self.session = session
+        self.log = os.path.join(session.root, "selection_probe.log")
+        self.process = session.start([program], stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+        self.heard = []  # (moment, list of paths)
+        self.statsLine = None
+        self.changed = threading.Condition()
+        self.reader = threading.Thread(target=self._read, daemon=True)
+        self.reader.start()
+
+    def _read(self):
+        for line in self.process.stdout:
+            words = line.decode("ascii").split()
+            with self.changed:
+                if words[0] == "paths":
+                    paths = [urllib.parse.unquote_to_bytes(word) for word in words[1:]
+                             if word != "-"]
+                    self.heard.append((time.monotonic(), paths))
+                elif words[0] == "stats":
+                    self.statsLine = [int(word) for word in words[1:]]
+                self.changed.notify_all()
+
+    def paths(self):
+        with self.changed:
+            return self.heard[-1][1] if self.heard else []
+
+    def waitUntil(self, condition, seconds):
+        """Waits until `condition` holds of the newest answer; returns that answer or None."""
+        end = time.monotonic() + seconds
+        with self.changed:
+            while True:
+                newest = self.heard[-1][1] if self.heard else []
+                if condition(newest):
+                    return newest
+                left = end - time.monotonic()
+                if left <= 0:
+                    return None
+                self.changed.wait(left)
+
+    def tell(self, command):
+        self.process.stdin.write(command.encode() + b"\n")
+        self.process.stdin.flush()
+
+    def stats(self):
+        """(questions, median microseconds, longest, processor microseconds per second) since the
+        last time."""
+        with self.changed:
+            self.statsLine = None
+        self.tell("stats")
+        with self.changed:
+            self.changed.wait_for(lambda: self.statsLine is not None, 5)
+            return self.statsLine
+
+    def messages(self):
+        """What the program has written to the terminal."""
+        with open(self.log, encoding="utf-8", errors="replace") as log:
+            return log.read()
+
+    def close(self):
+        self.session.end(self.process)
+        self.reader.join(2)
