@@ -209,8 +209,7 @@ std::optional<std::vector<platform::Accessible>> platform::objectsIn(const QDBus
     std::vector<Accessible> objects;
     argument->beginArray();
     while (!argument->atEnd() && objects.size() < limit) {
-        Accessible object = readObject(*argument);
-        if (!object.isNull()) objects.push_back(std::move(object));
+        objects.push_back(readObject(*argument));
     }
     return objects;
 }

@@ -106,7 +106,7 @@ QDBusMessage columnCountQuestion(const Accessible& object);
 QDBusMessage cellQuestion(const Accessible& object, int row, int column);
 
 // Answers. Each gives nothing for an error message and for an answer of another form; lists end
-// after `limit` entries, however long the answer is.
+// after `limit` entries, however long the answer is. A list may hold null objects.
 std::optional<std::uint32_t> numberIn(const QDBusMessage& answer);  // also of a property
 std::optional<QString> textIn(const QDBusMessage& answer);          // also of a property
 std::optional<States> statesIn(const QDBusMessage& answer);

@@ -51,6 +51,13 @@ void platform::FrameReader::forget()
 void platform::FrameReader::noteFocus(const Accessible& item)
 {
     focused_ = item;
+    touched_ = item;
+    isStale_ = true;
+}
+
+void platform::FrameReader::noteSelection(const Accessible& view)
+{
+    touched_ = view;
     isStale_ = true;
 }
 
@@ -211,19 +218,29 @@ platform::Task<bool> platform::FrameReader::isOfOneMake(Inquiry& inquiry)
     co_return true;
 }
 
+// Of several panes the one counts that has the focus, or, where a view does not tell, the one in
+// which something was focused or selected last.
 platform::Task<platform::Done> platform::FrameReader::choosePane(Inquiry& inquiry)
 {
     std::vector<QDBusMessage> questions;
     for (const View& view : layout_.views) {
         for (const Accessible& mark : view.focusMarks) questions.push_back(statesQuestion(mark));
     }
+    if (!touched_.isNull()) questions.push_back(parentQuestion(touched_));
     const auto answers = co_await inquiry.answers(questions);
+
+    std::optional<std::size_t> focusedPane;
+    std::optional<std::size_t> touchedPane;
+    const auto holder = touched_.isNull() ? std::nullopt : objectIn(answers.back());
     auto answer = answers.begin();
     for (std::size_t i = 0; i < layout_.views.size(); i++) {
-        for (std::size_t j = 0; j < layout_.views[i].focusMarks.size(); j++, ++answer) {
-            if (has(statesIn(*answer).value_or(0), State::focused)) pane_ = i;
+        const View& view = layout_.views[i];
+        for (std::size_t j = 0; j < view.focusMarks.size(); j++, ++answer) {
+            if (has(statesIn(*answer).value_or(0), State::focused)) focusedPane = i;
         }
+        if (view.object == touched_ || holder == view.object) touchedPane = i;
     }
+    pane_ = focusedPane.value_or(touchedPane.value_or(pane_));
     co_return {};
 }
 
@@ -469,7 +486,7 @@ platform::Task<std::optional<std::string>> platform::FrameReader::pathByNamesIns
         for (const QDBusMessage& list : childLists) {
             for (Accessible& child :
                  objectsIn(list, kMostParts).value_or(std::vector<Accessible>{}))
-                if (level.size() < kMostParts) level.push_back(std::move(child));
+                if (!child.isNull() && level.size() < kMostParts) level.push_back(std::move(child));
         }
         questions.clear();
         for (const Accessible& object : level) questions.push_back(nameQuestion(object));

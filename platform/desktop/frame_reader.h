@@ -45,6 +45,9 @@ public:
     // An item of this program got the focus; it is likely to be the selected one.
     void noteFocus(const Accessible& item);
 
+    // The selection of a view of this program has changed.
+    void noteSelection(const Accessible& view);
+
     bool isFound() const { return isFound_; }
 
     // Whether the selection has to be read anew: something changed, or so much time has gone by
@@ -105,7 +108,8 @@ private:
     bool isStale_ = true;
     Clock::time_point readAt_;
     std::chrono::microseconds cost_ = std::chrono::seconds(1);
-    Accessible focused_;
+    Accessible focused_;    // item that got the focus last
+    Accessible touched_;    // item or view in which something happened last
     Accessible item_;       // the one whose path was found last,
     Accessible namedPart_;  // the part of it that had its name,
     QString partName_;      // and that name

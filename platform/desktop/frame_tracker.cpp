@@ -104,7 +104,7 @@ platform::Task<platform::Done> platform::FrameTracker::lookAround(Inquiry& inqui
     std::vector<QString> unknown;
     std::vector<QDBusMessage> questions;
     for (const Accessible& root : *roots) {
-        if (programOf(root.service) != nullptr) continue;
+        if (root.isNull() || programOf(root.service) != nullptr) continue;
         unknown.push_back(root.service);
         questions.push_back(processQuestion(root.service));
     }
@@ -143,7 +143,7 @@ platform::Task<platform::Done> platform::FrameTracker::lookAt(Inquiry& inquiry, 
         const bool isKnown =
             std::any_of(program->frames.begin(), program->frames.end(),
                         [&](const Frame& frame) { return frame.reader->frame() == object; });
-        if (isKnown) continue;
+        if (isKnown || object.isNull()) continue;
         const auto answers = co_await inquiry.answers(
             together(roleQuestion(object), attributesQuestion(object), statesQuestion(object)));
         const auto role = static_cast<Role>(numberIn(answers[0]).value_or(0));
@@ -191,6 +191,12 @@ platform::Task<std::shared_ptr<platform::FrameReader>> platform::FrameTracker::a
             frame.isActive = isActive;
         }
     }
+    // Who leaves a window and comes back between two questions was never seen elsewhere.
+    for (Program& program : programs_) {
+        for (Frame& frame : program.frames) {
+            if (frame.isActive && !isLatestActive()) frame.activatedAt = ++activations_;
+        }
+    }
     // A window without a view of files, such as one that shows the progress of copying, does not
     // count; whether it has one must be found out first.
     for (Program& program : programs_) {
@@ -211,6 +217,18 @@ platform::Task<std::shared_ptr<platform::FrameReader>> platform::FrameTracker::a
         co_return nullptr;
     }
     co_return lastFrame_;
+}
+
+// Whether the window that became active last is active still.
+bool platform::FrameTracker::isLatestActive() const
+{
+    const Frame* latest = nullptr;
+    for (const Program& program : programs_) {
+        for (const Frame& frame : program.frames) {
+            if (latest == nullptr || frame.activatedAt > latest->activatedAt) latest = &frame;
+        }
+    }
+    return latest != nullptr && latest->isActive;
 }
 
 void platform::FrameTracker::startWalking(Frame& frame)
@@ -270,6 +288,8 @@ void platform::FrameTracker::onHeard(const QString& service, const QString& path
     for (Frame& frame : program->frames) {
         if (event == QLatin1String("focused") && isOn) {
             frame.reader->noteFocus({service, path});
+        } else if (event == QLatin1String("selection")) {
+            frame.reader->noteSelection({service, path});
         } else {
             frame.reader->markStale();
         }

@@ -76,6 +76,7 @@ private:
     void ping(const QString& service);
     void onHeard(const QString& service, const QString& path, const QString& event, bool isOn);
     void onTimer();
+    bool isLatestActive() const;
     Program* programOf(const QString& service);
 
     AccessibilityBus bus_;

@@ -109,6 +109,7 @@ private:
             if (!children || children->empty()) continue;
             std::vector<Node> nodes;
             for (const Accessible& child : *children) {
+                if (child.isNull()) continue;
                 if (objectCount_++ >= kMostObjects) break;
                 nodes.push_back({.object = child,
                                  .above = containers[i].above,
@@ -117,7 +118,7 @@ private:
                 nodes.back().above.push_back(containers[i].object);
             }
             co_await describe(&nodes);
-            takeRows(containers[i].object, nodes);
+            takeRows(containers[i].object, children->size(), nodes);
             for (Node& node : nodes) co_await take(node, next);
         }
         co_return {};
@@ -197,7 +198,7 @@ private:
         co_return true;
     }
 
-    void takeRows(const Accessible& parent, const std::vector<Node>& nodes)
+    void takeRows(const Accessible& parent, std::size_t childCount, const std::vector<Node>& nodes)
     {
         bool isParentOfRow = false;
         for (std::size_t first = 0; first < nodes.size();) {
@@ -212,8 +213,8 @@ private:
             }
             first = end;
         }
-        if (isParentOfRow)
-            layout_->rowParents.push_back({parent, static_cast<std::uint32_t>(nodes.size())});
+        if (isParentOfRow && childCount < kMostChildren)
+            layout_->rowParents.push_back({parent, static_cast<std::uint32_t>(childCount)});
     }
 
     Inquiry& inquiry_;

@@ -255,7 +255,7 @@ def panes(follow):
         follow.desktop.keys(follow.step)
         follow.expect(lambda paths: len(paths) == 1 and paths[0] != right, "the next item")
         moved = follow.probe.paths()[0]
-        follow.desktop.clickEmptySpace(follow.window, 0.55)
+        follow.desktop.clickEmptySpace(follow.window, 0.48)
         follow.desktop.keys("Home", follow.step, "Home", follow.step, follow.step)
         follow.expect(lambda paths: len(paths) == 1 and paths[0] not in (right, moved),
                       "an item of the left pane")
