@@ -62,12 +62,8 @@ std::optional<platform::PixelImage> decodeOtherPicture(platform::ByteSource& sou
     const platform::Orientation orientation = orientationOf(reader.transformation());
     if (platform::isTransposed(orientation)) std::swap(box.width, box.height);
 
-    // Where a plug-in knows the size beforehand, some decode directly at a smaller one.
-    const QSize size = reader.size();
-    const platform::PixelSize wanted = platform::fitInto({size.width(), size.height()}, box);
-    if (wanted.width != 0 && size != QSize(wanted.width, wanted.height)) {
-        reader.setScaledSize(QSize(wanted.width, wanted.height));
-    }
+    // Asked for a smaller size Qt would scale with several threads, which the reader cannot start any
+    // more; scaledPixels does without.
     const QImage image = reader.read();
     if (image.isNull()) return std::nullopt;
     return platform::turnedUpright(scaledPixels(image, box), orientation);

@@ -134,6 +134,32 @@ TEST_F(imageWithPreviewOfFileAtPath, showsOtherKindsOfPictures)
     }
 }
 
+TEST_F(imageWithPreviewOfFileAtPath, showsLargePicturesOfOtherKinds)
+{
+    // Large enough for the toolkit to use several threads, which the reader must not.
+    QImage image(2400, 1200, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    for (const QImage::Format format :
+         {QImage::Format_Grayscale8, QImage::Format_Grayscale16, QImage::Format_Mono}) {
+        const std::string path = folder_.file("large.png");
+        ASSERT_TRUE(image.convertToFormat(format).save(QString::fromStdString(path)));
+        EXPECT_TRUE(test::areNear(quartersOf(pictureOf(path, QSizeF(100, 100))),
+                                  std::vector<std::uint32_t>(4, 0xffffffff)))
+            << format;
+    }
+    image.fill(QColor(0, 0, 255));
+    for (const QImage::Format format :
+         {QImage::Format_RGB32, QImage::Format_ARGB32, QImage::Format_RGBA64,
+          QImage::Format_Indexed8, QImage::Format_RGB16}) {
+        const std::string path = folder_.file("large.png");
+        ASSERT_TRUE(image.convertToFormat(format).save(QString::fromStdString(path)));
+        const QPixmap shown = pictureOf(path, QSizeF(100, 100));
+        EXPECT_EQ(shown.size(), QSize(100, 50)) << format;
+        EXPECT_TRUE(test::areNear(quartersOf(shown), std::vector<std::uint32_t>(4, test::kBlue)))
+            << format;
+    }
+}
+
 TEST_F(imageWithPreviewOfFileAtPath, keepsTransparencyOfOtherPictures)
 {
     QImage image(40, 40, QImage::Format_ARGB32);
@@ -206,10 +232,15 @@ TEST_F(imageWithPreviewOfFileAtPath, takesAThumbnailFromTheCache)
 TEST_F(imageWithPreviewOfFileAtPath, scalesALargerThumbnailDown)
 {
     const std::string path = picture();
-    cache("large", 256, "file://" + path, mtimeOf(path), Qt::cyan);
-    const QPixmap shown = pictureOf(path);
-    EXPECT_EQ(shown.size(), QSize(128, 64));
-    EXPECT_EQ(quartersOf(shown)[0], 0xff00ffff);
+    for (const auto& [name, side] :
+         {std::pair("xx-large", 1024), {"x-large", 512}, {"large", 256}}) {
+        cache(name, side, "file://" + path, mtimeOf(path), Qt::cyan);
+        const QPixmap shown = pictureOf(path);
+        EXPECT_EQ(shown.size(), QSize(128, 64)) << name;
+        EXPECT_EQ(quartersOf(shown)[0], 0xff00ffff) << name;
+        std::filesystem::remove(cachePath(name, "file://" + path));
+        std::filesystem::remove_all(folder_.file("cache"));
+    }
 }
 
 TEST_F(imageWithPreviewOfFileAtPath, passesOverThumbnailsThatDoNotServe)
