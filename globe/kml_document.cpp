@@ -64,13 +64,7 @@ TovStringRef gpsMakeKMLDocument(const fileInfoRecord* info, TovStringRef name)
     if (!document) return nullptr;
 
     gpsInsertKmlHeader(document.slot(), name);
-    TovStringAppendCString(document.slot(), "<Placemark>");
-    appendElement(document.slot(), "<name>", name, "</name>");
-    TovStringAppendCString(document.slot(), "<open>1</open>");
-    appendElement(document.slot(), "<description>", name, "</description>");
-    TovStringAppendCString(document.slot(), "<styleUrl>#22370</styleUrl><Point>");
-    appendCoordinates(document.slot(), *info);
-    TovStringAppendCString(document.slot(), "</Point></Placemark>");
+    gpsInsertKmlPlacemark(document.slot(), *info, name);
     gpsInsertKmlFooter(document.slot());
     return document.take();
 }
@@ -84,6 +78,17 @@ void gpsInsertKmlHeader(TovStringRef* document, TovStringRef name)
         TovStringAppendCString(document, "<name>Pinorama Export.kml</name>");
     }
     TovStringAppendCString(document, kStyles);
+}
+
+void gpsInsertKmlPlacemark(TovStringRef* document, const fileInfoRecord& info, TovStringRef name)
+{
+    TovStringAppendCString(document, "<Placemark>");
+    appendElement(document, "<name>", name, "</name>");
+    TovStringAppendCString(document, "<open>1</open>");
+    appendElement(document, "<description>", name, "</description>");
+    TovStringAppendCString(document, "<styleUrl>#22370</styleUrl><Point>");
+    appendCoordinates(document, info);
+    TovStringAppendCString(document, "</Point></Placemark>");
 }
 
 void gpsInsertKmlFooter(TovStringRef* document)

@@ -24,5 +24,8 @@
 // Without a name the document is called "Pinorama Export.kml".
 void gpsInsertKmlHeader(TovStringRef* document, TovStringRef name);
 
+// Appends the placemark of one picture. The name stands in it twice, as it is.
+void gpsInsertKmlPlacemark(TovStringRef* document, const fileInfoRecord& info, TovStringRef name);
+
 // Appends the end of the document.
 void gpsInsertKmlFooter(TovStringRef* document);

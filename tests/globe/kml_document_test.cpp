@@ -116,3 +116,14 @@ TEST(gpsInsertKmlHeader, andFooterAppendToWhatIsThere)
                          "<name>Pinorama Export.kml</name>"));
     EXPECT_TRUE(text.ends_with("</Style></Document></kml>"));
 }
+
+TEST(gpsInsertKmlPlacemark, isThePieceOfTheSingleDocument)
+{
+    const fileInfoRecord info = place(48.858371, 'N', 2.294481, 'E');
+    const test::Text name = test::text("Tour Eiffel.JPG");
+    TovStringRef document = TovStringCreateMutable();
+    gpsInsertKmlHeader(&document, name.get());
+    gpsInsertKmlPlacemark(&document, info, name.get());
+    gpsInsertKmlFooter(&document);
+    EXPECT_EQ(test::takeUTF8(document), test::takeUTF8(gpsMakeKMLDocument(&info, name.get())));
+}
