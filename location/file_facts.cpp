@@ -24,13 +24,17 @@ std::uint32_t macTimeOf(std::int64_t unixSeconds)
 
 fileFacts gpsReadFileFacts(TovStringRef path)
 {
-    fileFacts facts{};
     const std::optional<platform::FileAttributes> attributes =
         platform::attributesOf(platform::pathBytes(path));
-    if (!attributes) return facts;
-    if (attributes->isRegular) facts.size = attributes->size;
-    facts.modified = macTimeOf(attributes->modified);
-    if (attributes->created) facts.created = macTimeOf(*attributes->created);
+    return attributes ? gpsMakeFileFacts(*attributes) : fileFacts{};
+}
+
+fileFacts gpsMakeFileFacts(const platform::FileAttributes& attributes)
+{
+    fileFacts facts{};
+    if (attributes.isRegular) facts.size = attributes.size;
+    facts.modified = macTimeOf(attributes.modified);
+    if (attributes.created) facts.created = macTimeOf(*attributes.created);
     return facts;
 }
 

@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "location/file_name.h"
+#include "platform/files/file_attributes.h"
 #include "platform/objects/string.h"
 
 struct fileFacts {
@@ -18,6 +19,9 @@ struct fileFacts {
 // Reads the facts of what is at `path`, at the end of any symbolic links. When there is no such
 // item all of them are missing.
 fileFacts gpsReadFileFacts(TovStringRef path);
+
+// The same out of attributes that have been read already.
+fileFacts gpsMakeFileFacts(const platform::FileAttributes& attributes);
 
 // Returns a new text: the size with one decimal and its unit, or "n.a." when there is none.
 [[nodiscard]] TovStringRef gpsMakeFileSizeText(const fileFacts& facts);

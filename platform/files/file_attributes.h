@@ -21,4 +21,7 @@ struct FileAttributes {
 // such item or it cannot be looked at; errno tells why.
 std::optional<FileAttributes> attributesOf(const std::string& path);
 
+// The attributes of what is open under a descriptor.
+std::optional<FileAttributes> attributesOf(int descriptor);
+
 }  // namespace platform

@@ -32,6 +32,19 @@ TEST(attributesOf, tellsSizeAndKind)
     EXPECT_FALSE(platform::attributesOf("/dev/null")->isRegular);
 }
 
+TEST(attributesOf, tellsTheSameOfAnOpenFile)
+{
+    const test::TemporaryFolder folder;
+    const std::string file = folder.write("a", "12345");
+    for (const std::string& path : {file, folder.path()}) {
+        const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+        ASSERT_GE(descriptor, 0);
+        EXPECT_EQ(platform::attributesOf(descriptor), platform::attributesOf(path));
+        close(descriptor);
+    }
+    EXPECT_EQ(platform::attributesOf(-1), std::nullopt);
+}
+
 TEST(attributesOf, doesNotWaitForAPipe)
 {
     const test::TemporaryFolder folder;
