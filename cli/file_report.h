@@ -38,8 +38,10 @@ struct FileReport {
     std::string coordinate;
     std::string altitudeText;
     std::string direction;
-    std::string error;  // why the file could not be read; empty when it could
-};
+    // What was wished for of a usable position.
+    std::string address;    // of a web service or of the cataloguing program, or a globe's script
+    std::string placemark;  // a piece of a KML document
+    std::string error;      // why the file could not be read; empty when it could
 
-// Reads one file. `path` is in the raw bytes of the system.
-FileReport reportOnFile(const std::string& path);
+    bool isLocated() const { return place && place->result == 0; }
+};

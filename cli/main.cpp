@@ -1,58 +1,54 @@
 // pinorama-info: what the window shows, on a terminal and for many files.
 
-#include "cli/file_report.h"
-#include "cli/json_line.h"
-#include "cli/options.h"
-#include "cli/printable.h"
-#include "cli/text_block.h"
+#include "cli/batch_run.h"
+#include "cli/complaint.h"
+#include "cli/kml_export.h"
+#include "globe/web_services.h"
 #include "lib/ui/application_bundle.h"
-#include "platform/pictures/sandboxed_properties.h"
 
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <string>
+#include <utility>
 
 namespace {
-constexpr int kSuccess = 0;
-constexpr int kSomeFileFailed = 1;
-constexpr int kWrongUsage = 2;
-
 void complain(const std::string& what)
 {
-    std::string line = "pinorama-info: ";
-    appendPrintable(what, &line);
-    line += '\n';
+    std::string line;
+    appendComplaint(what, &line);
     std::fputs(line.c_str(), stderr);
 }
 
-bool print(const std::string& text)
+int print(const std::string& text)
 {
-    return std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
+    std::fputs(text.c_str(), stdout);
+    if (std::fflush(stdout) == 0) return kSuccess;
+    complain(std::string("standard output: ") + std::strerror(errno));
+    return kSomeFileFailed;
 }
 
-// Prints the reports of all files, each as soon as it is there.
-int reportOnFiles(const Options& options)
+int exportOne(const Options& options)
 {
-    int status = kSuccess;
-    bool isFirst = true;
-    for (const std::string& path : options.files) {
-        const FileReport report = reportOnFile(path);
-        std::string text;
-        if (options.json) {
-            appendJsonLine(report, &text);
-        } else if (report.error.empty()) {
-            if (!isFirst) text += '\n';
-            isFirst = false;
-            appendTextBlock(report, &text);
-        }
-        if (!print(text)) break;
-        if (!report.error.empty()) {
-            complain(report.path + ": " + report.error);
-            status = kSomeFileFailed;
+    FileReporter reporter({.output = options.output}, makePropertyReading());
+    const std::string problem = exportPicture(&reporter, options.files.front(), options.kmlPath);
+    if (problem.empty()) return kSuccess;
+    complain(problem);
+    return kSomeFileFailed;
+}
+
+int report(const Options& options)
+{
+    StringHolder serviceTemplate;
+    if (options.output == Output::webAddress) {
+        const StringHolder title(appCopyServiceTitle(options.webService));
+        serviceTemplate = StringHolder(appCopyServiceTemplate(title.get()));
+        if (!title || !serviceTemplate) {
+            complain("there is no web service " + std::to_string(options.webService));
+            return kWrongUsage;
         }
     }
-    return status;
+    return reportOnFiles(options, std::move(serviceTemplate));
 }
 }  // namespace
 
@@ -65,20 +61,13 @@ int main(int argc, char** argv)
         std::fputs(shortUsage().c_str(), stderr);
         return kWrongUsage;
     }
+    if (options.help) return print(fullUsage());
+    if (options.version) return print("pinorama-info " PINORAMA_VERSION "\n");
 
-    int status = kSuccess;
-    if (options.help) {
-        print(fullUsage());
-    } else if (options.version) {
-        print("pinorama-info " PINORAMA_VERSION "\n");
-    } else {
-        iuRegisterApplicationBundle();
-        platform::installPropertySource(platform::makeSandboxedPropertySource());
-        status = reportOnFiles(options);
-    }
-    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
-        complain(std::string("standard output: ") + std::strerror(errno));
-        return kSomeFileFailed;
-    }
-    return status;
+    iuRegisterApplicationBundle();
+    if (!options.isSingleExport()) return report(options);
+    const int status = exportOne(options);
+    options.kmlPath.clear();
+    const bool isDone = status != kSuccess || options.output == Output::nothing;
+    return isDone ? status : report(options);
 }

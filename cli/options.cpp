@@ -3,36 +3,105 @@
 #include <getopt.h>
 
 #include <array>
+#include <charconv>
+#include <cstring>
 
 namespace {
+// What is read before it is known to fit together.
+struct Reading {
+    Options* options;
+    bool hasOutput = false;
+    std::string error{};
+};
+
+void choose(Reading& reading, Output output)
+{
+    if (reading.hasOutput && reading.options->output != output) {
+        reading.error =
+            "only one of --json, --csv, --web, --search and --print-script can be given";
+    }
+    reading.hasOutput = true;
+    reading.options->output = output;
+}
+
+void chooseWebService(Reading& reading, const char* value)
+{
+    choose(reading, Output::webAddress);
+    std::int32_t& number = reading.options->webService;
+    const char* end = value + std::strlen(value);
+    const auto [stop, problem] = std::from_chars(value, end, number);
+    if (problem != std::errc() || stop != end || number < 1) {
+        reading.error = std::string("--web needs the number of a web service, not ") + value;
+    }
+}
+
+void chooseDocument(Reading& reading, const char* value)
+{
+    reading.options->kmlPath = value;
+    if (*value == '\0') reading.error = "--kml needs the name of a file";
+}
+
 // One row for each option: all that has to be said about it.
 struct OptionRow {
+    char letter;  // 0 when it has only its name
     const char* name;
     const char* value;  // how its value is called in the usage text; null when it takes none
     const char* help;
-    void (*apply)(Options&, const char* value);
+    void (*apply)(Reading& reading, const char* value);
 };
 
 constexpr OptionRow kRows[] = {
-    {"json", nullptr, "print one JSON object per file and line",
-     [](Options& options, const char*) { options.json = true; }},
-    {"help", nullptr, "print this text",
-     [](Options& options, const char*) { options.help = true; }},
-    {"version", nullptr, "print the version",
-     [](Options& options, const char*) { options.version = true; }},
+    {'r', "recursive", nullptr, "look through folders and all folders in them for pictures",
+     [](Reading& reading, const char*) { reading.options->recursive = true; }},
+    {0, "json", nullptr, "print one JSON object per file and line",
+     [](Reading& reading, const char*) { choose(reading, Output::json); }},
+    {0, "csv", nullptr, "print a table with the same fields, separated by commas",
+     [](Reading& reading, const char*) { choose(reading, Output::csv); }},
+    {0, "kml", "DEST", "write the places as a KML document to the file DEST", chooseDocument},
+    {0, "web", "N", "print the address of web service N for each place", chooseWebService},
+    {0, "search", nullptr, "print the address of the catalogue search for each place",
+     [](Reading& reading, const char*) { choose(reading, Output::catalogueAddress); }},
+    {0, "print-script", nullptr, "print the script that flies a globe to each place",
+     [](Reading& reading, const char*) { choose(reading, Output::script); }},
+    {'q', "quiet", nullptr, "show no progress and no summary",
+     [](Reading& reading, const char*) { reading.options->quiet = true; }},
+    {0, "help", nullptr, "print this text",
+     [](Reading& reading, const char*) { reading.options->help = true; }},
+    {0, "version", nullptr, "print the version",
+     [](Reading& reading, const char*) { reading.options->version = true; }},
 };
 constexpr std::size_t kRowCount = std::size(kRows);
 constexpr std::size_t kHelpColumn = 22;
+constexpr int kFirstName = 256;  // what getopt_long gives for the first name; letters lie below
 
-// The rows as getopt_long wants them; the value of an option is its row.
-std::array<option, kRowCount + 1> longOptions()
-{
-    std::array<option, kRowCount + 1> options{};
-    for (std::size_t i = 0; i < kRowCount; i++) {
-        const int argument = kRows[i].value == nullptr ? no_argument : required_argument;
-        options[i] = {kRows[i].name, argument, nullptr, static_cast<int>(i)};
+// The rows as getopt_long wants them.
+struct GetoptTables {
+    std::array<option, kRowCount + 1> names{};
+    std::string letters = ":";  // a missing value is told from an unknown option
+
+    GetoptTables()
+    {
+        for (std::size_t i = 0; i < kRowCount; i++) {
+            const int argument = kRows[i].value == nullptr ? no_argument : required_argument;
+            names[i] = {kRows[i].name, argument, nullptr, kFirstName + static_cast<int>(i)};
+            if (kRows[i].letter != 0) letters += kRows[i].letter;
+        }
     }
-    return options;
+};
+
+const OptionRow& rowOf(int found)
+{
+    if (found >= kFirstName) return kRows[found - kFirstName];
+    const OptionRow* row = kRows;
+    while (row->letter != found) row++;
+    return *row;
+}
+
+std::string whyUnknown(char** argv)
+{
+    const bool isLetter = optopt != 0 && optopt < kFirstName;
+    const char letter[] = {'-', static_cast<char>(optopt), '\0'};
+    return std::string("unknown option: ") + (isLetter ? letter : argv[optind - 1]);
 }
 
 std::string nameOfRow(const OptionRow& row)
@@ -41,54 +110,63 @@ std::string nameOfRow(const OptionRow& row)
     if (row.value != nullptr) name += std::string(" ") + row.value;
     return name;
 }
+
+// "-r" or "--json".
+std::string shortNameOfRow(const OptionRow& row)
+{
+    return row.letter == 0 ? nameOfRow(row) : std::string("-") + row.letter;
+}
 }  // namespace
 
 bool readOptions(int argc, char** argv, Options* options, std::string* outError)
 {
-    const auto rows = longOptions();
+    const GetoptTables tables;
+    Reading reading{.options = options};
     opterr = 0;
     optind = 0;  // from the start, in case somebody has read options before
-    while (true) {
-        const int found = getopt_long(argc, argv, ":", rows.data(), nullptr);
+    while (reading.error.empty()) {
+        const int found =
+            getopt_long(argc, argv, tables.letters.c_str(), tables.names.data(), nullptr);
         if (found < 0) break;
         if (found == ':') {
-            *outError = std::string("option needs a value: ") + argv[optind - 1];
-            return false;
+            reading.error = std::string("option needs a value: ") + argv[optind - 1];
+        } else if (found == '?') {
+            reading.error = whyUnknown(argv);
+        } else {
+            rowOf(found).apply(reading, optarg);
         }
-        if (found == '?') {
-            const char letter[] = {'-', static_cast<char>(optopt), '\0'};
-            const bool isShort = optopt >= static_cast<int>(kRowCount) && optopt != 0;
-            *outError = std::string("unknown option: ") + (isShort ? letter : argv[optind - 1]);
-            return false;
-        }
-        kRows[found].apply(*options, optarg);
+    }
+    if (!reading.error.empty()) {
+        *outError = reading.error;
+        return false;
     }
     options->files.assign(argv + optind, argv + argc);
+    if (!options->kmlPath.empty() && !reading.hasOutput) options->output = Output::nothing;
     if (options->help || options->version || !options->files.empty()) return true;
-    *outError = "no file given";
+    *outError = options->recursive ? "no folder given" : "no file given";
     return false;
 }
 
 std::string shortUsage()
 {
-    std::string usage = "Usage: pinorama-info";
-    for (const OptionRow& row : kRows) {
-        const std::string name = row.name;
-        if (name != "help" && name != "version") usage += " [" + nameOfRow(row) + "]";
-    }
-    return usage + " FILE...\n       pinorama-info --help | --version\n";
+    return "Usage: pinorama-info [OPTION...] FILE...\n"
+           "       pinorama-info -r [OPTION...] FOLDER...\n"
+           "       pinorama-info --help | --version\n";
 }
 
 std::string fullUsage()
 {
     std::string usage = shortUsage() + "\nTells where pictures were taken.\n\n";
     for (const OptionRow& row : kRows) {
-        std::string line = "  " + nameOfRow(row);
+        std::string line = row.letter == 0 ? "      " : "  " + shortNameOfRow(row) + ", ";
+        line += nameOfRow(row);
         line.resize(std::max(line.size() + 2, kHelpColumn), ' ');
         usage += line + row.help + '\n';
     }
     usage +=
-        "\nExit status: 0 when every file could be read, 1 when one could not, 2 for wrong "
-        "usage.\n";
+        "\nOf one FILE --kml writes the document that the window exports; of several, or with -r, "
+        "one\ndocument with a placemark for each located picture.\n"
+        "\nExit status: 0 when every file could be read, 1 when one could not or no place was "
+        "there to\nwrite or print, 2 for wrong usage, 130 after Ctrl-C.\n";
     return usage;
 }

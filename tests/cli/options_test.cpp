@@ -31,7 +31,7 @@ TEST(readOptions, takesFilesInTheirOrder)
 {
     const Outcome outcome = read({"b.jpg", "a.jpg", "b.jpg"});
     EXPECT_TRUE(outcome.isRight);
-    EXPECT_FALSE(outcome.options.json);
+    EXPECT_EQ(outcome.options.output, Output::text);
     EXPECT_EQ(outcome.options.files, (Files{"b.jpg", "a.jpg", "b.jpg"}));
 }
 
@@ -41,7 +41,7 @@ TEST(readOptions, findsOptionsBetweenFiles)
          {Files{"--json", "a", "b"}, Files{"a", "--json", "b"}, Files{"a", "b", "--json"}}) {
         const Outcome outcome = read(arguments);
         EXPECT_TRUE(outcome.isRight);
-        EXPECT_TRUE(outcome.options.json);
+        EXPECT_EQ(outcome.options.output, Output::json);
         EXPECT_EQ(outcome.options.files, (Files{"a", "b"}));
     }
 }
@@ -56,6 +56,56 @@ TEST(readOptions, endsOptionsAtTwoDashes)
 TEST(readOptions, takesOneDashForAFile)
 {
     EXPECT_EQ(read({"-"}).options.files, Files{"-"});
+}
+
+TEST(readOptions, takesOneOutput)
+{
+    const struct {
+        Files arguments;
+        Output expected;
+    } rows[] = {
+        {{"a"}, Output::text},
+        {{"--csv", "a"}, Output::csv},
+        {{"--json", "--json", "a"}, Output::json},
+        {{"--web", "3", "a"}, Output::webAddress},
+        {{"--search", "a"}, Output::catalogueAddress},
+        {{"--print-script", "a"}, Output::script},
+        {{"--kml", "d", "a"}, Output::nothing},
+        {{"--csv", "--kml", "d", "a"}, Output::csv},
+        {{"--kml", "d", "--csv", "a"}, Output::csv},
+    };
+    for (const auto& row : rows) EXPECT_EQ(read(row.arguments).options.output, row.expected);
+    EXPECT_EQ(read({"--web", "3", "a"}).options.webService, 3);
+    EXPECT_EQ(read({"--kml=d", "a"}).options.kmlPath, "d");
+}
+
+TEST(readOptions, takesLettersAndNames)
+{
+    for (const Files& arguments : {Files{"-r", "-q", "a"}, Files{"-rq", "a"},
+                                   Files{"--recursive", "--quiet", "a"}, Files{"a", "-qr"}}) {
+        const Outcome outcome = read(arguments);
+        EXPECT_TRUE(outcome.isRight);
+        EXPECT_TRUE(outcome.options.recursive);
+        EXPECT_TRUE(outcome.options.quiet);
+        EXPECT_EQ(outcome.options.files, Files{"a"});
+    }
+}
+
+TEST(readOptions, oneFileAndADocumentAreASingleExport)
+{
+    const struct {
+        Files arguments;
+        bool isSingle;
+    } rows[] = {
+        {{"--kml", "d", "a"}, true},
+        {{"--kml", "d", "--json", "a"}, true},
+        {{"--kml", "d", "a", "b"}, false},
+        {{"--kml", "d", "-r", "a"}, false},
+        {{"a"}, false},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(read(row.arguments).options.isSingleExport(), row.isSingle);
+    }
 }
 
 TEST(readOptions, needsNoFileForHelpAndVersion)
@@ -82,6 +132,19 @@ TEST(readOptions, tellsWhatIsWrong)
         {"unknown letters", {"-jx", "a.jpg"}, "unknown option: -j"},
         {"a value that is not wanted", {"--json=1", "a.jpg"}, "unknown option: --json=1"},
         {"another", {"--version=1"}, "unknown option: --version=1"},
+        {"no folder", {"-r"}, "no folder given"},
+        {"no value", {"a.jpg", "--kml"}, "option needs a value: --kml"},
+        {"an empty name", {"--kml", "", "a.jpg"}, "--kml needs the name of a file"},
+        {"no number", {"--web", "a.jpg"}, "--web needs the number of a web service, not a.jpg"},
+        {"the number nought", {"--web=0", "a"}, "--web needs the number of a web service, not 0"},
+        {"a negative number", {"--web=-1", "a"}, "--web needs the number of a web service, not -1"},
+        {"half a number", {"--web=1x", "a"}, "--web needs the number of a web service, not 1x"},
+        {"a number too many",
+         {"--web=99999999999", "a"},
+         "--web needs the number of a web service, not 99999999999"},
+        {"two outputs",
+         {"--json", "--csv", "a.jpg"},
+         "only one of --json, --csv, --web, --search and --print-script can be given"},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
@@ -100,9 +163,10 @@ TEST(readOptions, startsAnewOnEveryCall)
 
 TEST(fullUsage, namesEveryOption)
 {
-    for (const char* option : {"--json", "--help", "--version", "FILE..."}) {
+    for (const char* option :
+         {"-r, --recursive", "--json", "--csv", "--kml DEST", "--web N", "--search",
+          "--print-script", "-q, --quiet", "--help", "--version", "FILE..."}) {
         EXPECT_NE(fullUsage().find(option), std::string::npos) << option;
-        EXPECT_NE(shortUsage().find(option), std::string::npos) << option;
     }
     EXPECT_EQ(fullUsage().rfind(shortUsage(), 0), 0u);
 }

@@ -1,0 +1,20 @@
+// The whole work of pinorama-info: from the files of its command line to everything that is written
+// about them.
+
+#pragma once
+
+#include "cli/options.h"
+#include "lib/strings/string_holder.h"
+
+constexpr int kSuccess = 0;
+constexpr int kSomeFileFailed = 1;
+constexpr int kWrongUsage = 2;
+constexpr int kStoppedBySignal = 128;  // and its number
+
+// Writes the reports on all files, in their order, and the KML document. A few files are read one
+// after the other; folders and many files on all processors.
+//
+//   serviceTemplate  the address of the web service that the options name.
+//
+// Returns the exit status.
+int reportOnFiles(const Options& options, StringHolder serviceTemplate);

@@ -1,0 +1,69 @@
+#include "cli/batch_work.h"
+
+#include "cli/complaint.h"
+#include "cli/csv_line.h"
+#include "cli/json_line.h"
+#include "cli/text_block.h"
+
+#include <utility>
+
+void BatchResult::add(BatchResult following)
+{
+    if (files == 0) {
+        *this = std::move(following);
+        return;
+    }
+    output += following.output;
+    placemarks += following.placemarks;
+    complaints += following.complaints;
+    files += following.files;
+    located += following.located;
+    failed += following.failed;
+}
+
+BatchWork::BatchWork(ReportWishes wishes, PropertyReading reading)
+    : output_(wishes.output), reporter_(std::move(wishes), std::move(reading))
+{
+}
+
+BatchResult BatchWork::process(std::span<const std::string> paths)
+{
+    BatchResult result;
+    for (const FileReport& report : reporter_.report(paths)) {
+        appendOutput(report, &result.output);
+        result.placemarks += report.placemark;
+        if (!report.error.empty()) {
+            appendComplaint(report.path + ": " + report.error, &result.complaints);
+            result.failed++;
+        }
+        if (report.isLocated()) result.located++;
+        result.files++;
+    }
+    return result;
+}
+
+void BatchWork::appendOutput(const FileReport& report, std::string* out) const
+{
+    switch (output_) {
+    case Output::json: appendJsonLine(report, out); break;
+    case Output::csv: appendCsvLine(report, out); break;
+    case Output::text:
+        if (!report.error.empty()) break;
+        *out += kSeparator;
+        appendTextBlock(report, out);
+        break;
+    case Output::webAddress:
+    case Output::catalogueAddress:
+    case Output::script:
+        if (!report.address.empty()) *out += report.address + '\n';
+        break;
+    case Output::nothing: break;
+    }
+}
+
+std::string beginningOfOutput(Output output)
+{
+    std::string beginning;
+    if (output == Output::csv) appendCsvHeader(&beginning);
+    return beginning;
+}

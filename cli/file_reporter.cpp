@@ -1,0 +1,218 @@
+#include "cli/file_reporter.h"
+
+#include "globe/fly_to.h"
+#include "globe/kml_document.h"
+#include "globe/web_services.h"
+#include "globe/xml_escape.h"
+#include "lib/base/status.h"
+#include "lib/files/file_reference.h"
+#include "location/coordinate_text.h"
+#include "location/file_facts.h"
+#include "location/metadata_reader.h"
+#include "platform/files/descriptor.h"
+#include "platform/files/path_text.h"
+#include "platform/text/utf8.h"
+
+#include <fcntl.h>
+
+#include <cerrno>
+#include <cstring>
+#include <utility>
+
+namespace {
+std::string utf8Of(const TovString* text)
+{
+    return platform::displayUTF8(platform::unitsOf(text));
+}
+
+// The same for a text that the caller owns, which is released.
+std::string takeUTF8(TovStringRef text)
+{
+    const StringHolder owned(text);
+    return utf8Of(owned.get());
+}
+
+std::optional<std::string> optionalUTF8(const TovString* text)
+{
+    if (text == nullptr) return std::nullopt;
+    return utf8Of(text);
+}
+
+std::string letterText(char letter)
+{
+    if (letter == 0) return {};
+    const char16_t unit = static_cast<unsigned char>(letter);
+    return platform::displayUTF8({&unit, 1});
+}
+
+PlaceReport placeOf(std::int32_t result, const fileInfoRecord& record)
+{
+    return {.result = result,
+            .latitude = record.latti,
+            .longitude = record.longi,
+            .latitudeLetter = letterText(record.refLatti),
+            .longitudeLetter = letterText(record.refLongi),
+            .altitude = record.altitude,
+            .distance = record.distance,
+            .azimuth = record.azimuth,
+            .tilt = record.tilt,
+            .city = optionalUTF8(record.city),
+            .state = optionalUTF8(record.state),
+            .country = optionalUTF8(record.country),
+            .description = optionalUTF8(record.description)};
+}
+
+// The status of a picture that could not even be looked at.
+std::int32_t statusOfMissing(TovStringRef path)
+{
+    FSRef ref;
+    const std::int32_t status = feMakeFSRefFromPath(path, &ref);
+    return status == kErrNone ? kErrNothingUsable : status;
+}
+
+void tellFacts(const fileFacts& facts, FileReport* report)
+{
+    report->size = facts.size;
+    report->sizeText = takeUTF8(gpsMakeFileSizeText(facts));
+    report->modified = takeUTF8(gpsMakeModifiedText(facts));
+    report->created = takeUTF8(gpsMakeCreatedText(facts));
+}
+
+void tellPosition(const fileInfoRecord& record, FileReport* report)
+{
+    report->coordinate = takeUTF8(gpsMakePositionText(record));
+    report->altitudeText = takeUTF8(gpsMakeAltitudeText(record));
+    report->direction = takeUTF8(gpsMakeDirectionText(record));
+}
+
+std::string scriptOf(const fileInfoRecord& record)
+{
+    const double latitude = record.refLatti == 'S' ? -record.latti : record.latti;
+    const double longitude = record.refLongi == 'W' ? -record.longi : record.longi;
+    return takeUTF8(
+        gpsMakeFlyToScript(latitude, longitude, record.azimuth, record.tilt, record.distance));
+}
+
+std::string addressOf(const fileInfoRecord& record, TovStringRef path, const ReportWishes& wishes)
+{
+    switch (wishes.output) {
+    case Output::webAddress:
+        return takeUTF8(appMakeWebServiceURL(wishes.serviceTemplate.get(), &record, path));
+    case Output::catalogueAddress: return takeUTF8(appMakeCatalogueURL(&record));
+    case Output::script: return scriptOf(record);
+    default: return {};
+    }
+}
+
+std::string placemarkOf(const fileInfoRecord& record, TovStringRef path)
+{
+    const StringHolder name(gpsCopyFileName(path));
+    const StringHolder escaped(gpsEscapeForXML(platform::unitsOf(name.get())));
+    StringHolder piece(TovStringCreateMutable());
+    if (!escaped || !piece) return {};
+    gpsInsertKmlPlacemark(piece.slot(), record, escaped.get());
+    return utf8Of(piece.get());
+}
+
+bool showsFields(Output output)
+{
+    return output == Output::text || output == Output::json || output == Output::csv;
+}
+}  // namespace
+
+FileReporter::FileReporter(ReportWishes wishes, PropertyReading reading)
+    : wishes_(std::move(wishes)), reading_(std::move(reading))
+{
+}
+
+std::vector<FileReport> FileReporter::report(std::span<const std::string> paths)
+{
+    std::vector<FileReport> reports(paths.size());
+    std::vector<OpenFile> files;
+    std::vector<int> descriptors;
+    files.reserve(paths.size());
+    descriptors.reserve(paths.size());
+    for (std::size_t i = 0; i < paths.size(); i++) {
+        files.push_back(open(paths[i], &reports[i]));
+        if (files[i].descriptor) descriptors.push_back(files[i].descriptor.get());
+    }
+
+    const std::vector<platform::PropertyResult> answers =
+        descriptors.empty() ? std::vector<platform::PropertyResult>() : reading_(descriptors);
+    std::size_t next = 0;
+    for (std::size_t i = 0; i < paths.size(); i++) {
+        fileInfoRecord record{};
+        gpsPrepareInfoRecord(&record);
+        tell(files[i], files[i].descriptor ? answers[next++] : platform::PropertyResult{}, &record,
+             &reports[i]);
+        gpsReleaseInfoRecord(&record);
+    }
+    return reports;
+}
+
+FileReport FileReporter::report(const std::string& path, fileInfoRecord* record)
+{
+    FileReport report{};
+    const OpenFile file = open(path, &report);
+    const int descriptor = file.descriptor.get();
+    tell(file, file.descriptor ? reading_({&descriptor, 1}).front() : platform::PropertyResult{},
+         record, &report);
+    return report;
+}
+
+// Opens a camera picture, and looks at any file. "No position" and "may not be opened" are the same
+// to the reader of positions, so errors are noticed here.
+FileReporter::OpenFile FileReporter::open(const std::string& path, FileReport* report)
+{
+    OpenFile file;
+    file.path = StringHolder(platform::createPathText(path));
+    int openError = 0;
+    report->isAccepted = accepted_.accepts(path);
+    if (report->isAccepted) {
+        file.descriptor =
+            platform::DescriptorHolder(platform::openDescriptor(path.c_str(), O_RDONLY));
+        if (!file.descriptor) openError = errno;
+    }
+    file.attributes = file.descriptor ? platform::attributesOf(file.descriptor.get())
+                                      : platform::attributesOf(path);
+    if (!file.attributes) {
+        report->error = std::strerror(errno);
+    } else if (!file.attributes->isRegular) {
+        file.descriptor = platform::DescriptorHolder();
+    } else if (openError != 0) {
+        report->error = std::strerror(openError);
+    }
+    return file;
+}
+
+// Writes down what has come of reading a file.
+void FileReporter::tell(const OpenFile& file, const platform::PropertyResult& answer,
+                        fileInfoRecord* record, FileReport* report) const
+{
+    using Outcome = platform::ReadOutcome;
+    report->path = utf8Of(file.path.get());
+    if (showsFields(wishes_.output)) {
+        report->name = takeUTF8(gpsCopyFileName(file.path.get()));
+        tellFacts(file.attributes ? gpsMakeFileFacts(*file.attributes) : fileFacts{}, report);
+    }
+    if (!report->isAccepted) return;
+
+    std::int32_t result = kErrNothingUsable;
+    if (!file.attributes) {
+        result = statusOfMissing(file.path.get());
+    } else if (file.descriptor && answer.outcome == Outcome::failed) {
+        report->error = "reading the picture failed or took too long";
+    } else if (file.descriptor && answer.outcome == Outcome::noReader) {
+        report->error = "pictures cannot be read safely on this system";
+    } else if (answer.outcome == Outcome::found) {
+        const ObjectHolder<TovDictionaryRef> properties(
+            platform::createPropertyDictionary(answer.properties));
+        result = gpsFillInfoFromProperties(properties.get(), record);
+    }
+    report->place = placeOf(result, *record);
+    if (result != kErrNone) return;
+
+    if (showsFields(wishes_.output)) tellPosition(*record, report);
+    report->address = addressOf(*record, file.path.get(), wishes_);
+    if (wishes_.placemarks) report->placemark = placemarkOf(*record, file.path.get());
+}

@@ -1,0 +1,53 @@
+// Makes the reports on files, many at a time.
+
+#pragma once
+
+#include "cli/accepted_names.h"
+#include "cli/file_report.h"
+#include "cli/options.h"
+#include "cli/property_reading.h"
+#include "lib/strings/string_holder.h"
+#include "location/file_info_record.h"
+#include "platform/files/descriptor.h"
+#include "platform/files/file_attributes.h"
+
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+// What to find out beyond the place itself.
+struct ReportWishes {
+    Output output = Output::text;
+    StringHolder serviceTemplate{};  // of the web service, for Output::webAddress
+    bool placemarks = false;
+};
+
+class FileReporter {
+public:
+    FileReporter(ReportWishes wishes, PropertyReading reading);
+
+    // Reads files: a report on each, in their order.
+    //
+    //   paths  at most platform::kMostDescriptors, in the raw bytes of the system.
+    std::vector<FileReport> report(std::span<const std::string> paths);
+
+    // The same for one file, whose record the caller gets: prepared before, released after.
+    FileReport report(const std::string& path, fileInfoRecord* record);
+
+private:
+    // One file while its report is being made.
+    struct OpenFile {
+        StringHolder path{};
+        platform::DescriptorHolder descriptor{};  // of a camera picture, a regular file
+        std::optional<platform::FileAttributes> attributes{};
+    };
+
+    OpenFile open(const std::string& path, FileReport* report);
+    void tell(const OpenFile& file, const platform::PropertyResult& answer, fileInfoRecord* record,
+              FileReport* report) const;
+
+    ReportWishes wishes_;
+    PropertyReading reading_;
+    AcceptedNames accepted_;
+};

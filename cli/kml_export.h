@@ -1,0 +1,31 @@
+// Places of pictures in KML documents.
+
+#pragma once
+
+#include "cli/file_reporter.h"
+#include "cli/replacing_file.h"
+
+#include <string>
+#include <string_view>
+
+// Writes the document of one picture as the window exports it, byte for byte: an existing file is
+// written over from its start.
+//
+//   picture, path  in the bytes of the system.
+//
+// Returns what is wrong, for a complaint; empty when all went well.
+std::string exportPicture(FileReporter* reporter, const std::string& picture,
+                          const std::string& path);
+
+// A document with a placemark for each of many pictures, which replaces an existing file when it is
+// whole.
+class KmlCollection {
+public:
+    // Each returns false with errno set; the existing file stays then.
+    bool begin(const std::string& path);
+    bool add(std::string_view placemarks) { return file_.write(placemarks); }
+    bool finish();
+
+private:
+    ReplacingFile file_;
+};

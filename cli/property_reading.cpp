@@ -1,0 +1,14 @@
+#include "cli/property_reading.h"
+
+#include "platform/pictures/reader_client.h"
+#include "platform/pictures/sandboxed_properties.h"
+
+#include <memory>
+#include <utility>
+
+PropertyReading makePropertyReading()
+{
+    const auto client = std::make_shared<platform::ReaderClient>(platform::forkPropertyReader);
+    return
+        [client](std::span<const int> descriptors) { return client->readProperties(descriptors); };
+}

@@ -1,0 +1,75 @@
+#include "cli/csv_line.h"
+
+#include "cli/json_line.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <nlohmann/json.hpp>
+#include <string>
+
+namespace {
+std::string rowOf(const FileReport& report)
+{
+    std::string row;
+    appendCsvLine(report, &row);
+    return row;
+}
+
+FileReport munich()
+{
+    FileReport report{};
+    report.path = "/a,b/\"c\".jpg";
+    report.name = "\"c\".jpg";
+    report.isAccepted = true;
+    report.place = PlaceReport{.result = 0,
+                               .latitude = 48.1,
+                               .longitude = 11.5,
+                               .latitudeLetter = "N",
+                               .longitudeLetter = "",
+                               .altitude = -12.0,
+                               .distance = 1000.0,
+                               .azimuth = 271.26,
+                               .tilt = std::numeric_limits<double>::quiet_NaN(),
+                               .city = "M\u00fcnchen",
+                               .state = std::nullopt,
+                               .country = "",
+                               .description = "two\nlines\r\n; 'and' a\ttab"};
+    report.size = 18446744073709551615u;
+    report.sizeText = "1,024.0 TB";
+    report.modified = "m";
+    report.created = "c";
+    report.coordinate = "N 48\u00b0 6' 0.0\"";
+    return report;
+}
+}  // namespace
+
+TEST(appendCsvLine, quotesWhatNeedsIt)
+{
+    EXPECT_EQ(rowOf(munich()),
+              "\"/a,b/\"\"c\"\".jpg\",\"\"\"c\"\".jpg\",true,0,48.1,11.5,N,,-12,1000,271.26,,"
+              "M\u00fcnchen,,,\"two\nlines\r\n; 'and' a\ttab\",18446744073709551615,"
+              "\"1,024.0 TB\",m,c,\"N 48\u00b0 6' 0.0\"\"\",,\r\n");
+}
+
+TEST(appendCsvLine, leavesEmptyWhatIsNotThere)
+{
+    FileReport report{};
+    report.path = "notes.txt";
+    report.name = "notes.txt";
+    EXPECT_EQ(rowOf(report), "notes.txt,notes.txt,false,,,,,,,,,,,,,,,,,,,,\r\n");
+}
+
+TEST(appendCsvHeader, hasTheKeysOfTheObjects)
+{
+    std::string line;
+    appendJsonLine(munich(), &line);
+    std::string expected;
+    const auto object = nlohmann::ordered_json::parse(line);
+    for (const auto& [key, value] : object.items()) {
+        expected += (expected.empty() ? "" : ",") + key;
+    }
+    std::string header;
+    appendCsvHeader(&header);
+    EXPECT_EQ(header, expected + "\r\n");
+}

@@ -1,0 +1,158 @@
+#include "cli/file_reporter.h"
+
+#include "cli/batch_work.h"
+#include "platform/pictures/byte_source.h"
+#include "platform/pictures/reader_client.h"
+#include "platform/pictures/reader_service.h"
+#include "tests/support/environment.h"
+#include "tests/support/picture_builder.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace {
+using Texts = std::vector<std::string>;
+
+// Reads as the locked-in process does, but some pictures do harm.
+std::optional<platform::PictureProperties> readOrDie(platform::ByteSource& source)
+{
+    const platform::ByteView bytes = source.view(0, 5);
+    const std::string beginning(bytes.begin(), bytes.end());
+    if (beginning == "CRASH") abort();
+    while (beginning == "LOOPS") pause();
+    return platform::readPictureProperties(source);
+}
+
+PropertyReading makeFaultyReading()
+{
+    const auto client = std::make_shared<platform::ReaderClient>([] {
+        return platform::forkReader([](int socket) {
+            const rlimit none = {0, 0};
+            setrlimit(RLIMIT_CORE, &none);
+            platform::serveReader(socket, {readOrDie, {}});
+        });
+    });
+    return
+        [client](std::span<const int> descriptors) { return client->readProperties(descriptors); };
+}
+}  // namespace
+
+TEST(FileReporter, losesOnlyThePictureThatAReaderDiesOf)
+{
+    const test::TemporaryFolder folder;
+    const std::string picture = test::pictureWithGps({.lat = 1, .latRef = "S", .lon = 2});
+    Texts paths;
+    for (const char* name : {"1", "2", "crash", "4", "loops", "6", "7"}) {
+        const bool isGood = std::string(name).size() == 1;
+        paths.push_back(folder.write(std::string(name) + ".jpg", isGood ? picture
+                                                                 : std::string(name) == "crash"
+                                                                     ? "CRASH..."
+                                                                     : "LOOPS..."));
+    }
+    FileReporter reporter({}, makeFaultyReading());
+    const auto start = std::chrono::steady_clock::now();
+    const std::vector<FileReport> reports = reporter.report(paths);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+    ASSERT_EQ(reports.size(), paths.size());
+    for (std::size_t i = 0; i < paths.size(); i++) {
+        SCOPED_TRACE(paths[i]);
+        const bool isGood = i != 2 && i != 4;
+        EXPECT_EQ(reports[i].path, paths[i]);
+        EXPECT_EQ(reports[i].place->result, isGood ? 0 : -1);
+        EXPECT_EQ(reports[i].error, isGood ? "" : "reading the picture failed or took too long");
+        EXPECT_EQ(reports[i].size, isGood ? picture.size() : 8u);
+    }
+}
+
+TEST(FileReporter, asksForPicturesOnly)
+{
+    const test::TemporaryFolder folder;
+    int asked = 0;
+    FileReporter reporter({}, [&](std::span<const int> descriptors) {
+        asked += static_cast<int>(descriptors.size());
+        std::vector<platform::PropertyResult> results(descriptors.size());
+        for (auto& result : results) result.outcome = platform::ReadOutcome::nothing;
+        return results;
+    });
+    const std::vector<FileReport> reports =
+        reporter.report(Texts{folder.write("a.txt", "a"), folder.write("b.jpg", "bb"),
+                              folder.file("missing.jpg"), folder.path()});
+    EXPECT_EQ(asked, 1);
+    EXPECT_FALSE(reports[0].place);
+    EXPECT_EQ(reports[0].size, 1u);
+    EXPECT_EQ(reports[1].place->result, -1);
+    EXPECT_EQ(reports[1].error, "");
+    EXPECT_EQ(reports[2].place->result, -43);
+    EXPECT_EQ(reports[2].error, "No such file or directory");
+    EXPECT_EQ(reports[3].size, std::nullopt);
+    EXPECT_EQ(reporter.report(Texts{}).size(), 0u);
+}
+
+TEST(FileReporter, saysThatThereIsNoReader)
+{
+    const test::TemporaryFolder folder;
+    FileReporter reporter({}, [](std::span<const int> descriptors) {
+        std::vector<platform::PropertyResult> results(descriptors.size());
+        for (auto& result : results) result.outcome = platform::ReadOutcome::noReader;
+        return results;
+    });
+    const std::string path = folder.write("a.jpg", "a");
+    EXPECT_EQ(reporter.report(Texts{path}).front().error,
+              "pictures cannot be read safely on this system");
+}
+
+TEST(FileReporter, makesWhatIsWishedFor)
+{
+    const test::TemporaryFolder folder;
+    const Texts paths = {
+        folder.write(
+            "a & b.jpg",
+            test::pictureWithGps(
+                {.lat = 48.5, .latRef = "S", .lon = 11.25, .lonRef = "W", .imgDirection = 90})),
+        folder.write("plain.jpg", test::jpegPicture({}))};
+    const struct {
+        Output output;
+        const char* address;
+    } rows[] = {
+        {Output::catalogueAddress,
+         "skallion://find/gps/&lat=-48.500000&long=-11.250000&distance=2000m"},
+        {Output::script,
+         "tell application \"Google Earth\" \r activate \r SetViewInfo {latitude:-48.500000, "
+         "longitude:-11.250000, distance:1000.000000, tilt:44.000000, azimuth:90.000000} speed "
+         "0.600000  \r  end tell"},
+        {Output::text, ""},
+    };
+    for (const auto& row : rows) {
+        FileReporter reporter({.output = row.output, .placemarks = true}, makePropertyReading());
+        const std::vector<FileReport> reports = reporter.report(paths);
+        EXPECT_EQ(reports[0].address, row.address);
+        EXPECT_EQ(reports[0].placemark,
+                  "<Placemark><name>a &amp; b.jpg</name><open>1</open>"
+                  "<description>a &amp; b.jpg</description><styleUrl>#22370</styleUrl><Point>"
+                  "<coordinates>-11.250000,-48.500000,0</coordinates></Point></Placemark>");
+        EXPECT_EQ(reports[1].address, "");
+        EXPECT_EQ(reports[1].placemark, "");
+    }
+}
+
+TEST(BatchWork, countsWhatHasComeOfIt)
+{
+    const test::TemporaryFolder folder;
+    BatchWork work({.output = Output::json}, makePropertyReading());
+    const BatchResult result =
+        work.process(Texts{folder.write("a.jpg", test::pictureWithGps({.lat = 1, .lon = 2})),
+                           folder.write("b.jpg", "no picture"), folder.file("missing.jpg")});
+    EXPECT_EQ(result.files, 3u);
+    EXPECT_EQ(result.located, 1u);
+    EXPECT_EQ(result.failed, 1u);
+    EXPECT_EQ(result.complaints,
+              "pinorama-info: " + folder.file("missing.jpg") + ": No such file or directory\n");
+    EXPECT_EQ(std::count(result.output.begin(), result.output.end(), '\n'), 3);
+}

@@ -1,0 +1,362 @@
+// The program over whole folders of pictures.
+
+#include "tests/cli/running_program.h"
+#include "tests/support/environment.h"
+#include "tests/support/picture_builder.h"
+#include "tests/support/program.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <filesystem>
+#include <nlohmann/json.hpp>
+#include <sstream>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace {
+using Texts = std::vector<std::string>;
+using nlohmann::ordered_json;
+
+constexpr int kMany = 5000;
+constexpr int kPerFolder = 100;
+
+test::ProgramResult run(Texts arguments)
+{
+    arguments.insert(arguments.begin(), PINORAMA_INFO);
+    return test::runProgram({.command = arguments});
+}
+
+Texts linesOf(const std::string& text)
+{
+    Texts lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);) lines.push_back(line);
+    return lines;
+}
+
+std::size_t countOf(const std::string& text, const std::string& part)
+{
+    std::size_t count = 0;
+    for (std::size_t at = text.find(part); at != text.npos; at = text.find(part, at + 1)) count++;
+    return count;
+}
+
+// False when the document is not well-formed.
+bool isXML(const std::string& path)
+{
+    const test::ProgramResult result =
+        test::runProgram({.command = {"/usr/bin/xmllint", "--noout", path}});
+    EXPECT_NE(result.status, 127) << "xmllint is not installed";
+    return result.status == 0;
+}
+
+std::string number(int value, int digits)
+{
+    std::string text = std::to_string(value);
+    return text.insert(0, static_cast<std::size_t>(digits) - text.size(), '0');
+}
+
+// A tree of 5,000 pictures, every other one with a position, made once for all tests.
+class ManyPictures : public testing::Test {
+protected:
+    static void SetUpTestSuite()
+    {
+        tree_ = new test::TemporaryFolder;
+        const std::string plain = test::jpegPicture({});
+        for (int i = 0; i < kMany; i++) {
+            const std::string sub = number(i / kPerFolder, 2);
+            if (i % kPerFolder == 0) std::filesystem::create_directory(tree_->file(sub));
+            const std::string name = sub + "/" + number(i, 4) + ".jpg";
+            names_.push_back(tree_->file(name));
+            (void)tree_->write(name, i % 2 == 0 ? plain
+                                                : test::pictureWithGps({.lat = 1 + i * 0.01,
+                                                                        .latRef = "N",
+                                                                        .lon = 2 + i * 0.01,
+                                                                        .lonRef = "E",
+                                                                        .city = "City"}));
+        }
+    }
+    static void TearDownTestSuite()
+    {
+        delete tree_;
+        names_.clear();
+    }
+
+    // The paths that an output in JSON tells of; every line has to be whole.
+    static Texts pathsIn(const std::string& out)
+    {
+        Texts paths;
+        EXPECT_TRUE(out.empty() || out.back() == '\n');
+        for (const std::string& line : linesOf(out)) {
+            paths.push_back(ordered_json::parse(line)["path"]);
+        }
+        return paths;
+    }
+
+    static inline test::TemporaryFolder* tree_ = nullptr;
+    static inline Texts names_;
+};
+}  // namespace
+
+TEST_F(ManyPictures, areToldInTheOrderOfTheWalk)
+{
+    const test::ProgramResult result = run({"-r", "--json", tree_->path()});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(pathsIn(result.out), names_);
+    EXPECT_EQ(
+        result.err.rfind("pinorama-info: 5000 pictures, 2500 with a position, 0 not read, ", 0), 0u)
+        << result.err;
+    const ordered_json object = ordered_json::parse(linesOf(result.out)[4321]);
+    EXPECT_DOUBLE_EQ(object["latti"].get<double>(), 1 + 4321 * 0.01);
+    EXPECT_EQ(object["city"], "City");
+}
+
+TEST_F(ManyPictures, areToldAsEachOneAlone)
+{
+    const std::string folder = tree_->file("07");
+    Texts few(names_.begin() + 700, names_.begin() + 720);
+    for (const char* form : {"--json", "--csv", ""}) {
+        SCOPED_TRACE(form);
+        Texts alone = few;
+        Texts all = {"-r", folder};
+        if (*form != '\0') {
+            alone.insert(alone.begin(), form);
+            all.insert(all.begin(), form);
+        }
+        const std::string expected = run(alone).out;
+        const std::string out = run(all).out;
+        EXPECT_GT(expected.size(), 1000u);
+        EXPECT_EQ(out.substr(0, expected.size()), expected);
+    }
+}
+
+TEST_F(ManyPictures, areToldTheSameWithoutFoldersAndWithoutASummary)
+{
+    Texts arguments = names_;
+    arguments.insert(arguments.begin(), "--csv");
+    const test::ProgramResult files = run(arguments);
+    EXPECT_EQ(files.status, 0);
+    EXPECT_EQ(files.err, "");
+    EXPECT_EQ(files.out, run({"-r", "--csv", tree_->path()}).out);
+    EXPECT_EQ(countOf(files.out, "\r\n"), kMany + 1u);
+}
+
+TEST_F(ManyPictures, areTheTextBlocksOfEach)
+{
+    const std::string out = run({"-r", tree_->path()}).out;
+    EXPECT_EQ(countOf(out, "Path:  "), static_cast<std::size_t>(kMany));
+    EXPECT_EQ(countOf(out, "\n\nPath:  "), kMany - 1u);
+    EXPECT_EQ(out.rfind("Path:", 0), 0u);
+    EXPECT_EQ(out.find("\n\n\n"), std::string::npos);
+}
+
+TEST_F(ManyPictures, becomeOneDocument)
+{
+    const test::TemporaryFolder folder;
+    const std::string path = folder.write("all.kml", "old content");
+    const test::ProgramResult result = run({"-r", "--kml", path, tree_->path()});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.out, "");
+    EXPECT_TRUE(isXML(path));
+    const std::string document = test::readFile(path);
+    EXPECT_EQ(countOf(document, "<Placemark>"), 2500u);
+    EXPECT_EQ(countOf(document, "<Document>"), 1u);
+    EXPECT_EQ(countOf(document, "<StyleMap id=\"22370\">"), 1u);
+    EXPECT_LT(document.find("<name>0001.jpg</name>"), document.find("<name>4999.jpg</name>"));
+    EXPECT_TRUE(document.ends_with("</Document></kml>"));
+}
+
+TEST_F(ManyPictures, takeNoMoreMemoryThanAFew)
+{
+    const auto memoryOf = [](const std::string& path) {
+        test::RunningProgram program({"-r", "--json", "--kml", "/dev/null", path});
+        EXPECT_EQ(program.finish(), 0);
+        return program.usage().ru_maxrss;  // KiB, of the largest of its processes
+    };
+    const long few = memoryOf(tree_->file("07"));
+    const long many = memoryOf(tree_->path());
+    EXPECT_GT(few, 0);
+#if defined(__SANITIZE_ADDRESS__)
+    GTEST_SKIP() << "the sanitizer keeps what is freed";
+#endif
+    EXPECT_LT(many, few + few / 10 + 512) << few;
+}
+
+TEST_F(ManyPictures, leaveWholeOutputsWhenTheyAreInterrupted)
+{
+    const test::TemporaryFolder folder;
+    const std::string path = folder.file("part.kml");
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        SCOPED_TRACE(signal);
+        test::RunningProgram program({"-r", "--json", "--kml", path, tree_->path()});
+        // It cannot come to its end, because nobody reads on.
+        (void)program.read(1);
+        ASSERT_EQ(kill(program.process(), signal), 0);
+        EXPECT_EQ(program.finish(), 128 + signal) << program.err();
+        const Texts paths = pathsIn(program.out());
+        ASSERT_GT(paths.size(), 0u);
+        ASSERT_LT(paths.size(), static_cast<std::size_t>(kMany));
+        EXPECT_TRUE(std::equal(paths.begin(), paths.end(), names_.begin()));
+        EXPECT_EQ(program.err().rfind("pinorama-info: stopped: ", 0), 0u) << program.err();
+        EXPECT_TRUE(isXML(path));
+        EXPECT_EQ(countOf(test::readFile(path), "<Placemark>"), paths.size() / 2);
+        EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);
+    }
+}
+
+TEST_F(ManyPictures, leaveAWholeDocumentWhenNobodyReadsOn)
+{
+    const test::TemporaryFolder folder;
+    const std::string path = folder.file("part.kml");
+    test::RunningProgram program({"-r", "--json", "--kml", path, tree_->path()});
+    (void)program.read(1);
+    program.stopReading();
+    EXPECT_EQ(program.finish(), 128 + SIGPIPE) << program.err();
+    EXPECT_TRUE(isXML(path));
+    EXPECT_EQ(program.err().find("Broken pipe"), std::string::npos) << program.err();
+}
+
+TEST_F(ManyPictures, showTheirProgressOnATerminal)
+{
+    test::RunningProgram program({"-r", "--json", tree_->path()},
+                                 test::RunningProgram::Errors::terminal);
+    // Held up until it is time for the line.
+    (void)program.read(1);
+    std::this_thread::sleep_for(std::chrono::milliseconds(700));
+    EXPECT_EQ(program.finish(), 0);
+    EXPECT_EQ(pathsIn(program.out()), names_);
+    EXPECT_NE(program.err().find(" of 5000 pictures, "), std::string::npos) << program.err();
+    EXPECT_NE(program.err().find(" per second, 0:"), std::string::npos) << program.err();
+    EXPECT_NE(program.err().find(" left"), std::string::npos) << program.err();
+    // The line goes away before the summary comes.
+    EXPECT_NE(program.err().find("\r\x1b[Kpinorama-info: 5000 pictures"), std::string::npos)
+        << program.err();
+}
+
+TEST_F(ManyPictures, areQuietWhenTheyShall)
+{
+    test::RunningProgram program({"-r", "--json", "-q", tree_->path()},
+                                 test::RunningProgram::Errors::terminal);
+    (void)program.read(1);
+    std::this_thread::sleep_for(std::chrono::milliseconds(700));
+    EXPECT_EQ(program.finish(), 0);
+    EXPECT_EQ(program.err(), "");
+    EXPECT_EQ(pathsIn(program.out()).size(), static_cast<std::size_t>(kMany));
+}
+
+TEST_F(ManyPictures, showNoProgressInAPipe)
+{
+    test::RunningProgram program({"-r", "--json", tree_->path()});
+    (void)program.read(1);
+    std::this_thread::sleep_for(std::chrono::milliseconds(700));
+    EXPECT_EQ(program.finish(), 0);
+    EXPECT_EQ(linesOf(program.err()).size(), 1u) << program.err();
+    EXPECT_EQ(program.err().find('\r'), std::string::npos);
+}
+
+TEST_F(ManyPictures, leaveNoProcessBehind)
+{
+    test::RunningProgram program({"-r", "--json", tree_->path()});
+    (void)program.read(1);
+    const pid_t process = program.process();
+    ASSERT_EQ(kill(process, SIGKILL), 0);
+    // The ends of its pipes would stay open as long as one of its processes has them.
+    EXPECT_EQ(program.finish(), 128 + SIGKILL);
+}
+
+TEST(pinoramaInfoRecursive, namesErrorsAndGoesOn)
+{
+    const test::TemporaryFolder folder;
+    ASSERT_EQ(chmod(folder.path().c_str(), 0755), 0);
+    for (const char* name : {"a", "locked", "z"}) {
+        std::filesystem::create_directory(folder.file(name));
+        ASSERT_EQ(chmod(folder.file(name).c_str(), 0755), 0);
+        (void)folder.write(std::string(name) + "/1.jpg",
+                           test::pictureWithGps({.lat = 1, .lon = 2}));
+    }
+    (void)folder.write("a/2.jpg", "x");
+    ASSERT_EQ(symlink("nowhere", folder.file("a/3.jpg").c_str()), 0);
+    ASSERT_EQ(symlink("..", folder.file("a/loop").c_str()), 0);
+    ASSERT_EQ(chmod(folder.file("a/2.jpg").c_str(), 0), 0);
+    ASSERT_EQ(chmod(folder.file("locked").c_str(), 0), 0);
+    const test::ProgramResult result = test::runProgram(
+        {.command = {PINORAMA_INFO, "--json", "-r", folder.path(), "/missing"}, .asNobody = true});
+    ASSERT_EQ(chmod(folder.file("locked").c_str(), 0755), 0);
+    if (result.status == 127) GTEST_SKIP() << "the program lies where only the superuser may go";
+    EXPECT_EQ(result.status, 1);
+    Texts errors = linesOf(result.err);
+    ASSERT_EQ(errors.size(), 5u) << result.err;
+    EXPECT_EQ(errors.back().rfind("pinorama-info: 5 pictures, 2 with a position, 4 not read, ", 0),
+              0u)
+        << result.err;
+    errors.pop_back();
+    std::sort(errors.begin(), errors.end());
+    EXPECT_EQ(errors,
+              (Texts{"pinorama-info: /missing: No such file or directory",
+                     "pinorama-info: " + folder.file("a/2.jpg") + ": Permission denied",
+                     "pinorama-info: " + folder.file("a/3.jpg") + ": No such file or directory",
+                     "pinorama-info: " + folder.file("locked") + ": Permission denied"}));
+    Texts paths;
+    for (const std::string& line : linesOf(result.out)) {
+        paths.push_back(ordered_json::parse(line)["path"]);
+    }
+    EXPECT_EQ(paths, (Texts{folder.file("a/1.jpg"), folder.file("a/2.jpg"), folder.file("a/3.jpg"),
+                            folder.file("z/1.jpg"), "/missing"}));
+}
+
+TEST(pinoramaInfoRecursive, findsNothingInAnEmptyFolder)
+{
+    const test::TemporaryFolder folder;
+    (void)folder.write("notes.txt", "");
+    const test::ProgramResult text = run({"-r", folder.path()});
+    EXPECT_EQ(text.status, 0);
+    EXPECT_EQ(text.out, "");
+    EXPECT_EQ(text.err.rfind("pinorama-info: 0 pictures, ", 0), 0u);
+    EXPECT_EQ(run({"-r", "--json", folder.path()}).out, "");
+    EXPECT_EQ(countOf(run({"-r", "--csv", folder.path()}).out, "\r\n"), 1u);
+
+    const test::TemporaryFolder other;
+    EXPECT_EQ(run({"-r", "-q", "--kml", other.file("a.kml"), folder.path()}).status, 0);
+    EXPECT_TRUE(isXML(other.file("a.kml")));
+    EXPECT_EQ(run({"-r"}).status, 2);
+}
+
+TEST(pinoramaInfoRecursive, writesNamesThatNeedCare)
+{
+    const test::TemporaryFolder folder;
+    const std::string picture = test::pictureWithGps({.lat = 1, .lon = 2});
+    for (const char* name :
+         {"<a> & \"b\", c.jpg", "d\ne.jpg", "\x01.jpg", "\xff.jpg", "\xc3\xa4.jpg"}) {
+        (void)folder.write(name, picture);
+    }
+    const std::string path = folder.file("all.kml");
+    const test::ProgramResult result = run({"-r", "--csv", "--kml", path, folder.path()});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_TRUE(isXML(path));
+    const std::string document = test::readFile(path);
+    EXPECT_NE(document.find("<name>&lt;a&gt; &amp; &quot;b&quot;, c.jpg</name>"),
+              std::string::npos);
+    EXPECT_NE(document.find("<name>d&#10;e.jpg</name>"), std::string::npos);
+    EXPECT_EQ(countOf(document, "<name>\ufffd.jpg</name>"), 2u);
+    EXPECT_NE(result.out.find(",\"<a> & \"\"b\"\", c.jpg\",true,0,"), std::string::npos);
+    EXPECT_NE(result.out.find(",\"d\ne.jpg\",true,0,"), std::string::npos);
+}
+
+TEST(pinoramaInfoRecursive, survivesHostileFiles)
+{
+    const std::optional<std::string> collection = test::pictureCollection();
+    if (!collection) GTEST_SKIP() << "PINORAMA_PICTURE_COLLECTION is not set";
+    const auto start = std::chrono::steady_clock::now();
+    const test::ProgramResult result = run({"-r", "--json", *collection + "/hostile"});
+    EXPECT_TRUE(result.status == 0 || result.status == 1);
+    EXPECT_GT(linesOf(result.out).size(), 20u);
+    EXPECT_EQ(result.err.find("took too long"), std::string::npos) << result.err;
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
+}
