@@ -219,9 +219,10 @@ bool platform::ReaderClient::sendBatch(std::size_t first, std::size_t most)
 {
     ReaderRequest request = {jobs_[first].task, jobs_[first].number, 0, jobs_[first].box};
     std::vector<int> descriptors;
-    if (request.task != ReaderTask::properties) most = 1;
+    if (request.task != ReaderTask::properties || jobs_[first].isAlone) most = 1;
     for (std::size_t i = first; i < jobs_.size() && descriptors.size() < most; i++) {
-        const bool belongs = jobs_[i].task == request.task && !jobs_[i].isSent &&
+        const bool isApart = i > first && jobs_[i].isAlone;
+        const bool belongs = jobs_[i].task == request.task && !jobs_[i].isSent && !isApart &&
                              jobs_[i].number == request.number + descriptors.size();
         if (!belongs) break;
         descriptors.push_back(jobs_[i].descriptor);
@@ -240,6 +241,7 @@ bool platform::ReaderClient::sendBatch(std::size_t first, std::size_t most)
     const Clock::time_point now = Clock::now();
     for (std::size_t i = first; i < first + descriptors.size(); i++) {
         jobs_[i].isSent = true;
+        jobs_[i].hasCompany = descriptors.size() > 1;
         jobs_[i].sent = now;
         jobs_[i].deadline = now + limitOf(jobs_[i]);
     }
@@ -377,7 +379,10 @@ void platform::ReaderClient::loseReader(bool mayTryAgain)
                                                                kLongestPause);
     }
     const bool wasWorking = !jobs_.empty() && jobs_.front().isSent;
-    if (wasWorking) {
+    if (wasWorking && jobs_.front().hasCompany) {
+        // The answers to one request come together, so nobody knows which picture it was.
+        for (Job& job : jobs_) job.isAlone = job.isAlone || (job.isSent && job.hasCompany);
+    } else if (wasWorking) {
         Job& job = jobs_.front();
         job.deaths++;
         if (!mayTryAgain || job.deaths >= kMostDeaths) dropFront(ReadOutcome::failed);

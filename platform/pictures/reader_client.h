@@ -105,8 +105,10 @@ private:
         Clock::time_point sent{};
         Clock::time_point deadline{};
         bool isSent = false;
-        bool isGivenUp = false;  // nobody waits for the answer any more
-        int deaths = 0;          // readers that died while they had it
+        bool hasCompany = false;  // was sent in a request for several pictures
+        bool isAlone = false;     // is only sent in a request of its own
+        bool isGivenUp = false;   // nobody waits for the answer any more
+        int deaths = 0;           // readers that died while they had it
         int interruptions = 0;
     };
 

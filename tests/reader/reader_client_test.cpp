@@ -150,6 +150,29 @@ TEST(ReaderClient, oneBadPictureOfABatchFailsAlone)
     for (int i = 0; i < 5; i++) EXPECT_EQ(results[i].outcome, expected[i]) << i;
 }
 
+TEST(ReaderClient, thePicturesBeforeABadOneAreNotToBlame)
+{
+    const Pictures pictures;
+    const PictureFile good(pictures.good());
+    for (const char* fault : {"crash", "loop", "garbage"}) {
+        SCOPED_TRACE(fault);
+        const PictureFile bad(pictures.withFault(fault));
+        std::vector<int> descriptors(64, good.descriptor());
+        descriptors[40] = descriptors[50] = bad.descriptor();
+        ReaderClient client(faultyReader(), {.properties = 200ms});
+        const std::vector<PropertyResult> results = client.readProperties(descriptors);
+        for (std::size_t i = 0; i < results.size(); i++) {
+            const bool isBad = i == 40 || i == 50;
+            EXPECT_EQ(results[i].outcome, isBad ? ReadOutcome::failed : ReadOutcome::found) << i;
+        }
+        // The next batch goes out together again.
+        for (const PropertyResult& result :
+             client.readProperties(std::vector<int>(64, good.descriptor()))) {
+            EXPECT_EQ(result.outcome, ReadOutcome::found);
+        }
+    }
+}
+
 // Each fault, what a reader that is locked in makes of it, and whether it succeeds in one that is
 // not.
 const struct {
