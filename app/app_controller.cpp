@@ -51,9 +51,9 @@ AppController::~AppController()
 bool AppController::init()
 {
     QApplication::setQuitOnLastWindowClosed(applicationShouldTerminateAfterLastWindowClosed());
-    if (iuRegisterApplicationBundle() == nullptr) return false;
+    iuRegisterApplicationBundle();
     const StringHolder identifier(platform::createString(kApplicationIdentifier));
-    if (initStringBundle(identifier.get()) == nullptr) return false;
+    initStringBundle(identifier.get());
     tovStringInitString();
     convInit();
     info = {};

@@ -72,8 +72,8 @@ public:
     TovStringRef lastPath;  // owned copy of the path that is shown; null at first
     fileInfoRecord info;    // of the accepted file that was shown last; its texts are null
 
-    // Start-up, in this order. `init` makes the program's texts known and creates the formatters;
-    // false when there are no texts, and the controller is not to be used then.
+    // Start-up, in this order. `init` makes the program's texts known and creates the formatters.
+    // Always true: texts that are missing show by their keys.
     bool init();
     void applicationWillFinishLaunching();
     void awakeFromNib();

@@ -53,10 +53,7 @@ int run(const app::CommandLine& line)
     platform::FileManagerSelection selection;
     // A report is of the pictures that it was asked for.
     AppController controller(line.printAndSave ? nullptr : &selection);
-    if (!controller.init()) {
-        std::fputs("pinorama: the texts of the program are missing\n", stderr);
-        return kFailed;
-    }
+    controller.init();
     app::connectRequests(bus, controller);
     controller.applicationWillFinishLaunching();
     controller.awakeFromNib();

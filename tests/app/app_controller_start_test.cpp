@@ -44,6 +44,22 @@ TEST(AppController, everyOutletHasItsName)
     }
 }
 
+TEST(AppController, startsWithoutItsTextsAndShowsTheirKeys)
+{
+    const test::TemporaryFolder folder;
+    const test::ScopedVariable none("PINORAMA_RESOURCES", folder.path().c_str());
+    AppController controller;
+    EXPECT_TRUE(controller.init());
+    EXPECT_NE(gThousandFormatter, nullptr);
+    controller.awakeFromNib();
+    EXPECT_EQ(controller.webServicesMenu->count(), 1) << "no service has a name";
+
+    const test::Text path = test::text(folder.write("one.jpg", "x"));
+    EXPECT_TRUE(controller.updateValuesForNewPath(path.get()));
+    EXPECT_EQ(controller.fileNameField->text(), QLatin1String("one.jpg"));
+    EXPECT_FALSE(controller.fileSizeField->text().isEmpty());
+}
+
 TEST_F(start, makesTheTextsAndFormattersReady)
 {
     EXPECT_NE(gCFBundleRef, nullptr);
