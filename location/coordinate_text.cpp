@@ -10,11 +10,18 @@ namespace {
 constexpr std::int16_t kCoordinateFormat = 11;
 constexpr double kMinutesPerDegree = 60.0;
 constexpr double kTenthsPerMinute = 600.0;
+constexpr double kSmallestDecimal = 0.0000005;  // prints with six decimals as more than zero
 
 // A number in a format, or the empty text for exactly 0.
 TovStringRef makeTextUnlessZero(std::u16string_view format, double value)
 {
     return value == 0.0 ? platform::createString({}) : tovFormat(format, {value});
+}
+
+double signedDegrees(double value, bool isNegative)
+{
+    if (std::fabs(value) <= kSmallestDecimal) return 0.0;
+    return isNegative ? -value : value;
 }
 }  // namespace
 
@@ -38,6 +45,12 @@ TovStringRef gpsMakePositionText(const fileInfoRecord& record)
     const StringHolder longitude(gpsMakeCoordianteString(record.longi, record.refLongi));
     const StringHolder latitude(gpsMakeCoordianteString(record.latti, record.refLatti));
     return tovFormat(u"%@   %@", {latitude.get(), longitude.get()});
+}
+
+TovStringRef gpsMakeDecimalDegreesText(const fileInfoRecord& record)
+{
+    return tovFormat(u"%.6f, %.6f", {signedDegrees(record.latti, record.refLatti == 'S'),
+                                     signedDegrees(record.longi, record.refLongi == 'W')});
 }
 
 TovStringRef gpsMakeAltitudeText(const fileInfoRecord& record)

@@ -19,6 +19,10 @@
 // Returns a new text: latitude, three blanks, longitude.
 [[nodiscard]] TovStringRef gpsMakePositionText(const fileInfoRecord& record);
 
+// Returns a new text for other programs: signed latitude, a comma and a blank, signed longitude, in
+// decimal degrees with six decimals; south and west are negative, zero never is.
+[[nodiscard]] TovStringRef gpsMakeDecimalDegreesText(const fileInfoRecord& record);
+
 // Returns a new text: whole metres and " m", negative below sea level; empty for exactly 0. Halves
 // are rounded to the even neighbour.
 [[nodiscard]] TovStringRef gpsMakeAltitudeText(const fileInfoRecord& record);

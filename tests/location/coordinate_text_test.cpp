@@ -131,6 +131,38 @@ TEST(gpsMakePositionText, putsTheLatitudeFirst)
               "S 33\u00b0 30' 0.0''   S 18\u00b0 15' 0.0''");
 }
 
+TEST(gpsMakeDecimalDegreesText, signsSouthAndWest)
+{
+    const struct {
+        double latitude;
+        char refLatitude;
+        double longitude;
+        char refLongitude;
+        const char* expected;
+    } rows[] = {
+        {33.9, 'S', 18.4, 'E', "-33.900000, 18.400000"},
+        {48.1, 'N', 11.5, 'W', "48.100000, -11.500000"},
+        {0.0, 'S', 180.0, 'W', "0.000000, -180.000000"},
+        {0.0000001, 'S', 0.0000006, 'W', "0.000000, -0.000001"},
+        {1.25, 0, 2.5, 's', "1.250000, 2.500000"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(takeUTF8(gpsMakeDecimalDegreesText(
+                      recordAt(row.latitude, row.refLatitude, row.longitude, row.refLongitude))),
+                  row.expected);
+    }
+}
+
+TEST(gpsMakeDecimalDegreesText, keepsThePointInEveryLocale)
+{
+    const ScopedVariable locale("LC_ALL", "de_DE.UTF-8");
+    const std::string earlier = std::setlocale(LC_ALL, nullptr);
+    std::setlocale(LC_ALL, "");  // as toolkits do; the locale may not be installed
+    EXPECT_EQ(takeUTF8(gpsMakeDecimalDegreesText(recordAt(33.9, 'S', 18.4, 'E'))),
+              "-33.900000, 18.400000");
+    std::setlocale(LC_ALL, earlier.c_str());
+}
+
 TEST(gpsMakeAltitudeText, roundsToWholeMetres)
 {
     const struct {
