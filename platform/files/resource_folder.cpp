@@ -30,6 +30,12 @@ std::string platform::resourceFolder()
     return told != nullptr && *told != '\0' ? told : resourceFolderOf(programFolder());
 }
 
+std::string platform::documentFolder()
+{
+    const std::string beside = programFolder() + "/../docs";
+    return isFolder(beside) ? beside : programFolder() + "/../share/doc/pinorama";
+}
+
 std::string platform::resourceFolderOf(const std::string& programFolder)
 {
     std::string beside = programFolder + "/../resources";

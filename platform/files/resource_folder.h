@@ -15,6 +15,11 @@ std::string resourceFolder();
 // The second and third of these, for programs in `programFolder`.
 std::string resourceFolderOf(const std::string& programFolder);
 
+// The folder of the documents for users, without a slash at the end: beside the build tree's
+// programs (<folder of the program>/../docs), else under the install prefix
+// (<folder of the program>/../share/doc/pinorama).
+std::string documentFolder();
+
 // The folder of the program that runs, without a slash at the end; empty when the system does not
 // tell.
 std::string programFolder();
