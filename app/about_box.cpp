@@ -10,6 +10,17 @@ struct AboutBox {
     Q_DECLARE_TR_FUNCTIONS(AboutBox)
 };
 constexpr int kIconSize = 64;  // points
+
+// What the program stands on, and under which licence each comes. Names, in every language.
+QString librariesAsLines()
+{
+    return QStringLiteral(
+               "Qt %1 (LGPL-3.0)<br>ICU (Unicode-3.0)<br>"
+               "LibRaw (LGPL-2.1 / CDDL-1.0)<br>"
+               "libjpeg-turbo (IJG / BSD-3-Clause / Zlib)<br>"
+               "nlohmann-json (MIT)<br>libseccomp (LGPL-2.1)")
+        .arg(QLatin1String(qVersion()));
+}
 }  // namespace
 
 void appShowAboutBox(QWidget* parent)
@@ -24,10 +35,11 @@ void appShowAboutBox(QWidget* parent)
     box->setText(QStringLiteral("<b>Pinorama " PINORAMA_VERSION "</b>"));
     box->setInformativeText(
         QStringLiteral("<p>%1</p><p><a href=\"" PINORAMA_HOME_URL "\">" PINORAMA_HOME_URL
-                       "</a></p><p>%2</p>")
+                       "</a></p><p>%2</p><p>%3<br>%4</p>")
             .arg(AboutBox::tr("Tells where the picture selected in the file manager was taken."),
                  AboutBox::tr("Free software under the GNU General Public License, version 3 or "
-                              "later. It comes with no warranty.")));
+                              "later. It comes with no warranty."),
+                 AboutBox::tr("Made with these libraries:"), librariesAsLines()));
     box->setTextInteractionFlags(Qt::TextBrowserInteraction);
     box->setStandardButtons(QMessageBox::Close);
     box->open();

@@ -125,8 +125,16 @@ public Q_SLOTS:
     // Flies the globe program to the location.
     void revealInGoogleEarth();
 
+    // Put the coordinate on the clipboard: as it is shown, and as signed decimal degrees for other
+    // programs.
+    void copyCoordinate();
+    void copyDecimalDegrees();
+
     // Asks the user for a picture and shows it.
     void openPicture();
+
+    // Opens the manual that came with the program, else the home page.
+    void showManual();
     void showAboutBox();
 
     // Puts the preview of `path`, in raw bytes, into the window. It is dropped when another path

@@ -5,19 +5,25 @@
 #include "app/elided_field.h"
 #include "app/main_window.h"
 #include "app/pop_up_menu.h"
+#include "app/wrapped_field.h"
 #include "globe/fly_to.h"
 #include "globe/google_earth_connector.h"
 #include "lib/strings/string_holder.h"
 #include "lib/ui/qt_text.h"
+#include "location/coordinate_text.h"
 #include "location/file_name.h"
+#include "platform/files/file_uri.h"
 #include "platform/files/path_text.h"
+#include "platform/files/resource_folder.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QStandardPaths>
 
+#include <filesystem>
 #include <memory>
 
 void AppController::connectOutlets()
@@ -55,9 +61,20 @@ void AppController::connectActions()
     connect(webServicesMenu, &PopUpMenu::chosen, this, &AppController::webMenuHit);
     connect(window->webServicesAction, &QAction::triggered, webServicesMenu, &PopUpMenu::showPopup);
 
+    connect(window->copyCoordinateAction, &QAction::triggered, this,
+            &AppController::copyCoordinate);
+    connect(window->copyDecimalAction, &QAction::triggered, this,
+            &AppController::copyDecimalDegrees);
+    for (QAction* action : {window->copyCoordinateAction, window->copyDecimalAction}) {
+        gpsCoordinateField->addAction(action);
+        connect(gpsCoordinateField, &WrappedField::textChanged, action,
+                [this, action] { action->setEnabled(!gpsCoordinateField->text().isEmpty()); });
+    }
+
     connect(window->openAction, &QAction::triggered, this, &AppController::openPicture);
     connect(window->closeAction, &QAction::triggered, window_.get(), &QWidget::close);
     connect(window->quitAction, &QAction::triggered, qApp, &QCoreApplication::quit);
+    connect(window->manualAction, &QAction::triggered, this, &AppController::showManual);
     connect(window->homePageAction, &QAction::triggered, this, &AppController::poweredBySkallion);
     connect(window->donateAction, &QAction::triggered, this, &AppController::donate);
     connect(window->aboutAction, &QAction::triggered, this, &AppController::showAboutBox);
@@ -146,6 +163,17 @@ void AppController::openAddress(TovStringRef address)
     if (address != nullptr) opener_->open(cuTextUnits(address).toUtf8());
 }
 
+void AppController::copyCoordinate()
+{
+    QGuiApplication::clipboard()->setText(gpsCoordinateField->text());
+}
+
+void AppController::copyDecimalDegrees()
+{
+    const StringHolder degrees(gpsMakeDecimalDegreesText(info));
+    QGuiApplication::clipboard()->setText(cuTextUnits(degrees.get()));
+}
+
 void AppController::openPicture()
 {
     // Beside the picture that is shown, and at first among the user's pictures.
@@ -161,6 +189,17 @@ void AppController::openPicture()
         applicationOpenFile(path.get());
     });
     dialog->open();
+}
+
+void AppController::showManual()
+{
+    const std::string manual =
+        std::filesystem::path(platform::documentFolder() + "/manual.md").lexically_normal();
+    if (!QFile::exists(QFile::decodeName(manual.c_str()))) {
+        poweredBySkallion();
+        return;
+    }
+    opener_->open(QByteArray::fromStdString(platform::fileURIOfPath(manual)));
 }
 
 void AppController::showAboutBox()

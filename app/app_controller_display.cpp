@@ -72,6 +72,7 @@ void AppController::requestPreview()
     // It comes through the event loop: the texts are there at once, and while the selection moves
     // on quickly only the last picture is drawn.
     fileIconField->clear();
+    fileIconField->setFile(QByteArray::fromStdString(platform::pathBytes(lastPath)));
     previews_.request(lastPath, kPreviewSize, myWindow->devicePixelRatioF());
 }
 

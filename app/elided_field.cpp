@@ -2,6 +2,7 @@
 
 #include <QFocusEvent>
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QToolTip>
@@ -43,6 +44,12 @@ bool ElidedField::event(QEvent* event)
                               toolTip().toHtmlEscaped() + QLatin1String("</p>");
         QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), shown, this);
         return true;
+    }
+    // With nothing to copy here the key is the window's.
+    if (event->type() == QEvent::ShortcutOverride && !hasSelectedText() &&
+        static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy)) {
+        event->ignore();
+        return false;
     }
     return QLineEdit::event(event);
 }

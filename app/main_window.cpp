@@ -1,5 +1,6 @@
 #include "app/main_window.h"
 
+#include "app/caption_colour.h"
 #include "platform/files/file_uri.h"
 
 #include <QDragEnterEvent>
@@ -12,8 +13,7 @@
 #include <vector>
 
 namespace {
-constexpr int kMarkerSize = 32;            // points
-constexpr float kCaptionStrength = 0.72F;  // of the text's contrast to its background
+constexpr int kMarkerSize = 32;  // points
 
 // The last file of a drop; empty when it holds none.
 QByteArray fileOf(const QMimeData& data)
@@ -22,14 +22,6 @@ QByteArray fileOf(const QMimeData& data)
     const std::vector<std::string> paths =
         platform::pathsOfURIList({list.constData(), static_cast<std::size_t>(list.size())});
     return paths.empty() ? QByteArray() : QByteArray::fromStdString(paths.back());
-}
-
-QColor between(const QColor& background, const QColor& text, float strength)
-{
-    const auto mixed = [strength](float a, float b) { return a + (b - a) * strength; };
-    return QColor::fromRgbF(mixed(background.redF(), text.redF()),
-                            mixed(background.greenF(), text.greenF()),
-                            mixed(background.blueF(), text.blueF()));
 }
 }  // namespace
 
@@ -64,6 +56,7 @@ void MainWindow::changeEvent(QEvent* event)
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)
 {
+    if (event->source() == fileIconField) return;  // it is shown already
     if (!fileOf(*event->mimeData()).isEmpty()) event->acceptProposedAction();
 }
 
@@ -89,8 +82,8 @@ void MainWindow::quietCaptions()
     QPalette quiet = palette();
     for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
         quiet.setColor(group, QPalette::WindowText,
-                       between(palette().color(group, QPalette::Window),
-                               palette().color(group, QPalette::WindowText), kCaptionStrength));
+                       app::captionColour(palette().color(group, QPalette::Window),
+                                          palette().color(group, QPalette::WindowText)));
     }
     for (const auto& captions = findChildren<QLabel*>(); QLabel * caption : captions) {
         if (caption->buddy() != nullptr) caption->setPalette(quiet);

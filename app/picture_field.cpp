@@ -1,8 +1,58 @@
 #include "app/picture_field.h"
 
+#include "platform/files/file_uri.h"
+
+#include <QApplication>
+#include <QDrag>
+#include <QMimeData>
+#include <QMouseEvent>
 #include <QPainter>
 
-#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
+std::unique_ptr<QMimeData> PictureField::dragData() const
+{
+    // Not QFile: a name that is no UTF-8 has no QString.
+    std::error_code error;
+    if (!file_.startsWith('/') || !std::filesystem::exists(file_.toStdString(), error))
+        return nullptr;
+    auto carried = std::make_unique<QMimeData>();
+    // The raw bytes of the path: a name may be no UTF-8.
+    carried->setData(
+        QStringLiteral("text/uri-list"),
+        QByteArray::fromStdString(platform::fileURIOfPath(file_.toStdString())) + "\r\n");
+    return carried;
+}
+
+void PictureField::mousePressEvent(QMouseEvent* event)
+{
+    QLabel::mousePressEvent(event);
+    if (event->button() != Qt::LeftButton) return;
+    pressedAt_ = event->position().toPoint();
+    event->accept();
+}
+
+void PictureField::mouseMoveEvent(QMouseEvent* event)
+{
+    QLabel::mouseMoveEvent(event);
+    const QPoint way = event->position().toPoint() - pressedAt_;
+    if ((event->buttons() & Qt::LeftButton) == 0 ||
+        way.manhattanLength() < QApplication::startDragDistance()) {
+        return;
+    }
+    std::unique_ptr<QMimeData> carried = dragData();
+    if (!carried) return;
+    auto* drag = new QDrag(this);  // deletes itself
+    drag->setMimeData(carried.release());
+    const QPixmap preview = pixmap(Qt::ReturnByValue);
+    if (!preview.isNull()) {
+        drag->setPixmap(preview);
+        const QSize size = preview.deviceIndependentSize().toSize();
+        drag->setHotSpot({size.width() / 2, size.height() / 2});
+    }
+    drag->exec(Qt::CopyAction);
+}
 
 void PictureField::paintEvent(QPaintEvent* event)
 {

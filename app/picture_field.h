@@ -1,9 +1,15 @@
 // The place of the preview, or of a few words on why there is none. While it is empty it shows an
-// outline, so that the window says where a picture can be dropped.
+// outline, so that the window says where a picture can be dropped. The preview can be dragged out:
+// what is dragged is the file.
 
 #pragma once
 
+#include <QByteArray>
 #include <QLabel>
+
+#include <memory>
+
+class QMimeData;
 
 class PictureField : public QLabel {
     Q_OBJECT
@@ -11,6 +17,18 @@ class PictureField : public QLabel {
 public:
     explicit PictureField(QWidget* parent = nullptr) : QLabel(parent) { setWordWrap(true); }
 
+    // The file that is dragged, an absolute path in raw bytes; empty for none.
+    void setFile(const QByteArray& path) { file_ = path; }
+
+    // What a drag carries: the file's address. Null when there is no such file.
+    std::unique_ptr<QMimeData> dragData() const;
+
 protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    QByteArray file_;
+    QPoint pressedAt_;
 };

@@ -1,6 +1,9 @@
 #include "app/wrapped_field.h"
 
+#include <QContextMenuEvent>
 #include <QFocusEvent>
+#include <QKeyEvent>
+#include <QMenu>
 #include <QScrollBar>
 #include <QTextLayout>
 
@@ -64,6 +67,29 @@ QSize WrappedField::minimumSizeHint() const
     const int lines = std::clamp(linesNeeded(), 1, maximumLines_);
     return {fontMetrics().averageCharWidth() * kSmallestWidth,
             lines * fontMetrics().lineSpacing() + 1};
+}
+
+bool WrappedField::event(QEvent* event)
+{
+    // With nothing to copy here the key is the window's, else it is the field's.
+    if (event->type() == QEvent::ShortcutOverride &&
+        static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy)) {
+        event->setAccepted(textCursor().hasSelection());
+        return event->isAccepted();
+    }
+    return QPlainTextEdit::event(event);
+}
+
+void WrappedField::contextMenuEvent(QContextMenuEvent* event)
+{
+    QMenu* menu = createStandardContextMenu(event->pos());
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    if (!actions().isEmpty()) {
+        QAction* standard = menu->actions().value(0);
+        menu->insertActions(standard, actions());
+        menu->insertSeparator(standard);
+    }
+    menu->popup(event->globalPos());
 }
 
 void WrappedField::resizeEvent(QResizeEvent* event)

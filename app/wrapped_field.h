@@ -1,6 +1,7 @@
 // A read-only text that wraps, in the middle of a word if need be, and is as high as its text:
 // nothing of it is ever cut. A text of many lines scrolls. It can be selected and copied with the
-// mouse and with the keyboard, and is a text with a caption (its buddy) to a screen reader.
+// mouse and with the keyboard, and is a text with a caption (its buddy) to a screen reader. Actions
+// that are added to it stand first in its context menu.
 
 #pragma once
 
@@ -30,6 +31,8 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
+    bool event(QEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;

@@ -15,6 +15,10 @@
         <source>Free software under the GNU General Public License, version 3 or later. It comes with no warranty.</source>
         <translation>Freie Software unter der GNU General Public License, Version 3 oder neuer. Ohne jede Gewähr.</translation>
     </message>
+    <message>
+        <source>Made with these libraries:</source>
+        <translation>Verwendete Bibliotheken:</translation>
+    </message>
 </context>
 <context>
     <name>AppController</name>
@@ -168,6 +172,18 @@
     <message>
         <source>&amp;About Pinorama</source>
         <translation>Ü&amp;ber Pinorama</translation>
+    </message>
+    <message>
+        <source>Cop&amp;y Coordinate</source>
+        <translation>K&amp;oordinate kopieren</translation>
+    </message>
+    <message>
+        <source>Copy as &amp;Decimal Degrees</source>
+        <translation>Als &amp;Dezimalgrad kopieren</translation>
+    </message>
+    <message>
+        <source>Pinorama &amp;Manual</source>
+        <translation>&amp;Handbuch zu Pinorama</translation>
     </message>
 </context>
 </TS>

@@ -15,6 +15,10 @@
         <source>Free software under the GNU General Public License, version 3 or later. It comes with no warranty.</source>
         <translation>Software libre bajo la Licencia Pública General de GNU, versión 3 o posterior. Se distribuye sin ninguna garantía.</translation>
     </message>
+    <message>
+        <source>Made with these libraries:</source>
+        <translation>Bibliotecas utilizadas:</translation>
+    </message>
 </context>
 <context>
     <name>AppController</name>
@@ -63,7 +67,7 @@
     </message>
     <message>
         <source>Finds all catalogued pictures taken within 2000 m</source>
-        <translation>Busca todas las fotos catalogadas tomadas a menos de 2000 m</translation>
+        <translation>Busca todas las fotos catalogadas tomadas a menos de 2000&#xa0;m</translation>
     </message>
     <message>
         <source>&amp;Find in Skallion</source>
@@ -168,6 +172,18 @@
     <message>
         <source>&amp;About Pinorama</source>
         <translation>&amp;Acerca de Pinorama</translation>
+    </message>
+    <message>
+        <source>Cop&amp;y Coordinate</source>
+        <translation>Cop&amp;iar las coordenadas</translation>
+    </message>
+    <message>
+        <source>Copy as &amp;Decimal Degrees</source>
+        <translation>Copiar en grados &amp;decimales</translation>
+    </message>
+    <message>
+        <source>Pinorama &amp;Manual</source>
+        <translation>&amp;Manual de Pinorama</translation>
     </message>
 </context>
 </TS>

@@ -15,6 +15,10 @@
         <source>Free software under the GNU General Public License, version 3 or later. It comes with no warranty.</source>
         <translation>Logiciel libre sous licence publique générale GNU, version 3 ou ultérieure. Fourni sans aucune garantie.</translation>
     </message>
+    <message>
+        <source>Made with these libraries:</source>
+        <translation>Bibliothèques utilisées&#xa0;:</translation>
+    </message>
 </context>
 <context>
     <name>AppController</name>
@@ -28,7 +32,7 @@
     </message>
     <message>
         <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
-        <translation>Impossible de lire les photos : le programme pinorama-reader ne démarre pas.</translation>
+        <translation>Impossible de lire les photos&#xa0;: le programme pinorama-reader ne démarre pas.</translation>
     </message>
 </context>
 <context>
@@ -63,7 +67,7 @@
     </message>
     <message>
         <source>Finds all catalogued pictures taken within 2000 m</source>
-        <translation>Trouve toutes les photos cataloguées prises à moins de 2000 m</translation>
+        <translation>Trouve toutes les photos cataloguées prises à moins de 2000&#xa0;m</translation>
     </message>
     <message>
         <source>&amp;Find in Skallion</source>
@@ -79,7 +83,7 @@
     </message>
     <message>
         <source>Name:</source>
-        <translation>Nom :</translation>
+        <translation>Nom&#xa0;:</translation>
     </message>
     <message>
         <source>Select a picture, or drop one here</source>
@@ -87,43 +91,43 @@
     </message>
     <message>
         <source>Size:</source>
-        <translation>Taille :</translation>
+        <translation>Taille&#xa0;:</translation>
     </message>
     <message>
         <source>Modified:</source>
-        <translation>Modifié :</translation>
+        <translation>Modifié&#xa0;:</translation>
     </message>
     <message>
         <source>Created:</source>
-        <translation>Créé :</translation>
+        <translation>Créé&#xa0;:</translation>
     </message>
     <message>
         <source>Coordinate:</source>
-        <translation>Coordonnées :</translation>
+        <translation>Coordonnées&#xa0;:</translation>
     </message>
     <message>
         <source>Altitude:</source>
-        <translation>Altitude :</translation>
+        <translation>Altitude&#xa0;:</translation>
     </message>
     <message>
         <source>Direction:</source>
-        <translation>Direction :</translation>
+        <translation>Direction&#xa0;:</translation>
     </message>
     <message>
         <source>City:</source>
-        <translation>Ville :</translation>
+        <translation>Ville&#xa0;:</translation>
     </message>
     <message>
         <source>State:</source>
-        <translation>Région :</translation>
+        <translation>Région&#xa0;:</translation>
     </message>
     <message>
         <source>Country:</source>
-        <translation>Pays :</translation>
+        <translation>Pays&#xa0;:</translation>
     </message>
     <message>
         <source>Caption:</source>
-        <translation>Légende :</translation>
+        <translation>Légende&#xa0;:</translation>
     </message>
     <message>
         <source>Shows the picture that is selected in the file manager, always</source>
@@ -168,6 +172,18 @@
     <message>
         <source>&amp;About Pinorama</source>
         <translation>À &amp;propos de Pinorama</translation>
+    </message>
+    <message>
+        <source>Cop&amp;y Coordinate</source>
+        <translation>Cop&amp;ier les coordonnées</translation>
+    </message>
+    <message>
+        <source>Copy as &amp;Decimal Degrees</source>
+        <translation>Copier en &amp;degrés décimaux</translation>
+    </message>
+    <message>
+        <source>Pinorama &amp;Manual</source>
+        <translation>&amp;Manuel de Pinorama</translation>
     </message>
 </context>
 </TS>

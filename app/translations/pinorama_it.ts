@@ -15,6 +15,10 @@
         <source>Free software under the GNU General Public License, version 3 or later. It comes with no warranty.</source>
         <translation>Software libero con licenza GNU General Public License, versione 3 o successiva. Distribuito senza alcuna garanzia.</translation>
     </message>
+    <message>
+        <source>Made with these libraries:</source>
+        <translation>Librerie utilizzate:</translation>
+    </message>
 </context>
 <context>
     <name>AppController</name>
@@ -63,7 +67,7 @@
     </message>
     <message>
         <source>Finds all catalogued pictures taken within 2000 m</source>
-        <translation>Trova tutte le foto catalogate scattate entro 2000 m</translation>
+        <translation>Trova tutte le foto catalogate scattate entro 2000&#xa0;m</translation>
     </message>
     <message>
         <source>&amp;Find in Skallion</source>
@@ -168,6 +172,18 @@
     <message>
         <source>&amp;About Pinorama</source>
         <translation>&amp;Informazioni su Pinorama</translation>
+    </message>
+    <message>
+        <source>Cop&amp;y Coordinate</source>
+        <translation>Copia c&amp;oordinate</translation>
+    </message>
+    <message>
+        <source>Copy as &amp;Decimal Degrees</source>
+        <translation>Copia in gradi &amp;decimali</translation>
+    </message>
+    <message>
+        <source>Pinorama &amp;Manual</source>
+        <translation>&amp;Manuale di Pinorama</translation>
     </message>
 </context>
 </TS>

@@ -15,6 +15,10 @@
         <source>Free software under the GNU General Public License, version 3 or later. It comes with no warranty.</source>
         <translation>GNU General Public License バージョン 3 以降に基づくフリーソフトウェアです。無保証です。</translation>
     </message>
+    <message>
+        <source>Made with these libraries:</source>
+        <translation>使用しているライブラリ:</translation>
+    </message>
 </context>
 <context>
     <name>AppController</name>
@@ -63,7 +67,7 @@
     </message>
     <message>
         <source>Finds all catalogued pictures taken within 2000 m</source>
-        <translation>2000 m 以内で撮影されたカタログ内の写真をすべて検索します</translation>
+        <translation>2000&#xa0;m 以内で撮影されたカタログ内の写真をすべて検索します</translation>
     </message>
     <message>
         <source>&amp;Find in Skallion</source>
@@ -168,6 +172,18 @@
     <message>
         <source>&amp;About Pinorama</source>
         <translation>Pinorama について(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Cop&amp;y Coordinate</source>
+        <translation>座標をコピー(&amp;Y)</translation>
+    </message>
+    <message>
+        <source>Copy as &amp;Decimal Degrees</source>
+        <translation>座標を十進度でコピー(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Pinorama &amp;Manual</source>
+        <translation>Pinorama マニュアル(&amp;M)</translation>
     </message>
 </context>
 </TS>

@@ -15,6 +15,10 @@
         <source>Free software under the GNU General Public License, version 3 or later. It comes with no warranty.</source>
         <translation>Vrije software onder de GNU General Public License, versie 3 of later. Zonder enige garantie.</translation>
     </message>
+    <message>
+        <source>Made with these libraries:</source>
+        <translation>Gebruikte bibliotheken:</translation>
+    </message>
 </context>
 <context>
     <name>AppController</name>
@@ -63,7 +67,7 @@
     </message>
     <message>
         <source>Finds all catalogued pictures taken within 2000 m</source>
-        <translation>Vindt alle gecatalogiseerde foto’s die binnen 2000 m zijn gemaakt</translation>
+        <translation>Vindt alle gecatalogiseerde foto’s die binnen 2000&#xa0;m zijn gemaakt</translation>
     </message>
     <message>
         <source>&amp;Find in Skallion</source>
@@ -168,6 +172,18 @@
     <message>
         <source>&amp;About Pinorama</source>
         <translation>&amp;Over Pinorama</translation>
+    </message>
+    <message>
+        <source>Cop&amp;y Coordinate</source>
+        <translation>&amp;Coördinaten kopiëren</translation>
+    </message>
+    <message>
+        <source>Copy as &amp;Decimal Degrees</source>
+        <translation>Als &amp;decimale graden kopiëren</translation>
+    </message>
+    <message>
+        <source>Pinorama &amp;Manual</source>
+        <translation>&amp;Handleiding van Pinorama</translation>
     </message>
 </context>
 </TS>

@@ -15,6 +15,10 @@
         <source>Free software under the GNU General Public License, version 3 or later. It comes with no warranty.</source>
         <translation>Wolne oprogramowanie na licencji GNU General Public License w wersji 3 lub nowszej. Bez jakiejkolwiek gwarancji.</translation>
     </message>
+    <message>
+        <source>Made with these libraries:</source>
+        <translation>Wykorzystane biblioteki:</translation>
+    </message>
 </context>
 <context>
     <name>AppController</name>
@@ -63,7 +67,7 @@
     </message>
     <message>
         <source>Finds all catalogued pictures taken within 2000 m</source>
-        <translation>Znajduje wszystkie skatalogowane zdjęcia wykonane w promieniu 2000 m</translation>
+        <translation>Znajduje wszystkie skatalogowane zdjęcia wykonane w promieniu 2000&#xa0;m</translation>
     </message>
     <message>
         <source>&amp;Find in Skallion</source>
@@ -168,6 +172,18 @@
     <message>
         <source>&amp;About Pinorama</source>
         <translation>&amp;O programie Pinorama</translation>
+    </message>
+    <message>
+        <source>Cop&amp;y Coordinate</source>
+        <translation>Kopiuj &amp;współrzędne</translation>
+    </message>
+    <message>
+        <source>Copy as &amp;Decimal Degrees</source>
+        <translation>Kopiuj w stopniach &amp;dziesiętnych</translation>
+    </message>
+    <message>
+        <source>Pinorama &amp;Manual</source>
+        <translation>&amp;Podręcznik programu Pinorama</translation>
     </message>
 </context>
 </TS>

@@ -15,6 +15,10 @@
         <source>Free software under the GNU General Public License, version 3 or later. It comes with no warranty.</source>
         <translation>Software livre sob a Licença Pública Geral GNU, versão 3 ou posterior. Fornecido sem nenhuma garantia.</translation>
     </message>
+    <message>
+        <source>Made with these libraries:</source>
+        <translation>Bibliotecas utilizadas:</translation>
+    </message>
 </context>
 <context>
     <name>AppController</name>
@@ -63,7 +67,7 @@
     </message>
     <message>
         <source>Finds all catalogued pictures taken within 2000 m</source>
-        <translation>Localiza todas as fotos catalogadas tiradas a até 2000 m</translation>
+        <translation>Localiza todas as fotos catalogadas tiradas a até 2000&#xa0;m</translation>
     </message>
     <message>
         <source>&amp;Find in Skallion</source>
@@ -168,6 +172,18 @@
     <message>
         <source>&amp;About Pinorama</source>
         <translation>&amp;Sobre o Pinorama</translation>
+    </message>
+    <message>
+        <source>Cop&amp;y Coordinate</source>
+        <translation>&amp;Copiar coordenadas</translation>
+    </message>
+    <message>
+        <source>Copy as &amp;Decimal Degrees</source>
+        <translation>Copiar em graus &amp;decimais</translation>
+    </message>
+    <message>
+        <source>Pinorama &amp;Manual</source>
+        <translation>&amp;Manual do Pinorama</translation>
     </message>
 </context>
 </TS>

@@ -15,6 +15,10 @@
         <source>Free software under the GNU General Public License, version 3 or later. It comes with no warranty.</source>
         <translation>基于 GNU 通用公共许可证第 3 版或更新版本的自由软件，不提供任何担保。</translation>
     </message>
+    <message>
+        <source>Made with these libraries:</source>
+        <translation>使用的库：</translation>
+    </message>
 </context>
 <context>
     <name>AppController</name>
@@ -63,7 +67,7 @@
     </message>
     <message>
         <source>Finds all catalogued pictures taken within 2000 m</source>
-        <translation>查找目录中在 2000 米范围内拍摄的所有照片</translation>
+        <translation>查找目录中在 2000&#xa0;米范围内拍摄的所有照片</translation>
     </message>
     <message>
         <source>&amp;Find in Skallion</source>
@@ -168,6 +172,18 @@
     <message>
         <source>&amp;About Pinorama</source>
         <translation>关于 Pinorama(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Cop&amp;y Coordinate</source>
+        <translation>复制坐标(&amp;Y)</translation>
+    </message>
+    <message>
+        <source>Copy as &amp;Decimal Degrees</source>
+        <translation>以十进制度数复制(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Pinorama &amp;Manual</source>
+        <translation>Pinorama 手册(&amp;M)</translation>
     </message>
 </context>
 </TS>

@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QDialog>
+#include <QDir>
 #include <QLabel>
 #include <QMenuBar>
 #include <QScreen>
@@ -54,15 +55,15 @@ char16_t mnemonicOf(const QString& text)
     return at < 0 ? u'\0' : text.at(at + 1).toLower().unicode();
 }
 
-// The window in German, until the end of the scope.
-class German {
+// The window in another language, until the end of the scope.
+class InLanguage {
 public:
-    German()
+    explicit InLanguage(const QString& language)
     {
-        EXPECT_TRUE(translator_.load(QStringLiteral(":/i18n/pinorama_de.qm")));
+        EXPECT_TRUE(translator_.load(QLatin1String(":/i18n/pinorama_") + language));
         QCoreApplication::installTranslator(&translator_);
     }
-    ~German() { QCoreApplication::removeTranslator(&translator_); }
+    ~InLanguage() { QCoreApplication::removeTranslator(&translator_); }
 
 private:
     QTranslator translator_;
@@ -157,20 +158,30 @@ TEST_F(MainWindowTest, noFieldHasTheFocusAtFirst)
 TEST_F(MainWindowTest, everyCommandHasAMnemonicOfItsOwn)
 {
     expectMnemonicsToDiffer(controller.myWindow);
-    const German german;
-    AppController inGerman;
-    EXPECT_EQ(inGerman.myWindow->showInGEButton->text(), QStringLiteral("Im &Globus zeigen"));
-    expectMnemonicsToDiffer(inGerman.myWindow);
+    const QStringList files = QDir(QStringLiteral(":/i18n")).entryList({QStringLiteral("*.qm")});
+    ASSERT_TRUE(files.contains(QLatin1String("pinorama_de.qm")));
+    for (const QString& file : files) {
+        SCOPED_TRACE(file.toStdString());
+        const InLanguage language(QString(file).remove(QLatin1String("pinorama_")));
+        const AppController translated;
+        EXPECT_NE(translated.myWindow->showInGEButton->text(), QLatin1String("Show in &Globe"));
+        expectMnemonicsToDiffer(translated.myWindow);
+    }
 }
 
 TEST_F(MainWindowTest, theLocationCommandsHaveShortcutsAndToolTips)
 {
     const MainWindow* window = controller.myWindow;
+    EXPECT_EQ(window->webServicesAction->shortcut(), QKeySequence(QStringLiteral("Ctrl+M")));
+    EXPECT_EQ(window->showInGEAction->shortcut(), QKeySequence(QStringLiteral("Ctrl+G")));
+    EXPECT_EQ(window->searchInTovAction->shortcut(), QKeySequence(QStringLiteral("Ctrl+F")));
+    EXPECT_EQ(window->exportKMLAction->shortcut(), QKeySequence(QStringLiteral("Ctrl+E")));
     std::set<QString> shortcuts;
     for (const QAction* action :
          {window->openAction, window->webServicesAction, window->showInGEAction,
-          window->searchInTovAction, window->exportKMLAction, window->closeAction,
-          window->quitAction}) {
+          window->searchInTovAction, window->exportKMLAction, window->copyCoordinateAction,
+          window->copyDecimalAction, window->closeAction, window->quitAction,
+          window->manualAction}) {
         EXPECT_FALSE(action->shortcut().isEmpty()) << action->objectName().toStdString();
         EXPECT_TRUE(shortcuts.insert(action->shortcut().toString()).second);
     }
@@ -197,7 +208,7 @@ TEST_F(MainWindowTest, nothingMovesWhenTheMarkerComes)
 
 TEST_F(MainWindowTest, holdsEveryTextWholeInBothLanguages)
 {
-    const German german;
+    const InLanguage german(QStringLiteral("de"));
     test::PictureFields fields = kEverything;
     fields.city = std::string(64, 'W');
     AppController inGerman;
@@ -250,7 +261,7 @@ TEST_F(MainWindowTest, closingIsNotQuittingAndQuitIsInTheMenu)
         controller.myWindow->pictureMenu->actions().contains(controller.myWindow->quitAction));
 }
 
-TEST_F(MainWindowTest, theAboutBoxTellsVersionAndLicence)
+TEST_F(MainWindowTest, theAboutBoxTellsVersionLicenceAndLibraries)
 {
     controller.showMainWindow();
     controller.myWindow->aboutAction->trigger();
@@ -260,5 +271,8 @@ TEST_F(MainWindowTest, theAboutBoxTellsVersionAndLicence)
     for (const QLabel* label : box->findChildren<QLabel*>()) words += label->text();
     EXPECT_TRUE(words.contains(QLatin1String("Pinorama " PINORAMA_VERSION)));
     EXPECT_TRUE(words.contains(QLatin1String("General Public License")));
+    for (const char* library :
+         {"Qt ", "ICU", "LibRaw", "libjpeg-turbo", "nlohmann-json", "libseccomp"})
+        EXPECT_TRUE(words.contains(QLatin1String(library))) << library;
     box->close();
 }

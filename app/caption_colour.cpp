@@ -1,0 +1,44 @@
+#include "app/caption_colour.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+constexpr double kSmallestContrast = 4.5;
+constexpr float kQuietest = 0.72F;  // of the way from the background to the text
+constexpr float kStep = 0.04F;
+
+double linear(float channel)
+{
+    return channel <= 0.04045F ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+}
+
+double luminance(const QColor& colour)
+{
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+}
+
+QColor between(const QColor& background, const QColor& text, float strength)
+{
+    const auto mixed = [strength](float a, float b) { return a + (b - a) * strength; };
+    return QColor::fromRgbF(mixed(background.redF(), text.redF()),
+                            mixed(background.greenF(), text.greenF()),
+                            mixed(background.blueF(), text.blueF()));
+}
+}  // namespace
+
+double app::contrastRatio(const QColor& one, const QColor& other)
+{
+    const auto [darker, brighter] = std::minmax({luminance(one), luminance(other)});
+    return (brighter + 0.05) / (darker + 0.05);
+}
+
+QColor app::captionColour(const QColor& background, const QColor& text)
+{
+    for (float strength = kQuietest; strength < 1.0F; strength += kStep) {
+        const QColor colour = between(background, text, strength);
+        if (contrastRatio(background, colour) >= kSmallestContrast) return colour;
+    }
+    return text;
+}
