@@ -8,12 +8,22 @@
 #include <string>
 #include <utility>
 
+namespace {
+constexpr int kStoreDelay = 100;  // milliseconds
+}  // namespace
+
 struct PreviewLoader::Request {
     std::string path;
     QSizeF size;
     qreal ratio;
     PreviewPlan plan;
     std::uint32_t ticket = 0;  // of the current step; 0 before the first
+};
+
+// A preview that took its time, until it is in the desktop's cache.
+struct PreviewLoader::Unstored {
+    PreviewPlan plan;
+    platform::PreviewAnswer answer;
 };
 
 PreviewLoader::PreviewLoader(QObject* parent) : QObject(parent)
@@ -26,12 +36,15 @@ PreviewLoader::PreviewLoader(QObject* parent) : QObject(parent)
             finish({});
         }
     });
+    storeTimer_.setSingleShot(true);
+    connect(&storeTimer_, &QTimer::timeout, this, &PreviewLoader::store);
     connect(ReaderEvents::instance(), &ReaderEvents::advanced, this, &PreviewLoader::takeAnswer);
 }
 
 PreviewLoader::~PreviewLoader()
 {
     request(nullptr, {}, 1);
+    store();
 }
 
 void PreviewLoader::request(TovStringRef path, QSizeF size, qreal ratio)
@@ -66,7 +79,7 @@ void PreviewLoader::takeAnswer()
         if (reader.previewTicket() == 0) startStep();
         return;
     }
-    const std::optional<platform::PreviewResult> result = reader.takePreview();
+    std::optional<platform::PreviewResult> result = reader.takePreview();
     if (!result) return;
     if (result->outcome == platform::ReadOutcome::noReader) {
         const std::unique_ptr<Request> request = std::move(request_);
@@ -75,7 +88,7 @@ void PreviewLoader::takeAnswer()
     }
     if (result->outcome == platform::ReadOutcome::found) {
         if (const std::optional<QImage> image = request_->plan.imageOf(result->answer)) {
-            request_->plan.store(result->answer);
+            keepForStoring(result->answer);
             finish(cuPictureOfPreview(*image, request_->size, request_->ratio, 0));
             return;
         }
@@ -85,6 +98,21 @@ void PreviewLoader::takeAnswer()
     } else {
         finish({});
     }
+}
+
+// Packing a thumbnail takes longer than showing the preview, so that it is shown first.
+void PreviewLoader::keepForStoring(platform::PreviewAnswer& answer)
+{
+    if (!answer.wasDecoded) return;
+    store();
+    unstored_ = std::make_unique<Unstored>(Unstored{std::move(request_->plan), std::move(answer)});
+    storeTimer_.start(kStoreDelay);
+}
+
+void PreviewLoader::store()
+{
+    const std::unique_ptr<Unstored> unstored = std::move(unstored_);
+    if (unstored) unstored->plan.store(unstored->answer);
 }
 
 // Ends the request, with the icon when `picture` is null. The receiver may make the next one.

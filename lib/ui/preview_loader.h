@@ -12,6 +12,10 @@
 
 #include "platform/objects/string.h"
 
+namespace platform {
+struct PreviewAnswer;
+}
+
 class PreviewLoader : public QObject {
     Q_OBJECT
 
@@ -38,11 +42,16 @@ Q_SIGNALS:
 
 private:
     struct Request;
+    struct Unstored;
 
     void startStep();
     void takeAnswer();
+    void keepForStoring(platform::PreviewAnswer& answer);
+    void store();
     void finish(const QPixmap& picture);
 
     std::unique_ptr<Request> request_;  // null while nothing is asked for
     QTimer timer_;
+    std::unique_ptr<Unstored> unstored_;  // null when all is stored
+    QTimer storeTimer_;
 };

@@ -476,6 +476,30 @@ TEST_F(PreviewLoader, answersThroughTheEventLoop)
     EXPECT_TRUE(test::areNear(quartersOf(arrivals_[0].picture), kCorners));
 }
 
+TEST_F(PreviewLoader, showsADecodedPreviewBeforeItIsStored)
+{
+    const std::string path = picture();
+    const std::string stored = cachePath("normal", "file://" + path);
+    request(path);
+    wait();
+    ASSERT_EQ(arrivals_.size(), 1u);
+    EXPECT_FALSE(std::filesystem::exists(stored));
+    settle();
+    EXPECT_EQ(QImage(QString::fromStdString(stored)).size(), QSize(128, 85));
+}
+
+TEST_F(PreviewLoader, storesAPreviewThatIsLeftEarly)
+{
+    const std::string path = picture();
+    {
+        ::PreviewLoader loader;
+        QObject::connect(&loader, &::PreviewLoader::previewReady, &loop_, &QEventLoop::quit);
+        loader.request(test::text(path).get(), kSize, 1);
+        wait();
+    }
+    EXPECT_TRUE(std::filesystem::exists(cachePath("normal", "file://" + path)));
+}
+
 TEST_F(PreviewLoader, answersTheLastRequestOnly)
 {
     const std::string last = picture("b.jpg");
