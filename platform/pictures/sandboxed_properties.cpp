@@ -28,6 +28,7 @@ platform::ReaderProcess platform::forkPropertyReader()
 platform::PropertySource platform::makeSandboxedPropertySource()
 {
     const auto client = std::make_shared<ReaderClient>(forkPropertyReader);
+    client->start();
     return [client](int descriptor, std::uint64_t /*size*/) -> std::optional<PictureProperties> {
         PropertyResult result = client->readProperties(descriptor);
         if (result.outcome != ReadOutcome::found) return std::nullopt;

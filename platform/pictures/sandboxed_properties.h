@@ -13,7 +13,8 @@ namespace platform {
 ReaderProcess forkPropertyReader();
 
 // A source that has pictures read by such processes, for installPropertySource. The first one
-// starts with the first picture. What could not be read counts as no picture.
+// starts at once, so that it locks itself in while the caller gets ready, and is a copy of as
+// little as possible. What could not be read counts as no picture.
 PropertySource makeSandboxedPropertySource();
 
 }  // namespace platform
