@@ -13,6 +13,7 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QPixmap>
 #include <QTimer>
 
 #include <algorithm>
@@ -47,9 +48,26 @@ void reportWhenComplete(AppController& controller, const std::string& picture)
     timer->start(kPreviewInterval);
 }
 
+// Task bars take the icon from the desktop file; this one is for those that do not.
+void setWindowIcon()
+{
+    QIcon icon;
+    for (const int size : {16, 32, 48, 64, 128}) {
+        const QString file = QStringLiteral(":/pinorama/hicolor/%1x%1/apps/%2.png");
+        icon.addPixmap(QPixmap(file.arg(size).arg(QGuiApplication::desktopFileName()), "PNG"));
+    }
+    QApplication::setWindowIcon(icon);
+}
+
 int run(const app::CommandLine& line)
 {
     platform::ApplicationBus bus(QDBusConnection::sessionBus());
+    // A report is of a window of its own. What others ask for from now on waits for the event loop.
+    if (!line.printAndSave && bus.claim() == platform::ApplicationBus::Claim::takenByAnother) {
+        if (app::handOver(bus, line)) return 0;
+        std::fputs("pinorama: the running program does not answer\n", stderr);
+        return kFailed;
+    }
     platform::FileManagerSelection selection;
     // A report is of the pictures that it was asked for.
     AppController controller(line.printAndSave ? nullptr : &selection);
@@ -58,12 +76,6 @@ int run(const app::CommandLine& line)
     controller.applicationWillFinishLaunching();
     controller.awakeFromNib();
 
-    // A report is of a window of its own.
-    if (!line.printAndSave && bus.claim() == platform::ApplicationBus::Claim::takenByAnother) {
-        if (app::handOver(bus, line)) return 0;
-        std::fputs("pinorama: the running program does not answer\n", stderr);
-        return kFailed;
-    }
     app::carryOut(controller, line);
     if (line.action) return 0;
     if (line.printAndSave) reportWhenComplete(controller, *line.printAndSave);
@@ -72,6 +84,7 @@ int run(const app::CommandLine& line)
             if (controller.myWindow->isHidden()) QCoreApplication::quit();
         });
     }
+    QTimer::singleShot(0, &setWindowIcon);  // the window comes first
     return QCoreApplication::exec();
 }
 }  // namespace
@@ -91,9 +104,6 @@ int main(int argc, char** argv)
     QApplication::setApplicationName(QStringLiteral("Pinorama"));
     QApplication::setApplicationVersion(QStringLiteral(PINORAMA_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("org.pinorama.Pinorama"));
-    QApplication::setWindowIcon(
-        QIcon::fromTheme(QStringLiteral("org.pinorama.Pinorama"),
-                         QIcon(QStringLiteral(":/pinorama/org.pinorama.Pinorama.svg"))));
     app::installTranslations();
 
     const std::vector<std::string> arguments(argv + std::min(argc, 1), argv + argc);

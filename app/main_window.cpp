@@ -7,6 +7,7 @@
 #include <QEvent>
 #include <QIcon>
 #include <QMimeData>
+#include <QPixmap>
 #include <QWindow>
 
 #include <string>
@@ -92,6 +93,10 @@ void MainWindow::quietCaptions()
 
 void MainWindow::showMarker()
 {
-    const QIcon marker(QStringLiteral(":/pinorama/marker.svg"));
+    QIcon marker;
+    for (const int size : {kMarkerSize, 2 * kMarkerSize, 3 * kMarkerSize}) {
+        // Without the name of the format the toolkit would load all its picture plug-ins and ask.
+        marker.addPixmap(QPixmap(QStringLiteral(":/pinorama/marker-%1.png").arg(size), "PNG"));
+    }
     geoTagField->setPixmap(marker.pixmap(QSize(kMarkerSize, kMarkerSize), devicePixelRatioF()));
 }
