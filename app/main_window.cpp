@@ -39,6 +39,7 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent)
     geoTagField->setVisible(false);
     showMarker();
     quietCaptions();
+    resize(size().expandedTo(sizeHint()));  // a larger font needs a larger window
     setFocus();  // not the first field: its whole text would be shown instead of both its ends
 
     // A screen reader says the caption with the text; the colon is for the eye.

@@ -14,8 +14,14 @@ namespace {
 // line.
 constexpr int kLineMargin = 2;
 
-constexpr int kUsualWidth = 36;     // characters
 constexpr int kSmallestWidth = 16;  // characters
+
+// Wide enough for the longest coordinate in one line.
+int usualWidth(const QFontMetrics& metrics)
+{
+    return metrics.horizontalAdvance(QStringLiteral("N 00° 00' 00.0\"   W 000° 00' 00.0\"")) +
+           2 * kLineMargin;
+}
 }  // namespace
 
 WrappedField::WrappedField(QWidget* parent) : QPlainTextEdit(parent)
@@ -59,7 +65,7 @@ void WrappedField::setGrowing(bool growing)
 
 QSize WrappedField::sizeHint() const
 {
-    return {fontMetrics().averageCharWidth() * kUsualWidth, minimumSizeHint().height()};
+    return {usualWidth(fontMetrics()), minimumSizeHint().height()};
 }
 
 QSize WrappedField::minimumSizeHint() const
@@ -128,8 +134,7 @@ void WrappedField::focusOutEvent(QFocusEvent* event)
 int WrappedField::linesNeeded() const
 {
     // Before its window is laid out the field has no width of its own to count lines with.
-    const int width =
-        isLaidOut_ ? viewport()->width() : fontMetrics().averageCharWidth() * kUsualWidth;
+    const int width = isLaidOut_ ? viewport()->width() : usualWidth(fontMetrics());
     int lines = 0;
     for (const QString& paragraph : toPlainText().split(QLatin1Char('\n'))) {
         QTextLayout layout(paragraph, font());

@@ -50,10 +50,6 @@
         <translation>Öffnet den Ort in einer Karte im Internet</translation>
     </message>
     <message>
-        <source>Map services</source>
-        <translation>Kartendienste</translation>
-    </message>
-    <message>
         <source>Map Services</source>
         <translation>Kartendienste</translation>
     </message>

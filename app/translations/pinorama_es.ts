@@ -50,10 +50,6 @@
         <translation>Abre el lugar en un mapa web</translation>
     </message>
     <message>
-        <source>Map services</source>
-        <translation>Servicios de mapas</translation>
-    </message>
-    <message>
         <source>Map Services</source>
         <translation>Servicios de mapas</translation>
     </message>

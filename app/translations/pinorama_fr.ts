@@ -50,10 +50,6 @@
         <translation>Ouvre le lieu dans une carte en ligne</translation>
     </message>
     <message>
-        <source>Map services</source>
-        <translation>Services cartographiques</translation>
-    </message>
-    <message>
         <source>Map Services</source>
         <translation>Services de cartes</translation>
     </message>

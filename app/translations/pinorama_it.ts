@@ -50,10 +50,6 @@
         <translation>Apre il luogo in una mappa web</translation>
     </message>
     <message>
-        <source>Map services</source>
-        <translation>Servizi di mappe</translation>
-    </message>
-    <message>
         <source>Map Services</source>
         <translation>Servizi di mappe</translation>
     </message>

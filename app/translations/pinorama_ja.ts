@@ -50,10 +50,6 @@
         <translation>ウェブ地図でこの場所を開きます</translation>
     </message>
     <message>
-        <source>Map services</source>
-        <translation>地図サービス</translation>
-    </message>
-    <message>
         <source>Map Services</source>
         <translation>地図サービス</translation>
     </message>

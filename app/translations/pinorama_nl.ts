@@ -50,10 +50,6 @@
         <translation>Opent de locatie in een kaart op internet</translation>
     </message>
     <message>
-        <source>Map services</source>
-        <translation>Kaartdiensten</translation>
-    </message>
-    <message>
         <source>Map Services</source>
         <translation>Kaartdiensten</translation>
     </message>

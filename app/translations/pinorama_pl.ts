@@ -50,10 +50,6 @@
         <translation>Otwiera miejsce na mapie internetowej</translation>
     </message>
     <message>
-        <source>Map services</source>
-        <translation>Serwisy map</translation>
-    </message>
-    <message>
         <source>Map Services</source>
         <translation>Serwisy map</translation>
     </message>

@@ -50,10 +50,6 @@
         <translation>Abre o local em um mapa na web</translation>
     </message>
     <message>
-        <source>Map services</source>
-        <translation>Serviços de mapas</translation>
-    </message>
-    <message>
         <source>Map Services</source>
         <translation>Serviços de mapas</translation>
     </message>

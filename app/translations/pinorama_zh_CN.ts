@@ -50,10 +50,6 @@
         <translation>在网络地图中打开此地点</translation>
     </message>
     <message>
-        <source>Map services</source>
-        <translation>地图服务</translation>
-    </message>
-    <message>
         <source>Map Services</source>
         <translation>地图服务</translation>
     </message>

@@ -201,6 +201,12 @@ TEST_F(habits, everyTextFollowsTheFontOfTheSystem)
     large.setPointSizeF(earlier.pointSizeF() * 2);
     QApplication::setFont(large);
     QCoreApplication::processEvents();
+    AppController next;
+    EXPECT_GT(next.myWindow->width(), 600) << "a new window has room for the texts";
+    next.gpsCoordinateField->setText(QStringLiteral("S 33° 53' 59.9\"   W 118° 23' 59.9\""));
+    next.myWindow->show();
+    EXPECT_TRUE(test::waitUntil([&] { return next.gpsCoordinateField->width() > 200; }));
+    EXPECT_EQ(next.gpsCoordinateField->height(), next.gpsAltitudeField->height()) << "one line";
     for (const auto& [widget, height] : heights)
         EXPECT_GE(widget->sizeHint().height(), height * 3 / 2)
             << widget->objectName().toStdString();
