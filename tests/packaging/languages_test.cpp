@@ -101,11 +101,10 @@ std::multiset<std::string> languagesOfKey(const std::string& document, const std
 }
 }  // namespace
 
-TEST(languages, areTheTenThatTheProgramPromises)
+TEST(languages, areAtLeastTheTenOfTheManual)
 {
-    const std::set<std::string> ten = {"de", "en", "es", "fr",    "it",
-                                       "ja", "nl", "pl", "pt_BR", "zh_CN"};
-    EXPECT_EQ(languages(), ten);
+    for (const char* language : {"de", "en", "es", "fr", "it", "ja", "nl", "pl", "pt_BR", "zh_CN"})
+        EXPECT_TRUE(languages().contains(language)) << language;
 }
 
 TEST(languages, haveTablesWithTheSameKeysAndConversions)
