@@ -175,7 +175,7 @@
     </message>
     <message>
         <source>Copy as &amp;Decimal Degrees</source>
-        <translation>座標を十進度でコピー(&amp;D)</translation>
+        <translation>10 進数の度でコピー(&amp;D)</translation>
     </message>
     <message>
         <source>Pinorama &amp;Manual</source>
