@@ -1,0 +1,92 @@
+#!/usr/bin/env python3
+"""Drags the preview out of the real window into a folder of a real file manager, with the mouse. Exit
+status 77 means that nothing could be tried; the reason is printed.
+
+usage: drag_test.py BIN_FOLDER"""
+
+import filecmp
+import os
+import shutil
+import sys
+import time
+import unittest
+
+from session import DesktopSession, RigError, waitFor
+
+BIN = os.path.abspath(sys.argv.pop()) if len(sys.argv) > 1 else ""
+SAMPLE = os.path.join(os.path.dirname(os.path.abspath(__file__)),
+                      "../../resources/samples/Mountains at noon.jpg")
+SKIPPED = 77
+STEP = 0.2  # seconds between two movements of the hand
+PAUSE = 2  # seconds for windows to be where they were moved
+
+
+class DragTest(unittest.TestCase):
+    def setUp(self):
+        self.session = DesktopSession()
+        self.session.__enter__()
+        self.addCleanup(self.session.close)
+
+    def windowNamed(self, pattern):
+        found = waitFor(lambda: (self.session.run(["xdotool", "search", "--onlyvisible", "--name",
+                                                   pattern]) or "").split(), 30)
+        self.assertTrue(found, f"no window {pattern}")
+        return found[0]
+
+    def mouse(self, *arguments):
+        self.session.run(["xdotool", *map(str, arguments)])
+        time.sleep(STEP)
+
+    def testThePreviewDraggedIntoAFolderCopiesTheFile(self):
+        picture = os.path.join(self.session.home, "Mountains at noon.jpg")
+        shutil.copy(SAMPLE, picture)
+        folder = os.path.join(self.session.home, "target")
+        os.mkdir(folder)
+        self.session.start([os.path.join(BIN, "pinorama"), picture])
+        window = self.windowNamed("^Pinorama$")
+        self.session.start(["pcmanfm", folder])
+        manager = self.windowNamed("^target$")
+        self.mouse("windowmove", window, 0, 0)
+        self.mouse("windowsize", manager, 500, 400)
+        self.mouse("windowmove", manager, 800, 300)
+        self.mouse("windowactivate", "--sync", window)
+        time.sleep(PAUSE)
+
+        self.mouse("mousemove", "--window", window, 80, 80)
+        self.mouse("mousedown", 1)
+        for x in (90, 110, 140):
+            self.mouse("mousemove", "--window", window, x, 100)
+        for x in (200, 250, 300):
+            self.mouse("mousemove", "--window", manager, x, 200)
+        # The folder asks what comes, and says only at a further movement that it takes it.
+        for x in (310, 320, 330):
+            time.sleep(PAUSE / 2)
+            self.mouse("mousemove", "--window", manager, x, 200)
+        time.sleep(PAUSE / 2)
+        self.mouse("mouseup", 1)
+
+        copy = os.path.join(folder, "Mountains at noon.jpg")
+        self.assertTrue(waitFor(lambda: os.path.exists(copy) and
+                                os.path.getsize(copy) == os.path.getsize(SAMPLE), 15),
+                        os.listdir(folder))
+        self.assertTrue(filecmp.cmp(copy, SAMPLE, shallow=False))
+        self.assertTrue(os.path.exists(picture), "a drag copies, it never moves")
+
+
+def whyNot():
+    for program in ("Xvfb", "openbox", "xdotool", "pcmanfm"):
+        if not shutil.which(program):
+            return program + " is not installed"
+    return None
+
+
+if __name__ == "__main__":
+    reason = whyNot()
+    if reason:
+        print("skipped:", reason)
+        sys.exit(SKIPPED)
+    try:
+        unittest.main(verbosity=2)
+    except RigError as error:
+        print("skipped:", error)
+        sys.exit(SKIPPED)
