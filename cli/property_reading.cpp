@@ -9,6 +9,7 @@
 PropertyReading makePropertyReading()
 {
     const auto client = std::make_shared<platform::ReaderClient>(platform::forkPropertyReader);
+    client->start();  // locks itself in while the formatters are made
     return
         [client](std::span<const int> descriptors) { return client->readProperties(descriptors); };
 }
