@@ -189,6 +189,7 @@ std::optional<platform::States> platform::statesIn(const QDBusMessage& answer)
         *argument >> word;
         states |= States{word} << shift;
     }
+    argument->endArray();
     return states;
 }
 
@@ -211,6 +212,7 @@ std::optional<std::vector<platform::Accessible>> platform::objectsIn(const QDBus
     while (!argument->atEnd() && objects.size() < limit) {
         objects.push_back(readObject(*argument));
     }
+    argument->endArray();
     return objects;
 }
 
@@ -233,6 +235,7 @@ std::optional<std::vector<int>> platform::numbersIn(const QDBusMessage& answer, 
         *argument >> number;
         numbers.push_back(number);
     }
+    argument->endArray();
     return numbers;
 }
 
@@ -276,5 +279,6 @@ bool platform::hasAttribute(const QDBusMessage& answer, const QString& name, con
         argument->endMapEntry();
         isThere = isThere || (key == name && entry == value);
     }
+    argument->endMap();
     return isThere;
 }

@@ -93,6 +93,13 @@ std::vector<QDBusMessage> platform::Inquiry::takeAnswers()
     return answers;
 }
 
+const QDBusMessage& platform::Inquiry::takeAnswer()
+{
+    answer_ = questions_.front().call.reply();
+    questions_.clear();
+    return answer_;
+}
+
 void platform::Inquiry::ask(const QDBusConnection& bus, const QDBusMessage& question)
 {
     questions_.push_back({question.service(), bus.asyncCall(question, limit_)});

@@ -5,9 +5,11 @@
 //
 //     Task<int> countThings(Inquiry& inquiry, Accessible object)
 //     {
-//         const QDBusMessage answer = co_await inquiry.answer(childCountCall(object));
-//         co_return numberOf(answer);
+//         const QDBusMessage question = childCountQuestion(object);
+//         co_return numberIn(co_await inquiry.answer(question)).value_or(0);
 //     }
+//
+// Every question has a name: GCC 12 never destroys some of the temporary objects inside a co_await.
 
 #pragma once
 
@@ -133,7 +135,7 @@ public:
         void await_suspend(std::coroutine_handle<> waiting) { inquiry_.wait(waiting); }
         std::vector<QDBusMessage> await_resume() { return inquiry_.takeAnswers(); }
 
-    private:
+    protected:
         Inquiry& inquiry_;
     };
     class Answer : private Answers {
@@ -141,7 +143,9 @@ public:
         using Answers::Answers;
         using Answers::await_ready;
         using Answers::await_suspend;
-        QDBusMessage await_resume() { return Answers::await_resume().front(); }
+
+        // Borrowed until the next answer, so that no message is temporary here either.
+        const QDBusMessage& await_resume() { return inquiry_.takeAnswer(); }
     };
     Answers answers(const std::vector<QDBusMessage>& questions);
     Answer answer(const QDBusMessage& question);
@@ -158,6 +162,7 @@ private:
     bool allAnswered() const;
     void wait(std::coroutine_handle<> waiting);
     std::vector<QDBusMessage> takeAnswers();
+    const QDBusMessage& takeAnswer();
     void ask(const QDBusConnection& bus, const QDBusMessage& question);
     void watch();
     void goOn();
@@ -165,6 +170,7 @@ private:
     QDBusConnection bus_;
     int limit_;  // milliseconds
     std::vector<Question> questions_;
+    QDBusMessage answer_;
     std::vector<std::unique_ptr<QDBusPendingCallWatcher>> watchers_;
     std::coroutine_handle<> waiting_;
     std::function<void()> whenDone_;

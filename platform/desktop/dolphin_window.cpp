@@ -40,9 +40,11 @@ std::optional<bool> truthIn(const QDBusMessage& answer)
 // windows with one title are told apart by the one that is active.
 platform::Task<platform::Done> platform::FrameReader::findDolphinWindow(Inquiry& inquiry)
 {
-    const auto title = textIn(co_await inquiry.answer(nameQuestion(frame_)));
+    const QDBusMessage askName = nameQuestion(frame_);
+    const auto title = textIn(co_await inquiry.answer(askName));
+    const QDBusMessage askStates = statesQuestion(frame_);
     const bool isActive =
-        has(statesIn(co_await inquiry.answer(statesQuestion(frame_))).value_or(0), State::active);
+        has(statesIn(co_await inquiry.answer(askStates)).value_or(0), State::active);
 
     std::vector<QString> paths;
     std::vector<QDBusMessage> questions;
@@ -73,7 +75,7 @@ platform::Task<std::optional<bool>> platform::FrameReader::isOneSelectedInDolphi
                                                           QStringLiteral("org.kde.KMainWindow"),
                                                           QStringLiteral("actionIsEnabled"));
     message.setArguments({QStringLiteral("copy_location")});
-    const auto answers =
-        co_await inquiry.answersFrom(QDBusConnection::sessionBus(), together(message));
+    const std::vector<QDBusMessage> asked = together(message);
+    const auto answers = co_await inquiry.answersFrom(QDBusConnection::sessionBus(), asked);
     co_return truthIn(answers.front());
 }

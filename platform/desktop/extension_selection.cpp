@@ -129,7 +129,8 @@ platform::Task<std::optional<std::vector<std::string>>> platform::ExtensionSelec
 {
     const pid_t process = frame->process();
     if (!pushed_.contains(process)) co_return std::nullopt;
-    const auto title = textIn(co_await inquiry.answer(nameQuestion(frame->frame())));
+    const QDBusMessage askName = nameQuestion(frame->frame());
+    const auto title = textIn(co_await inquiry.answer(askName));
     const auto found = pushed_.find(process);
     if (found == pushed_.end()) co_return std::nullopt;
     PushedSelection& pushed = found->second;

@@ -83,7 +83,8 @@ platform::Task<platform::Done> platform::FrameReader::read(Inquiry& inquiry)
 {
     const Clock::time_point start = Clock::now();
     const bool wasStale = std::exchange(isStale_, false);
-    const auto title = textIn(co_await inquiry.answer(nameQuestion(frame_)));
+    const QDBusMessage askName = nameQuestion(frame_);
+    const auto title = textIn(co_await inquiry.answer(askName));
     if (!title) {
         forget();
         co_return {};
@@ -248,8 +249,8 @@ platform::Task<platform::Done> platform::FrameReader::choosePane(Inquiry& inquir
 // the known views.
 platform::Task<bool> platform::FrameReader::chooseViewInFront(Inquiry& inquiry)
 {
-    const auto extents =
-        extentsIn(co_await inquiry.answer(extentsQuestion(layout_.views.front().object)));
+    const QDBusMessage askExtents = extentsQuestion(layout_.views.front().object);
+    const auto extents = extentsIn(co_await inquiry.answer(askExtents));
     if (!extents || extents->size.area() == 0) co_return false;
     // GTK 4 finds nothing where an item lies that nobody has asked for yet, so the edges of the
     // view are tried before its middle.
@@ -261,8 +262,8 @@ platform::Task<bool> platform::FrameReader::chooseViewInFront(Inquiry& inquiry)
         {(extents->left + right) / 2, bottom - 6},
         {(extents->left + right) / 2, (extents->top + bottom) / 2}};
     for (const auto& [x, y] : points) {
-        std::optional<Accessible> object =
-            objectIn(co_await inquiry.answer(objectAtPointQuestion(frame_, x, y)));
+        const QDBusMessage askObjectAtPoint = objectAtPointQuestion(frame_, x, y);
+        std::optional<Accessible> object = objectIn(co_await inquiry.answer(askObjectAtPoint));
         if (!object) continue;
         for (int steps = 0; object && steps < kDeepestItem; steps++) {
             for (std::size_t i = 0; i < layout_.views.size(); i++) {
@@ -270,7 +271,8 @@ platform::Task<bool> platform::FrameReader::chooseViewInFront(Inquiry& inquiry)
                 pane_ = i;
                 co_return true;
             }
-            object = objectIn(co_await inquiry.answer(parentQuestion(*object)));
+            const QDBusMessage askParent = parentQuestion(*object);
+            object = objectIn(co_await inquiry.answer(askParent));
         }
         co_return false;
     }
@@ -303,9 +305,10 @@ platform::Task<platform::FrameReader::Items> platform::FrameReader::readSelectio
                                                                                   View view)
 {
     Items items;
-    const auto answers = co_await inquiry.answers(together(selectedCountQuestion(view.object),
-                                                           selectedChildQuestion(view.object, 0),
-                                                           statesQuestion(view.object)));
+    const std::vector<QDBusMessage> asked =
+        together(selectedCountQuestion(view.object), selectedChildQuestion(view.object, 0),
+                 statesQuestion(view.object));
+    const auto answers = co_await inquiry.answers(asked);
     const auto count = numberIn(answers[0]);
     const auto states = statesIn(answers[2]);
     const State shown = isGtk4Object(view.object) ? State::visible : State::showing;
@@ -337,17 +340,18 @@ platform::Task<platform::FrameReader::Items> platform::FrameReader::readTable(In
                                                                               View view)
 {
     Items items;
-    const auto rows =
-        numbersIn(co_await inquiry.answer(selectedRowsQuestion(view.object)), kMostSelected);
-    const auto states = statesIn(co_await inquiry.answer(statesQuestion(view.object)));
+    const QDBusMessage askSelectedRows = selectedRowsQuestion(view.object);
+    const auto rows = numbersIn(co_await inquiry.answer(askSelectedRows), kMostSelected);
+    const QDBusMessage askStates = statesQuestion(view.object);
+    const auto states = statesIn(co_await inquiry.answer(askStates));
     if (!rows || !states || !has(*states, State::showing)) co_return items;
     items.isKnown = true;
     for (const int row : *rows) {
         std::optional<Accessible> cell;
         // The column of the names is not always the first; the others hold pictures, sizes, dates.
         for (int column = 0; column < 4; column++) {
-            const auto candidate =
-                objectIn(co_await inquiry.answer(cellQuestion(view.object, row, column)));
+            const QDBusMessage askCell = cellQuestion(view.object, row, column);
+            const auto candidate = objectIn(co_await inquiry.answer(askCell));
             if (!candidate) continue;
             const auto path = co_await pathOf(inquiry, *candidate);
             if (!cell || path) cell = candidate;
@@ -388,7 +392,8 @@ platform::Task<platform::FrameReader::Items> platform::FrameReader::readStates(I
         co_return items;
     }
     // Dolphin's view counts as showing in every tab; what holds it does in the one in front.
-    const auto isShowing = statesIn(co_await inquiry.answer(statesQuestion(view.above.back())));
+    const QDBusMessage askStates = statesQuestion(view.above.back());
+    const auto isShowing = statesIn(co_await inquiry.answer(askStates));
     if (!isShowing || !has(*isShowing, State::showing)) co_return items;
     items.isKnown = true;
     const auto isOne = co_await isOneSelectedInDolphin(inquiry);
@@ -398,8 +403,9 @@ platform::Task<platform::FrameReader::Items> platform::FrameReader::readStates(I
         const std::vector<Accessible> candidates = likelyItems();
         for (const Accessible& candidate : candidates) {
             if (candidate.isNull()) continue;
-            const auto answers = co_await inquiry.answers(
-                together(statesQuestion(candidate), parentQuestion(candidate)));
+            const std::vector<QDBusMessage> asked =
+                together(statesQuestion(candidate), parentQuestion(candidate));
+            const auto answers = co_await inquiry.answers(asked);
             // Another window of the same program may have had the focus.
             if (objectIn(answers[1]) != view.object) continue;
             if (!has(statesIn(answers[0]).value_or(0), State::selected)) continue;
@@ -420,12 +426,14 @@ platform::Task<std::vector<platform::Accessible>> platform::FrameReader::scan(In
                                                                               View view)
 {
     std::vector<Accessible> selected;
-    auto children = objectsIn(co_await inquiry.answer(childrenQuestion(view.object)), kMostScanned);
+    const QDBusMessage askChildren = childrenQuestion(view.object);
+    auto children = objectsIn(co_await inquiry.answer(askChildren), kMostScanned);
     if (!children) co_return selected;
     std::size_t step = 1;
     if (kind_.manager == FileManager::pcmanfmQt) {
         // Every item has a child for each column, seen or not; the first one is the name.
-        const auto columns = numberIn(co_await inquiry.answer(columnCountQuestion(view.object)));
+        const QDBusMessage askColumnCount = columnCountQuestion(view.object);
+        const auto columns = numberIn(co_await inquiry.answer(askColumnCount));
         step = std::max<std::size_t>(columns.value_or(1), 1);
     }
     std::vector<Accessible> items;
@@ -461,7 +469,8 @@ platform::Task<std::optional<std::string>> platform::FrameReader::pathOf(Inquiry
                                                                          Accessible item)
 {
     if (item.isNull()) co_return std::nullopt;
-    const auto name = textIn(co_await inquiry.answer(nameQuestion(item)));
+    const QDBusMessage askName = nameQuestion(item);
+    const auto name = textIn(co_await inquiry.answer(askName));
     if (!name) co_return std::nullopt;
     item_ = item;
     namedPart_ = item;

@@ -96,9 +96,9 @@ void platform::FrameTracker::startLookingAround()
 
 platform::Task<platform::Done> platform::FrameTracker::lookAround(Inquiry& inquiry)
 {
-    const auto roots = objectsIn(co_await inquiry.answer(childrenQuestion(
-                                     rootOf(QStringLiteral("org.a11y.atspi.Registry")))),
-                                 kMostPrograms);
+    const QDBusMessage askChildren =
+        childrenQuestion(rootOf(QStringLiteral("org.a11y.atspi.Registry")));
+    const auto roots = objectsIn(co_await inquiry.answer(askChildren), kMostPrograms);
     if (!roots) co_return {};
 
     std::vector<QString> unknown;
@@ -127,8 +127,8 @@ platform::Task<platform::Done> platform::FrameTracker::lookAround(Inquiry& inqui
 // Finds the windows of one program that came or went.
 platform::Task<platform::Done> platform::FrameTracker::lookAt(Inquiry& inquiry, QString service)
 {
-    const auto objects =
-        objectsIn(co_await inquiry.answer(childrenQuestion(rootOf(service))), kMostFrames);
+    const QDBusMessage askChildren = childrenQuestion(rootOf(service));
+    const auto objects = objectsIn(co_await inquiry.answer(askChildren), kMostFrames);
     Program* program = programOf(service);
     if (!objects || program == nullptr) co_return {};
     const auto isListed = [&](const Accessible& frame) {
@@ -144,8 +144,9 @@ platform::Task<platform::Done> platform::FrameTracker::lookAt(Inquiry& inquiry, 
             std::any_of(program->frames.begin(), program->frames.end(),
                         [&](const Frame& frame) { return frame.reader->frame() == object; });
         if (isKnown || object.isNull()) continue;
-        const auto answers = co_await inquiry.answers(
-            together(roleQuestion(object), attributesQuestion(object), statesQuestion(object)));
+        const std::vector<QDBusMessage> asked =
+            together(roleQuestion(object), attributesQuestion(object), statesQuestion(object));
+        const auto answers = co_await inquiry.answers(asked);
         const auto role = static_cast<Role>(numberIn(answers[0]).value_or(0));
         if (role != Role::frame && role != Role::window && role != Role::filler) continue;
         // A window without a frame of its own is a desktop in the one program that has such.

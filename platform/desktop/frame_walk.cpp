@@ -167,8 +167,9 @@ private:
 
     Task<bool> isView(Node node)
     {
-        const std::vector<QDBusMessage> answers = co_await inquiry_.answers(
-            together(interfacesQuestion(node.object), sizeQuestion(node.object)));
+        const std::vector<QDBusMessage> asked =
+            together(interfacesQuestion(node.object), sizeQuestion(node.object));
+        const std::vector<QDBusMessage> answers = co_await inquiry_.answers(asked);
         const auto interfaces = textsIn(answers[0]);
         const auto size = sizeIn(answers[1]);
         if (!interfaces || !size) co_return false;
@@ -181,8 +182,9 @@ private:
         view.focusMarks = {node.object, node.above.back()};
         if (node.above.size() > 1) view.focusMarks.push_back(node.above[node.above.size() - 2]);
         if (node.role == Role::directoryPane) {
+            const QDBusMessage askChild = childQuestion(node.object, 0);
             // Its inside is one panel without items, or a list that goes before it.
-            const auto inside = objectIn(co_await inquiry_.answer(childQuestion(node.object, 0)));
+            const auto inside = objectIn(co_await inquiry_.answer(askChild));
             if (inside) view.focusMarks = {*inside};
             candidates_.push_back(view);
             co_return false;
