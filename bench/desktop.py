@@ -91,9 +91,9 @@ class Desktop:
             self.environment["DISPLAY"] = ":" + answer.readline().strip()
 
     def _startBus(self):
-        self.bus = self.start(["dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address"],
-                              stdout=subprocess.PIPE)
-        self.environment["DBUS_SESSION_BUS_ADDRESS"] = self.bus.stdout.readline().decode().strip()
+        bus = self.start(["dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address"],
+                         stdout=subprocess.PIPE)
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().decode().strip()
 
     def _waitForManager(self):
         """A window manager that has started keeps a list, empty at first."""
