@@ -14,6 +14,7 @@
 #include <regex>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -57,6 +58,20 @@ std::vector<std::string> listOf(const std::string& document, const std::string& 
         break;
     }
     return values;
+}
+// Width and height as the header of a PNG file tells them; zeros for anything else.
+std::pair<int, int> sizeOfPng(const std::string& path)
+{
+    const std::string png = documentOf(path);
+    if (png.size() < 24 || png.substr(1, 3) != "PNG") return {};
+    // Both stand behind the first chunk's length and name, big-endian.
+    const auto number = [&](std::size_t at) {
+        int value = 0;
+        for (std::size_t i = at; i < at + 4; ++i)
+            value = value * 256 + static_cast<unsigned char>(png[i]);
+        return value;
+    };
+    return {number(16), number(20)};
 }
 }  // namespace
 
@@ -196,18 +211,21 @@ TEST(icons, haveTheSizeOfTheirFolder)
     for (const int size : {16, 22, 24, 32, 48, 64, 128, 256}) {
         SCOPED_TRACE(size);
         const std::string folder = std::to_string(size) + "x" + std::to_string(size);
-        const std::string png =
-            documentOf("resources/icons/hicolor/" + folder + "/apps/org.pinorama.Pinorama.png");
-        ASSERT_GE(png.size(), 24u);
-        EXPECT_EQ(png.substr(1, 3), "PNG");
-        // Width and height stand behind the header's length and name, big-endian.
-        const auto number = [&](std::size_t at) {
-            int value = 0;
-            for (std::size_t i = at; i < at + 4; ++i)
-                value = value * 256 + static_cast<unsigned char>(png[i]);
-            return value;
-        };
-        EXPECT_EQ(number(16), size);
-        EXPECT_EQ(number(20), size);
+        EXPECT_EQ(
+            sizeOfPng("resources/icons/hicolor/" + folder + "/apps/org.pinorama.Pinorama.png"),
+            std::pair(size, size));
+    }
+}
+
+TEST(screenshots, haveTheSizeThatTheMetainfoTells)
+{
+    const std::string metainfo = documentOf("packaging/org.pinorama.Pinorama.metainfo.xml.in");
+    for (const std::string name : {"window-light.png", "window-dark.png"}) {
+        std::smatch match;
+        ASSERT_TRUE(std::regex_search(
+            metainfo, match,
+            std::regex("width=\"([0-9]+)\" height=\"([0-9]+)\">[^<]*/" + name + "<")));
+        EXPECT_EQ(sizeOfPng("docs/pictures/" + name),
+                  std::pair(std::stoi(match[1]), std::stoi(match[2])));
     }
 }
