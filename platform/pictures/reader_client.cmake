@@ -5,6 +5,7 @@ target_compile_definitions(pinorama_reader_client PRIVATE
     PINORAMA_LIBEXEC_DIR="${CMAKE_INSTALL_LIBEXECDIR}")
 target_sources(pinorama_reader_client PRIVATE
     reader_client.cpp
+    reader_client_messages.cpp
     reader_process.cpp
     reader_protocol.cpp
     reader_service.cpp

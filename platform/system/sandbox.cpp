@@ -48,8 +48,9 @@ std::uint64_t addressSpaceInUse()
 bool setLimits(const platform::SandboxRules& rules)
 {
     if (!kHasSanitizers && !setLimit(RLIMIT_AS, addressSpaceInUse() + rules.memory)) return false;
-    return setLimit(RLIMIT_FSIZE, 0) && setLimit(RLIMIT_CORE, 0) &&
-           setLimit(RLIMIT_NOFILE, rules.descriptors + kOwnDescriptors);
+    // Sanitizers report to standard error, which may be a file.
+    if (!kHasSanitizers && !setLimit(RLIMIT_FSIZE, 0)) return false;
+    return setLimit(RLIMIT_CORE, 0) && setLimit(RLIMIT_NOFILE, rules.descriptors + kOwnDescriptors);
 }
 
 // What is written to the standard streams goes nowhere, and nothing can be read from them.

@@ -1,6 +1,7 @@
 // Damaged and hostile pictures through the real window, with the real reader.
 
 #include "lib/ui/picture_reader.h"
+#include "platform/files/resource_folder.h"
 #include "platform/pictures/picture_source.h"
 #include "tests/app/controller_fixture.h"
 #include "tests/support/damaged_pictures.h"
@@ -191,6 +192,28 @@ TEST_F(hostilePictures, aReaderThatDiesShowsAsAnEmptyFieldAndNoMore)
         kill(cuPictureReader().processID(), SIGKILL);
         expectGoodPicture();
     }
+}
+
+TEST_F(hostilePictures, noFaultOfTheReaderHarmsTheWindow)
+{
+    const test::ScopedVariable reader("PINORAMA_READER",
+                                      (platform::programFolder() + "/faulty-reader").c_str());
+    cuPictureReader().stop();
+    const std::string secret = folder.write("secret", "treasure");
+    const std::string harm = folder.file("harm");
+    for (const std::string& fault :
+         {"open-file " + secret, "write-file " + harm, "start-program " + harm,
+          std::string("open-socket"), std::string("allocate"), std::string("make-executable"),
+          std::string("crash"), std::string("exit"), std::string("garbage"),
+          std::string("too-much"), std::string("twice"), std::string("large-preview"),
+          std::string("nan"), std::string("die-afterwards"), std::string("late 900"),
+          std::string("half"), std::string("loop")}) {
+        SCOPED_TRACE(fault);
+        EXPECT_TRUE(showsInTime(folder.write("fault.jpg", "FAULT " + fault + "\n")));
+        expectLocationActions(false);
+        expectGoodPicture();
+    }
+    EXPECT_FALSE(fs::exists(harm));
 }
 
 TEST_F(hostilePictures, itemsThatAreNoFilesAreNotWaitedFor)

@@ -1,17 +1,12 @@
 #include "platform/pictures/reader_client.h"
 
-#include "platform/files/resource_folder.h"
-#include "platform/pictures/picture_file.h"
 #include "platform/pictures/sandboxed_properties.h"
-#include "tests/support/environment.h"
-#include "tests/support/jpeg_pictures.h"
-#include "tests/support/picture_builder.h"
+#include "tests/reader/reader_fixture.h"
 
 #include <gtest/gtest.h>
 
 #include <csignal>
 #include <filesystem>
-#include <fstream>
 #include <string>
 
 #include <fcntl.h>
@@ -21,82 +16,14 @@
 namespace {
 using namespace platform;
 using namespace std::chrono_literals;
+using test::expectGoodPicture;
+using test::faultyReader;
+using test::kBox;
+using test::previewOf;
+using test::propertiesOf;
+using test::realReader;
 using Clock = std::chrono::steady_clock;
-
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool kHasSanitizers = true;
-#else
-constexpr bool kHasSanitizers = false;
-#endif
-
-constexpr PixelSize kBox = {64, 64};
-
-ReaderLauncher faultyReader(const std::vector<std::string>& arguments = {})
-{
-    return
-        [arguments] { return startReaderProgram(programFolder() + "/faulty-reader", arguments); };
-}
-
-ReaderLauncher realReader()
-{
-    return [] { return startReaderProgram(programFolder() + "/pinorama-reader"); };
-}
-
-class Pictures {
-public:
-    Pictures()
-    {
-        folder_.write(
-            "good.jpg",
-            test::jpegOfQuarters(200, 100,
-                                 {.exif = test::tiffWithGps(
-                                      {.lat = 48.5, .latRef = "N", .lon = 11.25, .lonRef = "E"})}));
-        folder_.write("secret", "treasure");
-    }
-
-    std::string good() const { return folder_.file("good.jpg"); }
-    std::string secret() const { return folder_.file("secret"); }
-    std::string harm() const { return folder_.file("harm"); }
-
-    std::string withFault(const std::string& fault) const
-    {
-        return folder_.write("fault.jpg", "FAULT " + fault + "\n");
-    }
-
-    std::string file(const std::string& name, const std::string& bytes) const
-    {
-        return folder_.write(name, bytes);
-    }
-
-private:
-    test::TemporaryFolder folder_;
-};
-
-PropertyResult propertiesOf(ReaderClient& client, const std::string& path)
-{
-    const PictureFile file(path);
-    return client.readProperties(file.descriptor());
-}
-
-PreviewResult previewOf(ReaderClient& client, const std::string& path)
-{
-    const PictureFile file(path);
-    (void)client.startPreview(file.descriptor(), PreviewKind::picture, kBox);
-    return client.waitForPreview();
-}
-
-void expectGoodPicture(ReaderClient& client, const Pictures& pictures)
-{
-    const PropertyResult properties = propertiesOf(client, pictures.good());
-    EXPECT_EQ(properties.outcome, ReadOutcome::found);
-    EXPECT_EQ(properties.properties.latitude, 48.5);
-    const PreviewResult preview = previewOf(client, pictures.good());
-    EXPECT_EQ(preview.outcome, ReadOutcome::found);
-    EXPECT_EQ(preview.answer.image.width, 64);
-    EXPECT_EQ(preview.answer.image.height, 32);
-    EXPECT_TRUE(test::areNear(test::quartersOf(preview.answer.image),
-                              {test::kRed, test::kGreen, test::kBlue, test::kYellow}));
-}
+using Pictures = test::ReaderPictures;
 
 TEST(ReaderClient, readsPropertiesAndPreviews)
 {
@@ -173,113 +100,10 @@ TEST(ReaderClient, thePicturesBeforeABadOneAreNotToBlame)
     }
 }
 
-// Each fault, what a reader that is locked in makes of it, and whether it succeeds in one that is
-// not.
-const struct {
-    const char* fault;
-    bool succeedsOutside;
-} kFaults[] = {
-    {"open-file", true},
-    {"write-file", true},
-    {"open-socket", true},
-    {"start-program", true},
-    {"allocate", !kHasSanitizers},
-    {"make-executable", true},
-    {"kill-other", true},
-    {"loop", false},
-    {"crash", false},
-    {"exit", false},
-    {"garbage", false},
-    {"too-much", false},
-    {"twice", false},
-    {"large-preview", false},
-    {"nan", false},
-    {"late", false},
-    {"die-afterwards", false},
-    {"half", false},
-};
-
-// A fault with what it needs: a file to read or to make, a process to signal, a time to waste.
-std::string lineFor(const std::string& fault, const Pictures& pictures, pid_t victim)
-{
-    if (fault == "open-file") return fault + " " + pictures.secret();
-    if (fault == "write-file" || fault == "start-program") return fault + " " + pictures.harm();
-    if (fault == "kill-other") return fault + " " + std::to_string(victim);
-    if (fault == "late") return fault + " 900";
-    return fault;
-}
-
-// A process to be signalled by a fault.
-class Victim {
-public:
-    Victim() : process_(fork())
-    {
-        if (process_ == 0) {
-            (void)alarm(60);
-            for (;;) pause();
-        }
-    }
-    ~Victim()
-    {
-        kill(process_, SIGKILL);
-        (void)waitpid(process_, nullptr, 0);
-    }
-    Victim(const Victim&) = delete;
-    Victim& operator=(const Victim&) = delete;
-
-    pid_t process() const { return process_; }
-
-private:
-    pid_t process_;
-};
-
-const ReaderLimits kShortLimits = {.preview = 600ms};
-
-TEST(ReaderClient, noFaultOfTheReaderDoesHarmOrOutlivesIt)
-{
-    const Victim victim;
-    for (const auto& row : kFaults) {
-        SCOPED_TRACE(row.fault);
-        const Pictures pictures;
-        ReaderClient client(faultyReader(), kShortLimits);
-        expectGoodPicture(client, pictures);
-        const std::string fault =
-            pictures.withFault(lineFor(row.fault, pictures, victim.process()));
-
-        const auto start = Clock::now();
-        const PropertyResult properties = propertiesOf(client, fault);
-        EXPECT_NE(properties.outcome, ReadOutcome::found);
-        EXPECT_FALSE(properties.properties.caption.has_value());
-        expectGoodPicture(client, pictures);
-        const PreviewResult preview = previewOf(client, fault);
-        EXPECT_NE(preview.outcome, ReadOutcome::found);
-        expectGoodPicture(client, pictures);
-        EXPECT_LT(Clock::now() - start, 10s);
-
-        EXPECT_FALSE(std::filesystem::exists(pictures.harm()));
-        EXPECT_EQ(waitpid(victim.process(), nullptr, WNOHANG), 0) << "the other process is gone";
-    }
-}
-
-TEST(ReaderClient, theFaultsSucceedWhereNothingIsLockedIn)
-{
-    for (const auto& row : kFaults) {
-        if (!row.succeedsOutside) continue;
-        SCOPED_TRACE(row.fault);
-        const Victim victim;
-        const Pictures pictures;
-        ReaderClient client(faultyReader({"--without-sandbox"}));
-        const PropertyResult properties = propertiesOf(
-            client, pictures.withFault(lineFor(row.fault, pictures, victim.process())));
-        EXPECT_EQ(properties.outcome, ReadOutcome::found);
-        EXPECT_TRUE(properties.properties.caption.has_value());
-    }
-}
-
 TEST(ReaderClient, keepsToItsDeadlines)
 {
     const Pictures pictures;
-    ReaderClient client(faultyReader(), kShortLimits);
+    ReaderClient client(faultyReader(), test::shortLimits());
     expectGoodPicture(client, pictures);
     const std::string loop = pictures.withFault("loop");
 
@@ -309,7 +133,7 @@ TEST(ReaderClient, aSlowPictureHasTheTimeThatOthersWasteBeforeIt)
 TEST(ReaderClient, aPreviewGivesWayToProperties)
 {
     const Pictures pictures;
-    ReaderClient client(faultyReader(), kShortLimits);
+    ReaderClient client(faultyReader(), test::shortLimits());
     expectGoodPicture(client, pictures);
     const PictureFile loop(pictures.withFault("loop"));
     (void)client.startPreview(loop.descriptor(), PreviewKind::picture, kBox);

@@ -1,0 +1,129 @@
+#include "lib/ui/preview_loader.h"
+
+#include "tests/lib/ui/preview_fixture.h"
+
+#include <QEventLoop>
+#include <QTimer>
+
+namespace {
+using test::kCorners;
+using test::kSize;
+using test::quartersOf;
+
+class PreviewLoader : public test::PreviewTest {
+protected:
+    struct Arrival {
+        QByteArray path;
+        QPixmap picture;
+    };
+
+    PreviewLoader()
+    {
+        QObject::connect(&loader_, &::PreviewLoader::previewReady,
+                         [this](const QByteArray& path, const QPixmap& picture) {
+                             arrivals_.push_back({path, picture});
+                             loop_.quit();
+                         });
+    }
+
+    void request(const std::string& path, qreal ratio = 1)
+    {
+        loader_.request(test::text(path).get(), kSize, ratio);
+    }
+
+    // Lets the event loop run until something arrives, 5 seconds at most.
+    void wait()
+    {
+        QTimer::singleShot(5000, &loop_, &QEventLoop::quit);
+        loop_.exec();
+    }
+
+    // Lets the event loop run until nothing more can come.
+    void settle()
+    {
+        QTimer::singleShot(300, &loop_, &QEventLoop::quit);
+        loop_.exec();
+    }
+
+    ::PreviewLoader loader_;
+    QEventLoop loop_;
+    std::vector<Arrival> arrivals_;
+};
+
+TEST_F(PreviewLoader, answersThroughTheEventLoop)
+{
+    const std::string path = picture();
+    request(path, 2);
+    EXPECT_TRUE(arrivals_.empty());
+    wait();
+    ASSERT_EQ(arrivals_.size(), 1u);
+    EXPECT_EQ(arrivals_[0].path.toStdString(), path);
+    EXPECT_EQ(arrivals_[0].picture.size(), QSize(256, 171));
+    EXPECT_EQ(arrivals_[0].picture.devicePixelRatio(), 2);
+    EXPECT_TRUE(test::areNear(quartersOf(arrivals_[0].picture), kCorners));
+}
+
+TEST_F(PreviewLoader, showsADecodedPreviewBeforeItIsStored)
+{
+    const std::string path = picture();
+    const std::string stored = cachePath("normal", "file://" + path);
+    request(path);
+    wait();
+    ASSERT_EQ(arrivals_.size(), 1u);
+    EXPECT_FALSE(std::filesystem::exists(stored));
+    settle();
+    EXPECT_EQ(QImage(QString::fromStdString(stored)).size(), QSize(128, 85));
+}
+
+TEST_F(PreviewLoader, storesAPreviewThatIsLeftEarly)
+{
+    const std::string path = picture();
+    {
+        ::PreviewLoader loader;
+        QObject::connect(&loader, &::PreviewLoader::previewReady, &loop_, &QEventLoop::quit);
+        loader.request(test::text(path).get(), kSize, 1);
+        wait();
+    }
+    EXPECT_TRUE(std::filesystem::exists(cachePath("normal", "file://" + path)));
+}
+
+TEST_F(PreviewLoader, answersTheLastRequestOnly)
+{
+    const std::string last = picture("b.jpg");
+    request(picture("a.jpg"));
+    request(last);
+    wait();
+    settle();
+    ASSERT_EQ(arrivals_.size(), 1u);
+    EXPECT_EQ(arrivals_[0].path.toStdString(), last);
+}
+
+TEST_F(PreviewLoader, aNullPathCancels)
+{
+    request(picture());
+    loader_.request(nullptr, kSize, 1);
+    settle();
+    EXPECT_TRUE(arrivals_.empty());
+}
+
+TEST_F(PreviewLoader, answersWithAnIconWithoutAPreview)
+{
+    request(folder_.file("missing.jpg"), 1.5);
+    wait();
+    ASSERT_EQ(arrivals_.size(), 1u);
+    EXPECT_EQ(arrivals_[0].picture.size(), QSize(192, 192));
+}
+
+TEST_F(PreviewLoader, mayBeAskedAgainByTheReceiver)
+{
+    const std::string second = picture("b.jpg");
+    QObject::connect(&loader_, &::PreviewLoader::previewReady, [&] {
+        if (arrivals_.size() == 1) request(second);
+    });
+    request(picture("a.jpg"));
+    wait();
+    wait();
+    ASSERT_EQ(arrivals_.size(), 2u);
+    EXPECT_EQ(arrivals_[1].path.toStdString(), second);
+}
+}  // namespace

@@ -1,0 +1,106 @@
+// A reader to be tested, pictures for it, and files that tell a faulty one what to do.
+
+#pragma once
+
+#include "platform/files/resource_folder.h"
+#include "platform/pictures/picture_file.h"
+#include "platform/pictures/reader_client.h"
+#include "tests/support/environment.h"
+#include "tests/support/jpeg_pictures.h"
+#include "tests/support/picture_builder.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <string>
+#include <vector>
+
+namespace test {
+
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool kHasSanitizers = true;
+#else
+constexpr bool kHasSanitizers = false;
+#endif
+
+constexpr platform::PixelSize kBox = {64, 64};
+
+inline platform::ReaderLauncher faultyReader(const std::vector<std::string>& arguments = {})
+{
+    return [arguments] {
+        return platform::startReaderProgram(platform::programFolder() + "/faulty-reader",
+                                            arguments);
+    };
+}
+
+inline platform::ReaderLauncher realReader()
+{
+    return
+        [] { return platform::startReaderProgram(platform::programFolder() + "/pinorama-reader"); };
+}
+
+class ReaderPictures {
+public:
+    ReaderPictures()
+    {
+        folder_.write(
+            "good.jpg",
+            jpegOfQuarters(
+                200, 100,
+                {.exif = tiffWithGps({.lat = 48.5, .latRef = "N", .lon = 11.25, .lonRef = "E"})}));
+        folder_.write("secret", "treasure");
+    }
+
+    std::string good() const { return folder_.file("good.jpg"); }
+    std::string secret() const { return folder_.file("secret"); }
+    std::string harm() const { return folder_.file("harm"); }
+
+    std::string withFault(const std::string& fault) const
+    {
+        return folder_.write("fault.jpg", "FAULT " + fault + "\n");
+    }
+
+    std::string file(const std::string& name, const std::string& bytes) const
+    {
+        return folder_.write(name, bytes);
+    }
+
+private:
+    TemporaryFolder folder_;
+};
+
+inline platform::PropertyResult propertiesOf(platform::ReaderClient& client,
+                                             const std::string& path)
+{
+    const platform::PictureFile file(path);
+    return client.readProperties(file.descriptor());
+}
+
+inline platform::PreviewResult previewOf(platform::ReaderClient& client, const std::string& path)
+{
+    const platform::PictureFile file(path);
+    (void)client.startPreview(file.descriptor(), platform::PreviewKind::picture, kBox);
+    return client.waitForPreview();
+}
+
+inline void expectGoodPicture(platform::ReaderClient& client, const ReaderPictures& pictures)
+{
+    const platform::PropertyResult properties = propertiesOf(client, pictures.good());
+    EXPECT_EQ(properties.outcome, platform::ReadOutcome::found);
+    EXPECT_EQ(properties.properties.latitude, 48.5);
+    const platform::PreviewResult preview = previewOf(client, pictures.good());
+    EXPECT_EQ(preview.outcome, platform::ReadOutcome::found);
+    EXPECT_EQ(preview.answer.image.width, 64);
+    EXPECT_EQ(preview.answer.image.height, 32);
+    EXPECT_TRUE(areNear(quartersOf(preview.answer.image), {kRed, kGreen, kBlue, kYellow}));
+}
+
+// So that tests of late answers take less time.
+inline platform::ReaderLimits shortLimits()
+{
+    platform::ReaderLimits limits;
+    limits.preview = std::chrono::milliseconds(600);
+    return limits;
+}
+
+}  // namespace test
