@@ -37,6 +37,7 @@ void workHere(FolderWalk* walk, BatchWork* work, StopSignals* signals, Outputs* 
 
 void workInLanes(FolderWalk* walk, BatchWork* work, StopSignals* signals, Outputs* outputs)
 {
+    work->warmUp();
     LanePool lanes(usableProcessors(),
                    [work](std::span<const std::string> paths) { return work->process(paths); });
     bool isWalking = true;

@@ -25,6 +25,9 @@ class BatchWork {
 public:
     BatchWork(ReportWishes wishes, PropertyReading reading);
 
+    // As FileReporter::warmUp.
+    void warmUp() { reporter_.warmUp(); }
+
     // Reads the files; `paths` is as of FileReporter::report.
     BatchResult process(std::span<const std::string> paths);
 

@@ -70,14 +70,6 @@ std::int32_t statusOfMissing(TovStringRef path)
     return status == kErrNone ? kErrNothingUsable : status;
 }
 
-void tellFacts(const fileFacts& facts, FileReport* report)
-{
-    report->size = facts.size;
-    report->sizeText = takeUTF8(gpsMakeFileSizeText(facts));
-    report->modified = takeUTF8(gpsMakeModifiedText(facts));
-    report->created = takeUTF8(gpsMakeCreatedText(facts));
-}
-
 void tellPosition(const fileInfoRecord& record, FileReport* report)
 {
     report->coordinate = takeUTF8(gpsMakePositionText(record));
@@ -125,6 +117,14 @@ FileReporter::FileReporter(ReportWishes wishes, PropertyReading reading)
 {
 }
 
+void FileReporter::warmUp()
+{
+    if (!showsFields(wishes_.output)) return;
+    FileReport nothing{};
+    tellFacts({.size = 0}, &nothing);
+    tellPosition({}, &nothing);
+}
+
 std::vector<FileReport> FileReporter::report(std::span<const std::string> paths)
 {
     std::vector<FileReport> reports(paths.size());
@@ -136,15 +136,18 @@ std::vector<FileReport> FileReporter::report(std::span<const std::string> paths)
         files.push_back(open(paths[i], &reports[i]));
         if (files[i].descriptor) descriptors.push_back(files[i].descriptor.get());
     }
+    // While the reader gets ready the formatters are made.
+    if (!descriptors.empty()) reading_.prepare();
+    for (std::size_t i = 0; i < paths.size(); i++) tellFile(files[i], &reports[i]);
 
-    const std::vector<platform::PropertyResult> answers =
-        descriptors.empty() ? std::vector<platform::PropertyResult>() : reading_(descriptors);
+    std::vector<platform::PropertyResult> answers;
+    if (!descriptors.empty()) answers = reading_.read(descriptors);
     std::size_t next = 0;
     for (std::size_t i = 0; i < paths.size(); i++) {
         fileInfoRecord record{};
         gpsPrepareInfoRecord(&record);
-        tell(files[i], files[i].descriptor ? answers[next++] : platform::PropertyResult{}, &record,
-             &reports[i]);
+        tellPlace(files[i], files[i].descriptor ? answers[next++] : platform::PropertyResult{},
+                  &record, &reports[i]);
         gpsReleaseInfoRecord(&record);
     }
     return reports;
@@ -154,9 +157,11 @@ FileReport FileReporter::report(const std::string& path, fileInfoRecord* record)
 {
     FileReport report{};
     const OpenFile file = open(path, &report);
+    platform::PropertyResult answer;
     const int descriptor = file.descriptor.get();
-    tell(file, file.descriptor ? reading_({&descriptor, 1}).front() : platform::PropertyResult{},
-         record, &report);
+    if (file.descriptor) answer = reading_.read({&descriptor, 1}).front();
+    tellFile(file, &report);
+    tellPlace(file, answer, record, &report);
     return report;
 }
 
@@ -185,16 +190,33 @@ FileReporter::OpenFile FileReporter::open(const std::string& path, FileReport* r
     return file;
 }
 
+void FileReporter::tellFacts(const fileFacts& facts, FileReport* report)
+{
+    report->size = facts.size;
+    report->sizeText = takeUTF8(gpsMakeFileSizeText(facts));
+    if (modified_.date != facts.modified) {
+        modified_ = {facts.modified, takeUTF8(gpsMakeModifiedText(facts))};
+    }
+    report->modified = modified_.text;
+    if (created_.date != facts.created) {
+        created_ = {facts.created, takeUTF8(gpsMakeCreatedText(facts))};
+    }
+    report->created = created_.text;
+}
+
+void FileReporter::tellFile(const OpenFile& file, FileReport* report)
+{
+    report->path = utf8Of(file.path.get());
+    if (!showsFields(wishes_.output)) return;
+    report->name = takeUTF8(gpsCopyFileName(file.path.get()));
+    tellFacts(file.attributes ? gpsMakeFileFacts(*file.attributes) : fileFacts{}, report);
+}
+
 // Writes down what has come of reading a file.
-void FileReporter::tell(const OpenFile& file, const platform::PropertyResult& answer,
-                        fileInfoRecord* record, FileReport* report) const
+void FileReporter::tellPlace(const OpenFile& file, const platform::PropertyResult& answer,
+                             fileInfoRecord* record, FileReport* report) const
 {
     using Outcome = platform::ReadOutcome;
-    report->path = utf8Of(file.path.get());
-    if (showsFields(wishes_.output)) {
-        report->name = takeUTF8(gpsCopyFileName(file.path.get()));
-        tellFacts(file.attributes ? gpsMakeFileFacts(*file.attributes) : fileFacts{}, report);
-    }
     if (!report->isAccepted) return;
 
     std::int32_t result = kErrNothingUsable;

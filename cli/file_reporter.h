@@ -7,6 +7,7 @@
 #include "cli/options.h"
 #include "cli/property_reading.h"
 #include "lib/strings/string_holder.h"
+#include "location/file_facts.h"
 #include "location/file_info_record.h"
 #include "platform/files/descriptor.h"
 #include "platform/files/file_attributes.h"
@@ -27,6 +28,10 @@ class FileReporter {
 public:
     FileReporter(ReportWishes wishes, PropertyReading reading);
 
+    // Makes the formatters that reports need now instead of with the first report, so that
+    // processes that are split off have them as well.
+    void warmUp();
+
     // Reads files: a report on each, in their order.
     //
     //   paths  at most platform::kMostDescriptors, in the raw bytes of the system.
@@ -43,11 +48,22 @@ private:
         std::optional<platform::FileAttributes> attributes{};
     };
 
+    // The last date that was written.
+    struct DateText {
+        std::optional<std::uint32_t> date{};
+        std::string text{};
+    };
+
     OpenFile open(const std::string& path, FileReport* report);
-    void tell(const OpenFile& file, const platform::PropertyResult& answer, fileInfoRecord* record,
-              FileReport* report) const;
+    void tellFile(const OpenFile& file, FileReport* report);
+    void tellFacts(const fileFacts& facts, FileReport* report);
+    void tellPlace(const OpenFile& file, const platform::PropertyResult& answer,
+                   fileInfoRecord* record, FileReport* report) const;
 
     ReportWishes wishes_;
     PropertyReading reading_;
     AcceptedNames accepted_;
+    // Files that came to a folder together have the same dates.
+    DateText modified_{};
+    DateText created_{};
 };

@@ -8,6 +8,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <utility>
@@ -64,6 +65,8 @@ int main(int argc, char** argv)
     if (options.help) return print(fullUsage());
     if (options.version) return print("pinorama-info " PINORAMA_VERSION "\n");
 
+    // Without TZ the C library looks at the file of the zone again for every date that is written.
+    (void)setenv("TZ", ":/etc/localtime", 0);
     iuRegisterApplicationBundle();
     if (!options.isSingleExport()) return report(options);
     const int status = exportOne(options);

@@ -9,7 +9,11 @@
 PropertyReading makePropertyReading()
 {
     const auto client = std::make_shared<platform::ReaderClient>(platform::forkPropertyReader);
-    client->start();  // locks itself in while the formatters are made
-    return
-        [client](std::span<const int> descriptors) { return client->readProperties(descriptors); };
+    return {
+        .prepare = [client] { client->start(); },
+        .read =
+            [client](std::span<const int> descriptors) {
+                return client->readProperties(descriptors);
+            },
+    };
 }

@@ -39,8 +39,24 @@ PropertyReading makeFaultyReading()
             platform::serveReader(socket, {readOrDie, {}});
         });
     });
-    return
-        [client](std::span<const int> descriptors) { return client->readProperties(descriptors); };
+    return {.prepare = [client] { client->start(); },
+            .read =
+                [client](std::span<const int> descriptors) {
+                    return client->readProperties(descriptors);
+                }};
+}
+
+// Reads nothing and counts.
+PropertyReading makeReading(platform::ReadOutcome outcome, int* asked)
+{
+    return {.prepare = [] {},
+            .read =
+                [outcome, asked](std::span<const int> descriptors) {
+                    *asked += static_cast<int>(descriptors.size());
+                    std::vector<platform::PropertyResult> results(descriptors.size());
+                    for (auto& result : results) result.outcome = outcome;
+                    return results;
+                }};
 }
 }  // namespace
 
@@ -75,12 +91,7 @@ TEST(FileReporter, asksForPicturesOnly)
 {
     const test::TemporaryFolder folder;
     int asked = 0;
-    FileReporter reporter({}, [&](std::span<const int> descriptors) {
-        asked += static_cast<int>(descriptors.size());
-        std::vector<platform::PropertyResult> results(descriptors.size());
-        for (auto& result : results) result.outcome = platform::ReadOutcome::nothing;
-        return results;
-    });
+    FileReporter reporter({}, makeReading(platform::ReadOutcome::nothing, &asked));
     const std::vector<FileReport> reports =
         reporter.report(Texts{folder.write("a.txt", "a"), folder.write("b.jpg", "bb"),
                               folder.file("missing.jpg"), folder.path()});
@@ -98,11 +109,8 @@ TEST(FileReporter, asksForPicturesOnly)
 TEST(FileReporter, saysThatThereIsNoReader)
 {
     const test::TemporaryFolder folder;
-    FileReporter reporter({}, [](std::span<const int> descriptors) {
-        std::vector<platform::PropertyResult> results(descriptors.size());
-        for (auto& result : results) result.outcome = platform::ReadOutcome::noReader;
-        return results;
-    });
+    int asked = 0;
+    FileReporter reporter({}, makeReading(platform::ReadOutcome::noReader, &asked));
     const std::string path = folder.write("a.jpg", "a");
     EXPECT_EQ(reporter.report(Texts{path}).front().error,
               "pictures cannot be read safely on this system");
