@@ -62,8 +62,8 @@ std::optional<platform::PixelImage> decodeOtherPicture(platform::ByteSource& sou
     const platform::Orientation orientation = orientationOf(reader.transformation());
     if (platform::isTransposed(orientation)) std::swap(box.width, box.height);
 
-    // Asked for a smaller size Qt would scale with several threads, which the reader cannot start any
-    // more; scaledPixels does without.
+    // Asked for a smaller size Qt would scale with several threads, which the reader cannot start
+    // any more; scaledPixels does without.
     const QImage image = reader.read();
     if (image.isNull()) return std::nullopt;
     return platform::turnedUpright(scaledPixels(image, box), orientation);
