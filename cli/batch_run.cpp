@@ -6,9 +6,12 @@
 #include "cli/outputs.h"
 #include "cli/stop_signals.h"
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <utility>
+
+#include <sys/resource.h>
 
 namespace {
 constexpr std::size_t kFewFiles = platform::kMostDescriptors;
@@ -23,6 +26,14 @@ std::vector<std::string> nextBatch(FolderWalk* walk, std::size_t most)
         paths.push_back(*std::move(path));
     }
     return paths;
+}
+
+// The files of a batch are open at the same time, beside a few others.
+std::size_t batchSize()
+{
+    rlimit limit{};
+    if (getrlimit(RLIMIT_NOFILE, &limit) != 0) return 1;
+    return std::clamp<std::size_t>(limit.rlim_cur / 2, 1, platform::kMostDescriptors);
 }
 
 // Each file as soon as it is there.
@@ -40,10 +51,11 @@ void workInLanes(FolderWalk* walk, BatchWork* work, StopSignals* signals, Output
     work->warmUp();
     LanePool lanes(usableProcessors(),
                    [work](std::span<const std::string> paths) { return work->process(paths); });
+    const std::size_t most = batchSize();
     bool isWalking = true;
     while (signals->caught() == 0 && !outputs->areLost()) {
         while (isWalking && lanes.hasRoom()) {
-            std::vector<std::string> paths = nextBatch(walk, platform::kMostDescriptors);
+            std::vector<std::string> paths = nextBatch(walk, most);
             isWalking = !paths.empty();
             if (isWalking) lanes.add(std::move(paths));
         }

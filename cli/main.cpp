@@ -13,12 +13,25 @@
 #include <string>
 #include <utility>
 
+#include <fcntl.h>
+#include <unistd.h>
+
 namespace {
 void complain(const std::string& what)
 {
     std::string line;
     appendComplaint(what, &line);
     std::fputs(line.c_str(), stderr);
+}
+
+// Takes the places of standard streams that are closed, so that no file of ours gets there. Using
+// such a stream goes on to fail.
+void holdStandardStreams()
+{
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (fcntl(stream, F_GETFD) >= 0) continue;
+        (void)open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+    }
 }
 
 int print(const std::string& text)
@@ -55,6 +68,7 @@ int report(const Options& options)
 
 int main(int argc, char** argv)
 {
+    holdStandardStreams();
     Options options;
     std::string error;
     if (!readOptions(argc, argv, &options, &error)) {

@@ -2,6 +2,7 @@
 
 #include "platform/system/sandbox_calls.h"
 
+#include <algorithm>
 #include <csignal>
 #include <iterator>
 
@@ -24,9 +25,12 @@ constexpr bool kHasSanitizers = false;
 // A sanitizer's runtime opens pipes of its own.
 constexpr rlim_t kOwnDescriptors = kHasSanitizers ? 8 : 0;
 
+// Where less is allowed already it stays at that.
 bool setLimit(__rlimit_resource resource, rlim_t value)
 {
-    const rlimit limit = {value, value};
+    rlimit limit{};
+    if (getrlimit(resource, &limit) != 0) return false;
+    limit.rlim_cur = limit.rlim_max = std::min(value, limit.rlim_max);
     return setrlimit(resource, &limit) == 0;
 }
 

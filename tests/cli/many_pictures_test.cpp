@@ -261,6 +261,15 @@ TEST_F(ManyPictures, showNoProgressInAPipe)
     EXPECT_EQ(program.err().find('\r'), std::string::npos);
 }
 
+TEST_F(ManyPictures, needFewDescriptors)
+{
+    const test::ProgramResult result =
+        test::runProgram({.command = {"/bin/sh", "-c", "ulimit -n 40 && exec \"$0\" \"$@\"",
+                                      PINORAMA_INFO, "-r", "--json", tree_->path()}});
+    EXPECT_EQ(result.status, 0) << result.err.substr(0, 1000);
+    EXPECT_EQ(pathsIn(result.out), names_);
+}
+
 TEST_F(ManyPictures, leaveNoProcessBehind)
 {
     test::RunningProgram program({"-r", "--json", tree_->path()});
@@ -347,6 +356,23 @@ TEST(pinoramaInfoRecursive, writesNamesThatNeedCare)
     EXPECT_EQ(countOf(document, "<name>\ufffd.jpg</name>"), 2u);
     EXPECT_NE(result.out.find(",\"<a> & \"\"b\"\", c.jpg\",true,0,"), std::string::npos);
     EXPECT_NE(result.out.find(",\"d\ne.jpg\",true,0,"), std::string::npos);
+}
+
+TEST(pinoramaInfoRecursive, doesWithoutStandardStreams)
+{
+    const test::TemporaryFolder folder;
+    (void)folder.write("a.jpg", test::pictureWithGps({.lat = 1, .lon = 2}));
+    const auto runWithout = [&](const std::string& closed, const std::string& options) {
+        return test::runProgram(
+            {.command = {"/bin/sh", "-c", "exec \"$0\" " + options + " \"$1\" " + closed,
+                         PINORAMA_INFO, folder.path()}});
+    };
+    const test::ProgramResult noOutput = runWithout("<&- >&-", "-rq --json");
+    EXPECT_EQ(noOutput.status, 1);
+    EXPECT_EQ(noOutput.err, "pinorama-info: standard output: Bad file descriptor\n");
+    const test::ProgramResult noErrors = runWithout("<&- 2>&-", "-r --json");
+    EXPECT_EQ(noErrors.status, 0);
+    EXPECT_EQ(linesOf(noErrors.out).size(), 1u);
 }
 
 TEST(pinoramaInfoRecursive, survivesHostileFiles)
