@@ -17,7 +17,7 @@ constexpr std::size_t kMostScanned = 20000;  // items of a view that are looked 
 constexpr std::size_t kMostAtOnce = 64;      // questions that wait for an answer
 constexpr int kDeepestItem = 12;             // steps from a part of an item to the view
 constexpr int kLongestPath = 4096;           // UTF-16 units
-constexpr int kPartOfTheTime = 100;          // reading may take a hundredth of it
+constexpr int kPartOfTheTime = 250;          // of it goes into reading without a sign of a change
 
 // Whether an object is the view or one of the few containers that hold it and nothing else, such as
 // its scrolled window. Further up everything belongs to all tabs.
@@ -136,14 +136,22 @@ platform::Task<platform::Done> platform::FrameReader::check(Inquiry& inquiry)
 {
     std::vector<QDBusMessage> questions = {nameQuestion(frame_)};
     if (!item_.isNull()) {
-        questions.push_back(statesQuestion(item_));
         questions.push_back(nameQuestion(namedPart_));
+        if (tellsItsState_) {
+            questions.push_back(statesQuestion(item_));
+        } else {
+            const Accessible& view = layout_.views[pane_].object;
+            questions.push_back(selectedCountQuestion(view));
+            questions.push_back(selectedChildQuestion(view, 0));
+        }
     }
     const auto answers = co_await inquiry.answers(questions);
     bool holds = textIn(answers[0]) == title_;
     if (!item_.isNull()) {
-        holds = holds && has(statesIn(answers[1]).value_or(0), State::selected) &&
-                textIn(answers[2]) == partName_;
+        holds = holds && textIn(answers[1]) == partName_;
+        holds =
+            holds && (tellsItsState_ ? has(statesIn(answers[2]).value_or(0), State::selected)
+                                     : numberIn(answers[2]) == 1U && objectIn(answers[3]) == item_);
     }
     if (!holds) isStale_ = true;
     co_return {};
@@ -469,12 +477,15 @@ platform::Task<std::optional<std::string>> platform::FrameReader::pathOf(Inquiry
                                                                          Accessible item)
 {
     if (item.isNull()) co_return std::nullopt;
-    const QDBusMessage askName = nameQuestion(item);
-    const auto name = textIn(co_await inquiry.answer(askName));
+    const auto questions = together(nameQuestion(item), statesQuestion(item));
+    const auto answers = co_await inquiry.answers(questions);
+    const auto name = textIn(answers[0]);
     if (!name) co_return std::nullopt;
     item_ = item;
     namedPart_ = item;
     partName_ = *name;
+    // Nemo's icons do not.
+    tellsItsState_ = has(statesIn(answers[1]).value_or(0), State::selected);
     auto path = pathOfName(*name);
     if (!path) path = co_await pathByNamesInside(inquiry, item);
     co_return path;

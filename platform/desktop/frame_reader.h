@@ -51,7 +51,7 @@ public:
     bool isFound() const { return isFound_; }
 
     // Whether the selection has to be read anew: something changed, or so much time has gone by
-    // that reading again takes no more than a hundredth of it. A file manager that says nothing
+    // that reading again takes no more than a small part of it. A file manager that says nothing
     // about a change is found out this way, and one whose folder is large is not kept busy.
     bool isStale(Clock::time_point now) const;
 
@@ -108,11 +108,12 @@ private:
     bool isStale_ = true;
     Clock::time_point readAt_;
     std::chrono::microseconds cost_ = std::chrono::seconds(1);
-    Accessible focused_;    // item that got the focus last
-    Accessible touched_;    // item or view in which something happened last
-    Accessible item_;       // the one whose path was found last,
-    Accessible namedPart_;  // the part of it that had its name,
-    QString partName_;      // and that name
+    Accessible focused_;          // item that got the focus last
+    Accessible touched_;          // item or view in which something happened last
+    Accessible item_;             // the one whose path was found last,
+    Accessible namedPart_;        // the part of it that had its name,
+    QString partName_;            // and that name
+    bool tellsItsState_ = false;  // whether that item says that it is selected
     std::vector<std::string> paths_;
 };
 
