@@ -9,6 +9,7 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -22,7 +23,13 @@ constexpr std::size_t kMostProcesses = 32;
 // A push and what the accessibility bus says about the same change arrive in any order, this far
 // apart at most. A change that comes later without a push is one that the extension did not see,
 // such as another tab.
-constexpr auto kApart = 400ms;
+constexpr auto kApart = 60ms;
+
+std::string folderOf(std::string path)
+{
+    while (path.size() > 1 && path.ends_with('/')) path.pop_back();
+    return path.substr(0, std::max<std::size_t>(path.rfind('/'), 1));
+}
 
 QString service()
 {
@@ -145,6 +152,12 @@ platform::Task<std::optional<std::vector<std::string>>> platform::ExtensionSelec
         co_return std::nullopt;
     }
     std::vector<std::string> paths = pushed.paths;
+    if (frame->kind().manager == FileManager::thunar) {
+        // Thunar asks its extensions before it takes a change over, so that they tell the selection
+        // of one change ago. The folder is right all the same.
+        if (!paths.empty()) frame->noteFolder(folderOf(paths.front()));
+        co_return std::nullopt;
+    }
     for (const std::string& path : paths) {
         if (existingItem(path)) continue;
         paths.clear();

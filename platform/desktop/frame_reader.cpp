@@ -178,6 +178,7 @@ platform::Task<bool> platform::FrameReader::readClues(Inquiry& inquiry)
         clues.locations.push_back(*text);
     }
     folders_ = foldersShown(clues, {}, {});
+    if (!notedFolder_.empty()) folders_.push_back(notedFolder_);
     if (!folders_.empty()) co_return true;
 
     if (!co_await readRows(inquiry, &clues)) co_return false;

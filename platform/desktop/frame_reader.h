@@ -48,6 +48,9 @@ public:
     // The selection of a view of this program has changed.
     void noteSelection(const Accessible& view);
 
+    // Somebody who knows says which folder the window shows, or has shown a moment ago.
+    void noteFolder(const std::string& folder) { notedFolder_ = folder; }
+
     bool isFound() const { return isFound_; }
 
     // Whether the selection has to be read anew: something changed, or so much time has gone by
@@ -102,6 +105,7 @@ private:
     QString dolphinWindow_;  // path of its object on the session bus; empty when unknown
 
     QString title_;
+    std::string notedFolder_;
     std::vector<std::string> folders_;  // that the window may show, the likeliest first
     Clock::time_point cluesRead_;
 

@@ -55,6 +55,7 @@ class Follow:
                 file.write(b"x")
         self.process = None
         self.window = None
+        self.settleTime = 0.5  # two questions, so that an answer is not one from on the way
 
     def open(self, folder=None, before=()):
         folder = folder or self.pictures
@@ -84,7 +85,7 @@ class Follow:
     def selectFirst(self):
         self.desktop.clickEmptySpace(self.window)
         self.desktop.keys("Home", self.step, "Home")
-        time.sleep(0.5)  # two questions, so that the answer is not one from on the way
+        time.sleep(self.settleTime)
 
     def expect(self, condition, what, seconds=3):
         answer = self.probe.waitUntil(condition, seconds)

@@ -9,10 +9,10 @@ import urllib.parse
 
 
 class Probe:
-    def __init__(self, session, program):
+    def __init__(self, session, program, *options):
         self.session = session
         self.log = os.path.join(session.root, "selection_probe.log")
-        self.process = session.start([program], stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+        self.process = session.start([program, *options], stdin=subprocess.PIPE, stdout=subprocess.PIPE)
         self.heard = []  # (moment, list of paths)
         self.statsLine = None
         self.changed = threading.Condition()

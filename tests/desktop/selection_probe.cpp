@@ -8,6 +8,8 @@
 // the clock in microseconds. "stop" pauses the questions, "go" goes on, "quit" and the end of the
 // input end the program.
 
+#include "platform/desktop/accessibility_selection.h"
+#include "platform/desktop/extension_selection.h"
 #include "platform/desktop/file_manager_selection.h"
 #include "platform/files/file_uri.h"
 
@@ -21,6 +23,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -40,7 +43,7 @@ long cpuTime()
 
 class Probe {
 public:
-    Probe()
+    explicit Probe(platform::SelectionSource& source) : source_(source)
     {
         QObject::connect(&timer_, &QTimer::timeout, [this] { ask(); });
         timer_.start(kInterval);
@@ -87,7 +90,7 @@ private:
         usedBefore_ = cpuTime();
     }
 
-    platform::FileManagerSelection source_;
+    platform::SelectionSource& source_;
     QTimer timer_;
     bool isFirst_ = true;
     std::vector<std::string> paths_;
@@ -100,7 +103,17 @@ private:
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
-    Probe probe;
+    const QString choice = QCoreApplication::arguments().value(1);
+    platform::FrameTracker tracker;
+    std::unique_ptr<platform::SelectionSource> source;
+    if (choice == QLatin1String("--extension")) {
+        source = std::make_unique<platform::ExtensionSelection>(tracker);
+    } else if (choice == QLatin1String("--accessibility")) {
+        source = std::make_unique<platform::AccessibilitySelection>(tracker);
+    } else {
+        source = std::make_unique<platform::FileManagerSelection>();
+    }
+    Probe probe(*source);
     QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
     std::string pending;
     QObject::connect(&input, &QSocketNotifier::activated, [&] {

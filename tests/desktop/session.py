@@ -66,9 +66,11 @@ class DesktopSession:
         runtime = os.path.join(self.root, "runtime")
         for folder in (self.home, runtime, os.path.join(self.home, "Desktop")):
             os.makedirs(folder, mode=0o700)
-        keep = ("PATH", "LD_LIBRARY_PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS")
+        keep = ("LD_LIBRARY_PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS")
         self.environment = {name: os.environ[name] for name in keep if name in os.environ}
         self.environment.update({
+            # The system's own programs: the file managers' extensions run in the system's Python.
+            "PATH": "/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin:/usr/games",
             "HOME": self.home,
             "XDG_RUNTIME_DIR": runtime,
             "TMPDIR": self.root,
