@@ -25,29 +25,9 @@ private:
     std::filesystem::path folder_;
 };
 
-test::PictureFields everything(test::ByteOrder order)
-{
-    return {.lat = 48.1,
-            .latRef = "N",
-            .lon = 11.5,
-            .lonRef = "E",
-            .altitude = 519.0,
-            .altitudeRef = 1,
-            .destDistance = 2.0,
-            .destDistanceRef = "K",
-            .satellites = "tilt:45.5",
-            .imgDirection = 270.0,
-            .orientation = 6,
-            .city = "M\u00fcnchen",
-            .state = "Bayern",
-            .country = "Deutschland",
-            .caption = "Marienplatz",
-            .order = order};
-}
-
 void writeSeeds(const Writer& writer, const std::string& suffix, test::ByteOrder order)
 {
-    const test::PictureFields fields = everything(order);
+    const test::PictureFields fields = test::everyField(order);
     const std::string jpeg = test::pictureWithGps(fields);
     const std::string iptc = test::iptcRecord(fields);
     const test::TiffField iptcField{0x83bb, 7, static_cast<std::uint32_t>(iptc.size()), iptc};
@@ -82,7 +62,7 @@ int main(int argc, char** argv)
     writeSeeds(writer, "-little", test::ByteOrder::little);
     writeSeeds(writer, "-big", test::ByteOrder::big);
 
-    const std::string iptc = test::iptcRecord(everything(test::ByteOrder::big));
+    const std::string iptc = test::iptcRecord(test::everyField(test::ByteOrder::big));
     const std::string resources =
         test::photoshopResource(0x03ed, "odd") + test::photoshopResource(0x0404, iptc);
     const std::string split = test::jpegPicture({test::photoshopSegment(resources.substr(0, 40)),

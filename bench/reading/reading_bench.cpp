@@ -154,14 +154,7 @@ Files filesOfCollection(const std::string& folder)
 // Pictures for a machine without the collection: a position, some texts, and filler for size.
 Files builtFiles(const test::TemporaryFolder& folder)
 {
-    const test::PictureFields fields{.lat = 48.1,
-                                     .latRef = "N",
-                                     .lon = 11.5,
-                                     .lonRef = "E",
-                                     .altitude = 519.0,
-                                     .altitudeRef = 0,
-                                     .city = "M\u00fcnchen",
-                                     .country = "Deutschland"};
+    const test::PictureFields fields = test::everyField(test::ByteOrder::little);
     const std::string jpeg = test::pictureWithGps(fields);
     return {{"small", {folder.write("small.jpg", jpeg)}},
             {"large", {folder.write("large.jpg", jpeg + std::string(4'000'000, '\0'))}},

@@ -1,5 +1,6 @@
 #include "lib/strings/tov_format.h"
 
+#include "lib/base/truncate.h"
 #include "lib/strings/format_directive.h"
 #include "lib/strings/format_number.h"
 #include "lib/strings/string_holder.h"
@@ -8,21 +9,12 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
+#include <cstdlib>
 #include <cstring>
 #include <limits>
 
 namespace {
 using platform::unitsOf;
-
-std::int64_t truncated(double value)
-{
-    constexpr double kTwoTo63 = 9223372036854775808.0;
-    if (std::isnan(value)) return 0;
-    if (value >= kTwoTo63) return std::numeric_limits<std::int64_t>::max();
-    if (value < -kTwoTo63) return std::numeric_limits<std::int64_t>::min();
-    return static_cast<std::int64_t>(value);
-}
 
 bool isNumeric(const FormatArgument& argument)
 {
@@ -33,7 +25,7 @@ bool isNumeric(const FormatArgument& argument)
 
 std::int64_t integerOf(const FormatArgument& argument)
 {
-    return argument.kind == FormatArgument::Kind::number ? truncated(argument.number)
+    return argument.kind == FormatArgument::Kind::number ? baseTruncate(argument.number)
                                                          : argument.integer;
 }
 

@@ -1,9 +1,8 @@
 #include "platform/objects/values.h"
 
 #include "lib/base/alloc.h"
+#include "lib/base/truncate.h"
 
-#include <cmath>
-#include <limits>
 #include <new>
 
 namespace {
@@ -18,14 +17,6 @@ Kind* createValue(TovTypeID kind)
     return value;
 }
 
-std::int64_t truncated(double value)
-{
-    constexpr double kTwoTo63 = 9223372036854775808.0;
-    if (std::isnan(value)) return 0;
-    if (value >= kTwoTo63) return std::numeric_limits<std::int64_t>::max();
-    if (value < -kTwoTo63) return std::numeric_limits<std::int64_t>::min();
-    return static_cast<std::int64_t>(value);
-}
 }  // namespace
 
 TovNumberRef TovNumberCreateSInt64(std::int64_t value)
@@ -42,7 +33,7 @@ TovNumberRef TovNumberCreateDouble(double value)
     auto* number = createValue<TovNumber>(TovTypeID::number);
     if (number == nullptr) return nullptr;
     number->isFloat = true;
-    number->integer = truncated(value);
+    number->integer = baseTruncate(value);
     number->floating = value;
     return number;
 }

@@ -59,22 +59,7 @@ void damageOnce(std::string* bytes, Numbers* numbers)
 
 std::vector<test::NamedPicture> test::soundPictures()
 {
-    const PictureFields fields = {.lat = 48.1,
-                                  .latRef = "N",
-                                  .lon = 11.5,
-                                  .lonRef = "E",
-                                  .altitude = 519.0,
-                                  .altitudeRef = 1,
-                                  .destDistance = 2.0,
-                                  .destDistanceRef = "K",
-                                  .satellites = "tilt:45.5",
-                                  .imgDirection = 270.0,
-                                  .orientation = 6,
-                                  .city = "Rome",
-                                  .state = "Lazio",
-                                  .country = "Italy",
-                                  .caption = "Trevi",
-                                  .order = ByteOrder::big};
+    const PictureFields fields = everyField(ByteOrder::big);
     const std::string tiff = tiffWithGps(fields);
     const std::string thumbnail = jpegOfQuarters(160, 120);
     std::vector<NamedPicture> pictures;

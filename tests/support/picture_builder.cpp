@@ -107,6 +107,26 @@ std::string test::tiffBlock(const TiffParts& parts)
            bytes32(parts.order, kFirst) + tiffDirectory(parts.order, kFirst, fields) + gps;
 }
 
+test::PictureFields test::everyField(ByteOrder order)
+{
+    return {.lat = 48.1,
+            .latRef = "N",
+            .lon = 11.5,
+            .lonRef = "E",
+            .altitude = 519.0,
+            .altitudeRef = 1,
+            .destDistance = 2.0,
+            .destDistanceRef = "K",
+            .satellites = "tilt:45.5",
+            .imgDirection = 270.0,
+            .orientation = 6,
+            .city = "M\u00fcnchen",
+            .state = "Bayern",
+            .country = "Deutschland",
+            .caption = "Marienplatz",
+            .order = order};
+}
+
 std::vector<test::TiffField> test::gpsFields(const PictureFields& fields)
 {
     std::vector<TiffField> gps;

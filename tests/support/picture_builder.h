@@ -81,6 +81,9 @@ struct PictureFields {
     ByteOrder order = ByteOrder::little;
 };
 
+// A picture that says all of it.
+PictureFields everyField(ByteOrder order);
+
 // The values of a GPS directory.
 std::vector<TiffField> gpsFields(const PictureFields& fields);
 

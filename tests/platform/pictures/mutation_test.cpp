@@ -26,22 +26,7 @@ std::vector<std::string> goodPictures()
 {
     std::vector<std::string> pictures = {test::crwPicture()};
     for (const test::ByteOrder order : {test::ByteOrder::little, test::ByteOrder::big}) {
-        const test::PictureFields fields{.lat = 48.1,
-                                         .latRef = "N",
-                                         .lon = 11.5,
-                                         .lonRef = "E",
-                                         .altitude = 519.0,
-                                         .altitudeRef = 0,
-                                         .destDistance = 2.0,
-                                         .destDistanceRef = "K",
-                                         .satellites = "tilt:45.5",
-                                         .imgDirection = 270.0,
-                                         .orientation = 6,
-                                         .city = "M\u00fcnchen",
-                                         .state = "Bayern",
-                                         .country = "Deutschland",
-                                         .caption = "Marienplatz",
-                                         .order = order};
+        const test::PictureFields fields = test::everyField(order);
         const std::string iptc = test::iptcRecord(fields);
         const test::TiffField iptcField{0x83bb, 7, static_cast<std::uint32_t>(iptc.size()), iptc};
         const std::string tiff = test::tiffBlock(
