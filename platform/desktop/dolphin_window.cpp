@@ -1,7 +1,4 @@
-// Dolphin's own interface on the session bus, which tells one thing that the accessibility bus does
-// not: whether exactly one item is selected.
-
-#include "platform/desktop/frame_reader.h"
+#include "platform/desktop/dolphin_window.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -38,11 +35,14 @@ std::optional<bool> truthIn(const QDBusMessage& answer)
 
 // The windows are numbered in the order of their making, with gaps where one was closed. Two
 // windows with one title are told apart by the one that is active.
-platform::Task<platform::Done> platform::FrameReader::findDolphinWindow(Inquiry& inquiry)
+platform::Task<platform::Done> platform::DolphinWindow::find(Inquiry& inquiry, Accessible frame,
+                                                             pid_t process)
 {
-    const QDBusMessage askName = nameQuestion(frame_);
+    service_ = serviceOf(process);
+    path_.clear();
+    const QDBusMessage askName = nameQuestion(frame);
     const auto title = textIn(co_await inquiry.answer(askName));
-    const QDBusMessage askStates = statesQuestion(frame_);
+    const QDBusMessage askStates = statesQuestion(frame);
     const bool isActive =
         has(statesIn(co_await inquiry.answer(askStates)).value_or(0), State::active);
 
@@ -50,8 +50,8 @@ platform::Task<platform::Done> platform::FrameReader::findDolphinWindow(Inquiry&
     std::vector<QDBusMessage> questions;
     for (int number = 1; number <= kMostWindows; number++) {
         paths.push_back(QStringLiteral("/dolphin/Dolphin_%1").arg(number));
-        questions.push_back(propertyQuestion(serviceOf(process_), paths.back(), "windowTitle"));
-        questions.push_back(propertyQuestion(serviceOf(process_), paths.back(), "isActiveWindow"));
+        questions.push_back(propertyQuestion(service_, paths.back(), "windowTitle"));
+        questions.push_back(propertyQuestion(service_, paths.back(), "isActiveWindow"));
     }
     const auto answers = co_await inquiry.answersFrom(QDBusConnection::sessionBus(), questions);
     QString found;
@@ -62,18 +62,16 @@ platform::Task<platform::Done> platform::FrameReader::findDolphinWindow(Inquiry&
         found = paths[i];
         count++;
     }
-    dolphinWindow_ = count == 1 ? found : QString();
+    if (count == 1) path_ = found;
     co_return {};
 }
 
-// Dolphin offers to copy the location of an item when exactly one is selected. Nothing when its
-// window is not known.
-platform::Task<std::optional<bool>> platform::FrameReader::isOneSelectedInDolphin(Inquiry& inquiry)
+// Dolphin offers to copy the location of an item when exactly one is selected.
+platform::Task<std::optional<bool>> platform::DolphinWindow::isOneSelected(Inquiry& inquiry) const
 {
-    if (dolphinWindow_.isEmpty()) co_return std::nullopt;
-    QDBusMessage message = QDBusMessage::createMethodCall(serviceOf(process_), dolphinWindow_,
-                                                          QStringLiteral("org.kde.KMainWindow"),
-                                                          QStringLiteral("actionIsEnabled"));
+    if (path_.isEmpty()) co_return std::nullopt;
+    QDBusMessage message = QDBusMessage::createMethodCall(
+        service_, path_, QStringLiteral("org.kde.KMainWindow"), QStringLiteral("actionIsEnabled"));
     message.setArguments({QStringLiteral("copy_location")});
     const std::vector<QDBusMessage> asked = together(message);
     const auto answers = co_await inquiry.answersFrom(QDBusConnection::sessionBus(), asked);

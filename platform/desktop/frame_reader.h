@@ -9,16 +9,16 @@
 #include <sys/types.h>
 
 #include <chrono>
-#include <functional>
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/desktop/accessible.h"
 #include "platform/desktop/dbus_inquiry.h"
+#include "platform/desktop/dolphin_window.h"
 #include "platform/desktop/file_manager_kind.h"
-#include "platform/desktop/folder_choice.h"
 #include "platform/desktop/frame_walk.h"
+#include "platform/desktop/selected_items.h"
+#include "platform/desktop/window_folder.h"
 
 namespace platform {
 
@@ -49,7 +49,7 @@ public:
     void noteSelection(const Accessible& view);
 
     // Somebody who knows says which folder the window shows, or has shown a moment ago.
-    void noteFolder(const std::string& folder) { notedFolder_ = folder; }
+    void noteFolder(const std::string& folder) { folder_.note(folder); }
 
     bool isFound() const { return isFound_; }
 
@@ -70,54 +70,25 @@ public:
     void forget();
 
 private:
-    struct Items {
-        bool isKnown = false;  // false when the view did not answer
-        std::vector<Accessible> objects;
-        std::optional<std::string> path;  // of the only one, when the status bar told it
-    };
-
-    Task<bool> readClues(Inquiry& inquiry);
-    Task<bool> readRows(Inquiry& inquiry, FolderClues* clues);
-    Task<Items> readItems(Inquiry& inquiry);
-    Task<Items> readSelection(Inquiry& inquiry, View view);
-    Task<Items> readTable(Inquiry& inquiry, View view);
-    Task<Items> readStates(Inquiry& inquiry, View view);
-    Task<Items> readStatus(Inquiry& inquiry);
-    Task<std::vector<Accessible>> scan(Inquiry& inquiry, View view);
-    Task<std::optional<bool>> isOneSelectedInDolphin(Inquiry& inquiry);
-    Task<Done> findDolphinWindow(Inquiry& inquiry);
-    Task<std::optional<std::string>> pathOf(Inquiry& inquiry, Accessible item);
-    Task<std::optional<std::string>> pathByNamesInside(Inquiry& inquiry, Accessible item);
-    Task<bool> isOfOneMake(Inquiry& inquiry);
-    Task<Done> choosePane(Inquiry& inquiry);
-    Task<bool> chooseViewInFront(Inquiry& inquiry);
-    std::vector<Accessible> likelyItems() const;
-    std::optional<std::string> pathOfName(const QString& name);
+    void takeOver(const SelectedItems& selected);
 
     Accessible frame_;
     const FileManagerKind& kind_;
     pid_t process_;
-    bool isDesktop_;
 
     bool isFound_ = false;
     FrameLayout layout_;
-    std::size_t pane_ = 0;   // the view that has or had the focus
-    QString dolphinWindow_;  // path of its object on the session bus; empty when unknown
-
+    std::size_t pane_ = 0;  // the view that has or had the focus
     QString title_;
-    std::string notedFolder_;
-    std::vector<std::string> folders_;  // that the window may show, the likeliest first
-    Clock::time_point cluesRead_;
+    WindowFolder folder_;
+    DolphinWindow dolphin_;
 
     bool isStale_ = true;
     Clock::time_point readAt_;
     std::chrono::microseconds cost_ = std::chrono::seconds(1);
-    Accessible focused_;          // item that got the focus last
-    Accessible touched_;          // item or view in which something happened last
-    Accessible item_;             // the one whose path was found last,
-    Accessible namedPart_;        // the part of it that had its name,
-    QString partName_;            // and that name
-    bool tellsItsState_ = false;  // whether that item says that it is selected
+    Accessible focused_;  // item that got the focus last
+    Accessible touched_;  // item or view in which something happened last
+    NamedItem item_;      // the only one that was read last
     std::vector<std::string> paths_;
 };
 

@@ -1,0 +1,31 @@
+// Dolphin's own interface on the session bus, which tells one thing that the accessibility bus does
+// not: whether exactly one item is selected.
+
+#pragma once
+
+#include <QString>
+
+#include <sys/types.h>
+
+#include <optional>
+
+#include "platform/desktop/accessible.h"
+#include "platform/desktop/dbus_inquiry.h"
+
+namespace platform {
+
+class DolphinWindow {
+public:
+    // Finds the object on the session bus that stands for a window of the process. It stays unknown
+    // when several fit.
+    Task<Done> find(Inquiry& inquiry, Accessible frame, pid_t process);
+
+    // Whether exactly one item is selected. Nothing when the window is not known.
+    Task<std::optional<bool>> isOneSelected(Inquiry& inquiry) const;
+
+private:
+    QString service_;
+    QString path_;  // of its object; empty when unknown
+};
+
+}  // namespace platform

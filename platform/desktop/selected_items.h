@@ -1,0 +1,65 @@
+// What is selected in a view of files. Each kind of view tells it in its own way: through the
+// Selection or the Table interface, through the states of its items, or not at all, so that only
+// the status bar says it.
+
+#pragma once
+
+#include <QString>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/desktop/accessible.h"
+#include "platform/desktop/dbus_inquiry.h"
+#include "platform/desktop/dolphin_window.h"
+#include "platform/desktop/file_manager_kind.h"
+#include "platform/desktop/frame_walk.h"
+#include "platform/desktop/window_folder.h"
+
+namespace platform {
+
+// An item, and what it says of itself.
+struct NamedItem {
+    Accessible item;             // null when it did not answer
+    Accessible part;             // the part of it that has its name, mostly the item itself
+    QString name;                // as that part says it
+    bool tellsItsState = false;  // whether the item says that it is selected
+    std::optional<std::string> path = {};  // nothing when the folder has no such item
+};
+
+struct SelectedItems {
+    bool isKnown = false;                  // false when the view did not answer
+    std::vector<NamedItem> items;          // in the order of the view, at most 64
+    std::optional<std::string> path = {};  // of the only one, when the status bar told it
+};
+
+class SelectedItemsReader {
+public:
+    // The window that is read; all must outlive this. `dolphin` counts in Dolphin only.
+    SelectedItemsReader(FileManager manager, const FrameLayout& layout, WindowFolder& folder,
+                        const DolphinWindow& dolphin)
+        : manager_(manager), layout_(layout), folder_(folder), dolphin_(dolphin)
+    {
+    }
+
+    // Reads one view of the window. `likely` are the items that are probably selected; each may be
+    // null. They are looked at before a view whose items have to be asked one by one.
+    Task<SelectedItems> read(Inquiry& inquiry, View view, std::vector<Accessible> likely);
+
+private:
+    Task<SelectedItems> readSelection(Inquiry& inquiry, View view);
+    Task<SelectedItems> readTable(Inquiry& inquiry, View view);
+    Task<SelectedItems> readStates(Inquiry& inquiry, View view, std::vector<Accessible> likely);
+    Task<SelectedItems> readStatus(Inquiry& inquiry);
+    Task<std::vector<Accessible>> scan(Inquiry& inquiry, View view);
+    Task<NamedItem> named(Inquiry& inquiry, Accessible item);
+    Task<Done> lookForNameInside(Inquiry& inquiry, NamedItem* item);
+
+    FileManager manager_;
+    const FrameLayout& layout_;
+    WindowFolder& folder_;
+    const DolphinWindow& dolphin_;
+};
+
+}  // namespace platform

@@ -1,0 +1,84 @@
+#include "platform/desktop/window_folder.h"
+
+#include "platform/desktop/item_name.h"
+#include "platform/desktop/places.h"
+#include "platform/files/user_folders.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+constexpr int kLongestPath = 4096;  // UTF-16 units
+}  // namespace
+
+platform::Task<bool> platform::WindowFolder::read(Inquiry& inquiry, QString title,
+                                                  const FrameLayout& layout)
+{
+    readAt_ = Clock::now();
+    if (isDesktop_) {
+        likely_ = {desktopFolder()};
+        co_return true;
+    }
+    FolderClues clues;
+    clues.title = title;
+    std::vector<QDBusMessage> questions;
+    for (const Accessible& entry : layout.locations) {
+        // GTK 4 gives nothing for the whole of a text, only for a part that is long enough.
+        questions.push_back(textQuestion(entry, isGtk4Object(entry) ? kLongestPath : -1));
+    }
+    const auto answers = co_await inquiry.answers(questions);
+    for (const QDBusMessage& answer : answers) {
+        const auto text = textIn(answer);
+        if (!text) co_return false;
+        clues.locations.push_back(*text);
+    }
+    likely_ = foldersShown(clues, {}, {});
+    if (!noted_.empty()) likely_.push_back(noted_);
+    if (!likely_.empty()) co_return true;
+
+    if (!co_await readRows(inquiry, layout, &clues)) co_return false;
+    likely_ = foldersShown(clues, places(), foldersWatchedBy(process_));
+    co_return true;
+}
+
+platform::Task<bool> platform::WindowFolder::readRows(Inquiry& inquiry, const FrameLayout& layout,
+                                                      FolderClues* clues)
+{
+    std::vector<QDBusMessage> questions;
+    for (const RowParent& parent : layout.rowParents)
+        questions.push_back(childCountQuestion(parent.object));
+    for (const auto& row : layout.rows) {
+        for (const PathButton& button : row) {
+            questions.push_back(nameQuestion(button.object));
+            questions.push_back(statesQuestion(button.object));
+        }
+    }
+    const auto answers = co_await inquiry.answers(questions);
+    auto answer = answers.begin();
+    for (const RowParent& parent : layout.rowParents) {
+        if (numberIn(*answer++) != parent.childCount) co_return false;
+    }
+    for (const auto& row : layout.rows) {
+        std::vector<RowButton> buttons;
+        for (std::size_t i = 0; i < row.size(); i++, answer += 2) {
+            const auto name = textIn(answer[0]);
+            if (!name) co_return false;
+            const States states = statesIn(answer[1]).value_or(0);
+            buttons.push_back({*name, has(states, State::checked) || has(states, State::pressed)});
+        }
+        clues->rows.push_back(std::move(buttons));
+    }
+    co_return true;
+}
+
+std::optional<std::string> platform::WindowFolder::pathOf(const QString& name)
+{
+    for (std::size_t i = 0; i < likely_.size(); i++) {
+        auto path = pathOfShownItem(likely_[i], name);
+        if (!path) continue;
+        std::rotate(likely_.begin(), likely_.begin() + static_cast<long>(i),
+                    likely_.begin() + static_cast<long>(i) + 1);
+        return path;
+    }
+    return std::nullopt;
+}
