@@ -20,6 +20,18 @@ StringHolder keyOf(char16_t letter, std::int32_t number)
     return StringHolder(platform::createString(key));
 }
 
+// The text of an entry; its key when the table has none.
+TovStringRef copyEntry(TovStringRef key)
+{
+    return iuCopyLocalizedString(key, key, kTable);
+}
+
+// True for a title that is its own key, in upper or lower case: there is no such service.
+bool isMissing(TovStringRef title, TovStringRef key)
+{
+    return title == nullptr || TovStringCompare(title, key, 0) == 0;
+}
+
 double signedLatitude(const fileInfoRecord& info)
 {
     return info.refLatti == 'S' ? -info.latti : info.latti;
@@ -34,19 +46,21 @@ double signedLongitude(const fileInfoRecord& info)
 TovStringRef appCopyServiceTitle(std::int32_t number)
 {
     const StringHolder key = keyOf(u'a', number);
-    StringHolder title(iuCopyLocalizedString(key.get(), key.get(), kTable));
-    if (!title || TovStringCompare(title.get(), key.get(), 0) == 0) return nullptr;
-    return title.take();
+    StringHolder title(copyEntry(key.get()));
+    return isMissing(title.get(), key.get()) ? nullptr : title.take();
 }
 
 TovStringRef appCopyServiceTemplate(TovStringRef title)
 {
+    if (title == nullptr) return nullptr;
     for (std::int32_t number = 1;; ++number) {
-        const StringHolder candidate(appCopyServiceTitle(number));
-        if (!candidate) return nullptr;
-        if (!platform::equalUnits(candidate.get(), title)) continue;
-        const StringHolder key = keyOf(u'b', number);
-        return iuCopyLocalizedString(key.get(), key.get(), kTable);
+        const StringHolder key = keyOf(u'a', number);
+        const StringHolder candidate(copyEntry(key.get()));
+        // A title is looked for as it is written, also one that ends the list of the menu.
+        if (platform::equalUnits(candidate.get(), title)) {
+            return copyEntry(keyOf(u'b', number).get());
+        }
+        if (isMissing(candidate.get(), key.get())) return nullptr;
     }
 }
 

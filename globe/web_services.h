@@ -14,8 +14,8 @@
 [[nodiscard]] TovStringRef appCopyServiceTitle(std::int32_t number);
 
 // Returns a new text: the address of the first service whose title is exactly `title`, still with
-// its conversions; null when no service of the menu has that title. A service without an address
-// gives its key.
+// its conversions; null when none up to the end of the list has that title. The entry that ends the
+// list, whose title is its key, is looked at too. A service without an address gives its key.
 [[nodiscard]] TovStringRef appCopyServiceTemplate(TovStringRef title);
 
 // Fills the address of a service in.

@@ -85,6 +85,15 @@ TEST(appCopyServiceTemplate, matchesTitlesExactlyAndTakesTheFirst)
     EXPECT_EQ(appCopyServiceTemplate(nullptr), nullptr);
 }
 
+TEST(appCopyServiceTemplate, looksAtTheEntryThatEndsTheListToo)
+{
+    const Services services(
+        "\"a1\" = \"One\"; \"a2\" = \"A2\"; \"b2\" = \"of the end\"; \"a3\" = \"Three\";");
+    EXPECT_EQ(templateOf("A2"), "of the end");
+    EXPECT_EQ(templateOf("a2"), "null") << "titles are compared exactly";
+    EXPECT_EQ(templateOf("Three"), "null") << "the search ends with the list";
+}
+
 TEST(appMakeWebServiceURL, fillsTheSignedLocationIn)
 {
     EXPECT_EQ(address("https://x.example/?q=%f,%f", place(45.5, 'S', 3.25, 'E')),
