@@ -5,15 +5,25 @@
 #include "lib/strings/tov_bytes.h"
 #include "lib/strings/tov_file.h"
 #include "lib/strings/tov_search.h"
+#include "platform/text/utf8.h"
 
 namespace {
 constexpr std::uint16_t kEncodingUTF8 = 12;
+
+// A file name may hold bytes that are no UTF-8. A document with one of them would have no byte form
+// at all, and nothing would be written.
+TovStringRef copyWritable(TovStringRef name)
+{
+    if (name == nullptr) return nullptr;
+    return platform::createStringFromUTF8(platform::displayUTF8(platform::unitsOf(name)));
+}
 }  // namespace
 
 std::int32_t GoogleEarthConnector::exportToKML(TovStringRef path, const fileInfoRecord* gpsInfo,
                                                TovStringRef name)
 {
-    const StringHolder document(gpsMakeKMLDocument(gpsInfo, name));
+    const StringHolder writable(copyWritable(name));
+    const StringHolder document(gpsMakeKMLDocument(gpsInfo, writable.get()));
     if (document && TovStringIsValid(path)) {
         (void)TovStringWriteToFile(document.get(), path, kEncodingUTF8);  // reports nothing
     }

@@ -1,6 +1,7 @@
 #include "globe/google_earth_connector.h"
 
 #include "globe/kml_document.h"
+#include "platform/files/path_text.h"
 #include "tests/support/environment.h"
 #include "tests/support/texts.h"
 
@@ -30,6 +31,18 @@ TEST(exportToKML, writesTheDocumentAsUTF8)
     EXPECT_EQ(GoogleEarthConnector::exportToKML(path.get(), &info, name.get()), 0);
     EXPECT_EQ(test::readFile(folder.file("out.kml")),
               test::takeUTF8(gpsMakeKMLDocument(&info, name.get())));
+}
+
+TEST(exportToKML, writesANameThatIsNoUTF8AsFarAsItIs)
+{
+    const test::TemporaryFolder folder;
+    const fileInfoRecord info = somewhere();
+    const test::Text name(platform::createPathText("Z\xfcrich.jpg"));
+    const test::Text shownName = test::text("Z\xef\xbf\xbdrich.jpg");
+    const test::Text path = test::text(folder.file("out.kml"));
+    EXPECT_EQ(GoogleEarthConnector::exportToKML(path.get(), &info, name.get()), 0);
+    EXPECT_EQ(test::readFile(folder.file("out.kml")),
+              test::takeUTF8(gpsMakeKMLDocument(&info, shownName.get())));
 }
 
 TEST(exportToKML, keepsTheTailOfALongerFile)
