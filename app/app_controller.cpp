@@ -106,7 +106,7 @@ bool AppController::applicationShouldTerminateAfterLastWindowClosed()
 
 void AppController::showMainWindow()
 {
-    if (myWindow->isMinimized()) myWindow->showNormal();
+    myWindow->setWindowState(myWindow->windowState() & ~Qt::WindowMinimized);
     myWindow->show();
     myWindow->raise();
     myWindow->activateWindow();

@@ -221,3 +221,12 @@ TEST_F(showMainWindow, bringsBackAClosedAndAMinimisedWindow)
     controller.showMainWindow();
     EXPECT_TRUE(controller.myWindow->isVisible());
 }
+
+TEST_F(showMainWindow, aMaximisedWindowComesBackMaximised)
+{
+    controller.myWindow->showMaximized();
+    controller.myWindow->setWindowState(controller.myWindow->windowState() | Qt::WindowMinimized);
+    controller.showMainWindow();
+    EXPECT_FALSE(controller.myWindow->isMinimized());
+    EXPECT_TRUE(controller.myWindow->isMaximized());
+}
