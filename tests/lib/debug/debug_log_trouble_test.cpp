@@ -3,36 +3,24 @@
 #include "lib/debug/debug_log.h"
 #include "lib/debug/debug_log_file.h"
 #include "tests/lib/debug/log_under_test.h"
+#include "tests/support/other_process.h"
+#include "tests/support/small_disk.h"
 
 #include <gtest/gtest.h>
 
 #include <csignal>
 #include <cstdint>
 #include <filesystem>
-#include <functional>
 #include <map>
 
-#include <fcntl.h>
-#include <sched.h>
-#include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
-constexpr int kCannotTest = 77;
-
-// The status that `work` ends with in a process of its own; what it does there leaves no trace
-// here.
-int inChild(const std::function<int()>& work)
-{
-    const pid_t child = fork();
-    if (child == 0) _exit(work());
-    int status = 0;
-    if (child < 0 || waitpid(child, &status, 0) != child || !WIFEXITED(status)) return -1;
-    return WEXITSTATUS(status);
-}
+using test::inChild;
+using test::kCannotTest;
 
 void writeEveryEntry()
 {
@@ -52,14 +40,6 @@ void writeEveryEntry()
     EXPECT_EQ(debugProtocoll("detail", "label", 1), 0);
     EXPECT_EQ(debugProtocolLongString("bytes", 5, "label", 1), 0);
     EXPECT_EQ(debugProtocollPString(pascal, "label", 1), 0);
-}
-
-// Root may write everywhere, so the children that must not are somebody else.
-bool becomeNobody()
-{
-    if (geteuid() != 0) return true;
-    constexpr uid_t kNobody = 65534;
-    return setgid(kNobody) == 0 && setuid(kNobody) == 0;
 }
 }  // namespace
 
@@ -87,7 +67,7 @@ TEST(debugLogTrouble, desktopFolderWithoutWritePermissionStaysAsItIs)
     ASSERT_EQ(chmod(folder.home().c_str(), 0755), 0);
     ASSERT_EQ(chmod(folder.desktop().c_str(), 0555), 0);
     const int status = inChild([] {
-        if (!becomeNobody()) return kCannotTest;
+        if (!test::becomeNobody()) return kCannotTest;
         writeEveryEntry();
         return debugOpenLogfile() == 0 && !testing::Test::HasFailure() ? 0 : 1;
     });
@@ -104,7 +84,7 @@ TEST(debugLogTrouble, logWithoutWritePermissionStaysAsItIs)
     ASSERT_EQ(chmod(folder.home().c_str(), 0755), 0);
     ASSERT_EQ(chmod(folder.logPath().c_str(), 0444), 0);
     const int status = inChild([] {
-        if (!becomeNobody()) return kCannotTest;
+        if (!test::becomeNobody()) return kCannotTest;
         writeEveryEntry();
         return debugOpenLogfile() == 0 && !testing::Test::HasFailure() ? 0 : 1;
     });
@@ -144,12 +124,7 @@ TEST(debugLogTrouble, fullDiskKeepsWhatWasThere)
     const test::LogFolder folder;
     std::filesystem::create_directories(folder.desktop());
     const int status = inChild([&folder] {
-        // A disk of its own that only this process sees and that ends with it.
-        if (unshare(CLONE_NEWNS) != 0) return kCannotTest;
-        if (mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0) return kCannotTest;
-        if (mount("tmpfs", folder.desktop().c_str(), "tmpfs", 0, "size=64k") != 0)
-            return kCannotTest;
-
+        if (!test::mountSmallDisk(folder.desktop())) return kCannotTest;
         (void)debugFormat("earlier");
         const std::string before = test::readFile(folder.logPath());
         // Fill the log's own last page as well, so that not one byte more fits.
@@ -157,16 +132,58 @@ TEST(debugLogTrouble, fullDiskKeepsWhatWasThere)
         const ForkRef fork = debugOpenLogfile();
         debugWriteBytes(fork, rest.data(), static_cast<std::uint32_t>(rest.size()));
         debugCloseLogFile(fork);
-        const int filler = open((folder.desktop() + "/filler").c_str(), O_CREAT | O_WRONLY, 0600);
-        while (write(filler, rest.data(), 1) == 1) {
-        }
-        close(filler);
+        test::fillDisk(folder.desktop());
 
         writeEveryEntry();
         return test::readFile(folder.logPath()) == before + rest ? 0 : 1;
     });
     if (status == kCannotTest) GTEST_SKIP() << "cannot mount a small disk here";
     EXPECT_EQ(status, 0);
+}
+
+TEST(debugLogTrouble, aLogBegunOnAFullDiskGetsItsEntriesLater)
+{
+    const test::LogFolder folder;
+    std::filesystem::create_directories(folder.desktop());
+    const int status = inChild([&folder] {
+        if (!test::mountSmallDisk(folder.desktop())) return kCannotTest;
+        test::fillDisk(folder.desktop());
+        writeEveryEntry();
+        EXPECT_EQ(test::readFile(folder.logPath()), "");
+        std::filesystem::remove(folder.desktop() + "/filler");
+        EXPECT_EQ(debugFormat("room again"), 0);
+        // The log was there already, so it gets no banner.
+        EXPECT_EQ(test::readFile(folder.logPath()), "room again\r");
+        return testing::Test::HasFailure() ? 1 : 0;
+    });
+    if (status == kCannotTest) GTEST_SKIP() << "cannot mount a small disk here";
+    EXPECT_EQ(status, 0);
+}
+
+TEST(debugLogTrouble, desktopFolderThatVanishesIsMadeAnewWithALog)
+{
+    const test::LogFolder folder;
+    EXPECT_EQ(debugFormat("lost"), 0);
+    std::filesystem::remove_all(folder.desktop());
+    EXPECT_EQ(debugFormat("kept"), 0);
+    EXPECT_EQ(folder.entries(), "kept\r");
+
+    const ForkRef fork = debugOpenLogfile();
+    std::filesystem::remove_all(folder.desktop());
+    debugWriteCString(fork, "into a file without a name");
+    debugCloseLogFile(fork);
+    EXPECT_FALSE(std::filesystem::exists(folder.desktop()));
+    writeEveryEntry();
+    EXPECT_EQ(folder.entries().find("without a name"), std::string::npos);
+}
+
+TEST(debugLogTrouble, homeFolderThatVanishesComesBackForNobody)
+{
+    const test::LogFolder folder;
+    const test::ScopedVariable home("HOME", "/proc/no/such/home");
+    writeEveryEntry();
+    EXPECT_EQ(debugOpenLogfile(), 0);
+    EXPECT_TRUE(std::filesystem::is_empty(folder.home()));
 }
 
 TEST(debugLogTrouble, twoProcessesAtOnceNeverTearASingleWrite)
