@@ -12,8 +12,10 @@
 namespace {
 bool writeAndFlush(const std::string& path, std::string_view content)
 {
+    // Whatever lies there was left by a program that died; it may be a pipe or a link by now.
+    unlink(path.c_str());
     const platform::DescriptorHolder file(
-        platform::openDescriptor(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW, 0600));
+        platform::openDescriptor(path.c_str(), O_WRONLY | O_CREAT | O_EXCL, 0600));
     if (!file) return false;
     const std::int64_t written = platform::writeAt(file.get(), 0, content.data(), content.size());
     if (written != static_cast<std::int64_t>(content.size())) {

@@ -2,7 +2,9 @@
 
 #include "platform/files/file_lock.h"
 #include "tests/support/environment.h"
+#include "tests/support/other_process.h"
 #include "tests/support/permissions.h"
+#include "tests/support/small_disk.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -120,6 +122,87 @@ TEST(PreferenceFile, staysWhenTheFolderMayNotBeWritten)
     for (const std::string& path : {store.folder.path(), store.folder.file("app")}) {
         ASSERT_EQ(chmod(path.c_str(), 0755), 0);
     }
+}
+
+TEST(PreferenceFile, staysAsItIsOnAFullDisk)
+{
+    const Store store;
+    fs::create_directory(store.folder.file("app"));
+    const int status = test::inChild([&store] {
+        if (!test::mountSmallDisk(store.folder.file("app"))) return test::kCannotTest;
+        EXPECT_TRUE(store.file.store(u"a", u"x"));
+        EXPECT_TRUE(store.file.store(u"b", 1));
+        const std::string before = test::readFile(store.path());
+        test::fillDisk(store.folder.file("app"));
+        for (int i = 0; i < 3; i++) EXPECT_FALSE(store.file.store(u"a", u"y"));
+        EXPECT_FALSE(store.file.store(u"c", 2));
+        EXPECT_FALSE(store.file.store(u"a", std::nullopt));
+        EXPECT_EQ(test::readFile(store.path()), before);
+        EXPECT_EQ(store.file.load(u"a"), PreferenceValue(u"x"));
+        EXPECT_THAT(store.names(),
+                    testing::ElementsAre("filler", "preferences.json", "preferences.lock"));
+        fs::remove(store.path("filler"));
+        EXPECT_TRUE(store.file.store(u"a", u"y"));
+        EXPECT_EQ(store.file.load(u"b"), PreferenceValue(1));
+        return testing::Test::HasFailure() ? 1 : 0;
+    });
+    if (status == test::kCannotTest) GTEST_SKIP() << "cannot mount a small disk here";
+    EXPECT_EQ(status, 0);
+}
+
+TEST(PreferenceFile, aDamagedOneIsNotLostOnAFullDisk)
+{
+    const Store store;
+    fs::create_directory(store.folder.file("app"));
+    const int status = test::inChild([&store] {
+        if (!test::mountSmallDisk(store.folder.file("app"))) return test::kCannotTest;
+        store.write("damaged");
+        test::fillDisk(store.folder.file("app"));
+        for (int i = 0; i < 3; i++) EXPECT_FALSE(store.file.store(u"a", u"x"));
+        EXPECT_EQ(test::readFile(store.path("preferences.json.damaged")), "damaged");
+        EXPECT_FALSE(fs::exists(store.path("preferences.json.damaged.2")));
+        return testing::Test::HasFailure() ? 1 : 0;
+    });
+    if (status == test::kCannotTest) GTEST_SKIP() << "cannot mount a small disk here";
+    EXPECT_EQ(status, 0);
+}
+
+TEST(PreferenceFile, isMadeAnewInAFolderThatVanished)
+{
+    const Store store;
+    EXPECT_TRUE(store.file.store(u"a", 1));
+    fs::remove_all(store.folder.file("app"));
+    EXPECT_EQ(store.file.load(u"a"), std::nullopt);
+    EXPECT_TRUE(store.file.store(u"b", 2));
+    EXPECT_EQ(store.file.load(u"b"), PreferenceValue(2));
+    EXPECT_EQ(store.file.load(u"a"), std::nullopt);
+}
+
+TEST(PreferenceFile, doesNotWaitForAPipeInItsPlace)
+{
+    const Store store;
+    fs::create_directory(store.folder.file("app"));
+    ASSERT_EQ(mkfifo(store.path().c_str(), 0600), 0);
+    EXPECT_EQ(store.file.load(u"a"), std::nullopt);
+    EXPECT_FALSE(store.file.store(u"a", 1));
+    EXPECT_TRUE(fs::is_fifo(store.path()));
+}
+
+TEST(PreferenceFile, isStoredInSpiteOfWhatADeadProgramLeft)
+{
+    const Store store;
+    fs::create_directory(store.folder.file("app"));
+    const std::string unfinished = store.path("preferences.json.new");
+    const std::string other = store.folder.write("other", "kept");
+    ASSERT_EQ(mkfifo(unfinished.c_str(), 0600), 0);
+    EXPECT_TRUE(store.file.store(u"a", 1));
+    fs::create_symlink(other, unfinished);
+    EXPECT_TRUE(store.file.store(u"a", 2));
+    store.folder.write("app/preferences.json.new", "half of it");
+    EXPECT_TRUE(store.file.store(u"a", 3));
+    EXPECT_EQ(store.file.load(u"a"), PreferenceValue(3));
+    EXPECT_EQ(test::readFile(other), "kept");
+    EXPECT_THAT(store.names(), testing::ElementsAre("preferences.json", "preferences.lock"));
 }
 
 TEST(PreferenceFile, replacesWhatALinkLeadsTo)
