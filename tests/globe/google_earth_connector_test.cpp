@@ -3,12 +3,17 @@
 #include "globe/kml_document.h"
 #include "platform/files/path_text.h"
 #include "tests/support/environment.h"
+#include "tests/support/other_process.h"
+#include "tests/support/small_disk.h"
 #include "tests/support/texts.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <iterator>
 #include <string>
+
+#include <sys/stat.h>
 
 namespace {
 fileInfoRecord somewhere()
@@ -19,6 +24,24 @@ fileInfoRecord somewhere()
     info.longi = 11.5;
     info.refLongi = 'E';
     return info;
+}
+
+// Exports to `path`, which reports nothing whatever comes of it.
+void exportTo(const std::string& path)
+{
+    const fileInfoRecord info = somewhere();
+    EXPECT_EQ(GoogleEarthConnector::exportToKML(test::text(path).get(), &info, nullptr), 0);
+}
+
+std::string documentOfSomewhere()
+{
+    const fileInfoRecord info = somewhere();
+    return test::takeUTF8(gpsMakeKMLDocument(&info, nullptr)).value_or("");
+}
+
+long openDescriptors()
+{
+    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
 }
 }  // namespace
 
@@ -63,6 +86,74 @@ TEST(exportToKML, reportsNothingWhenTheFileCannotBeMade)
     const test::Text path = test::text(folder.file("missing/out.kml"));
     EXPECT_EQ(GoogleEarthConnector::exportToKML(path.get(), &info, nullptr), 0);
     EXPECT_FALSE(std::filesystem::exists(folder.file("missing")));
+}
+
+TEST(exportToKML, onAFullDiskWritesWhatFits)
+{
+    const test::TemporaryFolder folder;
+    const int status = test::inChild([&folder] {
+        if (!test::mountSmallDisk(folder.path())) return test::kCannotTest;
+        const std::string neighbour = folder.write("other.kml", "kept");
+        const std::string older = folder.write("older.kml", std::string(5000, 'o'));
+        test::fillDisk(folder.path());
+        const long before = openDescriptors();
+        exportTo(folder.file("new.kml"));
+        EXPECT_EQ(test::readFile(folder.file("new.kml")), "");
+        // What is there needs no more room.
+        exportTo(older);
+        const std::string document = documentOfSomewhere();
+        EXPECT_EQ(test::readFile(older), document + std::string(5000 - document.size(), 'o'));
+        EXPECT_EQ(test::readFile(neighbour), "kept");
+        EXPECT_EQ(openDescriptors(), before);
+        return testing::Test::HasFailure() ? 1 : 0;
+    });
+    if (status == test::kCannotTest) GTEST_SKIP() << "cannot mount a small disk here";
+    EXPECT_EQ(status, 0);
+}
+
+TEST(exportToKML, inAReadOnlyFolderOverwritesAndMakesNothing)
+{
+    const test::TemporaryFolder folder;
+    const std::string open = folder.write("open.kml", "");
+    const std::string locked = folder.write("locked.kml", "kept");
+    ASSERT_EQ(chmod(open.c_str(), 0666), 0);
+    ASSERT_EQ(chmod(locked.c_str(), 0444), 0);
+    ASSERT_EQ(chmod(folder.path().c_str(), 0555), 0);
+    const int status = test::inChild([&] {
+        if (!test::becomeNobody()) return test::kCannotTest;
+        for (const std::string& path : {open, locked, folder.file("new.kml")}) exportTo(path);
+        return testing::Test::HasFailure() ? 1 : 0;
+    });
+    ASSERT_EQ(chmod(folder.path().c_str(), 0755), 0);
+    if (status == test::kCannotTest) GTEST_SKIP() << "cannot become another user";
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(test::readFile(open), documentOfSomewhere());
+    EXPECT_EQ(test::readFile(locked), "kept");
+    EXPECT_FALSE(std::filesystem::exists(folder.file("new.kml")));
+}
+
+TEST(exportToKML, intoAFolderThatVanishedMakesNoFolder)
+{
+    const test::TemporaryFolder folder;
+    std::filesystem::create_directory(folder.file("gone"));
+    const std::string path = folder.file("gone/out.kml");
+    exportTo(path);
+    std::filesystem::remove_all(folder.file("gone"));
+    exportTo(path);
+    EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
+}
+
+TEST(exportToKML, waitsForNoPipeAndNoFolder)
+{
+    const test::TemporaryFolder folder;
+    const std::string pipe = folder.file("pipe.kml");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    std::filesystem::create_directory(folder.file("folder.kml"));
+    const long before = openDescriptors();
+    exportTo(pipe);
+    exportTo(folder.file("folder.kml"));
+    EXPECT_TRUE(std::filesystem::is_empty(folder.file("folder.kml")));
+    EXPECT_EQ(openDescriptors(), before);
 }
 
 TEST(exportToKML, nullsWriteNothing)
