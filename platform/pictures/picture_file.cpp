@@ -9,7 +9,11 @@ int openForReading(const std::string& path)
 {
     // A zero byte would silently name another file.
     if (path.find('\0') != std::string::npos) return -1;
-    // Opening a pipe that nobody writes to would wait for a writer without O_NONBLOCK.
+    // Opening alone can do something: a tape rewinds, a board on a serial port starts again.
+    struct stat status;
+    if (stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return -1;
+    // What was a file may be a pipe by now, whose opening would wait for a writer without
+    // O_NONBLOCK.
     return open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
 }
 }  // namespace

@@ -10,7 +10,7 @@ namespace platform {
 class PictureFile {
 public:
     // Opens the file at `path`, following symbolic links. A pipe, a device or a folder of that name
-    // counts as not opened.
+    // is not opened.
     explicit PictureFile(const std::string& path);
     ~PictureFile();
     PictureFile(const PictureFile&) = delete;
