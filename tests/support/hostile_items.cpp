@@ -45,16 +45,6 @@ std::string makeFolder(const std::string& path)
     return path;
 }
 
-// As large as the file system of temporary files allows, at most 8 TiB.
-std::string makeHuge(const std::string& path)
-{
-    std::error_code error;
-    for (std::uintmax_t size = std::uintmax_t{8} << 40; size > 0; size /= 2) {
-        fs::resize_file(path, size, error);
-        if (!error) return path;
-    }
-    throw std::runtime_error("no large file");
-}
 }  // namespace
 
 std::vector<test::HostileItem> test::hostileItems(const TemporaryFolder& folder)
@@ -70,7 +60,7 @@ std::vector<test::HostileItem> test::hostileItems(const TemporaryFolder& folder)
          kErrNotFound, false},
         {"a link to itself", makeLink(folder.file("loop.jpg"), "loop.jpg"),
          "Too many levels of symbolic links", kErrInputOutput, false},
-        {"8 TiB", makeHuge(folder.write("huge.nef", "II*")), nullptr, 0, true},
+        {"8 TiB", hugeFile(folder), nullptr, 0, true},
         {"an empty file", folder.write("empty.jpg", ""), nullptr, 0, true},
         {"the longest name", folder.write(longestName(), "no picture"), nullptr, 0, true},
         {"a longer name", folder.file("x" + longestName()), "File name too long", kErrBadName,
@@ -87,4 +77,16 @@ std::vector<test::HostileItem> test::hostileItems(const TemporaryFolder& folder)
 std::string test::longestName()
 {
     return std::string(251, 'n') + ".jpg";
+}
+
+std::string test::hugeFile(const TemporaryFolder& folder)
+{
+    // Its directory is said to lie 4 GiB away.
+    const std::string path = folder.write("huge.nef", std::string_view("II*\0\xf0\xff\xff\xff", 8));
+    std::error_code error;
+    for (std::uintmax_t size = std::uintmax_t{8} << 40; size > 0; size /= 2) {
+        fs::resize_file(path, size, error);
+        if (!error) break;
+    }
+    return path;
 }

@@ -22,6 +22,9 @@ struct HostileItem {
 // 8 TiB, names that are too long or no UTF-8, and what is not there at all.
 std::vector<HostileItem> hostileItems(const TemporaryFolder& folder);
 
+// A file with a raw picture's name that is as large as its file system allows, at most 8 TiB.
+std::string hugeFile(const TemporaryFolder& folder);
+
 // A name of 255 bytes, the longest, with the ending ".jpg".
 std::string longestName();
 
