@@ -5,37 +5,37 @@
 #include "platform/text/ascii.h"
 #include "platform/text/compare.h"
 
-#include <unicode/normalizer2.h>
 #include <unicode/uchar.h>
-#include <unicode/unistr.h>
+#include <unicode/unorm2.h>
+#include <unicode/ustring.h>
 #include <unicode/utf16.h>
 
 #include <algorithm>
+#include <memory>
+#include <new>
 
 namespace {
-using icu::Normalizer2;
-using icu::UnicodeString;
 using platform::Case;
 using platform::isASCII;
 
 constexpr char16_t kFirstMark = 0x0300;  // no unit below it combines with the one before
 
-const Normalizer2& decomposer()
+const UNormalizer2* decomposer()
 {
-    static const Normalizer2* const instance = [] {
+    static const UNormalizer2* const instance = [] {
         UErrorCode status = U_ZERO_ERROR;
-        return Normalizer2::getNFDInstance(status);
+        return unorm2_getNFDInstance(&status);
     }();
-    return *instance;
+    return instance;
 }
 
-const Normalizer2& composer()
+const UNormalizer2* composer()
 {
-    static const Normalizer2* const instance = [] {
+    static const UNormalizer2* const instance = [] {
         UErrorCode status = U_ZERO_ERROR;
-        return Normalizer2::getNFCInstance(status);
+        return unorm2_getNFCInstance(&status);
     }();
-    return *instance;
+    return instance;
 }
 
 // True for combining marks and for the vowels and final consonants of Hangul syllables.
@@ -43,7 +43,7 @@ bool belongsToCharacterBefore(UChar32 codePoint)
 {
     if (codePoint < kFirstMark) return false;
     return (U_GET_GC_MASK(codePoint) & U_GC_M_MASK) != 0 ||
-           !composer().hasBoundaryBefore(codePoint);
+           !unorm2_hasBoundaryBefore(composer(), codePoint);
 }
 
 // The end of the segment that begins at `start`, which lies within the text.
@@ -61,34 +61,85 @@ std::size_t endOfSegment(std::u16string_view text, std::size_t start)
     return end;
 }
 
-// Decomposed and, when case is ignored, folded; an alias of `text` when that changes nothing.
-UnicodeString comparableForm(std::u16string_view text, Case letterCase)
-{
-    UnicodeString alias(false, text.data(), static_cast<std::int32_t>(text.size()));
-    if (letterCase == Case::respect && isASCII(text)) return alias;
-    UErrorCode status = U_ZERO_ERROR;
-    UnicodeString form = decomposer().normalize(alias, status);
-    if (letterCase == Case::ignore) {
-        form.foldCase();
-        if (!isASCII({form.getBuffer(), static_cast<std::size_t>(form.length())})) {
-            form = decomposer().normalize(form, status);
-        }
+// A text decomposed and, when case is ignored, folded; it lends from `text` when that changes
+// nothing. A single segment needs no memory.
+class ComparableForm {
+public:
+    ComparableForm(std::u16string_view text, Case letterCase) : units_(text)
+    {
+        if (letterCase == Case::respect && isASCII(text)) return;
+        decompose();
+        if (letterCase == Case::respect) return;
+        fold();
+        if (!isASCII(units_)) decompose();
     }
-    if (U_FAILURE(status)) form.setToBogus();
-    return form;
-}
+    ComparableForm(const ComparableForm&) = delete;
+    ComparableForm& operator=(const ComparableForm&) = delete;
+
+    // False when memory has run out.
+    bool isUsable() const { return isUsable_; }
+    std::u16string_view units() const { return units_; }
+
+private:
+    static constexpr std::int32_t kSmall = 32;  // units
+
+    // Where a step puts its units: not where they come from, and made larger when they do not fit.
+    struct Place {
+        char16_t small[kSmall];
+        std::unique_ptr<char16_t[]> large{};
+    };
+
+    void decompose()
+    {
+        change([this](char16_t* dest, std::int32_t room, UErrorCode* status) {
+            return unorm2_normalize(decomposer(), units_.data(), length(), dest, room, status);
+        });
+    }
+
+    void fold()
+    {
+        change([this](char16_t* dest, std::int32_t room, UErrorCode* status) {
+            return u_strFoldCase(dest, room, units_.data(), length(), U_FOLD_CASE_DEFAULT, status);
+        });
+    }
+
+    template <typename Step>
+    void change(Step step)
+    {
+        if (!isUsable_) return;
+        Place& place = places_[next_];
+        next_ = 1 - next_;
+        UErrorCode status = U_ZERO_ERROR;
+        char16_t* dest = place.small;
+        std::int32_t count = step(dest, kSmall, &status);
+        if (status == U_BUFFER_OVERFLOW_ERROR) {
+            status = U_ZERO_ERROR;
+            place.large.reset(new (std::nothrow) char16_t[static_cast<std::size_t>(count)]);
+            dest = place.large.get();
+            if (dest != nullptr) count = step(dest, count, &status);
+        }
+        isUsable_ = dest != nullptr && U_SUCCESS(status);
+        units_ = isUsable_ ? std::u16string_view(dest, static_cast<std::size_t>(count))
+                           : std::u16string_view();
+    }
+
+    std::int32_t length() const { return static_cast<std::int32_t>(units_.size()); }
+
+    std::u16string_view units_;
+    Place places_[2];
+    int next_ = 0;
+    bool isUsable_ = true;
+};
 
 // A wanted text in its comparable form, and the test whether it stands at a place.
 class Wanted {
 public:
     Wanted(std::u16string_view units, Case letterCase)
-        : form_(comparableForm(units, letterCase)),
-          units_(form_.getBuffer(), static_cast<std::size_t>(form_.length())),
-          letterCase_(letterCase)
+        : form_(units, letterCase), units_(form_.units()), letterCase_(letterCase)
     {
     }
 
-    bool isUsable() const { return !form_.isBogus() && !units_.empty(); }
+    bool isUsable() const { return form_.isUsable() && !units_.empty(); }
 
     // False when the text cannot begin with this unit, an ASCII character.
     bool mayBeginWith(char16_t unit) const { return folded(unit) == units_.front(); }
@@ -125,15 +176,14 @@ private:
             return 1;
         }
         const std::size_t end = endOfSegment(text, at);
-        const UnicodeString form = comparableForm(text.substr(at, end - at), letterCase_);
-        const std::u16string_view segment(form.getBuffer(),
-                                          static_cast<std::size_t>(form.length()));
-        if (form.isBogus() || rest.substr(0, segment.size()) != segment) return 0;
+        const ComparableForm form(text.substr(at, end - at), letterCase_);
+        const std::u16string_view segment = form.units();
+        if (!form.isUsable() || rest.substr(0, segment.size()) != segment) return 0;
         at = end;
         return segment.size();
     }
 
-    UnicodeString form_;
+    ComparableForm form_;
     std::u16string_view units_;
     Case letterCase_;
 };

@@ -311,6 +311,23 @@ TEST(findText, beginsAtTheStart)
     EXPECT_EQ(found(u"e\u0301x", u"\u0301", 1, Case::respect), Range(1, 1)) << "a mark there";
 }
 
+TEST(findText, findsTextsAndLettersOfAnyLength)
+{
+    using Range = std::pair<int, int>;
+    std::u16string composed;
+    std::u16string decomposed;
+    for (int i = 0; i < 100; i++) {
+        composed += u"\u00c9x";
+        decomposed += u"E\u0301x";
+    }
+    EXPECT_EQ(found(u"-" + decomposed, composed, 0, Case::respect), Range(1, 300));
+    EXPECT_EQ(found(u"-" + composed, decomposed, 0, Case::ignore), Range(1, 200));
+
+    const std::u16string letter = u"\u00e9" + std::u16string(100, u'\u0323');
+    const std::u16string reordered = u"e" + std::u16string(100, u'\u0323') + u"\u0301";
+    EXPECT_EQ(found(u"-" + letter, reordered, 0, Case::respect), Range(1, 101));
+}
+
 TEST(findText, agreesWithItsDefinitionOnRandomTexts)
 {
     RandomTexts texts(19840124);
