@@ -1,8 +1,12 @@
 #include "platform/text/date_format.h"
 
+#include "platform/text/region_formats.h"
+
 #include <unicode/udat.h>
 
 #include <memory>
+#include <optional>
+#include <span>
 
 namespace {
 constexpr std::int32_t kLongestDate = 256;  // units
@@ -52,14 +56,26 @@ const UDateFormat* formatFor(const std::string& locale, platform::DateStyle styl
     }
     return last.format.get();
 }
+
+// The units written; 0 when that takes ICU.
+std::size_t writeAsRegion(const std::string& locale, std::int64_t seconds, std::span<char16_t> dest)
+{
+    const std::optional<platform::RegionFormats> formats = platform::regionFormats(locale);
+    return formats ? platform::writeDateAndTime(*formats, seconds, dest) : 0;
+}
 }  // namespace
 
 TovStringRef platform::createDateText(const std::string& locale, DateStyle style,
                                       std::int64_t seconds)
 {
+    char16_t units[kLongestDate];
+    // What is told of every picture comes without ICU where that is possible.
+    if (style == DateStyle::dateAndTime) {
+        const std::size_t count = writeAsRegion(locale, seconds, units);
+        if (count > 0) return createString({units, count});
+    }
     const UDateFormat* format = formatFor(locale, style);
     if (format == nullptr) return nullptr;
-    char16_t units[kLongestDate];
     UErrorCode status = U_ZERO_ERROR;
     const std::int32_t length =
         udat_format(format, static_cast<double>(seconds) * kMillisecondsPerSecond, units,

@@ -67,7 +67,10 @@ class ComparableForm {
 public:
     ComparableForm(std::u16string_view text, Case letterCase) : units_(text)
     {
-        if (letterCase == Case::respect && isASCII(text)) return;
+        if (isASCII(text)) {
+            if (letterCase == Case::ignore) foldASCII();
+            return;
+        }
         decompose();
         if (letterCase == Case::respect) return;
         fold();
@@ -88,6 +91,18 @@ private:
         char16_t small[kSmall];
         std::unique_ptr<char16_t[]> large{};
     };
+
+    void foldASCII()
+    {
+        change([this](char16_t* dest, std::int32_t room, UErrorCode* status) {
+            if (room < length()) {
+                *status = U_BUFFER_OVERFLOW_ERROR;
+            } else {
+                std::transform(units_.begin(), units_.end(), dest, platform::foldedASCII);
+            }
+            return length();
+        });
+    }
 
     void decompose()
     {

@@ -1,10 +1,13 @@
 #include "platform/text/number_format.h"
 
+#include "platform/text/region_formats.h"
+
 #include <unicode/unum.h>
 
 #include <memory>
 #include <new>
 #include <optional>
+#include <span>
 
 namespace {
 constexpr std::int32_t kLongestNumber = 128;  // units, of 20 digits with the longest separators
@@ -30,8 +33,19 @@ FormatHandle open(const std::string& locale, std::optional<std::int32_t> fractio
 class platform::NumberFormat {
 public:
     NumberFormat(std::string locale, std::optional<std::int32_t> fractionDigits)
-        : locale_(std::move(locale)), fractionDigits_(fractionDigits)
+        : locale_(std::move(locale)),
+          fractionDigits_(fractionDigits),
+          region_(regionFormats(locale_))
     {
+    }
+
+    // Writes a number that is told in `fractionDigits` digits behind the separator unless the
+    // format has its own. Returns the units written; 0 when that takes ICU.
+    std::size_t writeAsRegion(double value, std::optional<std::int32_t> fractionDigits,
+                              std::span<char16_t> dest) const
+    {
+        if (fractionDigits_) fractionDigits = fractionDigits_;
+        return region_ && fractionDigits ? writeNumber(*region_, value, *fractionDigits, dest) : 0;
     }
 
     // Null when ICU cannot make one.
@@ -44,19 +58,26 @@ public:
 private:
     std::string locale_;
     std::optional<std::int32_t> fractionDigits_;
+    std::optional<RegionFormats> region_;
     FormatHandle format_;
 };
 
 namespace {
-// Runs one of ICU's printing functions and makes a text of what it printed.
-template <typename Print>
-TovStringRef createText(platform::NumberFormat* format, Print print)
+// Makes a text of a number, by one of ICU's printing functions where that is needed.
+template <typename Number, typename Print>
+TovStringRef createText(platform::NumberFormat* format, Number value,
+                        std::optional<std::int32_t> fractionDigits, Print print)
 {
-    const UNumberFormat* opened = format == nullptr ? nullptr : format->format();
-    if (opened == nullptr) return nullptr;
+    if (format == nullptr) return nullptr;
     char16_t units[kLongestNumber];
+    const std::size_t count =
+        format->writeAsRegion(static_cast<double>(value), fractionDigits, units);
+    if (count > 0) return platform::createString({units, count});
+
+    const UNumberFormat* opened = format->format();
+    if (opened == nullptr) return nullptr;
     UErrorCode status = U_ZERO_ERROR;
-    const std::int32_t length = print(opened, units, &status);
+    const std::int32_t length = print(opened, value, units, kLongestNumber, nullptr, &status);
     if (U_FAILURE(status)) return nullptr;
     return platform::createString({units, static_cast<std::size_t>(length)});
 }
@@ -80,16 +101,10 @@ void platform::releaseNumberFormat(NumberFormat* format)
 
 TovStringRef platform::createNumberText(NumberFormat* format, std::int64_t value)
 {
-    return createText(
-        format, [value](const UNumberFormat* opened, char16_t* units, UErrorCode* status) {
-            return unum_formatInt64(opened, value, units, kLongestNumber, nullptr, status);
-        });
+    return createText(format, value, 0, unum_formatInt64);
 }
 
 TovStringRef platform::createNumberText(NumberFormat* format, double value)
 {
-    return createText(
-        format, [value](const UNumberFormat* opened, char16_t* units, UErrorCode* status) {
-            return unum_formatDouble(opened, value, units, kLongestNumber, nullptr, status);
-        });
+    return createText(format, value, std::nullopt, unum_formatDouble);
 }
