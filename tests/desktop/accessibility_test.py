@@ -5,22 +5,18 @@ says what it does. Exit status 77 means that nothing could be tried; the reason 
 
 usage: accessibility_test.py BIN_FOLDER"""
 
-import ast
 import os
-import re
 import shutil
 import sys
 import unittest
 
+from accessible import ENABLED, FOCUSABLE, FOCUSED, programNamed
 from session import DesktopSession, RigError, waitFor
 
 BIN = os.path.abspath(sys.argv.pop()) if len(sys.argv) > 1 else ""
 SAMPLE = os.path.join(os.path.dirname(os.path.abspath(__file__)),
                       "../../resources/samples/Mountains at noon.jpg")
 SKIPPED = 77
-
-# Bits of a state, as AT-SPI counts them.
-ENABLED, FOCUSABLE, FOCUSED = 8, 11, 12
 
 # Caption of each value and the field's name in the window's report, from top to bottom.
 FIELDS = [
@@ -47,67 +43,6 @@ CONTROLS = [
 ]
 
 
-class Accessible:
-    """One object on the accessibility bus."""
-
-    def __init__(self, session, bus, owner, path):
-        self.session, self.bus, self.owner, self.path = session, bus, owner, path
-
-    def call(self, method, *arguments):
-        answer = self.session.run(["gdbus", "call", "--address", self.bus, "--dest", self.owner,
-                                   "--object-path", self.path, "--method", method, *arguments])
-        if answer is None:
-            return None
-        # Python reads what gdbus writes but for the names of types and the marks of a variant.
-        answer = re.sub(r"(?<=[\[( ])(?:uint32|objectpath|@[a-z()]+) ", "", answer.strip())
-        return ast.literal_eval(re.sub(r"^\(<(.*)>,\)$", r"(\1,)", answer, flags=re.S))
-
-    def read(self, name, interface="Accessible"):
-        answer = self.call("org.freedesktop.DBus.Properties.Get", "org.a11y.atspi." + interface, name)
-        return answer[0] if answer else None
-
-    @property
-    def name(self):
-        return self.read("Name")
-
-    @property
-    def description(self):
-        return self.read("Description")
-
-    @property
-    def role(self):
-        answer = self.call("org.a11y.atspi.Accessible.GetRoleName")
-        return answer[0].removeprefix("push ") if answer else None
-
-    def has(self, *states):
-        answer = self.call("org.a11y.atspi.Accessible.GetState")
-        bits = answer[0][0] if answer else 0
-        return all(bits >> state & 1 for state in states)
-
-    @property
-    def text(self):
-        count = self.read("CharacterCount", "Text")
-        answer = None if count is None else self.call("org.a11y.atspi.Text.GetText", "0", str(count))
-        return answer[0] if answer else None
-
-    def at(self, reference):
-        return Accessible(self.session, self.bus, *reference)
-
-    def children(self):
-        answer = self.call("org.a11y.atspi.Accessible.GetChildren")
-        return [self.at(child) for child in answer[0]] if answer else []
-
-    def labels(self):
-        """The objects that name this one."""
-        answer = self.call("org.a11y.atspi.Accessible.GetRelationSet")
-        return [self.at(target) for kind, targets in answer[0] if kind == 2 for target in targets]
-
-    def everything(self):
-        yield self
-        for child in self.children():
-            yield from child.everything()
-
-
 class AccessibilityTest(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
@@ -129,21 +64,10 @@ class AccessibilityTest(unittest.TestCase):
         if not found:
             raise AssertionError("the window did not appear")
         cls.window = found[0]
-        root = waitFor(cls.program, 20)
+        root = waitFor(lambda: programNamed(cls.session, "Pinorama"), 20)
         if not root:
             raise AssertionError("the program is not on the accessibility bus")
         cls.objects = [(each, each.role, each.name) for each in root.everything()]
-
-    @classmethod
-    def program(cls):
-        answer = cls.session.call("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus.GetAddress")
-        address = ast.literal_eval(answer)[0] if answer else ""
-        desktop = Accessible(cls.session, address, "org.a11y.atspi.Registry",
-                             "/org/a11y/atspi/accessible/root")
-        for each in desktop.children():
-            if each.name == "Pinorama" and each.children():
-                return each
-        return None
 
     def named(self, name, role):
         found = [each for each, itsRole, itsName in self.objects if (itsName, itsRole) == (name, role)]

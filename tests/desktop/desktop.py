@@ -5,6 +5,20 @@ import time
 from session import RigError, waitFor
 
 PAUSE = 0.12  # seconds between two keys
+LOOKS, LOOK_STEP = 6, 0.05  # at a process that is to be at rest; seconds between two
+
+
+class ProcessorUse:
+    """What the kernel says of a process right now: whether it waits, and the ticks that it used."""
+
+    def __init__(self, pid):
+        try:
+            with open(f"/proc/{pid}/stat", encoding="utf-8", errors="replace") as stat:
+                words = stat.read().rpartition(")")[2].split()
+        except OSError:
+            words = ["X", *["0"] * 20]
+        self.waits = words[0] in "SXZ"
+        self.ticks = int(words[11]) + int(words[12])
 
 
 class Desktop:
@@ -43,6 +57,17 @@ class Desktop:
     def activate(self, window):
         self.xdotool("windowactivate", "--sync", window)
         time.sleep(PAUSE)
+
+    def settle(self, process, seconds=10):
+        """Waits until the process has dealt with the keys and clicks that were sent to it. Questions
+        that are put to it five times a second do not count."""
+        def isAtRest():
+            uses = []
+            for _ in range(LOOKS):
+                uses.append(ProcessorUse(process.pid))
+                time.sleep(LOOK_STEP)
+            return sum(use.waits for use in uses) >= LOOKS - 1 and uses[-1].ticks - uses[0].ticks <= 2
+        return waitFor(isAtRest, seconds, 0)
 
     def resize(self, window, width, height):
         self.xdotool("windowmove", window, 4, 24)

@@ -8,6 +8,7 @@ class Manager:
     name: str
     command: list                  # without the folder
     process: str
+    toolkit: str = "GTK"
     views: dict = field(default_factory=dict)  # view -> (keys that switch to it, key to the next item)
     firstView: str = "icons"
     split: str = ""                # key that opens and closes a second pane; "" for none
@@ -40,10 +41,10 @@ MANAGERS = [
             views={"icons": (["ctrl+1"], ICONS), "compact": (["ctrl+2"], LIST),
                    "list": (["ctrl+4"], LIST)},
             extra={"GTK_MODULES": "gail:atk-bridge"}),
-    Manager("pcmanfm-qt", ["pcmanfm-qt", "-n"], "pcmanfm-qt",
+    Manager("pcmanfm-qt", ["pcmanfm-qt", "-n"], "pcmanfm-qt", "Qt",
             views={"icons": ([], ICONS)}, newTab=("ctrl+t", "ctrl+Next"),
             split="F6", desktop=["pcmanfm-qt", "--desktop"]),
-    Manager("dolphin", ["dolphin", "--new-window"], "dolphin",
+    Manager("dolphin", ["dolphin", "--new-window"], "dolphin", "Qt",
             views={"icons": (["ctrl+1"], ICONS), "compact": (["ctrl+2"], LIST),
                    "list": (["ctrl+3"], LIST)},
             split="F3"),

@@ -93,7 +93,7 @@ class DesktopSession:
         self._startDisplay()
         self._startBus()
         self.windowManager = self.start(["openbox", "--sm-disable"])
-        if not waitFor(lambda: self.run(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"]), 10):
+        if not waitFor(lambda: self.run(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"]), 30):
             raise RigError("openbox did not start")
         self.enableAccessibilityBus()
 
@@ -128,10 +128,17 @@ class DesktopSession:
 
     def enableAccessibilityBus(self):
         """Starts the accessibility bus and says whether Qt programs shall speak on it."""
-        self.call("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus.GetAddress")
-        self.call("org.a11y.Bus", "/org/a11y/bus", "org.freedesktop.DBus.Properties.Set",
-                  "org.a11y.Status", "IsEnabled",
-                  "<true>" if self.accessibility else "<false>")
+        value = "true" if self.accessibility else "false"
+        properties = "org.freedesktop.DBus.Properties."
+
+        def isSet():
+            bus = ("org.a11y.Bus", "/org/a11y/bus")
+            self.call(*bus, "org.a11y.Bus.GetAddress")
+            self.call(*bus, properties + "Set", "org.a11y.Status", "IsEnabled", f"<{value}>")
+            told = self.call(*bus, properties + "Get", "org.a11y.Status", "IsEnabled") or ""
+            return value in told
+        if not waitFor(isSet, 40):
+            raise RigError("the accessibility bus did not start")
 
     def start(self, command, **options):
         """Starts a program in the session; its messages go to a file of the session."""
@@ -179,6 +186,9 @@ class DesktopSession:
     def close(self):
         for process in reversed(self.processes):
             endProcess(process)
+            for stream in (process.stdin, process.stdout):
+                if stream is not None:
+                    stream.close()
         self.processes = []
         for sign in (signal.SIGTERM, signal.SIGKILL):
             for stray in self.strays():

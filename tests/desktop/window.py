@@ -1,0 +1,152 @@
+"""The program itself beside a file manager, and what its window shows, read over the accessibility
+bus as a screen reader reads it. It answers the same questions as the probe, so that the cases of a
+file manager can be checked with either."""
+
+import json
+import os
+import time
+
+from accessible import CHECKED, programNamed
+from session import RigError, waitFor
+
+STEP = 0.05  # seconds between two looks
+CHECK_BOX = "Follow the selection in the file manager"
+FIELDS = ("Name", "Size", "Coordinate")
+
+
+class Window:
+    def __init__(self, session, program):
+        self.session = session
+        self.program = program
+        self.log = os.path.join(session.root, "pinorama.log")
+        self.process = None
+
+    def open(self, *pictures):
+        """Starts the program and finds the parts of its window."""
+        self.process = self.session.start([self.program, *pictures])
+        self.window = self.find()
+        if not self.window:
+            raise RigError("the program showed no window: " + self.messages())
+        root = waitFor(lambda: programNamed(self.session, "Pinorama"), 30, STEP)
+        if not root:
+            raise RigError("the program is not on the accessibility bus: " + self.messages())
+        self.bus = root.bus
+        self.parts = {}
+        for each in root.everything():
+            name = each.name
+            if name in (*FIELDS, CHECK_BOX) and each.role in ("text", "check box"):
+                self.parts[name] = each
+        if len(self.parts) != len(FIELDS) + 1:
+            raise RigError(f"of the window's parts there are only {list(self.parts)}")
+
+    def find(self):
+        """The window on the screen, or None."""
+        found = waitFor(lambda: (self.session.run(["xdotool", "search", "--onlyvisible", "--name",
+                                                   "^Pinorama$"]) or "").split(), 30, STEP)
+        return int(found[0]) if found else None
+
+    def close(self):
+        """Ends the program, as the end of a session does."""
+        if self.process in self.session.processes:
+            self.session.end(self.process)
+
+    def text(self, field):
+        return self.parts[field].text
+
+    def shownPath(self):
+        """The whole path of the shown file as the window tells it; empty when there is none."""
+        told = self.parts["Name"].description or ""
+        return told if told.startswith("/") else ""  # a hint stands there before the first file
+
+    def follows(self):
+        return self.parts[CHECK_BOX].has(CHECKED)
+
+    def switchFollowing(self):
+        """Clicks on the check box."""
+        left, top, _, height = self.parts[CHECK_BOX].place()
+        self.session.run(["xdotool", "windowactivate", "--sync", str(self.window), "mousemove",
+                          str(left + height // 2), str(top + height // 2), "click", "1"])
+
+    def preference(self):
+        """The stored value of "finderSync"; None when nothing is stored."""
+        path = os.path.join(self.session.home, ".config", "org.pinorama.Pinorama",
+                            "preferences.json")
+        try:
+            with open(path, encoding="utf-8") as file:
+                return json.load(file).get("finderSync")
+        except FileNotFoundError:
+            return None
+
+    def paths(self):
+        """The shown file in a list, as its exact bytes: the one file that is displayed so."""
+        shown = self.shownPath()
+        if not shown:
+            return []
+        if not hasattr(self, "byDisplay") or shown not in self.byDisplay:
+            self.byDisplay = self.everythingByDisplay()
+        return [self.byDisplay.get(shown, shown.encode())]
+
+    def everythingByDisplay(self):
+        byDisplay = {}
+        for folder, folders, files in os.walk(self.session.home.encode()):
+            folders[:] = [name for name in folders if not name.startswith(b".")]
+            for name in [*files, *(name + b"/" for name in folders)]:
+                path = os.path.join(folder, name)
+                byDisplay[path.decode(errors="replace")] = path
+        return byDisplay
+
+    def waitUntil(self, condition, seconds):
+        """Waits until `condition` holds of what is shown; returns that or None."""
+        end = time.monotonic() + seconds
+        while True:
+            isLast = time.monotonic() > end
+            paths = self.paths()
+            if condition(paths):
+                return paths
+            if isLast:
+                return None
+            time.sleep(STEP)
+
+    def messages(self):
+        """What the program has written to the terminal."""
+        with open(self.log, encoding="utf-8", errors="replace") as log:
+            return log.read()
+
+
+class Traffic:
+    """Counts the calls that one process makes on a bus while it is open."""
+
+    def __init__(self, session, address):
+        self.session = session
+        self.address = address
+        self.log = os.path.join(session.root, f"traffic-{time.monotonic_ns()}")
+        with open(self.log, "wb") as output:
+            self.monitor = session.start(["dbus-monitor", "--profile", "--address", address],
+                                         stdout=output)
+
+    def namesOf(self, process):
+        """The process's connections to the bus."""
+        names = self.ask("ListNames") or ""
+        unique = [word.strip("'[](),") for word in names.split()]
+        return {name for name in unique if name.startswith(":") and
+                self.ask("GetConnectionUnixProcessID", name) == f"(uint32 {process.pid},)"}
+
+    def ask(self, method, *arguments):
+        answer = self.session.run(["gdbus", "call", "--address", self.address, "--dest",
+                                   "org.freedesktop.DBus", "--object-path", "/org/freedesktop/DBus",
+                                   "--method", "org.freedesktop.DBus." + method, *arguments])
+        return answer and answer.strip()
+
+    def calls(self, names, seconds):
+        """How many method calls the connections make within that time from now."""
+        start = os.path.getsize(self.log)
+        time.sleep(seconds)
+        with open(self.log, "rb") as log:
+            log.seek(start)
+            lines = log.read().decode(errors="replace").splitlines()
+        words = [line.split("\t") for line in lines]
+        return sum(1 for each in words if len(each) > 3 and each[0] == "mc" and each[3] in names)
+
+    def close(self):
+        if self.monitor in self.session.processes:
+            self.session.end(self.monitor)

@@ -1,0 +1,250 @@
+#!/usr/bin/env python3
+"""Drives one real file manager beside the real window and checks what the window shows.
+
+usage: window_test.py BIN_FOLDER MANAGER [--case NAME]...
+
+Ends with 0 when every case was right, 1 when one was wrong, 77 when nothing could be run here; every
+case that could not run is named with its reason."""
+
+import argparse
+import os
+import shutil
+import sys
+import time
+
+import follow_test
+from accessible import accessibilityBus
+from follow_test import Follow, Wrong, names
+from managers import managerNamed
+from session import DesktopSession, RigError, waitFor
+from window import Window, Traffic
+
+LONG_ENOUGH = 1.2  # seconds, six questions: a window that changes would have changed by then
+CASES = [names]
+
+
+def case(function):
+    CASES.append(function)
+    return function
+
+
+def require(condition, what):
+    if not condition:
+        raise Wrong(what)
+
+
+def shownPlace(latitude, longitude):
+    """Half degrees as the window shows them."""
+    return (f"N {int(latitude)}° 30' 0.0\"   E {int(longitude)}° 30' 0.0\"")
+
+
+class Beside(Follow):
+    """A file manager with the window beside it."""
+
+    def __init__(self, session, manager, program):
+        super().__init__(session, manager, Window(session, program))
+        self.shown = self.probe
+
+    def expectShown(self, path, seconds=3):
+        """The window shows the picture: its name, its whole path, its place."""
+        self.expectPath(path, seconds)
+        name = os.path.basename(path).decode(errors="replace")
+        require(waitFor(lambda: self.shown.text("Name") == name, 2),
+                f"the name is {self.shown.text('Name')!r}, not {name!r}")
+        place = shownPlace(*self.places[path])
+        require(waitFor(lambda: self.shown.text("Coordinate") == place, 2),
+                f"the place is {self.shown.text('Coordinate')!r}, not {place!r}")
+
+    def expectStill(self, path):
+        """The window goes on to show the picture."""
+        time.sleep(LONG_ENOUGH)
+        self.expectShown(path, 0)
+
+    def picture(self, name):
+        return os.path.join(self.pictures, name)
+
+    def select(self, name):
+        self.desktop.activate(self.window)  # nothing may lie on it
+        self.selectNamed(self.window, self.pictures, name)
+
+    def click(self):
+        """Gives the file manager the focus and lets nothing be selected."""
+        self.desktop.activate(self.window)
+        self.desktop.clickEmptySpace(self.window)
+
+
+@case
+def oneFile(beside):
+    """The one selected picture is shown, with its place; the switch is on from the beginning."""
+    require(beside.shown.follows(), "the check box is not on at first")
+    require(beside.shown.preference() is None, "the default was stored")
+    for name in (b"a b.jpg", b"c.jpg", "ü.jpg".encode()):
+        beside.select(name)
+        beside.expectShown(beside.picture(name))
+
+
+@case
+def severalAndNone(beside):
+    """Several and none leave the window as it is."""
+    beside.select(b"c.jpg")
+    beside.desktop.keys("ctrl+a")
+    beside.expectStill(beside.picture(b"c.jpg"))
+    beside.click()
+    beside.expectStill(beside.picture(b"c.jpg"))
+    beside.select(b"a b.jpg")
+    beside.expectShown(beside.picture(b"a b.jpg"))
+
+
+@case
+def folder(beside):
+    """A folder counts as a file does."""
+    beside.select(b"c.jpg")
+    beside.select(b"Andere/")
+    for field, text in (("Name", "Andere"), ("Size", "n.a."), ("Coordinate", "")):
+        require(waitFor(lambda: beside.shown.text(field) == text, 2),
+                f"{field} is {beside.shown.text(field)!r}, not {text!r}")
+
+
+@case
+def behindOurWindow(beside):
+    """The file manager's window that was active last counts while our own window has the focus."""
+    second = beside.open(beside.other, beside.desktop.windowsOf(beside.process))
+    try:
+        beside.selectNamed(second, beside.other, b"c.jpg", 3)
+        beside.select(b"a b.jpg")
+        beside.desktop.activate(beside.shown.window)
+        beside.expectStill(beside.picture(b"a b.jpg"))
+        # Changed and left again at once; Qt programs also take a key without having the focus.
+        key = ["key", beside.step]
+        if beside.manager.toolkit == "Qt":
+            key = ["key", "--window", beside.window, beside.step]
+        else:
+            key = ["windowactivate", "--sync", beside.window, *key]
+        beside.desktop.xdotool(*key, "windowactivate", "--sync", beside.shown.window)
+        beside.expectShown(beside.picture(b"c.jpg"))
+        beside.desktop.activate(second)
+        beside.expectShown(os.path.join(beside.other, b"c.jpg"))
+        beside.desktop.activate(beside.shown.window)
+        beside.expectStill(os.path.join(beside.other, b"c.jpg"))
+    finally:
+        beside.desktop.activate(second)
+        beside.desktop.keys("ctrl+w")
+        waitFor(lambda: not beside.desktop.exists(second), 3)
+        beside.desktop.activate(beside.window)
+
+
+@case
+def closedWindow(beside):
+    """The window follows also while it is closed, so that it is right when it comes back."""
+    beside.select(b"c.jpg")
+    beside.desktop.activate(beside.shown.window)
+    beside.desktop.keys("alt+F4")
+    require(waitFor(lambda: not beside.desktop.windowsOf(beside.shown.process), 5),
+            "the window did not close")
+    require(beside.shown.process.poll() is None, "closing the window ended the program")
+    beside.select(b"a b.jpg")
+    require(beside.session.run([beside.shown.program]) is not None, "the second start failed")
+    require(waitFor(lambda: beside.desktop.windowsOf(beside.shown.process), 10),
+            "the window did not come back")
+    beside.shown.window = beside.shown.find()
+    beside.expectShown(beside.picture(b"a b.jpg"))
+
+
+@case
+def switchedOff(beside):
+    """Without its check mark the window asks nobody anything, and shows only what it is given."""
+    beside.select(b"c.jpg")
+    buses = [Traffic(beside.session, address)
+             for address in (beside.session.environment["DBUS_SESSION_BUS_ADDRESS"],
+                             accessibilityBus(beside.session))]
+    try:
+        accessibility = buses[1]
+        names = accessibility.namesOf(beside.shown.process)
+        require(waitFor(lambda: accessibility.calls(names, 1) >= 5, 5),
+                "with the check mark there are not five questions a second")
+
+        beside.shown.switchFollowing()
+        require(waitFor(lambda: not beside.shown.follows(), 5), "the check box is still on")
+        require(beside.shown.preference() == "0", f"stored is {beside.shown.preference()!r}")
+        # What is on the way ends, then it is quiet.
+        left = waitFor(lambda: names - accessibility.namesOf(beside.shown.process), 10)
+        require(left, "the connection that asks the file manager is still there")
+        beside.click()
+        beside.desktop.keys("Home", beside.step)
+        names = [bus.namesOf(beside.shown.process) for bus in buses]
+        for bus, itsNames in zip(buses, names):
+            count = bus.calls(itsNames, 1.5)
+            require(count == 0, f"without the check mark there are {count} calls on {bus.address}")
+        beside.expectStill(beside.picture(b"c.jpg"))
+
+        given = os.path.join(beside.other, b"e.jpg")
+        require(beside.session.run([beside.shown.program, os.fsdecode(given)]) is not None,
+                "the second start failed")
+        beside.expectShown(given, 5)
+
+        beside.shown.switchFollowing()
+        require(waitFor(beside.shown.follows, 5), "the check box is still off")
+        require(beside.shown.preference() == "1", f"stored is {beside.shown.preference()!r}")
+        beside.select(b"a b.jpg")
+        beside.expectShown(beside.picture(b"a b.jpg"))
+    finally:
+        for bus in buses:
+            bus.close()
+
+
+@case
+def survivesARestart(beside):
+    """The switch is as it was left, off and on."""
+    beside.shown.switchFollowing()
+    require(waitFor(lambda: not beside.shown.follows(), 5), "the check box is still on")
+    beside.shown.close()
+    beside.shown.open()
+    require(not beside.shown.follows(), "the check box is on again")
+    beside.click()
+    beside.desktop.keys("Home", beside.step)
+    time.sleep(LONG_ENOUGH)
+    require(beside.shown.paths() == [], f"it follows all the same: {beside.shown.paths()}")
+
+    beside.shown.switchFollowing()
+    require(waitFor(beside.shown.follows, 5), "the check box is still off")
+    beside.shown.close()
+    beside.shown.open()
+    require(beside.shown.follows(), "the check box is off again")
+    beside.select(b"c.jpg")
+    beside.expectShown(beside.picture(b"c.jpg"))
+
+
+@case
+def quiet(beside):
+    """Nothing was written to the terminal all the while."""
+    require(not beside.shown.messages().strip(), beside.shown.messages())
+
+
+def run(arguments):
+    manager = managerNamed(arguments.manager)
+    needed = [manager.command[0], "Xvfb", "openbox", "xdotool", "dbus-daemon", "dbus-monitor", "gdbus"]
+    missing = [program for program in needed if shutil.which(program) is None]
+    if missing:
+        print(f"skipped: {', '.join(missing)} not installed")
+        return 77
+    with DesktopSession() as session:
+        beside = Beside(session, manager, os.path.join(os.path.abspath(arguments.bin), "pinorama"))
+        beside.shown.open()
+        beside.start()
+        return follow_test.runCases(beside, CASES, arguments.case)
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("bin")
+    parser.add_argument("manager")
+    parser.add_argument("--case", action="append")
+    try:
+        return run(parser.parse_args())
+    except RigError as error:
+        print(f"the surroundings could not be made: {error}")
+        return 1
+
+
+if __name__ == "__main__":
+    sys.exit(main())
