@@ -7,13 +7,23 @@
 
 namespace {
 constexpr qsizetype kLongestActionName = 64;
+constexpr qsizetype kLongestToken = 1024;
+constexpr qsizetype kLongestUri = 3 * 4096 + 256;  // every byte of a path escaped
 
+// What is too long for one counts as none.
 QByteArray tokenIn(const QVariantMap& platformData)
 {
-    const QByteArray token =
-        platformData.value(QStringLiteral("activation-token")).toString().toLatin1();
-    if (!token.isEmpty()) return token;
-    return platformData.value(QStringLiteral("desktop-startup-id")).toString().toLatin1();
+    for (const char* name : {"activation-token", "desktop-startup-id"}) {
+        const QString token = platformData.value(QLatin1String(name)).toString();
+        if (!token.isEmpty() && token.size() <= kLongestToken) return token.toLatin1();
+    }
+    return {};
+}
+
+std::optional<std::string> pathOf(const QString& uri)
+{
+    if (uri.size() > kLongestUri) return std::nullopt;
+    return platform::pathOfFileURI(uri.toStdString());
 }
 }  // namespace
 
@@ -26,7 +36,7 @@ void platform::ApplicationAdaptor::Open(const QStringList& uris, const QVariantM
 {
     // One picture at a time: the last that was asked for.
     for (auto uri = uris.crbegin(); uri != uris.crend(); ++uri) {
-        if (const std::optional<std::string> path = pathOfFileURI(uri->toStdString())) {
+        if (const std::optional<std::string> path = pathOf(*uri)) {
             Q_EMIT bus_->fileOpened(QByteArray::fromStdString(*path), tokenIn(platformData));
             return;
         }

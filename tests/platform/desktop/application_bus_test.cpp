@@ -1,61 +1,19 @@
 #include "platform/desktop/application_bus.h"
 
+#include "tests/platform/desktop/bus_programs.h"
 #include "tests/support/environment.h"
-#include "tests/support/session_bus.h"
 
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
 #include <QDBusInterface>
 #include <QDBusPendingCall>
 #include <QDBusPendingReply>
 #include <QDBusReply>
-#include <QDeadlineTimer>
-
-#include <memory>
 
 using platform::ApplicationBus;
+using test::Program;
 
 namespace {
-class BusEnvironment : public testing::Environment {
-public:
-    void SetUp() override
-    {
-        static int argc = 1;
-        static char name[] = "test";
-        static char* argv[] = {name, nullptr};
-        bus_ = std::make_unique<test::SessionBus>();
-        application_ = std::make_unique<QCoreApplication>(argc, argv);
-    }
-    void TearDown() override
-    {
-        application_.reset();
-        bus_.reset();
-    }
-
-private:
-    std::unique_ptr<test::SessionBus> bus_;
-    std::unique_ptr<QCoreApplication> application_;
-};
-const auto* const environment = testing::AddGlobalTestEnvironment(new BusEnvironment);
-
-// A connection of its own to the test's bus, as another program has one.
-class Program {
-public:
-    explicit Program(const QString& name)
-        : name_(name),
-          connection_(QDBusConnection::connectToBus(
-              QString::fromLocal8Bit(qgetenv("DBUS_SESSION_BUS_ADDRESS")), name))
-    {
-    }
-    ~Program() { QDBusConnection::disconnectFromBus(name_); }
-    const QDBusConnection& connection() const { return connection_; }
-
-private:
-    QString name_;
-    QDBusConnection connection_;
-};
-
 class ApplicationBusTest : public testing::Test {
 protected:
     void SetUp() override
@@ -85,9 +43,7 @@ protected:
             QString::fromLatin1(interface), QString::fromLatin1(method));
         message.setArguments(arguments);
         QDBusPendingCall pending = other_.connection().asyncCall(message, 5000);
-        QDeadlineTimer limit(6000);
-        while (!pending.isFinished() && !limit.hasExpired())
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+        test::waitUntil([&] { return pending.isFinished(); });
         return pending.reply();
     }
     QDBusMessage open(const QStringList& uris, const QVariantMap& data = {})
@@ -165,6 +121,56 @@ TEST_F(ApplicationBusTest, wrongArgumentsAreRefusedByTheBus)
     EXPECT_EQ(call("org.freedesktop.Application", "Open", {5}).type(), QDBusMessage::ErrorMessage);
     EXPECT_EQ(call("org.pinorama.Pinorama1", "OpenText", {}).type(), QDBusMessage::ErrorMessage);
     EXPECT_TRUE(events_.isEmpty());
+}
+
+TEST_F(ApplicationBusTest, openBearsArgumentsOfAnySize)
+{
+    const QString mebibyte(1 << 20, QLatin1Char('x'));
+    QStringList uris(10000, QStringLiteral("https://example.org/a.jpg"));
+    uris[0] = QStringLiteral("file:///a.jpg");
+    open(uris);
+    open({QStringLiteral("file:///b.jpg"), QStringLiteral("file:///") + mebibyte});
+    open({QStringLiteral("file:///") + mebibyte});
+    open(QStringList(10000, QStringLiteral("file:///c.jpg")));
+    EXPECT_EQ(events_,
+              (QByteArrayList{"opened /a.jpg ", "opened /b.jpg ", "activated ", "opened /c.jpg "}));
+}
+
+TEST_F(ApplicationBusTest, openTakesBytesThatAreNoUtf8)
+{
+    open({QStringLiteral("file:///%e4%FF.jpg")});
+    open({QStringLiteral("file:///d.jpg"), QStringLiteral("file:///%e4%0.jpg"),
+          QStringLiteral("file:///%zz"), QStringLiteral("file://elsewhere.example/e.jpg"),
+          QStringLiteral("file:relative")});
+    EXPECT_EQ(events_, (QByteArrayList{"opened /\xe4\xff.jpg ", "opened /d.jpg "}));
+}
+
+TEST_F(ApplicationBusTest, tooLongATokenCountsAsNone)
+{
+    const QVariantMap data = {
+        {QStringLiteral("activation-token"), QString(1 << 20, QLatin1Char('x'))},
+        {QStringLiteral("desktop-startup-id"), QStringLiteral("id")}};
+    call("org.freedesktop.Application", "Activate", {data});
+    open({QStringLiteral("file:///a.jpg")}, data);
+    EXPECT_EQ(events_, (QByteArrayList{"activated id", "opened /a.jpg id"}));
+}
+
+TEST_F(ApplicationBusTest, parametersOfActionsAreNotLookedAt)
+{
+    QVariant deep = QStringLiteral("x");
+    for (int i = 0; i < 20; i++) deep = QVariant::fromValue(QDBusVariant(deep));
+    call("org.freedesktop.Application", "ActivateAction",
+         {QStringLiteral("home"), QVariantList(10000, deep),
+          QVariantMap{{QStringLiteral("activation-token"), deep}}});
+    call("org.freedesktop.Application", "ActivateAction",
+         {QString(1 << 20, QLatin1Char('x')), QVariantList(), QVariantMap()});
+    EXPECT_EQ(events_, QByteArrayList{"action home"});
+}
+
+TEST_F(ApplicationBusTest, aTextOfAMebibyteCountsAsEmpty)
+{
+    call("org.pinorama.Pinorama1", "OpenText", {QString(1 << 20, QLatin1Char('/'))});
+    EXPECT_EQ(events_, QByteArrayList{"text 0 "});
 }
 
 TEST_F(ApplicationBusTest, theInterfacesHaveTheirStandardForm)

@@ -1,0 +1,69 @@
+// One session bus for all tests of a program, and other programs on it.
+
+#pragma once
+
+#include "tests/support/session_bus.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusPendingCall>
+#include <QDeadlineTimer>
+#include <QString>
+
+#include <memory>
+
+namespace test {
+
+// The toolkit remembers its first session bus, so one serves all tests.
+class BusEnvironment : public testing::Environment {
+public:
+    void SetUp() override
+    {
+        static int argc = 1;
+        static char name[] = "test";
+        static char* argv[] = {name, nullptr};
+        bus_ = std::make_unique<SessionBus>();
+        application_ = std::make_unique<QCoreApplication>(argc, argv);
+    }
+    void TearDown() override
+    {
+        application_.reset();
+        bus_.reset();
+    }
+
+private:
+    std::unique_ptr<SessionBus> bus_;
+    std::unique_ptr<QCoreApplication> application_;
+};
+inline const auto* const gBusEnvironment = testing::AddGlobalTestEnvironment(new BusEnvironment);
+
+// A connection of its own to the test's bus, as another program has one.
+class Program {
+public:
+    explicit Program(const QString& name)
+        : name_(name),
+          connection_(QDBusConnection::connectToBus(
+              QString::fromLocal8Bit(qgetenv("DBUS_SESSION_BUS_ADDRESS")), name))
+    {
+    }
+    ~Program() { QDBusConnection::disconnectFromBus(name_); }
+    const QDBusConnection& connection() const { return connection_; }
+
+private:
+    QString name_;
+    QDBusConnection connection_;
+};
+
+// Lets the event loop run until `condition` holds; false when it does not within some seconds.
+template <typename Condition>
+bool waitUntil(const Condition& condition)
+{
+    QDeadlineTimer limit(6000);
+    while (!condition() && !limit.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+    return condition();
+}
+
+}  // namespace test
