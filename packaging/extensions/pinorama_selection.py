@@ -12,11 +12,12 @@ SERVICE = "org.pinorama.Selection1"
 OBJECT = "/org/pinorama/Selection"
 MOST_URIS = 64  # Pinorama looks at one; further ones only tell that there are several
 
+with open("/proc/self/comm", encoding="ascii", errors="replace") as comm:
+    HOST = comm.read().strip().lower()
+
 
 def loadBinding():
     """The interface of the file manager that has loaded this file."""
-    with open("/proc/self/comm", encoding="ascii", errors="replace") as name:
-        host = name.read().strip().lower()
     for program, namespace, version in (
         ("nautilus", "Nautilus", "4.1"),
         ("nautilus", "Nautilus", "4.0"),
@@ -25,18 +26,17 @@ def loadBinding():
         ("caja", "Caja", "2.0"),
         ("thunar", "Thunarx", "3.0"),
     ):
-        if not host.startswith(program):
+        if not HOST.startswith(program):
             continue
         try:
             gi.require_version(namespace, version)
         except ValueError:
             continue
         return getattr(__import__("gi.repository", fromlist=[namespace]), namespace)
-    raise ImportError(f"Pinorama's extension does not know {host}")
+    raise ImportError(f"Pinorama's extension does not know {HOST}")
 
 
 Binding = loadBinding()
-ASKS_WHEN_NOTHING_IS_SELECTED = "Nemo" not in Binding.__name__
 
 
 def uriOf(file):
@@ -51,21 +51,21 @@ def uriOf(file):
 
 
 def titleOf(window):
-    """Asked for as properties, because the toolkit's own binding need not be installed."""
-    if window is None:
-        # Nautilus since 43 does not say which window asks; it is the one in front.
-        application = Gio.Application.get_default()
-        window = application.get_property("active-window") if application else None
-    return (window.get_property("title") or "") if window else ""
+    """The title of a window that has the focus, "" for any other: what changes there by itself, as
+    when a file vanishes, must not be taken for what the user has selected. Asked for as properties,
+    because the toolkit's own binding need not be installed."""
+    if window is None or not window.get_property("is-active"):
+        return ""
+    return window.get_property("title") or ""
 
 
 class Pusher:
-    """Sends the selection to Pinorama while that is on the bus."""
+    """Sends the selection to Pinorama while that is on the bus. What was selected before it came is
+    not told: which window that was in cannot be known any more."""
 
     def __init__(self):
         self.bus = None
         self.isHeard = False
-        self.last = None
         Gio.bus_get(Gio.BusType.SESSION, None, self._onBus)
 
     def _onBus(self, _source, result):
@@ -78,61 +78,118 @@ class Pusher:
 
     def _onHere(self, *_):
         self.isHeard = True
-        if self.last:
-            self._send()
 
     def _onGone(self, *_):
         self.isHeard = False
 
-    def push(self, uris, title):
-        self.last = (uris, title)
-        if self.isHeard:
-            self._send()
-
-    def _send(self):
+    def push(self, files, title):
+        """An empty title says that it is not known what is selected."""
+        if not self.isHeard:
+            return
+        uris = [uriOf(file) for file in files[:MOST_URIS]] if title else []
         # Without a callback no answer is asked for, and a name that is not there starts nothing.
-        self.bus.call(SERVICE, OBJECT, SERVICE, "Push", GLib.Variant("(ass)", self.last), None,
+        self.bus.call(SERVICE, OBJECT, SERVICE, "Push", GLib.Variant("(ass)", (uris, title)), None,
                       Gio.DBusCallFlags.NO_AUTO_START, 1000, None, None)
 
 
 PUSHER = Pusher()
-filesToldAt = 0  # microseconds
 
 
-def tell(arguments, files):
+class Change:
+    """One change of the selection. A file manager asks for the items of the selected files, and, some
+    with every change and some when nothing is selected, for those of the folder as well."""
+
+    files = None  # of the change that is going on
+
+    @classmethod
+    def begin(cls, files):
+        cls.files = files
+        GLib.idle_add(cls.end, priority=GLib.PRIORITY_HIGH)
+
+    @classmethod
+    def end(cls):
+        cls.files = None
+        return GLib.SOURCE_REMOVE
+
+
+class Windows:
+    """The windows of Nautilus since 43, which does not say which of them asks. It is the one in front,
+    if that shows the folder, and no other window does."""
+
+    references = []  # weak; every window is in front when it is new
+
+    @classmethod
+    def titleFor(cls, folder):
+        """None when another window asks, whose selection nobody wants to know."""
+        application = Gio.Application.get_default()
+        window = application.get_property("active-window") if application else None
+        if cls._folderOf(window) is None:
+            return ""
+        windows = [known for known in (reference() for reference in cls.references) if known]
+        if window not in windows:
+            windows.append(window)
+            cls.references = [known.weak_ref() for known in windows]
+        here = [known for known in windows if cls._shows(known, folder)]
+        if window not in here:
+            return None
+        return titleOf(window) if len(here) == 1 else ""
+
+    @staticmethod
+    def _folderOf(window):
+        if window is None or window.find_property("active-slot") is None:
+            return None
+        slot = window.get_property("active-slot")
+        return slot.get_property("location") if slot else None
+
+    @classmethod
+    def _shows(cls, window, folder):
+        shown = cls._folderOf(window)
+        return shown is not None and shown.equal(folder)
+
+
+def filesAsked(files, window=None):
+    Change.begin(files)
+    if window is None:
+        return  # Nautilus since 43; it asks for the folder's items next
+    title = titleOf(window)
+    if HOST == "caja" and files:
+        folder = files[0].get_location().get_parent()
+        if folder is None or folder.get_basename() != title:
+            title = ""  # perhaps the pane without the focus
+    PUSHER.push(files, title)
+
+
+def folderAsked(folder, window=None):
+    files = Change.files
+    Change.end()
+    if window is None:
+        title = Windows.titleFor(folder.get_location())
+        if title is not None:
+            PUSHER.push(files or [], title)
+    elif files is None and not HOST.startswith("nemo"):  # Nemo asks for them at any time
+        PUSHER.push([], titleOf(window))
+
+
+def heard(tell, arguments):
     """`arguments` begin with the window, except in Nautilus since 43."""
     try:
-        window = arguments[0] if len(arguments) > 1 else None
-        PUSHER.push([uriOf(file) for file in files[:MOST_URIS]], titleOf(window))
+        tell(arguments[-1], *arguments[:-1])
     except Exception as error:  # pylint: disable=broad-except
         # Whatever goes wrong here must not reach the file manager.
+        PUSHER.push([], "")
         GLib.log_default_handler("Pinorama", GLib.LogLevelFlags.LEVEL_DEBUG, str(error), None)
-
-
-def tellFiles(arguments):
-    global filesToldAt
-    filesToldAt = GLib.get_monotonic_time()
-    tell(arguments, arguments[-1])
-    return []
-
-
-def tellFolder(arguments):
-    """Nothing is selected, unless the same change has just told otherwise: Nautilus asks for the
-    items of the folder after those of the files, every time. Nemo asks for them at any time."""
-    if ASKS_WHEN_NOTHING_IS_SELECTED and GLib.get_monotonic_time() - filesToldAt > 100000:
-        tell(arguments, [])
     return []
 
 
 class PinoramaSelection(GObject.GObject, Binding.MenuProvider):
     def get_file_items(self, *arguments):
-        return tellFiles(arguments)
+        return heard(filesAsked, arguments)
 
     def get_background_items(self, *arguments):
-        return tellFolder(arguments)
+        return heard(folderAsked, arguments)
 
     def get_file_menu_items(self, *arguments):
-        return tellFiles(arguments)
+        return heard(filesAsked, arguments)
 
     def get_folder_menu_items(self, *arguments):
-        return tellFolder(arguments)
+        return heard(folderAsked, arguments)

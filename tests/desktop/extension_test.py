@@ -8,6 +8,7 @@ Exit status 77 means that nothing could be tried; the reason is printed."""
 import glob
 import os
 import shutil
+import signal
 import sys
 import time
 
@@ -15,10 +16,11 @@ from follow_test import (NAMES, Follow, Wrong, intoAFolderAndBack, names, noneAn
                          twoWindows)
 from managers import managerNamed
 from probe import Probe
-from session import DesktopSession, RigError
+from session import DesktopSession, RigError, waitFor
 
 FOLDERS = {"nautilus": "nautilus-python", "nemo": "nemo-python", "caja": "caja-python",
            "thunar": "thunarx-python"}
+TIME = 180  # seconds in all
 BINDINGS = {"nautilus": "nautilus/extensions-*/libnautilus-python.so",
             "nemo": "nemo/extensions-*/libnemo-python.so",
             "caja": "caja/extensions-*/libcaja-python.so",
@@ -45,18 +47,38 @@ def everyChange(follow):
     follow.expect(lambda paths: paths == [], "an empty selection")
 
 
+def secondWindow(follow):
+    """Opens a second window and selects in it; a push from before it is known counts for nothing, and
+    so the selection is changed until one was heard."""
+    second = follow.open(follow.other, follow.desktop.windowsOf(follow.process))
+    time.sleep(1.5)
+    for trial in range(3):
+        try:
+            follow.selectNamed(second, follow.other, b"c.jpg", 3)
+            break
+        except Wrong:
+            if trial == 2:
+                raise
+    return second
+
+
+def closeSecond(follow, second):
+    follow.desktop.activate(second)
+    follow.desktop.keys("ctrl+w")
+    waitFor(lambda: not follow.desktop.exists(second), 3)
+    follow.desktop.activate(follow.window)
+
+
 def onlyForItsWindow(follow):
     """A push answers for the window that it came from and for no other."""
     follow.selectNamed(follow.window, follow.pictures, b"c.jpg")
-    second = follow.open(follow.other, follow.desktop.windowsOf(follow.process))
-    follow.selectNamed(second, follow.other, b"c.jpg", 3)
-    follow.desktop.activate(follow.window)
-    follow.expect(lambda paths: paths != [os.path.join(follow.other, b"c.jpg")],
-                  "not what is selected in the other window")
-    follow.desktop.activate(second)
-    follow.desktop.keys("ctrl+w")
-    time.sleep(0.5)
-    follow.desktop.activate(follow.window)
+    second = secondWindow(follow)
+    try:
+        follow.desktop.activate(follow.window)
+        follow.expect(lambda paths: paths != [os.path.join(follow.other, b"c.jpg")],
+                      "not what is selected in the other window")
+    finally:
+        closeSecond(follow, second)
 
 
 def whenTheMenuOpens(follow):
@@ -69,11 +91,42 @@ def whenTheMenuOpens(follow):
     follow.desktop.keys("Escape")
 
 
+def onlyFromItsWindow(follow):
+    """What changes by itself in a window in the background is not what the user has selected."""
+    gone = os.path.join(follow.pictures, b"weg.jpg")
+    with open(gone, "wb") as file:
+        file.write(b"x")
+    time.sleep(1.5)
+    follow.desktop.clickEmptySpace(follow.window)
+    follow.desktop.keys("ctrl+a")
+    follow.expectNotOne()
+    second = secondWindow(follow)
+    try:
+        os.remove(gone)
+        time.sleep(1.5)
+        follow.expectPath(os.path.join(follow.other, b"c.jpg"), 0.5)
+    finally:
+        closeSecond(follow, second)
+
+
+def onlyFromTheFileManager(follow):
+    """A push of any other program changes nothing, whatever it holds."""
+    follow.selectNamed(follow.window, follow.pictures, b"c.jpg")
+    title = (follow.desktop.xdotool("getwindowname", follow.window) or "").strip()
+    for uris in ("['file://" + os.fsdecode(follow.pictures) + "/d.nef']", "[]", "['file:///%00']",
+                 "['" + 20000 * "x" + "']", "[" + ",".join(5000 * ["'file:///'"]) + "]"):
+        follow.session.call("org.pinorama.Selection1", "/org/pinorama/Selection",
+                            "org.pinorama.Selection1.Push", uris, title)
+    time.sleep(0.5)
+    follow.expectPath(os.path.join(follow.pictures, b"c.jpg"), 0.5)
+
+
 # What the extension tells on its own; Thunar's tells the selection of one change ago.
 ALONE = {"nautilus": [everyChange, onlyForItsWindow], "caja": [everyChange, onlyForItsWindow],
          "nemo": [whenTheMenuOpens], "thunar": []}
 # Together with the accessibility bus, as the window asks them.
-TOGETHER = [names, noneAndSeveral, twoWindows, tabs, intoAFolderAndBack]
+TOGETHER = [names, noneAndSeveral, twoWindows, tabs, intoAFolderAndBack, onlyFromItsWindow,
+            onlyFromTheFileManager]
 
 
 def runChecks(follow, checks):
@@ -87,6 +140,10 @@ def runChecks(follow, checks):
             outcome = f"WRONG: {error}"
         print(f"{follow.manager.name}: {check.__name__}: {outcome}", flush=True)
     return failures
+
+
+def onAlarm(*_):
+    raise RigError(f"not done after {TIME} seconds")
 
 
 def run(probeProgram, extension, manager):
@@ -121,6 +178,9 @@ def run(probeProgram, extension, manager):
 
 
 if __name__ == "__main__":
+    signal.signal(signal.SIGALRM, onAlarm)
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
+    signal.alarm(TIME)
     try:
         sys.exit(run(os.path.abspath(sys.argv[1]), os.path.abspath(sys.argv[2]),
                      managerNamed(sys.argv[3])))
