@@ -38,42 +38,43 @@ KML placemark, open it in web maps, and ask a picture catalogue for what
 was taken nearby. pinorama-info prints the same facts on a terminal, for
 one picture or for many.")
 
-# pinorama_file_manager_package(NAME TITLE FOLDER BINDING) makes the package NAME-pinorama of what lies in
-# extensions/NAME, if anything does. BINDING is the package that lets Python extend the file manager, and
-# FOLDER the place where it looks for extensions.
-function(pinorama_file_manager_package name title folder binding)
-    file(GLOB extension CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/extensions/${name}/*.py")
-    if(NOT extension)
-        return()
-    endif()
-    install(FILES ${extension} COMPONENT ${name}
+# pinorama_file_manager_package(NAME TITLE FOLDER BINDING GAIN) makes the package NAME-pinorama with the
+# extension for one file manager. BINDING is the package that lets Python extend it, FOLDER the place
+# where that looks for extensions, and GAIN the end of the sentence about what the package is good for.
+# The same file serves all of them.
+function(pinorama_file_manager_package name title folder binding gain)
+    install(FILES extensions/pinorama_selection.py COMPONENT ${name}
         DESTINATION "${CMAKE_INSTALL_DATADIR}/${folder}/extensions")
-    install(FILES copyright "${changelog}" COMPONENT ${name}
+    # What only a package needs.
+    install(FILES copyright "${changelog}" COMPONENT ${name} EXCLUDE_FROM_ALL
         DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/${name}-pinorama")
     set(overrides "${CMAKE_CURRENT_BINARY_DIR}/lintian-overrides-${name}")
     configure_file(lintian-overrides-extension.in "${overrides}" @ONLY)
-    install(FILES "${overrides}" RENAME ${name}-pinorama COMPONENT ${name}
+    install(FILES "${overrides}" RENAME ${name}-pinorama COMPONENT ${name} EXCLUDE_FROM_ALL
         DESTINATION "${CMAKE_INSTALL_DATADIR}/lintian/overrides")
 
     string(TOUPPER "${name}" upper)
     set(CPACK_DEBIAN_${upper}_PACKAGE_NAME "${name}-pinorama" PARENT_SCOPE)
     set(CPACK_DEBIAN_${upper}_PACKAGE_ARCHITECTURE all PARENT_SCOPE)
-    set(CPACK_DEBIAN_${upper}_PACKAGE_DEPENDS "pinorama (>= ${PROJECT_VERSION}), ${binding}" PARENT_SCOPE)
+    set(CPACK_DEBIAN_${upper}_PACKAGE_DEPENDS "pinorama (>= ${PROJECT_VERSION}), ${binding}, python3-gi" PARENT_SCOPE)
     set(CPACK_DEBIAN_${upper}_PACKAGE_ENHANCES "${name}" PARENT_SCOPE)
     set(CPACK_COMPONENT_${upper}_DESCRIPTION
         "tell Pinorama what is selected in ${title}
 Pinorama shows where the picture selected in the file manager was taken.
 It follows the selection of ${title} without this package too; with it
-the file manager tells of each change itself, which is exact in every
-view and takes less work.
+${gain}
 
 A file manager that is running has to be started again to load it."
         PARENT_SCOPE)
 endfunction()
-pinorama_file_manager_package(nautilus Nautilus nautilus-python "python3-nautilus")
-pinorama_file_manager_package(nemo Nemo nemo-python "nemo-python")
-pinorama_file_manager_package(caja Caja caja-python "python3-caja")
-pinorama_file_manager_package(thunar Thunar thunarx-python "thunarx-python, gir1.2-thunarx-3.0")
+set(tells_itself "the file manager tells of each change itself, which is exact in every
+view and takes less work.")
+pinorama_file_manager_package(nautilus Nautilus nautilus-python "python3-nautilus" "${tells_itself}")
+pinorama_file_manager_package(caja Caja caja-python "python3-caja" "${tells_itself}")
+pinorama_file_manager_package(nemo Nemo nemo-python "nemo-python"
+    "the file manager also tells what is selected when its context menu opens.")
+pinorama_file_manager_package(thunar Thunar thunarx-python "thunarx-python, gir1.2-thunarx-3.0"
+    "the file manager also tells in which folder the selection is.")
 
 # Named here, because a list of one component would otherwise count as no components at all.
 get_cmake_property(CPACK_COMPONENTS_ALL COMPONENTS)
