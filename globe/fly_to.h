@@ -20,9 +20,8 @@ GlobeLink gpsSetGlobeLink(GlobeLink link);
 
 // Sends a view to the globe link. Angles are degrees, the distance metres; latitude and longitude
 // are signed. A distance or tilt that is zero in single precision (-0 and 1e-50 too) is replaced by
-// 400 or
-// 44. A latitude or longitude that is NaN or out of its range, and an azimuth, tilt or distance
-// that is not finite, never reaches a globe. Always 0.
+// 400 or 44. A latitude or longitude that is NaN or out of its range, and an azimuth, tilt or
+// distance that is not finite, never reaches a globe. Always 0.
 std::int32_t gpsFlyGoogleEarthToLocation(double latitude, double longitude, double azimuth,
                                          double tilt, double distance);
 

@@ -16,9 +16,8 @@ public:
     //
     //   path      absolute or relative; null writes nothing.
     //   gpsInfo   read only; null writes nothing.
-    //   name      the picture's file name with its extension, or null. What is no UTF-8 in it
-    //   stands
-    //             as U+FFFD.
+    //   name      the picture's file name with its extension, or null. Bytes in it that are no
+    //             UTF-8 stand as U+FFFD.
     //
     // An existing file is written over from its start and never shortened: when it was longer, its
     // tail stays. Always 0: a file that cannot be created or written is not reported.

@@ -10,13 +10,11 @@
 // Returns a new mutable text, the whole document, which the caller releases; null for a null `info`
 // and when memory runs out.
 //
-//   info   read only. Latitude and longitude are rounded to single precision before the
-//   hemisphere's sign
-//          is applied, so their last printed digits may differ from the record's. 'S' and 'W' make
-//          the number negative; any other letter leaves it.
+//   info   read only. Latitude and longitude are rounded to single precision before the sign of
+//          the hemisphere is applied, so their last printed digits may differ from the record's.
+//          'S' and 'W' make the number negative; any other letter leaves it.
 //   name   the picture's file name, or null. It stands three times in the document, as it is:
-//   nothing
-//          is escaped, so an ampersand in it makes the document ill-formed. Intended; other
+//          nothing is escaped, so an ampersand in it makes the document ill-formed. Intended; other
 //          programs have been given such names for years and read them. An empty name is a name.
 [[nodiscard]] TovStringRef gpsMakeKMLDocument(const fileInfoRecord* info, TovStringRef name);
 

@@ -34,8 +34,9 @@ std::int32_t feCreateAndOpenTextFile(TovStringRef path, ForkRef* outForkRef);
 // Opens an existing file.
 //
 //   outForkRef       receives the open fork, which the caller closes with feCloseFork; 0 on
-//   failure. writePermission  exactly 1: read and write; any other value: read only. dataFork
-//   exactly 1; any other value asks for a resource fork, which no file has.
+//                    failure.
+//   writePermission  exactly 1: read and write; any other value: read only.
+//   dataFork         exactly 1; any other value asks for a resource fork, which no file has.
 //
 // Returns 0, -1 for a resource fork, -36 for a folder, or another status.
 std::int32_t feOpenExistingFileRef(const FSRef* ref, ForkRef* outForkRef,

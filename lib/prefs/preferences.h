@@ -17,8 +17,7 @@ std::int32_t prefStoreString(TovStringRef key, TovStringRef value);
 // Reads a text.
 //
 //   out  receives a new text, which the caller releases; a number as its decimal digits. It keeps
-//   what
-//        it holds when there is no such key, or a value of another kind: that is the default.
+//        what it holds when there is no such key, or a value of another kind: that is the default.
 //
 // Returns 0 in any case.
 std::int32_t prefLoadString(TovStringRef key, TovStringRef* out);

@@ -1,14 +1,13 @@
 // Building texts from templates, as printf does it, with %@ for a text. Numbers never follow the
 // locale: a fraction always has a point.
 //
-//   %@              text handle; "(null)" for null
-//   %d %i %u %x %X %o   integer of 32 bits, also with l; of 64 bits with q, ll, j, z, t; of 16 and
-//   8
-//                   with h and hh
+//   %@                  text handle; "(null)" for null
+//   %d %i %u %x %X %o   integer of 32 bits, also with l; of 64 bits with q, ll, j, z, t; of 16
+//                       and 8 with h and hh
 //   %f %F %e %E %g %G   floating-point number
-//   %c %C           character: a MacRoman byte, a UTF-16 unit; 0 prints nothing
-//   %s              MacRoman C string; "(null)" for null
-//   %%              percent sign
+//   %c %C               character: a MacRoman byte, a UTF-16 unit; 0 prints nothing
+//   %s                  MacRoman C string; "(null)" for null
+//   %%                  percent sign
 //
 // Texts and C strings stand in for each other, and so do numbers of all kinds and characters.
 //

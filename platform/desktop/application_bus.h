@@ -1,11 +1,10 @@
 // The program on the session bus: one instance per session, which others ask to show a picture.
 //
-//   name                     org.pinorama.Pinorama
-//   object                   /org/pinorama/Pinorama
+//   name                          org.pinorama.Pinorama
+//   object                        /org/pinorama/Pinorama
 //   org.freedesktop.Application   Activate, Open, ActivateAction (Desktop Entry Specification,
-//   D-Bus
-//                            Activation)
-//   org.pinorama.Pinorama1   OpenText(s): a plain text that is taken as a path as it stands
+//                                 D-Bus Activation)
+//   org.pinorama.Pinorama1        OpenText(s): a plain text that is taken as a path as it stands
 //
 // Every session program can call these, so whatever arrives is checked and bounded before it is
 // handed on. Without a session bus the program runs on its own.
