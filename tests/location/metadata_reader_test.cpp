@@ -101,12 +101,35 @@ Properties munich()
                          .number("Longitude", 11.5)
                          .string("LongitudeRef", "E"));
 }
+
+// Four texts of which a record holds one reference and the test another.
+class PlaceTexts {
+public:
+    void putInto(fileInfoRecord* record)
+    {
+        TovStringRef* const fields[] = {&record->city, &record->state, &record->country,
+                                        &record->description};
+        for (int i = 0; i < 4; i++) *fields[i] = platform::asString(uCFRetain(texts_[i].get()));
+    }
+    void expectDroppedFrom(const fileInfoRecord& record)
+    {
+        for (const test::Text& held : texts_) EXPECT_EQ(uCFGetRetainCount(held.get()), 1);
+        EXPECT_EQ(record.city, nullptr);
+        EXPECT_EQ(record.state, nullptr);
+        EXPECT_EQ(record.country, nullptr);
+        EXPECT_EQ(record.description, nullptr);
+    }
+
+private:
+    test::Text texts_[4] = {text("Rome"), text("Lazio"), text("Italy"), text("A street")};
+};
 }  // namespace
 
 TEST(gpsPrepareInfoRecord, zeroesAllButTheDistance)
 {
+    PlaceTexts earlier;
     fileInfoRecord record{1, 2, 'N', 'E', 3, 4, 5, 6, nullptr, nullptr, nullptr, nullptr};
-    record.city = text("Rome").take();
+    earlier.putInto(&record);
     gpsPrepareInfoRecord(&record);
     EXPECT_EQ(record.latti, 0.0);
     EXPECT_EQ(record.longi, 0.0);
@@ -116,21 +139,17 @@ TEST(gpsPrepareInfoRecord, zeroesAllButTheDistance)
     EXPECT_EQ(record.distance, 1000.0);
     EXPECT_EQ(record.azimuth, 0.0);
     EXPECT_EQ(record.tilt, 0.0);
-    EXPECT_EQ(record.city, nullptr);
+    earlier.expectDroppedFrom(record);
     gpsPrepareInfoRecord(nullptr);
 }
 
 TEST(gpsReleaseInfoRecord, dropsTheTextsAndKeepsTheNumbers)
 {
-    const test::Text city = text("Rome");
+    PlaceTexts texts;
     fileInfoRecord record{1, 2, 'N', 'E', 3, 4, 5, 6, nullptr, nullptr, nullptr, nullptr};
-    uCFRetain(city.get());
-    record.city = city.get();
-    record.description = text("A street").take();
+    texts.putInto(&record);
     gpsReleaseInfoRecord(&record);
-    EXPECT_EQ(uCFGetRetainCount(city.get()), 1);
-    EXPECT_EQ(record.city, nullptr);
-    EXPECT_EQ(record.description, nullptr);
+    texts.expectDroppedFrom(record);
     EXPECT_EQ(record.latti, 1.0);
     EXPECT_EQ(record.refLongi, 'E');
     EXPECT_EQ(record.tilt, 6.0);
