@@ -18,6 +18,7 @@
 
 #include <QApplication>
 #include <QMimeData>
+#include <QSignalBlocker>
 #include <QTimer>
 
 #include <string>
@@ -63,6 +64,9 @@ bool AppController::init()
 void AppController::applicationWillFinishLaunching()
 {
     appRegisterFinderSyncDefault();
+    // The default may show only now. It is shown and not stored.
+    const QSignalBlocker blocker(syncCheckbox);
+    syncCheckbox->setChecked(appLoadFinderSync());
 }
 
 void AppController::awakeFromNib()

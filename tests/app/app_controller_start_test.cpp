@@ -8,6 +8,8 @@
 #include <QCheckBox>
 #include <QTimer>
 
+#include <filesystem>
+
 namespace {
 const auto* const toolkit = testing::AddGlobalTestEnvironment(new test::Toolkit);
 
@@ -88,4 +90,16 @@ TEST_F(start, followsTheSelectionUnlessTheUserSaidOtherwise)
         second.syncCheckbox->setChecked(true);
     }
     EXPECT_TRUE(appLoadFinderSync());
+}
+
+TEST(AppController, mirrorsTheDefaultInEitherOrderAndStoresNothing)
+{
+    const test::TemporaryFolder config;
+    const test::ScopedVariable variable("XDG_CONFIG_HOME", config.path().c_str());
+    AppController controller;
+    ASSERT_TRUE(controller.init());
+    controller.awakeFromNib();
+    controller.applicationWillFinishLaunching();
+    EXPECT_TRUE(controller.syncCheckbox->isChecked());
+    EXPECT_TRUE(std::filesystem::is_empty(config.path()));
 }
