@@ -96,6 +96,8 @@ void readTilt(TovDictionaryRef gps, fileInfoRecord* record)
 
 std::int32_t gpsGetCoordinatesFromFilePath(TovStringRef path, fileInfoRecord* record)
 {
+    // The reference would end at a zero unit and name another file than the one that is shown.
+    if (unitsOf(path).find(u'\0') != std::u16string_view::npos) return kErrNotFound;
     FSRef ref;
     const std::int32_t status = feMakeFSRefFromPath(path, &ref);
     if (status != kErrNone) return status;

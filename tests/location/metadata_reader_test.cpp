@@ -485,6 +485,17 @@ TEST(gpsGetCoordinatesFromFilePath, passesTheStatusOfThePathOn)
     EXPECT_EQ(record->latti, 7.0);
 }
 
+TEST(gpsGetCoordinatesFromFilePath, aPathWithAZeroInItNamesNoOtherFile)
+{
+    const test::TemporaryFolder folder;
+    const std::string path = folder.write("a.jpg", test::pictureWithGps({.lat = 1, .lon = 2}));
+    Record record;
+    record->latti = 7;
+    const auto withZero = text(path + '\0' + ".jpg");
+    EXPECT_EQ(gpsGetCoordinatesFromFilePath(withZero.get(), record.get()), kErrNotFound);
+    EXPECT_EQ(record->latti, 7.0);
+}
+
 TEST(gpsGetCoordinatesFromFile, findsNothingInWhatIsNoPicture)
 {
     const test::TemporaryFolder folder;
