@@ -9,6 +9,7 @@
 #include "app/picture_field.h"
 #include "app/pop_up_menu.h"
 #include "app/wrapped_field.h"
+#include "platform/files/path_text.h"
 #include "tests/support/environment.h"
 #include "tests/support/picture_builder.h"
 #include "tests/support/texts.h"
@@ -53,7 +54,11 @@ protected:
     }
 
     // Shows a file; what updateValuesForNewPath returned.
-    bool show(std::string_view path) { return controller.updateValuesForNewPath(text(path).get()); }
+    bool show(const std::string& path)
+    {
+        const Text bytes(platform::createPathText(path));
+        return controller.updateValuesForNewPath(bytes.get());
+    }
 
     // Writes a picture with these fields and shows it.
     bool showPicture(std::string_view name, const PictureFields& fields)

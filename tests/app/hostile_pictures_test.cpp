@@ -1,9 +1,6 @@
 // Damaged and hostile pictures through the real window, with the real reader.
 
-#include "lib/ui/picture_reader.h"
-#include "platform/files/resource_folder.h"
-#include "platform/pictures/picture_source.h"
-#include "tests/app/controller_fixture.h"
+#include "tests/app/hostile_window.h"
 #include "tests/support/damaged_pictures.h"
 #include "tests/support/program.h"
 
@@ -15,9 +12,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include <sys/stat.h>
 #include <unistd.h>
-#include <csignal>
 
 namespace {
 using namespace std::chrono_literals;
@@ -32,66 +27,7 @@ constexpr bool kHasSanitizers = false;
 
 const auto* const toolkit = testing::AddGlobalTestEnvironment(new test::Toolkit);
 
-class hostilePictures : public test::ControllerTest {
-protected:
-    void SetUp() override
-    {
-        ControllerTest::SetUp();
-        cuReadPicturesElsewhere();
-        good_ = folder.write(
-            "good.jpg",
-            test::pictureWithGps(
-                {.lat = 48.5, .latRef = "N", .lon = 11.25, .lonRef = "E", .altitude = 520.0}));
-        other_ = folder.write(
-            "other.jpg",
-            test::pictureWithGps(
-                {.lat = 10.0, .latRef = "S", .lon = 20.0, .lonRef = "W", .altitude = 7.0}));
-    }
-    void TearDown() override
-    {
-        platform::installPropertySource({});
-        cuPictureReader().stop();
-    }
-
-    // Shows a file and waits for its picture. True when both kept to their deadlines: half a second
-    // for the properties and three for each preview, and as much again for a reader to start.
-    bool showsInTime(const std::string& path, const std::string& what = {})
-    {
-        const pid_t before = cuPictureReader().processID();
-        const auto start = Clock::now();
-        (void)show(path);
-        const bool isQuick = Clock::now() - start < 2500ms;
-        const bool hasPicture = test::waitUntil(
-            [this] { return !controller.fileIconField->pixmap(Qt::ReturnByValue).isNull(); });
-        if (cuPictureReader().processID() != before) {
-            readersLost_++;
-            std::printf("a reader was lost with %s (%s)\n", path.c_str(), what.c_str());
-        }
-        return isQuick && hasPicture;
-    }
-
-    // A good picture shows as if nothing had happened.
-    void expectGoodPicture()
-    {
-        EXPECT_TRUE(showsInTime(other_));
-        EXPECT_EQ(shown(controller.gpsAltitudeField), "7 m");
-        EXPECT_TRUE(showsInTime(good_));
-        EXPECT_EQ(shown(controller.gpsAltitudeField), "520 m");
-        EXPECT_EQ(controller.fileIconField->pixmap(Qt::ReturnByValue).deviceIndependentSize(),
-                  QSizeF(8, 8));
-    }
-
-    // Lets everything come to its end that goes on after a picture is shown.
-    static void rest()
-    {
-        const auto end = Clock::now() + 300ms;
-        (void)test::waitUntil([end] { return Clock::now() >= end; });
-    }
-
-    std::string good_;
-    std::string other_;
-    int readersLost_ = 0;
-};
+using hostilePictures = test::HostileWindowTest;
 
 // Kilobytes of memory that are in use now.
 long residentMemory()
@@ -101,12 +37,6 @@ long residentMemory()
     long resident = 0;
     file >> total >> resident;
     return resident * (sysconf(_SC_PAGESIZE) / 1024);
-}
-
-long openDescriptors()
-{
-    const fs::directory_iterator entries("/proc/self/fd");
-    return std::distance(begin(entries), end(entries));
 }
 
 // The processes that this one has started and that are still there.
@@ -190,88 +120,6 @@ TEST_F(hostilePictures, damagedOnesOfTheCollectionDoNoHarm)
     }
     expectGoodPicture();
     std::printf("%d damaged pictures, %d readers lost\n", count, readersLost_);
-}
-
-TEST_F(hostilePictures, aReaderThatDiesShowsAsAnEmptyFieldAndNoMore)
-{
-    expectGoodPicture();
-    for (int i = 0; i < 3; i++) {
-        kill(cuPictureReader().processID(), SIGKILL);
-        expectGoodPicture();
-    }
-}
-
-TEST_F(hostilePictures, noFaultOfTheReaderHarmsTheWindow)
-{
-    const test::ScopedVariable reader("PINORAMA_READER",
-                                      (platform::programFolder() + "/faulty-reader").c_str());
-    cuPictureReader().stop();
-    const std::string secret = folder.write("secret", "treasure");
-    const std::string harm = folder.file("harm");
-    for (const std::string& fault :
-         {"open-file " + secret, "write-file " + harm, "start-program " + harm,
-          std::string("open-socket"), std::string("allocate"), std::string("make-executable"),
-          std::string("crash"), std::string("exit"), std::string("garbage"),
-          std::string("too-much"), std::string("twice"), std::string("large-preview"),
-          std::string("nan"), std::string("die-afterwards"), std::string("late 900"),
-          std::string("half"), std::string("loop")}) {
-        SCOPED_TRACE(fault);
-        EXPECT_TRUE(showsInTime(folder.write("fault.jpg", "FAULT " + fault + "\n")));
-        expectLocationActions(false);
-        expectGoodPicture();
-    }
-    EXPECT_FALSE(fs::exists(harm));
-}
-
-TEST_F(hostilePictures, itemsThatAreNoFilesAreNotWaitedFor)
-{
-    const std::string pipe = folder.file("pipe.jpg");
-    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    fs::create_directory(folder.file("folder.jpg"));
-    fs::create_symlink("/nowhere/at/all.jpg", folder.file("dangling.jpg"));
-    fs::create_symlink(folder.file("loop.jpg"), folder.file("loop.jpg"));
-    fs::create_symlink("/dev/zero", folder.file("device.jpg"));
-    const std::string longName = std::string(251, 'n') + ".jpg";
-    const std::string sparse = folder.write("sparse.nef", "II*");
-    std::error_code error;
-    fs::resize_file(sparse, std::uintmax_t{8} << 40, error);  // where the file system allows it
-    const std::string paths[] = {pipe,
-                                 folder.file("folder.jpg"),
-                                 folder.file("folder.jpg/"),
-                                 folder.file("dangling.jpg"),
-                                 folder.file("loop.jpg"),
-                                 folder.file("device.jpg"),
-                                 folder.file("missing.jpg"),
-                                 folder.write(longName, "no picture"),
-                                 folder.file(std::string(300, 'n') + ".jpg"),
-                                 "/" + std::string(1'000'000, 'n') + ".jpg",
-                                 sparse};
-    for (const std::string& path : paths) {
-        SCOPED_TRACE(path.substr(0, 300));
-        EXPECT_TRUE(showsInTime(path));
-        expectLocationActions(false);
-        expectGoodPicture();
-    }
-}
-
-TEST_F(hostilePictures, aPictureThatChangesWhileItIsReadDoesNoHarm)
-{
-    const std::string bytes = test::soundPictures()[1].bytes;
-    const std::string path = folder.write("changing.jpg", bytes);
-    for (int i = 0; i < 30; i++) {
-        (void)show(path);
-        switch (i % 4) {
-        case 0: fs::resize_file(path, 100); break;
-        case 1: fs::remove(path); break;
-        case 2:
-            folder.write("changing.jpg", test::damaged(bytes, static_cast<std::uint32_t>(i)));
-            break;
-        default: fs::resize_file(path, 50'000'000);
-        }
-        EXPECT_TRUE(showsInTime(i % 2 == 0 ? good_ : other_));
-        folder.write("changing.jpg", bytes);
-    }
-    expectGoodPicture();
 }
 
 // Good and bad pictures by turns, for as long as one likes.

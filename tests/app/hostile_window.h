@@ -1,0 +1,88 @@
+// The window with its real reader, shown files that may be anything.
+
+#pragma once
+
+#include "lib/ui/picture_reader.h"
+#include "platform/pictures/picture_source.h"
+#include "tests/app/controller_fixture.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <iterator>
+#include <string>
+
+namespace test {
+
+class HostileWindowTest : public ControllerTest {
+protected:
+    void SetUp() override
+    {
+        ControllerTest::SetUp();
+        cuReadPicturesElsewhere();
+        good_ = folder.write(
+            "good.jpg",
+            pictureWithGps(
+                {.lat = 48.5, .latRef = "N", .lon = 11.25, .lonRef = "E", .altitude = 520.0}));
+        other_ = folder.write(
+            "other.jpg",
+            pictureWithGps(
+                {.lat = 10.0, .latRef = "S", .lon = 20.0, .lonRef = "W", .altitude = 7.0}));
+    }
+    void TearDown() override
+    {
+        platform::installPropertySource({});
+        cuPictureReader().stop();
+    }
+
+    // Shows a file and waits for its picture. True when both kept to their deadlines: half a second
+    // for the properties and three for each preview, and as much again for a reader to start.
+    bool showsInTime(const std::string& path, const std::string& what = {})
+    {
+        const pid_t before = cuPictureReader().processID();
+        const auto start = Clock::now();
+        (void)show(path);
+        const bool isQuick = Clock::now() - start < std::chrono::milliseconds(2500);
+        const bool hasPicture = waitUntil(
+            [this] { return !controller.fileIconField->pixmap(Qt::ReturnByValue).isNull(); });
+        if (cuPictureReader().processID() != before) {
+            readersLost_++;
+            std::printf("a reader was lost with %s (%s)\n", path.c_str(), what.c_str());
+        }
+        return isQuick && hasPicture;
+    }
+
+    // A good picture shows as if nothing had happened.
+    void expectGoodPicture()
+    {
+        EXPECT_TRUE(showsInTime(other_));
+        EXPECT_EQ(shown(controller.gpsAltitudeField), "7 m");
+        EXPECT_TRUE(showsInTime(good_));
+        EXPECT_EQ(shown(controller.gpsAltitudeField), "520 m");
+        EXPECT_EQ(controller.fileIconField->pixmap(Qt::ReturnByValue).deviceIndependentSize(),
+                  QSizeF(8, 8));
+        expectLocationActions(true);
+    }
+
+    // Lets everything come to its end that goes on after a picture is shown.
+    static void rest()
+    {
+        const auto end = Clock::now() + std::chrono::milliseconds(300);
+        (void)waitUntil([end] { return Clock::now() >= end; });
+    }
+
+    static long openDescriptors()
+    {
+        const std::filesystem::directory_iterator entries("/proc/self/fd");
+        return std::distance(begin(entries), end(entries));
+    }
+
+    using Clock = std::chrono::steady_clock;
+    std::string good_;
+    std::string other_;
+    int readersLost_ = 0;
+};
+
+}  // namespace test
