@@ -117,8 +117,9 @@ void replaceFile(const std::string& path, const QByteArray& bytes)
     std::string temporary = path + ".XXXXXX";
     const int descriptor = mkostemp(temporary.data(), O_CLOEXEC);  // readable by the user alone
     if (descriptor < 0) return;
-    const bool isComplete = writeAll(descriptor, bytes);
-    close(descriptor);
+    const bool isWritten = writeAll(descriptor, bytes);
+    // Some file systems tell only now that there was no room.
+    const bool isComplete = close(descriptor) == 0 && isWritten;
     if (!isComplete || rename(temporary.c_str(), path.c_str()) != 0) unlink(temporary.c_str());
 }
 }  // namespace

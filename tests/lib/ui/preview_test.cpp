@@ -2,6 +2,7 @@
 
 #include "platform/files/path_text.h"
 #include "tests/lib/ui/preview_fixture.h"
+#include "tests/support/small_disk.h"
 
 #include <algorithm>
 #include <cmath>
@@ -257,5 +258,20 @@ TEST_F(imageWithPreviewOfFileAtPath, aCacheThatCannotBeWrittenIsNoFault)
     const test::ScopedVariable noCache("XDG_CACHE_HOME", nullptr);
     const test::ScopedVariable noHome("HOME", nullptr);
     EXPECT_EQ(pictureOf(picture()).size(), QSize(128, 85));
+}
+
+TEST_F(imageWithPreviewOfFileAtPath, leavesNoHalfThumbnailOnAFullDisk)
+{
+    const std::string folder = folder_.file("cache/thumbnails/normal");
+    std::filesystem::create_directories(folder);
+    if (!test::mountSmallDisk(folder)) GTEST_SKIP() << "cannot mount a small disk here";
+    test::fillDisk(folder);
+    EXPECT_EQ(pictureOf(picture()).size(), QSize(128, 85));
+    const std::filesystem::directory_iterator entries(folder);
+    EXPECT_EQ(std::distance(begin(entries), end(entries)), 1) << "only the filler";
+    std::filesystem::remove(folder + "/filler");
+    EXPECT_EQ(pictureOf(picture()).size(), QSize(128, 85));
+    EXPECT_FALSE(std::filesystem::is_empty(folder)) << "there is room again";
+    test::leaveSmallDisk(folder);
 }
 }  // namespace
