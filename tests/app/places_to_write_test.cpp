@@ -1,0 +1,181 @@
+// The window where what it writes finds no room, no permission and no folder: nothing is said, and
+// nothing else is lost.
+
+#include "globe/kml_document.h"
+#include "tests/app/controller_fixture.h"
+#include "tests/support/permissions.h"
+#include "tests/support/small_disk.h"
+
+#include <QCheckBox>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <iterator>
+#include <memory>
+
+#include <sys/stat.h>
+
+namespace {
+namespace fs = std::filesystem;
+
+class placesToWrite : public test::ControllerTest {
+protected:
+    void SetUp() override
+    {
+        test::ControllerTest::SetUp();
+        fs::create_directory(place_);
+        showPicture("cape.jpg", {.lat = 33.9, .latRef = "S", .lon = 18.4, .lonRef = "W"});
+    }
+    void TearDown() override
+    {
+        if (hasSmallDisk_) test::leaveSmallDisk(place_);
+    }
+
+    bool putSmallDisk()
+    {
+        hasSmallDisk_ = test::mountSmallDisk(place_);
+        return hasSmallDisk_;
+    }
+
+    // Exports as a user does; `change` happens while the dialog is open.
+    void exportTo(
+        const std::string& name, const std::function<void()>& change = [] {})
+    {
+        controller.exportKMLButton->click();
+        auto* dialog = controller.myWindow->findChild<QFileDialog*>();
+        ASSERT_NE(dialog, nullptr);
+        change();
+        dialog->selectFile(QString::fromStdString(place_ + "/" + name));
+        static_cast<QDialog*>(dialog)->accept();
+        EXPECT_TRUE(test::waitUntil(
+            [this] { return controller.myWindow->findChild<QFileDialog*>() == nullptr; }));
+        expectNoMessage();
+    }
+
+    void expectNoMessage()
+    {
+        EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+        for (const QWidget* window : QApplication::topLevelWidgets()) {
+            EXPECT_EQ(qobject_cast<const QMessageBox*>(window), nullptr);
+        }
+    }
+
+    std::string document() const
+    {
+        const test::Text name = test::text("cape.jpg");
+        return test::takeUTF8(gpsMakeKMLDocument(&controller.info, name.get())).value_or("");
+    }
+
+    static long openDescriptors()
+    {
+        return std::distance(fs::directory_iterator("/proc/self/fd"), {});
+    }
+
+    std::string place_ = folder.file("place");
+
+private:
+    bool hasSmallDisk_ = false;
+};
+
+// The settings lie in the place as well.
+class settingsOn : public placesToWrite {
+protected:
+    void toggle()
+    {
+        controller.syncCheckbox->click();
+        expectNoMessage();
+    }
+    std::string settings() const
+    {
+        return test::readFile(place_ + "/org.pinorama.Pinorama/preferences.json");
+    }
+
+private:
+    test::ScopedVariable variable_{"XDG_CONFIG_HOME", place_.c_str()};
+};
+}  // namespace
+
+TEST_F(placesToWrite, aFullDiskTakesNoExportAndKeepsWhatItHolds)
+{
+    if (!putSmallDisk()) GTEST_SKIP() << "cannot mount a small disk here";
+    folder.write("place/other.kml", "kept");
+    exportTo("first.kml");
+    EXPECT_EQ(test::readFile(place_ + "/first.kml"), document());
+    test::fillDisk(place_);
+    const long before = openDescriptors();
+    for (const char* name : {"second.kml", "third.kml"}) {
+        exportTo(name);
+        EXPECT_EQ(test::readFile(place_ + "/" + name), "");
+    }
+    EXPECT_EQ(test::readFile(place_ + "/first.kml"), document());
+    EXPECT_EQ(test::readFile(place_ + "/other.kml"), "kept");
+    EXPECT_EQ(openDescriptors(), before);
+    fs::remove(place_ + "/filler");
+    exportTo("fourth.kml");
+    EXPECT_EQ(test::readFile(place_ + "/fourth.kml"), document());
+}
+
+TEST_F(placesToWrite, aReadOnlyFolderTakesNoExport)
+{
+    ASSERT_EQ(chmod(folder.path().c_str(), 0755), 0);
+    ASSERT_EQ(chmod(place_.c_str(), 0555), 0);
+    {
+        const test::WithoutPrivileges nobody;
+        exportTo("out.kml");
+    }
+    ASSERT_EQ(chmod(place_.c_str(), 0755), 0);
+    EXPECT_TRUE(fs::is_empty(place_));
+    expectLocationActions(true);
+}
+
+TEST_F(placesToWrite, aFolderThatVanishesUnderTheDialogTakesNoExport)
+{
+    exportTo("out.kml", [this] { fs::remove_all(place_); });
+    EXPECT_FALSE(fs::exists(place_));
+    expectLocationActions(true);
+}
+
+TEST_F(settingsOn, aFullDiskStayAndTheSwitchWorks)
+{
+    if (!putSmallDisk()) GTEST_SKIP() << "cannot mount a small disk here";
+    toggle();
+    const std::string before = settings();
+    EXPECT_NE(before.find("finderSync"), std::string::npos);
+    test::fillDisk(place_);
+    for (int i = 0; i < 9; i++) {
+        const bool wasOn = controller.syncCheckbox->isChecked();
+        toggle();
+        EXPECT_NE(controller.syncCheckbox->isChecked(), wasOn);
+        EXPECT_EQ(settings(), before);
+    }
+    fs::remove(place_ + "/filler");
+    toggle();
+    toggle();
+    EXPECT_NE(settings(), before) << "there is room again";
+}
+
+TEST_F(settingsOn, aReadOnlyFolderAreNotStored)
+{
+    ASSERT_EQ(chmod(folder.path().c_str(), 0755), 0);
+    ASSERT_EQ(chmod(place_.c_str(), 0555), 0);
+    {
+        const test::WithoutPrivileges nobody;
+        for (int i = 0; i < 3; i++) toggle();
+    }
+    ASSERT_EQ(chmod(place_.c_str(), 0755), 0);
+    EXPECT_TRUE(fs::is_empty(place_));
+}
+
+TEST_F(settingsOn, aFolderThatVanishesAreStoredInANewOne)
+{
+    toggle();
+    const std::string before = settings();
+    fs::remove_all(place_);
+    toggle();
+    toggle();
+    EXPECT_EQ(settings(), before);
+}
