@@ -129,6 +129,33 @@ TEST(program, printsWhatTheWindowShowsAndSavesItsPicture)
     EXPECT_GT(picture.width(), 300);
 }
 
+TEST(program, takesArgumentsOfAnySize)
+{
+    const test::TemporaryFolder folder;
+    const std::string sample = PINORAMA_SAMPLES "/Westernmost evening.jpg";
+    std::vector<std::string> many = {"--print-and-save", folder.file("window.png")};
+    many.resize(10'000, "/missing.jpg");
+    many.push_back(sample);
+    EXPECT_NE(run(many).out.find("fileNameField: Westernmost evening.jpg\n"), std::string::npos);
+
+    const std::string large(100'000, 'x');  // no argument may be longer than 128 KiB
+    for (const std::vector<std::string>& arguments : {std::vector{"/" + large + ".jpg"},
+                                                      {large},
+                                                      {"file:///" + large},
+                                                      {"--service-text", large},
+                                                      {"--service-text", "\xff\xfe" + large},
+                                                      {std::string("\xff\xfe.jpg")},
+                                                      {"%s%n%99999d"}}) {
+        std::vector<std::string> all = {"--print-and-save", folder.file("window.png")};
+        all.insert(all.end(), arguments.begin(), arguments.end());
+        const test::ProgramResult result = run(all);
+        EXPECT_EQ(result.status, 0) << arguments.back().substr(0, 40);
+        EXPECT_NE(result.out.find("fileSizeField: n.a.\n"), std::string::npos);
+    }
+    EXPECT_EQ(run({"--" + large}).status, 2);
+    EXPECT_EQ(run({"--action", large}).status, 2);
+}
+
 TEST(program, aPictureOfTheWindowThatCannotBeWrittenIsStatus1)
 {
     const test::ProgramResult result = run({"--print-and-save", "/missing/window.png"});
