@@ -6,6 +6,8 @@
 #include <QVariant>
 
 #include <initializer_list>
+#include <iterator>
+#include <vector>
 
 namespace {
 using namespace std::chrono_literals;
@@ -13,16 +15,17 @@ using namespace std::chrono_literals;
 constexpr auto kPauseBetweenTries = 1s;
 constexpr int kCallTimeout = 5000;  // milliseconds; the bus may have to be started first
 
+// Everything else of use, such as titles and status bars, is asked for at every question anyway,
+// and a program that is not asked to tell of it has less to do.
 constexpr const char* kEvents[] = {
     "object:selection-changed",
     "object:state-changed:selected",
     "object:state-changed:focused",
-    "object:state-changed:active",
-    "object:property-change:accessible-name",
     "window:activate",
     "window:create",
     "window:destroy",
 };
+constexpr const char* kNameEvent = "object:property-change:accessible-name";
 
 QString busName()
 {
@@ -89,19 +92,29 @@ void platform::AccessibilityBus::open(const QString& address)
     Q_EMIT connected();
 }
 
-void platform::AccessibilityBus::listenTo(const QString& service)
+void platform::AccessibilityBus::listenTo(const QString& service, bool alsoToNames)
 {
     const QString object = QStringLiteral("org.a11y.atspi.Event.Object");
-    for (const char* member : {"SelectionChanged", "StateChanged", "PropertyChange"}) {
-        bus().connect(service, QString(), object, QString::fromLatin1(member), this,
-                      SLOT(onEvent(QDBusMessage)));
+    bus().connect(service, QString(), object, QStringLiteral("SelectionChanged"), this,
+                  SLOT(onEvent(QDBusMessage)));
+    // GTK 4 tells of every state, asked or not. The bus keeps back what is not looked at.
+    for (const char* state : {"selected", "focused"}) {
+        bus().connect(service, QString(), object, QStringLiteral("StateChanged"),
+                      {QString::fromLatin1(state)}, QString(), this, SLOT(onEvent(QDBusMessage)));
     }
     const QString window = QStringLiteral("org.a11y.atspi.Event.Window");
     for (const char* member : {"Activate", "Create", "Destroy"}) {
         bus().connect(service, QString(), window, QString::fromLatin1(member), this,
                       SLOT(onEvent(QDBusMessage)));
     }
-    for (const char* event : kEvents) {
+    std::vector<const char*> events(std::begin(kEvents), std::end(kEvents));
+    if (alsoToNames) {
+        events.push_back(kNameEvent);
+        bus().connect(service, QString(), object, QStringLiteral("PropertyChange"),
+                      {QStringLiteral("accessible-name")}, QString(), this,
+                      SLOT(onEvent(QDBusMessage)));
+    }
+    for (const char* event : events) {
         QDBusMessage wish = QDBusMessage::createMethodCall(
             QStringLiteral("org.a11y.atspi.Registry"), QStringLiteral("/org/a11y/atspi/registry"),
             QStringLiteral("org.a11y.atspi.Registry"), QStringLiteral("RegisterEvent"));
@@ -115,16 +128,13 @@ void platform::AccessibilityBus::onEvent(const QDBusMessage& message)
     const QList<QVariant> arguments = message.arguments();
     const QString detail = arguments.value(0).toString();
     const bool isOn = arguments.value(1).toInt() != 0;
-    QString event = QStringLiteral("other");
+    Event event = Event::selection;
     if (message.interface().endsWith(QLatin1String(".Window"))) {
-        event = QStringLiteral("window");
-    } else if (message.member() == QLatin1String("SelectionChanged") ||
-               detail == QLatin1String("selected")) {
-        event = QStringLiteral("selection");
+        event = Event::window;
     } else if (detail == QLatin1String("focused")) {
-        event = QStringLiteral("focused");
-    } else if (detail == QLatin1String("accessible-name")) {
-        event = QStringLiteral("name");
+        event = Event::focus;
+    } else if (message.member() == QLatin1String("PropertyChange")) {
+        event = Event::name;
     }
     Q_EMIT heard(message.service(), message.path(), event, isOn);
 }

@@ -19,6 +19,9 @@ public:
     explicit AccessibilityBus(QObject* parent = nullptr);
     ~AccessibilityBus() override;
 
+    // What happened to: the selection of a view or an item, the focus, a whole window, a name.
+    enum class Event { selection, focus, window, name };
+
     // Whether questions can be asked. When not, starts to connect, at most once a second, and says
     // so with connected() later.
     bool isReady();
@@ -29,16 +32,17 @@ public:
     // Drops the connection. The bus forgets with it whatever this program wanted to hear.
     void close();
 
-    // Asks a program to say when something happens to its selections, its focus and its windows.
-    void listenTo(const QString& service);
+    // Asks a program to say when something happens to its selections, its focus and its windows,
+    // and, `alsoToNames`, when one of its objects gets another name.
+    void listenTo(const QString& service, bool alsoToNames);
 
 Q_SIGNALS:
     void connected();
     void lost();
 
-    // A program that is listened to has said something: `event` is "selection", "focused", "name",
-    // "window" or "other"; `isOn` tells whether a state was switched on.
-    void heard(const QString& service, const QString& path, const QString& event, bool isOn);
+    // A program that is listened to says that something has happened to an object of its; `isOn`
+    // tells whether a state was switched on.
+    void heard(const QString& service, const QString& path, Event event, bool isOn);
 
     // A program has come to the bus or left it.
     void programCame(const QString& service);

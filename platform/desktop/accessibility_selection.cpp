@@ -38,7 +38,9 @@ platform::Task<platform::Done> platform::AccessibilitySelection::answer(
 platform::Task<std::vector<std::string>> platform::AccessibilitySelection::pathsIn(
     Inquiry& inquiry, std::shared_ptr<FrameReader> frame)
 {
-    if (!frame->isStale(Clock::now())) co_await frame->check(inquiry);
+    tracker_.checkAlong(frame);
+    if (!frame->isStale(Clock::now()) && !tracker_.hasChecked(frame))
+        co_await frame->check(inquiry);
     if (frame->isStale(Clock::now())) {
         if (frame->cost() > kLongestReading) {
             tracker_.readInEventLoop(frame);

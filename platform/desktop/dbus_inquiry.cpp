@@ -1,16 +1,19 @@
 #include "platform/desktop/dbus_inquiry.h"
 
-#include <QThread>
+#include <QDBusError>
 
 #include <algorithm>
 
 namespace {
-// How long a waiting caller sleeps between two looks; an answer takes 200 microseconds at best.
-constexpr unsigned long kNap = 100;  // microseconds
+// Whether a question has ended without a word from the program that was asked.
+bool isUnanswered(const QDBusPendingCall& call)
+{
+    return !call.isFinished() || QDBusError(call.reply()).type() == QDBusError::NoReply;
+}
 }  // namespace
 
 platform::Inquiry::Inquiry(const QDBusConnection& bus, std::chrono::milliseconds limit)
-    : bus_(bus), limit_(static_cast<int>(limit.count()))
+    : bus_(bus), limit_(limit)
 {
 }
 
@@ -24,14 +27,15 @@ void platform::Inquiry::begin(Task<Done> work)
 
 bool platform::Inquiry::finishUntil(Clock::time_point moment)
 {
+    moment_ = moment;
+    const auto aboutTheEnd = moment - limit_ / 16;  // the toolkit's timers may be that early
     while (!work_.isDone()) {
-        if (allAnswered()) {
-            std::exchange(waiting_, {}).resume();
-        } else if (Clock::now() >= moment) {
-            return false;
-        } else {
-            QThread::usleep(kNap);
-        }
+        // What was asked last is mostly answered last: whoever waits for it first wakes up once.
+        // Nobody waits for longer than the question's own limit.
+        for (auto question = questions_.rbegin(); question != questions_.rend(); ++question)
+            question->call.waitForFinished();
+        if (Clock::now() >= aboutTheEnd && !unanswered().empty()) return false;
+        std::exchange(waiting_, {}).resume();
     }
     return true;
 }
@@ -49,7 +53,7 @@ std::vector<QString> platform::Inquiry::unanswered() const
 {
     std::vector<QString> services;
     for (const Question& question : questions_) {
-        if (!question.call.isFinished()) services.push_back(question.service);
+        if (isUnanswered(question.call)) services.push_back(question.service);
     }
     return services;
 }
@@ -102,7 +106,11 @@ const QDBusMessage& platform::Inquiry::takeAnswer()
 
 void platform::Inquiry::ask(const QDBusConnection& bus, const QDBusMessage& question)
 {
-    questions_.push_back({question.service(), bus.asyncCall(question, limit_)});
+    using std::chrono::milliseconds;
+    const auto left = std::chrono::ceil<milliseconds>(moment_ - Clock::now());
+    const milliseconds limit = std::clamp(left, milliseconds(1), limit_);
+    questions_.push_back(
+        {question.service(), bus.asyncCall(question, static_cast<int>(limit.count()))});
 }
 
 void platform::Inquiry::watch()

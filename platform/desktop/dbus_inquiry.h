@@ -113,8 +113,8 @@ public:
     // Starts the work and runs it up to its first question.
     void begin(Task<Done> work);
 
-    // Waits for the answers and goes on with the work until it has ended (true) or the moment has
-    // come (false).
+    // Sleeps until the answers are there and goes on with the work, until it has ended (true) or
+    // the moment has come and an answer is missing (false).
     bool finishUntil(Clock::time_point moment);
 
     // Lets the event loop go on with the work from here; `whenDone` is called at its end. The
@@ -153,6 +153,10 @@ public:
     // The same on another bus than the inquiry's own.
     Answers answersFrom(const QDBusConnection& bus, const std::vector<QDBusMessage>& questions);
 
+    // Asks at once, without waiting: the next answers() begin with the answer to this question.
+    void askAlong(const QDBusMessage& question) { ask(bus_, question); }
+    void askAlong(const QDBusConnection& bus, const QDBusMessage& question) { ask(bus, question); }
+
 private:
     struct Question {
         QString service;
@@ -168,7 +172,8 @@ private:
     void goOn();
 
     QDBusConnection bus_;
-    int limit_;  // milliseconds
+    std::chrono::milliseconds limit_;
+    Clock::time_point moment_ = Clock::time_point::max();  // at which a waiting caller gives up
     std::vector<Question> questions_;
     QDBusMessage answer_;
     std::vector<std::unique_ptr<QDBusPendingCallWatcher>> watchers_;

@@ -21,16 +21,6 @@ QDBusMessage propertyQuestion(const QString& service, const QString& path, const
         {QStringLiteral("org.qtproject.Qt.QWidget"), QString::fromLatin1(property)});
     return message;
 }
-
-std::optional<bool> truthIn(const QDBusMessage& answer)
-{
-    if (answer.type() != QDBusMessage::ReplyMessage || answer.arguments().isEmpty())
-        return std::nullopt;
-    QVariant value = answer.arguments().constFirst();
-    if (value.canConvert<QDBusVariant>()) value = value.value<QDBusVariant>().variant();
-    if (value.userType() != QMetaType::Bool) return std::nullopt;
-    return value.toBool();
-}
 }  // namespace
 
 // The windows are numbered in the order of their making, with gaps where one was closed. Two
@@ -67,13 +57,21 @@ platform::Task<platform::Done> platform::DolphinWindow::find(Inquiry& inquiry, A
 }
 
 // Dolphin offers to copy the location of an item when exactly one is selected.
-platform::Task<std::optional<bool>> platform::DolphinWindow::isOneSelected(Inquiry& inquiry) const
+std::optional<QDBusMessage> platform::DolphinWindow::isOneSelectedQuestion() const
 {
-    if (path_.isEmpty()) co_return std::nullopt;
+    if (path_.isEmpty()) return std::nullopt;
     QDBusMessage message = QDBusMessage::createMethodCall(
         service_, path_, QStringLiteral("org.kde.KMainWindow"), QStringLiteral("actionIsEnabled"));
     message.setArguments({QStringLiteral("copy_location")});
-    const std::vector<QDBusMessage> asked = together(message);
-    const auto answers = co_await inquiry.answersFrom(QDBusConnection::sessionBus(), asked);
-    co_return truthIn(answers.front());
+    return message;
+}
+
+std::optional<bool> platform::DolphinWindow::truthIn(const QDBusMessage& answer)
+{
+    if (answer.type() != QDBusMessage::ReplyMessage || answer.arguments().isEmpty())
+        return std::nullopt;
+    QVariant value = answer.arguments().constFirst();
+    if (value.canConvert<QDBusVariant>()) value = value.value<QDBusVariant>().variant();
+    if (value.userType() != QMetaType::Bool) return std::nullopt;
+    return value.toBool();
 }

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QDBusMessage>
 #include <QString>
 
 #include <sys/types.h>
@@ -20,8 +21,10 @@ public:
     // when several fit.
     Task<Done> find(Inquiry& inquiry, Accessible frame, pid_t process);
 
-    // Whether exactly one item is selected. Nothing when the window is not known.
-    Task<std::optional<bool>> isOneSelected(Inquiry& inquiry) const;
+    // The question whether exactly one item is selected, which goes to the session bus. Nothing
+    // when the window is not known.
+    std::optional<QDBusMessage> isOneSelectedQuestion() const;
+    static std::optional<bool> truthIn(const QDBusMessage& answer);
 
 private:
     QString service_;

@@ -2,6 +2,8 @@
 
 #include "platform/desktop/view_choice.h"
 
+#include <QDBusConnection>
+
 #include <algorithm>
 #include <utility>
 
@@ -26,6 +28,7 @@ void platform::FrameReader::forget()
     pane_ = 0;
     paths_.clear();
     item_ = {};
+    witnesses_.clear();
     cost_ = 1s;
 }
 
@@ -95,7 +98,7 @@ platform::Task<platform::Done> platform::FrameReader::read(Inquiry& inquiry)
     }
 
     const View view = layout_.views[std::min(pane_, layout_.views.size() - 1)];
-    const std::vector<Accessible> likely = {focused_, item_.item};
+    const std::vector<Accessible> likely = {focused_, item_};
     SelectedItemsReader reader(kind_.manager, layout_, folder_, dolphin_);
     const SelectedItems selected = co_await reader.read(inquiry, view, likely);
     if (!selected.isKnown) {
@@ -119,30 +122,36 @@ void platform::FrameReader::takeOver(const SelectedItems& selected)
     // A part of a selection is another selection.
     const std::size_t count = selected.path ? 1 : selected.items.size();
     if (paths_.size() != count) paths_.clear();
-    item_ = selected.items.size() == 1 ? selected.items.front() : NamedItem{};
+    item_ = selected.items.size() == 1 ? selected.items.front().item : Accessible{};
+    witnesses_ = selected.witnesses;
+    witnesses_.push_back({nameQuestion(frame_), [title = title_](const QDBusMessage& answer) {
+                              return textIn(answer) == title;
+                          }});
 }
 
 platform::Task<platform::Done> platform::FrameReader::check(Inquiry& inquiry)
 {
-    std::vector<QDBusMessage> questions = {nameQuestion(frame_)};
-    if (!item_.item.isNull()) {
-        questions.push_back(nameQuestion(item_.part));
-        if (item_.tellsItsState) {
-            questions.push_back(statesQuestion(item_.item));
+    askToCheck(inquiry);
+    const std::vector<QDBusMessage> nothingElse;
+    const auto answers = co_await inquiry.answers(nothingElse);
+    takeCheck(answers);
+    co_return {};
+}
+
+void platform::FrameReader::askToCheck(Inquiry& inquiry) const
+{
+    for (const Witness& witness : witnesses_) {
+        if (witness.isOnSessionBus) {
+            inquiry.askAlong(QDBusConnection::sessionBus(), witness.question);
         } else {
-            const Accessible& view = layout_.views[pane_].object;
-            questions.push_back(selectedCountQuestion(view));
-            questions.push_back(selectedChildQuestion(view, 0));
+            inquiry.askAlong(witness.question);
         }
     }
-    const auto answers = co_await inquiry.answers(questions);
-    bool holds = textIn(answers[0]) == title_;
-    if (!item_.item.isNull()) {
-        holds = holds && textIn(answers[1]) == item_.name;
-        holds = holds && (item_.tellsItsState
-                              ? has(statesIn(answers[2]).value_or(0), State::selected)
-                              : numberIn(answers[2]) == 1U && objectIn(answers[3]) == item_.item);
+}
+
+void platform::FrameReader::takeCheck(const std::vector<QDBusMessage>& answers)
+{
+    for (std::size_t i = 0; i < witnesses_.size(); i++) {
+        if (!witnesses_[i].agrees(answers[i])) isStale_ = true;
     }
-    if (!holds) isStale_ = true;
-    co_return {};
 }

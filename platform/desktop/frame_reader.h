@@ -1,6 +1,6 @@
 // Reads the selection of one window of a file manager over the accessibility bus. Finding the view
 // takes long and is done once; reading what is selected takes a few questions; checking that what
-// was read still holds takes two.
+// was read still holds takes three or four, which are asked all at once.
 
 #pragma once
 
@@ -19,6 +19,7 @@
 #include "platform/desktop/frame_walk.h"
 #include "platform/desktop/selected_items.h"
 #include "platform/desktop/window_folder.h"
+#include "platform/desktop/witness.h"
 
 namespace platform {
 
@@ -38,6 +39,10 @@ public:
 
     // Asks whether the last reading still holds, and marks it stale when not.
     Task<Done> check(Inquiry& inquiry);
+
+    // The same along with other questions: asks, and takes the first of their answers.
+    void askToCheck(Inquiry& inquiry) const;
+    void takeCheck(const std::vector<QDBusMessage>& answers);
 
     // The program has said that something changed.
     void markStale() { isStale_ = true; }
@@ -88,7 +93,8 @@ private:
     std::chrono::microseconds cost_ = std::chrono::seconds(1);
     Accessible focused_;  // item that got the focus last
     Accessible touched_;  // item or view in which something happened last
-    NamedItem item_;      // the only one that was read last
+    Accessible item_;     // the only one that was read last
+    Witnesses witnesses_;
     std::vector<std::string> paths_;
 };
 

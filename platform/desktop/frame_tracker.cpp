@@ -72,6 +72,8 @@ void platform::FrameTracker::forgetEverything()
     walk_.reset();
     programs_.clear();
     lastFrame_.reset();
+    checkedNext_.reset();
+    checked_.reset();
 }
 
 platform::FrameTracker::Program* platform::FrameTracker::programOf(const QString& service)
@@ -114,7 +116,8 @@ platform::Task<platform::Done> platform::FrameTracker::lookAround(Inquiry& inqui
         if (process == 0) continue;
         const FileManagerKind* kind = kindOfProcess_(process);
         programs_.push_back({.service = unknown[i], .process = process, .kind = kind});
-        if (kind != nullptr) bus_.listenTo(unknown[i]);
+        // Dolphin says no other word when all items get selected.
+        if (kind != nullptr) bus_.listenTo(unknown[i], kind->manager == FileManager::dolphin);
     }
     std::vector<QString> services;
     for (const Program& program : programs_) {
@@ -167,14 +170,21 @@ platform::Task<std::shared_ptr<platform::FrameReader>> platform::FrameTracker::a
 {
     std::vector<Accessible> objects;
     std::vector<QDBusMessage> questions;
+    checked_.reset();
     for (const Program& program : programs_) {
         if (program.isPaused) continue;
         for (const Frame& frame : program.frames) {
             objects.push_back(frame.reader->frame());
             questions.push_back(statesQuestion(frame.reader->frame()));
+            if (frame.reader == checkedNext_ && !checkedNext_->isStale(Clock::now()))
+                checked_ = checkedNext_;
         }
     }
-    const auto answers = co_await inquiry.answers(questions);
+    checkedNext_.reset();
+    if (checked_) checked_->askToCheck(inquiry);
+    auto answers = co_await inquiry.answers(questions);
+    if (checked_) checked_->takeCheck(answers);
+    answers.erase(answers.begin(), answers.end() - static_cast<long>(objects.size()));
 
     Frame* latest = nullptr;
     for (Program& program : programs_) {
@@ -280,21 +290,23 @@ void platform::FrameTracker::ping(const QString& service)
     });
 }
 
+// Many of these come at once when a lot changes. Nobody is asked anything here.
 void platform::FrameTracker::onHeard(const QString& service, const QString& path,
-                                     const QString& event, bool isOn)
+                                     AccessibilityBus::Event event, bool isOn)
 {
+    using Event = AccessibilityBus::Event;
     Program* program = programOf(service);
     if (program == nullptr) return;
-    if (event == QLatin1String("window")) lookAroundSoon(kLookSoon);
+    if (event == Event::window) lookAroundSoon(kLookSoon);
     for (Frame& frame : program->frames) {
-        if (event == QLatin1String("focused") && isOn) {
+        if (event == Event::focus && isOn) {
             frame.reader->noteFocus({service, path});
-        } else if (event == QLatin1String("selection")) {
+        } else if (event == Event::selection) {
             frame.reader->noteSelection({service, path});
         } else {
             frame.reader->markStale();
         }
     }
-    if (event == QLatin1String("selection") || event == QLatin1String("focused"))
+    if (event == Event::selection || event == Event::focus)
         Q_EMIT selectionMayHaveChanged(program->process);
 }

@@ -38,6 +38,13 @@ public:
     // folder; null when there is none or when it is not known yet what is in the one in front.
     Task<std::shared_ptr<FrameReader>> askForFrame(Inquiry& inquiry);
 
+    // Has the next askForFrame() check along with its own questions whether what was last read of a
+    // window still holds; that takes no time of its own.
+    void checkAlong(const std::shared_ptr<FrameReader>& frame) { checkedNext_ = frame; }
+
+    // Whether the last askForFrame() has done so.
+    bool hasChecked(const std::shared_ptr<FrameReader>& frame) const { return checked_ == frame; }
+
     // The window of the last askForFrame(), without asking.
     std::shared_ptr<FrameReader> lastFrame() const { return lastFrame_; }
 
@@ -74,7 +81,8 @@ private:
     void startWalking(Frame& frame);
     void forgetEverything();
     void ping(const QString& service);
-    void onHeard(const QString& service, const QString& path, const QString& event, bool isOn);
+    void onHeard(const QString& service, const QString& path, AccessibilityBus::Event event,
+                 bool isOn);
     void onTimer();
     bool isLatestActive() const;
     Program* programOf(const QString& service);
@@ -83,6 +91,8 @@ private:
     KindOfProcess kindOfProcess_;
     std::vector<Program> programs_;
     std::shared_ptr<FrameReader> lastFrame_;
+    std::shared_ptr<FrameReader> checkedNext_;
+    std::shared_ptr<FrameReader> checked_;
     quint64 activations_ = 0;
     Clock::time_point neededAt_;
     QTimer timer_;

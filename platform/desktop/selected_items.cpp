@@ -2,6 +2,8 @@
 
 #include "platform/desktop/status_text.h"
 
+#include <QDBusConnection>
+
 #include <algorithm>
 #include <utility>
 
@@ -9,27 +11,31 @@ namespace {
 constexpr std::size_t kMostSelected = 64;    // items whose paths are told
 constexpr std::size_t kMostScanned = 20000;  // items of a view that are looked at one by one
 constexpr std::size_t kMostAtOnce = 64;      // questions that wait for an answer
+
+platform::Witness nameWitness(const platform::Accessible& object, const QString& name)
+{
+    return {platform::nameQuestion(object),
+            [name](const QDBusMessage& answer) { return platform::textIn(answer) == name; }};
+}
+
+platform::Witness countWitness(const QDBusMessage& question, std::uint32_t count)
+{
+    return {question,
+            [count](const QDBusMessage& answer) { return platform::numberIn(answer) == count; }};
+}
 }  // namespace
 
 platform::Task<platform::SelectedItems> platform::SelectedItemsReader::read(
     Inquiry& inquiry, View view, std::vector<Accessible> likely)
 {
+    SelectedItems selected;
     switch (view.access) {
-    case ViewAccess::selection: {
-        SelectedItems selected = co_await readSelection(inquiry, view);
-        co_return selected;
+    case ViewAccess::selection: selected = co_await readSelection(inquiry, view); break;
+    case ViewAccess::table: selected = co_await readTable(inquiry, view); break;
+    case ViewAccess::states: selected = co_await readStates(inquiry, view, likely); break;
+    case ViewAccess::opaque: selected = co_await readStatus(inquiry); break;
     }
-    case ViewAccess::table: {
-        SelectedItems selected = co_await readTable(inquiry, view);
-        co_return selected;
-    }
-    case ViewAccess::states: {
-        SelectedItems selected = co_await readStates(inquiry, view, likely);
-        co_return selected;
-    }
-    case ViewAccess::opaque: break;
-    }
-    SelectedItems selected = co_await readStatus(inquiry);
+    if (selected.items.size() == 1) vouchFor(selected.items.front(), view, &selected.witnesses);
     co_return selected;
 }
 
@@ -46,6 +52,9 @@ platform::Task<platform::SelectedItems> platform::SelectedItemsReader::readSelec
     const State shown = isGtk4Object(view.object) ? State::visible : State::showing;
     if (!count || !states || !has(*states, shown)) co_return selected;
     selected.isKnown = true;
+    // Nautilus goes through all items of the folder to count.
+    if (!isGtk4Object(view.object))
+        selected.witnesses.push_back(countWitness(selectedCountQuestion(view.object), *count));
     if (*count == 0) co_return selected;
 
     std::vector<QDBusMessage> questions;
@@ -62,6 +71,8 @@ platform::Task<platform::SelectedItems> platform::SelectedItemsReader::readSelec
     if (*count == 1 && !selected.items.front().path) {
         // The item has no name of its own; the status bar may tell it.
         SelectedItems told = co_await readStatus(inquiry);
+        told.witnesses.insert(told.witnesses.end(), selected.witnesses.begin(),
+                              selected.witnesses.end());
         if (told.path) co_return told;
     }
     co_return selected;
@@ -77,6 +88,10 @@ platform::Task<platform::SelectedItems> platform::SelectedItemsReader::readTable
     const auto states = statesIn(co_await inquiry.answer(askStates));
     if (!rows || !states || !has(*states, State::showing)) co_return selected;
     selected.isKnown = true;
+    if (rows->size() < kMostSelected) {
+        selected.witnesses.push_back(countWitness(selectedRowCountQuestion(view.object),
+                                                  static_cast<std::uint32_t>(rows->size())));
+    }
     for (const int row : *rows) {
         std::optional<NamedItem> cell;
         // The column of the names is not always the first; the others hold pictures, sizes, dates.
@@ -101,15 +116,15 @@ platform::Task<platform::SelectedItems> platform::SelectedItemsReader::readStatu
     std::vector<QDBusMessage> questions;
     for (const Accessible& text : layout_.statusTexts) questions.push_back(nameQuestion(text));
     const auto answers = co_await inquiry.answers(questions);
-    for (const QDBusMessage& answer : answers) {
-        const auto text = textIn(answer);
+    for (std::size_t i = 0; i < answers.size(); i++) {
+        const auto text = textIn(answers[i]);
         if (!text) {
             selected.isKnown = false;
             continue;
         }
+        selected.witnesses.push_back(nameWitness(layout_.statusTexts[i], *text));
         for (const QString& name : quotedNames(*text)) {
-            selected.path = folder_.pathOf(name);
-            if (selected.path) co_return selected;
+            if (!selected.path) selected.path = folder_.pathOf(name);
         }
     }
     co_return selected;
@@ -128,12 +143,21 @@ platform::Task<platform::SelectedItems> platform::SelectedItemsReader::readState
     const auto isShowing = statesIn(co_await inquiry.answer(askStates));
     if (!isShowing || !has(*isShowing, State::showing)) co_return selected;
     selected.isKnown = true;
-    const auto isOne = co_await dolphin_.isOneSelected(inquiry);
-    if (isOne.has_value()) {
-        if (!*isOne) co_return selected;
+    const auto askIsOne = dolphin_.isOneSelectedQuestion();
+    if (askIsOne) {
+        inquiry.askAlong(QDBusConnection::sessionBus(), *askIsOne);
+        const std::vector<QDBusMessage> nothingElse;
+        const auto told = co_await inquiry.answers(nothingElse);
+        const auto isOne = DolphinWindow::truthIn(told.front());
+        selected.witnesses.push_back({*askIsOne,
+                                      [isOne](const QDBusMessage& answer) {
+                                          return DolphinWindow::truthIn(answer) == isOne;
+                                      },
+                                      true});
+        if (isOne == false) co_return selected;
         // Nearly always the selected item has the focus as well.
         for (const Accessible& candidate : likely) {
-            if (candidate.isNull()) continue;
+            if (candidate.isNull() || !isOne) continue;
             const std::vector<QDBusMessage> asked =
                 together(statesQuestion(candidate), parentQuestion(candidate));
             const auto answers = co_await inquiry.answers(asked);
@@ -195,11 +219,27 @@ platform::Task<platform::NamedItem> platform::SelectedItemsReader::named(Inquiry
     named.item = item;
     named.part = item;
     named.name = *name;
-    // Nemo's icons do not.
     named.tellsItsState = has(statesIn(answers[1]).value_or(0), State::selected);
     named.path = folder_.pathOf(*name);
     if (!named.path) co_await lookForNameInside(inquiry, &named);
     co_return named;
+}
+
+void platform::SelectedItemsReader::vouchFor(const NamedItem& item, const View& view,
+                                             Witnesses* witnesses)
+{
+    if (item.item.isNull()) return;
+    witnesses->push_back(nameWitness(item.part, item.name));
+    if (item.tellsItsState) {
+        witnesses->push_back({statesQuestion(item.item), [](const QDBusMessage& answer) {
+                                  return has(statesIn(answer).value_or(0), State::selected);
+                              }});
+        return;
+    }
+    // Nemo's icons do not tell.
+    witnesses->push_back(
+        {selectedChildQuestion(view.object, 0),
+         [object = item.item](const QDBusMessage& answer) { return objectIn(answer) == object; }});
 }
 
 // An item that is put together from parts has its name in one of them.

@@ -16,6 +16,7 @@
 #include "platform/desktop/file_manager_kind.h"
 #include "platform/desktop/frame_walk.h"
 #include "platform/desktop/window_folder.h"
+#include "platform/desktop/witness.h"
 
 namespace platform {
 
@@ -32,6 +33,7 @@ struct SelectedItems {
     bool isKnown = false;                  // false when the view did not answer
     std::vector<NamedItem> items;          // in the order of the view, at most 64
     std::optional<std::string> path = {};  // of the only one, when the status bar told it
+    Witnesses witnesses = {};  // of all that was said, as far as it costs little to ask again
 };
 
 class SelectedItemsReader {
@@ -54,6 +56,7 @@ private:
     Task<SelectedItems> readStatus(Inquiry& inquiry);
     Task<std::vector<Accessible>> scan(Inquiry& inquiry, View view);
     Task<NamedItem> named(Inquiry& inquiry, Accessible item);
+    static void vouchFor(const NamedItem& item, const View& view, Witnesses* witnesses);
     Task<Done> lookForNameInside(Inquiry& inquiry, NamedItem* item);
 
     FileManager manager_;
