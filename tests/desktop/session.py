@@ -93,9 +93,14 @@ class DesktopSession:
         self._startDisplay()
         self._startBus()
         self.windowManager = self.start(["openbox", "--sm-disable"])
-        if not waitFor(lambda: self.run(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"]), 30):
+        if not waitFor(self.isManaged, 30):
             raise RigError("openbox did not start")
         self.enableAccessibilityBus()
+
+    def isManaged(self):
+        """Whether the window manager is done with starting: windows that come earlier stay hidden."""
+        told = self.run(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK", "_NET_CLIENT_LIST"])
+        return told is not None and "window id" in told and "not found" not in told
 
     def _writeSettings(self):
         """Tests may run as the root user, which Nemo treats as special otherwise."""
