@@ -15,6 +15,8 @@ class Manager:
     newTab: tuple = ("ctrl+t",)    # keys that open a tab and go to it
     extra: dict = field(default_factory=dict)  # environment
     desktop: list = None           # command that draws desktop icons
+    trash: str = "trash:///"       # address of the Trash; "" when it shows none
+    remote: str = ""               # scheme of a folder on a WebDAV server
     tellsSeveral: bool = False     # whether the paths of several selected items are told
 
 
@@ -47,7 +49,7 @@ MANAGERS = [
     Manager("dolphin", ["dolphin", "--new-window"], "dolphin", "Qt",
             views={"icons": (["ctrl+1"], ICONS), "compact": (["ctrl+2"], LIST),
                    "list": (["ctrl+3"], LIST)},
-            split="F3"),
+            split="F3", trash="trash:/", remote="webdav"),
 ]
 
 

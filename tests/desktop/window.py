@@ -137,15 +137,17 @@ class Traffic:
                                    "--method", "org.freedesktop.DBus." + method, *arguments])
         return answer and answer.strip()
 
-    def calls(self, names, seconds):
-        """How many method calls the connections make within that time from now."""
+    def calls(self, names, seconds, to=None):
+        """How many method calls the connections make within that time from now; `to` counts those to
+        certain connections only."""
         start = os.path.getsize(self.log)
         time.sleep(seconds)
         with open(self.log, "rb") as log:
             log.seek(start)
             lines = log.read().decode(errors="replace").splitlines()
         words = [line.split("\t") for line in lines]
-        return sum(1 for each in words if len(each) > 3 and each[0] == "mc" and each[3] in names)
+        return sum(1 for each in words if len(each) > 4 and each[0] == "mc" and each[3] in names and
+                   (to is None or each[4] in to))
 
     def close(self):
         if self.monitor in self.session.processes:

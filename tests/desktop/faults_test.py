@@ -1,0 +1,376 @@
+#!/usr/bin/env python3
+"""Lets one real file manager, or the bus to it, fail beside the real window: the window stays usable,
+shows nothing wrong, follows again by itself, and writes nothing to the terminal.
+
+usage: faults_test.py BIN_FOLDER MANAGER [--case NAME]...
+
+Ends with 0 when every case was right, 1 when one was wrong, 77 when nothing could be run here; every
+case that could not run is named with its reason."""
+
+import argparse
+import contextlib
+import http.server
+import os
+import shutil
+import signal
+import sys
+import threading
+import time
+
+import follow_test
+from accessible import accessibilityBus
+from follow_test import Skip
+from managers import managerNamed
+from session import DesktopSession, RigError, waitFor
+from window import Traffic, Window
+from window_test import LONG_ENOUGH, Beside, require
+
+RECOVERY = 3  # seconds until a file manager that is back is followed again
+SLACK = 3  # seconds for the keys, and for the test itself to see it on a busy machine
+LONGEST_ANSWER = 1.5  # seconds; 0.3 are the program's, the rest is a busy machine's
+CASES = []
+
+
+def case(function):
+    CASES.append(function)
+    return function
+
+
+class Catalogue:
+    """Takes the place of the program that opens addresses, and notes them: so the window tells where
+    the shown picture was taken also when there is no accessibility bus to read it on."""
+
+    def __init__(self, session):
+        self.session = session
+        self.log = os.path.join(session.root, "addresses")
+        folder = os.path.join(session.root, "programs")
+        os.makedirs(folder)
+        opener = os.path.join(folder, "xdg-open")
+        with open(opener, "w", encoding="utf-8") as script:
+            script.write(f"#!/bin/sh\nprintf '%s\\n' \"$1\" >> '{self.log}'\n")
+        os.chmod(opener, 0o755)
+        session.environment["PATH"] = folder + ":" + session.environment["PATH"]
+
+    def addresses(self):
+        try:
+            with open(self.log, encoding="utf-8") as log:
+                return log.read().splitlines()
+        except FileNotFoundError:
+            return []
+
+    def shownPlace(self, window):
+        """Latitude and longitude of the shown picture; None when the button is off."""
+        before = len(self.addresses())
+        self.session.run(["xdotool", "windowactivate", "--sync", str(window), "key",
+                          "--clearmodifiers", "alt+f"])
+        told = waitFor(lambda: self.addresses()[before:], 2)
+        if not told:
+            return None
+        words = dict(part.split("=") for part in told[0].split("&") if "=" in part)
+        return float(words["lat"]), float(words["long"])
+
+
+class Faulty(Beside):
+    """A file manager with the window beside it, where something is going to fail."""
+
+    def __init__(self, session, manager, program):
+        super().__init__(session, manager, program)
+        self.catalogue = Catalogue(session)
+
+    def longestAnswer(self, seconds):
+        """How long the window takes to answer at worst, asked again and again."""
+        end = time.monotonic() + seconds
+        longest = 0
+        while time.monotonic() < end:
+            start = time.monotonic()
+            require(self.shown.text("Name") is not None, "the window does not answer")
+            longest = max(longest, time.monotonic() - start)
+        return longest
+
+    def expectUsable(self):
+        """The window answers in time and shows a file that it is given."""
+        longest = self.longestAnswer(3.5)
+        require(longest < LONGEST_ANSWER, f"the window took {longest:.2f} s to answer")
+        given = os.path.join(self.other, b"e.jpg")
+        require(self.session.run([self.shown.program, os.fsdecode(given)]) is not None,
+                "the second start failed")
+        self.expectShown(given, SLACK)
+
+    def selectFirstOfAll(self):
+        """Selects the first item, a folder, however long the file manager takes."""
+        self.desktop.activate(self.window)
+        self.desktop.clickEmptySpace(self.window)
+        self.desktop.keys("Home", self.step, "Home")
+
+    def expectFollowing(self):
+        self.selectFirstOfAll()
+        self.expectPath(self.other + b"/", RECOVERY + SLACK)
+        self.select(b"c.jpg")
+        self.expectShown(self.picture(b"c.jpg"))
+
+    def startAgain(self):
+        self.process = None
+        self.start()
+
+    def kill(self):
+        self.process.kill()
+        self.process.wait()
+
+
+@case
+def stopped(faulty):
+    """A file manager that hangs: it is asked next to nothing, and followed again when it goes on."""
+    faulty.select(b"c.jpg")
+    bus = Traffic(faulty.session, accessibilityBus(faulty.session))
+    try:
+        manager = bus.namesOf(faulty.process)
+        window = bus.namesOf(faulty.shown.process)
+        os.kill(faulty.process.pid, signal.SIGSTOP)
+        try:
+            time.sleep(1)  # within this the question comes that is not answered
+            count = bus.calls(window, 3, manager)
+            require(count <= 2, f"a file manager that does not answer was asked {count} times in 3 s")
+            faulty.expectUsable()
+        finally:
+            os.kill(faulty.process.pid, signal.SIGCONT)
+        faulty.expectFollowing()
+    finally:
+        bus.close()
+
+
+@case
+def killed(faulty):
+    """A file manager that dies, and one that comes."""
+    faulty.select(b"c.jpg")
+    faulty.kill()
+    faulty.expectStill(faulty.picture(b"c.jpg"))
+    faulty.expectUsable()
+    faulty.startAgain()
+    faulty.expectFollowing()
+
+
+@case
+def startedLater(faulty):
+    """The window is there before any file manager."""
+    faulty.shown.close()
+    faulty.kill()
+    faulty.shown.open()
+    require(faulty.longestAnswer(2) < LONGEST_ANSWER, "the window took long to answer")
+    faulty.startAgain()
+    faulty.expectFollowing()
+
+
+@case
+def vanishing(faulty):
+    """Pictures that are gone when the window would read them."""
+    names = [os.path.join(faulty.pictures, b"0 weg %d.jpg" % number) for number in range(6)]
+    for name in names:
+        faulty.write(name, 50.5, 50.5)
+    try:
+        faulty.select(b"0 weg 0.jpg")
+        # Each is removed while it is selected, just before the next one is.
+        for name in names:
+            faulty.desktop.xdotool("key", faulty.step)
+            os.remove(name)
+        faulty.expectUsable()
+    finally:
+        for name in names:
+            with contextlib.suppress(FileNotFoundError):
+                os.remove(name)
+    faulty.desktop.settle(faulty.process)
+    faulty.select(b"c.jpg")
+    faulty.expectShown(faulty.picture(b"c.jpg"))
+
+
+@case
+def trash(faulty):
+    """A folder that is none of the local files, with names that a local folder has too."""
+    command = faulty.manager.trash
+    if not command:
+        raise Skip("shows no Trash without a desktop's services")
+    faulty.select(b"c.jpg")
+    bin_ = os.path.join(faulty.session.home, ".local", "share", "Trash")
+    for folder in ("files", "info"):
+        os.makedirs(os.path.join(bin_, folder), exist_ok=True)
+    for name in ("a b.jpg", "c.jpg"):
+        shutil.copy(os.fsdecode(faulty.picture(name.encode())), os.path.join(bin_, "files", name))
+        with open(os.path.join(bin_, "info", name + ".trashinfo"), "w", encoding="utf-8") as info:
+            info.write("[Trash Info]\nPath=/nowhere/" + name.replace(" ", "%20") +
+                       "\nDeletionDate=2026-01-02T03:04:05\n")
+    faulty.kill()
+    faulty.session.environment["GIO_USE_VFS"] = "gvfs"
+    try:
+        faulty.process = None
+        process = faulty.session.start([*faulty.manager.command, command], extra=faulty.manager.extra)
+        faulty.process = process
+        window = faulty.desktop.newWindow([process])
+        faulty.desktop.resize(window, *follow_test.WIDE)
+        faulty.desktop.activate(window)
+        for _ in range(2):
+            faulty.desktop.clickEmptySpace(window)
+            faulty.desktop.keys("Home", faulty.step, "Home")
+            faulty.settle()
+            for _ in range(2):
+                path = faulty.probe.paths()[0]
+                require(path == faulty.picture(b"c.jpg") or path.startswith(bin_.encode()),
+                        f"of the Trash it makes {path}")
+                faulty.desktop.keys(faulty.step)
+                faulty.settle()
+        faulty.kill()
+    finally:
+        faulty.session.environment["GIO_USE_VFS"] = "local"
+    faulty.startAgain()
+    faulty.expectFollowing()
+
+
+class RemoteFolder(http.server.BaseHTTPRequestHandler):
+    """A folder on a server, as WebDAV tells it: c.jpg and e.jpg."""
+
+    def do_PROPFIND(self):
+        self.rfile.read(int(self.headers.get("Content-Length", 0)))
+        names = ["c.jpg", "e.jpg"] if self.headers.get("Depth") != "0" else []
+        entry = ("<D:response><D:href>/{}</D:href><D:propstat><D:prop>"
+                 "<D:resourcetype>{}</D:resourcetype><D:getcontentlength>7</D:getcontentlength>"
+                 "</D:prop><D:status>HTTP/1.1 200 OK</D:status></D:propstat></D:response>")
+        body = ("<?xml version=\"1.0\"?><D:multistatus xmlns:D=\"DAV:\">" +
+                entry.format("", "<D:collection/>") +
+                "".join(entry.format(name, "") for name in names) + "</D:multistatus>").encode()
+        self.send_response(207)
+        self.send_header("Content-Type", "application/xml; charset=utf-8")
+        self.send_header("Content-Length", str(len(body)))
+        self.send_header("DAV", "1")
+        self.end_headers()
+        self.wfile.write(body)
+
+    def do_OPTIONS(self):
+        self.send_response(200)
+        self.send_header("DAV", "1")
+        self.send_header("Allow", "OPTIONS, PROPFIND, GET, HEAD")
+        self.send_header("Content-Length", "0")
+        self.end_headers()
+
+    def do_GET(self):
+        self.send_response(200)
+        self.send_header("Content-Type", "image/jpeg")
+        self.send_header("Content-Length", "7")
+        self.end_headers()
+        self.wfile.write(b"picture")
+
+    do_HEAD = do_OPTIONS
+
+    def log_message(self, *ignored):
+        pass
+
+
+@case
+def remoteFolder(faulty):
+    """A folder on a server is nowhere among the local files; its names may be."""
+    if not faulty.manager.remote:
+        raise Skip("reaches no server without a desktop's services")
+    faulty.select(b"a b.jpg")
+    server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), RemoteFolder)
+    threading.Thread(target=server.serve_forever, daemon=True).start()
+    try:
+        faulty.kill()
+        faulty.process = None
+        address = f"{faulty.manager.remote}://127.0.0.1:{server.server_address[1]}/"
+        faulty.window = faulty.open(address.encode())
+        for _ in range(2):
+            faulty.selectFirstOfAll()
+            faulty.settle()
+            for _ in range(2):
+                require(faulty.probe.paths() == [faulty.picture(b"a b.jpg")],
+                        f"of a remote file it makes {faulty.probe.paths()}")
+                faulty.desktop.keys(faulty.step)
+                faulty.settle()
+        faulty.kill()
+    finally:
+        server.shutdown()
+        server.server_close()
+    faulty.startAgain()
+    faulty.expectFollowing()
+
+
+def processesNamed(session, mark):
+    found = []
+    for pid in session.strays():
+        with contextlib.suppress(OSError), open(f"/proc/{pid}/cmdline", "rb") as line:
+            if mark in line.read():
+                found.append(pid)
+    return found
+
+
+def followsBlindly(faulty):
+    """Without a bus to read the window on: its own button tells the place that it shows."""
+    faulty.startAgain()
+    wanted = faulty.places[faulty.picture(b"c.jpg")]
+
+    def isFollowed():
+        faulty.desktop.activate(faulty.window)
+        faulty.desktop.clickEmptySpace(faulty.window)
+        faulty.desktop.keys("Home", faulty.step, "Home")
+        for _ in range(4):
+            faulty.settle()
+            if faulty.catalogue.shownPlace(faulty.shown.window) == wanted:
+                return True
+            faulty.desktop.activate(faulty.window)
+            faulty.desktop.keys(faulty.step)
+        return False
+    require(waitFor(isFollowed, 15, 0), f"the window never showed the picture at {wanted}")
+
+
+@case
+def busStartedAgain(faulty):
+    """The accessibility bus dies, with and without what starts it, and comes again."""
+    faulty.select(b"a b.jpg")
+    for marks in ((b"accessibility.conf",), (b"accessibility.conf", b"at-spi-bus-launcher")):
+        faulty.kill()
+        pids = [pid for mark in marks for pid in processesNamed(faulty.session, mark)]
+        require(len(pids) >= len(marks), "the accessibility bus of the session was not found")
+        for pid in pids:
+            os.kill(pid, signal.SIGKILL)
+        time.sleep(LONG_ENOUGH)
+        given = os.path.join(faulty.other, b"e.jpg")
+        require(faulty.session.run([faulty.shown.program, os.fsdecode(given)]) is not None,
+                "the window does not take a file")
+        place = faulty.catalogue.shownPlace(faulty.shown.window)
+        require(place == faulty.places[given], f"without the bus the window shows {place}")
+        faulty.session.enableAccessibilityBus()
+        followsBlindly(faulty)
+
+
+@case
+def quiet(faulty):
+    """Nothing was written to the terminal all the while."""
+    text = faulty.shown.messages()
+    require(not text.strip(), f"{len(text)} characters: {text[:2000]}")
+
+
+def run(arguments):
+    manager = managerNamed(arguments.manager)
+    needed = [manager.command[0], "Xvfb", "openbox", "xdotool", "dbus-daemon", "dbus-monitor", "gdbus"]
+    missing = [program for program in needed if shutil.which(program) is None]
+    if missing:
+        print(f"skipped: {', '.join(missing)} not installed")
+        return 77
+    with DesktopSession() as session:
+        faulty = Faulty(session, manager, os.path.join(os.path.abspath(arguments.bin), "pinorama"))
+        faulty.shown.open()
+        faulty.start()
+        return follow_test.runCases(faulty, CASES, arguments.case)
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("bin")
+    parser.add_argument("manager")
+    parser.add_argument("--case", action="append")
+    try:
+        return run(parser.parse_args())
+    except RigError as error:
+        print(f"the surroundings could not be made: {error}")
+        return 1
+
+
+if __name__ == "__main__":
+    sys.exit(main())
