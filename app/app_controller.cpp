@@ -27,15 +27,17 @@ namespace {
 constexpr int kSelectionInterval = 200;  // milliseconds
 }  // namespace
 
-AppController::AppController(platform::SelectionSource* selection, platform::AddressOpener* opener)
+AppController::AppController(platform::SelectionSource* selection, platform::AddressOpener* opener,
+                             std::unique_ptr<MainWindow> window)
     : gUpdateTimer(nullptr),
       lastPath(nullptr),
       info{},
-      window_(std::make_unique<MainWindow>()),
+      window_(window ? std::move(window) : std::make_unique<MainWindow>()),
       selection_(selection),
       opener_(opener != nullptr ? opener : &desktopOpener_),
       globes_(*opener_)
 {
+    window_->furnish();
     connectOutlets();
     connectActions();
     connect(&previews_, &PreviewLoader::previewReady, this, &AppController::showPreview);

@@ -42,8 +42,10 @@ public:
     //
     //   selection  tells what is selected in the file manager; borrowed, null for nothing ever.
     //   opener     opens web addresses; borrowed, null for the desktop's own way.
+    //   window     the window when it was shown ahead; it gets its views. Null for a new one.
     explicit AppController(platform::SelectionSource* selection = nullptr,
-                           platform::AddressOpener* opener = nullptr);
+                           platform::AddressOpener* opener = nullptr,
+                           std::unique_ptr<MainWindow> window = nullptr);
     ~AppController() override;
 
     // The outlets: views of the window, made from its description. They live as long as the

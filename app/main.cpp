@@ -18,6 +18,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <memory>
 
 namespace {
 constexpr int kWrongUsage = 2;
@@ -68,9 +69,12 @@ int run(const app::CommandLine& line)
         std::fputs("pinorama: the running program does not answer\n", stderr);
         return kFailed;
     }
+    std::unique_ptr<MainWindow> window;
+    if (app::opensWindow(line)) window = MainWindow::showAhead();
+    cuReadPicturesElsewhere();  // the reader starts while the window gets its views
     platform::FileManagerSelection selection;
     // A report is of the pictures that it was asked for.
-    AppController controller(line.printAndSave ? nullptr : &selection);
+    AppController controller(line.printAndSave ? nullptr : &selection, nullptr, std::move(window));
     controller.init();
     app::connectRequests(bus, controller);
     controller.applicationWillFinishLaunching();
@@ -98,8 +102,6 @@ int main(int argc, char** argv)
     if (atOnce && atOnce->help) return std::fputs(app::usageText().c_str(), stdout) < 0;
     if (atOnce && atOnce->version) return std::puts("pinorama " PINORAMA_VERSION) < 0;
 
-    // The reader starts while the toolkit does.
-    cuReadPicturesElsewhere();
     QApplication application(argc, argv);  // takes the toolkit's own options out
     QApplication::setApplicationName(QStringLiteral("Pinorama"));
     QApplication::setApplicationVersion(QStringLiteral(PINORAMA_VERSION));

@@ -5,16 +5,28 @@
 
 #include <QDragEnterEvent>
 #include <QEvent>
+#include <QGuiApplication>
 #include <QIcon>
+#include <QLayout>
 #include <QMimeData>
 #include <QPixmap>
 #include <QWindow>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
 namespace {
 constexpr int kMarkerSize = 32;  // points
+
+constexpr QSize kUsualSize(600, 440);
+
+// Big enough for everything, as far as that can be told without looking for a font.
+QSize likelySize()
+{
+    constexpr double kUsualFont = 10;  // points
+    return kUsualSize * std::max(QGuiApplication::font().pointSizeF() / kUsualFont, 1.0);
+}
 
 // The last file of a drop; empty when it holds none.
 QByteArray fileOf(const QMimeData& data)
@@ -26,8 +38,28 @@ QByteArray fileOf(const QMimeData& data)
 }
 }  // namespace
 
-MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent)
+MainWindow::MainWindow()
 {
+    furnish();
+}
+
+MainWindow::MainWindow(Empty /*views*/)
+{
+    setWindowTitle(QStringLiteral("Pinorama"));
+    resize(likelySize());
+    show();
+    // Not for the answer: what was told to the screen before a question is on its way with it.
+    (void)QGuiApplication::queryKeyboardModifiers();
+}
+
+std::unique_ptr<MainWindow> MainWindow::showAhead()
+{
+    return std::unique_ptr<MainWindow>(new MainWindow(Empty()));
+}
+
+void MainWindow::furnish()
+{
+    if (centralWidget() != nullptr) return;
     setupUi(this);
     webServicesMenu->makeFirstItemTheTitle();
 
@@ -39,7 +71,8 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent)
     geoTagField->setVisible(false);
     showMarker();
     quietCaptions();
-    resize(size().expandedTo(sizeHint()));  // a larger font needs a larger window
+    // A larger font needs a larger window.
+    resize((isVisible() ? size() : kUsualSize).expandedTo(sizeHint()));
     setFocus();  // not the first field: its whole text would be shown instead of both its ends
 
     // A screen reader says the caption with the text; the colon is for the eye.
@@ -47,6 +80,12 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent)
         if (QWidget* field = caption->buddy())
             field->setAccessibleName(caption->text().remove(QLatin1Char(':')));
     }
+    if (!isVisible()) return;
+    // What comes into a window that is shown is not shown by itself.
+    contentView->show();
+    mainMenu->show();
+    layout()->activate();
+    followScreen();
 }
 
 void MainWindow::changeEvent(QEvent* event)
@@ -73,6 +112,11 @@ void MainWindow::dropEvent(QDropEvent* event)
 void MainWindow::showEvent(QShowEvent* event)
 {
     QMainWindow::showEvent(event);
+    if (centralWidget() != nullptr) followScreen();
+}
+
+void MainWindow::followScreen()
+{
     showMarker();
     // Another screen may have another density.
     connect(windowHandle(), &QWindow::screenChanged, this, &MainWindow::showMarker,

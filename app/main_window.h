@@ -7,11 +7,21 @@
 #include <QByteArray>
 #include <QMainWindow>
 
+#include <memory>
+
 class MainWindow : public QMainWindow, public Ui::MainWindow {
     Q_OBJECT
 
 public:
-    explicit MainWindow(QWidget* parent = nullptr);
+    // A window with its views in it, hidden.
+    MainWindow();
+
+    // An empty window that is shown already: the desktop gets it onto the screen while `furnish`
+    // puts the views in. It is painted from the event loop, and so never without them.
+    static std::unique_ptr<MainWindow> showAhead();
+
+    // Puts the views into a window that was shown ahead. Does nothing to any other.
+    void furnish();
 
 Q_SIGNALS:
     // Files were dropped on the window; `path` is the last of them, absolute and in raw bytes.
@@ -24,6 +34,10 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    struct Empty {};
+    explicit MainWindow(Empty /*views*/);
+
+    void followScreen();
     void quietCaptions();
     void showMarker();
 };

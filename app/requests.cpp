@@ -51,6 +51,12 @@ void app::connectRequests(ApplicationBus& bus, AppController& controller)
                      [&controller](const QString& action) { runAction(controller, action); });
 }
 
+bool app::opensWindow(const CommandLine& line)
+{
+    if (line.action) return false;
+    return line.serviceText || !line.paths.empty() || !line.service;
+}
+
 void app::carryOut(AppController& controller, const CommandLine& line)
 {
     if (line.action) {

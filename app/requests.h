@@ -16,6 +16,9 @@ struct CommandLine;
 // Lets `controller` do what arrives over the bus. Both live until the program ends.
 void connectRequests(platform::ApplicationBus& bus, AppController& controller);
 
+// True when what the command line asks of the first instance brings the window to the screen.
+bool opensWindow(const CommandLine& line);
+
 // Does what the command line asks of the first instance: shows a text's or the last file, runs an
 // action, or else opens the window. Nothing for the help texts and for --service.
 void carryOut(AppController& controller, const CommandLine& line);
