@@ -3,6 +3,7 @@
 
 #include "app/app_controller.h"
 #include "app/command_line.h"
+#include "app/drawing.h"
 #include "app/main_window.h"
 #include "app/requests.h"
 #include "app/translations.h"
@@ -12,8 +13,6 @@
 #include "platform/desktop/file_manager_selection.h"
 
 #include <QApplication>
-#include <QIcon>
-#include <QPixmap>
 #include <QTimer>
 
 #include <algorithm>
@@ -52,12 +51,7 @@ void reportWhenComplete(AppController& controller, const std::string& picture)
 // Task bars take the icon from the desktop file; this one is for those that do not.
 void setWindowIcon()
 {
-    QIcon icon;
-    for (const int size : {16, 32, 48, 64, 128}) {
-        const QString file = QStringLiteral(":/pinorama/hicolor/%1x%1/apps/%2.png");
-        icon.addPixmap(QPixmap(file.arg(size).arg(QGuiApplication::desktopFileName()), "PNG"));
-    }
-    QApplication::setWindowIcon(icon);
+    QApplication::setWindowIcon(app::drawnIcon(QStringLiteral("icon"), {16, 32, 48, 64}));
 }
 
 int run(const app::CommandLine& line)

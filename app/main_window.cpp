@@ -1,6 +1,7 @@
 #include "app/main_window.h"
 
 #include "app/caption_colour.h"
+#include "app/drawing.h"
 #include "platform/files/file_uri.h"
 
 #include <QDragEnterEvent>
@@ -9,7 +10,6 @@
 #include <QIcon>
 #include <QLayout>
 #include <QMimeData>
-#include <QPixmap>
 #include <QWindow>
 
 #include <algorithm>
@@ -138,10 +138,7 @@ void MainWindow::quietCaptions()
 
 void MainWindow::showMarker()
 {
-    QIcon marker;
-    for (const int size : {kMarkerSize, 2 * kMarkerSize, 3 * kMarkerSize}) {
-        // Without the name of the format the toolkit would load all its picture plug-ins and ask.
-        marker.addPixmap(QPixmap(QStringLiteral(":/pinorama/marker-%1.png").arg(size), "PNG"));
-    }
+    const QIcon marker =
+        app::drawnIcon(QStringLiteral("marker"), {kMarkerSize, 2 * kMarkerSize, 3 * kMarkerSize});
     geoTagField->setPixmap(marker.pixmap(QSize(kMarkerSize, kMarkerSize), devicePixelRatioF()));
 }

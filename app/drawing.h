@@ -1,0 +1,19 @@
+// The program's own drawings, which are compiled in, in fixed sizes and as plain pixels. Before the
+// toolkit reads a picture of whatever format it loads all its plug-ins and asks each of them.
+
+#pragma once
+
+#include <QIcon>
+#include <QImage>
+
+#include <initializer_list>
+
+namespace app {
+
+// Reads a PAM file (Netpbm) of the kind RGB_ALPHA, 8 bits each. Null when it is none.
+QImage readDrawing(const QString& file);
+
+// An icon of the drawing `name` in the sizes that exist of it, in pixels.
+QIcon drawnIcon(const QString& name, std::initializer_list<int> sizes);
+
+}  // namespace app
