@@ -1,6 +1,7 @@
 // The window's program: finds out whether it is the one instance of the session, hands its request
 // to the other one if it is not, and opens the window if it is.
 
+#include "app/accessibility_notice.h"
 #include "app/app_controller.h"
 #include "app/command_line.h"
 #include "app/drawing.h"
@@ -9,6 +10,7 @@
 #include "app/translations.h"
 #include "app/window_report.h"
 #include "lib/ui/picture_reader.h"
+#include "platform/desktop/accessibility_advice.h"
 #include "platform/desktop/application_bus.h"
 #include "platform/desktop/file_manager_selection.h"
 
@@ -76,7 +78,12 @@ int run(const app::CommandLine& line)
 
     app::carryOut(controller, line);
     if (line.action) return 0;
-    if (line.printAndSave) reportWhenComplete(controller, *line.printAndSave);
+    platform::AccessibilityAdvice advice;
+    if (line.printAndSave) {
+        reportWhenComplete(controller, *line.printAndSave);
+    } else {
+        app::offerAccessibility(advice, controller);
+    }
     if (line.service) {
         QTimer::singleShot(kServicePatience, &controller, [&] {
             if (controller.myWindow->isHidden()) QCoreApplication::quit();

@@ -21,6 +21,29 @@
     </message>
 </context>
 <context>
+    <name>AccessibilityNotice</name>
+    <message>
+        <source>S&amp;witch On</source>
+        <translation>Ein&amp;schalten</translation>
+    </message>
+    <message>
+        <source>&amp;Dismiss</source>
+        <translation>Ausb&amp;lenden</translation>
+    </message>
+    <message>
+        <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
+        <translation>Der Auswahl in %1 kann gefolgt werden, sobald die Barrierefreiheit eingeschaltet ist. Das ist eine dauerhafte Einstellung der Arbeitsumgebung; danach muss die Dateiverwaltung neu gestartet werden.</translation>
+    </message>
+    <message>
+        <source>Accessibility is on. Restart %1, or log in again, and its selection is followed.</source>
+        <translation>Die Barrierefreiheit ist eingeschaltet. Nach einem Neustart von %1 oder einer neuen Anmeldung wird der Auswahl gefolgt.</translation>
+    </message>
+    <message>
+        <source>Accessibility could not be switched on. The manual tells how to do it by hand.</source>
+        <translation>Die Barrierefreiheit ließ sich nicht einschalten. Das Handbuch beschreibt, wie es von Hand geht.</translation>
+    </message>
+</context>
+<context>
     <name>AppController</name>
     <message>
         <source>Open Picture</source>

@@ -21,6 +21,29 @@
     </message>
 </context>
 <context>
+    <name>AccessibilityNotice</name>
+    <message>
+        <source>S&amp;witch On</source>
+        <translation>&amp;Activar</translation>
+    </message>
+    <message>
+        <source>&amp;Dismiss</source>
+        <translation>&amp;Ocultar</translation>
+    </message>
+    <message>
+        <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
+        <translation>La selección en %1 se puede seguir cuando la accesibilidad está activada. Es un ajuste permanente del escritorio; después hay que reiniciar el gestor de archivos.</translation>
+    </message>
+    <message>
+        <source>Accessibility is on. Restart %1, or log in again, and its selection is followed.</source>
+        <translation>La accesibilidad está activada. Reinicie %1, o vuelva a iniciar sesión, para seguir su selección.</translation>
+    </message>
+    <message>
+        <source>Accessibility could not be switched on. The manual tells how to do it by hand.</source>
+        <translation>No se pudo activar la accesibilidad. El manual explica cómo hacerlo a mano.</translation>
+    </message>
+</context>
+<context>
     <name>AppController</name>
     <message>
         <source>KML files (*.kml)</source>

@@ -21,6 +21,29 @@
     </message>
 </context>
 <context>
+    <name>AccessibilityNotice</name>
+    <message>
+        <source>S&amp;witch On</source>
+        <translation>Acti&amp;ver</translation>
+    </message>
+    <message>
+        <source>&amp;Dismiss</source>
+        <translation>&amp;Masquer</translation>
+    </message>
+    <message>
+        <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
+        <translation>La sélection dans %1 peut être suivie une fois l’accessibilité activée. C’est un réglage durable du bureau ; redémarrez ensuite le gestionnaire de fichiers.</translation>
+    </message>
+    <message>
+        <source>Accessibility is on. Restart %1, or log in again, and its selection is followed.</source>
+        <translation>L’accessibilité est activée. Redémarrez %1, ou reconnectez-vous, pour suivre sa sélection.</translation>
+    </message>
+    <message>
+        <source>Accessibility could not be switched on. The manual tells how to do it by hand.</source>
+        <translation>Impossible d’activer l’accessibilité. Le manuel explique comment le faire à la main.</translation>
+    </message>
+</context>
+<context>
     <name>AppController</name>
     <message>
         <source>KML files (*.kml)</source>

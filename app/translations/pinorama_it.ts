@@ -21,6 +21,29 @@
     </message>
 </context>
 <context>
+    <name>AccessibilityNotice</name>
+    <message>
+        <source>S&amp;witch On</source>
+        <translation>Atti&amp;va</translation>
+    </message>
+    <message>
+        <source>&amp;Dismiss</source>
+        <translation>&amp;Nascondi</translation>
+    </message>
+    <message>
+        <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
+        <translation>La selezione in %1 può essere seguita quando l’accessibilità è attiva. È un’impostazione permanente del desktop; dopo averla attivata riavvia il gestore file.</translation>
+    </message>
+    <message>
+        <source>Accessibility is on. Restart %1, or log in again, and its selection is followed.</source>
+        <translation>L’accessibilità è attiva. Riavvia %1, o accedi di nuovo, per seguirne la selezione.</translation>
+    </message>
+    <message>
+        <source>Accessibility could not be switched on. The manual tells how to do it by hand.</source>
+        <translation>Impossibile attivare l’accessibilità. Il manuale spiega come farlo a mano.</translation>
+    </message>
+</context>
+<context>
     <name>AppController</name>
     <message>
         <source>KML files (*.kml)</source>

@@ -21,6 +21,29 @@
     </message>
 </context>
 <context>
+    <name>AccessibilityNotice</name>
+    <message>
+        <source>S&amp;witch On</source>
+        <translation>有効にする(&amp;W)</translation>
+    </message>
+    <message>
+        <source>&amp;Dismiss</source>
+        <translation>閉じる(&amp;D)</translation>
+    </message>
+    <message>
+        <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
+        <translation>アクセシビリティを有効にすると、%1 の選択に追従できます。これはデスクトップに残る設定です。有効にした後、ファイルマネージャーを再起動してください。</translation>
+    </message>
+    <message>
+        <source>Accessibility is on. Restart %1, or log in again, and its selection is followed.</source>
+        <translation>アクセシビリティを有効にしました。%1 を再起動するか、ログインし直すと、選択に追従します。</translation>
+    </message>
+    <message>
+        <source>Accessibility could not be switched on. The manual tells how to do it by hand.</source>
+        <translation>アクセシビリティを有効にできませんでした。手動で行う方法はマニュアルにあります。</translation>
+    </message>
+</context>
+<context>
     <name>AppController</name>
     <message>
         <source>KML files (*.kml)</source>

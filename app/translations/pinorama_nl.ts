@@ -21,6 +21,29 @@
     </message>
 </context>
 <context>
+    <name>AccessibilityNotice</name>
+    <message>
+        <source>S&amp;witch On</source>
+        <translation>&amp;Inschakelen</translation>
+    </message>
+    <message>
+        <source>&amp;Dismiss</source>
+        <translation>Ver&amp;bergen</translation>
+    </message>
+    <message>
+        <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
+        <translation>De selectie in %1 kan worden gevolgd zodra toegankelijkheid aanstaat. Dat is een blijvende instelling van het bureaublad; herstart daarna het bestandsbeheer.</translation>
+    </message>
+    <message>
+        <source>Accessibility is on. Restart %1, or log in again, and its selection is followed.</source>
+        <translation>Toegankelijkheid staat aan. Na een herstart van %1, of na opnieuw aanmelden, wordt de selectie gevolgd.</translation>
+    </message>
+    <message>
+        <source>Accessibility could not be switched on. The manual tells how to do it by hand.</source>
+        <translation>Toegankelijkheid kon niet worden ingeschakeld. De handleiding beschrijft hoe het met de hand gaat.</translation>
+    </message>
+</context>
+<context>
     <name>AppController</name>
     <message>
         <source>KML files (*.kml)</source>

@@ -21,6 +21,29 @@
     </message>
 </context>
 <context>
+    <name>AccessibilityNotice</name>
+    <message>
+        <source>S&amp;witch On</source>
+        <translation>&amp;Włącz</translation>
+    </message>
+    <message>
+        <source>&amp;Dismiss</source>
+        <translation>&amp;Ukryj</translation>
+    </message>
+    <message>
+        <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
+        <translation>Zaznaczenie w programie %1 można śledzić, gdy włączono ułatwienia dostępu. To trwałe ustawienie pulpitu; po włączeniu uruchom ponownie menedżer plików.</translation>
+    </message>
+    <message>
+        <source>Accessibility is on. Restart %1, or log in again, and its selection is followed.</source>
+        <translation>Ułatwienia dostępu są włączone. Uruchom ponownie program %1 albo zaloguj się jeszcze raz, aby śledzić jego zaznaczenie.</translation>
+    </message>
+    <message>
+        <source>Accessibility could not be switched on. The manual tells how to do it by hand.</source>
+        <translation>Nie udało się włączyć ułatwień dostępu. Podręcznik opisuje, jak zrobić to ręcznie.</translation>
+    </message>
+</context>
+<context>
     <name>AppController</name>
     <message>
         <source>KML files (*.kml)</source>

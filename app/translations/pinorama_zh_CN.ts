@@ -21,6 +21,29 @@
     </message>
 </context>
 <context>
+    <name>AccessibilityNotice</name>
+    <message>
+        <source>S&amp;witch On</source>
+        <translation>启用(&amp;W)</translation>
+    </message>
+    <message>
+        <source>&amp;Dismiss</source>
+        <translation>关闭(&amp;D)</translation>
+    </message>
+    <message>
+        <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
+        <translation>启用辅助功能后即可跟随 %1 中的选择。这是桌面的长期设置；启用后请重新启动文件管理器。</translation>
+    </message>
+    <message>
+        <source>Accessibility is on. Restart %1, or log in again, and its selection is followed.</source>
+        <translation>辅助功能已启用。重新启动 %1 或重新登录后即可跟随其选择。</translation>
+    </message>
+    <message>
+        <source>Accessibility could not be switched on. The manual tells how to do it by hand.</source>
+        <translation>无法启用辅助功能。手册说明了如何手动启用。</translation>
+    </message>
+</context>
+<context>
     <name>AppController</name>
     <message>
         <source>KML files (*.kml)</source>
