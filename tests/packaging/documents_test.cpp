@@ -229,3 +229,17 @@ TEST(screenshots, haveTheSizeThatTheMetainfoTells)
                   std::pair(std::stoi(match[1]), std::stoi(match[2])));
     }
 }
+
+TEST(documents, nameThePackagesOfTheFileManagers)
+{
+    const std::string packages = documentOf("packaging/DebianPackage.cmake");
+    const std::regex made("\\npinorama_file_manager_package\\(([a-z]+) ");
+    int count = 0;
+    for (std::sregex_iterator match(packages.begin(), packages.end(), made), end; match != end;
+         ++match, ++count) {
+        const std::string name = (*match)[1].str() + "-pinorama";
+        for (const char* document : {"docs/file-managers.md", "packaging/man/pinorama.1"})
+            EXPECT_NE(documentOf(document).find(name), std::string::npos) << document << name;
+    }
+    EXPECT_EQ(count, 4);
+}
