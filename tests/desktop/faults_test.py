@@ -108,13 +108,30 @@ class Faulty(Beside):
         self.select(b"c.jpg")
         self.expectShown(self.picture(b"c.jpg"))
 
+    def expectNothingOf(self, address, allowed=None):
+        """Goes to a folder that is none of the local files and selects what is in it. The window goes
+        on to show the picture of before, or one below the local folder `allowed`."""
+        shown = self.picture("ü.jpg".encode())
+        self.selectNamed(self.window, self.pictures, "ü.jpg".encode())
+        self.desktop.keys(*self.manager.goTo)
+        self.desktop.xdotool("type", "--delay", 20, address)
+        self.desktop.keys("Return")
+        left = waitFor(lambda: "Bilder" not in (self.desktop.xdotool("getwindowname", self.window) or ""),
+                       10)
+        require(left, f"the file manager does not go to {address}")
+        self.settle()
+        for _ in range(2):
+            self.selectFirstOfAll()
+            for _ in range(3):
+                self.settle()
+                path = self.probe.paths()[0]
+                isAllowed = allowed and path.startswith(os.fsencode(allowed) + b"/")
+                require(path == shown or isAllowed, f"of {address} it makes {path}")
+                self.desktop.keys(self.step)
+
     def startAgain(self):
         self.process = None
         self.start()
-
-    def kill(self):
-        self.process.kill()
-        self.process.wait()
 
 
 @case
@@ -188,7 +205,6 @@ def trash(faulty):
     command = faulty.manager.trash
     if not command:
         raise Skip("shows no Trash without a desktop's services")
-    faulty.select(b"c.jpg")
     bin_ = os.path.join(faulty.session.home, ".local", "share", "Trash")
     for folder in ("files", "info"):
         os.makedirs(os.path.join(bin_, folder), exist_ok=True)
@@ -200,22 +216,8 @@ def trash(faulty):
     faulty.kill()
     faulty.session.environment["GIO_USE_VFS"] = "gvfs"
     try:
-        faulty.process = None
-        process = faulty.session.start([*faulty.manager.command, command], extra=faulty.manager.extra)
-        faulty.process = process
-        window = faulty.desktop.newWindow([process])
-        faulty.desktop.resize(window, *follow_test.WIDE)
-        faulty.desktop.activate(window)
-        for _ in range(2):
-            faulty.desktop.clickEmptySpace(window)
-            faulty.desktop.keys("Home", faulty.step, "Home")
-            faulty.settle()
-            for _ in range(2):
-                path = faulty.probe.paths()[0]
-                require(path == faulty.picture(b"c.jpg") or path.startswith(bin_.encode()),
-                        f"of the Trash it makes {path}")
-                faulty.desktop.keys(faulty.step)
-                faulty.settle()
+        faulty.startAgain()
+        faulty.expectNothingOf(command, bin_)
         faulty.kill()
     finally:
         faulty.session.environment["GIO_USE_VFS"] = "local"
@@ -267,26 +269,14 @@ def remoteFolder(faulty):
     """A folder on a server is nowhere among the local files; its names may be."""
     if not faulty.manager.remote:
         raise Skip("reaches no server without a desktop's services")
-    faulty.select(b"a b.jpg")
     server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), RemoteFolder)
     threading.Thread(target=server.serve_forever, daemon=True).start()
     try:
-        faulty.kill()
-        faulty.process = None
-        address = f"{faulty.manager.remote}://127.0.0.1:{server.server_address[1]}/"
-        faulty.window = faulty.open(address.encode())
-        for _ in range(2):
-            faulty.selectFirstOfAll()
-            faulty.settle()
-            for _ in range(2):
-                require(faulty.probe.paths() == [faulty.picture(b"a b.jpg")],
-                        f"of a remote file it makes {faulty.probe.paths()}")
-                faulty.desktop.keys(faulty.step)
-                faulty.settle()
-        faulty.kill()
+        faulty.expectNothingOf(f"{faulty.manager.remote}://127.0.0.1:{server.server_address[1]}/")
     finally:
         server.shutdown()
         server.server_close()
+    faulty.kill()
     faulty.startAgain()
     faulty.expectFollowing()
 

@@ -23,6 +23,7 @@ from session import DesktopSession, RigError, waitFor
 NAMES = [b"a b.jpg", b"c.jpg", b"d.nef", "ü.jpg".encode(), "u\u0308d.jpg".encode(),
          b"x%20y&.jpg", b"h#;.jpg", b"line\nfeed.jpg", b"inv\xe4lid.jpg"]
 WIDE = (1380, 840)
+MANY = 400  # files; no view shows them all
 PATIENCE = 6  # seconds; a question is put five times a second, but the machine may be busy
 CASES = []
 
@@ -56,6 +57,7 @@ class Follow:
             self.write(os.path.join(self.other, name), 40.5 + number, 20.5 + number)
         self.process = None
         self.window = None
+        self.settledView = manager.firstView  # where settings choose the view
 
     def write(self, path, latitude, longitude):
         writePicture(path, latitude, longitude)
@@ -80,8 +82,26 @@ class Follow:
         self.window = self.open()
         self.switchView(self.manager.firstView)
 
+    def askAnew(self):
+        """Puts a probe that knows nothing yet in the place of the one at work."""
+        self.probe.close()
+        self.probe = Probe(self.session, self.probe.program)
+
+    def kill(self):
+        self.process.kill()
+        self.process.wait()
+
     def switchView(self, view):
         keys, self.step = self.manager.views[view]
+        settings = self.manager.viewSettings.get(view)
+        if settings and view != self.settledView:
+            self.kill()
+            path = os.path.join(self.session.home, self.manager.settingsFile)
+            os.makedirs(os.path.dirname(path), exist_ok=True)
+            with open(path, "w", encoding="utf-8") as file:
+                file.write(settings)
+            self.settledView = view
+            self.window = self.open()
         self.desktop.clickEmptySpace(self.window)
         self.desktop.keys(*keys)
         time.sleep(0.8)
@@ -294,6 +314,36 @@ def intoAFolderAndBack(follow):
 
 
 @case
+def scrolledOutOfView(follow):
+    """What is selected stays selected when the view is scrolled away from it, also for a program
+    that asks for the first time."""
+    many = os.path.join(follow.pictures, b"Viele")
+    os.makedirs(many)
+    for number in range(MANY):
+        with open(os.path.join(many, b"%03d.jpg" % number), "wb") as file:
+            file.write(b"x")
+    follow.kill()
+    try:
+        window = follow.open(many)
+        follow.settle()
+        follow.desktop.keys("Home", follow.step, "Home", follow.step)
+        follow.settle()
+        path = follow.expectOne()
+        width, height = follow.desktop.sizeOf(window)
+        follow.desktop.xdotool("mousemove", "--window", window, width // 2, height // 2,
+                               "click", "--repeat", 60, "--delay", 15, 5)
+        follow.settle()
+        time.sleep(1)
+        follow.expectPath(path, 0)
+        follow.askAnew()
+        follow.expectPath(path)
+    finally:
+        follow.kill()
+        shutil.rmtree(many)
+        follow.start()
+
+
+@case
 def vanishing(follow):
     """A file that goes away between its selection and the next question."""
     name = os.path.join(follow.pictures, b"weg.jpg")
@@ -327,8 +377,7 @@ def stopped(follow):
 def killedAndStartedAgain(follow):
     """A file manager that dies, and one that is started again."""
     follow.selectNamed(follow.window, follow.pictures, b"c.jpg")
-    follow.process.kill()
-    follow.process.wait()
+    follow.kill()
     follow.expect(lambda paths: paths == [], "nothing", 3)
     time.sleep(0.5)
     follow.start()
@@ -346,8 +395,7 @@ def accessibilityBusStartedAgain(follow):
         raise Skip("the accessibility bus of the session was not found")
     for pid in bus + launcher:
         os.kill(pid, signal.SIGKILL)
-    follow.process.kill()
-    follow.process.wait()
+    follow.kill()
     time.sleep(1.5)
     follow.session.enableAccessibilityBus()
     follow.start()
@@ -363,8 +411,7 @@ def desktopIcons(follow):
     for name in (b"auf dem Tisch.jpg", b"c.jpg"):
         with open(os.path.join(folder, name), "wb") as file:
             file.write(b"x")
-    follow.process.kill()
-    follow.process.wait()
+    follow.kill()
     process = follow.session.start(follow.manager.desktop, extra=follow.manager.extra)
     try:
         follow.process = process

@@ -11,10 +11,13 @@ class Manager:
     toolkit: str = "GTK"
     views: dict = field(default_factory=dict)  # view -> (keys that switch to it, key to the next item)
     firstView: str = "icons"
+    viewSettings: dict = field(default_factory=dict)  # view without keys -> its line in settingsFile
+    settingsFile: str = ""         # below the home folder; read at the start
     split: str = ""                # key that opens and closes a second pane; "" for none
     newTab: tuple = ("ctrl+t",)    # keys that open a tab and go to it
     extra: dict = field(default_factory=dict)  # environment
     desktop: list = None           # command that draws desktop icons
+    goTo: tuple = ("ctrl+l",)      # keys in front of an address to go to
     trash: str = "trash:///"       # address of the Trash; "" when it shows none
     remote: str = ""               # scheme of a folder on a WebDAV server
     tellsSeveral: bool = False     # whether the paths of several selected items are told
@@ -44,7 +47,11 @@ MANAGERS = [
                    "list": (["ctrl+4"], LIST)},
             extra={"GTK_MODULES": "gail:atk-bridge"}),
     Manager("pcmanfm-qt", ["pcmanfm-qt", "-n"], "pcmanfm-qt", "Qt",
-            views={"icons": ([], ICONS)}, newTab=("ctrl+t", "ctrl+Next"),
+            views={"icons": ([], ICONS), "compact": ([], LIST), "list": ([], LIST)},
+            viewSettings={"icons": "[FolderView]\nMode=icon\n",
+                          "compact": "[FolderView]\nMode=compact\n",
+                          "list": "[FolderView]\nMode=detailed\n"},
+            settingsFile=".config/pcmanfm-qt/default/settings.conf", newTab=("ctrl+t", "ctrl+Next"),
             split="F6", desktop=["pcmanfm-qt", "--desktop"]),
     Manager("dolphin", ["dolphin", "--new-window"], "dolphin", "Qt",
             views={"icons": (["ctrl+1"], ICONS), "compact": (["ctrl+2"], LIST),

@@ -11,6 +11,7 @@ import urllib.parse
 class Probe:
     def __init__(self, session, program, *options):
         self.session = session
+        self.program = program
         self.log = os.path.join(session.root, "selection_probe.log")
         self.process = session.start([program, *options], stdin=subprocess.PIPE, stdout=subprocess.PIPE)
         self.heard = []  # (moment, list of paths)
