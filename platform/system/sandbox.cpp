@@ -1,6 +1,7 @@
 #include "platform/system/sandbox.h"
 
 #include "platform/system/sandbox_calls.h"
+#include "platform/system/sandbox_filter.h"
 
 #include <algorithm>
 #include <csignal>
@@ -14,13 +15,7 @@
 #include <unistd.h>
 
 namespace {
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool kHasSanitizers = true;
-#elif defined(__has_feature)
-constexpr bool kHasSanitizers = __has_feature(address_sanitizer);
-#else
-constexpr bool kHasSanitizers = false;
-#endif
+using platform::kHasSanitizers;
 
 // A sanitizer's runtime opens pipes of its own.
 constexpr rlim_t kOwnDescriptors = kHasSanitizers ? 8 : 0;
@@ -116,5 +111,5 @@ bool platform::enterSandbox(const SandboxRules& rules)
     if (!setLimits(rules)) return false;
     if (prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0) return false;
     forbidFiles();
-    return filterSystemCalls(rules.socket, kHasSanitizers);
+    return filterSystemCalls(rules.socket);
 }

@@ -8,9 +8,10 @@ namespace platform {
 // complaining to standard error need. Looking for files fails with EPERM; every other call ends the
 // process.
 //
-//   hasSanitizers  also lets through what their runtime needs.
+// What is let through is settled when the program is built (make_sandbox_filter.cpp); a build with
+// sanitizers lets through what their runtime needs as well.
 //
 // Returns false when the kernel has no such filter. Cannot be taken back.
-[[nodiscard]] bool filterSystemCalls(int socket, bool hasSanitizers);
+[[nodiscard]] bool filterSystemCalls(int socket);
 
 }  // namespace platform
