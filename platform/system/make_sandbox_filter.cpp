@@ -25,6 +25,8 @@ namespace {
 constexpr std::uint32_t kSomeSocket = 0x5a5a0001;
 constexpr std::uint32_t kSomeProcess = 0x5a5a0002;
 
+constexpr std::uint32_t kTree = 2;
+
 struct FilterReleaser {
     void operator()(void* filter) const { seccomp_release(filter); }
 };
@@ -32,7 +34,14 @@ struct FilterReleaser {
 // A filter while it is being put together; remembers whether everything went in.
 class Filter {
 public:
-    Filter() : filter_(seccomp_init(SCMP_ACT_KILL_PROCESS)) {}
+    Filter() : filter_(seccomp_init(SCMP_ACT_KILL_PROCESS))
+    {
+        // The kernel tries each of its hundreds of calls when the filter is loaded, so these are
+        // looked up in a tree.
+        isComplete_ = seccomp_attr_set(filter_.get(), SCMP_FLTATR_CTL_OPTIMIZE, kTree) == 0 &&
+                      seccomp_attr_set(filter_.get(), SCMP_FLTATR_ACT_BADARCH,
+                                       SCMP_ACT_KILL_PROCESS) == 0;
+    }
 
     void allow(std::initializer_list<int> calls)
     {
