@@ -5,12 +5,13 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
-#include <ctime>
 #include <utility>
 
 #include <fcntl.h>
+#include <poll.h>
 #include <spawn.h>
 #include <sys/socket.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -19,8 +20,7 @@ constexpr const char* kProgramName = "pinorama-reader";
 
 // A killed process is gone at once, except one that sleeps in the kernel, on a network share that
 // does not answer for instance. That one is looked after again when the next one ends.
-constexpr int kMostWaits = 500;
-constexpr long kWait = 100'000;  // nanoseconds
+constexpr int kLongestWait = 50;  // milliseconds
 
 // Where libraries and sanitizers are told about, for programs that lie in unusual places.
 constexpr const char* kInherited[] = {"LD_LIBRARY_PATH", "QT_PLUGIN_PATH", "ASAN_OPTIONS",
@@ -32,13 +32,22 @@ std::vector<pid_t>& endedProcesses()
     return processes;
 }
 
-// True when none of the killed processes is left.
-bool collectEnded()
+void collectEnded()
 {
     std::erase_if(endedProcesses(), [](pid_t process) {
         return waitpid(process, nullptr, WNOHANG) != 0;  // gone, or not ours any more
     });
-    return endedProcesses().empty();
+}
+
+// Waits until a process has ended, a while at most.
+void waitForEnd(pid_t process)
+{
+    const platform::DescriptorHolder descriptor(
+        static_cast<int>(syscall(SYS_pidfd_open, process, 0u)));
+    pollfd state = {descriptor.get(), POLLIN, 0};
+    // Without a descriptor of it the time is all there is to wait for.
+    while (poll(&state, descriptor ? 1 : 0, kLongestWait) < 0 && errno == EINTR) {
+    }
 }
 
 std::vector<std::string> readerEnvironment()
@@ -134,10 +143,8 @@ void platform::ReaderProcess::end()
     if (process <= 0) return;
     kill(process, SIGKILL);
     endedProcesses().push_back(process);
-    for (int i = 0; i < kMostWaits && !collectEnded(); i++) {
-        const timespec pause = {0, kWait};
-        nanosleep(&pause, nullptr);
-    }
+    waitForEnd(process);
+    collectEnded();
 }
 
 platform::ReaderProcess platform::startReaderProgram(const std::string& program,
