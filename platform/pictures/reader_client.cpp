@@ -15,12 +15,13 @@ constexpr int kDeathsBeforeAPause = 5;  // without a good answer in between
 constexpr auto kFirstPause = 100ms;     // doubled with every further death
 constexpr auto kLongestPause = 400ms;
 constexpr auto kWhenFull = 10ms;  // before another try to send
-constexpr std::size_t kReadAtOnce = 64 * 1024;
-
 }  // namespace
 
 platform::ReaderClient::ReaderClient(ReaderLauncher launcher, ReaderLimits limits)
-    : launcher_(std::move(launcher)), limits_(limits), chunk_(kReadAtOnce)
+    : launcher_(std::move(launcher)),
+      limits_(limits),
+      // Most answers fill a small part of it, and the rest is never touched.
+      chunk_(std::make_unique_for_overwrite<std::uint8_t[]>(kReadAtOnce))
 {
 }
 
@@ -202,6 +203,7 @@ void platform::ReaderClient::loseReader(bool mayTryAgain)
     taken_ = 0;
     const Clock::time_point now = Clock::now();
     if (!isReady_) {
+        forgetWhatWasSent();
         if (!mayTryAgain || ++failedStarts_ >= kMostFailedStarts) {
             failedStarts_ = 0;
             missingUntil_ = now + limits_.whenMissing;
@@ -226,10 +228,16 @@ void platform::ReaderClient::loseReader(bool mayTryAgain)
         job.deaths++;
         if (!mayTryAgain || job.deaths >= kMostDeaths) dropFront(ReadOutcome::failed);
     }
-    std::erase_if(jobs_, [](const Job& job) { return job.isGivenUp; });
-    for (Job& job : jobs_) job.isSent = false;
+    forgetWhatWasSent();
     // The next picture shall not have to wait for the start.
     if (wasWorking) startProcess();
+}
+
+// Whatever the reader had is sent again, to the next one.
+void platform::ReaderClient::forgetWhatWasSent()
+{
+    std::erase_if(jobs_, [](const Job& job) { return job.isGivenUp; });
+    for (Job& job : jobs_) job.isSent = false;
 }
 
 void platform::ReaderClient::checkTime()

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <span>
 #include <vector>
@@ -96,6 +97,8 @@ public:
 private:
     using Clock = std::chrono::steady_clock;
 
+    static constexpr std::size_t kReadAtOnce = 64 * 1024;
+
     struct Job {
         ReaderTask task;
         std::uint32_t number;
@@ -118,6 +121,8 @@ private:
     void startProcess();
     void sendJobs();
     bool sendBatch(std::size_t first, std::size_t most);
+    void becomeReady();
+    void startClock(Job* job) const;
     bool receive();
     bool takeAnswer();
     bool finishFront(const ReaderAnswerHead& head, ByteView body);
@@ -125,6 +130,7 @@ private:
     void finish(Job& job, ReadOutcome outcome);
     void dropFront(ReadOutcome outcome);
     void loseReader(bool mayTryAgain);
+    void forgetWhatWasSent();
     void declareMissing();
     void checkTime();
     void step();
@@ -143,10 +149,10 @@ private:
     int deathsInRow_ = 0;               // without an answer in between
     int failedStarts_ = 0;
     std::uint32_t nextNumber_ = 1;
-    std::deque<Job> jobs_;             // in the order in which they are answered
-    std::vector<std::uint8_t> chunk_;  // what one read takes in
-    std::vector<std::uint8_t> input_;  // what has come of the next answers
-    std::size_t taken_ = 0;            // bytes of `input_` that are done with
+    std::deque<Job> jobs_;                   // in the order in which they are answered
+    std::unique_ptr<std::uint8_t[]> chunk_;  // what one read takes in
+    std::vector<std::uint8_t> input_;        // what has come of the next answers
+    std::size_t taken_ = 0;                  // bytes of `input_` that are done with
     std::uint32_t previewTicket_ = 0;
     std::uint32_t nextTicket_ = 1;
     std::optional<PreviewResult> preview_;

@@ -17,10 +17,11 @@ PreviewKind kindOf(ReaderTask task)
 }
 }  // namespace
 
+// A reader that is not ready yet finds the requests when it is.
 void platform::ReaderClient::sendJobs()
 {
     std::size_t next = 0;
-    while (isReady_ && next < jobs_.size()) {
+    while (process_ && next < jobs_.size()) {
         if (jobs_[next].isSent) {
             next++;
         } else if (!sendBatch(next, kMostDescriptors)) {
@@ -54,12 +55,10 @@ bool platform::ReaderClient::sendBatch(std::size_t first, std::size_t most)
         return true;
     default: return false;  // when the reader is gone, receiving will find out
     }
-    const Clock::time_point now = Clock::now();
     for (std::size_t i = first; i < first + descriptors.size(); i++) {
         jobs_[i].isSent = true;
         jobs_[i].hasCompany = descriptors.size() > 1;
-        jobs_[i].sent = now;
-        jobs_[i].deadline = now + limitOf(jobs_[i]);
+        startClock(&jobs_[i]);
     }
     return true;
 }
@@ -67,19 +66,19 @@ bool platform::ReaderClient::sendBatch(std::size_t first, std::size_t most)
 // Takes in what has come. True when there may be more.
 bool platform::ReaderClient::receive()
 {
-    const std::ptrdiff_t count = receiveBytes(socket(), chunk_);
+    const std::ptrdiff_t count = receiveBytes(socket(), {chunk_.get(), kReadAtOnce});
     if (count < 0) {
         loseReader(true);
         return false;
     }
-    input_.insert(input_.end(), chunk_.begin(), chunk_.begin() + count);
+    input_.insert(input_.end(), chunk_.get(), chunk_.get() + count);
     while (takeAnswer()) {
     }
     if (taken_ != 0) {
         input_.erase(input_.begin(), input_.begin() + static_cast<std::ptrdiff_t>(taken_));
         taken_ = 0;
     }
-    return count == static_cast<std::ptrdiff_t>(chunk_.size());
+    return count == static_cast<std::ptrdiff_t>(kReadAtOnce);
 }
 
 // Takes the next answer out of what has come. False when it is not complete, or none.
@@ -109,12 +108,27 @@ bool platform::ReaderClient::takeAnswer()
             return false;
         }
     } else {
-        isReady_ = true;
-        failedStarts_ = 0;
-        sendJobs();
+        becomeReady();
     }
     taken_ += length;
     return true;
+}
+
+void platform::ReaderClient::becomeReady()
+{
+    isReady_ = true;
+    failedStarts_ = 0;
+    // The time of what it has been sent already begins now.
+    for (Job& job : jobs_) {
+        if (job.isSent) startClock(&job);
+    }
+    sendJobs();
+}
+
+void platform::ReaderClient::startClock(Job* job) const
+{
+    job->sent = Clock::now();
+    job->deadline = job->sent + limitOf(*job);
 }
 
 // False when the body is not what was asked for.

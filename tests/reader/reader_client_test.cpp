@@ -1,5 +1,6 @@
 #include "platform/pictures/reader_client.h"
 
+#include "platform/pictures/reader_service.h"
 #include "platform/pictures/sandboxed_properties.h"
 #include "tests/reader/reader_fixture.h"
 
@@ -128,6 +129,35 @@ TEST(ReaderClient, aSlowPictureHasTheTimeThatOthersWasteBeforeIt)
     for (const PropertyResult& result : client.readProperties(descriptors)) {
         EXPECT_EQ(result.outcome, ReadOutcome::found);
     }
+}
+
+TEST(ReaderClient, theTimeOfAPictureBeginsWhenTheReaderIsReady)
+{
+    const Pictures pictures;
+    ReaderClient client(
+        [] {
+            return forkReader([](int socket) {
+                usleep(300'000);
+                serveReader(socket, {readPictureProperties, {}});
+            });
+        },
+        {.properties = 200ms});
+    EXPECT_EQ(propertiesOf(client, pictures.good()).outcome, ReadOutcome::found);
+}
+
+TEST(ReaderClient, aPictureThatWasSentToAReaderThatNeverGotReadyIsSentToTheNextOne)
+{
+    const Pictures pictures;
+    int starts = 0;
+    ReaderClient client([&starts] {
+        const bool getsReady = ++starts == 2;
+        return forkReader([getsReady](int socket) {
+            usleep(20'000);  // until the request is there
+            if (getsReady) serveReader(socket, {readPictureProperties, {}});
+        });
+    });
+    EXPECT_EQ(propertiesOf(client, pictures.good()).outcome, ReadOutcome::found);
+    EXPECT_EQ(starts, 2);
 }
 
 TEST(ReaderClient, aPreviewGivesWayToProperties)
