@@ -93,6 +93,7 @@ int reportOnFiles(const Options& options, StringHolder serviceTemplate)
                     .placemarks = !options.kmlPath.empty()},
                    makePropertyReading());
     const bool isMuch = options.recursive || options.files.size() > kFewFiles;
+    if (!isMuch) work.expect(options.files);
     bool isBrokenPipe = false;
     int status = kSuccess;
     {

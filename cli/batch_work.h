@@ -25,7 +25,8 @@ class BatchWork {
 public:
     BatchWork(ReportWishes wishes, PropertyReading reading);
 
-    // As FileReporter::warmUp.
+    // As the functions of FileReporter.
+    void expect(std::span<const std::string> paths) { reporter_.expect(paths); }
     void warmUp() { reporter_.warmUp(); }
 
     // Reads the files; `paths` is as of FileReporter::report.

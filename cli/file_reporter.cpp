@@ -15,6 +15,7 @@
 
 #include <fcntl.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <utility>
@@ -115,6 +116,14 @@ bool showsFields(Output output)
 FileReporter::FileReporter(ReportWishes wishes, PropertyReading reading)
     : wishes_(std::move(wishes)), reading_(std::move(reading))
 {
+}
+
+void FileReporter::expect(std::span<const std::string> paths)
+{
+    const bool isNeeded = std::any_of(paths.begin(), paths.end(), [this](const std::string& path) {
+        return accepted_.accepts(path);
+    });
+    if (isNeeded) reading_.prepare();
 }
 
 void FileReporter::warmUp()

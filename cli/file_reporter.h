@@ -28,6 +28,9 @@ class FileReporter {
 public:
     FileReporter(ReportWishes wishes, PropertyReading reading);
 
+    // Has the reader get ready when one of the files will need it.
+    void expect(std::span<const std::string> paths);
+
     // Makes the formatters that reports need now instead of with the first report, so that
     // processes that are split off have them as well.
     void warmUp();
