@@ -46,16 +46,23 @@ double median(std::vector<double> values)
     return values.empty() ? 0 : values[values.size() / 2];
 }
 
-// The median time of one read over all files and rounds.
-double medianOfEach(const Files& files, int rounds, const std::function<void(int)>& read)
+using Read = std::function<void(int)>;
+
+// The median time of one read over all files and rounds, for each of several ways to read. They
+// take turns at each file, so that what else runs on the machine meets all of them.
+std::vector<double> mediansOfEach(const Files& files, int rounds, const std::vector<Read>& ways)
 {
-    std::vector<double> times;
+    std::vector<std::vector<double>> times(ways.size());
     for (int round = 0; round < rounds; round++) {
         for (const auto& file : files) {
-            times.push_back(microsecondsOf([&] { read(file->descriptor()); }));
+            for (std::size_t way = 0; way < ways.size(); way++) {
+                times[way].push_back(microsecondsOf([&] { ways[way](file->descriptor()); }));
+            }
         }
     }
-    return median(std::move(times));
+    std::vector<double> medians;
+    for (std::vector<double>& ofWay : times) medians.push_back(median(std::move(ofWay)));
+    return medians;
 }
 
 // The median over the rounds of the time that all files take together, for one of them.
@@ -118,7 +125,7 @@ int main(int argc, char** argv)
 
     ReaderClient program([] { return startReaderProgram(programFolder() + "/pinorama-reader"); });
     ReaderClient copy(forkPropertyReader);
-    const auto through = [](ReaderClient& client) {
+    const auto through = [](ReaderClient& client) -> Read {
         return [&client](int descriptor) { (void)client.readProperties(descriptor); };
     };
     const auto inBatches = [](ReaderClient& client) {
@@ -128,19 +135,21 @@ int main(int argc, char** argv)
         program.readProperties(files.front()->descriptor()).outcome != ReadOutcome::noReader;
     const double start = microsecondsOf([] { ReaderClient(forkPropertyReader).start(); });
 
-    const double here = medianOfEach(files, rounds, readHere);
+    std::vector<Read> ways = {readHere, through(copy)};
+    if (hasProgram) ways.push_back(through(program));
+    const std::vector<double> oneByOne = mediansOfEach(files, rounds, ways);
+    const double here = oneByOne[0];
     std::printf("Metadata of %zu files, microseconds per file (median).\n\n", files.size());
     std::printf("| way | time | on top of reading here |\n|---|---|---|\n");
     printLine("read in this process", here, here);
     if (hasProgram) {
-        printLine("pinorama-reader, one by one", medianOfEach(files, rounds, through(program)),
-                  here);
+        printLine("pinorama-reader, one by one", oneByOne[2], here);
         printLine("pinorama-reader, in batches", medianOfAll(files, rounds, inBatches(program)),
                   here);
     } else {
         std::printf("| pinorama-reader | not built | |\n");
     }
-    printLine("forked copy, one by one", medianOfEach(files, rounds, through(copy)), here);
+    printLine("forked copy, one by one", oneByOne[1], here);
     printLine("forked copy, in batches", medianOfAll(files, rounds, inBatches(copy)), here);
     std::printf("\nForking a copy: %.0f microseconds.\n", start);
     return 0;
