@@ -1,0 +1,20 @@
+#!/usr/bin/env bash
+# Says which of the tests that a document names is not there.
+# usage: check_named_tests.sh SOURCE_FOLDER DOCUMENT
+set -u
+cd "$1" || exit 1
+
+missing=0
+count=0
+while IFS=. read -r suite name; do
+    count=$((count + 1))
+    grep -rqE "^TEST(_F)?\($suite, ?($name|\$)" tests --include='*.cpp' &&
+        grep -rqw "$name" tests --include='*.cpp' && continue
+    echo "$2 names $suite.$name, which is no test"
+    missing=1
+done < <(grep -oE '`[A-Za-z]+\.[a-z][A-Za-z0-9]{8,}`' "$2" | tr -d '`' | sort -u)
+[ $count -gt 0 ] || {
+    echo "$2 names no test"
+    missing=1
+}
+exit $missing
