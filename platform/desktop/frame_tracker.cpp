@@ -11,7 +11,7 @@ using namespace std::chrono_literals;
 constexpr auto kAnswerLimit = 2s;        // of one question in the event loop
 constexpr auto kPingLimit = 3s;          // how long a program that hangs is left alone
 constexpr auto kSleepAfter = 2s;         // without anybody who needs the tracker
-constexpr int kLookInterval = 2000;      // milliseconds between two looks at all windows
+constexpr auto kLookInterval = 2s;       // between two looks at all windows
 constexpr int kLookSoon = 150;           // milliseconds after a window came or went
 constexpr auto kWalkAgainAfter = 700ms;  // when a window had no view of files
 constexpr std::size_t kMostPrograms = 256;
@@ -43,7 +43,8 @@ platform::FrameTracker::FrameTracker(KindOfProcess kindOfProcess, QObject* paren
         std::erase_if(programs_,
                       [&](const Program& program) { return program.service == service; });
     });
-    connect(&timer_, &QTimer::timeout, this, &FrameTracker::onTimer);
+    sleep_.setSingleShot(true);
+    connect(&sleep_, &QTimer::timeout, this, &FrameTracker::fallAsleep);
     soon_.setSingleShot(true);
     connect(&soon_, &QTimer::timeout, this, &FrameTracker::startLookingAround);
 }
@@ -52,15 +53,16 @@ platform::FrameTracker::~FrameTracker() = default;
 
 bool platform::FrameTracker::isReady()
 {
-    neededAt_ = Clock::now();
-    if (!timer_.isActive()) timer_.start(kLookInterval);
-    return bus_.isReady();
+    sleep_.start(kSleepAfter);
+    if (!bus_.isReady()) return false;
+    // Windows are looked for along with the questions of somebody else, so that nothing else has to
+    // wake up for it.
+    if (Clock::now() - lookedAt_ >= kLookInterval) startLookingAround();
+    return true;
 }
 
-void platform::FrameTracker::onTimer()
+void platform::FrameTracker::fallAsleep()
 {
-    if (Clock::now() - neededAt_ < kSleepAfter) return startLookingAround();
-    timer_.stop();
     soon_.stop();
     forgetEverything();
     bus_.close();
@@ -91,6 +93,7 @@ void platform::FrameTracker::lookAroundSoon(int milliseconds)
 void platform::FrameTracker::startLookingAround()
 {
     if (look_ || !bus_.isReady()) return;
+    lookedAt_ = Clock::now();
     look_ = std::make_unique<Inquiry>(bus_.bus(), kAnswerLimit);
     look_->begin(lookAround(*look_));
     look_->letRun([this] { look_.reset(); });

@@ -83,7 +83,7 @@ private:
     void ping(const QString& service);
     void onHeard(const QString& service, const QString& path, AccessibilityBus::Event event,
                  bool isOn);
-    void onTimer();
+    void fallAsleep();
     bool isLatestActive() const;
     Program* programOf(const QString& service);
 
@@ -94,8 +94,8 @@ private:
     std::shared_ptr<FrameReader> checkedNext_;
     std::shared_ptr<FrameReader> checked_;
     quint64 activations_ = 0;
-    Clock::time_point neededAt_;
-    QTimer timer_;
+    Clock::time_point lookedAt_;
+    QTimer sleep_;
     QTimer soon_;
     std::unique_ptr<Inquiry> look_;
     std::unique_ptr<Inquiry> walk_;  // of the one window that is found or read in the event loop
