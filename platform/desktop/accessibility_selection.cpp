@@ -39,14 +39,17 @@ platform::Task<std::vector<std::string>> platform::AccessibilitySelection::paths
     Inquiry& inquiry, std::shared_ptr<FrameReader> frame)
 {
     tracker_.checkAlong(frame);
-    if (!frame->isStale(Clock::now()) && !tracker_.hasChecked(frame))
-        co_await frame->check(inquiry);
-    if (frame->isStale(Clock::now())) {
+    if (!frame->isStale() && !tracker_.hasChecked(frame)) co_await frame->check(inquiry);
+    if (frame->isStale()) {
         if (frame->cost() > kLongestReading) {
             tracker_.readInEventLoop(frame);
             co_return std::vector<std::string>();
         }
+        tracker_.dropReading(frame);
         co_await frame->read(inquiry);
+    } else if (frame->isDue(Clock::now())) {
+        // What has just been checked serves until then.
+        tracker_.readInEventLoop(frame);
     }
     std::vector<std::string> paths = frame->paths();
     // A file may vanish between its selection and now.

@@ -45,9 +45,9 @@ void platform::FrameReader::noteSelection(const Accessible& view)
     isStale_ = true;
 }
 
-bool platform::FrameReader::isStale(Clock::time_point now) const
+bool platform::FrameReader::isDue(Clock::time_point now) const
 {
-    return isStale_ || now - readAt_ >= cost_ * kPartOfTheTime;
+    return now - readAt_ >= cost_ * kPartOfTheTime;
 }
 
 platform::Task<platform::Done> platform::FrameReader::findAndRead(Inquiry& inquiry)

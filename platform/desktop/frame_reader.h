@@ -58,10 +58,13 @@ public:
 
     bool isFound() const { return isFound_; }
 
-    // Whether the selection has to be read anew: something changed, or so much time has gone by
-    // that reading again takes no more than a small part of it. A file manager that says nothing
-    // about a change is found out this way, and one whose folder is large is not kept busy.
-    bool isStale(Clock::time_point now) const;
+    // Whether something has changed, so that the selection has to be read anew.
+    bool isStale() const { return isStale_; }
+
+    // Whether so much time has gone by that reading again takes no more than a small part of it. A
+    // change that no file manager's word and no check has told of is found out this way, and one
+    // whose folder is large is not kept busy.
+    bool isDue(Clock::time_point now) const;
 
     // How long the last reading took; a second before the first one, so that it does not hold
     // anybody up.

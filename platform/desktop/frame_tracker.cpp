@@ -72,6 +72,7 @@ void platform::FrameTracker::forgetEverything()
 {
     look_.reset();
     walk_.reset();
+    readInLoop_.reset();
     programs_.clear();
     lastFrame_.reset();
     checkedNext_.reset();
@@ -179,8 +180,7 @@ platform::Task<std::shared_ptr<platform::FrameReader>> platform::FrameTracker::a
         for (const Frame& frame : program.frames) {
             objects.push_back(frame.reader->frame());
             questions.push_back(statesQuestion(frame.reader->frame()));
-            if (frame.reader == checkedNext_ && !checkedNext_->isStale(Clock::now()))
-                checked_ = checkedNext_;
+            if (frame.reader == checkedNext_ && !checkedNext_->isStale()) checked_ = checkedNext_;
         }
     }
     checkedNext_.reset();
@@ -259,8 +259,19 @@ void platform::FrameTracker::readInEventLoop(const std::shared_ptr<FrameReader>&
 {
     if (walk_) return;
     walk_ = std::make_unique<Inquiry>(bus_.bus(), kAnswerLimit);
+    readInLoop_ = frame;
     walk_->begin(frame->read(*walk_));
-    walk_->letRun([this, frame] { walk_.reset(); });
+    walk_->letRun([this, frame] {
+        readInLoop_.reset();
+        walk_.reset();
+    });
+}
+
+void platform::FrameTracker::dropReading(const std::shared_ptr<FrameReader>& frame)
+{
+    if (readInLoop_ != frame) return;
+    readInLoop_.reset();
+    walk_.reset();
 }
 
 void platform::FrameTracker::pause(const QString& service)

@@ -51,6 +51,9 @@ public:
     // Reads a window in the event loop, for as long as it takes.
     void readInEventLoop(const std::shared_ptr<FrameReader>& frame);
 
+    // Drops such a reading where it is, so that somebody else can read the window.
+    void dropReading(const std::shared_ptr<FrameReader>& frame);
+
     // Leaves a program alone that did not answer in time, until it answers a question of no weight
     // that is put to it once in three seconds.
     void pause(const QString& service);
@@ -99,6 +102,7 @@ private:
     QTimer soon_;
     std::unique_ptr<Inquiry> look_;
     std::unique_ptr<Inquiry> walk_;  // of the one window that is found or read in the event loop
+    std::shared_ptr<FrameReader> readInLoop_;  // that window when it is read
 };
 
 }  // namespace platform

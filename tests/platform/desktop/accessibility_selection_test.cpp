@@ -187,6 +187,23 @@ TEST_F(SelectedPaths, askAsLittleInALargeFolder)
               (std::vector<std::string>{"1 GetState", "1 Name", "3099 GetState", "3099 Name"}));
 }
 
+// Nobody waits for a reading that nothing has called for.
+TEST_F(SelectedPaths, areReadAgainFromTimeToTimeInTheEventLoop)
+{
+    follow(Kind::selection, "nemo", 12);
+    manager_->select({3});
+    ASSERT_TRUE(hears({picture(3)}));
+    const std::string reading = "4 GetSelectedChild";
+    std::vector<std::string> inBetween;
+    EXPECT_TRUE(waitFor([&] {
+        for (std::string& question : takeQuestions()) inBetween.push_back(std::move(question));
+        EXPECT_EQ(source_->selectedPaths(), Paths{picture(3)});
+        const std::vector<std::string> waitedFor = takeQuestions();
+        EXPECT_EQ(std::count(waitedFor.begin(), waitedFor.end(), reading), 0);
+        return std::count(inBetween.begin(), inBetween.end(), reading) > 0;
+    }));
+}
+
 TEST_F(SelectedPaths, costNothingForWhatAProgramSaysInBetween)
 {
     follow(Kind::selection, "nemo", 12);
@@ -198,7 +215,8 @@ TEST_F(SelectedPaths, costNothingForWhatAProgramSaysInBetween)
     for (int i = 0; i < 500; i++)
         manager_->tell(kFirstItem + i % 12, "StateChanged", "selected", 0);
     ASSERT_TRUE(waitFor([&] { return heard == 500; }));
-    EXPECT_EQ(takeQuestions(), std::vector<std::string>());
+    // A reading of the kind that comes from time to time may have fallen in between.
+    EXPECT_LT(takeQuestions().size(), 20U);
     EXPECT_TRUE(hears({picture(3)}));
 }
 
