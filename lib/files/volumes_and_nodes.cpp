@@ -1,9 +1,9 @@
 #include "lib/files/volumes_and_nodes.h"
 
 #include "lib/base/status.h"
-#include "lib/files/file_facts.h"
 #include "lib/files/file_reference.h"
 #include "lib/files/fork_io.h"
+#include "lib/files/item_facts.h"
 #include "lib/files/trash.h"
 #include "platform/files/item_path.h"
 #include "platform/files/mounts.h"

@@ -1,4 +1,4 @@
-#include "lib/files/file_facts.h"
+#include "lib/files/item_facts.h"
 
 #include "lib/base/status.h"
 #include "platform/files/descriptor.h"
