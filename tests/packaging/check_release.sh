@@ -1,0 +1,99 @@
+#!/usr/bin/env bash
+# Proves that scripts/release notices every disagreement that it is there to notice: in a copy of the
+# files that name the version, one of them is changed at a time.
+# usage: check_release.sh FOLDER
+set -euo pipefail
+tree=$1
+
+copy=$(mktemp -d)
+trap 'rm -rf "$copy"' EXIT
+metainfo=packaging/org.pinorama.Pinorama.metainfo.xml.in
+(cd "$tree" && cp --parents CMakeLists.txt CHANGELOG.md packaging/changelog.Debian $metainfo \
+    scripts/release "$copy")
+cd "$copy"
+export GIT_CONFIG_GLOBAL=/dev/null GIT_CONFIG_SYSTEM=/dev/null
+record() {
+    git add -A
+    git -c user.name=Tests -c user.email=tests@pinorama.example commit -q --allow-empty -m "$1"
+}
+git init -q
+# As on the day of a release, whatever state the tree is in.
+day=$(date -u -d "$(sed -n '1,/^ -- /s/^ -- .*>  //p' packaging/changelog.Debian)" +%F)
+sed -i "0,/^## /s/^\(## [^ ]*\) .*/\1 ($day)/" CHANGELOG.md
+record "As on the day of a release"
+
+failures=0
+count=0
+# accepts NAME [--draft], complains NAME COMPLAINT [--draft]: what scripts/release says to the copy as
+# it is, which is then restored.
+accepts() {
+    local name=$1 answer
+    count=$((count + 1))
+    answer=$(scripts/release "${@:2}" 2>&1) || {
+        printf '%s: should be accepted:\n%s\n' "$name" "$answer"
+        failures=$((failures + 1))
+    }
+    restore
+}
+complains() {
+    local name=$1 complaint=$2 status=0 answer
+    count=$((count + 1))
+    answer=$(scripts/release "${@:3}" 2>&1) || status=$?
+    if [ $status -ne 1 ] || [ "$(grep -c 'but it should be' <<<"$answer")" -ne 1 ] ||
+        ! grep -q "^$complaint .*but it should be" <<<"$answer"; then
+        printf '%s: status %d, should be 1 with one complaint, of "%s":\n%s\n' \
+            "$name" $status "$complaint" "$answer"
+        failures=$((failures + 1))
+    fi
+    restore
+}
+restore() {
+    git checkout -q .
+    git clean -qfd
+}
+
+accepts "all agree"
+accepts "all agree, draft" --draft
+
+sed -i '1s/([^)]*)/(9.8.7-1)/' packaging/changelog.Debian
+complains "another version in the Debian changelog" packaging/changelog.Debian --draft
+
+sed -i '0,/^## /s/^## [^ ]*/## 9.8.7/' CHANGELOG.md
+complains "another version in CHANGELOG.md" CHANGELOG.md --draft
+
+sed -i '0,/<release /s/@PROJECT_VERSION@/9.8.7/' $metainfo
+complains "another version in the metainfo" "metainfo, first release" --draft
+
+version=$(sed -n 's/^ *VERSION \([0-9.]*\)$/\1/p' CMakeLists.txt)
+sed -i "s/^ *<releases>/&<release version=\"@PROJECT_VERSION@\" date=\"$day\"\/>\n/; \
+    s/^\( *<release version=\"\)@PROJECT_VERSION@/\1$version/" $metainfo
+complains "this version twice in the metainfo" "metainfo, earlier releases" --draft
+
+sed -i '0,/<release /s/date="[^"]*"/date="1999-12-31"/' $metainfo
+complains "another date in the metainfo" "metainfo, date" --draft
+
+sed -i '0,/^## /s/^\(## [^ ]*\) .*/\1 (not released yet)/' CHANGELOG.md
+accepts "a draft without a date" --draft
+sed -i '0,/^## /s/^\(## [^ ]*\) .*/\1 (not released yet)/' CHANGELOG.md
+record "no date yet"
+complains "a release without a date" "CHANGELOG.md, date"
+git reset -q --hard HEAD~1
+
+sed -i '1s/.*/# Another heading/' CHANGELOG.md
+complains "a change that is not committed" "changes that are not committed"
+
+touch stray
+complains "a file that is not committed" "changes that are not committed"
+
+git tag "v$version"
+complains "a tag that exists" "tags of this version"
+git tag -d "v$version" >/dev/null
+
+sed -i 's/^\( *VERSION \)[0-9.]*$/\19.8/' CMakeLists.txt
+scripts/release --draft >/dev/null 2>&1 && {
+    echo "A version of two numbers should not be accepted."
+    failures=$((failures + 1))
+}
+
+printf '%d cases, %d failures\n' $count $failures
+[ $failures -eq 0 ]
