@@ -71,8 +71,8 @@ void translatePlaceholder(QWidget* view)
 bool isPictureLabel(const QWidget* view)
 {
     const auto* label = qobject_cast<const QLabel*>(view);
-    return label != nullptr && (!label->pixmap(Qt::ReturnByValue).isNull() ||
-                                !label->picture(Qt::ReturnByValue).isNull() || label->movie());
+    return label != nullptr &&
+           (!label->pixmap().isNull() || !label->picture().isNull() || label->movie());
 }
 
 void translateOwnTexts(QWidget* view)
