@@ -17,6 +17,7 @@
 #include <QPixmap>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTextEdit>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -136,6 +137,7 @@ TEST_F(translateOneView, translatesEachKindOfView)
     auto* tool = add<QToolButton>();
     tool->setText(QStringLiteral("##1"));
     auto* plain = add<QPlainTextEdit>(QStringLiteral("##5"));
+    auto* rich = add<QTextEdit>(QStringLiteral("##5"));
     auto* fixed = add<QLabel>(QStringLiteral("Fixed"));
     auto* shortLabel = add<QLabel>(QStringLiteral("##"));
     auto* noNumber = add<QLabel>(QStringLiteral("##abc"));
@@ -144,6 +146,7 @@ TEST_F(translateOneView, translatesEachKindOfView)
     EXPECT_EQ(button->text(), QLatin1String("twelve"));
     EXPECT_EQ(tool->text(), QLatin1String("one"));
     EXPECT_EQ(plain->toPlainText(), QLatin1String("five"));
+    EXPECT_EQ(rich->toPlainText(), QLatin1String("five"));
     EXPECT_EQ(fixed->text(), QLatin1String("Fixed"));
     EXPECT_EQ(shortLabel->text(), QLatin1String("##"));
     EXPECT_EQ(noNumber->text(), QLatin1String("##abc"));
@@ -155,11 +158,15 @@ TEST_F(translateOneView, aFieldHasItsPlaceholderAndItsTextReplaced)
     line->setPlaceholderText(QStringLiteral("##4"));
     auto* plain = add<QPlainTextEdit>();
     plain->setPlaceholderText(QStringLiteral("##5"));
+    auto* rich = add<QTextEdit>();
+    rich->setPlaceholderText(QStringLiteral("##1"));
     translate();
     EXPECT_EQ(line->text(), key(1001, 3));
     EXPECT_EQ(line->placeholderText(), key(1100, 4));
     EXPECT_EQ(plain->placeholderText(), QLatin1String("five"));
     EXPECT_EQ(plain->toPlainText(), QString());
+    EXPECT_EQ(rich->placeholderText(), QLatin1String("one"));
+    EXPECT_EQ(rich->toPlainText(), QString());
 }
 
 TEST_F(translateOneView, aPopUpHasItsItemsTranslated)

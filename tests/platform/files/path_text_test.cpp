@@ -29,6 +29,9 @@ TEST(createPathText, bytesThatAreNoUTF8TravelAsLoneUnits)
         {"overlong slash", "\xc0\xaf", u"\xdcc0\xdcaf"},
         {"encoded surrogate", "\xed\xa0\x80", u"\xdced\xdca0\xdc80"},
         {"bad byte between good characters", "\xc3\xa4\xff\xc3\xb6", u"\u00e4\xdcff\u00f6"},
+        // The second half of this character, U+DCF7, would stand for a byte if it stood alone.
+        {"bad byte behind a character with such a half", "\xf0\x9f\x93\xb7\xff",
+         u"\U0001f4f7\xdcff"},
         {"empty", "", u""},
     };
     for (const auto& row : rows) {
