@@ -2,7 +2,6 @@
 
 #include "globe/kml_document.h"
 #include "lib/strings/string_holder.h"
-#include "lib/strings/tov_bytes.h"
 #include "lib/strings/tov_file.h"
 #include "lib/strings/tov_search.h"
 #include "platform/text/utf8.h"

@@ -2,7 +2,6 @@
 
 #include "lib/strings/string_holder.h"
 #include "lib/strings/tov_search.h"
-#include "lib/strings/tov_string.h"
 #include "location/file_name.h"
 #include "platform/objects/shared_text.h"
 

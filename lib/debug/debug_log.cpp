@@ -143,7 +143,7 @@ std::int16_t debugAssertFailed(std::int16_t code, const char* text, std::int32_t
     debugWriteDateTime(entry.fork());
     debugWriteCString(entry.fork(), text);
     char numbers[32];
-    std::snprintf(numbers, sizeof numbers, "\t%" PRId32 "\t%d\n", number, int{code});
+    (void)std::snprintf(numbers, sizeof numbers, "\t%" PRId32 "\t%d\n", number, int{code});
     debugWriteCString(entry.fork(), numbers);
     return 0;
 }

@@ -46,13 +46,13 @@ void writeBanner(ForkRef refNum)
     const platform::MachineFacts facts = platform::machineFacts();
     writeText(refNum, "Skallion " PINORAMA_PROCESSOR " code running\n");
     char line[64];
-    std::snprintf(line, sizeof line, "Mac OS X  %" PRId32 ".%" PRId32 ".%" PRId32 "\n",
-                  facts.systemMajor, facts.systemMinor, facts.systemFix);
+    (void)std::snprintf(line, sizeof line, "Mac OS X  %" PRId32 ".%" PRId32 ".%" PRId32 "\n",
+                        facts.systemMajor, facts.systemMinor, facts.systemFix);
     writeText(refNum, line);
-    std::snprintf(line, sizeof line, "RAM:   %" PRId32 "  MB\n", facts.memory);
+    (void)std::snprintf(line, sizeof line, "RAM:   %" PRId32 "  MB\n", facts.memory);
     writeText(refNum, line);
-    std::snprintf(line, sizeof line, "%" PRId32 " CPUs with %" PRId32 " MHz\n", facts.processors,
-                  facts.clock);
+    (void)std::snprintf(line, sizeof line, "%" PRId32 " CPUs with %" PRId32 " MHz\n",
+                        facts.processors, facts.clock);
     writeText(refNum, line);
     writeText(refNum, "\n\n");
 }

@@ -31,7 +31,7 @@ std::int32_t lastStatus()
 // The path that a specification names, of an item that need not exist. Empty with errno set.
 std::string pathOf(const FSSpec* spec)
 {
-    const std::string folder = platform::pathOfNode({spec->volume, spec->parentNode});
+    std::string folder = platform::pathOfNode({spec->volume, spec->parentNode});
     const std::size_t length = std::min<std::size_t>(spec->name[0], kLongestName);
     if (folder.empty() || length == 0) return folder;
     const ObjectHolder<TovStringRef> name(platform::createStringFromMacRoman(

@@ -124,8 +124,7 @@ FormattedNumber formatInteger(const FormatDirective& directive, std::int64_t val
     if (directive.showsForm && base == 16 && magnitude != 0) {
         result.sign = directive.conversion == u'X' ? "0X" : "0x";
     }
-    if (directive.showsForm && base == 8 && result.zeros == 0 &&
-        result.digits.substr(0, 1) != "0") {
+    if (directive.showsForm && base == 8 && result.zeros == 0 && !result.digits.starts_with('0')) {
         result.zeros = 1;
     }
     result.canFillWithZeros = !directive.precision.has_value();
@@ -136,12 +135,10 @@ FormattedNumber formatDouble(const FormatDirective& directive, double value, For
 {
     FormattedNumber result;
     result.sign = signFor(directive, std::signbit(value));
-    char* last = buffer.digits;
-    if (std::isfinite(value)) {
-        last = printDigits(directive, buffer.digits, std::end(buffer.digits), std::fabs(value));
-    } else {
-        last = std::copy_n(std::isnan(value) ? "nan" : "inf", 3, buffer.digits);
-    }
+    char* const last =
+        std::isfinite(value)
+            ? printDigits(directive, buffer.digits, std::end(buffer.digits), std::fabs(value))
+            : std::copy_n(std::isnan(value) ? "nan" : "inf", 3, buffer.digits);
     const bool isUpperCase = directive.conversion < u'a';
     if (isUpperCase) makeUpperCase(buffer.digits, last);
     result.digits = {buffer.digits, static_cast<std::size_t>(last - buffer.digits)};

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace {
 using platform::Case;
@@ -52,8 +53,7 @@ bool endsWith(std::u16string_view text, std::u16string_view suffix, Case letterC
     // Only the first occurrence is looked at, so "abcabc" does not end with "abc". Intended; pinned
     // by TovStringEndsWith.looksAtTheFirstOccurrenceOnly.
     const platform::FoundRange found = platform::findText(text, suffix, 0, letterCase);
-    return found.location >= 0 &&
-           static_cast<std::size_t>(found.location + found.length) == text.size();
+    return found.location >= 0 && std::cmp_equal(found.location + found.length, text.size());
 }
 
 // The index of the last full stop, or -1; index 0 is not looked at.

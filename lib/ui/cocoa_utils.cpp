@@ -40,7 +40,7 @@ bool hasDisplay()
 }
 
 // "/folder/name/" -> "/folder/name"
-std::filesystem::path withoutTrailingSlash(std::filesystem::path path)
+std::filesystem::path withoutTrailingSlash(const std::filesystem::path& path)
 {
     return path.has_filename() ? path : path.parent_path();
 }

@@ -51,7 +51,7 @@ ReaderEvents::~ReaderEvents()
 
 void ReaderEvents::rearm()
 {
-    platform::ReaderClient& reader = cuPictureReader();
+    const platform::ReaderClient& reader = cuPictureReader();
     const int socket = reader.socket();
     if (notifier_ && notifier_->socket() != socket) {
         // It may be the one that is calling.

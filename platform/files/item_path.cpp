@@ -1,10 +1,10 @@
 #include "platform/files/item_path.h"
 
 #include <cerrno>
+#include <climits>
 #include <cstdlib>
 #include <memory>
 
-#include <limits.h>
 #include <sys/stat.h>
 #include <unistd.h>
 

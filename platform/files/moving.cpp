@@ -6,7 +6,6 @@
 #include <cstdio>
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 bool platform::moveWithoutReplacing(const std::string& from, const std::string& to)

@@ -7,7 +7,6 @@
 #include "platform/files/moving.h"
 #include "platform/files/user_folders.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <ctime>
 
@@ -83,7 +82,7 @@ std::string informationText(const Trash& trash, std::string_view path)
     const std::time_t now = std::time(nullptr);
     std::tm local = {};
     localtime_r(&now, &local);
-    std::strftime(date, sizeof date, "%Y-%m-%dT%H:%M:%S", &local);
+    (void)std::strftime(date, sizeof date, "%Y-%m-%dT%H:%M:%S", &local);
     return "[Trash Info]\nPath=" + platform::escapedPath(path) + "\nDeletionDate=" + date + "\n";
 }
 

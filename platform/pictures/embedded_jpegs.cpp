@@ -52,7 +52,7 @@ public:
     }
 
 private:
-    bool mayGoOn() { return directoryCount_ < kMostDirectories; }
+    bool mayGoOn() const { return directoryCount_ < kMostDirectories; }
 
     // Returns the offset of the directory that is chained to this one, 0 for none.
     std::uint64_t readDirectory(std::uint64_t offset, bool isFirst, bool mayHaveSubdirectories)

@@ -219,7 +219,7 @@ void convertInks(const std::vector<JSAMPLE>& inks, bool isInverted,
 }
 
 // Decodes the next row and gives it to the scaler.
-bool decodeRow(Decoding* decoding)
+bool decodeRow(Decoding* decoding, platform::RowScaler* scaler)
 {
     jpeg_decompress_struct* info = &decoding->info;
     const bool hasInks = info->out_color_space == JCS_CMYK;
@@ -227,14 +227,14 @@ bool decodeRow(Decoding* decoding)
         hasInks ? decoding->inks.data() : reinterpret_cast<JSAMPROW>(decoding->pixels.data());
     if (jpeg_read_scanlines(info, &row, 1) != 1) return false;
     if (hasInks) convertInks(decoding->inks, info->saw_Adobe_marker != 0, &decoding->pixels);
-    decoding->scaler->addRow(decoding->pixels.data());
+    scaler->addRow(decoding->pixels.data());
     return true;
 }
 
-void decodeRows(Decoding* decoding)
+void decodeRows(Decoding* decoding, platform::RowScaler* scaler)
 {
     const jpeg_decompress_struct& info = decoding->info;
-    while (decoding->scaler->rowsMissing() > 0 && decodeRow(decoding)) {
+    while (scaler->rowsMissing() > 0 && decodeRow(decoding, scaler)) {
         // The decoder would make up every row that is missing.
         if (decoding->errors.isCutOff && !info.buffered_image) return;
     }
@@ -259,8 +259,7 @@ std::optional<platform::PixelImage> platform::decodeJpeg(const ByteBlock& jpeg, 
         if (decoding.info.out_color_space == JCS_CMYK) {
             decoding.inks.resize(std::size_t{4} * output.width);
         }
-        decoding.scaler.emplace(output, decoding.wanted);
-        decodeRows(&decoding);
+        decodeRows(&decoding, &decoding.scaler.emplace(output, decoding.wanted));
     }
     // A stream that broke off inside its picture shows what there was of it.
     if (!decoding.scaler || decoding.errors.isCutAtTheTop) return std::nullopt;

@@ -3,7 +3,6 @@
 #include "platform/pictures/byte_order.h"
 #include "platform/pictures/tiff_directory.h"
 
-#include <algorithm>
 #include <optional>
 
 namespace {

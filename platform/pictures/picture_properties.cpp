@@ -9,7 +9,6 @@
 #include "platform/pictures/raf.h"
 #include "platform/pictures/tiff_directory.h"
 
-#include <algorithm>
 #include <vector>
 
 namespace {

@@ -127,7 +127,7 @@ private:
     bool takeAnswer();
     bool finishFront(const ReaderAnswerHead& head, ByteView body);
     void resendFrontLater();
-    void finish(Job& job, ReadOutcome outcome);
+    void finish(const Job& job, ReadOutcome outcome);
     void dropFront(ReadOutcome outcome);
     void loseReader(bool mayTryAgain);
     void forgetWhatWasSent();

@@ -2,7 +2,6 @@
 
 #include "platform/pictures/reader_socket.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace {
@@ -134,7 +133,7 @@ void platform::ReaderClient::startClock(Job* job) const
 // False when the body is not what was asked for.
 bool platform::ReaderClient::finishFront(const ReaderAnswerHead& head, ByteView body)
 {
-    Job& job = jobs_.front();
+    const Job& job = jobs_.front();
     if (head.outcome == ReaderOutcome::interrupted) {
         if (job.interruptions >= kMostInterruptions) return false;
         resendFrontLater();
@@ -165,7 +164,7 @@ void platform::ReaderClient::resendFrontLater()
     jobs_.push_back(job);
 }
 
-void platform::ReaderClient::finish(Job& job, ReadOutcome outcome)
+void platform::ReaderClient::finish(const Job& job, ReadOutcome outcome)
 {
     if (job.propertyResult != nullptr) {
         job.propertyResult->outcome = outcome;

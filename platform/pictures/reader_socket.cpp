@@ -7,7 +7,6 @@
 
 #include <poll.h>
 #include <sys/socket.h>
-#include <sys/uio.h>
 
 namespace {
 constexpr std::size_t kControlSize = CMSG_SPACE(sizeof(int) * platform::kMostDescriptors);

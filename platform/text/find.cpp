@@ -193,7 +193,7 @@ private:
         const std::size_t end = endOfSegment(text, at);
         const ComparableForm form(text.substr(at, end - at), letterCase_);
         const std::u16string_view segment = form.units();
-        if (!form.isUsable() || rest.substr(0, segment.size()) != segment) return 0;
+        if (!form.isUsable() || !rest.starts_with(segment)) return 0;
         at = end;
         return segment.size();
     }
@@ -275,7 +275,7 @@ std::int32_t platform::matchAtBeginning(std::u16string_view text, std::u16string
 {
     if (wanted.empty()) return -1;
     if (isFoundByItsUnits(wanted, letterCase)) {
-        const bool begins = text.substr(0, wanted.size()) == wanted;
+        const bool begins = text.starts_with(wanted);
         return begins && isEndOfSegment(text, wanted.size())
                    ? static_cast<std::int32_t>(wanted.size())
                    : -1;
