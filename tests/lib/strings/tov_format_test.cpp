@@ -171,6 +171,7 @@ TEST(tovFormat, alignsAndPads)
         {"plus", u"%+i", {42}, "+42"},
         {"blank", u"% i", {42}, " 42"},
         {"form", u"%#x", {255}, "0xff"},
+        {"no groups, whatever the locale says", u"%'i", {1234567}, "1234567"},
         {"fewest digits", u"%.3i", {7}, "007"},
         {"text", u"%6@|", {word.get()}, "  word|"},
         {"text left", u"%-6@|", {word.get()}, "word  |"},
