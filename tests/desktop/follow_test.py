@@ -322,15 +322,17 @@ def scrolledOutOfView(follow):
     for number in range(MANY):
         with open(os.path.join(many, b"%03d.jpg" % number), "wb") as file:
             file.write(b"x")
-    follow.kill()
+    follow.settle()
     try:
-        window = follow.open(many)
+        follow.selectNamed(follow.window, many, b"", len(NAMES) + 2)
+        follow.desktop.keys("Return")
+        time.sleep(1)
         follow.settle()
         follow.desktop.keys("Home", follow.step, "Home", follow.step)
         follow.settle()
         path = follow.expectOne()
-        width, height = follow.desktop.sizeOf(window)
-        follow.desktop.xdotool("mousemove", "--window", window, width // 2, height // 2,
+        width, height = follow.desktop.sizeOf(follow.window)
+        follow.desktop.xdotool("mousemove", "--window", follow.window, width // 2, height // 2,
                                "click", "--repeat", 60, "--delay", 15, 5)
         follow.settle()
         time.sleep(1)
