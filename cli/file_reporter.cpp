@@ -124,6 +124,7 @@ void FileReporter::expect(std::span<const std::string> paths)
         return accepted_.accepts(path);
     });
     if (isNeeded) reading_.prepare();
+    isOnlyFile_ = paths.size() == 1;
 }
 
 void FileReporter::warmUp()
@@ -151,6 +152,8 @@ std::vector<FileReport> FileReporter::report(std::span<const std::string> paths)
 
     std::vector<platform::PropertyResult> answers;
     if (!descriptors.empty()) answers = reading_.read(descriptors);
+    // The reader ends while its answer is written down.
+    if (isOnlyFile_) reading_.finish();
     std::size_t next = 0;
     for (std::size_t i = 0; i < paths.size(); i++) {
         fileInfoRecord record{};

@@ -28,7 +28,7 @@ class FileReporter {
 public:
     FileReporter(ReportWishes wishes, PropertyReading reading);
 
-    // Has the reader get ready when one of the files will need it.
+    // Has the reader get ready when one of the files will need it. They are all that will be read.
     void expect(std::span<const std::string> paths);
 
     // Makes the formatters that reports need now instead of with the first report, so that
@@ -66,6 +66,7 @@ private:
     ReportWishes wishes_;
     PropertyReading reading_;
     AcceptedNames accepted_;
+    bool isOnlyFile_ = false;
     // Files that came to a folder together have the same dates.
     DateText modified_{};
     DateText created_{};

@@ -15,5 +15,6 @@ PropertyReading makePropertyReading()
             [client](std::span<const int> descriptors) {
                 return client->readProperties(descriptors);
             },
+        .finish = [client] { client->dismiss(); },
     };
 }

@@ -16,6 +16,9 @@ struct PropertyReading {
     // Reads the pictures that are open under the descriptors, which stay the caller's: a result for
     // each, in their order.
     std::function<std::vector<platform::PropertyResult>(std::span<const int> descriptors)> read;
+
+    // Says that no picture follows.
+    std::function<void()> finish;
 };
 
 // Reading by locked-in copies of this process, one at a time, the first of which starts with the

@@ -56,6 +56,9 @@ public:
     // comes.
     void start();
 
+    // Tells the reader that nothing more will be asked, so that it ends while the caller goes on.
+    void dismiss() { process_.dismiss(); }
+
     // Ends the reader. The next request starts another one, also when there was none to be had.
     void stop();
 

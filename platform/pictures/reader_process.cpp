@@ -137,6 +137,11 @@ platform::ReaderProcess& platform::ReaderProcess::operator=(ReaderProcess&& othe
     return *this;
 }
 
+void platform::ReaderProcess::dismiss() const
+{
+    if (socket_) (void)shutdown(socket_.get(), SHUT_WR);
+}
+
 void platform::ReaderProcess::end()
 {
     socket_ = DescriptorHolder();

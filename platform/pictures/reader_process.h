@@ -26,6 +26,9 @@ public:
     pid_t id() const { return process_; }
     int socket() const { return socket_.get(); }
 
+    // Tells the process that no request follows, so that it can end by itself meanwhile.
+    void dismiss() const;
+
     // Kills the process and waits until it is gone, 50 milliseconds at most.
     void end();
 

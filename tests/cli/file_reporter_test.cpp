@@ -43,7 +43,8 @@ PropertyReading makeFaultyReading()
             .read =
                 [client](std::span<const int> descriptors) {
                     return client->readProperties(descriptors);
-                }};
+                },
+            .finish = [client] { client->dismiss(); }};
 }
 
 // Reads nothing and counts.
@@ -56,7 +57,8 @@ PropertyReading makeReading(platform::ReadOutcome outcome, int* asked)
                     std::vector<platform::PropertyResult> results(descriptors.size());
                     for (auto& result : results) result.outcome = outcome;
                     return results;
-                }};
+                },
+            .finish = [] {}};
 }
 }  // namespace
 
@@ -104,6 +106,35 @@ TEST(FileReporter, asksForPicturesOnly)
     EXPECT_EQ(reports[2].error, "No such file or directory");
     EXPECT_EQ(reports[3].size, std::nullopt);
     EXPECT_EQ(reporter.report(Texts{}).size(), 0u);
+}
+
+TEST(FileReporter, startsTheReaderForPicturesAndSaysWhenTheOnlyOneIsRead)
+{
+    const test::TemporaryFolder folder;
+    const std::string picture = folder.write("a.jpg", "a");
+    const std::string text = folder.write("a.txt", "a");
+    const struct {
+        Texts paths;
+        int prepared;  // before anything is read
+        int finished;
+    } rows[] = {{{picture}, 1, 1}, {{text, picture}, 1, 0}, {{text}, 0, 1}, {{}, 0, 0}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.paths.size());
+        int asked = 0;
+        int prepared = 0;
+        int finished = 0;
+        PropertyReading reading = makeReading(platform::ReadOutcome::nothing, &asked);
+        reading.prepare = [&prepared] { prepared++; };
+        reading.finish = [&] {
+            finished++;
+            EXPECT_EQ(asked, prepared > 0 ? 1 : 0);
+        };
+        FileReporter reporter({}, reading);
+        reporter.expect(row.paths);
+        EXPECT_EQ(prepared, row.prepared);
+        EXPECT_EQ(reporter.report(row.paths).size(), row.paths.size());
+        EXPECT_EQ(finished, row.finished);
+    }
 }
 
 TEST(FileReporter, saysThatThereIsNoReader)
