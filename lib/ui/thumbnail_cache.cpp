@@ -1,6 +1,7 @@
 #include "lib/ui/thumbnail_cache.h"
 
-#include <QBuffer>
+#include "lib/ui/png_writer.h"
+
 #include <QCryptographicHash>
 #include <QImage>
 
@@ -86,17 +87,12 @@ bool makeFolders(const std::string& folder)
     return true;
 }
 
-QByteArray pngOf(QImage image, const ThumbnailLabel& label, std::uint64_t fileSize)
+QByteArray pngOf(const QImage& image, const ThumbnailLabel& label, std::uint64_t fileSize)
 {
-    image.setText(QStringLiteral("Thumb::URI"), QString::fromStdString(label.uri));
-    image.setText(QStringLiteral("Thumb::MTime"), QString::number(label.mtime));
-    image.setText(QStringLiteral("Thumb::Size"), QString::number(fileSize));
-    image.setText(QStringLiteral("Software"), QStringLiteral("Pinorama"));
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    if (!image.save(&buffer, "PNG")) return {};
-    return bytes;
+    return cuMakePNG(image, {{"Thumb::URI", label.uri},
+                             {"Thumb::MTime", std::to_string(label.mtime)},
+                             {"Thumb::Size", std::to_string(fileSize)},
+                             {"Software", "Pinorama"}});
 }
 
 bool writeAll(int descriptor, const QByteArray& bytes)

@@ -7,6 +7,7 @@ target_sources(pinorama_ui PRIVATE
     file_icon.cpp
     image_conversion.cpp
     picture_reader.cpp
+    png_writer.cpp
     preview.cpp
     preview_loader.cpp
     preview_plan.cpp

@@ -1,16 +1,20 @@
 #include "app/menu_bar.h"
 
 #include "app/main_window.h"
+#include "lib/ui/png_writer.h"
 #include "tests/support/environment.h"
 #include "tests/support/toolkit.h"
 
 #include <QApplication>
+#include <QImage>
 #include <QStyle>
 #include <QToolButton>
 
 #include <gtest/gtest.h>
 
 namespace {
+const auto* const toolkit = testing::AddGlobalTestEnvironment(new test::Toolkit);
+
 QToolButton* hidingPlaceOf(const QMenuBar& bar)
 {
     return bar.findChild<QToolButton*>(QStringLiteral("qt_menubar_ext_button"));
@@ -22,12 +26,13 @@ bool hasPicturePlugins()
 }
 }  // namespace
 
-TEST(MenuBar, theWindowComesWithoutPicturePlugins)
+TEST(MenuBar, theWindowAndItsThumbnailsNeedNoPicturePlugins)
 {
     ASSERT_FALSE(hasPicturePlugins());
     const std::unique_ptr<MainWindow> window = MainWindow::showAhead();
     window->furnish();
     for (int turn = 0; turn < 10; ++turn) QCoreApplication::processEvents();
+    EXPECT_FALSE(cuMakePNG(QImage(128, 128, QImage::Format_RGB32), {}).isEmpty());
     EXPECT_FALSE(hasPicturePlugins());
     const QMenuBar usual;
     EXPECT_TRUE(hasPicturePlugins()) << "nothing needs to be avoided any more";
