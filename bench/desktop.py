@@ -65,8 +65,7 @@ class Desktop:
         begin = time.monotonic()
         process = self.start(command)
         while time.monotonic() - begin < PATIENCE:
-            line = self._line(begin + PATIENCE - time.monotonic())
-            if b"0x" in line:
+            if b"0x" in self._line(begin + PATIENCE - time.monotonic()):
                 return process, time.monotonic() - begin
             if process.poll() is not None:
                 break
@@ -91,9 +90,9 @@ class Desktop:
             self.environment["DISPLAY"] = ":" + answer.readline().strip()
 
     def _startBus(self):
-        bus = self.start(["dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address"],
-                         stdout=subprocess.PIPE)
-        self.environment["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().decode().strip()
+        self.bus = self.start(["dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address"],
+                              stdout=subprocess.PIPE)
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = self.bus.stdout.readline().decode().strip()
 
     def _waitForManager(self):
         """A window manager that has started keeps a list, empty at first."""
@@ -110,10 +109,11 @@ class Desktop:
         raise Missing("openbox")
 
     def _line(self, seconds):
-        """The next change of the list of windows; empty when none came."""
+        """The list of windows after its next change; empty when none came."""
         if not select.select([self.windows.stdout], [], [], max(seconds, 0))[0]:
             return b""
-        return self.windows.stdout.read() or b""
+        lines = (self.windows.stdout.read() or b"").splitlines()
+        return lines[-1] if lines else b""
 
     def _drain(self):
         while self._line(0):
@@ -139,6 +139,14 @@ def memory(process, key="Pss"):
             if line.startswith(key + ":"):
                 return int(line.split()[1]) * 1024
     raise RuntimeError(key)
+
+
+def family(process):
+    """A process and all that it has started."""
+    found = [process]
+    for child in children(process):
+        found += family(child)
+    return found
 
 
 def children(process):
