@@ -91,7 +91,7 @@ std::string bench::largeJpeg(bool withThumbnail)
     return jpeg.insert(2, exifSegment(tiff));
 }
 
-bool bench::decodeReduced(const std::string& jpeg, unsigned side)
+std::uint64_t bench::decodeReduced(const std::string& jpeg, unsigned side)
 {
     jpeg_decompress_struct info = {};
     Errors errors = {};
@@ -101,7 +101,7 @@ bool bench::decodeReduced(const std::string& jpeg, unsigned side)
     errors.base.output_message = keepSilent;
     if (setjmp(errors.leave) != 0) {
         jpeg_destroy_decompress(&info);
-        return false;
+        return 0;
     }
     jpeg_create_decompress(&info);
     jpeg_mem_src(&info, reinterpret_cast<const unsigned char*>(jpeg.data()), jpeg.size());
@@ -118,6 +118,7 @@ bool bench::decodeReduced(const std::string& jpeg, unsigned side)
         jpeg_read_scanlines(&info, rows, 1);
     }
     jpeg_finish_decompress(&info);
+    const std::uint64_t pixels = std::uint64_t{info.image_width} * info.image_height;
     jpeg_destroy_decompress(&info);
-    return true;
+    return pixels;
 }

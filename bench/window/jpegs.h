@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace bench {
@@ -11,7 +12,8 @@ namespace bench {
 std::string largeJpeg(bool withThumbnail);
 
 // Decodes a JPEG stream in memory at the coarsest scale that still fills `side` pixels on its
-// longer side, and drops the pixels. False when it is no JPEG stream.
-bool decodeReduced(const std::string& jpeg, unsigned side);
+// longer side, and drops the pixels. Returns how many pixels the whole picture has; 0 when it is no
+// JPEG stream.
+std::uint64_t decodeReduced(const std::string& jpeg, unsigned side);
 
 }  // namespace bench

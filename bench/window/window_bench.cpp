@@ -30,9 +30,10 @@
 #include <vector>
 
 namespace {
-constexpr int kPatience = 10'000;  // milliseconds
-constexpr unsigned kSide = 128;    // pixels of a preview
-constexpr int kLooks = 15;         // at a picture of our own
+constexpr int kPatience = 10'000;            // milliseconds
+constexpr unsigned kSide = 128;              // pixels of a preview
+constexpr int kLooks = 15;                   // at a picture of our own
+constexpr std::uint64_t kLarge = 1'000'000;  // pixels
 
 // Tells when a field has painted what it shows.
 class PaintWatch : public QObject {
@@ -97,13 +98,19 @@ void printRow(const char* name, const std::vector<double>& times, const std::vec
     }
 }
 
-std::optional<double> decodingTime(const std::string& path)
+// What libjpeg-turbo alone needs. No pixels when the file is no JPEG.
+struct Floor {
+    std::uint64_t pixels;
+    double milliseconds;
+};
+
+Floor floorOf(const std::string& path)
 {
     const std::string bytes = test::readFile(path);
     QElapsedTimer timer;
     timer.start();
-    if (!bench::decodeReduced(bytes, kSide)) return std::nullopt;
-    return static_cast<double>(timer.nsecsElapsed()) * 1e-6;
+    const std::uint64_t pixels = bench::decodeReduced(bytes, kSide);
+    return {pixels, static_cast<double>(timer.nsecsElapsed()) * 1e-6};
 }
 
 void emptyCache(const test::TemporaryFolder& home)
@@ -138,7 +145,7 @@ void measureOwn(AppController& controller, PaintWatch& watch, const test::Tempor
         if (!isCached) emptyCache(home);
         if (const auto time = look(controller, watch, path)) times.push_back(*time);
         rest(150);
-        if (decodes) floors.push_back(decodingTime(path).value_or(0));
+        if (decodes) floors.push_back(floorOf(path).milliseconds);
     }
     printRow(name, times, floors);
 }
@@ -146,9 +153,14 @@ void measureOwn(AppController& controller, PaintWatch& watch, const test::Tempor
 void measureFiles(AppController& controller, PaintWatch& watch,
                   const std::vector<std::string>& files)
 {
+    struct Decoded {
+        std::vector<double> times;
+        std::vector<double> floors;
+    };
     std::vector<double> ready;
-    std::vector<double> decoded;
-    std::vector<double> floors;
+    Decoded large;
+    Decoded small;
+    Decoded others;  // no JPEG: nothing to compare with
     std::vector<double> second;
     std::size_t without = 0;
     for (const std::string& path : files) {
@@ -162,17 +174,24 @@ void measureFiles(AppController& controller, PaintWatch& watch,
         }
         const auto time = look(controller, watch, path);
         if (!time) continue;
-        (preview->wasDecoded ? decoded : ready).push_back(*time);
         rest(130);
-        if (!preview->wasDecoded) continue;
-        floors.push_back(decodingTime(path).value_or(0));
+        if (!preview->wasDecoded) {
+            ready.push_back(*time);
+            continue;
+        }
+        const Floor floor = floorOf(path);
+        Decoded& kind = floor.pixels == 0 ? others : floor.pixels < kLarge ? small : large;
+        kind.times.push_back(*time);
+        if (floor.pixels != 0) kind.floors.push_back(floor.milliseconds);
         const StringHolder elsewhere(platform::createPathText("/"));
         controller.updateValuesForNewPath(elsewhere.get());
         rest(10);
         if (const auto again = look(controller, watch, path)) second.push_back(*again);
     }
     printRow("collection, preview in the file", ready, {});
-    printRow("collection, to be decoded", decoded, floors);
+    printRow("collection, JPEG to be decoded, from 1 megapixel", large.times, large.floors);
+    printRow("collection, smaller JPEG to be decoded", small.times, small.floors);
+    printRow("collection, raw to be decoded", others.times, others.floors);
     printRow("collection, decoded before: second look", second, {});
     if (without != 0) std::printf("\n%zu files without a preview are left out.\n", without);
 }
