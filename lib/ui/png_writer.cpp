@@ -64,16 +64,16 @@ QByteArray filteredRows(const QImage& image, int channels)
     const int length = image.width() * channels;
     const std::vector<std::uint8_t> nothing(static_cast<std::size_t>(length), 0);
     const std::uint8_t* above = nothing.data();
-    QByteArray rows;
-    rows.reserve((length + 1) * qsizetype(image.height()));
+    QByteArray rows(qsizetype(length + 1) * image.height(), Qt::Uninitialized);
+    char* out = rows.data();
     for (int y = 0; y < image.height(); ++y) {
         const std::uint8_t* row = image.constScanLine(y);
-        rows += kPaethFilter;
+        *out++ = kPaethFilter;
         for (int i = 0; i < length; ++i) {
             const bool isFirst = i < channels;
             const int expected =
                 paeth(isFirst ? 0 : row[i - channels], above[i], isFirst ? 0 : above[i - channels]);
-            rows += static_cast<char>(row[i] - expected);
+            *out++ = static_cast<char>(row[i] - expected);
         }
         above = row;
     }
