@@ -39,31 +39,42 @@ std::u16string withTwoDigits(std::u16string_view text)
 }
 }  // namespace
 
+// ICU's part is made for the first text: most programs make the parsers at their start and have
+// nothing to read.
 class platform::DateParser {
 public:
-    explicit DateParser(UDateFormat* format) : format_(format) {}
-    UDateFormat* format() const { return format_.get(); }
+    explicit DateParser(const char16_t* pattern) : pattern_(pattern) {}
+
+    // Null when memory runs out.
+    UDateFormat* format() const
+    {
+        if (!format_) format_.reset(open());
+        return format_.get();
+    }
 
 private:
-    std::unique_ptr<UDateFormat, FormatCloser> format_;
+    UDateFormat* open() const
+    {
+        // The fields are read as UTC and moved into the process's zone by the C library afterwards,
+        // so that this room and the display of dates can never disagree about a zone.
+        constexpr const char* kNeutralLocale = "";
+        UErrorCode status = U_ZERO_ERROR;
+        UDateFormat* format = udat_open(UDAT_PATTERN, UDAT_PATTERN, kNeutralLocale, u"GMT", -1,
+                                        pattern_, -1, &status);
+        if (U_FAILURE(status)) return nullptr;
+        // "0000:00:00" is how cameras write that there is no date, and 30 February is a slip of the
+        // pen: neither is a date.
+        udat_setLenient(format, false);
+        return format;
+    }
+
+    const char16_t* pattern_;
+    mutable std::unique_ptr<UDateFormat, FormatCloser> format_;
 };
 
 platform::DateParser* platform::createDateParser(const char16_t* pattern)
 {
-    // The fields are read as UTC and moved into the process's zone by the C library afterwards, so
-    // that this room and the display of dates can never disagree about a zone.
-    constexpr const char* kNeutralLocale = "";
-    UErrorCode status = U_ZERO_ERROR;
-    UDateFormat* format =
-        udat_open(UDAT_PATTERN, UDAT_PATTERN, kNeutralLocale, u"GMT", -1, pattern, -1, &status);
-    if (U_FAILURE(status)) return nullptr;
-
-    // "0000:00:00" is how cameras write that there is no date, and 30 February is a slip of the
-    // pen: neither is a date.
-    udat_setLenient(format, false);
-    auto* parser = new (std::nothrow) DateParser(format);
-    if (parser == nullptr) udat_close(format);
-    return parser;
+    return new (std::nothrow) DateParser(pattern);
 }
 
 void platform::releaseDateParser(DateParser* parser)
@@ -76,12 +87,13 @@ TovDateRef platform::createDateFromText(const DateParser* parser, std::u16string
     if (parser == nullptr || text.empty()) return nullptr;
     constexpr std::size_t kLongestDate = 256;  // units; what follows cannot belong to a match
     const std::u16string padded = withTwoDigits(text.substr(0, kLongestDate));
+    UDateFormat* format = parser->format();
+    if (format == nullptr) return nullptr;
 
     UErrorCode status = U_ZERO_ERROR;
     std::int32_t position = 0;
-    const UDate milliseconds =
-        udat_parse(parser->format(), padded.data(), static_cast<std::int32_t>(padded.size()),
-                   &position, &status);
+    const UDate milliseconds = udat_parse(
+        format, padded.data(), static_cast<std::int32_t>(padded.size()), &position, &status);
     if (U_FAILURE(status)) return nullptr;
 
     const auto local = static_cast<std::int64_t>(std::floor(milliseconds / kMillisecondsPerSecond));
