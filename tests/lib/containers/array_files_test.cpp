@@ -1,6 +1,7 @@
 #include "lib/containers/array_files.h"
 
 #include "lib/base/status.h"
+#include "lib/containers/flex_index.h"
 #include "lib/files/fork_io.h"
 #include "tests/lib/containers/containers_under_test.h"
 #include "tests/support/environment.h"
@@ -277,6 +278,15 @@ TEST(memEndianConvertFlexDynArray, stopsAtAHeadWhoseDataRunsTooFar)
                       row.status == 0 ? converted : converted.substr(0, 12) + left.substr(12));
         }
     }
+}
+
+TEST(memEndianConvertFlexDynArray, leavesTheIndexAlone)
+{
+    test::Flex flex(std::vector<FlexItem>{{1, 2, "data"}, {3, 4, ""}});
+    ASSERT_EQ(memBuildFlexIndex(&flex), 0);
+    const std::vector<test::IndexEntry> before = test::indexOf(flex);
+    EXPECT_EQ(memEndianConvertFlexDynArray(&flex, 1), 0);
+    EXPECT_EQ(test::indexOf(flex), before);
 }
 
 TEST(memEndianConvertFlexDynArray, leavesAnIncompleteHeadAlone)

@@ -500,6 +500,14 @@ TEST(memMoveItemToNewIndex, emptyArrayHasNoItemExceptForEqualIndexes)
     EXPECT_EQ(memMoveItemToNewIndex(&copy, 0, 1), kMemErrNotFound);
 }
 
+TEST(memMoveItemToNewIndex, equalIndexesNeedNoMemory)
+{
+    ArrayOf<std::uint32_t> array({10, 20});
+    const FailingAllocation failure(1);
+    EXPECT_EQ(memMoveItemToNewIndex(&array, 1, 1), 0);
+    EXPECT_FALSE(failure.hasHappened());
+}
+
 TEST(memMoveItemToNewIndex, failureLeavesTheRecord)
 {
     ArrayOf<std::uint32_t> array({10, 20});
@@ -519,6 +527,17 @@ TEST(memCopyDynArray, makesTheDestinationWhenItHasNoBlock)
     EXPECT_EQ(dest.allocatedAmount, 9u);
     EXPECT_EQ(itemsOf<std::uint32_t>(dest), (IDs{0, 1}));
     EXPECT_NE(dest.data, source.data);
+}
+
+TEST(memCopyDynArray, takesTheItemSizeWhenTheDestinationHasNoBlock)
+{
+    ArrayOf<std::uint32_t> source({10, 20});
+    Array dest(8, 3);
+    ASSERT_EQ(memFreeDynArray(&dest), 0);
+    ASSERT_EQ(dest.itemSize, 8u);
+    EXPECT_EQ(memCopyDynArray(&source, &dest), 0);
+    EXPECT_EQ(dest.itemSize, 4u);
+    EXPECT_EQ(itemsOf<std::uint32_t>(dest), (IDs{10, 20}));
 }
 
 TEST(memCopyDynArray, takesTheAllocatedAmountOfTheSourceUpAndDown)

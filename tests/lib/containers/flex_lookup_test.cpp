@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <random>
+#include <utility>
 
 using test::Flex;
 using test::headerBytes;
@@ -63,6 +64,15 @@ TEST(m2LookupFlexDataOffset, emptyArrayHasNothing)
     Flex flex;
     ASSERT_EQ(memNewFlexDynArray(&flex, 100), 0);
     expectLookup(flex, 1, 1, kMemErrNotFound, kNowhere);
+}
+
+TEST(m2LookupFlexDataOffset, recordWithoutAllocatedBytesHasNothing)
+{
+    Flex flex(Items{{1, 1, "abc"}});
+    const std::uint32_t allocated = std::exchange(flex.allocatedBytes, 0);
+    expectLookup(flex, 1, 1, kMemErrNotFound, kNowhere);
+    flex.allocatedBytes = allocated;  // for the block to be freed
+    expectLookup(flex, 1, 1, 0, 0);
 }
 
 TEST(m2LookupFlexDataOffset, stopsAtTheFirstLargerId)
@@ -207,6 +217,15 @@ TEST(memWalkFlexDynArray, doesNotCountTheHeaderWhenItLooksForOverruns)
         EXPECT_EQ(memWalkFlexDynArray(&flex, &visits, visit), row.status);
         EXPECT_EQ(visits.items.size(), row.visited);
     }
+}
+
+TEST(memWalkFlexDynArray, doesNotLookBehindTheItemThatStopsIt)
+{
+    const Flex flex(test::bytesOf({{1, 1, "a"}}) + headerBytes(2, UINT32_MAX, 1));
+    Visit one;
+    one.stopAfter = 1;
+    EXPECT_EQ(memWalkFlexDynArray(&flex, &one, visit), 0);
+    EXPECT_EQ(one.items, (Items{{1, 1, "a"}}));
 }
 
 TEST(memWalkFlexDynArray, ignoresLessThanAHeaderAtTheEnd)

@@ -160,6 +160,14 @@ TEST(memAdjustIDinFlexDynArray, allowsAnItemToRunPastTheUsedBytesBy12)
     }
 }
 
+TEST(memAdjustIDinFlexDynArray, rebuildsTheIndexOfADamagedArrayToo)
+{
+    Flex flex(test::bytesOf({{3, 1, "abc"}, {4, 1, ""}}) + headerBytes(7, 33, 1) + "12345678");
+    ASSERT_EQ(memBuildFlexIndex(&flex), 0);
+    EXPECT_EQ(memAdjustIDinFlexDynArray(&flex, 5), kMemErrBadPosition);
+    EXPECT_EQ(indexOf(flex), (Entries{{5, 0}, {7, 27}}));
+}
+
 TEST(memAppendFlexDynArray, appendsAndFreesTheSource)
 {
     Flex source(Items{{1, 1, "one"}});
