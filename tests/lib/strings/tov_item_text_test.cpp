@@ -82,6 +82,16 @@ TEST(TovStringFromFlexDynArray, doesNotFindAnEmptyItemInLastPlace)
     memFreeFlexDynArray(&array);
 }
 
+TEST(TovStringFromFlexDynArray, isNullForAnItemThatRunsPastTheUsedBytes)
+{
+    const OneItem item("photo");
+    FlexDynArray cut = *item.array();  // borrows the block
+    cut.usedBytes = 12 + 4;
+    EXPECT_EQ(TovStringFromFlexDynArray(&cut, kID, kType, 1), nullptr);
+    cut.usedBytes = 12 + 5;
+    EXPECT_EQ(takeUTF8(TovStringFromFlexDynArray(&cut, kID, kType, 1)), "photo");
+}
+
 TEST(TovStringFromFlexDynArray, givesNullWhenMemoryRunsOut)
 {
     const OneItem item("photo");
