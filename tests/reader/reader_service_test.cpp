@@ -69,6 +69,7 @@ public:
     // The next `count` bytes; fewer when the reader is gone.
     std::vector<std::uint8_t> receive(std::size_t count) const
     {
+        if (count == 0) return {};  // there may be nothing to come, and recv() would wait for it
         std::vector<std::uint8_t> bytes(count);
         const ssize_t received = recv(mine_.get(), bytes.data(), count, MSG_WAITALL);
         bytes.resize(received < 0 ? 0 : static_cast<std::size_t>(received));
