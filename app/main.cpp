@@ -35,10 +35,9 @@ void reportWhenComplete(AppController& controller, const std::string& picture)
     QObject::connect(timer, &QTimer::timeout, &controller,
                      [&controller, picture, left = kPreviewPatience]() mutable {
                          MainWindow& window = *controller.myWindow;
-                         const bool waits =
-                             controller.lastPath != nullptr && left > 0 &&
-                             window.fileIconField->pixmap(Qt::ReturnByValue).isNull() &&
-                             window.fileIconField->text().isEmpty();
+                         const bool waits = controller.lastPath != nullptr && left > 0 &&
+                                            window.fileIconField->pixmap().isNull() &&
+                                            window.fileIconField->text().isEmpty();
                          left -= kPreviewInterval;
                          if (waits) return;
                          std::fputs(app::windowReport(window).c_str(), stdout);

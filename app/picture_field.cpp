@@ -45,7 +45,7 @@ void PictureField::mouseMoveEvent(QMouseEvent* event)
     if (!carried) return;
     auto* drag = new QDrag(this);  // deletes itself
     drag->setMimeData(carried.release());
-    const QPixmap preview = pixmap(Qt::ReturnByValue);
+    const QPixmap preview = pixmap();
     if (!preview.isNull()) {
         drag->setPixmap(preview);
         const QSize size = preview.deviceIndependentSize().toSize();
@@ -56,7 +56,7 @@ void PictureField::mouseMoveEvent(QMouseEvent* event)
 
 void PictureField::paintEvent(QPaintEvent* event)
 {
-    if (!pixmap(Qt::ReturnByValue).isNull() || !text().isEmpty()) {
+    if (!pixmap().isNull() || !text().isEmpty()) {
         QLabel::paintEvent(event);
         return;
     }

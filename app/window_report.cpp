@@ -31,7 +31,7 @@ std::string app::windowReport(const MainWindow& window)
              window.iptcCountryField, window.iptcDescriptionField}) {
         appendLine(&report, field, cuViewText(field, ViewText::value).value_or(QString()));
     }
-    const bool hasPreview = !window.fileIconField->pixmap(Qt::ReturnByValue).isNull();
+    const bool hasPreview = !window.fileIconField->pixmap().isNull();
     const QString words = window.fileIconField->text();
     appendLine(&report, window.fileIconField,
                hasPreview        ? QStringLiteral("shown")

@@ -22,6 +22,11 @@ if(PINORAMA_WITH_QT)
     if(PINORAMA_BUILD_TESTS)
         find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
     endif()
+    # Developers do not get to see what Qt has deprecated up to 6.8. Packagers do: a later Qt may
+    # deprecate something that is still used.
+    if(PROJECT_IS_TOP_LEVEL AND PINORAMA_WERROR)
+        target_compile_definitions(Qt6::Core INTERFACE QT_DISABLE_DEPRECATED_BEFORE=0x060800)
+    endif()
 endif()
 
 add_library(pinorama_options INTERFACE)

@@ -44,8 +44,7 @@ public:
 
     bool eventFilter(QObject* watched, QEvent* event) override
     {
-        if (event->type() == QEvent::Paint && !field_->pixmap(Qt::ReturnByValue).isNull())
-            hasPainted_ = true;
+        if (event->type() == QEvent::Paint && !field_->pixmap().isNull()) hasPainted_ = true;
         return QObject::eventFilter(watched, event);
     }
 

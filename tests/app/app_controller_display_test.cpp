@@ -273,14 +273,13 @@ TEST_F(updateValuesForNewPath, aNameThatIsNoUTF8IsFoundAndShown)
     EXPECT_TRUE(controller.updateValuesForNewPath(text.get()));
     EXPECT_EQ(shown(controller.fileNameField), "a\xEF\xBF\xBD.jpg");
     EXPECT_EQ(shown(controller.gpsAltitudeField), "520 m");
-    EXPECT_TRUE(test::waitUntil(
-        [&] { return !controller.fileIconField->pixmap(Qt::ReturnByValue).isNull(); }));
+    EXPECT_TRUE(test::waitUntil([&] { return !controller.fileIconField->pixmap().isNull(); }));
 }
 
 TEST_F(updateValuesForNewPath, thePreviewComesThroughTheEventLoop)
 {
     EXPECT_TRUE(showPicture("a.jpg", kMunich));
-    const auto preview = [&] { return controller.fileIconField->pixmap(Qt::ReturnByValue); };
+    const auto preview = [&] { return controller.fileIconField->pixmap(); };
     EXPECT_TRUE(preview().isNull()) << "the field is cleared at once";
     ASSERT_TRUE(test::waitUntil([&] { return !preview().isNull(); }));
     const QSizeF size = preview().deviceIndependentSize();
@@ -296,7 +295,7 @@ TEST_F(updateValuesForNewPath, onlyTheLastOfManyPathsGetsItsPreview)
     (void)folder.write("last.txt", "x");
     for (int i = 0; i < 20; ++i) showPicture(std::to_string(i) + ".jpg", kMunich);
     EXPECT_FALSE(show(folder.file("last.txt")));
-    const auto preview = [&] { return controller.fileIconField->pixmap(Qt::ReturnByValue); };
+    const auto preview = [&] { return controller.fileIconField->pixmap(); };
     ASSERT_TRUE(test::waitUntil([&] { return !preview().isNull(); }));
     // The icon of a text fills its place, the pictures are 8 points wide.
     EXPECT_EQ(preview().deviceIndependentSize(), QSizeF(128, 128));

@@ -45,8 +45,8 @@ protected:
         const auto start = Clock::now();
         (void)show(path);
         const bool isQuick = Clock::now() - start < std::chrono::milliseconds(2500);
-        const bool hasPicture = waitUntil(
-            [this] { return !controller.fileIconField->pixmap(Qt::ReturnByValue).isNull(); });
+        const bool hasPicture =
+            waitUntil([this] { return !controller.fileIconField->pixmap().isNull(); });
         if (cuPictureReader().processID() != before) {
             readersLost_++;
             std::printf("a reader was lost with %s (%s)\n", path.c_str(), what.c_str());
@@ -61,8 +61,7 @@ protected:
         EXPECT_EQ(shown(controller.gpsAltitudeField), "7 m");
         EXPECT_TRUE(showsInTime(good_));
         EXPECT_EQ(shown(controller.gpsAltitudeField), "520 m");
-        EXPECT_EQ(controller.fileIconField->pixmap(Qt::ReturnByValue).deviceIndependentSize(),
-                  QSizeF(8, 8));
+        EXPECT_EQ(controller.fileIconField->pixmap().deviceIndependentSize(), QSizeF(8, 8));
         expectLocationActions(true);
     }
 

@@ -105,7 +105,7 @@ TEST_F(readerTrouble, withoutAReaderTheGeneralFactsAreShownAndNothingIsParsed)
         EXPECT_TRUE(show(good_)) << "accepted by its name";
         EXPECT_LT(Clock::now() - start, std::chrono::milliseconds(2500));
         EXPECT_TRUE(saysThatThereIsNoReader());
-        EXPECT_TRUE(controller.fileIconField->pixmap(Qt::ReturnByValue).isNull());
+        EXPECT_TRUE(controller.fileIconField->pixmap().isNull());
         EXPECT_EQ(shown(controller.fileNameField), "good.jpg");
         EXPECT_NE(shown(controller.fileSizeField), "n.a.");
         EXPECT_EQ(shown(controller.gpsCoordinateField), "");
@@ -124,7 +124,6 @@ TEST_F(readerTrouble, whatIsNoFileNeedsNoReader)
 {
     useReader(folder.file("missing"));
     EXPECT_FALSE(show(folder.path()));
-    EXPECT_TRUE(test::waitUntil(
-        [this] { return !controller.fileIconField->pixmap(Qt::ReturnByValue).isNull(); }));
+    EXPECT_TRUE(test::waitUntil([this] { return !controller.fileIconField->pixmap().isNull(); }));
     EXPECT_EQ(controller.fileIconField->text(), QString());
 }

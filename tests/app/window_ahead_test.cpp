@@ -75,7 +75,7 @@ TEST(showAhead, isTheWindowOfTheController)
     controller.showMainWindow();
     QCoreApplication::processEvents();
     expectEverythingToBeShown(*shown);
-    EXPECT_FALSE(shown->geoTagField->pixmap(Qt::ReturnByValue).isNull());
+    EXPECT_FALSE(shown->geoTagField->pixmap().isNull());
     const QWidget* focus = shown->focusWidget();
     EXPECT_TRUE(focus == nullptr || focus == shown);
 }
