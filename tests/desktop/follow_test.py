@@ -491,7 +491,6 @@ def main():
     parser.add_argument("--case", action="append")
     arguments = parser.parse_args()
     arguments.probe = os.path.abspath(arguments.probe)
-    signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
     try:
         return run(arguments)
     except RigError as error:

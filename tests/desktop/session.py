@@ -2,13 +2,16 @@
 accessibility bus and an empty home folder. Everything that was started ends again, each process by
 its own id, also when a test fails or the run is interrupted."""
 
+import ctypes
 import os
 import shutil
 import signal
 import subprocess
+import sys
 import tempfile
 import time
 
+PR_SET_PDEATHSIG = 1
 SCREEN = "1400x900x24"
 BUS_WITHOUT_SERVICES = """<busconfig>
   <type>session</type>
@@ -34,6 +37,11 @@ def waitFor(condition, seconds, step=0.1):
         if answer or time.monotonic() > end:
             return answer
         time.sleep(step)
+
+
+def endWithTheTest():
+    """In a process that the rig starts: it ends also when the test is killed and cleans nothing up."""
+    ctypes.CDLL(None).prctl(PR_SET_PDEATHSIG, signal.SIGTERM)
 
 
 def endProcess(process, seconds=3):
@@ -64,6 +72,7 @@ class DesktopSession:
         self.windowManager = None
 
     def __enter__(self):
+        signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
         try:
             self._start()
         except BaseException:
@@ -171,6 +180,7 @@ class DesktopSession:
         options.setdefault("stderr", log)
         environment = {**self.environment, **options.pop("extra", {})}
         process = subprocess.Popen(command, env=environment, cwd=self.home,
+                                   preexec_fn=endWithTheTest,
                                    stdin=options.pop("stdin", subprocess.DEVNULL), **options)
         log.close()
         self.processes.append(process)
