@@ -9,6 +9,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -120,6 +121,32 @@ TEST_F(gpsReadFileFactsTest, countsDatesOnTheLocalClockOfThatDate)
         EXPECT_EQ(factsOf(fileChangedAt(row.instant, 999999999)).modified,
                   static_cast<std::uint32_t>(row.instant + row.hours * 3600) + kMacTimeOf1970);
     }
+}
+
+TEST_F(gpsReadFileFactsTest, theCreationIsNotTheChange)
+{
+    const ScopedVariable zone("TZ", "UTC");
+    const std::int64_t before = std::time(nullptr);
+    const fileFacts facts = factsOf(fileChangedAt(kNoonInWinter, 0));
+    if (facts.created == 0) GTEST_SKIP() << "this file system keeps no creation dates";
+    const std::int64_t created = std::int64_t{facts.created} - kMacTimeOf1970;
+    EXPECT_GE(created, before - 1);  // the clock of files lags behind by a tick
+    EXPECT_LE(created, std::time(nullptr));
+}
+
+TEST(gpsMakeFileFacts, takesTheSizeOfRegularFilesAndBothDates)
+{
+    const ScopedVariable zone("TZ", "Europe/Berlin");
+    const fileFacts picture = gpsMakeFileFacts(
+        {.isRegular = true, .size = 7, .modified = kNoonInWinter, .created = kNoonInSummer});
+    EXPECT_EQ(picture.size, 7u);
+    EXPECT_EQ(picture.modified, kNoonInWinter + 3600 + kMacTimeOf1970);
+    EXPECT_EQ(picture.created, kNoonInSummer + 7200 + kMacTimeOf1970);
+
+    const fileFacts other = gpsMakeFileFacts(
+        {.isRegular = false, .size = 7, .modified = kNoonInWinter, .created = std::nullopt});
+    EXPECT_EQ(other.size, std::nullopt);
+    EXPECT_EQ(other.created, 0u) << "a missing date, not the start of 1970";
 }
 
 TEST_F(gpsMakeFileSizeTextTest, hasOneDecimalAndAUnit)
