@@ -1,5 +1,6 @@
 // What the window shows of files, with real files in a real window.
 
+#include "location/file_facts.h"
 #include "platform/files/path_text.h"
 #include "tests/app/controller_fixture.h"
 
@@ -167,6 +168,10 @@ TEST_F(updateValuesForNewPath, showsDatesInTheLocalZoneOfThatDate)
     EXPECT_TRUE(show(path));
     EXPECT_EQ(withPlainBlanks(shown(controller.fileModificationDateField)),
               "Jan 15, 2024, 12:00 PM");
+    // It was made now, if its file system keeps that.
+    EXPECT_EQ(shown(controller.fileCreationDateField),
+              test::takeUTF8(gpsMakeCreatedText(gpsReadFileFacts(test::text(path).get()))));
+    EXPECT_NE(shown(controller.fileCreationDateField), shown(controller.fileModificationDateField));
     {
         const test::ScopedVariable berlin("TZ", "Europe/Berlin");
         EXPECT_TRUE(show(folder.file("./a.jpg")));
