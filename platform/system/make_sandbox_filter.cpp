@@ -38,9 +38,9 @@ public:
     {
         // The kernel tries each of its hundreds of calls when the filter is loaded, so these are
         // looked up in a tree.
-        isComplete_ = seccomp_attr_set(filter_.get(), SCMP_FLTATR_CTL_OPTIMIZE, kTree) == 0 &&
-                      seccomp_attr_set(filter_.get(), SCMP_FLTATR_ACT_BADARCH,
-                                       SCMP_ACT_KILL_PROCESS) == 0;
+        isComplete_ =
+            seccomp_attr_set(filter_.get(), SCMP_FLTATR_CTL_OPTIMIZE, kTree) == 0 &&
+            seccomp_attr_set(filter_.get(), SCMP_FLTATR_ACT_BADARCH, SCMP_ACT_KILL_PROCESS) == 0;
     }
 
     void allow(std::initializer_list<int> calls)

@@ -13,8 +13,8 @@ class DateParser;  // opaque outside this room
 
 // Returns a new parser of `pattern`, which is borrowed and outlives it, in the neutral locale ("AM"
 // and "PM", Latin digits), or null when memory runs out. A two-digit year lies between 80 years
-// before and 20 years after the first text that the parser reads. Owned by the caller; released with
-// releaseDateParser.
+// before and 20 years after the first text that the parser reads. Owned by the caller; released
+// with releaseDateParser.
 [[nodiscard]] DateParser* createDateParser(const char16_t* pattern);
 
 void releaseDateParser(DateParser* parser);
