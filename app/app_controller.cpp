@@ -1,10 +1,7 @@
 #include "app/app_controller.h"
 
-#include "app/elided_field.h"
 #include "app/finder_sync.h"
 #include "app/main_window.h"
-#include "app/pop_up_menu.h"
-#include "app/wrapped_field.h"
 #include "globe/fly_to.h"
 #include "lib/conv/time_conversions.h"
 #include "lib/strings/string_holder.h"

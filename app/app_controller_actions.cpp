@@ -2,7 +2,6 @@
 
 #include "app/about_box.h"
 #include "app/app_controller.h"
-#include "app/elided_field.h"
 #include "app/main_window.h"
 #include "app/pop_up_menu.h"
 #include "app/wrapped_field.h"

@@ -4,8 +4,6 @@
 #include "app/elided_field.h"
 #include "app/main_window.h"
 #include "app/picture_field.h"
-#include "app/pop_up_menu.h"
-#include "app/wrapped_field.h"
 #include "lib/strings/string_holder.h"
 #include "lib/strings/tov_string.h"
 #include "lib/ui/cocoa_utils.h"

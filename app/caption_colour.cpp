@@ -5,8 +5,8 @@
 
 namespace {
 constexpr double kSmallestContrast = 4.5;
-constexpr float kQuietest = 0.72F;  // of the way from the background to the text
-constexpr float kStep = 0.04F;
+constexpr int kQuietest = 72;  // percent of the way from the background to the text
+constexpr int kStep = 4;
 
 double linear(float channel)
 {
@@ -36,8 +36,8 @@ double app::contrastRatio(const QColor& one, const QColor& other)
 
 QColor app::captionColour(const QColor& background, const QColor& text)
 {
-    for (float strength = kQuietest; strength < 1.0F; strength += kStep) {
-        const QColor colour = between(background, text, strength);
+    for (int percent = kQuietest; percent < 100; percent += kStep) {
+        const QColor colour = between(background, text, static_cast<float>(percent) / 100.0F);
         if (contrastRatio(background, colour) >= kSmallestContrast) return colour;
     }
     return text;

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <optional>
-#include <string>
 
 namespace {
 constexpr std::u16string_view kKey = u"finderSync";

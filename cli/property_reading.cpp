@@ -4,7 +4,6 @@
 #include "platform/pictures/sandboxed_properties.h"
 
 #include <memory>
-#include <utility>
 
 PropertyReading makePropertyReading()
 {

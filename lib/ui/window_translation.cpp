@@ -81,13 +81,11 @@ void translateOwnTexts(QWidget* view)
         cuSetViewText(view, ViewText::toolTip, 0, translated(*toolTip));
 
     // A pop-up is done with its items: its own title is never taken for a button's.
-    const bool isPopUp = cuPopUpItemCount(view).has_value();
-    if (isPopUp) {
-        for (int item = 0; item < *cuPopUpItemCount(view); ++item)
-            translateGuarded(view, ViewText::item, item);
-    }
+    const std::optional<int> itemCount = cuPopUpItemCount(view);
+    for (int item = 0; item < itemCount.value_or(0); ++item)
+        translateGuarded(view, ViewText::item, item);
     translatePlaceholder(view);
-    if (isPopUp || translateGuarded(view, ViewText::title) || isPictureLabel(view)) return;
+    if (itemCount || translateGuarded(view, ViewText::title) || isPictureLabel(view)) return;
 
     // A button that refused its title gets a second chance as a control.
     translateGuarded(view, ViewText::value);

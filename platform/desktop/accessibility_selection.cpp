@@ -3,7 +3,6 @@
 #include "platform/desktop/item_name.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace {
 using namespace std::chrono_literals;

@@ -91,7 +91,12 @@ public:
         handle_.promise().caller = caller;
         return handle_;
     }
-    Value await_resume() { return std::move(*handle_.promise().value); }
+    Value await_resume()
+    {
+        // Whoever waits is woken up by the end, which has set it.
+        // NOLINTNEXTLINE(bugprone-unchecked-optional-access)
+        return std::move(*handle_.promise().value);
+    }
 
 private:
     explicit Task(std::coroutine_handle<promise_type> handle) : handle_(handle) {}

@@ -3,7 +3,6 @@
 #include <QStringList>
 
 #include <algorithm>
-#include <map>
 
 namespace {
 using namespace platform;
