@@ -26,10 +26,7 @@ constexpr int kSelectionInterval = 200;  // milliseconds
 
 AppController::AppController(platform::SelectionSource* selection, platform::AddressOpener* opener,
                              std::unique_ptr<MainWindow> window)
-    : gUpdateTimer(nullptr),
-      lastPath(nullptr),
-      info{},
-      window_(window ? std::move(window) : std::make_unique<MainWindow>()),
+    : window_(window ? std::move(window) : std::make_unique<MainWindow>()),
       selection_(selection),
       opener_(opener != nullptr ? opener : &desktopOpener_),
       globes_(*opener_)

@@ -70,9 +70,9 @@ public:
     QPushButton* searchInTovButton;
     QPushButton* exportKMLButton;
 
-    QTimer* gUpdateTimer;   // null until awakeFromNib, then never stopped
-    TovStringRef lastPath;  // owned copy of the path that is shown; null at first
-    fileInfoRecord info;    // of the accepted file that was shown last; its texts are null
+    QTimer* gUpdateTimer = nullptr;   // null until awakeFromNib, then never stopped
+    TovStringRef lastPath = nullptr;  // owned copy of the path that is shown; null at first
+    fileInfoRecord info{};  // of the accepted file that was shown last; its texts are null
 
     // Start-up, in this order. `init` makes the program's texts known and creates the formatters.
     // Always true: texts that are missing show by their keys.
