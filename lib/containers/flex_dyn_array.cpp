@@ -131,7 +131,7 @@ std::int16_t memAddFlexDataAtEnd(FlexDynArray* flex, std::uint32_t itemID, std::
         const std::ptrdiff_t offset = own ? static_cast<const std::uint8_t*>(data) - flex->data : 0;
         // The product is meant to wrap: from 341 MiB on a block grows by less than 12 %.
         const std::uint32_t share = flex->allocatedBytes * std::uint32_t{12} / 100;
-        const std::uint64_t twice = std::uint64_t{size} * 2 + 2 * kFlexHeaderSize;
+        const std::uint64_t twice = std::uint64_t{size} * 2 + std::uint64_t{2} * kFlexHeaderSize;
         if (growTo(flex, flex->allocatedBytes + std::max<std::uint64_t>(share, twice), used) != 0)
             return kMemErrNoMemory;
         if (own) data = flex->data + offset;
