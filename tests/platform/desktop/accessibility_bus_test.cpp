@@ -1,7 +1,7 @@
 #include "platform/desktop/accessibility_bus.h"
 
+#include "tests/platform/desktop/bus_programs.h"
 #include "tests/platform/desktop/stand_in_file_manager.h"
-#include "tests/support/session_bus.h"
 
 #include <gtest/gtest.h>
 
@@ -15,28 +15,6 @@ namespace {
 using platform::AccessibilityBus;
 using test::StandInFileManager;
 using Event = AccessibilityBus::Event;
-
-class BusEnvironment : public testing::Environment {
-public:
-    void SetUp() override
-    {
-        static int argc = 1;
-        static char name[] = "test";
-        static char* argv[] = {name, nullptr};
-        bus_ = std::make_unique<test::SessionBus>();
-        application_ = std::make_unique<QCoreApplication>(argc, argv);
-    }
-    void TearDown() override
-    {
-        application_.reset();
-        bus_.reset();
-    }
-
-private:
-    std::unique_ptr<test::SessionBus> bus_;
-    std::unique_ptr<QCoreApplication> application_;
-};
-const auto* const environment = testing::AddGlobalTestEnvironment(new BusEnvironment);
 
 class AccessibilityBusListenTo : public testing::Test {
 protected:

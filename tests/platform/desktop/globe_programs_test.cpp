@@ -1,8 +1,8 @@
 #include "platform/desktop/globe_programs.h"
 
 #include "platform/desktop/globe_texts.h"
+#include "tests/platform/desktop/bus_programs.h"
 #include "tests/support/environment.h"
-#include "tests/support/session_bus.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -21,30 +21,6 @@
 
 namespace {
 const platform::GlobeView kView = {-33.9, 18.4, 271.25, 30.0, 2000.0};
-
-// The toolkit remembers its first session bus, so one serves all tests here.
-class ToolkitEnvironment : public testing::Environment {
-public:
-    void SetUp() override
-    {
-        static int argc = 1;
-        static char name[] = "test";
-        static char* argv[] = {name, nullptr};
-        bus_ = std::make_unique<test::SessionBus>();
-        application_ = std::make_unique<QCoreApplication>(argc, argv);
-    }
-    void TearDown() override
-    {
-        application_.reset();
-        bus_.reset();
-    }
-
-private:
-    std::unique_ptr<test::SessionBus> bus_;
-    std::unique_ptr<QCoreApplication> application_;
-};
-
-const auto* const gEnvironment = testing::AddGlobalTestEnvironment(new ToolkitEnvironment);
 
 class RecordingOpener final : public platform::AddressOpener {
 public:
