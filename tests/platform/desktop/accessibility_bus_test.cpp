@@ -99,6 +99,7 @@ TEST_F(AccessibilityBusListenTo, hearsNothingOfOtherPrograms)
     const StandInFileManager listened(StandInFileManager::Kind::selection, "/", {});
     bus_.listenTo(listened.service(), true);
     tellEverything();
+    program_->waitUntilTold();
     listen(false);
     program_->tell(9, "SelectionChanged", "", 0);
     ASSERT_TRUE(waitFor([this] { return !heard_.empty(); }));

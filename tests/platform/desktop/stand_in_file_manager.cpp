@@ -180,6 +180,13 @@ void test::StandInFileManager::tell(int number, const char* member, const char* 
     (void)bus_.send(event);
 }
 
+void test::StandInFileManager::waitUntilTold() const
+{
+    // The bus takes what comes from one program in its order.
+    (void)bus_.call(QDBusMessage::createMethodCall("org.freedesktop.DBus", "/org/freedesktop/DBus",
+                                                   "org.freedesktop.DBus", "GetId"));
+}
+
 void test::StandInFileManager::setAnswering(bool isAnswering)
 {
     std::vector<QDBusMessage> questions;

@@ -62,6 +62,10 @@ public:
     // the detail `detail` about an object.
     void tell(int number, const char* member, const char* detail, int value);
 
+    // Returns when the bus has passed on all that was told, to those who listen now and to nobody
+    // who only begins to.
+    void waitUntilTold() const;
+
     // Whether questions are answered at all. The ones that were not are answered when it is
     // switched on again.
     void setAnswering(bool isAnswering);
