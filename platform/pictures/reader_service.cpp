@@ -7,6 +7,8 @@
 #include <array>
 #include <chrono>
 #include <exception>
+#include <memory>
+#include <optional>
 #include <vector>
 
 #include <unistd.h>
@@ -60,10 +62,14 @@ struct Result {
     std::vector<std::uint8_t> body;
 };
 
-Result propertiesOf(int descriptor, const ReaderTasks& tasks)
+// Holds the source of one picture after the other. It stays off the stack, where the compiler's
+// protection would touch each page of its buffers, which most pictures fill to a small part.
+using SourceHolder = std::optional<FileByteSource>;
+
+Result propertiesOf(int descriptor, const ReaderTasks& tasks, SourceHolder* source)
 {
-    FileByteSource source(descriptor, sizeOf(descriptor));
-    const std::optional<PictureProperties> properties = tasks.readProperties(source);
+    source->emplace(descriptor, sizeOf(descriptor));
+    const std::optional<PictureProperties> properties = tasks.readProperties(**source);
     if (!properties) return {};
     return {ReaderOutcome::found, encodeProperties(*properties)};
 }
@@ -82,15 +88,16 @@ Result previewOf(int socket, int descriptor, const ReaderRequest& request, const
     return {ReaderOutcome::found, encodePreview(*preview)};
 }
 
-Result resultOf(int socket, int descriptor, const ReaderRequest& request, const ReaderTasks& tasks)
+Result resultOf(int socket, int descriptor, const ReaderRequest& request, const ReaderTasks& tasks,
+                SourceHolder* source)
 try {
-    if (request.task == ReaderTask::properties) return propertiesOf(descriptor, tasks);
+    if (request.task == ReaderTask::properties) return propertiesOf(descriptor, tasks, source);
     return previewOf(socket, descriptor, request, tasks);
 } catch (const std::exception&) {
     return {};  // out of memory, most likely; it has been given back by now
 }
 
-bool serveOne(int socket, const ReaderTasks& tasks)
+bool serveOne(int socket, const ReaderTasks& tasks, SourceHolder* source)
 {
     std::array<std::uint8_t, kRequestSize> bytes;
     std::vector<DescriptorHolder> descriptors;
@@ -101,7 +108,7 @@ bool serveOne(int socket, const ReaderTasks& tasks)
     std::uint32_t number = request->number;
     Answers answers(socket);
     for (DescriptorHolder& descriptor : descriptors) {
-        const Result result = resultOf(socket, descriptor.get(), *request, tasks);
+        const Result result = resultOf(socket, descriptor.get(), *request, tasks, source);
         descriptor = DescriptorHolder();
         const ReaderAnswerHead head = {request->task, result.outcome, number,
                                        static_cast<std::uint32_t>(result.body.size())};
@@ -117,6 +124,7 @@ void platform::serveReader(int socket, const ReaderTasks& tasks)
     if (!sendAnswer(socket, encodeAnswerHead({ReaderTask::hello, ReaderOutcome::found, 0, 0}))) {
         return;
     }
-    while (serveOne(socket, tasks)) {
+    const auto source = std::make_unique_for_overwrite<SourceHolder>();
+    while (serveOne(socket, tasks, source.get())) {
     }
 }
