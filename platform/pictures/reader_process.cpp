@@ -148,8 +148,9 @@ void platform::ReaderProcess::end()
     const pid_t process = std::exchange(process_, -1);
     if (process <= 0) return;
     kill(process, SIGKILL);
-    endedProcesses().push_back(process);
+    if (waitpid(process, nullptr, WNOHANG) != 0) return;
     waitForEnd(process);
+    endedProcesses().push_back(process);
     collectEnded();
 }
 
