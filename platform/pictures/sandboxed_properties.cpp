@@ -9,7 +9,8 @@
 #include <utility>
 
 namespace {
-constexpr std::uint64_t kMemory = std::uint64_t{256} << 20;  // bytes
+// Bytes of address space. The program itself takes a few megabytes of it, a test some more.
+constexpr std::uint64_t kMemory = std::uint64_t{512} << 20;
 // Standard streams, the socket, and a request's files.
 constexpr std::uint32_t kDescriptors = 4 + platform::kMostDescriptors;
 

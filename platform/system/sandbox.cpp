@@ -29,24 +29,9 @@ bool setLimit(__rlimit_resource resource, rlim_t value)
     return setrlimit(resource, &limit) == 0;
 }
 
-// The address space in use, in bytes; 0 when the system does not tell.
-std::uint64_t addressSpaceInUse()
-{
-    const int descriptor = open("/proc/self/statm", O_RDONLY | O_CLOEXEC);
-    if (descriptor < 0) return 0;
-    char text[32] = {};
-    const ssize_t count = read(descriptor, text, sizeof text - 1);
-    close(descriptor);
-    std::uint64_t pages = 0;
-    for (const char* c = text; c < text + count && *c >= '0' && *c <= '9'; c++) {
-        pages = pages * 10 + static_cast<std::uint64_t>(*c - '0');
-    }
-    return pages * static_cast<std::uint64_t>(sysconf(_SC_PAGESIZE));
-}
-
 bool setLimits(const platform::SandboxRules& rules)
 {
-    if (!kHasSanitizers && !setLimit(RLIMIT_AS, addressSpaceInUse() + rules.memory)) return false;
+    if (!kHasSanitizers && !setLimit(RLIMIT_AS, rules.memory)) return false;
     // Sanitizers report to standard error, which may be a file.
     if (!kHasSanitizers && !setLimit(RLIMIT_FSIZE, 0)) return false;
     return setLimit(RLIMIT_CORE, 0) && setLimit(RLIMIT_NOFILE, rules.descriptors + kOwnDescriptors);
@@ -100,6 +85,20 @@ void forbidFiles()
     close(static_cast<int>(ruleset));
 }
 }  // namespace
+
+std::uint64_t platform::addressSpaceInUse()
+{
+    const int descriptor = open("/proc/self/statm", O_RDONLY | O_CLOEXEC);
+    if (descriptor < 0) return 0;
+    char text[32] = {};
+    const ssize_t count = read(descriptor, text, sizeof text - 1);
+    close(descriptor);
+    std::uint64_t pages = 0;
+    for (const char* c = text; c < text + count && *c >= '0' && *c <= '9'; c++) {
+        pages = pages * 10 + static_cast<std::uint64_t>(*c - '0');
+    }
+    return pages * static_cast<std::uint64_t>(sysconf(_SC_PAGESIZE));
+}
 
 bool platform::enterSandbox(const SandboxRules& rules)
 {

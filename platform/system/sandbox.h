@@ -11,12 +11,16 @@ struct SandboxRules {
     // The connected socket that answers are written to. Descriptors are received from it, and
     // nothing else is ever written to.
     int socket;
-    // Bytes of address space that may be taken on top of what is in use already. Not limited in a
-    // build with sanitizers, whose bookkeeping reserves terabytes.
+    // Bytes of address space that may be in use, those of now included. Not limited in a build with
+    // sanitizers, whose bookkeeping reserves terabytes.
     std::uint64_t memory;
     // Descriptors that may be open at a time, those below `socket` included.
     std::uint32_t descriptors;
 };
+
+// The bytes of address space that this process uses, for rules that allow it some more; 0 when the
+// system does not tell. The system needs longer for this answer than for a picture's properties.
+std::uint64_t addressSpaceInUse();
 
 // Locks this process in, for good and with all its threads:
 //
