@@ -1,10 +1,10 @@
 #include "platform/text/date_parser.h"
 
+#include "lib/base/truncate.h"
 #include "platform/system/time_zone.h"
 
 #include <unicode/udat.h>
 
-#include <cmath>
 #include <cstdint>
 #include <memory>
 #include <new>
@@ -96,6 +96,6 @@ TovDateRef platform::createDateFromText(const DateParser* parser, std::u16string
         format, padded.data(), static_cast<std::int32_t>(padded.size()), &position, &status);
     if (U_FAILURE(status)) return nullptr;
 
-    const auto local = static_cast<std::int64_t>(std::floor(milliseconds / kMillisecondsPerSecond));
+    const auto local = static_cast<std::int64_t>(baseFloor(milliseconds / kMillisecondsPerSecond));
     return TovDateCreate(static_cast<double>(instantOfLocalTime(local)) - kUnixSecondsOf2001);
 }

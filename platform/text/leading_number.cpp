@@ -3,11 +3,14 @@
 #include "lib/base/block_holder.h"
 
 #include <algorithm>
-#include <charconv>
+#include <clocale>
+#include <cstdlib>
 #include <limits>
 
+#include <locale.h>
+
 namespace {
-constexpr std::size_t kUsualLength = 64;  // units of a number that needs no block of its own
+constexpr std::size_t kUsualLength = 64;  // bytes of a number that needs no block of its own
 
 bool isDigit(char16_t unit)
 {
@@ -61,32 +64,12 @@ struct Reader {
     }
 };
 
-// Whether a number that no double holds is too large; else it is too close to zero.
-bool isTooLarge(std::string_view number)
+// Reads an unsigned number that has been looked through already; 0 ends it. std::from_chars() would
+// need the mathematical library, which takes longer to load than a picture to read.
+double parse(const char* number)
 {
-    const std::size_t exponentAt = std::min(number.find_first_of("eE"), number.size());
-    std::int64_t exponent = 0;
-    if (exponentAt < number.size()) {
-        std::string_view digits = number.substr(exponentAt + 1);
-        if (digits.front() == '+') digits.remove_prefix(1);
-        const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), exponent);
-        if (result.ec == std::errc::result_out_of_range) return digits.front() != '-';
-    }
-    const std::string_view mantissa = number.substr(0, exponentAt);
-    const auto point = static_cast<std::int64_t>(std::min(mantissa.find('.'), mantissa.size()));
-    const auto first = static_cast<std::int64_t>(mantissa.find_first_of("123456789"));
-    return exponent > first - point;
-}
-
-// Reads an unsigned number that has been looked through already.
-double parse(std::string_view number)
-{
-    double value = 0.0;
-    const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
-    if (result.ec == std::errc::result_out_of_range) {
-        return isTooLarge(number) ? std::numeric_limits<double>::infinity() : 0.0;
-    }
-    return value;
+    static const locale_t kPlain = newlocale(LC_ALL_MASK, "C", locale_t{});
+    return strtod_l(number, nullptr, kPlain);
 }
 }  // namespace
 
@@ -121,12 +104,12 @@ double platform::leadingDouble(std::u16string_view units)
     const std::u16string_view number = units.substr(start, reader.next - start);
     char usual[kUsualLength];
     BlockHolder block;
-    if (number.size() > kUsualLength) {
-        block = BlockHolder(baseAllocate(number.size()));
+    if (number.size() >= kUsualLength) {
+        block = BlockHolder(baseAllocate(number.size() + 1));
         if (!block) return 0.0;
     }
     char* bytes = block ? static_cast<char*>(block.get()) : usual;
-    std::copy(number.begin(), number.end(), bytes);
-    const double value = parse({bytes, number.size()});
+    *std::copy(number.begin(), number.end(), bytes) = '\0';
+    const double value = parse(bytes);
     return isNegative ? -value : value;
 }
