@@ -1,8 +1,10 @@
 #include "platform/files/resource_folder.h"
 
+#include <algorithm>
 #include <climits>
 #include <cstdlib>
 
+#include <sys/auxv.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -12,15 +14,22 @@ bool isFolder(const std::string& path)
     struct stat facts = {};
     return stat(path.c_str(), &facts) == 0 && S_ISDIR(facts.st_mode);
 }
+// The path of the program's file, free of links. The system's own answer in /proc comes second: it
+// takes a fifteenth of the time that pinorama-info needs for a picture.
+std::string pathOfProgram()
+{
+    char path[PATH_MAX];
+    const auto* started = reinterpret_cast<const char*>(getauxval(AT_EXECFN));
+    if (started != nullptr && realpath(started, path) != nullptr) return path;
+    const ssize_t length = readlink("/proc/self/exe", path, sizeof path);
+    return {path, length > 0 ? static_cast<std::size_t>(length) : 0};
+}
 }  // namespace
 
 std::string platform::programFolder()
 {
-    char program[PATH_MAX];
-    const ssize_t length = readlink("/proc/self/exe", program, sizeof program);
-    if (length <= 0) return {};
-    std::string folder(program, static_cast<std::size_t>(length));
-    folder.resize(folder.rfind('/'));
+    std::string folder = pathOfProgram();
+    folder.resize(std::min(folder.rfind('/'), folder.size()));
     return folder;
 }
 

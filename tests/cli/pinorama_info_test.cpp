@@ -78,6 +78,21 @@ TEST_F(PinoramaInfo, writesALineForEveryField)
     EXPECT_NE(result.out.find("1:00"), std::string::npos) << result.out;
 }
 
+TEST_F(PinoramaInfo, findsItsTextsThroughALinkToIt)
+{
+    const std::string link = folder_.path() + "/info";
+    ASSERT_EQ(symlink(PINORAMA_INFO, link.c_str()), 0);
+    const std::vector<std::vector<std::string>> starts = {
+        {link}, {"/usr/bin/env", "-C", folder_.path(), "./info"}};
+    for (std::vector<std::string> command : starts) {
+        SCOPED_TRACE(command.back());
+        command.push_back(notes_);
+        const test::ProgramResult result = test::runProgram({.command = command});
+        EXPECT_EQ(result.status, 0) << result.err;
+        EXPECT_NE(result.out.find("Size:         0.0 KB\n"), std::string::npos) << result.out;
+    }
+}
+
 TEST_F(PinoramaInfo, loadsICUOnlyForWhatItAloneKnows)
 {
     // With this the dynamic linker tells each library that it loads.
