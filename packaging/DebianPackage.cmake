@@ -19,11 +19,12 @@ set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "${PINORAMA_HOME_URL}")
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 
 set(CPACK_DEBIAN_PINORAMA_PACKAGE_NAME pinorama)
 set(CPACK_DEBIAN_PINORAMA_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PINORAMA_PACKAGE_RECOMMENDS
-    "at-spi2-core, libarchive-tools, libqt6svg6, qt6-translations-l10n, qt6-wayland, shared-mime-info")
+    "at-spi2-core, libqt6svg6, qt6-translations-l10n, qt6-wayland, shared-mime-info")
 set(CPACK_DEBIAN_PINORAMA_PACKAGE_SUGGESTS "marble, qt6-image-formats-plugins")
 set(CPACK_COMPONENT_PINORAMA_DESCRIPTION
     "tell where the picture selected in the file manager was taken
@@ -55,6 +56,7 @@ function(pinorama_file_manager_package name title folder binding gain)
 
     string(TOUPPER "${name}" upper)
     set(CPACK_DEBIAN_${upper}_PACKAGE_NAME "${name}-pinorama" PARENT_SCOPE)
+    set(CPACK_DEBIAN_${upper}_PACKAGE_SOURCE pinorama PARENT_SCOPE)
     set(CPACK_DEBIAN_${upper}_PACKAGE_ARCHITECTURE all PARENT_SCOPE)
     set(CPACK_DEBIAN_${upper}_PACKAGE_DEPENDS "pinorama (>= ${PROJECT_VERSION}), ${binding}, python3-gi" PARENT_SCOPE)
     set(CPACK_DEBIAN_${upper}_PACKAGE_ENHANCES "${name}" PARENT_SCOPE)
@@ -75,6 +77,18 @@ pinorama_file_manager_package(nemo Nemo nemo-python "nemo-python"
     "the file manager also tells what is selected when its context menu opens.")
 pinorama_file_manager_package(thunar Thunar thunarx-python "thunarx-python, gir1.2-thunarx-3.0"
     "the file manager also tells in which folder the selection is.")
+
+# What the programs contain of other packages: the C++ library in pinorama-info, headers that are all of
+# their library, and what ICU says of the regions.
+execute_process(COMMAND "${CMAKE_CXX_COMPILER}" -print-file-name=libstdc++.a
+    OUTPUT_VARIABLE cxx_library OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+find_path(PINORAMA_NLOHMANN_JSON nlohmann/json.hpp REQUIRED)
+find_path(PINORAMA_ICU unicode/uversion.h REQUIRED)
+set(CPACK_PINORAMA_CONTAINED
+    "${cxx_library}"
+    "${PINORAMA_NLOHMANN_JSON}/nlohmann/json.hpp"
+    "${PINORAMA_ICU}/unicode/uversion.h")
+set(CPACK_POST_BUILD_SCRIPTS "${CMAKE_CURRENT_SOURCE_DIR}/StaticBuiltUsing.cmake")
 
 # Named here, because a list of one component would otherwise count as no components at all.
 get_cmake_property(CPACK_COMPONENTS_ALL COMPONENTS)
