@@ -9,7 +9,7 @@
     </message>
     <message>
         <source>Tells where the picture selected in the file manager was taken.</source>
-        <translation>Verrät, wo das in der Dateiverwaltung ausgewählte Bild aufgenommen wurde.</translation>
+        <translation>Zeigt, wo das in der Dateiverwaltung ausgewählte Bild aufgenommen wurde.</translation>
     </message>
     <message>
         <source>Free software under the GNU General Public License, version 3 or later. It comes with no warranty.</source>
@@ -32,11 +32,11 @@
     </message>
     <message>
         <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
-        <translation>Der Auswahl in %1 kann gefolgt werden, sobald die Barrierefreiheit eingeschaltet ist. Das ist eine dauerhafte Einstellung der Arbeitsumgebung; danach muss die Dateiverwaltung neu gestartet werden.</translation>
+        <translation>Pinorama kann der Auswahl in %1 folgen, sobald die Barrierefreiheit eingeschaltet ist. Das ist eine dauerhafte Einstellung der Arbeitsumgebung; danach muss die Dateiverwaltung neu gestartet werden.</translation>
     </message>
     <message>
         <source>Accessibility is on. Restart %1, or log in again, and its selection is followed.</source>
-        <translation>Die Barrierefreiheit ist eingeschaltet. Nach einem Neustart von %1 oder einer neuen Anmeldung wird der Auswahl gefolgt.</translation>
+        <translation>Die Barrierefreiheit ist eingeschaltet. Nach einem Neustart von %1 oder einer neuen Anmeldung folgt Pinorama der Auswahl.</translation>
     </message>
     <message>
         <source>Accessibility could not be switched on. The manual tells how to do it by hand.</source>

@@ -32,7 +32,7 @@
     </message>
     <message>
         <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
-        <translation>La selección en %1 se puede seguir cuando la accesibilidad está activada. Es un ajuste permanente del escritorio; después hay que reiniciar el gestor de archivos.</translation>
+        <translation>La selección en %1 se podrá seguir cuando la accesibilidad esté activada. Es un ajuste permanente del escritorio; después hay que reiniciar el gestor de archivos.</translation>
     </message>
     <message>
         <source>Accessibility is on. Restart %1, or log in again, and its selection is followed.</source>
@@ -94,7 +94,7 @@
     </message>
     <message>
         <source>Writes the location as a placemark file</source>
-        <translation>Guarda el lugar en un archivo de marcas</translation>
+        <translation>Guarda el lugar como marca de posición en un archivo</translation>
     </message>
     <message>
         <source>&amp;Export as KML…</source>

@@ -32,7 +32,7 @@
     </message>
     <message>
         <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
-        <translation>La sélection dans %1 peut être suivie une fois l’accessibilité activée. C’est un réglage durable du bureau ; redémarrez ensuite le gestionnaire de fichiers.</translation>
+        <translation>La sélection dans %1 peut être suivie une fois l’accessibilité activée. C’est un réglage permanent du bureau ; redémarrez ensuite le gestionnaire de fichiers.</translation>
     </message>
     <message>
         <source>Accessibility is on. Restart %1, or log in again, and its selection is followed.</source>
@@ -94,7 +94,7 @@
     </message>
     <message>
         <source>Writes the location as a placemark file</source>
-        <translation>Enregistre le lieu dans un fichier de repère</translation>
+        <translation>Enregistre le lieu comme repère dans un fichier</translation>
     </message>
     <message>
         <source>&amp;Export as KML…</source>

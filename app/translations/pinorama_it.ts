@@ -32,7 +32,7 @@
     </message>
     <message>
         <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
-        <translation>La selezione in %1 può essere seguita quando l’accessibilità è attiva. È un’impostazione permanente del desktop; dopo averla attivata riavvia il gestore file.</translation>
+        <translation>La selezione in %1 può essere seguita quando l’accessibilità è attiva. È un’impostazione permanente del desktop; dopo averla attivata, riavvia il gestore file.</translation>
     </message>
     <message>
         <source>Accessibility is on. Restart %1, or log in again, and its selection is followed.</source>

@@ -32,7 +32,7 @@
     </message>
     <message>
         <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
-        <translation>アクセシビリティを有効にすると、%1 の選択に追従できます。これはデスクトップに残る設定です。有効にした後、ファイルマネージャーを再起動してください。</translation>
+        <translation>アクセシビリティを有効にすると、%1 の選択に追従できます。この設定はデスクトップに保存されます。有効にした後、ファイルマネージャーを再起動してください。</translation>
     </message>
     <message>
         <source>Accessibility is on. Restart %1, or log in again, and its selection is followed.</source>

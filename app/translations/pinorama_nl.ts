@@ -9,7 +9,7 @@
     </message>
     <message>
         <source>Tells where the picture selected in the file manager was taken.</source>
-        <translation>Laat zien waar de in het bestandsbeheer geselecteerde foto is gemaakt.</translation>
+        <translation>Laat zien waar de in de bestandsbeheerder geselecteerde foto is gemaakt.</translation>
     </message>
     <message>
         <source>Free software under the GNU General Public License, version 3 or later. It comes with no warranty.</source>
@@ -32,7 +32,7 @@
     </message>
     <message>
         <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
-        <translation>De selectie in %1 kan worden gevolgd zodra toegankelijkheid aanstaat. Dat is een blijvende instelling van het bureaublad; herstart daarna het bestandsbeheer.</translation>
+        <translation>De selectie in %1 kan worden gevolgd zodra toegankelijkheid aanstaat. Dat is een blijvende instelling van het bureaublad; herstart daarna de bestandsbeheerder.</translation>
     </message>
     <message>
         <source>Accessibility is on. Restart %1, or log in again, and its selection is followed.</source>
@@ -66,7 +66,7 @@
     </message>
     <message>
         <source>The picture tells where it was taken</source>
-        <translation>De foto vertelt waar ze is gemaakt</translation>
+        <translation>De foto vertelt waar hij is gemaakt</translation>
     </message>
     <message>
         <source>Opens the location in a web map</source>
@@ -150,11 +150,11 @@
     </message>
     <message>
         <source>Shows the picture that is selected in the file manager, always</source>
-        <translation>Toont altijd de foto die in het bestandsbeheer is geselecteerd</translation>
+        <translation>Toont altijd de foto die in de bestandsbeheerder is geselecteerd</translation>
     </message>
     <message>
         <source>Follow the &amp;selection in the file manager</source>
-        <translation>De &amp;selectie in het bestandsbeheer volgen</translation>
+        <translation>De &amp;selectie in de bestandsbeheerder volgen</translation>
     </message>
     <message>
         <source>&amp;Picture</source>

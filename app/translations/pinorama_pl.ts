@@ -32,7 +32,7 @@
     </message>
     <message>
         <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
-        <translation>Zaznaczenie w programie %1 można śledzić, gdy włączono ułatwienia dostępu. To trwałe ustawienie pulpitu; po włączeniu uruchom ponownie menedżer plików.</translation>
+        <translation>Zaznaczenie w programie %1 można śledzić, gdy ułatwienia dostępu są włączone. To trwałe ustawienie pulpitu; po włączeniu uruchom ponownie menedżer plików.</translation>
     </message>
     <message>
         <source>Accessibility is on. Restart %1, or log in again, and its selection is followed.</source>

@@ -32,7 +32,7 @@
     </message>
     <message>
         <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
-        <translation>A seleção no %1 pode ser acompanhada quando a acessibilidade está ativada. É uma configuração permanente da área de trabalho; depois, reinicie o gerenciador de arquivos.</translation>
+        <translation>A seleção no %1 pode ser acompanhada quando a acessibilidade estiver ativada. É uma configuração permanente da área de trabalho; depois, reinicie o gerenciador de arquivos.</translation>
     </message>
     <message>
         <source>Accessibility is on. Restart %1, or log in again, and its selection is followed.</source>
@@ -94,7 +94,7 @@
     </message>
     <message>
         <source>Writes the location as a placemark file</source>
-        <translation>Salva o local em um arquivo de marcador</translation>
+        <translation>Salva o local como marcador em um arquivo</translation>
     </message>
     <message>
         <source>&amp;Export as KML…</source>

@@ -32,11 +32,11 @@
     </message>
     <message>
         <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
-        <translation>启用辅助功能后即可跟随 %1 中的选择。这是桌面的长期设置；启用后请重新启动文件管理器。</translation>
+        <translation>启用辅助功能后，即可跟随 %1 中选中的文件。此项桌面设置会一直保留；启用后请重新启动文件管理器。</translation>
     </message>
     <message>
         <source>Accessibility is on. Restart %1, or log in again, and its selection is followed.</source>
-        <translation>辅助功能已启用。重新启动 %1 或重新登录后即可跟随其选择。</translation>
+        <translation>辅助功能已启用。重新启动 %1 或重新登录后，即可跟随其中选中的文件。</translation>
     </message>
     <message>
         <source>Accessibility could not be switched on. The manual tells how to do it by hand.</source>
@@ -154,7 +154,7 @@
     </message>
     <message>
         <source>Follow the &amp;selection in the file manager</source>
-        <translation>跟随文件管理器中的选择(&amp;S)</translation>
+        <translation>跟随文件管理器中选中的文件(&amp;S)</translation>
     </message>
     <message>
         <source>&amp;Picture</source>
