@@ -9,6 +9,7 @@
 #include <QGuiApplication>
 #include <QIcon>
 #include <QLayout>
+#include <QMenu>
 #include <QMimeData>
 #include <QWindow>
 
@@ -26,6 +27,15 @@ QSize likelySize()
 {
     constexpr double kUsualFont = 10;  // points
     return kUsualSize * std::max(QGuiApplication::font().pointSizeF() / kUsualFont, 1.0);
+}
+
+// Qt's own style counts the '&' of an item when it looks whether the text fits, and not when it
+// makes the menu as wide as its items: a menu whose longest item has a mnemonic in parentheses
+// would be cut.
+void giveMnemonicsRoom(QMenu* menu)
+{
+    menu->setMinimumWidth(menu->sizeHint().width() +
+                          menu->fontMetrics().horizontalAdvance(QLatin1Char('&')));
 }
 
 // The last file of a drop; empty when it holds none.
@@ -71,6 +81,10 @@ void MainWindow::furnish()
     geoTagField->setVisible(false);
     showMarker();
     quietCaptions();
+    for (QMenu* menu : {pictureMenu, helpMenu})
+        connect(
+            menu, &QMenu::aboutToShow, menu, [menu] { giveMnemonicsRoom(menu); },
+            Qt::SingleShotConnection);
     // A larger font needs a larger window.
     resize((isVisible() ? size() : kUsualSize).expandedTo(sizeHint()));
     setFocus();  // not the first field: its whole text would be shown instead of both its ends

@@ -2,6 +2,7 @@
 // translations of the window, and what desktops are told.
 
 #include "app/main_window.h"
+#include "app/pop_up_menu.h"
 #include "app/translations.h"
 #include "lib/ui/strings_table.h"
 #include "tests/support/environment.h"
@@ -11,7 +12,9 @@
 
 #include <QDir>
 #include <QFile>
+#include <QLabel>
 #include <QMenuBar>
+#include <QStyleOptionComboBox>
 #include <QXmlStreamReader>
 
 #include <regex>
@@ -203,6 +206,44 @@ TEST(languages, openEveryMenuAndControlWithAKeyOfItsOwn)
                  window.showInGEButton, window.searchInTovButton, window.exportKMLButton,
                  window.syncCheckbox})
             expectNew(ofWindow, button->text());
+    }
+}
+
+TEST(languages, areNotCutInTheWindow)
+{
+    for (const std::string& language : languages()) {
+        SCOPED_TRACE(language);
+        const test::ScopedVariable variable("LANGUAGE", language.c_str());
+        app::installTranslations();
+        MainWindow window;
+        window.show();
+        ASSERT_TRUE(test::waitUntil([&window] { return window.isVisible(); }));
+        QStyleOptionComboBox option;
+        option.initFrom(window.webServicesMenu);
+        const QRect title = window.style()->subControlRect(
+            QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, window.webServicesMenu);
+        EXPECT_GE(title.width(), window.webServicesMenu->fontMetrics().horizontalAdvance(
+                                     window.webServicesMenu->itemText(0)));
+        for (const QWidget* control :
+             std::initializer_list<const QWidget*>{window.showInGEButton, window.searchInTovButton,
+                                                   window.exportKMLButton, window.syncCheckbox})
+            EXPECT_GE(control->width(), control->sizeHint().width());
+        for (const QLabel* caption : window.findChildren<QLabel*>()) {
+            if (caption->isVisible() && !caption->wordWrap()) {
+                EXPECT_GE(caption->width(), caption->sizeHint().width())
+                    << caption->text().toStdString();
+            }
+        }
+        for (QMenu* menu : {window.pictureMenu, window.helpMenu}) {
+            const int natural = menu->sizeHint().width();
+            for (int opening = 0; opening < 2; ++opening) {
+                menu->popup(QPoint());
+                EXPECT_EQ(menu->width(),
+                          natural + menu->fontMetrics().horizontalAdvance(QLatin1Char('&')))
+                    << "the style counts the sign before a mnemonic";
+                menu->close();
+            }
+        }
     }
 }
 
