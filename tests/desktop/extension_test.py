@@ -1,22 +1,21 @@
 #!/usr/bin/env python3
 """Loads Pinorama's extension into one real file manager and checks what it pushes.
 
-usage: extension_test.py PROBE EXTENSION MANAGER
-
-Exit status 77 means that nothing could be tried; the reason is printed."""
+usage: extension_test.py PROBE EXTENSION MANAGER"""
 
 import glob
 import os
 import shutil
-import signal
 import sys
 import time
 
-from follow_test import (NAMES, Follow, Wrong, intoAFolderAndBack, names, noneAndSeveral, tabs,
-                         twoWindows)
+from cases import Cases, Wrong, require
+from follow import NAMES, Follow
+from follow_test import intoAFolderAndBack, names, noneAndSeveral, tabs, twoWindows
 from managers import managerNamed
 from probe import Probe
-from session import DesktopSession, RigError, waitFor
+from running import WRONG, need, run, skip
+from session import DesktopSession, waitFor
 
 FOLDERS = {"nautilus": "nautilus-python", "nemo": "nemo-python", "caja": "caja-python",
            "thunar": "thunarx-python"}
@@ -27,13 +26,11 @@ BINDINGS = {"nautilus": "nautilus/extensions-*/libnautilus-python.so",
             "thunar": "thunarx-*/thunarx-python.so"}
 
 
-def installed(manager):
-    if shutil.which(manager.command[0]) is None:
-        return f"{manager.command[0]} is not installed"
+def needBinding(manager):
     for library in ("/usr/lib", "/usr/lib/*-linux-gnu"):
         if glob.glob(os.path.join(library, BINDINGS[manager.name])):
-            return None
-    return f"the Python binding of {manager.name} is not installed"
+            return
+    skip(f"the Python binding of {manager.name} is not installed")
 
 
 def everyChange(follow):
@@ -125,6 +122,17 @@ def onlyFromTheFileManager(follow):
     follow.expectPath(os.path.join(follow.pictures, b"c.jpg"), 0.5)
 
 
+def quietAlone(follow):
+    """Without Pinorama the extension is quiet and the file manager goes on."""
+    follow.desktop.keys("Home", follow.step)
+    time.sleep(0.5)
+    require(follow.process.poll() is None, "it ended")
+    with open(os.path.join(follow.session.root, follow.manager.command[0] + ".log"),
+              errors="replace", encoding="utf-8") as log:
+        messages = log.read()
+    require("pinorama_selection" not in messages and "Traceback" not in messages, f"it wrote {messages}")
+
+
 # What the extension tells on its own; Thunar's tells the selection of one change ago.
 ALONE = {"nautilus": [everyChange, onlyForItsWindow], "caja": [everyChange, onlyForItsWindow],
          "nemo": [whenTheMenuOpens], "thunar": []}
@@ -133,61 +141,25 @@ TOGETHER = [names, noneAndSeveral, twoWindows, tabs, intoAFolderAndBack, onlyFro
             onlyFromTheFileManager]
 
 
-def runChecks(follow, checks):
-    failures = 0
-    for check in checks:
-        try:
-            check(follow)
-            outcome = "ok"
-        except (Wrong, RigError) as error:
-            failures += 1
-            outcome = f"WRONG: {error}"
-        print(f"{follow.manager.name}: {check.__name__}: {outcome}", flush=True)
-    return failures
-
-
-def onAlarm(*_):
-    raise RigError(f"not done after {TIME} seconds")
-
-
-def run(probeProgram, extension, manager):
-    reason = installed(manager)
-    if reason:
-        print(f"skipped: {reason}")
-        return 77
+def main():
+    probeProgram, extension = (os.path.abspath(path) for path in sys.argv[1:3])
+    manager = managerNamed(sys.argv[3])
+    need(manager.command[0])
+    needBinding(manager)
     with DesktopSession() as session:
         folder = os.path.join(session.home, ".local", "share", FOLDERS[manager.name], "extensions")
         os.makedirs(folder)
         shutil.copy(extension, folder)
         follow = Follow(session, manager, Probe(session, probeProgram, "--extension"))
         follow.start()
-        failures = runChecks(follow, ALONE[manager.name])
+        statuses = [Cases(*ALONE[manager.name]).run(manager.name, follow)]
         follow.probe.close()
         follow.probe = Probe(session, probeProgram)
-        failures += runChecks(follow, TOGETHER)
+        statuses.append(Cases(*TOGETHER).run(manager.name, follow))
         follow.probe.close()
-        # Without Pinorama the extension is quiet and the file manager goes on.
-        follow.desktop.keys("Home", follow.step)
-        time.sleep(0.5)
-        if follow.process.poll() is not None:
-            failures += 1
-            print(f"{manager.name}: WRONG: it ended")
-        with open(os.path.join(session.root, manager.command[0] + ".log"),
-                  errors="replace", encoding="utf-8") as log:
-            messages = log.read()
-        if "pinorama_selection" in messages or "Traceback" in messages:
-            failures += 1
-            print(f"{manager.name}: WRONG: it wrote {messages}")
-    return 1 if failures else 0
+        statuses.append(Cases(quietAlone).run(manager.name, follow))
+        return WRONG if WRONG in statuses else 0
 
 
 if __name__ == "__main__":
-    signal.signal(signal.SIGALRM, onAlarm)
-    signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
-    signal.alarm(TIME)
-    try:
-        sys.exit(run(os.path.abspath(sys.argv[1]), os.path.abspath(sys.argv[2]),
-                     managerNamed(sys.argv[3])))
-    except RigError as error:
-        print(f"the surroundings could not be made: {error}")
-        sys.exit(1)
+    run(main, TIME)

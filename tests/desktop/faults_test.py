@@ -4,70 +4,27 @@ shows nothing wrong, follows again by itself, and writes nothing to the terminal
 
 usage: faults_test.py BIN_FOLDER MANAGER [--case NAME]...
 
-Ends with 0 when every case was right, 1 when one was wrong, 77 when nothing could be run here; every
-case that could not run is named with its reason."""
+Every case that could not run is named with its reason."""
 
-import argparse
 import contextlib
 import http.server
 import os
 import shutil
 import signal
-import sys
 import threading
 import time
 
-import follow_test
 from accessible import accessibilityBus
-from follow_test import Skip
-from managers import managerNamed
-from session import DesktopSession, RigError, waitFor
-from window import Traffic, Window
-from window_test import LONG_ENOUGH, Beside, require
+from beside import LONG_ENOUGH, Beside, runBeside
+from cases import Cases, Skip, require
+from catalogue import Catalogue
+from session import waitFor
+from window import Traffic
 
 RECOVERY = 3  # seconds until a file manager that is back is followed again
 SLACK = 3  # seconds for the keys, and for the test itself to see it on a busy machine
 LONGEST_ANSWER = 1.5  # seconds; 0.3 are the program's, the rest is a busy machine's
-CASES = []
-
-
-def case(function):
-    CASES.append(function)
-    return function
-
-
-class Catalogue:
-    """Takes the place of the program that opens addresses, and notes them: so the window tells where
-    the shown picture was taken also when there is no accessibility bus to read it on."""
-
-    def __init__(self, session):
-        self.session = session
-        self.log = os.path.join(session.root, "addresses")
-        folder = os.path.join(session.root, "programs")
-        os.makedirs(folder)
-        opener = os.path.join(folder, "xdg-open")
-        with open(opener, "w", encoding="utf-8") as script:
-            script.write(f"#!/bin/sh\nprintf '%s\\n' \"$1\" >> '{self.log}'\n")
-        os.chmod(opener, 0o755)
-        session.environment["PATH"] = folder + ":" + session.environment["PATH"]
-
-    def addresses(self):
-        try:
-            with open(self.log, encoding="utf-8") as log:
-                return log.read().splitlines()
-        except FileNotFoundError:
-            return []
-
-    def shownPlace(self, window):
-        """Latitude and longitude of the shown picture; None when the button is off."""
-        before = len(self.addresses())
-        self.session.run(["xdotool", "windowactivate", "--sync", str(window), "key",
-                          "--clearmodifiers", "alt+f"])
-        told = waitFor(lambda: self.addresses()[before:], 2)
-        if not told:
-            return None
-        words = dict(part.split("=") for part in told[0].split("&") if "=" in part)
-        return float(words["lat"]), float(words["long"])
+cases = Cases()
 
 
 class Faulty(Beside):
@@ -138,7 +95,7 @@ class Faulty(Beside):
         self.start()
 
 
-@case
+@cases.add
 def stopped(faulty):
     """A file manager that hangs: it is asked next to nothing, and followed again when it goes on."""
     faulty.select(b"c.jpg")
@@ -159,7 +116,7 @@ def stopped(faulty):
         bus.close()
 
 
-@case
+@cases.add
 def killed(faulty):
     """A file manager that dies, and one that comes."""
     faulty.select(b"c.jpg")
@@ -170,7 +127,7 @@ def killed(faulty):
     faulty.expectFollowing()
 
 
-@case
+@cases.add
 def startedLater(faulty):
     """The window is there before any file manager."""
     faulty.shown.close()
@@ -181,7 +138,7 @@ def startedLater(faulty):
     faulty.expectFollowing()
 
 
-@case
+@cases.add
 def vanishing(faulty):
     """Pictures that are gone when the window would read them."""
     names = [os.path.join(faulty.pictures, b"0 weg %d.jpg" % number) for number in range(6)]
@@ -203,7 +160,7 @@ def vanishing(faulty):
     faulty.expectShown(faulty.picture(b"c.jpg"))
 
 
-@case
+@cases.add
 def trash(faulty):
     """A folder that is none of the local files, with names that a local folder has too."""
     command = faulty.manager.trash
@@ -268,7 +225,7 @@ class RemoteFolder(http.server.BaseHTTPRequestHandler):
         pass
 
 
-@case
+@cases.add
 def remoteFolder(faulty):
     """A folder on a server is nowhere among the local files; its names may be."""
     if not faulty.manager.remote:
@@ -283,15 +240,6 @@ def remoteFolder(faulty):
     faulty.kill()
     faulty.startAgain()
     faulty.expectFollowing()
-
-
-def processesNamed(session, mark):
-    found = []
-    for pid in session.strays():
-        with contextlib.suppress(OSError), open(f"/proc/{pid}/cmdline", "rb") as line:
-            if mark in line.read():
-                found.append(pid)
-    return found
 
 
 def followsBlindly(faulty):
@@ -313,15 +261,13 @@ def followsBlindly(faulty):
     require(waitFor(isFollowed, 15, 0), f"the window never showed the picture at {wanted}")
 
 
-@case
+@cases.add
 def busStartedAgain(faulty):
     """The accessibility bus dies, with and without what starts it, and comes again."""
     faulty.select(b"a b.jpg")
-    for marks in ((b"accessibility.conf",), (b"accessibility.conf", b"at-spi-bus-launcher")):
+    for alsoTheLauncher in (False, True):
         faulty.kill()
-        pids = [pid for mark in marks for pid in processesNamed(faulty.session, mark)]
-        require(len(pids) >= len(marks), "the accessibility bus of the session was not found")
-        for pid in pids:
+        for pid in faulty.session.accessibilityBusProcesses(alsoTheLauncher):
             os.kill(pid, signal.SIGKILL)
         time.sleep(LONG_ENOUGH)
         given = os.path.join(faulty.other, b"e.jpg")
@@ -333,38 +279,12 @@ def busStartedAgain(faulty):
         followsBlindly(faulty)
 
 
-@case
+@cases.add
 def quiet(faulty):
     """Nothing was written to the terminal all the while."""
     text = faulty.shown.messages()
     require(not text.strip(), f"{len(text)} characters: {text[:2000]}")
 
 
-def run(arguments):
-    manager = managerNamed(arguments.manager)
-    needed = [manager.command[0], "Xvfb", "openbox", "xdotool", "dbus-daemon", "dbus-monitor", "gdbus"]
-    missing = [program for program in needed if shutil.which(program) is None]
-    if missing:
-        print(f"skipped: {', '.join(missing)} not installed")
-        return 77
-    with DesktopSession() as session:
-        faulty = Faulty(session, manager, os.path.join(os.path.abspath(arguments.bin), "pinorama"))
-        faulty.shown.open()
-        faulty.start()
-        return follow_test.runCases(faulty, CASES, arguments.case)
-
-
-def main():
-    parser = argparse.ArgumentParser()
-    parser.add_argument("bin")
-    parser.add_argument("manager")
-    parser.add_argument("--case", action="append")
-    try:
-        return run(parser.parse_args())
-    except RigError as error:
-        print(f"the surroundings could not be made: {error}")
-        return 1
-
-
 if __name__ == "__main__":
-    sys.exit(main())
+    runBeside(cases, Faulty)

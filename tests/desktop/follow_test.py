@@ -3,169 +3,28 @@
 
 usage: follow_test.py PROBE MANAGER [--locale de_DE.UTF-8] [--case NAME]...
 
-PROBE is the program selection_probe. Ends with 0 when every case was right, 1 when one was wrong,
-77 when nothing could be run here; every case that could not run is named with its reason."""
+PROBE is the program selection_probe. Every case that could not run is named with its reason."""
 
 import argparse
 import os
 import shutil
 import signal
 import subprocess
-import sys
 import time
 
-from desktop import Desktop
+from cases import Cases, Skip, Wrong
+from follow import NAMES, Follow
 from managers import managerNamed
-from pictures import writePicture
 from probe import Probe
+from running import need, run
 from session import DesktopSession, RigError, waitFor
 
-NAMES = [b"a b.jpg", b"c.jpg", b"d.nef", "ü.jpg".encode(), "u\u0308d.jpg".encode(),
-         b"x%20y&.jpg", b"h#;.jpg", b"line\nfeed.jpg", b"inv\xe4lid.jpg"]
-WIDE = (1380, 840)
 MANY = 400  # files; no view shows them all
-PATIENCE = 6  # seconds; a question is put five times a second, but the machine may be busy
-CASES = []
+TIME = 450  # seconds in all
+cases = Cases()
 
 
-class Skip(Exception):
-    """The case cannot run here; says why."""
-
-
-class Wrong(Exception):
-    """The selection source was wrong."""
-
-
-def case(function):
-    CASES.append(function)
-    return function
-
-
-class Follow:
-    def __init__(self, session, manager, probe):
-        self.session = session
-        self.manager = manager
-        self.probe = probe
-        self.desktop = Desktop(session)
-        self.pictures = os.path.join(session.home.encode(), b"Bilder")
-        self.other = os.path.join(self.pictures, b"Andere")
-        os.makedirs(self.other)
-        self.places = {}  # path of a picture -> latitude and longitude
-        for number, name in enumerate(NAMES):
-            self.write(os.path.join(self.pictures, name), 10.5 + number, 60.5 + number)
-        for number, name in enumerate((b"c.jpg", b"e.jpg")):
-            self.write(os.path.join(self.other, name), 40.5 + number, 20.5 + number)
-        self.process = None
-        self.window = None
-        self.settledView = manager.firstView  # where settings choose the view
-
-    def write(self, path, latitude, longitude):
-        writePicture(path, latitude, longitude)
-        self.places[path] = (latitude, longitude)
-
-    def open(self, folder=None, before=()):
-        folder = folder or self.pictures
-        process = self.session.start([*self.manager.command, os.fsdecode(folder)],
-                                     extra=self.manager.extra)
-        # In most file managers a second start hands the folder to the process that runs already.
-        processes = [process]
-        if self.process and self.process.poll() is None:
-            processes.append(self.process)
-        else:
-            self.process = process
-        window = self.desktop.newWindow(processes, before)
-        self.desktop.resize(window, *WIDE)
-        self.desktop.activate(window)
-        return window
-
-    def start(self):
-        self.window = self.open()
-        self.switchView(self.manager.firstView)
-
-    def askAnew(self):
-        """Puts a probe that knows nothing yet in the place of the one at work."""
-        self.probe.close()
-        self.probe = Probe(self.session, self.probe.program)
-
-    def kill(self):
-        self.process.kill()
-        self.process.wait()
-
-    def switchView(self, view):
-        keys, self.step = self.manager.views[view]
-        settings = self.manager.viewSettings.get(view)
-        if settings and view != self.settledView:
-            self.kill()
-            path = os.path.join(self.session.home, self.manager.settingsFile)
-            os.makedirs(os.path.dirname(path), exist_ok=True)
-            with open(path, "w", encoding="utf-8") as file:
-                file.write(settings)
-            self.settledView = view
-            self.window = self.open()
-        self.desktop.clickEmptySpace(self.window)
-        self.desktop.keys(*keys)
-        time.sleep(0.8)
-
-    def selectFirst(self):
-        self.desktop.clickEmptySpace(self.window)
-        self.desktop.keys("Home", self.step, "Home")
-        self.settle()
-
-    def settle(self):
-        """Waits for the file manager to be done, and for two questions after that, so that an answer
-        is not one from on the way."""
-        self.desktop.settle(self.process)
-        time.sleep(0.4)
-
-    def expect(self, condition, what, seconds=PATIENCE):
-        answer = self.probe.waitUntil(condition, seconds)
-        if answer is None:
-            raise Wrong(f"expected {what}, heard {self.probe.paths()}")
-        return answer
-
-    def expectPath(self, path, seconds=PATIENCE):
-        self.expect(lambda paths: paths == [path], path, seconds)
-
-    def expectOne(self, seconds=PATIENCE):
-        return self.expect(lambda paths: len(paths) == 1, "one path", seconds)[0]
-
-    def expectNotOne(self, seconds=PATIENCE):
-        self.expect(lambda paths: len(paths) != 1, "none or several", seconds)
-
-    def walk(self, count):
-        """Goes through the items with the keyboard and returns the paths in the view's order."""
-        self.selectFirst()
-        seen = []
-        for _ in range(count):
-            path = self.expect(lambda paths: len(paths) == 1 and paths[0] not in seen,
-                               f"one more path than {seen}")[0]
-            seen.append(path)
-            self.desktop.keys(self.step)
-        return seen
-
-    def expectedItems(self):
-        return {os.path.join(self.pictures, name) for name in NAMES} | {self.other + b"/"}
-
-    def selectNamed(self, window, folder, name, steps=None):
-        """Goes on with the keyboard until `name` of `folder` is selected."""
-        wanted = os.path.join(folder, name)
-        for _ in range(2):  # a busy machine may need a second round
-            self.desktop.clickEmptySpace(window)
-            self.desktop.keys("Home", self.step, "Home")
-            self.settle()
-            for _ in range((steps or len(NAMES) + 1) + 1):
-                heard = self.probe.paths()
-                if heard == [wanted]:
-                    self.settle()  # a key that is on its way may still go on from it
-                    if self.probe.paths() == [wanted]:
-                        return
-                    continue
-                self.desktop.keys(self.step)
-                self.probe.waitUntil(lambda paths: paths and paths != heard, 1.5)
-        raise Wrong(f"never heard {wanted}, last {self.probe.paths()}")
-
-
-@case
+@cases.add
 def names(follow):
     """Every name, also the odd ones, as its exact bytes."""
     seen = follow.walk(len(NAMES) + 1)
@@ -174,7 +33,7 @@ def names(follow):
                     f"{set(seen) - follow.expectedItems()}")
 
 
-@case
+@cases.add
 def noneAndSeveral(follow):
     """Nothing selected and all selected are not one path; the several come in the view's order."""
     order = follow.walk(len(NAMES) + 1)
@@ -192,7 +51,7 @@ def noneAndSeveral(follow):
         follow.expect(lambda paths: paths == order, order)
 
 
-@case
+@cases.add
 def otherViews(follow):
     """List and compact views."""
     views = [view for view in follow.manager.views if view != follow.manager.firstView]
@@ -208,7 +67,7 @@ def otherViews(follow):
         follow.switchView(follow.manager.firstView)
 
 
-@case
+@cases.add
 def mouse(follow):
     """A click selects; moving the mouse over other items changes nothing."""
     follow.selectNamed(follow.window, follow.pictures, b"c.jpg")
@@ -221,7 +80,7 @@ def mouse(follow):
     follow.expectPath(os.path.join(follow.pictures, b"c.jpg"), 0.5)
 
 
-@case
+@cases.add
 def ownWindowInFront(follow):
     """Another program's window in front, such as our own, changes nothing."""
     follow.selectNamed(follow.window, follow.pictures, b"c.jpg")
@@ -235,7 +94,7 @@ def ownWindowInFront(follow):
         follow.session.end(message)
 
 
-@case
+@cases.add
 def twoWindows(follow):
     """The same name in two windows: the window that was active last counts."""
     follow.selectNamed(follow.window, follow.pictures, b"c.jpg")
@@ -254,7 +113,7 @@ def twoWindows(follow):
         follow.desktop.activate(follow.window)
 
 
-@case
+@cases.add
 def tabs(follow):
     """Two tabs of one window with the same name in each."""
     follow.selectNamed(follow.window, follow.pictures, b"c.jpg")
@@ -274,7 +133,7 @@ def tabs(follow):
         time.sleep(0.5)
 
 
-@case
+@cases.add
 def panes(follow):
     """A split window: the pane with the focus counts."""
     if not follow.manager.split:
@@ -301,7 +160,7 @@ def panes(follow):
         time.sleep(0.8)
 
 
-@case
+@cases.add
 def intoAFolderAndBack(follow):
     """Going down into a folder and up again."""
     follow.selectNamed(follow.window, follow.pictures + b"/Andere", b"")
@@ -313,7 +172,7 @@ def intoAFolderAndBack(follow):
     follow.selectNamed(follow.window, follow.pictures, b"d.nef")
 
 
-@case
+@cases.add
 def scrolledOutOfView(follow):
     """What is selected stays selected when the view is scrolled away from it, also for a program
     that asks for the first time."""
@@ -345,7 +204,7 @@ def scrolledOutOfView(follow):
         follow.start()
 
 
-@case
+@cases.add
 def vanishing(follow):
     """A file that goes away between its selection and the next question."""
     name = os.path.join(follow.pictures, b"weg.jpg")
@@ -357,7 +216,7 @@ def vanishing(follow):
     follow.expect(lambda paths: paths != [name], "anything but the file that is gone", 2)
 
 
-@case
+@cases.add
 def stopped(follow):
     """A file manager that hangs holds nobody up for long, and is followed again when it is back."""
     follow.selectNamed(follow.window, follow.pictures, b"c.jpg")
@@ -375,7 +234,7 @@ def stopped(follow):
     follow.expectPath(os.path.join(follow.pictures, b"c.jpg"), 3.5)
 
 
-@case
+@cases.add
 def killedAndStartedAgain(follow):
     """A file manager that dies, and one that is started again."""
     follow.selectNamed(follow.window, follow.pictures, b"c.jpg")
@@ -386,16 +245,11 @@ def killedAndStartedAgain(follow):
     follow.selectNamed(follow.window, follow.pictures, b"d.nef")
 
 
-@case
+@cases.add
 def accessibilityBusStartedAgain(follow):
     """The accessibility bus dies; a file manager that is started after that is followed."""
-    bus = [pid for pid in follow.session.strays()
-           if b"accessibility.conf" in open(f"/proc/{pid}/cmdline", "rb").read()]
-    launcher = [pid for pid in follow.session.strays()
-                if b"at-spi-bus-launcher" in open(f"/proc/{pid}/cmdline", "rb").read()]
-    if not bus or not launcher:
-        raise Skip("the accessibility bus of the session was not found")
-    for pid in bus + launcher:
+    bus = follow.session.accessibilityBusProcesses()
+    for pid in bus:
         os.kill(pid, signal.SIGKILL)
     follow.kill()
     time.sleep(1.5)
@@ -404,7 +258,7 @@ def accessibilityBusStartedAgain(follow):
     follow.selectNamed(follow.window, follow.pictures, b"d.nef")
 
 
-@case
+@cases.add
 def desktopIcons(follow):
     """Icons on the desktop."""
     if not follow.manager.desktop:
@@ -430,7 +284,7 @@ def desktopIcons(follow):
         follow.session.end(process)
 
 
-@case
+@cases.add
 def quiet(follow):
     """Nothing was written to the terminal all the while."""
     if follow.probe.messages().strip():
@@ -449,54 +303,22 @@ def makeLocale(root, name):
     return folder
 
 
-def run(arguments):
-    manager = managerNamed(arguments.manager)
-    needed = [manager.command[0], "Xvfb", "openbox", "xdotool", "dbus-daemon", "gdbus"]
-    missing = [program for program in needed if shutil.which(program) is None]
-    if missing:
-        print(f"skipped: {', '.join(missing)} not installed")
-        return 77
-    with DesktopSession(locale=arguments.locale, prepare=makeLocale) as session:
-        follow = Follow(session, manager, Probe(session, arguments.probe))
-        follow.start()
-        return runCases(follow, CASES, arguments.case)
-
-
-def runCases(follow, cases, wanted=None):
-    """Runs the cases, or only the named ones; tells of each. Returns the exit status."""
-    failures = 0
-    for check in cases:
-        if wanted and check.__name__ not in wanted:
-            continue
-        start = time.monotonic()
-        try:
-            check(follow)
-            outcome = "ok"
-        except Skip as reason:
-            outcome = f"skipped: {reason}"
-        except (Wrong, RigError) as error:
-            failures += 1
-            outcome = f"WRONG: {error}"
-        print(f"{follow.manager.name}: {check.__name__}: {outcome} "
-              f"({time.monotonic() - start:.1f} s)", flush=True)
-    follow.probe.close()
-    return 1 if failures else 0
-
-
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("probe")
     parser.add_argument("manager")
     parser.add_argument("--locale", default="C.UTF-8")
-    parser.add_argument("--case", action="append")
+    parser.add_argument("--case", action="append", choices=cases.names())
     arguments = parser.parse_args()
-    arguments.probe = os.path.abspath(arguments.probe)
-    try:
-        return run(arguments)
-    except RigError as error:
-        print(f"the surroundings could not be made: {error}")
-        return 1
+    manager = managerNamed(arguments.manager)
+    need(manager.command[0], "xmessage")
+    with DesktopSession(locale=arguments.locale, prepare=makeLocale) as session:
+        follow = Follow(session, manager, Probe(session, os.path.abspath(arguments.probe)))
+        follow.start()
+        status = cases.run(manager.name, follow, arguments.case)
+        follow.probe.close()
+        return status
 
 
 if __name__ == "__main__":
-    sys.exit(main())
+    run(main, TIME)

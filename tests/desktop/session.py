@@ -2,6 +2,7 @@
 accessibility bus and an empty home folder. Everything that was started ends again, each process by
 its own id, also when a test fails or the run is interrupted."""
 
+import contextlib
 import ctypes
 import os
 import shutil
@@ -13,6 +14,9 @@ import time
 
 PR_SET_PDEATHSIG = 1
 SCREEN = "1400x900x24"
+# What a session is made of, and what tests ask and move it with.
+PROGRAMS = ("Xvfb", "openbox", "xdotool", "xprop", "dbus-daemon",
+            "dbus-update-activation-environment", "gdbus")
 BUS_WITHOUT_SERVICES = """<busconfig>
   <type>session</type>
   <listen>unix:tmpdir={}</listen>
@@ -216,6 +220,23 @@ class DesktopSession:
                         yield int(entry)
             except OSError:
                 continue
+
+    def straysNamed(self, mark):
+        """Those of them that have `mark` in their command line."""
+        found = []
+        for pid in self.strays():
+            with contextlib.suppress(OSError), open(f"/proc/{pid}/cmdline", "rb") as line:
+                if mark in line.read():
+                    found.append(pid)
+        return found
+
+    def accessibilityBusProcesses(self, alsoTheLauncher=True):
+        """The accessibility bus and, if asked for, what starts it."""
+        marks = [b"accessibility.conf", *([b"at-spi-bus-launcher"] if alsoTheLauncher else [])]
+        found = [self.straysNamed(mark) for mark in marks]
+        if not all(found):
+            raise RigError("the accessibility bus of the session was not found")
+        return [pid for pids in found for pid in pids]
 
     def close(self):
         for process in reversed(self.processes):

@@ -3,77 +3,22 @@
 
 usage: window_test.py BIN_FOLDER MANAGER [--case NAME]...
 
-Ends with 0 when every case was right, 1 when one was wrong, 77 when nothing could be run here; every
-case that could not run is named with its reason."""
+Every case that could not run is named with its reason."""
 
-import argparse
 import os
-import shutil
-import sys
 import time
 
 import follow_test
 from accessible import accessibilityBus
-from follow_test import Follow, Wrong, names
-from managers import managerNamed
-from session import DesktopSession, RigError, waitFor
-from window import Window, Traffic
+from beside import LONG_ENOUGH, runBeside
+from cases import Cases, require
+from session import waitFor
+from window import Traffic
 
-LONG_ENOUGH = 1.2  # seconds, six questions: a window that changes would have changed by then
-CASES = [names]
-
-
-def case(function):
-    CASES.append(function)
-    return function
+cases = Cases(follow_test.names)
 
 
-def require(condition, what):
-    if not condition:
-        raise Wrong(what)
-
-
-def shownPlace(latitude, longitude):
-    """Half degrees as the window shows them."""
-    return f"N {int(latitude)}° 30' 0.0\"   E {int(longitude)}° 30' 0.0\""
-
-
-class Beside(Follow):
-    """A file manager with the window beside it."""
-
-    def __init__(self, session, manager, program):
-        super().__init__(session, manager, Window(session, program))
-        self.shown = self.probe
-
-    def expectShown(self, path, seconds=3):
-        """The window shows the picture: its name, its whole path, its place."""
-        self.expectPath(path, seconds)
-        name = os.path.basename(path).decode(errors="replace")
-        require(waitFor(lambda: self.shown.text("Name") == name, 2),
-                f"the name is {self.shown.text('Name')!r}, not {name!r}")
-        place = shownPlace(*self.places[path])
-        require(waitFor(lambda: self.shown.text("Coordinate") == place, 2),
-                f"the place is {self.shown.text('Coordinate')!r}, not {place!r}")
-
-    def expectStill(self, path):
-        """The window goes on to show the picture."""
-        time.sleep(LONG_ENOUGH)
-        self.expectShown(path, 0)
-
-    def picture(self, name):
-        return os.path.join(self.pictures, name)
-
-    def select(self, name):
-        self.desktop.activate(self.window)  # nothing may lie on it
-        self.selectNamed(self.window, self.pictures, name)
-
-    def click(self):
-        """Gives the file manager the focus and lets nothing be selected."""
-        self.desktop.activate(self.window)
-        self.desktop.clickEmptySpace(self.window)
-
-
-@case
+@cases.add
 def oneFile(beside):
     """The one selected picture is shown, with its place; the switch is on from the beginning."""
     require(beside.shown.follows(), "the check box is not on at first")
@@ -83,7 +28,7 @@ def oneFile(beside):
         beside.expectShown(beside.picture(name))
 
 
-@case
+@cases.add
 def severalAndNone(beside):
     """Several and none leave the window as it is."""
     beside.select(b"c.jpg")
@@ -95,7 +40,7 @@ def severalAndNone(beside):
     beside.expectShown(beside.picture(b"a b.jpg"))
 
 
-@case
+@cases.add
 def folder(beside):
     """A folder counts as a file does."""
     beside.select(b"c.jpg")
@@ -105,7 +50,7 @@ def folder(beside):
                 f"{field} is {beside.shown.text(field)!r}, not {text!r}")
 
 
-@case
+@cases.add
 def behindOurWindow(beside):
     """The file manager's window that was active last counts while our own window has the focus."""
     second = beside.open(beside.other, beside.desktop.windowsOf(beside.process))
@@ -133,7 +78,7 @@ def behindOurWindow(beside):
         beside.desktop.activate(beside.window)
 
 
-@case
+@cases.add
 def closedWindow(beside):
     """The window follows also while it is closed, so that it is right when it comes back."""
     beside.select(b"c.jpg")
@@ -150,7 +95,7 @@ def closedWindow(beside):
     beside.expectShown(beside.picture(b"a b.jpg"))
 
 
-@case
+@cases.add
 def switchedOff(beside):
     """Without its check mark the window asks nobody anything, and shows only what it is given."""
     beside.select(b"c.jpg")
@@ -192,7 +137,7 @@ def switchedOff(beside):
             bus.close()
 
 
-@case
+@cases.add
 def survivesARestart(beside):
     """The switch is as it was left, off and on."""
     beside.shown.switchFollowing()
@@ -214,44 +159,18 @@ def survivesARestart(beside):
     beside.expectShown(beside.picture(b"c.jpg"))
 
 
-@case
+@cases.add
 def desktopIcons(beside):
     """Icons on the desktop."""
     beside.desktop.xdotool("windowmove", beside.shown.window, 0, 0)  # out of the way of the mouse
     follow_test.desktopIcons(beside)
 
 
-@case
+@cases.add
 def quiet(beside):
     """Nothing was written to the terminal all the while."""
     require(not beside.shown.messages().strip(), beside.shown.messages())
 
 
-def run(arguments):
-    manager = managerNamed(arguments.manager)
-    needed = [manager.command[0], "Xvfb", "openbox", "xdotool", "dbus-daemon", "dbus-monitor", "gdbus"]
-    missing = [program for program in needed if shutil.which(program) is None]
-    if missing:
-        print(f"skipped: {', '.join(missing)} not installed")
-        return 77
-    with DesktopSession() as session:
-        beside = Beside(session, manager, os.path.join(os.path.abspath(arguments.bin), "pinorama"))
-        beside.shown.open()
-        beside.start()
-        return follow_test.runCases(beside, CASES, arguments.case)
-
-
-def main():
-    parser = argparse.ArgumentParser()
-    parser.add_argument("bin")
-    parser.add_argument("manager")
-    parser.add_argument("--case", action="append")
-    try:
-        return run(parser.parse_args())
-    except RigError as error:
-        print(f"the surroundings could not be made: {error}")
-        return 1
-
-
 if __name__ == "__main__":
-    sys.exit(main())
+    runBeside(cases)

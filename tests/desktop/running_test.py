@@ -1,0 +1,96 @@
+#!/usr/bin/env python3
+"""What a desktop test's exit status says of it, tried on small tests that need no desktop."""
+
+import os
+import subprocess
+import sys
+import unittest
+
+BEGINNING = """
+import time
+import unittest
+import running
+from cases import Cases, Skip, Wrong, require
+from running import need, run
+from session import RigError
+running.PROGRAMS = ()
+cases = Cases()
+"""
+CASES = """
+@cases.add
+def right(_):
+    pass
+
+@cases.add
+def notHere(_):
+    raise Skip("a reason")
+
+@cases.add
+def wrong(_):
+    require(1 == 2, "numbers differ")
+
+@cases.add
+def fails(_):
+    raise RigError("something ended")
+
+@cases.add
+def broken(_):
+    None.nothing
+
+@cases.add
+def hangs(_):
+    time.sleep(60)
+"""
+
+
+class DesktopTest(unittest.TestCase):
+    def expect(self, status, said, test):
+        """The small test ends with the status and has said this."""
+        done = subprocess.run([sys.executable, "-B", "-c", BEGINNING + test], text=True, timeout=50,
+                              cwd=os.path.dirname(os.path.abspath(__file__)), check=False,
+                              stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+        self.assertIn(said, done.stdout)
+        self.assertEqual(done.returncode, status, done.stdout)
+        return done.stdout
+
+    def expectOfCases(self, status, said, *wanted):
+        return self.expect(status, said, CASES + f"run(lambda: cases.run('it', None, {wanted}), 3)")
+
+    def testIsSkippedWithItsReasonWhenAProgramIsMissing(self):
+        self.expect(77, "skipped: no-such-program, neither or nor not installed\n",
+                    "need('sh', 'no-such-program', ('sh', 'neither'), ('neither', 'nor'))")
+        self.expect(0, "it goes on", "need('sh', ('neither', 'sh')); print('it goes on')")
+
+    def testNeedsWhatEverySessionNeeds(self):
+        self.expect(77, "skipped: no-such-program not installed\n",
+                    "running.PROGRAMS = ('no-such-program',); need()")
+
+    def testIsRightWhenEveryCaseThatCouldRunIs(self):
+        self.expectOfCases(0, "it: right: ok (", "right")
+        self.expectOfCases(0, "it: notHere: skipped: a reason (", "right", "notHere")
+
+    def testIsSkippedWhenNoCaseCouldRun(self):
+        self.expectOfCases(77, "it: notHere: skipped: a reason (", "notHere")
+
+    def testIsWrongWhenOneCaseIs(self):
+        self.expectOfCases(1, "it: wrong: WRONG: numbers differ (", "right", "notHere", "wrong")
+
+    def testIsWrongWhenTheSurroundingsFail(self):
+        self.expectOfCases(1, "it: fails: WRONG: something ended (", "right", "fails")
+        self.expect(1, "the surroundings could not be made: no display",
+                    "def test():\n    raise RigError('no display')\nrun(test, 3)")
+        for begin in ("setUp", "testIt", "tearDown"):
+            self.expect(1, "RigError: something ended",
+                        f"class Test(unittest.TestCase):\n    def testIt(self):\n        pass\n"
+                        f"    def {begin}(self):\n        raise RigError('something ended')\n"
+                        "need()\nunittest.main()")
+
+    def testIsWrongWhenACaseIsBroken(self):
+        self.expectOfCases(1, "AttributeError", "right", "broken")
+
+    def testIsWrongWhenItsTimeIsOver(self):
+        self.expectOfCases(1, "not done after 3 seconds", "right", "hangs")
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)
