@@ -1,22 +1,21 @@
 #!/usr/bin/env python3
 """Walks the real window over the accessibility bus, as a screen reader does: every control has a name,
 a role and a place in the order of the Tab key, every value can be read with its caption, every button
-says what it does. Exit status 77 means that nothing could be tried; the reason is printed.
+says what it does.
 
 usage: accessibility_test.py BIN_FOLDER"""
 
 import os
 import shutil
-import sys
 import unittest
 
 from accessible import ENABLED, FOCUSABLE, FOCUSED, programNamed
-from session import DesktopSession, RigError, waitFor
+from desktop import Desktop
+from pictures import SAMPLE
+from running import need, takeProgram
+from session import DesktopSession, waitFor
 
-BIN = os.path.abspath(sys.argv.pop()) if len(sys.argv) > 1 else ""
-SAMPLE = os.path.join(os.path.dirname(os.path.abspath(__file__)),
-                      "../../resources/samples/Mountains at noon.jpg")
-SKIPPED = 77
+PROGRAM = takeProgram()
 
 # Caption of each value and the field's name in the window's report, from top to bottom.
 FIELDS = [
@@ -49,21 +48,17 @@ class AccessibilityTest(unittest.TestCase):
         cls.session = DesktopSession()
         cls.session.__enter__()
         cls.addClassCleanup(cls.session.close)
-        program = os.path.join(BIN, "pinorama")
         picture = os.path.join(cls.session.home, "Mountains at noon.jpg")
         shutil.copy(SAMPLE, picture)
-        report = cls.session.run([program, "--print-and-save",
+        report = cls.session.run([PROGRAM, "--print-and-save",
                                   os.path.join(cls.session.root, "window.png"), picture], 30)
         if report is None:
             raise AssertionError("the program does not report what it shows")
         cls.shown = dict(line.split(": ", 1) for line in report.replace("\n    ", " ").splitlines()
                          if ": " in line)
-        cls.session.start([program, picture])
-        found = waitFor(lambda: (cls.session.run(["xdotool", "search", "--onlyvisible", "--name",
-                                                  "^Pinorama$"]) or "").split(), 30)
-        if not found:
-            raise AssertionError("the window did not appear")
-        cls.window = found[0]
+        cls.session.start([PROGRAM, picture])
+        cls.desktop = Desktop(cls.session)
+        cls.window = cls.desktop.windowNamed("^Pinorama$")
         root = waitFor(lambda: programNamed(cls.session, "Pinorama"), 20)
         if not root:
             raise AssertionError("the program is not on the accessibility bus")
@@ -102,35 +97,21 @@ class AccessibilityTest(unittest.TestCase):
                 self.assertTrue(control.has(ENABLED, FOCUSABLE))
 
     def testTheTabKeyReachesEveryControlInItsOrder(self):
-        self.session.run(["xdotool", "windowactivate", "--sync", self.window])
+        self.desktop.activate(self.window)
         order = [(caption, "text") for caption, _ in FIELDS]
         order += [(name, role) for name, role, _ in CONTROLS]
         for name, role in order:
-            self.session.run(["xdotool", "key", "--clearmodifiers", "Tab"])
+            self.desktop.keys("Tab")
             control = self.named(name, role)
             self.assertTrue(waitFor(lambda: control.has(FOCUSED), 5), f"{name} has not the focus")
 
     def testTheWindowManagerPlacesTheWindow(self):
-        hints = self.session.run(["xprop", "-id", self.window, "WM_NORMAL_HINTS", "_NET_WM_STATE"])
+        hints = self.session.run(["xprop", "-id", str(self.window), "WM_NORMAL_HINTS", "_NET_WM_STATE"])
         self.assertIn("WM_NORMAL_HINTS", hints)
         self.assertNotIn("specified location", hints)
         self.assertNotIn("_NET_WM_STATE_ABOVE", hints)
 
 
-def whyNot():
-    for program in ("Xvfb", "openbox", "xdotool", "gdbus", "xprop"):
-        if not shutil.which(program):
-            return program + " is not installed"
-    return None
-
-
 if __name__ == "__main__":
-    reason = whyNot()
-    if reason:
-        print("skipped:", reason)
-        sys.exit(SKIPPED)
-    try:
-        unittest.main(verbosity=2)
-    except RigError as error:
-        print("skipped:", error)
-        sys.exit(SKIPPED)
+    need()
+    unittest.main(verbosity=2)

@@ -1,23 +1,20 @@
 #!/usr/bin/env python3
 """Opens the real window in sessions that lack what it talks to: no accessibility bus, no session bus.
-It shows what it is given, stays quick, and writes nothing to the terminal. Exit status 77 means that
-nothing could be tried; the reason is printed.
+It shows what it is given, stays quick, and writes nothing to the terminal.
 
 usage: bus_test.py BIN_FOLDER"""
 
 import os
-import shutil
-import sys
 import time
 import unittest
 
-from desktop import ProcessorUse
-from faults_test import Catalogue
+from catalogue import Catalogue
+from desktop import Desktop, ProcessorUse
 from pictures import writePicture
-from session import DesktopSession, RigError, waitFor
+from running import need, takeProgram
+from session import DesktopSession, waitFor
 
-BIN = os.path.abspath(sys.argv.pop()) if len(sys.argv) > 1 else ""
-SKIPPED = 77
+PROGRAM = takeProgram()
 LISTENING = 6  # seconds, 30 questions
 MOST_TICKS = 0.1  # part of one processor
 
@@ -32,11 +29,8 @@ class BusTest(unittest.TestCase):
         writePicture(self.picture, 10.5, 60.5)
 
     def openWindow(self):
-        process = self.session.start([os.path.join(BIN, "pinorama"), self.picture])
-        window = waitFor(lambda: (self.session.run(["xdotool", "search", "--onlyvisible", "--name",
-                                                    "^Pinorama$"]) or "").split(), 30)
-        self.assertTrue(window, "the window did not appear")
-        return process, window[0]
+        process = self.session.start([PROGRAM, self.picture])
+        return process, Desktop(self.session).windowNamed("^Pinorama$")
 
     def expectToBeWell(self, process, window):
         self.assertTrue(waitFor(lambda: self.catalogue.shownPlace(window) == (10.5, 60.5), 10),
@@ -65,20 +59,6 @@ class BusTest(unittest.TestCase):
         self.expectToBeWell(process, window)
 
 
-def whyNot():
-    for program in ("Xvfb", "openbox", "xdotool", "dbus-daemon", "xprop"):
-        if not shutil.which(program):
-            return program + " is not installed"
-    return None
-
-
 if __name__ == "__main__":
-    reason = whyNot()
-    if reason:
-        print("skipped:", reason)
-        sys.exit(SKIPPED)
-    try:
-        unittest.main(verbosity=2)
-    except RigError as error:
-        print("skipped:", error)
-        sys.exit(SKIPPED)
+    need()
+    unittest.main(verbosity=2)

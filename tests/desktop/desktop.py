@@ -46,6 +46,14 @@ class Desktop:
             raise RigError(f"{processes[0].args[0]} showed no window")
         return window
 
+    def windowNamed(self, pattern, seconds=30):
+        """Waits for a window whose title the regular expression fits."""
+        found = waitFor(lambda: (self.xdotool("search", "--onlyvisible", "--name", pattern) or "").split(),
+                        seconds)
+        if not found:
+            raise RigError(f"no window {pattern} came")
+        return int(found[0])
+
     def exists(self, window):
         return self.xdotool("getwindowname", window) is not None
 

@@ -1,22 +1,20 @@
 #!/usr/bin/env python3
-"""Drags the preview out of the real window into a folder of a real file manager, with the mouse. Exit
-status 77 means that nothing could be tried; the reason is printed.
+"""Drags the preview out of the real window into a folder of a real file manager, with the mouse.
 
 usage: drag_test.py BIN_FOLDER"""
 
 import filecmp
 import os
 import shutil
-import sys
 import time
 import unittest
 
-from session import DesktopSession, RigError, waitFor
+from desktop import Desktop
+from pictures import SAMPLE
+from running import need, takeProgram
+from session import DesktopSession, waitFor
 
-BIN = os.path.abspath(sys.argv.pop()) if len(sys.argv) > 1 else ""
-SAMPLE = os.path.join(os.path.dirname(os.path.abspath(__file__)),
-                      "../../resources/samples/Mountains at noon.jpg")
-SKIPPED = 77
+PROGRAM = takeProgram()
 STEP = 0.2  # seconds between two movements of the hand
 PAUSE = 2  # seconds for windows to be where they were moved
 
@@ -26,15 +24,10 @@ class DragTest(unittest.TestCase):
         self.session = DesktopSession()
         self.session.__enter__()
         self.addCleanup(self.session.close)
-
-    def windowNamed(self, pattern):
-        found = waitFor(lambda: (self.session.run(["xdotool", "search", "--onlyvisible", "--name",
-                                                   pattern]) or "").split(), 30)
-        self.assertTrue(found, f"no window {pattern}")
-        return found[0]
+        self.desktop = Desktop(self.session)
 
     def mouse(self, *arguments):
-        self.session.run(["xdotool", *map(str, arguments)])
+        self.desktop.xdotool(*arguments)
         time.sleep(STEP)
 
     def testThePreviewDraggedIntoAFolderCopiesTheFile(self):
@@ -42,10 +35,10 @@ class DragTest(unittest.TestCase):
         shutil.copy(SAMPLE, picture)
         folder = os.path.join(self.session.home, "target")
         os.mkdir(folder)
-        self.session.start([os.path.join(BIN, "pinorama"), picture])
-        window = self.windowNamed("^Pinorama$")
+        self.session.start([PROGRAM, picture])
+        window = self.desktop.windowNamed("^Pinorama$")
         self.session.start(["pcmanfm", folder])
-        manager = self.windowNamed("^target$")
+        manager = self.desktop.windowNamed("^target$")
         self.mouse("windowmove", window, 0, 0)
         self.mouse("windowsize", manager, 500, 400)
         self.mouse("windowmove", manager, 800, 300)
@@ -73,20 +66,6 @@ class DragTest(unittest.TestCase):
         self.assertTrue(os.path.exists(picture), "a drag copies, it never moves")
 
 
-def whyNot():
-    for program in ("Xvfb", "openbox", "xdotool", "pcmanfm"):
-        if not shutil.which(program):
-            return program + " is not installed"
-    return None
-
-
 if __name__ == "__main__":
-    reason = whyNot()
-    if reason:
-        print("skipped:", reason)
-        sys.exit(SKIPPED)
-    try:
-        unittest.main(verbosity=2)
-    except RigError as error:
-        print("skipped:", error)
-        sys.exit(SKIPPED)
+    need("pcmanfm")
+    unittest.main(verbosity=2)

@@ -1,21 +1,21 @@
 #!/usr/bin/env python3
 """Flies the real Marble from the real window, cold and warm, and reads over the session bus where it
-went. Exit status 77 means that nothing could be tried; the reason is printed.
+went.
 
 usage: globe_test.py BIN_FOLDER"""
 
 import os
 import re
 import shutil
-import sys
 import time
 import unittest
 
+from desktop import Desktop
 from pictures import writePicture
-from session import DesktopSession, RigError, waitFor
+from running import need, takeProgram
+from session import DesktopSession, waitFor
 
-BIN = os.path.abspath(sys.argv.pop()) if len(sys.argv) > 1 else ""
-SKIPPED = 77
+PROGRAM = takeProgram()
 
 
 class GlobeTest(unittest.TestCase):
@@ -23,21 +23,19 @@ class GlobeTest(unittest.TestCase):
         self.session = DesktopSession()
         self.session.__enter__()
         self.addCleanup(self.session.close)
+        self.desktop = Desktop(self.session)
 
     def showPicture(self, name, latitude, longitude, **more):
         path = os.path.join(self.session.home, name)
         writePicture(path, latitude, longitude, **more)
         # As root, Marble's web view does not start in its sandbox.
         extra = {"QTWEBENGINE_DISABLE_SANDBOX": "1"} if os.geteuid() == 0 else {}
-        self.session.start([os.path.join(BIN, "pinorama"), path], extra=extra)
-        self.window = waitFor(
-            lambda: (self.session.run(["xdotool", "search", "--onlyvisible", "--name",
-                                       "^Pinorama$"]) or "").split(), 30)
-        self.assertTrue(self.window, "the window did not appear")
+        self.session.start([PROGRAM, path], extra=extra)
+        self.window = self.desktop.windowNamed("^Pinorama$")
 
     def pressGlobeButton(self):
-        self.session.run(["xdotool", "windowactivate", "--sync", self.window[0]])
-        self.session.run(["xdotool", "key", "--clearmodifiers", "alt+g"])
+        self.desktop.activate(self.window)
+        self.desktop.keys("alt+g")
 
     def marble(self, name):
         return self.session.call("org.kde.marble", "/Marble", "org.freedesktop.DBus.Properties.Get",
@@ -95,22 +93,6 @@ class GlobeTest(unittest.TestCase):
         self.assertFalse(self.complainsAbout(document, 3 + 2 * (time.monotonic() - start)))
 
 
-def whyNot():
-    for program in ("Xvfb", "openbox", "xdotool", "gdbus"):
-        if not shutil.which(program):
-            return program + " is not installed"
-    if not (shutil.which("marble") or shutil.which("marble-qt")):
-        return "Marble is not installed"
-    return None
-
-
 if __name__ == "__main__":
-    reason = whyNot()
-    if reason:
-        print("skipped:", reason)
-        sys.exit(SKIPPED)
-    try:
-        unittest.main(verbosity=2)
-    except RigError as error:
-        print("skipped:", error)
-        sys.exit(SKIPPED)
+    need(("marble", "marble-qt"))
+    unittest.main(verbosity=2)

@@ -1,22 +1,20 @@
 #!/usr/bin/env python3
 """Opens places from the real window in a real browser and in a handler of the catalogue's addresses,
-and compares what arrives byte for byte. The browser talks to a server on this machine only. Exit
-status 77 means that nothing could be tried; the reason is printed.
+and compares what arrives byte for byte. The browser talks to a server on this machine only.
 
 usage: maps_test.py BIN_FOLDER"""
 
 import http.server
 import os
-import shutil
-import sys
 import threading
 import unittest
 
+from desktop import Desktop
 from pictures import writePicture
-from session import DesktopSession, RigError, waitFor
+from running import need, takeProgram
+from session import DesktopSession, waitFor
 
-BIN = os.path.abspath(sys.argv.pop()) if len(sys.argv) > 1 else ""
-SKIPPED = 77
+PROGRAM = takeProgram()
 
 
 class RequestLog(http.server.BaseHTTPRequestHandler):
@@ -42,6 +40,7 @@ class MapsTest(unittest.TestCase):
         self.session = DesktopSession()
         self.session.__enter__()
         self.addCleanup(self.session.close)
+        self.desktop = Desktop(self.session)
         self.catalogueLog = os.path.join(self.session.root, "catalogue")
         self.install("browser", "x-scheme-handler/http;text/html",
                      "exec chromium --headless=new --no-sandbox --disable-gpu --disable-sync "
@@ -85,19 +84,11 @@ class MapsTest(unittest.TestCase):
     def showPicture(self, name, latitude, longitude):
         path = os.path.join(self.session.home, name)
         writePicture(path, latitude, longitude)
-        self.session.start([os.path.join(BIN, "pinorama"), path])
-        window = waitFor(
-            lambda: (self.session.run(["xdotool", "search", "--onlyvisible", "--name",
-                                       "^Pinorama$"]) or "").split(), 30)
-        self.assertTrue(window, "the window did not appear")
-        self.session.run(["xdotool", "windowactivate", "--sync", window[0]])
-
-    def press(self, *keys):
-        for key in keys:
-            self.session.run(["xdotool", "key", "--clearmodifiers", key])
+        self.session.start([PROGRAM, path])
+        self.desktop.activate(self.desktop.windowNamed("^Pinorama$"))
 
     def openTestMap(self):
-        self.press("alt+p", "m", "Down", "Return")
+        self.desktop.keys("alt+p", "m", "Down", "Return")
 
     def requests(self):
         waitFor(lambda: RequestLog.paths, 30)
@@ -118,28 +109,13 @@ class MapsTest(unittest.TestCase):
 
     def testTheCatalogueGetsItsAddress(self):
         self.showPicture("north west.jpg", 48.1, -11.5)
-        self.press("alt+f")
+        self.desktop.keys("alt+f")
         waitFor(lambda: os.path.exists(self.catalogueLog), 20)
         with open(self.catalogueLog) as log:
             self.assertEqual(log.read(),
                              "skallion://find/gps/&lat=48.100000&long=-11.500000&distance=2000m\n")
 
 
-def whyNot():
-    for program in ("Xvfb", "openbox", "xdotool", "chromium", "xdg-open",
-                    "update-desktop-database"):
-        if not shutil.which(program):
-            return program + " is not installed"
-    return None
-
-
 if __name__ == "__main__":
-    reason = whyNot()
-    if reason:
-        print("skipped:", reason)
-        sys.exit(SKIPPED)
-    try:
-        unittest.main(verbosity=2)
-    except RigError as error:
-        print("skipped:", error)
-        sys.exit(SKIPPED)
+    need("chromium", "xdg-open", "update-desktop-database")
+    unittest.main(verbosity=2)

@@ -1,6 +1,11 @@
-"""Pictures for the desktop tests: a JPEG file with a position and nothing to see."""
+"""Pictures for the desktop tests: one with mountains to see, and JPEG files with a position and nothing
+to see."""
 
+import os
 import struct
+
+SAMPLE = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "resources", "samples",
+                      "Mountains at noon.jpg")
 
 
 def _rationals(values):

@@ -7,6 +7,7 @@ import os
 import time
 
 from accessible import CHECKED, programNamed
+from desktop import Desktop
 from session import RigError, waitFor
 
 STEP = 0.05  # seconds between two looks
@@ -25,8 +26,6 @@ class Window:
         """Starts the program and finds the parts of its window."""
         self.process = self.session.start([self.program, *pictures])
         self.window = self.find()
-        if not self.window:
-            raise RigError("the program showed no window: " + self.messages())
         root = waitFor(lambda: programNamed(self.session, "Pinorama"), 30, STEP)
         if not root:
             raise RigError("the program is not on the accessibility bus: " + self.messages())
@@ -40,10 +39,11 @@ class Window:
             raise RigError(f"of the window's parts there are only {list(self.parts)}")
 
     def find(self):
-        """The window on the screen, or None."""
-        found = waitFor(lambda: (self.session.run(["xdotool", "search", "--onlyvisible", "--name",
-                                                   "^Pinorama$"]) or "").split(), 30, STEP)
-        return int(found[0]) if found else None
+        """The window on the screen."""
+        try:
+            return Desktop(self.session).windowNamed("^Pinorama$")
+        except RigError as error:
+            raise RigError(f"{error}: {self.messages()}") from error
 
     def close(self):
         """Ends the program, as the end of a session does."""
