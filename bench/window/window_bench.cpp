@@ -15,6 +15,7 @@
 #include "lib/ui/picture_reader.h"
 #include "platform/files/path_text.h"
 #include "platform/pictures/preview.h"
+#include "tests/support/byte_views.h"
 #include "tests/support/environment.h"
 
 #include <QApplication>
@@ -164,8 +165,7 @@ void measureFiles(AppController& controller, PaintWatch& watch,
     std::size_t without = 0;
     for (const std::string& path : files) {
         const std::string bytes = test::readFile(path);
-        platform::MemoryByteSource source(
-            {reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
+        platform::MemoryByteSource source(test::viewOf(bytes));
         const auto preview = platform::makePreview(source, kSide, kSide);
         if (!preview) {
             without++;

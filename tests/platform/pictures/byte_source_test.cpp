@@ -1,5 +1,6 @@
 #include "platform/pictures/byte_source.h"
 
+#include "tests/support/byte_views.h"
 #include "tests/support/environment.h"
 
 #include <gtest/gtest.h>
@@ -10,18 +11,10 @@
 #include <unistd.h>
 
 using namespace platform;
+using test::textOf;
+using test::viewOf;
 
 namespace {
-ByteView viewOf(const std::string& bytes)
-{
-    return {reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()};
-}
-
-std::string textOf(ByteView view)
-{
-    return {view.begin(), view.end()};
-}
-
 // A file whose byte at offset n is n modulo 251, so that every place can be told.
 std::string patternOf(std::size_t size)
 {

@@ -3,25 +3,17 @@
 #include "platform/pictures/mrw.h"
 #include "platform/pictures/raf.h"
 
+#include "tests/support/byte_views.h"
 #include "tests/support/picture_builder.h"
 
 #include <gtest/gtest.h>
 
 using namespace platform;
+using test::textOf;
+using test::viewOf;
 using namespace std::string_literals;
 
 namespace {
-ByteView viewOf(const std::string& bytes)
-{
-    return {reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()};
-}
-
-std::string textOf(const ByteBlock& block)
-{
-    const ByteView view = block.view(0, static_cast<std::size_t>(block.length()));
-    return {view.begin(), view.end()};
-}
-
 // The start of an image and the given bytes; what is found in it.
 JpegMetadata metadataOf(MemoryByteSource& source)
 {

@@ -1,5 +1,6 @@
 #include "platform/pictures/exif_gps.h"
 
+#include "tests/support/byte_views.h"
 #include "tests/support/picture_builder.h"
 
 #include <gtest/gtest.h>
@@ -13,7 +14,7 @@ constexpr auto kOrder = test::ByteOrder::little;
 PictureProperties gpsOf(const std::vector<test::TiffField>& fields)
 {
     const std::string bytes = test::tiffBlock({.fields = fields});
-    MemoryByteSource source({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
+    MemoryByteSource source(test::viewOf(bytes));
     PictureProperties properties;
     const auto tiff = TiffBlock::open(ByteBlock(source));
     readGpsDirectory(*tiff, tiff->firstDirectory(), properties);
@@ -83,7 +84,7 @@ TEST(readGpsDirectory, aCoordinateThatEndsOutsideTheBlockIsAbsent)
         test::tiffBlock({.fields = {rationals(2, {{48, 1}, {6, 1}, {0, 1}})}});
     for (std::size_t size = bytes.size() - 24; size < bytes.size(); ++size) {
         SCOPED_TRACE(size);
-        MemoryByteSource source({reinterpret_cast<const std::uint8_t*>(bytes.data()), size});
+        MemoryByteSource source(test::viewOf(bytes).first(size));
         PictureProperties properties;
         readGpsDirectory(*TiffBlock::open(ByteBlock(source)), 8, properties);
         EXPECT_TRUE(properties.hasGps);
@@ -183,7 +184,7 @@ TEST(readGpsDirectory, cutsTextsOfUnreasonableLength)
 TEST(readGpsDirectory, aDirectoryOutsideTheBlockIsNone)
 {
     const std::string bytes = test::tiffBlock({});
-    MemoryByteSource source({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
+    MemoryByteSource source(test::viewOf(bytes));
     const auto tiff = TiffBlock::open(ByteBlock(source));
     for (const std::uint64_t offset : {0u, 4u, 8u, 13u, 14u, 0xffffffffu}) {
         SCOPED_TRACE(offset);

@@ -2,19 +2,16 @@
 #include "platform/pictures/iptc_text.h"
 #include "platform/pictures/photoshop_resources.h"
 
+#include "tests/support/byte_views.h"
 #include "tests/support/picture_builder.h"
 
 #include <gtest/gtest.h>
 
 using namespace platform;
+using test::viewOf;
 using namespace std::string_literals;
 
 namespace {
-ByteView viewOf(const std::string& bytes)
-{
-    return {reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()};
-}
-
 PictureProperties textsOf(const std::string& record)
 {
     MemoryByteSource source(viewOf(record));

@@ -1,5 +1,6 @@
 #include "platform/pictures/jpeg_decode.h"
 
+#include "tests/support/byte_views.h"
 #include "tests/support/jpeg_pictures.h"
 
 #include <gtest/gtest.h>
@@ -15,15 +16,13 @@ const std::vector<std::uint32_t> kCorners = {test::kRed, test::kGreen, test::kBl
 
 std::optional<PixelImage> decode(const std::string& bytes, PixelSize box)
 {
-    platform::MemoryByteSource source(
-        {reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
+    platform::MemoryByteSource source(test::viewOf(bytes));
     return platform::decodeJpeg(platform::ByteBlock(source), box);
 }
 
 PixelSize sizeOf(const std::string& bytes)
 {
-    platform::MemoryByteSource source(
-        {reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
+    platform::MemoryByteSource source(test::viewOf(bytes));
     return platform::jpegSize(platform::ByteBlock(source));
 }
 

@@ -1,5 +1,6 @@
 #include "platform/pictures/picture_properties.h"
 
+#include "tests/support/byte_views.h"
 #include "tests/support/picture_builder.h"
 
 #include <gtest/gtest.h>
@@ -10,8 +11,7 @@ using test::ByteOrder;
 namespace {
 std::optional<PictureProperties> propertiesOf(const std::string& bytes)
 {
-    platform::MemoryByteSource source(
-        {reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
+    platform::MemoryByteSource source(test::viewOf(bytes));
     return platform::readPictureProperties(source);
 }
 

@@ -1,6 +1,7 @@
 #include "platform/pictures/preview.h"
 
 #include "platform/pictures/picture_file.h"
+#include "tests/support/byte_views.h"
 #include "tests/support/environment.h"
 #include "tests/support/jpeg_pictures.h"
 #include "tests/support/picture_builder.h"
@@ -22,8 +23,7 @@ const std::vector<std::uint32_t> kCorners = {test::kRed, test::kGreen, test::kBl
 
 std::optional<Preview> previewOf(const std::string& bytes, int width = 128, int height = 128)
 {
-    platform::MemoryByteSource source(
-        {reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
+    platform::MemoryByteSource source(test::viewOf(bytes));
     return platform::makePreview(source, width, height);
 }
 

@@ -1,0 +1,27 @@
+// Bytes that a test keeps in a std::string, as the readers of pictures take them and give them.
+
+#pragma once
+
+#include <string>
+
+#include "platform/pictures/byte_source.h"
+
+namespace test {
+
+// The bytes of `bytes`, which has to outlive the view.
+inline platform::ByteView viewOf(const std::string& bytes)
+{
+    return {reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()};
+}
+
+inline std::string textOf(platform::ByteView view)
+{
+    return {view.begin(), view.end()};
+}
+
+inline std::string textOf(const platform::ByteBlock& block)
+{
+    return textOf(block.view(0, static_cast<std::size_t>(block.length())));
+}
+
+}  // namespace test
