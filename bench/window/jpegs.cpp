@@ -1,13 +1,13 @@
 #include "bench/window/jpegs.h"
 
+#include "tests/support/jpeg_encoder.h"
+#include "tests/support/jpeg_pictures.h"
 #include "tests/support/picture_builder.h"
 
 #include <algorithm>
-#include <cmath>
 #include <csetjmp>
 #include <cstdint>
 #include <cstdio>  // jpeglib.h needs it before itself
-#include <cstdlib>
 #include <vector>
 
 #include <jpeglib.h>
@@ -23,38 +23,17 @@ constexpr std::uint32_t kSeed = 12345;
 
 std::string encode(int width, int height)
 {
-    jpeg_compress_struct info = {};
-    jpeg_error_mgr errors = {};
-    info.err = jpeg_std_error(&errors);
-    jpeg_create_compress(&info);
-    unsigned char* bytes = nullptr;
-    unsigned long size = 0;
-    jpeg_mem_dest(&info, &bytes, &size);
-    info.image_width = static_cast<JDIMENSION>(width);
-    info.image_height = static_cast<JDIMENSION>(height);
-    info.input_components = 3;
-    info.in_color_space = JCS_RGB;
-    jpeg_set_defaults(&info);
-    jpeg_set_quality(&info, kQuality, TRUE);
-    jpeg_start_compress(&info, TRUE);
-
-    std::vector<JSAMPLE> row(static_cast<std::size_t>(width) * 3);
     std::uint32_t random = kSeed;
-    for (int y = 0; y < height; y++) {
+    const auto fillRow = [&](int y, std::span<std::uint8_t> row) {
         for (std::size_t i = 0; i < row.size(); i++) {
             random = random * 1664525u + 1013904223u;
             const int noise = static_cast<int>(random >> 16) % kMostNoise;
             const int slope = static_cast<int>(i / 3) * 100 / width + y * 100 / height;
-            row[i] = static_cast<JSAMPLE>(slope + noise);
+            row[i] = static_cast<std::uint8_t>(slope + noise);
         }
-        JSAMPROW rows[] = {row.data()};
-        jpeg_write_scanlines(&info, rows, 1);
-    }
-    jpeg_finish_compress(&info);
-    std::string jpeg(reinterpret_cast<const char*>(bytes), size);
-    jpeg_destroy_compress(&info);
-    std::free(bytes);
-    return jpeg;
+    };
+    return test::encodeJpeg({.width = width, .height = height, .channels = 3, .quality = kQuality},
+                            fillRow);
 }
 
 struct Errors {
@@ -74,21 +53,8 @@ std::string bench::largeJpeg(bool withThumbnail)
 {
     std::string jpeg = encode(kLargeWidth, kLargeHeight);
     if (!withThumbnail) return jpeg;
-    using namespace test;
-    // TIFF: an empty first directory, then one with the thumbnail behind it.
-    const std::string thumbnail = encode(kThumbnailWidth, kThumbnailHeight);
-    constexpr std::uint32_t kFirst = 8;
-    constexpr std::uint32_t kSecond = kFirst + 6;
-    constexpr std::uint32_t kData = kSecond + 2 + 3 * 12 + 4;
-    const auto length = static_cast<std::uint32_t>(thumbnail.size());
-    std::string tiff = std::string("II*\0", 4) + bytes32(ByteOrder::little, kFirst) +
-                       bytes16(ByteOrder::little, 0) + bytes32(ByteOrder::little, kSecond);
-    tiff += tiffDirectory(
-        ByteOrder::little, kSecond,
-        {shortField(ByteOrder::little, 0x0103, 6), longField(ByteOrder::little, 0x0201, kData),
-         longField(ByteOrder::little, 0x0202, length)});
-    tiff += thumbnail;
-    return jpeg.insert(2, exifSegment(tiff));
+    const std::string tiff = test::exifWithThumbnail(0, encode(kThumbnailWidth, kThumbnailHeight));
+    return jpeg.insert(2, test::exifSegment(tiff));
 }
 
 std::uint64_t bench::decodeReduced(const std::string& jpeg, unsigned side)

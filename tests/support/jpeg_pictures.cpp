@@ -1,83 +1,61 @@
 #include "tests/support/jpeg_pictures.h"
 
+#include "tests/support/jpeg_encoder.h"
 #include "tests/support/picture_builder.h"
 
-#include <cstdio>  // jpeglib.h needs it before itself
-
-#include <jpeglib.h>
-
+#include <algorithm>
+#include <array>
 #include <cstdlib>
 
 namespace {
-constexpr int kMarkerOfExif = JPEG_APP0 + 1;
+constexpr int kQuality = 95;
 
 std::uint8_t channel(std::uint32_t pixel, int shift)
 {
     return static_cast<std::uint8_t>(pixel >> shift);
 }
 
-void appendPixel(std::uint32_t pixel, test::JpegKind kind, std::vector<JSAMPLE>* row)
+int channelsOf(test::JpegKind kind)
 {
-    const std::uint8_t rgb[] = {channel(pixel, 16), channel(pixel, 8), channel(pixel, 0)};
     switch (kind) {
-    case test::JpegKind::gray: row->push_back(rgb[0]); break;
-    case test::JpegKind::cmykOfAdobe:  // what is left of the paper; no black ink
-        row->insert(row->end(), std::begin(rgb), std::end(rgb));
-        row->push_back(255);
-        break;
-    case test::JpegKind::cmyk:
-        for (const std::uint8_t value : rgb) row->push_back(static_cast<JSAMPLE>(255 - value));
-        row->push_back(0);
-        break;
-    default: row->insert(row->end(), std::begin(rgb), std::end(rgb));
+    case test::JpegKind::gray: return 1;
+    case test::JpegKind::cmykOfAdobe:
+    case test::JpegKind::cmyk: return 4;
+    default: return 3;
     }
 }
 
-void setUp(jpeg_compress_struct* info, test::JpegKind kind)
+// The samples of a pixel, as many as its kind has channels.
+std::array<std::uint8_t, 4> samplesOf(std::uint32_t pixel, test::JpegKind kind)
 {
-    const bool hasInks = kind == test::JpegKind::cmyk || kind == test::JpegKind::cmykOfAdobe;
-    const bool isGray = kind == test::JpegKind::gray;
-    info->input_components = hasInks ? 4 : isGray ? 1 : 3;
-    info->in_color_space = hasInks ? JCS_CMYK : isGray ? JCS_GRAYSCALE : JCS_RGB;
-    jpeg_set_defaults(info);
-    jpeg_set_quality(info, 95, TRUE);
-    if (kind == test::JpegKind::progressive) jpeg_simple_progression(info);
-    if (kind == test::JpegKind::cmyk) info->write_Adobe_marker = FALSE;
+    const std::uint8_t red = channel(pixel, 16);
+    const std::uint8_t green = channel(pixel, 8);
+    const std::uint8_t blue = channel(pixel, 0);
+    if (kind != test::JpegKind::cmyk) {
+        return {red, green, blue, 255};  // of inks what is left of the paper; no black ink
+    }
+    const auto ink = [](std::uint8_t value) { return static_cast<std::uint8_t>(255 - value); };
+    return {ink(red), ink(green), ink(blue), 0};
 }
 }  // namespace
 
 std::string test::jpegOfQuarters(int width, int height, const JpegOptions& options)
 {
-    jpeg_compress_struct info = {};
-    jpeg_error_mgr errors = {};
-    info.err = jpeg_std_error(&errors);
-    jpeg_create_compress(&info);
-    unsigned char* bytes = nullptr;
-    unsigned long size = 0;
-    jpeg_mem_dest(&info, &bytes, &size);
-    info.image_width = static_cast<JDIMENSION>(width);
-    info.image_height = static_cast<JDIMENSION>(height);
-    setUp(&info, options.kind);
-    jpeg_start_compress(&info, TRUE);
-    if (!options.exif.empty()) {
-        const std::string content = std::string("Exif\0\0", 6) + options.exif;
-        jpeg_write_marker(&info, kMarkerOfExif, reinterpret_cast<const JOCTET*>(content.data()),
-                          static_cast<unsigned>(content.size()));
-    }
-    for (int y = 0; y < height; y++) {
-        std::vector<JSAMPLE> row;
+    const JpegEncoding encoding{.width = width,
+                                .height = height,
+                                .channels = channelsOf(options.kind),
+                                .quality = kQuality,
+                                .isProgressive = options.kind == JpegKind::progressive,
+                                .namesAdobe = options.kind != JpegKind::cmyk,
+                                .exif = options.exif};
+    const auto fillRow = [&](int y, std::span<std::uint8_t> row) {
         for (int x = 0; x < width; x++) {
             const int corner = (y >= (height + 1) / 2 ? 2 : 0) + (x >= (width + 1) / 2 ? 1 : 0);
-            appendPixel(options.corners[corner], options.kind, &row);
+            const auto samples = samplesOf(options.corners[corner], options.kind);
+            std::copy_n(samples.begin(), encoding.channels, row.begin() + x * encoding.channels);
         }
-        JSAMPROW rows[] = {row.data()};
-        jpeg_write_scanlines(&info, rows, 1);
-    }
-    jpeg_finish_compress(&info);
-    std::string result(reinterpret_cast<char*>(bytes), size);
-    jpeg_destroy_compress(&info);
-    std::free(bytes);
-    return result;
+    };
+    return encodeJpeg(encoding, fillRow);
 }
 
 std::string test::exifWithThumbnail(int orientation, const std::string& thumbnail)
