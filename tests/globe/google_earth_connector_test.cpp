@@ -2,6 +2,7 @@
 
 #include "globe/kml_document.h"
 #include "platform/files/path_text.h"
+#include "tests/globe/places.h"
 #include "tests/support/environment.h"
 #include "tests/support/other_process.h"
 #include "tests/support/small_disk.h"
@@ -16,27 +17,17 @@
 #include <sys/stat.h>
 
 namespace {
-fileInfoRecord somewhere()
-{
-    fileInfoRecord info = {};
-    info.latti = 48.1;
-    info.refLatti = 'N';
-    info.longi = 11.5;
-    info.refLongi = 'E';
-    return info;
-}
+const fileInfoRecord kSomewhere = test::place(48.1, 'N', 11.5, 'E');
 
 // Exports to `path`, which reports nothing whatever comes of it.
 void exportTo(const std::string& path)
 {
-    const fileInfoRecord info = somewhere();
-    EXPECT_EQ(GoogleEarthConnector::exportToKML(test::text(path).get(), &info, nullptr), 0);
+    EXPECT_EQ(GoogleEarthConnector::exportToKML(test::text(path).get(), &kSomewhere, nullptr), 0);
 }
 
 std::string documentOfSomewhere()
 {
-    const fileInfoRecord info = somewhere();
-    return test::takeUTF8(gpsMakeKMLDocument(&info, nullptr)).value_or("");
+    return test::takeUTF8(gpsMakeKMLDocument(&kSomewhere, nullptr)).value_or("");
 }
 
 long openDescriptors()
@@ -48,43 +39,40 @@ long openDescriptors()
 TEST(exportToKML, writesTheDocumentAsUTF8)
 {
     const test::TemporaryFolder folder;
-    const fileInfoRecord info = somewhere();
     const test::Text name = test::text("Z\xc3\xbcrich.jpg");
     const test::Text path = test::text(folder.file("out.kml"));
-    EXPECT_EQ(GoogleEarthConnector::exportToKML(path.get(), &info, name.get()), 0);
+    EXPECT_EQ(GoogleEarthConnector::exportToKML(path.get(), &kSomewhere, name.get()), 0);
     EXPECT_EQ(test::readFile(folder.file("out.kml")),
-              test::takeUTF8(gpsMakeKMLDocument(&info, name.get())));
+              test::takeUTF8(gpsMakeKMLDocument(&kSomewhere, name.get())));
 }
 
 TEST(exportToKML, writesANameThatIsNoUTF8AsFarAsItIs)
 {
     const test::TemporaryFolder folder;
-    const fileInfoRecord info = somewhere();
     const test::Text name(platform::createPathText("Z\xfcrich.jpg"));
     const test::Text shownName = test::text("Z\xef\xbf\xbdrich.jpg");
     const test::Text path = test::text(folder.file("out.kml"));
-    EXPECT_EQ(GoogleEarthConnector::exportToKML(path.get(), &info, name.get()), 0);
+    EXPECT_EQ(GoogleEarthConnector::exportToKML(path.get(), &kSomewhere, name.get()), 0);
     EXPECT_EQ(test::readFile(folder.file("out.kml")),
-              test::takeUTF8(gpsMakeKMLDocument(&info, shownName.get())));
+              test::takeUTF8(gpsMakeKMLDocument(&kSomewhere, shownName.get())));
 }
 
 TEST(exportToKML, keepsTheTailOfALongerFile)
 {
     const test::TemporaryFolder folder;
     const std::string longFile = folder.write("out.kml", std::string(5000, 'x'));
-    const fileInfoRecord info = somewhere();
     const test::Text path = test::text(longFile);
-    GoogleEarthConnector::exportToKML(path.get(), &info, nullptr);
-    const std::string document = test::takeUTF8(gpsMakeKMLDocument(&info, nullptr)).value_or("");
+    GoogleEarthConnector::exportToKML(path.get(), &kSomewhere, nullptr);
+    const std::string document =
+        test::takeUTF8(gpsMakeKMLDocument(&kSomewhere, nullptr)).value_or("");
     EXPECT_EQ(test::readFile(longFile), document + std::string(5000 - document.size(), 'x'));
 }
 
 TEST(exportToKML, reportsNothingWhenTheFileCannotBeMade)
 {
     const test::TemporaryFolder folder;
-    const fileInfoRecord info = somewhere();
     const test::Text path = test::text(folder.file("missing/out.kml"));
-    EXPECT_EQ(GoogleEarthConnector::exportToKML(path.get(), &info, nullptr), 0);
+    EXPECT_EQ(GoogleEarthConnector::exportToKML(path.get(), &kSomewhere, nullptr), 0);
     EXPECT_FALSE(std::filesystem::exists(folder.file("missing")));
 }
 
@@ -159,9 +147,8 @@ TEST(exportToKML, waitsForNoPipeAndNoFolder)
 TEST(exportToKML, nullsWriteNothing)
 {
     const test::TemporaryFolder folder;
-    const fileInfoRecord info = somewhere();
     const test::Text path = test::text(folder.file("out.kml"));
-    EXPECT_EQ(GoogleEarthConnector::exportToKML(nullptr, &info, nullptr), 0);
+    EXPECT_EQ(GoogleEarthConnector::exportToKML(nullptr, &kSomewhere, nullptr), 0);
     EXPECT_EQ(GoogleEarthConnector::exportToKML(path.get(), nullptr, nullptr), 0);
     EXPECT_FALSE(std::filesystem::exists(folder.file("out.kml")));
 }

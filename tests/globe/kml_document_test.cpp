@@ -1,5 +1,6 @@
 #include "globe/kml_document.h"
 
+#include "tests/globe/places.h"
 #include "tests/support/golden.h"
 #include "tests/support/texts.h"
 
@@ -9,15 +10,7 @@
 #include <string>
 
 namespace {
-fileInfoRecord place(double latti, char refLatti, double longi, char refLongi)
-{
-    fileInfoRecord info = {};
-    info.latti = latti;
-    info.refLatti = refLatti;
-    info.longi = longi;
-    info.refLongi = refLongi;
-    return info;
-}
+using test::place;
 
 std::string coordinatesOf(const fileInfoRecord& info)
 {

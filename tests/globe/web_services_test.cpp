@@ -1,6 +1,7 @@
 #include "globe/web_services.h"
 
 #include "lib/ui/application_bundle.h"
+#include "tests/globe/places.h"
 #include "tests/support/environment.h"
 #include "tests/support/texts.h"
 
@@ -10,6 +11,7 @@
 #include <filesystem>
 
 namespace {
+using test::place;
 using test::takeUTF8;
 using test::text;
 
@@ -28,17 +30,6 @@ private:
     test::TemporaryFolder folder_;
     std::optional<test::ScopedVariable> variable_;
 };
-
-fileInfoRecord place(double latti, char refLatti, double longi, char refLongi)
-{
-    fileInfoRecord info = {};
-    info.latti = latti;
-    info.refLatti = refLatti;
-    info.longi = longi;
-    info.refLongi = refLongi;
-    info.distance = 1000.0;
-    return info;
-}
 
 std::string address(std::string_view urlTemplate, const fileInfoRecord& info,
                     std::string_view path = "/pics/My Photo.jpg")
@@ -160,8 +151,9 @@ TEST(appMakeWebServiceURL, nullArgumentsGiveNull)
 
 TEST(appMakeCatalogueURL, hasItsFixedRadius)
 {
-    EXPECT_EQ(catalogue(place(48.1, 'N', 11.5, 'W')),
-              "skallion://find/gps/&lat=48.100000&long=-11.500000&distance=2000m");
+    fileInfoRecord info = place(48.1, 'N', 11.5, 'W');
+    info.distance = 1000.0;
+    EXPECT_EQ(catalogue(info), "skallion://find/gps/&lat=48.100000&long=-11.500000&distance=2000m");
     EXPECT_EQ(catalogue(place(48.1, 'S', 11.5, 0)),
               "skallion://find/gps/&lat=-48.100000&long=11.500000&distance=2000m");
     EXPECT_EQ(appMakeCatalogueURL(nullptr), nullptr);
