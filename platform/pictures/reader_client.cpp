@@ -76,6 +76,7 @@ std::uint32_t platform::ReaderClient::startPreview(int descriptor, PreviewKind k
 void platform::ReaderClient::giveUpPreview()
 {
     preview_.reset();
+    previewTicket_ = 0;
     std::erase_if(jobs_,
                   [](const Job& job) { return job.task != ReaderTask::properties && !job.isSent; });
     for (Job& job : jobs_) {

@@ -1,14 +1,32 @@
 #include "lib/ui/preview_loader.h"
 
+#include "lib/ui/picture_reader.h"
 #include "tests/lib/ui/preview_fixture.h"
 
+#include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QTimer>
+
+#include <csignal>
 
 namespace {
 using test::kCorners;
 using test::kSize;
 using test::quartersOf;
+
+// Holds the reader up, so that no answer comes as long as this is there.
+class HeldReader {
+public:
+    HeldReader()
+    {
+        cuPictureReader().start();
+        kill(cuPictureReader().processID(), SIGSTOP);
+    }
+    HeldReader(const HeldReader&) = delete;
+    HeldReader& operator=(const HeldReader&) = delete;
+    ~HeldReader() { kill(cuPictureReader().processID(), SIGCONT); }
+};
 
 class PreviewLoader : public test::PreviewTest {
 protected:
@@ -36,6 +54,18 @@ protected:
     {
         QTimer::singleShot(5000, &loop_, &QEventLoop::quit);
         loop_.exec();
+    }
+
+    // Lets the event loop run until the reader has been asked for a preview after the one with the
+    // ticket `last`. The ticket of it.
+    static std::uint32_t untilItIsUnderWay(std::uint32_t last = 0)
+    {
+        const QDeadlineTimer limit(5000);
+        while (cuPictureReader().previewTicket() <= last && !limit.hasExpired()) {
+            QCoreApplication::processEvents();
+        }
+        EXPECT_GT(cuPictureReader().previewTicket(), last);
+        return cuPictureReader().previewTicket();
     }
 
     // Lets the event loop run until nothing more can come.
@@ -71,7 +101,7 @@ TEST_F(PreviewLoader, showsADecodedPreviewBeforeItIsStored)
     wait();
     ASSERT_EQ(arrivals_.size(), 1u);
     EXPECT_FALSE(std::filesystem::exists(stored));
-    settle();
+    EXPECT_TRUE(test::waitUntil([&] { return std::filesystem::exists(stored); }));
     EXPECT_EQ(QImage(QString::fromStdString(stored)).size(), QSize(128, 85));
 }
 
@@ -112,6 +142,98 @@ TEST_F(PreviewLoader, answersWithAnIconWithoutAPreview)
     wait();
     ASSERT_EQ(arrivals_.size(), 1u);
     EXPECT_EQ(arrivals_[0].picture.size(), QSize(192, 192));
+}
+
+TEST_F(PreviewLoader, answersWithAnIconForAFileThatIsNoPicture)
+{
+    request(folder_.write("text.jpg", "no picture"));
+    wait();
+    ASSERT_EQ(arrivals_.size(), 1u);
+    EXPECT_EQ(arrivals_[0].picture.size(), QSize(128, 128));
+}
+
+TEST_F(PreviewLoader, passesOverAThumbnailOfAnotherFile)
+{
+    const std::string path = picture();
+    cache("normal", 128, "file://" + path, mtimeOf(path), Qt::cyan, "file:///other.jpg");
+    request(path);
+    wait();
+    ASSERT_EQ(arrivals_.size(), 1u);
+    EXPECT_TRUE(test::areNear(quartersOf(arrivals_[0].picture), kCorners));
+}
+
+TEST_F(PreviewLoader, givesUpAPreviewThatIsUnderWay)
+{
+    const std::string last = picture("b.jpg");
+    {
+        const HeldReader held;
+        request(picture("a.jpg"));
+        const std::uint32_t ticket = untilItIsUnderWay();
+        request(last);
+        EXPECT_EQ(cuPictureReader().previewTicket(), 0u);
+        untilItIsUnderWay(ticket);
+    }
+    wait();
+    settle();
+    ASSERT_EQ(arrivals_.size(), 1u);
+    EXPECT_EQ(arrivals_[0].path.toStdString(), last);
+}
+
+TEST_F(PreviewLoader, startsAgainWhenAPreviewThatIsWaitedForTookThePlace)
+{
+    const std::string path = picture("a.jpg");
+    {
+        const HeldReader held;
+        request(path);
+        untilItIsUnderWay();
+    }
+    EXPECT_EQ(test::pictureOf(picture("b.jpg")).size(), QSize(128, 85));
+    EXPECT_TRUE(arrivals_.empty());
+    wait();
+    ASSERT_EQ(arrivals_.size(), 1u);
+    EXPECT_EQ(arrivals_[0].path.toStdString(), path);
+}
+
+TEST_F(PreviewLoader, startsAgainWhenAnotherOneTookThePlaceAndCancels)
+{
+    const std::string path = picture("a.jpg");
+    const test::Text otherPath = test::text(picture("b.jpg"));
+    {
+        const HeldReader held;
+        request(path);
+        const std::uint32_t ticket = untilItIsUnderWay();
+        ::PreviewLoader other;
+        other.request(otherPath.get(), kSize, 1);
+        untilItIsUnderWay(ticket);
+    }
+    wait();
+    ASSERT_EQ(arrivals_.size(), 1u);
+    EXPECT_EQ(arrivals_[0].path.toStdString(), path);
+}
+
+TEST_F(PreviewLoader, tellsThatThereIsNoReaderAndAnswersNothing)
+{
+    std::vector<QByteArray> told;
+    QObject::connect(&loader_, &::PreviewLoader::readerMissing, [&](const QByteArray& path) {
+        told.push_back(path);
+        loop_.quit();
+    });
+    const std::string path = picture();
+    {
+        const test::ScopedVariable reader("PINORAMA_READER", "/nowhere/pinorama-reader");
+        cuPictureReader().stop();
+        request(path);
+        wait();
+        settle();
+    }
+    ASSERT_EQ(told.size(), 1u);
+    EXPECT_EQ(told[0].toStdString(), path);
+    EXPECT_TRUE(arrivals_.empty());
+
+    cuPictureReader().stop();
+    request(path);
+    wait();
+    EXPECT_EQ(arrivals_.size(), 1u) << "there is one again";
 }
 
 TEST_F(PreviewLoader, mayBeAskedAgainByTheReceiver)
