@@ -19,5 +19,6 @@
 //
 // A thumbnail from the desktop's cache is taken when it is up to date; otherwise the file's content
 // is read. A missing file, one without a preview and one that cannot be read have their icon. Null
-// also for a size that is not positive.
+// also for a size that is not positive, and when memory runs out for a preview that there is: the
+// icon stands for files without one.
 QPixmap imageWithPreviewOfFileAtPath(TovStringRef path, QSizeF ofSize, std::uint8_t asIcon);

@@ -33,7 +33,7 @@ PreviewLoader::PreviewLoader(QObject* parent) : QObject(parent)
         if (request_->plan.next()) {
             startStep();
         } else {
-            finish({});
+            finish(std::nullopt);
         }
     });
     storeTimer_.setSingleShot(true);
@@ -96,7 +96,7 @@ void PreviewLoader::takeAnswer()
     if (request_->plan.next()) {
         startStep();
     } else {
-        finish({});
+        finish(std::nullopt);
     }
 }
 
@@ -115,11 +115,11 @@ void PreviewLoader::store()
     if (unstored) unstored->plan.store(unstored->answer);
 }
 
-// Ends the request, with the icon when `picture` is null. The receiver may make the next one.
-void PreviewLoader::finish(const QPixmap& picture)
+// Ends the request, with the icon when there is no preview. The receiver may make the next one.
+void PreviewLoader::finish(const std::optional<QPixmap>& preview)
 {
     const std::unique_ptr<Request> request = std::move(request_);
     Q_EMIT previewReady(
         QByteArray::fromStdString(request->path),
-        picture.isNull() ? cuIconOfItem(request->path, request->size, request->ratio) : picture);
+        preview ? *preview : cuIconOfItem(request->path, request->size, request->ratio));
 }

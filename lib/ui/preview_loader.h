@@ -9,6 +9,7 @@
 #include <QTimer>
 
 #include <memory>
+#include <optional>
 
 #include "platform/objects/string.h"
 
@@ -32,8 +33,8 @@ public:
     void request(TovStringRef path, QSizeF size, qreal ratio);
 
 Q_SIGNALS:
-    // The picture for the last request: a preview, else the icon of the file's kind. `path` is in
-    // raw bytes.
+    // The picture for the last request: a preview, else the icon of the file's kind; null when
+    // memory runs out for a preview. `path` is in raw bytes.
     void previewReady(const QByteArray& path, const QPixmap& picture);
 
     // Instead of previewReady: pictures cannot be read, because the program pinorama-reader is
@@ -48,7 +49,7 @@ private:
     void takeAnswer();
     void keepForStoring(platform::PreviewAnswer& answer);
     void store();
-    void finish(const QPixmap& picture);
+    void finish(const std::optional<QPixmap>& preview);
 
     std::unique_ptr<Request> request_;  // null while nothing is asked for
     QTimer timer_;

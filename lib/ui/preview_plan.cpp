@@ -1,11 +1,13 @@
 #include "lib/ui/preview_plan.h"
 
+#include "lib/base/alloc.h"
 #include "platform/pictures/reader_protocol.h"
 
 #include <QPainter>
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <utility>
 
 #include <sys/stat.h>
@@ -31,6 +33,18 @@ QImage imageOn(const platform::PixelImage& pixels)
 {
     return QImage(reinterpret_cast<const uchar*>(pixels.pixels.data()), pixels.width, pixels.height,
                   QImage::Format_ARGB32_Premultiplied);
+}
+
+// An image on memory of its own; null when memory runs out.
+QImage copyOf(const platform::PixelImage& pixels)
+{
+    const QImage borrowed = imageOn(pixels);
+    const auto size = static_cast<std::size_t>(borrowed.sizeInBytes());
+    void* const block = baseAllocate(size);
+    if (block == nullptr) return {};
+    std::memcpy(block, borrowed.constBits(), size);
+    return QImage(static_cast<uchar*>(block), borrowed.width(), borrowed.height(),
+                  borrowed.bytesPerLine(), borrowed.format(), baseFree, block);
 }
 }  // namespace
 
@@ -80,9 +94,7 @@ std::optional<QImage> PreviewPlan::imageOf(const platform::PreviewAnswer& answer
         !label_.matches(answer.uri, answer.mtime)) {
         return std::nullopt;
     }
-    const QImage image = imageOn(answer.image).copy();
-    if (image.isNull()) return std::nullopt;
-    return image;
+    return copyOf(answer.image);
 }
 
 void PreviewPlan::store(const platform::PreviewAnswer& answer) const
@@ -95,6 +107,7 @@ void PreviewPlan::store(const platform::PreviewAnswer& answer) const
 
 QPixmap cuPictureOfPreview(const QImage& preview, QSizeF size, qreal ratio, std::uint8_t asIcon)
 {
+    if (preview.isNull()) return {};
     if (asIcon == 0) {
         QPixmap picture = QPixmap::fromImage(preview);
         picture.setDevicePixelRatio(ratio);

@@ -37,7 +37,8 @@ public:
     platform::PixelSize box() const { return box_; }
 
     // The preview, when `answer` to the current step gives one: a thumbnail of another file, or
-    // from before the file was changed last, gives none.
+    // from before the file was changed last, gives none. When memory runs out it is null, which is
+    // not the same: then there is nothing to show.
     std::optional<QImage> imageOf(const platform::PreviewAnswer& answer) const;
 
     // Keeps the preview in the desktop's cache when `answer` took its time, so that it is there at
@@ -58,5 +59,5 @@ private:
 };
 
 // What the window shows of a preview: at the screen's ratio, on a card of exactly `size` points
-// when `asIcon` is nonzero.
+// when `asIcon` is nonzero. Null for a null preview.
 QPixmap cuPictureOfPreview(const QImage& preview, QSizeF size, qreal ratio, std::uint8_t asIcon);

@@ -1,5 +1,6 @@
 #include "lib/ui/preview_loader.h"
 
+#include "lib/base/alloc.h"
 #include "lib/ui/picture_reader.h"
 #include "tests/lib/ui/preview_fixture.h"
 
@@ -160,6 +161,19 @@ TEST_F(PreviewLoader, passesOverAThumbnailOfAnotherFile)
     wait();
     ASSERT_EQ(arrivals_.size(), 1u);
     EXPECT_TRUE(test::areNear(quartersOf(arrivals_[0].picture), kCorners));
+}
+
+TEST_F(PreviewLoader, answersWithNullAndNoIconWhenMemoryRunsOutForAPreview)
+{
+    const std::string path = picture();
+    request(path);
+    baseFailAllocation(1);
+    wait();
+    EXPECT_TRUE(baseAllocationHasFailed());
+    baseFailAllocation(0);
+    ASSERT_EQ(arrivals_.size(), 1u);
+    EXPECT_EQ(arrivals_[0].path.toStdString(), path);
+    EXPECT_TRUE(arrivals_[0].picture.isNull());
 }
 
 TEST_F(PreviewLoader, givesUpAPreviewThatIsUnderWay)

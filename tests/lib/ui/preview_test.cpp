@@ -1,5 +1,6 @@
 #include "lib/ui/preview.h"
 
+#include "lib/base/alloc.h"
 #include "platform/files/path_text.h"
 #include "tests/lib/ui/preview_fixture.h"
 #include "tests/support/small_disk.h"
@@ -143,6 +144,21 @@ TEST_F(imageWithPreviewOfFileAtPath, aSizeThatIsNotPositiveGivesNull)
     EXPECT_TRUE(pictureOf(path, QSizeF(std::nan(""), 128)).isNull());
     EXPECT_FALSE(pictureOf(path, QSizeF(0.3, 0.3)).isNull());
     EXPECT_FALSE(pictureOf(path, QSizeF(1e9, 1e9)).isNull());
+}
+
+TEST_F(imageWithPreviewOfFileAtPath, isNullAndNoIconWhenMemoryRunsOutForAPreview)
+{
+    const test::Text path = test::text(picture());
+    for (const char* source : {"the picture", "the cache"}) {
+        for (const std::uint8_t asIcon : {0, 1}) {
+            SCOPED_TRACE(source);
+            baseFailAllocation(1);
+            EXPECT_TRUE(::imageWithPreviewOfFileAtPath(path.get(), kSize, asIcon).isNull());
+            EXPECT_TRUE(baseAllocationHasFailed());
+            baseFailAllocation(0);
+        }
+        EXPECT_FALSE(::imageWithPreviewOfFileAtPath(path.get(), kSize, 0).isNull());
+    }
 }
 
 TEST_F(imageWithPreviewOfFileAtPath, takesAThumbnailFromTheCache)
