@@ -243,3 +243,47 @@ TEST(documents, nameThePackagesOfTheFileManagers)
     }
     EXPECT_EQ(count, 4);
 }
+
+namespace {
+// The lines of a list that is named at the start of a line.
+std::string listIn(const std::string& document, const std::string& name)
+{
+    std::smatch match;
+    const std::regex list("(?:^|\n)" + name + ":\n((?:(?:  .*)?\n)+)");
+    return std::regex_search(document, match, list) ? match[1].str() : "";
+}
+}  // namespace
+
+TEST(flatpakManifest, asksForNoMoreThanItExplains)
+{
+    const std::string asked =
+        listIn(documentOf("packaging/flatpak/org.pinorama.Pinorama.yml"), "finish-args");
+    std::istringstream lines(asked);
+    bool isExplained = false;
+    int count = 0;
+    for (std::string line; std::getline(lines, line);) {
+        SCOPED_TRACE(line);
+        if (line.empty()) isExplained = false;
+        if (line.rfind("  #", 0) == 0) isExplained = true;
+        if (line.rfind("  - ", 0) != 0) continue;
+        ++count;
+        EXPECT_TRUE(isExplained);
+        // Pictures are read, never written; the accessibility bus is a socket.
+        const std::regex allowed(
+            "  - --(socket=(wayland|fallback-x11)|share=ipc|filesystem=[^:]+:ro|"
+            "filesystem=xdg-run/at-spi|(talk|own)-name=[A-Za-z0-9.]+)");
+        EXPECT_TRUE(std::regex_match(line, allowed));
+    }
+    EXPECT_EQ(count, 11);
+}
+
+TEST(flatpakManifest, namesTheCommitOfEverySource)
+{
+    const std::string manifest = documentOf("packaging/flatpak/org.pinorama.Pinorama.yml");
+    const auto countOf = [&manifest](const char* pattern) {
+        const std::regex regex(pattern);
+        return std::distance(std::sregex_iterator(manifest.begin(), manifest.end(), regex), {});
+    };
+    EXPECT_EQ(countOf("type: git\n"), 3);
+    EXPECT_EQ(countOf("type: git\n +url: https://.*\n +tag: .*\n +commit: [0-9a-f]{40}\n"), 3);
+}
