@@ -18,8 +18,13 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <memory>
+
+#include <sys/stat.h>
 
 namespace {
 constexpr int kWrongUsage = 2;
@@ -27,6 +32,35 @@ constexpr int kFailed = 1;
 constexpr int kServicePatience = 30000;  // milliseconds without a request
 constexpr int kPreviewPatience = 3000;   // milliseconds
 constexpr int kPreviewInterval = 50;     // milliseconds
+
+// Whether there is anything to open a window on. Without, the toolkit ends the program as if it had
+// crashed, and advises to install it anew.
+bool hasDisplay(const std::vector<std::string>& arguments)
+{
+    const auto isSet = [](const char* variable) {
+        const char* value = std::getenv(variable);
+        return value != nullptr && *value != '\0';
+    };
+    const auto choosesPlatform = [](const std::string& argument) {
+        return argument == "-platform" || argument == "--platform";
+    };
+    return isSet("DISPLAY") || isSet("WAYLAND_DISPLAY") || isSet("WAYLAND_SOCKET") ||
+           isSet("QT_QPA_PLATFORM") || std::ranges::any_of(arguments, choosesPlatform);
+}
+
+int complainOfUsage(const std::string& error)
+{
+    std::fprintf(stderr, "pinorama: %s\n%s", error.c_str(), app::usageText().c_str());
+    return kWrongUsage;
+}
+
+// The window shows what is known of a path, whether there is a file or not; a terminal can say it.
+void complainOfMissing(const std::string& path)
+{
+    struct stat facts = {};
+    if (stat(path.c_str(), &facts) == 0) return;
+    std::fprintf(stderr, "pinorama: %s: %s\n", path.c_str(), std::strerror(errno));
+}
 
 // Prints and saves what the window shows, as soon as the preview is there.
 void reportWhenComplete(AppController& controller, const std::string& picture)
@@ -102,6 +136,11 @@ int main(int argc, char** argv)
     if (atOnce && atOnce->help) return std::fputs(app::usageText().c_str(), stdout) < 0;
     if (atOnce && atOnce->version) return std::puts("pinorama " PINORAMA_VERSION) < 0;
 
+    if (!hasDisplay(all)) {
+        if (!atOnce) return complainOfUsage(error);
+        std::fputs("pinorama: no display; pinorama-info tells the same on a terminal\n", stderr);
+        return kFailed;
+    }
     QApplication application(argc, argv);  // takes the toolkit's own options out
     QApplication::setApplicationName(QStringLiteral("Pinorama"));
     QApplication::setApplicationVersion(QStringLiteral(PINORAMA_VERSION));
@@ -110,9 +149,7 @@ int main(int argc, char** argv)
 
     const std::vector<std::string> arguments(argv + std::min(argc, 1), argv + argc);
     const auto line = app::parseCommandLine(arguments, &error);
-    if (!line) {
-        std::fprintf(stderr, "pinorama: %s\n%s", error.c_str(), app::usageText().c_str());
-        return kWrongUsage;
-    }
+    if (!line) return complainOfUsage(error);
+    if (!line->paths.empty()) complainOfMissing(line->paths.back());
     return run(*line);
 }

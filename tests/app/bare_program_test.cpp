@@ -177,3 +177,26 @@ TEST(bareProgram, goesOnQuietlyWhenTheSessionBusDies)
     EXPECT_EQ(window.words().size(), afterwards) << "it repeats itself";
     EXPECT_TRUE(window.ends());
 }
+
+TEST(bareProgram, saysThatThereIsNoDisplay)
+{
+    const Variables none = {
+        {"DISPLAY", ""}, {"WAYLAND_DISPLAY", ""}, {"WAYLAND_SOCKET", ""}, {"QT_QPA_PLATFORM", ""}};
+    const auto start = [&none](const std::vector<std::string>& arguments) {
+        std::vector<std::string> command = {PINORAMA_PROGRAM};
+        command.insert(command.end(), arguments.begin(), arguments.end());
+        return test::runProgram({.command = command, .variables = none});
+    };
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{}, {kSample}, {"--service"}, {"--action", "quit"}}) {
+        const test::ProgramResult result = start(arguments);
+        EXPECT_EQ(result.status, 1);
+        EXPECT_EQ(result.err, "pinorama: no display; pinorama-info tells the same on a terminal\n");
+    }
+    EXPECT_EQ(start({"--version"}).status, 0);
+    EXPECT_EQ(start({"--help"}).status, 0);
+    EXPECT_EQ(start({"--bogus"}).status, 2);
+    // Here the toolkit is told what to draw on.
+    EXPECT_EQ(start({"-platform", "offscreen", "--bogus"}).status, 2);
+    EXPECT_NE(start({"-platform", "offscreen", "--bogus"}).err.find("usage: "), std::string::npos);
+}

@@ -163,6 +163,21 @@ TEST(program, aPictureOfTheWindowThatCannotBeWrittenIsStatus1)
     EXPECT_TRUE(result.err.ends_with("pinorama: cannot write /missing/window.png\n")) << result.err;
 }
 
+TEST(program, saysThatAFileIsMissingAndShowsWhatIsKnownOfIt)
+{
+    const test::TemporaryFolder folder;
+    const std::string picture = folder.file("window.png");
+    const std::string missing = folder.file("missing.jpg");
+    const test::ProgramResult result = run({"--print-and-save", picture, missing});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_NE(result.err.find("pinorama: " + missing + ": No such file or directory\n"),
+              std::string::npos)
+        << result.err;
+    EXPECT_NE(result.out.find("fileNameField: missing.jpg\n"), std::string::npos);
+    EXPECT_EQ(run({"--print-and-save", picture, PINORAMA_SAMPLES}).err.find("pinorama: "),
+              std::string::npos);
+}
+
 TEST(program, everySampleHasALocationAndAPreview)
 {
     int count = 0;
@@ -220,8 +235,9 @@ TEST_F(RunningInstance, runsTheActionsOfTheDesktopEntry)
 TEST_F(RunningInstance, isAnsweredWithoutWaitingWhenItHangs)
 {
     // Nobody runs the event loop of this instance while the second one waits for it.
-    const test::ProgramResult result =
-        test::runProgram({.command = {PINORAMA_PROGRAM, "/a.jpg"}, .seconds = 30});
+    const test::ProgramResult result = test::runProgram(
+        {.command = {PINORAMA_PROGRAM, PINORAMA_SAMPLES "/Westernmost evening.jpg"},
+         .seconds = 30});
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.err, "pinorama: the running program does not answer\n");
 }
