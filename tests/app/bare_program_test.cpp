@@ -74,14 +74,13 @@ public:
     ~RunningWindow()
     {
         process_.kill();
-        process_.waitForFinished(5000);
+        process_.waitForFinished(test::kPatience);
     }
 
     // Lets some ticks of its timer go by.
     void goOn()
     {
-        const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(2000);
-        (void)test::waitUntil([end] { return std::chrono::steady_clock::now() >= end; });
+        test::goOnFor(2000);
         words_ += process_.readAllStandardError();
     }
 
@@ -92,7 +91,7 @@ public:
     bool ends()
     {
         process_.terminate();
-        return process_.waitForFinished(5000);
+        return process_.waitForFinished(test::kPatience);
     }
 
 private:

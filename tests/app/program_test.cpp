@@ -66,7 +66,7 @@ protected:
         const bool ended =
             process.state() == QProcess::NotRunning && process.exitStatus() == QProcess::NormalExit;
         process.kill();
-        process.waitForFinished(1000);
+        process.waitForFinished();
         return ended ? process.exitCode() : -1;
     }
 
@@ -258,5 +258,5 @@ TEST(program, quitsWhenItIsAskedToAndGoesOnWithoutAWindow)
     EXPECT_TRUE(test::waitUntil([&] { return program.state() == QProcess::NotRunning; }));
     EXPECT_EQ(program.exitCode(), 0);
     program.kill();
-    program.waitForFinished(1000);
+    program.waitForFinished();
 }

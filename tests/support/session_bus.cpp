@@ -11,7 +11,7 @@
 #include <string>
 
 namespace {
-constexpr int kStartLimit = 5000;  // milliseconds
+constexpr int kStartLimit = 30'000;  // milliseconds
 constexpr const char* kAddressVariable = "DBUS_SESSION_BUS_ADDRESS";
 
 // The daemon prints its address as one line when it is ready.

@@ -6,9 +6,10 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QDeadlineTimer>
 
 #include <memory>
+
+#include "tests/support/event_loop.h"
 
 namespace test {
 
@@ -22,15 +23,5 @@ public:
 private:
     std::unique_ptr<QApplication> application_;
 };
-
-// Runs the event loop until `isTrue` or for 5 seconds; what it is in the end.
-template <typename Predicate>
-bool waitUntil(Predicate isTrue)
-{
-    QDeadlineTimer limit(5000);
-    while (!isTrue() && !limit.hasExpired())
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 20);
-    return isTrue();
-}
 
 }  // namespace test

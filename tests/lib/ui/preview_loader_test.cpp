@@ -6,8 +6,6 @@
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
-#include <QEventLoop>
-#include <QTimer>
 
 #include <csignal>
 
@@ -41,7 +39,6 @@ protected:
         QObject::connect(&loader_, &::PreviewLoader::previewReady,
                          [this](const QByteArray& path, const QPixmap& picture) {
                              arrivals_.push_back({path, picture});
-                             loop_.quit();
                          });
     }
 
@@ -50,18 +47,17 @@ protected:
         loader_.request(test::text(path).get(), kSize, ratio);
     }
 
-    // Lets the event loop run until something arrives, 5 seconds at most.
-    void wait()
+    // Lets the event loop run until so many pictures have arrived in all.
+    void wait(std::size_t count = 1)
     {
-        QTimer::singleShot(5000, &loop_, &QEventLoop::quit);
-        loop_.exec();
+        EXPECT_TRUE(test::waitUntil([&] { return arrivals_.size() >= count; }));
     }
 
     // Lets the event loop run until the reader has been asked for a preview after the one with the
     // ticket `last`. The ticket of it.
     static std::uint32_t untilItIsUnderWay(std::uint32_t last = 0)
     {
-        const QDeadlineTimer limit(5000);
+        const QDeadlineTimer limit(test::kPatience);
         while (cuPictureReader().previewTicket() <= last && !limit.hasExpired()) {
             QCoreApplication::processEvents();
         }
@@ -70,14 +66,9 @@ protected:
     }
 
     // Lets the event loop run until nothing more can come.
-    void settle()
-    {
-        QTimer::singleShot(300, &loop_, &QEventLoop::quit);
-        loop_.exec();
-    }
+    static void settle() { test::goOnFor(300); }
 
     ::PreviewLoader loader_;
-    QEventLoop loop_;
     std::vector<Arrival> arrivals_;
 };
 
@@ -110,10 +101,11 @@ TEST_F(PreviewLoader, storesAPreviewThatIsLeftEarly)
 {
     const std::string path = picture();
     {
+        bool hasArrived = false;
         ::PreviewLoader loader;
-        QObject::connect(&loader, &::PreviewLoader::previewReady, &loop_, &QEventLoop::quit);
+        QObject::connect(&loader, &::PreviewLoader::previewReady, [&] { hasArrived = true; });
         loader.request(test::text(path).get(), kSize, 1);
-        wait();
+        EXPECT_TRUE(test::waitUntil([&] { return hasArrived; }));
     }
     EXPECT_TRUE(std::filesystem::exists(cachePath("normal", "file://" + path)));
 }
@@ -228,16 +220,14 @@ TEST_F(PreviewLoader, startsAgainWhenAnotherOneTookThePlaceAndCancels)
 TEST_F(PreviewLoader, tellsThatThereIsNoReaderAndAnswersNothing)
 {
     std::vector<QByteArray> told;
-    QObject::connect(&loader_, &::PreviewLoader::readerMissing, [&](const QByteArray& path) {
-        told.push_back(path);
-        loop_.quit();
-    });
+    QObject::connect(&loader_, &::PreviewLoader::readerMissing,
+                     [&](const QByteArray& path) { told.push_back(path); });
     const std::string path = picture();
     {
         const test::ScopedVariable reader("PINORAMA_READER", "/nowhere/pinorama-reader");
         cuPictureReader().stop();
         request(path);
-        wait();
+        EXPECT_TRUE(test::waitUntil([&] { return !told.empty(); }));
         settle();
     }
     ASSERT_EQ(told.size(), 1u);
@@ -257,8 +247,7 @@ TEST_F(PreviewLoader, mayBeAskedAgainByTheReceiver)
         if (arrivals_.size() == 1) request(second);
     });
     request(picture("a.jpg"));
-    wait();
-    wait();
+    wait(2);
     ASSERT_EQ(arrivals_.size(), 2u);
     EXPECT_EQ(arrivals_[1].path.toStdString(), second);
 }

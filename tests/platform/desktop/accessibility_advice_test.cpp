@@ -2,6 +2,7 @@
 
 #include "tests/platform/desktop/bus_programs.h"
 #include "tests/support/environment.h"
+#include "tests/support/event_loop.h"
 
 #include <gtest/gtest.h>
 
@@ -91,13 +92,13 @@ public:
     explicit Guest(const QString& accessibilityBus = QString())
     {
         process_.start(QStringLiteral(PINORAMA_BUS_GUEST), {accessibilityBus});
-        EXPECT_TRUE(process_.waitForReadyRead(10000));
+        EXPECT_TRUE(process_.waitForReadyRead(test::kPatience));
     }
     ~Guest()
     {
         process_.closeWriteChannel();
-        if (!process_.waitForFinished(3000)) process_.kill();
-        process_.waitForFinished(3000);
+        if (!process_.waitForFinished(test::kPatience)) process_.kill();
+        process_.waitForFinished();
     }
     pid_t process() const { return static_cast<pid_t>(process_.processId()); }
 
@@ -125,12 +126,7 @@ protected:
     }
 
     // Gives the advice many times the time that it takes.
-    void wait()
-    {
-        const QDeadlineTimer end(400);
-        while (!end.hasExpired())
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
-    }
+    static void wait() { test::goOnFor(400); }
     void expectNeeded(const std::string& name)
     {
         EXPECT_TRUE(test::waitUntil([this] { return !needed_.empty(); }));
@@ -214,6 +210,7 @@ TEST_F(AccessibilityAdviceTest, isNotNeededWhenAccessibilityIsOn)
     const Guest guest;
     runs(guest, "dolphin");
     advice_.setWanted(true);
+    EXPECT_TRUE(test::waitUntil([this] { return !status_.asked.empty(); }));
     expectNothing();
     EXPECT_EQ(status_.asked.size(), 1u);
 }
@@ -264,6 +261,7 @@ TEST_F(AccessibilityAdviceTest, isNotNeededWhenTheStateIsNotKnown)
     const Guest guest;
     runs(guest, "dolphin");
     advice_.setWanted(true);
+    EXPECT_TRUE(test::waitUntil([this] { return !status_.asked.empty(); }));
     expectNothing();
     EXPECT_EQ(status_.asked.size(), 1u);
 }

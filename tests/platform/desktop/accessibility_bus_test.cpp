@@ -2,12 +2,11 @@
 
 #include "tests/platform/desktop/bus_programs.h"
 #include "tests/platform/desktop/stand_in_file_manager.h"
+#include "tests/support/event_loop.h"
 
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
 #include <QDBusReply>
-#include <QDeadlineTimer>
 
 #include <memory>
 
@@ -28,15 +27,7 @@ protected:
                          [this](const QString&, const QString& path, Event event, bool isOn) {
                              heard_.push_back({path.section(u'/', -1).toInt(), event, isOn});
                          });
-        ASSERT_TRUE(waitFor([this] { return bus_.isReady(); }));
-    }
-
-    static bool waitFor(const std::function<bool()>& condition)
-    {
-        QDeadlineTimer limit(10000);
-        while (!condition() && !limit.hasExpired())
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
-        return condition();
+        ASSERT_TRUE(test::waitUntil([this] { return bus_.isReady(); }));
     }
 
     void listen(bool alsoToNames)
@@ -77,7 +68,7 @@ TEST_F(AccessibilityBusListenTo, hearsOfSelectionsAndTheFocusOnly)
 {
     listen(false);
     tellEverything();
-    ASSERT_TRUE(waitFor([this] { return !heard_.empty() && heard_.back().object == 9; }));
+    ASSERT_TRUE(test::waitUntil([this] { return !heard_.empty() && heard_.back().object == 9; }));
     EXPECT_EQ(heard_, (std::vector<Heard>{{2, Event::focus, true},
                                           {6, Event::selection, false},
                                           {9, Event::selection, false}}));
@@ -87,7 +78,7 @@ TEST_F(AccessibilityBusListenTo, hearsOfNamesWhereTheyAreAskedFor)
 {
     listen(true);
     tellEverything();
-    ASSERT_TRUE(waitFor([this] { return !heard_.empty() && heard_.back().object == 9; }));
+    ASSERT_TRUE(test::waitUntil([this] { return !heard_.empty() && heard_.back().object == 9; }));
     EXPECT_EQ(heard_, (std::vector<Heard>{{2, Event::focus, true},
                                           {3, Event::name, false},
                                           {6, Event::selection, false},
@@ -102,7 +93,7 @@ TEST_F(AccessibilityBusListenTo, hearsNothingOfOtherPrograms)
     program_->waitUntilTold();
     listen(false);
     program_->tell(9, "SelectionChanged", "", 0);
-    ASSERT_TRUE(waitFor([this] { return !heard_.empty(); }));
+    ASSERT_TRUE(test::waitUntil([this] { return !heard_.empty(); }));
     EXPECT_EQ(heard_, (std::vector<Heard>{{9, Event::selection, false}}));
 }
 }  // namespace

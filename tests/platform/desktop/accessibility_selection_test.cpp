@@ -3,10 +3,10 @@
 #include "platform/desktop/file_manager_kind.h"
 #include "tests/platform/desktop/stand_in_file_manager.h"
 #include "tests/support/environment.h"
+#include "tests/support/event_loop.h"
 
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
 #include <QDeadlineTimer>
 
 #include <algorithm>
@@ -62,11 +62,10 @@ protected:
 
     static bool waitFor(const std::function<bool()>& condition)
     {
-        QDeadlineTimer limit(20000);
+        const QDeadlineTimer limit(test::kPatience);
         while (!limit.hasExpired()) {
             if (condition()) return true;
-            QDeadlineTimer tick(200);
-            while (!tick.hasExpired()) QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+            test::goOnFor(200);
         }
         return false;
     }

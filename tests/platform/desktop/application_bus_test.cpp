@@ -2,6 +2,7 @@
 
 #include "tests/platform/desktop/bus_programs.h"
 #include "tests/support/environment.h"
+#include "tests/support/event_loop.h"
 
 #include <gtest/gtest.h>
 
@@ -42,7 +43,7 @@ protected:
             QStringLiteral("org.pinorama.Pinorama"), QStringLiteral("/org/pinorama/Pinorama"),
             QString::fromLatin1(interface), QString::fromLatin1(method));
         message.setArguments(arguments);
-        QDBusPendingCall pending = other_.connection().asyncCall(message, 5000);
+        QDBusPendingCall pending = other_.connection().asyncCall(message, test::kPatience);
         test::waitUntil([&] { return pending.isFinished(); });
         return pending.reply();
     }

@@ -9,7 +9,6 @@
 #include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusPendingCall>
-#include <QDeadlineTimer>
 #include <QString>
 
 #include <memory>
@@ -55,15 +54,5 @@ private:
     QString name_;
     QDBusConnection connection_;
 };
-
-// Lets the event loop run until `condition` holds; false when it does not within some seconds.
-template <typename Condition>
-bool waitUntil(const Condition& condition)
-{
-    QDeadlineTimer limit(6000);
-    while (!condition() && !limit.hasExpired())
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
-    return condition();
-}
 
 }  // namespace test

@@ -3,6 +3,7 @@
 #include "platform/desktop/globe_texts.h"
 #include "tests/platform/desktop/bus_programs.h"
 #include "tests/support/environment.h"
+#include "tests/support/event_loop.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -12,7 +13,6 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
-#include <QDeadlineTimer>
 #include <QPointF>
 
 #include <memory>
@@ -64,16 +64,6 @@ private:
     QDBusConnection bus_;
 };
 
-template <typename Condition>
-bool waitFor(Condition isTrue)
-{
-    const QDeadlineTimer limit(5000);
-    while (!isTrue() && !limit.hasExpired()) {
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-    }
-    return isTrue();
-}
-
 // A folder that is the whole search path, with stand-ins that write down their arguments.
 class GlobeProgramsTest : public testing::Test {
 protected:
@@ -92,7 +82,7 @@ protected:
     }
     std::string startedWith()
     {
-        waitFor([this] { return access(folder_.file("started").c_str(), F_OK) == 0; });
+        test::waitUntil([this] { return access(folder_.file("started").c_str(), F_OK) == 0; });
         return test::readFile(folder_.file("started"));
     }
 
@@ -130,7 +120,7 @@ TEST_F(GlobeProgramsTest, movesTheMarbleThatRuns)
     FakeMarble marble;
     platform::GlobePrograms programs(opener_);
     programs.show(kView);
-    ASSERT_TRUE(waitFor([&] { return marble.calls.size() >= 4; }));
+    ASSERT_TRUE(test::waitUntil([&] { return marble.calls.size() >= 4; }));
     EXPECT_EQ(marble.calls[0], "setCenter 18.400000 -33.900000");
     EXPECT_EQ(marble.calls[1], "setZoom " + std::to_string(platform::marbleZoom(2000.0)));
     EXPECT_EQ(marble.calls[3], "/marble/MainWindow_1 raise");
@@ -149,7 +139,7 @@ TEST_F(GlobeProgramsTest, startsMarbleAndIsBusyUntilItIsOnTheBus)
 
     programs.show({48.1, 11.5, 0.0, 44.0, 400.0});  // the user goes on meanwhile
     FakeMarble marble;
-    ASSERT_TRUE(waitFor([&] { return marble.calls.size() >= 2; }));
+    ASSERT_TRUE(test::waitUntil([&] { return marble.calls.size() >= 2; }));
     EXPECT_EQ(busy, (std::vector<bool>{true, false}));
     EXPECT_EQ(marble.calls[0], "setCenter 11.500000 48.100000");
 }
@@ -158,7 +148,7 @@ TEST_F(GlobeProgramsTest, withoutAGlobeOpensADocument)
 {
     platform::GlobePrograms programs(opener_);
     programs.show(kView);
-    ASSERT_TRUE(waitFor([&] { return !opener_.addresses.empty(); }));
+    ASSERT_TRUE(test::waitUntil([&] { return !opener_.addresses.empty(); }));
     EXPECT_EQ(opener_.addresses,
               std::vector<std::string>{"file://" + folder_.file("pinorama/fly-to.kml")});
     EXPECT_EQ(test::readFile(folder_.file("pinorama/fly-to.kml")),
@@ -170,7 +160,6 @@ TEST_F(GlobeProgramsTest, aDocumentThatCannotBeWrittenIsSilent)
     folder_.write("pinorama", "a file where the folder should be");
     platform::GlobePrograms programs(opener_);
     programs.show(kView);
-    const QDeadlineTimer limit(300);
-    while (!limit.hasExpired()) QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    test::goOnFor(300);
     EXPECT_TRUE(opener_.addresses.empty());
 }

@@ -1,6 +1,7 @@
 #include "platform/desktop/selection_pushes.h"
 
 #include "tests/platform/desktop/bus_programs.h"
+#include "tests/support/event_loop.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -49,7 +50,7 @@ protected:
             QDBusMessage::createMethodCall(kService, QStringLiteral("/org/pinorama/Selection"),
                                            QStringLiteral("org.freedesktop.DBus.Peer"),
                                            QStringLiteral("Ping")),
-            5000);
+            test::kPatience);
         EXPECT_TRUE(test::waitUntil([&] { return ping.isFinished(); }));
         QCoreApplication::processEvents();
         // and hears this after it has heard whose they are.
@@ -58,7 +59,7 @@ protected:
             QDBusMessage::createMethodCall(
                 QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
                 QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetId")),
-            5000));
+            test::kPatience));
         QObject::connect(&own, &QDBusPendingCallWatcher::finished, &own,
                          [&hasHeard] { hasHeard = true; });
         EXPECT_TRUE(test::waitUntil([&] { return hasHeard; }));
