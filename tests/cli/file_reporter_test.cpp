@@ -77,7 +77,7 @@ TEST(FileReporter, losesOnlyThePictureThatAReaderDiesOf)
     FileReporter reporter({}, makeFaultyReading());
     const auto start = std::chrono::steady_clock::now();
     const std::vector<FileReport> reports = reporter.report(paths);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(40));
     ASSERT_EQ(reports.size(), paths.size());
     for (std::size_t i = 0; i < paths.size(); i++) {
         SCOPED_TRACE(paths[i]);

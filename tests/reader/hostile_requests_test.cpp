@@ -23,7 +23,7 @@ namespace {
 using namespace platform;
 using Pictures = test::ReaderPictures;
 
-constexpr int kPatience = 5000;  // milliseconds
+constexpr int kPatience = 30'000;  // milliseconds
 
 // A reader without the client that is careful with it.
 class Reader {

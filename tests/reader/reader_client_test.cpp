@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <csignal>
 #include <filesystem>
 #include <string>
@@ -87,7 +88,7 @@ TEST(ReaderClient, thePicturesBeforeABadOneAreNotToBlame)
         const PictureFile bad(pictures.withFault(fault));
         std::vector<int> descriptors(64, good.descriptor());
         descriptors[40] = descriptors[50] = bad.descriptor();
-        ReaderClient client(faultyReader(), {.properties = 200ms});
+        ReaderClient client(faultyReader());
         const std::vector<PropertyResult> results = client.readProperties(descriptors);
         for (std::size_t i = 0; i < results.size(); i++) {
             const bool isBad = i == 40 || i == 50;
@@ -108,23 +109,30 @@ TEST(ReaderClient, keepsToItsDeadlines)
     expectGoodPicture(client, pictures);
     const std::string loop = pictures.withFault("loop");
 
-    auto start = Clock::now();
-    EXPECT_EQ(propertiesOf(client, loop).outcome, ReadOutcome::failed);
-    EXPECT_GE(Clock::now() - start, 490ms);
-    EXPECT_LT(Clock::now() - start, 1500ms);
-
-    start = Clock::now();
-    EXPECT_EQ(previewOf(client, loop).outcome, ReadOutcome::failed);
-    EXPECT_GE(Clock::now() - start, 590ms);
-    EXPECT_LT(Clock::now() - start, 1600ms);
+    // The machine may stand still for a while, and so the quickest of a few counts.
+    const auto quickest = [](const auto& read) {
+        auto shortest = Clock::duration::max();
+        for (int i = 0; i < 3; i++) {
+            const auto start = Clock::now();
+            EXPECT_EQ(read(), ReadOutcome::failed);
+            shortest = std::min(shortest, Clock::now() - start);
+        }
+        return shortest;
+    };
+    const auto properties = quickest([&] { return propertiesOf(client, loop).outcome; });
+    EXPECT_GE(properties, 490ms);
+    EXPECT_LT(properties, 1500ms);
+    const auto preview = quickest([&] { return previewOf(client, loop).outcome; });
+    EXPECT_GE(preview, 590ms);
+    EXPECT_LT(preview, 1600ms);
 }
 
 TEST(ReaderClient, aSlowPictureHasTheTimeThatOthersWasteBeforeIt)
 {
-    // Two of a batch take 0.4 seconds each: neither is late, although both together are.
+    // Two of a batch take 1.2 seconds each: neither is late, although both together are.
     const Pictures pictures;
-    const PictureFile slow(pictures.withFault("late 400"));
-    ReaderClient client(faultyReader());
+    const PictureFile slow(pictures.withFault("late 1200"));
+    ReaderClient client(faultyReader(), {.properties = 2s});
     const std::vector<int> descriptors = {slow.descriptor(), slow.descriptor()};
     for (const PropertyResult& result : client.readProperties(descriptors)) {
         EXPECT_EQ(result.outcome, ReadOutcome::found);
@@ -137,11 +145,11 @@ TEST(ReaderClient, theTimeOfAPictureBeginsWhenTheReaderIsReady)
     ReaderClient client(
         [] {
             return forkReader([](int socket) {
-                usleep(300'000);
+                usleep(1'200'000);
                 serveReader(socket, {readPictureProperties, {}});
             });
         },
-        {.properties = 200ms});
+        {.properties = 1s});
     EXPECT_EQ(propertiesOf(client, pictures.good()).outcome, ReadOutcome::found);
 }
 
@@ -244,21 +252,24 @@ TEST(ReaderClient, tellsThatThereIsNoReader)
         faultyReader({"--never-ready"}),
     };
     for (const ReaderLauncher& launcher : launchers) {
-        starts = 0;
-        ReaderClient client(
-            [&] {
-                starts++;
-                return launcher();
-            },
-            {.start = 200ms, .whenMissing = 300ms});
-        EXPECT_EQ(propertiesOf(client, pictures.good()).outcome, ReadOutcome::noReader);
-        const int tries = starts;
-        EXPECT_LE(tries, 2);
-        EXPECT_EQ(previewOf(client, pictures.good()).outcome, ReadOutcome::noReader);
-        EXPECT_EQ(starts, tries) << "tried again at once";
-        usleep(300'000);
-        EXPECT_EQ(propertiesOf(client, pictures.good()).outcome, ReadOutcome::noReader);
-        EXPECT_GT(starts, tries) << "never tried again";
+        for (const std::chrono::milliseconds whenMissing : {1h, 0h}) {
+            starts = 0;
+            ReaderClient client(
+                [&] {
+                    starts++;
+                    return launcher();
+                },
+                {.start = 200ms, .whenMissing = whenMissing});
+            EXPECT_EQ(propertiesOf(client, pictures.good()).outcome, ReadOutcome::noReader);
+            const int tries = starts;
+            EXPECT_LE(tries, 2);
+            EXPECT_EQ(previewOf(client, pictures.good()).outcome, ReadOutcome::noReader);
+            if (whenMissing > 0ms) {
+                EXPECT_EQ(starts, tries) << "tried again at once";
+            } else {
+                EXPECT_GT(starts, tries) << "never tried again";
+            }
+        }
     }
 }
 
@@ -301,7 +312,16 @@ TEST(ReaderClient, leavesNoProcessAndNoDescriptorBehind)
         }
     }
     EXPECT_EQ(openDescriptors(), before);
-    EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1);
+    // One that takes its time to be gone is looked after when the next one ends.
+    const auto hasChildren = [] {
+        siginfo_t info = {};
+        return waitid(P_ALL, 0, &info, WEXITED | WNOHANG | WNOWAIT) == 0;
+    };
+    for (int i = 0; i < 100 && hasChildren(); i++) {
+        ReaderClient next(faultyReader());
+        next.start();
+    }
+    EXPECT_FALSE(hasChildren());
 }
 
 TEST(ReaderClient, survivesAFileThatIsCutShortAndOneThatIsHuge)
@@ -327,14 +347,16 @@ TEST(startReaderProgram, handsOnNothingButTheSocket)
     const test::ScopedVariable secret("PINORAMA_TEST_SECRET", "treasure");
     const test::TemporaryFolder folder;
     const std::string script = folder.write(
-        "reader", "#!/bin/sh\n(env; ls /proc/self/fd) > '" + folder.file("seen") + "'\n");
+        "reader", "#!/bin/sh\n(env; ls /proc/self/fd) > '" + folder.file("part") + "'\nmv '" +
+                      folder.file("part") + "' '" + folder.file("seen") + "'\n");
     std::filesystem::permissions(script, std::filesystem::perms::owner_all);
     const int open = ::open("/dev/null", O_RDONLY);  // deliberately without O_CLOEXEC
     {
         ReaderProcess process = startReaderProgram(script);
         ASSERT_TRUE(process);
-        for (int i = 0; i < 500 && test::readFile(folder.file("seen")).empty(); i++) usleep(10'000);
-        usleep(100'000);
+        for (int i = 0; i < 3000 && !std::filesystem::exists(folder.file("seen")); i++) {
+            usleep(10'000);
+        }
     }
     close(open);
     const std::string seen = test::readFile(folder.file("seen"));

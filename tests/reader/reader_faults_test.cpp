@@ -101,7 +101,7 @@ TEST(ReaderClient, noFaultOfTheReaderDoesHarmOrOutlivesIt)
         const PreviewResult preview = previewOf(client, fault);
         EXPECT_NE(preview.outcome, ReadOutcome::found);
         expectGoodPicture(client, pictures);
-        EXPECT_LT(Clock::now() - start, 10s);
+        EXPECT_LT(Clock::now() - start, 40s) << "something waited without a limit";
 
         EXPECT_FALSE(std::filesystem::exists(pictures.harm()));
         EXPECT_EQ(waitpid(victim.process(), nullptr, WNOHANG), 0) << "the other process is gone";
