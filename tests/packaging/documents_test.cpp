@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <regex>
 #include <sstream>
@@ -228,6 +229,25 @@ TEST(screenshots, haveTheSizeThatTheMetainfoTells)
         EXPECT_EQ(sizeOfPng("docs/pictures/" + name),
                   std::pair(std::stoi(match[1]), std::stoi(match[2])));
     }
+}
+
+TEST(documents, countWhatThereIs)
+{
+    const std::string readme = documentOf("README.md");
+    const auto said = [&readme](const char* pattern) {
+        std::smatch match;
+        return std::regex_search(readme, match, std::regex(pattern)) ? match[1].str() : "nothing";
+    };
+    const auto extensions =
+        listOf(documentOf("packaging/menus/pinorama.nemo_action"), "Extensions");
+    const auto raw = std::count_if(extensions.begin(), extensions.end(), [](const auto& ending) {
+        return ending != "jpg" && ending != "jpeg";
+    });
+    EXPECT_EQ(said("([0-9]+) endings of raw files"), std::to_string(raw));
+    EXPECT_EQ(said("has ([a-z]+) maps"), "nine");
+    const std::string services = documentOf("resources/strings/en/GPS.strings");
+    EXPECT_NE(services.find("\"a9\" = "), std::string::npos);
+    EXPECT_EQ(services.find("\"a10\" = "), std::string::npos);
 }
 
 TEST(documents, nameThePackagesOfTheFileManagers)
