@@ -15,7 +15,7 @@ bool isFolder(const std::string& path)
     return stat(path.c_str(), &facts) == 0 && S_ISDIR(facts.st_mode);
 }
 // The path of the program's file, free of links. The system's own answer in /proc comes second: it
-// takes a fifteenth of the time that pinorama-info needs for a picture.
+// takes a thirtieth of the time that pinorama-info needs for a picture.
 std::string pathOfProgram()
 {
     char path[PATH_MAX];
