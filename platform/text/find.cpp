@@ -46,6 +46,13 @@ bool belongsToCharacterBefore(UChar32 codePoint)
            !unorm2_hasBoundaryBefore(composer(), codePoint);
 }
 
+// True for units that no ASCII character comes from, however they are decomposed and folded: those
+// from the CJK radicals on, the Latin ligatures aside.
+bool isFarFromASCII(char16_t unit)
+{
+    return unit >= 0x2e80 && (unit < 0xfb00 || unit > 0xfb06);
+}
+
 // The end of the segment that begins at `start`, which lies within the text.
 std::size_t endOfSegment(std::u16string_view text, std::size_t start)
 {
@@ -190,6 +197,7 @@ private:
             at++;
             return 1;
         }
+        if (isASCII(rest.front()) && isFarFromASCII(text[at])) return 0;
         const std::size_t end = endOfSegment(text, at);
         const ComparableForm form(text.substr(at, end - at), letterCase_);
         const std::u16string_view segment = form.units();

@@ -365,6 +365,18 @@ TEST(findText, knowsAllThatDecomposesToASCII)
     EXPECT_EQ(decomposing, (std::set<UChar32>{0x212a, 0x037e, 0x1fef}));
 }
 
+TEST(findText, knowsFromWhereOnNothingFoldsToASCII)
+{
+    for (UChar32 codePoint = 0x2e80; codePoint <= 0x10ffff; codePoint++) {
+        if (codePoint >= 0xfb00 && codePoint <= 0xfb06) continue;
+        icu::UnicodeString form;
+        if (!normalizer("nfc").getDecomposition(codePoint, form)) form.setTo(codePoint);
+        form.foldCase();
+        ASSERT_GE(form.charAt(0), 0x80) << std::hex << codePoint;
+    }
+    EXPECT_EQ(found(u"a\ufb06one", u"STONE", 0, Case::ignore), Range(1, 4));
+}
+
 TEST(findText, noMarkLiesBelowTheFirstOne)
 {
     for (UChar32 codePoint = 0; codePoint < 0x300; codePoint++) {
