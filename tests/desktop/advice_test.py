@@ -63,7 +63,7 @@ class Surroundings:
                      if (each.name or "").startswith(name)), None)
 
     def press(self, name):
-        button = waitFor(lambda: self.named(name), 5)
+        button = waitFor(lambda: self.named(name), 20)
         require(button, f"there is no {name}")
         self.session.run(["gdbus", "call", "--address", button.bus, "--dest", button.owner,
                           "--object-path", button.path, "--method",
@@ -94,7 +94,7 @@ def saysNothingWithoutNeed(beside):
     with beside("nautilus") as around:
         require(not waitFor(lambda: around.named("The selection in"), 8), "there is a notice")
         around.select()
-        require(waitFor(lambda: around.shows(around.picture), 10), "Nautilus is not followed")
+        require(waitFor(lambda: around.shows(around.picture), 20), "Nautilus is not followed")
 
 
 @cases.add
@@ -124,15 +124,15 @@ def offersAndFollows(beside):
         require(not isEnabled(around.session),
                 "accessibility was switched on without being asked for")
         around.press("Switch On")
-        require(waitFor(lambda: isEnabled(around.session), 5), "accessibility is not on")
-        require(waitFor(lambda: around.named("Accessibility is on. Restart Dolphin"), 5),
+        require(waitFor(lambda: isEnabled(around.session), 20), "accessibility is not on")
+        require(waitFor(lambda: around.named("Accessibility is on. Restart Dolphin"), 20),
                 "the window does not say what comes next")
         around.press("Dismiss")
-        require(waitFor(lambda: not around.named("Accessibility is on"), 5), "the notice does not go")
+        require(waitFor(lambda: not around.named("Accessibility is on"), 20), "the notice does not go")
         around.session.end(around.process)
         around.startManager()
         around.select()
-        require(waitFor(lambda: around.shows(around.picture), 10),
+        require(waitFor(lambda: around.shows(around.picture), 20),
                 "Dolphin is not followed after its restart")
 
 

@@ -86,7 +86,7 @@ def ownWindowInFront(follow):
     follow.selectNamed(follow.window, follow.pictures, b"c.jpg")
     message = follow.session.start(["xmessage", "-geometry", "300x100+900+600", "in front"])
     try:
-        window = waitFor(lambda: follow.desktop.xdotool("search", "--name", "xmessage"), 5)
+        window = waitFor(lambda: follow.desktop.xdotool("search", "--name", "xmessage"), 20)
         follow.desktop.activate(int(window.split()[0]))
         time.sleep(1)
         follow.expectPath(os.path.join(follow.pictures, b"c.jpg"), 0.5)

@@ -97,15 +97,13 @@ class Window:
 
     def waitUntil(self, condition, seconds):
         """Waits until `condition` holds of what is shown; returns that or None."""
-        end = time.monotonic() + seconds
-        while True:
-            isLast = time.monotonic() > end
+        paths = None
+
+        def holds():
+            nonlocal paths
             paths = self.paths()
-            if condition(paths):
-                return paths
-            if isLast:
-                return None
-            time.sleep(STEP)
+            return condition(paths)
+        return paths if waitFor(holds, seconds, STEP) else None
 
     def messages(self):
         """What the program has written to the terminal."""
