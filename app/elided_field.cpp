@@ -7,6 +7,8 @@
 #include <QStyle>
 #include <QToolTip>
 
+#include <algorithm>
+
 namespace {
 // QLineEdit keeps this distance to its frame on the left and on the right.
 constexpr int kLineMargin = 2;
@@ -28,7 +30,9 @@ ElidedField::ElidedField(QWidget* parent) : QLineEdit(parent)
 
 QSize ElidedField::sizeHint() const
 {
-    return {fontMetrics().averageCharWidth() * 36, fontMetrics().height()};
+    // The words in an empty line are not to be cut.
+    const int words = fontMetrics().horizontalAdvance(placeholderText()) + 2 * kLineMargin;
+    return {std::max(fontMetrics().averageCharWidth() * 36, words), fontMetrics().height()};
 }
 
 QSize ElidedField::minimumSizeHint() const

@@ -106,7 +106,7 @@
     </message>
     <message>
         <source>Select a picture, or drop one here</source>
-        <translation>Sélectionnez une photo ou déposez-la ici</translation>
+        <translation>Choisissez ou déposez une photo ici</translation>
     </message>
     <message>
         <source>Size:</source>

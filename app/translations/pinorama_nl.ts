@@ -106,7 +106,7 @@
     </message>
     <message>
         <source>Select a picture, or drop one here</source>
-        <translation>Selecteer een foto of sleep er een hierheen</translation>
+        <translation>Kies een foto of sleep hem hierheen</translation>
     </message>
     <message>
         <source>Size:</source>

@@ -1,6 +1,7 @@
 // The texts of all languages against each other: the tables that the programs read, the
 // translations of the window, and what desktops are told.
 
+#include "app/elided_field.h"
 #include "app/main_window.h"
 #include "app/pop_up_menu.h"
 #include "app/translations.h"
@@ -228,6 +229,8 @@ TEST(languages, areNotCutInTheWindow)
              std::initializer_list<const QWidget*>{window.showInGEButton, window.searchInTovButton,
                                                    window.exportKMLButton, window.syncCheckbox})
             EXPECT_GE(control->width(), control->sizeHint().width());
+        const QLineEdit* name = window.fileNameField;
+        EXPECT_GT(name->width(), name->fontMetrics().horizontalAdvance(name->placeholderText()));
         for (const QLabel* caption : window.findChildren<QLabel*>()) {
             if (caption->isVisible() && !caption->wordWrap()) {
                 EXPECT_GE(caption->width(), caption->sizeHint().width())
