@@ -33,7 +33,7 @@
 namespace {
 constexpr int kPatience = 10'000;            // milliseconds
 constexpr unsigned kSide = 128;              // pixels of a preview
-constexpr int kLooks = 15;                   // at a picture of our own
+constexpr int kLooks = 40;                   // at a picture of our own
 constexpr std::uint64_t kLarge = 1'000'000;  // pixels
 
 // Tells when a field has painted what it shows.
