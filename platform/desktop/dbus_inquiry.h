@@ -42,6 +42,16 @@ std::vector<QDBusMessage> together(const Questions&... questions)
     return all;
 }
 
+// The same question about each of several things.
+template <typename Things, typename Question>
+std::vector<QDBusMessage> questionsAbout(const Things& things, Question question)
+{
+    std::vector<QDBusMessage> all;
+    all.reserve(std::size(things));
+    for (const auto& thing : things) all.push_back(question(thing));
+    return all;
+}
+
 // What a function that asks returns: it starts when it is awaited, and the value is ready when it
 // has run to its end. Dropping a task that has not ended drops everything that it holds.
 template <typename Value>

@@ -5,6 +5,8 @@
 #include "platform/files/user_folders.h"
 
 #include <algorithm>
+#include <functional>
+#include <map>
 #include <optional>
 
 namespace {
@@ -160,16 +162,16 @@ std::vector<std::string> platform::foldersShown(
         const QString name = QString::fromStdString(folder.substr(folder.rfind('/') + 1));
         return !name.isEmpty() && clues.title.contains(name);
     };
-    const auto add = [&](std::vector<std::string> folders) {
-        const auto rank = [&](const std::string& folder) {
-            return (isNamedInTitle(folder) ? 2 : 0) + (isWatched && isWatched(folder) ? 1 : 0);
-        };
-        std::stable_sort(
-            folders.begin(), folders.end(),
-            [&](const std::string& a, const std::string& b) { return rank(a) > rank(b); });
-        for (std::string& folder : folders) {
+    const auto add = [&](const std::vector<std::string>& folders) {
+        // Those of the same rank stay in their order.
+        std::multimap<int, std::string, std::greater<>> ranked;
+        for (const std::string& folder : folders) {
+            const bool isSeenByIt = isWatched && isWatched(folder);
+            ranked.emplace((isNamedInTitle(folder) ? 2 : 0) + (isSeenByIt ? 1 : 0), folder);
+        }
+        for (const auto& [rank, folder] : ranked) {
             if (std::find(result.begin(), result.end(), folder) == result.end())
-                result.push_back(std::move(folder));
+                result.push_back(folder);
         }
     };
     add(finder.fromLocations());

@@ -98,9 +98,8 @@ private:
     // The children of containers, each with its role and states; those worth opening go to `next`.
     Task<Done> open(std::vector<Node> containers, std::vector<Node>* next)
     {
-        std::vector<QDBusMessage> questions;
-        for (const Node& container : containers)
-            questions.push_back(childrenQuestion(container.object));
+        const auto questions = questionsAbout(
+            containers, [](const Node& container) { return childrenQuestion(container.object); });
         const std::vector<QDBusMessage> answers = co_await inquiry_.answers(questions);
 
         for (std::size_t i = 0; i < containers.size(); i++) {

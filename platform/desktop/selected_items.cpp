@@ -113,8 +113,7 @@ platform::Task<platform::SelectedItems> platform::SelectedItemsReader::readStatu
 {
     SelectedItems selected;
     selected.isKnown = true;
-    std::vector<QDBusMessage> questions;
-    for (const Accessible& text : layout_.statusTexts) questions.push_back(nameQuestion(text));
+    const auto questions = questionsAbout(layout_.statusTexts, nameQuestion);
     const auto answers = co_await inquiry.answers(questions);
     for (std::size_t i = 0; i < answers.size(); i++) {
         const auto text = textIn(answers[i]);
@@ -250,18 +249,16 @@ platform::Task<platform::Done> platform::SelectedItemsReader::lookForNameInside(
     constexpr std::size_t kMostParts = 16;  // on one level
     std::vector<Accessible> level = {item->item};
     for (int depth = 0; depth < kDeepest && !level.empty(); depth++) {
-        std::vector<QDBusMessage> questions;
-        for (const Accessible& object : level) questions.push_back(childrenQuestion(object));
-        const auto childLists = co_await inquiry.answers(questions);
+        const auto childQuestions = questionsAbout(level, childrenQuestion);
+        const auto childLists = co_await inquiry.answers(childQuestions);
         level.clear();
         for (const QDBusMessage& list : childLists) {
             for (Accessible& child :
                  objectsIn(list, kMostParts).value_or(std::vector<Accessible>{}))
                 if (!child.isNull() && level.size() < kMostParts) level.push_back(std::move(child));
         }
-        questions.clear();
-        for (const Accessible& object : level) questions.push_back(nameQuestion(object));
-        const auto names = co_await inquiry.answers(questions);
+        const auto nameQuestions = questionsAbout(level, nameQuestion);
+        const auto names = co_await inquiry.answers(nameQuestions);
         for (std::size_t i = 0; i < level.size(); i++) {
             const auto name = textIn(names[i]);
             if (!name || name->isEmpty()) continue;

@@ -23,8 +23,8 @@ bool isCloseAround(const View& view, const Accessible& object)
 
 platform::Task<bool> platform::haveFoundSizes(Inquiry& inquiry, std::vector<View> views)
 {
-    std::vector<QDBusMessage> questions;
-    for (const View& view : views) questions.push_back(sizeQuestion(view.object));
+    const auto questions =
+        questionsAbout(views, [](const View& view) { return sizeQuestion(view.object); });
     const auto answers = co_await inquiry.answers(questions);
     for (std::size_t i = 0; i < answers.size(); i++) {
         if (sizeIn(answers[i]) != views[i].size) co_return false;

@@ -21,11 +21,10 @@ platform::Task<bool> platform::WindowFolder::read(Inquiry& inquiry, QString titl
     }
     FolderClues clues;
     clues.title = title;
-    std::vector<QDBusMessage> questions;
-    for (const Accessible& entry : layout.locations) {
+    const auto questions = questionsAbout(layout.locations, [](const Accessible& entry) {
         // GTK 4 gives nothing for the whole of a text, only for a part that is long enough.
-        questions.push_back(textQuestion(entry, isGtk4Object(entry) ? kLongestPath : -1));
-    }
+        return textQuestion(entry, isGtk4Object(entry) ? kLongestPath : -1);
+    });
     const auto answers = co_await inquiry.answers(questions);
     for (const QDBusMessage& answer : answers) {
         const auto text = textIn(answer);
@@ -44,9 +43,9 @@ platform::Task<bool> platform::WindowFolder::read(Inquiry& inquiry, QString titl
 platform::Task<bool> platform::WindowFolder::readRows(Inquiry& inquiry, const FrameLayout& layout,
                                                       FolderClues* clues)
 {
-    std::vector<QDBusMessage> questions;
-    for (const RowParent& parent : layout.rowParents)
-        questions.push_back(childCountQuestion(parent.object));
+    auto questions = questionsAbout(layout.rowParents, [](const RowParent& parent) {
+        return childCountQuestion(parent.object);
+    });
     for (const auto& row : layout.rows) {
         for (const PathButton& button : row) {
             questions.push_back(nameQuestion(button.object));

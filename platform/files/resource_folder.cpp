@@ -1,6 +1,7 @@
 #include "platform/files/resource_folder.h"
 
 #include <algorithm>
+#include <bit>
 #include <climits>
 #include <cstdlib>
 
@@ -19,7 +20,7 @@ bool isFolder(const std::string& path)
 std::string pathOfProgram()
 {
     char path[PATH_MAX];
-    const auto* started = reinterpret_cast<const char*>(getauxval(AT_EXECFN));
+    const auto* started = std::bit_cast<const char*>(getauxval(AT_EXECFN));
     if (started != nullptr && realpath(started, path) != nullptr) return path;
     const ssize_t length = readlink("/proc/self/exe", path, sizeof path);
     return {path, length > 0 ? static_cast<std::size_t>(length) : 0};

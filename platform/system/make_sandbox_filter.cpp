@@ -65,8 +65,10 @@ public:
         if (!isComplete_) return {};
         const std::unique_ptr<std::FILE, decltype([](std::FILE* file) { std::fclose(file); })> file(
             std::tmpfile());
-        if (!file || seccomp_export_bpf(filter_.get(), fileno(file.get())) != 0) return {};
-        std::rewind(file.get());
+        if (!file || seccomp_export_bpf(filter_.get(), fileno(file.get())) != 0 ||
+            std::fseek(file.get(), 0, SEEK_SET) != 0) {
+            return {};
+        }
         std::vector<sock_filter> program(platform::kMostSandboxSteps + 1);
         program.resize(
             std::fread(program.data(), sizeof program.front(), program.size(), file.get()));

@@ -7,8 +7,6 @@
 #include <cstdlib>
 #include <limits>
 
-#include <locale.h>
-
 namespace {
 constexpr std::size_t kUsualLength = 64;  // bytes of a number that needs no block of its own
 

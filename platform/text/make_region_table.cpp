@@ -92,10 +92,11 @@ std::u16string listOf(const std::string& locale, std::u16string_view letters,
 
 void askForDates(const std::string& locale, const UDateFormat* format, Region* region)
 {
-    std::vector<std::int64_t> months;
-    std::vector<std::int64_t> hours;
-    for (int i = 0; i < 12; i++) months.push_back((15 + i * 30) * kDay);
-    for (int i = 0; i < 24; i++) hours.push_back(i * kHour);
+    std::vector<std::int64_t> months(12);
+    std::vector<std::int64_t> hours(24);
+    for (std::size_t i = 0; i < months.size(); i++)
+        months[i] = (15 + static_cast<int>(i) * 30) * kDay;
+    for (std::size_t i = 0; i < hours.size(); i++) hours[i] = static_cast<int>(i) * kHour;
     region->dateAndTime = printed([=](char16_t* units, UErrorCode* status) {
         return udat_toPattern(format, false, units, kRoom, status);
     });
