@@ -84,7 +84,7 @@ private:
 
 test::StandInFileManager::StandInFileManager(Kind kind, const std::string& folder,
                                              const std::vector<QString>& names)
-    : kind_(kind), bus_(connectionOfItsOwn("program")), registry_(connectionOfItsOwn("registry"))
+    : bus_(connectionOfItsOwn("program")), registry_(connectionOfItsOwn("registry"))
 {
     qDBusRegisterMetaType<Reference>();
     qDBusRegisterMetaType<QList<Reference>>();

@@ -80,7 +80,6 @@ private:
     QDBusMessage answerTo(const QDBusMessage& question);
     void take(const QDBusMessage& question);
 
-    Kind kind_;
     std::mutex mutex_;  // of everything below
     std::map<int, StandInObject> objects_;
     std::vector<std::string> questions_;
