@@ -10,7 +10,7 @@ namespace platform {
 class PictureFile {
 public:
     // Opens the file at `path`, following symbolic links. A pipe, a device or a folder of that name
-    // is not opened.
+    // does not count as open, and is not touched where a link leads to it.
     explicit PictureFile(const std::string& path);
     ~PictureFile();
     PictureFile(const PictureFile&) = delete;

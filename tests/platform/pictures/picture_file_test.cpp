@@ -50,10 +50,14 @@ TEST(PictureFile, opensNothingButFiles)
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        const Watch watch(row.path);
         EXPECT_EQ(platform::PictureFile(row.path).isOpen(), row.isOpened);
-        EXPECT_EQ(watch.sawAnOpening(), row.isOpened);
+        const std::string link = row.path + ".link.jpg";
+        ASSERT_EQ(symlink(row.path.c_str(), link.c_str()), 0);
+        const Watch watch(row.path);
+        EXPECT_EQ(platform::PictureFile(link).isOpen(), row.isOpened);
+        EXPECT_EQ(watch.sawAnOpening(), row.isOpened) << "through a link";
     }
+    (void)unlink((folder.path() + ".link.jpg").c_str());
 }
 
 TEST(PictureFile, ofEveryHostileItemIsAFileOrNotOpen)
