@@ -7,6 +7,17 @@
 
 #include <utility>
 
+#include <sys/stat.h>
+
+namespace {
+bool isFolder(const FileReport& report)
+{
+    struct stat status;
+    return !report.size && report.error.empty() && stat(report.path.c_str(), &status) == 0 &&
+           S_ISDIR(status.st_mode);
+}
+}  // namespace
+
 void BatchResult::add(BatchResult following)
 {
     if (files == 0) {
@@ -35,6 +46,11 @@ BatchResult BatchWork::process(std::span<const std::string> paths)
         if (!report.error.empty()) {
             appendComplaint(report.path + ": " + report.error, &result.complaints);
             result.failed++;
+        }
+        // Who named a folder most likely wants to know of the pictures in it.
+        if (output_ == Output::text && isFolder(report)) {
+            appendComplaint(report.path + ": a folder; -r looks at the pictures in it",
+                            &result.complaints);
         }
         if (report.isLocated()) result.located++;
         result.files++;

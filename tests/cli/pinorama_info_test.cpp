@@ -93,6 +93,18 @@ TEST_F(PinoramaInfo, findsItsTextsThroughALinkToIt)
     }
 }
 
+TEST_F(PinoramaInfo, saysHowToLookIntoAFolder)
+{
+    const test::ProgramResult result = run({folder_.path()});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_NE(result.out.find("Path:         " + folder_.path() + "\n"), std::string::npos);
+    EXPECT_EQ(result.err,
+              "pinorama-info: " + folder_.path() + ": a folder; -r looks at the pictures in it\n");
+    // A program that reads the output knows what it asked for.
+    EXPECT_EQ(run({"--json", folder_.path()}).err, "");
+    EXPECT_EQ(run({located_}).err, "");
+}
+
 TEST_F(PinoramaInfo, loadsICUOnlyForWhatItAloneKnows)
 {
     // With this the dynamic linker tells each library that it loads.
