@@ -372,36 +372,4 @@ TEST(readerProgram, liesBesideTheProgramUnlessToldOtherwise)
     const test::ScopedVariable told("PINORAMA_READER", "/elsewhere/reader");
     EXPECT_EQ(readerProgram(), "/elsewhere/reader");
 }
-
-TEST(makeSandboxedPropertySource, readsInALockedInCopyOfTheProgram)
-{
-    const Pictures pictures;
-    const PropertySource source = makeSandboxedPropertySource();
-    const PictureFile good(pictures.good());
-    for (int i = 0; i < 3; i++) {
-        const std::optional<PictureProperties> properties = source(good.descriptor(), good.size());
-        ASSERT_TRUE(properties);
-        EXPECT_EQ(properties->latitude, 48.5);
-        EXPECT_EQ(properties->longitudeReference, u"E");
-    }
-    const PictureFile other(pictures.secret());
-    EXPECT_FALSE(source(other.descriptor(), other.size()));
-}
-
-TEST(makeSandboxedPropertySource, agreesWithReadingInThisProcess)
-{
-    const std::optional<std::string> collection = test::pictureCollection();
-    if (!collection) GTEST_SKIP() << "PINORAMA_PICTURE_COLLECTION is not set";
-    const PropertySource source = makeSandboxedPropertySource();
-    int found = 0;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(*collection)) {
-        const PictureFile file(entry.path().string());
-        if (!file.isOpen()) continue;
-        FileByteSource bytes(file.descriptor(), file.size());
-        const std::optional<PictureProperties> here = readPictureProperties(bytes);
-        EXPECT_EQ(source(file.descriptor(), file.size()), here) << entry.path();
-        if (here) found++;
-    }
-    EXPECT_GT(found, 300);
-}
 }  // namespace

@@ -1,0 +1,74 @@
+// The locked-in copy of a program that reads for it.
+
+#include "platform/pictures/sandboxed_properties.h"
+
+#include "platform/pictures/reader_client.h"
+#include "tests/reader/reader_fixture.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <sstream>
+#include <string>
+
+namespace {
+using namespace platform;
+using test::kHasSanitizers;
+using Pictures = test::ReaderPictures;
+
+TEST(makeSandboxedPropertySource, readsInALockedInCopyOfTheProgram)
+{
+    const Pictures pictures;
+    const PropertySource source = makeSandboxedPropertySource();
+    const PictureFile good(pictures.good());
+    for (int i = 0; i < 3; i++) {
+        const std::optional<PictureProperties> properties = source(good.descriptor(), good.size());
+        ASSERT_TRUE(properties);
+        EXPECT_EQ(properties->latitude, 48.5);
+        EXPECT_EQ(properties->longitudeReference, u"E");
+    }
+    const PictureFile other(pictures.secret());
+    EXPECT_FALSE(source(other.descriptor(), other.size()));
+}
+
+TEST(forkPropertyReader, mayTakeLittleOfTheMachine)
+{
+    const Pictures pictures;
+    ReaderClient client(forkPropertyReader);
+    const PictureFile good(pictures.good());
+    // It has locked itself in when it answers.
+    ASSERT_EQ(client.readProperties(good.descriptor()).outcome, ReadOutcome::found);
+    const std::string limits =
+        test::readFile("/proc/" + std::to_string(client.processID()) + "/limits");
+    const auto hardLimitOf = [&limits](const std::string& resource) {
+        std::istringstream row(limits.substr(limits.find(resource) + resource.size()));
+        std::string soft;
+        std::string hard;
+        row >> soft >> hard;
+        return hard;
+    };
+    if (!kHasSanitizers) {
+        EXPECT_EQ(hardLimitOf("Max address space"), std::to_string(512u << 20));
+        EXPECT_EQ(hardLimitOf("Max file size"), "0");
+    }
+    EXPECT_EQ(hardLimitOf("Max core file size"), "0");
+    EXPECT_LT(std::stoi(hardLimitOf("Max open files")), 100);
+}
+
+TEST(makeSandboxedPropertySource, agreesWithReadingInThisProcess)
+{
+    const std::optional<std::string> collection = test::pictureCollection();
+    if (!collection) GTEST_SKIP() << "PINORAMA_PICTURE_COLLECTION is not set";
+    const PropertySource source = makeSandboxedPropertySource();
+    int found = 0;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(*collection)) {
+        const PictureFile file(entry.path().string());
+        if (!file.isOpen()) continue;
+        FileByteSource bytes(file.descriptor(), file.size());
+        const std::optional<PictureProperties> here = readPictureProperties(bytes);
+        EXPECT_EQ(source(file.descriptor(), file.size()), here) << entry.path();
+        if (here) found++;
+    }
+    EXPECT_GT(found, 300);
+}
+}  // namespace
