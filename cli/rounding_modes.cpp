@@ -1,7 +1,7 @@
 // What keeps the mathematical library out of the program. Its linked-in C++ library can also print
 // the longest floating-point type, and asks for the rounding mode there. Nothing here prints that
 // type: the linker takes these two in place of the library and then throws them away, together with
-// the code that they are for. A test looks that they are gone.
+// the code that they are for. A test looks that the library is not loaded.
 
 extern "C" {
 int fegetround(void);
