@@ -3,6 +3,13 @@
 include(GNUInstallDirs)
 
 if(PROJECT_IS_TOP_LEVEL)
+    # The flags of a release stand here and nowhere else. -O2 because Debian builds with it: no other
+    # level of its compilers is tried as much.
+    set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
+    if(NOT CMAKE_BUILD_TYPE)
+        set(CMAKE_BUILD_TYPE Release)
+    endif()
+
     set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME pinorama)
     set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
     find_program(PINORAMA_CCACHE ccache)
