@@ -79,7 +79,7 @@ int depthOf(const json& value)
 std::u16string unitsOf(const std::string& text)
 {
     std::u16string units(static_cast<std::size_t>(platform::countUnitsOfUTF8(text)), u'\0');
-    platform::decodeUTF8(text, units.data());
+    units.resize(platform::decodeUTF8(text, units));
     return units;
 }
 

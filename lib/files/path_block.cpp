@@ -11,8 +11,10 @@ PathBlock::PathBlock(const TovString* path)
     const std::u16string_view units = platform::unitsOf(path);
     const std::int32_t count = platform::countBytesOfUTF8(units);
     if (count >= 0) {
-        block_ = BlockHolder(baseAllocateZeroed(static_cast<std::size_t>(count) + 2));
-        if (block_) platform::encodeUTF8(units, static_cast<char*>(block_.get()));
+        const auto size = static_cast<std::size_t>(count);
+        block_ = BlockHolder(baseAllocateZeroed(size + 2));
+        // All of it: it has been counted, and what had no room would be zero bytes.
+        if (block_) (void)platform::encodeUTF8(units, {static_cast<char*>(block_.get()), size});
         return;
     }
     const std::string raw = platform::pathBytes(path);

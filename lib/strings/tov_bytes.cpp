@@ -40,11 +40,15 @@ ByteForm byteForm(TovStringRef string, Encoding preferred)
 
 void copyOut(const ByteForm& form, char* dest, std::uint32_t* outSize)
 {
-    if (dest != nullptr) {
-        if (form.encoding == Encoding::macRoman) platform::encodeMacRoman(form.units, dest);
-        if (form.encoding == Encoding::utf8) platform::encodeUTF8(form.units, dest);
+    std::size_t written = 0;
+    if (dest != nullptr && form.encoding == Encoding::macRoman) {
+        platform::encodeMacRoman(form.units, dest);
+        written = form.units.size();
+    } else if (dest != nullptr) {
+        written = platform::encodeUTF8(form.units, {dest, form.size});
     }
-    if (outSize != nullptr) *outSize = dest == nullptr ? 0 : form.size;
+    // Not what was counted, so that nobody takes a byte for text that was not written.
+    if (outSize != nullptr) *outSize = static_cast<std::uint32_t>(written);
 }
 
 bool isUsable(const void* elements, std::int32_t count)
@@ -65,9 +69,7 @@ TovStringRef TovStringFromUTF8(const char* bytes, std::int32_t byteCount)
     const std::string_view text(bytes, static_cast<std::size_t>(byteCount));
     const std::int32_t unitCount = platform::countUnitsOfUTF8(text);
     if (unitCount < 0) return platform::createStringFromMacRoman(text);
-    TovStringRef string = platform::createUnfilledString(unitCount);
-    if (string != nullptr) platform::decodeUTF8(text, string->units);
-    return string;
+    return platform::createStringFromUTF8(text, unitCount);
 }
 
 TovStringRef TovStringFromUTF16(const char16_t* units, std::int32_t unitCount)

@@ -48,9 +48,8 @@ void escape(std::u16string_view units, Put put)
         } else {
             const std::u16string_view character = firstCharacter(units, length);
             char bytes[4];
-            platform::encodeUTF8(character, bytes);
-            const std::int32_t count = platform::countBytesOfUTF8(character);
-            for (std::int32_t i = 0; i < count; i++) {
+            const std::size_t count = platform::encodeUTF8(character, bytes);
+            for (std::size_t i = 0; i < count; i++) {
                 constexpr char16_t kDigits[] = u"0123456789ABCDEF";
                 const auto byte = static_cast<unsigned char>(bytes[i]);
                 put(u'%');
@@ -111,7 +110,11 @@ TovStringRef TovStringConvertToURL(TovStringRef text)
     TovStringRef escaped = platform::createUnfilledString(static_cast<std::int32_t>(length));
     if (escaped == nullptr) return nullptr;
     char16_t* next = escaped->units;
-    escape(units, [&next](char16_t unit) { *next++ = unit; });
+    char16_t* const end = next + length;
+    escape(units, [&next, end](char16_t unit) {
+        if (next != end) *next++ = unit;
+    });
+    escaped->length = static_cast<std::int32_t>(next - escaped->units);
     return escaped;
 }
 
@@ -125,6 +128,7 @@ TovStringRef TovStringConvertFromURL(TovStringRef text)
 
     char* bytes = static_cast<char*>(block.get());
     char16_t* next = decoded.get()->units;
+    char16_t* const end = next + text->length;
     while (!units.empty()) {
         const std::size_t plain = std::min(units.find(u'%'), units.size());
         next = std::copy_n(units.data(), plain, next);
@@ -133,10 +137,8 @@ TovStringRef TovStringConvertFromURL(TovStringRef text)
         const std::int32_t count = takeEscapes(units, bytes);
         if (count < 0) return nullptr;
         const std::string_view run(bytes, static_cast<std::size_t>(count));
-        const std::int32_t unitCount = platform::countUnitsOfUTF8(run);
-        if (unitCount < 0) return nullptr;
-        platform::decodeUTF8(run, next);
-        next += unitCount;
+        if (platform::countUnitsOfUTF8(run) < 0) return nullptr;
+        next += platform::decodeUTF8(run, {next, end});
     }
     decoded.get()->length = static_cast<std::int32_t>(next - decoded.get()->units);
     return decoded.take();

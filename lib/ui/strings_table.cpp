@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <span>
 
 namespace {
 constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf";
@@ -78,7 +79,8 @@ private:
         if (units < 0) return false;
         const std::size_t start = text->size();
         text->resize(start + static_cast<std::size_t>(units));
-        platform::decodeUTF8(plain, text->data() + start);
+        const std::span<char16_t> added = std::span(*text).subspan(start);
+        text->resize(start + platform::decodeUTF8(plain, added));
         next_ = end;
         return true;
     }

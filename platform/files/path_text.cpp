@@ -35,10 +35,8 @@ std::u16string unitsOfDamagedPath(std::string_view bytes)
             bytes.remove_prefix(1);
             continue;
         }
-        const std::size_t start = units.size();
-        units.resize(start +
-                     static_cast<std::size_t>(platform::countUnitsOfUTF8(bytes.substr(0, length))));
-        platform::decodeUTF8(bytes.substr(0, length), units.data() + start);
+        char16_t character[2];
+        units.append(character, platform::decodeUTF8(bytes.substr(0, length), character));
         bytes.remove_prefix(length);
     }
     return units;
@@ -57,7 +55,7 @@ std::string platform::pathBytes(const TovString* path)
     const std::int32_t byteCount = countBytesOfUTF8(units);
     if (byteCount >= 0) {
         std::string bytes(static_cast<std::size_t>(byteCount), '\0');
-        encodeUTF8(units, bytes.data());
+        bytes.resize(encodeUTF8(units, bytes));
         return bytes;
     }
     std::string bytes;

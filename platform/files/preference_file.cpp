@@ -71,7 +71,7 @@ std::u16string unitsOfUTF8(const std::string& text)
     const std::int32_t count = platform::countUnitsOfUTF8(text);
     if (count < 0) return {};
     std::u16string units(static_cast<std::size_t>(count), u'\0');
-    platform::decodeUTF8(text, units.data());
+    units.resize(platform::decodeUTF8(text, units));
     return units;
 }
 

@@ -92,7 +92,7 @@ std::optional<std::u16string> decodeStrictly(std::string_view text)
     const std::int32_t count = platform::countUnitsOfUTF8(text);
     if (count < 0) return std::nullopt;
     std::u16string units(static_cast<std::size_t>(count), u'\0');
-    platform::decodeUTF8(text, units.data());
+    units.resize(platform::decodeUTF8(text, units));
     return units;
 }
 

@@ -1,45 +1,37 @@
 #include "platform/text/utf8.h"
 
 #include "lib/base/alloc.h"
+#include "tests/support/icu_texts.h"
+#include "tests/support/random_texts.h"
 #include "tests/support/texts.h"
 
 #include <gtest/gtest.h>
-#include <unicode/ustring.h>
 #include <unicode/utf16.h>
 
+#include <iterator>
 #include <random>
+#include <span>
 #include <string>
-#include <vector>
 
 namespace {
-// What ICU makes of the bytes; nothing when they are not valid.
-std::optional<std::u16string> decodedByICU(std::string_view bytes)
-{
-    std::vector<char16_t> buffer(bytes.size() + 1);
-    std::int32_t length = 0;
-    UErrorCode status = U_ZERO_ERROR;
-    u_strFromUTF8(buffer.data(), static_cast<std::int32_t>(buffer.size()), &length, bytes.data(),
-                  static_cast<std::int32_t>(bytes.size()), &status);
-    if (U_FAILURE(status)) return std::nullopt;
-    return std::u16string(buffer.data(), static_cast<std::size_t>(length));
-}
-
 std::optional<std::u16string> decoded(std::string_view bytes)
 {
     const std::int32_t units = platform::countUnitsOfUTF8(bytes);
     if (units < 0) return std::nullopt;
-    std::u16string text(static_cast<std::size_t>(units), u'?');
-    platform::decodeUTF8(bytes, text.data());
-    return text;
+    const auto count = static_cast<std::size_t>(units);
+    return test::writtenInto<char16_t>(count, [&](char16_t* dest) {
+        EXPECT_EQ(platform::decodeUTF8(bytes, {dest, count}), count);
+    });
 }
 
 std::optional<std::string> encoded(std::u16string_view units)
 {
     const std::int32_t count = platform::countBytesOfUTF8(units);
     if (count < 0) return std::nullopt;
-    std::string bytes(static_cast<std::size_t>(count), '?');
-    platform::encodeUTF8(units, bytes.data());
-    return bytes;
+    const auto size = static_cast<std::size_t>(count);
+    return test::writtenInto<char>(size, [&](char* dest) {
+        EXPECT_EQ(platform::encodeUTF8(units, {dest, size}), size);
+    });
 }
 }  // namespace
 
@@ -88,7 +80,7 @@ TEST(decodeUTF8, bringsEveryCodePointBack)
         }
         const auto bytes = encoded(text);
         ASSERT_TRUE(bytes) << first;
-        ASSERT_EQ(decodedByICU(*bytes), text) << first;
+        ASSERT_EQ(test::unitsByICU(*bytes), text) << first;
         ASSERT_EQ(decoded(*bytes), text) << first;
     }
 }
@@ -104,13 +96,80 @@ TEST(decodeUTF8, agreesWithICUOnRandomBytes)
         std::string bytes;
         const auto choices = random() % 2 == 0 ? 5u : static_cast<unsigned>(std::size(pieces));
         for (auto n = random() % 8; n > 0; n--) bytes += pieces[random() % choices];
-        const auto expected = decodedByICU(bytes);
+        const auto expected = test::unitsByICU(bytes);
         valid += expected.has_value();
         ASSERT_EQ(decoded(bytes), expected) << testing::PrintToString(bytes);
         if (!expected) continue;
         ASSERT_EQ(encoded(*expected), bytes);
     }
     EXPECT_GT(valid, 20000);
+}
+
+TEST(decodeUTF8, fillsExactlyTheRoomThatWasCounted)
+{
+    int valid = 0;
+    test::forRandomBytes([&](const std::string& bytes) {
+        const auto expected = test::unitsByICU(bytes);
+        valid += expected.has_value();
+        ASSERT_EQ(decoded(bytes), expected);
+    });
+    EXPECT_GT(valid, 5000);
+}
+
+TEST(decodeUTF8, keepsToARoomThatIsTooSmall)
+{
+    const std::string_view bytes = "ab\u00e9\u20ac\U0001F4F7z";
+    const std::size_t written[] = {0, 1, 2, 3, 4, 4, 6, 7, 7};
+    for (std::size_t room = 0; room < std::size(written); room++) {
+        std::u16string units(std::size(written), u'?');
+        ASSERT_EQ(platform::decodeUTF8(bytes, std::span(units).first(room)), written[room]);
+        ASSERT_EQ(units.substr(0, written[room]),
+                  std::u16string_view(u"ab\u00e9\u20ac\U0001F4F7z").substr(0, written[room]));
+        ASSERT_EQ(units.find_first_not_of(u'?', written[room]), units.npos);
+    }
+    std::u16string units(4, u'?');
+    EXPECT_EQ(platform::decodeUTF8("ab\xff"
+                                   "c",
+                                   units),
+              2u)
+        << "ends at what is no UTF-8";
+    EXPECT_EQ(units, u"ab??");
+}
+
+TEST(encodeUTF8, fillsExactlyTheRoomThatWasCounted)
+{
+    int valid = 0;
+    test::forRandomTexts([&](const std::u16string& text) {
+        const auto expected = test::utf8ByICU(text);
+        valid += expected.has_value();
+        ASSERT_EQ(encoded(text), expected);
+    });
+    EXPECT_GT(valid, 100000);
+}
+
+TEST(encodeUTF8, keepsToARoomThatIsTooSmall)
+{
+    const std::u16string_view units = u"ab\u00e9\u20ac\U0001F4F7z";
+    const std::size_t written[] = {0, 1, 2, 2, 4, 4, 4, 7, 7, 7, 7, 11, 12, 12};
+    for (std::size_t room = 0; room < std::size(written); room++) {
+        std::string bytes(std::size(written), '?');
+        ASSERT_EQ(platform::encodeUTF8(units, std::span(bytes).first(room)), written[room]);
+        ASSERT_EQ(bytes.substr(0, written[room]),
+                  std::string_view("ab\u00e9\u20ac\U0001F4F7z").substr(0, written[room]));
+        ASSERT_EQ(bytes.find_first_not_of('?', written[room]), bytes.npos);
+    }
+    std::string bytes(4, '?');
+    const char16_t lone[] = {u'a', u'b', 0xd800, u'c'};
+    EXPECT_EQ(platform::encodeUTF8({lone, 4}, bytes), 2u) << "ends at a lone surrogate";
+    EXPECT_EQ(bytes, "ab??");
+}
+
+TEST(countBytesOfUTF8, addsUpWhatEachCharacterTakes)
+{
+    // 8 of 40 units with two bytes each.
+    std::u16string text;
+    for (int i = 0; i < 8; i++) text += u"abc\u00e9d";
+    EXPECT_EQ(platform::countBytesOfUTF8(text), 48);
 }
 
 TEST(encodeUTF8, refusesLoneSurrogatesAnywhere)
