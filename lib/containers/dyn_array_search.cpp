@@ -23,10 +23,7 @@ std::int16_t findSorted(const DynArray* array, ID id, std::uint32_t* outIndex)
     while (low < high) {
         const std::uint32_t middle = low + (high - low) / 2;
         // Which half goes on is a coin toss that no processor foresees, so both ends are computed
-        // without a jump, and the two items that may be next are fetched while this one is
-        // compared.
-        __builtin_prefetch(data + (low + (middle - low) / 2) * itemSize);
-        __builtin_prefetch(data + (middle + 1 + (high - middle) / 2) * itemSize);
+        // without a jump.
         const ID found = idOf<ID>(data + middle * itemSize);
         if (found == id) {
             *outIndex = middle;

@@ -24,17 +24,6 @@ std::int16_t findStart(const FlexDynArray* flex, std::uint32_t itemID, std::uint
     return 0;
 }
 
-// The items of a scan lie behind one another, and only the size of one tells where the next begins.
-// Fetching the first of them at once spares the scan the wait for each.
-void fetchAhead(const FlexDynArray* flex, std::uint64_t start)
-{
-    constexpr std::uint64_t kCacheLine = 64;  // bytes
-    constexpr std::uint64_t kReach = 1024;
-    const std::uint64_t end = std::min<std::uint64_t>(start + kReach, flex->usedBytes);
-    for (std::uint64_t place = start + kCacheLine; place < end; place += kCacheLine)
-        __builtin_prefetch(flex->data + place);
-}
-
 // What the two getters below have in common: the header of an item whose data are all there.
 std::int16_t findWholeItem(const FlexDynArray* flex, std::uint32_t itemID, std::uint32_t itemType,
                            FlexHeader* outHeader, std::uint8_t** outData)
@@ -61,7 +50,6 @@ std::int16_t m2LookupFlexDataOffset(const FlexDynArray* flex, std::uint32_t item
     if (memHasFlexIndex(flex)) {
         const std::int16_t status = findStart(flex, itemID, &start);
         if (status != 0) return status;
-        fetchAhead(flex, start);
     }
 
     // A header that begins exactly 12 bytes before the end is not looked at. Intended; pinned by
