@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <random>
 
 using test::Flex;
 using test::headerBytes;
@@ -64,6 +65,36 @@ TEST(memDumpFlexDynArray, stopsAfterAnItemThatRunsPastTheUsedBytes)
                   "\nDump FlexDynArray:  TotalDataSize 25 Bytes\r"
                   "Location: 0, ItemID: 1, ItemType: 2, ItemSize: " +
                       std::to_string(size) + "\r");
+    }
+}
+
+TEST(memDumpFlexDynArray, writesALineForEachItemOfAnyArray)
+{
+    std::mt19937 random(20081);
+    for (int round = 0; round < 40; round++) {
+        std::vector<test::FlexItem> items;
+        for (unsigned count = static_cast<unsigned>(random() % 12); count > 0; count--) {
+            items.push_back({static_cast<std::uint32_t>(random() >> random() % 32),
+                             static_cast<std::uint32_t>(random() >> random() % 32),
+                             std::string(random() % 200, 'x')});
+        }
+        const test::LogFolder folder;
+        folder.startLog("");
+        const Flex flex(items);
+        memDumpFlexDynArray(&flex);
+
+        std::size_t location = 0;
+        std::string lines;
+        for (const test::FlexItem& item : items) {
+            lines += "Location: " + std::to_string(location) +
+                     ", ItemID: " + std::to_string(item.id) +
+                     ", ItemType: " + std::to_string(item.type) +
+                     ", ItemSize: " + std::to_string(item.data.size()) + "\r";
+            location += 12 + item.data.size();
+        }
+        ASSERT_EQ(folder.log(), "\nDump FlexDynArray:  TotalDataSize " + std::to_string(location) +
+                                    " Bytes\r" + lines)
+            << "round " << round;
     }
 }
 

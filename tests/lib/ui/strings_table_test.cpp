@@ -1,6 +1,8 @@
 #include "lib/ui/strings_table.h"
 
 #include "platform/text/utf8.h"
+#include "tests/support/icu_texts.h"
+#include "tests/support/random_texts.h"
 
 #include <gtest/gtest.h>
 
@@ -118,4 +120,19 @@ TEST(StringsTable, tellsWhichLinesAreDamaged)
     EXPECT_EQ(table.damagedLines(), (std::vector<std::size_t>{3, 5, 6}));
     EXPECT_EQ(table.size(), 1U);
     EXPECT_TRUE(StringsTable("").damagedLines().empty());
+}
+
+TEST(StringsTable, holdsTheTextOfAllKindsOfBytes)
+{
+    test::forRandomBytes([](std::string bytes) {
+        std::erase_if(bytes, [](char c) { return c == '"' || c == '\\' || c == '\n'; });
+        const StringsTable table("\"k\" = \"" + bytes + "\";\n");
+        const auto value = table.find(u"k");
+        const auto expected = test::unitsByICU(bytes);
+        ASSERT_EQ(value.has_value(), expected.has_value());
+        if (expected) {
+            ASSERT_EQ(*value, *expected);
+        }
+        ASSERT_EQ(table.damagedLines().size(), expected ? 0u : 1u);
+    });
 }

@@ -3,7 +3,9 @@
 #include "platform/pictures/photoshop_resources.h"
 
 #include "tests/support/byte_views.h"
+#include "tests/support/icu_texts.h"
 #include "tests/support/picture_builder.h"
+#include "tests/support/random_texts.h"
 
 #include <gtest/gtest.h>
 
@@ -179,4 +181,19 @@ TEST(findPhotoshopResource, edges)
         EXPECT_EQ(found.length(), row.expected.size());
         EXPECT_TRUE(row.expected.empty() || found.beginsWith(viewOf(row.expected)));
     }
+}
+
+TEST(decodeUndeclaredText, hasTheUnitsOfUTF8OrOneForEachByte)
+{
+    test::forRandomBytes([](const std::string& bytes) {
+        const std::string shown = bytes.substr(0, bytes.find('\0'));
+        const std::u16string units = decodeUndeclaredText(viewOf(bytes));
+        if (const auto expected = test::unitsByICU(shown)) {
+            ASSERT_EQ(units, *expected);
+            ASSERT_EQ(decodeUTF8Text(viewOf(bytes)), *expected);
+        } else {
+            ASSERT_EQ(units.size(), shown.size());
+            ASSERT_EQ(units.find(u'\0'), units.npos);
+        }
+    });
 }

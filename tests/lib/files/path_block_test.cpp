@@ -1,0 +1,28 @@
+#include "lib/files/path_block.h"
+
+#include "lib/base/alloc.h"
+#include "platform/files/path_text.h"
+#include "tests/support/random_texts.h"
+#include "tests/support/texts.h"
+
+#include <gtest/gtest.h>
+
+TEST(PathBlock, holdsTheBytesOfThePathAndATerminator)
+{
+    test::forRandomTexts(
+        [](const std::u16string& text) {
+            const test::Text path(platform::createString(text));
+            const PathBlock block(path.get());
+            ASSERT_TRUE(block);
+            const std::string expected = platform::pathBytes(path.get());
+            ASSERT_EQ(std::string(block.bytes(), expected.size() + 1), expected + '\0');
+        },
+        3);
+}
+
+TEST(PathBlock, isAnEmptyPathForNull)
+{
+    const PathBlock block(nullptr);
+    ASSERT_TRUE(block);
+    EXPECT_STREQ(block.bytes(), "");
+}
