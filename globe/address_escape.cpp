@@ -1,5 +1,6 @@
 #include "globe/address_escape.h"
 
+#include "lib/base/memory_guard.h"
 #include "platform/text/utf8.h"
 
 #include <string>
@@ -15,15 +16,17 @@ bool isLegalInAddress(char byte)
 
 TovStringRef gpsEscapeForAddress(std::u16string_view name)
 {
-    constexpr std::u16string_view kDigits = u"0123456789ABCDEF";
-    std::u16string escaped;
-    for (const char byte : platform::displayUTF8(name)) {
-        if (isLegalInAddress(byte)) {
-            escaped += static_cast<char16_t>(byte);
-        } else {
-            const auto value = static_cast<unsigned char>(byte);
-            escaped += {u'%', kDigits[value >> 4], kDigits[value & 15]};
+    return baseGuardMemory([&]() -> TovStringRef {
+        constexpr std::u16string_view kDigits = u"0123456789ABCDEF";
+        std::u16string escaped;
+        for (const char byte : platform::displayUTF8(name)) {
+            if (isLegalInAddress(byte)) {
+                escaped += static_cast<char16_t>(byte);
+            } else {
+                const auto value = static_cast<unsigned char>(byte);
+                escaped += {u'%', kDigits[value >> 4], kDigits[value & 15]};
+            }
         }
-    }
-    return platform::createString(escaped);
+        return platform::createString(escaped);
+    });
 }

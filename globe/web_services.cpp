@@ -7,17 +7,13 @@
 #include "lib/ui/string_tables.h"
 #include "location/file_name.h"
 
-#include <string>
-
 namespace {
 constexpr char kTable[] = "GPS";
 constexpr char16_t kCatalogueAddress[] = u"skallion://find/gps/&lat=%f&long=%f&distance=2000m";
 
-StringHolder keyOf(char16_t letter, std::int32_t number)
+StringHolder keyOf(char letter, std::int32_t number)
 {
-    std::u16string key(1, letter);
-    for (const char digit : std::to_string(number)) key += static_cast<char16_t>(digit);
-    return StringHolder(platform::createString(key));
+    return StringHolder(tovFormat(u"%c%li", {letter, number}));
 }
 
 // The text of an entry; its key when the table has none.
@@ -45,7 +41,7 @@ double signedLongitude(const fileInfoRecord& info)
 
 TovStringRef appCopyServiceTitle(std::int32_t number)
 {
-    const StringHolder key = keyOf(u'a', number);
+    const StringHolder key = keyOf('a', number);
     StringHolder title(copyEntry(key.get()));
     return isMissing(title.get(), key.get()) ? nullptr : title.take();
 }
@@ -54,11 +50,11 @@ TovStringRef appCopyServiceTemplate(TovStringRef title)
 {
     if (title == nullptr) return nullptr;
     for (std::int32_t number = 1;; ++number) {
-        const StringHolder key = keyOf(u'a', number);
+        const StringHolder key = keyOf('a', number);
         const StringHolder candidate(copyEntry(key.get()));
         // A title is looked for as it is written, also one that ends the list of the menu.
         if (platform::equalUnits(candidate.get(), title)) {
-            return copyEntry(keyOf(u'b', number).get());
+            return copyEntry(keyOf('b', number).get());
         }
         if (isMissing(candidate.get(), key.get())) return nullptr;
     }

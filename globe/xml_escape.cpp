@@ -1,5 +1,7 @@
 #include "globe/xml_escape.h"
 
+#include "lib/base/memory_guard.h"
+
 #include <string>
 
 namespace {
@@ -33,20 +35,22 @@ std::u16string_view replacementOf(char16_t unit)
 
 TovStringRef gpsEscapeForXML(std::u16string_view text)
 {
-    std::u16string escaped;
-    escaped.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); i++) {
-        const char16_t unit = text[i];
-        if (isHighSurrogate(unit) && i + 1 < text.size() && isLowSurrogate(text[i + 1])) {
-            escaped.append(text, i, 2);
-            i++;
-        } else if (isHighSurrogate(unit) || isLowSurrogate(unit)) {
-            escaped += u'\ufffd';
-        } else if (const std::u16string_view other = replacementOf(unit); !other.empty()) {
-            escaped += other;
-        } else {
-            escaped += unit;
+    return baseGuardMemory([&]() -> TovStringRef {
+        std::u16string escaped;
+        escaped.reserve(text.size());
+        for (std::size_t i = 0; i < text.size(); i++) {
+            const char16_t unit = text[i];
+            if (isHighSurrogate(unit) && i + 1 < text.size() && isLowSurrogate(text[i + 1])) {
+                escaped.append(text, i, 2);
+                i++;
+            } else if (isHighSurrogate(unit) || isLowSurrogate(unit)) {
+                escaped += u'\ufffd';
+            } else if (const std::u16string_view other = replacementOf(unit); !other.empty()) {
+                escaped += other;
+            } else {
+                escaped += unit;
+            }
         }
-    }
-    return platform::createString(escaped);
+        return platform::createString(escaped);
+    });
 }

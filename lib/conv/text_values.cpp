@@ -1,5 +1,6 @@
 #include "lib/conv/text_values.h"
 
+#include "lib/base/memory_guard.h"
 #include "lib/strings/string_holder.h"
 #include "lib/strings/tov_bytes.h"
 #include "lib/strings/tov_search.h"
@@ -115,11 +116,13 @@ VardenTime convGetGermanDateTimeAsVDTime(TovTypeRef dictionary, TovStringRef key
 
 VardenTime convGetVDTimeFromDateAndTimeString(TovStringRef date, TovStringRef time)
 {
-    if (date == nullptr || time == nullptr) return 0;
-    std::u16string both(platform::unitsOf(date));
-    both += u' ';
-    both += platform::unitsOf(time);
-    return readDate(gADCDateFormatter, both);
+    return baseGuardMemory([&]() -> VardenTime {
+        if (date == nullptr || time == nullptr) return 0;
+        std::u16string both(platform::unitsOf(date));
+        both += u' ';
+        both += platform::unitsOf(time);
+        return readDate(gADCDateFormatter, both);
+    });
 }
 
 VardenTime convConvertiViewDate(TovStringRef text)

@@ -1,5 +1,6 @@
 #include "lib/files/file_names.h"
 
+#include "lib/base/memory_guard.h"
 #include "lib/base/status.h"
 #include "lib/files/file_reference.h"
 #include "platform/objects/object_holder.h"
@@ -44,15 +45,17 @@ std::int32_t feCheckFileNameRef(HFSUniStr255* name)
 
 TovStringRef feGetUniqueFileName(const FSRef* parent, TovStringRef base, TovStringRef suffix)
 {
-    for (int number = 1;; number++) {
-        std::u16string units(shown(base));
-        units += u' ';
-        const std::string digits = std::to_string(number);
-        units.append(digits.begin(), digits.end());
-        units += shown(suffix);
-        ObjectHolder<TovStringRef> name(platform::createString(units));
-        if (!name || number == kLastNumber || !feItemExists(parent, name.get())) {
-            return name.take();
+    return baseGuardMemory([&]() -> TovStringRef {
+        for (int number = 1;; number++) {
+            std::u16string units(shown(base));
+            units += u' ';
+            const std::string digits = std::to_string(number);
+            units.append(digits.begin(), digits.end());
+            units += shown(suffix);
+            ObjectHolder<TovStringRef> name(platform::createString(units));
+            if (!name || number == kLastNumber || !feItemExists(parent, name.get())) {
+                return name.take();
+            }
         }
-    }
+    });
 }

@@ -1,5 +1,6 @@
 #include "lib/files/file_reference.h"
 
+#include "lib/base/memory_guard.h"
 #include "lib/base/status.h"
 #include "lib/files/path_block.h"
 #include "platform/files/descriptor.h"
@@ -26,34 +27,42 @@ std::int32_t feMakeFSRefFromPath(TovStringRef path, FSRef* outRef)
 
 std::int32_t feMakeFSRefFromBytes(const char* path, FSRef* outRef)
 {
-    std::string resolved = platform::resolvedPath(path);
-    if (resolved.empty()) return lastStatus();
-    outRef->path = std::move(resolved);
-    return kErrNone;
+    return baseGuardMemory(kErrNoMemory, [&] {
+        std::string resolved = platform::resolvedPath(path);
+        if (resolved.empty()) return lastStatus();
+        outRef->path = std::move(resolved);
+        return kErrNone;
+    });
 }
 
 std::int32_t feMakeFSRefFromParent(const FSRef* parent, TovStringRef name, FSRef* outRef)
 {
-    std::string path = platform::childPath(parent->path, platform::pathBytes(name));
-    if (path.empty() || !platform::itemExists(path)) return lastStatus();
-    outRef->path = std::move(path);
-    return kErrNone;
+    return baseGuardMemory(kErrNoMemory, [&] {
+        std::string path = platform::childPath(parent->path, platform::pathBytes(name));
+        if (path.empty() || !platform::itemExists(path)) return lastStatus();
+        outRef->path = std::move(path);
+        return kErrNone;
+    });
 }
 
 std::int32_t feGetFSRefFromCFURL(TovStringRef fileURL, FSRef* outRef)
 {
-    const auto path = platform::pathOfFileURI(platform::pathBytes(fileURL));
-    if (!path) return kErrBadArgument;
-    return feMakeFSRefFromBytes(path->c_str(), outRef) == kErrNone ? kErrNone : kErrBadArgument;
+    return baseGuardMemory(kErrBadArgument, [&] {
+        const auto path = platform::pathOfFileURI(platform::pathBytes(fileURL));
+        if (!path) return kErrBadArgument;
+        return feMakeFSRefFromBytes(path->c_str(), outRef) == kErrNone ? kErrNone : kErrBadArgument;
+    });
 }
 
 std::int32_t feGetParentRef(const FSRef* ref, FSRef* outParent)
 {
-    if (!platform::itemExists(ref->path)) return lastStatus();
-    std::string folder = platform::folderOf(ref->path);
-    if (folder.empty()) return kErrNotFound;
-    outParent->path = std::move(folder);
-    return kErrNone;
+    return baseGuardMemory(kErrNoMemory, [&] {
+        if (!platform::itemExists(ref->path)) return lastStatus();
+        std::string folder = platform::folderOf(ref->path);
+        if (folder.empty()) return kErrNotFound;
+        outParent->path = std::move(folder);
+        return kErrNone;
+    });
 }
 
 TovStringRef feGetPathFromFSRef(const FSRef* ref, std::int32_t pathStyle)
@@ -70,6 +79,8 @@ TovStringRef feGetItemNameFromRef(const FSRef* ref)
 
 bool feItemExists(const FSRef* parent, TovStringRef name)
 {
-    const std::string path = platform::childPath(parent->path, platform::pathBytes(name));
-    return !path.empty() && platform::itemExists(path);
+    return baseGuardMemory([&]() -> bool {
+        const std::string path = platform::childPath(parent->path, platform::pathBytes(name));
+        return !path.empty() && platform::itemExists(path);
+    });
 }

@@ -1,5 +1,6 @@
 #include "lib/files/folders.h"
 
+#include "lib/base/memory_guard.h"
 #include "lib/base/status.h"
 #include "lib/files/fork_io.h"
 #include "lib/strings/tov_search.h"
@@ -37,68 +38,81 @@ void store(std::string path, FSRef* outRef)
 
 std::int32_t feCreateFolder(const FSRef* parent, TovStringRef name, FSRef* outRef)
 {
-    std::string path = childPath(parent, name);
-    if (path.empty() || mkdir(path.c_str(), 0777) != 0) return lastStatus();
-    store(std::move(path), outRef);
-    return kErrNone;
+    return baseGuardMemory(kErrNoMemory, [&] {
+        std::string path = childPath(parent, name);
+        if (path.empty() || mkdir(path.c_str(), 0777) != 0) return lastStatus();
+        store(std::move(path), outRef);
+        return kErrNone;
+    });
 }
 
 std::int32_t feCreateAndOpenDataFileUnicode(const FSRef* parent, TovStringRef name,
                                             std::uint32_t /*type*/, std::uint32_t /*creator*/,
                                             FSRef* outRef, ForkRef* outForkRef)
 {
-    *outForkRef = 0;
-    std::string path = childPath(parent, name);
-    if (path.empty()) return lastStatus();
-    ForkCloser fork(platform::openDescriptor(path.c_str(), O_RDWR | O_CREAT | O_EXCL));
-    if (!fork) return lastStatus();
-    store(std::move(path), outRef);
-    *outForkRef = fork.take();
-    return kErrNone;
+    return baseGuardMemory(kErrNoMemory, [&] {
+        *outForkRef = 0;
+        std::string path = childPath(parent, name);
+        if (path.empty()) return lastStatus();
+        ForkCloser fork(platform::openDescriptor(path.c_str(), O_RDWR | O_CREAT | O_EXCL));
+        if (!fork) return lastStatus();
+        store(std::move(path), outRef);
+        *outForkRef = fork.take();
+        return kErrNone;
+    });
 }
 
 std::int32_t feRenameFolder(const FSRef* ref, TovStringRef name, FSRef* outRef)
 {
-    if (!platform::itemExists(ref->path)) return lastStatus();
-    const std::string folder = platform::folderOf(ref->path);
-    if (folder.empty()) return kErrBusy;  // the root folder has no name of its own
-    std::string path = platform::childPath(folder, platform::pathBytes(name));
-    if (path.empty()) return lastStatus();
-    if (path != ref->path && !platform::moveWithoutReplacing(ref->path, path)) return lastStatus();
-    store(std::move(path), outRef);
-    return kErrNone;
+    return baseGuardMemory(kErrNoMemory, [&] {
+        if (!platform::itemExists(ref->path)) return lastStatus();
+        const std::string folder = platform::folderOf(ref->path);
+        if (folder.empty()) return kErrBusy;  // the root folder has no name of its own
+        std::string path = platform::childPath(folder, platform::pathBytes(name));
+        if (path.empty()) return lastStatus();
+        if (path != ref->path && !platform::moveWithoutReplacing(ref->path, path))
+            return lastStatus();
+        store(std::move(path), outRef);
+        return kErrNone;
+    });
 }
 
 std::int32_t feGetFirstFileInFolderWithSuffix(const FSRef* folder, TovStringRef suffix,
                                               FSRef* outRef)
 {
-    std::string first;
-    for (std::string& name : platform::namesInFolder(folder->path)) {
-        const ObjectHolder<TovStringRef> text(platform::createPathText(name));
-        if (!TovStringEndsWith(text.get(), suffix, 0)) continue;
-        if (first.empty() || name < first) first = std::move(name);
-    }
-    if (first.empty()) return kErrNothingUsable;
-    outRef->path = platform::childPath(folder->path, first);
-    return kErrNone;
+    return baseGuardMemory(kErrNothingUsable, [&] {
+        std::string first;
+        for (std::string& name : platform::namesInFolder(folder->path)) {
+            const ObjectHolder<TovStringRef> text(platform::createPathText(name));
+            if (!TovStringEndsWith(text.get(), suffix, 0)) continue;
+            if (first.empty() || name < first) first = std::move(name);
+        }
+        if (first.empty()) return kErrNothingUsable;
+        outRef->path = platform::childPath(folder->path, first);
+        return kErrNone;
+    });
 }
 
 std::uint64_t feGetFolderSize(const FSRef* folder)
 {
-    std::uint64_t sum = 0;
-    for (const std::string& name : platform::namesInFolder(folder->path)) {
-        struct stat facts = {};
-        const std::string path = platform::childPath(folder->path, name);
-        if (lstat(path.c_str(), &facts) != 0 || S_ISDIR(facts.st_mode)) continue;
-        sum += static_cast<std::uint64_t>(facts.st_size);
-    }
-    return sum;
+    return baseGuardMemory([&]() -> std::uint64_t {
+        std::uint64_t sum = 0;
+        for (const std::string& name : platform::namesInFolder(folder->path)) {
+            struct stat facts = {};
+            const std::string path = platform::childPath(folder->path, name);
+            if (lstat(path.c_str(), &facts) != 0 || S_ISDIR(facts.st_mode)) continue;
+            sum += static_cast<std::uint64_t>(facts.st_size);
+        }
+        return sum;
+    });
 }
 
 TovStringRef feGetPathOfSpecialFolder(std::int32_t folderNumber)
 {
-    if (folderNumber != kDesktopFolder) return nullptr;
-    const std::string desktop = platform::desktopFolder();
-    if (desktop.empty() || !platform::makeFolders(desktop, 0777)) return nullptr;
-    return platform::createPathText(desktop);
+    return baseGuardMemory([&]() -> TovStringRef {
+        if (folderNumber != kDesktopFolder) return nullptr;
+        const std::string desktop = platform::desktopFolder();
+        if (desktop.empty() || !platform::makeFolders(desktop, 0777)) return nullptr;
+        return platform::createPathText(desktop);
+    });
 }

@@ -1,5 +1,6 @@
 #include "lib/files/path_block.h"
 
+#include "lib/base/memory_guard.h"
 #include "platform/files/path_text.h"
 #include "platform/text/utf8.h"
 
@@ -17,7 +18,10 @@ PathBlock::PathBlock(const TovString* path)
         if (block_) (void)platform::encodeUTF8(units, {static_cast<char*>(block_.get()), size});
         return;
     }
-    const std::string raw = platform::pathBytes(path);
-    block_ = BlockHolder(baseAllocateZeroed(raw.size() + 2));
-    if (block_) std::memcpy(block_.get(), raw.data(), raw.size());
+    block_ = baseGuardMemory([path] {
+        const std::string raw = platform::pathBytes(path);
+        BlockHolder block(baseAllocateZeroed(raw.size() + 2));
+        if (block) std::memcpy(block.get(), raw.data(), raw.size());
+        return block;
+    });
 }

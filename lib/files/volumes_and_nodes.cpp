@@ -1,5 +1,6 @@
 #include "lib/files/volumes_and_nodes.h"
 
+#include "lib/base/memory_guard.h"
 #include "lib/base/status.h"
 #include "lib/files/file_reference.h"
 #include "lib/files/fork_io.h"
@@ -46,10 +47,12 @@ std::string pathOf(const FSSpec* spec)
 // The reference of an existing item.
 std::int32_t referenceOf(const FSSpec* spec, FSRef* outRef)
 {
-    std::string path = pathOf(spec);
-    if (path.empty() || !platform::itemExists(path)) return lastStatus();
-    outRef->path = std::move(path);
-    return kErrNone;
+    return baseGuardMemory(kErrNoMemory, [&] {
+        std::string path = pathOf(spec);
+        if (path.empty() || !platform::itemExists(path)) return lastStatus();
+        outRef->path = std::move(path);
+        return kErrNone;
+    });
 }
 }  // namespace
 
@@ -73,63 +76,73 @@ std::int32_t feMakeFSSpec(std::uint64_t volume, std::uint64_t parentNode, const 
 
 std::int32_t feMakeFSSpecFromFSRef(const FSRef* ref, FSSpec* outSpec)
 {
-    if (!platform::itemExists(ref->path)) return lastStatus();
-    // The root folder is in no other one; it is named by its own node.
-    std::string folder = platform::folderOf(ref->path);
-    const bool isRoot = folder.empty();
-    platform::Node node = {};
-    if (!platform::nodeAt(isRoot ? ref->path : folder, &node)) return lastStatus();
+    return baseGuardMemory(kErrNoMemory, [&] {
+        if (!platform::itemExists(ref->path)) return lastStatus();
+        // The root folder is in no other one; it is named by its own node.
+        std::string folder = platform::folderOf(ref->path);
+        const bool isRoot = folder.empty();
+        platform::Node node = {};
+        if (!platform::nodeAt(isRoot ? ref->path : folder, &node)) return lastStatus();
 
-    const ObjectHolder<TovStringRef> name(
-        platform::createPathText(isRoot ? "" : platform::nameOf(ref->path)));
-    if (!name) return kErrNoMemory;
-    const std::u16string_view units = platform::unitsOf(name.get());
-    if (units.size() > kLongestName || !platform::isMacRoman(units)) return kErrBadName;
-    *outSpec = {node.volume, node.number, {}};
-    outSpec->name[0] = static_cast<std::uint8_t>(units.size());
-    platform::encodeMacRoman(units, reinterpret_cast<char*>(outSpec->name + 1));
-    return kErrNone;
+        const ObjectHolder<TovStringRef> name(
+            platform::createPathText(isRoot ? "" : platform::nameOf(ref->path)));
+        if (!name) return kErrNoMemory;
+        const std::u16string_view units = platform::unitsOf(name.get());
+        if (units.size() > kLongestName || !platform::isMacRoman(units)) return kErrBadName;
+        *outSpec = {node.volume, node.number, {}};
+        outSpec->name[0] = static_cast<std::uint8_t>(units.size());
+        platform::encodeMacRoman(units, reinterpret_cast<char*>(outSpec->name + 1));
+        return kErrNone;
+    });
 }
 
 std::int32_t feMakeFSRefFromNodeID(std::uint64_t volume, std::uint64_t node, FSRef* outRef)
 {
-    std::string path = platform::pathOfNode({volume, node});
-    if (path.empty()) return lastStatus();
-    outRef->path = std::move(path);
-    return kErrNone;
+    return baseGuardMemory(kErrNoMemory, [&] {
+        std::string path = platform::pathOfNode({volume, node});
+        if (path.empty()) return lastStatus();
+        outRef->path = std::move(path);
+        return kErrNone;
+    });
 }
 
 std::int32_t feGetDirID(const FSSpec* spec, std::uint64_t* outNode)
 {
-    FSRef ref;
-    const std::int32_t status = referenceOf(spec, &ref);
-    if (status != kErrNone) return status;
-    struct stat facts = {};
-    if (lstat(ref.path.c_str(), &facts) != 0) return lastStatus();
-    if (!S_ISDIR(facts.st_mode)) return kErrNotAFolder;
-    platform::Node node = {};
-    if (!platform::nodeAt(ref.path, &node)) return lastStatus();
-    *outNode = node.number;
-    return kErrNone;
+    return baseGuardMemory(kErrNoMemory, [&] {
+        FSRef ref;
+        const std::int32_t status = referenceOf(spec, &ref);
+        if (status != kErrNone) return status;
+        struct stat facts = {};
+        if (lstat(ref.path.c_str(), &facts) != 0) return lastStatus();
+        if (!S_ISDIR(facts.st_mode)) return kErrNotAFolder;
+        platform::Node node = {};
+        if (!platform::nodeAt(ref.path, &node)) return lastStatus();
+        *outNode = node.number;
+        return kErrNone;
+    });
 }
 
 std::uint64_t feGetVolumeRefFromFSRef(const FSRef* ref)
 {
-    platform::Node node = {};
-    return platform::nodeAt(ref->path, &node) ? node.volume : 0;
+    return baseGuardMemory([&]() -> std::uint64_t {
+        platform::Node node = {};
+        return platform::nodeAt(ref->path, &node) ? node.volume : 0;
+    });
 }
 
 std::int32_t feGetVolRefAndDirIDFromPath(TovStringRef path, std::uint64_t* outVolume,
                                          std::uint64_t* outNode)
 {
-    FSRef ref;
-    const std::int32_t status = feMakeFSRefFromPath(path, &ref);
-    if (status != kErrNone) return status;
-    platform::Node node = {};
-    if (!platform::nodeAt(ref.path, &node)) return lastStatus();
-    *outVolume = node.volume;
-    *outNode = node.number;
-    return kErrNone;
+    return baseGuardMemory(kErrNoMemory, [&] {
+        FSRef ref;
+        const std::int32_t status = feMakeFSRefFromPath(path, &ref);
+        if (status != kErrNone) return status;
+        platform::Node node = {};
+        if (!platform::nodeAt(ref.path, &node)) return lastStatus();
+        *outVolume = node.volume;
+        *outNode = node.number;
+        return kErrNone;
+    });
 }
 
 TovStringRef feGetPathCFString(std::uint64_t volume, std::uint64_t node)
@@ -141,11 +154,13 @@ TovStringRef feGetPathCFString(std::uint64_t volume, std::uint64_t node)
 
 std::int32_t feNumberOfVolumesOnDisk(const FSRef* ref, std::uint32_t* outCount)
 {
-    *outCount = 0;
-    platform::Node node = {};
-    if (!platform::nodeAt(ref->path, &node)) return lastStatus();
-    *outCount = platform::countVolumesOnDisk(node.volume);
-    return kErrNone;
+    return baseGuardMemory(kErrNoMemory, [&] {
+        *outCount = 0;
+        platform::Node node = {};
+        if (!platform::nodeAt(ref->path, &node)) return lastStatus();
+        *outCount = platform::countVolumesOnDisk(node.volume);
+        return kErrNone;
+    });
 }
 
 std::int32_t feOpenExistingFile(const FSSpec* spec, ForkRef* outForkRef,
@@ -162,13 +177,16 @@ std::int32_t feCreateNewFile(const FSSpec* spec, std::uint32_t /*type*/, std::ui
                              std::uint8_t openDataFork, std::uint8_t /*addResourceFork*/,
                              ForkRef* outForkRef)
 {
-    *outForkRef = 0;
-    const FSRef ref = {pathOf(spec)};
-    if (ref.path.empty()) return lastStatus();
-    const ForkCloser made(platform::openDescriptor(ref.path.c_str(), O_RDWR | O_CREAT | O_EXCL));
-    if (!made && errno != EEXIST) return lastStatus();
-    if (openDataFork == 0) return kErrNone;
-    return feOpenExistingFileRef(&ref, outForkRef, 1, 1);
+    return baseGuardMemory(kErrNoMemory, [&] {
+        *outForkRef = 0;
+        const FSRef ref = {pathOf(spec)};
+        if (ref.path.empty()) return lastStatus();
+        const ForkCloser made(
+            platform::openDescriptor(ref.path.c_str(), O_RDWR | O_CREAT | O_EXCL));
+        if (!made && errno != EEXIST) return lastStatus();
+        if (openDataFork == 0) return kErrNone;
+        return feOpenExistingFileRef(&ref, outForkRef, 1, 1);
+    });
 }
 
 std::int32_t feAddVersRessource(const FSSpec* spec)

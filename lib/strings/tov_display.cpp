@@ -1,5 +1,6 @@
 #include "lib/strings/tov_display.h"
 
+#include "lib/base/memory_guard.h"
 #include "lib/strings/string_holder.h"
 #include "lib/strings/tov_format.h"
 #include "lib/ui/string_tables.h"
@@ -42,11 +43,15 @@ SizeUnit unitFor(std::uint64_t bytes)
     return {10, kKiloWord, 'K'};
 }
 
-void makeSureOfFormatters()
+// False when they cannot be made.
+bool makeSureOfFormatters()
 {
-    if (gThousandFormatter == nullptr || gOneFractionDigitFormatter == nullptr) {
-        tovStringInitString();
-    }
+    return baseGuardMemory([] {
+        if (gThousandFormatter == nullptr || gOneFractionDigitFormatter == nullptr) {
+            tovStringInitString();
+        }
+        return gThousandFormatter != nullptr && gOneFractionDigitFormatter != nullptr;
+    });
 }
 }  // namespace
 
@@ -66,7 +71,7 @@ TovStringRef TovStringGetFromTable(std::int16_t table, std::int16_t index)
 
 TovStringRef TovStringMakeSizeString(std::uint64_t bytes)
 {
-    makeSureOfFormatters();
+    if (!makeSureOfFormatters()) return nullptr;
     const SizeUnit unit = unitFor(bytes);
     const double value = std::ldexp(static_cast<double>(bytes), -unit.shift);
     const StringHolder number(platform::createNumberText(gOneFractionDigitFormatter, value));
@@ -94,7 +99,7 @@ TovStringRef TovMakeDoubleSizeString(std::uint64_t bytes)
 
 TovStringRef TovMakeNumberStringWithSeparators(std::int64_t value)
 {
-    makeSureOfFormatters();
+    if (!makeSureOfFormatters()) return nullptr;
     return platform::createNumberText(gThousandFormatter, value);
 }
 
@@ -118,11 +123,13 @@ TovStringRef TovStringMakeDurationString(std::uint32_t seconds)
 TovStringRef TovStringMakeDateTimeString(std::uint32_t macTime, std::uint8_t withTime,
                                          std::uint8_t withYear)
 {
-    using platform::DateStyle;
-    DateStyle style = withTime != 0 ? DateStyle::dateAndTime : DateStyle::date;
-    if (withYear == 0) style = DateStyle::dayAndMonth;
-    return platform::createDateText(platform::dateLocale(), style,
-                                    std::int64_t{macTime} - kMacSecondsOf1970);
+    return baseGuardMemory([&]() -> TovStringRef {
+        using platform::DateStyle;
+        DateStyle style = withTime != 0 ? DateStyle::dateAndTime : DateStyle::date;
+        if (withYear == 0) style = DateStyle::dayAndMonth;
+        return platform::createDateText(platform::dateLocale(), style,
+                                        std::int64_t{macTime} - kMacSecondsOf1970);
+    });
 }
 
 TovStringRef TovStringMakeOSTypeString(std::uint32_t code)

@@ -1,5 +1,6 @@
 #include "lib/ui/string_tables.h"
 
+#include "lib/base/memory_guard.h"
 #include "lib/ui/strings_table.h"
 #include "platform/files/whole_file.h"
 #include "platform/text/locale.h"
@@ -11,6 +12,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 void* gCFBundleRef = nullptr;
@@ -72,14 +74,13 @@ const StringsTable& tableOf(Bundle* bundle, const std::string& language, std::st
     for (const LoadedTable& table : bundle->tables) {
         if (table.language == language && table.name == name) return table.texts;
     }
-    LoadedTable& table = bundle->tables.emplace_back();
-    table.language = language;
-    table.name = name;
+    LoadedTable table{language, std::string(name), {}};
     const std::string path = bundle->folder + "/" + language + "/" + table.name + ".strings";
     if (const auto bytes = platform::readWholeFile(path, kLargestTable)) {
         table.texts = StringsTable(*bytes);
     }
-    return table.texts;
+    // Only now, so that a table is not kept without its texts when memory runs out.
+    return bundle->tables.emplace_back(std::move(table)).texts;
 }
 
 std::optional<std::u16string_view> find(Bundle* bundle, std::string_view table,
@@ -97,8 +98,7 @@ const StringsTable& userTableOf(std::string_view name)
     for (const LoadedTable& table : gUserTables.tables) {
         if (table.name == name) return table.texts;
     }
-    LoadedTable& table = gUserTables.tables.emplace_back();
-    table.name = name;
+    LoadedTable table{{}, std::string(name), {}};
     const std::string path = gUserTables.folder + "/" + table.name + ".strings";
     if (const auto bytes = platform::readWholeFile(path, kLargestTable)) {
         table.texts = StringsTable(*bytes);
@@ -107,7 +107,7 @@ const StringsTable& userTableOf(std::string_view name)
         std::fprintf(stderr, "%s:%zu: skipped, this is not of the form \"key\" = \"value\";\n",
                      path.c_str(), line);
     }
-    return table.texts;
+    return gUserTables.tables.emplace_back(std::move(table)).texts;
 }
 
 std::optional<std::u16string_view> findForUser(std::string_view table, std::u16string_view key)
@@ -133,17 +133,21 @@ TovStringRef copyText(Bundle* bundle, std::u16string_view key)
 
 void* iuRegisterBundle(TovStringRef identifier, const char* resourceFolder, bool isMain)
 {
-    if (identifier == nullptr || resourceFolder == nullptr) return nullptr;
-    const std::u16string_view name = platform::unitsOf(identifier);
-    Bundle* bundle = findBundle(name);
-    if (bundle == nullptr) {
-        bundle = gBundles.emplace_back(std::make_unique<Bundle>()).get();
-        bundle->identifier = name;
-    }
-    bundle->folder = resourceFolder;
-    bundle->tables.clear();
-    if (isMain) gMainBundle = bundle;
-    return bundle;
+    return baseGuardMemory([&]() -> void* {
+        if (identifier == nullptr || resourceFolder == nullptr) return nullptr;
+        const std::u16string_view name = platform::unitsOf(identifier);
+        Bundle* bundle = findBundle(name);
+        std::string folder = resourceFolder;
+        if (bundle == nullptr) {
+            auto made = std::make_unique<Bundle>();
+            made->identifier = name;
+            bundle = gBundles.emplace_back(std::move(made)).get();
+        }
+        bundle->folder = std::move(folder);
+        bundle->tables.clear();
+        if (isMain) gMainBundle = bundle;
+        return bundle;
+    });
 }
 
 void* initStringBundle(TovStringRef bundleIdentifier)
@@ -155,36 +159,47 @@ void* initStringBundle(TovStringRef bundleIdentifier)
 
 TovStringRef iuGetIndCFString(std::int16_t table, std::int16_t index)
 {
-    std::u16string key = u"STR#";
-    appendNumber(&key, table);
-    key += u':';
-    appendNumber(&key, index);
-    return copyText(static_cast<Bundle*>(gCFBundleRef), key);
+    return baseGuardMemory([&]() -> TovStringRef {
+        std::u16string key = u"STR#";
+        appendNumber(&key, table);
+        key += u':';
+        appendNumber(&key, index);
+        return copyText(static_cast<Bundle*>(gCFBundleRef), key);
+    });
 }
 
 TovStringRef iuGetIndKVLCFString(std::int16_t index)
 {
-    std::u16string key;
-    appendNumber(&key, index);
-    return copyText(gMainBundle, key);
+    return baseGuardMemory([&]() -> TovStringRef {
+        std::u16string key;
+        appendNumber(&key, index);
+        return copyText(gMainBundle, key);
+    });
 }
 
 TovStringRef iuCopyLocalizedString(TovStringRef key, TovStringRef defaultValue,
                                    const char* tableName)
 {
-    if (key == nullptr && defaultValue == nullptr) return nullptr;
-    const bool isNamed = tableName != nullptr && *tableName != '\0';
-    const std::u16string_view keyUnits = platform::unitsOf(key);
-    const std::u16string_view fallback = platform::unitsOf(defaultValue);
-    const auto text =
-        key == nullptr ? std::nullopt : findForUser(isNamed ? tableName : kDefaultTable, keyUnits);
-    return platform::createString(text.value_or(fallback.empty() ? keyUnits : fallback));
+    return baseGuardMemory([&]() -> TovStringRef {
+        if (key == nullptr && defaultValue == nullptr) return nullptr;
+        const bool isNamed = tableName != nullptr && *tableName != '\0';
+        const std::u16string_view keyUnits = platform::unitsOf(key);
+        const std::u16string_view fallback = platform::unitsOf(defaultValue);
+        const auto text = key == nullptr
+                              ? std::nullopt
+                              : findForUser(isNamed ? tableName : kDefaultTable, keyUnits);
+        return platform::createString(text.value_or(fallback.empty() ? keyUnits : fallback));
+    });
 }
 
 void iuSetUserTableFolder(const char* folder)
 {
-    gUserTables = {};
-    if (folder != nullptr) gUserTables.folder = folder;
+    (void)baseGuardMemory([folder] {
+        UserTables tables;
+        if (folder != nullptr) tables.folder = folder;
+        gUserTables = std::move(tables);
+        return true;
+    });
 }
 
 TovStringRef iuCopyMainBundleIdentifier()

@@ -23,7 +23,8 @@ extern void* gCFBundleRef;
 //   isMain          true: bare numbers and named tables are looked up here from now on.
 //
 // An identifier that is known already gets the new folder, and its tables are read anew.
-// Returns the bundle, which lives as long as the process; null for a null identifier or folder.
+// Returns the bundle, which lives as long as the process; null for a null identifier or folder, and
+// when memory runs out.
 void* iuRegisterBundle(TovStringRef identifier, const char* resourceFolder, bool isMain);
 
 // Selects the bundle for numbered lookups.
@@ -53,7 +54,7 @@ void* initStringBundle(TovStringRef bundleIdentifier);
 // Names a folder of tables of the user's own, `<folder>/<table>.strings`, which
 // iuCopyLocalizedString asks before the main bundle's tables, in every language. Null: there is
 // none (the start). A damaged line in such a table is skipped and named once on standard error.
-// `folder` is in the raw bytes of the system and copied.
+// `folder` is in the raw bytes of the system and copied. When memory runs out nothing changes.
 void iuSetUserTableFolder(const char* folder);
 
 // The identifier of the main bundle as a new text; null when there is no main bundle.

@@ -1,5 +1,6 @@
 #include "platform/files/path_text.h"
 
+#include "lib/base/memory_guard.h"
 #include "platform/text/utf8.h"
 
 namespace {
@@ -45,8 +46,10 @@ std::u16string unitsOfDamagedPath(std::string_view bytes)
 
 TovStringRef platform::createPathText(std::string_view bytes)
 {
-    if (countUnitsOfUTF8(bytes) >= 0) return createStringFromUTF8(bytes);
-    return createString(unitsOfDamagedPath(bytes));
+    return baseGuardMemory([&]() -> TovStringRef {
+        if (countUnitsOfUTF8(bytes) >= 0) return createStringFromUTF8(bytes);
+        return createString(unitsOfDamagedPath(bytes));
+    });
 }
 
 std::string platform::pathBytes(const TovString* path)

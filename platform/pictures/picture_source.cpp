@@ -1,5 +1,6 @@
 #include "platform/pictures/picture_source.h"
 
+#include "lib/base/memory_guard.h"
 #include "platform/pictures/picture_file.h"
 
 #include <utility>
@@ -25,10 +26,13 @@ void platform::installPropertySource(PropertySource source)
 
 TovDictionaryRef platform::copyPictureProperties(const std::string& path)
 {
-    const PictureFile file(path);
-    if (!file.isOpen()) return nullptr;
-    const PropertySource& source = currentSource();
-    const std::optional<PictureProperties> properties =
-        source ? source(file.descriptor(), file.size()) : readHere(file.descriptor(), file.size());
-    return properties ? createPropertyDictionary(*properties) : nullptr;
+    return baseGuardMemory([&]() -> TovDictionaryRef {
+        const PictureFile file(path);
+        if (!file.isOpen()) return nullptr;
+        const PropertySource& source = currentSource();
+        const std::optional<PictureProperties> properties =
+            source ? source(file.descriptor(), file.size())
+                   : readHere(file.descriptor(), file.size());
+        return properties ? createPropertyDictionary(*properties) : nullptr;
+    });
 }

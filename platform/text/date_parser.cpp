@@ -1,5 +1,6 @@
 #include "platform/text/date_parser.h"
 
+#include "lib/base/memory_guard.h"
 #include "lib/base/truncate.h"
 #include "platform/system/time_zone.h"
 
@@ -84,18 +85,21 @@ void platform::releaseDateParser(DateParser* parser)
 
 TovDateRef platform::createDateFromText(const DateParser* parser, std::u16string_view text)
 {
-    if (parser == nullptr || text.empty()) return nullptr;
-    constexpr std::size_t kLongestDate = 256;  // units; what follows cannot belong to a match
-    const std::u16string padded = withTwoDigits(text.substr(0, kLongestDate));
-    UDateFormat* format = parser->format();
-    if (format == nullptr) return nullptr;
+    return baseGuardMemory([&]() -> TovDateRef {
+        if (parser == nullptr || text.empty()) return nullptr;
+        constexpr std::size_t kLongestDate = 256;  // units; what follows cannot belong to a match
+        const std::u16string padded = withTwoDigits(text.substr(0, kLongestDate));
+        UDateFormat* format = parser->format();
+        if (format == nullptr) return nullptr;
 
-    UErrorCode status = U_ZERO_ERROR;
-    std::int32_t position = 0;
-    const UDate milliseconds = udat_parse(
-        format, padded.data(), static_cast<std::int32_t>(padded.size()), &position, &status);
-    if (U_FAILURE(status)) return nullptr;
+        UErrorCode status = U_ZERO_ERROR;
+        std::int32_t position = 0;
+        const UDate milliseconds = udat_parse(
+            format, padded.data(), static_cast<std::int32_t>(padded.size()), &position, &status);
+        if (U_FAILURE(status)) return nullptr;
 
-    const auto local = static_cast<std::int64_t>(baseFloor(milliseconds / kMillisecondsPerSecond));
-    return TovDateCreate(static_cast<double>(instantOfLocalTime(local)) - kUnixSecondsOf2001);
+        const auto local =
+            static_cast<std::int64_t>(baseFloor(milliseconds / kMillisecondsPerSecond));
+        return TovDateCreate(static_cast<double>(instantOfLocalTime(local)) - kUnixSecondsOf2001);
+    });
 }

@@ -1,11 +1,11 @@
 #include "platform/text/number_format.h"
 
+#include "lib/base/memory_guard.h"
 #include "platform/text/region_formats.h"
 
 #include <unicode/unum.h>
 
 #include <memory>
-#include <new>
 #include <optional>
 #include <span>
 
@@ -85,13 +85,13 @@ TovStringRef createText(platform::NumberFormat* format, Number value,
 
 platform::NumberFormat* platform::createNumberFormat(const std::string& locale)
 {
-    return new (std::nothrow) NumberFormat(locale, std::nullopt);
+    return baseGuardMemory([&] { return new NumberFormat(locale, std::nullopt); });
 }
 
 platform::NumberFormat* platform::createNumberFormat(const std::string& locale,
                                                      std::int32_t fractionDigits)
 {
-    return new (std::nothrow) NumberFormat(locale, fractionDigits);
+    return baseGuardMemory([&] { return new NumberFormat(locale, fractionDigits); });
 }
 
 void platform::releaseNumberFormat(NumberFormat* format)

@@ -1,5 +1,6 @@
 #include "globe/address_escape.h"
 
+#include "tests/support/failing_memory.h"
 #include "tests/support/texts.h"
 
 #include <gtest/gtest.h>
@@ -24,4 +25,10 @@ TEST(gpsEscapeForAddress, escapesEverythingElseInUpperCase)
     EXPECT_EQ(escaped(u"\u00e4\u20ac\U0001F30D\n\x7f"), "%C3%A4%E2%82%AC%F0%9F%8C%8D%0A%7F");
     EXPECT_EQ(escaped(std::u16string(1, char16_t{0xd800})), "%EF%BF%BD");
     EXPECT_EQ(escaped(u""), "");
+}
+
+TEST(gpsEscapeForAddress, isNullWhenMemoryRunsOut)
+{
+    const std::u16string text(40, u'%');
+    EXPECT_GT(test::failEachRequest([&] { return gpsEscapeForAddress(text); }), 2u);
 }

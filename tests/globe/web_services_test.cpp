@@ -3,6 +3,7 @@
 #include "lib/ui/application_bundle.h"
 #include "tests/globe/places.h"
 #include "tests/support/environment.h"
+#include "tests/support/failing_memory.h"
 #include "tests/support/texts.h"
 
 #include <gtest/gtest.h>
@@ -186,4 +187,29 @@ TEST(appCopyServiceTitle, theShippedServicesAllGiveAnAddress)
         EXPECT_NE(filledIn.find("11.5"), std::string::npos) << filledIn;
     }
     EXPECT_GE(count, 4);
+}
+
+TEST(appCopyServiceTitle, isNullWhenMemoryRunsOut)
+{
+    ASSERT_NE(iuRegisterApplicationBundle(), nullptr);
+    EXPECT_GT(test::failEachRequest([] { return appCopyServiceTitle(1); }), 2u);
+    EXPECT_NE(test::Text(appCopyServiceTitle(1)).get(), nullptr);
+}
+
+TEST(appCopyServiceTemplate, isNullWhenMemoryRunsOut)
+{
+    ASSERT_NE(iuRegisterApplicationBundle(), nullptr);
+    const test::Text title(appCopyServiceTitle(2));
+    EXPECT_GT(test::failEachRequest([&] { return appCopyServiceTemplate(title.get()); }), 3u);
+}
+
+TEST(appMakeWebServiceURL, isNullWhenMemoryRunsOut)
+{
+    const fileInfoRecord info = place(48.1, 'N', 11.5, 'E');
+    const test::Text urlTemplate = text("https://maps.example/?lat=%f&long=%f&name=%@");
+    const test::Text path = text("/home/user/Pictures/One of the harbour, early.jpg");
+    EXPECT_GT(test::failEachRequest(
+                  [&] { return appMakeWebServiceURL(urlTemplate.get(), &info, path.get()); }),
+              3u);
+    EXPECT_GT(test::failEachRequest([&] { return appMakeCatalogueURL(&info); }), 1u);
 }

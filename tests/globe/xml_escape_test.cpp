@@ -1,5 +1,6 @@
 #include "globe/xml_escape.h"
 
+#include "tests/support/failing_memory.h"
 #include "tests/support/texts.h"
 
 #include <gtest/gtest.h>
@@ -47,4 +48,12 @@ TEST(gpsEscapeForXML, aLoneSurrogateIsNoCharacter)
               "a");
     EXPECT_EQ(escaped({low, 2}), "a\xEF\xBF\xBD");
     EXPECT_EQ(escaped({last, 1}), "\xEF\xBF\xBD");
+}
+
+TEST(gpsEscapeForXML, isNullWhenMemoryRunsOut)
+{
+    const std::u16string text(40, u'&');
+    EXPECT_GT(test::failEachRequest([&] { return gpsEscapeForXML(text); }), 1u);
+    const test::Text escaped(gpsEscapeForXML(text));
+    EXPECT_EQ(platform::unitsOf(escaped.get()).size(), 200u);
 }

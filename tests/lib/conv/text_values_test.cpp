@@ -4,6 +4,7 @@
 #include "platform/objects/object_holder.h"
 #include "platform/objects/values.h"
 #include "tests/support/environment.h"
+#include "tests/support/failing_memory.h"
 #include "tests/support/texts.h"
 
 #include <gtest/gtest.h>
@@ -288,4 +289,19 @@ TEST(convConvertiViewDuration, readsThreePiecesByTheirPlace)
         EXPECT_EQ(convConvertiViewDuration(text(row.text).get()), row.expected);
     }
     EXPECT_EQ(convConvertiViewDuration(nullptr), 0u);
+}
+
+TEST(convGetVDTimeFromDateAndTimeString, isZeroWhenMemoryRunsOut)
+{
+    convInit();
+    const test::Text date = test::text("05/04/2008"), time = test::text("8:03:02 AM");
+    EXPECT_GT(test::failEachRequest(
+                  [&] { return convGetVDTimeFromDateAndTimeString(date.get(), time.get()); },
+                  [](VardenTime made) { return made == 0; }),
+              1u);
+}
+
+TEST(convVDVersionToString, isNullWhenMemoryRunsOut)
+{
+    EXPECT_GT(test::failEachRequest([] { return convVDVersionToString(0x57050001); }), 0u);
 }

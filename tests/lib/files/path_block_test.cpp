@@ -2,6 +2,7 @@
 
 #include "lib/base/alloc.h"
 #include "platform/files/path_text.h"
+#include "tests/support/failing_memory.h"
 #include "tests/support/random_texts.h"
 #include "tests/support/texts.h"
 
@@ -25,4 +26,12 @@ TEST(PathBlock, isAnEmptyPathForNull)
     const PathBlock block(nullptr);
     ASSERT_TRUE(block);
     EXPECT_STREQ(block.bytes(), "");
+}
+
+TEST(PathBlock, isFalseWhenMemoryRunsOut)
+{
+    const test::Text path(platform::createPathText("/home/user/" + std::string(40, '\xff')));
+    EXPECT_GT(test::failEachRequest([&] { return static_cast<bool>(PathBlock(path.get())); },
+                                    [](bool isWhole) { return !isWhole; }),
+              1u);
 }

@@ -4,6 +4,7 @@
 #include "lib/strings/string_holder.h"
 #include "lib/ui/string_tables.h"
 #include "tests/support/environment.h"
+#include "tests/support/failing_memory.h"
 #include "tests/support/texts.h"
 
 #include <gtest/gtest.h>
@@ -309,8 +310,11 @@ TEST(TovStringMakeSizeString, givesNullOrAKeyWhenMemoryRunsOut)
     ASSERT_EQ(takeUTF8(TovMakeDoubleSizeString(512)), "0.5 kilo (512 bytes)");
     for (std::uint64_t nth = 1;; nth++) {
         baseFailAllocation(nth);
-        const auto result = takeUTF8(TovMakeDoubleSizeString(512));
-        if (!baseAllocationHasFailed()) {
+        const test::Text text(TovMakeDoubleSizeString(512));
+        const bool ranOut = baseAllocationHasFailed();
+        baseFailAllocation(0);
+        const auto result = test::utf8(text.get());
+        if (!ranOut) {
             EXPECT_GE(nth, 6u);
             break;
         }
@@ -341,4 +345,31 @@ TEST(TovStringMake, givesNullWhenMemoryRunsOut)
     failing([] { return TovStringMakeDurationString(1); });
     failing([] { return TovStringMakeDateTimeString(1, 1, 1); });
     failing([] { return TovStringMakeOSTypeString(1); });
+}
+
+TEST(TovStringMakeSizeString, isNullAtEveryRequestThatFails)
+{
+    const auto forgetFormatters = [] {
+        platform::releaseNumberFormat(gThousandFormatter);
+        platform::releaseNumberFormat(gOneFractionDigitFormatter);
+        gThousandFormatter = gOneFractionDigitFormatter = nullptr;
+    };
+    const auto each = [&](auto make) {
+        return test::failEachRequest([&]() -> TovStringRef {
+            forgetFormatters();
+            return make();
+        });
+    };
+    EXPECT_GT(each([] { return TovStringMakeSizeString(1500000); }), 3u);
+    EXPECT_GT(each([] { return TovMakeDoubleSizeString(1500000); }), 3u);
+    EXPECT_GT(each([] { return TovMakeNumberStringWithSeparators(1500000); }), 1u);
+    tovStringInitString();
+}
+
+TEST(TovStringMakeDateTimeString, isNullAtEveryRequestThatFails)
+{
+    EXPECT_GT(test::failEachRequest([] { return TovStringMakeDateTimeString(3000000000u, 1, 1); }),
+              0u);
+    EXPECT_GT(test::failEachRequest([] { return TovStringMakeDateTimeString(3000000000u, 0, 0); }),
+              0u);
 }

@@ -4,6 +4,7 @@
 #include "lib/base/status.h"
 #include "lib/strings/string_holder.h"
 #include "tests/support/environment.h"
+#include "tests/support/failing_memory.h"
 #include "tests/support/texts.h"
 
 #include <gtest/gtest.h>
@@ -154,4 +155,11 @@ TEST(TovStringWriteToFile, tellsWhenMemoryRunsOut)
     EXPECT_GE(nth, 2u);
     EXPECT_EQ(openDescriptors(), before);
     EXPECT_EQ(test::readFile(folder.file("file")), "abc");
+}
+
+TEST(TovStringFromFile, isNullAtEveryRequestThatFails)
+{
+    const test::TemporaryFolder folder;
+    const std::string path = folder.write("a text in a file", "a text that takes memory");
+    EXPECT_GT(test::failEachRequest([&] { return TovStringFromFile(path.c_str()); }), 2u);
 }

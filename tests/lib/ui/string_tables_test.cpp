@@ -3,6 +3,7 @@
 #include "lib/base/alloc.h"
 #include "lib/ui/small_utilities.h"
 #include "tests/support/environment.h"
+#include "tests/support/failing_memory.h"
 #include "tests/support/texts.h"
 
 #include <gtest/gtest.h>
@@ -155,12 +156,32 @@ TEST(iuGetIndCFString, givesANewReferenceEveryTime)
 
 TEST(iuGetIndCFString, givesNullWhenMemoryRunsOut)
 {
-    baseFailAllocation(1);
-    EXPECT_EQ(iuGetIndCFString(1, 1), nullptr);
-    baseFailAllocation(1);
-    EXPECT_EQ(iuGetIndKVLCFString(1), nullptr);
-    EXPECT_TRUE(baseAllocationHasFailed());
-    baseFailAllocation(0);
+    const TestBundle bundle;
+    bundle.write("en", "Localizable",
+                 "\"STR#1:1\" = \"a text that takes memory\";\n\"1\" = \"one\";");
+    const auto registered = [&] { return bundle.registerAs("test.memory", true); };
+    EXPECT_GT(test::failEachRequest(registered, [](void* made) { return made == nullptr; }), 1u);
+    ASSERT_NE(initStringBundle(test::text("test.memory").get()), nullptr);
+
+    EXPECT_GT(test::failEachRequest([] { return iuGetIndCFString(1, 1); }), 3u);
+    EXPECT_EQ(test::takeUTF8(iuGetIndCFString(1, 1)), "a text that takes memory")
+        << "the table is whole although memory ran out while it was read";
+    EXPECT_GT(test::failEachRequest([] { return iuGetIndKVLCFString(1); }), 0u);
+    EXPECT_EQ(test::takeUTF8(iuGetIndKVLCFString(1)), "one");
+}
+
+TEST(iuCopyLocalizedString, givesNullWhenMemoryRunsOut)
+{
+    const TestBundle bundle, user;
+    bundle.write("en", "Other", "\"key\" = \"a text that takes memory\";");
+    ASSERT_NE(bundle.registerAs("test.memory", true), nullptr);
+    iuSetUserTableFolder("/nowhere/at/all/that/exists");
+    const test::Text key = test::text("key");
+    EXPECT_GT(
+        test::failEachRequest([&] { return iuCopyLocalizedString(key.get(), nullptr, "Other"); }),
+        4u);
+    EXPECT_EQ(localized("key", "Other"), "a text that takes memory");
+    iuSetUserTableFolder(nullptr);
 }
 
 TEST(iuGetIndKVLCFString, readsTheMainBundleWhicheverIsSelected)

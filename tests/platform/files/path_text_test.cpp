@@ -1,5 +1,6 @@
 #include "platform/files/path_text.h"
 
+#include "tests/support/failing_memory.h"
 #include "tests/support/texts.h"
 
 #include <gtest/gtest.h>
@@ -66,4 +67,10 @@ TEST(pathBytes, surrogatesThatStandForNoByteBecomeTheReplacementCharacter)
 TEST(pathBytes, nullHasNone)
 {
     EXPECT_EQ(platform::pathBytes(nullptr), "");
+}
+
+TEST(createPathText, isNullWhenMemoryRunsOut)
+{
+    const std::string bytes = "/home/user/" + std::string(40, '\xff');
+    EXPECT_GT(test::failEachRequest([&] { return platform::createPathText(bytes); }), 1u);
 }

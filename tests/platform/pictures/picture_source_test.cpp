@@ -5,6 +5,7 @@
 #include "platform/objects/values.h"
 #include "platform/pictures/property_keys.h"
 #include "tests/support/environment.h"
+#include "tests/support/failing_memory.h"
 #include "tests/support/picture_builder.h"
 #include "tests/support/texts.h"
 
@@ -229,4 +230,27 @@ TEST(installPropertySource, replacesAndRestoresReading)
     EXPECT_FALSE(Dictionary(copyPictureProperties(path)));
     EXPECT_TRUE(
         Dictionary(copyPictureProperties(folder.write("b.jpg", test::pictureWithGps(kFields)))));
+}
+
+TEST(copyPictureProperties, isNullOrWholeWhenMemoryRunsOut)
+{
+    const test::TemporaryFolder folder;
+    const std::string path = folder.write("a picture of the harbour.jpg",
+                                          test::pictureWithGps({.lat = 48.1, .latRef = "N"}));
+    const auto copy = [&] {
+        return ObjectHolder<TovDictionaryRef>(platform::copyPictureProperties(path));
+    };
+    std::uint64_t nulls = 0;
+    for (std::uint64_t nth = 1;; nth++) {
+        baseFailAllocation(nth);
+        const ObjectHolder<TovDictionaryRef> made = copy();
+        const bool ranOut = baseAllocationHasFailed();
+        baseFailAllocation(0);
+        nulls += made.get() == nullptr;
+        if (!ranOut) {
+            EXPECT_NE(made.get(), nullptr);
+            break;
+        }
+    }
+    EXPECT_GT(nulls, 3u);
 }

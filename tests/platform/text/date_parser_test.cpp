@@ -2,6 +2,7 @@
 
 #include "platform/objects/object_holder.h"
 #include "tests/support/environment.h"
+#include "tests/support/failing_memory.h"
 
 #include <gtest/gtest.h>
 
@@ -118,4 +119,17 @@ TEST(createDateFromText, readsNothingWithoutAParser)
 {
     EXPECT_EQ(platform::createDateFromText(nullptr, u"2008:12:25"), nullptr);
     platform::releaseDateParser(nullptr);
+}
+
+TEST(createDateFromText, isNullWhenMemoryRunsOut)
+{
+    platform::DateParser* parser = platform::createDateParser(u"yyyy:MM:dd HH:mm:ss");
+    EXPECT_GT(test::failEachRequest(
+                  [parser] {
+                      return ObjectHolder<TovDateRef>(
+                          platform::createDateFromText(parser, u"2008:05:04 08:03:02"));
+                  },
+                  [](const ObjectHolder<TovDateRef>& date) { return date.get() == nullptr; }),
+              1u);
+    platform::releaseDateParser(parser);
 }

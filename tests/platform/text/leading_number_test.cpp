@@ -104,8 +104,9 @@ TEST(leadingDouble, readsNumbersOfAnyLength)
 
 TEST(leadingDouble, givesZeroWhenMemoryRunsOut)
 {
+    const std::u16string number = u"1." + std::u16string(400, u'3');
     baseFailAllocation(1);
-    EXPECT_EQ(platform::leadingDouble(u"1." + std::u16string(400, u'3')), 0.0);
+    EXPECT_EQ(platform::leadingDouble(number), 0.0);
     EXPECT_TRUE(baseAllocationHasFailed());
     baseFailAllocation(0);
 }

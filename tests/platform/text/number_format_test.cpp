@@ -1,5 +1,6 @@
 #include "platform/text/number_format.h"
 
+#include "tests/support/failing_memory.h"
 #include "tests/support/texts.h"
 
 #include <gtest/gtest.h>
@@ -72,4 +73,18 @@ TEST(createNumberText, isNullWithoutAFormatOrWithoutRoom)
     EXPECT_EQ(written(fraction.get(), 1e200), std::nullopt) << "more digits than any size has";
     EXPECT_EQ(written(fraction.get(), 1.0), "1.0") << "and then as before";
     platform::releaseNumberFormat(nullptr);
+}
+
+TEST(createNumberFormat, isNullWhenMemoryRunsOut)
+{
+    const std::string locale = "en_US_of_a_name_that_takes_memory";
+    const auto isNull = [](platform::NumberFormat* format) {
+        const bool result = format == nullptr;
+        platform::releaseNumberFormat(format);
+        return result;
+    };
+    EXPECT_GT(test::failEachRequest([&] { return platform::createNumberFormat(locale); }, isNull),
+              1u);
+    EXPECT_GT(
+        test::failEachRequest([&] { return platform::createNumberFormat(locale, 1); }, isNull), 1u);
 }

@@ -1,0 +1,44 @@
+// Calls that run out of memory at each of their requests in turn. Those of the standard library's
+// containers count in programs that are linked with pinorama_test_failing_new.
+
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+
+#include "lib/base/alloc.h"
+#include "tests/support/texts.h"
+
+namespace test {
+
+// Calls `call` with its first request for memory failing, then with its second, and so on until a
+// call needs no more requests. `hasFailed(result)` has to be true for each call but the last one,
+// and false for that. `call` contains no assertion, whose memory would count.
+//
+// Returns how many requests have failed.
+template <typename Call, typename HasFailed>
+std::uint64_t failEachRequest(Call call, HasFailed hasFailed)
+{
+    constexpr std::uint64_t kMost = 10000;
+    for (std::uint64_t nth = 1; nth <= kMost; nth++) {
+        baseFailAllocation(nth);
+        const auto result = call();
+        const bool ranOut = baseAllocationHasFailed();
+        baseFailAllocation(0);
+        EXPECT_EQ(hasFailed(result), ranOut) << "request " << nth;
+        if (!ranOut) return nth - 1;
+    }
+    ADD_FAILURE() << "it never ends";
+    return kMost;
+}
+
+// The same for a function that makes a text, or null when memory runs out.
+template <typename Make>
+std::uint64_t failEachRequest(Make make)
+{
+    return failEachRequest([&] { return Text(make()); },
+                           [](const Text& text) { return text.get() == nullptr; });
+}
+
+}  // namespace test
