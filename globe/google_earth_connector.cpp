@@ -1,6 +1,7 @@
 #include "globe/google_earth_connector.h"
 
 #include "globe/kml_document.h"
+#include "lib/base/memory_guard.h"
 #include "lib/strings/string_holder.h"
 #include "lib/strings/tov_file.h"
 #include "lib/strings/tov_search.h"
@@ -14,7 +15,9 @@ constexpr std::uint16_t kEncodingUTF8 = 12;
 TovStringRef copyWritable(TovStringRef name)
 {
     if (name == nullptr) return nullptr;
-    return platform::createStringFromUTF8(platform::displayUTF8(platform::unitsOf(name)));
+    return baseGuardMemory([name] {
+        return platform::createStringFromUTF8(platform::displayUTF8(platform::unitsOf(name)));
+    });
 }
 }  // namespace
 
@@ -22,6 +25,7 @@ std::int32_t GoogleEarthConnector::exportToKML(TovStringRef path, const fileInfo
                                                TovStringRef name)
 {
     const StringHolder writable(copyWritable(name));
+    if (name != nullptr && !writable) return 0;
     const StringHolder document(gpsMakeKMLDocument(gpsInfo, writable.get()));
     if (document && TovStringIsValid(path)) {
         (void)TovStringWriteToFile(document.get(), path, kEncodingUTF8);  // reports nothing
@@ -33,6 +37,5 @@ TovStringRef appMakeKMLFileName(TovStringRef pictureName)
 {
     const StringHolder stem(TovStringStripExtension(pictureName));
     StringHolder name(TovStringGetCopy(stem.get()));
-    TovStringAppendCString(name.slot(), ".kml");
-    return name.take();
+    return platform::appendUnits(name.get(), u".kml") ? name.take() : nullptr;
 }

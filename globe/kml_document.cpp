@@ -55,13 +55,23 @@ void appendCoordinates(TovStringRef* document, const fileInfoRecord& info)
                     {signedSinglePrecision(info.longi, info.refLongi, 'W'),
                      signedSinglePrecision(info.latti, info.refLatti, 'S')});
 }
+// Makes room for a document with one placemark, so that no piece of it can be missing for lack of
+// memory.
+bool reserveRoom(TovStringRef document, TovStringRef name)
+{
+    constexpr std::int64_t kOtherPieces = 1024;  // units, the two numbers included
+    const std::int64_t units = TovStringGetCLength(kDocumentStart) + TovStringGetCLength(kStyles) +
+                               std::int64_t{TovStringGetLength(name)} * 3 + kOtherPieces;
+    return units <= platform::kLongestString &&
+           platform::reserveUnits(document, static_cast<std::int32_t>(units));
+}
 }  // namespace
 
 TovStringRef gpsMakeKMLDocument(const fileInfoRecord* info, TovStringRef name)
 {
     if (info == nullptr) return nullptr;
     StringHolder document(TovStringCreateMutable());
-    if (!document) return nullptr;
+    if (!document || !reserveRoom(document.get(), name)) return nullptr;
 
     gpsInsertKmlHeader(document.slot(), name);
     gpsInsertKmlPlacemark(document.slot(), *info, name);

@@ -44,6 +44,7 @@ TovStringRef gpsMakePositionText(const fileInfoRecord& record)
 {
     const StringHolder longitude(gpsMakeCoordianteString(record.longi, record.refLongi));
     const StringHolder latitude(gpsMakeCoordianteString(record.latti, record.refLatti));
+    if (!latitude || !longitude) return nullptr;
     return tovFormat(u"%@   %@", {latitude.get(), longitude.get()});
 }
 

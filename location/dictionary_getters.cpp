@@ -97,9 +97,12 @@ TovStringRef convCopyTovStringRefFromArrayOfStrings(TovTypeRef container, TovStr
     for (std::int32_t i = 0; joined && i < count; i++) {
         TovStringRef element = platform::asString(TovArrayGetValue(array, i));
         if (element == nullptr) continue;
-        TovStringAppendTovString(joined.slot(), element);
         // The index decides, not what follows: texts in front of a number keep their line feed.
-        if (i != count - 1) TovStringAppendCString(joined.slot(), "\n");
+        const std::u16string_view end = i != count - 1 ? u"\n" : u"";
+        if (!platform::appendUnits(joined.get(), platform::unitsOf(element)) ||
+            !platform::appendUnits(joined.get(), end)) {
+            return nullptr;
+        }
     }
     return joined.take();
 }

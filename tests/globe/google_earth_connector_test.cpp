@@ -4,6 +4,7 @@
 #include "platform/files/path_text.h"
 #include "tests/globe/places.h"
 #include "tests/support/environment.h"
+#include "tests/support/failing_memory.h"
 #include "tests/support/other_process.h"
 #include "tests/support/small_disk.h"
 #include "tests/support/texts.h"
@@ -172,4 +173,33 @@ TEST(appMakeKMLFileName, replacesTheExtension)
         EXPECT_EQ(test::takeUTF8(appMakeKMLFileName(pictureName.get())), row.expected);
     }
     EXPECT_EQ(appMakeKMLFileName(nullptr), nullptr);
+}
+
+TEST(appMakeKMLFileName, isNullWhenMemoryRunsOut)
+{
+    const test::Text name = test::text("A picture of the harbour.jpg");
+    EXPECT_GT(test::failEachRequest([&] { return appMakeKMLFileName(name.get()); }), 2u);
+}
+
+TEST(exportToKML, writesAWholeDocumentOrNoneWhenMemoryRunsOut)
+{
+    const test::TemporaryFolder folder;
+    const test::Text path = test::text(folder.file("export.kml"));
+    const test::Text name = test::text("A picture of the harbour.jpg");
+    fileInfoRecord info{};
+    gpsPrepareInfoRecord(&info);
+    std::string whole;
+    for (std::uint64_t nth = 1;; nth++) {
+        std::filesystem::remove(folder.file("export.kml"));
+        baseFailAllocation(nth);
+        const std::int32_t status =
+            GoogleEarthConnector::exportToKML(path.get(), &info, name.get());
+        const bool ranOut = baseAllocationHasFailed();
+        baseFailAllocation(0);
+        EXPECT_EQ(status, 0);
+        whole = test::readFile(folder.file("export.kml"));
+        if (!ranOut) break;
+        ASSERT_EQ(whole, "") << "request " << nth;
+    }
+    EXPECT_TRUE(whole.ends_with("</Document></kml>"));
 }

@@ -1,6 +1,7 @@
 #include "globe/kml_document.h"
 
 #include "tests/globe/places.h"
+#include "tests/support/failing_memory.h"
 #include "tests/support/golden.h"
 #include "tests/support/texts.h"
 
@@ -119,4 +120,13 @@ TEST(gpsInsertKmlPlacemark, isThePieceOfTheSingleDocument)
     gpsInsertKmlPlacemark(&document, info, name.get());
     gpsInsertKmlFooter(&document);
     EXPECT_EQ(test::takeUTF8(document), test::takeUTF8(gpsMakeKMLDocument(&info, name.get())));
+}
+
+TEST(gpsMakeKMLDocument, isNullWhenMemoryRunsOut)
+{
+    const test::Text name = test::text(std::string(5000, 'x'));
+    fileInfoRecord info{};
+    gpsPrepareInfoRecord(&info);
+    info.longi = info.latti = 3e38;
+    EXPECT_GT(test::failEachRequest([&] { return gpsMakeKMLDocument(&info, name.get()); }), 1u);
 }

@@ -2,6 +2,7 @@
 
 #include "lib/ui/string_tables.h"
 #include "tests/support/environment.h"
+#include "tests/support/failing_memory.h"
 #include "tests/support/texts.h"
 
 #include <gtest/gtest.h>
@@ -195,4 +196,13 @@ TEST(gpsMakeDirectionText, hasOneDecimalAndIsEmptyForDueNorth)
         SCOPED_TRACE(row.direction);
         EXPECT_EQ(directionText(row.direction), row.expected);
     }
+}
+
+TEST(gpsMakePositionText, isNullWhenMemoryRunsOut)
+{
+    fileInfoRecord record{};
+    gpsPrepareInfoRecord(&record);
+    EXPECT_GT(test::failEachRequest([&] { return gpsMakePositionText(record); }), 5u);
+    EXPECT_GT(test::failEachRequest([&] { return gpsMakeDecimalDegreesText(record); }), 0u);
+    EXPECT_GT(test::failEachRequest([] { return gpsMakeCoordianteString(48.5, 'N'); }), 2u);
 }

@@ -3,6 +3,7 @@
 #include "lib/base/alloc.h"
 #include "platform/objects/object_holder.h"
 #include "tests/support/environment.h"
+#include "tests/support/failing_memory.h"
 #include "tests/support/texts.h"
 
 #include <gtest/gtest.h>
@@ -388,4 +389,14 @@ TEST(conv, copiesGiveNullWhenMemoryRunsOut)
         EXPECT_EQ(convCopyTovStringRefFromArrayOfStrings(list.dictionary(), list.key()), nullptr);
         baseFailAllocation(0);
     }
+}
+
+TEST(convCopyTovStringRefFromArrayOfStrings, isNullInsteadOfAPartWhenMemoryRunsOut)
+{
+    const Holding list(
+        array(string("a text that takes memory"), string(std::string(200, 'b').c_str())));
+    EXPECT_GT(test::failEachRequest([&] {
+                  return convCopyTovStringRefFromArrayOfStrings(list.dictionary(), list.key());
+              }),
+              2u);
 }
