@@ -1,5 +1,6 @@
 #include "lib/ui/cocoa_utils.h"
 
+#include "lib/files/file_reference.h"
 #include "lib/ui/qt_text.h"
 #include "lib/ui/view_texts.h"
 #include "platform/files/file_comment.h"
@@ -101,8 +102,8 @@ void cocoaUtils::addToFinderComment(TovStringRef path, TovStringRef comment)
 
 TovStringRef cocoaUtils::cuGetPathFromFSRef(const FSRef* ref)
 {
-    if (ref == nullptr || ref->path.empty() || ref->path.size() > kLongestPath) return nullptr;
-    return platform::createPathText(ref->path);
+    if (ref == nullptr || ref->path.size() > kLongestPath) return nullptr;
+    return feGetPathFromFSRef(ref, 0);
 }
 
 void* cocoaUtilsLaunch()

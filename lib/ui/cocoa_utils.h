@@ -67,7 +67,7 @@ public:
     static void addToFinderComment(TovStringRef path, TovStringRef comment);
 
     // Returns a new text of the reference's path; null for null, for a reference that names
-    // nothing, and for a path of more than 2048 bytes.
+    // nothing or an item that is gone, and for a path of more than 2048 bytes.
     static TovStringRef cuGetPathFromFSRef(const FSRef* ref);
 
     // The bitmap drawn into an image of the same size in pixels; null for a null bitmap.

@@ -98,23 +98,46 @@ TEST(setStringValue, whatIsNoUnicodeShowsAsReplacementCharacter)
 
 TEST(cuGetPathFromFSRef, pathOfAReference)
 {
-    const FSRef ref = {
-        "/tmp/Gr\xC3\xB6\xC3\x9F"
-        "e.jpg"};
-    EXPECT_EQ(test::takeUTF8(cocoaUtils::cuGetPathFromFSRef(&ref)),
-              "/tmp/Gr\xC3\xB6\xC3\x9F"
-              "e.jpg");
+    const test::TemporaryFolder folder;
+    for (const char* name : {"Gr\u00f6\u00dfe.jpg", "caf\xe9.jpg", "-C"}) {
+        const FSRef ref = {folder.write(name, "")};
+        const test::Text path(cocoaUtils::cuGetPathFromFSRef(&ref));
+        ASSERT_TRUE(path);
+        EXPECT_EQ(platform::pathBytes(path.get()), ref.path);
+    }
 }
 
 TEST(cuGetPathFromFSRef, nullWithoutAPathAndBeyond2048Bytes)
 {
+    const test::TemporaryFolder folder;
+    std::string deep = folder.path();
+    while (deep.size() + 201 < 2040) deep += '/' + std::string(200, 'x');
+    fs::create_directories(deep);
     const FSRef empty;
-    const FSRef longest = {"/" + std::string(2047, 'x')};
-    const FSRef tooLong = {"/" + std::string(2048, 'x')};
+    const FSRef longest = {deep + '/' + std::string(2048 - deep.size() - 1, 'y')};
+    const FSRef tooLong = {longest.path + 'y'};
+    for (const FSRef& ref : {longest, tooLong}) fs::create_directory(ref.path);
     EXPECT_EQ(cocoaUtils::cuGetPathFromFSRef(nullptr), nullptr);
     EXPECT_EQ(cocoaUtils::cuGetPathFromFSRef(&empty), nullptr);
     EXPECT_EQ(test::takeUTF8(cocoaUtils::cuGetPathFromFSRef(&longest)), longest.path);
     EXPECT_EQ(cocoaUtils::cuGetPathFromFSRef(&tooLong), nullptr);
+}
+
+TEST(cuGetPathFromFSRef, nullOnceTheItemIsGone)
+{
+    const test::TemporaryFolder folder;
+    const FSRef file = {folder.write("a.jpg", "")};
+    const FSRef inFolder = {folder.file("trip/b.jpg")};
+    fs::create_directory(folder.file("trip"));
+    (void)folder.write("trip/b.jpg", "");
+    const FSRef link = {folder.file("link")};
+    fs::create_symlink("a.jpg", link.path);
+    fs::remove(file.path);
+    fs::remove_all(folder.file("trip"));
+    EXPECT_EQ(cocoaUtils::cuGetPathFromFSRef(&file), nullptr);
+    EXPECT_EQ(cocoaUtils::cuGetPathFromFSRef(&inFolder), nullptr);
+    EXPECT_EQ(test::takeUTF8(cocoaUtils::cuGetPathFromFSRef(&link)), link.path)
+        << "a link is an item, wherever it leads";
 }
 
 TEST(compressToZIPFile, packsAFileUnderItsName)
