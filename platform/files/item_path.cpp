@@ -62,6 +62,10 @@ std::string platform::resolvedPath(const char* path)
 
 std::string platform::childPath(const std::string& folder, std::string_view name)
 {
+    if (folder.empty()) {
+        errno = ENOENT;
+        return {};
+    }
     if (name.empty() || name == "." || name == ".." ||
         name.find_first_of(std::string_view("/\0", 2)) != name.npos) {
         errno = ENAMETOOLONG;  // the one errno that speaks of names

@@ -15,7 +15,8 @@ namespace platform {
 // link and has no such parts.
 std::string resolvedPath(const char* path);
 
-// The path of `name` in `folder`; empty with errno set for a name that no item can have.
+// The path of `name` in `folder`; empty with errno set for a name that no item can have, and for an
+// empty `folder`, which is none and not the root folder.
 std::string childPath(const std::string& folder, std::string_view name);
 
 // The folder part of an absolute path; empty for the root folder.

@@ -285,6 +285,15 @@ TEST(feItemExists, tellsWhetherTheNameIsTaken)
     EXPECT_FALSE(feItemExists(&parent, nullptr));
 }
 
+TEST(feMakeFSRefFromParent, aReferenceThatNamesNothingHasNoChildren)
+{
+    const FSRef nothing;
+    FSRef ref = {"/kept"};
+    EXPECT_EQ(feMakeFSRefFromParent(&nothing, test::text("tmp").get(), &ref), kErrNotFound);
+    EXPECT_EQ(ref.path, "/kept");
+    EXPECT_FALSE(feItemExists(&nothing, test::text("tmp").get()));
+}
+
 TEST(feMakeFSRefFromParent, takesNamesThatAreNoUTF8)
 {
     const test::TemporaryFolder folder;

@@ -41,6 +41,7 @@ TEST(feCreateFolder, tellsWhyThereIsNone)
     } rows[] = {
         {"exists", parent, "file", kErrExists},
         {"no such parent", {folder.file("missing")}, "x", kErrNotFound},
+        {"parent names nothing", {}, "tmp", kErrNotFound},
         {"parent is a file", {folder.file("file")}, "x", kErrNotAFolder},
         {"empty name", parent, "", kErrBadName},
         {"slash", parent, "a/b", kErrBadName},
