@@ -3,14 +3,20 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace platform {
 
 constexpr int kCannotStart = 127;
 
-// Runs a program and waits until it ends, however long that takes. Its standard streams are empty
-// and go nowhere.
+// What a program finds on its standard input, and who gets its standard output.
+struct ChildStreams {
+    std::string_view input{};       // nothing by default
+    std::string* output = nullptr;  // receives all of it, in memory; null: it goes nowhere
+};
+
+// Runs a program and waits until it ends, however long that takes. Its standard error goes nowhere.
 //
 //   arguments    the program's name, looked for on PATH, and its arguments, each as it stands.
 //   environment  "NAME=value" settings that replace those of this process.
@@ -18,6 +24,6 @@ constexpr int kCannotStart = 127;
 // Returns the exit status; kCannotStart when the program cannot be started, 128 and the signal's
 // number when a signal ended it.
 int runAndWait(const std::vector<std::string>& arguments,
-               const std::vector<std::string>& environment = {});
+               const std::vector<std::string>& environment = {}, const ChildStreams& streams = {});
 
 }  // namespace platform
