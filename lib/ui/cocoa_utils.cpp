@@ -3,9 +3,10 @@
 #include "lib/files/file_reference.h"
 #include "lib/ui/qt_text.h"
 #include "lib/ui/view_texts.h"
+#include "lib/ui/zip_archive.h"
+#include "platform/files/descriptor.h"
 #include "platform/files/file_comment.h"
 #include "platform/files/path_text.h"
-#include "platform/system/child_process.h"
 #include "platform/text/utf8.h"
 
 #include <QAbstractButton>
@@ -19,9 +20,13 @@
 #include <memory>
 #include <string>
 
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
+namespace fs = std::filesystem;
+
 constexpr std::size_t kLongestPath = 2048;  // bytes
 
 // What cocoaUtilsLaunch started.
@@ -40,10 +45,43 @@ bool hasDisplay()
            qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
 }
 
-// "/folder/name/" -> "/folder/name"
-std::filesystem::path withoutTrailingSlash(const std::filesystem::path& path)
+// The absolute path of an item, with its name at the end: "name/" and "." have none there. Empty
+// when there is no such path.
+fs::path itemAt(const std::string& bytes)
 {
-    return path.has_filename() ? path : path.parent_path();
+    std::error_code error;
+    fs::path path = fs::absolute(bytes, error);
+    if (!path.has_filename()) path = path.parent_path();
+    if (path.filename() == "." || path.filename() == "..") path = fs::canonical(path, error);
+    return error || !path.has_filename() ? fs::path() : path;
+}
+
+bool isSameItem(const fs::path& one, const fs::path& other)
+{
+    struct stat facts = {};
+    struct stat otherFacts = {};
+    return lstat(one.c_str(), &facts) == 0 && lstat(other.c_str(), &otherFacts) == 0 &&
+           facts.st_dev == otherFacts.st_dev && facts.st_ino == otherFacts.st_ino;
+}
+
+// True when an archive at `target` would take the place of the original, or go away with it.
+bool wouldEndIn(const fs::path& original, const fs::path& target, bool deletesOriginal)
+{
+    if (isSameItem(original, target)) return true;
+    if (!deletesOriginal) return false;
+    std::error_code error;
+    fs::path folder = fs::canonical(target.parent_path(), error);
+    for (; folder.has_relative_path(); folder = folder.parent_path()) {
+        if (isSameItem(original, folder)) return true;
+    }
+    return false;
+}
+
+// Brings a file or the names in a folder to the disk.
+bool flush(const fs::path& path)
+{
+    const platform::DescriptorHolder file(platform::openDescriptor(path.c_str(), O_RDONLY));
+    return file && platform::flushDescriptor(file.get());
 }
 }  // namespace
 
@@ -65,27 +103,27 @@ void cocoaUtils::setStringValue(QWidget* control, TovStringRef myString)
 std::int32_t cocoaUtils::compressToZIPFile(TovStringRef source, TovStringRef targetPath,
                                            std::uint8_t deleteOriginal)
 {
-    namespace fs = std::filesystem;
     constexpr std::int32_t kFailed = 1;
     std::error_code error;
-    const fs::path original =
-        withoutTrailingSlash(fs::absolute(platform::pathBytes(source), error));
-    if (error || targetPath == nullptr) return kFailed;
+    const fs::path original = itemAt(platform::pathBytes(source));
+    const fs::path target = fs::absolute(platform::pathBytes(targetPath), error);
+    if (original.empty() || error || wouldEndIn(original, target, deleteOriginal != 0)) {
+        return kFailed;
+    }
 
     // The archiver leaves an empty archive behind when the source is missing: it works on a file of
     // its own beside the target, which takes the target's place only after success.
-    const std::string target = platform::pathBytes(targetPath);
-    const std::string unfinished = target + "." + std::to_string(getpid()) + ".part";
-
-    // Names that are no plain ASCII need a UTF-8 locale.
-    std::int32_t status =
-        platform::runAndWait({"bsdtar", "--format=zip", "-cf", unfinished, "-C",
-                              original.parent_path().string(), "--", original.filename().string()},
-                             {"LC_ALL=C.UTF-8"});
+    const std::string unfinished = target.string() + "." + std::to_string(getpid()) + ".part";
+    std::int32_t status = cuPackIntoZIP(original, unfinished);
+    if (status == 0 && deleteOriginal != 0 &&
+        !(flush(unfinished) && cuIsWholeInZIP(original, unfinished))) {
+        status = kFailed;
+    }
     if (status == 0 && std::rename(unfinished.c_str(), target.c_str()) != 0) status = kFailed;
     if (status != 0) {
         unlink(unfinished.c_str());
     } else if (deleteOriginal != 0) {
+        (void)flush(target.parent_path());  // some file systems cannot
         fs::remove_all(original, error);
     }
     return status;

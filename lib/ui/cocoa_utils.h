@@ -53,12 +53,17 @@ public:
 
     // Packs a file or folder into a new ZIP archive and waits until that is done.
     //
-    //   source          path; a folder is packed with everything in it, under its own name.
+    //   source          path of a file, link or folder; a folder is packed with everything in it.
+    //                   It is in the archive under its own name, whatever that is.
     //   targetPath      path; an existing archive is replaced, but only when packing succeeds.
-    //   deleteOriginal  nonzero removes the source after success. What that gives is not reported.
+    //   deleteOriginal  nonzero removes the source once all of it, unchanged, has been read back
+    //   out
+    //                   of the archive. What removing gives is not reported.
     //
     // Returns the exit status of the archiver `bsdtar`: 0 is success; 127 when there is no
-    // archiver.
+    // archiver. 1 also for an archive that would be put in the source's own place, and with
+    // `deleteOriginal` for one inside the source and one that does not hold all of it. Then
+    // everything stays as it was.
     static std::int32_t compressToZIPFile(TovStringRef source, TovStringRef targetPath,
                                           std::uint8_t deleteOriginal);
 

@@ -17,4 +17,5 @@ target_sources(pinorama_ui PRIVATE
     cocoa_utils.cpp
     qt_text.cpp
     view_texts.cpp
-    window_translation.cpp)
+    window_translation.cpp
+    zip_archive.cpp)
