@@ -3,7 +3,7 @@
 #pragma once
 
 #include "cli/file_reporter.h"
-#include "cli/replacing_file.h"
+#include "platform/files/replacing_file.h"
 
 #include <string>
 #include <string_view>
@@ -27,5 +27,5 @@ public:
     bool finish();
 
 private:
-    ReplacingFile file_;
+    platform::ReplacingFile file_;
 };

@@ -1,4 +1,4 @@
-#include "cli/replacing_file.h"
+#include "platform/files/replacing_file.h"
 
 #include "platform/files/item_path.h"
 
@@ -27,23 +27,23 @@ bool writeAll(int descriptor, std::string_view bytes)
 }
 }  // namespace
 
-ReplacingFile::~ReplacingFile()
+platform::ReplacingFile::~ReplacingFile()
 {
     (void)abandon();
 }
 
-bool ReplacingFile::begin(const std::string& path)
+bool platform::ReplacingFile::begin(const std::string& path)
 {
     if (path.empty()) {
         errno = ENOENT;
         return false;
     }
-    const std::string existing = platform::resolvedPath(path.c_str());
+    const std::string existing = resolvedPath(path.c_str());
     target_ = existing.empty() ? path : existing;
     struct stat status;
     const bool exists = stat(target_.c_str(), &status) == 0;
     if (exists && !S_ISREG(status.st_mode)) {
-        file_ = platform::DescriptorHolder(platform::openDescriptor(target_.c_str(), O_WRONLY));
+        file_ = DescriptorHolder(openDescriptor(target_.c_str(), O_WRONLY));
         return static_cast<bool>(file_);
     }
     // A file that may not be written is not replaced either.
@@ -51,8 +51,8 @@ bool ReplacingFile::begin(const std::string& path)
 
     for (int number = 0; number < kMostNames; number++) {
         const std::string name = target_ + '.' + std::to_string(getpid() + number) + ".new";
-        file_ = platform::DescriptorHolder(
-            platform::openDescriptor(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW));
+        file_ = DescriptorHolder(
+            openDescriptor(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW));
         if (file_) {
             unfinished_ = name;
             if (exists) (void)fchmod(file_.get(), status.st_mode & 07777);
@@ -63,25 +63,24 @@ bool ReplacingFile::begin(const std::string& path)
     return false;
 }
 
-bool ReplacingFile::write(std::string_view bytes)
+bool platform::ReplacingFile::write(std::string_view bytes)
 {
     pending_ += bytes;
     return pending_.size() < kPendingBytes || flush();
 }
 
-bool ReplacingFile::finish()
+bool platform::ReplacingFile::finish()
 {
     if (!flush()) return false;
     if (unfinished_.empty()) return true;
-    if (!platform::flushDescriptor(file_.get()) ||
-        std::rename(unfinished_.c_str(), target_.c_str()) != 0) {
+    if (!flushDescriptor(file_.get()) || std::rename(unfinished_.c_str(), target_.c_str()) != 0) {
         return abandon();
     }
     unfinished_.clear();
     return true;
 }
 
-bool ReplacingFile::flush()
+bool platform::ReplacingFile::flush()
 {
     if (!file_) {
         errno = EBADF;
@@ -93,12 +92,12 @@ bool ReplacingFile::flush()
 }
 
 // Always false, errno as before.
-bool ReplacingFile::abandon()
+bool platform::ReplacingFile::abandon()
 {
     const int error = errno;
     if (!unfinished_.empty()) unlink(unfinished_.c_str());
     unfinished_.clear();
-    file_ = platform::DescriptorHolder();
+    file_ = DescriptorHolder();
     errno = error;
     return false;
 }

@@ -1,4 +1,4 @@
-#include "cli/replacing_file.h"
+#include "platform/files/replacing_file.h"
 
 #include "tests/support/environment.h"
 
@@ -9,6 +9,8 @@
 #include <cerrno>
 #include <filesystem>
 #include <string>
+
+using platform::ReplacingFile;
 
 namespace {
 std::size_t countOfItems(const std::string& folder)

@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+namespace platform {
+
 class ReplacingFile {
 public:
     ReplacingFile() = default;
@@ -35,6 +37,8 @@ private:
 
     std::string target_;
     std::string unfinished_;  // its path; empty when it is written directly, or has gone
-    platform::DescriptorHolder file_;
+    DescriptorHolder file_;
     std::string pending_;
 };
+
+}  // namespace platform
