@@ -60,6 +60,26 @@ std::string platform::resolvedPath(const char* path)
     return result;
 }
 
+std::string platform::pathBehindLinks(std::string path)
+{
+    constexpr int kMostLinks = 40;  // as many as the system follows
+    for (int links = 0; links <= kMostLinks; links++) {
+        struct stat facts = {};
+        if (lstat(path.c_str(), &facts) != 0 || !S_ISLNK(facts.st_mode)) return path;
+        const std::string own = absolutePath(path);
+        const std::string folder = own.empty() ? own : canonicalPath(folderOf(own));
+        if (folder.empty()) return {};
+        if (folder.starts_with("/proc/")) return path;
+        char target[PATH_MAX];
+        const ssize_t length = readlink(path.c_str(), target, sizeof target);
+        if (length < 0) return {};
+        path.assign(target, static_cast<std::size_t>(length));
+        if (!path.starts_with('/')) path.insert(0, folder == "/" ? folder : folder + '/');
+    }
+    errno = ELOOP;
+    return {};
+}
+
 std::string platform::childPath(const std::string& folder, std::string_view name)
 {
     if (folder.empty()) {

@@ -15,6 +15,13 @@ namespace platform {
 // link and has no such parts.
 std::string resolvedPath(const char* path);
 
+// The path that the link at `path` leads to, over any number of further links and whether or not
+// there is something; any other path as it stands. A link below /proc stands for a file that a
+// process holds open: it leads to no path, and is given as it stands.
+//
+// Returns an empty path with errno set when links lead round in a circle or cannot be read.
+std::string pathBehindLinks(std::string path);
+
 // The path of `name` in `folder`; empty with errno set for a name that no item can have, and for an
 // empty `folder`, which is none and not the root folder.
 std::string childPath(const std::string& folder, std::string_view name);
