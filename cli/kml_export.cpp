@@ -1,29 +1,17 @@
 #include "cli/kml_export.h"
 
 #include "cli/complaint.h"
-#include "globe/google_earth_connector.h"
 #include "globe/kml_document.h"
+#include "globe/kml_file.h"
 #include "lib/strings/string_holder.h"
 #include "location/file_name.h"
-#include "platform/files/descriptor.h"
 #include "platform/files/path_text.h"
 #include "platform/text/utf8.h"
-
-#include <fcntl.h>
 
 #include <cerrno>
 #include <cstring>
 
 namespace {
-// The export itself reports nothing, so the reason is looked for here: an empty text when the file
-// is there and can be written.
-std::string whyNotWritable(const std::string& path)
-{
-    const platform::DescriptorHolder file(
-        platform::openDescriptor(path.c_str(), O_WRONLY | O_CREAT));
-    return file ? std::string() : shownPath(path) + ": " + std::strerror(errno);
-}
-
 std::string takeUTF8(StringHolder text)
 {
     return platform::displayUTF8(platform::unitsOf(text.get()));
@@ -41,11 +29,12 @@ std::string exportPicture(FileReporter* reporter, const std::string& picture,
         problem = report.path + ": " + report.error;
     } else if (!report.isLocated()) {
         problem = report.path + ": no position";
-    } else if (problem = whyNotWritable(path); problem.empty()) {
+    } else {
         const StringHolder picturePath(platform::createPathText(picture));
         const StringHolder name(gpsCopyFileName(picturePath.get()));
-        const StringHolder destination(platform::createPathText(path));
-        GoogleEarthConnector::exportToKML(destination.get(), &record, name.get());
+        if (!gpsSaveKML(path, record, name.get(), platform::FullPipe::waits)) {
+            problem = shownPath(path) + ": " + std::strerror(errno);
+        }
     }
     gpsReleaseInfoRecord(&record);
     return problem;

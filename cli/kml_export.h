@@ -8,8 +8,8 @@
 #include <string>
 #include <string_view>
 
-// Writes the document of one picture as the window exports it, byte for byte: an existing file is
-// written over from its start.
+// Writes the document of one picture as the window exports it, byte for byte, and waits for the
+// reader of a pipe.
 //
 //   picture, path  in the bytes of the system.
 //
@@ -27,5 +27,5 @@ public:
     bool finish();
 
 private:
-    platform::ReplacingFile file_;
+    platform::ReplacingFile file_{platform::FullPipe::waits};
 };

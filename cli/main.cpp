@@ -1,10 +1,12 @@
 // pinorama-info: what the window shows, on a terminal and for many files.
 
+#include "cli/accepted_names.h"
 #include "cli/batch_run.h"
 #include "cli/complaint.h"
 #include "cli/kml_export.h"
 #include "globe/web_services.h"
 #include "lib/ui/application_bundle.h"
+#include "platform/files/file_attributes.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -51,6 +53,13 @@ int exportOne(const Options& options)
     return kSomeFileFailed;
 }
 
+// A name that was forgotten behind --kml makes the first of the pictures the document.
+bool wouldReplaceAPicture(const std::string& path)
+{
+    const auto attributes = platform::attributesOf(path);
+    return attributes && attributes->isRegular && AcceptedNames().accepts(path);
+}
+
 int report(const Options& options)
 {
     StringHolder serviceTemplate;
@@ -78,6 +87,11 @@ int main(int argc, char** argv)
     }
     if (options.help) return print(fullUsage());
     if (options.version) return print("pinorama-info " PINORAMA_VERSION "\n");
+
+    if (wouldReplaceAPicture(options.kmlPath)) {
+        complain(shownPath(options.kmlPath) + ": a picture is not replaced by a document");
+        return kWrongUsage;
+    }
 
     // Without TZ the C library looks at the file of the zone again for every date that is written.
     (void)setenv("TZ", ":/etc/localtime", 0);

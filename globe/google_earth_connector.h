@@ -12,7 +12,8 @@ class GoogleEarthConnector {
 public:
     GoogleEarthConnector() = delete;
 
-    // Writes the document of gpsMakeKMLDocument to the file at `path`, as UTF-8.
+    // Writes the document of gpsMakeKMLDocument to the file at `path`, as UTF-8. gpsSaveKML
+    // (globe/kml_file.h) is for files that users get.
     //
     //   path      absolute or relative; null writes nothing.
     //   gpsInfo   read only; null writes nothing.

@@ -14,8 +14,8 @@
 //          the hemisphere is applied, so their last printed digits may differ from the record's.
 //          'S' and 'W' make the number negative; any other letter leaves it.
 //   name   the picture's file name, or null. It stands three times in the document, as it is:
-//          nothing is escaped, so an ampersand in it makes the document ill-formed. Intended; other
-//          programs have been given such names for years and read them. An empty name is a name.
+//          nothing is escaped, so an ampersand in it makes the document ill-formed. Intended;
+//          gpsSaveKML (globe/kml_file.h) hands over names that are safe. An empty name is a name.
 [[nodiscard]] TovStringRef gpsMakeKMLDocument(const fileInfoRecord* info, TovStringRef name);
 
 // Appends the head of the document, up to and including the two styles, to the mutable `*document`.

@@ -11,6 +11,8 @@
 
 #include <filesystem>
 
+#include <sys/stat.h>
+
 #include <string>
 #include <vector>
 
@@ -62,24 +64,48 @@ TEST_F(PlaceOutputs, oneFileBecomesTheDocumentOfTheWindow)
                                    .country = nullptr,
                                    .description = nullptr};
     GoogleEarthConnector::exportToKML(test::text(expected).get(), &record,
-                                      test::text("a & b.jpg").get());
+                                      test::text("a &amp; b.jpg").get());
     const test::ProgramResult result = run({"--kml", path, located_});
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.out, "");
     EXPECT_EQ(result.err, "");
     EXPECT_EQ(test::readFile(path), test::readFile(expected));
-    EXPECT_NE(test::readFile(path).find("<name>a & b.jpg</name>"), std::string::npos)
-        << "names stand there as they are";
+    EXPECT_NE(test::readFile(path).find("<name>a &amp; b.jpg</name>"), std::string::npos);
+    struct stat facts = {};
+    ASSERT_EQ(stat(path.c_str(), &facts), 0);
+    EXPECT_EQ(facts.st_mode & 0111, 0u) << "a document is no program";
 }
 
-TEST_F(PlaceOutputs, aDocumentOfOneFileKeepsTheEndOfALongerOne)
+TEST_F(PlaceOutputs, aDocumentOfOneFileReplacesALongerOne)
 {
     const std::string path = folder_.file("a.kml");
     ASSERT_EQ(run({"--kml", path, located_}).status, 0);
     const std::string document = test::readFile(path);
     (void)folder_.write("a.kml", std::string(document.size(), 'x') + "tail");
     ASSERT_EQ(run({"--kml", path, located_}).status, 0);
-    EXPECT_EQ(test::readFile(path), document + "tail");
+    EXPECT_EQ(test::readFile(path), document);
+}
+
+TEST_F(PlaceOutputs, aDocumentGoesIntoAPipeAndBehindWhatIsInAnOpenFile)
+{
+    const std::string path = folder_.file("a.kml");
+    for (const Texts& pictures : {Texts{located_}, Texts{located_, located_}}) {
+        Texts arguments = {"--kml", path};
+        arguments.insert(arguments.end(), pictures.begin(), pictures.end());
+        ASSERT_EQ(run(arguments).status, 0);
+        arguments[1] = "/dev/stdout";
+        const test::ProgramResult piped = run(arguments);
+        EXPECT_EQ(piped.status, 0);
+        EXPECT_EQ(piped.out, test::readFile(path));
+
+        const std::string all = folder_.write("all", "before\n");
+        std::string line = PINORAMA_INFO " --kml /dev/stdout";
+        for (const std::string& picture : pictures) line += " '" + picture + "'";
+        const test::ProgramResult appended =
+            test::runProgram({.command = {"/bin/sh", "-c", line + " >> '" + all + "'"}});
+        EXPECT_EQ(appended.status, 0);
+        EXPECT_EQ(test::readFile(all), "before\n" + test::readFile(path));
+    }
 }
 
 TEST_F(PlaceOutputs, severalFilesBecomeACollectionThatReplaces)
@@ -123,6 +149,7 @@ TEST_F(PlaceOutputs, tellsWhyThereIsNoDocument)
         {{"--kml", "/missing/a.kml", located_, plain_},
          "/missing/a.kml: No such file or directory"},
         {{"--kml", "/dev/full", located_, plain_}, "/dev/full: No space left on device"},
+        {{"--kml", "/dev/full", located_}, "/dev/full: No space left on device"},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.error);
@@ -131,6 +158,22 @@ TEST_F(PlaceOutputs, tellsWhyThereIsNoDocument)
         EXPECT_EQ(result.err, "pinorama-info: " + row.error + "\n");
     }
     EXPECT_FALSE(std::filesystem::exists(path));
+}
+
+TEST_F(PlaceOutputs, aPictureIsNotReplacedByADocument)
+{
+    const std::string bytes = test::readFile(plain_);
+    for (const Texts& files : {Texts{located_}, Texts{located_, located_}}) {
+        Texts arguments = {"--kml", plain_};
+        arguments.insert(arguments.end(), files.begin(), files.end());
+        const test::ProgramResult result = run(arguments);
+        EXPECT_EQ(result.status, 2);
+        EXPECT_EQ(result.out, "");
+        EXPECT_EQ(result.err,
+                  "pinorama-info: " + plain_ + ": a picture is not replaced by a document\n");
+        EXPECT_EQ(test::readFile(plain_), bytes);
+    }
+    EXPECT_EQ(run({"--kml", folder_.file("new.jpg"), located_}).status, 0) << "it is no picture";
 }
 
 TEST_F(Services, printsTheAddressOfAService)

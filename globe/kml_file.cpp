@@ -1,0 +1,39 @@
+#include "globe/kml_file.h"
+
+#include "globe/google_earth_connector.h"
+#include "globe/kml_document.h"
+#include "globe/xml_escape.h"
+#include "lib/strings/string_holder.h"
+#include "platform/files/path_text.h"
+#include "platform/text/utf8.h"
+
+#include <cerrno>
+
+namespace {
+// A picture without a name is another thing than one whose name is empty.
+TovStringRef copyForXML(TovStringRef name)
+{
+    return TovStringIsValid(name) ? gpsEscapeForXML(platform::unitsOf(name)) : nullptr;
+}
+}  // namespace
+
+bool gpsSaveKML(const std::string& path, const fileInfoRecord& info, TovStringRef pictureName,
+                platform::FullPipe fullPipe)
+{
+    const StringHolder name(copyForXML(pictureName));
+    const StringHolder document(gpsMakeKMLDocument(&info, name.get()));
+    const std::string bytes = platform::displayUTF8(platform::unitsOf(document.get()));
+    if (!document || bytes.empty() || (TovStringIsValid(pictureName) && !name)) {
+        errno = ENOMEM;
+        return false;
+    }
+
+    platform::ReplacingFile file(fullPipe);
+    if (!file.begin(path)) return false;
+    if (!file.unfinishedPath().empty()) {
+        const StringHolder unfinished(platform::createPathText(file.unfinishedPath()));
+        GoogleEarthConnector::exportToKML(unfinished.get(), &info, name.get());
+    }
+    // The export reports nothing. Writing what it could not write tells why it could not.
+    return (file.contentIs(bytes) || file.write(bytes)) && file.finish();
+}

@@ -1,0 +1,23 @@
+// The KML file of a picture, as a user gets it: whole, well-formed, and with a reason when there is
+// none.
+
+#pragma once
+
+#include "lib/strings/tov_string.h"
+#include "location/file_info_record.h"
+#include "platform/files/replacing_file.h"
+
+#include <string>
+
+// Exports a location to a new file beside `path`, which takes the place of the one at `path` when
+// it is whole (platform/files/replacing_file.h tells of links, permissions, devices and pipes).
+//
+//   path         in the raw bytes of the system.
+//   pictureName  the picture's file name with its extension, or null; read only. It is made safe
+//                for XML: the document of `Tom & Jerry.jpg` names `Tom &amp; Jerry.jpg`.
+//   fullPipe     what to do when `path` is a pipe that is full.
+//
+// False with errno set (ENOMEM when memory runs out); what was at `path` is untouched then, unless
+// it is written directly.
+bool gpsSaveKML(const std::string& path, const fileInfoRecord& info, TovStringRef pictureName,
+                platform::FullPipe fullPipe = platform::FullPipe::fails);
