@@ -4,18 +4,15 @@
 
 #pragma once
 
-#include <QFrame>
-#include <QString>
+#include "app/notice.h"
 
 class AppController;
-class QLabel;
-class QPushButton;
 
 namespace platform {
 class AccessibilityAdvice;
 }
 
-class AccessibilityNotice : public QFrame {
+class AccessibilityNotice : public Notice {
     Q_OBJECT
 
 public:
@@ -29,20 +26,9 @@ Q_SIGNALS:
     // The user wants accessibility to be switched on.
     void switchWanted();
 
-    // The user has read it.
-    void dismissed();
-
-protected:
-    void showEvent(QShowEvent* event) override;
-
 private:
-    void say(const QString& words);
-    void announce();
-
     QString fileManager_;
-    QLabel* words_;
     QPushButton* switchButton_;
-    QPushButton* dismissButton_;
 };
 
 namespace app {

@@ -121,7 +121,8 @@ public Q_SLOTS:
     void searchInSkallion();
 
     // Asks the user where to save the location as a KML file. What is written is the picture that
-    // is shown now, even when another one is selected before the user has answered.
+    // is shown now, even when another one is selected before the user has answered. A file that
+    // cannot be written is told at the foot of the window.
     void exportToKML();
 
     // Flies the globe program to the location.

@@ -2,11 +2,14 @@
 
 #include "app/about_box.h"
 #include "app/app_controller.h"
+#include "app/export_dialog.h"
+#include "app/export_notice.h"
 #include "app/main_window.h"
 #include "app/pop_up_menu.h"
 #include "app/wrapped_field.h"
 #include "globe/fly_to.h"
 #include "globe/google_earth_connector.h"
+#include "globe/kml_file.h"
 #include "lib/strings/string_holder.h"
 #include "lib/ui/qt_text.h"
 #include "location/coordinate_text.h"
@@ -22,6 +25,7 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+#include <cerrno>
 #include <filesystem>
 #include <memory>
 
@@ -120,23 +124,16 @@ void AppController::exportToKML()
 {
     const StringHolder name(gpsCopyFileName(lastPath));
     const StringHolder proposed(appMakeKMLFileName(name.get()));
-    // The two texts are the same in every language.
-    auto* dialog =
-        new QFileDialog(myWindow, QStringLiteral("Export to KML Format (for Google Earth...)"));
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setAcceptMode(QFileDialog::AcceptSave);
-    dialog->setLabelText(QFileDialog::Accept, QStringLiteral("Export"));
-    dialog->setNameFilter(tr("KML files (*.kml)"));
-    dialog->setDefaultSuffix(QStringLiteral("kml"));
-    dialog->selectFile(cuDisplayText(proposed.get()));
     // The dialog leaves the event loop running, so the selection may move on behind it.
-    connect(dialog, &QFileDialog::fileSelected, this,
-            [location = info, pictureName = cuTextUnits(name.get())](const QString& file) {
-                const StringHolder path(
-                    platform::createPathText(QFile::encodeName(file).toStdString()));
-                const StringHolder title(cuCreateText(pictureName));
-                GoogleEarthConnector::exportToKML(path.get(), &location, title.get());
-            });
+    auto* dialog = new ExportDialog(
+        cuDisplayText(proposed.get()),
+        [this, location = info, pictureName = cuTextUnits(name.get())](const QString& file) {
+            const StringHolder title(cuCreateText(pictureName));
+            const bool isSaved =
+                gpsSaveKML(QFile::encodeName(file).toStdString(), location, title.get());
+            app::showExportResult(*myWindow, file, isSaved ? 0 : errno);
+        },
+        myWindow);
     dialog->open();
 }
 

@@ -27,10 +27,6 @@
         <translation>Ein&amp;schalten</translation>
     </message>
     <message>
-        <source>&amp;Dismiss</source>
-        <translation>Ausb&amp;lenden</translation>
-    </message>
-    <message>
         <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
         <translation>Pinorama kann der Auswahl in %1 folgen, sobald die Barrierefreiheit eingeschaltet ist. Das ist eine dauerhafte Einstellung der Arbeitsumgebung; danach muss die Dateiverwaltung neu gestartet werden.</translation>
     </message>
@@ -50,12 +46,38 @@
         <translation>Bild öffnen</translation>
     </message>
     <message>
+        <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
+        <translation>Bilder können nicht gelesen werden: Das Programm pinorama-reader startet nicht.</translation>
+    </message>
+</context>
+<context>
+    <name>ExportDialog</name>
+    <message>
         <source>KML files (*.kml)</source>
         <translation>KML-Dateien (*.kml)</translation>
     </message>
+</context>
+<context>
+    <name>ExportNotice</name>
     <message>
-        <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
-        <translation>Bilder können nicht gelesen werden: Das Programm pinorama-reader startet nicht.</translation>
+        <source>the disk is full.</source>
+        <translation>der Datenträger ist voll.</translation>
+    </message>
+    <message>
+        <source>writing there is not allowed.</source>
+        <translation>das Schreiben ist dort nicht erlaubt.</translation>
+    </message>
+    <message>
+        <source>there is no such folder.</source>
+        <translation>diesen Ordner gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>a folder has that name.</source>
+        <translation>ein Ordner hat diesen Namen.</translation>
+    </message>
+    <message>
+        <source>%1 could not be written: %2</source>
+        <translation>%1 konnte nicht geschrieben werden: %2</translation>
     </message>
 </context>
 <context>
@@ -203,6 +225,13 @@
     <message>
         <source>Pinorama &amp;Manual</source>
         <translation>&amp;Handbuch zu Pinorama</translation>
+    </message>
+</context>
+<context>
+    <name>Notice</name>
+    <message>
+        <source>&amp;Dismiss</source>
+        <translation>Ausb&amp;lenden</translation>
     </message>
 </context>
 </TS>

@@ -27,10 +27,6 @@
         <translation>&amp;Activar</translation>
     </message>
     <message>
-        <source>&amp;Dismiss</source>
-        <translation>&amp;Ocultar</translation>
-    </message>
-    <message>
         <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
         <translation>La selección en %1 se podrá seguir cuando la accesibilidad esté activada. Es un ajuste permanente del escritorio; después hay que reiniciar el gestor de archivos.</translation>
     </message>
@@ -46,16 +42,42 @@
 <context>
     <name>AppController</name>
     <message>
-        <source>KML files (*.kml)</source>
-        <translation>Archivos KML (*.kml)</translation>
-    </message>
-    <message>
         <source>Open Picture</source>
         <translation>Abrir foto</translation>
     </message>
     <message>
         <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
         <translation>No se pueden leer las fotos: el programa pinorama-reader no se inicia.</translation>
+    </message>
+</context>
+<context>
+    <name>ExportDialog</name>
+    <message>
+        <source>KML files (*.kml)</source>
+        <translation>Archivos KML (*.kml)</translation>
+    </message>
+</context>
+<context>
+    <name>ExportNotice</name>
+    <message>
+        <source>the disk is full.</source>
+        <translation>el disco está lleno.</translation>
+    </message>
+    <message>
+        <source>writing there is not allowed.</source>
+        <translation>no se permite escribir ahí.</translation>
+    </message>
+    <message>
+        <source>there is no such folder.</source>
+        <translation>esa carpeta no existe.</translation>
+    </message>
+    <message>
+        <source>a folder has that name.</source>
+        <translation>una carpeta tiene ese nombre.</translation>
+    </message>
+    <message>
+        <source>%1 could not be written: %2</source>
+        <translation>No se pudo escribir %1: %2</translation>
     </message>
 </context>
 <context>
@@ -203,6 +225,13 @@
     <message>
         <source>Pinorama &amp;Manual</source>
         <translation>&amp;Manual de Pinorama</translation>
+    </message>
+</context>
+<context>
+    <name>Notice</name>
+    <message>
+        <source>&amp;Dismiss</source>
+        <translation>&amp;Ocultar</translation>
     </message>
 </context>
 </TS>

@@ -27,10 +27,6 @@
         <translation>Acti&amp;ver</translation>
     </message>
     <message>
-        <source>&amp;Dismiss</source>
-        <translation>&amp;Masquer</translation>
-    </message>
-    <message>
         <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
         <translation>La sélection dans %1 peut être suivie une fois l’accessibilité activée. C’est un réglage permanent du bureau ; redémarrez ensuite le gestionnaire de fichiers.</translation>
     </message>
@@ -46,16 +42,42 @@
 <context>
     <name>AppController</name>
     <message>
-        <source>KML files (*.kml)</source>
-        <translation>Fichiers KML (*.kml)</translation>
-    </message>
-    <message>
         <source>Open Picture</source>
         <translation>Ouvrir une photo</translation>
     </message>
     <message>
         <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
         <translation>Impossible de lire les photos&#xa0;: le programme pinorama-reader ne démarre pas.</translation>
+    </message>
+</context>
+<context>
+    <name>ExportDialog</name>
+    <message>
+        <source>KML files (*.kml)</source>
+        <translation>Fichiers KML (*.kml)</translation>
+    </message>
+</context>
+<context>
+    <name>ExportNotice</name>
+    <message>
+        <source>the disk is full.</source>
+        <translation>le disque est plein.</translation>
+    </message>
+    <message>
+        <source>writing there is not allowed.</source>
+        <translation>l’écriture n’y est pas autorisée.</translation>
+    </message>
+    <message>
+        <source>there is no such folder.</source>
+        <translation>ce dossier n’existe pas.</translation>
+    </message>
+    <message>
+        <source>a folder has that name.</source>
+        <translation>un dossier porte ce nom.</translation>
+    </message>
+    <message>
+        <source>%1 could not be written: %2</source>
+        <translation>Impossible d’écrire %1 : %2</translation>
     </message>
 </context>
 <context>
@@ -203,6 +225,13 @@
     <message>
         <source>Pinorama &amp;Manual</source>
         <translation>&amp;Manuel de Pinorama</translation>
+    </message>
+</context>
+<context>
+    <name>Notice</name>
+    <message>
+        <source>&amp;Dismiss</source>
+        <translation>&amp;Masquer</translation>
     </message>
 </context>
 </TS>

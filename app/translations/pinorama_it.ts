@@ -27,10 +27,6 @@
         <translation>Atti&amp;va</translation>
     </message>
     <message>
-        <source>&amp;Dismiss</source>
-        <translation>&amp;Nascondi</translation>
-    </message>
-    <message>
         <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
         <translation>La selezione in %1 può essere seguita quando l’accessibilità è attiva. È un’impostazione permanente del desktop; dopo averla attivata, riavvia il gestore file.</translation>
     </message>
@@ -46,16 +42,42 @@
 <context>
     <name>AppController</name>
     <message>
-        <source>KML files (*.kml)</source>
-        <translation>File KML (*.kml)</translation>
-    </message>
-    <message>
         <source>Open Picture</source>
         <translation>Apri foto</translation>
     </message>
     <message>
         <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
         <translation>Impossibile leggere le foto: il programma pinorama-reader non si avvia.</translation>
+    </message>
+</context>
+<context>
+    <name>ExportDialog</name>
+    <message>
+        <source>KML files (*.kml)</source>
+        <translation>File KML (*.kml)</translation>
+    </message>
+</context>
+<context>
+    <name>ExportNotice</name>
+    <message>
+        <source>the disk is full.</source>
+        <translation>il disco è pieno.</translation>
+    </message>
+    <message>
+        <source>writing there is not allowed.</source>
+        <translation>non è consentito scrivere lì.</translation>
+    </message>
+    <message>
+        <source>there is no such folder.</source>
+        <translation>quella cartella non esiste.</translation>
+    </message>
+    <message>
+        <source>a folder has that name.</source>
+        <translation>una cartella ha quel nome.</translation>
+    </message>
+    <message>
+        <source>%1 could not be written: %2</source>
+        <translation>Impossibile scrivere %1: %2</translation>
     </message>
 </context>
 <context>
@@ -203,6 +225,13 @@
     <message>
         <source>Pinorama &amp;Manual</source>
         <translation>&amp;Manuale di Pinorama</translation>
+    </message>
+</context>
+<context>
+    <name>Notice</name>
+    <message>
+        <source>&amp;Dismiss</source>
+        <translation>&amp;Nascondi</translation>
     </message>
 </context>
 </TS>

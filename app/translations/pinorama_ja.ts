@@ -27,10 +27,6 @@
         <translation>有効にする(&amp;W)</translation>
     </message>
     <message>
-        <source>&amp;Dismiss</source>
-        <translation>閉じる(&amp;D)</translation>
-    </message>
-    <message>
         <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
         <translation>アクセシビリティを有効にすると、%1 の選択に追従できます。この設定はデスクトップに保存されます。有効にした後、ファイルマネージャーを再起動してください。</translation>
     </message>
@@ -46,16 +42,42 @@
 <context>
     <name>AppController</name>
     <message>
-        <source>KML files (*.kml)</source>
-        <translation>KML ファイル (*.kml)</translation>
-    </message>
-    <message>
         <source>Open Picture</source>
         <translation>写真を開く</translation>
     </message>
     <message>
         <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
         <translation>写真を読み込めません。プログラム pinorama-reader を起動できません。</translation>
+    </message>
+</context>
+<context>
+    <name>ExportDialog</name>
+    <message>
+        <source>KML files (*.kml)</source>
+        <translation>KML ファイル (*.kml)</translation>
+    </message>
+</context>
+<context>
+    <name>ExportNotice</name>
+    <message>
+        <source>the disk is full.</source>
+        <translation>ディスクがいっぱいです。</translation>
+    </message>
+    <message>
+        <source>writing there is not allowed.</source>
+        <translation>そこへの書き込みは許可されていません。</translation>
+    </message>
+    <message>
+        <source>there is no such folder.</source>
+        <translation>そのフォルダーはありません。</translation>
+    </message>
+    <message>
+        <source>a folder has that name.</source>
+        <translation>同じ名前のフォルダーがあります。</translation>
+    </message>
+    <message>
+        <source>%1 could not be written: %2</source>
+        <translation>%1 を書き込めませんでした: %2</translation>
     </message>
 </context>
 <context>
@@ -203,6 +225,13 @@
     <message>
         <source>Pinorama &amp;Manual</source>
         <translation>Pinorama マニュアル(&amp;M)</translation>
+    </message>
+</context>
+<context>
+    <name>Notice</name>
+    <message>
+        <source>&amp;Dismiss</source>
+        <translation>閉じる(&amp;D)</translation>
     </message>
 </context>
 </TS>

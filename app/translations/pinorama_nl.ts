@@ -27,10 +27,6 @@
         <translation>&amp;Inschakelen</translation>
     </message>
     <message>
-        <source>&amp;Dismiss</source>
-        <translation>Ver&amp;bergen</translation>
-    </message>
-    <message>
         <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
         <translation>De selectie in %1 kan worden gevolgd zodra toegankelijkheid aanstaat. Dat is een blijvende instelling van het bureaublad; herstart daarna de bestandsbeheerder.</translation>
     </message>
@@ -46,16 +42,42 @@
 <context>
     <name>AppController</name>
     <message>
-        <source>KML files (*.kml)</source>
-        <translation>KML-bestanden (*.kml)</translation>
-    </message>
-    <message>
         <source>Open Picture</source>
         <translation>Foto openen</translation>
     </message>
     <message>
         <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
         <translation>Foto’s kunnen niet worden gelezen: het programma pinorama-reader start niet.</translation>
+    </message>
+</context>
+<context>
+    <name>ExportDialog</name>
+    <message>
+        <source>KML files (*.kml)</source>
+        <translation>KML-bestanden (*.kml)</translation>
+    </message>
+</context>
+<context>
+    <name>ExportNotice</name>
+    <message>
+        <source>the disk is full.</source>
+        <translation>de schijf is vol.</translation>
+    </message>
+    <message>
+        <source>writing there is not allowed.</source>
+        <translation>schrijven is daar niet toegestaan.</translation>
+    </message>
+    <message>
+        <source>there is no such folder.</source>
+        <translation>die map bestaat niet.</translation>
+    </message>
+    <message>
+        <source>a folder has that name.</source>
+        <translation>een map heeft die naam.</translation>
+    </message>
+    <message>
+        <source>%1 could not be written: %2</source>
+        <translation>%1 kon niet worden geschreven: %2</translation>
     </message>
 </context>
 <context>
@@ -203,6 +225,13 @@
     <message>
         <source>Pinorama &amp;Manual</source>
         <translation>&amp;Handleiding van Pinorama</translation>
+    </message>
+</context>
+<context>
+    <name>Notice</name>
+    <message>
+        <source>&amp;Dismiss</source>
+        <translation>Ver&amp;bergen</translation>
     </message>
 </context>
 </TS>

@@ -27,10 +27,6 @@
         <translation>&amp;Włącz</translation>
     </message>
     <message>
-        <source>&amp;Dismiss</source>
-        <translation>&amp;Ukryj</translation>
-    </message>
-    <message>
         <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
         <translation>Zaznaczenie w programie %1 można śledzić, gdy ułatwienia dostępu są włączone. To trwałe ustawienie pulpitu; po włączeniu uruchom ponownie menedżer plików.</translation>
     </message>
@@ -46,16 +42,42 @@
 <context>
     <name>AppController</name>
     <message>
-        <source>KML files (*.kml)</source>
-        <translation>Pliki KML (*.kml)</translation>
-    </message>
-    <message>
         <source>Open Picture</source>
         <translation>Otwórz zdjęcie</translation>
     </message>
     <message>
         <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
         <translation>Nie można odczytać zdjęć: program pinorama-reader się nie uruchamia.</translation>
+    </message>
+</context>
+<context>
+    <name>ExportDialog</name>
+    <message>
+        <source>KML files (*.kml)</source>
+        <translation>Pliki KML (*.kml)</translation>
+    </message>
+</context>
+<context>
+    <name>ExportNotice</name>
+    <message>
+        <source>the disk is full.</source>
+        <translation>dysk jest pełny.</translation>
+    </message>
+    <message>
+        <source>writing there is not allowed.</source>
+        <translation>zapis w tym miejscu jest niedozwolony.</translation>
+    </message>
+    <message>
+        <source>there is no such folder.</source>
+        <translation>nie ma takiego folderu.</translation>
+    </message>
+    <message>
+        <source>a folder has that name.</source>
+        <translation>taką nazwę ma folder.</translation>
+    </message>
+    <message>
+        <source>%1 could not be written: %2</source>
+        <translation>Nie można zapisać pliku %1: %2</translation>
     </message>
 </context>
 <context>
@@ -203,6 +225,13 @@
     <message>
         <source>Pinorama &amp;Manual</source>
         <translation>&amp;Podręcznik programu Pinorama</translation>
+    </message>
+</context>
+<context>
+    <name>Notice</name>
+    <message>
+        <source>&amp;Dismiss</source>
+        <translation>&amp;Ukryj</translation>
     </message>
 </context>
 </TS>

@@ -27,10 +27,6 @@
         <translation>A&amp;tivar</translation>
     </message>
     <message>
-        <source>&amp;Dismiss</source>
-        <translation>&amp;Ocultar</translation>
-    </message>
-    <message>
         <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
         <translation>A seleção no %1 pode ser acompanhada quando a acessibilidade estiver ativada. É uma configuração permanente da área de trabalho; depois, reinicie o gerenciador de arquivos.</translation>
     </message>
@@ -46,16 +42,42 @@
 <context>
     <name>AppController</name>
     <message>
-        <source>KML files (*.kml)</source>
-        <translation>Arquivos KML (*.kml)</translation>
-    </message>
-    <message>
         <source>Open Picture</source>
         <translation>Abrir foto</translation>
     </message>
     <message>
         <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
         <translation>Não é possível ler as fotos: o programa pinorama-reader não inicia.</translation>
+    </message>
+</context>
+<context>
+    <name>ExportDialog</name>
+    <message>
+        <source>KML files (*.kml)</source>
+        <translation>Arquivos KML (*.kml)</translation>
+    </message>
+</context>
+<context>
+    <name>ExportNotice</name>
+    <message>
+        <source>the disk is full.</source>
+        <translation>o disco está cheio.</translation>
+    </message>
+    <message>
+        <source>writing there is not allowed.</source>
+        <translation>não é permitido gravar ali.</translation>
+    </message>
+    <message>
+        <source>there is no such folder.</source>
+        <translation>essa pasta não existe.</translation>
+    </message>
+    <message>
+        <source>a folder has that name.</source>
+        <translation>uma pasta tem esse nome.</translation>
+    </message>
+    <message>
+        <source>%1 could not be written: %2</source>
+        <translation>Não foi possível gravar %1: %2</translation>
     </message>
 </context>
 <context>
@@ -203,6 +225,13 @@
     <message>
         <source>Pinorama &amp;Manual</source>
         <translation>&amp;Manual do Pinorama</translation>
+    </message>
+</context>
+<context>
+    <name>Notice</name>
+    <message>
+        <source>&amp;Dismiss</source>
+        <translation>&amp;Ocultar</translation>
     </message>
 </context>
 </TS>

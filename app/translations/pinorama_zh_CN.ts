@@ -27,10 +27,6 @@
         <translation>启用(&amp;W)</translation>
     </message>
     <message>
-        <source>&amp;Dismiss</source>
-        <translation>关闭(&amp;D)</translation>
-    </message>
-    <message>
         <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
         <translation>启用辅助功能后，即可跟随 %1 中选中的文件。此项桌面设置会一直保留；启用后请重新启动文件管理器。</translation>
     </message>
@@ -46,16 +42,42 @@
 <context>
     <name>AppController</name>
     <message>
-        <source>KML files (*.kml)</source>
-        <translation>KML 文件 (*.kml)</translation>
-    </message>
-    <message>
         <source>Open Picture</source>
         <translation>打开照片</translation>
     </message>
     <message>
         <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
         <translation>无法读取照片：程序 pinorama-reader 无法启动。</translation>
+    </message>
+</context>
+<context>
+    <name>ExportDialog</name>
+    <message>
+        <source>KML files (*.kml)</source>
+        <translation>KML 文件 (*.kml)</translation>
+    </message>
+</context>
+<context>
+    <name>ExportNotice</name>
+    <message>
+        <source>the disk is full.</source>
+        <translation>磁盘已满。</translation>
+    </message>
+    <message>
+        <source>writing there is not allowed.</source>
+        <translation>那里不允许写入。</translation>
+    </message>
+    <message>
+        <source>there is no such folder.</source>
+        <translation>该文件夹不存在。</translation>
+    </message>
+    <message>
+        <source>a folder has that name.</source>
+        <translation>已有同名的文件夹。</translation>
+    </message>
+    <message>
+        <source>%1 could not be written: %2</source>
+        <translation>无法写入 %1：%2</translation>
     </message>
 </context>
 <context>
@@ -203,6 +225,13 @@
     <message>
         <source>Pinorama &amp;Manual</source>
         <translation>Pinorama 手册(&amp;M)</translation>
+    </message>
+</context>
+<context>
+    <name>Notice</name>
+    <message>
+        <source>&amp;Dismiss</source>
+        <translation>关闭(&amp;D)</translation>
     </message>
 </context>
 </TS>

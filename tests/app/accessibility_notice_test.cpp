@@ -39,11 +39,11 @@ protected:
     }
     std::string words()
     {
-        const auto* label = part<QLabel>("accessibilityWords");
+        const auto* label = part<QLabel>("accessibilityNoticeWords");
         return label == nullptr ? std::string() : label->text().toStdString();
     }
     QPushButton* switchButton() { return part<QPushButton>("switchAccessibilityButton"); }
-    QPushButton* dismissButton() { return part<QPushButton>("dismissNoticeButton"); }
+    QPushButton* dismissButton() { return part<QPushButton>("accessibilityNoticeDismissButton"); }
 
     // There is no session bus here: nothing is found out, and nothing can be switched on.
     AccessibilityAdvice advice;
@@ -190,7 +190,7 @@ TEST_F(accessibilityNotice, showsAllItsWordsInEveryLanguage)
         Q_EMIT needed.needed(QStringLiteral("PCManFM-Qt"));
         translated.myWindow->resize(translated.myWindow->minimumSize());
         const auto* label =
-            translated.myWindow->findChild<QLabel*>(QStringLiteral("accessibilityWords"));
+            translated.myWindow->findChild<QLabel*>(QStringLiteral("accessibilityNoticeWords"));
         ASSERT_NE(label, nullptr);
         EXPECT_FALSE(label->text().startsWith(QLatin1String("The selection")));
         EXPECT_TRUE(test::waitUntil([&] {

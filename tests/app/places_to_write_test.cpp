@@ -1,5 +1,5 @@
-// The window where what it writes finds no room, no permission and no folder: nothing is said, and
-// nothing else is lost.
+// The window where what it writes finds no room, no permission and no folder: an export says so at
+// the foot of the window and nowhere else, and nothing else is lost.
 
 #include "globe/kml_document.h"
 #include "tests/app/controller_fixture.h"
@@ -8,6 +8,7 @@
 
 #include <QCheckBox>
 #include <QFileDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -65,6 +66,15 @@ protected:
         }
     }
 
+    // What the window says; empty when it says nothing.
+    std::string notice() const
+    {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        const auto* words =
+            controller.myWindow->findChild<QLabel*>(QStringLiteral("exportNoticeWords"));
+        return words == nullptr ? std::string() : words->text().toStdString();
+    }
+
     std::string document() const
     {
         const test::Text name = test::text("cape.jpg");
@@ -114,9 +124,11 @@ TEST_F(placesToWrite, aFullDiskTakesNoExportAndKeepsWhatItHolds)
     exportTo("first.kml");
     EXPECT_EQ(test::readFile(place_ + "/first.kml"), document());
     test::fillDisk(place_);
+    EXPECT_EQ(notice(), "");
     for (const char* name : {"second.kml", "third.kml"}) {
         exportTo(name);
-        EXPECT_EQ(test::readFile(place_ + "/" + name), "");
+        EXPECT_FALSE(fs::exists(place_ + "/" + name));
+        EXPECT_EQ(notice(), std::string(name) + " could not be written: the disk is full.");
     }
     EXPECT_EQ(test::readFile(place_ + "/first.kml"), document());
     EXPECT_EQ(test::readFile(place_ + "/other.kml"), "kept");
@@ -124,6 +136,7 @@ TEST_F(placesToWrite, aFullDiskTakesNoExportAndKeepsWhatItHolds)
     fs::remove(place_ + "/filler");
     exportTo("fourth.kml");
     EXPECT_EQ(test::readFile(place_ + "/fourth.kml"), document());
+    EXPECT_EQ(notice(), "") << "what was said is no longer so";
 }
 
 TEST_F(placesToWrite, aReadOnlyFolderTakesNoExport)
@@ -136,6 +149,7 @@ TEST_F(placesToWrite, aReadOnlyFolderTakesNoExport)
     }
     ASSERT_EQ(chmod(place_.c_str(), 0755), 0);
     EXPECT_TRUE(fs::is_empty(place_));
+    EXPECT_EQ(notice(), "out.kml could not be written: writing there is not allowed.");
     expectLocationActions(true);
 }
 
@@ -143,6 +157,7 @@ TEST_F(placesToWrite, aFolderThatVanishesUnderTheDialogTakesNoExport)
 {
     exportTo("out.kml", [this] { fs::remove_all(place_); });
     EXPECT_FALSE(fs::exists(place_));
+    EXPECT_EQ(notice(), "out.kml could not be written: there is no such folder.");
     expectLocationActions(true);
 }
 

@@ -7,6 +7,7 @@
 #include "app/accessibility_notice.h"
 #include "app/app_controller.h"
 #include "app/drawing.h"
+#include "app/export_notice.h"
 #include "app/main_window.h"
 #include "app/menu_bar.h"
 #include "app/translations.h"
@@ -23,6 +24,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <string>
 #include <vector>
@@ -97,6 +99,10 @@ void addNotices(Gallery& gallery, AppController& controller)
         gallery.add(state == 0 ? controller.myWindow : static_cast<QWidget*>(notice));
         delete notice;
     }
+    app::showExportResult(*controller.myWindow, QStringLiteral("/tmp/place.kml"), EACCES);
+    auto* failure = controller.myWindow->findChild<ExportNotice*>();
+    gallery.add(failure);
+    delete failure;
 }
 }  // namespace
 

@@ -1,0 +1,88 @@
+#include "app/export_dialog.h"
+
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QMessageBox>
+
+#include <utility>
+
+namespace {
+const QString kSuffix = QStringLiteral("kml");
+
+// "trip 2009.jpg" -> "trip 2009.jpg.kml"; "trip.KML" stays.
+QString withSuffix(const QString& name)
+{
+    const QString suffix = QLatin1Char('.') + kSuffix;
+    return name.endsWith(suffix, Qt::CaseInsensitive) ? name : name + suffix;
+}
+
+// Asks whether to replace a file, and calls `replace` when the answer is yes.
+void ask(const QString& file, QWidget* parent, const std::function<void()>& replace)
+{
+    // In the toolkit's words, which it has in every language; a constant, because they are none of
+    // the window's texts.
+    constexpr const char* kQuestion = "%1 already exists.\nDo you want to replace it?";
+    auto* question = new QMessageBox(QMessageBox::Warning, parent->windowTitle(),
+                                     QFileDialog::tr(kQuestion).arg(QFileInfo(file).fileName()),
+                                     QMessageBox::Yes | QMessageBox::No, parent);
+    question->setAttribute(Qt::WA_DeleteOnClose);
+    question->setDefaultButton(QMessageBox::No);
+    question->setTextFormat(Qt::PlainText);
+    QObject::connect(question, &QMessageBox::finished, question, [replace](int answer) {
+        if (answer == QMessageBox::Yes) replace();
+    });
+    question->open();
+}
+}  // namespace
+
+ExportDialog::ExportDialog(const QString& fileName, std::function<void(const QString& file)> save,
+                           QWidget* parent)
+    // The title and the button have the same texts in every language.
+    : QFileDialog(parent, QStringLiteral("Export to KML Format (for Google Earth...)")),
+      save_(std::move(save))
+{
+    setAttribute(Qt::WA_DeleteOnClose);
+    setAcceptMode(QFileDialog::AcceptSave);
+    setLabelText(QFileDialog::Accept, QStringLiteral("Export"));
+    setNameFilter(tr("KML files (*.kml)"));
+    setDefaultSuffix(kSuffix);
+    selectFile(fileName);
+    // A dialog of the desktop's own tells its end like this, and that only; it has asked about the
+    // name that it gives.
+    connect(this, &QFileDialog::fileSelected, this, [this](const QString& file) {
+        const QString whole = withSuffix(file);
+        if (whole == file || !QFileInfo::exists(whole)) {
+            save_(whole);
+        } else {
+            // This dialog closes now.
+            ask(whole, parentWidget(), [save = save_, whole] { save(whole); });
+        }
+    });
+}
+
+// The toolkit's dialog adds its suffix only to names without any, and asks about the name that it
+// has then. So both are done here, and what is no file is left to the toolkit.
+void ExportDialog::accept()
+{
+    const auto* field = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    const QStringList files = field != nullptr ? selectedFiles() : QStringList();
+    if (files.size() != 1 || QFileInfo(files.constFirst()).isDir()) {
+        QFileDialog::accept();
+        return;
+    }
+    const QString typed = directory().filePath(field->text());
+    if (QFileInfo(typed).isDir()) {
+        setDirectory(typed);
+        return;
+    }
+    const QString whole = withSuffix(files.constFirst());
+    const auto finish = [this, whole] {
+        save_(whole);
+        done(QDialog::Accepted);
+    };
+    if (QFileInfo::exists(whole)) {
+        ask(whole, this, finish);
+    } else {
+        finish();
+    }
+}
