@@ -6,11 +6,13 @@
 #include "globe/xml_escape.h"
 #include "lib/base/status.h"
 #include "lib/files/file_reference.h"
+#include "lib/ui/string_tables.h"
 #include "location/coordinate_text.h"
 #include "location/file_facts.h"
 #include "location/metadata_reader.h"
 #include "platform/files/descriptor.h"
 #include "platform/files/path_text.h"
+#include "platform/system/time_zone.h"
 #include "platform/text/utf8.h"
 
 #include <fcntl.h>
@@ -18,6 +20,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -107,11 +110,21 @@ std::string placemarkOf(const fileInfoRecord& record, TovStringRef path)
     return utf8Of(piece.get());
 }
 
+// The keys of the units of sizes and of the form of a coordinate.
+constexpr std::u16string_view kNeededTexts[] = {u"STR#1001:46", u"STR#1001:3", u"STR#1001:31",
+                                                u"STR#1001:123", u"11"};
+}  // namespace
+
 bool showsFields(Output output)
 {
     return output == Output::text || output == Output::json || output == Output::csv;
 }
-}  // namespace
+
+bool prepareTexts()
+{
+    (void)platform::utcOffsetAt(0);
+    return std::all_of(std::begin(kNeededTexts), std::end(kNeededTexts), iuHasText);
+}
 
 FileReporter::FileReporter(ReportWishes wishes, PropertyReading reading)
     : wishes_(std::move(wishes)), reading_(std::move(reading))

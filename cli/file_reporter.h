@@ -24,6 +24,14 @@ struct ReportWishes {
     bool placemarks = false;
 };
 
+// True for the outputs that have every field of a file.
+bool showsFields(Output output);
+
+// True when the texts that fields are written with are all there. What the system has to be asked
+// for besides, the time zone, is known from then on as well: while files are open there may be no
+// descriptor left for either.
+bool prepareTexts();
+
 class FileReporter {
 public:
     FileReporter(ReportWishes wishes, PropertyReading reading);

@@ -7,8 +7,10 @@
 #include "globe/web_services.h"
 #include "lib/ui/application_bundle.h"
 #include "platform/files/file_attributes.h"
+#include "platform/files/resource_folder.h"
 
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -71,6 +73,11 @@ int report(const Options& options)
             return kWrongUsage;
         }
     }
+    if (showsFields(options.output) && !prepareTexts()) {
+        complain("the program's texts are not in " +
+                 shownPath(platform::resourceFolder() + "/strings"));
+        return kSomeFileFailed;
+    }
     return reportOnFiles(options, std::move(serviceTemplate));
 }
 }  // namespace
@@ -78,6 +85,8 @@ int report(const Options& options)
 int main(int argc, char** argv)
 {
     holdStandardStreams();
+    // A file that may not grow any more is an error of writing, which is told.
+    (void)std::signal(SIGXFSZ, SIG_IGN);
     Options options;
     std::string error;
     if (!readOptions(argc, argv, &options, &error)) {

@@ -177,6 +177,11 @@ TovStringRef iuGetIndKVLCFString(std::int16_t index)
     });
 }
 
+bool iuHasText(std::u16string_view key)
+{
+    return find(gMainBundle, kDefaultTable, key).has_value();
+}
+
 TovStringRef iuCopyLocalizedString(TovStringRef key, TovStringRef defaultValue,
                                    const char* tableName)
 {

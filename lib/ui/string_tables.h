@@ -10,6 +10,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include "platform/objects/string.h"
 
@@ -39,6 +40,11 @@ void* initStringBundle(TovStringRef bundleIdentifier);
 // The text of the key "index" in the table Localizable of the main bundle, whichever bundle is
 // selected. Null only when memory runs out.
 [[nodiscard]] TovStringRef iuGetIndKVLCFString(std::int16_t index);
+
+// True when the table Localizable of the main bundle has a text for the key ("11",
+// "STR#1001:46") in one of the user's languages. Looks it up, so that the tables that are asked for
+// it are read.
+bool iuHasText(std::u16string_view key);
 
 // The text of a key in a named table of the main bundle.
 //

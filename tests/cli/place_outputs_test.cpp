@@ -25,10 +25,11 @@ protected:
     {
         arguments.insert(arguments.begin(), PINORAMA_INFO);
         return test::runProgram(
-            {.command = arguments, .variables = {{"PINORAMA_RESOURCES", folder_.path()}}});
+            {.command = arguments, .variables = {{"PINORAMA_RESOURCES", resources_}}});
     }
 
     test::TemporaryFolder folder_;
+    std::string resources_ = PINORAMA_SOURCE_FOLDER "/resources";
     std::string located_ = folder_.write(
         "a & b.jpg",
         test::pictureWithGps({.lat = 48.5, .latRef = "S", .lon = 11.25, .lonRef = "E"}));
@@ -39,6 +40,7 @@ class Services : public PlaceOutputs {
 protected:
     void SetUp() override
     {
+        resources_ = folder_.path();
         std::filesystem::create_directories(folder_.file("strings/en"));
         (void)folder_.write("strings/en/GPS.strings",
                             "\"a1\" = \"One\"; \"b1\" = \"https://x.example/?q=%f,%f&n=%@\";"
