@@ -71,6 +71,9 @@ endif()
 if(PINORAMA_SANITIZE)
     target_compile_options(pinorama_options INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    # Libstdc++ marks what lies between the end of a vector and its capacity, so that an item that has
+    # been erased is as forbidden as freed memory.
+    target_compile_definitions(pinorama_options INTERFACE _GLIBCXX_SANITIZE_VECTOR=1)
     target_link_options(pinorama_options INTERFACE -fsanitize=address,undefined)
 endif()
 

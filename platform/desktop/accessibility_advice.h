@@ -26,6 +26,8 @@ class AccessibilityAdvice : public QObject {
     Q_OBJECT
 
 public:
+    using OutlivesItsTasks = void;  // its inquiry is a member
+
     using KindOfProcess = std::function<const FileManagerKind*(pid_t)>;
 
     // `settling` is how long a program that has come to the session bus gets to come to the

@@ -3,6 +3,7 @@
 #include "platform/desktop/item_name.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 using namespace std::chrono_literals;
@@ -18,24 +19,23 @@ platform::AccessibilitySelection::AccessibilitySelection(FrameTracker& tracker) 
 std::vector<std::string> platform::AccessibilitySelection::selectedPaths()
 {
     if (!tracker_.isReady()) return {};
-    std::vector<std::string> paths;
     Inquiry inquiry(tracker_.bus(), kSelectionDeadline);
-    inquiry.begin(answer(inquiry, &paths));
-    if (inquiry.finishUntil(Clock::now() + kSelectionDeadline)) return paths;
+    auto paths = inquiry.valueUntil(answer(inquiry), Clock::now() + kSelectionDeadline);
+    if (paths) return std::move(*paths);
     for (const QString& service : inquiry.unanswered()) tracker_.pause(service);
     return {};
 }
 
-platform::Task<platform::Done> platform::AccessibilitySelection::answer(
-    Inquiry& inquiry, std::vector<std::string>* outPaths)
+platform::Task<std::vector<std::string>> platform::AccessibilitySelection::answer(Inquiry& inquiry)
 {
-    const std::shared_ptr<FrameReader> frame = co_await tracker_.askForFrame(inquiry);
-    if (frame) *outPaths = co_await pathsIn(inquiry, frame);
-    co_return {};
+    const SharedFrame frame = co_await tracker_.askForFrame(inquiry);
+    std::vector<std::string> paths;
+    if (frame) paths = co_await pathsIn(inquiry, frame);
+    co_return paths;
 }
 
 platform::Task<std::vector<std::string>> platform::AccessibilitySelection::pathsIn(
-    Inquiry& inquiry, std::shared_ptr<FrameReader> frame)
+    Inquiry& inquiry, SharedFrame frame)
 {
     tracker_.checkAlong(frame);
     if (!frame->isStale() && !tracker_.hasChecked(frame)) co_await frame->check(inquiry);

@@ -15,16 +15,18 @@ namespace platform {
 
 class AccessibilitySelection : public SelectionSource {
 public:
+    using OutlivesItsTasks = void;  // waits for each of them, or is held by who does
+
     // `tracker` must outlive this.
     explicit AccessibilitySelection(FrameTracker& tracker);
 
     std::vector<std::string> selectedPaths() override;
 
     // The same as a part of a longer inquiry, for a window that is known to be the one that counts.
-    Task<std::vector<std::string>> pathsIn(Inquiry& inquiry, std::shared_ptr<FrameReader> frame);
+    Task<std::vector<std::string>> pathsIn(Inquiry& inquiry, SharedFrame frame);
 
 private:
-    Task<Done> answer(Inquiry& inquiry, std::vector<std::string>* outPaths);
+    Task<std::vector<std::string>> answer(Inquiry& inquiry);
 
     FrameTracker& tracker_;
 };

@@ -9,7 +9,8 @@
 //         co_return numberIn(co_await inquiry.answer(question)).value_or(0);
 //     }
 //
-// Every question has a name: GCC 12 never destroys some of the temporary objects inside a co_await.
+// What may be used after a co_await is told in task.h. Every question has a name: GCC 12 never
+// destroys some of the temporary objects inside a co_await.
 
 #pragma once
 
@@ -21,12 +22,13 @@
 
 #include <chrono>
 #include <coroutine>
-#include <exception>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <utility>
 #include <vector>
+
+#include "platform/desktop/task.h"
 
 namespace platform {
 
@@ -52,73 +54,10 @@ std::vector<QDBusMessage> questionsAbout(const Things& things, Question question
     return all;
 }
 
-// What a function that asks returns: it starts when it is awaited, and the value is ready when it
-// has run to its end. Dropping a task that has not ended drops everything that it holds.
-template <typename Value>
-class [[nodiscard]] Task {
-public:
-    struct promise_type {
-        std::optional<Value> value;
-        std::coroutine_handle<> caller = std::noop_coroutine();
-
-        struct BackToCaller {
-            bool await_ready() noexcept { return false; }
-            std::coroutine_handle<> await_suspend(std::coroutine_handle<promise_type> self) noexcept
-            {
-                return self.promise().caller;
-            }
-            void await_resume() noexcept {}
-        };
-
-        Task get_return_object()
-        {
-            return Task(std::coroutine_handle<promise_type>::from_promise(*this));
-        }
-        std::suspend_always initial_suspend() noexcept { return {}; }
-        BackToCaller final_suspend() noexcept { return {}; }
-        void return_value(Value result) { value.emplace(std::move(result)); }
-        void unhandled_exception() { std::terminate(); }  // only memory can run out here
-    };
-
-    Task() = default;
-    Task(Task&& other) noexcept : handle_(std::exchange(other.handle_, {})) {}
-    Task& operator=(Task&& other) noexcept
-    {
-        std::swap(handle_, other.handle_);
-        return *this;
-    }
-    ~Task()
-    {
-        if (handle_) handle_.destroy();
-    }
-
-    void start() { handle_.resume(); }
-    bool isDone() const { return !handle_ || handle_.done(); }
-
-    bool await_ready() const { return false; }
-    std::coroutine_handle<> await_suspend(std::coroutine_handle<> caller)
-    {
-        handle_.promise().caller = caller;
-        return handle_;
-    }
-    Value await_resume()
-    {
-        // Whoever waits is woken up by the end, which has set it.
-        // NOLINTNEXTLINE(bugprone-unchecked-optional-access)
-        return std::move(*handle_.promise().value);
-    }
-
-private:
-    explicit Task(std::coroutine_handle<promise_type> handle) : handle_(handle) {}
-
-    std::coroutine_handle<promise_type> handle_;
-};
-
-// The value of a task that is run for what it does.
-struct Done {};
-
 class Inquiry {
 public:
+    using OutlivesItsTasks = void;  // holds its work and every task that this waits for
+
     // Asks over `bus`. A question without an answer after `limit` counts as failed.
     Inquiry(const QDBusConnection& bus, std::chrono::milliseconds limit);
     ~Inquiry();  // drops the work where it is; answers that still come are not looked at
@@ -131,6 +70,16 @@ public:
     // Sleeps until the answers are there and goes on with the work, until it has ended (true) or
     // the moment has come and an answer is missing (false).
     bool finishUntil(Clock::time_point moment);
+
+    // Does work for its value and sleeps until that is there, or nothing when the moment has come.
+    template <typename Value>
+    std::optional<Value> valueUntil(Task<Value> work, Clock::time_point moment)
+    {
+        const auto value = std::make_shared<std::optional<Value>>();
+        begin(keepValue(std::move(work), value));
+        if (!finishUntil(moment)) return std::nullopt;
+        return std::move(*value);
+    }
 
     // Lets the event loop go on with the work from here; `whenDone` is called at its end. The
     // inquiry may be destroyed in it.
@@ -159,7 +108,8 @@ public:
         using Answers::await_ready;
         using Answers::await_suspend;
 
-        // Borrowed until the next answer, so that no message is temporary here either.
+        // Borrowed until the next answer, so that no message is temporary here either: for the
+        // expression that awaits it, and not to be kept.
         const QDBusMessage& await_resume() { return inquiry_.takeAnswer(); }
     };
     Answers answers(const std::vector<QDBusMessage>& questions);
@@ -177,6 +127,13 @@ private:
         QString service;
         QDBusPendingCall call;
     };
+
+    template <typename Value>
+    static Task<Done> keepValue(Task<Value> work, std::shared_ptr<std::optional<Value>> outValue)
+    {
+        outValue->emplace(co_await work);
+        co_return {};
+    }
 
     bool allAnswered() const;
     void wait(std::coroutine_handle<> waiting);

@@ -17,6 +17,8 @@ namespace platform {
 
 class DolphinWindow {
 public:
+    using OutlivesItsTasks = void;  // it is a part of the reader that finds it
+
     // Finds the object on the session bus that stands for a window of the process. It stays unknown
     // when several fit.
     Task<Done> find(Inquiry& inquiry, Accessible frame, pid_t process);

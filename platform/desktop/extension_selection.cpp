@@ -49,26 +49,23 @@ std::vector<std::string> platform::ExtensionSelection::selectedPaths()
 {
     setListening(true);
     if (!tracker_.isReady()) return {};
-    std::vector<std::string> paths;
     Inquiry inquiry(tracker_.bus(), kSelectionDeadline);
-    inquiry.begin(answer(inquiry, &paths));
-    if (inquiry.finishUntil(Clock::now() + kSelectionDeadline)) return paths;
+    auto paths = inquiry.valueUntil(answer(inquiry), Clock::now() + kSelectionDeadline);
+    if (paths) return std::move(*paths);
     for (const QString& program : inquiry.unanswered()) tracker_.pause(program);
     return {};
 }
 
-platform::Task<platform::Done> platform::ExtensionSelection::answer(
-    Inquiry& inquiry, std::vector<std::string>* outPaths)
+platform::Task<std::vector<std::string>> platform::ExtensionSelection::answer(Inquiry& inquiry)
 {
-    const std::shared_ptr<FrameReader> frame = co_await tracker_.askForFrame(inquiry);
-    if (!frame) co_return {};
-    const auto paths = co_await pathsIn(inquiry, frame);
-    if (paths) *outPaths = *paths;
-    co_return {};
+    const SharedFrame frame = co_await tracker_.askForFrame(inquiry);
+    std::optional<std::vector<std::string>> paths;
+    if (frame) paths = co_await pathsIn(inquiry, frame);
+    co_return paths.value_or(std::vector<std::string>());
 }
 
 platform::Task<std::optional<std::vector<std::string>>> platform::ExtensionSelection::pathsIn(
-    Inquiry& inquiry, std::shared_ptr<FrameReader> frame)
+    Inquiry& inquiry, SharedFrame frame)
 {
     const pid_t process = frame->process();
     if (pushes_.lastOf(process) == nullptr) co_return std::nullopt;

@@ -22,6 +22,8 @@ class ExtensionSelection : public QObject, public SelectionSource {
     Q_OBJECT
 
 public:
+    using OutlivesItsTasks = void;  // waits for each of them, or is held by who does
+
     // `tracker` must outlive this.
     explicit ExtensionSelection(FrameTracker& tracker);
 
@@ -29,14 +31,13 @@ public:
 
     // The same as a part of a longer inquiry, for a window that is known to be the one that counts.
     // Nothing when no extension speaks for this window.
-    Task<std::optional<std::vector<std::string>>> pathsIn(Inquiry& inquiry,
-                                                          std::shared_ptr<FrameReader> frame);
+    Task<std::optional<std::vector<std::string>>> pathsIn(Inquiry& inquiry, SharedFrame frame);
 
     // Whether pushes are taken; when not, the extensions do not find this program on the bus.
     void setListening(bool isListening) { pushes_.setListening(isListening); }
 
 private:
-    Task<Done> answer(Inquiry& inquiry, std::vector<std::string>* outPaths);
+    Task<std::vector<std::string>> answer(Inquiry& inquiry);
 
     FrameTracker& tracker_;
     SelectionPushes pushes_;

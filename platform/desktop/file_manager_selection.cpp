@@ -12,22 +12,25 @@ constexpr auto kSleepAfter = 2s;
 }  // namespace
 
 struct platform::FileManagerSelection::Parts {
+    using OutlivesItsTasks = void;  // every one of them is waited for
+
     FrameTracker tracker;
     ExtensionSelection extension{tracker};
     AccessibilitySelection accessibility{tracker};
     QTimer sleep;
 
-    Task<Done> answer(Inquiry& inquiry, std::vector<std::string>* outPaths)
+    Task<std::vector<std::string>> answer(Inquiry& inquiry)
     {
-        const std::shared_ptr<FrameReader> frame = co_await tracker.askForFrame(inquiry);
-        if (!frame) co_return {};
+        std::vector<std::string> paths;
+        const SharedFrame frame = co_await tracker.askForFrame(inquiry);
+        if (!frame) co_return paths;
         auto pushed = co_await extension.pathsIn(inquiry, frame);
         if (pushed) {
-            *outPaths = std::move(*pushed);
+            paths = std::move(*pushed);
         } else {
-            *outPaths = co_await accessibility.pathsIn(inquiry, frame);
+            paths = co_await accessibility.pathsIn(inquiry, frame);
         }
-        co_return {};
+        co_return paths;
     }
 };
 
@@ -45,10 +48,9 @@ std::vector<std::string> platform::FileManagerSelection::selectedPaths()
     parts_->sleep.start(kSleepAfter);
     parts_->extension.setListening(true);
     if (!parts_->tracker.isReady()) return {};
-    std::vector<std::string> paths;
     Inquiry inquiry(parts_->tracker.bus(), kSelectionDeadline);
-    inquiry.begin(parts_->answer(inquiry, &paths));
-    if (inquiry.finishUntil(Clock::now() + kSelectionDeadline)) return paths;
+    auto paths = inquiry.valueUntil(parts_->answer(inquiry), Clock::now() + kSelectionDeadline);
+    if (paths) return std::move(*paths);
     for (const QString& service : inquiry.unanswered()) parts_->tracker.pause(service);
     return {};
 }

@@ -16,7 +16,11 @@ constexpr int kPartOfTheTime = 250;  // of it goes into reading without a sign o
 
 platform::FrameReader::FrameReader(Accessible frame, const FileManagerKind& kind, pid_t process,
                                    bool isDesktop)
-    : frame_(std::move(frame)), kind_(kind), process_(process), folder_(process, isDesktop)
+    : frame_(std::move(frame)),
+      kind_(kind),
+      process_(process),
+      layout_(std::make_shared<FrameLayout>()),
+      folder_(process, isDesktop)
 {
 }
 
@@ -24,7 +28,7 @@ void platform::FrameReader::forget()
 {
     isFound_ = false;
     isStale_ = true;
-    layout_ = {};
+    layout_ = std::make_shared<FrameLayout>();
     pane_ = 0;
     paths_.clear();
     item_ = {};
@@ -52,11 +56,10 @@ bool platform::FrameReader::isDue(Clock::time_point now) const
 
 platform::Task<platform::Done> platform::FrameReader::findAndRead(Inquiry& inquiry)
 {
-    FrameLayout layout;
-    co_await walkFrame(inquiry, frame_, &layout);
-    layout_ = std::move(layout);
+    FrameLayout found = co_await walkFrame(inquiry, frame_);
+    layout_ = std::make_shared<FrameLayout>(std::move(found));
     pane_ = 0;
-    isFound_ = !layout_.views.empty();
+    isFound_ = !layout_->views.empty();
     if (kind_.manager == FileManager::dolphin) co_await dolphin_.find(inquiry, frame_, process_);
     markStale();
     if (isFound_) co_await read(inquiry);
@@ -66,41 +69,52 @@ platform::Task<platform::Done> platform::FrameReader::findAndRead(Inquiry& inqui
 platform::Task<platform::Done> platform::FrameReader::read(Inquiry& inquiry)
 {
     const Clock::time_point start = Clock::now();
+    const SharedLayout layout = layout_;
+    if (layout->views.empty()) co_return {};
     const bool wasStale = std::exchange(isStale_, false);
     const QDBusMessage askName = nameQuestion(frame_);
     const auto title = textIn(co_await inquiry.answer(askName));
+    if (layout_ != layout) co_return {};
     if (!title) {
         forget();
         co_return {};
     }
     if (wasStale || *title != title_ || start - folder_.readAt() >= kClueAge) {
         title_ = *title;
-        if (!co_await folder_.read(inquiry, title_, layout_)) {
+        const bool isSame = co_await folder_.read(inquiry, *title, layout);
+        if (layout_ != layout) co_return {};
+        if (!isSame) {
             forget();
             co_return {};
         }
     }
-    if (wasStale && !co_await haveFoundSizes(inquiry, layout_.views)) {
-        forget();
-        co_return {};
+    if (wasStale) {
+        const bool isSame = co_await haveFoundSizes(inquiry, layout->views);
+        if (layout_ != layout) co_return {};
+        if (!isSame) {
+            forget();
+            co_return {};
+        }
     }
     if (isGtk4Object(frame_)) {
         if (wasStale) {
-            const auto inFront = co_await viewInFront(inquiry, frame_, layout_.views, pane_);
+            const auto inFront = co_await viewInFront(inquiry, frame_, layout->views, pane_);
+            if (layout_ != layout) co_return {};
             if (!inFront) {
                 forget();
                 co_return {};
             }
             pane_ = *inFront;
         }
-    } else if (layout_.views.size() > 1) {
-        pane_ = co_await paneInUse(inquiry, layout_.views, touched_, pane_);
+    } else if (layout->views.size() > 1) {
+        pane_ = co_await paneInUse(inquiry, layout->views, touched_, pane_);
     }
 
-    const View view = layout_.views[std::min(pane_, layout_.views.size() - 1)];
+    const View view = layout->views[std::min(pane_, layout->views.size() - 1)];
     const std::vector<Accessible> likely = {focused_, item_};
-    SelectedItemsReader reader(kind_.manager, layout_, folder_, dolphin_);
+    SelectedItemsReader reader(kind_.manager, layout, folder_, dolphin_);
     const SelectedItems selected = co_await reader.read(inquiry, view, likely);
+    if (layout_ != layout) co_return {};
     if (!selected.isKnown) {
         // The view is gone: the user went to another tab or changed the kind of view.
         forget();
@@ -131,14 +145,14 @@ void platform::FrameReader::takeOver(const SelectedItems& selected)
 
 platform::Task<platform::Done> platform::FrameReader::check(Inquiry& inquiry)
 {
-    askToCheck(inquiry);
+    const Witnesses asked = askToCheck(inquiry);
     const std::vector<QDBusMessage> nothingElse;
     const auto answers = co_await inquiry.answers(nothingElse);
-    takeCheck(answers);
+    takeCheck(asked, answers);
     co_return {};
 }
 
-void platform::FrameReader::askToCheck(Inquiry& inquiry) const
+platform::Witnesses platform::FrameReader::askToCheck(Inquiry& inquiry) const
 {
     for (const Witness& witness : witnesses_) {
         if (witness.isOnSessionBus) {
@@ -147,11 +161,13 @@ void platform::FrameReader::askToCheck(Inquiry& inquiry) const
             inquiry.askAlong(witness.question);
         }
     }
+    return witnesses_;
 }
 
-void platform::FrameReader::takeCheck(const std::vector<QDBusMessage>& answers)
+void platform::FrameReader::takeCheck(const Witnesses& asked,
+                                      const std::vector<QDBusMessage>& answers)
 {
-    for (std::size_t i = 0; i < witnesses_.size(); i++) {
-        if (!witnesses_[i].agrees(answers[i])) isStale_ = true;
+    for (std::size_t i = 0; i < asked.size(); i++) {
+        if (!asked[i].agrees(answers[i])) isStale_ = true;
     }
 }

@@ -25,6 +25,8 @@ namespace platform {
 
 class FrameReader {
 public:
+    using OutlivesItsTasks = void;  // who has it read holds it by a shared pointer
+
     FrameReader(Accessible frame, const FileManagerKind& kind, pid_t process, bool isDesktop);
 
     const Accessible& frame() const { return frame_; }
@@ -40,9 +42,10 @@ public:
     // Asks whether the last reading still holds, and marks it stale when not.
     Task<Done> check(Inquiry& inquiry);
 
-    // The same along with other questions: asks, and takes the first of their answers.
-    void askToCheck(Inquiry& inquiry) const;
-    void takeCheck(const std::vector<QDBusMessage>& answers);
+    // The same along with other questions: asks them and gives what they are about, and takes the
+    // first of the answers to what was asked. The window may have been read anew between the two.
+    Witnesses askToCheck(Inquiry& inquiry) const;
+    void takeCheck(const Witnesses& asked, const std::vector<QDBusMessage>& answers);
 
     // The program has said that something changed.
     void markStale() { isStale_ = true; }
@@ -74,7 +77,8 @@ public:
     // The paths that were read last, in the order of the view.
     const std::vector<std::string>& paths() const { return paths_; }
 
-    // Forgets everything, as after a change of the window's make-up.
+    // Forgets everything, as after a change of the window's make-up. A reading that waits for an
+    // answer ends then.
     void forget();
 
 private:
@@ -85,7 +89,7 @@ private:
     pid_t process_;
 
     bool isFound_ = false;
-    FrameLayout layout_;
+    SharedLayout layout_;   // never null, and another one after every change of the make-up
     std::size_t pane_ = 0;  // the view that has or had the focus
     QString title_;
     WindowFolder folder_;

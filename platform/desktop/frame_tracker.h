@@ -12,6 +12,7 @@
 
 #include "platform/desktop/accessibility_bus.h"
 #include "platform/desktop/dbus_inquiry.h"
+#include "platform/desktop/frame_list.h"
 #include "platform/desktop/frame_reader.h"
 
 namespace platform {
@@ -20,6 +21,8 @@ class FrameTracker : public QObject {
     Q_OBJECT
 
 public:
+    using OutlivesItsTasks = void;  // its inquiries are members; those of others end before it
+
     // Tells the kind of the process behind a program on the bus, or null for one that is no file
     // manager. Tests put their own in.
     using KindOfProcess = std::function<const FileManagerKind*(pid_t)>;
@@ -36,23 +39,23 @@ public:
 
     // Asks every window whether it is active, and gives the one that was active last and shows a
     // folder; null when there is none or when it is not known yet what is in the one in front.
-    Task<std::shared_ptr<FrameReader>> askForFrame(Inquiry& inquiry);
+    Task<SharedFrame> askForFrame(Inquiry& inquiry);
 
     // Has the next askForFrame() check along with its own questions whether what was last read of a
     // window still holds; that takes no time of its own.
-    void checkAlong(const std::shared_ptr<FrameReader>& frame) { checkedNext_ = frame; }
+    void checkAlong(const SharedFrame& frame) { checkedNext_ = frame; }
 
     // Whether the last askForFrame() has done so.
-    bool hasChecked(const std::shared_ptr<FrameReader>& frame) const { return checked_ == frame; }
+    bool hasChecked(const SharedFrame& frame) const { return checked_ == frame; }
 
     // The window of the last askForFrame(), without asking.
-    std::shared_ptr<FrameReader> lastFrame() const { return lastFrame_; }
+    SharedFrame lastFrame() const { return lastFrame_; }
 
     // Reads a window in the event loop, for as long as it takes.
-    void readInEventLoop(const std::shared_ptr<FrameReader>& frame);
+    void readInEventLoop(const SharedFrame& frame);
 
     // Drops such a reading where it is, so that somebody else can read the window.
-    void dropReading(const std::shared_ptr<FrameReader>& frame);
+    void dropReading(const SharedFrame& frame);
 
     // Leaves a program alone that did not answer in time, until it answers a question of no weight
     // that is put to it once in three seconds.
@@ -63,46 +66,29 @@ Q_SIGNALS:
     void selectionMayHaveChanged(pid_t process);
 
 private:
-    struct Frame {
-        std::shared_ptr<FrameReader> reader;
-        bool isActive = false;
-        quint64 activatedAt = 0;  // position in the order of activations, 0 for never
-        Clock::time_point walkedAt = {};
-    };
-    struct Program {
-        QString service;
-        pid_t process = 0;
-        const FileManagerKind* kind = nullptr;  // null: no file manager
-        bool isPaused = false;
-        std::vector<Frame> frames = {};
-    };
-
     Task<Done> lookAround(Inquiry& inquiry);
     Task<Done> lookAt(Inquiry& inquiry, QString service);
     void lookAroundSoon(int milliseconds);
     void startLookingAround();
-    void startWalking(Frame& frame);
+    void startWalking(const SharedFrame& frame);
     void forgetEverything();
     void ping(const QString& service);
     void onHeard(const QString& service, const QString& path, AccessibilityBus::Event event,
                  bool isOn);
     void fallAsleep();
-    bool isLatestActive() const;
-    Program* programOf(const QString& service);
 
     AccessibilityBus bus_;
     KindOfProcess kindOfProcess_;
-    std::vector<Program> programs_;
-    std::shared_ptr<FrameReader> lastFrame_;
-    std::shared_ptr<FrameReader> checkedNext_;
-    std::shared_ptr<FrameReader> checked_;
-    quint64 activations_ = 0;
+    FrameList list_;
+    SharedFrame lastFrame_;
+    SharedFrame checkedNext_;
+    SharedFrame checked_;
     Clock::time_point lookedAt_;
     QTimer sleep_;
     QTimer soon_;
     std::unique_ptr<Inquiry> look_;
     std::unique_ptr<Inquiry> walk_;  // of the one window that is found or read in the event loop
-    std::shared_ptr<FrameReader> readInLoop_;  // that window when it is read
+    SharedFrame readInLoop_;         // that window when it is read
 };
 
 }  // namespace platform

@@ -3,6 +3,9 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <iterator>
+#include <optional>
+#include <utility>
 
 namespace {
 using namespace platform;
@@ -72,32 +75,33 @@ bool mayBeView(Role role)
 
 class Walk {
 public:
-    Walk(Inquiry& inquiry, Accessible frame, FrameLayout* layout)
-        : inquiry_(inquiry), frame_(std::move(frame)), layout_(layout)
-    {
-    }
+    using OutlivesItsTasks = void;  // it is a part of the one task that they belong to
 
-    Task<Done> run()
+    Walk(Inquiry& inquiry, Accessible frame) : inquiry_(inquiry), frame_(std::move(frame)) {}
+
+    Task<FrameLayout> run()
     {
         std::vector<Node> level = {Node{.object = frame_, .role = Role::frame}};
         for (int depth = 1; depth <= kDeepest && !level.empty(); depth++) {
             std::vector<Node> next;
             for (std::size_t i = 0; i < level.size(); i += kMostAtOnce) {
                 const std::size_t end = std::min(i + kMostAtOnce, level.size());
-                co_await open(std::vector<Node>(level.begin() + static_cast<long>(i),
-                                                level.begin() + static_cast<long>(end)),
-                              &next);
+                const std::vector<Node> some(level.begin() + static_cast<long>(i),
+                                             level.begin() + static_cast<long>(end));
+                std::vector<Node> opened = co_await open(some);
+                std::move(opened.begin(), opened.end(), std::back_inserter(next));
             }
             level = std::move(next);
         }
-        layout_->views = chooseViews(std::move(candidates_));
-        co_return {};
+        layout_.views = chooseViews(std::move(candidates_));
+        co_return std::move(layout_);
     }
 
 private:
-    // The children of containers, each with its role and states; those worth opening go to `next`.
-    Task<Done> open(std::vector<Node> containers, std::vector<Node>* next)
+    // Those children of containers that are worth opening, each with its role and states.
+    Task<std::vector<Node>> open(std::vector<Node> containers)
     {
+        std::vector<Node> next;
         const auto questions = questionsAbout(
             containers, [](const Node& container) { return childrenQuestion(container.object); });
         const std::vector<QDBusMessage> answers = co_await inquiry_.answers(questions);
@@ -115,52 +119,55 @@ private:
                                  .isUnderStatusBar = containers[i].isUnderStatusBar});
                 nodes.back().above.push_back(containers[i].object);
             }
-            co_await describe(&nodes);
+            nodes = co_await described(nodes);
             takeRows(containers[i].object, children->size(), nodes);
-            for (Node& node : nodes) co_await take(node, next);
+            for (const Node& node : nodes) {
+                std::optional<Node> taken = co_await worthOpening(node);
+                if (taken) next.push_back(std::move(*taken));
+            }
         }
-        co_return {};
+        co_return next;
     }
 
-    Task<Done> describe(std::vector<Node>* nodes)
+    Task<std::vector<Node>> described(std::vector<Node> nodes)
     {
-        for (std::size_t first = 0; first < nodes->size(); first += kMostAtOnce / 2) {
-            const std::size_t end = std::min(first + kMostAtOnce / 2, nodes->size());
+        for (std::size_t first = 0; first < nodes.size(); first += kMostAtOnce / 2) {
+            const std::size_t end = std::min(first + kMostAtOnce / 2, nodes.size());
             std::vector<QDBusMessage> questions;
             for (std::size_t i = first; i < end; i++) {
-                questions.push_back(roleQuestion((*nodes)[i].object));
-                questions.push_back(statesQuestion((*nodes)[i].object));
+                questions.push_back(roleQuestion(nodes[i].object));
+                questions.push_back(statesQuestion(nodes[i].object));
             }
             const std::vector<QDBusMessage> answers = co_await inquiry_.answers(questions);
             for (std::size_t i = first; i < end; i++) {
-                Node& node = (*nodes)[i];
+                Node& node = nodes[i];
                 node.role = static_cast<Role>(numberIn(answers[2 * (i - first)]).value_or(0));
                 node.states = statesIn(answers[2 * (i - first) + 1]).value_or(0);
             }
         }
-        co_return {};
+        co_return nodes;
     }
 
-    Task<Done> take(Node node, std::vector<Node>* next)
+    // Keeps what tells something by itself, and gives back what holds others.
+    Task<std::optional<Node>> worthOpening(Node node)
     {
         // GTK 4 does not tell what is showing.
         const bool isSeen =
             has(node.states, isGtk4Object(node.object) ? State::visible : State::showing);
-        if (!isSeen || isClosed(node.role) || isButton(node.role)) co_return {};
+        if (!isSeen || isClosed(node.role) || isButton(node.role)) co_return std::nullopt;
         switch (node.role) {
-        case Role::text: layout_->locations.push_back(node.object); co_return {};
+        case Role::text: layout_.locations.push_back(node.object); co_return std::nullopt;
         case Role::label:
-            if (node.isUnderStatusBar) layout_->statusTexts.push_back(node.object);
-            co_return {};
+            if (node.isUnderStatusBar) layout_.statusTexts.push_back(node.object);
+            co_return std::nullopt;
         case Role::statusBar:
-            layout_->statusTexts.push_back(node.object);
+            layout_.statusTexts.push_back(node.object);
             node.isUnderStatusBar = true;
             break;
         default: break;
         }
-        if (mayBeView(node.role) && co_await isView(node)) co_return {};
-        next->push_back(node);
-        co_return {};
+        if (mayBeView(node.role) && co_await isView(node)) co_return std::nullopt;
+        co_return node;
     }
 
     Task<bool> isView(Node node)
@@ -208,18 +215,18 @@ private:
                 std::vector<PathButton> row;
                 for (std::size_t i = first; i < end; i++)
                     row.push_back({nodes[i].object, nodes[i].role});
-                layout_->rows.push_back(std::move(row));
+                layout_.rows.push_back(std::move(row));
                 isParentOfRow = true;
             }
             first = end;
         }
         if (isParentOfRow && childCount < kMostChildren)
-            layout_->rowParents.push_back({parent, static_cast<std::uint32_t>(childCount)});
+            layout_.rowParents.push_back({parent, static_cast<std::uint32_t>(childCount)});
     }
 
     Inquiry& inquiry_;
     Accessible frame_;
-    FrameLayout* layout_;
+    FrameLayout layout_;
     std::vector<View> candidates_;
     std::size_t objectCount_ = 0;
 };
@@ -257,10 +264,9 @@ std::vector<platform::View> platform::chooseViews(std::vector<View> candidates)
     return views;
 }
 
-platform::Task<platform::Done> platform::walkFrame(Inquiry& inquiry, Accessible frame,
-                                                   FrameLayout* outLayout)
+platform::Task<platform::FrameLayout> platform::walkFrame(Inquiry& inquiry, Accessible frame)
 {
-    Walk walk(inquiry, std::move(frame), outLayout);
-    co_await walk.run();
-    co_return {};
+    Walk walk(inquiry, std::move(frame));
+    FrameLayout layout = co_await walk.run();
+    co_return layout;
 }

@@ -6,6 +6,7 @@
 
 #include <QString>
 
+#include <memory>
 #include <vector>
 
 #include "platform/desktop/accessible.h"
@@ -51,10 +52,13 @@ struct FrameLayout {
     std::vector<Accessible> statusTexts;        // what the status bar says
 };
 
+// Made once, and changed by nobody, so that who waits for an answer can go on holding it.
+using SharedLayout = std::shared_ptr<const FrameLayout>;
+
 // Walks one window. Asks at most `kMostObjects` objects, at most 64 of them at a time, so that the
 // program stays usable meanwhile.
 constexpr std::size_t kMostObjects = 2000;
-Task<Done> walkFrame(Inquiry& inquiry, Accessible frame, FrameLayout* outLayout);
+Task<FrameLayout> walkFrame(Inquiry& inquiry, Accessible frame);
 
 // GTK 4 names its objects after the application, all other kits after the bus. It does not tell
 // what is showing, and keeps the views of all tabs.

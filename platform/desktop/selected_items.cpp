@@ -113,7 +113,7 @@ platform::Task<platform::SelectedItems> platform::SelectedItemsReader::readStatu
 {
     SelectedItems selected;
     selected.isKnown = true;
-    const auto questions = questionsAbout(layout_.statusTexts, nameQuestion);
+    const auto questions = questionsAbout(layout_->statusTexts, nameQuestion);
     const auto answers = co_await inquiry.answers(questions);
     for (std::size_t i = 0; i < answers.size(); i++) {
         const auto text = textIn(answers[i]);
@@ -121,7 +121,7 @@ platform::Task<platform::SelectedItems> platform::SelectedItemsReader::readStatu
             selected.isKnown = false;
             continue;
         }
-        selected.witnesses.push_back(nameWitness(layout_.statusTexts[i], *text));
+        selected.witnesses.push_back(nameWitness(layout_->statusTexts[i], *text));
         for (const QString& name : quotedNames(*text)) {
             if (!selected.path) selected.path = folder_.pathOf(name);
         }
@@ -133,7 +133,7 @@ platform::Task<platform::SelectedItems> platform::SelectedItemsReader::readState
     Inquiry& inquiry, View view, std::vector<Accessible> likely)
 {
     SelectedItems selected;
-    if (!layout_.statusTexts.empty()) {
+    if (!layout_->statusTexts.empty()) {
         selected = co_await readStatus(inquiry);
         co_return selected;
     }
@@ -220,7 +220,7 @@ platform::Task<platform::NamedItem> platform::SelectedItemsReader::named(Inquiry
     named.name = *name;
     named.tellsItsState = has(statesIn(answers[1]).value_or(0), State::selected);
     named.path = folder_.pathOf(*name);
-    if (!named.path) co_await lookForNameInside(inquiry, &named);
+    if (!named.path) named = co_await namedInside(inquiry, named);
     co_return named;
 }
 
@@ -242,12 +242,12 @@ void platform::SelectedItemsReader::vouchFor(const NamedItem& item, const View& 
 }
 
 // An item that is put together from parts has its name in one of them.
-platform::Task<platform::Done> platform::SelectedItemsReader::lookForNameInside(Inquiry& inquiry,
-                                                                                NamedItem* item)
+platform::Task<platform::NamedItem> platform::SelectedItemsReader::namedInside(Inquiry& inquiry,
+                                                                               NamedItem item)
 {
     constexpr int kDeepest = 6;
     constexpr std::size_t kMostParts = 16;  // on one level
-    std::vector<Accessible> level = {item->item};
+    std::vector<Accessible> level = {item.item};
     for (int depth = 0; depth < kDeepest && !level.empty(); depth++) {
         const auto childQuestions = questionsAbout(level, childrenQuestion);
         const auto childLists = co_await inquiry.answers(childQuestions);
@@ -264,11 +264,11 @@ platform::Task<platform::Done> platform::SelectedItemsReader::lookForNameInside(
             if (!name || name->isEmpty()) continue;
             auto path = folder_.pathOf(*name);
             if (!path) continue;
-            item->part = level[i];
-            item->name = *name;
-            item->path = std::move(path);
-            co_return {};
+            item.part = level[i];
+            item.name = *name;
+            item.path = std::move(path);
+            co_return item;
         }
     }
-    co_return {};
+    co_return item;
 }

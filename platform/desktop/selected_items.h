@@ -8,6 +8,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/desktop/accessible.h"
@@ -38,10 +39,15 @@ struct SelectedItems {
 
 class SelectedItemsReader {
 public:
-    // The window that is read; all must outlive this. `dolphin` counts in Dolphin only.
-    SelectedItemsReader(FileManager manager, const FrameLayout& layout, WindowFolder& folder,
-                        const DolphinWindow& dolphin)
-        : manager_(manager), layout_(layout), folder_(folder), dolphin_(dolphin)
+    using OutlivesItsTasks = void;  // it is a part of the task that reads the window
+
+    // The window that is read; `folder` must outlive this. `dolphin` counts in Dolphin only.
+    SelectedItemsReader(FileManager manager, SharedLayout layout, WindowFolder& folder,
+                        DolphinWindow dolphin)
+        : manager_(manager),
+          layout_(std::move(layout)),
+          folder_(folder),
+          dolphin_(std::move(dolphin))
     {
     }
 
@@ -57,12 +63,12 @@ private:
     Task<std::vector<Accessible>> scan(Inquiry& inquiry, View view);
     Task<NamedItem> named(Inquiry& inquiry, Accessible item);
     static void vouchFor(const NamedItem& item, const View& view, Witnesses* witnesses);
-    Task<Done> lookForNameInside(Inquiry& inquiry, NamedItem* item);
+    Task<NamedItem> namedInside(Inquiry& inquiry, NamedItem item);
 
     FileManager manager_;
-    const FrameLayout& layout_;
+    SharedLayout layout_;
     WindowFolder& folder_;
-    const DolphinWindow& dolphin_;
+    DolphinWindow dolphin_;
 };
 
 }  // namespace platform

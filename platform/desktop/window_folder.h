@@ -20,12 +20,14 @@ namespace platform {
 
 class WindowFolder {
 public:
+    using OutlivesItsTasks = void;  // it is a part of the reader that asks it
+
     // A desktop, whose icons lie in the user's desktop folder, is not asked.
     WindowFolder(pid_t process, bool isDesktop) : process_(process), isDesktop_(isDesktop) {}
 
     // Asks the window with the title `title`. False when the window no longer has the make-up of
     // `layout`; what was known of the folder is kept then.
-    Task<bool> read(Inquiry& inquiry, QString title, const FrameLayout& layout);
+    Task<bool> read(Inquiry& inquiry, QString title, SharedLayout layout);
 
     // When the window was asked last.
     Clock::time_point readAt() const { return readAt_; }
@@ -38,7 +40,8 @@ public:
     std::optional<std::string> pathOf(const QString& name);
 
 private:
-    Task<bool> readRows(Inquiry& inquiry, const FrameLayout& layout, FolderClues* clues);
+    using Rows = std::vector<std::vector<RowButton>>;
+    Task<std::optional<Rows>> readRows(Inquiry& inquiry, SharedLayout layout);
 
     pid_t process_;
     bool isDesktop_;

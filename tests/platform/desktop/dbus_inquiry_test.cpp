@@ -24,6 +24,9 @@ using test::StandInFileManager;
 constexpr auto kLimit = 10s;  // no test comes near it
 
 class InquiryFinishUntil : public testing::Test {
+public:
+    using OutlivesItsTasks = void;
+
 protected:
     void SetUp() override
     {

@@ -56,6 +56,17 @@ int numberOf(const QString& path)
     return path.mid(QString::fromLatin1(kPrefix).size()).toInt();
 }
 
+QString whatIsAsked(const QDBusMessage& question)
+{
+    return question.member() == QLatin1String("Get") ? question.arguments().value(1).toString()
+                                                     : question.member();
+}
+
+std::string nameOf(const QDBusMessage& question)
+{
+    return std::to_string(numberOf(question.path())) + " " + whatIsAsked(question).toStdString();
+}
+
 QDBusConnection connectionOfItsOwn(const char* purpose)
 {
     static int count = 0;
@@ -84,7 +95,9 @@ private:
 
 test::StandInFileManager::StandInFileManager(Kind kind, const std::string& folder,
                                              const std::vector<QString>& names)
-    : bus_(connectionOfItsOwn("program")), registry_(connectionOfItsOwn("registry"))
+    : bus_(connectionOfItsOwn("program")),
+      registry_(connectionOfItsOwn("registry")),
+      service_(bus_.baseService())
 {
     qDBusRegisterMetaType<Reference>();
     qDBusRegisterMetaType<QList<Reference>>();
@@ -120,7 +133,10 @@ test::StandInFileManager::StandInFileManager(Kind kind, const std::string& folde
         if (question.member() == QLatin1String("GetAddress")) {
             answer << QString::fromLocal8Bit(qgetenv("DBUS_SESSION_BUS_ADDRESS"));
         } else if (question.member() == QLatin1String("GetChildren")) {
-            const QList<Reference> programs = {{service(), QDBusObjectPath(kRoot)}};
+            const std::lock_guard lock(mutex_);
+            QList<Reference> programs;
+            if (isThere_) programs.append({service(), QDBusObjectPath(kRoot)});
+            for (const QString& other : others_) programs.append({other, QDBusObjectPath(kRoot)});
             answer << QVariant::fromValue(programs);
         }
         (void)registry_.send(answer);
@@ -140,13 +156,13 @@ test::StandInFileManager::~StandInFileManager()
     registry_.unregisterService("org.a11y.Bus");
     thread_.quit();
     thread_.wait();
-    QDBusConnection::disconnectFromBus(bus_.name());
+    if (isThere_) QDBusConnection::disconnectFromBus(bus_.name());
     QDBusConnection::disconnectFromBus(registry_.name());
 }
 
 QString test::StandInFileManager::service() const
 {
-    return bus_.baseService();
+    return service_;
 }
 
 void test::StandInFileManager::add(int number, StandInObject object)
@@ -198,6 +214,46 @@ void test::StandInFileManager::setAnswering(bool isAnswering)
     for (const QDBusMessage& question : questions) take(question);
 }
 
+void test::StandInFileManager::pauseWhenAsked(const std::string& question)
+{
+    const std::lock_guard lock(mutex_);
+    pausesAt_ = question;
+}
+
+bool test::StandInFileManager::hasPaused()
+{
+    const std::lock_guard lock(mutex_);
+    return !isAnswering_;
+}
+
+void test::StandInFileManager::leave()
+{
+    const std::lock_guard lock(mutex_);
+    disconnect();
+}
+
+void test::StandInFileManager::leaveWhenAsked(const std::string& question)
+{
+    const std::lock_guard lock(mutex_);
+    leavesAt_ = question;
+}
+
+// The bus lets go of a connection when nobody holds it any more, and of what it has not sent yet.
+void test::StandInFileManager::disconnect()
+{
+    isThere_ = false;
+    waitUntilTold();
+    const QString name = bus_.name();
+    bus_ = QDBusConnection(QString());
+    QDBusConnection::disconnectFromBus(name);
+}
+
+void test::StandInFileManager::list(const StandInFileManager& other)
+{
+    const std::lock_guard lock(mutex_);
+    others_.push_back(other.service());
+}
+
 std::vector<std::string> test::StandInFileManager::takeQuestions()
 {
     const std::lock_guard lock(mutex_);
@@ -207,10 +263,16 @@ std::vector<std::string> test::StandInFileManager::takeQuestions()
 void test::StandInFileManager::take(const QDBusMessage& question)
 {
     const std::lock_guard lock(mutex_);
+    if (!isThere_) return;
+    if (nameOf(question) == pausesAt_) {
+        isAnswering_ = false;
+        pausesAt_.clear();
+    }
     if (!isAnswering_) {
         unanswered_.push_back(question);
         return;
     }
+    if (nameOf(question) == leavesAt_) return disconnect();
     (void)bus_.send(answerTo(question));
 }
 
@@ -218,8 +280,8 @@ QDBusMessage test::StandInFileManager::answerTo(const QDBusMessage& question)
 {
     const int number = numberOf(question.path());
     const bool isProperty = question.member() == QLatin1String("Get");
-    const QString what = isProperty ? question.arguments().value(1).toString() : question.member();
-    questions_.push_back(std::to_string(number) + " " + what.toStdString());
+    const QString what = whatIsAsked(question);
+    questions_.push_back(nameOf(question));
 
     const auto found = objects_.find(number);
     if (found == objects_.end())

@@ -70,6 +70,19 @@ public:
     // switched on again.
     void setAnswering(bool isAnswering);
 
+    // The same as setAnswering(false) from the moment on in which it is asked `question` (as
+    // takeQuestions() calls it); whether that was so.
+    void pauseWhenAsked(const std::string& question);
+    bool hasPaused();
+
+    // Leaves the bus, now or when it is asked `question`, which it does not answer. Those that came
+    // before have their answers.
+    void leave();
+    void leaveWhenAsked(const std::string& question);
+
+    // Has another one listed as well by the accessibility bus, which the first one stands for.
+    void list(const StandInFileManager& other);
+
     // The questions since the last call, each as "number of the object, blank, what was asked".
     std::vector<std::string> takeQuestions();
 
@@ -79,15 +92,21 @@ private:
     void add(int number, StandInObject object);
     QDBusMessage answerTo(const QDBusMessage& question);
     void take(const QDBusMessage& question);
+    void disconnect();
 
     std::mutex mutex_;  // of everything below
     std::map<int, StandInObject> objects_;
     std::vector<std::string> questions_;
     std::vector<QDBusMessage> unanswered_;
     bool isAnswering_ = true;
+    std::string pausesAt_;  // a question; empty for none
+    std::string leavesAt_;
+    bool isThere_ = true;
+    std::vector<QString> others_;  // programs that are listed as well
 
     QDBusConnection bus_;
     QDBusConnection registry_;
+    const QString service_;
     std::unique_ptr<Answerer> answerer_;
     std::unique_ptr<Answerer> registrar_;
     QThread thread_;
