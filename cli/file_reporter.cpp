@@ -247,7 +247,8 @@ void FileReporter::tellPlace(const OpenFile& file, const platform::PropertyResul
     std::int32_t result = kErrNothingUsable;
     if (!file.attributes) {
         result = statusOfMissing(file.path.get());
-    } else if (file.descriptor && answer.outcome == Outcome::failed) {
+    } else if (file.descriptor &&
+               (answer.outcome == Outcome::failed || answer.outcome == Outcome::stuck)) {
         report->error = "reading the picture failed or took too long";
     } else if (file.descriptor && answer.outcome == Outcome::noReader) {
         report->error = "pictures cannot be read safely on this system";

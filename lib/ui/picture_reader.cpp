@@ -1,12 +1,11 @@
 #include "lib/ui/picture_reader.h"
 
+#include "lib/ui/late_properties.h"
 #include "platform/pictures/picture_source.h"
 
 #include <QCoreApplication>
 #include <QPointer>
 #include <QSocketNotifier>
-
-#include <utility>
 
 platform::ReaderClient& cuPictureReader()
 {
@@ -19,10 +18,7 @@ void cuReadPicturesElsewhere()
 {
     cuPictureReader().start();
     platform::installPropertySource([](int descriptor, std::uint64_t /*size*/) {
-        platform::PropertyResult result = cuPictureReader().readProperties(descriptor);
-        return result.outcome == platform::ReadOutcome::found
-                   ? std::optional(std::move(result.properties))
-                   : std::nullopt;
+        return LateProperties::instance()->read(descriptor);
     });
 }
 
@@ -62,8 +58,9 @@ void ReaderEvents::rearm()
         notifier_ = std::make_unique<QSocketNotifier>(socket, QSocketNotifier::Read);
         connect(notifier_.get(), &QSocketNotifier::activated, this, &ReaderEvents::advance);
     }
-    // A preview that came while somebody waited for something else is told of from the event loop.
-    const int left = reader.hasPreview() ? 0 : reader.millisecondsLeft();
+    // What came while somebody waited for something else is told of from the event loop.
+    const bool hasResult = reader.hasPreview() || reader.hasProperties();
+    const int left = hasResult ? 0 : reader.millisecondsLeft();
     if (left < 0) {
         timer_.stop();
     } else {

@@ -16,7 +16,8 @@ class QSocketNotifier;
 platform::ReaderClient& cuPictureReader();
 
 // Starts the reader, without waiting for it, and has the properties of pictures read by it from now
-// on. Called once while a program with a window starts.
+// on. What a slow disk keeps longer than half a second counts as no picture at first and comes
+// later, through LateProperties. Called once while a program with a window starts.
 void cuReadPicturesElsewhere();
 
 // Lets the reader's answers in while the event loop runs.
@@ -29,7 +30,7 @@ public:
     ~ReaderEvents() override;
 
 Q_SIGNALS:
-    // The reader may have got further: a preview has come, or is possible again.
+    // The reader may have got further: a preview or properties have come, or are possible again.
     void advanced();
 
 private:

@@ -7,6 +7,12 @@
 
 #include <QGuiApplication>
 
+#include <chrono>
+
+namespace {
+constexpr std::chrono::seconds kLongestWait(3);  // for one file
+}  // namespace
+
 QPixmap imageWithPreviewOfFileAtPath(TovStringRef path, QSizeF ofSize, std::uint8_t asIcon)
 {
     if (path == nullptr || qGuiApp == nullptr) return {};
@@ -19,7 +25,7 @@ QPixmap imageWithPreviewOfFileAtPath(TovStringRef path, QSizeF ofSize, std::uint
     PreviewPlan plan(bytes, box);
     while (plan.next()) {
         (void)reader.startPreview(plan.file().descriptor(), plan.kind(), plan.box());
-        const platform::PreviewResult result = reader.waitForPreview();
+        const platform::PreviewResult result = reader.waitForPreview(kLongestWait);
         if (result.outcome == platform::ReadOutcome::noReader) break;
         if (result.outcome != platform::ReadOutcome::found) continue;
         if (const std::optional<QImage> image = plan.imageOf(result.answer)) {

@@ -49,11 +49,7 @@ PreviewLoader::~PreviewLoader()
 
 void PreviewLoader::request(TovStringRef path, QSizeF size, qreal ratio)
 {
-    timer_.stop();
-    platform::ReaderClient& reader = cuPictureReader();
-    if (request_ && request_->ticket != 0 && reader.previewTicket() == request_->ticket) {
-        reader.giveUpPreview();
-    }
+    stopReading();
     request_.reset();
     if (path == nullptr) return;
     const std::string bytes = platform::pathBytes(path);
@@ -61,6 +57,22 @@ void PreviewLoader::request(TovStringRef path, QSizeF size, qreal ratio)
         Request{bytes, size, ratio, PreviewPlan(bytes, cuPixelsOfPoints(size, ratio))});
     // The properties of the same picture are asked for first; the preview would be in their way.
     timer_.start(0);
+}
+
+void PreviewLoader::settleForIcon()
+{
+    if (!request_) return;
+    stopReading();
+    finish(std::nullopt);
+}
+
+void PreviewLoader::stopReading()
+{
+    timer_.stop();
+    platform::ReaderClient& reader = cuPictureReader();
+    if (request_ && request_->ticket != 0 && reader.previewTicket() == request_->ticket) {
+        reader.giveUpPreview();
+    }
 }
 
 void PreviewLoader::startStep()
@@ -95,9 +107,15 @@ void PreviewLoader::takeAnswer()
     }
     if (request_->plan.next()) {
         startStep();
-    } else {
-        finish(std::nullopt);
+        return;
     }
+    // The receiver may make the next request.
+    const std::unique_ptr<Request> request = std::move(request_);
+    if (result->outcome == platform::ReadOutcome::stuck) {
+        Q_EMIT readerStuck(QByteArray::fromStdString(request->path));
+        if (request_) return;
+    }
+    show(*request, std::nullopt);
 }
 
 // Packing a thumbnail takes longer than showing the preview, so that it is shown first.
@@ -119,7 +137,12 @@ void PreviewLoader::store()
 void PreviewLoader::finish(const std::optional<QPixmap>& preview)
 {
     const std::unique_ptr<Request> request = std::move(request_);
+    show(*request, preview);
+}
+
+void PreviewLoader::show(const Request& request, const std::optional<QPixmap>& preview)
+{
     Q_EMIT previewReady(
-        QByteArray::fromStdString(request->path),
-        preview ? *preview : cuIconOfItem(request->path, request->size, request->ratio));
+        QByteArray::fromStdString(request.path),
+        preview ? *preview : cuIconOfItem(request.path, request.size, request.ratio));
 }

@@ -1,4 +1,5 @@
-// Previews that arrive through the event loop, so that nobody waits for a large picture.
+// Previews that arrive through the event loop, so that nobody waits for a large picture or a slow
+// disk.
 
 #pragma once
 
@@ -32,6 +33,13 @@ public:
     //   ratio  device pixels per point.
     void request(TovStringRef path, QSizeF size, qreal ratio);
 
+    // Gives up the request that is under way: previewReady brings the icon. Does nothing without
+    // one.
+    void settleForIcon();
+
+    // Whether something that was asked for has neither come nor been given up.
+    bool isLoading() const { return request_ != nullptr; }
+
 Q_SIGNALS:
     // The picture for the last request: a preview, else the icon of the file's kind; null when
     // memory runs out for a preview. `path` is in raw bytes.
@@ -41,15 +49,21 @@ Q_SIGNALS:
     // missing or cannot start.
     void readerMissing(const QByteArray& path);
 
+    // Before previewReady, which brings the icon then: the reader got nowhere with the file and was
+    // killed.
+    void readerStuck(const QByteArray& path);
+
 private:
     struct Request;
     struct Unstored;
 
     void startStep();
+    void stopReading();
     void takeAnswer();
     void keepForStoring(platform::PreviewAnswer& answer);
     void store();
     void finish(const std::optional<QPixmap>& preview);
+    void show(const Request& request, const std::optional<QPixmap>& preview);
 
     std::unique_ptr<Request> request_;  // null while nothing is asked for
     QTimer timer_;

@@ -6,6 +6,7 @@ target_link_libraries(pinorama_ui PUBLIC pinorama_foundation Qt6::Widgets)
 target_sources(pinorama_ui PRIVATE
     file_icon.cpp
     image_conversion.cpp
+    late_properties.cpp
     picture_reader.cpp
     png_writer.cpp
     preview.cpp

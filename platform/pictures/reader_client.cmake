@@ -6,10 +6,12 @@ target_compile_definitions(pinorama_reader_client PRIVATE
 target_sources(pinorama_reader_client PRIVATE
     reader_client.cpp
     reader_client_messages.cpp
+    reader_client_requests.cpp
     reader_process.cpp
     reader_protocol.cpp
     reader_service.cpp
     reader_socket.cpp
+    reader_watch.cpp
     stream_byte_source.cpp)
 
 # pinorama::sandboxed_properties: the same without a program of its own, for pinorama-info.

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include <poll.h>
-
 namespace {
 using namespace platform;
 using namespace std::chrono_literals;
@@ -14,7 +12,8 @@ constexpr int kMostFailedStarts = 2;    // then there is no reader
 constexpr int kDeathsBeforeAPause = 5;  // without a good answer in between
 constexpr auto kFirstPause = 100ms;     // doubled with every further death
 constexpr auto kLongestPause = 400ms;
-constexpr auto kWhenFull = 10ms;  // before another try to send
+constexpr auto kWhenFull = 10ms;      // before another try to send
+constexpr auto kWhenCrowded = 100ms;  // before another try to start
 }  // namespace
 
 platform::ReaderClient::ReaderClient(ReaderLauncher launcher, ReaderLimits limits)
@@ -33,6 +32,7 @@ void platform::ReaderClient::start()
 
 void platform::ReaderClient::stop()
 {
+    giveUpProperties();
     giveUpPreview();
     jobs_.clear();
     input_.clear();
@@ -40,78 +40,22 @@ void platform::ReaderClient::stop()
     isReady_ = false;
     deathsInRow_ = failedStarts_ = 0;
     notBefore_ = missingUntil_ = {};
+    crowdedSince_ = Clock::time_point::max();
     changed();
-}
-
-std::vector<platform::PropertyResult> platform::ReaderClient::readProperties(
-    std::span<const int> descriptors)
-{
-    std::vector<PropertyResult> results(descriptors.size());
-    for (std::size_t i = 0; i < descriptors.size(); i++) {
-        addJob(ReaderTask::properties, descriptors[i], {}, &results[i]);
-    }
-    waitWhile([this] { return isWaitedFor(ReaderTask::properties); });
-    return results;
-}
-
-platform::PropertyResult platform::ReaderClient::readProperties(int descriptor)
-{
-    return std::move(readProperties(std::span(&descriptor, 1)).front());
-}
-
-std::uint32_t platform::ReaderClient::startPreview(int descriptor, PreviewKind kind, PixelSize box)
-{
-    giveUpPreview();
-    const std::uint32_t ticket = nextTicket_++;
-    if (nextTicket_ == 0) nextTicket_ = 1;
-    previewTicket_ = ticket;
-    addJob(kind == PreviewKind::cachedThumbnail ? ReaderTask::cachedThumbnail
-                                                : ReaderTask::picturePreview,
-           descriptor, box, nullptr);
-    step();
-    changed();
-    return ticket;
-}
-
-void platform::ReaderClient::giveUpPreview()
-{
-    preview_.reset();
-    previewTicket_ = 0;
-    std::erase_if(jobs_,
-                  [](const Job& job) { return job.task != ReaderTask::properties && !job.isSent; });
-    for (Job& job : jobs_) {
-        if (job.task != ReaderTask::properties) job.isGivenUp = true;
-    }
-}
-
-std::optional<platform::PreviewResult> platform::ReaderClient::takePreview()
-{
-    if (preview_) previewTicket_ = 0;
-    return std::exchange(preview_, std::nullopt);
-}
-
-platform::PreviewResult platform::ReaderClient::waitForPreview()
-{
-    waitWhile([this] {
-        return !preview_ && (isWaitedFor(ReaderTask::picturePreview) ||
-                             isWaitedFor(ReaderTask::cachedThumbnail));
-    });
-    return takePreview().value_or(PreviewResult{});
-}
-
-bool platform::ReaderClient::isWaitedFor(ReaderTask task) const
-{
-    return std::any_of(jobs_.begin(), jobs_.end(),
-                       [task](const Job& job) { return job.task == task && !job.isGivenUp; });
 }
 
 int platform::ReaderClient::millisecondsLeft() const
 {
     if (jobs_.empty() && (!process_ || isReady_)) return -1;
-    const Clock::time_point when = !process_   ? notBefore_
-                                   : !isReady_ ? startDeadline_
-                                               : deadlineOfFront();
-    const auto left = std::chrono::ceil<std::chrono::milliseconds>(when - Clock::now());
+    const Clock::time_point now = Clock::now();
+    Clock::time_point when = notBefore_;
+    if (process_ && isReady_ && !jobs_.front().isSent) {
+        when = now + kWhenFull;
+    } else if (process_) {
+        when = watch_.nextLook(now);
+        if (const auto givesWay = whenFrontGivesWay()) when = std::min(when, *givesWay);
+    }
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(when - now);
     return static_cast<int>(std::max(left, 0ms).count());
 }
 
@@ -137,67 +81,59 @@ void platform::ReaderClient::step()
     sendJobs();
 }
 
-void platform::ReaderClient::waitWhile(const std::function<bool()>& isOpen)
-{
-    step();
-    while (isOpen()) {
-        pollfd state = {socket(), POLLIN, 0};
-        (void)poll(&state, socket() >= 0 ? 1 : 0, millisecondsLeft());
-        step();
-    }
-    changed();
-}
-
-void platform::ReaderClient::addJob(ReaderTask task, int descriptor, PixelSize box,
-                                    PropertyResult* result)
-{
-    jobs_.push_back({.task = task,
-                     .number = nextNumber_++,
-                     .descriptor = descriptor,
-                     .box = box,
-                     .propertyResult = result});
-}
-
-std::chrono::milliseconds platform::ReaderClient::limitOf(const Job& job) const
+const platform::ReaderPatience& platform::ReaderClient::patienceOf(const Job& job) const
 {
     return job.task == ReaderTask::properties ? limits_.properties : limits_.preview;
 }
 
-// When the answer to the oldest job has to be there. A preview gives way to what is sent after it.
-platform::ReaderClient::Clock::time_point platform::ReaderClient::deadlineOfFront() const
+// When others have waited long enough for the oldest job; never when it is not in their way.
+std::optional<platform::ReaderClient::Clock::time_point> platform::ReaderClient::whenFrontGivesWay()
+    const
 {
+    if (!isReady_ || jobs_.size() < 2 || !jobs_.front().isSent) return std::nullopt;
     const Job& front = jobs_.front();
-    if (!front.isSent) return Clock::now() + kWhenFull;
-    const bool givesWay =
-        front.task != ReaderTask::properties && jobs_.size() > 1 && jobs_[1].isSent;
-    return givesWay ? std::min(front.deadline, jobs_[1].sent + limits_.giveWay) : front.deadline;
+    const Job& next = jobs_[1];
+    const bool isPreview = front.task != ReaderTask::properties;
+    // The reader stops making a preview by itself when another request comes. Properties that have
+    // taken so long already are held up by a disk.
+    if (isPreview && next.isSent) return next.sent + limits_.giveWay;
+    if (!isPreview && front.isGivenUp) return front.sent + limits_.giveWay;
+    return std::nullopt;
 }
 
 void platform::ReaderClient::startProcess()
 {
     const Clock::time_point now = Clock::now();
     if (now < missingUntil_) {
-        declareMissing();
+        dropAll(ReadOutcome::noReader);
         return;
     }
-    if (now < notBefore_) return;
+    if (now < notBefore_ || !hasRoomForProcess(now)) return;
     process_ = launcher_();
     isReady_ = false;
-    startDeadline_ = now + limits_.start;
+    watch_.begin(limits_.start, now);
     if (!process_) {
         missingUntil_ = now + limits_.whenMissing;
-        declareMissing();
+        dropAll(ReadOutcome::noReader);
     }
 }
 
-void platform::ReaderClient::declareMissing()
+// Whoever looks through a disk that does not answer would leave a process there for each picture.
+bool platform::ReaderClient::hasRoomForProcess(Clock::time_point now)
 {
-    while (!jobs_.empty()) dropFront(ReadOutcome::noReader);
+    if (lingeringReaders() < limits_.mostLingering) {
+        crowdedSince_ = Clock::time_point::max();
+        return true;
+    }
+    crowdedSince_ = std::min(crowdedSince_, now);
+    notBefore_ = now + kWhenCrowded;
+    if (now - crowdedSince_ >= limits_.start.whole) dropAll(ReadOutcome::stuck);
+    return false;
 }
 
-// The reader is gone, or has to go. Whatever it was working on is to blame, unless `mayTryAgain`:
-// it may have died just before the request came.
-void platform::ReaderClient::loseReader(bool mayTryAgain)
+// The reader is gone, or has to go. Whatever it was working on is to blame, unless it may have died
+// just before the request came, or was only in the way.
+void platform::ReaderClient::loseReader(Loss loss)
 {
     process_.end();
     input_.clear();
@@ -205,29 +141,32 @@ void platform::ReaderClient::loseReader(bool mayTryAgain)
     const Clock::time_point now = Clock::now();
     if (!isReady_) {
         forgetWhatWasSent();
-        if (!mayTryAgain || ++failedStarts_ >= kMostFailedStarts) {
+        if (loss == Loss::stuck || ++failedStarts_ >= kMostFailedStarts) {
             failedStarts_ = 0;
             missingUntil_ = now + limits_.whenMissing;
-            declareMissing();
+            dropAll(ReadOutcome::noReader);
         }
         if (!jobs_.empty()) startProcess();
         return;
     }
     isReady_ = false;
-    deathsInRow_++;
-    if (deathsInRow_ >= kDeathsBeforeAPause) {
+    const bool wasWorking = !jobs_.empty() && jobs_.front().isSent;
+    if (loss != Loss::inTheWay && ++deathsInRow_ >= kDeathsBeforeAPause) {
         const int doublings = std::min(deathsInRow_ - kDeathsBeforeAPause, 5);
         notBefore_ = now + std::min<std::chrono::milliseconds>(kFirstPause * (1 << doublings),
                                                                kLongestPause);
     }
-    const bool wasWorking = !jobs_.empty() && jobs_.front().isSent;
     if (wasWorking && jobs_.front().hasCompany) {
         // The answers to one request come together, so nobody knows which picture it was.
         for (Job& job : jobs_) job.isAlone = job.isAlone || (job.isSent && job.hasCompany);
     } else if (wasWorking) {
         Job& job = jobs_.front();
         job.deaths++;
-        if (!mayTryAgain || job.deaths >= kMostDeaths) dropFront(ReadOutcome::failed);
+        if (loss == Loss::stuck) {
+            dropFront(ReadOutcome::stuck);
+        } else if (job.deaths >= kMostDeaths) {
+            dropFront(ReadOutcome::failed);
+        }
     }
     forgetWhatWasSent();
     // The next picture shall not have to wait for the start.
@@ -241,15 +180,23 @@ void platform::ReaderClient::forgetWhatWasSent()
     for (Job& job : jobs_) job.isSent = false;
 }
 
+// The oldest job's turn begins, if it is with the reader.
+void platform::ReaderClient::watchFront()
+{
+    if (!isReady_ || jobs_.empty() || !jobs_.front().isSent) return;
+    watch_.begin(patienceOf(jobs_.front()), Clock::now());
+}
+
 void platform::ReaderClient::checkTime()
 {
-    const Clock::time_point now = Clock::now();
     if (!process_) return;
-    if (!isReady_) {
-        if (now >= startDeadline_) loseReader(false);
+    const bool isAtWork = !isReady_ || (!jobs_.empty() && jobs_.front().isSent);
+    if (!isAtWork) return;
+    const Clock::time_point now = Clock::now();
+    if (watch_.isDue(now) && watch_.isStuck(now, process_.processorTime())) {
+        loseReader(Loss::stuck);
         return;
     }
-    if (jobs_.empty() || !jobs_.front().isSent || now < deadlineOfFront()) return;
-    // A preview that only stood in the way is tried again.
-    loseReader(now < jobs_.front().deadline);
+    const auto givesWay = whenFrontGivesWay();
+    if (givesWay && now >= *givesWay) loseReader(Loss::inTheWay);
 }

@@ -54,11 +54,13 @@ bool platform::ReaderClient::sendBatch(std::size_t first, std::size_t most)
         return true;
     default: return false;  // when the reader is gone, receiving will find out
     }
+    const Clock::time_point now = Clock::now();
     for (std::size_t i = first; i < first + descriptors.size(); i++) {
         jobs_[i].isSent = true;
         jobs_[i].hasCompany = descriptors.size() > 1;
-        startClock(&jobs_[i]);
+        jobs_[i].sent = now;
     }
+    if (first == 0) watchFront();
     return true;
 }
 
@@ -67,7 +69,7 @@ bool platform::ReaderClient::receive()
 {
     const std::ptrdiff_t count = receiveBytes(socket(), {chunk_.get(), kReadAtOnce});
     if (count < 0) {
-        loseReader(true);
+        loseReader(Loss::died);
         return false;
     }
     input_.insert(input_.end(), chunk_.get(), chunk_.get() + count);
@@ -87,7 +89,7 @@ bool platform::ReaderClient::takeAnswer()
     if (input.size() < kAnswerHeadSize) return false;
     const bool isAnswer = isReady_ && !jobs_.empty() && jobs_.front().isSent;
     if (isReady_ && !isAnswer) {  // an answer that nobody asked for
-        loseReader(true);
+        loseReader(Loss::died);
         return false;
     }
     const ReaderTask task = isAnswer ? jobs_.front().task : ReaderTask::hello;
@@ -96,14 +98,14 @@ bool platform::ReaderClient::takeAnswer()
     const std::optional<ReaderAnswerHead> head =
         decodeAnswerHead(input.first(kAnswerHeadSize), task, number, longest);
     if (!head) {
-        loseReader(true);
+        loseReader(Loss::died);
         return false;
     }
     const std::size_t length = kAnswerHeadSize + head->bodyLength;
     if (input.size() < length) return false;
     if (isAnswer) {
         if (!finishFront(*head, input.subspan(kAnswerHeadSize, head->bodyLength))) {
-            loseReader(true);
+            loseReader(Loss::died);
             return false;
         }
     } else {
@@ -119,15 +121,10 @@ void platform::ReaderClient::becomeReady()
     failedStarts_ = 0;
     // The time of what it has been sent already begins now.
     for (Job& job : jobs_) {
-        if (job.isSent) startClock(&job);
+        if (job.isSent) job.sent = Clock::now();
     }
+    watchFront();
     sendJobs();
-}
-
-void platform::ReaderClient::startClock(Job* job) const
-{
-    job->sent = Clock::now();
-    job->deadline = job->sent + limitOf(*job);
 }
 
 // False when the body is not what was asked for.
@@ -139,10 +136,14 @@ bool platform::ReaderClient::finishFront(const ReaderAnswerHead& head, ByteView 
         resendFrontLater();
         return true;
     }
-    if (head.outcome == ReaderOutcome::found && job.propertyResult != nullptr) {
+    if (head.outcome == ReaderOutcome::found && job.task == ReaderTask::properties) {
         std::optional<PictureProperties> properties = decodeProperties(body);
         if (!properties) return false;
-        job.propertyResult->properties = std::move(*properties);
+        if (job.propertyResult != nullptr) {
+            job.propertyResult->properties = std::move(*properties);
+        } else if (!job.isGivenUp) {
+            properties_ = PropertyResult{ReadOutcome::found, std::move(*properties)};
+        }
     } else if (head.outcome == ReaderOutcome::found) {
         std::optional<PreviewAnswer> answer = decodePreview(body, kindOf(job.task), job.box);
         if (!answer) return false;
@@ -157,6 +158,7 @@ void platform::ReaderClient::resendFrontLater()
 {
     Job job = jobs_.front();
     jobs_.pop_front();
+    watchFront();
     if (job.isGivenUp) return;
     job.isSent = false;
     job.interruptions++;
@@ -168,7 +170,11 @@ void platform::ReaderClient::finish(const Job& job, ReadOutcome outcome)
 {
     if (job.propertyResult != nullptr) {
         job.propertyResult->outcome = outcome;
-    } else if (!job.isGivenUp && outcome != ReadOutcome::found) {
+    } else if (job.isGivenUp || outcome == ReadOutcome::found) {
+        return;  // nobody waits for it, or it has been kept already
+    } else if (job.task == ReaderTask::properties) {
+        properties_ = PropertyResult{outcome, {}};
+    } else {
         preview_ = PreviewResult{outcome, {}};
     }
 }
@@ -177,8 +183,10 @@ void platform::ReaderClient::dropFront(ReadOutcome outcome)
 {
     finish(jobs_.front(), outcome);
     jobs_.pop_front();
-    // The next one's turn begins now.
-    if (!jobs_.empty() && jobs_.front().isSent) {
-        jobs_.front().deadline = Clock::now() + limitOf(jobs_.front());
-    }
+    watchFront();  // the next one's turn begins now
+}
+
+void platform::ReaderClient::dropAll(ReadOutcome outcome)
+{
+    while (!jobs_.empty()) dropFront(outcome);
 }

@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <ctime>
 #include <utility>
 
 #include <fcntl.h>
@@ -138,6 +139,17 @@ platform::ReaderProcess& platform::ReaderProcess::operator=(ReaderProcess&& othe
     return *this;
 }
 
+std::chrono::nanoseconds platform::ReaderProcess::processorTime() const
+{
+    clockid_t clock = 0;
+    timespec time = {};
+    if (process_ <= 0 || clock_getcpuclockid(process_, &clock) != 0 ||
+        clock_gettime(clock, &time) != 0) {
+        return {};
+    }
+    return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
+}
+
 void platform::ReaderProcess::dismiss() const
 {
     if (socket_) (void)shutdown(socket_.get(), SHUT_WR);
@@ -153,6 +165,12 @@ void platform::ReaderProcess::end()
     waitForEnd(process);
     endedProcesses().push_back(process);
     collectEnded();
+}
+
+std::size_t platform::lingeringReaders()
+{
+    collectEnded();
+    return endedProcesses().size();
 }
 
 platform::ReaderProcess platform::startReaderProgram(const std::string& program,

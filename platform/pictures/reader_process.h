@@ -2,6 +2,8 @@
 
 #pragma once
 
+#include <chrono>
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <vector>
@@ -26,16 +28,23 @@ public:
     pid_t id() const { return process_; }
     int socket() const { return socket_.get(); }
 
+    // The processor time that the process has had so far; 0 for one that is gone.
+    std::chrono::nanoseconds processorTime() const;
+
     // Tells the process that no request follows, so that it can end by itself meanwhile.
     void dismiss() const;
 
-    // Kills the process and waits until it is gone, 50 milliseconds at most.
+    // Kills the process and waits until it is gone, 50 milliseconds at most. One that sleeps in the
+    // kernel, in a read that the disk does not answer, lingers until that ends.
     void end();
 
 private:
     pid_t process_ = -1;
     DescriptorHolder socket_;
 };
+
+// How many processes that were ended are not gone yet.
+std::size_t lingeringReaders();
 
 // How a client gets a reader; an empty process when that fails.
 using ReaderLauncher = std::function<ReaderProcess()>;

@@ -64,12 +64,15 @@ TEST_F(readerTrouble, aReaderThatDiesShowsAsAnEmptyFieldAndNoMore)
 
 TEST_F(readerTrouble, noFaultOfTheReaderHarmsTheWindow)
 {
+    platform::ReaderLimits limits;
+    limits.preview.processor = std::chrono::seconds(1);
+    cuPictureReader().setLimits(limits);
     useReader(faultyReader());
     const std::string secret = folder.write("secret", "treasure");
     for (const std::string& fault : std::vector<std::string>{
              "open-file " + secret, "write-file " + harm(), "start-program " + harm(),
              "open-socket", "allocate", "make-executable", "crash", "exit", "garbage", "too-much",
-             "twice", "large-preview", "nan", "die-afterwards", "late 900", "half", "loop"}) {
+             "twice", "large-preview", "nan", "die-afterwards", "half", "loop"}) {
         SCOPED_TRACE(fault);
         EXPECT_TRUE(showsInTime(withFault(fault)));
         expectLocationActions(false);

@@ -32,13 +32,17 @@ std::optional<platform::PictureProperties> readOrDie(platform::ByteSource& sourc
 
 PropertyReading makeFaultyReading()
 {
-    const auto client = std::make_shared<platform::ReaderClient>([] {
-        return platform::forkReader([](int socket) {
-            const rlimit none = {0, 0};
-            setrlimit(RLIMIT_CORE, &none);
-            platform::serveReader(socket, {readOrDie, {}});
-        });
-    });
+    platform::ReaderLimits limits;
+    limits.properties.silence = std::chrono::seconds(1);
+    const auto client = std::make_shared<platform::ReaderClient>(
+        [] {
+            return platform::forkReader([](int socket) {
+                const rlimit none = {0, 0};
+                setrlimit(RLIMIT_CORE, &none);
+                platform::serveReader(socket, {readOrDie, {}});
+            });
+        },
+        limits);
     return {.prepare = [client] { client->start(); },
             .read =
                 [client](std::span<const int> descriptors) {

@@ -1,7 +1,11 @@
 // A reader that does harm when a file tells it to: the file begins with "FAULT", a blank and the
 // name of a fault, a blank and what the fault needs. Other files it reads as the real one does.
 //
+// A file that ends with "SLOW", a blank and a number is read properly after so many milliseconds in
+// which the reader sleeps, as it would in a read that a disk does not answer yet.
+//
 // With the argument "--without-sandbox" it is not locked in, which shows that the faults are real.
+// With "--slow-start" and a number it sleeps so many milliseconds before its first word.
 
 #include "platform/pictures/picture_properties.h"
 #include "platform/pictures/preview.h"
@@ -24,6 +28,7 @@
 
 #include <fcntl.h>
 #include <netinet/in.h>
+#include <poll.h>
 #include <sys/mman.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
@@ -155,6 +160,24 @@ void spin(std::chrono::milliseconds time)
     }
 }
 
+// Takes none of the processor meanwhile, in a call that the lock allows.
+void sleepFor(int milliseconds)
+{
+    (void)poll(nullptr, 0, milliseconds);
+}
+
+// How long a file wants to be waited for, in milliseconds.
+int slownessOf(int descriptor)
+{
+    constexpr off_t kLongest = 32;
+    char bytes[kLongest + 1] = {};
+    const off_t size = lseek(descriptor, 0, SEEK_END);
+    if (pread(descriptor, bytes, kLongest, size > kLongest ? size - kLongest : 0) <= 0) return 0;
+    const std::string_view end(bytes, kLongest);
+    const std::size_t at = end.rfind("SLOW ");
+    return at == std::string_view::npos ? 0 : std::atoi(bytes + at + 5);
+}
+
 void answerGarbage()
 {
     std::vector<std::uint8_t> bytes(4096);
@@ -259,6 +282,7 @@ int main(int argc, char** argv)
     const std::string_view option = argc > 1 ? argv[1] : "";
     if (option == "--exit-at-once") return 1;
     if (option == "--never-ready") spin(std::chrono::hours(1));
+    if (option == "--slow-start" && argc > 2) sleepFor(std::atoi(argv[2]));
     if (option != "--without-sandbox" && !enterSandbox(readerRules(kSocket))) return 1;
     (void)sendAnswer(kSocket, encodeAnswerHead({ReaderTask::hello, ReaderOutcome::found, 0, 0}));
 
@@ -270,6 +294,7 @@ int main(int argc, char** argv)
         for (const DescriptorHolder& descriptor : descriptors) {
             const Fault fault = faultOf(descriptor.get());
             if (fault.name.empty()) {
+                sleepFor(slownessOf(descriptor.get()));
                 readProperly(descriptor.get(), *request);
             } else {
                 commit(fault, *request);

@@ -92,7 +92,10 @@ TEST(ReaderClient, thePicturesBeforeABadOneAreNotToBlame)
         const std::vector<PropertyResult> results = client.readProperties(descriptors);
         for (std::size_t i = 0; i < results.size(); i++) {
             const bool isBad = i == 40 || i == 50;
-            EXPECT_EQ(results[i].outcome, isBad ? ReadOutcome::failed : ReadOutcome::found) << i;
+            EXPECT_EQ(results[i].outcome, !isBad                         ? ReadOutcome::found
+                                          : std::string(fault) == "loop" ? ReadOutcome::stuck
+                                                                         : ReadOutcome::failed)
+                << i;
         }
         // The next batch goes out together again.
         for (const PropertyResult& result :
@@ -102,37 +105,35 @@ TEST(ReaderClient, thePicturesBeforeABadOneAreNotToBlame)
     }
 }
 
-TEST(ReaderClient, keepsToItsDeadlines)
+TEST(ReaderClient, givesUpAReaderThatIsInALoop)
 {
     const Pictures pictures;
     ReaderClient client(faultyReader(), test::shortLimits());
     expectGoodPicture(client, pictures);
     const std::string loop = pictures.withFault("loop");
 
-    // The machine may stand still for a while, and so the quickest of a few counts.
-    const auto quickest = [](const auto& read) {
-        auto shortest = Clock::duration::max();
-        for (int i = 0; i < 3; i++) {
-            const auto start = Clock::now();
-            EXPECT_EQ(read(), ReadOutcome::failed);
-            shortest = std::min(shortest, Clock::now() - start);
-        }
-        return shortest;
+    // On a busy machine a reader needs more time for its share of the processor.
+    const auto timeOf = [](const auto& read) {
+        const auto start = Clock::now();
+        EXPECT_EQ(read(), ReadOutcome::stuck);
+        return Clock::now() - start;
     };
-    const auto properties = quickest([&] { return propertiesOf(client, loop).outcome; });
+    const auto properties = timeOf([&] { return propertiesOf(client, loop).outcome; });
     EXPECT_GE(properties, 490ms);
-    EXPECT_LT(properties, 1500ms);
-    const auto preview = quickest([&] { return previewOf(client, loop).outcome; });
+    EXPECT_LT(properties, 9s) << "nothing but the end of all patience helped";
+    const auto preview = timeOf([&] { return previewOf(client, loop).outcome; });
     EXPECT_GE(preview, 590ms);
-    EXPECT_LT(preview, 1600ms);
+    EXPECT_LT(preview, 9s);
+    expectGoodPicture(client, pictures);
 }
 
 TEST(ReaderClient, aSlowPictureHasTheTimeThatOthersWasteBeforeIt)
 {
-    // Two of a batch take 1.2 seconds each: neither is late, although both together are.
+    // Two of a batch take 1.2 seconds each: neither is stuck, although both together would be.
     const Pictures pictures;
     const PictureFile slow(pictures.withFault("late 1200"));
-    ReaderClient client(faultyReader(), {.properties = 2s});
+    ReaderClient client(faultyReader(),
+                        {.properties = {.processor = 2s, .silence = 2s, .whole = 2s}});
     const std::vector<int> descriptors = {slow.descriptor(), slow.descriptor()};
     for (const PropertyResult& result : client.readProperties(descriptors)) {
         EXPECT_EQ(result.outcome, ReadOutcome::found);
@@ -149,7 +150,7 @@ TEST(ReaderClient, theTimeOfAPictureBeginsWhenTheReaderIsReady)
                 serveReader(socket, {readPictureProperties, {}});
             });
         },
-        {.properties = 1s});
+        {.properties = {.processor = 1s, .silence = 1s, .whole = 1s}});
     EXPECT_EQ(propertiesOf(client, pictures.good()).outcome, ReadOutcome::found);
 }
 
@@ -172,7 +173,7 @@ TEST(ReaderClient, aPreviewGivesWayToProperties)
 {
     const Pictures pictures;
     ReaderLimits limits = test::shortLimits();
-    limits.preview = 20s;
+    limits.preview.processor = 10s;
     ReaderClient client(faultyReader(), limits);
     expectGoodPicture(client, pictures);
     const PictureFile loop(pictures.withFault("loop"));
@@ -180,7 +181,7 @@ TEST(ReaderClient, aPreviewGivesWayToProperties)
 
     const auto start = Clock::now();
     EXPECT_EQ(propertiesOf(client, pictures.good()).outcome, ReadOutcome::found);
-    EXPECT_LT(Clock::now() - start, limits.preview / 2) << "it waited for the preview to end";
+    EXPECT_LT(Clock::now() - start, 5s) << "it waited for the preview to end";
     EXPECT_EQ(client.waitForPreview().outcome, ReadOutcome::failed);
 }
 
@@ -259,7 +260,8 @@ TEST(ReaderClient, tellsThatThereIsNoReader)
                     starts++;
                     return launcher();
                 },
-                {.start = 200ms, .whenMissing = whenMissing});
+                {.start = {.processor = 200ms, .silence = 200ms, .whole = 200ms},
+                 .whenMissing = whenMissing});
             EXPECT_EQ(propertiesOf(client, pictures.good()).outcome, ReadOutcome::noReader);
             const int tries = starts;
             EXPECT_LE(tries, 2);
@@ -337,7 +339,8 @@ TEST(ReaderClient, survivesAFileThatIsCutShortAndOneThatIsHuge)
     std::error_code error;
     std::filesystem::resize_file(sparse, std::uintmax_t{8} << 40, error);
     if (error) std::filesystem::resize_file(sparse, std::uintmax_t{1} << 40);
-    EXPECT_NE(propertiesOf(client, sparse).outcome, ReadOutcome::failed);
+    const ReadOutcome ofSparse = propertiesOf(client, sparse).outcome;
+    EXPECT_TRUE(ofSparse == ReadOutcome::found || ofSparse == ReadOutcome::nothing);
     (void)previewOf(client, sparse);
     expectGoodPicture(client, pictures);
 }

@@ -43,7 +43,6 @@ const struct {
     {"twice", false},
     {"large-preview", false},
     {"nan", false},
-    {"late", false},
     {"die-afterwards", false},
     {"half", false},
 };
@@ -54,7 +53,6 @@ std::string lineFor(const std::string& fault, const Pictures& pictures, pid_t vi
     if (fault == "open-file") return fault + " " + pictures.secret();
     if (fault == "write-file" || fault == "start-program") return fault + " " + pictures.harm();
     if (fault == "kill-other") return fault + " " + std::to_string(victim);
-    if (fault == "late") return fault + " 900";
     return fault;
 }
 

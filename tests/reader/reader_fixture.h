@@ -60,6 +60,12 @@ public:
         return folder_.write("fault.jpg", "FAULT " + fault + "\n");
     }
 
+    // The good picture, which takes the faulty reader so long.
+    std::string slow(std::chrono::milliseconds time) const
+    {
+        return folder_.write("slow.jpg", readFile(good()) + "SLOW " + std::to_string(time.count()));
+    }
+
     std::string file(const std::string& name, const std::string& bytes) const
     {
         return folder_.write(name, bytes);
@@ -95,11 +101,14 @@ inline void expectGoodPicture(platform::ReaderClient& client, const ReaderPictur
     EXPECT_TRUE(areNear(quartersOf(preview.answer.image), {kRed, kGreen, kBlue, kYellow}));
 }
 
-// So that tests of late answers take less time.
+// So that tests of readers that are stuck take less time.
 inline platform::ReaderLimits shortLimits()
 {
+    using namespace std::chrono_literals;
     platform::ReaderLimits limits;
-    limits.preview = std::chrono::milliseconds(600);
+    limits.start.silence = 2s;
+    limits.properties = {.processor = 500ms, .silence = 1500ms, .whole = 10s};
+    limits.preview = {.processor = 600ms, .silence = 1600ms, .whole = 10s};
     return limits;
 }
 

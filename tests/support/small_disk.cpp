@@ -21,11 +21,15 @@ bool enterUserNamespace()
 }
 }  // namespace
 
-bool test::mountSmallDisk(const std::string& folder)
+bool test::enterMountNamespace()
 {
     if (unshare(CLONE_NEWNS) != 0 && !enterUserNamespace()) return false;
-    return mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
-           mount("tmpfs", folder.c_str(), "tmpfs", 0, "size=64k") == 0;
+    return mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
+}
+
+bool test::mountSmallDisk(const std::string& folder)
+{
+    return enterMountNamespace() && mount("tmpfs", folder.c_str(), "tmpfs", 0, "size=64k") == 0;
 }
 
 void test::leaveSmallDisk(const std::string& folder)

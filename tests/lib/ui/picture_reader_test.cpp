@@ -30,6 +30,7 @@ protected:
     {
         platform::installPropertySource({});
         cuPictureReader().stop();
+        cuPictureReader().setLimits({});
     }
 
     bool hasProperties() const
@@ -128,14 +129,17 @@ TEST_F(ReaderEventsTest, noticeAReaderThatDiesAndListenToTheNextOne)
     }
 }
 
-TEST_F(ReaderEventsTest, giveUpAReaderWhoseTimeIsOver)
+TEST_F(ReaderEventsTest, giveUpAReaderThatGivesNoSignOfLife)
 {
+    platform::ReaderLimits limits;
+    limits.preview.silence = std::chrono::seconds(1);
+    cuPictureReader().setLimits(limits);
     startPreview();
     EXPECT_EQ(previewFromTheEventLoop(), ReadOutcome::found);
     const pid_t reader = cuPictureReader().processID();
     kill(reader, SIGSTOP);
     startPreview();
-    EXPECT_EQ(previewFromTheEventLoop(), ReadOutcome::failed);
+    EXPECT_EQ(previewFromTheEventLoop(), ReadOutcome::stuck);
     EXPECT_NE(cuPictureReader().processID(), reader);
 }
 }  // namespace

@@ -240,6 +240,62 @@ TEST_F(PreviewLoader, tellsThatThereIsNoReaderAndAnswersNothing)
     EXPECT_EQ(arrivals_.size(), 1u) << "there is one again";
 }
 
+TEST_F(PreviewLoader, comesHoweverLongTheDiskTakes)
+{
+    const std::string path = picture();
+    {
+        const HeldReader held;
+        request(path);
+        test::goOnFor(4000);
+        EXPECT_TRUE(loader_.isLoading());
+        EXPECT_TRUE(arrivals_.empty());
+    }
+    wait();
+    ASSERT_EQ(arrivals_.size(), 1u);
+    EXPECT_TRUE(test::areNear(quartersOf(arrivals_[0].picture), kCorners));
+    EXPECT_FALSE(loader_.isLoading());
+}
+
+TEST_F(PreviewLoader, tellsOfAReaderThatIsStuckAndAnswersWithTheIcon)
+{
+    std::vector<QByteArray> told;
+    QObject::connect(&loader_, &::PreviewLoader::readerStuck, [&](const QByteArray& path) {
+        told.push_back(path);
+        EXPECT_TRUE(arrivals_.empty());
+    });
+    platform::ReaderLimits limits;
+    limits.preview.silence = std::chrono::seconds(1);
+    cuPictureReader().setLimits(limits);
+    const std::string path = picture();
+    {
+        request(picture("b.jpg"));
+        wait();  // the reader has started
+        arrivals_.clear();
+        const HeldReader held;
+        request(path);
+        wait();
+    }
+    cuPictureReader().setLimits({});
+    ASSERT_EQ(arrivals_.size(), 1u);
+    EXPECT_EQ(arrivals_[0].picture.size(), QSize(128, 128));
+    ASSERT_EQ(told.size(), 1u);
+    EXPECT_EQ(told[0].toStdString(), path);
+}
+
+TEST_F(PreviewLoader, settlesForTheIcon)
+{
+    loader_.settleForIcon();
+    EXPECT_TRUE(arrivals_.empty()) << "nothing was asked for";
+    const HeldReader held;
+    request(picture());
+    untilItIsUnderWay();
+    loader_.settleForIcon();
+    ASSERT_EQ(arrivals_.size(), 1u);
+    EXPECT_EQ(arrivals_[0].picture.size(), QSize(128, 128));
+    EXPECT_FALSE(loader_.isLoading());
+    EXPECT_EQ(cuPictureReader().previewTicket(), 0u);
+}
+
 TEST_F(PreviewLoader, mayBeAskedAgainByTheReceiver)
 {
     const std::string second = picture("b.jpg");

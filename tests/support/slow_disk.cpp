@@ -1,0 +1,225 @@
+#include "tests/support/slow_disk.h"
+
+#include "tests/support/small_disk.h"
+
+#include <linux/fuse.h>
+#include <poll.h>
+#include <sys/mount.h>
+#include <sys/prctl.h>
+#include <sys/stat.h>
+#include <sys/uio.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <cstring>
+#include <optional>
+#include <string_view>
+
+#include <fcntl.h>
+
+namespace {
+using Clock = std::chrono::steady_clock;
+using File = test::SlowDisk::File;
+
+constexpr std::size_t kLongestRequest = 1 << 20;
+constexpr std::uint64_t kLongValid = 3600;  // seconds
+constexpr std::uint64_t kFirstFile = 2;     // the number of the first file; 1 is the folder
+
+// The side of the disk: answers what the kernel asks for. One request stands in one message, one
+// answer too (linux/fuse.h).
+class Server {
+public:
+    Server(int device, std::vector<File> files)
+        : device_(device), files_(std::move(files)), firstReads_(files_.size())
+    {
+    }
+
+    [[noreturn]] void serve()
+    {
+        std::vector<char> message(kLongestRequest);
+        for (;;) {
+            pollfd state = {device_, POLLIN, 0};
+            (void)poll(&state, 1, waiting_.empty() ? -1 : 10);
+            answerWhatIsDue();
+            if ((state.revents & (POLLERR | POLLHUP)) != 0) _exit(0);
+            if (state.revents == 0) continue;
+            const ssize_t count = read(device_, message.data(), message.size());
+            if (count < 0 && (errno == EINTR || errno == ENOENT || errno == EAGAIN)) continue;
+            if (count < static_cast<ssize_t>(sizeof(fuse_in_header))) _exit(0);
+            fuse_in_header head;
+            std::memcpy(&head, message.data(), sizeof head);
+            handle(head, message.data() + sizeof head);
+        }
+    }
+
+private:
+    struct WaitingRead {
+        std::uint64_t unique;
+        std::size_t file;
+        fuse_read_in range;
+        Clock::time_point due;
+    };
+
+    template <typename Record>
+    static Record recordIn(const char* bytes)
+    {
+        Record record;
+        std::memcpy(&record, bytes, sizeof record);
+        return record;
+    }
+
+    void answer(std::uint64_t unique, std::string_view body, int error = 0) const
+    {
+        fuse_out_header head = {static_cast<std::uint32_t>(sizeof head + body.size()), -error,
+                                unique};
+        iovec parts[] = {{&head, sizeof head}, {const_cast<char*>(body.data()), body.size()}};
+        (void)!writev(device_, parts, 2);
+    }
+
+    template <typename Record>
+    void answerRecord(std::uint64_t unique, const Record& record) const
+    {
+        answer(unique, {reinterpret_cast<const char*>(&record), sizeof record});
+    }
+
+    fuse_attr attributesOf(std::uint64_t node) const
+    {
+        fuse_attr attributes = {};
+        attributes.ino = node;
+        attributes.mode = node < kFirstFile ? S_IFDIR | 0755 : S_IFREG | 0644;
+        attributes.nlink = 1;
+        attributes.uid = getuid();
+        attributes.gid = getgid();
+        attributes.blksize = 4096;
+        if (node >= kFirstFile) attributes.size = files_[node - kFirstFile].bytes.size();
+        return attributes;
+    }
+
+    void greet(std::uint64_t unique, const fuse_init_in& hello) const
+    {
+        fuse_init_out greeting = {};
+        greeting.major = FUSE_KERNEL_VERSION;
+        greeting.minor = std::min<std::uint32_t>(hello.minor, FUSE_KERNEL_MINOR_VERSION);
+        greeting.max_readahead = hello.max_readahead;
+        greeting.max_write = 4096;
+        answerRecord(unique, greeting);
+    }
+
+    void lookUp(std::uint64_t unique, const std::string& name) const
+    {
+        const auto found = std::find_if(files_.begin(), files_.end(),
+                                        [&](const File& file) { return file.name == name; });
+        if (found == files_.end()) return answer(unique, {}, ENOENT);
+        fuse_entry_out entry = {};
+        entry.nodeid = kFirstFile + static_cast<std::uint64_t>(found - files_.begin());
+        entry.entry_valid = entry.attr_valid = kLongValid;
+        entry.attr = attributesOf(entry.nodeid);
+        answerRecord(unique, entry);
+    }
+
+    void list(std::uint64_t unique, const fuse_read_in& range) const
+    {
+        std::string entries;
+        for (std::size_t i = range.offset; i < files_.size(); i++) {
+            const std::string& name = files_[i].name;
+            fuse_dirent entry;
+            entry.ino = kFirstFile + i;
+            entry.off = i + 1;
+            entry.namelen = static_cast<std::uint32_t>(name.size());
+            entry.type = kRegularFile;
+            std::string bytes(reinterpret_cast<const char*>(&entry), FUSE_NAME_OFFSET);
+            bytes += name;
+            bytes.resize(FUSE_DIRENT_ALIGN(bytes.size()));
+            if (entries.size() + bytes.size() > range.size) break;
+            entries += bytes;
+        }
+        answer(unique, entries);
+    }
+
+    void readBytes(std::uint64_t unique, std::size_t file, const fuse_read_in& range)
+    {
+        const Clock::time_point now = Clock::now();
+        if (!firstReads_[file]) firstReads_[file] = now;
+        if (files_[file].wait == test::SlowDisk::kNever) return;
+        waiting_.push_back({unique, file, range,
+                            *firstReads_[file] + std::chrono::milliseconds(files_[file].wait)});
+        answerWhatIsDue();
+    }
+
+    void answerWhatIsDue()
+    {
+        std::erase_if(waiting_, [this](const WaitingRead& waiting) {
+            if (waiting.due > Clock::now()) return false;
+            const std::string_view bytes = files_[waiting.file].bytes;
+            const std::size_t start = std::min<std::size_t>(waiting.range.offset, bytes.size());
+            answer(waiting.unique, bytes.substr(start, waiting.range.size));
+            return true;
+        });
+    }
+
+    void handle(const fuse_in_header& head, const char* body)
+    {
+        switch (head.opcode) {
+        case FUSE_INIT: return greet(head.unique, recordIn<fuse_init_in>(body));
+        case FUSE_LOOKUP: return lookUp(head.unique, body);
+        case FUSE_GETATTR: {
+            fuse_attr_out attributes = {};
+            attributes.attr_valid = kLongValid;
+            attributes.attr = attributesOf(head.nodeid);
+            return answerRecord(head.unique, attributes);
+        }
+        case FUSE_OPEN:
+        case FUSE_OPENDIR: return answerRecord(head.unique, fuse_open_out{});
+        case FUSE_READ:
+            return readBytes(head.unique, head.nodeid - kFirstFile, recordIn<fuse_read_in>(body));
+        case FUSE_READDIR: return list(head.unique, recordIn<fuse_read_in>(body));
+        case FUSE_RELEASE:
+        case FUSE_RELEASEDIR: return answer(head.unique, {});
+        case FUSE_FORGET:
+        case FUSE_BATCH_FORGET:
+        case FUSE_INTERRUPT: return;  // nothing to answer
+        default: return answer(head.unique, {}, ENOSYS);
+        }
+    }
+
+    static constexpr std::uint32_t kRegularFile = S_IFREG >> 12;
+
+    int device_;
+    std::vector<File> files_;
+    std::vector<std::optional<Clock::time_point>> firstReads_;
+    std::vector<WaitingRead> waiting_;
+};
+}  // namespace
+
+test::SlowDisk::SlowDisk(std::string folder, std::vector<File> files) : folder_(std::move(folder))
+{
+    const int device = open("/dev/fuse", O_RDWR | O_CLOEXEC);
+    const std::string options = "fd=" + std::to_string(device) +
+                                ",rootmode=40000,user_id=" + std::to_string(geteuid()) +
+                                ",group_id=" + std::to_string(getegid());
+    const bool isMounted =
+        device >= 0 && enterMountNamespace() &&
+        mount("slow-disk", folder_.c_str(), "fuse", MS_NOSUID | MS_NODEV, options.c_str()) == 0;
+    if (isMounted) server_ = fork();
+    if (server_ == 0) {
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
+        // Nothing that is open in the other process may stay open because of this one.
+        constexpr int kDevice = STDERR_FILENO + 1;
+        if (dup2(device, kDevice) != kDevice) _exit(1);
+        closefrom(kDevice + 1);
+        Server(kDevice, std::move(files)).serve();
+    }
+    if (device >= 0) close(device);
+}
+
+test::SlowDisk::~SlowDisk()
+{
+    if (server_ <= 0) return;
+    kill(server_, SIGKILL);
+    (void)waitpid(server_, nullptr, 0);
+    (void)umount2(folder_.c_str(), MNT_DETACH);
+}
