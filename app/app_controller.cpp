@@ -36,6 +36,7 @@ AppController::AppController(platform::SelectionSource* selection, platform::Add
     connectActions();
     connect(&previews_, &PreviewLoader::previewReady, this, &AppController::showPreview);
     connect(&previews_, &PreviewLoader::readerMissing, this, &AppController::showReaderMissing);
+    connectReading();
 }
 
 AppController::~AppController()

@@ -19,6 +19,7 @@
 
 #include <QByteArray>
 #include <QObject>
+#include <QTimer>
 
 #include <cstdint>
 #include <memory>
@@ -31,8 +32,12 @@ class QCheckBox;
 class QLabel;
 class QMimeData;
 class QPushButton;
-class QTimer;
+class ReadingNotice;
 class WrappedField;
+
+namespace platform {
+struct PropertyResult;
+}
 
 class AppController : public QObject {
     Q_OBJECT
@@ -87,8 +92,16 @@ public:
     //
     //   path  read only. Null and the path that is shown already do nothing at all.
     //
+    // A place that a slow disk does not give within half a second is shown when it comes, unless
+    // another path is shown by then. Until then the window says that it is still reading, and shows
+    // the picture as one without a position: coordinate, altitude and direction are empty, the
+    // place texts those of the picture before.
+    //
     // Returns true when the path is new and its type accepted, with or without a location.
     bool updateValuesForNewPath(TovStringRef path);
+
+    // Whether the place or the preview of the file that is shown is still to come.
+    bool isReading() const;
 
     // Brings the window forward and shows a file. Returns what updateValuesForNewPath does.
     bool applicationOpenFile(TovStringRef path);
@@ -148,15 +161,32 @@ public Q_SLOTS:
     // the file stay.
     void showReaderMissing(const QByteArray& path);
 
+    // Says that the picture could not be read, dropped in the same way.
+    void showReaderStuck(const QByteArray& path);
+
+    // Shows a place that took its time. It is dropped unless it is the one that is waited for, that
+    // of the path that is shown.
+    //
+    //   ticket  as of LateProperties.
+    void showLateLocation(std::uint32_t ticket, const platform::PropertyResult& result);
+
 private:
     void connectOutlets();
     void connectActions();
+    void connectReading();
     void showAttributes(TovStringRef path);
     void requestPreview();
+    void showLocationFound(std::int32_t status);
     void showLocation();
     void clearLocation();
     void clearPlaceTexts();
     void setLocationActions(bool enabled);
+    void forgetReading();
+    void awaitLocation();
+    void endReading();
+    void sayStillReading();
+    void sayNotRead();
+    ReadingNotice* readingNotice();
     void openAddress(TovStringRef address);
 
     std::unique_ptr<MainWindow> window_;
@@ -165,4 +195,7 @@ private:
     platform::AddressOpener* opener_;
     platform::GlobePrograms globes_;
     PreviewLoader previews_;
+    std::uint32_t awaitedLocation_ = 0;       // the ticket of the place that is to come; 0 for none
+    QTimer slowPreview_;                      // runs out when a preview has taken long
+    ReadingNotice* readingNotice_ = nullptr;  // the window's; null until it is needed
 };

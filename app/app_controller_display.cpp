@@ -32,6 +32,7 @@ bool AppController::updateValuesForNewPath(TovStringRef path)
     if (path == nullptr || platform::equalUnits(path, lastPath)) return false;
     TovStringRelease(&lastPath);
     lastPath = TovStringGetCopy(path);
+    forgetReading();
 
     showOwned(fileNameField, gpsCopyFileName(path));
     fileNameField->setToolTip(cuDisplayText(path));
@@ -45,7 +46,15 @@ bool AppController::updateValuesForNewPath(TovStringRef path)
     }
 
     gpsPrepareInfoRecord(&info);
-    if (gpsGetCoordinatesFromFilePath(path, &info) == 0) showLocation();
+    showLocationFound(gpsGetCoordinatesFromFilePath(path, &info));
+    awaitLocation();
+    return true;
+}
+
+// Shows what reading the place has come to, `status`, which has filled the record.
+void AppController::showLocationFound(std::int32_t status)
+{
+    if (status == 0) showLocation();
     if (info.latti == 0.0 && info.longi == 0.0) {
         // The place texts stay as they are: they may be those of the picture before.
         clearLocation();
@@ -54,7 +63,6 @@ bool AppController::updateValuesForNewPath(TovStringRef path)
         // Also with one coordinate of zero, when nothing new was shown.
         setLocationActions(true);
     }
-    return true;
 }
 
 void AppController::showAttributes(TovStringRef path)
@@ -76,7 +84,9 @@ void AppController::requestPreview()
 
 void AppController::showPreview(const QByteArray& path, const QPixmap& preview)
 {
-    if (path.toStdString() == platform::pathBytes(lastPath)) fileIconField->setPixmap(preview);
+    if (path.toStdString() != platform::pathBytes(lastPath)) return;
+    fileIconField->setPixmap(preview);
+    endReading();
 }
 
 void AppController::showReaderMissing(const QByteArray& path)
@@ -84,6 +94,7 @@ void AppController::showReaderMissing(const QByteArray& path)
     if (path.toStdString() != platform::pathBytes(lastPath)) return;
     fileIconField->setText(
         tr("Pictures cannot be read: the program pinorama-reader does not start."));
+    endReading();
 }
 
 void AppController::showLocation()

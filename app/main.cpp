@@ -30,8 +30,8 @@ namespace {
 constexpr int kWrongUsage = 2;
 constexpr int kFailed = 1;
 constexpr int kServicePatience = 30000;  // milliseconds without a request
-constexpr int kPreviewPatience = 3000;   // milliseconds
-constexpr int kPreviewInterval = 50;     // milliseconds
+constexpr int kReadingPatience = 90000;  // milliseconds, longer than the reader is given
+constexpr int kReadingInterval = 50;     // milliseconds
 
 // Whether there is anything to open a window on. Without, the toolkit ends the program as if it had
 // crashed, and advises to install it anew.
@@ -62,17 +62,15 @@ void complainOfMissing(const std::string& path)
     std::fprintf(stderr, "pinorama: %s: %s\n", path.c_str(), std::strerror(errno));
 }
 
-// Prints and saves what the window shows, as soon as the preview is there.
+// Prints and saves what the window shows, as soon as the place and the preview are there.
 void reportWhenComplete(AppController& controller, const std::string& picture)
 {
     auto* timer = new QTimer(&controller);
     QObject::connect(timer, &QTimer::timeout, &controller,
-                     [&controller, picture, left = kPreviewPatience]() mutable {
+                     [&controller, picture, left = kReadingPatience]() mutable {
                          MainWindow& window = *controller.myWindow;
-                         const bool waits = controller.lastPath != nullptr && left > 0 &&
-                                            window.fileIconField->pixmap().isNull() &&
-                                            window.fileIconField->text().isEmpty();
-                         left -= kPreviewInterval;
+                         const bool waits = left > 0 && controller.isReading();
+                         left -= kReadingInterval;
                          if (waits) return;
                          std::fputs(app::windowReport(window).c_str(), stdout);
                          const bool isSaved = app::saveWindowPicture(window, picture);
@@ -80,7 +78,7 @@ void reportWhenComplete(AppController& controller, const std::string& picture)
                              std::fprintf(stderr, "pinorama: cannot write %s\n", picture.c_str());
                          QCoreApplication::exit(isSaved ? 0 : kFailed);
                      });
-    timer->start(kPreviewInterval);
+    timer->start(kReadingInterval);
 }
 
 // Task bars take the icon from the desktop file; this one is for those that do not.

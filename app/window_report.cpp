@@ -1,6 +1,7 @@
 #include "app/window_report.h"
 
 #include "app/main_window.h"
+#include "app/reading_notice.h"
 #include "lib/ui/view_texts.h"
 
 #include <QFile>
@@ -47,6 +48,8 @@ std::string app::windowReport(const MainWindow& window)
     }
     appendLine(&report, window.syncCheckbox,
                window.syncCheckbox->isChecked() ? QStringLiteral("on") : QStringLiteral("off"));
+    const auto* notice = window.findChild<ReadingNotice*>();
+    if (notice != nullptr && !notice->isHidden()) appendLine(&report, notice, notice->text());
     return report.toStdString();
 }
 

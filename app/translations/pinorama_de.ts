@@ -234,4 +234,15 @@
         <translation>Ausb&amp;lenden</translation>
     </message>
 </context>
+<context>
+    <name>ReadingNotice</name>
+    <message>
+        <source>Still reading %1...</source>
+        <translation>%1 wird noch gelesen...</translation>
+    </message>
+    <message>
+        <source>%1 could not be read.</source>
+        <translation>%1 konnte nicht gelesen werden.</translation>
+    </message>
+</context>
 </TS>

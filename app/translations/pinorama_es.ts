@@ -234,4 +234,15 @@
         <translation>&amp;Ocultar</translation>
     </message>
 </context>
+<context>
+    <name>ReadingNotice</name>
+    <message>
+        <source>Still reading %1...</source>
+        <translation>Aún se está leyendo %1...</translation>
+    </message>
+    <message>
+        <source>%1 could not be read.</source>
+        <translation>No se pudo leer %1.</translation>
+    </message>
+</context>
 </TS>

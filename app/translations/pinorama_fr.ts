@@ -234,4 +234,15 @@
         <translation>&amp;Masquer</translation>
     </message>
 </context>
+<context>
+    <name>ReadingNotice</name>
+    <message>
+        <source>Still reading %1...</source>
+        <translation>Lecture de %1 toujours en cours...</translation>
+    </message>
+    <message>
+        <source>%1 could not be read.</source>
+        <translation>%1 n’a pas pu être lu.</translation>
+    </message>
+</context>
 </TS>

@@ -234,4 +234,15 @@
         <translation>&amp;Nascondi</translation>
     </message>
 </context>
+<context>
+    <name>ReadingNotice</name>
+    <message>
+        <source>Still reading %1...</source>
+        <translation>Lettura di %1 ancora in corso...</translation>
+    </message>
+    <message>
+        <source>%1 could not be read.</source>
+        <translation>Non è stato possibile leggere %1.</translation>
+    </message>
+</context>
 </TS>

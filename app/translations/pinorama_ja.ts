@@ -234,4 +234,15 @@
         <translation>閉じる(&amp;D)</translation>
     </message>
 </context>
+<context>
+    <name>ReadingNotice</name>
+    <message>
+        <source>Still reading %1...</source>
+        <translation>%1 を読み込み中です...</translation>
+    </message>
+    <message>
+        <source>%1 could not be read.</source>
+        <translation>%1 を読み込めませんでした。</translation>
+    </message>
+</context>
 </TS>

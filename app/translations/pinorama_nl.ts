@@ -234,4 +234,15 @@
         <translation>Ver&amp;bergen</translation>
     </message>
 </context>
+<context>
+    <name>ReadingNotice</name>
+    <message>
+        <source>Still reading %1...</source>
+        <translation>%1 wordt nog gelezen...</translation>
+    </message>
+    <message>
+        <source>%1 could not be read.</source>
+        <translation>%1 kon niet worden gelezen.</translation>
+    </message>
+</context>
 </TS>

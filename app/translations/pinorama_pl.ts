@@ -234,4 +234,15 @@
         <translation>&amp;Ukryj</translation>
     </message>
 </context>
+<context>
+    <name>ReadingNotice</name>
+    <message>
+        <source>Still reading %1...</source>
+        <translation>Wciąż trwa odczyt pliku %1...</translation>
+    </message>
+    <message>
+        <source>%1 could not be read.</source>
+        <translation>Nie udało się odczytać pliku %1.</translation>
+    </message>
+</context>
 </TS>

@@ -234,4 +234,15 @@
         <translation>关闭(&amp;D)</translation>
     </message>
 </context>
+<context>
+    <name>ReadingNotice</name>
+    <message>
+        <source>Still reading %1...</source>
+        <translation>仍在读取 %1...</translation>
+    </message>
+    <message>
+        <source>%1 could not be read.</source>
+        <translation>无法读取 %1。</translation>
+    </message>
+</context>
 </TS>

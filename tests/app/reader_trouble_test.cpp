@@ -95,6 +95,9 @@ TEST_F(readerTrouble, theSameFaultsDoHarmWhereNothingIsLockedIn)
 
 TEST_F(readerTrouble, withoutAReaderTheGeneralFactsAreShownAndNothingIsParsed)
 {
+    platform::ReaderLimits limits;
+    limits.start.silence = std::chrono::seconds(1);
+    cuPictureReader().setLimits(limits);
     const std::string cases[] = {folder.file("missing"),
                                  folder.write("no-program", "text"),
                                  folder.path(),

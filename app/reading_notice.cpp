@@ -1,0 +1,48 @@
+#include "app/reading_notice.h"
+
+#include <QAccessible>
+
+ReadingNotice::ReadingNotice(QWidget* parent) : ElidedField(parent)
+{
+    setObjectName(QStringLiteral("readingNotice"));
+    // It comes and goes by itself, so it is no stop on the way through the window.
+    setFocusPolicy(Qt::ClickFocus);
+    setVisible(false);
+}
+
+void ReadingNotice::sayStillReading(const QString& name)
+{
+    isStillReading_ = true;
+    say(tr("Still reading %1...").arg(name));
+}
+
+void ReadingNotice::sayNotRead(const QString& name)
+{
+    isStillReading_ = false;
+    say(tr("%1 could not be read.").arg(name));
+}
+
+void ReadingNotice::endReading()
+{
+    if (isStillReading_) forget();
+}
+
+void ReadingNotice::forget()
+{
+    isStillReading_ = false;
+    setVisible(false);
+    clear();
+}
+
+// A screen reader reads it out and leaves the focus where it is.
+void ReadingNotice::say(const QString& words)
+{
+    if (words == text()) return;
+    setText(words);
+    setCursorPosition(0);
+    setToolTip(words);
+    setAccessibleName(words);
+    setVisible(true);
+    QAccessibleEvent alert(this, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
+}

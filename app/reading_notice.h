@@ -1,0 +1,30 @@
+// A line at the foot of the window that says that a picture is still being read, or that it could
+// not be. It is hidden, and takes no room, while there is nothing to say.
+
+#pragma once
+
+#include "app/elided_field.h"
+
+#include <QString>
+
+class ReadingNotice : public ElidedField {
+    Q_OBJECT
+
+public:
+    explicit ReadingNotice(QWidget* parent = nullptr);
+
+    // Each shows the line; `name` is the file name of the picture.
+    void sayStillReading(const QString& name);
+    void sayNotRead(const QString& name);
+
+    // The reading is over: takes back that it goes on. That it has failed stays.
+    void endReading();
+
+    // Nothing is to be said any more, as another file is shown.
+    void forget();
+
+private:
+    void say(const QString& words);
+
+    bool isStillReading_ = false;
+};

@@ -1,0 +1,110 @@
+// The line at the foot of the window that says that a picture is still being read.
+
+#include "app/reading_notice.h"
+
+#include "tests/app/controller_fixture.h"
+
+#include <QAccessible>
+#include <QDir>
+#include <QTranslator>
+
+namespace {
+class readingNotice : public testing::Test {
+protected:
+    std::string words() const { return notice.isHidden() ? "" : notice.text().toStdString(); }
+
+    ReadingNotice notice;
+};
+
+const QString kName = QStringLiteral("a.jpg");
+}  // namespace
+
+TEST_F(readingNotice, saysNothingAtFirst)
+{
+    EXPECT_EQ(words(), "");
+    notice.endReading();
+    notice.forget();
+    EXPECT_EQ(words(), "");
+}
+
+TEST_F(readingNotice, saysThatItGoesOnUntilItIsOver)
+{
+    notice.sayStillReading(kName);
+    EXPECT_EQ(words(), "Still reading a.jpg...");
+    EXPECT_EQ(notice.toolTip().toStdString(), words());
+    notice.endReading();
+    EXPECT_EQ(words(), "");
+}
+
+TEST_F(readingNotice, keepsSayingThatReadingHasFailed)
+{
+    notice.sayStillReading(kName);
+    notice.sayNotRead(kName);
+    EXPECT_EQ(words(), "a.jpg could not be read.");
+    notice.endReading();
+    EXPECT_EQ(words(), "a.jpg could not be read.");
+    notice.forget();
+    EXPECT_EQ(words(), "");
+}
+
+TEST_F(readingNotice, takesNamesAsTheyAre)
+{
+    notice.sayStillReading(QStringLiteral("%1 <b>&x.jpg"));
+    EXPECT_EQ(words(), "Still reading %1 <b>&x.jpg...");
+}
+
+TEST_F(readingNotice, hasItsWordsAsItsNameForAScreenReader)
+{
+    notice.sayStillReading(kName);
+    QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(&notice);
+    ASSERT_NE(interface, nullptr);
+    EXPECT_EQ(interface->text(QAccessible::Name).toStdString(), words());
+}
+
+TEST_F(readingNotice, hasWordsInEveryLanguage)
+{
+    QStringList files = QDir(QStringLiteral(":/i18n")).entryList({QStringLiteral("*.qm")});
+    ASSERT_GE(files.size(), 9);
+    for (const QString& file : files) {
+        SCOPED_TRACE(file.toStdString());
+        QTranslator translator;
+        ASSERT_TRUE(translator.load(QStringLiteral(":/i18n/") + file));
+        QCoreApplication::installTranslator(&translator);
+        ReadingNotice translated;
+        translated.sayStillReading(kName);
+        EXPECT_TRUE(translated.text().contains(kName));
+        EXPECT_FALSE(translated.text().startsWith(QLatin1String("Still")));
+        translated.sayNotRead(kName);
+        EXPECT_TRUE(translated.text().contains(kName));
+        EXPECT_FALSE(translated.text().contains(QLatin1String("could")));
+        QCoreApplication::removeTranslator(&translator);
+    }
+}
+
+using readingNoticeInTheWindow = test::ControllerTest;
+
+TEST_F(readingNoticeInTheWindow, standsAtItsFootAndTakesNeitherRoomNorFocusWithoutNeed)
+{
+    controller.showMainWindow();
+    controller.myWindow->resize(700, 750);
+    EXPECT_TRUE(showPicture("a.jpg", {.lat = 1, .latRef = "N", .lon = 2, .lonRef = "E"}));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(controller.myWindow->findChild<ReadingNotice*>(), nullptr);
+    const QRect checkBox = controller.syncCheckbox->geometry();
+    const QWidget* const focus = controller.myWindow->focusWidget();
+
+    controller.showReaderStuck(QByteArray::fromStdString(folder.file("other.jpg")));
+    EXPECT_EQ(controller.myWindow->findChild<ReadingNotice*>(), nullptr) << "of another file";
+    controller.showReaderStuck(QByteArray::fromStdString(folder.file("a.jpg")));
+    auto* const line = controller.myWindow->findChild<ReadingNotice*>();
+    ASSERT_NE(line, nullptr);
+    EXPECT_TRUE(test::waitUntil([&] {
+        return line->isVisible() && line->geometry().top() > controller.syncCheckbox->y();
+    }));
+    EXPECT_EQ(line->text(), QLatin1String("a.jpg could not be read."));
+    EXPECT_EQ(controller.myWindow->focusWidget(), focus);
+
+    EXPECT_FALSE(show(folder.write("notes.txt", "text")));
+    EXPECT_FALSE(line->isVisible());
+    EXPECT_TRUE(test::waitUntil([&] { return controller.syncCheckbox->geometry() == checkBox; }));
+}

@@ -1,0 +1,285 @@
+// The window with pictures on a disk that takes its time, and with a reader that starts slowly.
+
+#include "app/reading_notice.h"
+#include "platform/files/resource_folder.h"
+#include "tests/app/hostile_window.h"
+#include "tests/support/slow_disk.h"
+
+#include <gtest/gtest.h>
+
+#include <QTimer>
+
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+
+namespace {
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+
+// Ticks in the event loop and remembers the longest time between two ticks.
+class Ticker {
+public:
+    Ticker()
+    {
+        timer_.callOnTimeout([this] {
+            const auto now = Clock::now();
+            longest = std::max(longest, now - last_);
+            last_ = now;
+        });
+        timer_.start(5);
+    }
+
+    using Clock = std::chrono::steady_clock;
+    Clock::duration longest{};
+
+private:
+    QTimer timer_;
+    Clock::time_point last_ = Clock::now();
+};
+
+class slowPictures : public test::HostileWindowTest {
+protected:
+    void SetUp() override
+    {
+        HostileWindowTest::SetUp();
+        useReader({});
+    }
+    void TearDown() override
+    {
+        HostileWindowTest::TearDown();
+        variable_.reset();
+    }
+
+    // Starts over with the reader that sleeps over the pictures that want it.
+    void useReader(const std::string& arguments)
+    {
+        const std::string path =
+            folder.write("reader", "#!/bin/sh\nexec '" + platform::programFolder() +
+                                       "/faulty-reader' " + arguments + "\n");
+        fs::permissions(path, fs::perms::owner_all);
+        variable_.reset();
+        variable_ = std::make_unique<test::ScopedVariable>("PINORAMA_READER", path.c_str());
+        cuPictureReader().stop();
+    }
+
+    std::string slow(const std::string& name, int milliseconds, double altitude = 33) const
+    {
+        return folder.write(
+            name,
+            test::pictureWithGps(
+                {.lat = 1.0, .latRef = "N", .lon = 2.0, .lonRef = "E", .altitude = altitude}) +
+                "SLOW " + std::to_string(milliseconds));
+    }
+
+    static platform::ReaderLimits shortSilence()
+    {
+        platform::ReaderLimits limits;
+        limits.properties.silence = limits.preview.silence = 1500ms;
+        return limits;
+    }
+
+    // What the foot of the window says; empty when it is not there.
+    std::string notice() const
+    {
+        const auto* line = controller.myWindow->findChild<ReadingNotice*>();
+        return line == nullptr || line->isHidden() ? "" : line->text().toStdString();
+    }
+
+    bool hasCome()
+    {
+        return test::waitUntil([this] { return !controller.isReading(); });
+    }
+
+private:
+    std::unique_ptr<test::ScopedVariable> variable_;
+};
+}  // namespace
+
+TEST_F(slowPictures, showTheirPlaceWhenItComes)
+{
+    expectGoodPicture();
+    EXPECT_EQ(notice(), "");
+    EXPECT_TRUE(show(slow("slow.jpg", 700)));
+    EXPECT_EQ(notice(), "Still reading slow.jpg...");
+    EXPECT_EQ(shown(controller.fileNameField), "slow.jpg");
+    EXPECT_NE(shown(controller.fileSizeField), "n.a.");
+    EXPECT_EQ(shown(controller.gpsAltitudeField), "");
+    expectLocationActions(false);
+    EXPECT_TRUE(controller.isReading());
+
+    ASSERT_TRUE(test::waitUntil([this] { return shown(controller.gpsAltitudeField) == "33 m"; }));
+    EXPECT_EQ(shown(controller.gpsCoordinateField), "N 1\xC2\xB0 0' 0.0\"   E 2\xC2\xB0 0' 0.0\"");
+    expectLocationActions(true);
+    EXPECT_EQ(controller.info.latti, 1.0);
+    EXPECT_EQ(controller.info.city, nullptr);
+    ASSERT_TRUE(hasCome());
+    EXPECT_EQ(notice(), "");
+    EXPECT_FALSE(controller.fileIconField->pixmap().isNull());
+    EXPECT_FALSE(show(folder.file("slow.jpg"))) << "the same path again";
+}
+
+TEST_F(slowPictures, withoutAPlaceKeepThePlaceTextsOfTheOneBefore)
+{
+    test::PictureFields rome = {.lat = 41.9, .latRef = "N", .lon = 12.5, .lonRef = "E"};
+    rome.city = "Rome";
+    EXPECT_TRUE(showPicture("rome.jpg", rome));
+    EXPECT_TRUE(hasCome());
+    EXPECT_EQ(shown(controller.iptcCityField), "Rome");
+    EXPECT_TRUE(show(folder.write("none.jpg", test::pictureWithGps({}) + "SLOW 700")));
+    EXPECT_EQ(shown(controller.gpsCoordinateField), "");
+    ASSERT_TRUE(hasCome());
+    EXPECT_EQ(shown(controller.gpsCoordinateField), "");
+    EXPECT_EQ(shown(controller.iptcCityField), "Rome");
+    expectLocationActions(false);
+    EXPECT_EQ(notice(), "");
+}
+
+TEST_F(slowPictures, ofAReaderThatStartsSlowlyShowTheirPlaceWhenItComes)
+{
+    useReader("--slow-start 2600");
+    cuReadPicturesElsewhere();
+    EXPECT_TRUE(show(good_));
+    EXPECT_EQ(notice(), "Still reading good.jpg...");
+    ASSERT_TRUE(hasCome());
+    EXPECT_EQ(shown(controller.gpsAltitudeField), "520 m");
+    EXPECT_EQ(notice(), "");
+    expectLocationActions(true);
+}
+
+TEST_F(slowPictures, dropAnswersForAnotherPath)
+{
+    expectGoodPicture();
+    EXPECT_TRUE(show(slow("slow.jpg", 900)));
+    EXPECT_EQ(notice(), "Still reading slow.jpg...");
+    EXPECT_FALSE(show(folder.write("notes.txt", "text")));
+    EXPECT_EQ(notice(), "");
+    test::goOnFor(1200);
+    EXPECT_EQ(shown(controller.fileNameField), "notes.txt");
+    EXPECT_EQ(shown(controller.gpsAltitudeField), "");
+    expectLocationActions(false);
+
+    // The same for an answer that comes nevertheless.
+    platform::PropertyResult late{platform::ReadOutcome::found, {}};
+    late.properties.hasGps = true;
+    late.properties.latitude = late.properties.longitude = 5.0;
+    controller.showLateLocation(0, late);
+    controller.showLateLocation(4711, late);
+    EXPECT_EQ(shown(controller.gpsCoordinateField), "");
+    controller.showReaderStuck(QByteArray::fromStdString(good_));
+    EXPECT_EQ(notice(), "");
+}
+
+TEST_F(slowPictures, areNoHindranceForTheNextOne)
+{
+    expectGoodPicture();
+    for (int i = 0; i < 3; i++) {
+        EXPECT_TRUE(show(slow("never.jpg", 3'600'000)));
+        EXPECT_EQ(notice(), "Still reading never.jpg...");
+        expectGoodPicture();
+        EXPECT_EQ(notice(), "");
+    }
+}
+
+TEST_F(slowPictures, tenInARowEndWithThePlaceOfTheLast)
+{
+    expectGoodPicture();
+    const Ticker ticker;
+    for (int i = 1; i <= 10; i++) {
+        EXPECT_TRUE(show(slow("slow" + std::to_string(i) + ".jpg", 900, 100 + i)));
+        EXPECT_EQ(notice(), "Still reading slow" + std::to_string(i) + ".jpg...");
+        QCoreApplication::processEvents();
+    }
+    ASSERT_TRUE(hasCome());
+    EXPECT_EQ(shown(controller.fileNameField), "slow10.jpg");
+    EXPECT_EQ(shown(controller.gpsAltitudeField), "110 m");
+    EXPECT_EQ(notice(), "");
+    EXPECT_LT(ticker.longest, 2500ms) << "the window stood still for a whole picture";
+}
+
+TEST_F(slowPictures, leaveTheEventLoopRunning)
+{
+    expectGoodPicture();
+    // The machine may stand still for a while, and so the best of three counts.
+    auto longest = Ticker::Clock::duration::max();
+    for (int i = 0; i < 3 && longest > 800ms; i++) {
+        const std::string path = slow("slow" + std::to_string(i) + ".jpg", 3000);
+        const Ticker ticker;
+        QTimer::singleShot(0, &controller, [this, path] { (void)show(path); });
+        EXPECT_TRUE(test::waitUntil([this] { return controller.isReading(); }));
+        EXPECT_TRUE(hasCome());
+        EXPECT_EQ(shown(controller.gpsAltitudeField), "33 m");
+        longest = std::min(longest, ticker.longest);
+    }
+    EXPECT_LT(longest, 800ms);
+    EXPECT_GT(longest, 400ms) << "it does not wait at all";
+}
+
+TEST_F(slowPictures, thatNeverComeAreGivenUpAndToldOf)
+{
+    expectGoodPicture();
+    cuPictureReader().setLimits(shortSilence());
+    EXPECT_TRUE(show(slow("never.jpg", 3'600'000)));
+    EXPECT_EQ(notice(), "Still reading never.jpg...");
+    ASSERT_TRUE(hasCome());
+    EXPECT_EQ(notice(), "never.jpg could not be read.");
+    EXPECT_FALSE(controller.fileIconField->pixmap().isNull()) << "there is no icon";
+    expectLocationActions(false);
+    test::goOnFor(300);
+    EXPECT_EQ(notice(), "never.jpg could not be read.") << "it stays";
+    expectGoodPicture();
+    EXPECT_EQ(notice(), "");
+}
+
+TEST_F(slowPictures, whoseReaderIsInALoopAreToldOf)
+{
+    EXPECT_TRUE(show(folder.write("loop.jpg", "FAULT loop\n")));
+    EXPECT_EQ(notice(), "Still reading loop.jpg...");
+    ASSERT_TRUE(hasCome());
+    EXPECT_EQ(notice(), "loop.jpg could not be read.");
+    expectGoodPicture();
+}
+
+TEST_F(slowPictures, thatAreOnlyPreviewedAreToldOfAsWell)
+{
+    expectGoodPicture();
+    const std::string path = slow("slow.png", 3000);
+    EXPECT_FALSE(show(path));
+    EXPECT_EQ(notice(), "");
+    EXPECT_TRUE(test::waitUntil([this] { return !notice().empty(); }));
+    EXPECT_EQ(notice(), "Still reading slow.png...");
+    ASSERT_TRUE(hasCome());
+    EXPECT_EQ(notice(), "");
+
+    cuPictureReader().setLimits(shortSilence());
+    EXPECT_FALSE(show(slow("never.png", 3'600'000)));
+    ASSERT_TRUE(hasCome());
+    EXPECT_EQ(notice(), "never.png could not be read.");
+}
+
+TEST_F(slowPictures, onADiskThatIsReallySlowShowTheirPlace)
+{
+    fs::create_directory(folder.file("disk"));
+    const std::string bytes = test::readFile(good_);
+    const test::SlowDisk disk(folder.file("disk"), {{"slow.jpg", bytes, 900},
+                                                    {"slower.jpg", test::readFile(other_), 1500},
+                                                    {"dead.jpg", bytes, test::SlowDisk::kNever}});
+    if (!disk.isUsable()) GTEST_SKIP() << "no disk may be mounted here";
+    const test::ScopedVariable real("PINORAMA_READER",
+                                    (platform::programFolder() + "/pinorama-reader").c_str());
+    cuPictureReader().stop();
+    expectGoodPicture();
+    EXPECT_TRUE(show(disk.file("slow.jpg")));
+    EXPECT_EQ(notice(), "Still reading slow.jpg...");
+    ASSERT_TRUE(hasCome());
+    EXPECT_EQ(shown(controller.gpsAltitudeField), "520 m");
+    EXPECT_EQ(notice(), "");
+
+    // From one that never comes to one that does, past a reader that cannot be killed.
+    EXPECT_TRUE(show(disk.file("dead.jpg")));
+    EXPECT_EQ(notice(), "Still reading dead.jpg...");
+    EXPECT_TRUE(show(disk.file("slower.jpg")));
+    ASSERT_TRUE(hasCome());
+    EXPECT_EQ(shown(controller.fileNameField), "slower.jpg");
+    EXPECT_EQ(shown(controller.gpsAltitudeField), "7 m");
+}
