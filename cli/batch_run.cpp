@@ -36,13 +36,15 @@ std::size_t batchSize()
     return std::clamp<std::size_t>(limit.rlim_cur / 2, 1, platform::kMostDescriptors);
 }
 
-// Each file as soon as it is there.
+// Each file as soon as it is there. Who stops the program does not have to wait for a slow disk.
 void workHere(FolderWalk* walk, BatchWork* work, StopSignals* signals, Outputs* outputs)
 {
     while (signals->caught() == 0 && !outputs->areLost()) {
         const std::vector<std::string> paths = nextBatch(walk, 1);
         if (paths.empty()) return;
-        outputs->write(work->process(paths));
+        const BatchResult result = work->process(paths, signals->descriptor());
+        const bool isCutShort = result.failed > 0 && signals->caught() != 0;
+        if (!isCutShort) outputs->write(result);
     }
 }
 

@@ -37,10 +37,10 @@ BatchWork::BatchWork(ReportWishes wishes, PropertyReading reading)
 {
 }
 
-BatchResult BatchWork::process(std::span<const std::string> paths)
+BatchResult BatchWork::process(std::span<const std::string> paths, int alarm)
 {
     BatchResult result;
-    for (const FileReport& report : reporter_.report(paths)) {
+    for (const FileReport& report : reporter_.report(paths, alarm)) {
         appendOutput(report, &result.output);
         result.placemarks += report.placemark;
         if (!report.error.empty()) {

@@ -29,8 +29,8 @@ public:
     void expect(std::span<const std::string> paths) { reporter_.expect(paths); }
     void warmUp() { reporter_.warmUp(); }
 
-    // Reads the files; `paths` is as of FileReporter::report.
-    BatchResult process(std::span<const std::string> paths);
+    // Reads the files; the arguments are as of FileReporter::report.
+    BatchResult process(std::span<const std::string> paths, int alarm = -1);
 
 private:
     void appendOutput(const FileReport& report, std::string* out) const;

@@ -148,7 +148,7 @@ void FileReporter::warmUp()
     tellPosition({}, &nothing);
 }
 
-std::vector<FileReport> FileReporter::report(std::span<const std::string> paths)
+std::vector<FileReport> FileReporter::report(std::span<const std::string> paths, int alarm)
 {
     std::vector<FileReport> reports(paths.size());
     std::vector<OpenFile> files;
@@ -164,7 +164,7 @@ std::vector<FileReport> FileReporter::report(std::span<const std::string> paths)
     for (std::size_t i = 0; i < paths.size(); i++) tellFile(files[i], &reports[i]);
 
     std::vector<platform::PropertyResult> answers;
-    if (!descriptors.empty()) answers = reading_.read(descriptors);
+    if (!descriptors.empty()) answers = reading_.read(descriptors, alarm);
     // The reader ends while its answer is written down.
     if (isOnlyFile_) reading_.finish();
     std::size_t next = 0;
@@ -184,7 +184,7 @@ FileReport FileReporter::report(const std::string& path, fileInfoRecord* record)
     const OpenFile file = open(path, &report);
     platform::PropertyResult answer;
     const int descriptor = file.descriptor.get();
-    if (file.descriptor) answer = reading_.read({&descriptor, 1}).front();
+    if (file.descriptor) answer = reading_.read({&descriptor, 1}, -1).front();
     tellFile(file, &report);
     tellPlace(file, answer, record, &report);
     return report;
@@ -247,9 +247,10 @@ void FileReporter::tellPlace(const OpenFile& file, const platform::PropertyResul
     std::int32_t result = kErrNothingUsable;
     if (!file.attributes) {
         result = statusOfMissing(file.path.get());
-    } else if (file.descriptor &&
-               (answer.outcome == Outcome::failed || answer.outcome == Outcome::stuck)) {
-        report->error = "reading the picture failed or took too long";
+    } else if (file.descriptor && answer.outcome == Outcome::failed) {
+        report->error = "reading the picture failed";
+    } else if (file.descriptor && answer.outcome == Outcome::stuck) {
+        report->error = "reading the picture took too long";
     } else if (file.descriptor && answer.outcome == Outcome::noReader) {
         report->error = "pictures cannot be read safely on this system";
     } else if (answer.outcome == Outcome::found) {

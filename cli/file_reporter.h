@@ -46,7 +46,8 @@ public:
     // Reads files: a report on each, in their order.
     //
     //   paths  at most platform::kMostDescriptors, in the raw bytes of the system.
-    std::vector<FileReport> report(std::span<const std::string> paths);
+    //   alarm  as of PropertyReading::read; -1 for none.
+    std::vector<FileReport> report(std::span<const std::string> paths, int alarm = -1);
 
     // The same for one file, whose record the caller gets: prepared before, released after.
     FileReport report(const std::string& path, fileInfoRecord* record);

@@ -3,17 +3,26 @@
 #include "platform/pictures/reader_client.h"
 #include "platform/pictures/sandboxed_properties.h"
 
+#include <chrono>
 #include <memory>
+
+namespace {
+using namespace std::chrono_literals;
+
+// Nobody sits before a window here, so disks have more time than there.
+constexpr platform::ReaderPatience kPatience = {.processor = 2s, .silence = 30s, .whole = 60s};
+}  // namespace
 
 PropertyReading makePropertyReading()
 {
-    const auto client = std::make_shared<platform::ReaderClient>(platform::forkPropertyReader);
+    platform::ReaderLimits limits;
+    limits.properties = kPatience;
+    const auto client =
+        std::make_shared<platform::ReaderClient>(platform::forkPropertyReader, limits);
     return {
         .prepare = [client] { client->start(); },
-        .read =
-            [client](std::span<const int> descriptors) {
-                return client->readProperties(descriptors);
-            },
+        .read = [client](std::span<const int> descriptors,
+                         int alarm) { return client->readProperties(descriptors, alarm); },
         .finish = [client] { client->dismiss(); },
     };
 }

@@ -15,12 +15,18 @@ struct PropertyReading {
 
     // Reads the pictures that are open under the descriptors, which stay the caller's: a result for
     // each, in their order.
-    std::function<std::vector<platform::PropertyResult>(std::span<const int> descriptors)> read;
+    //
+    //   alarm  as of platform::ReaderClient::readProperties.
+    std::function<std::vector<platform::PropertyResult>(std::span<const int> descriptors,
+                                                        int alarm)>
+        read;
 
     // Says that no picture follows.
     std::function<void()> finish;
 };
 
 // Reading by locked-in copies of this process, one at a time, the first of which starts with the
-// first picture. A picture that one dies of, or takes too long for, costs that picture.
+// first picture. A picture that one dies of, or gets stuck with, costs that picture: 30 seconds
+// without a sign of life or 2 of processor time, and 60 at most. Among others it may take that
+// twice, until it is known which one it is.
 PropertyReading makePropertyReading();

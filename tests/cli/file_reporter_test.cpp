@@ -44,10 +44,8 @@ PropertyReading makeFaultyReading()
         },
         limits);
     return {.prepare = [client] { client->start(); },
-            .read =
-                [client](std::span<const int> descriptors) {
-                    return client->readProperties(descriptors);
-                },
+            .read = [client](std::span<const int> descriptors,
+                             int alarm) { return client->readProperties(descriptors, alarm); },
             .finish = [client] { client->dismiss(); }};
 }
 
@@ -56,7 +54,7 @@ PropertyReading makeReading(platform::ReadOutcome outcome, int* asked)
 {
     return {.prepare = [] {},
             .read =
-                [outcome, asked](std::span<const int> descriptors) {
+                [outcome, asked](std::span<const int> descriptors, int /*alarm*/) {
                     *asked += static_cast<int>(descriptors.size());
                     std::vector<platform::PropertyResult> results(descriptors.size());
                     for (auto& result : results) result.outcome = outcome;
@@ -85,10 +83,13 @@ TEST(FileReporter, losesOnlyThePictureThatAReaderDiesOf)
     ASSERT_EQ(reports.size(), paths.size());
     for (std::size_t i = 0; i < paths.size(); i++) {
         SCOPED_TRACE(paths[i]);
-        const bool isGood = i != 2 && i != 4;
+        const char* const error = i == 2   ? "reading the picture failed"
+                                  : i == 4 ? "reading the picture took too long"
+                                           : "";
+        const bool isGood = *error == '\0';
         EXPECT_EQ(reports[i].path, paths[i]);
         EXPECT_EQ(reports[i].place->result, isGood ? 0 : -1);
-        EXPECT_EQ(reports[i].error, isGood ? "" : "reading the picture failed or took too long");
+        EXPECT_EQ(reports[i].error, error);
         EXPECT_EQ(reports[i].size, isGood ? picture.size() : 8u);
     }
 }

@@ -25,6 +25,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using File = test::SlowDisk::File;
 
+constexpr unsigned kLongestLife = 100;  // seconds; nobody sleeps on a disk of ours for ever
 constexpr std::size_t kLongestRequest = 1 << 20;
 constexpr std::uint64_t kLongValid = 3600;  // seconds
 constexpr std::uint64_t kFirstFile = 2;     // the number of the first file; 1 is the folder
@@ -173,7 +174,12 @@ private:
             return answerRecord(head.unique, attributes);
         }
         case FUSE_OPEN:
-        case FUSE_OPENDIR: return answerRecord(head.unique, fuse_open_out{});
+        case FUSE_OPENDIR: {
+            // Else opening a file that somebody waits for would wait, too.
+            fuse_open_out opened = {};
+            opened.open_flags = FOPEN_KEEP_CACHE;
+            return answerRecord(head.unique, opened);
+        }
         case FUSE_READ:
             return readBytes(head.unique, head.nodeid - kFirstFile, recordIn<fuse_read_in>(body));
         case FUSE_READDIR: return list(head.unique, recordIn<fuse_read_in>(body));
@@ -207,6 +213,7 @@ test::SlowDisk::SlowDisk(std::string folder, std::vector<File> files) : folder_(
     if (isMounted) server_ = fork();
     if (server_ == 0) {
         prctl(PR_SET_PDEATHSIG, SIGKILL);
+        (void)alarm(kLongestLife);
         // Nothing that is open in the other process may stay open because of this one.
         constexpr int kDevice = STDERR_FILENO + 1;
         if (dup2(device, kDevice) != kDevice) _exit(1);

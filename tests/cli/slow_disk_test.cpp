@@ -1,0 +1,92 @@
+// pinorama-info with pictures on a disk that takes its time.
+
+#include "tests/support/slow_disk.h"
+
+#include "tests/cli/running_program.h"
+#include "tests/support/environment.h"
+#include "tests/support/picture_builder.h"
+#include "tests/support/program.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <csignal>
+#include <filesystem>
+#include <memory>
+
+namespace {
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+class pinoramaInfoOnASlowDisk : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        const std::string bytes = test::pictureWithGps(
+            {.lat = 48.125, .latRef = "N", .lon = 11.5, .lonRef = "E", .altitude = 520});
+        near_ = folder_.write("near.jpg", bytes);
+        std::filesystem::create_directory(folder_.file("disk"));
+        disk_ = std::make_unique<test::SlowDisk>(
+            folder_.file("disk"),
+            std::vector<test::SlowDisk::File>{{"slow.jpg", bytes, 1500},
+                                              {"slower.jpg", bytes, 2500},
+                                              {"dead.jpg", bytes, test::SlowDisk::kNever}});
+        if (!disk_->isUsable()) GTEST_SKIP() << "no disk may be mounted here";
+    }
+
+    static test::ProgramResult run(std::vector<std::string> arguments)
+    {
+        arguments.insert(arguments.begin(), PINORAMA_INFO);
+        return test::runProgram({.command = arguments});
+    }
+
+    test::TemporaryFolder folder_;
+    std::string near_;
+    std::unique_ptr<test::SlowDisk> disk_;
+};
+}  // namespace
+
+TEST_F(pinoramaInfoOnASlowDisk, waitsForPictures)
+{
+    const auto start = Clock::now();
+    const test::ProgramResult result = run({disk_->file("slow.jpg"), disk_->file("slower.jpg")});
+    EXPECT_GE(Clock::now() - start, 3900ms) << "the disk is not slow";
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.err, "");
+    const std::size_t first = result.out.find("520 m");
+    ASSERT_NE(first, std::string::npos) << result.out;
+    EXPECT_NE(result.out.find("520 m", first + 1), std::string::npos) << result.out;
+}
+
+TEST_F(pinoramaInfoOnASlowDisk, waitsForThePictureToExport)
+{
+    const std::string kml = folder_.file("a.kml");
+    const test::ProgramResult result = run({"--kml", kml, disk_->file("slow.jpg")});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.err, "");
+    EXPECT_NE(test::readFile(kml).find("<Placemark>"), std::string::npos);
+}
+
+TEST_F(pinoramaInfoOnASlowDisk, tellsOfAPictureThatNeverComesAndGoesOn)
+{
+    const std::string dead = disk_->file("dead.jpg");
+    const test::ProgramResult result = run({"--json", dead, near_});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.err, "pinorama-info: " + dead + ": reading the picture took too long\n");
+    EXPECT_NE(result.out.find("near.jpg"), std::string::npos);
+    EXPECT_NE(result.out.find("48.125"), std::string::npos) << result.out;
+}
+
+TEST_F(pinoramaInfoOnASlowDisk, isStoppedWhileItWaits)
+{
+    for (const int signal : {SIGINT, SIGTERM}) {
+        test::RunningProgram program({"--json", near_, disk_->file("dead.jpg"), near_});
+        const std::string line = program.read(1);
+        EXPECT_NE(line, "");
+        const auto start = Clock::now();
+        ASSERT_EQ(kill(program.process(), signal), 0);
+        EXPECT_EQ(program.finish(), 128 + signal);
+        EXPECT_LT(Clock::now() - start, 20s) << "it waited for the disk";
+        EXPECT_EQ(program.err(), "") << "what was cut short is no failure";
+    }
+}
