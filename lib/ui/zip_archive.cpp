@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <string_view>
 #include <system_error>
 #include <vector>
 
@@ -48,45 +49,56 @@ std::string localeFor(const Tree& tree)
     return tree.isUTF8 ? "LC_ALL=C.UTF-8" : "LC_ALL=C";
 }
 
-// Runs the archiver over an item. The list of names ends each with a zero byte: without that, a
-// line feed would divide a name and "-C" would mean a folder.
-std::int32_t archive(std::vector<std::string> arguments, const fs::path& item,
-                     const std::string& locale, std::string* output = nullptr)
-{
-    arguments.insert(arguments.end(), {"-C", item.parent_path().string(), "--null", "-T", "-"});
-    std::string names = item.filename().string() + '\0';
-    // Without any slash beside it, readers take a backslash for one.
-    if (names.find('\\') != names.npos) names.insert(0, "./");
-    return platform::runAndWait(arguments, {locale}, {.input = names, .output = output});
-}
+// The names of items end each with a zero byte in the archiver's list: without that, a line feed
+// would divide a name and "-C" would mean a folder.
+struct Selection {
+    explicit Selection(const fs::path& item)
+        : arguments({"-C", item.parent_path().string(), "--null", "-T", "-"}),
+          names(item.filename().string() + '\0')
+    {
+        // Without any slash beside it, readers take a backslash for one.
+        if (names.find('\\') != names.npos) names.insert(0, "./");
+    }
 
-// The words that ask for a list of what something consists of, one line for each item.
-std::vector<std::string> listing()
+    std::vector<std::string> arguments;
+    std::string names;  // for standard input
+};
+
+// What the archiver finds in a selection or an archive: a line for each item, behind one that names
+// the format. Nothing when it fails.
+std::optional<std::string> listOf(const std::vector<std::string>& selected,
+                                  const std::string& locale, std::string_view input = {})
 {
-    return {"bsdtar", "--format=mtree", "--options=!all,type,size,cksum,sha256,link", "-cf", "-"};
+    std::vector<std::string> arguments = {"bsdtar", "--format=mtree",
+                                          "--options=!all,type,size,cksum,sha256,link", "-cf", "-"};
+    arguments.insert(arguments.end(), selected.begin(), selected.end());
+    std::string output;
+    if (platform::runAndWait(arguments, {locale}, {.input = input, .output = &output}) != 0) {
+        return std::nullopt;
+    }
+    return output;
 }
 }  // namespace
 
-std::int32_t cuPackIntoZIP(const fs::path& item, const std::string& archivePath)
+std::int32_t cuPackIntoZIP(const fs::path& item, const std::string& archive)
 {
-    const Tree tree = look(item).value_or(Tree());
-    return archive({"bsdtar", "--format=zip", "-cf", archivePath}, item, localeFor(tree));
+    const Selection selection(item);
+    std::vector<std::string> arguments = {"bsdtar", "--format=zip", "-cf", archive};
+    arguments.insert(arguments.end(), selection.arguments.begin(), selection.arguments.end());
+    return platform::runAndWait(arguments, {localeFor(look(item).value_or(Tree()))},
+                                {.input = selection.names});
 }
 
-bool cuIsWholeInZIP(const fs::path& item, const std::string& archivePath)
+bool cuIsWholeInZIP(const fs::path& item, const std::string& archive)
 {
     const std::optional<Tree> tree = look(item);
     if (!tree) return false;
     const std::string locale = localeFor(*tree);
-    std::string wanted;
-    if (archive(listing(), item, locale, &wanted) != 0) return false;
-    std::string packed;
-    std::vector<std::string> arguments = listing();
-    arguments.push_back("@" + archivePath);
-    if (platform::runAndWait(arguments, {locale}, {.output = &packed}) != 0) return false;
+    const Selection selection(item);
+    const auto wanted = listOf(selection.arguments, locale, selection.names);
+    const auto packed = listOf({"@" + archive}, locale);
 
-    // The first line names the format. Counted as well, so that an archiver which overlooks the
-    // same items twice is not believed.
-    const std::ptrdiff_t lines = std::count(packed.begin(), packed.end(), '\n');
-    return lines == tree->items + 1 && packed == wanted;
+    // Counted as well, so that an archiver which overlooks the same items twice is not believed.
+    return wanted && packed && *wanted == *packed &&
+           std::count(packed->begin(), packed->end(), '\n') == tree->items + 1;
 }
