@@ -19,6 +19,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -29,7 +30,7 @@
 namespace {
 constexpr int kWrongUsage = 2;
 constexpr int kFailed = 1;
-constexpr int kServicePatience = 30000;  // milliseconds without a request
+constexpr std::chrono::seconds kServicePatience{30};  // until somebody asks for the window
 constexpr int kReadingPatience = 90000;  // milliseconds, longer than the reader is given
 constexpr int kReadingInterval = 50;     // milliseconds
 
@@ -115,11 +116,7 @@ int run(const app::CommandLine& line)
     } else {
         app::offerAccessibility(advice, controller);
     }
-    if (line.service) {
-        QTimer::singleShot(kServicePatience, &controller, [&] {
-            if (controller.myWindow->isHidden()) QCoreApplication::quit();
-        });
-    }
+    if (line.service) app::endUnlessUsed(bus, controller, kServicePatience);
     QTimer::singleShot(0, &setWindowIcon);  // the window comes first
     return QCoreApplication::exec();
 }

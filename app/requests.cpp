@@ -8,6 +8,7 @@
 
 #include <QCoreApplication>
 #include <QMimeData>
+#include <QTimer>
 
 using platform::ApplicationBus;
 
@@ -68,6 +69,18 @@ void app::carryOut(AppController& controller, const CommandLine& line)
     } else if (!line.service) {
         controller.showMainWindow();
     }
+}
+
+void app::endUnlessUsed(ApplicationBus& bus, AppController& controller,
+                        std::chrono::milliseconds patience)
+{
+    auto* timer = new QTimer(&controller);
+    timer->setSingleShot(true);
+    QObject::connect(timer, &QTimer::timeout, &QCoreApplication::quit);
+    QObject::connect(&bus, &ApplicationBus::activated, timer, &QTimer::stop);
+    QObject::connect(&bus, &ApplicationBus::fileOpened, timer, &QTimer::stop);
+    QObject::connect(&bus, &ApplicationBus::textSent, timer, &QTimer::stop);
+    timer->start(patience);
 }
 
 bool app::handOver(ApplicationBus& bus, const CommandLine& line)

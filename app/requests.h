@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <chrono>
+
 class AppController;
 
 namespace platform {
@@ -22,6 +24,12 @@ bool opensWindow(const CommandLine& line);
 // Does what the command line asks of the first instance: shows a text's or the last file, runs an
 // action, or else opens the window. Nothing for the help texts and for --service.
 void carryOut(AppController& controller, const CommandLine& line);
+
+// Ends the program (--service) when nobody asks for its window within `patience`. Once somebody
+// has, it stays, because closing a window leaves the program running. An action needs no window and
+// keeps nothing waiting. Both arguments live until the program ends.
+void endUnlessUsed(platform::ApplicationBus& bus, AppController& controller,
+                   std::chrono::milliseconds patience);
 
 // Asks the running instance to do what the command line asks for, and lets it come to the front.
 // False when it does not answer.

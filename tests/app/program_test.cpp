@@ -10,8 +10,11 @@
 #include <QDBusConnectionInterface>
 #include <QImage>
 #include <QProcess>
+#include <QTimer>
 
+#include <chrono>
 #include <filesystem>
+#include <functional>
 #include <memory>
 
 namespace {
@@ -240,6 +243,67 @@ TEST_F(RunningInstance, isAnsweredWithoutWaitingWhenItHangs)
          .seconds = 30});
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.err, "pinorama: the running program does not answer\n");
+}
+
+namespace {
+// The running instance as one that the session bus has started, with little patience.
+class EndUnlessUsed : public RunningInstance {
+protected:
+    void SetUp() override
+    {
+        RunningInstance::SetUp();
+        controller.myWindow->hide();
+    }
+
+    // Whether it ends by itself, after `requests` that arrive before its patience is at an end.
+    bool ends(const std::function<void()>& requests)
+    {
+        constexpr int kStays = 5;
+        app::endUnlessUsed(bus_, controller, std::chrono::milliseconds(20));
+        requests();
+        // Of two timers the one that is due first comes first, however slow the machine is.
+        QTimer::singleShot(200, &controller, [] { QCoreApplication::exit(kStays); });
+        return QCoreApplication::exec() != kStays;
+    }
+};
+}  // namespace
+
+TEST_F(EndUnlessUsed, endsWhatNobodyAsksForAnything)
+{
+    EXPECT_TRUE(ends([] {}));
+}
+
+TEST_F(EndUnlessUsed, leavesAProgramWhoseWindowWasClosedRunning)
+{
+    const struct {
+        const char* name;
+        std::function<void()> ask;
+    } rows[] = {
+        {"window", [this] { Q_EMIT bus_.activated({}); }},
+        {"file", [this] { Q_EMIT bus_.fileOpened("/nowhere/a.jpg", {}); }},
+        {"text", [this] { Q_EMIT bus_.textSent(QStringLiteral("/nowhere/a.jpg")); }},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_FALSE(ends([&] {
+            row.ask();
+            EXPECT_TRUE(controller.myWindow->isVisible());
+            controller.myWindow->close();
+        }));
+        EXPECT_FALSE(controller.myWindow->isVisible());
+    }
+}
+
+TEST_F(EndUnlessUsed, leavesAProgramWhoseWindowIsOpenRunning)
+{
+    EXPECT_FALSE(ends([this] { Q_EMIT bus_.activated({}); }));
+    EXPECT_TRUE(controller.myWindow->isVisible());
+}
+
+TEST_F(EndUnlessUsed, endsAProgramThatWasAskedForAnActionOnly)
+{
+    EXPECT_TRUE(ends([this] { Q_EMIT bus_.actionActivated(QStringLiteral("home"), {}); }));
+    EXPECT_EQ(opener.addresses, std::vector<std::string>{PINORAMA_HOME_URL});
 }
 
 TEST(program, quitsWhenItIsAskedToAndGoesOnWithoutAWindow)
