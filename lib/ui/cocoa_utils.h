@@ -39,6 +39,7 @@ public:
     //   QLabel with a picture nothing more
     //   QLabel, fields        text
     //
+    // Only what is a placeholder is set: an ordinary text keeps its form, links, selection and undo.
     // Windows that merely have `view` as their parent are not below it. A setter that throws a
     // std::exception leaves its text as it was and never stops the walk, except with a tool tip;
     // every other exception is passed on. A null view does nothing.

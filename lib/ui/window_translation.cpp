@@ -39,30 +39,35 @@ QString translated(const QString& text)
     return cuTextUnits(StringHolder(replacement).get());
 }
 
-// False when the setter refused the text.
-bool setGuarded(QWidget* view, ViewText kind, int item, const QString& text)
+// Sets the translation of a text that the view shows, and passes on what the setter throws. A text
+// that stays as it is is not set: what is read and set is plain text, so that links, forms, the
+// selection and what can be undone would be lost.
+void setTranslated(QWidget* view, ViewText kind, int item, const QString& text,
+                   const QString& translation)
 {
+    if (translation != text) cuSetViewText(view, kind, item, translation);
+}
+
+// Translates a text when the view has it and it is not empty; true when the setter took it. What
+// goes wrong in the translation itself is passed on.
+bool translateGuarded(QWidget* view, ViewText kind, int item = 0)
+{
+    const std::optional<QString> text = cuViewText(view, kind, item);
+    if (!text || text->isEmpty()) return false;
+    const QString translation = translated(*text);
     try {
-        cuSetViewText(view, kind, item, text);
+        setTranslated(view, kind, item, *text, translation);
         return true;
     } catch (const std::exception&) {
         return false;
     }
 }
 
-// Translates a text when the view has it and it is not empty; true when the new text was set.
-bool translateGuarded(QWidget* view, ViewText kind, int item = 0)
-{
-    const std::optional<QString> text = cuViewText(view, kind, item);
-    if (!text || text->isEmpty()) return false;
-    return setGuarded(view, kind, item, translated(*text));
-}
-
 void translatePlaceholder(QWidget* view)
 {
     try {
         if (const auto text = cuViewText(view, ViewText::placeholder))
-            cuSetViewText(view, ViewText::placeholder, 0, translated(*text));
+            setTranslated(view, ViewText::placeholder, 0, *text, translated(*text));
     } catch (const std::exception&) {
         // The walk goes on: the placeholder stays as designed.
     }
@@ -78,7 +83,7 @@ bool isPictureLabel(const QWidget* view)
 void translateOwnTexts(QWidget* view)
 {
     if (const auto toolTip = cuViewText(view, ViewText::toolTip))
-        cuSetViewText(view, ViewText::toolTip, 0, translated(*toolTip));
+        setTranslated(view, ViewText::toolTip, 0, *toolTip, translated(*toolTip));
 
     // A pop-up is done with its items: its own title is never taken for a button's.
     const std::optional<int> itemCount = cuPopUpItemCount(view);

@@ -17,6 +17,8 @@
 #include <QPixmap>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QSignalSpy>
+#include <QTextBrowser>
 #include <QTextEdit>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -229,6 +231,82 @@ TEST_F(translateOneView, toolTipsOfAnyView)
     translate();
     EXPECT_EQ(plainView->toolTip(), QLatin1String("twelve"));
     EXPECT_EQ(label->toolTip(), QLatin1String("OK"));
+}
+
+TEST_F(translateOneView, setsNothingThatStaysAsItIs)
+{
+    auto* popUp = add<QComboBox>();
+    popUp->addItems({QStringLiteral("Fixed"), QStringLiteral("##1")});
+    auto* button = add<QPushButton>(QStringLiteral("Fixed"));
+    auto* menu = add<QPushButton>(QStringLiteral("Menu"));
+    menu->setMenu(new QMenu(menu));
+    menu->menu()->addAction(QStringLiteral("Fixed"));
+    auto* box = add<QGroupBox>(QStringLiteral("Fixed"));
+    auto* label = add<QLabel>(QStringLiteral("Fixed"));
+    auto* line = add<QLineEdit>(QStringLiteral("Fixed"));
+    auto* plain = add<QPlainTextEdit>(QStringLiteral("Fixed"));
+    auto* rich = add<QTextEdit>(QStringLiteral("Fixed"));
+    for (QWidget* view : {static_cast<QWidget*>(button), static_cast<QWidget*>(box),
+                          static_cast<QWidget*>(label), static_cast<QWidget*>(rich)})
+        view->setToolTip(QStringLiteral("Fixed"));
+    line->setPlaceholderText(QStringLiteral("Fixed"));
+    plain->setPlaceholderText(QStringLiteral("Fixed"));
+    QStringList set;
+    cuReplaceViewTextSetter([&](QWidget* view, ViewText, int item, const QString& text) {
+        set << QString::fromLatin1(view->metaObject()->className()) + QString::number(item) + text;
+    });
+    translate();
+    EXPECT_EQ(set, QStringList{QStringLiteral("QComboBox1one")});
+}
+
+TEST_F(translateOneView, keepsTheFormOfATextThatStaysAsItIs)
+{
+    const QString html = QStringLiteral(
+        "Read <a href=\"https://pinorama.example\">the "
+        "<b>manual</b></a>");
+    auto* browser = add<QTextBrowser>();
+    browser->setHtml(html);
+    browser->setToolTip(QStringLiteral("<b>bold</b>"));
+    auto* rich = add<QTextEdit>();
+    rich->setHtml(html);
+    auto* label = add<QLabel>(html);
+    const QString before = browser->toHtml();
+    const QSignalSpy ofBrowser(browser, &QTextEdit::textChanged);
+    const QSignalSpy ofRich(rich, &QTextEdit::textChanged);
+    translate();
+    EXPECT_EQ(browser->toHtml(), before);
+    EXPECT_TRUE(before.contains(QLatin1String("href=\"https://pinorama.example\"")));
+    EXPECT_EQ(rich->toHtml(), before);
+    EXPECT_EQ(label->text(), html);
+    EXPECT_EQ(ofBrowser.count() + ofRich.count(), 0);
+}
+
+TEST_F(translateOneView, keepsWhatTheUserIsDoingInAText)
+{
+    auto* line = add<QLineEdit>();
+    line->insert(QStringLiteral("typed"));
+    line->setSelection(1, 2);
+    auto* plain = add<QPlainTextEdit>();
+    plain->insertPlainText(QStringLiteral("typed"));
+    auto* rich = add<QTextEdit>();
+    rich->insertPlainText(QStringLiteral("typed"));
+    auto* editable = add<QComboBox>();
+    editable->setEditable(true);
+    editable->addItems({QStringLiteral("Fixed"), QStringLiteral("Other")});
+    editable->setEditText(QStringLiteral("typed"));
+    const QSignalSpy ofPlain(plain, &QPlainTextEdit::textChanged);
+    const QSignalSpy ofEditable(editable, &QComboBox::editTextChanged);
+    const QSignalSpy ofItems(editable->model(), &QAbstractItemModel::dataChanged);
+    translate();
+    EXPECT_EQ(line->selectedText(), QLatin1String("yp"));
+    EXPECT_EQ(line->cursorPosition(), 3);
+    EXPECT_TRUE(line->isUndoAvailable());
+    EXPECT_EQ(plain->textCursor().position(), 5);
+    EXPECT_TRUE(plain->document()->isUndoAvailable());
+    EXPECT_EQ(rich->textCursor().position(), 5);
+    EXPECT_TRUE(rich->document()->isUndoAvailable());
+    EXPECT_EQ(editable->currentText(), QLatin1String("typed"));
+    EXPECT_EQ(ofPlain.count() + ofEditable.count() + ofItems.count(), 0);
 }
 
 TEST_F(translateOneView, aRefusedTextNeverStopsTheWalk)
