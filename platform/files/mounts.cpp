@@ -1,11 +1,13 @@
 #include "platform/files/mounts.h"
 
+#include <algorithm>
 #include <charconv>
 #include <filesystem>
 #include <fstream>
 #include <set>
 #include <sstream>
 
+#include <sys/stat.h>
 #include <sys/sysmacros.h>
 
 namespace {
@@ -88,7 +90,12 @@ std::vector<platform::Mount> platform::mountedVolumes()
 {
     std::ostringstream text;
     text << std::ifstream("/proc/self/mountinfo").rdbuf();
-    return mountsInText(text.str());
+    std::vector<Mount> mounts = mountsInText(text.str());
+    const auto isRoot = [](const Mount& mount) { return mount.folder == "/"; };
+    struct stat root = {};
+    if (std::none_of(mounts.begin(), mounts.end(), isRoot) && stat("/", &root) == 0)
+        mounts.push_back({root.st_dev, "/"});
+    return mounts;
 }
 
 std::uint32_t platform::countVolumesOnDisk(std::uint64_t device)

@@ -17,7 +17,9 @@ struct Mount {
 // The mounts that the text of a mountinfo file lists; a line that cannot be read is left out.
 std::vector<Mount> mountsInText(std::string_view text);
 
-// The volumes that are mounted now; empty when the system does not tell.
+// The volumes that are mounted now and that this process can reach. The one with the root folder is
+// always among them: where that folder is no mount of its own, as in a chroot, the system does not
+// list it.
 std::vector<Mount> mountedVolumes();
 
 // The number of mounted volumes on the disk that the volume `device` is on, itself included. One

@@ -3,6 +3,7 @@
 #include "platform/files/item_path.h"
 #include "platform/files/whole_file.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <string_view>

@@ -1,11 +1,16 @@
 #include "platform/files/mounts.h"
 
+#include "tests/support/environment.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
+#include <sched.h>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 TEST(mountsInText, readsDeviceAndFolder)
 {
@@ -37,6 +42,30 @@ TEST(mountedVolumes, knowTheRootFolder)
     const auto mounts = platform::mountedVolumes();
     EXPECT_TRUE(std::any_of(mounts.begin(), mounts.end(),
                             [](const platform::Mount& mount) { return mount.folder == "/"; }));
+}
+
+// A folder that is no mount, and in which there is nobody to ask about mounts either.
+TEST(mountedVolumes, knowARootFolderThatIsNoMount)
+{
+    enum Outcome : int { kKnown, kUnknown, kNotAllowed };
+    const test::TemporaryFolder folder;
+    struct stat facts = {};
+    ASSERT_EQ(stat(folder.path().c_str(), &facts), 0);
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        if (geteuid() != 0 && unshare(CLONE_NEWUSER) != 0) _exit(kNotAllowed);
+        if (chroot(folder.path().c_str()) != 0 || chdir("/") != 0) _exit(kNotAllowed);
+        const auto mounts = platform::mountedVolumes();
+        const bool isKnown =
+            mounts.size() == 1 && mounts[0].folder == "/" && mounts[0].device == facts.st_dev;
+        _exit(isKnown ? kKnown : kUnknown);
+    }
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFEXITED(status));
+    if (WEXITSTATUS(status) == kNotAllowed) GTEST_SKIP() << "no rights to change the root folder";
+    EXPECT_EQ(WEXITSTATUS(status), kKnown);
 }
 
 TEST(countVolumesOnDisk, countsAtLeastTheVolumeItself)
