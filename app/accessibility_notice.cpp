@@ -2,7 +2,7 @@
 
 #include "app/app_controller.h"
 #include "app/main_window.h"
-#include "platform/desktop/accessibility_advice.h"
+#include "selection/accessibility_advice.h"
 
 #include <QPushButton>
 

@@ -4,6 +4,7 @@
 #include "app/main_window.h"
 #include "globe/fly_to.h"
 #include "lib/conv/time_conversions.h"
+#include "lib/files/path_text.h"
 #include "lib/strings/string_holder.h"
 #include "lib/strings/tov_display.h"
 #include "lib/strings/tov_string.h"
@@ -11,7 +12,6 @@
 #include "lib/ui/qt_text.h"
 #include "lib/ui/string_tables.h"
 #include "location/accepted_types.h"
-#include "platform/files/path_text.h"
 
 #include <QApplication>
 #include <QMimeData>

@@ -8,14 +8,14 @@
 #pragma once
 
 #include "app/selection_script.h"
+#include "desktop/address_opener.h"
+#include "desktop/globe_programs.h"
 #include "globe/web_services.h"
-#include "lib/ui/preview_loader.h"
+#include "lib/objects/collections.h"
+#include "lib/objects/string.h"
 #include "location/file_info_record.h"
-#include "platform/desktop/address_opener.h"
-#include "platform/desktop/globe_programs.h"
-#include "platform/desktop/selection_source.h"
-#include "platform/objects/collections.h"
-#include "platform/objects/string.h"
+#include "previews/preview_loader.h"
+#include "selection/selection_source.h"
 
 #include <QByteArray>
 #include <QObject>

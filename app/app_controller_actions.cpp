@@ -7,16 +7,16 @@
 #include "app/main_window.h"
 #include "app/pop_up_menu.h"
 #include "app/wrapped_field.h"
+#include "base/file_uri.h"
+#include "base/resource_folder.h"
 #include "globe/fly_to.h"
 #include "globe/google_earth_connector.h"
 #include "globe/kml_file.h"
+#include "lib/files/path_text.h"
 #include "lib/strings/string_holder.h"
 #include "lib/ui/qt_text.h"
 #include "location/coordinate_text.h"
 #include "location/file_name.h"
-#include "platform/files/file_uri.h"
-#include "platform/files/path_text.h"
-#include "platform/files/resource_folder.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -4,6 +4,7 @@
 #include "app/elided_field.h"
 #include "app/main_window.h"
 #include "app/picture_field.h"
+#include "lib/files/path_text.h"
 #include "lib/strings/string_holder.h"
 #include "lib/strings/tov_string.h"
 #include "lib/ui/cocoa_utils.h"
@@ -12,7 +13,6 @@
 #include "location/file_facts.h"
 #include "location/file_name.h"
 #include "location/metadata_reader.h"
-#include "platform/files/path_text.h"
 
 #include <QAction>
 

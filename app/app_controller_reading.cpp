@@ -4,10 +4,11 @@
 #include "app/elided_field.h"
 #include "app/main_window.h"
 #include "app/reading_notice.h"
-#include "lib/ui/late_properties.h"
+#include "lib/files/path_text.h"
+#include "lib/objects/object_holder.h"
 #include "location/metadata_reader.h"
-#include "platform/files/path_text.h"
-#include "platform/objects/object_holder.h"
+#include "location/property_dictionary.h"
+#include "previews/late_properties.h"
 
 namespace {
 // A large picture takes its time on any disk; nobody needs to be told at once.

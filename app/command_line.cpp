@@ -1,6 +1,6 @@
 #include "app/command_line.h"
 
-#include "platform/files/file_uri.h"
+#include "base/file_uri.h"
 
 #include <algorithm>
 #include <array>

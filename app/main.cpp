@@ -9,10 +9,10 @@
 #include "app/requests.h"
 #include "app/translations.h"
 #include "app/window_report.h"
-#include "lib/ui/picture_reader.h"
-#include "platform/desktop/accessibility_advice.h"
-#include "platform/desktop/application_bus.h"
-#include "platform/desktop/file_manager_selection.h"
+#include "desktop/application_bus.h"
+#include "previews/picture_reader.h"
+#include "selection/accessibility_advice.h"
+#include "selection/file_manager_selection.h"
 
 #include <QApplication>
 #include <QTimer>

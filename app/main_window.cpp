@@ -2,7 +2,7 @@
 
 #include "app/caption_colour.h"
 #include "app/drawing.h"
-#include "platform/files/file_uri.h"
+#include "base/file_uri.h"
 
 #include <QDragEnterEvent>
 #include <QEvent>

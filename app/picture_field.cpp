@@ -1,6 +1,6 @@
 #include "app/picture_field.h"
 
-#include "platform/files/file_uri.h"
+#include "base/file_uri.h"
 
 #include <QApplication>
 #include <QDrag>

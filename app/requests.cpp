@@ -2,9 +2,9 @@
 
 #include "app/app_controller.h"
 #include "app/command_line.h"
+#include "desktop/application_bus.h"
+#include "lib/files/path_text.h"
 #include "lib/strings/string_holder.h"
-#include "platform/desktop/application_bus.h"
-#include "platform/files/path_text.h"
 
 #include <QCoreApplication>
 #include <QMimeData>

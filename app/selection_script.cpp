@@ -1,6 +1,7 @@
 #include "app/selection_script.h"
 
-#include "platform/text/utf8.h"
+#include "base/utf8.h"
+#include "lib/text/byte_texts.h"
 
 TovStringRef appMakeSelectionScript()
 {

@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "platform/objects/string.h"
+#include "lib/objects/string.h"
 
 // Returns a new text: seven lines separated by carriage returns, every blank at their ends and
 // every tab as it belongs there. Null when memory runs out.

@@ -1,6 +1,6 @@
 #include "app/translations.h"
 
-#include "platform/text/locale.h"
+#include "lib/text/locale.h"
 
 #include <QCoreApplication>
 #include <QLibraryInfo>

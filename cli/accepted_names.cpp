@@ -1,8 +1,8 @@
 #include "cli/accepted_names.h"
 
+#include "lib/files/path_text.h"
 #include "lib/strings/string_holder.h"
 #include "location/accepted_types.h"
-#include "platform/files/path_text.h"
 
 namespace {
 constexpr std::size_t kMostKnown = 64;  // extensions; names can have any number of them

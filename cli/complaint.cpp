@@ -1,9 +1,9 @@
 #include "cli/complaint.h"
 
+#include "base/utf8.h"
 #include "cli/printable.h"
+#include "lib/files/path_text.h"
 #include "lib/strings/string_holder.h"
-#include "platform/files/path_text.h"
-#include "platform/text/utf8.h"
 
 void appendComplaint(std::string_view what, std::string* out)
 {

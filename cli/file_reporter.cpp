@@ -1,19 +1,20 @@
 #include "cli/file_reporter.h"
 
+#include "base/descriptor.h"
+#include "base/status.h"
+#include "base/time_zone.h"
+#include "base/utf8.h"
 #include "globe/fly_to.h"
 #include "globe/kml_document.h"
 #include "globe/web_services.h"
 #include "globe/xml_escape.h"
-#include "lib/base/status.h"
 #include "lib/files/file_reference.h"
+#include "lib/files/path_text.h"
 #include "lib/ui/string_tables.h"
 #include "location/coordinate_text.h"
 #include "location/file_facts.h"
 #include "location/metadata_reader.h"
-#include "platform/files/descriptor.h"
-#include "platform/files/path_text.h"
-#include "platform/system/time_zone.h"
-#include "platform/text/utf8.h"
+#include "location/property_dictionary.h"
 
 #include <fcntl.h>
 

@@ -2,6 +2,8 @@
 
 #pragma once
 
+#include "base/descriptor.h"
+#include "base/file_attributes.h"
 #include "cli/accepted_names.h"
 #include "cli/file_report.h"
 #include "cli/options.h"
@@ -9,8 +11,6 @@
 #include "lib/strings/string_holder.h"
 #include "location/file_facts.h"
 #include "location/file_info_record.h"
-#include "platform/files/descriptor.h"
-#include "platform/files/file_attributes.h"
 
 #include <optional>
 #include <span>

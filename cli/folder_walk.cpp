@@ -1,6 +1,6 @@
 #include "cli/folder_walk.h"
 
-#include "platform/files/descriptor.h"
+#include "base/descriptor.h"
 
 #include <algorithm>
 #include <cerrno>

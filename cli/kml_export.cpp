@@ -1,12 +1,12 @@
 #include "cli/kml_export.h"
 
+#include "base/utf8.h"
 #include "cli/complaint.h"
 #include "globe/kml_document.h"
 #include "globe/kml_file.h"
+#include "lib/files/path_text.h"
 #include "lib/strings/string_holder.h"
 #include "location/file_name.h"
-#include "platform/files/path_text.h"
-#include "platform/text/utf8.h"
 
 #include <cerrno>
 #include <cstring>

@@ -2,8 +2,8 @@
 
 #pragma once
 
+#include "base/replacing_file.h"
 #include "cli/file_reporter.h"
-#include "platform/files/replacing_file.h"
 
 #include <string>
 #include <string_view>

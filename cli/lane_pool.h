@@ -4,8 +4,8 @@
 
 #pragma once
 
+#include "base/descriptor.h"
 #include "cli/batch_work.h"
-#include "platform/files/descriptor.h"
 
 #include <deque>
 #include <functional>

@@ -1,13 +1,13 @@
 // pinorama-info: what the window shows, on a terminal and for many files.
 
+#include "base/file_attributes.h"
+#include "base/resource_folder.h"
 #include "cli/accepted_names.h"
 #include "cli/batch_run.h"
 #include "cli/complaint.h"
 #include "cli/kml_export.h"
 #include "globe/web_services.h"
 #include "lib/ui/application_bundle.h"
-#include "platform/files/file_attributes.h"
-#include "platform/files/resource_folder.h"
 
 #include <cerrno>
 #include <csignal>

@@ -2,8 +2,8 @@
 
 #pragma once
 
+#include "base/descriptor.h"
 #include "cli/batch_work.h"
-#include "platform/files/descriptor.h"
 
 #include <chrono>
 #include <cstdint>

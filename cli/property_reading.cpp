@@ -1,7 +1,7 @@
 #include "cli/property_reading.h"
 
-#include "platform/pictures/reader_client.h"
-#include "platform/pictures/sandboxed_properties.h"
+#include "reader/reader_client.h"
+#include "reader/sandboxed_properties.h"
 
 #include <chrono>
 #include <memory>

@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "platform/pictures/reader_client.h"
+#include "reader/reader_client.h"
 
 #include <functional>
 #include <span>

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "platform/files/descriptor.h"
+#include "base/descriptor.h"
 
 #include <csignal>
 

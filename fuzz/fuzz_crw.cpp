@@ -1,7 +1,7 @@
 // The header of a CRW picture, which is told apart from TIFF.
 
-#include "platform/pictures/crw.h"
-#include "platform/pictures/tiff_directory.h"
+#include "pictures/crw.h"
+#include "pictures/tiff_directory.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

@@ -1,7 +1,7 @@
 // An IPTC record and the character sets of its texts.
 
-#include "platform/pictures/iptc_record.h"
-#include "platform/pictures/iptc_text.h"
+#include "pictures/iptc_record.h"
+#include "pictures/iptc_text.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

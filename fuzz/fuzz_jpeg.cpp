@@ -1,8 +1,8 @@
 // The segments of a JPEG picture and the resources in them.
 
-#include "platform/pictures/jpeg_segments.h"
-#include "platform/pictures/photoshop_resources.h"
-#include "platform/pictures/tiff_directory.h"
+#include "pictures/jpeg_segments.h"
+#include "pictures/photoshop_resources.h"
+#include "pictures/tiff_directory.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

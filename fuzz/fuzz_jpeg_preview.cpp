@@ -1,9 +1,9 @@
 // The preview of a JPEG picture: its headers, its embedded thumbnail, its decoding at a reduced
 // scale. The decoder itself is libjpeg-turbo; what is watched is how it is driven.
 
-#include "platform/pictures/embedded_jpegs.h"
-#include "platform/pictures/jpeg_decode.h"
-#include "platform/pictures/preview.h"
+#include "pictures/pixels/embedded_jpegs.h"
+#include "pictures/pixels/jpeg_decode.h"
+#include "pictures/pixels/picture_preview.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

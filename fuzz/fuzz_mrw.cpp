@@ -1,6 +1,6 @@
 // The chain of blocks of a MRW picture.
 
-#include "platform/pictures/mrw.h"
+#include "pictures/mrw.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

@@ -1,7 +1,8 @@
 // Whole pictures: whatever the bytes are, to properties and on to dictionaries.
 
-#include "platform/objects/object.h"
-#include "platform/pictures/picture_properties.h"
+#include "lib/objects/object.h"
+#include "location/property_dictionary.h"
+#include "pictures/picture_properties.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

@@ -2,8 +2,8 @@
 // is read back, and what else was there stays: in the file, or in one set aside when it was
 // damaged.
 
-#include "platform/files/preference_file.h"
-#include "platform/text/utf8.h"
+#include "base/utf8.h"
+#include "lib/prefs/preference_file.h"
 
 #include <nlohmann/json.hpp>
 

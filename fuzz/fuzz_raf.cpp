@@ -1,6 +1,6 @@
 // The place of the JPEG picture in a RAF picture.
 
-#include "platform/pictures/raf.h"
+#include "pictures/raf.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

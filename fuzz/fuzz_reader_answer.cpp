@@ -1,6 +1,6 @@
 // An answer as the window takes it apart: a head, and the rest as the body of every kind.
 
-#include "platform/pictures/reader_protocol.h"
+#include "reader/reader_protocol.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
 // A request as the reader takes it apart.
 
-#include "platform/pictures/reader_protocol.h"
+#include "reader/reader_protocol.h"
 
 #include <algorithm>
 

@@ -5,10 +5,10 @@
 #include <memory>
 #include <string_view>
 
+#include "base/utf8.h"
 #include "lib/strings/string_holder.h"
 #include "lib/strings/tov_bytes.h"
 #include "lib/strings/tov_search.h"
-#include "platform/text/utf8.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

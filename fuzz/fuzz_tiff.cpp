@@ -1,6 +1,6 @@
 // A TIFF block and the GPS directory, taken from the first directory and from everywhere.
 
-#include "platform/pictures/exif_gps.h"
+#include "pictures/exif_gps.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

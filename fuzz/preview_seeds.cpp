@@ -1,6 +1,6 @@
 // Writes the seeds of the preview and reader fuzzers, one file per case, into FOLDER/fuzz_X/.
 
-#include "platform/pictures/reader_protocol.h"
+#include "reader/reader_protocol.h"
 #include "tests/support/jpeg_pictures.h"
 
 #include <cstdio>

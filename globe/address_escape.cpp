@@ -1,7 +1,7 @@
 #include "globe/address_escape.h"
 
-#include "lib/base/memory_guard.h"
-#include "platform/text/utf8.h"
+#include "base/memory_guard.h"
+#include "base/utf8.h"
 
 #include <string>
 

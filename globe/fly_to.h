@@ -4,8 +4,8 @@
 
 #pragma once
 
+#include "globe/globe_view.h"
 #include "lib/strings/tov_string.h"
-#include "platform/desktop/globe_view.h"
 
 #include <cstdint>
 #include <functional>

@@ -1,11 +1,12 @@
 #include "globe/google_earth_connector.h"
 
+#include "base/memory_guard.h"
+#include "base/utf8.h"
 #include "globe/kml_document.h"
-#include "lib/base/memory_guard.h"
 #include "lib/strings/string_holder.h"
 #include "lib/strings/tov_file.h"
 #include "lib/strings/tov_search.h"
-#include "platform/text/utf8.h"
+#include "lib/text/byte_texts.h"
 
 namespace {
 constexpr std::uint16_t kEncodingUTF8 = 12;

@@ -1,11 +1,11 @@
 #include "globe/kml_file.h"
 
+#include "base/utf8.h"
 #include "globe/google_earth_connector.h"
 #include "globe/kml_document.h"
 #include "globe/xml_escape.h"
+#include "lib/files/path_text.h"
 #include "lib/strings/string_holder.h"
-#include "platform/files/path_text.h"
-#include "platform/text/utf8.h"
 
 #include <cerrno>
 

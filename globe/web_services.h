@@ -4,8 +4,8 @@
 
 #pragma once
 
+#include "lib/objects/string.h"
 #include "location/file_info_record.h"
-#include "platform/objects/string.h"
 
 #include <cstdint>
 

@@ -1,6 +1,6 @@
 #include "globe/xml_escape.h"
 
-#include "lib/base/memory_guard.h"
+#include "base/memory_guard.h"
 
 #include <string>
 

@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "platform/objects/string.h"
+#include "lib/objects/string.h"
 
 #include <string_view>
 

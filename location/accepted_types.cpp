@@ -1,9 +1,9 @@
 #include "location/accepted_types.h"
 
+#include "lib/objects/shared_text.h"
 #include "lib/strings/string_holder.h"
 #include "lib/strings/tov_search.h"
 #include "location/file_name.h"
-#include "platform/objects/shared_text.h"
 
 namespace {
 constexpr std::uint8_t kIgnoreCase = 0;

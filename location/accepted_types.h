@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "platform/objects/string.h"
+#include "lib/objects/string.h"
 
 // True when the name that `path` ends in has one of the accepted extensions, in upper or lower
 // case.

@@ -11,8 +11,8 @@
 #include <cstdint>
 
 #include "lib/conv/time_conversions.h"
-#include "platform/objects/collections.h"
-#include "platform/objects/values.h"
+#include "lib/objects/collections.h"
+#include "lib/objects/values.h"
 
 // The value of `key` as a number. Negative numbers come as their bit pattern: -1 as 32 bits is
 // 4294967295.

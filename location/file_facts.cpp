@@ -1,12 +1,12 @@
 #include "location/file_facts.h"
 
+#include "base/file_attributes.h"
 #include "lib/conv/mac_time.h"
+#include "lib/files/path_text.h"
+#include "lib/objects/object_holder.h"
+#include "lib/objects/values.h"
 #include "lib/strings/tov_display.h"
 #include "location/dictionary_getters.h"
-#include "platform/files/file_attributes.h"
-#include "platform/files/path_text.h"
-#include "platform/objects/object_holder.h"
-#include "platform/objects/values.h"
 
 namespace {
 constexpr std::uint8_t kWithTime = 1;

@@ -6,9 +6,9 @@
 #include <cstdint>
 #include <optional>
 
+#include "base/file_attributes.h"
+#include "lib/objects/string.h"
 #include "location/file_name.h"
-#include "platform/files/file_attributes.h"
-#include "platform/objects/string.h"
 
 struct fileFacts {
     std::optional<std::uint64_t> size{};  // bytes; nothing unless it is a regular file

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "platform/objects/string.h"
+#include "lib/objects/string.h"
 
 // Plain values, passed by address. A signed coordinate is the magnitude negated for 'S' and 'W'.
 struct fileInfoRecord {

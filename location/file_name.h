@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "platform/objects/string.h"
+#include "lib/objects/string.h"
 
 // Returns a new text: the last component of a path, without the slashes at its end (a file manager
 // writes them behind folders). "/" for a path of nothing but slashes, empty for an empty one, null

@@ -1,15 +1,15 @@
 #include "location/metadata_reader.h"
 
-#include "lib/base/status.h"
+#include "base/status.h"
 #include "lib/files/file_reference.h"
+#include "lib/objects/object_holder.h"
+#include "lib/objects/shared_text.h"
 #include "lib/strings/string_holder.h"
 #include "lib/strings/tov_search.h"
 #include "lib/strings/tov_string.h"
 #include "location/dictionary_getters.h"
-#include "platform/objects/object_holder.h"
-#include "platform/objects/shared_text.h"
-#include "platform/pictures/picture_source.h"
-#include "platform/pictures/property_keys.h"
+#include "location/picture_source.h"
+#include "location/property_keys.h"
 
 namespace {
 using namespace platform;  // the property keys

@@ -9,9 +9,9 @@
 
 #include <cstdint>
 
+#include "lib/files/file_types.h"
+#include "lib/objects/collections.h"
 #include "location/file_info_record.h"
-#include "platform/files/file_types.h"
-#include "platform/objects/collections.h"
 
 // Reads the picture at a POSIX path.
 //

@@ -4,7 +4,7 @@
 
 #include <QIODevice>
 
-#include "platform/pictures/byte_source.h"
+#include "pictures/byte_source.h"
 
 class ByteDevice : public QIODevice {
 public:

@@ -6,8 +6,8 @@
 #include <optional>
 #include <string>
 
-#include "platform/pictures/byte_source.h"
-#include "platform/pictures/pixel_image.h"
+#include "pictures/byte_source.h"
+#include "pictures/pixels/pixel_image.h"
 
 struct CachedThumbnail {
     platform::PixelImage image;

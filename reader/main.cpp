@@ -1,13 +1,13 @@
 // pinorama-reader: reads pictures for the window, locked in. Started by the program only; what is
 // typed on a command line has no socket for it and ends it at once.
 
-#include "platform/pictures/picture_properties.h"
-#include "platform/pictures/reader_process.h"
-#include "platform/pictures/reader_service.h"
-#include "platform/system/sandbox.h"
+#include "pictures/picture_properties.h"
 #include "reader/other_pictures.h"
 #include "reader/preview_answers.h"
 #include "reader/reader_limits.h"
+#include "reader/reader_process.h"
+#include "reader/reader_service.h"
+#include "reader/sandbox.h"
 
 #include <cstdio>
 #include <cstdlib>

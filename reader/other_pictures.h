@@ -4,8 +4,8 @@
 
 #include <optional>
 
-#include "platform/pictures/byte_source.h"
-#include "platform/pictures/pixel_image.h"
+#include "pictures/byte_source.h"
+#include "pictures/pixels/pixel_image.h"
 
 // Loads every plug-in that decodeOtherPicture uses, so that decoding opens no file later on.
 void loadPicturePlugins();

@@ -1,6 +1,6 @@
 #include "reader/preview_answers.h"
 
-#include "platform/pictures/preview.h"
+#include "pictures/pixels/picture_preview.h"
 #include "reader/cached_thumbnail.h"
 #include "reader/other_pictures.h"
 

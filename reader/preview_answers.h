@@ -4,8 +4,8 @@
 
 #include <optional>
 
-#include "platform/pictures/byte_source.h"
-#include "platform/pictures/preview_answer.h"
+#include "pictures/byte_source.h"
+#include "reader/preview_answer.h"
 
 // Reads what `kind` asks for; nothing when the bytes have no such thing.
 std::optional<platform::PreviewAnswer> answerPreview(platform::ByteSource& source,

@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "platform/pictures/pixel_image.h"
+#include "pictures/pixels/pixel_image.h"
 
 class QImage;
 

@@ -2,8 +2,8 @@
 
 #pragma once
 
-#include "platform/pictures/reader_protocol.h"
-#include "platform/system/sandbox.h"
+#include "reader/reader_protocol.h"
+#include "reader/sandbox.h"
 
 inline platform::SandboxRules readerRules(int socket)
 {

@@ -7,10 +7,10 @@
 // collection a picture that it makes itself. Times are those that somebody waits, with the files in
 // memory; the median over all reads.
 
-#include "platform/files/resource_folder.h"
-#include "platform/pictures/picture_file.h"
-#include "platform/pictures/reader_client.h"
-#include "platform/pictures/sandboxed_properties.h"
+#include "base/resource_folder.h"
+#include "pictures/picture_file.h"
+#include "reader/reader_client.h"
+#include "reader/sandboxed_properties.h"
 #include "tests/support/environment.h"
 #include "tests/support/picture_builder.h"
 

@@ -1,7 +1,7 @@
 #include "bench/reading/readers.h"
 
-#include "platform/objects/object.h"
-#include "platform/pictures/picture_source.h"
+#include "lib/objects/object.h"
+#include "location/picture_source.h"
 
 #ifdef PINORAMA_BENCH_EXIV2
 #include <exiv2/exiv2.hpp>

@@ -11,10 +11,10 @@
 #include "app/main_window.h"
 #include "app/picture_field.h"
 #include "bench/window/jpegs.h"
+#include "lib/files/path_text.h"
 #include "lib/strings/string_holder.h"
-#include "lib/ui/picture_reader.h"
-#include "platform/files/path_text.h"
-#include "platform/pictures/preview.h"
+#include "pictures/pixels/picture_preview.h"
+#include "previews/picture_reader.h"
 #include "tests/support/byte_views.h"
 #include "tests/support/environment.h"
 

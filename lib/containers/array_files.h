@@ -11,7 +11,7 @@
 
 #include "lib/containers/dyn_array.h"
 #include "lib/containers/flex_dyn_array.h"
-#include "platform/files/file_types.h"
+#include "lib/files/file_types.h"
 
 // Writes the items in use behind the end of the file.
 std::int16_t memAppendFileContentsMMIO(ForkRef refNum, const DynArray* array);

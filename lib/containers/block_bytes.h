@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "lib/base/alloc.h"
+#include "base/alloc.h"
 
 // The longest block: what the 32-bit byte counts of the array files can name.
 constexpr std::uint64_t kLongestBlock = UINT32_MAX;

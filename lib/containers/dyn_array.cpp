@@ -1,6 +1,6 @@
 #include "lib/containers/dyn_array.h"
 
-#include "lib/base/block_holder.h"
+#include "base/block_holder.h"
 #include "lib/containers/block_bytes.h"
 
 #include <algorithm>

@@ -16,7 +16,7 @@
 
 #include <cstdint>
 
-#include "lib/base/status.h"
+#include "base/status.h"
 
 struct DynArray {
     std::uint32_t itemSize;         // bytes per item, fixed at creation

@@ -1,6 +1,6 @@
 #include "lib/containers/flex_dyn_array.h"
 
-#include "lib/base/block_holder.h"
+#include "base/block_holder.h"
 #include "lib/containers/block_bytes.h"
 #include "lib/containers/flex_index.h"
 #include "lib/containers/flex_item.h"

@@ -15,7 +15,7 @@
 
 #include <cstdint>
 
-#include "lib/base/status.h"
+#include "base/status.h"
 #include "lib/containers/dyn_array.h"
 
 struct FlexDynArray {

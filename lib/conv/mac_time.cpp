@@ -1,7 +1,7 @@
 #include "lib/conv/mac_time.h"
 
-#include "lib/base/truncate.h"
-#include "platform/system/time_zone.h"
+#include "base/time_zone.h"
+#include "base/truncate.h"
 
 #include <cmath>
 

@@ -1,14 +1,14 @@
 #include "lib/conv/text_values.h"
 
-#include "lib/base/memory_guard.h"
+#include "base/mac_roman.h"
+#include "base/memory_guard.h"
+#include "lib/objects/collections.h"
+#include "lib/objects/object_holder.h"
 #include "lib/strings/string_holder.h"
 #include "lib/strings/tov_bytes.h"
 #include "lib/strings/tov_search.h"
 #include "lib/strings/tov_string.h"
-#include "platform/objects/collections.h"
-#include "platform/objects/object_holder.h"
-#include "platform/text/date_parser.h"
-#include "platform/text/mac_roman.h"
+#include "lib/text/date_parser.h"
 
 #include <cstring>
 #include <limits>

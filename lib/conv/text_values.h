@@ -7,7 +7,7 @@
 #include <cstdint>
 
 #include "lib/conv/time_conversions.h"
-#include "platform/objects/string.h"
+#include "lib/objects/string.h"
 
 // The bytes that a text such as "1.5 MB" tells. The unit is one of "bytes", "KB", "MB" and "GB" (of
 // 1024), written exactly so, whose first occurrence ends the text. The number is what stands in

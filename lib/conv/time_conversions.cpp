@@ -1,8 +1,8 @@
 #include "lib/conv/time_conversions.h"
 
+#include "base/time_zone.h"
 #include "lib/conv/mac_time.h"
-#include "platform/system/time_zone.h"
-#include "platform/text/date_parser.h"
+#include "lib/text/date_parser.h"
 
 platform::DateParser* gGermanDateFormatter = nullptr;
 platform::DateParser* gADCDateFormatter = nullptr;

@@ -9,7 +9,7 @@
 
 #include <cstdint>
 
-#include "platform/objects/values.h"
+#include "lib/objects/values.h"
 
 namespace platform {
 class DateParser;

@@ -1,6 +1,6 @@
 #include "lib/debug/debug_console.h"
 
-#include "platform/system/ticks.h"
+#include "base/ticks.h"
 
 #include <cinttypes>
 #include <cstdio>

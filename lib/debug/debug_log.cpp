@@ -1,11 +1,11 @@
 #include "lib/debug/debug_log.h"
 
 #include "lib/debug/debug_log_file.h"
+#include "lib/files/catalogue_facts.h"
 #include "lib/files/file_reference.h"
+#include "lib/files/path_text.h"
 #include "lib/strings/string_holder.h"
-#include "platform/files/catalogue_facts.h"
-#include "platform/files/path_text.h"
-#include "platform/text/point_locale.h"
+#include "lib/text/point_locale.h"
 
 #include <charconv>
 #include <cinttypes>

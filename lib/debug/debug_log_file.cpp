@@ -1,16 +1,16 @@
 #include "lib/debug/debug_log_file.h"
 
-#include "lib/base/block_holder.h"
-#include "lib/base/status.h"
+#include "base/block_holder.h"
+#include "base/descriptor.h"
+#include "base/status.h"
+#include "lib/debug/machine_facts.h"
 #include "lib/files/file_reference.h"
 #include "lib/files/folders.h"
 #include "lib/files/fork_io.h"
 #include "lib/strings/string_holder.h"
 #include "lib/strings/tov_bytes.h"
 #include "lib/strings/tov_string.h"
-#include "platform/files/descriptor.h"
-#include "platform/system/machine_facts.h"
-#include "platform/text/date_time_stamp.h"
+#include "lib/text/date_time_stamp.h"
 
 #include <charconv>
 #include <cinttypes>

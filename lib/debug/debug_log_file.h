@@ -10,8 +10,8 @@
 
 #include <cstdint>
 
-#include "platform/files/file_types.h"
-#include "platform/objects/string.h"
+#include "lib/files/file_types.h"
+#include "lib/objects/string.h"
 
 // Opens the log for reading and writing. A missing desktop folder and a missing log are made; a new
 // log begins with a banner that describes the machine.

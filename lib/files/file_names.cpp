@@ -1,9 +1,9 @@
 #include "lib/files/file_names.h"
 
-#include "lib/base/memory_guard.h"
-#include "lib/base/status.h"
+#include "base/memory_guard.h"
+#include "base/status.h"
 #include "lib/files/file_reference.h"
-#include "platform/objects/object_holder.h"
+#include "lib/objects/object_holder.h"
 
 #include <algorithm>
 #include <string>

@@ -1,12 +1,12 @@
 #include "lib/files/file_reference.h"
 
-#include "lib/base/memory_guard.h"
-#include "lib/base/status.h"
+#include "base/descriptor.h"
+#include "base/file_uri.h"
+#include "base/item_path.h"
+#include "base/memory_guard.h"
+#include "base/status.h"
 #include "lib/files/path_block.h"
-#include "platform/files/descriptor.h"
-#include "platform/files/file_uri.h"
-#include "platform/files/item_path.h"
-#include "platform/files/path_text.h"
+#include "lib/files/path_text.h"
 
 #include <cerrno>
 #include <utility>

@@ -10,8 +10,8 @@
 
 #include <cstdint>
 
-#include "platform/files/file_types.h"
-#include "platform/objects/string.h"
+#include "lib/files/file_types.h"
+#include "lib/objects/string.h"
 
 // Makes the reference of the item at a path. A relative path counts from the working folder;
 // slashes at the end are dropped.

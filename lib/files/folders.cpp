@@ -1,15 +1,15 @@
 #include "lib/files/folders.h"
 
-#include "lib/base/memory_guard.h"
-#include "lib/base/status.h"
+#include "base/folder_listing.h"
+#include "base/item_path.h"
+#include "base/memory_guard.h"
+#include "base/moving.h"
+#include "base/status.h"
+#include "base/user_folders.h"
 #include "lib/files/fork_io.h"
+#include "lib/files/path_text.h"
+#include "lib/objects/object_holder.h"
 #include "lib/strings/tov_search.h"
-#include "platform/files/folder_listing.h"
-#include "platform/files/item_path.h"
-#include "platform/files/moving.h"
-#include "platform/files/path_text.h"
-#include "platform/files/user_folders.h"
-#include "platform/objects/object_holder.h"
 
 #include <cerrno>
 #include <utility>

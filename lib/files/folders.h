@@ -4,8 +4,8 @@
 
 #include <cstdint>
 
-#include "platform/files/file_types.h"
-#include "platform/objects/string.h"
+#include "lib/files/file_types.h"
+#include "lib/objects/string.h"
 
 // Makes a folder with all permissions that the umask leaves.
 //

@@ -1,8 +1,8 @@
 #include "lib/files/fork_io.h"
 
-#include "lib/base/alloc.h"
-#include "lib/base/block_holder.h"
-#include "lib/base/status.h"
+#include "base/alloc.h"
+#include "base/block_holder.h"
+#include "base/status.h"
 #include "lib/files/file_reference.h"
 #include "lib/files/path_block.h"
 

@@ -3,15 +3,15 @@
 // the file; an open file is named by its descriptor, which is always above 2.
 //
 // Only the data fork of a file exists here. Every status is 0 or a negative number of
-// lib/base/status.h.
+// base/status.h.
 
 #pragma once
 
 #include <cstdint>
 
-#include "platform/files/descriptor.h"
-#include "platform/files/file_types.h"
-#include "platform/objects/string.h"
+#include "base/descriptor.h"
+#include "lib/files/file_types.h"
+#include "lib/objects/string.h"
 
 // Owns an open fork while it is being worked with, and closes it at the end of the scope.
 using ForkCloser = platform::DescriptorHolder;

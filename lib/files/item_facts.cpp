@@ -1,7 +1,7 @@
 #include "lib/files/item_facts.h"
 
-#include "lib/base/status.h"
-#include "platform/files/descriptor.h"
+#include "base/descriptor.h"
+#include "base/status.h"
 
 #include <cerrno>
 

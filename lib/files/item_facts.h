@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "platform/files/file_types.h"
+#include "lib/files/file_types.h"
 
 // The date of the last change of the contents: the low 32 bits of the whole seconds since
 // 1904-01-01 00:00 UTC. 0 for an item that cannot be looked at.

@@ -1,8 +1,8 @@
 #include "lib/files/path_block.h"
 
-#include "lib/base/memory_guard.h"
-#include "platform/files/path_text.h"
-#include "platform/text/utf8.h"
+#include "base/memory_guard.h"
+#include "base/utf8.h"
+#include "lib/files/path_text.h"
 
 #include <cstring>
 #include <string>

@@ -2,8 +2,8 @@
 
 #pragma once
 
-#include "lib/base/block_holder.h"
-#include "platform/objects/string.h"
+#include "base/block_holder.h"
+#include "lib/objects/string.h"
 
 // Owns the bytes of a path with a terminator behind them. A path ends at its first zero byte.
 class PathBlock {

@@ -1,11 +1,11 @@
 #include "lib/files/trash.h"
 
-#include "lib/base/status.h"
-#include "platform/files/descriptor.h"
-#include "platform/files/item_path.h"
-#include "platform/files/trash.h"
-#include "platform/system/random_bytes.h"
-#include "platform/system/ticks.h"
+#include "base/descriptor.h"
+#include "base/item_path.h"
+#include "base/random_bytes.h"
+#include "base/status.h"
+#include "base/ticks.h"
+#include "lib/files/trash_layout.h"
 
 #include <cerrno>
 #include <cstdio>

@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-#include "platform/files/file_types.h"
+#include "lib/files/file_types.h"
 
 // Deletes the item at a path in UTF-8 for good; a folder only when it is empty.
 //

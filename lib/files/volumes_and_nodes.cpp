@@ -1,17 +1,18 @@
 #include "lib/files/volumes_and_nodes.h"
 
-#include "lib/base/memory_guard.h"
-#include "lib/base/status.h"
+#include "base/item_path.h"
+#include "base/mac_roman.h"
+#include "base/memory_guard.h"
+#include "base/status.h"
 #include "lib/files/file_reference.h"
 #include "lib/files/fork_io.h"
 #include "lib/files/item_facts.h"
+#include "lib/files/mounts.h"
+#include "lib/files/node_paths.h"
+#include "lib/files/path_text.h"
 #include "lib/files/trash.h"
-#include "platform/files/item_path.h"
-#include "platform/files/mounts.h"
-#include "platform/files/node_paths.h"
-#include "platform/files/path_text.h"
-#include "platform/objects/object_holder.h"
-#include "platform/text/mac_roman.h"
+#include "lib/objects/object_holder.h"
+#include "lib/text/byte_texts.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -10,8 +10,8 @@
 
 #include <cstdint>
 
-#include "platform/files/file_types.h"
-#include "platform/objects/string.h"
+#include "lib/files/file_types.h"
+#include "lib/objects/string.h"
 
 // Fills a specification without asking the system; a name of more than 63 bytes is cut, a null one
 // is empty.

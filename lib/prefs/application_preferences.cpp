@@ -1,11 +1,11 @@
 #include "lib/prefs/application_preferences.h"
 
+#include "base/item_path.h"
+#include "base/user_folders.h"
+#include "lib/files/path_text.h"
+#include "lib/objects/object_holder.h"
 #include "lib/ui/application_bundle.h"
 #include "lib/ui/string_tables.h"
-#include "platform/files/item_path.h"
-#include "platform/files/path_text.h"
-#include "platform/files/user_folders.h"
-#include "platform/objects/object_holder.h"
 
 #include <string>
 

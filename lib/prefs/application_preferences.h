@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "platform/files/preference_file.h"
+#include "lib/prefs/preference_file.h"
 
 // The file of the main bundle's application, looked up anew with every call.
 platform::PreferenceFile prefApplicationFile();

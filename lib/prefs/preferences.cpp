@@ -1,6 +1,6 @@
 #include "lib/prefs/preferences.h"
 
-#include "lib/base/status.h"
+#include "base/status.h"
 #include "lib/prefs/application_preferences.h"
 #include "lib/strings/string_holder.h"
 #include "lib/strings/tov_string.h"

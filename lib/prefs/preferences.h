@@ -1,6 +1,6 @@
 // The settings that an application keeps between its runs: texts and 32-bit numbers by key. They
 // belong to the application whose bundle is the main one, else to this one; see
-// platform/files/preference_file.h for where and how they are stored.
+// lib/prefs/preference_file.h for where and how they are stored.
 //
 // Every function here releases the key it is given, on every path: hand over a key of your own.
 // Values stay the caller's. That something could not be stored is not reported.
@@ -9,7 +9,7 @@
 
 #include <cstdint>
 
-#include "platform/objects/string.h"
+#include "lib/objects/string.h"
 
 // Stores a text. A null value removes the key. Returns 0.
 std::int32_t prefStoreString(TovStringRef key, TovStringRef value);

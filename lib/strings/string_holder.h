@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "platform/objects/object_holder.h"
-#include "platform/objects/string.h"
+#include "lib/objects/object_holder.h"
+#include "lib/objects/string.h"
 
 using StringHolder = ObjectHolder<TovStringRef>;

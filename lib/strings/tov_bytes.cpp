@@ -1,8 +1,9 @@
 #include "lib/strings/tov_bytes.h"
 
-#include "platform/text/ascii.h"
-#include "platform/text/mac_roman.h"
-#include "platform/text/utf8.h"
+#include "base/ascii.h"
+#include "base/mac_roman.h"
+#include "base/utf8.h"
+#include "lib/text/byte_texts.h"
 
 namespace {
 constexpr std::size_t kLongestPString = 255;

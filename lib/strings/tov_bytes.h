@@ -11,7 +11,7 @@
 
 #include <cstdint>
 
-#include "platform/objects/string.h"
+#include "lib/objects/string.h"
 
 // Decodes MacRoman. Every byte has a character, a zero byte U+0000.
 [[nodiscard]] TovStringRef TovStringFromCString(const char* bytes, std::int32_t byteCount);

@@ -1,12 +1,13 @@
 #include "lib/strings/tov_display.h"
 
-#include "lib/base/memory_guard.h"
+#include "base/mac_roman.h"
+#include "base/memory_guard.h"
 #include "lib/strings/string_holder.h"
 #include "lib/strings/tov_format.h"
+#include "lib/text/byte_texts.h"
+#include "lib/text/date_format.h"
+#include "lib/text/locale.h"
 #include "lib/ui/string_tables.h"
-#include "platform/text/date_format.h"
-#include "platform/text/locale.h"
-#include "platform/text/mac_roman.h"
 
 #include <cmath>
 #include <cstring>

@@ -8,8 +8,8 @@
 
 #include <cstdint>
 
-#include "platform/objects/string.h"
-#include "platform/text/number_format.h"
+#include "lib/objects/string.h"
+#include "lib/text/number_format.h"
 
 // The formatters of the user's language, null until tovStringInitString: whole numbers with
 // grouping, and numbers with exactly one fraction digit.

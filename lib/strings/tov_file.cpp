@@ -1,7 +1,7 @@
 #include "lib/strings/tov_file.h"
 
-#include "lib/base/block_holder.h"
-#include "lib/base/status.h"
+#include "base/block_holder.h"
+#include "base/status.h"
 #include "lib/files/file_reference.h"
 #include "lib/files/fork_io.h"
 #include "lib/strings/tov_bytes.h"

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "platform/objects/string.h"
+#include "lib/objects/string.h"
 
 constexpr std::uint16_t kTextFileUTF8 = 12;  // the one encoding that a text file is written in
 

@@ -1,11 +1,11 @@
 #include "lib/strings/tov_format.h"
 
-#include "lib/base/truncate.h"
+#include "base/mac_roman.h"
+#include "base/truncate.h"
 #include "lib/strings/format_directive.h"
 #include "lib/strings/format_number.h"
 #include "lib/strings/string_holder.h"
 #include "lib/strings/tov_string.h"
-#include "platform/text/mac_roman.h"
 
 #include <algorithm>
 #include <array>

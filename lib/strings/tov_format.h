@@ -27,7 +27,7 @@
 #include <span>
 #include <string_view>
 
-#include "platform/objects/string.h"
+#include "lib/objects/string.h"
 
 // One argument of a template. Texts and C strings are borrowed.
 struct FormatArgument {

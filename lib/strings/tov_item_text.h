@@ -5,7 +5,7 @@
 #include <cstdint>
 
 #include "lib/containers/flex_dyn_array.h"
-#include "platform/objects/string.h"
+#include "lib/objects/string.h"
 
 // Returns a new text of the item (itemID, itemType): MacRoman when `isUTF8` is 0, else decoded as
 // TovStringFromUTF8 does, so that a byte-order mark stays and bytes that are not UTF-8 are

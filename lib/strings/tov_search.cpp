@@ -1,10 +1,10 @@
 #include "lib/strings/tov_search.h"
 
-#include "lib/base/block_holder.h"
+#include "base/block_holder.h"
+#include "base/mac_roman.h"
 #include "lib/strings/tov_bytes.h"
 #include "lib/strings/tov_string.h"
-#include "platform/text/compare.h"
-#include "platform/text/mac_roman.h"
+#include "lib/text/compare.h"
 
 #include <algorithm>
 #include <iterator>

@@ -10,7 +10,7 @@
 
 #include <cstdint>
 
-#include "platform/objects/string.h"
+#include "lib/objects/string.h"
 
 // -1, 0 or 1, by the code points of the decomposed texts (without case when the flag is 0). Null
 // comes before every text and equals null.

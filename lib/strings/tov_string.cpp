@@ -1,8 +1,8 @@
 #include "lib/strings/tov_string.h"
 
-#include "platform/system/random_bytes.h"
-#include "platform/text/leading_number.h"
-#include "platform/text/mac_roman.h"
+#include "base/mac_roman.h"
+#include "base/random_bytes.h"
+#include "lib/text/leading_number.h"
 
 #include <algorithm>
 #include <charconv>

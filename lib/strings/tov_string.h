@@ -9,7 +9,7 @@
 
 #include <cstdint>
 
-#include "platform/objects/string.h"
+#include "lib/objects/string.h"
 
 // Always null, the handle that means no text.
 TovStringRef TovStringGetEmpty();

@@ -1,8 +1,8 @@
 #include "lib/strings/tov_url.h"
 
-#include "lib/base/block_holder.h"
+#include "base/block_holder.h"
+#include "base/utf8.h"
 #include "lib/strings/string_holder.h"
-#include "platform/text/utf8.h"
 
 #include <algorithm>
 

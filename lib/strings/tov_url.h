@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "platform/objects/string.h"
+#include "lib/objects/string.h"
 
 // Returns a new text that can be a value in a query: letters and digits of ASCII and "-_.!~*'()"
 // stay (the unreserved characters of section 2.3), everything else is escaped, the percent sign

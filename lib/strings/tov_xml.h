@@ -6,7 +6,7 @@
 
 #include <cstdint>
 
-#include "platform/objects/string.h"
+#include "lib/objects/string.h"
 
 // Append "<tag>value</tag>" and a line feed to the mutable text that `target` points to; a null
 // value is written like an empty one. The value goes in raw: "&" and "<" are not escaped. A null

@@ -1,10 +1,10 @@
 #include "lib/ui/application_bundle.h"
 
-#include "lib/base/memory_guard.h"
+#include "base/memory_guard.h"
+#include "base/resource_folder.h"
+#include "base/user_folders.h"
+#include "lib/objects/object_holder.h"
 #include "lib/ui/string_tables.h"
-#include "platform/files/resource_folder.h"
-#include "platform/files/user_folders.h"
-#include "platform/objects/object_holder.h"
 
 void* iuRegisterApplicationBundle()
 {

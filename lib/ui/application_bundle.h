@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "platform/objects/string.h"
+#include "lib/objects/string.h"
 
 constexpr char16_t kApplicationIdentifier[] = u"org.pinorama.Pinorama";
 

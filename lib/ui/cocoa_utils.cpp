@@ -1,13 +1,13 @@
 #include "lib/ui/cocoa_utils.h"
 
+#include "base/descriptor.h"
+#include "base/utf8.h"
+#include "lib/files/file_comment.h"
 #include "lib/files/file_reference.h"
+#include "lib/files/path_text.h"
 #include "lib/ui/qt_text.h"
 #include "lib/ui/view_texts.h"
 #include "lib/ui/zip_archive.h"
-#include "platform/files/descriptor.h"
-#include "platform/files/file_comment.h"
-#include "platform/files/path_text.h"
-#include "platform/text/utf8.h"
 
 #include <QAbstractButton>
 #include <QApplication>

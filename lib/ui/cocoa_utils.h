@@ -7,8 +7,8 @@
 
 #pragma once
 
-#include "platform/files/file_types.h"
-#include "platform/objects/string.h"
+#include "lib/files/file_types.h"
+#include "lib/objects/string.h"
 
 #include <cstdint>
 
@@ -39,9 +39,9 @@ public:
     //   QLabel with a picture nothing more
     //   QLabel, fields        text
     //
-    // Only what is a placeholder is set: an ordinary text keeps its form, links, selection and undo.
-    // Windows that merely have `view` as their parent are not below it. A setter that throws a
-    // std::exception leaves its text as it was and never stops the walk, except with a tool tip;
+    // Only what is a placeholder is set: an ordinary text keeps its form, links, selection and
+    // undo. Windows that merely have `view` as their parent are not below it. A setter that throws
+    // a std::exception leaves its text as it was and never stops the walk, except with a tool tip;
     // every other exception is passed on. A null view does nothing.
     static void translateOneView(QWidget* view);
 

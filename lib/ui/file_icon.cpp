@@ -1,8 +1,8 @@
 #include "lib/ui/file_icon.h"
 
+#include "lib/files/path_text.h"
+#include "lib/objects/object_holder.h"
 #include "lib/ui/qt_text.h"
-#include "platform/files/path_text.h"
-#include "platform/objects/object_holder.h"
 
 #include <QIcon>
 #include <QMimeDatabase>

@@ -4,7 +4,7 @@
 
 #include <QString>
 
-#include "platform/objects/string.h"
+#include "lib/objects/string.h"
 
 // The text as a view can show it: a lone surrogate (a byte of a path that is no UTF-8, for
 // instance) becomes U+FFFD. Empty for null.

@@ -1,11 +1,11 @@
 #include "lib/ui/shell_helpers.h"
 
-#include "lib/base/status.h"
+#include "base/status.h"
 #include "lib/files/file_reference.h"
 #include "lib/files/fork_io.h"
+#include "lib/files/path_text.h"
 #include "lib/strings/string_holder.h"
 #include "lib/strings/tov_string.h"
-#include "platform/files/path_text.h"
 
 #include <fcntl.h>
 

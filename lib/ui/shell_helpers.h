@@ -5,8 +5,8 @@
 
 #include <cstdint>
 
-#include "platform/files/file_types.h"
-#include "platform/objects/string.h"
+#include "lib/files/file_types.h"
+#include "lib/objects/string.h"
 
 // Makes an empty file at `path` and opens it for reading and writing. An existing file is emptied,
 // other than by feCreateAndOpenTextFile, which keeps it.

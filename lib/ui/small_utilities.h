@@ -5,9 +5,9 @@
 
 #include <cstdint>
 
-#include "platform/files/file_types.h"
-#include "platform/objects/object.h"
-#include "platform/objects/string.h"
+#include "lib/files/file_types.h"
+#include "lib/objects/object.h"
+#include "lib/objects/string.h"
 
 // Degrees in radians: pi times the degrees, then divided by 180.
 double radians(double degrees);

@@ -1,9 +1,9 @@
 #include "lib/ui/string_tables.h"
 
-#include "lib/base/memory_guard.h"
+#include "base/memory_guard.h"
+#include "base/whole_file.h"
+#include "lib/text/locale.h"
 #include "lib/ui/strings_table.h"
-#include "platform/files/whole_file.h"
-#include "platform/text/locale.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -12,7 +12,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "platform/objects/string.h"
+#include "lib/objects/string.h"
 
 // The bundle that numbered lookups read; null until initStringBundle finds one.
 extern void* gCFBundleRef;

@@ -1,10 +1,10 @@
 #include "lib/ui/zip_archive.h"
 
-#include "platform/files/path_text.h"
-#include "platform/objects/object_holder.h"
-#include "platform/objects/string.h"
-#include "platform/system/child_process.h"
-#include "platform/text/utf8.h"
+#include "base/child_process.h"
+#include "base/utf8.h"
+#include "lib/files/path_text.h"
+#include "lib/objects/object_holder.h"
+#include "lib/objects/string.h"
 
 #include <algorithm>
 #include <optional>

@@ -3,7 +3,7 @@
 
 #include "app/accessibility_notice.h"
 
-#include "platform/desktop/accessibility_advice.h"
+#include "selection/accessibility_advice.h"
 #include "tests/app/controller_fixture.h"
 
 #include <QAccessible>

@@ -1,7 +1,7 @@
 // What the window shows of files, with real files in a real window.
 
+#include "lib/files/path_text.h"
 #include "location/file_facts.h"
-#include "platform/files/path_text.h"
 #include "tests/app/controller_fixture.h"
 
 #include <QPixmap>

@@ -2,9 +2,9 @@
 // opened, and the window leaves its place to the window manager.
 
 #include "app/caption_colour.h"
+#include "base/resource_folder.h"
+#include "lib/files/path_text.h"
 #include "lib/strings/string_holder.h"
-#include "platform/files/path_text.h"
-#include "platform/files/resource_folder.h"
 #include "tests/app/controller_fixture.h"
 
 #include <QClipboard>

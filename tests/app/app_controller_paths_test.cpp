@@ -1,7 +1,7 @@
 // The ways that a path takes into the program.
 
-#include "platform/files/file_uri.h"
-#include "platform/files/path_text.h"
+#include "base/file_uri.h"
+#include "lib/files/path_text.h"
 #include "tests/app/controller_fixture.h"
 
 #include <QCheckBox>

@@ -9,7 +9,7 @@
 #include "app/picture_field.h"
 #include "app/pop_up_menu.h"
 #include "app/wrapped_field.h"
-#include "platform/files/path_text.h"
+#include "lib/files/path_text.h"
 #include "tests/support/environment.h"
 #include "tests/support/picture_builder.h"
 #include "tests/support/texts.h"

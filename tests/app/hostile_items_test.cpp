@@ -2,7 +2,7 @@
 // through the real window with the real reader.
 
 #include "tests/support/hostile_items.h"
-#include "platform/files/file_uri.h"
+#include "base/file_uri.h"
 #include "tests/app/hostile_window.h"
 #include "tests/support/damaged_pictures.h"
 #include "tests/support/permissions.h"

@@ -2,8 +2,8 @@
 
 #pragma once
 
-#include "lib/ui/picture_reader.h"
-#include "platform/pictures/picture_source.h"
+#include "location/picture_source.h"
+#include "previews/picture_reader.h"
 #include "tests/app/controller_fixture.h"
 
 #include <gtest/gtest.h>

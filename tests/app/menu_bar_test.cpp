@@ -1,7 +1,7 @@
 #include "app/menu_bar.h"
 
 #include "app/main_window.h"
-#include "lib/ui/png_writer.h"
+#include "previews/png_writer.h"
 #include "tests/support/environment.h"
 #include "tests/support/toolkit.h"
 

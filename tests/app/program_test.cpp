@@ -3,7 +3,7 @@
 
 #include "tests/support/program.h"
 #include "app/requests.h"
-#include "platform/desktop/application_bus.h"
+#include "desktop/application_bus.h"
 #include "tests/app/controller_fixture.h"
 #include "tests/support/session_bus.h"
 

@@ -1,6 +1,6 @@
 // The window with a reader that does harm, and with one that does not start.
 
-#include "platform/files/resource_folder.h"
+#include "base/resource_folder.h"
 #include "tests/app/hostile_window.h"
 #include "tests/support/environment.h"
 

@@ -1,7 +1,7 @@
 // The window with pictures on a disk that takes its time, and with a reader that starts slowly.
 
 #include "app/reading_notice.h"
-#include "platform/files/resource_folder.h"
+#include "base/resource_folder.h"
 #include "tests/app/hostile_window.h"
 #include "tests/support/slow_disk.h"
 

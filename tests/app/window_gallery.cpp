@@ -11,9 +11,9 @@
 #include "app/main_window.h"
 #include "app/menu_bar.h"
 #include "app/translations.h"
-#include "platform/desktop/accessibility_advice.h"
-#include "platform/files/path_text.h"
-#include "platform/objects/object_holder.h"
+#include "lib/files/path_text.h"
+#include "lib/objects/object_holder.h"
+#include "selection/accessibility_advice.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>

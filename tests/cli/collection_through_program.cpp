@@ -1,6 +1,6 @@
 #include "tests/cli/collection_through_program.h"
 
-#include "tests/platform/pictures/collection.h"
+#include "tests/support/collection.h"
 #include "tests/support/environment.h"
 #include "tests/support/program.h"
 

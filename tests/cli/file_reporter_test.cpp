@@ -1,9 +1,9 @@
 #include "cli/file_reporter.h"
 
 #include "cli/batch_work.h"
-#include "platform/pictures/byte_source.h"
-#include "platform/pictures/reader_client.h"
-#include "platform/pictures/reader_service.h"
+#include "pictures/byte_source.h"
+#include "reader/reader_client.h"
+#include "reader/reader_service.h"
 #include "tests/support/environment.h"
 #include "tests/support/picture_builder.h"
 

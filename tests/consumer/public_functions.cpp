@@ -16,7 +16,7 @@ const void* as(Function* function)
 }
 
 const void* const kPublicFunctions[] = {
-    // platform/objects
+    // lib/objects
     as<TovNumberRef(std::int64_t)>(TovNumberCreateSInt64),
     as<TovNumberRef(double)>(TovNumberCreateDouble),
     as<TovBooleanRef(bool)>(TovBooleanCreate),

@@ -1,7 +1,7 @@
 #include "globe/google_earth_connector.h"
 
 #include "globe/kml_document.h"
-#include "platform/files/path_text.h"
+#include "lib/files/path_text.h"
 #include "tests/globe/places.h"
 #include "tests/support/environment.h"
 #include "tests/support/failing_memory.h"

@@ -1,7 +1,7 @@
 #include "location/dictionary_getters.h"
 
-#include "lib/base/alloc.h"
-#include "platform/objects/object_holder.h"
+#include "base/alloc.h"
+#include "lib/objects/object_holder.h"
 #include "tests/support/environment.h"
 #include "tests/support/failing_memory.h"
 #include "tests/support/texts.h"

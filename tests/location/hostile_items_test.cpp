@@ -1,10 +1,10 @@
 // Items that are no pictures, and pictures that are hard to get at, through the metadata reader.
 
 #include "tests/support/hostile_items.h"
-#include "lib/base/status.h"
+#include "base/status.h"
+#include "lib/files/path_text.h"
 #include "location/file_facts.h"
 #include "location/metadata_reader.h"
-#include "platform/files/path_text.h"
 #include "tests/support/other_process.h"
 #include "tests/support/picture_builder.h"
 #include "tests/support/restless_file.h"

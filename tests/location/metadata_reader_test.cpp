@@ -1,9 +1,9 @@
 #include "location/metadata_reader.h"
 
-#include "lib/base/alloc.h"
-#include "lib/base/status.h"
-#include "platform/objects/object_holder.h"
-#include "platform/objects/values.h"
+#include "base/alloc.h"
+#include "base/status.h"
+#include "lib/objects/object_holder.h"
+#include "lib/objects/values.h"
 #include "tests/support/environment.h"
 #include "tests/support/picture_builder.h"
 #include "tests/support/texts.h"

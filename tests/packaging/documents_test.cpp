@@ -2,9 +2,9 @@
 // file managers are told about pictures names every type of them.
 
 #include "app/command_line.h"
+#include "lib/files/path_text.h"
 #include "lib/strings/string_holder.h"
 #include "location/accepted_types.h"
-#include "platform/files/path_text.h"
 #include "tests/support/environment.h"
 #include "tests/support/program.h"
 

@@ -7,14 +7,14 @@
 // With the argument "--without-sandbox" it is not locked in, which shows that the faults are real.
 // With "--slow-start" and a number it sleeps so many milliseconds before its first word.
 
-#include "platform/pictures/picture_properties.h"
-#include "platform/pictures/preview.h"
-#include "platform/pictures/reader_process.h"
-#include "platform/pictures/reader_protocol.h"
-#include "platform/pictures/reader_socket.h"
-#include "platform/pictures/stream_byte_source.h"
-#include "platform/system/sandbox.h"
+#include "pictures/picture_properties.h"
+#include "pictures/pixels/picture_preview.h"
 #include "reader/reader_limits.h"
+#include "reader/reader_process.h"
+#include "reader/reader_protocol.h"
+#include "reader/reader_socket.h"
+#include "reader/sandbox.h"
+#include "reader/stream_byte_source.h"
 
 #include <chrono>
 #include <csignal>

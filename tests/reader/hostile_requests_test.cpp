@@ -1,8 +1,8 @@
 // The reader itself, asked by somebody who may send anything. It answers or it ends; it never goes
 // wrong, and nothing that it is handed is waited for.
 
-#include "platform/pictures/reader_socket.h"
-#include "platform/pictures/sandboxed_properties.h"
+#include "reader/reader_socket.h"
+#include "reader/sandboxed_properties.h"
 #include "tests/reader/reader_fixture.h"
 
 #include <gtest/gtest.h>

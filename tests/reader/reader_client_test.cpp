@@ -1,7 +1,7 @@
-#include "platform/pictures/reader_client.h"
+#include "reader/reader_client.h"
 
-#include "platform/pictures/reader_service.h"
-#include "platform/pictures/sandboxed_properties.h"
+#include "reader/reader_service.h"
+#include "reader/sandboxed_properties.h"
 #include "tests/reader/reader_fixture.h"
 
 #include <gtest/gtest.h>

@@ -2,9 +2,9 @@
 
 #pragma once
 
-#include "platform/files/resource_folder.h"
-#include "platform/pictures/picture_file.h"
-#include "platform/pictures/reader_client.h"
+#include "base/resource_folder.h"
+#include "pictures/picture_file.h"
+#include "reader/reader_client.h"
 #include "tests/support/environment.h"
 #include "tests/support/jpeg_pictures.h"
 #include "tests/support/picture_builder.h"

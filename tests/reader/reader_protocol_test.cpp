@@ -1,4 +1,4 @@
-#include "platform/pictures/reader_protocol.h"
+#include "reader/reader_protocol.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include "platform/pictures/reader_service.h"
+#include "reader/reader_service.h"
 
-#include "platform/pictures/reader_protocol.h"
-#include "platform/pictures/reader_socket.h"
+#include "reader/reader_protocol.h"
+#include "reader/reader_socket.h"
 #include "tests/support/environment.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "platform/pictures/reader_watch.h"
+#include "reader/reader_watch.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // The locked-in copy of a program that reads for it.
 
-#include "platform/pictures/sandboxed_properties.h"
+#include "reader/sandboxed_properties.h"
 
-#include "platform/pictures/reader_client.h"
+#include "reader/reader_client.h"
 #include "tests/reader/reader_fixture.h"
 
 #include <gtest/gtest.h>

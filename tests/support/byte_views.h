@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "platform/pictures/byte_source.h"
+#include "pictures/byte_source.h"
 
 namespace test {
 

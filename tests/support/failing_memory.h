@@ -7,7 +7,7 @@
 
 #include <cstdint>
 
-#include "lib/base/alloc.h"
+#include "base/alloc.h"
 #include "tests/support/texts.h"
 
 namespace test {

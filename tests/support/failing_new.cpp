@@ -1,7 +1,7 @@
-// Operator new on top of lib/base/alloc.h, whose planned failures then hit the containers of the
+// Operator new on top of base/alloc.h, whose planned failures then hit the containers of the
 // standard library as well.
 
-#include "lib/base/alloc.h"
+#include "base/alloc.h"
 
 #include <cstddef>
 #include <new>

@@ -1,6 +1,6 @@
 #include "tests/support/hostile_items.h"
 
-#include "lib/base/status.h"
+#include "base/status.h"
 
 #include <sys/socket.h>
 #include <sys/stat.h>

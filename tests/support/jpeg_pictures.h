@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/pictures/pixel_image.h"
+#include "pictures/pixels/pixel_image.h"
 
 namespace test {
 

@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/pictures/byte_order.h"
+#include "pictures/byte_order.h"
 
 namespace test {
 

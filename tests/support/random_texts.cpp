@@ -1,6 +1,6 @@
 #include "tests/support/random_texts.h"
 
-#include "platform/text/mac_roman.h"
+#include "base/mac_roman.h"
 
 #include <iterator>
 #include <random>

@@ -1,6 +1,7 @@
 #include "tests/support/texts.h"
 
-#include "platform/text/utf8.h"
+#include "base/utf8.h"
+#include "lib/text/byte_texts.h"
 
 test::Text test::text(std::string_view utf8)
 {

@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/objects/object_holder.h"
-#include "platform/objects/string.h"
+#include "lib/objects/object_holder.h"
+#include "lib/objects/string.h"
 
 namespace test {
 

@@ -1,6 +1,6 @@
 #include "lib/containers/array_files.h"
 
-#include "lib/base/status.h"
+#include "base/status.h"
 #include "lib/containers/flex_index.h"
 #include "lib/files/fork_io.h"
 #include "tests/lib/containers/containers_under_test.h"

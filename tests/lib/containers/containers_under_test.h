@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-#include "lib/base/alloc.h"
+#include "base/alloc.h"
 #include "lib/containers/dyn_array.h"
 #include "lib/containers/flex_dyn_array.h"
 

@@ -1,8 +1,8 @@
 #include "lib/conv/text_values.h"
 
-#include "platform/objects/collections.h"
-#include "platform/objects/object_holder.h"
-#include "platform/objects/values.h"
+#include "lib/objects/collections.h"
+#include "lib/objects/object_holder.h"
+#include "lib/objects/values.h"
 #include "tests/support/environment.h"
 #include "tests/support/failing_memory.h"
 #include "tests/support/texts.h"

@@ -1,7 +1,7 @@
 #include "lib/conv/time_conversions.h"
 
-#include "platform/objects/object_holder.h"
-#include "platform/text/date_parser.h"
+#include "lib/objects/object_holder.h"
+#include "lib/text/date_parser.h"
 #include "tests/support/environment.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "lib/debug/debug_log_file.h"
 
-#include "platform/objects/object.h"
+#include "lib/objects/object.h"
 #include "tests/lib/debug/log_under_test.h"
 #include "tests/support/texts.h"
 

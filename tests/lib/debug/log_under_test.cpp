@@ -1,6 +1,6 @@
 #include "tests/lib/debug/log_under_test.h"
 
-#include "platform/system/machine_facts.h"
+#include "lib/debug/machine_facts.h"
 
 #include <gtest/gtest.h>
 

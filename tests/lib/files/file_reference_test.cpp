@@ -1,7 +1,7 @@
 #include "lib/files/file_reference.h"
 
-#include "lib/base/alloc.h"
-#include "lib/base/status.h"
+#include "base/alloc.h"
+#include "base/status.h"
 #include "tests/support/environment.h"
 #include "tests/support/texts.h"
 

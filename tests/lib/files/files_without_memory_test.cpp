@@ -1,6 +1,6 @@
 // The functions of this room when memory runs out at each of their requests in turn.
 
-#include "lib/base/status.h"
+#include "base/status.h"
 #include "lib/files/file_names.h"
 #include "lib/files/file_reference.h"
 #include "lib/files/folders.h"

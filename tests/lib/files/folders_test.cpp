@@ -1,7 +1,7 @@
 #include "lib/files/folders.h"
 
-#include "lib/base/alloc.h"
-#include "lib/base/status.h"
+#include "base/alloc.h"
+#include "base/status.h"
 #include "lib/files/fork_io.h"
 #include "tests/support/environment.h"
 #include "tests/support/permissions.h"

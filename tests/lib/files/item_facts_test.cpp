@@ -1,6 +1,6 @@
 #include "lib/files/item_facts.h"
 
-#include "lib/base/status.h"
+#include "base/status.h"
 #include "tests/support/environment.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #include "lib/files/path_block.h"
 
-#include "lib/base/alloc.h"
-#include "platform/files/path_text.h"
+#include "base/alloc.h"
+#include "lib/files/path_text.h"
 #include "tests/support/failing_memory.h"
 #include "tests/support/random_texts.h"
 #include "tests/support/texts.h"

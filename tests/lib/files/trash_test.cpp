@@ -1,6 +1,6 @@
 #include "lib/files/trash.h"
 
-#include "lib/base/status.h"
+#include "base/status.h"
 #include "lib/files/file_reference.h"
 #include "tests/support/environment.h"
 #include "tests/support/other_volume.h"

@@ -1,7 +1,7 @@
 #include "lib/files/volumes_and_nodes.h"
 
-#include "lib/base/alloc.h"
-#include "lib/base/status.h"
+#include "base/alloc.h"
+#include "base/status.h"
 #include "lib/files/file_reference.h"
 #include "lib/files/fork_io.h"
 #include "tests/support/environment.h"

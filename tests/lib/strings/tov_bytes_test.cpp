@@ -1,6 +1,6 @@
 #include "lib/strings/tov_bytes.h"
 
-#include "lib/base/alloc.h"
+#include "base/alloc.h"
 #include "lib/strings/string_holder.h"
 #include "tests/support/texts.h"
 

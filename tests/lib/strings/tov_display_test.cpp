@@ -1,6 +1,6 @@
 #include "lib/strings/tov_display.h"
 
-#include "lib/base/alloc.h"
+#include "base/alloc.h"
 #include "lib/strings/string_holder.h"
 #include "lib/ui/string_tables.h"
 #include "tests/support/environment.h"

@@ -1,7 +1,7 @@
 #include "lib/strings/tov_file.h"
 
-#include "lib/base/alloc.h"
-#include "lib/base/status.h"
+#include "base/alloc.h"
+#include "base/status.h"
 #include "lib/strings/string_holder.h"
 #include "tests/support/environment.h"
 #include "tests/support/failing_memory.h"

@@ -1,6 +1,6 @@
 #include "lib/strings/tov_item_text.h"
 
-#include "lib/base/alloc.h"
+#include "base/alloc.h"
 #include "tests/support/texts.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #include "lib/ui/cocoa_utils.h"
 
-#include "platform/files/file_comment.h"
-#include "platform/files/path_text.h"
+#include "lib/files/file_comment.h"
+#include "lib/files/path_text.h"
 #include "tests/support/environment.h"
 #include "tests/support/texts.h"
 

@@ -1,8 +1,13 @@
 #include "lib/ui/file_icon.h"
 
-#include "tests/lib/ui/preview_fixture.h"
+#include "tests/support/environment.h"
+#include "tests/support/jpeg_pictures.h"
+#include "tests/support/texts.h"
+#include "tests/support/toolkit.h"
 
 #include <QIcon>
+
+#include <filesystem>
 
 namespace {
 TEST(cuIconOfItem, isNeverEmpty)

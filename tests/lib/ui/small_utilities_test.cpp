@@ -1,7 +1,7 @@
 #include "lib/ui/small_utilities.h"
 
-#include "lib/base/alloc.h"
-#include "platform/objects/values.h"
+#include "base/alloc.h"
+#include "lib/objects/values.h"
 #include "tests/support/texts.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "lib/ui/string_tables.h"
 
-#include "lib/base/alloc.h"
+#include "base/alloc.h"
 #include "lib/ui/small_utilities.h"
 #include "tests/support/environment.h"
 #include "tests/support/failing_memory.h"

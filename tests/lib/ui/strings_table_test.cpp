@@ -1,6 +1,6 @@
 #include "lib/ui/strings_table.h"
 
-#include "platform/text/utf8.h"
+#include "base/utf8.h"
 #include "tests/support/icu_texts.h"
 #include "tests/support/random_texts.h"
 

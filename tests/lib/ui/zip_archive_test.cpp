@@ -2,8 +2,8 @@
 
 #include "lib/ui/cocoa_utils.h"
 
-#include "platform/files/path_text.h"
-#include "platform/system/child_process.h"
+#include "base/child_process.h"
+#include "lib/files/path_text.h"
 #include "tests/support/environment.h"
 #include "tests/support/other_process.h"
 #include "tests/support/small_disk.h"

@@ -1,0 +1,124 @@
+#include "base/descriptor.h"
+
+#include "base/status.h"
+
+#include <cerrno>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/uio.h>
+#include <unistd.h>
+
+namespace {
+constexpr int kFirstOwnDescriptor = 3;
+
+// Moves a descriptor that stands where a standard stream belongs to a higher number.
+int aboveStandardStreams(int descriptor)
+{
+    if (descriptor < 0 || descriptor >= kFirstOwnDescriptor) return descriptor;
+    const int moved = fcntl(descriptor, F_DUPFD_CLOEXEC, kFirstOwnDescriptor);
+    const int error = errno;
+    close(descriptor);
+    errno = error;
+    return moved;
+}
+
+// Calls step(done) until `count` bytes are done, no more are moved, or a step fails. A count of 0
+// makes one step, so that a bad descriptor is told all the same.
+template <typename Step>
+std::int64_t transfer(std::size_t count, Step step)
+{
+    std::size_t done = 0;
+    while (true) {
+        const ssize_t moved = step(done);
+        if (moved < 0 && errno == EINTR) continue;
+        if (moved < 0) return -1;
+        done += static_cast<std::size_t>(moved);
+        if (moved == 0 || done == count) return static_cast<std::int64_t>(done);
+    }
+}
+
+// Appends through the end that the file tells, for file systems that cannot do it in one step.
+ssize_t writeAtTheEnd(int descriptor, const void* bytes, std::size_t count)
+{
+    struct stat facts = {};
+    if (fstat(descriptor, &facts) != 0) return -1;
+    return pwrite(descriptor, bytes, count, facts.st_size);
+}
+}  // namespace
+
+std::int32_t platform::statusOfErrno(int error)
+{
+    switch (error) {
+    case 0: return kErrNone;
+    case ENOENT: return kErrNotFound;
+    case EEXIST: return kErrExists;
+    case EACCES:
+    case EPERM: return kErrNoPermission;
+    case ENOSPC: return kErrDiskFull;
+    case EROFS: return kErrWriteProtected;
+    case EMFILE:
+    case ENFILE: return kErrTooManyOpen;
+    case EBADF: return kErrNotOpen;
+    case EINVAL: return kErrBadArgument;
+    case ENAMETOOLONG: return kErrBadName;
+    case ENOTDIR: return kErrNotAFolder;
+    case ENOTEMPTY:
+    case EBUSY: return kErrBusy;
+    case ENOMEM: return kErrNoMemory;
+    default: return kErrInputOutput;
+    }
+}
+
+int platform::openDescriptor(const char* path, int flags, mode_t mode)
+{
+    int descriptor = -1;
+    do {
+        descriptor = open(path, flags | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, mode);
+    } while (descriptor < 0 && errno == EINTR);
+    return aboveStandardStreams(descriptor);
+}
+
+std::int64_t platform::readAt(int descriptor, std::int64_t offset, void* buffer, std::size_t count)
+{
+    auto* bytes = static_cast<std::uint8_t*>(buffer);
+    return transfer(count, [&](std::size_t done) {
+        return pread(descriptor, bytes + done, count - done,
+                     offset + static_cast<std::int64_t>(done));
+    });
+}
+
+std::int64_t platform::writeAt(int descriptor, std::int64_t offset, const void* buffer,
+                               std::size_t count)
+{
+    const auto* bytes = static_cast<const std::uint8_t*>(buffer);
+    return transfer(count, [&](std::size_t done) {
+        return pwrite(descriptor, bytes + done, count - done,
+                      offset + static_cast<std::int64_t>(done));
+    });
+}
+
+std::int64_t platform::appendTo(int descriptor, const void* buffer, std::size_t count)
+{
+    const auto* bytes = static_cast<const std::uint8_t*>(buffer);
+    return transfer(count, [&](std::size_t done) {
+        const iovec rest = {const_cast<std::uint8_t*>(bytes) + done, count - done};
+        const ssize_t moved = pwritev2(descriptor, &rest, 1, 0, RWF_APPEND);
+        if (moved >= 0 || (errno != EOPNOTSUPP && errno != ENOSYS)) return moved;
+        return writeAtTheEnd(descriptor, bytes + done, count - done);
+    });
+}
+
+bool platform::flushDescriptor(int descriptor)
+{
+    int result = -1;
+    do {
+        result = fsync(descriptor);
+    } while (result < 0 && errno == EINTR);
+    return result == 0;
+}
+
+platform::DescriptorHolder::~DescriptorHolder()
+{
+    if (descriptor_ > 0) close(descriptor_);
+}

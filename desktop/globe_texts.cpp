@@ -1,0 +1,72 @@
+#include "desktop/globe_texts.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <numbers>
+#include <sstream>
+#include <string_view>
+
+namespace {
+// Six decimals are a tenth of a metre on the ground.
+std::string number(double value)
+{
+    char digits[400];
+    const auto end =
+        std::to_chars(std::begin(digits), std::end(digits), value, std::chars_format::fixed, 6);
+    return {digits, end.ptr};
+}
+
+std::string lookAt(const platform::GlobeView& view)
+{
+    return "<LookAt><longitude>" + number(view.longitude) + "</longitude><latitude>" +
+           number(view.latitude) + "</latitude><altitude>0</altitude><heading>" +
+           number(view.azimuth) + "</heading><tilt>" + number(std::clamp(view.tilt, 0.0, 90.0)) +
+           "</tilt><range>" + number(view.distance) +
+           "</range><altitudeMode>relativeToGround</altitudeMode></LookAt>";
+}
+
+std::string_view trimmed(std::string_view text)
+{
+    constexpr std::string_view kBlanks = " \t\r\"";
+    const std::size_t start = text.find_first_not_of(kBlanks);
+    if (start == std::string_view::npos) return {};
+    return text.substr(start, text.find_last_not_of(kBlanks) - start + 1);
+}
+}  // namespace
+
+std::string platform::makeLookAtDocument(const GlobeView& view)
+{
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+           "<kml xmlns=\"http://www.opengis.net/kml/2.2\"><Document>" +
+           lookAt(view) + "</Document></kml>\n";
+}
+
+std::string platform::makeFlyToQuery(const GlobeView& view)
+{
+    return "flytoview=" + lookAt(view) + "\n";
+}
+
+std::string platform::queryFileOfDriverSettings(const std::string& driverSettings)
+{
+    std::istringstream lines(driverSettings);
+    for (std::string line; std::getline(lines, line);) {
+        const std::string_view setting = trimmed(line);
+        const std::size_t equals = setting.find('=');
+        if (setting.starts_with(';') || equals == std::string_view::npos) continue;
+        if (trimmed(setting.substr(0, equals)) == "ViewSync/queryFile") {
+            return std::string(trimmed(setting.substr(equals + 1)));
+        }
+    }
+    return {};
+}
+
+int platform::marbleZoom(double distance)
+{
+    // Marble sees the globe of this radius (metres) through a field of view of 110 degrees.
+    constexpr double kGlobeRadius = 6378137.0;
+    const double kilometres = std::max(distance, 1.0) / 1000.0;
+    const double halfView = 55.0 * std::numbers::pi / 180.0;
+    return static_cast<int>(
+        std::lround(200.0 * std::log(kGlobeRadius * 0.4 / (kilometres * std::tan(halfView)))));
+}

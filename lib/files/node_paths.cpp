@@ -1,0 +1,125 @@
+#include "lib/files/node_paths.h"
+
+#include "base/item_path.h"
+#include "base/user_folders.h"
+#include "lib/files/mounts.h"
+
+#include <cerrno>
+#include <deque>
+#include <filesystem>
+#include <memory>
+#include <string_view>
+
+#include <dirent.h>
+#include <sys/stat.h>
+
+namespace {
+constexpr std::size_t kMostRemembered = 512;  // nodes
+constexpr int kMostSearched = 5000;           // items looked at below one place
+constexpr int kDeepestSearch = 3;             // folders below a place
+
+struct NodePath {
+    platform::Node node;
+    std::string path;
+};
+
+std::deque<NodePath> gSeen;  // the latest first
+
+bool look(const std::string& path, platform::Node* node)
+{
+    struct stat facts = {};
+    if (lstat(path.c_str(), &facts) != 0) return false;
+    *node = {facts.st_dev, facts.st_ino};
+    return true;
+}
+
+bool isAt(const platform::Node& node, const std::string& path)
+{
+    platform::Node found = {};
+    return look(path, &found) && found == node;
+}
+
+void remember(const platform::Node& node, const std::string& path)
+{
+    std::erase_if(gSeen, [&](const NodePath& seen) { return seen.node == node; });
+    gSeen.push_front({node, path});
+    if (gSeen.size() > kMostRemembered) gSeen.pop_back();
+}
+
+struct CloseFolder {
+    void operator()(DIR* folder) const { closedir(folder); }
+};
+
+// Looks for a node below `place`, level by level and never on another volume.
+std::string searchBelow(const std::string& place, const platform::Node& node)
+{
+    struct Level {
+        std::string path;
+        int depth;
+    };
+    std::deque<Level> waiting = {{place, 0}};
+    for (int left = kMostSearched; !waiting.empty(); waiting.pop_front()) {
+        const Level level = waiting.front();
+        platform::Node here = {};
+        if (!look(level.path, &here) || here.volume != node.volume) continue;
+        const std::unique_ptr<DIR, CloseFolder> folder(opendir(level.path.c_str()));
+        if (!folder) continue;
+        while (const dirent* item = readdir(folder.get())) {
+            if (left-- == 0) return {};
+            const std::string path = platform::childPath(level.path, item->d_name);
+            if (path.empty()) continue;  // "." and ".."
+            if (item->d_ino == node.number && isAt(node, path)) return path;
+            if (item->d_type == DT_DIR && level.depth + 1 < kDeepestSearch) {
+                waiting.push_back({path, level.depth + 1});
+            }
+        }
+    }
+    return {};
+}
+
+std::string searchAround(const std::string& place, const platform::Node& node)
+{
+    for (std::string path = place; !path.empty(); path = platform::folderOf(path)) {
+        if (isAt(node, path)) return path;
+    }
+    return searchBelow(place, node);
+}
+
+std::string search(const platform::Node& node)
+{
+    for (const platform::Mount& mount : platform::mountedVolumes()) {
+        if (mount.device == node.volume && isAt(node, mount.folder)) return mount.folder;
+    }
+    std::error_code ignored;
+    const std::string places[] = {std::filesystem::current_path(ignored).string(),
+                                  platform::homeFolder(),
+                                  std::filesystem::temp_directory_path(ignored).string()};
+    for (const std::string& place : places) {
+        if (place.empty()) continue;
+        std::string path = searchAround(place, node);
+        if (!path.empty()) return path;
+    }
+    return {};
+}
+}  // namespace
+
+bool platform::nodeAt(const std::string& path, Node* node)
+{
+    if (!look(path, node)) return false;
+    remember(*node, path);
+    return true;
+}
+
+std::string platform::pathOfNode(const Node& node)
+{
+    for (const NodePath& seen : gSeen) {
+        if (seen.node == node && isAt(node, seen.path)) return seen.path;
+    }
+    std::string path = search(node);
+    if (path.empty()) {
+        errno = ENOENT;
+        return {};
+    }
+    remember(node, path);
+    return path;
+}

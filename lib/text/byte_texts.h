@@ -1,0 +1,20 @@
+// Texts made of bytes in the two encodings that the library reads.
+
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "lib/objects/string.h"
+
+namespace platform {
+
+// Return a new immutable text, or null for invalid UTF-8 and when memory runs out. The second one
+// is for whoever has counted already: `unitCount` is what countUnitsOfUTF8(bytes) gave.
+[[nodiscard]] TovStringRef createStringFromUTF8(std::string_view bytes);
+[[nodiscard]] TovStringRef createStringFromUTF8(std::string_view bytes, std::int32_t unitCount);
+
+// Returns a new immutable text, or null when memory runs out.
+[[nodiscard]] TovStringRef createStringFromMacRoman(std::string_view bytes);
+
+}  // namespace platform

@@ -1,0 +1,28 @@
+// Reads dates that are written in a fixed pattern (Unicode Technical Standard 35, date field
+// symbols), independent of the user's language.
+
+#pragma once
+
+#include <string_view>
+
+#include "lib/objects/values.h"
+
+namespace platform {
+
+class DateParser;  // opaque outside this room
+
+// Returns a new parser of `pattern`, which is borrowed and outlives it, in the neutral locale ("AM"
+// and "PM", Latin digits), or null when memory runs out. A two-digit year lies between 80 years
+// before and 20 years after the first text that the parser reads. Owned by the caller; released
+// with releaseDateParser.
+[[nodiscard]] DateParser* createDateParser(const char16_t* pattern);
+
+void releaseDateParser(DateParser* parser);
+
+// Returns a new date, or null when `text` does not begin as the pattern says or names a day or hour
+// that does not exist. The text is a wall-clock time in the time zone of the process at the moment
+// of the call; what it does not name is 0, on the first of January 1970. Text behind the match is
+// ignored. A null parser reads nothing.
+[[nodiscard]] TovDateRef createDateFromText(const DateParser* parser, std::u16string_view text);
+
+}  // namespace platform

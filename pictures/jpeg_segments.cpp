@@ -1,0 +1,105 @@
+#include "pictures/jpeg_segments.h"
+
+#include "pictures/byte_order.h"
+#include "pictures/tiff_directory.h"
+
+#include <optional>
+
+namespace {
+using platform::ByteBlock;
+using platform::ByteView;
+
+constexpr std::uint8_t kPrefix = 0xff;
+constexpr std::uint8_t kStartOfImage = 0xd8;
+constexpr std::uint8_t kEndOfImage = 0xd9;
+constexpr std::uint8_t kStartOfScan = 0xda;
+constexpr std::uint8_t kApp1 = 0xe1;
+constexpr std::uint8_t kApp13 = 0xed;
+
+// The fifth letter is a zero byte; what the sixth is does not matter to anybody.
+constexpr std::uint8_t kExifName[] = {'E', 'x', 'i', 'f', 0};
+constexpr std::uint64_t kExifHeader = 6;
+constexpr std::uint8_t kPhotoshopName[] = {'P', 'h', 'o', 't', 'o', 's', 'h',
+                                           'o', 'p', ' ', '3', '.', '0', 0};
+
+// Foreign bytes and fill bytes that are stepped over in a whole picture.
+constexpr std::uint64_t kMostForeignBytes = 65536;
+
+// Markers that stand alone: TEM, the restart markers, another start of image.
+bool standsAlone(std::uint8_t marker)
+{
+    return marker == 0x01 || (marker >= 0xd0 && marker <= kStartOfImage);
+}
+
+struct Segment {
+    std::uint8_t marker;
+    ByteBlock content;
+};
+
+// Steps from segment to segment.
+class Segments {
+public:
+    explicit Segments(const ByteBlock& jpeg) : jpeg_(jpeg) {}
+
+    // The next segment with content; nothing where the picture data begins or everything ends.
+    std::optional<Segment> next()
+    {
+        while (const std::optional<std::uint8_t> marker = nextMarker()) {
+            if (standsAlone(*marker)) continue;
+            if (*marker == kStartOfScan || *marker == kEndOfImage) break;
+            const ByteView sizeBytes = jpeg_.view(position_, 2);
+            if (sizeBytes.empty()) break;
+            // The length counts its own two bytes.
+            const std::uint64_t size = platform::bigEndian16(sizeBytes.data());
+            if (size < 2) break;
+            const Segment segment{*marker, jpeg_.part(position_ + 2, size - 2)};
+            position_ += size;
+            return segment;
+        }
+        return std::nullopt;
+    }
+
+private:
+    std::optional<std::uint8_t> nextMarker()
+    {
+        bool isAfterPrefix = false;
+        while (true) {
+            const ByteView byte = jpeg_.view(position_, 1);
+            if (byte.empty()) return std::nullopt;
+            ++position_;
+            if (isAfterPrefix && byte[0] != kPrefix && byte[0] != 0) return byte[0];
+            // A second prefix is a fill byte; a zero after it makes it ordinary data.
+            if (byte[0] != kPrefix || isAfterPrefix) {
+                if (++foreignBytes_ > kMostForeignBytes) return std::nullopt;
+            }
+            isAfterPrefix = byte[0] == kPrefix;
+        }
+    }
+
+    ByteBlock jpeg_;
+    std::uint64_t position_ = 2;  // behind the start of the image
+    std::uint64_t foreignBytes_ = 0;
+};
+}  // namespace
+
+bool platform::isJpeg(const ByteBlock& picture)
+{
+    static constexpr std::uint8_t kStart[] = {kPrefix, kStartOfImage};
+    return picture.beginsWith(kStart);
+}
+
+platform::JpegMetadata platform::findJpegMetadata(const ByteBlock& jpeg)
+{
+    JpegMetadata found;
+    Segments segments(jpeg);
+    while (const std::optional<Segment> segment = segments.next()) {
+        const ByteBlock& content = segment->content;
+        if (segment->marker == kApp1 && found.exif.isEmpty() && content.beginsWith(kExifName)) {
+            const ByteBlock tiff = content.from(kExifHeader);
+            if (TiffBlock::open(tiff)) found.exif = tiff;
+        } else if (segment->marker == kApp13 && content.beginsWith(kPhotoshopName)) {
+            found.photoshop.push_back(content.from(sizeof kPhotoshopName));
+        }
+    }
+    return found;
+}

@@ -1,0 +1,29 @@
+// The segments of a JPEG picture that carry metadata.
+
+#pragma once
+
+#include <vector>
+
+#include "pictures/byte_source.h"
+
+namespace platform {
+
+// What stands in front of the picture data.
+struct JpegMetadata {
+    // The TIFF block of the first Exif segment (APP1) that begins with a TIFF header; else empty.
+    ByteBlock exif;
+    // The pieces of the Photoshop resources (APP13), in order: 64 KiB is the end of a segment but
+    // not of the resources.
+    std::vector<ByteBlock> photoshop;
+};
+
+// True when `picture` begins as JPEG does.
+bool isJpeg(const ByteBlock& picture);
+
+// Looks through the segments of the first image in `jpeg` up to its picture data. As decoders do,
+// it steps over fill bytes and a little foreign matter between segments; a segment that claims to
+// go on behind the end is cut there.
+// Source: ITU-T T.81, Annex B; Exif 2.32, 4.7.
+JpegMetadata findJpegMetadata(const ByteBlock& jpeg);
+
+}  // namespace platform

@@ -1,0 +1,42 @@
+#include "pictures/photoshop_resources.h"
+
+#include "pictures/byte_order.h"
+
+#include <cstring>
+
+namespace {
+// Photoshop itself, and the signatures that other Adobe programs and plug-ins write.
+bool isSignature(const std::uint8_t* bytes)
+{
+    for (const char* known : {"8BIM", "PHUT", "AgHg", "DCSR", "MeSa"}) {
+        if (std::memcmp(bytes, known, 4) == 0) return true;
+    }
+    return false;
+}
+
+std::uint64_t roundedUpToEven(std::uint64_t size)
+{
+    return size + size % 2;
+}
+}  // namespace
+
+platform::ByteBlock platform::findPhotoshopResource(const ByteBlock& resources,
+                                                    std::uint16_t number)
+{
+    std::uint64_t position = 0;
+    while (true) {
+        // Signature (4), number (2), length of the name (1).
+        const ByteView head = resources.view(position, 7);
+        if (head.empty() || !isSignature(head.data())) return {};
+        const bool isWanted =
+            std::memcmp(head.data(), "8BIM", 4) == 0 && bigEndian16(&head[4]) == number;
+        const std::uint64_t nameSize = roundedUpToEven(std::uint64_t{head[6]} + 1);
+
+        const ByteView sizeBytes = resources.view(position + 6 + nameSize, 4);
+        if (sizeBytes.empty()) return {};
+        const std::uint64_t size = bigEndian32(sizeBytes.data());
+        const std::uint64_t start = position + 6 + nameSize + 4;
+        if (isWanted) return resources.part(start, size);
+        position = start + roundedUpToEven(size);
+    }
+}

@@ -1,0 +1,54 @@
+// What a picture's own metadata says about where it was taken and what it shows: the position of
+// the Exif GPS directory and the place texts of the IPTC record.
+//
+// The values are as the file has them: no range check, no rounding. They are plain, so that they
+// can be read in another process than the one that shows them.
+
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "pictures/byte_source.h"
+
+namespace platform {
+
+struct PictureProperties {
+    bool hasGps = false;             // the first image has a GPS directory, whatever stands in it
+    std::optional<double> latitude;  // decimal degrees without sign; so is longitude
+    std::optional<double> longitude;
+    std::optional<double> altitude;                 // metres, sign in altitudeReference
+    std::optional<std::int64_t> altitudeReference;  // 0 above sea level, 1 below
+    std::optional<double> destinationDistance;      // in the unit of its reference
+    std::optional<double> imageDirection;           // degrees
+    // References are left out when the file has an empty text.
+    std::optional<std::u16string> latitudeReference;
+    std::optional<std::u16string> longitudeReference;
+    std::optional<std::u16string> destinationDistanceReference;
+    std::optional<std::u16string> satellites;
+
+    bool hasIptc = false;  // there is an IPTC record, whatever stands in it
+    std::optional<std::u16string> city;
+    std::optional<std::u16string> state;
+    std::optional<std::u16string> country;
+    std::optional<std::u16string> caption;
+
+    friend bool operator==(const PictureProperties&, const PictureProperties&) = default;
+};
+
+// Reads the properties of the first image. What kind of picture it is is decided by its first
+// bytes: JPEG, TIFF (which most raw formats are), Fujifilm RAF, Minolta MRW, Canon CRW.
+//
+// Damaged parts count as absent. Returns nothing when the bytes are none of these pictures.
+// Source: Exif 2.32 (JEITA CP-3451E), TIFF 6.0, IPTC-IIM 4.2.
+std::optional<PictureProperties> readPictureProperties(ByteSource& source);
+
+// One way to have that done. Reads the properties of a regular file of `size` bytes that is open
+// for reading. The descriptor is borrowed for the call. Nothing when it is no picture or could not
+// be read.
+using PropertySource =
+    std::function<std::optional<PictureProperties>(int descriptor, std::uint64_t size)>;
+
+}  // namespace platform

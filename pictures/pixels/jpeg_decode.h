@@ -1,0 +1,24 @@
+// JPEG streams decoded for a preview: at a reduced scale, no more of it than the preview needs, and
+// in memory and time bounded by what is asked for rather than by what the stream claims to hold.
+
+#pragma once
+
+#include <optional>
+
+#include "pictures/byte_source.h"
+#include "pictures/pixels/pixel_image.h"
+
+namespace platform {
+
+// The size in pixels that the headers of a JPEG stream tell; {0, 0} when it cannot be decoded.
+PixelSize jpegSize(const ByteBlock& jpeg);
+
+// Decodes a JPEG stream so that it fits into `box` (as stored; the caller turns box and
+// picture by the orientation). Colours, gray, CMYK and YCCK (Adobe's inverted form and the plain
+// one), baseline and progressive; the pixels are opaque and taken as sRGB.
+//
+// Nothing when the bytes are no JPEG stream that can be decoded, or when it asks for more memory or
+// passes than a preview is worth. A stream that is cut off gives its beginning, the rest gray.
+std::optional<PixelImage> decodeJpeg(const ByteBlock& jpeg, PixelSize box);
+
+}  // namespace platform

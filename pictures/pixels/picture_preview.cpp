@@ -1,0 +1,178 @@
+#include "pictures/pixels/picture_preview.h"
+
+#include "pictures/byte_order.h"
+#include "pictures/jpeg_segments.h"
+#include "pictures/pixels/embedded_jpegs.h"
+#include "pictures/pixels/jpeg_decode.h"
+#include "pictures/pixels/raw_preview.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+#include <utility>
+
+namespace {
+using namespace platform;
+
+// Cameras pad a thumbnail of 160 x 120 with black bars when the picture has another aspect, and
+// programs leave the thumbnail of a picture that was cropped since: both differ by more than this.
+constexpr double kAspectTolerance = 0.03;
+
+constexpr std::uint8_t kJpegStart[] = {0xff, 0xd8};
+
+// What the raw formats begin with that LibRaw is asked about. Others it would only guess at.
+constexpr std::string_view kRawStarts[] = {std::string_view("II*\0", 4),
+                                           std::string_view("MM\0*", 4),
+                                           "IIRO",
+                                           "IIRS",
+                                           "MMOR",
+                                           std::string_view("IIU\0", 4),
+                                           std::string_view("\0MRM", 4),
+                                           "FUJIFILMCCD-RAW",
+                                           "FOVb"};
+constexpr std::string_view kCrwMark = "HEAPCCDR";
+constexpr std::uint64_t kCrwMarkOffset = 6;
+
+constexpr std::string_view kRafStart = "FUJIFILMCCD-RAW";
+constexpr std::uint64_t kRafJpegOffset = 84;  // then its length, both 32 bits big-endian
+
+bool beginsWith(const ByteBlock& block, std::string_view text)
+{
+    return block.beginsWith({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
+}
+
+bool isRaw(const ByteBlock& file)
+{
+    return beginsWith(file.from(kCrwMarkOffset), kCrwMark) ||
+           std::any_of(std::begin(kRawStarts), std::end(kRawStarts),
+                       [&](std::string_view start) { return beginsWith(file, start); });
+}
+
+PixelSize transposed(PixelSize size)
+{
+    return {size.height, size.width};
+}
+
+PixelSize storedBox(PixelSize box, Orientation orientation)
+{
+    return isTransposed(orientation) ? transposed(box) : box;
+}
+
+bool covers(PixelSize size, PixelSize wanted)
+{
+    return size.width >= wanted.width && size.height >= wanted.height;
+}
+
+bool fills(const PixelImage& image, PixelSize box)
+{
+    return image.width == box.width || image.height == box.height;
+}
+
+// Of the streams that show the whole picture and cover the box, the smallest; else nothing.
+std::optional<ByteBlock> chooseStream(const EmbeddedJpegs& embedded, PixelSize picture,
+                                      PixelSize box)
+{
+    const PixelSize wanted = fitInto(picture, box);
+    std::optional<ByteBlock> best;
+    PixelSize bestSize;
+    for (const ByteBlock& stream : embedded.streams) {
+        const PixelSize size = jpegSize(stream);
+        if (!covers(size, wanted) || !hasAspectOf(size, picture, kAspectTolerance)) continue;
+        if (best && size.width >= bestSize.width) continue;
+        best = stream;
+        bestSize = size;
+    }
+    return best;
+}
+
+std::optional<Preview> decodeUpright(const ByteBlock& jpeg, PixelSize stored,
+                                     Orientation orientation, bool wasDecoded)
+{
+    std::optional<PixelImage> image = decodeJpeg(jpeg, stored);
+    if (!image) return std::nullopt;
+    return Preview{turnedUpright(std::move(*image), orientation), wasDecoded};
+}
+
+std::optional<Preview> previewOfJpeg(const ByteBlock& jpeg, PixelSize box)
+{
+    const PixelSize picture = jpegSize(jpeg);
+    if (picture.width == 0) return std::nullopt;
+    const EmbeddedJpegs embedded = findEmbeddedJpegs(findJpegMetadata(jpeg).exif);
+    const PixelSize stored = storedBox(box, embedded.orientation);
+    if (const std::optional<ByteBlock> thumbnail = chooseStream(embedded, picture, stored)) {
+        std::optional<Preview> preview =
+            decodeUpright(*thumbnail, stored, embedded.orientation, false);
+        if (preview) return preview;
+    }
+    return decodeUpright(jpeg, stored, embedded.orientation, true);
+}
+
+// The largest stream of those that are JPEG at all; {0, 0} when there is none.
+PixelSize largestStream(const EmbeddedJpegs& embedded, ByteBlock* outStream)
+{
+    PixelSize largest;
+    for (const ByteBlock& stream : embedded.streams) {
+        const PixelSize size = jpegSize(stream);
+        if (size.width <= largest.width) continue;
+        largest = size;
+        *outStream = stream;
+    }
+    return largest;
+}
+
+// What LibRaw finds, which also knows the previews that makers keep in places of their own, or
+// `other` when that is larger.
+std::optional<Preview> largerPreview(ByteSource& source, PixelSize box,
+                                     std::optional<Preview> other)
+{
+    std::optional<PixelImage> image = makeRawPreview(source, box);
+    if (!image || (other && other->image.pixels.size() >= image->pixels.size())) return other;
+    return Preview{std::move(*image), false};
+}
+
+std::optional<Preview> previewOfRaw(ByteSource& source, PixelSize box)
+{
+    const EmbeddedJpegs embedded = findEmbeddedJpegs(ByteBlock(source));
+    const PixelSize stored = storedBox(box, embedded.orientation);
+    ByteBlock largest;
+    const PixelSize largestSize = largestStream(embedded, &largest);
+    const bool knowsPicture = embedded.picture.width > largestSize.width;
+    const PixelSize picture = knowsPicture ? embedded.picture : largestSize;
+    if (const std::optional<ByteBlock> stream = chooseStream(embedded, picture, stored)) {
+        std::optional<Preview> preview =
+            decodeUpright(*stream, stored, embedded.orientation, false);
+        if (preview && (knowsPicture || fills(preview->image, box))) return preview;
+    }
+    std::optional<Preview> preview;
+    if (std::optional<PixelImage> image = decodeJpeg(largest, stored)) {
+        preview = Preview{
+            turnedUpright(withoutBars(std::move(*image), picture), embedded.orientation), false};
+    }
+    return largerPreview(source, box, std::move(preview));
+}
+
+// The JPEG picture that a Fujifilm raw file holds: the whole picture with metadata of its own.
+ByteBlock jpegOfRaf(const ByteBlock& raf)
+{
+    const ByteView place = raf.view(kRafJpegOffset, 8);
+    if (place.empty()) return {};
+    return raf.part(bigEndian32(place.data()), bigEndian32(place.data() + 4));
+}
+}  // namespace
+
+std::optional<platform::Preview> platform::makePreview(ByteSource& source, std::int32_t maxWidth,
+                                                       std::int32_t maxHeight)
+{
+    const PixelSize box = {maxWidth, maxHeight};
+    const ByteBlock file(source);
+    if (maxWidth <= 0 || maxHeight <= 0 || file.isEmpty()) return std::nullopt;
+    if (file.beginsWith(kJpegStart)) return previewOfJpeg(file, box);
+    if (!isRaw(file)) return std::nullopt;
+    if (beginsWith(file, kRafStart)) {
+        std::optional<Preview> preview = previewOfJpeg(jpegOfRaf(file), box);
+        if (preview) preview->wasDecoded = false;
+        if (preview && fills(preview->image, box)) return preview;
+        return largerPreview(source, box, std::move(preview));
+    }
+    return previewOfRaw(source, box);
+}

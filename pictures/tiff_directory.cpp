@@ -1,0 +1,109 @@
+#include "pictures/tiff_directory.h"
+
+#include <algorithm>
+
+namespace {
+constexpr std::size_t kHeaderSize = 8;
+constexpr std::size_t kEntrySize = 12;
+constexpr std::size_t kEntriesAtOnce = 256;
+
+// The number behind the byte order: 42, or a maker's own.
+constexpr std::uint16_t kTiff = 42;
+constexpr std::uint16_t kOlympus = 0x4f52;       // "IIRO", "MMOR"
+constexpr std::uint16_t kOlympusSmall = 0x5352;  // "IIRS"
+constexpr std::uint16_t kPanasonic = 0x0055;     // "IIU\0"
+
+bool isTiffNumber(std::uint16_t number)
+{
+    return number == kTiff || number == kOlympus || number == kOlympusSmall || number == kPanasonic;
+}
+
+// Bytes of one item; 0 for a type that TIFF does not know.
+std::uint64_t itemSize(std::uint16_t type)
+{
+    static constexpr std::uint8_t sizes[] = {0, 1, 1, 2, 4, 8, 1, 1, 2, 4, 8, 4, 8, 4};
+    if (type == static_cast<std::uint16_t>(platform::TiffType::utf8)) return 1;
+    return type < std::size(sizes) ? sizes[type] : 0;
+}
+}  // namespace
+
+std::optional<platform::TiffBlock> platform::TiffBlock::open(const ByteBlock& block)
+{
+    const ByteView header = block.view(0, kHeaderSize);
+    if (header.empty() || header[0] != header[1]) return std::nullopt;
+    if (header[0] != 'I' && header[0] != 'M') return std::nullopt;
+    const ByteOrder order = header[0] == 'M' ? ByteOrder::big : ByteOrder::little;
+    if (!isTiffNumber(read16(order, &header[2]))) return std::nullopt;
+    return TiffBlock(block, order, read32(order, &header[4]));
+}
+
+std::size_t platform::TiffBlock::findEntries(std::uint64_t offset,
+                                             std::span<TiffEntry> wanted) const
+{
+    // A pointer of 0 is none, and nothing else lies inside the header either.
+    if (offset < kHeaderSize) return 0;
+    const ByteView countBytes = block_.view(offset, 2);
+    if (countBytes.empty()) return 0;
+    std::uint64_t position = offset + 2;
+    // A directory that claims more entries than fit has those that fit.
+    const std::size_t count = std::min<std::uint64_t>(read16(order_, countBytes.data()),
+                                                      (block_.length() - position) / kEntrySize);
+
+    std::size_t left = count;
+    while (left != 0) {
+        const std::size_t atOnce = std::min(left, kEntriesAtOnce);
+        const ByteView entries = block_.view(position, atOnce * kEntrySize);
+        if (entries.empty()) break;
+        for (std::size_t index = 0; index < atOnce; ++index) {
+            const std::uint8_t* bytes = &entries[index * kEntrySize];
+            const std::uint16_t tag = read16(order_, bytes);
+            for (TiffEntry& entry : wanted) {
+                if (entry.tag != tag || entry.count != 0) continue;
+                readEntry(bytes, position + index * kEntrySize, entry);
+                break;
+            }
+        }
+        position += entries.size();
+        left -= atOnce;
+    }
+    return count - left;
+}
+
+void platform::TiffBlock::readEntry(const std::uint8_t* bytes, std::uint64_t position,
+                                    TiffEntry& entry) const
+{
+    const std::uint16_t type = read16(order_, bytes + 2);
+    entry.type = static_cast<TiffType>(type);
+    entry.count = read32(order_, bytes + 4);
+    // At most 2^32 items of 8 bytes: no overflow in 64 bits.
+    const std::uint64_t size = entry.count * itemSize(type);
+    // Up to four bytes stand in the entry itself.
+    const std::uint64_t offset = size <= 4 ? position + 8 : read32(order_, bytes + 8);
+    entry.value = block_.part(offset, size);
+}
+
+std::optional<std::uint32_t> platform::TiffBlock::integerOf(const TiffEntry& entry) const
+{
+    switch (entry.type) {
+    case TiffType::byte:
+    case TiffType::undefined: {
+        const ByteView bytes = entry.value.view(0, 1);
+        if (!bytes.empty()) return bytes[0];
+        break;
+    }
+    case TiffType::shortInteger: {
+        const ByteView bytes = entry.value.view(0, 2);
+        if (!bytes.empty()) return read16(order_, bytes.data());
+        break;
+    }
+    case TiffType::longInteger:
+    case TiffType::signedLongInteger:
+    case TiffType::directory: {
+        const ByteView bytes = entry.value.view(0, 4);
+        if (!bytes.empty()) return read32(order_, bytes.data());
+        break;
+    }
+    default: break;
+    }
+    return std::nullopt;
+}

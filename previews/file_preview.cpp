@@ -1,0 +1,39 @@
+#include "previews/file_preview.h"
+
+#include "lib/ui/preview.h"
+#include "previews/picture_reader.h"
+#include "previews/preview_plan.h"
+
+#include <chrono>
+#include <optional>
+#include <string>
+
+namespace {
+constexpr std::chrono::seconds kLongestWait(3);  // for one file
+
+std::optional<QPixmap> previewOf(const std::string& path, QSizeF ofSize, qreal ratio,
+                                 std::uint8_t asIcon)
+{
+    const platform::PixelSize box = cuPixelsOfPoints(ofSize, ratio);
+    if (box.width == 0) return QPixmap();
+
+    platform::ReaderClient& reader = cuPictureReader();
+    PreviewPlan plan(path, box);
+    while (plan.next()) {
+        (void)reader.startPreview(plan.file().descriptor(), plan.kind(), plan.box());
+        const platform::PreviewResult result = reader.waitForPreview(kLongestWait);
+        if (result.outcome == platform::ReadOutcome::noReader) break;
+        if (result.outcome != platform::ReadOutcome::found) continue;
+        if (const std::optional<QImage> image = plan.imageOf(result.answer)) {
+            plan.store(result.answer);
+            return cuPictureOfPreview(*image, ofSize, ratio, asIcon);
+        }
+    }
+    return std::nullopt;
+}
+}  // namespace
+
+void cuInstallFilePreviews()
+{
+    cuInstallPreviewService(previewOf);
+}

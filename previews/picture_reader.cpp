@@ -1,0 +1,77 @@
+#include "previews/picture_reader.h"
+
+#include "location/picture_source.h"
+#include "previews/file_preview.h"
+#include "previews/late_properties.h"
+
+#include <QCoreApplication>
+#include <QPointer>
+#include <QSocketNotifier>
+
+platform::ReaderClient& cuPictureReader()
+{
+    static platform::ReaderClient client(
+        [] { return platform::startReaderProgram(platform::readerProgram()); });
+    return client;
+}
+
+void cuReadPicturesElsewhere()
+{
+    cuPictureReader().start();
+    cuInstallFilePreviews();
+    platform::installPropertySource([](int descriptor, std::uint64_t /*size*/) {
+        return LateProperties::instance()->read(descriptor);
+    });
+}
+
+ReaderEvents* ReaderEvents::instance()
+{
+    static QPointer<ReaderEvents> events;
+    if (!events) {
+        events = new ReaderEvents;
+        events->setParent(QCoreApplication::instance());
+    }
+    return events;
+}
+
+ReaderEvents::ReaderEvents()
+{
+    timer_.setSingleShot(true);
+    connect(&timer_, &QTimer::timeout, this, &ReaderEvents::advance);
+    cuPictureReader().setChangeHandler([this] { rearm(); });
+    rearm();
+}
+
+ReaderEvents::~ReaderEvents()
+{
+    cuPictureReader().setChangeHandler({});
+}
+
+void ReaderEvents::rearm()
+{
+    const platform::ReaderClient& reader = cuPictureReader();
+    const int socket = reader.socket();
+    if (notifier_ && notifier_->socket() != socket) {
+        // It may be the one that is calling.
+        notifier_->setEnabled(false);
+        notifier_.release()->deleteLater();
+    }
+    if (!notifier_ && socket >= 0) {
+        notifier_ = std::make_unique<QSocketNotifier>(socket, QSocketNotifier::Read);
+        connect(notifier_.get(), &QSocketNotifier::activated, this, &ReaderEvents::advance);
+    }
+    // What came while somebody waited for something else is told of from the event loop.
+    const bool hasResult = reader.hasPreview() || reader.hasProperties();
+    const int left = hasResult ? 0 : reader.millisecondsLeft();
+    if (left < 0) {
+        timer_.stop();
+    } else {
+        timer_.start(left);
+    }
+}
+
+void ReaderEvents::advance()
+{
+    cuPictureReader().advance();
+    Q_EMIT advanced();
+}

@@ -1,0 +1,148 @@
+#include "previews/preview_loader.h"
+
+#include "lib/files/path_text.h"
+#include "lib/ui/file_icon.h"
+#include "previews/picture_reader.h"
+#include "previews/preview_plan.h"
+
+#include <string>
+#include <utility>
+
+namespace {
+constexpr int kStoreDelay = 100;  // milliseconds
+}  // namespace
+
+struct PreviewLoader::Request {
+    std::string path;
+    QSizeF size;
+    qreal ratio;
+    PreviewPlan plan;
+    std::uint32_t ticket = 0;  // of the current step; 0 before the first
+};
+
+// A preview that took its time, until it is in the desktop's cache.
+struct PreviewLoader::Unstored {
+    PreviewPlan plan;
+    platform::PreviewAnswer answer;
+};
+
+PreviewLoader::PreviewLoader(QObject* parent) : QObject(parent)
+{
+    timer_.setSingleShot(true);
+    connect(&timer_, &QTimer::timeout, this, [this] {
+        if (request_->plan.next()) {
+            startStep();
+        } else {
+            finish(std::nullopt);
+        }
+    });
+    storeTimer_.setSingleShot(true);
+    connect(&storeTimer_, &QTimer::timeout, this, &PreviewLoader::store);
+    connect(ReaderEvents::instance(), &ReaderEvents::advanced, this, &PreviewLoader::takeAnswer);
+}
+
+PreviewLoader::~PreviewLoader()
+{
+    request(nullptr, {}, 1);
+    store();
+}
+
+void PreviewLoader::request(TovStringRef path, QSizeF size, qreal ratio)
+{
+    stopReading();
+    request_.reset();
+    if (path == nullptr) return;
+    const std::string bytes = platform::pathBytes(path);
+    request_ = std::make_unique<Request>(
+        Request{bytes, size, ratio, PreviewPlan(bytes, cuPixelsOfPoints(size, ratio))});
+    // The properties of the same picture are asked for first; the preview would be in their way.
+    timer_.start(0);
+}
+
+void PreviewLoader::settleForIcon()
+{
+    if (!request_) return;
+    stopReading();
+    finish(std::nullopt);
+}
+
+void PreviewLoader::stopReading()
+{
+    timer_.stop();
+    platform::ReaderClient& reader = cuPictureReader();
+    if (request_ && request_->ticket != 0 && reader.previewTicket() == request_->ticket) {
+        reader.giveUpPreview();
+    }
+}
+
+void PreviewLoader::startStep()
+{
+    const PreviewPlan& plan = request_->plan;
+    request_->ticket =
+        cuPictureReader().startPreview(plan.file().descriptor(), plan.kind(), plan.box());
+}
+
+void PreviewLoader::takeAnswer()
+{
+    platform::ReaderClient& reader = cuPictureReader();
+    if (!request_ || request_->ticket == 0) return;
+    if (reader.previewTicket() != request_->ticket) {
+        // Somebody who waits for another preview has taken the place of this one.
+        if (reader.previewTicket() == 0) startStep();
+        return;
+    }
+    std::optional<platform::PreviewResult> result = reader.takePreview();
+    if (!result) return;
+    if (result->outcome == platform::ReadOutcome::noReader) {
+        const std::unique_ptr<Request> request = std::move(request_);
+        Q_EMIT readerMissing(QByteArray::fromStdString(request->path));
+        return;
+    }
+    if (result->outcome == platform::ReadOutcome::found) {
+        if (const std::optional<QImage> image = request_->plan.imageOf(result->answer)) {
+            keepForStoring(result->answer);
+            finish(cuPictureOfPreview(*image, request_->size, request_->ratio, 0));
+            return;
+        }
+    }
+    if (request_->plan.next()) {
+        startStep();
+        return;
+    }
+    // The receiver may make the next request.
+    const std::unique_ptr<Request> request = std::move(request_);
+    if (result->outcome == platform::ReadOutcome::stuck) {
+        Q_EMIT readerStuck(QByteArray::fromStdString(request->path));
+        if (request_) return;
+    }
+    show(*request, std::nullopt);
+}
+
+// Packing a thumbnail takes longer than showing the preview, so that it is shown first.
+void PreviewLoader::keepForStoring(platform::PreviewAnswer& answer)
+{
+    if (!answer.wasDecoded) return;
+    store();
+    unstored_ = std::make_unique<Unstored>(Unstored{std::move(request_->plan), std::move(answer)});
+    storeTimer_.start(kStoreDelay);
+}
+
+void PreviewLoader::store()
+{
+    const std::unique_ptr<Unstored> unstored = std::move(unstored_);
+    if (unstored) unstored->plan.store(unstored->answer);
+}
+
+// Ends the request, with the icon when there is no preview. The receiver may make the next one.
+void PreviewLoader::finish(const std::optional<QPixmap>& preview)
+{
+    const std::unique_ptr<Request> request = std::move(request_);
+    show(*request, preview);
+}
+
+void PreviewLoader::show(const Request& request, const std::optional<QPixmap>& preview)
+{
+    Q_EMIT previewReady(
+        QByteArray::fromStdString(request.path),
+        preview ? *preview : cuIconOfItem(request.path, request.size, request.ratio));
+}

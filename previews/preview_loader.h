@@ -1,0 +1,72 @@
+// Previews that arrive through the event loop, so that nobody waits for a large picture or a slow
+// disk.
+
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+#include <QPixmap>
+#include <QSizeF>
+#include <QTimer>
+
+#include <memory>
+#include <optional>
+
+#include "lib/objects/string.h"
+
+namespace platform {
+struct PreviewAnswer;
+}
+
+class PreviewLoader : public QObject {
+    Q_OBJECT
+
+public:
+    explicit PreviewLoader(QObject* parent = nullptr);
+    ~PreviewLoader() override;
+
+    // Asks for the picture of the file at `path` (absolute; null cancels only). An earlier request
+    // that is still under way is given up: its answer never comes. Returns at once; the work begins
+    // when the event loop runs again.
+    //
+    //   size   points, as for imageWithPreviewOfFileAtPath.
+    //   ratio  device pixels per point.
+    void request(TovStringRef path, QSizeF size, qreal ratio);
+
+    // Gives up the request that is under way: previewReady brings the icon. Does nothing without
+    // one.
+    void settleForIcon();
+
+    // Whether something that was asked for has neither come nor been given up.
+    bool isLoading() const { return request_ != nullptr; }
+
+Q_SIGNALS:
+    // The picture for the last request: a preview, else the icon of the file's kind; null when
+    // memory runs out for a preview. `path` is in raw bytes.
+    void previewReady(const QByteArray& path, const QPixmap& picture);
+
+    // Instead of previewReady: pictures cannot be read, because the program pinorama-reader is
+    // missing or cannot start.
+    void readerMissing(const QByteArray& path);
+
+    // Before previewReady, which brings the icon then: the reader got nowhere with the file and was
+    // killed.
+    void readerStuck(const QByteArray& path);
+
+private:
+    struct Request;
+    struct Unstored;
+
+    void startStep();
+    void stopReading();
+    void takeAnswer();
+    void keepForStoring(platform::PreviewAnswer& answer);
+    void store();
+    void finish(const std::optional<QPixmap>& preview);
+    void show(const Request& request, const std::optional<QPixmap>& preview);
+
+    std::unique_ptr<Request> request_;  // null while nothing is asked for
+    QTimer timer_;
+    std::unique_ptr<Unstored> unstored_;  // null when all is stored
+    QTimer storeTimer_;
+};

@@ -1,0 +1,138 @@
+#include "previews/preview_plan.h"
+
+#include "base/alloc.h"
+#include "reader/reader_protocol.h"
+
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <utility>
+
+#include <sys/stat.h>
+
+namespace {
+// A card is a white frame of this share of its size around the preview, with a fine edge.
+constexpr qreal kCardFrame = 1.0 / 24;
+
+int pixelsOf(qreal points, qreal ratio)
+{
+    return static_cast<int>(
+        std::clamp<qreal>(std::round(points * ratio), 1, platform::kLargestPreviewSide));
+}
+
+std::int64_t modificationTime(int descriptor)
+{
+    struct stat status;
+    return fstat(descriptor, &status) == 0 ? status.st_mtim.tv_sec : 0;
+}
+
+// The image on the memory of `pixels`, which has to outlive it.
+QImage imageOn(const platform::PixelImage& pixels)
+{
+    return QImage(reinterpret_cast<const uchar*>(pixels.pixels.data()), pixels.width, pixels.height,
+                  QImage::Format_ARGB32_Premultiplied);
+}
+
+// An image on memory of its own; null when memory runs out.
+QImage copyOf(const platform::PixelImage& pixels)
+{
+    const QImage borrowed = imageOn(pixels);
+    const auto size = static_cast<std::size_t>(borrowed.sizeInBytes());
+    void* const block = baseAllocate(size);
+    if (block == nullptr) return {};
+    std::memcpy(block, borrowed.constBits(), size);
+    return QImage(static_cast<uchar*>(block), borrowed.width(), borrowed.height(),
+                  borrowed.bytesPerLine(), borrowed.format(), baseFree, block);
+}
+}  // namespace
+
+platform::PixelSize cuPixelsOfPoints(QSizeF size, qreal ratio)
+{
+    if (!(size.width() * ratio > 0) || !(size.height() * ratio > 0)) return {};
+    return {pixelsOf(size.width(), ratio), pixelsOf(size.height(), ratio)};
+}
+
+PreviewPlan::PreviewPlan(std::string path, platform::PixelSize box)
+    : path_(std::move(path)), box_(box)
+{
+    picture_ = std::make_unique<platform::PictureFile>(path_);
+    if (!picture_->isOpen()) {
+        isFinished_ = true;
+        return;
+    }
+    mtime_ = modificationTime(picture_->descriptor());
+    for (ThumbnailPlace& place :
+         cuThumbnailPlaces(path_, mtime_, std::max(box.width, box.height))) {
+        places_.push_back(std::move(place));
+    }
+}
+
+bool PreviewPlan::next()
+{
+    while (!places_.empty()) {
+        const ThumbnailPlace place = std::move(places_.front());
+        places_.pop_front();
+        thumbnail_ = std::make_unique<platform::PictureFile>(place.path);
+        if (!thumbnail_->isOpen()) continue;
+        label_ = place.label;
+        kind_ = platform::PreviewKind::cachedThumbnail;
+        file_ = thumbnail_.get();
+        return true;
+    }
+    if (isFinished_) return false;
+    isFinished_ = true;
+    kind_ = platform::PreviewKind::picture;
+    file_ = picture_.get();
+    return true;
+}
+
+std::optional<QImage> PreviewPlan::imageOf(const platform::PreviewAnswer& answer) const
+{
+    if (kind_ == platform::PreviewKind::cachedThumbnail &&
+        !label_.matches(answer.uri, answer.mtime)) {
+        return std::nullopt;
+    }
+    return copyOf(answer.image);
+}
+
+void PreviewPlan::store(const platform::PreviewAnswer& answer) const
+{
+    const int side = box_.width;
+    const bool fillsTheBox = answer.image.width == side || answer.image.height == side;
+    if (!answer.wasDecoded || box_.height != side || !fillsTheBox) return;
+    cuStoreThumbnail(path_, mtime_, picture_->size(), side, imageOn(answer.image));
+}
+
+QPixmap cuPictureOfPreview(const QImage& preview, QSizeF size, qreal ratio, std::uint8_t asIcon)
+{
+    if (preview.isNull()) return {};
+    if (asIcon == 0) {
+        QPixmap picture = QPixmap::fromImage(preview);
+        picture.setDevicePixelRatio(ratio);
+        return picture;
+    }
+    const platform::PixelSize box = cuPixelsOfPoints(size, ratio);
+    QPixmap card(box.width, box.height);
+    card.fill(Qt::transparent);
+    const QRectF whole(0, 0, box.width, box.height);
+    const qreal frame = std::min(whole.width(), whole.height()) * kCardFrame;
+    const QSizeF inside = whole.adjusted(frame, frame, -frame, -frame).size();
+    QSizeF shown = preview.size();
+    if (shown.width() > inside.width() || shown.height() > inside.height()) {
+        shown.scale(inside, Qt::KeepAspectRatio);
+    }
+    QRectF place(QPointF(0, 0), shown);
+    place.moveCenter(whole.center());
+
+    QPainter painter(&card);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    painter.setPen(QPen(QColor(0, 0, 0, 64), ratio));
+    painter.setBrush(Qt::white);
+    painter.drawRect(place.adjusted(-frame, -frame, frame, frame).adjusted(1, 1, -1, -1));
+    painter.drawImage(place, preview);
+    painter.end();
+    card.setDevicePixelRatio(ratio);
+    return card;
+}

@@ -1,0 +1,63 @@
+// The steps on the way to a file's preview: first the thumbnails that the desktop's cache may have,
+// then the file itself. Whoever carries the steps out reads each file and says what came of it.
+
+#pragma once
+
+#include <QImage>
+#include <QPixmap>
+#include <QSizeF>
+
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "pictures/picture_file.h"
+#include "previews/thumbnail_cache.h"
+#include "reader/preview_answer.h"
+
+// The size in pixels of `size` points; {0, 0} for a size that is not positive. A preview
+// is never larger than 2048 pixels each way.
+platform::PixelSize cuPixelsOfPoints(QSizeF size, qreal ratio);
+
+class PreviewPlan {
+public:
+    // Plans the preview of the file at `path` (absolute, in the bytes of the system) that fits into
+    // `box` pixels.
+    PreviewPlan(std::string path, platform::PixelSize box);
+
+    // Goes on to the next file that is there to be read. False when there is none left: the file
+    // has no preview.
+    bool next();
+
+    // The current step: an open regular file and how it is to be read.
+    platform::PreviewKind kind() const { return kind_; }
+    const platform::PictureFile& file() const { return *file_; }
+    platform::PixelSize box() const { return box_; }
+
+    // The preview, when `answer` to the current step gives one: a thumbnail of another file, or
+    // from before the file was changed last, gives none. When memory runs out it is null, which is
+    // not the same: then there is nothing to show.
+    std::optional<QImage> imageOf(const platform::PreviewAnswer& answer) const;
+
+    // Keeps the preview in the desktop's cache when `answer` took its time, so that it is there at
+    // once the next time.
+    void store(const platform::PreviewAnswer& answer) const;
+
+private:
+    std::string path_;
+    platform::PixelSize box_;
+    std::unique_ptr<platform::PictureFile> picture_;
+    std::int64_t mtime_ = 0;
+    std::deque<ThumbnailPlace> places_;
+    ThumbnailLabel label_;
+    std::unique_ptr<platform::PictureFile> thumbnail_;
+    const platform::PictureFile* file_ = nullptr;
+    platform::PreviewKind kind_ = platform::PreviewKind::picture;
+    bool isFinished_ = false;
+};
+
+// What the window shows of a preview: at the screen's ratio, on a card of exactly `size` points
+// when `asIcon` is nonzero. Null for a null preview.
+QPixmap cuPictureOfPreview(const QImage& preview, QSizeF size, qreal ratio, std::uint8_t asIcon);

@@ -1,0 +1,221 @@
+#include "reader/reader_process.h"
+
+#include "base/resource_folder.h"
+
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <ctime>
+#include <utility>
+
+#include <fcntl.h>
+#include <poll.h>
+#include <spawn.h>
+#include <sys/socket.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+constexpr const char* kProgramName = "pinorama-reader";
+
+// A killed process is gone at once, except one that sleeps in the kernel, on a network share that
+// does not answer for instance. That one is looked after again when the next one ends.
+constexpr int kLongestWait = 50;  // milliseconds
+
+// Where libraries and sanitizers are told about, for programs that lie in unusual places.
+constexpr const char* kInherited[] = {"LD_LIBRARY_PATH", "QT_PLUGIN_PATH", "ASAN_OPTIONS",
+                                      "UBSAN_OPTIONS"};
+
+// Never given back: a reader that is a static object's ends after everything that was made later.
+std::vector<pid_t>& endedProcesses()
+{
+    static auto* const processes = new std::vector<pid_t>;
+    return *processes;
+}
+
+void collectEnded()
+{
+    std::erase_if(endedProcesses(), [](pid_t process) {
+        return waitpid(process, nullptr, WNOHANG) != 0;  // gone, or not ours any more
+    });
+}
+
+// Waits until a process has ended, a while at most.
+void waitForEnd(pid_t process)
+{
+    const platform::DescriptorHolder descriptor(
+        static_cast<int>(syscall(SYS_pidfd_open, process, 0u)));
+    pollfd state = {descriptor.get(), POLLIN, 0};
+    // Without a descriptor of it the time is all there is to wait for.
+    while (poll(&state, descriptor ? 1 : 0, kLongestWait) < 0 && errno == EINTR) {
+    }
+}
+
+std::vector<std::string> readerEnvironment()
+{
+    // One thread, no files of locales and zones to look for.
+    std::vector<std::string> environment = {"LC_ALL=C", "TZ=UTC0", "OMP_NUM_THREADS=1",
+                                            "QT_LOGGING_RULES=*=false"};
+    for (const char* name : kInherited) {
+        const char* value = std::getenv(name);
+        if (value != nullptr) environment.push_back(std::string(name) + "=" + value);
+    }
+    return environment;
+}
+
+std::vector<char*> pointersTo(std::vector<std::string>& texts)
+{
+    std::vector<char*> pointers;
+    pointers.reserve(texts.size() + 1);
+    for (std::string& text : texts) pointers.push_back(text.data());
+    pointers.push_back(nullptr);
+    return pointers;
+}
+
+// Two connected sockets, closed in programs that are started.
+bool makeSockets(platform::DescriptorHolder* outNear, platform::DescriptorHolder* outFar)
+{
+    int ends[2];
+    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0) return false;
+    *outNear = platform::DescriptorHolder(ends[0]);
+    *outFar = platform::DescriptorHolder(ends[1]);
+    return true;
+}
+
+// The settings of a process to be started; given back at the end.
+class SpawnSettings {
+public:
+    SpawnSettings()
+    {
+        posix_spawn_file_actions_init(&actions_);
+        posix_spawnattr_init(&attributes_);
+    }
+    SpawnSettings(const SpawnSettings&) = delete;
+    SpawnSettings& operator=(const SpawnSettings&) = delete;
+    ~SpawnSettings()
+    {
+        posix_spawn_file_actions_destroy(&actions_);
+        posix_spawnattr_destroy(&attributes_);
+    }
+
+    bool prepare(int socket)
+    {
+        sigset_t none;
+        sigset_t all;
+        sigemptyset(&none);
+        sigfillset(&all);
+        return posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDWR, 0) ==
+                   0 &&
+               posix_spawn_file_actions_adddup2(&actions_, STDIN_FILENO, STDOUT_FILENO) == 0 &&
+               posix_spawn_file_actions_adddup2(&actions_, socket, platform::kReaderSocket) == 0 &&
+               posix_spawn_file_actions_addclosefrom_np(&actions_, platform::kReaderSocket + 1) ==
+                   0 &&
+               posix_spawnattr_setsigmask(&attributes_, &none) == 0 &&
+               posix_spawnattr_setsigdefault(&attributes_, &all) == 0 &&
+               posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGMASK |
+                                                          POSIX_SPAWN_SETSIGDEF |
+                                                          POSIX_SPAWN_SETPGROUP) == 0;
+    }
+
+    const posix_spawn_file_actions_t* actions() const { return &actions_; }
+    const posix_spawnattr_t* attributes() const { return &attributes_; }
+
+private:
+    posix_spawn_file_actions_t actions_;
+    posix_spawnattr_t attributes_;
+};
+}  // namespace
+
+platform::ReaderProcess::ReaderProcess(ReaderProcess&& other) noexcept
+    : process_(std::exchange(other.process_, -1)), socket_(std::move(other.socket_))
+{
+}
+
+platform::ReaderProcess& platform::ReaderProcess::operator=(ReaderProcess&& other) noexcept
+{
+    std::swap(process_, other.process_);
+    std::swap(socket_, other.socket_);
+    return *this;
+}
+
+std::chrono::nanoseconds platform::ReaderProcess::processorTime() const
+{
+    clockid_t clock = 0;
+    timespec time = {};
+    if (process_ <= 0 || clock_getcpuclockid(process_, &clock) != 0 ||
+        clock_gettime(clock, &time) != 0) {
+        return {};
+    }
+    return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
+}
+
+void platform::ReaderProcess::dismiss() const
+{
+    if (socket_) (void)shutdown(socket_.get(), SHUT_WR);
+}
+
+void platform::ReaderProcess::end()
+{
+    socket_ = DescriptorHolder();
+    const pid_t process = std::exchange(process_, -1);
+    if (process <= 0) return;
+    kill(process, SIGKILL);
+    if (waitpid(process, nullptr, WNOHANG) != 0) return;
+    waitForEnd(process);
+    endedProcesses().push_back(process);
+    collectEnded();
+}
+
+std::size_t platform::lingeringReaders()
+{
+    collectEnded();
+    return endedProcesses().size();
+}
+
+platform::ReaderProcess platform::startReaderProgram(const std::string& program,
+                                                     const std::vector<std::string>& arguments)
+{
+    DescriptorHolder near;
+    DescriptorHolder far;
+    SpawnSettings settings;
+    if (!makeSockets(&near, &far) || !settings.prepare(far.get())) return {};
+
+    std::vector<std::string> words = {program};
+    words.insert(words.end(), arguments.begin(), arguments.end());
+    std::vector<std::string> environment = readerEnvironment();
+    pid_t process = -1;
+    const int error =
+        posix_spawn(&process, program.c_str(), settings.actions(), settings.attributes(),
+                    pointersTo(words).data(), pointersTo(environment).data());
+    if (error != 0) return {};
+    return ReaderProcess(process, near.take());
+}
+
+platform::ReaderProcess platform::forkReader(const std::function<void(int socket)>& serve)
+{
+    DescriptorHolder near;
+    DescriptorHolder far;
+    if (!makeSockets(&near, &far)) return {};
+    const pid_t process = fork();
+    if (process < 0) return {};
+    if (process > 0) return ReaderProcess(process, near.take());
+
+    // Nothing of the other process may run here: not its cleaning up, not its handlers.
+    (void)setpgid(0, 0);
+    for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGPIPE, SIGCHLD}) {
+        (void)std::signal(number, SIG_DFL);
+    }
+    if (dup2(far.get(), kReaderSocket) == kReaderSocket) serve(kReaderSocket);
+    _exit(0);
+}
+
+std::string platform::readerProgram()
+{
+    const char* told = std::getenv("PINORAMA_READER");
+    if (told != nullptr && *told != '\0') return told;
+    const std::string folder = programFolder();
+    std::string beside = folder + "/" + kProgramName;
+    if (access(beside.c_str(), X_OK) == 0) return beside;
+    return folder + "/../" PINORAMA_LIBEXEC_DIR "/" + kProgramName;
+}

@@ -1,0 +1,69 @@
+// The process that reads pictures: started, found and ended.
+
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "base/descriptor.h"
+
+#include <sys/types.h>
+
+namespace platform {
+
+// A running reader; ended when it goes out of scope.
+class ReaderProcess {
+public:
+    ReaderProcess() = default;
+    // Takes over the process and the socket to it.
+    ReaderProcess(pid_t process, int socket) : process_(process), socket_(socket) {}
+    ReaderProcess(ReaderProcess&& other) noexcept;
+    ReaderProcess& operator=(ReaderProcess&& other) noexcept;
+    ~ReaderProcess() { end(); }
+
+    explicit operator bool() const { return process_ > 0; }
+    pid_t id() const { return process_; }
+    int socket() const { return socket_.get(); }
+
+    // The processor time that the process has had so far; 0 for one that is gone.
+    std::chrono::nanoseconds processorTime() const;
+
+    // Tells the process that no request follows, so that it can end by itself meanwhile.
+    void dismiss() const;
+
+    // Kills the process and waits until it is gone, 50 milliseconds at most. One that sleeps in the
+    // kernel, in a read that the disk does not answer, lingers until that ends.
+    void end();
+
+private:
+    pid_t process_ = -1;
+    DescriptorHolder socket_;
+};
+
+// How many processes that were ended are not gone yet.
+std::size_t lingeringReaders();
+
+// How a client gets a reader; an empty process when that fails.
+using ReaderLauncher = std::function<ReaderProcess()>;
+
+// The socket of a program that was started by startReaderProgram.
+constexpr int kReaderSocket = 3;
+
+// Starts a program that serves on the descriptor kReaderSocket, in an environment that holds
+// nothing but what libraries need to be found. The process has no other descriptors but standard
+// streams, and is in a process group of its own: what is typed in a terminal does not reach it.
+ReaderProcess startReaderProgram(const std::string& program,
+                                 const std::vector<std::string>& arguments = {});
+
+// Splits this process. In the new one `serve` runs with the socket and never returns to the caller;
+// the caller has one thread.
+ReaderProcess forkReader(const std::function<void(int socket)>& serve);
+
+// The path of the program pinorama-reader: what the environment variable PINORAMA_READER says, else
+// the one beside the running program, else the one under the install prefix.
+std::string readerProgram();
+
+}  // namespace platform

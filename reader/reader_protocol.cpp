@@ -1,0 +1,316 @@
+#include "reader/reader_protocol.h"
+
+#include "reader/message_bytes.h"
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+
+namespace {
+using namespace platform;
+
+constexpr std::uint32_t kRequestMark = 0x51526e50;  // "PnRQ"
+constexpr std::uint32_t kAnswerMark = 0x4e416e50;   // "PnAN"
+constexpr std::uint16_t kVersion = 1;
+
+constexpr std::size_t kNumberCount = 6;
+constexpr std::size_t kTextCount = 8;
+constexpr std::size_t kPropertyHead = 4;  // which values there are
+
+constexpr std::size_t kPreviewHead = 16;
+constexpr std::size_t kLongestURI = 3 * 4096 + 7;  // every byte of the longest path escaped
+constexpr std::size_t kLongestTime = 24;
+
+bool isPreview(ReaderTask task)
+{
+    return task == ReaderTask::picturePreview || task == ReaderTask::cachedThumbnail;
+}
+
+bool isSide(std::int32_t length)
+{
+    return length >= 1 && length <= kLargestPreviewSide;
+}
+
+bool isSensible(const ReaderRequest& request)
+{
+    if (isPreview(request.task)) {
+        return request.descriptorCount == 1 && isSide(request.box.width) &&
+               isSide(request.box.height);
+    }
+    return request.task == ReaderTask::properties && request.descriptorCount >= 1 &&
+           request.descriptorCount <= kMostDescriptors && request.box == PixelSize{};
+}
+
+// Calls `visit(isOfGps, value)` for every value of a picture's properties, in the order of the
+// message. The bit of a value is its place in this order.
+template <typename Properties, typename Visitor>
+void visitValues(Properties& properties, Visitor visit)
+{
+    visit(true, properties.latitude);
+    visit(true, properties.longitude);
+    visit(true, properties.altitude);
+    visit(true, properties.altitudeReference);
+    visit(true, properties.destinationDistance);
+    visit(true, properties.imageDirection);
+    visit(true, properties.latitudeReference);
+    visit(true, properties.longitudeReference);
+    visit(true, properties.destinationDistanceReference);
+    visit(true, properties.satellites);
+    visit(false, properties.city);
+    visit(false, properties.state);
+    visit(false, properties.country);
+    visit(false, properties.caption);
+}
+
+constexpr std::uint32_t kHasGps = 1u << 30;
+constexpr std::uint32_t kHasIptc = 1u << 31;
+constexpr std::uint32_t kValues = (1u << (kNumberCount + kTextCount)) - 1;
+
+void putValue(MessageWriter* message, double value)
+{
+    message->putDouble(value);
+}
+
+void putValue(MessageWriter* message, std::int64_t value)
+{
+    message->put64(static_cast<std::uint64_t>(value));
+}
+
+void putValue(MessageWriter* message, const std::u16string& text)
+{
+    const std::size_t length = std::min(text.size(), kLongestText);
+    message->put32(static_cast<std::uint32_t>(length));
+    for (std::size_t i = 0; i < length; i++) message->put16(text[i]);
+}
+
+bool getValue(MessageReader* message, std::optional<double>* value)
+{
+    *value = message->getDouble();
+    return std::isfinite(**value);
+}
+
+bool getValue(MessageReader* message, std::optional<std::int64_t>* value)
+{
+    *value = static_cast<std::int64_t>(message->get64());
+    return true;
+}
+
+bool getValue(MessageReader* message, std::optional<std::u16string>* value)
+{
+    const std::uint32_t length = message->get32();
+    if (length > kLongestText) return false;
+    const ByteView bytes = message->getBytes(std::size_t{2} * length);
+    std::u16string& text = value->emplace();
+    text.reserve(bytes.size() / 2);
+    for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
+        text += static_cast<char16_t>(bytes[i] | bytes[i + 1] << 8);
+    }
+    return text.find(u'\0') == std::u16string::npos;
+}
+
+// A number that is no number cannot be shown, and cannot be sent.
+template <typename Value>
+bool canBeSent(const std::optional<Value>& value)
+{
+    if constexpr (std::is_same_v<Value, double>) return value && std::isfinite(*value);
+    return value.has_value();
+}
+
+// Colours that are multiplied by alpha are never larger than it.
+std::uint32_t mendedPixel(std::uint32_t pixel)
+{
+    const std::uint32_t alpha = pixel >> 24;
+    std::uint32_t mended = alpha << 24;
+    for (const int shift : {0, 8, 16}) mended |= std::min(pixel >> shift & 0xff, alpha) << shift;
+    return mended;
+}
+
+std::string textOf(ByteView bytes)
+{
+    return std::string(bytes.begin(), bytes.end());
+}
+}  // namespace
+
+std::array<std::uint8_t, platform::kRequestSize> platform::encodeRequest(
+    const ReaderRequest& request)
+{
+    MessageWriter message;
+    message.put32(kRequestMark);
+    message.put16(kVersion);
+    message.put16(static_cast<std::uint16_t>(request.task));
+    message.put32(request.number);
+    message.put16(request.descriptorCount);
+    message.put16(static_cast<std::uint16_t>(request.box.width));
+    message.put16(static_cast<std::uint16_t>(request.box.height));
+    message.put16(0);
+    std::array<std::uint8_t, kRequestSize> bytes;
+    std::copy(message.bytes().begin(), message.bytes().end(), bytes.begin());
+    return bytes;
+}
+
+std::optional<platform::ReaderRequest> platform::decodeRequest(ByteView bytes)
+{
+    MessageReader message(bytes);
+    const bool isRequest = message.get32() == kRequestMark && message.get16() == kVersion;
+    ReaderRequest request;
+    request.task = static_cast<ReaderTask>(message.get16());
+    request.number = message.get32();
+    request.descriptorCount = message.get16();
+    request.box.width = message.get16();
+    request.box.height = message.get16();
+    const bool isPadded = message.get16() == 0;
+    if (!isRequest || !isPadded || !message.isComplete() || !isSensible(request)) {
+        return std::nullopt;
+    }
+    return request;
+}
+
+std::array<std::uint8_t, platform::kAnswerHeadSize> platform::encodeAnswerHead(
+    const ReaderAnswerHead& head)
+{
+    MessageWriter message;
+    message.put32(kAnswerMark);
+    message.put16(kVersion);
+    message.put16(static_cast<std::uint16_t>(head.task));
+    message.put16(static_cast<std::uint16_t>(head.outcome));
+    message.put16(0);
+    message.put32(head.number);
+    message.put32(head.bodyLength);
+    std::array<std::uint8_t, kAnswerHeadSize> bytes;
+    std::copy(message.bytes().begin(), message.bytes().end(), bytes.begin());
+    return bytes;
+}
+
+std::optional<platform::ReaderAnswerHead> platform::decodeAnswerHead(ByteView bytes,
+                                                                     ReaderTask task,
+                                                                     std::uint32_t number,
+                                                                     std::size_t longestBody)
+{
+    MessageReader message(bytes);
+    const bool isAnswer = message.get32() == kAnswerMark && message.get16() == kVersion;
+    ReaderAnswerHead head;
+    head.task = static_cast<ReaderTask>(message.get16());
+    head.outcome = static_cast<ReaderOutcome>(message.get16());
+    const bool isPadded = message.get16() == 0;
+    head.number = message.get32();
+    head.bodyLength = message.get32();
+    if (!isAnswer || !isPadded || !message.isComplete()) return std::nullopt;
+    if (head.task != task || head.number != number) return std::nullopt;
+    if (head.outcome == ReaderOutcome::found) {
+        if (head.bodyLength > longestBody) return std::nullopt;
+        return head;
+    }
+    const bool isKnown = head.outcome == ReaderOutcome::nothing ||
+                         (head.outcome == ReaderOutcome::interrupted && isPreview(head.task));
+    if (!isKnown || head.bodyLength != 0) return std::nullopt;
+    return head;
+}
+
+std::size_t platform::longestBody(ReaderTask task, PixelSize box)
+{
+    if (task == ReaderTask::properties) {
+        return kPropertyHead + 8 * kNumberCount + kTextCount * (4 + 2 * kLongestText);
+    }
+    if (!isPreview(task)) return 0;
+    const std::size_t pixels = static_cast<std::size_t>(box.width) * box.height;
+    return kPreviewHead + kLongestURI + kLongestTime + 4 * pixels;
+}
+
+std::vector<std::uint8_t> platform::encodeProperties(const PictureProperties& properties)
+{
+    std::uint32_t flags = (properties.hasGps ? kHasGps : 0) | (properties.hasIptc ? kHasIptc : 0);
+    std::uint32_t bit = 1;
+    MessageWriter values;
+    visitValues(properties, [&](bool isOfGps, const auto& value) {
+        const bool hasHome = isOfGps ? properties.hasGps : properties.hasIptc;
+        if (hasHome && canBeSent(value)) {
+            flags |= bit;
+            putValue(&values, *value);
+        }
+        bit <<= 1;
+    });
+    MessageWriter message;
+    message.put32(flags);
+    std::vector<std::uint8_t> bytes = std::move(message.bytes());
+    bytes.insert(bytes.end(), values.bytes().begin(), values.bytes().end());
+    return bytes;
+}
+
+std::optional<platform::PictureProperties> platform::decodeProperties(ByteView body)
+{
+    MessageReader message(body);
+    PictureProperties properties;
+    const std::uint32_t flags = message.get32();
+    properties.hasGps = (flags & kHasGps) != 0;
+    properties.hasIptc = (flags & kHasIptc) != 0;
+    bool isSound = (flags & ~(kHasGps | kHasIptc | kValues)) == 0;
+    std::uint32_t bit = 1;
+    visitValues(properties, [&](bool isOfGps, auto& value) {
+        const bool isThere = (flags & bit) != 0;
+        bit <<= 1;
+        if (!isSound || !isThere) return;
+        const bool hasHome = isOfGps ? properties.hasGps : properties.hasIptc;
+        isSound = hasHome && getValue(&message, &value);
+    });
+    if (!isSound || !message.isComplete()) return std::nullopt;
+    return properties;
+}
+
+std::vector<std::uint8_t> platform::encodePreview(const PreviewAnswer& answer)
+{
+    const std::string_view uri = std::string_view(answer.uri).substr(0, kLongestURI);
+    const std::string_view mtime = std::string_view(answer.mtime).substr(0, kLongestTime);
+    MessageWriter message;
+    message.bytes().reserve(kPreviewHead + uri.size() + mtime.size() +
+                            4 * answer.image.pixels.size());
+    message.put32(static_cast<std::uint32_t>(answer.image.width));
+    message.put32(static_cast<std::uint32_t>(answer.image.height));
+    message.put16(answer.wasDecoded ? 1 : 0);
+    message.put16(static_cast<std::uint16_t>(mtime.size()));
+    message.put32(static_cast<std::uint32_t>(uri.size()));
+    message.putBytes(uri);
+    message.putBytes(mtime);
+    if constexpr (std::endian::native == std::endian::little) {
+        message.putBytes({reinterpret_cast<const char*>(answer.image.pixels.data()),
+                          4 * answer.image.pixels.size()});
+    } else {
+        for (const std::uint32_t pixel : answer.image.pixels) message.put32(pixel);
+    }
+    return std::move(message.bytes());
+}
+
+std::optional<platform::PreviewAnswer> platform::decodePreview(ByteView body, PreviewKind kind,
+                                                               PixelSize box)
+{
+    MessageReader message(body);
+    const std::uint32_t width = message.get32();
+    const std::uint32_t height = message.get32();
+    const std::uint16_t wasDecoded = message.get16();
+    const std::uint16_t mtimeLength = message.get16();
+    const std::uint32_t uriLength = message.get32();
+    if (message.hasFailed() || !isSide(box.width) || !isSide(box.height)) return std::nullopt;
+    if (width < 1 || width > static_cast<std::uint32_t>(box.width)) return std::nullopt;
+    if (height < 1 || height > static_cast<std::uint32_t>(box.height)) return std::nullopt;
+    if (wasDecoded > 1 || uriLength > kLongestURI || mtimeLength > kLongestTime) {
+        return std::nullopt;
+    }
+    if (kind == PreviewKind::picture && (uriLength != 0 || mtimeLength != 0)) return std::nullopt;
+
+    PreviewAnswer answer;
+    answer.wasDecoded = wasDecoded == 1;
+    answer.uri = textOf(message.getBytes(uriLength));
+    answer.mtime = textOf(message.getBytes(mtimeLength));
+    const std::size_t pixelCount = std::size_t{width} * height;
+    if (message.hasFailed() || message.bytesLeft() != 4 * pixelCount) return std::nullopt;
+    answer.image.width = static_cast<std::int32_t>(width);
+    answer.image.height = static_cast<std::int32_t>(height);
+    answer.image.pixels.reserve(pixelCount);
+    for (std::size_t i = 0; i < pixelCount; i++) {
+        answer.image.pixels.push_back(mendedPixel(message.get32()));
+    }
+    return answer;
+}

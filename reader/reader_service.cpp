@@ -1,0 +1,130 @@
+#include "reader/reader_service.h"
+
+#include "reader/reader_protocol.h"
+#include "reader/reader_socket.h"
+#include "reader/stream_byte_source.h"
+
+#include <array>
+#include <chrono>
+#include <exception>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include <unistd.h>
+
+namespace {
+using namespace platform;
+
+constexpr std::size_t kMostBytesTogether = 32 * 1024;
+constexpr std::chrono::milliseconds kLongestWait(5);
+
+std::uint64_t sizeOf(int descriptor)
+{
+    const off_t end = lseek(descriptor, 0, SEEK_END);
+    return end < 0 ? 0 : static_cast<std::uint64_t>(end);
+}
+
+// Answers on their way. Those to one request go out together, so that the other side wakes up once;
+// but none waits longer than a moment for another one.
+class Answers {
+public:
+    explicit Answers(int socket) : socket_(socket) {}
+
+    // False when the other side is gone.
+    bool add(const ReaderAnswerHead& head, const std::vector<std::uint8_t>& body)
+    {
+        const auto headBytes = encodeAnswerHead(head);
+        bytes_.insert(bytes_.end(), headBytes.begin(), headBytes.end());
+        bytes_.insert(bytes_.end(), body.begin(), body.end());
+        const bool isDue = bytes_.size() >= kMostBytesTogether ||
+                           std::chrono::steady_clock::now() - lastSent_ >= kLongestWait;
+        return !isDue || send();
+    }
+
+    bool send()
+    {
+        const bool isSent = sendAnswer(socket_, bytes_);
+        bytes_.clear();
+        lastSent_ = std::chrono::steady_clock::now();
+        return isSent;
+    }
+
+private:
+    int socket_;
+    std::vector<std::uint8_t> bytes_;
+    std::chrono::steady_clock::time_point lastSent_ = std::chrono::steady_clock::now();
+};
+
+// What a task came to.
+struct Result {
+    ReaderOutcome outcome = ReaderOutcome::nothing;
+    std::vector<std::uint8_t> body;
+};
+
+// Holds the source of one picture after the other. It stays off the stack, where the compiler's
+// protection would touch each page of its buffers, which most pictures fill to a small part.
+using SourceHolder = std::optional<FileByteSource>;
+
+Result propertiesOf(int descriptor, const ReaderTasks& tasks, SourceHolder* source)
+{
+    source->emplace(descriptor, sizeOf(descriptor));
+    const std::optional<PictureProperties> properties = tasks.readProperties(**source);
+    if (!properties) return {};
+    return {ReaderOutcome::found, encodeProperties(*properties)};
+}
+
+Result previewOf(int socket, int descriptor, const ReaderRequest& request, const ReaderTasks& tasks)
+{
+    if (!tasks.makePreview) return {};
+    StreamByteSource source(descriptor, sizeOf(descriptor),
+                            [socket] { return !isReadable(socket); });
+    const PreviewKind kind = request.task == ReaderTask::cachedThumbnail
+                                 ? PreviewKind::cachedThumbnail
+                                 : PreviewKind::picture;
+    const std::optional<PreviewAnswer> preview = tasks.makePreview(source, kind, request.box);
+    if (source.wasStopped()) return {ReaderOutcome::interrupted, {}};
+    if (!preview) return {};
+    return {ReaderOutcome::found, encodePreview(*preview)};
+}
+
+Result resultOf(int socket, int descriptor, const ReaderRequest& request, const ReaderTasks& tasks,
+                SourceHolder* source)
+try {
+    if (request.task == ReaderTask::properties) return propertiesOf(descriptor, tasks, source);
+    return previewOf(socket, descriptor, request, tasks);
+} catch (const std::exception&) {
+    return {};  // out of memory, most likely; it has been given back by now
+}
+
+bool serveOne(int socket, const ReaderTasks& tasks, SourceHolder* source)
+{
+    std::array<std::uint8_t, kRequestSize> bytes;
+    std::vector<DescriptorHolder> descriptors;
+    if (!receiveRequest(socket, bytes, &descriptors)) return false;
+    const std::optional<ReaderRequest> request = decodeRequest(bytes);
+    if (!request || descriptors.size() != request->descriptorCount) return false;
+
+    std::uint32_t number = request->number;
+    Answers answers(socket);
+    for (DescriptorHolder& descriptor : descriptors) {
+        const Result result = resultOf(socket, descriptor.get(), *request, tasks, source);
+        descriptor = DescriptorHolder();
+        const ReaderAnswerHead head = {request->task, result.outcome, number,
+                                       static_cast<std::uint32_t>(result.body.size())};
+        if (!answers.add(head, result.body)) return false;
+        number++;
+    }
+    return answers.send();
+}
+}  // namespace
+
+void platform::serveReader(int socket, const ReaderTasks& tasks)
+{
+    if (!sendAnswer(socket, encodeAnswerHead({ReaderTask::hello, ReaderOutcome::found, 0, 0}))) {
+        return;
+    }
+    const auto source = std::make_unique_for_overwrite<SourceHolder>();
+    while (serveOne(socket, tasks, source.get())) {
+    }
+}

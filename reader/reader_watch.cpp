@@ -1,0 +1,44 @@
+#include "reader/reader_watch.h"
+
+#include <algorithm>
+
+namespace {
+using namespace std::chrono_literals;
+
+// So often that a reader in a loop is noticed soon, and so rarely that waiting costs nothing.
+constexpr auto kBetweenLooks = 200ms;
+}  // namespace
+
+void platform::ReaderWatch::begin(const ReaderPatience& patience, Time now)
+{
+    patience_ = patience;
+    began_ = lastSign_ = now;
+    atBegin_.reset();
+}
+
+bool platform::ReaderWatch::isDue(Time now) const
+{
+    return !atBegin_ || now >= firstEnd();
+}
+
+bool platform::ReaderWatch::isStuck(Time now, std::chrono::nanoseconds processor)
+{
+    if (!atBegin_) atBegin_ = atLastLook_ = processor;
+    if (processor != atLastLook_) {
+        atLastLook_ = processor;
+        lastSign_ = now;
+    }
+    return processor - *atBegin_ >= patience_.processor || now - lastSign_ >= patience_.silence ||
+           now - began_ >= patience_.whole;
+}
+
+platform::ReaderWatch::Time platform::ReaderWatch::nextLook(Time now) const
+{
+    return std::max(firstEnd(), std::min(now + kBetweenLooks, began_ + patience_.whole));
+}
+
+// None of the three can be over before the shortest is.
+platform::ReaderWatch::Time platform::ReaderWatch::firstEnd() const
+{
+    return began_ + std::min({patience_.processor, patience_.silence, patience_.whole});
+}

@@ -1,0 +1,38 @@
+#include "reader/sandboxed_properties.h"
+
+#include "reader/reader_client.h"
+#include "reader/reader_protocol.h"
+#include "reader/reader_service.h"
+#include "reader/sandbox.h"
+
+#include <memory>
+#include <utility>
+
+namespace {
+// Bytes of address space. The program itself takes a few megabytes of it, a test some more.
+constexpr std::uint64_t kMemory = std::uint64_t{512} << 20;
+// Standard streams, the socket, and a request's files.
+constexpr std::uint32_t kDescriptors = 4 + platform::kMostDescriptors;
+
+void servePropertiesLockedIn(int socket)
+{
+    if (!platform::enterSandbox({socket, kMemory, kDescriptors})) return;
+    platform::serveReader(socket, {platform::readPictureProperties, {}});
+}
+}  // namespace
+
+platform::ReaderProcess platform::forkPropertyReader()
+{
+    return forkReader(servePropertiesLockedIn);
+}
+
+platform::PropertySource platform::makeSandboxedPropertySource()
+{
+    const auto client = std::make_shared<ReaderClient>(forkPropertyReader);
+    client->start();
+    return [client](int descriptor, std::uint64_t /*size*/) -> std::optional<PictureProperties> {
+        PropertyResult result = client->readProperties(descriptor);
+        if (result.outcome != ReadOutcome::found) return std::nullopt;
+        return std::move(result.properties);
+    };
+}

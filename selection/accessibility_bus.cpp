@@ -1,0 +1,155 @@
+#include "selection/accessibility_bus.h"
+
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QStringList>
+#include <QVariant>
+
+#include <initializer_list>
+#include <iterator>
+#include <vector>
+
+namespace {
+using namespace std::chrono_literals;
+
+constexpr auto kPauseBetweenTries = 1s;
+constexpr int kCallTimeout = 5000;  // milliseconds; the bus may have to be started first
+
+// Everything else of use, such as titles and status bars, is asked for at every question anyway,
+// and a program that is not asked to tell of it has less to do.
+constexpr const char* kEvents[] = {
+    "object:selection-changed",
+    "object:state-changed:selected",
+    "object:state-changed:focused",
+    "window:activate",
+    "window:create",
+    "window:destroy",
+};
+constexpr const char* kNameEvent = "object:property-change:accessible-name";
+
+QString busName()
+{
+    static int count = 0;
+    return QStringLiteral("pinorama-accessibility-%1").arg(++count);
+}
+}  // namespace
+
+platform::AccessibilityBus::AccessibilityBus(QObject* parent) : QObject(parent) {}
+
+platform::AccessibilityBus::~AccessibilityBus()
+{
+    close();
+}
+
+bool platform::AccessibilityBus::isReady()
+{
+    if (!name_.isEmpty() && bus().isConnected()) return true;
+    if (!name_.isEmpty()) onDisconnected();
+    if (!isAsking_ && Clock::now() - askedAt_ >= kPauseBetweenTries) askForAddress();
+    return false;
+}
+
+void platform::AccessibilityBus::close()
+{
+    if (name_.isEmpty()) return;
+    QDBusConnection::disconnectFromBus(name_);
+    name_.clear();
+}
+
+void platform::AccessibilityBus::askForAddress()
+{
+    isAsking_ = true;
+    askedAt_ = Clock::now();
+    const QDBusMessage question = QDBusMessage::createMethodCall(
+        QStringLiteral("org.a11y.Bus"), QStringLiteral("/org/a11y/bus"),
+        QStringLiteral("org.a11y.Bus"), QStringLiteral("GetAddress"));
+    auto* answer = new QDBusPendingCallWatcher(
+        QDBusConnection::sessionBus().asyncCall(question, kCallTimeout), this);
+    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
+        const QDBusPendingReply<QString> address = *answer;
+        answer->deleteLater();
+        isAsking_ = false;
+        if (address.isValid() && !address.value().isEmpty()) open(address.value());
+    });
+}
+
+void platform::AccessibilityBus::open(const QString& address)
+{
+    close();
+    const QString name = busName();
+    QDBusConnection bus = QDBusConnection::connectToBus(address, name);
+    if (!bus.isConnected()) {
+        QDBusConnection::disconnectFromBus(name);
+        return;
+    }
+    name_ = name;
+    bus.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
+                QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
+                SLOT(onDisconnected()));
+    bus.connect(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+                QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameOwnerChanged"), this,
+                SLOT(onOwnerChanged(QString, QString, QString)));
+    Q_EMIT connected();
+}
+
+void platform::AccessibilityBus::listenTo(const QString& service, bool alsoToNames)
+{
+    const QString object = QStringLiteral("org.a11y.atspi.Event.Object");
+    bus().connect(service, QString(), object, QStringLiteral("SelectionChanged"), this,
+                  SLOT(onEvent(QDBusMessage)));
+    // GTK 4 tells of every state, asked or not. The bus keeps back what is not looked at.
+    for (const char* state : {"selected", "focused"}) {
+        bus().connect(service, QString(), object, QStringLiteral("StateChanged"),
+                      {QString::fromLatin1(state)}, QString(), this, SLOT(onEvent(QDBusMessage)));
+    }
+    const QString window = QStringLiteral("org.a11y.atspi.Event.Window");
+    for (const char* member : {"Activate", "Create", "Destroy"}) {
+        bus().connect(service, QString(), window, QString::fromLatin1(member), this,
+                      SLOT(onEvent(QDBusMessage)));
+    }
+    std::vector<const char*> events(std::begin(kEvents), std::end(kEvents));
+    if (alsoToNames) {
+        events.push_back(kNameEvent);
+        bus().connect(service, QString(), object, QStringLiteral("PropertyChange"),
+                      {QStringLiteral("accessible-name")}, QString(), this,
+                      SLOT(onEvent(QDBusMessage)));
+    }
+    for (const char* event : events) {
+        QDBusMessage wish = QDBusMessage::createMethodCall(
+            QStringLiteral("org.a11y.atspi.Registry"), QStringLiteral("/org/a11y/atspi/registry"),
+            QStringLiteral("org.a11y.atspi.Registry"), QStringLiteral("RegisterEvent"));
+        wish.setArguments({QString::fromLatin1(event), QStringList(), service});
+        bus().send(wish);
+    }
+}
+
+void platform::AccessibilityBus::onEvent(const QDBusMessage& message)
+{
+    const QList<QVariant> arguments = message.arguments();
+    const QString detail = arguments.value(0).toString();
+    const bool isOn = arguments.value(1).toInt() != 0;
+    Event event = Event::selection;
+    if (message.interface().endsWith(QLatin1String(".Window"))) {
+        event = Event::window;
+    } else if (detail == QLatin1String("focused")) {
+        event = Event::focus;
+    } else if (message.member() == QLatin1String("PropertyChange")) {
+        event = Event::name;
+    }
+    Q_EMIT heard(message.service(), message.path(), event, isOn);
+}
+
+void platform::AccessibilityBus::onOwnerChanged(const QString& name, const QString& earlier,
+                                                const QString& later)
+{
+    if (!name.startsWith(u':')) return;
+    if (later.isEmpty()) Q_EMIT programLeft(name);
+    if (earlier.isEmpty()) Q_EMIT programCame(name);
+}
+
+void platform::AccessibilityBus::onDisconnected()
+{
+    if (name_.isEmpty()) return;
+    close();
+    Q_EMIT lost();
+}

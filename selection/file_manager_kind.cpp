@@ -1,0 +1,49 @@
+#include "selection/file_manager_kind.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <fstream>
+#include <string>
+
+namespace {
+using platform::FileManager;
+using platform::FileManagerKind;
+using platform::Toolkit;
+
+// What the kernel keeps of a process name is 15 bytes; all of these fit.
+constexpr std::array kKinds = {
+    FileManagerKind{FileManager::nautilus, "nautilus", "Nautilus", Toolkit::gtk4, false},
+    FileManagerKind{FileManager::nemo, "nemo", "Nemo", Toolkit::gtk3, false},
+    FileManagerKind{FileManager::nemo, "nemo-desktop", "Nemo", Toolkit::gtk3, true},
+    FileManagerKind{FileManager::caja, "caja", "Caja", Toolkit::gtk3, false},
+    FileManagerKind{FileManager::thunar, "thunar", "Thunar", Toolkit::gtk3, false},
+    FileManagerKind{FileManager::pcmanfm, "pcmanfm", "PCManFM", Toolkit::gtk2, false},
+    FileManagerKind{FileManager::pcmanfmQt, "pcmanfm-qt", "PCManFM-Qt", Toolkit::qt, false},
+    FileManagerKind{FileManager::dolphin, "dolphin", "Dolphin", Toolkit::qt, false},
+};
+
+bool equalIgnoringCase(std::string_view a, std::string_view b)
+{
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](unsigned char x, unsigned char y) {
+        return std::tolower(x) == std::tolower(y);
+    });
+}
+}  // namespace
+
+const platform::FileManagerKind* platform::fileManagerKind(std::string_view process)
+{
+    const auto* kind =
+        std::find_if(kKinds.begin(), kKinds.end(), [process](const FileManagerKind& candidate) {
+            return equalIgnoringCase(candidate.process, process);
+        });
+    return kind == kKinds.end() ? nullptr : kind;
+}
+
+const platform::FileManagerKind* platform::fileManagerKindOfProcess(pid_t process)
+{
+    std::ifstream file("/proc/" + std::to_string(process) + "/comm");
+    std::string name;
+    std::getline(file, name);
+    return fileManagerKind(name);
+}

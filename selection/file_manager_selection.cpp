@@ -1,0 +1,56 @@
+#include "selection/file_manager_selection.h"
+
+#include "selection/accessibility_selection.h"
+#include "selection/extension_selection.h"
+
+#include <QTimer>
+
+namespace {
+using namespace std::chrono_literals;
+
+constexpr auto kSleepAfter = 2s;
+}  // namespace
+
+struct platform::FileManagerSelection::Parts {
+    using OutlivesItsTasks = void;  // every one of them is waited for
+
+    FrameTracker tracker;
+    ExtensionSelection extension{tracker};
+    AccessibilitySelection accessibility{tracker};
+    QTimer sleep;
+
+    Task<std::vector<std::string>> answer(Inquiry& inquiry)
+    {
+        std::vector<std::string> paths;
+        const SharedFrame frame = co_await tracker.askForFrame(inquiry);
+        if (!frame) co_return paths;
+        auto pushed = co_await extension.pathsIn(inquiry, frame);
+        if (pushed) {
+            paths = std::move(*pushed);
+        } else {
+            paths = co_await accessibility.pathsIn(inquiry, frame);
+        }
+        co_return paths;
+    }
+};
+
+platform::FileManagerSelection::FileManagerSelection() : parts_(std::make_unique<Parts>())
+{
+    parts_->sleep.setSingleShot(true);
+    QObject::connect(&parts_->sleep, &QTimer::timeout,
+                     [parts = parts_.get()] { parts->extension.setListening(false); });
+}
+
+platform::FileManagerSelection::~FileManagerSelection() = default;
+
+std::vector<std::string> platform::FileManagerSelection::selectedPaths()
+{
+    parts_->sleep.start(kSleepAfter);
+    parts_->extension.setListening(true);
+    if (!parts_->tracker.isReady()) return {};
+    Inquiry inquiry(parts_->tracker.bus(), kSelectionDeadline);
+    auto paths = inquiry.valueUntil(parts_->answer(inquiry), Clock::now() + kSelectionDeadline);
+    if (paths) return std::move(*paths);
+    for (const QString& service : inquiry.unanswered()) parts_->tracker.pause(service);
+    return {};
+}

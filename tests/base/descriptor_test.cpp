@@ -1,0 +1,143 @@
+#include "base/descriptor.h"
+
+#include "base/status.h"
+#include "tests/support/environment.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <csignal>
+#include <string>
+#include <vector>
+
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+TEST(statusOfErrno, hasItsTable)
+{
+    const struct {
+        int error;
+        std::int32_t status;
+    } rows[] = {
+        {0, 0},         {ENOENT, -43},       {EEXIST, -48},   {EACCES, -54},    {EPERM, -54},
+        {ENOSPC, -34},  {EROFS, -44},        {EMFILE, -42},   {ENFILE, -42},    {EBADF, -51},
+        {EINVAL, -50},  {ENAMETOOLONG, -37}, {ENOTDIR, -120}, {ENOTEMPTY, -47}, {EBUSY, -47},
+        {ENOMEM, -108}, {EIO, -36},          {EISDIR, -36},   {ELOOP, -36},     {EXDEV, -36},
+        {99999, -36},   {-1, -36},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.error);
+        EXPECT_EQ(platform::statusOfErrno(row.error), row.status);
+    }
+}
+
+TEST(openDescriptor, isAboveTheStandardStreamsAndClosedInChildren)
+{
+    const test::TemporaryFolder folder;
+    const std::string path = folder.write("f", "");
+    // A child without standard streams of its own, so that the lowest free descriptor is 0.
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        for (int stream = 0; stream <= 2; stream++) close(stream);
+        const int descriptor = platform::openDescriptor(path.c_str(), O_RDONLY);
+        const bool isHigh = descriptor > 2;
+        const bool isClosedOnExec = (fcntl(descriptor, F_GETFD) & FD_CLOEXEC) != 0;
+        const bool standardIsFree = fcntl(0, F_GETFD) == -1;
+        _exit(isHigh && isClosedOnExec && standardIsFree ? 0 : 1);
+    }
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), 0);
+}
+
+TEST(openDescriptor, tellsThatNoDescriptorIsLeft)
+{
+    rlimit earlier = {};
+    ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &earlier), 0);
+    const rlimit none = {3, earlier.rlim_max};
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &none), 0);
+    const int descriptor = platform::openDescriptor("/dev/null", O_RDONLY);
+    const int error = errno;
+    setrlimit(RLIMIT_NOFILE, &earlier);
+    EXPECT_EQ(descriptor, -1);
+    EXPECT_EQ(platform::statusOfErrno(error), kErrTooManyOpen);
+}
+
+TEST(writeAt, failsWhenTheFileMayNotGrowFurther)
+{
+    const test::TemporaryFolder folder;
+    const std::string path = folder.write("f", "");
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit = {10, 10};
+        if (setrlimit(RLIMIT_FSIZE, &limit) != 0) _exit(2);
+        const platform::DescriptorHolder file(platform::openDescriptor(path.c_str(), O_RDWR));
+        // The system takes 10 of the 20 bytes and refuses the rest: no success.
+        _exit(platform::writeAt(file.get(), 0, std::string(20, 'x').data(), 20) == -1 &&
+                      errno == EFBIG
+                  ? 0
+                  : 1);
+    }
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(test::readFile(path), std::string(10, 'x'));
+}
+
+TEST(appendTo, neverLosesWhatAnotherProcessAppends)
+{
+    constexpr int kProcesses = 4;
+    constexpr int kLines = 500;
+    const test::TemporaryFolder folder;
+    const std::string path = folder.write("f", "");
+    std::vector<pid_t> children;
+    for (int i = 0; i < kProcesses; i++) {
+        const pid_t child = fork();
+        ASSERT_GE(child, 0);
+        if (child == 0) {
+            const platform::DescriptorHolder file(platform::openDescriptor(path.c_str(), O_RDWR));
+            const std::string line = "line of process " + std::to_string(i) + "\n";
+            for (int n = 0; n < kLines; n++) {
+                if (platform::appendTo(file.get(), line.data(), line.size()) !=
+                    static_cast<std::int64_t>(line.size()))
+                    _exit(1);
+            }
+            _exit(0);
+        }
+        children.push_back(child);
+    }
+    for (const pid_t child : children) {
+        int status = 0;
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        EXPECT_EQ(status, 0);
+    }
+    const std::string content = test::readFile(path);
+    EXPECT_EQ(content.size(), std::string("line of process 0\n").size() * kProcesses * kLines);
+    for (int i = 0; i < kProcesses; i++) {
+        const std::string line = "line of process " + std::to_string(i) + "\n";
+        int count = 0;
+        for (std::size_t at = content.find(line); at != content.npos;
+             at = content.find(line, at + line.size()))
+            count++;
+        EXPECT_EQ(count, kLines);
+    }
+}
+
+TEST(readAt, givesWhatIsThere)
+{
+    const test::TemporaryFolder folder;
+    const platform::DescriptorHolder file(
+        platform::openDescriptor(folder.write("f", "0123456789").c_str(), O_RDONLY));
+    char buffer[16] = {};
+    EXPECT_EQ(platform::readAt(file.get(), 8, buffer, 5), 2);
+    EXPECT_EQ(std::string(buffer, 2), "89");
+    EXPECT_EQ(platform::readAt(file.get(), 20, buffer, 5), 0);
+    EXPECT_EQ(platform::readAt(file.get(), -1, buffer, 5), -1);
+    EXPECT_EQ(errno, EINVAL);
+}

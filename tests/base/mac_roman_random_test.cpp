@@ -1,0 +1,41 @@
+// The conversions of MacRoman with all kinds of texts, beside ICU's.
+
+#include "base/mac_roman.h"
+#include "lib/text/byte_texts.h"
+#include "tests/support/icu_texts.h"
+#include "tests/support/random_texts.h"
+#include "tests/support/texts.h"
+
+#include <gtest/gtest.h>
+
+TEST(encodeMacRoman, writesOneByteForEachUnit)
+{
+    int convertible = 0;
+    test::forRandomTexts([&](const std::u16string& text) {
+        const auto expected = test::macRomanByICU(text);
+        ASSERT_EQ(platform::isMacRoman(text), expected.has_value());
+        if (!expected) return;
+        convertible++;
+        ASSERT_EQ(test::writtenInto<char>(
+                      text.size(), [&](char* dest) { platform::encodeMacRoman(text, dest); }),
+                  *expected);
+    });
+    EXPECT_GT(convertible, 5000);
+}
+
+TEST(decodeMacRoman, writesOneUnitForEachByte)
+{
+    test::forRandomBytes([](const std::string& bytes) {
+        ASSERT_EQ(test::writtenInto<char16_t>(
+                      bytes.size(), [&](char16_t* dest) { platform::decodeMacRoman(bytes, dest); }),
+                  test::macRomanUnitsByICU(bytes));
+    });
+}
+
+TEST(createStringFromMacRoman, hasAUnitForEachByte)
+{
+    test::forRandomBytes([](const std::string& bytes) {
+        const test::Text text(platform::createStringFromMacRoman(bytes));
+        ASSERT_EQ(platform::unitsOf(text.get()), test::macRomanUnitsByICU(bytes));
+    });
+}

@@ -1,0 +1,165 @@
+#include "desktop/globe_programs.h"
+
+#include "desktop/globe_texts.h"
+#include "tests/desktop/bus_programs.h"
+#include "tests/support/environment.h"
+#include "tests/support/event_loop.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <QCoreApplication>
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVirtualObject>
+#include <QPointF>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace {
+const platform::GlobeView kView = {-33.9, 18.4, 271.25, 30.0, 2000.0};
+
+class RecordingOpener final : public platform::AddressOpener {
+public:
+    void open(const QByteArray& address) override { addresses.push_back(address.toStdString()); }
+    std::vector<std::string> addresses;
+};
+
+// Answers on the bus as a running Marble does and writes down what it is asked.
+class FakeMarble : public QDBusVirtualObject {
+public:
+    explicit FakeMarble() : bus_(QDBusConnection::sessionBus())
+    {
+        bus_.registerVirtualObject(QStringLiteral("/"), this, QDBusConnection::SubPath);
+        bus_.registerService(QStringLiteral("org.kde.marble"));
+    }
+    ~FakeMarble() override
+    {
+        bus_.unregisterService(QStringLiteral("org.kde.marble"));
+        bus_.unregisterObject(QStringLiteral("/"), QDBusConnection::UnregisterTree);
+    }
+    QString introspect(const QString& /*path*/) const override { return {}; }
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override
+    {
+        const std::string member = message.member().toStdString();
+        if (member == "setCenter") {
+            QPointF centre;
+            message.arguments().at(0).value<QDBusArgument>() >> centre;
+            calls.push_back("setCenter " + std::to_string(centre.x()) + " " +
+                            std::to_string(centre.y()));
+        } else if (member == "setZoom") {
+            calls.push_back("setZoom " + std::to_string(message.arguments().at(0).toInt()));
+        } else {
+            calls.push_back(message.path().toStdString() + " " + member);
+        }
+        connection.send(message.createReply());
+        return true;
+    }
+    std::vector<std::string> calls;
+
+private:
+    QDBusConnection bus_;
+};
+
+// A folder that is the whole search path, with stand-ins that write down their arguments.
+class GlobeProgramsTest : public testing::Test {
+protected:
+    GlobeProgramsTest()
+        : path_("PATH", folder_.path().c_str()), runtime_("XDG_RUNTIME_DIR", folder_.path().c_str())
+    {
+        chmod(folder_.path().c_str(), 0700);
+    }
+    void install(const std::string& name)
+    {
+        const std::string script = folder_.write(
+            name, "#!/bin/sh\nfor argument in \"$@\"; do echo \"$argument\"; done > '" +
+                      folder_.file("started.part") + "'\n/bin/mv '" + folder_.file("started.part") +
+                      "' '" + folder_.file("started") + "'\n");
+        chmod(script.c_str(), 0755);
+    }
+    std::string startedWith()
+    {
+        test::waitUntil([this] { return access(folder_.file("started").c_str(), F_OK) == 0; });
+        return test::readFile(folder_.file("started"));
+    }
+
+    test::TemporaryFolder folder_;
+    test::ScopedVariable path_;
+    test::ScopedVariable runtime_;
+    RecordingOpener opener_;
+};
+}  // namespace
+
+TEST_F(GlobeProgramsTest, givesGoogleEarthADocumentWithTheView)
+{
+    install("google-earth-pro");
+    platform::GlobePrograms programs(opener_);
+    programs.show(kView);
+    const std::string document = folder_.file("pinorama/fly-to.kml");
+    EXPECT_EQ(startedWith(), document + "\n");
+    EXPECT_EQ(test::readFile(document), platform::makeLookAtDocument(kView));
+    EXPECT_TRUE(opener_.addresses.empty());
+}
+
+TEST_F(GlobeProgramsTest, writesTheQueryFileThatGoogleEarthIsSetUpToRead)
+{
+    install("googleearth");
+    folder_.write("drivers.ini",
+                  "SETTINGS {\n ViewSync/queryFile = " + folder_.file("query.txt") + "\n}\n");
+    platform::GlobePrograms programs(opener_);
+    programs.show(kView);
+    EXPECT_EQ(startedWith(), "");
+    EXPECT_EQ(test::readFile(folder_.file("query.txt")), platform::makeFlyToQuery(kView));
+}
+
+TEST_F(GlobeProgramsTest, movesTheMarbleThatRuns)
+{
+    FakeMarble marble;
+    platform::GlobePrograms programs(opener_);
+    programs.show(kView);
+    ASSERT_TRUE(test::waitUntil([&] { return marble.calls.size() >= 4; }));
+    EXPECT_EQ(marble.calls[0], "setCenter 18.400000 -33.900000");
+    EXPECT_EQ(marble.calls[1], "setZoom " + std::to_string(platform::marbleZoom(2000.0)));
+    EXPECT_EQ(marble.calls[3], "/marble/MainWindow_1 raise");
+}
+
+TEST_F(GlobeProgramsTest, startsMarbleAndIsBusyUntilItIsOnTheBus)
+{
+    install("marble-qt");
+    platform::GlobePrograms programs(opener_);
+    std::vector<bool> busy;
+    QObject::connect(&programs, &platform::GlobePrograms::busyChanged,
+                     [&](bool isBusy) { busy.push_back(isBusy); });
+    programs.show(kView);
+    EXPECT_EQ(startedWith(), "--latlon\n-33.900000 18.400000\n--distance\n2.000000\n");
+    ASSERT_EQ(busy, std::vector<bool>{true});
+
+    programs.show({48.1, 11.5, 0.0, 44.0, 400.0});  // the user goes on meanwhile
+    FakeMarble marble;
+    ASSERT_TRUE(test::waitUntil([&] { return marble.calls.size() >= 2; }));
+    EXPECT_EQ(busy, (std::vector<bool>{true, false}));
+    EXPECT_EQ(marble.calls[0], "setCenter 11.500000 48.100000");
+}
+
+TEST_F(GlobeProgramsTest, withoutAGlobeOpensADocument)
+{
+    platform::GlobePrograms programs(opener_);
+    programs.show(kView);
+    ASSERT_TRUE(test::waitUntil([&] { return !opener_.addresses.empty(); }));
+    EXPECT_EQ(opener_.addresses,
+              std::vector<std::string>{"file://" + folder_.file("pinorama/fly-to.kml")});
+    EXPECT_EQ(test::readFile(folder_.file("pinorama/fly-to.kml")),
+              platform::makeLookAtDocument(kView));
+}
+
+TEST_F(GlobeProgramsTest, aDocumentThatCannotBeWrittenIsSilent)
+{
+    folder_.write("pinorama", "a file where the folder should be");
+    platform::GlobePrograms programs(opener_);
+    programs.show(kView);
+    test::goOnFor(300);
+    EXPECT_TRUE(opener_.addresses.empty());
+}

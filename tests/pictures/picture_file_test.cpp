@@ -1,0 +1,100 @@
+#include "pictures/picture_file.h"
+
+#include "base/descriptor.h"
+#include "pictures/picture_properties.h"
+#include "tests/support/environment.h"
+#include "tests/support/hostile_items.h"
+#include "tests/support/picture_builder.h"
+#include "tests/support/restless_file.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+
+#include <sys/inotify.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+// Whether anybody opens an item, as the kernel tells.
+class Watch {
+public:
+    explicit Watch(const std::string& path) : descriptor_(inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
+    {
+        EXPECT_GE(inotify_add_watch(descriptor_.get(), path.c_str(), IN_OPEN), 0);
+    }
+    bool sawAnOpening() const
+    {
+        alignas(inotify_event) char events[4096];
+        return read(descriptor_.get(), events, sizeof events) > 0;
+    }
+
+private:
+    platform::DescriptorHolder descriptor_;
+};
+}  // namespace
+
+TEST(PictureFile, opensNothingButFiles)
+{
+    const test::TemporaryFolder folder;
+    const std::string pipe = folder.file("pipe.jpg");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    const struct {
+        const char* name;
+        std::string path;
+        bool isOpened;
+    } rows[] = {
+        {"a file", folder.write("file.jpg", "x"), true},
+        {"a pipe", pipe, false},
+        {"a folder", folder.path(), false},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(platform::PictureFile(row.path).isOpen(), row.isOpened);
+        const std::string link = row.path + ".link.jpg";
+        ASSERT_EQ(symlink(row.path.c_str(), link.c_str()), 0);
+        const Watch watch(row.path);
+        EXPECT_EQ(platform::PictureFile(link).isOpen(), row.isOpened);
+        EXPECT_EQ(watch.sawAnOpening(), row.isOpened) << "through a link";
+    }
+    (void)unlink((folder.path() + ".link.jpg").c_str());
+}
+
+TEST(PictureFile, ofEveryHostileItemIsAFileOrNotOpen)
+{
+    const test::TemporaryFolder folder;
+    for (const test::HostileItem& item : test::hostileItems(folder)) {
+        SCOPED_TRACE(item.what);
+        EXPECT_EQ(platform::PictureFile(item.path).isOpen(), item.isRegular);
+    }
+}
+
+TEST(readPictureProperties, ofAFileOf8TiBIsQuick)
+{
+    const test::TemporaryFolder folder;
+    const platform::PictureFile file(test::hugeFile(folder));
+    ASSERT_GT(file.size(), std::uint64_t{1} << 40);
+    platform::FileByteSource bytes(file.descriptor(), file.size());
+    const auto start = std::chrono::steady_clock::now();
+    const auto properties = platform::readPictureProperties(bytes);
+    EXPECT_TRUE(!properties || !properties->hasGps);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
+}
+
+TEST(readPictureProperties, ofAFileThatIsBeingChangedHaveItsPositionOrNone)
+{
+    const test::TemporaryFolder folder;
+    const std::string path = folder.file("restless.jpg");
+    const test::RestlessFile other(
+        path,
+        test::pictureWithGps({.lat = 48.5, .latRef = "N", .caption = std::string(2000, 'c')}));
+    int found = 0;
+    for (int i = 0; i < 3000; i++) {
+        const platform::PictureFile file(path);
+        if (!file.isOpen()) continue;
+        platform::FileByteSource bytes(file.descriptor(), file.size());
+        const auto properties = platform::readPictureProperties(bytes);
+        if (properties && properties->latitude == 48.5) found++;
+    }
+    EXPECT_GT(found, 0);
+}

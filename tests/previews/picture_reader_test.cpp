@@ -1,0 +1,145 @@
+#include "previews/picture_reader.h"
+
+#include "lib/objects/object_holder.h"
+#include "location/picture_source.h"
+#include "pictures/picture_file.h"
+#include "tests/support/environment.h"
+#include "tests/support/jpeg_pictures.h"
+#include "tests/support/picture_builder.h"
+#include "tests/support/toolkit.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+
+namespace {
+using platform::PreviewKind;
+using platform::ReadOutcome;
+
+constexpr platform::PixelSize kBox = {64, 64};
+
+// A picture with a position, and no reader before and after the test.
+class PictureReaderTest : public testing::Test {
+protected:
+    PictureReaderTest()
+    {
+        (void)ReaderEvents::instance();
+        cuPictureReader().stop();
+    }
+    ~PictureReaderTest() override
+    {
+        platform::installPropertySource({});
+        cuPictureReader().stop();
+        cuPictureReader().setLimits({});
+    }
+
+    bool hasProperties() const
+    {
+        const ObjectHolder<TovDictionaryRef> properties(platform::copyPictureProperties(path_));
+        return static_cast<bool>(properties);
+    }
+
+    std::uint32_t startPreview() const
+    {
+        return cuPictureReader().startPreview(file_.descriptor(), PreviewKind::picture, kBox);
+    }
+
+    // Lets the event loop run until the preview is there. What has become of it.
+    static ReadOutcome previewFromTheEventLoop()
+    {
+        EXPECT_TRUE(test::waitUntil([] { return cuPictureReader().hasPreview(); }));
+        return cuPictureReader().takePreview().value_or(platform::PreviewResult{}).outcome;
+    }
+
+    test::TemporaryFolder folder_;
+    std::string path_ = folder_.write(
+        "a.jpg",
+        test::jpegOfQuarters(200, 100,
+                             {.exif = test::tiffWithGps(
+                                  {.lat = 48.5, .latRef = "N", .lon = 11.25, .lonRef = "E"})}));
+    platform::PictureFile file_{path_};
+};
+
+using cuReadPicturesElsewhere = PictureReaderTest;
+using ReaderEventsTest = PictureReaderTest;
+
+TEST_F(cuReadPicturesElsewhere, startsTheReader)
+{
+    EXPECT_EQ(cuPictureReader().processID(), -1);
+    ::cuReadPicturesElsewhere();
+    EXPECT_NE(cuPictureReader().processID(), -1);
+}
+
+TEST_F(cuReadPicturesElsewhere, leavesPropertiesToTheReader)
+{
+    const test::ScopedVariable none("PINORAMA_READER", "/nowhere/pinorama-reader");
+    EXPECT_TRUE(hasProperties()) << "before, this process reads them";
+    ::cuReadPicturesElsewhere();
+    EXPECT_FALSE(hasProperties()) << "without a reader nobody does";
+}
+
+TEST_F(cuReadPicturesElsewhere, tellsWhatTheReaderFinds)
+{
+    ::cuReadPicturesElsewhere();
+    EXPECT_TRUE(hasProperties());
+    path_ = folder_.write("b.jpg", "no picture");
+    EXPECT_FALSE(hasProperties());
+}
+
+TEST_F(ReaderEventsTest, areThoseOfTheApplication)
+{
+    EXPECT_EQ(ReaderEvents::instance(), ReaderEvents::instance());
+    EXPECT_EQ(ReaderEvents::instance()->parent(), QCoreApplication::instance());
+}
+
+TEST_F(ReaderEventsTest, letAPreviewInAndTellOfIt)
+{
+    int told = 0;
+    QObject context;
+    QObject::connect(ReaderEvents::instance(), &ReaderEvents::advanced, &context, [&told] {
+        if (cuPictureReader().hasPreview()) told++;
+    });
+    startPreview();
+    EXPECT_EQ(previewFromTheEventLoop(), ReadOutcome::found);
+    EXPECT_GT(told, 0);
+}
+
+TEST_F(ReaderEventsTest, tellOfAPreviewThatCameWhileSomebodyWaitedForSomethingElse)
+{
+    bool isTold = false;
+    QObject context;
+    QObject::connect(ReaderEvents::instance(), &ReaderEvents::advanced, &context,
+                     [&isTold] { isTold = true; });
+    startPreview();
+    for (int i = 0; i < 1000 && !cuPictureReader().hasPreview(); i++) {
+        (void)cuPictureReader().readProperties(file_.descriptor());
+    }
+    ASSERT_TRUE(cuPictureReader().hasPreview());
+    EXPECT_FALSE(isTold) << "outside of the event loop";
+    EXPECT_TRUE(test::waitUntil([&isTold] { return isTold; }));
+}
+
+TEST_F(ReaderEventsTest, noticeAReaderThatDiesAndListenToTheNextOne)
+{
+    for (int i = 0; i < 3; i++) {
+        startPreview();
+        EXPECT_EQ(previewFromTheEventLoop(), ReadOutcome::found);
+        kill(cuPictureReader().processID(), SIGKILL);
+        EXPECT_TRUE(test::waitUntil([] { return cuPictureReader().processID() == -1; }));
+    }
+}
+
+TEST_F(ReaderEventsTest, giveUpAReaderThatGivesNoSignOfLife)
+{
+    platform::ReaderLimits limits;
+    limits.preview.silence = std::chrono::seconds(1);
+    cuPictureReader().setLimits(limits);
+    startPreview();
+    EXPECT_EQ(previewFromTheEventLoop(), ReadOutcome::found);
+    const pid_t reader = cuPictureReader().processID();
+    kill(reader, SIGSTOP);
+    startPreview();
+    EXPECT_EQ(previewFromTheEventLoop(), ReadOutcome::stuck);
+    EXPECT_NE(cuPictureReader().processID(), reader);
+}
+}  // namespace

@@ -1,0 +1,310 @@
+#include "previews/preview_loader.h"
+
+#include "base/alloc.h"
+#include "previews/picture_reader.h"
+#include "tests/previews/preview_fixture.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+
+#include <csignal>
+
+namespace {
+using test::kCorners;
+using test::kSize;
+using test::quartersOf;
+
+// Holds the reader up, so that no answer comes as long as this is there.
+class HeldReader {
+public:
+    HeldReader()
+    {
+        cuPictureReader().start();
+        kill(cuPictureReader().processID(), SIGSTOP);
+    }
+    HeldReader(const HeldReader&) = delete;
+    HeldReader& operator=(const HeldReader&) = delete;
+    ~HeldReader() { kill(cuPictureReader().processID(), SIGCONT); }
+};
+
+class PreviewLoader : public test::PreviewTest {
+protected:
+    struct Arrival {
+        QByteArray path;
+        QPixmap picture;
+    };
+
+    PreviewLoader()
+    {
+        QObject::connect(&loader_, &::PreviewLoader::previewReady,
+                         [this](const QByteArray& path, const QPixmap& picture) {
+                             arrivals_.push_back({path, picture});
+                         });
+    }
+
+    void request(const std::string& path, qreal ratio = 1)
+    {
+        loader_.request(test::text(path).get(), kSize, ratio);
+    }
+
+    // Lets the event loop run until so many pictures have arrived in all.
+    void wait(std::size_t count = 1)
+    {
+        EXPECT_TRUE(test::waitUntil([&] { return arrivals_.size() >= count; }));
+    }
+
+    // Lets the event loop run until the reader has been asked for a preview after the one with the
+    // ticket `last`. The ticket of it.
+    static std::uint32_t untilItIsUnderWay(std::uint32_t last = 0)
+    {
+        const QDeadlineTimer limit(test::kPatience);
+        while (cuPictureReader().previewTicket() <= last && !limit.hasExpired()) {
+            QCoreApplication::processEvents();
+        }
+        EXPECT_GT(cuPictureReader().previewTicket(), last);
+        return cuPictureReader().previewTicket();
+    }
+
+    // Lets the event loop run until nothing more can come.
+    static void settle() { test::goOnFor(300); }
+
+    ::PreviewLoader loader_;
+    std::vector<Arrival> arrivals_;
+};
+
+TEST_F(PreviewLoader, answersThroughTheEventLoop)
+{
+    const std::string path = picture();
+    request(path, 2);
+    EXPECT_TRUE(arrivals_.empty());
+    wait();
+    ASSERT_EQ(arrivals_.size(), 1u);
+    EXPECT_EQ(arrivals_[0].path.toStdString(), path);
+    EXPECT_EQ(arrivals_[0].picture.size(), QSize(256, 171));
+    EXPECT_EQ(arrivals_[0].picture.devicePixelRatio(), 2);
+    EXPECT_TRUE(test::areNear(quartersOf(arrivals_[0].picture), kCorners));
+}
+
+TEST_F(PreviewLoader, showsADecodedPreviewBeforeItIsStored)
+{
+    const std::string path = picture();
+    const std::string stored = cachePath("normal", "file://" + path);
+    request(path);
+    wait();
+    ASSERT_EQ(arrivals_.size(), 1u);
+    EXPECT_FALSE(std::filesystem::exists(stored));
+    EXPECT_TRUE(test::waitUntil([&] { return std::filesystem::exists(stored); }));
+    EXPECT_EQ(QImage(QString::fromStdString(stored)).size(), QSize(128, 85));
+}
+
+TEST_F(PreviewLoader, storesAPreviewThatIsLeftEarly)
+{
+    const std::string path = picture();
+    {
+        bool hasArrived = false;
+        ::PreviewLoader loader;
+        QObject::connect(&loader, &::PreviewLoader::previewReady, [&] { hasArrived = true; });
+        loader.request(test::text(path).get(), kSize, 1);
+        EXPECT_TRUE(test::waitUntil([&] { return hasArrived; }));
+    }
+    EXPECT_TRUE(std::filesystem::exists(cachePath("normal", "file://" + path)));
+}
+
+TEST_F(PreviewLoader, answersTheLastRequestOnly)
+{
+    const std::string last = picture("b.jpg");
+    request(picture("a.jpg"));
+    request(last);
+    wait();
+    settle();
+    ASSERT_EQ(arrivals_.size(), 1u);
+    EXPECT_EQ(arrivals_[0].path.toStdString(), last);
+}
+
+TEST_F(PreviewLoader, aNullPathCancels)
+{
+    request(picture());
+    loader_.request(nullptr, kSize, 1);
+    settle();
+    EXPECT_TRUE(arrivals_.empty());
+}
+
+TEST_F(PreviewLoader, answersWithAnIconWithoutAPreview)
+{
+    request(folder_.file("missing.jpg"), 1.5);
+    wait();
+    ASSERT_EQ(arrivals_.size(), 1u);
+    EXPECT_EQ(arrivals_[0].picture.size(), QSize(192, 192));
+}
+
+TEST_F(PreviewLoader, answersWithAnIconForAFileThatIsNoPicture)
+{
+    request(folder_.write("text.jpg", "no picture"));
+    wait();
+    ASSERT_EQ(arrivals_.size(), 1u);
+    EXPECT_EQ(arrivals_[0].picture.size(), QSize(128, 128));
+}
+
+TEST_F(PreviewLoader, passesOverAThumbnailOfAnotherFile)
+{
+    const std::string path = picture();
+    cache("normal", 128, "file://" + path, mtimeOf(path), Qt::cyan, "file:///other.jpg");
+    request(path);
+    wait();
+    ASSERT_EQ(arrivals_.size(), 1u);
+    EXPECT_TRUE(test::areNear(quartersOf(arrivals_[0].picture), kCorners));
+}
+
+TEST_F(PreviewLoader, answersWithNullAndNoIconWhenMemoryRunsOutForAPreview)
+{
+    const std::string path = picture();
+    request(path);
+    baseFailAllocation(1);
+    wait();
+    EXPECT_TRUE(baseAllocationHasFailed());
+    baseFailAllocation(0);
+    ASSERT_EQ(arrivals_.size(), 1u);
+    EXPECT_EQ(arrivals_[0].path.toStdString(), path);
+    EXPECT_TRUE(arrivals_[0].picture.isNull());
+}
+
+TEST_F(PreviewLoader, givesUpAPreviewThatIsUnderWay)
+{
+    const std::string last = picture("b.jpg");
+    {
+        const HeldReader held;
+        request(picture("a.jpg"));
+        const std::uint32_t ticket = untilItIsUnderWay();
+        request(last);
+        EXPECT_EQ(cuPictureReader().previewTicket(), 0u);
+        untilItIsUnderWay(ticket);
+    }
+    wait();
+    settle();
+    ASSERT_EQ(arrivals_.size(), 1u);
+    EXPECT_EQ(arrivals_[0].path.toStdString(), last);
+}
+
+TEST_F(PreviewLoader, startsAgainWhenAPreviewThatIsWaitedForTookThePlace)
+{
+    const std::string path = picture("a.jpg");
+    {
+        const HeldReader held;
+        request(path);
+        untilItIsUnderWay();
+    }
+    EXPECT_EQ(test::pictureOf(picture("b.jpg")).size(), QSize(128, 85));
+    EXPECT_TRUE(arrivals_.empty());
+    wait();
+    ASSERT_EQ(arrivals_.size(), 1u);
+    EXPECT_EQ(arrivals_[0].path.toStdString(), path);
+}
+
+TEST_F(PreviewLoader, startsAgainWhenAnotherOneTookThePlaceAndCancels)
+{
+    const std::string path = picture("a.jpg");
+    const test::Text otherPath = test::text(picture("b.jpg"));
+    {
+        const HeldReader held;
+        request(path);
+        const std::uint32_t ticket = untilItIsUnderWay();
+        ::PreviewLoader other;
+        other.request(otherPath.get(), kSize, 1);
+        untilItIsUnderWay(ticket);
+    }
+    wait();
+    ASSERT_EQ(arrivals_.size(), 1u);
+    EXPECT_EQ(arrivals_[0].path.toStdString(), path);
+}
+
+TEST_F(PreviewLoader, tellsThatThereIsNoReaderAndAnswersNothing)
+{
+    std::vector<QByteArray> told;
+    QObject::connect(&loader_, &::PreviewLoader::readerMissing,
+                     [&](const QByteArray& path) { told.push_back(path); });
+    const std::string path = picture();
+    {
+        const test::ScopedVariable reader("PINORAMA_READER", "/nowhere/pinorama-reader");
+        cuPictureReader().stop();
+        request(path);
+        EXPECT_TRUE(test::waitUntil([&] { return !told.empty(); }));
+        settle();
+    }
+    ASSERT_EQ(told.size(), 1u);
+    EXPECT_EQ(told[0].toStdString(), path);
+    EXPECT_TRUE(arrivals_.empty());
+
+    cuPictureReader().stop();
+    request(path);
+    wait();
+    EXPECT_EQ(arrivals_.size(), 1u) << "there is one again";
+}
+
+TEST_F(PreviewLoader, comesHoweverLongTheDiskTakes)
+{
+    const std::string path = picture();
+    {
+        const HeldReader held;
+        request(path);
+        test::goOnFor(4000);
+        EXPECT_TRUE(loader_.isLoading());
+        EXPECT_TRUE(arrivals_.empty());
+    }
+    wait();
+    ASSERT_EQ(arrivals_.size(), 1u);
+    EXPECT_TRUE(test::areNear(quartersOf(arrivals_[0].picture), kCorners));
+    EXPECT_FALSE(loader_.isLoading());
+}
+
+TEST_F(PreviewLoader, tellsOfAReaderThatIsStuckAndAnswersWithTheIcon)
+{
+    std::vector<QByteArray> told;
+    QObject::connect(&loader_, &::PreviewLoader::readerStuck, [&](const QByteArray& path) {
+        told.push_back(path);
+        EXPECT_TRUE(arrivals_.empty());
+    });
+    platform::ReaderLimits limits;
+    limits.preview.silence = std::chrono::seconds(1);
+    cuPictureReader().setLimits(limits);
+    const std::string path = picture();
+    {
+        request(picture("b.jpg"));
+        wait();  // the reader has started
+        arrivals_.clear();
+        const HeldReader held;
+        request(path);
+        wait();
+    }
+    cuPictureReader().setLimits({});
+    ASSERT_EQ(arrivals_.size(), 1u);
+    EXPECT_EQ(arrivals_[0].picture.size(), QSize(128, 128));
+    ASSERT_EQ(told.size(), 1u);
+    EXPECT_EQ(told[0].toStdString(), path);
+}
+
+TEST_F(PreviewLoader, settlesForTheIcon)
+{
+    loader_.settleForIcon();
+    EXPECT_TRUE(arrivals_.empty()) << "nothing was asked for";
+    const HeldReader held;
+    request(picture());
+    untilItIsUnderWay();
+    loader_.settleForIcon();
+    ASSERT_EQ(arrivals_.size(), 1u);
+    EXPECT_EQ(arrivals_[0].picture.size(), QSize(128, 128));
+    EXPECT_FALSE(loader_.isLoading());
+    EXPECT_EQ(cuPictureReader().previewTicket(), 0u);
+}
+
+TEST_F(PreviewLoader, mayBeAskedAgainByTheReceiver)
+{
+    const std::string second = picture("b.jpg");
+    QObject::connect(&loader_, &::PreviewLoader::previewReady, [&] {
+        if (arrivals_.size() == 1) request(second);
+    });
+    request(picture("a.jpg"));
+    wait(2);
+    ASSERT_EQ(arrivals_.size(), 2u);
+    EXPECT_EQ(arrivals_[1].path.toStdString(), second);
+}
+}  // namespace

@@ -1,0 +1,311 @@
+#include "selection/accessibility_advice.h"
+
+#include "tests/desktop/bus_programs.h"
+#include "tests/support/environment.h"
+#include "tests/support/event_loop.h"
+
+#include <gtest/gtest.h>
+
+#include <QDBusMessage>
+#include <QDBusVariant>
+#include <QDBusVirtualObject>
+#include <QProcess>
+
+#include <chrono>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+using namespace std::chrono_literals;
+using platform::AccessibilityAdvice;
+
+namespace {
+// A bus of its own, as the accessibility bus is.
+class OtherBus {
+public:
+    OtherBus()
+    {
+        const QByteArray session = qgetenv("DBUS_SESSION_BUS_ADDRESS");
+        bus_ = std::make_unique<test::SessionBus>();
+        address_ = QString::fromLocal8Bit(qgetenv("DBUS_SESSION_BUS_ADDRESS"));
+        qputenv("DBUS_SESSION_BUS_ADDRESS", session);
+    }
+    ~OtherBus()
+    {
+        const test::ScopedVariable session("DBUS_SESSION_BUS_ADDRESS",
+                                           qgetenv("DBUS_SESSION_BUS_ADDRESS").constData());
+        bus_.reset();
+    }
+    const QString& address() const { return address_; }
+
+private:
+    std::unique_ptr<test::SessionBus> bus_;
+    QString address_;
+};
+
+// What answers for org.a11y.Bus on the session bus, and writes down what it is told.
+class FakeStatus : public QDBusVirtualObject {
+public:
+    FakeStatus(const QDBusConnection& bus, const QString& address) : bus_(bus), address_(address)
+    {
+        bus_.registerVirtualObject(QStringLiteral("/org/a11y/bus"), this);
+        bus_.registerService(QStringLiteral("org.a11y.Bus"));
+    }
+    ~FakeStatus() override
+    {
+        bus_.unregisterService(QStringLiteral("org.a11y.Bus"));
+        bus_.unregisterObject(QStringLiteral("/org/a11y/bus"));
+    }
+    QString introspect(const QString& /*path*/) const override { return {}; }
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override
+    {
+        const QVariantList arguments = message.arguments();
+        const std::string what = arguments.value(0).toString().toStdString() + " " +
+                                 arguments.value(1).toString().toStdString();
+        if (message.member() == QLatin1String("GetAddress")) {
+            connection.send(message.createReply(address_));
+        } else if (message.member() == QLatin1String("Get")) {
+            asked.push_back(what);
+            connection.send(message.createReply(QVariant::fromValue(QDBusVariant(isEnabled))));
+        } else {
+            const QVariant value = arguments.value(2).value<QDBusVariant>().variant();
+            set.push_back(what + " " + value.typeName() + " " + value.toString().toStdString());
+            connection.send(refuses ? message.createErrorReply(QDBusError::AccessDenied, {})
+                                    : message.createReply());
+        }
+        return true;
+    }
+
+    QVariant isEnabled = false;
+    bool refuses = false;
+    std::vector<std::string> asked, set;
+
+private:
+    QDBusConnection bus_;
+    QString address_;
+};
+
+// A file manager that is running: on the session bus, and on the accessibility bus if it speaks.
+class Guest {
+public:
+    explicit Guest(const QString& accessibilityBus = QString())
+    {
+        process_.start(QStringLiteral(PINORAMA_BUS_GUEST), {accessibilityBus});
+        EXPECT_TRUE(process_.waitForReadyRead(test::kPatience));
+    }
+    ~Guest()
+    {
+        process_.closeWriteChannel();
+        if (!process_.waitForFinished(test::kPatience)) process_.kill();
+        process_.waitForFinished();
+    }
+    pid_t process() const { return static_cast<pid_t>(process_.processId()); }
+
+private:
+    QProcess process_;
+};
+
+class AccessibilityAdviceTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        if (!desktop_.connection().isConnected()) GTEST_SKIP() << "no session bus can be started";
+        QObject::connect(&advice_, &AccessibilityAdvice::needed,
+                         [this](const QString& name) { needed_.push_back(name.toStdString()); });
+        QObject::connect(&advice_, &AccessibilityAdvice::switched,
+                         [this](bool isOn) { switched_.push_back(isOn); });
+    }
+
+    void TearDown() override
+    {
+        if (!mayBeSet_) {
+            EXPECT_TRUE(status_.set.empty()) << "nobody has asked for that";
+        }
+        for (const std::string& what : status_.asked) EXPECT_EQ(what, "org.a11y.Status IsEnabled");
+    }
+
+    // Gives the advice many times the time that it takes.
+    static void wait() { test::goOnFor(400); }
+    void expectNeeded(const std::string& name)
+    {
+        EXPECT_TRUE(test::waitUntil([this] { return !needed_.empty(); }));
+        wait();
+        EXPECT_EQ(needed_, std::vector<std::string>{name});
+    }
+    void expectNothing()
+    {
+        wait();
+        EXPECT_EQ(needed_, std::vector<std::string>());
+    }
+    void runs(const Guest& guest, const char* name)
+    {
+        kinds_[guest.process()] = platform::fileManagerKind(name);
+    }
+
+    bool mayBeSet_ = false;
+    std::map<pid_t, const platform::FileManagerKind*> kinds_;
+    std::vector<std::string> needed_;
+    std::vector<bool> switched_;
+    OtherBus accessibilityBus_;
+    test::Program desktop_{QStringLiteral("desktop")};
+    FakeStatus status_{desktop_.connection(), accessibilityBus_.address()};
+    AccessibilityAdvice advice_{[this](pid_t process) {
+                                    const auto kind = kinds_.find(process);
+                                    return kind == kinds_.end() ? nullptr : kind->second;
+                                },
+                                10ms};
+};
+}  // namespace
+
+TEST_F(AccessibilityAdviceTest, isNeededForASilentFileManager)
+{
+    const Guest guest;
+    runs(guest, "dolphin");
+    advice_.setWanted(true);
+    expectNeeded("Dolphin");
+}
+
+TEST_F(AccessibilityAdviceTest, isNeededForOneThatComesLater)
+{
+    advice_.setWanted(true);
+    expectNothing();
+    EXPECT_TRUE(status_.asked.empty());
+    const Guest guest;
+    runs(guest, "pcmanfm-qt");
+    expectNeeded("PCManFM-Qt");
+}
+
+TEST_F(AccessibilityAdviceTest, isNotPutOffByAStreamOfOthers)
+{
+    AccessibilityAdvice advice([this](pid_t process) { return kinds_[process]; }, 300ms);
+    QObject::connect(&advice, &AccessibilityAdvice::needed,
+                     [this](const QString& name) { needed_.push_back(name.toStdString()); });
+    advice.setWanted(true);
+    const Guest guest;
+    runs(guest, "dolphin");
+    int others = 0;
+    EXPECT_TRUE(test::waitUntil([&] {
+        const test::Program other(QStringLiteral("other %1").arg(others++));
+        return !needed_.empty();
+    })) << others;
+}
+
+TEST_F(AccessibilityAdviceTest, isGivenOncePerRun)
+{
+    const Guest guest;
+    runs(guest, "dolphin");
+    advice_.setWanted(true);
+    expectNeeded("Dolphin");
+    advice_.setWanted(false);
+    advice_.setWanted(true);
+    const Guest second;
+    runs(second, "pcmanfm-qt");
+    expectNeeded("Dolphin");
+}
+
+TEST_F(AccessibilityAdviceTest, isNotNeededWhenAccessibilityIsOn)
+{
+    status_.isEnabled = true;
+    const Guest guest;
+    runs(guest, "dolphin");
+    advice_.setWanted(true);
+    EXPECT_TRUE(test::waitUntil([this] { return !status_.asked.empty(); }));
+    expectNothing();
+    EXPECT_EQ(status_.asked.size(), 1u);
+}
+
+TEST_F(AccessibilityAdviceTest, isNotNeededForOneThatSpeaksAllTheSame)
+{
+    const Guest guest(accessibilityBus_.address());
+    runs(guest, "dolphin");
+    advice_.setWanted(true);
+    EXPECT_TRUE(test::waitUntil([this] { return status_.asked.size() >= 2; }));
+    expectNothing();
+    const Guest silent;
+    runs(silent, "pcmanfm-qt");
+    expectNeeded("PCManFM-Qt");
+}
+
+TEST_F(AccessibilityAdviceTest, isNotNeededForOtherProgramsAndToolkits)
+{
+    const Guest other;
+    advice_.setWanted(true);
+    for (const char* name : {"nautilus", "nemo", "caja", "thunar", "pcmanfm"}) {
+        const Guest guest;
+        runs(guest, name);
+        wait();
+    }
+    expectNothing();
+    EXPECT_TRUE(status_.asked.empty());
+}
+
+TEST_F(AccessibilityAdviceTest, isNotNeededWhenNobodyWantsToFollow)
+{
+    const Guest guest;
+    runs(guest, "dolphin");
+    expectNothing();
+    advice_.setWanted(true);
+    advice_.setWanted(false);
+    const Guest second;
+    runs(second, "dolphin");
+    expectNothing();
+    EXPECT_TRUE(status_.asked.empty());
+    advice_.setWanted(true);
+    expectNeeded("Dolphin");
+}
+
+TEST_F(AccessibilityAdviceTest, isNotNeededWhenTheStateIsNotKnown)
+{
+    status_.isEnabled = QStringLiteral("false");
+    const Guest guest;
+    runs(guest, "dolphin");
+    advice_.setWanted(true);
+    EXPECT_TRUE(test::waitUntil([this] { return !status_.asked.empty(); }));
+    expectNothing();
+    EXPECT_EQ(status_.asked.size(), 1u);
+}
+
+TEST_F(AccessibilityAdviceTest, isNotNeededForOneThatHasEnded)
+{
+    {
+        const Guest guest;
+        runs(guest, "dolphin");
+        advice_.setWanted(true);
+        kinds_.clear();
+    }
+    expectNothing();
+}
+
+TEST_F(AccessibilityAdviceTest, switchesOnWhenItIsAskedTo)
+{
+    mayBeSet_ = true;
+    advice_.switchOn();
+    EXPECT_TRUE(test::waitUntil([this] { return !switched_.empty(); }));
+    EXPECT_EQ(status_.set, std::vector<std::string>{"org.a11y.Status IsEnabled bool true"});
+    EXPECT_EQ(switched_, std::vector<bool>{true});
+}
+
+TEST_F(AccessibilityAdviceTest, saysWhenItCannotSwitchOn)
+{
+    mayBeSet_ = true;
+    status_.refuses = true;
+    advice_.switchOn();
+    EXPECT_TRUE(test::waitUntil([this] { return !switched_.empty(); }));
+    EXPECT_EQ(switched_, std::vector<bool>{false});
+}
+
+TEST_F(AccessibilityAdviceTest, mayGoAwayAtAnyMoment)
+{
+    const Guest guest;
+    runs(guest, "dolphin");
+    for (int steps = 0; steps < 12; steps++) {
+        AccessibilityAdvice advice([this](pid_t process) { return kinds_[process]; }, 0ms);
+        // Whoever is told may well stop it.
+        QObject::connect(&advice, &AccessibilityAdvice::needed,
+                         [&advice] { advice.setWanted(false); });
+        advice.setWanted(true);
+        for (int i = 0; i < steps; i++) QCoreApplication::processEvents();
+    }
+    expectNothing();
+}

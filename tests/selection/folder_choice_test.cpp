@@ -1,0 +1,183 @@
+#include "selection/folder_choice.h"
+
+#include "tests/support/environment.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QString>
+
+#include <algorithm>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace {
+using platform::FolderClues;
+using platform::Place;
+using platform::RowButton;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// A home folder with "Bilder/Reise", "Bilder/Reise/Reise" and "other/Bilder".
+class foldersShown : public testing::Test {
+protected:
+    foldersShown()
+    {
+        for (const char* path : {"Bilder/Reise/Reise", "other/Bilder"})
+            std::filesystem::create_directories(home_.file(path));
+        home_.write("Bilder/a.jpg", "x");
+        places_ = {{QStringLiteral("Home"), home_.path()},
+                   {QStringLiteral("Bilder"), home_.file("Bilder")}};
+    }
+
+    std::vector<std::string> shown(const FolderClues& clues) const
+    {
+        return platform::foldersShown(clues, places_, isWatched_);
+    }
+
+    // The buttons from the root to `path`, the last one down.
+    std::vector<RowButton> row(const std::string& path) const
+    {
+        std::vector<RowButton> buttons = {{QStringLiteral("/")}};
+        for (const auto& part : std::filesystem::path(home_.file(path)).relative_path())
+            buttons.push_back({QString::fromStdString(part.string())});
+        buttons.back().isOn = true;
+        return buttons;
+    }
+
+    test::TemporaryFolder home_;
+    std::vector<Place> places_;
+    std::function<bool(const std::string&)> isWatched_;
+};
+}  // namespace
+
+TEST_F(foldersShown, noClueGivesNothing)
+{
+    EXPECT_THAT(shown({}), IsEmpty());
+}
+
+TEST_F(foldersShown, readsLocationEntries)
+{
+    const std::string home = home_.path();
+    const test::ScopedVariable homeVariable("HOME", home.c_str());
+    const struct {
+        const char* name;
+        std::string text;
+        std::vector<std::string> expected;
+    } rows[] = {
+        {"path", home + "/Bilder", {home + "/Bilder"}},
+        {"path with a slash at its end", home + "/Bilder/", {home + "/Bilder"}},
+        {"home", "~/Bilder", {home + "/Bilder"}},
+        {"home itself", "~", {home}},
+        {"address", "file://" + home + "/Bilder", {home + "/Bilder"}},
+        {"root", "/", {"/"}},
+        {"half typed", home + "/Bil", {}},
+        {"file", home + "/Bilder/a.jpg", {}},
+        {"name only", "Bilder", {}},
+        {"remote", "sftp://host/Bilder", {}},
+        {"empty", "", {}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        FolderClues clues;
+        clues.locations = {QString::fromStdString(row.text)};
+        EXPECT_EQ(shown(clues), row.expected);
+    }
+}
+
+TEST_F(foldersShown, readsAPathBarFromEitherEnd)
+{
+    for (const bool isReversed : {false, true}) {
+        SCOPED_TRACE(isReversed);
+        FolderClues clues;
+        clues.title = QStringLiteral("Reise");
+        clues.rows = {row("Bilder/Reise")};
+        if (isReversed) std::reverse(clues.rows[0].begin(), clues.rows[0].end());
+        ASSERT_FALSE(shown(clues).empty());
+        EXPECT_EQ(shown(clues).front(), home_.file("Bilder/Reise"));
+    }
+}
+
+TEST_F(foldersShown, theButtonThatIsDownEndsThePath)
+{
+    FolderClues clues;
+    clues.title = QStringLiteral("Bilder");
+    clues.rows = {row("Bilder/Reise/Reise")};
+    for (RowButton& button : clues.rows[0]) button.isOn = button.name == QLatin1String("Bilder");
+    ASSERT_FALSE(shown(clues).empty());
+    EXPECT_EQ(shown(clues).front(), home_.file("Bilder"));
+}
+
+TEST_F(foldersShown, aPathBarMayBeginAtAPlace)
+{
+    FolderClues clues;
+    clues.title = QStringLiteral("Reise");
+    clues.rows = {{{QStringLiteral("Bilder")}, {QStringLiteral("Reise")}}};
+    ASSERT_FALSE(shown(clues).empty());
+    EXPECT_EQ(shown(clues).front(), home_.file("Bilder/Reise"));
+}
+
+TEST_F(foldersShown, aPlaceOfAnUnknownNameMayBeAnyOfThem)
+{
+    FolderClues clues;
+    clues.title = QStringLiteral("Reise");
+    clues.rows = {{{QStringLiteral("Pers\u00f6nlicher Ordner")},
+                   {QStringLiteral("Bilder")},
+                   {QStringLiteral("Reise")}}};
+    EXPECT_THAT(shown(clues), ElementsAre(home_.file("Bilder/Reise")));
+}
+
+TEST_F(foldersShown, aRowWithoutNamesOrWithOthersGivesNothing)
+{
+    FolderClues clues;
+    clues.title = QStringLiteral("Reise");
+    clues.rows = {{{QString()}, {QString()}},
+                  {{QStringLiteral("Back")}, {QStringLiteral("Forward")}},
+                  {{QStringLiteral("Search")}}};
+    EXPECT_THAT(shown(clues), IsEmpty());
+}
+
+TEST_F(foldersShown, aRowLongerThanAnyPathBarIsNotLookedAt)
+{
+    FolderClues clues;
+    clues.rows = {std::vector<RowButton>(65, {QStringLiteral("tmp")})};
+    EXPECT_THAT(shown(clues), IsEmpty());
+}
+
+TEST_F(foldersShown, namesThatAreNoUtf8AreFoundOnTheWay)
+{
+    std::filesystem::create_directories(home_.file("B\xe4r/Reise"));
+    FolderClues clues;
+    clues.title = QStringLiteral("Reise");
+    clues.rows = {row("Bilder")};
+    clues.rows[0].back() = {QStringLiteral("B\ufffdr")};
+    clues.rows[0].push_back({QStringLiteral("Reise")});
+    ASSERT_FALSE(shown(clues).empty());
+    EXPECT_EQ(shown(clues).front(), home_.file("B\xe4r/Reise"));
+}
+
+TEST_F(foldersShown, theTitleAndThenTheWatchedFolderDecideBetweenLocations)
+{
+    FolderClues clues;
+    const auto location = [&](const char* name) {
+        return QString::fromStdString(home_.file(name));
+    };
+    clues.locations = {location("other"), location("other/Bilder"), location("Bilder")};
+    clues.title = QStringLiteral("Bilder - Thunar");
+    EXPECT_THAT(shown(clues),
+                ElementsAre(home_.file("other/Bilder"), home_.file("Bilder"), home_.file("other")));
+    isWatched_ = [&](const std::string& folder) { return folder == home_.file("Bilder"); };
+    EXPECT_THAT(shown(clues),
+                ElementsAre(home_.file("Bilder"), home_.file("other/Bilder"), home_.file("other")));
+}
+
+TEST_F(foldersShown, aTitleMayBeThePathOrThePlace)
+{
+    FolderClues clues;
+    clues.title = QString::fromStdString(home_.file("other/Bilder"));
+    EXPECT_THAT(shown(clues), ElementsAre(home_.file("other/Bilder")));
+    clues.title = QStringLiteral("Home - File Manager");
+    EXPECT_THAT(shown(clues), ElementsAre(home_.path()));
+}
