@@ -65,7 +65,7 @@ TEST(gpsEscapeForXML, leavesNothingOutAndAddsNothing)
             const test::Text escaped(gpsEscapeForXML(text));
             ASSERT_EQ(platform::unitsOf(escaped.get()), expectedInXML(text));
         },
-        3);
+        7);
 }
 
 TEST(gpsEscapeForAddress, leavesNothingOutAndAddsNothing)
@@ -75,5 +75,5 @@ TEST(gpsEscapeForAddress, leavesNothingOutAndAddsNothing)
             const test::Text escaped(gpsEscapeForAddress(text));
             ASSERT_EQ(platform::unitsOf(escaped.get()), expectedInAddress(text));
         },
-        3);
+        13);
 }

@@ -53,40 +53,47 @@ std::int32_t countOf(const std::string& bytes)
 
 TEST(TovStringCopyToUTF8, writesAsManyBytesAsAreCounted)
 {
-    test::forRandomTexts([](const std::u16string& text) {
-        const StringHolder string(platform::createString(text));
-        const std::string expected = expectedUTF8(text);
-        ASSERT_EQ(TovStringGetUTF8Size(string.get()), expected.size());
-        ASSERT_EQ(copied(TovStringCopyToUTF8, string.get(), TovStringGetUTF8Size(string.get())),
-                  expected);
-    });
+    test::forRandomTexts(
+        [](const std::u16string& text) {
+            const StringHolder string(platform::createString(text));
+            const std::string expected = expectedUTF8(text);
+            ASSERT_EQ(TovStringGetUTF8Size(string.get()), expected.size());
+            ASSERT_EQ(copied(TovStringCopyToUTF8, string.get(), TovStringGetUTF8Size(string.get())),
+                      expected);
+        },
+        3);
 }
 
 TEST(TovStringCopyToMacRoman, writesAsManyBytesAsAreCounted)
 {
-    test::forRandomTexts([](const std::u16string& text) {
-        const StringHolder string(platform::createString(text));
-        const std::string expected = expectedMacRoman(text);
-        ASSERT_EQ(TovStringGetMacRomanSize(string.get()), expected.size());
-        ASSERT_EQ(
-            copied(TovStringCopyToMacRoman, string.get(), TovStringGetMacRomanSize(string.get())),
-            expected);
-    });
+    test::forRandomTexts(
+        [](const std::u16string& text) {
+            const StringHolder string(platform::createString(text));
+            const std::string expected = expectedMacRoman(text);
+            ASSERT_EQ(TovStringGetMacRomanSize(string.get()), expected.size());
+            ASSERT_EQ(copied(TovStringCopyToMacRoman, string.get(),
+                             TovStringGetMacRomanSize(string.get())),
+                      expected);
+        },
+        3);
 }
 
 TEST(TovStringCopyToPString, writesTheLengthByteAndSoManyMore)
 {
-    test::forRandomTexts([](const std::u16string& text) {
-        const StringHolder string(platform::createString(text));
-        const auto expected = test::macRomanByICU(text);
-        const std::size_t room = 1 + (expected ? text.size() : 0);
-        const std::string written = test::writtenInto<char>(room, [&](char* dest) {
-            EXPECT_EQ(TovStringCopyToPString(string.get(), reinterpret_cast<std::uint8_t*>(dest)),
-                      expected.has_value());
-        });
-        ASSERT_EQ(static_cast<std::uint8_t>(written[0]), room - 1);
-        ASSERT_EQ(written.substr(1), expected.value_or(""));
-    });
+    test::forRandomTexts(
+        [](const std::u16string& text) {
+            const StringHolder string(platform::createString(text));
+            const auto expected = test::macRomanByICU(text);
+            const std::size_t room = 1 + (expected ? text.size() : 0);
+            const std::string written = test::writtenInto<char>(room, [&](char* dest) {
+                EXPECT_EQ(
+                    TovStringCopyToPString(string.get(), reinterpret_cast<std::uint8_t*>(dest)),
+                    expected.has_value());
+            });
+            ASSERT_EQ(static_cast<std::uint8_t>(written[0]), room - 1);
+            ASSERT_EQ(written.substr(1), expected.value_or(""));
+        },
+        3);
 }
 
 TEST(TovStringFromUTF8, hasTheUnitsThatAreCounted)
