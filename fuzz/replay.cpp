@@ -1,5 +1,6 @@
 // Runs a fuzzer over files, where no fuzzing compiler is at hand: fuzz_X FILE_OR_FOLDER...
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>

@@ -16,6 +16,7 @@
 #include "reader/sandbox.h"
 #include "reader/stream_byte_source.h"
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
