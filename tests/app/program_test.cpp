@@ -16,6 +16,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <utility>
 
 namespace {
 // A session bus before the toolkit connects to one.
@@ -41,10 +42,13 @@ private:
 };
 const auto* const session = testing::AddGlobalTestEnvironment(new Session);
 
+// The toolkit complains of a locale that the system does not have, and this one every system has.
+const std::pair<std::string, std::string> kSystemLocale = {"LC_ALL", "C.UTF-8"};
+
 test::ProgramResult run(std::vector<std::string> arguments)
 {
     arguments.insert(arguments.begin(), PINORAMA_PROGRAM);
-    return test::runProgram({.command = arguments});
+    return test::runProgram({.command = arguments, .variables = {kSystemLocale}});
 }
 
 // The test as the running instance of the session.
@@ -240,6 +244,7 @@ TEST_F(RunningInstance, isAnsweredWithoutWaitingWhenItHangs)
     // Nobody runs the event loop of this instance while the second one waits for it.
     const test::ProgramResult result = test::runProgram(
         {.command = {PINORAMA_PROGRAM, PINORAMA_SAMPLES "/Westernmost evening.jpg"},
+         .variables = {kSystemLocale},
          .seconds = 30});
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.err, "pinorama: the running program does not answer\n");
