@@ -34,19 +34,27 @@ constexpr std::chrono::seconds kServicePatience{30};  // until somebody asks for
 constexpr int kReadingPatience = 90000;  // milliseconds, longer than the reader is given
 constexpr int kReadingInterval = 50;     // milliseconds
 
+bool isSet(const char* variable)
+{
+    const char* value = std::getenv(variable);
+    return value != nullptr && *value != '\0';
+}
+
+// Whether a display server can be found.
+bool hasServer()
+{
+    return isSet("DISPLAY") || isSet("WAYLAND_DISPLAY") || isSet("WAYLAND_SOCKET");
+}
+
 // Whether there is anything to open a window on. Without, the toolkit ends the program as if it had
 // crashed, and advises to install it anew.
 bool hasDisplay(const std::vector<std::string>& arguments)
 {
-    const auto isSet = [](const char* variable) {
-        const char* value = std::getenv(variable);
-        return value != nullptr && *value != '\0';
-    };
     const auto choosesPlatform = [](const std::string& argument) {
         return argument == "-platform" || argument == "--platform";
     };
-    return isSet("DISPLAY") || isSet("WAYLAND_DISPLAY") || isSet("WAYLAND_SOCKET") ||
-           isSet("QT_QPA_PLATFORM") || std::ranges::any_of(arguments, choosesPlatform);
+    return hasServer() || isSet("QT_QPA_PLATFORM") ||
+           std::ranges::any_of(arguments, choosesPlatform);
 }
 
 int complainOfUsage(const std::string& error)
@@ -136,6 +144,8 @@ int main(int argc, char** argv)
         std::fputs("pinorama: no display; pinorama-info tells the same on a terminal\n", stderr);
         return kFailed;
     }
+    // GTK's theme for the toolkit ends a program that has no display server to draw with.
+    if (!hasServer()) unsetenv("QT_QPA_PLATFORMTHEME");
     QApplication application(argc, argv);  // takes the toolkit's own options out
     QApplication::setApplicationName(QStringLiteral("Pinorama"));
     QApplication::setApplicationVersion(QStringLiteral(PINORAMA_VERSION));
