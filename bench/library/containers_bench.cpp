@@ -145,10 +145,11 @@ void searchSortedVector(benchmark::State& state, std::uint32_t count)
     const std::vector<std::uint32_t> ids = randomIDs(count);
     for (auto _ : state) {
         for (const std::uint32_t id : ids) {
-            const auto place =
+            // Newer versions of the benchmark library want nothing const to be kept.
+            auto place =
                 std::lower_bound(both.items.begin(), both.items.end(), id,
                                  [](const Item& item, std::uint32_t key) { return item.id < key; });
-            const bool found = place != both.items.end() && place->id == id;
+            bool found = place != both.items.end() && place->id == id;
             benchmark::DoNotOptimize(found);
             benchmark::DoNotOptimize(place);
         }
@@ -176,10 +177,10 @@ void searchSorted64Vector(benchmark::State& state, std::uint32_t count)
     const std::vector<std::uint32_t> ids = randomIDs(count);
     for (auto _ : state) {
         for (const std::uint64_t id : ids) {
-            const auto place = std::lower_bound(
+            auto place = std::lower_bound(
                 both.items.begin(), both.items.end(), id,
                 [](const WideItem& item, std::uint64_t key) { return item.id < key; });
-            const bool found = place != both.items.end() && place->id == id;
+            bool found = place != both.items.end() && place->id == id;
             benchmark::DoNotOptimize(found);
             benchmark::DoNotOptimize(place);
         }
@@ -207,8 +208,8 @@ void searchUnsortedVector(benchmark::State& state)
     const std::vector<std::uint32_t> ids = randomIDs(kFewItems);
     for (auto _ : state) {
         for (const std::uint32_t id : ids) {
-            const auto place = std::find_if(both.items.begin(), both.items.end(),
-                                            [id](const Item& item) { return item.id == id; });
+            auto place = std::find_if(both.items.begin(), both.items.end(),
+                                      [id](const Item& item) { return item.id == id; });
             benchmark::DoNotOptimize(place);
         }
     }

@@ -76,7 +76,7 @@ void appendFlex(benchmark::State& state)
 {
     const std::vector<Record> records = recordsOf(kItems / 2);
     for (auto _ : state) {
-        const FlexHolder holder(records);
+        FlexHolder holder(records);  // newer versions of the benchmark library want nothing const
         benchmark::DoNotOptimize(holder.flex.data);
     }
     setItems(state, kItems);

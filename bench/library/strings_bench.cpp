@@ -239,7 +239,7 @@ void formatWithC(benchmark::State& state)
         char buffer[100];
         const int length = std::snprintf(buffer, sizeof buffer, "%c %.0f\u00b0 %.0f' %.1f\"", 'N',
                                          48.0, 7.0, 24.4);
-        const UnicodeString text = unicode({buffer, static_cast<std::size_t>(length)});
+        UnicodeString text = unicode({buffer, static_cast<std::size_t>(length)});
         benchmark::DoNotOptimize(text);
     }
 }
