@@ -36,7 +36,7 @@ void appShowAboutBox(QWidget* parent)
     box->setInformativeText(
         QStringLiteral("<p>%1</p><p><a href=\"" PINORAMA_HOME_URL "\">" PINORAMA_HOME_URL
                        "</a></p><p>%2</p><p>%3<br>%4</p>")
-            .arg(AboutBox::tr("Tells where the picture selected in the file manager was taken."),
+            .arg(AboutBox::tr("Shows where the picture selected in the file manager was taken."),
                  AboutBox::tr("Free software under the GNU General Public License, version 3 or "
                               "later. It comes with no warranty."),
                  AboutBox::tr("Made with these libraries:"), librariesAsLines()));

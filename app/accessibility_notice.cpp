@@ -19,9 +19,8 @@ AccessibilityNotice::AccessibilityNotice(const QString& fileManager, QWidget* pa
         switchButton_->setEnabled(false);
         Q_EMIT switchWanted();
     });
-    say(tr("The selection in %1 can be followed once accessibility is on. That is a lasting "
-           "setting "
-           "of your desktop; restart the file manager after switching it on.")
+    say(tr("Pinorama can follow the selection in %1 once accessibility is on. This is a permanent "
+           "setting of your desktop; restart the file manager after switching it on.")
             .arg(fileManager_));
 }
 
@@ -29,10 +28,11 @@ void AccessibilityNotice::showSwitched(bool isOn)
 {
     if (switchButton_->hasFocus()) dismissButton()->setFocus();
     switchButton_->hide();
-    say(isOn
-            ? tr("Accessibility is on. Restart %1, or log in again, and its selection is followed.")
-                  .arg(fileManager_)
-            : tr("Accessibility could not be switched on. The manual tells how to do it by hand."));
+    say(isOn ? tr("Accessibility is on. Restart %1 or log in again; Pinorama then follows its "
+                  "selection.")
+                   .arg(fileManager_)
+             : tr("Accessibility could not be switched on. The manual explains how to do it by "
+                  "hand."));
 }
 
 void app::offerAccessibility(AccessibilityAdvice& advice, AppController& controller)

@@ -8,7 +8,7 @@
         <translation>Über Pinorama</translation>
     </message>
     <message>
-        <source>Tells where the picture selected in the file manager was taken.</source>
+        <source>Shows where the picture selected in the file manager was taken.</source>
         <translation>Zeigt, wo das in der Dateiverwaltung ausgewählte Bild aufgenommen wurde.</translation>
     </message>
     <message>
@@ -27,15 +27,15 @@
         <translation>Ein&amp;schalten</translation>
     </message>
     <message>
-        <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
+        <source>Pinorama can follow the selection in %1 once accessibility is on. This is a permanent setting of your desktop; restart the file manager after switching it on.</source>
         <translation>Pinorama kann der Auswahl in %1 folgen, sobald die Barrierefreiheit eingeschaltet ist. Das ist eine dauerhafte Einstellung der Arbeitsumgebung; danach muss die Dateiverwaltung neu gestartet werden.</translation>
     </message>
     <message>
-        <source>Accessibility is on. Restart %1, or log in again, and its selection is followed.</source>
+        <source>Accessibility is on. Restart %1 or log in again; Pinorama then follows its selection.</source>
         <translation>Die Barrierefreiheit ist eingeschaltet. Nach einem Neustart von %1 oder einer neuen Anmeldung folgt Pinorama der Auswahl.</translation>
     </message>
     <message>
-        <source>Accessibility could not be switched on. The manual tells how to do it by hand.</source>
+        <source>Accessibility could not be switched on. The manual explains how to do it by hand.</source>
         <translation>Die Barrierefreiheit ließ sich nicht einschalten. Das Handbuch beschreibt, wie es von Hand geht.</translation>
     </message>
 </context>
@@ -87,7 +87,7 @@
         <translation>Vorschau</translation>
     </message>
     <message>
-        <source>The picture tells where it was taken</source>
+        <source>The picture has a location</source>
         <translation>Das Bild verrät, wo es aufgenommen wurde</translation>
     </message>
     <message>
@@ -171,7 +171,7 @@
         <translation>Beschreibung:</translation>
     </message>
     <message>
-        <source>Shows the picture that is selected in the file manager, always</source>
+        <source>Always shows the picture selected in the file manager</source>
         <translation>Zeigt stets das Bild, das in der Dateiverwaltung ausgewählt ist</translation>
     </message>
     <message>

@@ -8,7 +8,7 @@
         <translation>Acerca de Pinorama</translation>
     </message>
     <message>
-        <source>Tells where the picture selected in the file manager was taken.</source>
+        <source>Shows where the picture selected in the file manager was taken.</source>
         <translation>Indica dónde se tomó la foto seleccionada en el gestor de archivos.</translation>
     </message>
     <message>
@@ -27,15 +27,15 @@
         <translation>&amp;Activar</translation>
     </message>
     <message>
-        <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
+        <source>Pinorama can follow the selection in %1 once accessibility is on. This is a permanent setting of your desktop; restart the file manager after switching it on.</source>
         <translation>La selección en %1 se podrá seguir cuando la accesibilidad esté activada. Es un ajuste permanente del escritorio; después hay que reiniciar el gestor de archivos.</translation>
     </message>
     <message>
-        <source>Accessibility is on. Restart %1, or log in again, and its selection is followed.</source>
+        <source>Accessibility is on. Restart %1 or log in again; Pinorama then follows its selection.</source>
         <translation>La accesibilidad está activada. Reinicie %1, o vuelva a iniciar sesión, para seguir su selección.</translation>
     </message>
     <message>
-        <source>Accessibility could not be switched on. The manual tells how to do it by hand.</source>
+        <source>Accessibility could not be switched on. The manual explains how to do it by hand.</source>
         <translation>No se pudo activar la accesibilidad. El manual explica cómo hacerlo a mano.</translation>
     </message>
 </context>
@@ -87,7 +87,7 @@
         <translation>Vista previa</translation>
     </message>
     <message>
-        <source>The picture tells where it was taken</source>
+        <source>The picture has a location</source>
         <translation>La foto indica dónde se tomó</translation>
     </message>
     <message>
@@ -171,7 +171,7 @@
         <translation>Descripción:</translation>
     </message>
     <message>
-        <source>Shows the picture that is selected in the file manager, always</source>
+        <source>Always shows the picture selected in the file manager</source>
         <translation>Muestra siempre la foto seleccionada en el gestor de archivos</translation>
     </message>
     <message>

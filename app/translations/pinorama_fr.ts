@@ -8,7 +8,7 @@
         <translation>À propos de Pinorama</translation>
     </message>
     <message>
-        <source>Tells where the picture selected in the file manager was taken.</source>
+        <source>Shows where the picture selected in the file manager was taken.</source>
         <translation>Indique où a été prise la photo sélectionnée dans le gestionnaire de fichiers.</translation>
     </message>
     <message>
@@ -27,15 +27,15 @@
         <translation>Acti&amp;ver</translation>
     </message>
     <message>
-        <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
+        <source>Pinorama can follow the selection in %1 once accessibility is on. This is a permanent setting of your desktop; restart the file manager after switching it on.</source>
         <translation>La sélection dans %1 peut être suivie une fois l’accessibilité activée. C’est un réglage permanent du bureau ; redémarrez ensuite le gestionnaire de fichiers.</translation>
     </message>
     <message>
-        <source>Accessibility is on. Restart %1, or log in again, and its selection is followed.</source>
+        <source>Accessibility is on. Restart %1 or log in again; Pinorama then follows its selection.</source>
         <translation>L’accessibilité est activée. Redémarrez %1, ou reconnectez-vous, pour suivre sa sélection.</translation>
     </message>
     <message>
-        <source>Accessibility could not be switched on. The manual tells how to do it by hand.</source>
+        <source>Accessibility could not be switched on. The manual explains how to do it by hand.</source>
         <translation>Impossible d’activer l’accessibilité. Le manuel explique comment le faire à la main.</translation>
     </message>
 </context>
@@ -87,7 +87,7 @@
         <translation>Aperçu</translation>
     </message>
     <message>
-        <source>The picture tells where it was taken</source>
+        <source>The picture has a location</source>
         <translation>La photo indique où elle a été prise</translation>
     </message>
     <message>
@@ -171,7 +171,7 @@
         <translation>Légende&#xa0;:</translation>
     </message>
     <message>
-        <source>Shows the picture that is selected in the file manager, always</source>
+        <source>Always shows the picture selected in the file manager</source>
         <translation>Affiche toujours la photo sélectionnée dans le gestionnaire de fichiers</translation>
     </message>
     <message>

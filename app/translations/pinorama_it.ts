@@ -8,7 +8,7 @@
         <translation>Informazioni su Pinorama</translation>
     </message>
     <message>
-        <source>Tells where the picture selected in the file manager was taken.</source>
+        <source>Shows where the picture selected in the file manager was taken.</source>
         <translation>Mostra dove è stata scattata la foto selezionata nel gestore file.</translation>
     </message>
     <message>
@@ -27,15 +27,15 @@
         <translation>Atti&amp;va</translation>
     </message>
     <message>
-        <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
+        <source>Pinorama can follow the selection in %1 once accessibility is on. This is a permanent setting of your desktop; restart the file manager after switching it on.</source>
         <translation>La selezione in %1 può essere seguita quando l’accessibilità è attiva. È un’impostazione permanente del desktop; dopo averla attivata, riavvia il gestore file.</translation>
     </message>
     <message>
-        <source>Accessibility is on. Restart %1, or log in again, and its selection is followed.</source>
+        <source>Accessibility is on. Restart %1 or log in again; Pinorama then follows its selection.</source>
         <translation>L’accessibilità è attiva. Riavvia %1, o accedi di nuovo, per seguirne la selezione.</translation>
     </message>
     <message>
-        <source>Accessibility could not be switched on. The manual tells how to do it by hand.</source>
+        <source>Accessibility could not be switched on. The manual explains how to do it by hand.</source>
         <translation>Impossibile attivare l’accessibilità. Il manuale spiega come farlo a mano.</translation>
     </message>
 </context>
@@ -87,7 +87,7 @@
         <translation>Anteprima</translation>
     </message>
     <message>
-        <source>The picture tells where it was taken</source>
+        <source>The picture has a location</source>
         <translation>La foto indica dove è stata scattata</translation>
     </message>
     <message>
@@ -171,7 +171,7 @@
         <translation>Didascalia:</translation>
     </message>
     <message>
-        <source>Shows the picture that is selected in the file manager, always</source>
+        <source>Always shows the picture selected in the file manager</source>
         <translation>Mostra sempre la foto selezionata nel gestore file</translation>
     </message>
     <message>

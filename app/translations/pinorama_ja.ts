@@ -8,7 +8,7 @@
         <translation>Pinorama について</translation>
     </message>
     <message>
-        <source>Tells where the picture selected in the file manager was taken.</source>
+        <source>Shows where the picture selected in the file manager was taken.</source>
         <translation>ファイルマネージャーで選択した写真の撮影場所を表示します。</translation>
     </message>
     <message>
@@ -27,15 +27,15 @@
         <translation>有効にする(&amp;W)</translation>
     </message>
     <message>
-        <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
+        <source>Pinorama can follow the selection in %1 once accessibility is on. This is a permanent setting of your desktop; restart the file manager after switching it on.</source>
         <translation>アクセシビリティを有効にすると、%1 の選択に追従できます。この設定はデスクトップに保存されます。有効にした後、ファイルマネージャーを再起動してください。</translation>
     </message>
     <message>
-        <source>Accessibility is on. Restart %1, or log in again, and its selection is followed.</source>
+        <source>Accessibility is on. Restart %1 or log in again; Pinorama then follows its selection.</source>
         <translation>アクセシビリティを有効にしました。%1 を再起動するか、ログインし直すと、選択に追従します。</translation>
     </message>
     <message>
-        <source>Accessibility could not be switched on. The manual tells how to do it by hand.</source>
+        <source>Accessibility could not be switched on. The manual explains how to do it by hand.</source>
         <translation>アクセシビリティを有効にできませんでした。手動で行う方法はマニュアルにあります。</translation>
     </message>
 </context>
@@ -87,7 +87,7 @@
         <translation>プレビュー</translation>
     </message>
     <message>
-        <source>The picture tells where it was taken</source>
+        <source>The picture has a location</source>
         <translation>写真に撮影場所が記録されています</translation>
     </message>
     <message>
@@ -171,7 +171,7 @@
         <translation>説明:</translation>
     </message>
     <message>
-        <source>Shows the picture that is selected in the file manager, always</source>
+        <source>Always shows the picture selected in the file manager</source>
         <translation>ファイルマネージャーで選択中の写真を常に表示します</translation>
     </message>
     <message>

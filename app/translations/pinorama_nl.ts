@@ -8,7 +8,7 @@
         <translation>Over Pinorama</translation>
     </message>
     <message>
-        <source>Tells where the picture selected in the file manager was taken.</source>
+        <source>Shows where the picture selected in the file manager was taken.</source>
         <translation>Laat zien waar de in de bestandsbeheerder geselecteerde foto is gemaakt.</translation>
     </message>
     <message>
@@ -27,15 +27,15 @@
         <translation>&amp;Inschakelen</translation>
     </message>
     <message>
-        <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
+        <source>Pinorama can follow the selection in %1 once accessibility is on. This is a permanent setting of your desktop; restart the file manager after switching it on.</source>
         <translation>De selectie in %1 kan worden gevolgd zodra toegankelijkheid aanstaat. Dat is een blijvende instelling van het bureaublad; herstart daarna de bestandsbeheerder.</translation>
     </message>
     <message>
-        <source>Accessibility is on. Restart %1, or log in again, and its selection is followed.</source>
+        <source>Accessibility is on. Restart %1 or log in again; Pinorama then follows its selection.</source>
         <translation>Toegankelijkheid staat aan. Na een herstart van %1, of na opnieuw aanmelden, wordt de selectie gevolgd.</translation>
     </message>
     <message>
-        <source>Accessibility could not be switched on. The manual tells how to do it by hand.</source>
+        <source>Accessibility could not be switched on. The manual explains how to do it by hand.</source>
         <translation>Toegankelijkheid kon niet worden ingeschakeld. De handleiding beschrijft hoe het met de hand gaat.</translation>
     </message>
 </context>
@@ -87,7 +87,7 @@
         <translation>Voorbeeld</translation>
     </message>
     <message>
-        <source>The picture tells where it was taken</source>
+        <source>The picture has a location</source>
         <translation>De foto vertelt waar hij is gemaakt</translation>
     </message>
     <message>
@@ -171,7 +171,7 @@
         <translation>Bijschrift:</translation>
     </message>
     <message>
-        <source>Shows the picture that is selected in the file manager, always</source>
+        <source>Always shows the picture selected in the file manager</source>
         <translation>Toont altijd de foto die in de bestandsbeheerder is geselecteerd</translation>
     </message>
     <message>

@@ -8,7 +8,7 @@
         <translation>O programie Pinorama</translation>
     </message>
     <message>
-        <source>Tells where the picture selected in the file manager was taken.</source>
+        <source>Shows where the picture selected in the file manager was taken.</source>
         <translation>Pokazuje, gdzie wykonano zdjęcie zaznaczone w menedżerze plików.</translation>
     </message>
     <message>
@@ -27,15 +27,15 @@
         <translation>&amp;Włącz</translation>
     </message>
     <message>
-        <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
+        <source>Pinorama can follow the selection in %1 once accessibility is on. This is a permanent setting of your desktop; restart the file manager after switching it on.</source>
         <translation>Zaznaczenie w programie %1 można śledzić, gdy ułatwienia dostępu są włączone. To trwałe ustawienie pulpitu; po włączeniu uruchom ponownie menedżer plików.</translation>
     </message>
     <message>
-        <source>Accessibility is on. Restart %1, or log in again, and its selection is followed.</source>
+        <source>Accessibility is on. Restart %1 or log in again; Pinorama then follows its selection.</source>
         <translation>Ułatwienia dostępu są włączone. Uruchom ponownie program %1 albo zaloguj się jeszcze raz, aby śledzić jego zaznaczenie.</translation>
     </message>
     <message>
-        <source>Accessibility could not be switched on. The manual tells how to do it by hand.</source>
+        <source>Accessibility could not be switched on. The manual explains how to do it by hand.</source>
         <translation>Nie udało się włączyć ułatwień dostępu. Podręcznik opisuje, jak zrobić to ręcznie.</translation>
     </message>
 </context>
@@ -87,7 +87,7 @@
         <translation>Podgląd</translation>
     </message>
     <message>
-        <source>The picture tells where it was taken</source>
+        <source>The picture has a location</source>
         <translation>Zdjęcie zawiera miejsce wykonania</translation>
     </message>
     <message>
@@ -171,7 +171,7 @@
         <translation>Opis:</translation>
     </message>
     <message>
-        <source>Shows the picture that is selected in the file manager, always</source>
+        <source>Always shows the picture selected in the file manager</source>
         <translation>Zawsze pokazuje zdjęcie zaznaczone w menedżerze plików</translation>
     </message>
     <message>

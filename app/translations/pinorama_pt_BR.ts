@@ -8,7 +8,7 @@
         <translation>Sobre o Pinorama</translation>
     </message>
     <message>
-        <source>Tells where the picture selected in the file manager was taken.</source>
+        <source>Shows where the picture selected in the file manager was taken.</source>
         <translation>Mostra onde foi tirada a foto selecionada no gerenciador de arquivos.</translation>
     </message>
     <message>
@@ -27,15 +27,15 @@
         <translation>A&amp;tivar</translation>
     </message>
     <message>
-        <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
+        <source>Pinorama can follow the selection in %1 once accessibility is on. This is a permanent setting of your desktop; restart the file manager after switching it on.</source>
         <translation>A seleção no %1 pode ser acompanhada quando a acessibilidade estiver ativada. É uma configuração permanente da área de trabalho; depois, reinicie o gerenciador de arquivos.</translation>
     </message>
     <message>
-        <source>Accessibility is on. Restart %1, or log in again, and its selection is followed.</source>
+        <source>Accessibility is on. Restart %1 or log in again; Pinorama then follows its selection.</source>
         <translation>A acessibilidade está ativada. Reinicie o %1, ou entre novamente na sessão, para acompanhar a seleção.</translation>
     </message>
     <message>
-        <source>Accessibility could not be switched on. The manual tells how to do it by hand.</source>
+        <source>Accessibility could not be switched on. The manual explains how to do it by hand.</source>
         <translation>Não foi possível ativar a acessibilidade. O manual explica como fazer isso à mão.</translation>
     </message>
 </context>
@@ -87,7 +87,7 @@
         <translation>Pré-visualização</translation>
     </message>
     <message>
-        <source>The picture tells where it was taken</source>
+        <source>The picture has a location</source>
         <translation>A foto informa onde foi tirada</translation>
     </message>
     <message>
@@ -171,7 +171,7 @@
         <translation>Legenda:</translation>
     </message>
     <message>
-        <source>Shows the picture that is selected in the file manager, always</source>
+        <source>Always shows the picture selected in the file manager</source>
         <translation>Mostra sempre a foto selecionada no gerenciador de arquivos</translation>
     </message>
     <message>

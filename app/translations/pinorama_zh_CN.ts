@@ -8,7 +8,7 @@
         <translation>关于 Pinorama</translation>
     </message>
     <message>
-        <source>Tells where the picture selected in the file manager was taken.</source>
+        <source>Shows where the picture selected in the file manager was taken.</source>
         <translation>显示在文件管理器中所选照片的拍摄地点。</translation>
     </message>
     <message>
@@ -27,15 +27,15 @@
         <translation>启用(&amp;W)</translation>
     </message>
     <message>
-        <source>The selection in %1 can be followed once accessibility is on. That is a lasting setting of your desktop; restart the file manager after switching it on.</source>
+        <source>Pinorama can follow the selection in %1 once accessibility is on. This is a permanent setting of your desktop; restart the file manager after switching it on.</source>
         <translation>启用辅助功能后，即可跟随 %1 中选中的文件。此项桌面设置会一直保留；启用后请重新启动文件管理器。</translation>
     </message>
     <message>
-        <source>Accessibility is on. Restart %1, or log in again, and its selection is followed.</source>
+        <source>Accessibility is on. Restart %1 or log in again; Pinorama then follows its selection.</source>
         <translation>辅助功能已启用。重新启动 %1 或重新登录后，即可跟随其中选中的文件。</translation>
     </message>
     <message>
-        <source>Accessibility could not be switched on. The manual tells how to do it by hand.</source>
+        <source>Accessibility could not be switched on. The manual explains how to do it by hand.</source>
         <translation>无法启用辅助功能。手册说明了如何手动启用。</translation>
     </message>
 </context>
@@ -87,7 +87,7 @@
         <translation>预览</translation>
     </message>
     <message>
-        <source>The picture tells where it was taken</source>
+        <source>The picture has a location</source>
         <translation>照片中记录了拍摄地点</translation>
     </message>
     <message>
@@ -171,7 +171,7 @@
         <translation>说明：</translation>
     </message>
     <message>
-        <source>Shows the picture that is selected in the file manager, always</source>
+        <source>Always shows the picture selected in the file manager</source>
         <translation>始终显示在文件管理器中所选的照片</translation>
     </message>
     <message>

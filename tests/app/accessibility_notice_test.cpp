@@ -72,9 +72,10 @@ TEST_F(accessibilityNotice, saysPlainlyWhatToDo)
     Q_EMIT advice.needed(QStringLiteral("PCManFM-Qt"));
     ASSERT_NE(notice(), nullptr);
     EXPECT_TRUE(test::waitUntil([this] { return notice()->isVisible(); }));
-    EXPECT_EQ(words(),
-              "The selection in PCManFM-Qt can be followed once accessibility is on. That is a "
-              "lasting setting of your desktop; restart the file manager after switching it on.");
+    EXPECT_EQ(
+        words(),
+        "Pinorama can follow the selection in PCManFM-Qt once accessibility is on. This is "
+        "a permanent setting of your desktop; restart the file manager after switching it on.");
     EXPECT_EQ(notice()->window(), window()) << "in the window, no dialog";
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
     EXPECT_GT(notice()->geometry().top(), controller.syncCheckbox->geometry().bottom());
@@ -102,8 +103,8 @@ TEST_F(accessibilityNotice, tellsToRestartTheFileManagerOnceItIsOn)
     Q_EMIT advice.needed(QStringLiteral("Dolphin"));
     Q_EMIT advice.switched(true);
     EXPECT_EQ(words(),
-              "Accessibility is on. Restart Dolphin, or log in again, and its selection is "
-              "followed.");
+              "Accessibility is on. Restart Dolphin or log in again; Pinorama then follows its "
+              "selection.");
     EXPECT_TRUE(switchButton()->isHidden());
     EXPECT_FALSE(dismissButton()->isHidden());
 }
@@ -114,7 +115,7 @@ TEST_F(accessibilityNotice, saysWhenItCouldNotBeSwitchedOn)
     switchButton()->click();  // there is no bus to ask
     EXPECT_TRUE(test::waitUntil([this] { return switchButton()->isHidden(); }));
     EXPECT_EQ(words(),
-              "Accessibility could not be switched on. The manual tells how to do it by hand.");
+              "Accessibility could not be switched on. The manual explains how to do it by hand.");
 }
 
 TEST_F(accessibilityNotice, leavesTheWindowAsItWas)

@@ -38,7 +38,7 @@ CONTROLS = [
     ("Find in Skallion", "button", "Finds all catalogued pictures taken within 2000 m"),
     ("Export as KML…", "button", "Writes the location as a placemark file"),
     ("Follow the selection in the file manager", "check box",
-     "Shows the picture that is selected in the file manager, always"),
+     "Always shows the picture selected in the file manager"),
 ]
 
 

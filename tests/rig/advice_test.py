@@ -92,7 +92,7 @@ def beside(name):
 def saysNothingWithoutNeed(beside):
     """Nautilus needs nothing."""
     with beside("nautilus") as around:
-        require(not waitFor(lambda: around.named("The selection in"), 8), "there is a notice")
+        require(not waitFor(lambda: around.named("Pinorama can follow"), 8), "there is a notice")
         around.select()
         require(waitFor(lambda: around.shows(around.picture), 20), "Nautilus is not followed")
 
@@ -101,7 +101,7 @@ def saysNothingWithoutNeed(beside):
 def saysItOnce(beside):
     """A notice that was dismissed does not come again, and the check box takes it away."""
     with beside("pcmanfm-qt") as around:
-        require(waitFor(lambda: around.named("The selection in PCManFM-Qt"), 20),
+        require(waitFor(lambda: around.named("Pinorama can follow the selection in PCManFM-Qt"), 20),
                 "the window does not say why it cannot follow")
         around.press("Dismiss")
         around.press(CHECK_BOX)
@@ -109,7 +109,7 @@ def saysItOnce(beside):
         around.session.run(["xprop", "-root", "-remove", "AT_SPI_BUS"])
         second = around.session.start([*managerNamed("dolphin").command, around.folder])
         around.desktop.newWindow([second])
-        require(not waitFor(lambda: around.named("The selection in"), 8), "the notice came again")
+        require(not waitFor(lambda: around.named("Pinorama can follow"), 8), "the notice came again")
         around.session.end(second)
         require(not isEnabled(around.session),
                 "accessibility was switched on without being asked for")
@@ -119,7 +119,7 @@ def saysItOnce(beside):
 def offersAndFollows(beside):
     """The whole way of a user with Dolphin."""
     with beside("dolphin") as around:
-        require(waitFor(lambda: around.named("The selection in Dolphin"), 20),
+        require(waitFor(lambda: around.named("Pinorama can follow the selection in Dolphin"), 20),
                 "the window does not say why it cannot follow")
         require(not isEnabled(around.session),
                 "accessibility was switched on without being asked for")
