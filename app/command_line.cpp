@@ -73,7 +73,7 @@ std::optional<app::CommandLine> app::parseCommandLine(const std::vector<std::str
         const auto setting = std::find_if(kSettings.begin(), kSettings.end(),
                                           [&](const Setting& known) { return name == known.name; });
         if (setting == kSettings.end()) {
-            *outError = "unknown option " + *argument;
+            *outError = "unknown option '" + *argument + "'";
             return std::nullopt;
         }
         if (equals != std::string::npos) {
@@ -81,29 +81,38 @@ std::optional<app::CommandLine> app::parseCommandLine(const std::vector<std::str
         } else if (++argument != arguments.end()) {
             line.*setting->field = *argument;
         } else {
-            *outError = "nothing follows " + name;
+            *outError = "option '" + name + "' needs a value";
             return std::nullopt;
         }
     }
     if (line.action &&
         std::find(kActions.begin(), kActions.end(), *line.action) == kActions.end()) {
-        *outError = "unknown action " + *line.action;
+        *outError = "unknown action '" + *line.action + "'";
         return std::nullopt;
     }
     return line;
 }
 
+std::string app::shortUsage()
+{
+    return "usage: pinorama [OPTION...] [PICTURE...]\n"
+           "       pinorama --help | --version\n";
+}
+
 std::string app::usageText()
 {
-    return "usage: pinorama [OPTION]... [PICTURE]...\n"
-           "Tells where the picture selected in the file manager was taken. With several pictures "
-           "the last\none is shown; a window that is open already shows it.\n"
+    return shortUsage() +
+           "\nShows where the picture selected in the file manager was taken. Of several pictures "
+           "on the\ncommand line it shows the last one. If the window is already open, it shows "
+           "the picture there.\n"
            "\n"
-           "  --service-text TEXT   take TEXT as the path of a picture, as it stands\n"
-           "  --service             wait for requests on the session bus, without a window\n"
-           "  --action NAME         home, donate: open the page; quit: end the running program\n"
-           "  --print-and-save FILE print what the window shows, save its picture to FILE, and "
-           "end\n"
-           "  -h, --help            print this text\n"
-           "  -v, --version         print the version\n";
+           "  --service-text TEXT    use TEXT, unchanged, as the path of a picture\n"
+           "  --service              wait for requests on the session bus, without a window\n"
+           "  --action NAME          home, donate: open that web page; quit: end the running "
+           "program\n"
+           "  --print-and-save FILE  print what the window shows, save an image of it to FILE, and "
+           "exit\n"
+           "  -h, --help             print this text\n"
+           "  -v, --version          print the version\n"
+           "\nExit status: 0 on success, 1 on failure, 2 for wrong usage.\n";
 }

@@ -26,6 +26,9 @@ struct CommandLine {
 std::optional<CommandLine> parseCommandLine(const std::vector<std::string>& arguments,
                                             std::string* outError);
 
+// The text that wrong usage prints, and with which that of --help begins.
+std::string shortUsage();
+
 // The text that --help prints.
 std::string usageText();
 

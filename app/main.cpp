@@ -59,7 +59,7 @@ bool hasDisplay(const std::vector<std::string>& arguments)
 
 int complainOfUsage(const std::string& error)
 {
-    std::fprintf(stderr, "pinorama: %s\n%s", error.c_str(), app::usageText().c_str());
+    std::fprintf(stderr, "pinorama: %s\n%s", error.c_str(), app::shortUsage().c_str());
     return kWrongUsage;
 }
 
@@ -84,7 +84,8 @@ void reportWhenComplete(AppController& controller, const std::string& picture)
                          std::fputs(app::windowReport(window).c_str(), stdout);
                          const bool isSaved = app::saveWindowPicture(window, picture);
                          if (!isSaved)
-                             std::fprintf(stderr, "pinorama: cannot write %s\n", picture.c_str());
+                             std::fprintf(stderr, "pinorama: %s: the image cannot be saved\n",
+                                          picture.c_str());
                          QCoreApplication::exit(isSaved ? 0 : kFailed);
                      });
     timer->start(kReadingInterval);
@@ -141,7 +142,7 @@ int main(int argc, char** argv)
 
     if (!hasDisplay(all)) {
         if (!atOnce) return complainOfUsage(error);
-        std::fputs("pinorama: no display; pinorama-info tells the same on a terminal\n", stderr);
+        std::fputs("pinorama: no display; pinorama-info prints the same in a terminal\n", stderr);
         return kFailed;
     }
     // GTK's theme for the toolkit ends a program that has no display server to draw with.

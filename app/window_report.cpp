@@ -8,10 +8,15 @@
 #include <QPixmap>
 
 namespace {
-void appendLine(QString* report, const QObject* field, const QString& text)
+struct NamedField {
+    const char* name;
+    const QWidget* field;
+};
+
+void appendLine(QString* report, const char* name, const QString& text)
 {
-    // Further lines of a text are moved in, so that every name begins a line.
-    *report += field->objectName() + QLatin1String(": ") +
+    // Further lines of a text are indented, so that only a name begins a line.
+    *report += QLatin1String(name) + QLatin1String(": ") +
                QString(text).replace(QLatin1Char('\n'), QLatin1String("\n    ")) +
                QLatin1Char('\n');
 }
@@ -25,31 +30,40 @@ QString stateOf(const QWidget* control)
 std::string app::windowReport(const MainWindow& window)
 {
     QString report;
-    for (const QWidget* field : std::initializer_list<const QWidget*>{
-             window.fileNameField, window.fileSizeField, window.fileModificationDateField,
-             window.fileCreationDateField, window.gpsCoordinateField, window.gpsAltitudeField,
-             window.gpsDirectionField, window.iptcCityField, window.iptcStateField,
-             window.iptcCountryField, window.iptcDescriptionField}) {
-        appendLine(&report, field, cuViewText(field, ViewText::value).value_or(QString()));
+    for (const auto& [name, field] :
+         std::initializer_list<NamedField>{{"Name", window.fileNameField},
+                                           {"Size", window.fileSizeField},
+                                           {"Modified", window.fileModificationDateField},
+                                           {"Created", window.fileCreationDateField},
+                                           {"Coordinate", window.gpsCoordinateField},
+                                           {"Altitude", window.gpsAltitudeField},
+                                           {"Direction", window.gpsDirectionField},
+                                           {"City", window.iptcCityField},
+                                           {"State", window.iptcStateField},
+                                           {"Country", window.iptcCountryField},
+                                           {"Caption", window.iptcDescriptionField}}) {
+        appendLine(&report, name, cuViewText(field, ViewText::value).value_or(QString()));
     }
     const bool hasPreview = !window.fileIconField->pixmap().isNull();
     const QString words = window.fileIconField->text();
-    appendLine(&report, window.fileIconField,
+    appendLine(&report, "Preview",
                hasPreview        ? QStringLiteral("shown")
                : words.isEmpty() ? QStringLiteral("empty")
                                  : words);
     appendLine(
-        &report, window.geoTagField,
+        &report, "Marker",
         window.geoTagField->isVisible() ? QStringLiteral("shown") : QStringLiteral("hidden"));
-    for (const QWidget* control :
-         std::initializer_list<const QWidget*>{window.webServicesMenu, window.showInGEButton,
-                                               window.searchInTovButton, window.exportKMLButton}) {
-        appendLine(&report, control, stateOf(control));
+    for (const auto& [name, control] :
+         std::initializer_list<NamedField>{{"Map Services", window.webServicesMenu},
+                                           {"Show in Globe", window.showInGEButton},
+                                           {"Find in Skallion", window.searchInTovButton},
+                                           {"Export as KML", window.exportKMLButton}}) {
+        appendLine(&report, name, stateOf(control));
     }
-    appendLine(&report, window.syncCheckbox,
+    appendLine(&report, "Follow the selection",
                window.syncCheckbox->isChecked() ? QStringLiteral("on") : QStringLiteral("off"));
     const auto* notice = window.findChild<ReadingNotice*>();
-    if (notice != nullptr && !notice->isHidden()) appendLine(&report, notice, notice->text());
+    if (notice != nullptr && !notice->isHidden()) appendLine(&report, "Notice", notice->text());
     return report.toStdString();
 }
 

@@ -8,7 +8,8 @@ class MainWindow;
 
 namespace app {
 
-// One line "name: text" per field, by the name of the field, with the controls' states at the end.
+// One line "name: text" per field, then one per button and check box with its state. Names are the
+// English captions in every language, so that scripts can rely on them; texts are as shown.
 std::string windowReport(const MainWindow& window);
 
 // Draws the window as it is into a picture file whose type its name tells. False on failure.

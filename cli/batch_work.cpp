@@ -49,7 +49,7 @@ BatchResult BatchWork::process(std::span<const std::string> paths, int alarm)
         }
         // Who named a folder most likely wants to know of the pictures in it.
         if (output_ == Output::text && isFolder(report)) {
-            appendComplaint(report.path + ": a folder; -r looks at the pictures in it",
+            appendComplaint(report.path + ": is a folder; -r reads the pictures in it",
                             &result.complaints);
         }
         if (report.isLocated()) result.located++;

@@ -74,8 +74,8 @@ int report(const Options& options)
         }
     }
     if (showsFields(options.output) && !prepareTexts()) {
-        complain("the program's texts are not in " +
-                 shownPath(platform::resourceFolder() + "/strings"));
+        complain(shownPath(platform::resourceFolder() + "/strings") +
+                 ": the program's texts are missing");
         return kSomeFileFailed;
     }
     return reportOnFiles(options, std::move(serviceTemplate));
@@ -98,7 +98,7 @@ int main(int argc, char** argv)
     if (options.version) return print("pinorama-info " PINORAMA_VERSION "\n");
 
     if (wouldReplaceAPicture(options.kmlPath)) {
-        complain(shownPath(options.kmlPath) + ": a picture is not replaced by a document");
+        complain(shownPath(options.kmlPath) + ": a KML document never replaces a picture");
         return kWrongUsage;
     }
 

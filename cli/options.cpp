@@ -32,14 +32,15 @@ void chooseWebService(Reading& reading, const char* value)
     const char* end = value + std::strlen(value);
     const auto [stop, problem] = std::from_chars(value, end, number);
     if (problem != std::errc() || stop != end || number < 1) {
-        reading.error = std::string("--web needs the number of a web service, not ") + value;
+        reading.error =
+            std::string("--web needs the number of a web service, not '") + value + '\'';
     }
 }
 
 void chooseDocument(Reading& reading, const char* value)
 {
     reading.options->kmlPath = value;
-    if (*value == '\0') reading.error = "--kml needs the name of a file";
+    if (*value == '\0') reading.error = "--kml needs a file name";
 }
 
 // One row for each option: all that has to be said about it.
@@ -52,23 +53,23 @@ struct OptionRow {
 };
 
 constexpr OptionRow kRows[] = {
-    {'r', "recursive", nullptr, "look through folders and all folders in them for pictures",
+    {'r', "recursive", nullptr, "read all pictures in the folders and their subfolders",
      [](Reading& reading, const char*) { reading.options->recursive = true; }},
-    {0, "json", nullptr, "print one JSON object per file and line",
+    {0, "json", nullptr, "print one JSON object per file, each on its own line",
      [](Reading& reading, const char*) { choose(reading, Output::json); }},
-    {0, "csv", nullptr, "print a table with the same fields, separated by commas",
+    {0, "csv", nullptr, "print a table of the same fields as comma-separated values",
      [](Reading& reading, const char*) { choose(reading, Output::csv); }},
-    {0, "kml", "DEST", "write the places as a KML document to the file DEST", chooseDocument},
-    {0, "web", "N", "print the address of web service N for each place", chooseWebService},
+    {0, "kml", "DEST", "write a KML document of the places to the file DEST", chooseDocument},
+    {0, "web", "N", "print the address of each place in web service N", chooseWebService},
     {0, "search", nullptr, "print the address of the catalogue search for each place",
      [](Reading& reading, const char*) { choose(reading, Output::catalogueAddress); }},
-    {0, "print-script", nullptr, "print the script that flies a globe to each place",
+    {0, "print-script", nullptr, "print the script that flies a globe program to each place",
      [](Reading& reading, const char*) { choose(reading, Output::script); }},
-    {'q', "quiet", nullptr, "show no progress and no summary",
+    {'q', "quiet", nullptr, "show neither progress nor summary",
      [](Reading& reading, const char*) { reading.options->quiet = true; }},
-    {0, "help", nullptr, "print this text",
+    {'h', "help", nullptr, "print this text",
      [](Reading& reading, const char*) { reading.options->help = true; }},
-    {0, "version", nullptr, "print the version",
+    {'v', "version", nullptr, "print the version",
      [](Reading& reading, const char*) { reading.options->version = true; }},
 };
 constexpr std::size_t kRowCount = std::size(kRows);
@@ -102,7 +103,7 @@ std::string whyUnknown(char** argv)
 {
     const bool isLetter = optopt != 0 && optopt < kFirstName;
     const char letter[] = {'-', static_cast<char>(optopt), '\0'};
-    return std::string("unknown option: ") + (isLetter ? letter : argv[optind - 1]);
+    return std::string("unknown option '") + (isLetter ? letter : argv[optind - 1]) + '\'';
 }
 
 std::string nameOfRow(const OptionRow& row)
@@ -130,7 +131,7 @@ bool readOptions(int argc, char** argv, Options* options, std::string* outError)
             getopt_long(argc, argv, tables.letters.c_str(), tables.names.data(), nullptr);
         if (found < 0) break;
         if (found == ':') {
-            reading.error = std::string("option needs a value: ") + argv[optind - 1];
+            reading.error = std::string("option '") + argv[optind - 1] + "' needs a value";
         } else if (found == '?') {
             reading.error = whyUnknown(argv);
         } else {
@@ -150,14 +151,14 @@ bool readOptions(int argc, char** argv, Options* options, std::string* outError)
 
 std::string shortUsage()
 {
-    return "Usage: pinorama-info [OPTION...] FILE...\n"
+    return "usage: pinorama-info [OPTION...] FILE...\n"
            "       pinorama-info -r [OPTION...] FOLDER...\n"
            "       pinorama-info --help | --version\n";
 }
 
 std::string fullUsage()
 {
-    std::string usage = shortUsage() + "\nTells where pictures were taken.\n\n";
+    std::string usage = shortUsage() + "\nPrints where pictures were taken.\n\n";
     for (const OptionRow& row : kRows) {
         std::string line = row.letter == 0 ? "      " : "  " + shortNameOfRow(row) + ", ";
         line += nameOfRow(row);
@@ -165,9 +166,10 @@ std::string fullUsage()
         usage += line + row.help + '\n';
     }
     usage +=
-        "\nOf one FILE --kml writes the document that the window exports; of several, or with -r, "
-        "one\ndocument with a placemark for each located picture.\n"
-        "\nExit status: 0 when every file could be read, 1 when one could not or no place was "
-        "there to\nwrite or print, 2 for wrong usage, 130 after Ctrl-C.\n";
+        "\nFor one FILE, --kml writes the document that the window exports. For several, or with "
+        "-r, "
+        "it writes\none document with a placemark for each picture that has a position.\n"
+        "\nExit status: 0 if every file could be read; 1 if one could not be read, or if there was "
+        "no place\nto write or print; 2 for wrong usage; 130 after Ctrl-C.\n";
     return usage;
 }

@@ -39,5 +39,5 @@ void appendTextBlock(const FileReport& report, std::string* out)
     appendLine("City", textOr(place.city), out);
     appendLine("State", textOr(place.state), out);
     appendLine("Country", textOr(place.country), out);
-    appendLine("Description", textOr(place.description), out);
+    appendLine("Caption", textOr(place.description), out);
 }

@@ -9,7 +9,7 @@ _pinorama()
             return  # files only, which is what bash offers by itself
         fi
     done
-    # bash cuts "--action=home" at the equals sign
+    # bash splits "--action=home" at the equals sign
     if [[ $before == = ]]; then
         before=${COMP_WORDS[COMP_CWORD-2]}
     elif [[ $word == = ]]; then

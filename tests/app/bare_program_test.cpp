@@ -51,9 +51,8 @@ test::ProgramResult showSample(const Variables& variables, const std::string& pi
 void expectSample(const test::ProgramResult& result)
 {
     EXPECT_EQ(result.status, 0) << result.err;
-    for (const char* line :
-         {"fileNameField: Westernmost evening.jpg\n", "\nfileIconField: shown\n",
-          "\ngpsAltitudeField: 140 m\n", "\niptcCityField: Colares\n", "\ngeoTagField: shown\n"}) {
+    for (const char* line : {"Name: Westernmost evening.jpg\n", "\nPreview: shown\n",
+                             "\nAltitude: 140 m\n", "\nCity: Colares\n", "\nMarker: shown\n"}) {
         EXPECT_NE(result.out.find(line), std::string::npos) << line << "in\n" << result.out;
     }
     EXPECT_LT(result.err.size(), kFewWords) << result.err;
@@ -190,7 +189,8 @@ TEST(bareProgram, saysThatThereIsNoDisplay)
          {std::vector<std::string>{}, {kSample}, {"--service"}, {"--action", "quit"}}) {
         const test::ProgramResult result = start(arguments);
         EXPECT_EQ(result.status, 1);
-        EXPECT_EQ(result.err, "pinorama: no display; pinorama-info tells the same on a terminal\n");
+        EXPECT_EQ(result.err,
+                  "pinorama: no display; pinorama-info prints the same in a terminal\n");
     }
     EXPECT_EQ(start({"--version"}).status, 0);
     EXPECT_EQ(start({"--help"}).status, 0);

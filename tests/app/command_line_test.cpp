@@ -87,8 +87,8 @@ TEST(parseCommandLine, readsOptionsInBothForms)
 
 TEST(parseCommandLine, saysWhatIsWrong)
 {
-    EXPECT_EQ(errorOf({"--bogus"}), "unknown option --bogus");
-    EXPECT_EQ(errorOf({"-x"}), "unknown option -x");
-    EXPECT_EQ(errorOf({"--service-text"}), "nothing follows --service-text");
-    EXPECT_EQ(errorOf({"--action", "dance"}), "unknown action dance");
+    EXPECT_EQ(errorOf({"--bogus"}), "unknown option '--bogus'");
+    EXPECT_EQ(errorOf({"-x"}), "unknown option '-x'");
+    EXPECT_EQ(errorOf({"--service-text"}), "option '--service-text' needs a value");
+    EXPECT_EQ(errorOf({"--action", "dance"}), "unknown action 'dance'");
 }

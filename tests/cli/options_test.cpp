@@ -110,10 +110,14 @@ TEST(readOptions, oneFileAndADocumentAreASingleExport)
 
 TEST(readOptions, needsNoFileForHelpAndVersion)
 {
-    EXPECT_TRUE(read({"--help"}).isRight);
-    EXPECT_TRUE(read({"--help"}).options.help);
-    EXPECT_TRUE(read({"--version"}).isRight);
-    EXPECT_TRUE(read({"--version"}).options.version);
+    for (const char* option : {"--help", "-h"}) {
+        EXPECT_TRUE(read({option}).isRight);
+        EXPECT_TRUE(read({option}).options.help);
+    }
+    for (const char* option : {"--version", "-v"}) {
+        EXPECT_TRUE(read({option}).isRight);
+        EXPECT_TRUE(read({option}).options.version);
+    }
 }
 
 TEST(readOptions, tellsWhatIsWrong)
@@ -126,22 +130,24 @@ TEST(readOptions, tellsWhatIsWrong)
         {"nothing", {}, "no file given"},
         {"no file", {"--json"}, "no file given"},
         {"no file behind the dashes", {"--"}, "no file given"},
-        {"unknown word", {"--bogus", "a.jpg"}, "unknown option: --bogus"},
-        {"unknown word behind a file", {"a.jpg", "--bogus"}, "unknown option: --bogus"},
-        {"unknown letter", {"-j", "a.jpg"}, "unknown option: -j"},
-        {"unknown letters", {"-jx", "a.jpg"}, "unknown option: -j"},
-        {"a value that is not wanted", {"--json=1", "a.jpg"}, "unknown option: --json=1"},
-        {"another", {"--version=1"}, "unknown option: --version=1"},
+        {"unknown word", {"--bogus", "a.jpg"}, "unknown option '--bogus'"},
+        {"unknown word behind a file", {"a.jpg", "--bogus"}, "unknown option '--bogus'"},
+        {"unknown letter", {"-j", "a.jpg"}, "unknown option '-j'"},
+        {"unknown letters", {"-jx", "a.jpg"}, "unknown option '-j'"},
+        {"a value that is not wanted", {"--json=1", "a.jpg"}, "unknown option '--json=1'"},
+        {"another", {"--version=1"}, "unknown option '--version=1'"},
         {"no folder", {"-r"}, "no folder given"},
-        {"no value", {"a.jpg", "--kml"}, "option needs a value: --kml"},
-        {"an empty name", {"--kml", "", "a.jpg"}, "--kml needs the name of a file"},
-        {"no number", {"--web", "a.jpg"}, "--web needs the number of a web service, not a.jpg"},
-        {"the number nought", {"--web=0", "a"}, "--web needs the number of a web service, not 0"},
-        {"a negative number", {"--web=-1", "a"}, "--web needs the number of a web service, not -1"},
-        {"half a number", {"--web=1x", "a"}, "--web needs the number of a web service, not 1x"},
+        {"no value", {"a.jpg", "--kml"}, "option '--kml' needs a value"},
+        {"an empty name", {"--kml", "", "a.jpg"}, "--kml needs a file name"},
+        {"no number", {"--web", "a.jpg"}, "--web needs the number of a web service, not 'a.jpg'"},
+        {"the number nought", {"--web=0", "a"}, "--web needs the number of a web service, not '0'"},
+        {"a negative number",
+         {"--web=-1", "a"},
+         "--web needs the number of a web service, not '-1'"},
+        {"half a number", {"--web=1x", "a"}, "--web needs the number of a web service, not '1x'"},
         {"a number too many",
          {"--web=99999999999", "a"},
-         "--web needs the number of a web service, not 99999999999"},
+         "--web needs the number of a web service, not '99999999999'"},
         {"two outputs",
          {"--json", "--csv", "a.jpg"},
          "only one of --json, --csv, --web, --search and --print-script can be given"},
@@ -165,7 +171,7 @@ TEST(fullUsage, namesEveryOption)
 {
     for (const char* option :
          {"-r, --recursive", "--json", "--csv", "--kml DEST", "--web N", "--search",
-          "--print-script", "-q, --quiet", "--help", "--version", "FILE..."}) {
+          "--print-script", "-q, --quiet", "-h, --help", "-v, --version", "FILE..."}) {
         EXPECT_NE(fullUsage().find(option), std::string::npos) << option;
     }
     EXPECT_EQ(fullUsage().rfind(shortUsage(), 0), 0u);

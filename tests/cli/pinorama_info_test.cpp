@@ -69,7 +69,7 @@ TEST_F(PinoramaInfo, writesALineForEveryField)
         "City:         M\u00fcnchen",
         "State:        Bayern",
         "Country:      Deutschland",
-        "Description:  A street",
+        "Caption:      A street",
     };
     for (const std::string& line : expected) {
         EXPECT_NE(result.out.find(line + '\n'), std::string::npos) << line << '\n' << result.out;
@@ -99,7 +99,7 @@ TEST_F(PinoramaInfo, saysHowToLookIntoAFolder)
     EXPECT_EQ(result.status, 0);
     EXPECT_NE(result.out.find("Path:         " + folder_.path() + "\n"), std::string::npos);
     EXPECT_EQ(result.err,
-              "pinorama-info: " + folder_.path() + ": a folder; -r looks at the pictures in it\n");
+              "pinorama-info: " + folder_.path() + ": is a folder; -r reads the pictures in it\n");
     // A program that reads the output knows what it asked for.
     EXPECT_EQ(run({"--json", folder_.path()}).err, "");
     EXPECT_EQ(run({located_}).err, "");
@@ -285,7 +285,7 @@ TEST_F(PinoramaInfo, separatesFilesByAnEmptyLine)
     EXPECT_NE(out.find("A street\n\nPath:"), std::string::npos) << out;
     EXPECT_EQ(out.find("\n\n\n"), std::string::npos);
     EXPECT_EQ(out.rfind("Path:", 0), 0u);
-    EXPECT_TRUE(out.ends_with("Description:\n"));
+    EXPECT_TRUE(out.ends_with("Caption:\n"));
 }
 
 TEST_F(PinoramaInfo, showsNamesThatAreNoUTF8)
@@ -309,7 +309,7 @@ TEST_F(PinoramaInfo, letsNoFileTalkToTheTerminal)
     EXPECT_EQ(result.out.find('\x07'), std::string::npos);
     EXPECT_EQ(result.err.find('\x1b'), std::string::npos);
     EXPECT_NE(result.out.find("Name:         a b\ufffd[31m.jpg\n"), std::string::npos);
-    EXPECT_NE(result.out.find("Description:  \ufffd]0;title\ufffdtwo lines\n"), std::string::npos);
+    EXPECT_NE(result.out.find("Caption:      \ufffd]0;title\ufffdtwo lines\n"), std::string::npos);
 }
 
 TEST_F(PinoramaInfo, followsTheLanguageInDatesAndSizesOnly)
@@ -333,9 +333,9 @@ TEST_F(PinoramaInfo, showsUsageForWrongCalls)
         const test::ProgramResult result = run(arguments);
         EXPECT_EQ(result.status, 2);
         EXPECT_EQ(result.out, "");
-        EXPECT_NE(result.err.find("Usage: pinorama-info"), std::string::npos) << result.err;
+        EXPECT_NE(result.err.find("usage: pinorama-info"), std::string::npos) << result.err;
     }
-    EXPECT_EQ(run({"--bogus", located_}).err.rfind("pinorama-info: unknown option: --bogus\n", 0),
+    EXPECT_EQ(run({"--bogus", located_}).err.rfind("pinorama-info: unknown option '--bogus'\n", 0),
               0u);
 }
 
@@ -344,11 +344,14 @@ TEST_F(PinoramaInfo, tellsHelpAndVersion)
     const test::ProgramResult help = run({"--help"});
     EXPECT_EQ(help.status, 0);
     EXPECT_EQ(help.err, "");
-    EXPECT_EQ(help.out.rfind("Usage: pinorama-info", 0), 0u);
+    EXPECT_EQ(help.out.rfind("usage: pinorama-info", 0), 0u);
     EXPECT_NE(help.out.find("--json"), std::string::npos);
-    const test::ProgramResult version = run({"--version"});
-    EXPECT_EQ(version.status, 0);
-    EXPECT_EQ(version.out, "pinorama-info " PINORAMA_VERSION "\n");
+    EXPECT_EQ(run({"-h"}).out, help.out);
+    for (const char* option : {"--version", "-v"}) {
+        const test::ProgramResult version = run({option});
+        EXPECT_EQ(version.status, 0);
+        EXPECT_EQ(version.out, "pinorama-info " PINORAMA_VERSION "\n");
+    }
 }
 
 TEST_F(PinoramaInfo, takesFilesBehindTwoDashes)

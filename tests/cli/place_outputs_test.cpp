@@ -173,7 +173,7 @@ TEST_F(PlaceOutputs, aPictureIsNotReplacedByADocument)
         EXPECT_EQ(result.status, 2);
         EXPECT_EQ(result.out, "");
         EXPECT_EQ(result.err,
-                  "pinorama-info: " + plain_ + ": a picture is not replaced by a document\n");
+                  "pinorama-info: " + plain_ + ": a KML document never replaces a picture\n");
         EXPECT_EQ(test::readFile(plain_), bytes);
     }
     EXPECT_EQ(run({"--kml", folder_.file("new.jpg"), located_}).status, 0) << "it is no picture";

@@ -134,7 +134,7 @@ TEST_F(scarceResources, withoutTexts)
             EXPECT_EQ(result.status, 1);
             EXPECT_EQ(result.out, "");
             EXPECT_EQ(result.err,
-                      "pinorama-info: the program's texts are not in " + folder + "/strings\n");
+                      "pinorama-info: " + folder + "/strings: the program's texts are missing\n");
         }
         EXPECT_EQ(runAfter(setting, "--web 1 " + picture_).status, 2);
         for (const char* output : {"--search", "--print-script", "--version"})

@@ -62,5 +62,5 @@ TEST(appendTextBlock, writesOneLinePerField)
               "City:         Rome\n"
               "State:\n"
               "Country:\n"
-              "Description:  two lines\n");
+              "Caption:      two lines\n");
 }

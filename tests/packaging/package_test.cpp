@@ -91,13 +91,13 @@ TEST_F(Package, showsAPictureInAFolderBeyondASCII)
         run({"pinorama", "--print-and-save", folder_.file("window.png"), picture_});
     EXPECT_EQ(result.status, 0) << result.err;
     for (const char* line :
-         {"fileNameField: \u00e9t\u00e9 \u00e0 la plage \u00e9\u00e9\u00e9\u00e9\u00e9.jpg\n",
-          "\nfileSizeField: 8.9 KB\n", "\ngpsAltitudeField: 2962 m\n",
-          "\ngpsCoordinateField: N 47\u00b0 25' 15.5\"   E 10\u00b0 59' 7.0\"\n",
-          "\niptcCityField: Grainau\n", "\nfileIconField: shown\n", "\ngeoTagField: shown\n"}) {
+         {"Name: \u00e9t\u00e9 \u00e0 la plage \u00e9\u00e9\u00e9\u00e9\u00e9.jpg\n",
+          "\nSize: 8.9 KB\n", "\nAltitude: 2962 m\n",
+          "\nCoordinate: N 47\u00b0 25' 15.5\"   E 10\u00b0 59' 7.0\"\n", "\nCity: Grainau\n",
+          "\nPreview: shown\n", "\nMarker: shown\n"}) {
         EXPECT_NE(result.out.find(line), std::string::npos) << line << "in\n" << result.out;
     }
-    const std::string modified = result.out.substr(result.out.find("fileModificationDateField: "));
+    const std::string modified = result.out.substr(result.out.find("Modified: "));
     EXPECT_EQ(modified.substr(0, modified.find('\n')).find("1904"), std::string::npos) << modified;
 }
 
