@@ -1,5 +1,6 @@
 // The program's own drawings, which are compiled in, in fixed sizes and as plain pixels. Before the
-// toolkit reads a picture of whatever format it loads all its plug-ins and asks each of them.
+// toolkit reads a picture of any format it loads all its plug-ins and asks each of them; drawing
+// the icons from SVG, or finding them in the theme, took a quarter of the instructions of a start.
 
 #pragma once
 

@@ -4,6 +4,9 @@
 #include <QToolButton>
 
 namespace {
+// Spares the menu bar the picture of its overflow button, for which the toolkit would load all its
+// picture plug-ins. It is used only while the menu bar is created, since the look of the window
+// must not depend on it.
 class StyleWithoutPictures : public QCommonStyle {
 public:
     QIcon standardIcon(StandardPixmap /*picture*/, const QStyleOption* /*option*/,

@@ -1,5 +1,7 @@
 // A property source for a program without Qt: the pictures are read by a copy of the program itself
-// that is locked in, which takes less than a millisecond to start.
+// that is locked in, which takes less than a millisecond to start. To lock in the whole program and
+// read the picture there would save a fifth of its time, but a picture that crashes its reader
+// would then end the program without an error message.
 
 #pragma once
 

@@ -44,7 +44,8 @@ SizeUnit unitFor(std::uint64_t bytes)
     return {10, kKiloWord, 'K'};
 }
 
-// False when they cannot be made.
+// The formatters are made with the first number: at the start they would delay the window by two
+// milliseconds, for texts that it may never show. False when they cannot be made.
 bool makeSureOfFormatters()
 {
     return baseGuardMemory([] {
