@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Looks for links in the documents that lead to no file of the tree, and to no heading of a document.
+# Finds links in the documents that lead to a file or heading that does not exist.
 # usage: check_links.sh FOLDER
 set -u
 cd "$1" || exit 1
@@ -20,7 +20,7 @@ for document in ./*.md docs/*.md; do
             echo "$document: $link leads nowhere"
             failures=$((failures + 1))
         elif [[ $link == *"#"* ]] && ! anchors "$target" | grep -qxF "${link#*#}"; then
-            echo "$document: $link: there is no such heading"
+            echo "$document: $link: no such heading"
             failures=$((failures + 1))
         fi
     done < <(grep -oE '\]\([^) ]+\)' "$document" | sed 's/^](//; s/)$//')

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Says which of the tests that a document names is not there.
+# Finds tests that a document names and that do not exist.
 # usage: check_named_tests.sh SOURCE_FOLDER DOCUMENT
 set -u
 cd "$1" || exit 1
@@ -10,7 +10,7 @@ while IFS=. read -r suite name; do
     count=$((count + 1))
     grep -rqE "^TEST(_F)?\($suite, ?($name|\$)" tests --include='*.cpp' &&
         grep -rqw "$name" tests --include='*.cpp' && continue
-    echo "$2 names $suite.$name, which is no test"
+    echo "$2 names $suite.$name, which does not exist"
     missing=1
 done < <(grep -oE '`[A-Za-z]+\.[a-z][A-Za-z0-9]{8,}`' "$2" | tr -d '`' | sort -u)
 [ $count -gt 0 ] || {

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Proves that scripts/release notices every disagreement that it is there to notice: in a copy of the
+# Proves that scripts/release detects every disagreement that it should detect: in a copy of the
 # files that name the version, one of them is changed at a time.
 # usage: check_release.sh FOLDER
 set -euo pipefail
@@ -17,15 +17,15 @@ record() {
     git -c user.name=Tests -c user.email=tests@pinorama.example commit -q --allow-empty -m "$1"
 }
 git init -q
-# As on the day of a release, whatever state the tree is in.
+# Pretends that it is the day of the release, whatever state the tree is in.
 day=$(date -u -d "$(sed -n '1,/^ -- /s/^ -- .*>  //p' packaging/changelog.Debian)" +%F)
 sed -i "0,/^## /s/^\(## [^ ]*\) .*/\1 ($day)/" CHANGELOG.md
 record "As on the day of a release"
 
 failures=0
 count=0
-# accepts NAME [--draft], complains NAME COMPLAINT [--draft]: what scripts/release says to the copy as
-# it is, which is then restored.
+# accepts NAME [--draft], complains NAME LABEL [--draft]: checks what scripts/release says about the copy as
+# it is, and restores the copy.
 accepts() {
     local name=$1 answer
     count=$((count + 1))
@@ -41,7 +41,7 @@ complains() {
     answer=$(scripts/release "${@:3}" 2>&1) || status=$?
     if [ $status -ne 1 ] || [ "$(grep -c 'but it should be' <<<"$answer")" -ne 1 ] ||
         ! grep -q "^$complaint .*but it should be" <<<"$answer"; then
-        printf '%s: status %d, should be 1 with one complaint, of "%s":\n%s\n' \
+        printf '%s: status %d, should be 1 with one message, for "%s":\n%s\n' \
             "$name" $status "$complaint" "$answer"
         failures=$((failures + 1))
     fi
@@ -80,13 +80,13 @@ complains "a release without a date" "CHANGELOG.md, date"
 git reset -q --hard HEAD~1
 
 sed -i '1s/.*/# Another heading/' CHANGELOG.md
-complains "a change that is not committed" "changes that are not committed"
+complains "a change that is not committed" "uncommitted changes"
 
 touch stray
-complains "a file that is not committed" "changes that are not committed"
+complains "a file that is not committed" "uncommitted changes"
 
 git tag "v$version"
-complains "a tag that exists" "tags of this version"
+complains "a tag that exists" "existing tags of this version"
 git tag -d "v$version" >/dev/null
 
 sed -i 's/^\( *VERSION \)[0-9.]*$/\19.8/' CMakeLists.txt
