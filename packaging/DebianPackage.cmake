@@ -1,12 +1,12 @@
 # The Debian packages that `cpack` makes: the program, and a small package for each file manager that
-# can tell of its selection by itself.
+# can report its selection itself.
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME pinorama)
 set(CPACK_PACKAGE_VERSION "${PROJECT_VERSION}")
 set(CPACK_PACKAGE_CONTACT "The Pinorama developers <pinorama@pinorama.example>")
 set(CPACK_PACKAGE_VENDOR "The Pinorama developers")
-# Every package has a first line of its own.
+# Each package sets its own synopsis.
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
@@ -27,26 +27,26 @@ set(CPACK_DEBIAN_PINORAMA_PACKAGE_RECOMMENDS
     "at-spi2-core, libqt6svg6, qt6-translations-l10n, qt6-wayland, shared-mime-info")
 set(CPACK_DEBIAN_PINORAMA_PACKAGE_SUGGESTS "marble, qt6-image-formats-plugins")
 set(CPACK_COMPONENT_PINORAMA_DESCRIPTION
-    "tell where the picture selected in the file manager was taken
+    "show where the picture selected in the file manager was taken
 Pinorama keeps one small window open beside the file manager. Select a
-picture there, and the window tells where it was taken: preview, size,
+picture there, and the window shows where it was taken: preview, size,
 dates, coordinate, altitude, direction of view, and the place names that
-the photographer wrote into it. It reads JPEG and the raw formats of the
+the photographer wrote into it. It reads JPEG and the raw formats of
 common cameras.
 
 From the window you can fly a globe program to the place, save it as a
-KML placemark, open it in web maps, and ask a picture catalogue for what
-was taken nearby. pinorama-info prints the same facts on a terminal, for
-one picture or for many.")
+KML placemark, open it in web maps, and search a picture catalogue for
+everything taken nearby. pinorama-info prints the same facts in a
+terminal, for one picture or for many.")
 
 # pinorama_file_manager_package(NAME TITLE FOLDER BINDING GAIN) makes the package NAME-pinorama with the
-# extension for one file manager. BINDING is the package that lets Python extend it, FOLDER the place
-# where that looks for extensions, and GAIN the end of the sentence about what the package is good for.
-# The same file serves all of them.
+# extension for one file manager. BINDING is the package with its Python binding, FOLDER the place where
+# that looks for extensions, and GAIN the end of the sentence that says what the package adds. All of them
+# install the same file.
 function(pinorama_file_manager_package name title folder binding gain)
     install(FILES extensions/pinorama_selection.py COMPONENT ${name}
         DESTINATION "${CMAKE_INSTALL_DATADIR}/${folder}/extensions")
-    # What only a package needs.
+    # Only packages need these.
     install(FILES copyright "${changelog}" COMPONENT ${name} EXCLUDE_FROM_ALL
         DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/${name}-pinorama")
     set(overrides "${CMAKE_CURRENT_BINARY_DIR}/lintian-overrides-${name}")
@@ -61,25 +61,25 @@ function(pinorama_file_manager_package name title folder binding gain)
     set(CPACK_DEBIAN_${upper}_PACKAGE_DEPENDS "pinorama (>= ${PROJECT_VERSION}), ${binding}, python3-gi" PARENT_SCOPE)
     set(CPACK_DEBIAN_${upper}_PACKAGE_ENHANCES "${name}" PARENT_SCOPE)
     set(CPACK_COMPONENT_${upper}_DESCRIPTION
-        "tell Pinorama what is selected in ${title}
+        "report the selection in ${title} to Pinorama
 Pinorama shows where the picture selected in the file manager was taken.
-It follows the selection of ${title} without this package too; with it
+It follows the selection of ${title} even without this package; with it
 ${gain}
 
-A file manager that is running has to be started again to load it."
+Restart a running file manager to load the extension."
         PARENT_SCOPE)
 endfunction()
-set(tells_itself "the file manager tells of each change itself, which is exact in every
+set(tells_itself "the file manager reports each change itself, which is exact in every
 view and takes less work.")
 pinorama_file_manager_package(nautilus Nautilus nautilus-python "python3-nautilus" "${tells_itself}")
 pinorama_file_manager_package(caja Caja caja-python "python3-caja" "${tells_itself}")
 pinorama_file_manager_package(nemo Nemo nemo-python "nemo-python"
-    "the file manager also tells what is selected when its context menu opens.")
+    "the file manager also reports the selection when its context menu opens.")
 pinorama_file_manager_package(thunar Thunar thunarx-python "thunarx-python, gir1.2-thunarx-3.0"
-    "the file manager also tells in which folder the selection is.")
+    "the file manager also reports the folder of the selection.")
 
-# What the programs contain of other packages: the C++ library in pinorama-info, headers that are all of
-# their library, and what ICU says of the regions.
+# The parts of other packages that the programs contain: the C++ library in pinorama-info, header-only
+# libraries, and the locale data from ICU.
 execute_process(COMMAND "${CMAKE_CXX_COMPILER}" -print-file-name=libstdc++.a
     OUTPUT_VARIABLE cxx_library OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
 find_path(PINORAMA_NLOHMANN_JSON nlohmann/json.hpp REQUIRED)
@@ -90,6 +90,6 @@ set(CPACK_PINORAMA_CONTAINED
     "${PINORAMA_ICU}/unicode/uversion.h")
 set(CPACK_POST_BUILD_SCRIPTS "${CMAKE_CURRENT_SOURCE_DIR}/StaticBuiltUsing.cmake")
 
-# Named here, because a list of one component would otherwise count as no components at all.
+# Set here, because CPack would otherwise treat a single component as none.
 get_cmake_property(CPACK_COMPONENTS_ALL COMPONENTS)
 include(CPack)

@@ -1,8 +1,8 @@
-# Run by cpack when the packages are made: tells Debian's archive tools which source packages are part of
-# the programs, in the field Static-Built-Using, which cpack knows nothing of. When one of them is
-# mended, the program has to be built anew.
+# Run by cpack when it makes the packages: adds the field Static-Built-Using, which cpack does not support.
+# It names the source packages of which the programs contain parts, so that Debian's archive tools know that
+# the programs have to be rebuilt when one of those is fixed.
 #
-# CPACK_PINORAMA_CONTAINED  a file of each package that the programs contain something of
+# CPACK_PINORAMA_CONTAINED  a file from each package of which the programs contain a part
 
 foreach(file IN LISTS CPACK_PINORAMA_CONTAINED)
     file(REAL_PATH "${file}" file)

@@ -1,8 +1,8 @@
-"""Tells Pinorama what is selected in this file manager, at the moment in which it changes.
+"""Reports the selection of this file manager to Pinorama, the moment it changes.
 
 One file for Nautilus, Nemo, Caja and Thunar, which load it through their Python bindings
 (python3-nautilus, nemo-python, python3-caja, thunarx-python). It adds nothing to their menus: a menu
-provider is asked for its items whenever the selection changes, and that is all it is here for.
+provider is asked for its items whenever the selection changes, which is the only reason to be one.
 Without Pinorama on the session bus it does nothing."""
 
 import gi
@@ -10,7 +10,7 @@ from gi.repository import Gio, GLib, GObject
 
 SERVICE = "org.pinorama.Selection1"
 OBJECT = "/org/pinorama/Selection"
-MOST_URIS = 64  # Pinorama looks at one; further ones only tell that there are several
+MOST_URIS = 64  # Pinorama reads one; any further ones only show that there are several
 
 with open("/proc/self/comm", encoding="ascii", errors="replace") as comm:
     HOST = comm.read().strip().lower()
@@ -40,8 +40,8 @@ Binding = loadBinding()
 
 
 def uriOf(file):
-    """A file address where there is one: what is recent, starred or found, and what is mounted from
-    elsewhere, lies in the file system as well."""
+    """The file URI if there is one: recent, starred and found files, and those on mounted network
+    folders, are in the file system as well."""
     uri = file.get_uri()
     if not uri.startswith("file:"):
         path = file.get_location().get_path()
@@ -51,17 +51,17 @@ def uriOf(file):
 
 
 def titleOf(window):
-    """The title of a window that has the focus, "" for any other: what changes there by itself, as
-    when a file vanishes, must not be taken for what the user has selected. Asked for as properties,
-    because the toolkit's own binding need not be installed."""
+    """The title of the window if it has the focus, else "": a selection that changes by itself, as
+    when a file vanishes, must not be taken for the user's. Read as properties, because the toolkit's
+    own binding may not be installed."""
     if window is None or not window.get_property("is-active"):
         return ""
     return window.get_property("title") or ""
 
 
 class Pusher:
-    """Sends the selection to Pinorama while that is on the bus. What was selected before it came is
-    not told: which window that was in cannot be known any more."""
+    """Sends the selection to Pinorama while Pinorama is on the bus. What was selected earlier is not
+    sent: there is no way to know in which window that was."""
 
     def __init__(self):
         self.bus = None
@@ -72,7 +72,7 @@ class Pusher:
         try:
             self.bus = Gio.bus_get_finish(result)
         except GLib.Error:
-            return  # no session bus, nobody to tell
+            return  # no session bus, nobody to report to
         Gio.bus_watch_name_on_connection(self.bus, SERVICE, Gio.BusNameWatcherFlags.NONE,
                                          self._onHere, self._onGone)
 
@@ -83,11 +83,11 @@ class Pusher:
         self.isHeard = False
 
     def push(self, files, title):
-        """An empty title says that it is not known what is selected."""
+        """An empty title means that the selection is unknown."""
         if not self.isHeard:
             return
         uris = [uriOf(file) for file in files[:MOST_URIS]] if title else []
-        # Without a callback no answer is asked for, and a name that is not there starts nothing.
+        # Without a callback no reply is requested, and an absent service is not started.
         self.bus.call(SERVICE, OBJECT, SERVICE, "Push", GLib.Variant("(ass)", (uris, title)), None,
                       Gio.DBusCallFlags.NO_AUTO_START, 1000, None, None)
 
@@ -96,10 +96,10 @@ PUSHER = Pusher()
 
 
 class Change:
-    """One change of the selection. A file manager asks for the items of the selected files, and, some
-    with every change and some when nothing is selected, for those of the folder as well."""
+    """One change of the selection. A file manager asks for the menu items of the selected files; some
+    ask for those of the folder as well, with every change or only when nothing is selected."""
 
-    files = None  # of the change that is going on
+    files = None  # of the current change
 
     @classmethod
     def begin(cls, files):
@@ -113,14 +113,14 @@ class Change:
 
 
 class Windows:
-    """The windows of Nautilus since 43, which does not say which of them asks. It is the one in front,
-    if that shows the folder, and no other window does."""
+    """The windows of Nautilus 43 and later, which does not say which window asks. It is the active one
+    if that shows the folder and no other window does."""
 
-    references = []  # weak; every window is in front when it is new
+    references = []  # weak; every window is active when it is new
 
     @classmethod
     def titleFor(cls, folder):
-        """None when another window asks, whose selection nobody wants to know."""
+        """None if another window asks, whose selection does not matter."""
         application = Gio.Application.get_default()
         window = application.get_property("active-window") if application else None
         if cls._folderOf(window) is None:
@@ -150,12 +150,12 @@ class Windows:
 def filesAsked(files, window=None):
     Change.begin(files)
     if window is None:
-        return  # Nautilus since 43; it asks for the folder's items next
+        return  # Nautilus 43 and later asks for the folder's items next
     title = titleOf(window)
     if HOST == "caja" and files:
         folder = files[0].get_location().get_parent()
         if folder is None or folder.get_basename() != title:
-            title = ""  # perhaps the pane without the focus
+            title = ""  # may be the pane without the focus
     PUSHER.push(files, title)
 
 
@@ -171,7 +171,7 @@ def folderAsked(folder, window=None):
 
 
 def heard(tell, arguments):
-    """`arguments` begin with the window, except in Nautilus since 43."""
+    """`arguments` begin with the window, except in Nautilus 43 and later."""
     try:
         tell(arguments[-1], *arguments[:-1])
     except Exception as error:  # pylint: disable=broad-except
