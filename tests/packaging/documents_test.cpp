@@ -243,8 +243,8 @@ TEST(documents, countWhatThereIs)
     const auto raw = std::count_if(extensions.begin(), extensions.end(), [](const auto& ending) {
         return ending != "jpg" && ending != "jpeg";
     });
-    EXPECT_EQ(said("([0-9]+) endings of raw files"), std::to_string(raw));
-    EXPECT_EQ(said("has ([a-z]+) maps"), "nine");
+    EXPECT_EQ(said("([0-9]+) raw extensions"), std::to_string(raw));
+    EXPECT_EQ(said("offers ([a-z]+) maps"), "nine");
     const std::string services = documentOf("resources/strings/en/GPS.strings");
     EXPECT_NE(services.find("\"a9\" = "), std::string::npos);
     EXPECT_EQ(services.find("\"a10\" = "), std::string::npos);
