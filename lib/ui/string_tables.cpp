@@ -5,6 +5,7 @@
 #include "lib/text/locale.h"
 #include "lib/ui/strings_table.h"
 
+#include <cerrno>  // program_invocation_short_name
 #include <cstdio>
 #include <cstdlib>
 #include <deque>
@@ -104,8 +105,8 @@ const StringsTable& userTableOf(std::string_view name)
         table.texts = StringsTable(*bytes);
     }
     for (const std::size_t line : table.texts.damagedLines()) {
-        std::fprintf(stderr, "%s:%zu: skipped, this is not of the form \"key\" = \"value\";\n",
-                     path.c_str(), line);
+        std::fprintf(stderr, "%s: %s:%zu: malformed line skipped, expected \"key\" = \"value\";\n",
+                     program_invocation_short_name, path.c_str(), line);
     }
     return gUserTables.tables.emplace_back(std::move(table)).texts;
 }

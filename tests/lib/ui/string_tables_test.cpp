@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <filesystem>
 
 namespace {
@@ -294,7 +295,8 @@ TEST(iuSetUserTableFolder, aDamagedLineIsNamedOnceAndSkipped)
         EXPECT_EQ(localized("a3", "GPS"), "Third");
     }
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              path + ":2: skipped, this is not of the form \"key\" = \"value\";\n");
+              program_invocation_short_name + (": " + path) +
+                  ":2: malformed line skipped, expected \"key\" = \"value\";\n");
     iuSetUserTableFolder(nullptr);
 }
 
