@@ -120,10 +120,10 @@ TEST(ReaderClient, givesUpAReaderThatIsInALoop)
     };
     const auto properties = timeOf([&] { return propertiesOf(client, loop).outcome; });
     EXPECT_GE(properties, 490ms);
-    EXPECT_LT(properties, 9s) << "nothing but the end of all patience helped";
+    EXPECT_LT(properties, 50s) << "nothing but the end of all patience helped";
     const auto preview = timeOf([&] { return previewOf(client, loop).outcome; });
     EXPECT_GE(preview, 590ms);
-    EXPECT_LT(preview, 9s);
+    EXPECT_LT(preview, 50s);
     expectGoodPicture(client, pictures);
 }
 

@@ -82,9 +82,9 @@ private:
 
 TEST(ReaderClient, noFaultOfTheReaderDoesHarmOrOutlivesIt)
 {
-    const Victim victim;
     for (const auto& row : kFaults) {
         SCOPED_TRACE(row.fault);
+        const Victim victim;
         const Pictures pictures;
         ReaderClient client(faultyReader(), test::shortLimits());
         expectGoodPicture(client, pictures);

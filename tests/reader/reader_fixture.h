@@ -107,8 +107,8 @@ inline platform::ReaderLimits shortLimits()
     using namespace std::chrono_literals;
     platform::ReaderLimits limits;
     limits.start.silence = 2s;
-    limits.properties = {.processor = 500ms, .silence = 1500ms, .whole = 10s};
-    limits.preview = {.processor = 600ms, .silence = 1600ms, .whole = 10s};
+    limits.properties = {.processor = 500ms, .silence = 1500ms, .whole = 1min};
+    limits.preview = {.processor = 600ms, .silence = 1600ms, .whole = 1min};
     return limits;
 }
 
