@@ -5,6 +5,7 @@
 #include <QIcon>
 #include <QMessageBox>
 
+namespace pinorama {
 namespace {
 struct AboutBox {
     Q_DECLARE_TR_FUNCTIONS(AboutBox)
@@ -44,3 +45,5 @@ void appShowAboutBox(QWidget* parent)
     box->setStandardButtons(QMessageBox::Close);
     box->open();
 }
+
+}  // namespace pinorama

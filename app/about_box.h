@@ -4,5 +4,9 @@
 
 class QWidget;
 
+namespace pinorama {
+
 // Shows the box over `parent` and returns at once; it goes away by itself.
 void appShowAboutBox(QWidget* parent);
+
+}  // namespace pinorama

@@ -6,7 +6,7 @@
 
 #include <QPushButton>
 
-using platform::AccessibilityAdvice;
+namespace pinorama {
 
 AccessibilityNotice::AccessibilityNotice(const QString& fileManager, QWidget* parent)
     : Notice(QStringLiteral("accessibilityNotice"), parent),
@@ -35,7 +35,7 @@ void AccessibilityNotice::showSwitched(bool isOn)
                   "hand."));
 }
 
-void app::offerAccessibility(AccessibilityAdvice& advice, AppController& controller)
+void offerAccessibility(AccessibilityAdvice& advice, AppController& controller)
 {
     const auto show = [&advice, &controller](const QString& fileManager) {
         auto* notice = new AccessibilityNotice(fileManager, controller.myWindow);
@@ -57,3 +57,5 @@ void app::offerAccessibility(AccessibilityAdvice& advice, AppController& control
                      &AccessibilityAdvice::setWanted);
     advice.setWanted(controller.syncCheckbox->isChecked());
 }
+
+}  // namespace pinorama

@@ -6,11 +6,10 @@
 
 #include "app/notice.h"
 
-class AppController;
+namespace pinorama {
 
-namespace platform {
+class AppController;
 class AccessibilityAdvice;
-}
 
 class AccessibilityNotice : public Notice {
     Q_OBJECT
@@ -31,10 +30,8 @@ private:
     QPushButton* switchButton_;
 };
 
-namespace app {
-
 // Puts the notice into the window when it is needed, as long as the check box is on. Both arguments
 // must live until the event loop has ended.
-void offerAccessibility(platform::AccessibilityAdvice& advice, AppController& controller);
+void offerAccessibility(AccessibilityAdvice& advice, AppController& controller);
 
-}  // namespace app
+}  // namespace pinorama

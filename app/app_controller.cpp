@@ -20,11 +20,12 @@
 
 #include <string>
 
+namespace pinorama {
 namespace {
 constexpr int kSelectionInterval = 200;  // milliseconds
 }  // namespace
 
-AppController::AppController(platform::SelectionSource* selection, platform::AddressOpener* opener,
+AppController::AppController(SelectionSource* selection, AddressOpener* opener,
                              std::unique_ptr<MainWindow> window)
     : window_(window ? std::move(window) : std::make_unique<MainWindow>()),
       selection_(selection),
@@ -50,7 +51,7 @@ bool AppController::init()
 {
     QApplication::setQuitOnLastWindowClosed(applicationShouldTerminateAfterLastWindowClosed());
     iuRegisterApplicationBundle();
-    const StringHolder identifier(platform::createString(kApplicationIdentifier));
+    const StringHolder identifier(createString(kApplicationIdentifier));
     initStringBundle(identifier.get());
     tovStringInitString();
     convInit();
@@ -118,7 +119,7 @@ void AppController::updateSelection()
     if (syncCheckbox->checkState() != Qt::Checked) return;
     const ObjectHolder<TovArrayRef> selection(getFinderSelection());
     if (TovArrayGetCount(selection.get()) != 1) return;
-    updateValuesForNewPath(platform::asString(TovArrayGetValue(selection.get(), 0)));
+    updateValuesForNewPath(asString(TovArrayGetValue(selection.get(), 0)));
 }
 
 TovArrayRef AppController::getFinderSelection()
@@ -128,8 +129,10 @@ TovArrayRef AppController::getFinderSelection()
     if (selected.empty()) return nullptr;
     ObjectHolder<TovArrayRef> paths(TovArrayCreate());
     for (const std::string& path : selected) {
-        const StringHolder text(platform::createPathText(path));
+        const StringHolder text(createPathText(path));
         TovArrayAppend(paths.get(), text.get());
     }
     return paths.take();
 }
+
+}  // namespace pinorama

@@ -24,20 +24,20 @@
 #include <cstdint>
 #include <memory>
 
-class ElidedField;
-class MainWindow;
-class PictureField;
-class PopUpMenu;
 class QCheckBox;
 class QLabel;
 class QMimeData;
 class QPushButton;
+
+namespace pinorama {
+
+class ElidedField;
+class MainWindow;
+class PictureField;
+class PopUpMenu;
 class ReadingNotice;
 class WrappedField;
-
-namespace platform {
 struct PropertyResult;
-}
 
 class AppController : public QObject {
     Q_OBJECT
@@ -48,8 +48,7 @@ public:
     //   selection  tells what is selected in the file manager; borrowed, null for nothing ever.
     //   opener     opens web addresses; borrowed, null for the desktop's own way.
     //   window     the window when it was shown ahead; it gets its views. Null for a new one.
-    explicit AppController(platform::SelectionSource* selection = nullptr,
-                           platform::AddressOpener* opener = nullptr,
+    explicit AppController(SelectionSource* selection = nullptr, AddressOpener* opener = nullptr,
                            std::unique_ptr<MainWindow> window = nullptr);
     ~AppController() override;
 
@@ -168,7 +167,7 @@ public Q_SLOTS:
     // of the path that is shown.
     //
     //   ticket  as of LateProperties.
-    void showLateLocation(std::uint32_t ticket, const platform::PropertyResult& result);
+    void showLateLocation(std::uint32_t ticket, const PropertyResult& result);
 
 private:
     void connectOutlets();
@@ -190,12 +189,14 @@ private:
     void openAddress(TovStringRef address);
 
     std::unique_ptr<MainWindow> window_;
-    platform::SelectionSource* selection_;
-    platform::DesktopAddressOpener desktopOpener_;
-    platform::AddressOpener* opener_;
-    platform::GlobePrograms globes_;
+    SelectionSource* selection_;
+    DesktopAddressOpener desktopOpener_;
+    AddressOpener* opener_;
+    GlobePrograms globes_;
     PreviewLoader previews_;
     std::uint32_t awaitedLocation_ = 0;       // the ticket of the place that is to come; 0 for none
     QTimer slowPreview_;                      // runs out when a preview has taken long
     ReadingNotice* readingNotice_ = nullptr;  // the window's; null until it is needed
 };
+
+}  // namespace pinorama

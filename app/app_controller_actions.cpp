@@ -29,6 +29,8 @@
 #include <filesystem>
 #include <memory>
 
+namespace pinorama {
+
 void AppController::connectOutlets()
 {
     myWindow = window_.get();
@@ -81,17 +83,17 @@ void AppController::connectActions()
     connect(window->homePageAction, &QAction::triggered, this, &AppController::poweredBySkallion);
     connect(window->donateAction, &QAction::triggered, this, &AppController::donate);
     connect(window->aboutAction, &QAction::triggered, this, &AppController::showAboutBox);
-    connect(&globes_, &platform::GlobePrograms::busyChanged, this, [this](bool isBusy) {
+    connect(&globes_, &GlobePrograms::busyChanged, this, [this](bool isBusy) {
         if (isBusy) {
             myWindow->setCursor(Qt::BusyCursor);
         } else {
             myWindow->unsetCursor();
         }
     });
-    gpsSetGlobeLink([this](const platform::GlobeView& view) { globes_.show(view); });
+    gpsSetGlobeLink([this](const GlobeView& view) { globes_.show(view); });
 
     connect(window, &MainWindow::fileDropped, this, [this](const QByteArray& path) {
-        const StringHolder text(platform::createPathText(path.toStdString()));
+        const StringHolder text(createPathText(path.toStdString()));
         applicationOpenFile(text.get());
     });
 }
@@ -131,7 +133,7 @@ void AppController::exportToKML()
             const StringHolder title(cuCreateText(pictureName));
             const bool isSaved =
                 gpsSaveKML(QFile::encodeName(file).toStdString(), location, title.get());
-            app::showExportResult(*myWindow, file, isSaved ? 0 : errno);
+            showExportResult(*myWindow, file, isSaved ? 0 : errno);
         },
         myWindow);
     dialog->open();
@@ -173,15 +175,14 @@ void AppController::copyDecimalDegrees()
 void AppController::openPicture()
 {
     // Beside the picture that is shown, and at first among the user's pictures.
-    const QString folder =
-        lastPath != nullptr
-            ? QFileInfo(QFile::decodeName(platform::pathBytes(lastPath).c_str())).path()
-            : QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
+    const QString folder = lastPath != nullptr
+                               ? QFileInfo(QFile::decodeName(pathBytes(lastPath).c_str())).path()
+                               : QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
     auto* dialog = new QFileDialog(myWindow, tr("Open Picture"), folder);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFile);
     connect(dialog, &QFileDialog::fileSelected, this, [this](const QString& file) {
-        const StringHolder path(platform::createPathText(QFile::encodeName(file).toStdString()));
+        const StringHolder path(createPathText(QFile::encodeName(file).toStdString()));
         applicationOpenFile(path.get());
     });
     dialog->open();
@@ -190,15 +191,17 @@ void AppController::openPicture()
 void AppController::showManual()
 {
     const std::string manual =
-        std::filesystem::path(platform::documentFolder() + "/manual.md").lexically_normal();
+        std::filesystem::path(documentFolder() + "/manual.md").lexically_normal();
     if (!QFile::exists(QFile::decodeName(manual.c_str()))) {
         poweredBySkallion();
         return;
     }
-    opener_->open(QByteArray::fromStdString(platform::fileURIOfPath(manual)));
+    opener_->open(QByteArray::fromStdString(fileURIOfPath(manual)));
 }
 
 void AppController::showAboutBox()
 {
     appShowAboutBox(myWindow);
 }
+
+}  // namespace pinorama

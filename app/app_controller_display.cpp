@@ -16,6 +16,7 @@
 
 #include <QAction>
 
+namespace pinorama {
 namespace {
 constexpr QSizeF kPreviewSize(128, 128);  // points
 
@@ -29,7 +30,7 @@ void showOwned(QWidget* field, TovStringRef text)
 
 bool AppController::updateValuesForNewPath(TovStringRef path)
 {
-    if (path == nullptr || platform::equalUnits(path, lastPath)) return false;
+    if (path == nullptr || equalUnits(path, lastPath)) return false;
     TovStringRelease(&lastPath);
     lastPath = TovStringGetCopy(path);
     forgetReading();
@@ -78,20 +79,20 @@ void AppController::requestPreview()
     // It comes through the event loop: the texts are there at once, and while the selection moves
     // on quickly only the last picture is drawn.
     fileIconField->clear();
-    fileIconField->setFile(QByteArray::fromStdString(platform::pathBytes(lastPath)));
+    fileIconField->setFile(QByteArray::fromStdString(pathBytes(lastPath)));
     previews_.request(lastPath, kPreviewSize, myWindow->devicePixelRatioF());
 }
 
 void AppController::showPreview(const QByteArray& path, const QPixmap& preview)
 {
-    if (path.toStdString() != platform::pathBytes(lastPath)) return;
+    if (path.toStdString() != pathBytes(lastPath)) return;
     fileIconField->setPixmap(preview);
     endReading();
 }
 
 void AppController::showReaderMissing(const QByteArray& path)
 {
-    if (path.toStdString() != platform::pathBytes(lastPath)) return;
+    if (path.toStdString() != pathBytes(lastPath)) return;
     fileIconField->setText(
         tr("Pictures cannot be read: the program pinorama-reader does not start."));
     endReading();
@@ -134,3 +135,5 @@ void AppController::setLocationActions(bool enabled)
     }
     geoTagField->setVisible(enabled);
 }
+
+}  // namespace pinorama

@@ -10,11 +10,11 @@
 #include "location/property_dictionary.h"
 #include "previews/late_properties.h"
 
+namespace pinorama {
 namespace {
 // A large picture takes its time on any disk; nobody needs to be told at once.
 constexpr int kSlowPreview = 1500;  // milliseconds
 
-using platform::ReadOutcome;
 }  // namespace
 
 void AppController::connectReading()
@@ -48,7 +48,7 @@ void AppController::awaitLocation()
     if (awaitedLocation_ != 0) sayStillReading();
 }
 
-void AppController::showLateLocation(std::uint32_t ticket, const platform::PropertyResult& result)
+void AppController::showLateLocation(std::uint32_t ticket, const PropertyResult& result)
 {
     if (ticket == 0 || ticket != awaitedLocation_) return;
     awaitedLocation_ = 0;
@@ -60,15 +60,14 @@ void AppController::showLateLocation(std::uint32_t ticket, const platform::Prope
     }
     endReading();
     if (result.outcome != ReadOutcome::found) return;
-    const ObjectHolder<TovDictionaryRef> properties(
-        platform::createPropertyDictionary(result.properties));
+    const ObjectHolder<TovDictionaryRef> properties(createPropertyDictionary(result.properties));
     gpsPrepareInfoRecord(&info);
     showLocationFound(gpsFillInfoFromProperties(properties.get(), &info));
 }
 
 void AppController::showReaderStuck(const QByteArray& path)
 {
-    if (path.toStdString() == platform::pathBytes(lastPath)) sayNotRead();
+    if (path.toStdString() == pathBytes(lastPath)) sayNotRead();
 }
 
 void AppController::endReading()
@@ -95,3 +94,5 @@ ReadingNotice* AppController::readingNotice()
     }
     return readingNotice_;
 }
+
+}  // namespace pinorama

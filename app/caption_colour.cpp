@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+namespace pinorama {
 namespace {
 constexpr double kSmallestContrast = 4.5;
 constexpr int kQuietest = 72;  // percent of the way from the background to the text
@@ -28,13 +29,13 @@ QColor between(const QColor& background, const QColor& text, float strength)
 }
 }  // namespace
 
-double app::contrastRatio(const QColor& one, const QColor& other)
+double contrastRatio(const QColor& one, const QColor& other)
 {
     const auto [darker, brighter] = std::minmax({luminance(one), luminance(other)});
     return (brighter + 0.05) / (darker + 0.05);
 }
 
-QColor app::captionColour(const QColor& background, const QColor& text)
+QColor captionColour(const QColor& background, const QColor& text)
 {
     for (int percent = kQuietest; percent < 100; percent += kStep) {
         const QColor colour = between(background, text, static_cast<float>(percent) / 100.0F);
@@ -42,3 +43,5 @@ QColor app::captionColour(const QColor& background, const QColor& text)
     }
     return text;
 }
+
+}  // namespace pinorama

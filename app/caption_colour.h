@@ -4,7 +4,7 @@
 
 #include <QColor>
 
-namespace app {
+namespace pinorama {
 
 // The contrast between two opaque colours, from 1 for none to 21 for black on white.
 // Source: Web Content Accessibility Guidelines 2.1, "contrast ratio".
@@ -14,4 +14,4 @@ double contrastRatio(const QColor& one, const QColor& other);
 // contrast of 4.5 (level AA of the same guidelines). `text` itself when even that has less.
 QColor captionColour(const QColor& background, const QColor& text);
 
-}  // namespace app
+}  // namespace pinorama

@@ -7,28 +7,29 @@
 #include <filesystem>
 #include <string_view>
 
+namespace pinorama {
 namespace {
 struct Flag {
     std::string_view name;
     std::string_view shortName;
-    bool app::CommandLine::*field;
+    bool CommandLine::*field;
 };
 
 struct Setting {
     std::string_view name;
-    std::optional<std::string> app::CommandLine::*field;
+    std::optional<std::string> CommandLine::*field;
 };
 
 constexpr std::array kFlags = {
-    Flag{"--help", "-h", &app::CommandLine::help},
-    Flag{"--version", "-v", &app::CommandLine::version},
-    Flag{"--service", "", &app::CommandLine::service},
+    Flag{"--help", "-h", &CommandLine::help},
+    Flag{"--version", "-v", &CommandLine::version},
+    Flag{"--service", "", &CommandLine::service},
 };
 
 constexpr std::array kSettings = {
-    Setting{"--service-text", &app::CommandLine::serviceText},
-    Setting{"--action", &app::CommandLine::action},
-    Setting{"--print-and-save", &app::CommandLine::printAndSave},
+    Setting{"--service-text", &CommandLine::serviceText},
+    Setting{"--action", &CommandLine::action},
+    Setting{"--print-and-save", &CommandLine::printAndSave},
 };
 
 constexpr std::array kActions = {"home", "donate", "quit"};
@@ -36,7 +37,7 @@ constexpr std::array kActions = {"home", "donate", "quit"};
 std::string absolutePath(const std::string& argument)
 {
     if (argument.starts_with("file://")) {
-        if (const auto path = platform::pathOfFileURI(argument)) return *path;
+        if (const auto path = pathOfFileURI(argument)) return *path;
     }
     std::string_view relative = argument;
     while (relative.starts_with("./")) relative.remove_prefix(2);
@@ -47,8 +48,8 @@ std::string absolutePath(const std::string& argument)
 }
 }  // namespace
 
-std::optional<app::CommandLine> app::parseCommandLine(const std::vector<std::string>& arguments,
-                                                      std::string* outError)
+std::optional<CommandLine> parseCommandLine(const std::vector<std::string>& arguments,
+                                            std::string* outError)
 {
     CommandLine line;
     bool onlyPaths = false;
@@ -93,13 +94,13 @@ std::optional<app::CommandLine> app::parseCommandLine(const std::vector<std::str
     return line;
 }
 
-std::string app::shortUsage()
+std::string shortUsage()
 {
     return "usage: pinorama [OPTION...] [PICTURE...]\n"
            "       pinorama --help | --version\n";
 }
 
-std::string app::usageText()
+std::string usageText()
 {
     return shortUsage() +
            "\nShows where the picture selected in the file manager was taken. Of several pictures "
@@ -116,3 +117,5 @@ std::string app::usageText()
            "  -v, --version          print the version\n"
            "\nExit status: 0 on success, 1 on failure, 2 for wrong usage.\n";
 }
+
+}  // namespace pinorama

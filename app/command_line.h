@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace app {
+namespace pinorama {
 
 struct CommandLine {
     bool help = false;
@@ -32,4 +32,4 @@ std::string shortUsage();
 // The text that --help prints.
 std::string usageText();
 
-}  // namespace app
+}  // namespace pinorama

@@ -6,6 +6,7 @@
 
 #include <cstring>
 
+namespace pinorama {
 namespace {
 constexpr char kEndOfHeader[] = "\nENDHDR\n";
 constexpr int kBytesOfPixel = 4;
@@ -21,7 +22,7 @@ int numberOf(const QByteArrayList& header, const QByteArray& key)
 }
 }  // namespace
 
-QImage app::readDrawing(const QString& file)
+QImage readDrawing(const QString& file)
 {
     QFile drawing(file);
     if (!drawing.open(QIODevice::ReadOnly)) return {};
@@ -45,7 +46,7 @@ QImage app::readDrawing(const QString& file)
     return image;
 }
 
-QIcon app::drawnIcon(const QString& name, std::initializer_list<int> sizes)
+QIcon drawnIcon(const QString& name, std::initializer_list<int> sizes)
 {
     QIcon icon;
     for (const int size : sizes) {
@@ -54,3 +55,5 @@ QIcon app::drawnIcon(const QString& name, std::initializer_list<int> sizes)
     }
     return icon;
 }
+
+}  // namespace pinorama

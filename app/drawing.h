@@ -9,7 +9,7 @@
 
 #include <initializer_list>
 
-namespace app {
+namespace pinorama {
 
 // Reads a PAM file (Netpbm) of the kind RGB_ALPHA, 8 bits each. Null when it is none.
 QImage readDrawing(const QString& file);
@@ -17,4 +17,4 @@ QImage readDrawing(const QString& file);
 // An icon of the drawing `name` in the sizes that exist of it, in pixels.
 QIcon drawnIcon(const QString& name, std::initializer_list<int> sizes);
 
-}  // namespace app
+}  // namespace pinorama

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 
+namespace pinorama {
 namespace {
 // QLineEdit keeps this distance to its frame on the left and on the right.
 constexpr int kLineMargin = 2;
@@ -88,3 +89,5 @@ QRect ElidedField::textRect() const
 {
     return rect().adjusted(kLineMargin, 0, -kLineMargin, 0);
 }
+
+}  // namespace pinorama

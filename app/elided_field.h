@@ -6,6 +6,8 @@
 
 #include <QLineEdit>
 
+namespace pinorama {
+
 class ElidedField : public QLineEdit {
     Q_OBJECT
 
@@ -23,3 +25,5 @@ protected:
 private:
     QRect textRect() const;
 };
+
+}  // namespace pinorama

@@ -6,6 +6,7 @@
 
 #include <utility>
 
+namespace pinorama {
 namespace {
 const QString kSuffix = QStringLiteral("kml");
 
@@ -86,3 +87,5 @@ void ExportDialog::accept()
         finish();
     }
 }
+
+}  // namespace pinorama

@@ -8,6 +8,8 @@
 
 #include <functional>
 
+namespace pinorama {
+
 class ExportDialog : public QFileDialog {
     Q_OBJECT
 
@@ -25,3 +27,5 @@ protected:
 private:
     std::function<void(const QString& file)> save_;
 };
+
+}  // namespace pinorama

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <cstring>
 
+namespace pinorama {
 namespace {
 constexpr int kMostLetters = 30;  // of a file's name, about; a longer one would widen the window
 
@@ -41,7 +42,7 @@ void ExportNotice::sayFailure(const QString& file, int error)
     say(tr("%1 could not be written: %2").arg(name, reason));
 }
 
-void app::showExportResult(MainWindow& window, const QString& file, int error)
+void showExportResult(MainWindow& window, const QString& file, int error)
 {
     auto* notice = window.findChild<ExportNotice*>();
     if (error == 0) {
@@ -55,3 +56,5 @@ void app::showExportResult(MainWindow& window, const QString& file, int error)
     }
     notice->sayFailure(file, error);
 }
+
+}  // namespace pinorama

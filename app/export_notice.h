@@ -4,6 +4,8 @@
 
 #include "app/notice.h"
 
+namespace pinorama {
+
 class MainWindow;
 
 class ExportNotice : public Notice {
@@ -16,10 +18,8 @@ public:
     void sayFailure(const QString& file, int error);
 };
 
-namespace app {
-
 // Tells in the window what became of the export to `file`. An `error` of 0 is success, which shows
 // by itself: what was said of an earlier export goes away.
 void showExportResult(MainWindow& window, const QString& file, int error);
 
-}  // namespace app
+}  // namespace pinorama

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <optional>
 
+namespace pinorama {
 namespace {
 constexpr std::u16string_view kKey = u"finderSync";
 
@@ -32,6 +33,8 @@ bool appLoadFinderSync()
 
 void appStoreFinderSync(bool isOn)
 {
-    const StringHolder value(platform::createString(isOn ? u"1" : u"0"));
-    prefStoreString(platform::createString(kKey), value.get());  // consumes the key
+    const StringHolder value(createString(isOn ? u"1" : u"0"));
+    prefStoreString(createString(kKey), value.get());  // consumes the key
 }
+
+}  // namespace pinorama

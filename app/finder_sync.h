@@ -3,6 +3,8 @@
 
 #pragma once
 
+namespace pinorama {
+
 // Registers "1" as the default.
 void appRegisterFinderSyncDefault();
 
@@ -12,3 +14,5 @@ bool appLoadFinderSync();
 
 // Stores "1" or "0".
 void appStoreFinderSync(bool isOn);
+
+}  // namespace pinorama

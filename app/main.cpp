@@ -27,6 +27,7 @@
 
 #include <sys/stat.h>
 
+namespace pinorama {
 namespace {
 constexpr int kWrongUsage = 2;
 constexpr int kFailed = 1;
@@ -59,7 +60,7 @@ bool hasDisplay(const std::vector<std::string>& arguments)
 
 int complainOfUsage(const std::string& error)
 {
-    std::fprintf(stderr, "pinorama: %s\n%s", error.c_str(), app::shortUsage().c_str());
+    std::fprintf(stderr, "pinorama: %s\n%s", error.c_str(), shortUsage().c_str());
     return kWrongUsage;
 }
 
@@ -81,8 +82,8 @@ void reportWhenComplete(AppController& controller, const std::string& picture)
                          const bool waits = left > 0 && controller.isReading();
                          left -= kReadingInterval;
                          if (waits) return;
-                         std::fputs(app::windowReport(window).c_str(), stdout);
-                         const bool isSaved = app::saveWindowPicture(window, picture);
+                         std::fputs(windowReport(window).c_str(), stdout);
+                         const bool isSaved = saveWindowPicture(window, picture);
                          if (!isSaved)
                              std::fprintf(stderr, "pinorama: %s: the image cannot be saved\n",
                                           picture.c_str());
@@ -94,50 +95,53 @@ void reportWhenComplete(AppController& controller, const std::string& picture)
 // Task bars take the icon from the desktop file; this one is for those that do not.
 void setWindowIcon()
 {
-    QApplication::setWindowIcon(app::drawnIcon(QStringLiteral("icon"), {16, 32, 48, 64}));
+    QApplication::setWindowIcon(drawnIcon(QStringLiteral("icon"), {16, 32, 48, 64}));
 }
 
-int run(const app::CommandLine& line)
+int run(const CommandLine& line)
 {
-    platform::ApplicationBus bus(QDBusConnection::sessionBus());
+    ApplicationBus bus(QDBusConnection::sessionBus());
     // A report is of a window of its own. What others ask for from now on waits for the event loop.
-    if (!line.printAndSave && bus.claim() == platform::ApplicationBus::Claim::takenByAnother) {
-        if (app::handOver(bus, line)) return 0;
+    if (!line.printAndSave && bus.claim() == ApplicationBus::Claim::takenByAnother) {
+        if (handOver(bus, line)) return 0;
         std::fputs("pinorama: the running program does not answer\n", stderr);
         return kFailed;
     }
     std::unique_ptr<MainWindow> window;
-    if (app::opensWindow(line)) window = MainWindow::showAhead();
+    if (opensWindow(line)) window = MainWindow::showAhead();
     cuReadPicturesElsewhere();  // the reader starts while the window gets its views
-    platform::FileManagerSelection selection;
+    FileManagerSelection selection;
     // A report is of the pictures that it was asked for.
     AppController controller(line.printAndSave ? nullptr : &selection, nullptr, std::move(window));
     controller.init();
-    app::connectRequests(bus, controller);
+    connectRequests(bus, controller);
     controller.applicationWillFinishLaunching();
     controller.awakeFromNib();
 
-    app::carryOut(controller, line);
+    carryOut(controller, line);
     if (line.action) return 0;
-    platform::AccessibilityAdvice advice;
+    AccessibilityAdvice advice;
     if (line.printAndSave) {
         reportWhenComplete(controller, *line.printAndSave);
     } else {
-        app::offerAccessibility(advice, controller);
+        offerAccessibility(advice, controller);
     }
-    if (line.service) app::endUnlessUsed(bus, controller, kServicePatience);
+    if (line.service) endUnlessUsed(bus, controller, kServicePatience);
     QTimer::singleShot(0, &setWindowIcon);  // the window comes first
     return QCoreApplication::exec();
 }
 }  // namespace
+}  // namespace pinorama
+
+using namespace pinorama;
 
 int main(int argc, char** argv)
 {
     // Help and version need no display.
     std::string error;
     const std::vector<std::string> all(argv + std::min(argc, 1), argv + argc);
-    const auto atOnce = app::parseCommandLine(all, &error);
-    if (atOnce && atOnce->help) return std::fputs(app::usageText().c_str(), stdout) < 0;
+    const auto atOnce = parseCommandLine(all, &error);
+    if (atOnce && atOnce->help) return std::fputs(usageText().c_str(), stdout) < 0;
     if (atOnce && atOnce->version) return std::puts("pinorama " PINORAMA_VERSION) < 0;
 
     if (!hasDisplay(all)) {
@@ -151,10 +155,10 @@ int main(int argc, char** argv)
     QApplication::setApplicationName(QStringLiteral("Pinorama"));
     QApplication::setApplicationVersion(QStringLiteral(PINORAMA_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("org.pinorama.Pinorama"));
-    app::installTranslations();
+    installTranslations();
 
     const std::vector<std::string> arguments(argv + std::min(argc, 1), argv + argc);
-    const auto line = app::parseCommandLine(arguments, &error);
+    const auto line = parseCommandLine(arguments, &error);
     if (!line) return complainOfUsage(error);
     if (!line->paths.empty()) complainOfMissing(line->paths.back());
     return run(*line);

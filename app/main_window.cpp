@@ -17,6 +17,7 @@
 #include <string>
 #include <vector>
 
+namespace pinorama {
 namespace {
 constexpr int kMarkerSize = 32;  // points
 
@@ -43,7 +44,7 @@ QByteArray fileOf(const QMimeData& data)
 {
     const QByteArray list = data.data(QStringLiteral("text/uri-list"));
     const std::vector<std::string> paths =
-        platform::pathsOfURIList({list.constData(), static_cast<std::size_t>(list.size())});
+        pathsOfURIList({list.constData(), static_cast<std::size_t>(list.size())});
     return paths.empty() ? QByteArray() : QByteArray::fromStdString(paths.back());
 }
 }  // namespace
@@ -142,8 +143,8 @@ void MainWindow::quietCaptions()
     QPalette quiet = palette();
     for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
         quiet.setColor(group, QPalette::WindowText,
-                       app::captionColour(palette().color(group, QPalette::Window),
-                                          palette().color(group, QPalette::WindowText)));
+                       captionColour(palette().color(group, QPalette::Window),
+                                     palette().color(group, QPalette::WindowText)));
     }
     for (const auto& captions = findChildren<QLabel*>(); QLabel * caption : captions) {
         if (caption->buddy() != nullptr) caption->setPalette(quiet);
@@ -153,6 +154,8 @@ void MainWindow::quietCaptions()
 void MainWindow::showMarker()
 {
     const QIcon marker =
-        app::drawnIcon(QStringLiteral("marker"), {kMarkerSize, 2 * kMarkerSize, 3 * kMarkerSize});
+        drawnIcon(QStringLiteral("marker"), {kMarkerSize, 2 * kMarkerSize, 3 * kMarkerSize});
     geoTagField->setPixmap(marker.pixmap(QSize(kMarkerSize, kMarkerSize), devicePixelRatioF()));
 }
+
+}  // namespace pinorama

@@ -9,6 +9,8 @@
 
 #include <memory>
 
+namespace pinorama {
+
 class MainWindow : public QMainWindow, public Ui::MainWindow {
     Q_OBJECT
 
@@ -41,3 +43,5 @@ private:
     void quietCaptions();
     void showMarker();
 };
+
+}  // namespace pinorama

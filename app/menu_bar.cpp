@@ -3,6 +3,7 @@
 #include <QCommonStyle>
 #include <QToolButton>
 
+namespace pinorama {
 namespace {
 // Spares the menu bar the picture of its overflow button, for which the toolkit would load all its
 // picture plug-ins. It is used only while the menu bar is created, since the look of the window
@@ -37,3 +38,5 @@ MenuBar::MenuBar(QWidget* parent, Cradle&& cradle) : QMenuBar(&cradle.parent)
     if (auto* button = findChild<QToolButton*>(QStringLiteral("qt_menubar_ext_button")))
         button->setArrowType(Qt::RightArrow);
 }
+
+}  // namespace pinorama

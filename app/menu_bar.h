@@ -6,6 +6,8 @@
 
 #include <QMenuBar>
 
+namespace pinorama {
+
 class MenuBar : public QMenuBar {
     Q_OBJECT
 
@@ -16,3 +18,5 @@ private:
     struct Cradle;
     MenuBar(QWidget* parent, Cradle&& cradle);
 };
+
+}  // namespace pinorama

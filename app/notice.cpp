@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+namespace pinorama {
 namespace {
 void fit(QLabel* words)
 {
@@ -76,3 +77,5 @@ void Notice::announce()
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
 }
+
+}  // namespace pinorama

@@ -11,6 +11,8 @@ class QHBoxLayout;
 class QLabel;
 class QPushButton;
 
+namespace pinorama {
+
 class Notice : public QFrame {
     Q_OBJECT
 
@@ -39,3 +41,5 @@ private:
     QHBoxLayout* buttons_;
     QPushButton* dismissButton_;
 };
+
+}  // namespace pinorama

@@ -11,6 +11,8 @@
 #include <filesystem>
 #include <system_error>
 
+namespace pinorama {
+
 std::unique_ptr<QMimeData> PictureField::dragData() const
 {
     // Not QFile: a name that is no UTF-8 has no QString.
@@ -19,9 +21,8 @@ std::unique_ptr<QMimeData> PictureField::dragData() const
         return nullptr;
     auto carried = std::make_unique<QMimeData>();
     // The raw bytes of the path: a name may be no UTF-8.
-    carried->setData(
-        QStringLiteral("text/uri-list"),
-        QByteArray::fromStdString(platform::fileURIOfPath(file_.toStdString())) + "\r\n");
+    carried->setData(QStringLiteral("text/uri-list"),
+                     QByteArray::fromStdString(fileURIOfPath(file_.toStdString())) + "\r\n");
     return carried;
 }
 
@@ -73,3 +74,5 @@ void PictureField::paintEvent(QPaintEvent* event)
     painter.setPen(pen);
     painter.drawRoundedRect(outline.adjusted(4, 4, -4, -4), 8, 8);
 }
+
+}  // namespace pinorama

@@ -11,6 +11,8 @@
 
 class QMimeData;
 
+namespace pinorama {
+
 class PictureField : public QLabel {
     Q_OBJECT
 
@@ -32,3 +34,5 @@ private:
     QByteArray file_;
     QPoint pressedAt_;
 };
+
+}  // namespace pinorama

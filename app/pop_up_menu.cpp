@@ -5,6 +5,8 @@
 #include <QStandardItemModel>
 #include <QWheelEvent>
 
+namespace pinorama {
+
 PopUpMenu::PopUpMenu(QWidget* parent) : QComboBox(parent)
 {
     connect(this, &QComboBox::activated, this, [this](int index) {
@@ -47,3 +49,5 @@ void PopUpMenu::wheelEvent(QWheelEvent* event)
 {
     event->ignore();
 }
+
+}  // namespace pinorama

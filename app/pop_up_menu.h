@@ -5,6 +5,8 @@
 
 #include <QComboBox>
 
+namespace pinorama {
+
 class PopUpMenu : public QComboBox {
     Q_OBJECT
 
@@ -25,3 +27,5 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 };
+
+}  // namespace pinorama

@@ -2,6 +2,8 @@
 
 #include <QAccessible>
 
+namespace pinorama {
+
 ReadingNotice::ReadingNotice(QWidget* parent) : ElidedField(parent)
 {
     setObjectName(QStringLiteral("readingNotice"));
@@ -46,3 +48,5 @@ void ReadingNotice::say(const QString& words)
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
 }
+
+}  // namespace pinorama

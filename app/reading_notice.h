@@ -7,6 +7,8 @@
 
 #include <QString>
 
+namespace pinorama {
+
 class ReadingNotice : public ElidedField {
     Q_OBJECT
 
@@ -28,3 +30,5 @@ private:
 
     bool isStillReading_ = false;
 };
+
+}  // namespace pinorama

@@ -10,12 +10,12 @@
 #include <QMimeData>
 #include <QTimer>
 
-using platform::ApplicationBus;
+namespace pinorama {
 
 namespace {
 void openPath(AppController& controller, const std::string& path)
 {
-    const StringHolder text(platform::createPathText(path));
+    const StringHolder text(createPathText(path));
     controller.applicationOpenFile(text.get());
 }
 
@@ -34,16 +34,16 @@ void runAction(AppController& controller, const QString& action)
 }
 }  // namespace
 
-void app::connectRequests(ApplicationBus& bus, AppController& controller)
+void connectRequests(ApplicationBus& bus, AppController& controller)
 {
     QObject::connect(&bus, &ApplicationBus::activated, &controller,
                      [&controller](const QByteArray& token) {
-                         platform::useActivationToken(token);
+                         useActivationToken(token);
                          controller.showMainWindow();
                      });
     QObject::connect(&bus, &ApplicationBus::fileOpened, &controller,
                      [&controller](const QByteArray& path, const QByteArray& token) {
-                         platform::useActivationToken(token);
+                         useActivationToken(token);
                          openPath(controller, path.toStdString());
                      });
     QObject::connect(&bus, &ApplicationBus::textSent, &controller,
@@ -52,13 +52,13 @@ void app::connectRequests(ApplicationBus& bus, AppController& controller)
                      [&controller](const QString& action) { runAction(controller, action); });
 }
 
-bool app::opensWindow(const CommandLine& line)
+bool opensWindow(const CommandLine& line)
 {
     if (line.action) return false;
     return line.serviceText || !line.paths.empty() || !line.service;
 }
 
-void app::carryOut(AppController& controller, const CommandLine& line)
+void carryOut(AppController& controller, const CommandLine& line)
 {
     if (line.action) {
         runAction(controller, QString::fromStdString(*line.action));
@@ -71,8 +71,8 @@ void app::carryOut(AppController& controller, const CommandLine& line)
     }
 }
 
-void app::endUnlessUsed(ApplicationBus& bus, AppController& controller,
-                        std::chrono::milliseconds patience)
+void endUnlessUsed(ApplicationBus& bus, AppController& controller,
+                   std::chrono::milliseconds patience)
 {
     auto* timer = new QTimer(&controller);
     timer->setSingleShot(true);
@@ -83,9 +83,9 @@ void app::endUnlessUsed(ApplicationBus& bus, AppController& controller,
     timer->start(patience);
 }
 
-bool app::handOver(ApplicationBus& bus, const CommandLine& line)
+bool handOver(ApplicationBus& bus, const CommandLine& line)
 {
-    const QByteArray token = platform::activationTokenOfStarter();
+    const QByteArray token = activationTokenOfStarter();
     if (line.action) return bus.runActionInOther(QString::fromStdString(*line.action), token);
     if (line.serviceText) {
         // The text's own message has no place for the token.
@@ -95,3 +95,5 @@ bool app::handOver(ApplicationBus& bus, const CommandLine& line)
     if (!line.paths.empty()) return bus.openInOther(line.paths, token);
     return line.service || bus.activateOther(token);
 }
+
+}  // namespace pinorama

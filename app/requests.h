@@ -5,18 +5,14 @@
 
 #include <chrono>
 
+namespace pinorama {
+
 class AppController;
-
-namespace platform {
 class ApplicationBus;
-}
-
-namespace app {
-
 struct CommandLine;
 
 // Lets `controller` do what arrives over the bus. Both live until the program ends.
-void connectRequests(platform::ApplicationBus& bus, AppController& controller);
+void connectRequests(ApplicationBus& bus, AppController& controller);
 
 // True when what the command line asks of the first instance brings the window to the screen.
 bool opensWindow(const CommandLine& line);
@@ -28,11 +24,11 @@ void carryOut(AppController& controller, const CommandLine& line);
 // Ends the program (--service) when nobody asks for its window within `patience`. Once somebody
 // has, it stays, because closing a window leaves the program running. An action needs no window and
 // keeps nothing waiting. Both arguments live until the program ends.
-void endUnlessUsed(platform::ApplicationBus& bus, AppController& controller,
+void endUnlessUsed(ApplicationBus& bus, AppController& controller,
                    std::chrono::milliseconds patience);
 
 // Asks the running instance to do what the command line asks for, and lets it come to the front.
 // False when it does not answer.
-bool handOver(platform::ApplicationBus& bus, const CommandLine& line);
+bool handOver(ApplicationBus& bus, const CommandLine& line);
 
-}  // namespace app
+}  // namespace pinorama

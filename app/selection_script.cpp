@@ -3,11 +3,13 @@
 #include "base/utf8.h"
 #include "lib/text/byte_texts.h"
 
+namespace pinorama {
+
 TovStringRef appMakeSelectionScript()
 {
-    // What lists the selection here is platform::SelectionSource; this is the same request as a
+    // What lists the selection here is SelectionSource; this is the same request as a
     // script of the file manager's own language.
-    return platform::createStringFromUTF8(
+    return createStringFromUTF8(
         "tell application \"Finder\" \r"
         " set ms to selection \r"
         " set mR to {} \r"
@@ -16,3 +18,5 @@ TovStringRef appMakeSelectionScript()
         " end repeat \r"
         "\tend tell");
 }
+
+}  // namespace pinorama

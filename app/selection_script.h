@@ -4,6 +4,10 @@
 
 #include "lib/objects/string.h"
 
+namespace pinorama {
+
 // Returns a new text: seven lines separated by carriage returns, every blank at their ends and
 // every tab as it belongs there. Null when memory runs out.
 [[nodiscard]] TovStringRef appMakeSelectionScript();
+
+}  // namespace pinorama

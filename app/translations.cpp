@@ -8,10 +8,12 @@
 
 #include <string>
 
-void app::installTranslations()
+namespace pinorama {
+
+void installTranslations()
 {
     // The same languages as the string tables, so that a window never mixes two.
-    for (const std::string& language : platform::textLanguages()) {
+    for (const std::string& language : textLanguages()) {
         if (language == "en") return;
         const QString name = QString::fromStdString(language);
         auto* window = new QTranslator(QCoreApplication::instance());
@@ -28,3 +30,5 @@ void app::installTranslations()
         return;
     }
 }
+
+}  // namespace pinorama

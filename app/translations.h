@@ -2,10 +2,10 @@
 
 #pragma once
 
-namespace app {
+namespace pinorama {
 
 // Installs the translations of the window and of the toolkit for the first of the user's languages
 // that the window has texts in. English needs none. Once, after the application object.
 void installTranslations();
 
-}  // namespace app
+}  // namespace pinorama

@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QPixmap>
 
+namespace pinorama {
 namespace {
 struct NamedField {
     const char* name;
@@ -27,7 +28,7 @@ QString stateOf(const QWidget* control)
 }
 }  // namespace
 
-std::string app::windowReport(const MainWindow& window)
+std::string windowReport(const MainWindow& window)
 {
     QString report;
     for (const auto& [name, field] :
@@ -67,7 +68,9 @@ std::string app::windowReport(const MainWindow& window)
     return report.toStdString();
 }
 
-bool app::saveWindowPicture(MainWindow& window, const std::string& path)
+bool saveWindowPicture(MainWindow& window, const std::string& path)
 {
     return window.grab().save(QFile::decodeName(path.c_str()));
 }
+
+}  // namespace pinorama

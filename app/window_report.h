@@ -4,9 +4,9 @@
 
 #include <string>
 
-class MainWindow;
+namespace pinorama {
 
-namespace app {
+class MainWindow;
 
 // One line "name: text" per field, then one per button and check box with its state. Names are the
 // English captions in every language, so that scripts can rely on them; texts are as shown.
@@ -15,4 +15,4 @@ std::string windowReport(const MainWindow& window);
 // Draws the window as it is into a picture file whose type its name tells. False on failure.
 bool saveWindowPicture(MainWindow& window, const std::string& path);
 
-}  // namespace app
+}  // namespace pinorama

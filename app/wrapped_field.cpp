@@ -9,6 +9,7 @@
 
 #include <algorithm>
 
+namespace pinorama {
 namespace {
 // The distance of a QLineEdit's text to its edge, so that the texts of both kinds stand in one
 // line.
@@ -167,3 +168,5 @@ void WrappedField::adaptHeight()
     setMaximumHeight(largest);
     updateGeometry();
 }
+
+}  // namespace pinorama

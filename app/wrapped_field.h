@@ -7,6 +7,8 @@
 
 #include <QPlainTextEdit>
 
+namespace pinorama {
+
 class WrappedField : public QPlainTextEdit {
     Q_OBJECT
     Q_PROPERTY(QString text READ text WRITE setText)
@@ -46,3 +48,5 @@ private:
     bool isGrowing_ = false;
     bool isLaidOut_ = false;
 };
+
+}  // namespace pinorama

@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+namespace pinorama {
 namespace {
 std::uint64_t gRequestsUntilFailure = 0;  // 0: no failure is planned
 bool gHasFailed = false;
@@ -52,3 +53,5 @@ bool baseAllocationHasFailed()
 {
     return gHasFailed;
 }
+
+}  // namespace pinorama

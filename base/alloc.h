@@ -6,6 +6,8 @@
 #include <cstddef>
 #include <cstdint>
 
+namespace pinorama {
+
 // Returns a block of `size` bytes whose content is undefined, or null when memory runs out.
 // A size of 0 gives a valid block of its own, so null always means failure.
 [[nodiscard]] void* baseAllocate(std::size_t size);
@@ -26,3 +28,5 @@ void baseFailAllocation(std::uint64_t nth);
 
 // For tests. True when the failure that baseFailAllocation planned has happened.
 bool baseAllocationHasFailed();
+
+}  // namespace pinorama

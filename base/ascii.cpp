@@ -5,6 +5,7 @@
 #include <cstring>
 #include <type_traits>
 
+namespace pinorama {
 namespace {
 constexpr std::size_t kBlock = 8;  // characters that are copied together, which compilers see
 
@@ -45,17 +46,17 @@ void copyEach(std::basic_string_view<From> from, To* dest)
 }
 }  // namespace
 
-std::size_t platform::asciiLength(std::string_view bytes)
+std::size_t asciiLength(std::string_view bytes)
 {
     return lengthBelow0x80(bytes, 0x8080808080808080);
 }
 
-std::size_t platform::asciiLength(std::u16string_view units)
+std::size_t asciiLength(std::u16string_view units)
 {
     return lengthBelow0x80(units, kNoASCIIUnits);
 }
 
-std::size_t platform::lengthBeforeNull(std::u16string_view units)
+std::size_t lengthBeforeNull(std::u16string_view units)
 {
     // A unit of 0 borrows from its highest bit when 1 is taken away.
     constexpr std::uint64_t kOnes = 0x0001000100010001, kHighBits = 0x8000800080008000;
@@ -69,7 +70,7 @@ std::size_t platform::lengthBeforeNull(std::u16string_view units)
     return at;
 }
 
-std::size_t platform::commonASCIILength(std::u16string_view a, std::u16string_view b)
+std::size_t commonASCIILength(std::u16string_view a, std::u16string_view b)
 {
     constexpr std::size_t kStep = sizeof(std::uint64_t) / sizeof(char16_t);
     const std::size_t shorter = std::min(a.size(), b.size());
@@ -82,12 +83,14 @@ std::size_t platform::commonASCIILength(std::u16string_view a, std::u16string_vi
     return at;
 }
 
-void platform::widenASCII(std::string_view bytes, char16_t* dest)
+void widenASCII(std::string_view bytes, char16_t* dest)
 {
     copyEach(bytes, dest);
 }
 
-void platform::narrowASCII(std::u16string_view units, char* dest)
+void narrowASCII(std::u16string_view units, char* dest)
 {
     copyEach(units, dest);
 }
+
+}  // namespace pinorama

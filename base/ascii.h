@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <string_view>
 
-namespace platform {
+namespace pinorama {
 
 inline bool isASCII(char16_t unit)
 {
@@ -40,4 +40,4 @@ inline char16_t foldedASCII(char16_t unit)
     return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + (u'a' - u'A')) : unit;
 }
 
-}  // namespace platform
+}  // namespace pinorama

@@ -6,6 +6,8 @@
 
 #include "base/alloc.h"
 
+namespace pinorama {
+
 class BlockHolder {
 public:
     // Takes over `block`, which may be null.
@@ -29,3 +31,5 @@ public:
 private:
     void* block_;
 };
+
+}  // namespace pinorama

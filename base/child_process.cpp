@@ -14,6 +14,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+namespace pinorama {
 namespace {
 constexpr int kEndedBySignal = 128;
 
@@ -45,38 +46,38 @@ std::vector<std::string> environmentWith(const std::vector<std::string>& changes
 
 // A file in memory, above the standard streams. Unlike a pipe it holds any amount, so that nobody
 // has to read while the child writes.
-platform::DescriptorHolder makeMemoryFile()
+DescriptorHolder makeMemoryFile()
 {
     const int file = memfd_create("stream", MFD_CLOEXEC);
-    if (file > STDERR_FILENO || file < 0) return platform::DescriptorHolder(file);
+    if (file > STDERR_FILENO || file < 0) return DescriptorHolder(file);
     const int moved = fcntl(file, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
     close(file);
-    return platform::DescriptorHolder(moved);
+    return DescriptorHolder(moved);
 }
 
-bool fill(const platform::DescriptorHolder& file, std::string_view bytes)
+bool fill(const DescriptorHolder& file, std::string_view bytes)
 {
-    return file && platform::writeAt(file.get(), 0, bytes.data(), bytes.size()) ==
+    return file && writeAt(file.get(), 0, bytes.data(), bytes.size()) ==
                        static_cast<std::int64_t>(bytes.size());
 }
 
-bool readAll(const platform::DescriptorHolder& file, std::string* out)
+bool readAll(const DescriptorHolder& file, std::string* out)
 {
     struct stat facts = {};
     if (fstat(file.get(), &facts) != 0) return false;
     out->resize(static_cast<std::size_t>(facts.st_size));
-    return platform::readAt(file.get(), 0, out->data(), out->size()) == facts.st_size;
+    return readAt(file.get(), 0, out->data(), out->size()) == facts.st_size;
 }
 
 // What a child starts with: its streams, and no signal held back or ignored. A stream without a
 // file leads nowhere.
 struct SpawnSettings {
-    SpawnSettings(const platform::DescriptorHolder& input, const platform::DescriptorHolder& output)
+    SpawnSettings(const DescriptorHolder& input, const DescriptorHolder& output)
     {
         posix_spawn_file_actions_init(&files);
         addStream(input, STDIN_FILENO, O_RDONLY);
         addStream(output, STDOUT_FILENO, O_WRONLY);
-        addStream(platform::DescriptorHolder(), STDERR_FILENO, O_WRONLY);
+        addStream(DescriptorHolder(), STDERR_FILENO, O_WRONLY);
         posix_spawnattr_init(&attributes);
         sigset_t none;
         sigemptyset(&none);
@@ -95,7 +96,7 @@ struct SpawnSettings {
     SpawnSettings(const SpawnSettings&) = delete;
     SpawnSettings& operator=(const SpawnSettings&) = delete;
 
-    void addStream(const platform::DescriptorHolder& file, int stream, int flags)
+    void addStream(const DescriptorHolder& file, int stream, int flags)
     {
         if (file) {
             posix_spawn_file_actions_adddup2(&files, file.get(), stream);
@@ -109,8 +110,8 @@ struct SpawnSettings {
 };
 }  // namespace
 
-int platform::runAndWait(const std::vector<std::string>& arguments,
-                         const std::vector<std::string>& environment, const ChildStreams& streams)
+int runAndWait(const std::vector<std::string>& arguments,
+               const std::vector<std::string>& environment, const ChildStreams& streams)
 {
     if (streams.output != nullptr) streams.output->clear();
     if (arguments.empty()) return kCannotStart;
@@ -136,3 +137,5 @@ int platform::runAndWait(const std::vector<std::string>& arguments,
     if (streams.output != nullptr && !readAll(output, streams.output)) return kCannotStart;
     return WIFSIGNALED(status) ? kEndedBySignal + WTERMSIG(status) : WEXITSTATUS(status);
 }
+
+}  // namespace pinorama

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace platform {
+namespace pinorama {
 
 constexpr int kCannotStart = 127;
 
@@ -26,4 +26,4 @@ struct ChildStreams {
 int runAndWait(const std::vector<std::string>& arguments,
                const std::vector<std::string>& environment = {}, const ChildStreams& streams = {});
 
-}  // namespace platform
+}  // namespace pinorama

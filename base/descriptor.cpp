@@ -9,6 +9,7 @@
 #include <sys/uio.h>
 #include <unistd.h>
 
+namespace pinorama {
 namespace {
 constexpr int kFirstOwnDescriptor = 3;
 
@@ -47,7 +48,7 @@ ssize_t writeAtTheEnd(int descriptor, const void* bytes, std::size_t count)
 }
 }  // namespace
 
-std::int32_t platform::statusOfErrno(int error)
+std::int32_t statusOfErrno(int error)
 {
     switch (error) {
     case 0: return kErrNone;
@@ -70,7 +71,7 @@ std::int32_t platform::statusOfErrno(int error)
     }
 }
 
-int platform::openDescriptor(const char* path, int flags, mode_t mode)
+int openDescriptor(const char* path, int flags, mode_t mode)
 {
     int descriptor = -1;
     do {
@@ -79,7 +80,7 @@ int platform::openDescriptor(const char* path, int flags, mode_t mode)
     return aboveStandardStreams(descriptor);
 }
 
-std::int64_t platform::readAt(int descriptor, std::int64_t offset, void* buffer, std::size_t count)
+std::int64_t readAt(int descriptor, std::int64_t offset, void* buffer, std::size_t count)
 {
     auto* bytes = static_cast<std::uint8_t*>(buffer);
     return transfer(count, [&](std::size_t done) {
@@ -88,8 +89,7 @@ std::int64_t platform::readAt(int descriptor, std::int64_t offset, void* buffer,
     });
 }
 
-std::int64_t platform::writeAt(int descriptor, std::int64_t offset, const void* buffer,
-                               std::size_t count)
+std::int64_t writeAt(int descriptor, std::int64_t offset, const void* buffer, std::size_t count)
 {
     const auto* bytes = static_cast<const std::uint8_t*>(buffer);
     return transfer(count, [&](std::size_t done) {
@@ -98,7 +98,7 @@ std::int64_t platform::writeAt(int descriptor, std::int64_t offset, const void* 
     });
 }
 
-std::int64_t platform::appendTo(int descriptor, const void* buffer, std::size_t count)
+std::int64_t appendTo(int descriptor, const void* buffer, std::size_t count)
 {
     const auto* bytes = static_cast<const std::uint8_t*>(buffer);
     return transfer(count, [&](std::size_t done) {
@@ -109,7 +109,7 @@ std::int64_t platform::appendTo(int descriptor, const void* buffer, std::size_t 
     });
 }
 
-bool platform::flushDescriptor(int descriptor)
+bool flushDescriptor(int descriptor)
 {
     int result = -1;
     do {
@@ -118,7 +118,9 @@ bool platform::flushDescriptor(int descriptor)
     return result == 0;
 }
 
-platform::DescriptorHolder::~DescriptorHolder()
+DescriptorHolder::~DescriptorHolder()
 {
     if (descriptor_ > 0) close(descriptor_);
 }
+
+}  // namespace pinorama

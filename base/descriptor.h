@@ -10,7 +10,7 @@
 
 #include <sys/types.h>
 
-namespace platform {
+namespace pinorama {
 
 // The status of an errno; 0 gives 0. What has no number of its own is kErrInputOutput.
 std::int32_t statusOfErrno(int error);
@@ -70,4 +70,4 @@ private:
     int descriptor_;
 };
 
-}  // namespace platform
+}  // namespace pinorama

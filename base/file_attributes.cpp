@@ -5,15 +5,16 @@
 
 #include <cerrno>
 
+namespace pinorama {
 namespace {
-std::optional<platform::FileAttributes> attributesAt(int descriptor, const char* path, int flags)
+std::optional<FileAttributes> attributesAt(int descriptor, const char* path, int flags)
 {
     struct statx found {};
     constexpr unsigned kWanted = STATX_TYPE | STATX_SIZE | STATX_MTIME | STATX_BTIME;
     if (statx(descriptor, path, flags | AT_STATX_SYNC_AS_STAT, kWanted, &found) != 0) {
         return std::nullopt;
     }
-    platform::FileAttributes attributes{};
+    FileAttributes attributes{};
     attributes.isRegular = S_ISREG(found.stx_mode);
     attributes.size = found.stx_size;
     attributes.modified = found.stx_mtime.tv_sec;
@@ -22,7 +23,7 @@ std::optional<platform::FileAttributes> attributesAt(int descriptor, const char*
 }
 }  // namespace
 
-std::optional<platform::FileAttributes> platform::attributesOf(const std::string& path)
+std::optional<FileAttributes> attributesOf(const std::string& path)
 {
     // A path with a NUL in it names nothing, and is not the path in front of the NUL either.
     if (path.find('\0') != std::string::npos) {
@@ -32,7 +33,9 @@ std::optional<platform::FileAttributes> platform::attributesOf(const std::string
     return attributesAt(AT_FDCWD, path.c_str(), 0);
 }
 
-std::optional<platform::FileAttributes> platform::attributesOf(int descriptor)
+std::optional<FileAttributes> attributesOf(int descriptor)
 {
     return attributesAt(descriptor, "", AT_EMPTY_PATH);
 }
+
+}  // namespace pinorama

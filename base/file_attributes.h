@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-namespace platform {
+namespace pinorama {
 
 struct FileAttributes {
     bool isRegular;                       // neither folder nor device, pipe or socket
@@ -24,4 +24,4 @@ std::optional<FileAttributes> attributesOf(const std::string& path);
 // The attributes of what is open under a descriptor.
 std::optional<FileAttributes> attributesOf(int descriptor);
 
-}  // namespace platform
+}  // namespace pinorama

@@ -6,7 +6,9 @@
 #include <fcntl.h>
 #include <sys/file.h>
 
-platform::FileLock::FileLock(const std::string& path, std::chrono::milliseconds patience)
+namespace pinorama {
+
+FileLock::FileLock(const std::string& path, std::chrono::milliseconds patience)
     : file_(openDescriptor(path.c_str(), O_RDWR | O_CREAT, 0600))
 {
     using Clock = std::chrono::steady_clock;
@@ -20,3 +22,5 @@ platform::FileLock::FileLock(const std::string& path, std::chrono::milliseconds 
         std::this_thread::sleep_for(kPause);
     }
 }
+
+}  // namespace pinorama

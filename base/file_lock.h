@@ -7,7 +7,7 @@
 
 #include "base/descriptor.h"
 
-namespace platform {
+namespace pinorama {
 
 // Holds the lock that a file stands for until the end of the scope, or of the process. The file is
 // made when missing and stays; its content means nothing.
@@ -25,4 +25,4 @@ private:
     bool isHeld_ = false;
 };
 
-}  // namespace platform
+}  // namespace pinorama

@@ -5,6 +5,7 @@
 
 #include <unistd.h>
 
+namespace pinorama {
 namespace {
 constexpr std::string_view kDigits = "0123456789ABCDEF";
 
@@ -62,7 +63,7 @@ bool isUnreserved(char c)
 }
 }  // namespace
 
-std::optional<std::string> platform::pathOfFileURI(std::string_view uri)
+std::optional<std::string> pathOfFileURI(std::string_view uri)
 {
     constexpr std::string_view kScheme = "file:";
     if (uri.size() > 3 * PATH_MAX + kScheme.size() + HOST_NAME_MAX) return std::nullopt;
@@ -84,7 +85,7 @@ std::optional<std::string> platform::pathOfFileURI(std::string_view uri)
     return path;
 }
 
-std::string platform::escapedPath(std::string_view path)
+std::string escapedPath(std::string_view path)
 {
     std::string escaped;
     for (const char c : path) {
@@ -98,12 +99,12 @@ std::string platform::escapedPath(std::string_view path)
     return escaped;
 }
 
-std::string platform::fileURIOfPath(std::string_view path)
+std::string fileURIOfPath(std::string_view path)
 {
     return "file://" + escapedPath(path);
 }
 
-std::vector<std::string> platform::pathsOfURIList(std::string_view list)
+std::vector<std::string> pathsOfURIList(std::string_view list)
 {
     std::vector<std::string> paths;
     while (!list.empty()) {
@@ -118,3 +119,5 @@ std::vector<std::string> platform::pathsOfURIList(std::string_view list)
     }
     return paths;
 }
+
+}  // namespace pinorama

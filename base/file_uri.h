@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-namespace platform {
+namespace pinorama {
 
 // The path that a file URI names (RFC 8089): scheme "file" in any case, no host or "localhost" or
 // the name of this machine, percent escapes decoded. Nothing for everything else, also for a path
@@ -26,4 +26,4 @@ std::string fileURIOfPath(std::string_view path);
 // a comment), in its order; what names no local file is left out.
 std::vector<std::string> pathsOfURIList(std::string_view list);
 
-}  // namespace platform
+}  // namespace pinorama

@@ -5,13 +5,14 @@
 
 #include <dirent.h>
 
+namespace pinorama {
 namespace {
 struct CloseFolder {
     void operator()(DIR* folder) const { closedir(folder); }
 };
 }  // namespace
 
-std::vector<std::string> platform::namesInFolder(const std::string& path)
+std::vector<std::string> namesInFolder(const std::string& path)
 {
     std::vector<std::string> names;
     const std::unique_ptr<DIR, CloseFolder> folder(opendir(path.c_str()));
@@ -22,3 +23,5 @@ std::vector<std::string> platform::namesInFolder(const std::string& path)
     }
     return names;
 }
+
+}  // namespace pinorama

@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
-namespace platform {
+namespace pinorama {
 
 // The names of a folder's items in no particular order, without "." and "..". Empty for what is no
 // folder or cannot be read.
 std::vector<std::string> namesInFolder(const std::string& path);
 
-}  // namespace platform
+}  // namespace pinorama

@@ -8,6 +8,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+namespace pinorama {
 namespace {
 struct FreeBlock {
     void operator()(char* block) const { std::free(block); }
@@ -35,7 +36,7 @@ std::string canonicalPath(const std::string& path)
 }
 }  // namespace
 
-std::string platform::resolvedPath(const char* path)
+std::string resolvedPath(const char* path)
 {
     std::string_view trimmed = path;
     while (trimmed.size() > 1 && trimmed.ends_with('/')) trimmed.remove_suffix(1);
@@ -60,7 +61,7 @@ std::string platform::resolvedPath(const char* path)
     return result;
 }
 
-std::string platform::pathBehindLinks(std::string path)
+std::string pathBehindLinks(std::string path)
 {
     constexpr int kMostLinks = 40;  // as many as the system follows
     for (int links = 0; links <= kMostLinks; links++) {
@@ -80,7 +81,7 @@ std::string platform::pathBehindLinks(std::string path)
     return {};
 }
 
-std::string platform::childPath(const std::string& folder, std::string_view name)
+std::string childPath(const std::string& folder, std::string_view name)
 {
     if (folder.empty()) {
         errno = ENOENT;
@@ -96,22 +97,24 @@ std::string platform::childPath(const std::string& folder, std::string_view name
     return path.append(name);
 }
 
-std::string platform::folderOf(const std::string& path)
+std::string folderOf(const std::string& path)
 {
     const std::size_t slash = path.rfind('/');
     if (path.size() <= 1 || slash == path.npos) return {};
     return path.substr(0, slash == 0 ? 1 : slash);
 }
 
-std::string_view platform::nameOf(std::string_view path)
+std::string_view nameOf(std::string_view path)
 {
     const std::size_t slash = path.rfind('/');
     if (path.size() <= 1 || slash == path.npos) return path;
     return path.substr(slash + 1);
 }
 
-bool platform::itemExists(const std::string& path)
+bool itemExists(const std::string& path)
 {
     struct stat facts = {};
     return lstat(path.c_str(), &facts) == 0;
 }
+
+}  // namespace pinorama

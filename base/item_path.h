@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace platform {
+namespace pinorama {
 
 // The absolute path of an existing item: symbolic links at its end are followed, slashes at its end
 // and the parts "." and ".." are gone.
@@ -35,4 +35,4 @@ std::string_view nameOf(std::string_view path);
 // True when something stands at the path, be it a link that leads nowhere. False with errno set.
 bool itemExists(const std::string& path);
 
-}  // namespace platform
+}  // namespace pinorama

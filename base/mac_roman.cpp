@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 
+namespace pinorama {
 namespace {
 constexpr std::uint8_t kFirstUpperByte = 0x80;
 constexpr std::size_t kUpperCount = 128;
@@ -41,12 +42,12 @@ constexpr std::array<Pair, kUpperCount> kBytes = [] {
 }();
 }  // namespace
 
-char16_t platform::macRomanUnit(std::uint8_t byte)
+char16_t macRomanUnit(std::uint8_t byte)
 {
     return byte < kFirstUpperByte ? byte : kUnits[byte - kFirstUpperByte];
 }
 
-int platform::macRomanByte(char16_t unit)
+int macRomanByte(char16_t unit)
 {
     if (unit < kFirstUpperByte) return unit;
     const auto found = std::lower_bound(kBytes.begin(), kBytes.end(), unit,
@@ -54,7 +55,7 @@ int platform::macRomanByte(char16_t unit)
     return found != kBytes.end() && found->unit == unit ? found->byte : -1;
 }
 
-void platform::decodeMacRoman(std::string_view bytes, char16_t* dest)
+void decodeMacRoman(std::string_view bytes, char16_t* dest)
 {
     const std::size_t plain = asciiLength(bytes);
     widenASCII(bytes.substr(0, plain), dest);
@@ -63,14 +64,14 @@ void platform::decodeMacRoman(std::string_view bytes, char16_t* dest)
     }
 }
 
-bool platform::isMacRoman(std::u16string_view units)
+bool isMacRoman(std::u16string_view units)
 {
     const std::u16string_view rest = units.substr(asciiLength(units));
     return std::all_of(rest.begin(), rest.end(),
                        [](char16_t unit) { return macRomanByte(unit) >= 0; });
 }
 
-void platform::encodeMacRoman(std::u16string_view units, char* dest)
+void encodeMacRoman(std::u16string_view units, char* dest)
 {
     const std::size_t plain = asciiLength(units);
     narrowASCII(units.substr(0, plain), dest);
@@ -78,3 +79,5 @@ void platform::encodeMacRoman(std::u16string_view units, char* dest)
         dest[i] = static_cast<char>(macRomanByte(units[i]));
     }
 }
+
+}  // namespace pinorama

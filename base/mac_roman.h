@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <string_view>
 
-namespace platform {
+namespace pinorama {
 
 // The unit of a MacRoman byte. Every byte has one.
 char16_t macRomanUnit(std::uint8_t byte);
@@ -25,4 +25,4 @@ bool isMacRoman(std::u16string_view units);
 // terminator.
 void encodeMacRoman(std::u16string_view units, char* dest);
 
-}  // namespace platform
+}  // namespace pinorama

@@ -9,6 +9,8 @@
 #include <type_traits>
 #include <utility>
 
+namespace pinorama {
+
 // Returns what `work()` returns, or `failure` when memory runs out in it or a container would
 // become longer than containers can. What `work` has made until then goes with its scope; what it
 // has changed outside stays changed, so it changes that last.
@@ -30,3 +32,5 @@ template <typename Work>
 {
     return baseGuardMemory(std::invoke_result_t<Work>(), std::move(work));
 }
+
+}  // namespace pinorama

@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace platform {
+namespace pinorama {
 
 // Gives the item at `from` the path `to`. Symbolic links are moved, not followed.
 //
@@ -17,4 +17,4 @@ bool moveWithoutReplacing(const std::string& from, const std::string& to);
 // item at `to` between the question and the move.
 bool moveInSteps(const std::string& from, const std::string& to);
 
-}  // namespace platform
+}  // namespace pinorama

@@ -2,7 +2,11 @@
 
 #include <unistd.h>
 
-bool platform::fillWithRandomBytes(void* dest, std::size_t count)
+namespace pinorama {
+
+bool fillWithRandomBytes(void* dest, std::size_t count)
 {
     return getentropy(dest, count) == 0;
 }
+
+}  // namespace pinorama

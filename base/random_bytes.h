@@ -4,9 +4,9 @@
 
 #include <cstddef>
 
-namespace platform {
+namespace pinorama {
 
 // Fills `dest` with `count` bytes (at most 256). False when the system has none to give.
 bool fillWithRandomBytes(void* dest, std::size_t count);
 
-}  // namespace platform
+}  // namespace pinorama

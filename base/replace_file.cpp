@@ -9,15 +9,15 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+namespace pinorama {
 namespace {
 bool writeAndFlush(const std::string& path, std::string_view content)
 {
     // Whatever lies there was left by a program that died; it may be a pipe or a link by now.
     unlink(path.c_str());
-    const platform::DescriptorHolder file(
-        platform::openDescriptor(path.c_str(), O_WRONLY | O_CREAT | O_EXCL, 0600));
+    const DescriptorHolder file(openDescriptor(path.c_str(), O_WRONLY | O_CREAT | O_EXCL, 0600));
     if (!file) return false;
-    const std::int64_t written = platform::writeAt(file.get(), 0, content.data(), content.size());
+    const std::int64_t written = writeAt(file.get(), 0, content.data(), content.size());
     if (written != static_cast<std::int64_t>(content.size())) {
         if (written >= 0) errno = EIO;
         return false;
@@ -28,13 +28,12 @@ bool writeAndFlush(const std::string& path, std::string_view content)
 // Makes the new name of a file last. A file system that cannot do it has done what it can.
 void flushFolder(const std::string& path)
 {
-    const platform::DescriptorHolder folder(
-        platform::openDescriptor(path.c_str(), O_RDONLY | O_DIRECTORY));
+    const DescriptorHolder folder(openDescriptor(path.c_str(), O_RDONLY | O_DIRECTORY));
     if (folder) (void)fsync(folder.get());
 }
 }  // namespace
 
-bool platform::replaceFile(const std::string& path, std::string_view content)
+bool replaceFile(const std::string& path, std::string_view content)
 {
     const std::string existing = resolvedPath(path.c_str());
     const std::string& target = existing.empty() ? path : existing;
@@ -49,3 +48,5 @@ bool platform::replaceFile(const std::string& path, std::string_view content)
     flushFolder(folderOf(target));
     return true;
 }
+
+}  // namespace pinorama

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace platform {
+namespace pinorama {
 
 // Puts a file with this content in the place of the one at `path`, or makes it, readable for the
 // user only. A symbolic link at `path` stays; what it leads to is replaced. The content is written
@@ -16,4 +16,4 @@ namespace platform {
 // False with errno set and the old file untouched.
 bool replaceFile(const std::string& path, std::string_view content);
 
-}  // namespace platform
+}  // namespace pinorama

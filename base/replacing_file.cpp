@@ -12,6 +12,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+namespace pinorama {
 namespace {
 constexpr std::size_t kPendingBytes = 65536;
 constexpr int kMostNames = 100;  // unfinished files of earlier programs in the same place
@@ -23,7 +24,7 @@ constexpr std::size_t kLongestName = 255;  // bytes
 std::string unfinishedPathOf(const std::string& target, int number)
 {
     const std::string suffix = '.' + std::to_string(number) + ".new";
-    const std::string_view name = platform::nameOf(target);
+    const std::string_view name = nameOf(target);
     std::size_t length = std::min(name.size(), kLongestName - suffix.size());
     const auto isInsideLetter = [&] { return (name[length] & 0xC0) == 0x80; };
     while (length > 0 && length < name.size() && isInsideLetter()) length--;
@@ -37,12 +38,12 @@ bool isLink(const std::string& path)
 }
 }  // namespace
 
-platform::ReplacingFile::~ReplacingFile()
+ReplacingFile::~ReplacingFile()
 {
     (void)abandon();
 }
 
-bool platform::ReplacingFile::begin(const std::string& path)
+bool ReplacingFile::begin(const std::string& path)
 {
     if (path.empty()) {
         errno = ENOENT;
@@ -78,7 +79,7 @@ bool platform::ReplacingFile::begin(const std::string& path)
     return false;
 }
 
-bool platform::ReplacingFile::contentIs(std::string_view bytes) const
+bool ReplacingFile::contentIs(std::string_view bytes) const
 {
     if (unfinished_.empty()) return false;
     std::string content(bytes.size() + 1, '\0');
@@ -86,13 +87,13 @@ bool platform::ReplacingFile::contentIs(std::string_view bytes) const
     return count == static_cast<std::int64_t>(bytes.size()) && content.starts_with(bytes);
 }
 
-bool platform::ReplacingFile::write(std::string_view bytes)
+bool ReplacingFile::write(std::string_view bytes)
 {
     pending_ += bytes;
     return pending_.size() < kPendingBytes || flush();
 }
 
-bool platform::ReplacingFile::finish()
+bool ReplacingFile::finish()
 {
     if (!flush()) return false;
     if (unfinished_.empty()) return true;
@@ -103,7 +104,7 @@ bool platform::ReplacingFile::finish()
     return true;
 }
 
-bool platform::ReplacingFile::flush()
+bool ReplacingFile::flush()
 {
     if (!file_) {
         errno = EBADF;
@@ -115,7 +116,7 @@ bool platform::ReplacingFile::flush()
 }
 
 // Writes everything. False with errno set.
-bool platform::ReplacingFile::writeAll(std::string_view bytes)
+bool ReplacingFile::writeAll(std::string_view bytes)
 {
     while (!bytes.empty()) {
         const ssize_t written = ::write(file_.get(), bytes.data(), bytes.size());
@@ -132,7 +133,7 @@ bool platform::ReplacingFile::writeAll(std::string_view bytes)
 }
 
 // Always false, errno as before.
-bool platform::ReplacingFile::abandon()
+bool ReplacingFile::abandon()
 {
     const int error = errno;
     if (!unfinished_.empty()) unlink(unfinished_.c_str());
@@ -141,3 +142,5 @@ bool platform::ReplacingFile::abandon()
     errno = error;
     return false;
 }
+
+}  // namespace pinorama

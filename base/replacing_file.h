@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-namespace platform {
+namespace pinorama {
 
 // What writing does when nobody takes the bytes out of a full pipe.
 enum class FullPipe : std::uint8_t {
@@ -63,4 +63,4 @@ private:
     std::string pending_;
 };
 
-}  // namespace platform
+}  // namespace pinorama

@@ -9,6 +9,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+namespace pinorama {
 namespace {
 bool isFolder(const std::string& path)
 {
@@ -27,29 +28,31 @@ std::string pathOfProgram()
 }
 }  // namespace
 
-std::string platform::programFolder()
+std::string programFolder()
 {
     std::string folder = pathOfProgram();
     folder.resize(std::min(folder.rfind('/'), folder.size()));
     return folder;
 }
 
-std::string platform::resourceFolder()
+std::string resourceFolder()
 {
     const char* told = std::getenv("PINORAMA_RESOURCES");
     return told != nullptr && *told != '\0' ? told : resourceFolderOf(programFolder());
 }
 
-std::string platform::documentFolder()
+std::string documentFolder()
 {
     const std::string beside = programFolder() + "/../docs";
     return isFolder(beside) ? beside : programFolder() + "/../share/doc/pinorama";
 }
 
-std::string platform::resourceFolderOf(const std::string& programFolder)
+std::string resourceFolderOf(const std::string& programFolder)
 {
     std::string beside = programFolder + "/../resources";
     // Some other "resources" may lie beside an installed program; ours has the texts in it.
     if (isFolder(beside + "/strings")) return beside;
     return programFolder + "/../share/pinorama";
 }
+
+}  // namespace pinorama

@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace platform {
+namespace pinorama {
 
 // The folder of the resources, without a slash at the end: what the environment variable
 // PINORAMA_RESOURCES says, else the folder beside the build tree's programs
@@ -24,4 +24,4 @@ std::string documentFolder();
 // tell.
 std::string programFolder();
 
-}  // namespace platform
+}  // namespace pinorama

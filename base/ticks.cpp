@@ -2,7 +2,9 @@
 
 #include <ctime>
 
-std::uint32_t platform::tickCount()
+namespace pinorama {
+
+std::uint32_t tickCount()
 {
     timespec now = {};
     clock_gettime(CLOCK_MONOTONIC, &now);
@@ -10,3 +12,5 @@ std::uint32_t platform::tickCount()
     const auto nanoseconds = static_cast<std::uint64_t>(now.tv_nsec);
     return static_cast<std::uint32_t>(seconds * 60 + nanoseconds * 60 / 1'000'000'000);
 }
+
+}  // namespace pinorama

@@ -4,10 +4,10 @@
 
 #include <cstdint>
 
-namespace platform {
+namespace pinorama {
 
 // Sixtieths of a second since some moment in the past, the low 32 bits: differences stay right when
 // the count wraps.
 std::uint32_t tickCount();
 
-}  // namespace platform
+}  // namespace pinorama

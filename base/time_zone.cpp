@@ -3,11 +3,12 @@
 #include <algorithm>
 #include <ctime>
 
+namespace pinorama {
 namespace {
 constexpr std::int64_t kSecondsPerDay = 86400;
 }
 
-std::int64_t platform::utcOffsetAt(std::int64_t unixSeconds)
+std::int64_t utcOffsetAt(std::int64_t unixSeconds)
 {
     const std::time_t instant = unixSeconds;
     std::tm local{};
@@ -15,7 +16,7 @@ std::int64_t platform::utcOffsetAt(std::int64_t unixSeconds)
     return localtime_r(&instant, &local) == nullptr ? 0 : local.tm_gmtoff;
 }
 
-std::int64_t platform::instantOfLocalTime(std::int64_t localSeconds)
+std::int64_t instantOfLocalTime(std::int64_t localSeconds)
 {
     // No zone is a day away from UTC or changes twice within two days, so these two are the only
     // offsets that can be in force.
@@ -26,3 +27,5 @@ std::int64_t platform::instantOfLocalTime(std::int64_t localSeconds)
                                 utcOffsetAt(localSeconds - larger) == larger;
     return localSeconds - (onlyLargerFits ? larger : smaller);
 }
+
+}  // namespace pinorama

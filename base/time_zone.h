@@ -6,7 +6,7 @@
 
 #include <cstdint>
 
-namespace platform {
+namespace pinorama {
 
 // The seconds that the zone's clock is ahead of UTC at the instant `unixSeconds`; negative to the
 // west. 0 for instants whose year does not fit the calendar of the C library.
@@ -16,4 +16,4 @@ std::int64_t utcOffsetAt(std::int64_t unixSeconds);
 // second one; one that it skips in spring is read with the offset in force before the change.
 std::int64_t instantOfLocalTime(std::int64_t localSeconds);
 
-}  // namespace platform
+}  // namespace pinorama

@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <limits>
 
+namespace pinorama {
+
 // The number towards zero: 0 for NaN, and the nearest end of the range for what lies outside.
 inline std::int64_t baseTruncate(double value)
 {
@@ -23,3 +25,5 @@ inline double baseFloor(double value)
     double whole = 0;
     return std::modf(value, &whole) < 0 ? whole - 1 : whole;
 }
+
+}  // namespace pinorama

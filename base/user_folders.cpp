@@ -13,6 +13,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+namespace pinorama {
 namespace {
 constexpr std::size_t kLargestSettings = 64 * 1024;  // bytes of user-dirs.dirs
 constexpr std::string_view kBlanks = " \t\r";
@@ -32,7 +33,7 @@ std::string folderInEnvironment(const char* name)
 
 std::string belowHomeFolder(const char* name)
 {
-    std::string home = platform::homeFolder();
+    std::string home = homeFolder();
     return home.empty() ? home : home + name;
 }
 
@@ -63,7 +64,7 @@ std::string desktopOfLine(std::string_view line)
 
     std::string folder;
     if (line == kHome || line.starts_with("$HOME/")) {
-        folder = platform::homeFolder();
+        folder = homeFolder();
         line.remove_prefix(kHome.size());
     }
     for (std::size_t i = 0; i < line.size(); i++) {
@@ -75,8 +76,7 @@ std::string desktopOfLine(std::string_view line)
 
 std::string desktopInSettings()
 {
-    const auto settings =
-        platform::readWholeFile(platform::configFolder() + "/user-dirs.dirs", kLargestSettings);
+    const auto settings = readWholeFile(configFolder() + "/user-dirs.dirs", kLargestSettings);
     if (!settings) return {};
     std::string found;
     std::string_view rest = *settings;
@@ -90,7 +90,7 @@ std::string desktopInSettings()
 }
 }  // namespace
 
-std::string platform::homeFolder()
+std::string homeFolder()
 {
     std::string home = folderInEnvironment("HOME");
     if (!home.empty()) return home;
@@ -102,28 +102,28 @@ std::string platform::homeFolder()
     return found == nullptr ? std::string() : withoutLastSlashes(found->pw_dir);
 }
 
-std::string platform::configFolder()
+std::string configFolder()
 {
     return folderOfUser("XDG_CONFIG_HOME", "/.config");
 }
 
-std::string platform::dataFolder()
+std::string dataFolder()
 {
     return folderOfUser("XDG_DATA_HOME", "/.local/share");
 }
 
-std::string platform::cacheFolder()
+std::string cacheFolder()
 {
     return folderOfUser("XDG_CACHE_HOME", "/.cache");
 }
 
-std::string platform::desktopFolder()
+std::string desktopFolder()
 {
     std::string folder = desktopInSettings();
     return folder.empty() ? belowHomeFolder("/Desktop") : folder;
 }
 
-bool platform::makeFolders(const std::string& path, mode_t mode)
+bool makeFolders(const std::string& path, mode_t mode)
 {
     struct stat facts = {};
     if (stat(path.c_str(), &facts) == 0) {
@@ -136,3 +136,5 @@ bool platform::makeFolders(const std::string& path, mode_t mode)
     if (mkdir(path.c_str(), mode) == 0) return true;
     return errno == EEXIST && stat(path.c_str(), &facts) == 0 && S_ISDIR(facts.st_mode);
 }
+
+}  // namespace pinorama

@@ -8,7 +8,7 @@
 
 #include <sys/types.h>
 
-namespace platform {
+namespace pinorama {
 
 // The home folder: HOME, else what the user database says; empty when neither tells.
 std::string homeFolder();
@@ -25,4 +25,4 @@ std::string desktopFolder();
 // with errno set.
 bool makeFolders(const std::string& path, mode_t mode);
 
-}  // namespace platform
+}  // namespace pinorama

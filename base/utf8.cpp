@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <limits>
 
+namespace pinorama {
 namespace {
 constexpr std::size_t kLargestCount = std::numeric_limits<std::int32_t>::max() / 2;
 constexpr char32_t kNone = 0xffffffff;
@@ -89,7 +90,7 @@ void writeUTF8(char32_t codePoint, char* dest)
 }
 }  // namespace
 
-std::int32_t platform::countUnitsOfUTF8(std::string_view bytes)
+std::int32_t countUnitsOfUTF8(std::string_view bytes)
 {
     if (bytes.size() > kLargestCount) return -1;
     std::size_t units = 0;
@@ -107,7 +108,7 @@ std::int32_t platform::countUnitsOfUTF8(std::string_view bytes)
     return static_cast<std::int32_t>(units);
 }
 
-std::size_t platform::decodeUTF8(std::string_view bytes, std::span<char16_t> dest)
+std::size_t decodeUTF8(std::string_view bytes, std::span<char16_t> dest)
 {
     std::size_t written = 0;
     std::size_t next = 0;
@@ -128,7 +129,7 @@ std::size_t platform::decodeUTF8(std::string_view bytes, std::span<char16_t> des
     return written;
 }
 
-std::int32_t platform::countBytesOfUTF8(std::u16string_view units)
+std::int32_t countBytesOfUTF8(std::u16string_view units)
 {
     std::size_t bytes = 0;
     std::size_t next = 0;
@@ -145,7 +146,7 @@ std::int32_t platform::countBytesOfUTF8(std::u16string_view units)
     return bytes <= kLargestCount ? static_cast<std::int32_t>(bytes) : -1;
 }
 
-std::size_t platform::encodeUTF8(std::u16string_view units, std::span<char> dest)
+std::size_t encodeUTF8(std::u16string_view units, std::span<char> dest)
 {
     std::size_t written = 0;
     std::size_t next = 0;
@@ -166,7 +167,7 @@ std::size_t platform::encodeUTF8(std::u16string_view units, std::span<char> dest
     return written;
 }
 
-std::string platform::displayUTF8(std::u16string_view units)
+std::string displayUTF8(std::u16string_view units)
 {
     std::string text;
     text.reserve(units.size());
@@ -180,3 +181,5 @@ std::string platform::displayUTF8(std::u16string_view units)
     }
     return text;
 }
+
+}  // namespace pinorama

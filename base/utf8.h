@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-namespace platform {
+namespace pinorama {
 
 // The units that valid UTF-8 decodes to, or -1 for invalid UTF-8.
 std::int32_t countUnitsOfUTF8(std::string_view bytes);
@@ -31,4 +31,4 @@ std::int32_t countBytesOfUTF8(std::u16string_view units);
 // The UTF-8 form for a place that has to show something: what does not convert becomes U+FFFD.
 std::string displayUTF8(std::u16string_view units);
 
-}  // namespace platform
+}  // namespace pinorama

@@ -7,7 +7,9 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
-std::optional<std::string> platform::readWholeFile(const std::string& path, std::size_t largest)
+namespace pinorama {
+
+std::optional<std::string> readWholeFile(const std::string& path, std::size_t largest)
 {
     const DescriptorHolder file(openDescriptor(path.c_str(), O_RDONLY));
     if (!file) return std::nullopt;
@@ -28,3 +30,5 @@ std::optional<std::string> platform::readWholeFile(const std::string& path, std:
     content.resize(static_cast<std::size_t>(read));  // the file may have shrunk meanwhile
     return content;
 }
+
+}  // namespace pinorama

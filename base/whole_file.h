@@ -6,10 +6,10 @@
 #include <optional>
 #include <string>
 
-namespace platform {
+namespace pinorama {
 
 // The whole content of a regular file; nothing when it cannot be read, is no regular file, or holds
 // more than `largest` bytes. errno tells why (EFBIG for too large a file).
 std::optional<std::string> readWholeFile(const std::string& path, std::size_t largest);
 
-}  // namespace platform
+}  // namespace pinorama

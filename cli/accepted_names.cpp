@@ -4,6 +4,7 @@
 #include "lib/strings/string_holder.h"
 #include "location/accepted_types.h"
 
+namespace pinorama {
 namespace {
 constexpr std::size_t kMostKnown = 64;  // extensions; names can have any number of them
 }  // namespace
@@ -19,6 +20,8 @@ bool AcceptedNames::accepts(std::string_view path)
     const auto found = known_.find(extension);
     if (found != known_.end()) return found->second;
     if (known_.size() == kMostKnown) known_.clear();
-    const StringHolder example(platform::createPathText("a" + std::string(extension)));
+    const StringHolder example(createPathText("a" + std::string(extension)));
     return known_.emplace(extension, gpsIsAcceptedPath(example.get())).first->second;
 }
+
+}  // namespace pinorama

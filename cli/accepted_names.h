@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+namespace pinorama {
+
 class AcceptedNames {
 public:
     // True when gpsIsAcceptedPath is true for this name or path, in the bytes of the system.
@@ -15,3 +17,5 @@ public:
 private:
     std::map<std::string, bool, std::less<>> known_;  // by extension, with its dot
 };
+
+}  // namespace pinorama

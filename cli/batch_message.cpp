@@ -6,6 +6,7 @@
 
 #include <sys/socket.h>
 
+namespace pinorama {
 namespace {
 struct RequestHead {
     std::uint64_t length;  // bytes of the paths, each with a zero byte at its end
@@ -100,3 +101,5 @@ std::optional<BatchResult> takeResult(std::string* received)
     received->erase(0, length);
     return result;
 }
+
+}  // namespace pinorama

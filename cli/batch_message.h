@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+namespace pinorama {
+
 // A request: the paths of a batch.
 std::string encodePaths(std::span<const std::string> paths);
 
@@ -21,3 +23,5 @@ bool sendResult(int socket, const BatchResult& result);
 
 // Takes the first result out of what has been received so far; nothing when it is not whole yet.
 std::optional<BatchResult> takeResult(std::string* received);
+
+}  // namespace pinorama

@@ -13,8 +13,9 @@
 
 #include <sys/resource.h>
 
+namespace pinorama {
 namespace {
-constexpr std::size_t kFewFiles = platform::kMostDescriptors;
+constexpr std::size_t kFewFiles = kMostDescriptors;
 constexpr int kTick = 100;  // milliseconds between two looks at the progress
 
 std::vector<std::string> nextBatch(FolderWalk* walk, std::size_t most)
@@ -33,7 +34,7 @@ std::size_t batchSize()
 {
     rlimit limit{};
     if (getrlimit(RLIMIT_NOFILE, &limit) != 0) return 1;
-    return std::clamp<std::size_t>(limit.rlim_cur / 2, 1, platform::kMostDescriptors);
+    return std::clamp<std::size_t>(limit.rlim_cur / 2, 1, kMostDescriptors);
 }
 
 // Each file as soon as it is there. Who stops the program does not have to wait for a slow disk.
@@ -127,3 +128,5 @@ int reportOnFiles(const Options& options, StringHolder serviceTemplate)
     if (isBrokenPipe) raise(SIGPIPE);
     return status;
 }
+
+}  // namespace pinorama

@@ -6,6 +6,8 @@
 #include "cli/options.h"
 #include "lib/strings/string_holder.h"
 
+namespace pinorama {
+
 constexpr int kSuccess = 0;
 constexpr int kSomeFileFailed = 1;
 constexpr int kWrongUsage = 2;
@@ -18,3 +20,5 @@ constexpr int kStoppedBySignal = 128;  // and its number
 //
 // Returns the exit status.
 int reportOnFiles(const Options& options, StringHolder serviceTemplate);
+
+}  // namespace pinorama

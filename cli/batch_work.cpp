@@ -9,6 +9,7 @@
 
 #include <sys/stat.h>
 
+namespace pinorama {
 namespace {
 bool isFolder(const FileReport& report)
 {
@@ -83,3 +84,5 @@ std::string beginningOfOutput(Output output)
     if (output == Output::csv) appendCsvHeader(&beginning);
     return beginning;
 }
+
+}  // namespace pinorama

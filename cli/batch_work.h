@@ -9,6 +9,8 @@
 #include <span>
 #include <string>
 
+namespace pinorama {
+
 struct BatchResult {
     std::string output{};      // for standard output
     std::string placemarks{};  // for the KML document
@@ -45,3 +47,5 @@ std::string beginningOfOutput(Output output);
 // The text of a file begins with an empty line, which keeps it apart from the one before: nothing
 // is before the first.
 constexpr char kSeparator = '\n';
+
+}  // namespace pinorama

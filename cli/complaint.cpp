@@ -5,6 +5,8 @@
 #include "lib/files/path_text.h"
 #include "lib/strings/string_holder.h"
 
+namespace pinorama {
+
 void appendComplaint(std::string_view what, std::string* out)
 {
     *out += "pinorama-info: ";
@@ -14,6 +16,8 @@ void appendComplaint(std::string_view what, std::string* out)
 
 std::string shownPath(const std::string& path)
 {
-    const StringHolder text(platform::createPathText(path));
-    return platform::displayUTF8(platform::unitsOf(text.get()));
+    const StringHolder text(createPathText(path));
+    return displayUTF8(unitsOf(text.get()));
 }
+
+}  // namespace pinorama

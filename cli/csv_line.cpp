@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 
+namespace pinorama {
 namespace {
 // Writes the fields of one row.
 class RowWriter {
@@ -93,3 +94,5 @@ void appendCsvLine(const FileReport& report, std::string* out)
     visitFields(report, row);
     row.close();
 }
+
+}  // namespace pinorama

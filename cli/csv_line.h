@@ -8,8 +8,12 @@
 
 #include <string>
 
+namespace pinorama {
+
 // Appends the row with the names of the columns, which comes first.
 void appendCsvHeader(std::string* out);
 
 // Appends the row of one report.
 void appendCsvLine(const FileReport& report, std::string* out);
+
+}  // namespace pinorama

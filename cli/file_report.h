@@ -8,6 +8,8 @@
 #include <optional>
 #include <string>
 
+namespace pinorama {
+
 // The place of a picture, as fileInfoRecord has it.
 struct PlaceReport {
     std::int32_t result;  // 0 when a usable position was found, else the reader's status
@@ -45,3 +47,5 @@ struct FileReport {
 
     bool isLocated() const { return place && place->result == 0; }
 };
+
+}  // namespace pinorama

@@ -24,10 +24,11 @@
 #include <iterator>
 #include <utility>
 
+namespace pinorama {
 namespace {
 std::string utf8Of(const TovString* text)
 {
-    return platform::displayUTF8(platform::unitsOf(text));
+    return displayUTF8(unitsOf(text));
 }
 
 // The same for a text that the caller owns, which is released.
@@ -47,7 +48,7 @@ std::string letterText(char letter)
 {
     if (letter == 0) return {};
     const char16_t unit = static_cast<unsigned char>(letter);
-    return platform::displayUTF8({&unit, 1});
+    return displayUTF8({&unit, 1});
 }
 
 PlaceReport placeOf(std::int32_t result, const fileInfoRecord& record)
@@ -104,7 +105,7 @@ std::string addressOf(const fileInfoRecord& record, TovStringRef path, const Rep
 std::string placemarkOf(const fileInfoRecord& record, TovStringRef path)
 {
     const StringHolder name(gpsCopyFileName(path));
-    const StringHolder escaped(gpsEscapeForXML(platform::unitsOf(name.get())));
+    const StringHolder escaped(gpsEscapeForXML(unitsOf(name.get())));
     StringHolder piece(TovStringCreateMutable());
     if (!escaped || !piece) return {};
     gpsInsertKmlPlacemark(piece.slot(), record, escaped.get());
@@ -123,7 +124,7 @@ bool showsFields(Output output)
 
 bool prepareTexts()
 {
-    (void)platform::utcOffsetAt(0);
+    (void)utcOffsetAt(0);
     return std::all_of(std::begin(kNeededTexts), std::end(kNeededTexts), iuHasText);
 }
 
@@ -164,7 +165,7 @@ std::vector<FileReport> FileReporter::report(std::span<const std::string> paths,
     if (!descriptors.empty()) reading_.prepare();
     for (std::size_t i = 0; i < paths.size(); i++) tellFile(files[i], &reports[i]);
 
-    std::vector<platform::PropertyResult> answers;
+    std::vector<PropertyResult> answers;
     if (!descriptors.empty()) answers = reading_.read(descriptors, alarm);
     // The reader ends while its answer is written down.
     if (isOnlyFile_) reading_.finish();
@@ -172,8 +173,8 @@ std::vector<FileReport> FileReporter::report(std::span<const std::string> paths,
     for (std::size_t i = 0; i < paths.size(); i++) {
         fileInfoRecord record{};
         gpsPrepareInfoRecord(&record);
-        tellPlace(files[i], files[i].descriptor ? answers[next++] : platform::PropertyResult{},
-                  &record, &reports[i]);
+        tellPlace(files[i], files[i].descriptor ? answers[next++] : PropertyResult{}, &record,
+                  &reports[i]);
         gpsReleaseInfoRecord(&record);
     }
     return reports;
@@ -183,7 +184,7 @@ FileReport FileReporter::report(const std::string& path, fileInfoRecord* record)
 {
     FileReport report{};
     const OpenFile file = open(path, &report);
-    platform::PropertyResult answer;
+    PropertyResult answer;
     const int descriptor = file.descriptor.get();
     if (file.descriptor) answer = reading_.read({&descriptor, 1}, -1).front();
     tellFile(file, &report);
@@ -196,20 +197,18 @@ FileReport FileReporter::report(const std::string& path, fileInfoRecord* record)
 FileReporter::OpenFile FileReporter::open(const std::string& path, FileReport* report)
 {
     OpenFile file;
-    file.path = StringHolder(platform::createPathText(path));
+    file.path = StringHolder(createPathText(path));
     int openError = 0;
     report->isAccepted = accepted_.accepts(path);
     if (report->isAccepted) {
-        file.descriptor =
-            platform::DescriptorHolder(platform::openDescriptor(path.c_str(), O_RDONLY));
+        file.descriptor = DescriptorHolder(openDescriptor(path.c_str(), O_RDONLY));
         if (!file.descriptor) openError = errno;
     }
-    file.attributes = file.descriptor ? platform::attributesOf(file.descriptor.get())
-                                      : platform::attributesOf(path);
+    file.attributes = file.descriptor ? attributesOf(file.descriptor.get()) : attributesOf(path);
     if (!file.attributes) {
         report->error = std::strerror(errno);
     } else if (!file.attributes->isRegular) {
-        file.descriptor = platform::DescriptorHolder();
+        file.descriptor = DescriptorHolder();
     } else if (openError != 0) {
         report->error = std::strerror(openError);
     }
@@ -239,10 +238,10 @@ void FileReporter::tellFile(const OpenFile& file, FileReport* report)
 }
 
 // Writes down what has come of reading a file.
-void FileReporter::tellPlace(const OpenFile& file, const platform::PropertyResult& answer,
+void FileReporter::tellPlace(const OpenFile& file, const PropertyResult& answer,
                              fileInfoRecord* record, FileReport* report) const
 {
-    using Outcome = platform::ReadOutcome;
+    using Outcome = ReadOutcome;
     if (!report->isAccepted) return;
 
     std::int32_t result = kErrNothingUsable;
@@ -256,7 +255,7 @@ void FileReporter::tellPlace(const OpenFile& file, const platform::PropertyResul
         report->error = "pictures cannot be read safely on this system";
     } else if (answer.outcome == Outcome::found) {
         const ObjectHolder<TovDictionaryRef> properties(
-            platform::createPropertyDictionary(answer.properties));
+            createPropertyDictionary(answer.properties));
         result = gpsFillInfoFromProperties(properties.get(), record);
     }
     report->place = placeOf(result, *record);
@@ -266,3 +265,5 @@ void FileReporter::tellPlace(const OpenFile& file, const platform::PropertyResul
     report->address = addressOf(*record, file.path.get(), wishes_);
     if (wishes_.placemarks) report->placemark = placemarkOf(*record, file.path.get());
 }
+
+}  // namespace pinorama

@@ -17,6 +17,8 @@
 #include <string>
 #include <vector>
 
+namespace pinorama {
+
 // What to find out beyond the place itself.
 struct ReportWishes {
     Output output = Output::text;
@@ -45,7 +47,7 @@ public:
 
     // Reads files: a report on each, in their order.
     //
-    //   paths  at most platform::kMostDescriptors, in the raw bytes of the system.
+    //   paths  at most kMostDescriptors, in the raw bytes of the system.
     //   alarm  as of PropertyReading::read; -1 for none.
     std::vector<FileReport> report(std::span<const std::string> paths, int alarm = -1);
 
@@ -56,8 +58,8 @@ private:
     // One file while its report is being made.
     struct OpenFile {
         StringHolder path{};
-        platform::DescriptorHolder descriptor{};  // of a camera picture, a regular file
-        std::optional<platform::FileAttributes> attributes{};
+        DescriptorHolder descriptor{};  // of a camera picture, a regular file
+        std::optional<FileAttributes> attributes{};
     };
 
     // The last date that was written.
@@ -69,8 +71,8 @@ private:
     OpenFile open(const std::string& path, FileReport* report);
     void tellFile(const OpenFile& file, FileReport* report);
     void tellFacts(const fileFacts& facts, FileReport* report);
-    void tellPlace(const OpenFile& file, const platform::PropertyResult& answer,
-                   fileInfoRecord* record, FileReport* report) const;
+    void tellPlace(const OpenFile& file, const PropertyResult& answer, fileInfoRecord* record,
+                   FileReport* report) const;
 
     ReportWishes wishes_;
     PropertyReading reading_;
@@ -80,3 +82,5 @@ private:
     DateText modified_{};
     DateText created_{};
 };
+
+}  // namespace pinorama

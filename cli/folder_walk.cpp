@@ -12,6 +12,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+namespace pinorama {
 namespace {
 constexpr char kFolder = 'd';
 constexpr char kFile = 'f';
@@ -68,7 +69,7 @@ std::optional<std::string> FolderWalk::next()
 bool FolderWalk::enter(bool isStart)
 {
     const int flags = O_RDONLY | O_DIRECTORY | (isStart ? 0 : O_NOFOLLOW);
-    platform::DescriptorHolder folder(platform::openDescriptor(path_.c_str(), flags));
+    DescriptorHolder folder(openDescriptor(path_.c_str(), flags));
     Listing listing;
     if (!folder || !list(folder.take(), &listing)) {
         complain_(path_, std::strerror(errno));
@@ -85,7 +86,7 @@ bool FolderWalk::list(int descriptor, Listing* listing)
 {
     const std::unique_ptr<DIR, FolderCloser> folder(fdopendir(descriptor));
     if (!folder) {
-        const platform::DescriptorHolder unused(descriptor);
+        const DescriptorHolder unused(descriptor);
         return false;
     }
     errno = 0;
@@ -117,3 +118,5 @@ void FolderWalk::addName(int folder, const char* name, unsigned char type, Listi
     listing->block += type == DT_DIR ? kFolder : kFile;
     listing->block.append(name, std::strlen(name) + 1);
 }
+
+}  // namespace pinorama

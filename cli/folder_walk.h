@@ -11,6 +11,8 @@
 #include <string>
 #include <vector>
 
+namespace pinorama {
+
 class FolderWalk {
 public:
     // What to call with a folder that could not be read: its path, and why.
@@ -47,3 +49,5 @@ private:
     std::string path_;
     std::vector<Listing> levels_;
 };
+
+}  // namespace pinorama

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <string_view>
 
+namespace pinorama {
 namespace {
 // Writes the members of one object; every value is preceded by its key.
 class ObjectWriter {
@@ -114,3 +115,5 @@ void appendJsonLine(const FileReport& report, std::string* out)
     visitFields(report, object);
     object.close();
 }
+
+}  // namespace pinorama

@@ -8,5 +8,9 @@
 
 #include "cli/file_report.h"
 
+namespace pinorama {
+
 // Appends the object and a line feed.
 void appendJsonLine(const FileReport& report, std::string* out);
+
+}  // namespace pinorama

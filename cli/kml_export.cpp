@@ -11,10 +11,11 @@
 #include <cerrno>
 #include <cstring>
 
+namespace pinorama {
 namespace {
 std::string takeUTF8(StringHolder text)
 {
-    return platform::displayUTF8(platform::unitsOf(text.get()));
+    return displayUTF8(unitsOf(text.get()));
 }
 }  // namespace
 
@@ -30,9 +31,9 @@ std::string exportPicture(FileReporter* reporter, const std::string& picture,
     } else if (!report.isLocated()) {
         problem = report.path + ": no position";
     } else {
-        const StringHolder picturePath(platform::createPathText(picture));
+        const StringHolder picturePath(createPathText(picture));
         const StringHolder name(gpsCopyFileName(picturePath.get()));
-        if (!gpsSaveKML(path, record, name.get(), platform::FullPipe::waits)) {
+        if (!gpsSaveKML(path, record, name.get(), FullPipe::waits)) {
             problem = shownPath(path) + ": " + std::strerror(errno);
         }
     }
@@ -54,3 +55,5 @@ bool KmlCollection::finish()
     gpsInsertKmlFooter(footer.slot());
     return file_.write(takeUTF8(std::move(footer))) && file_.finish();
 }
+
+}  // namespace pinorama

@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+namespace pinorama {
+
 // Writes the document of one picture as the window exports it, byte for byte, and waits for the
 // reader of a pipe.
 //
@@ -27,5 +29,7 @@ public:
     bool finish();
 
 private:
-    platform::ReplacingFile file_{platform::FullPipe::waits};
+    ReplacingFile file_{FullPipe::waits};
 };
+
+}  // namespace pinorama

@@ -16,6 +16,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+namespace pinorama {
 namespace {
 constexpr std::size_t kBatchesPerLane = 4;  // handed over or waiting to be taken
 constexpr std::size_t kMostHandedOver = 2;  // to one lane: what it works on, and the next
@@ -97,12 +98,12 @@ bool LanePool::start(Lane* lane)
 {
     int ends[2];
     if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0) return false;
-    lane->socket = platform::DescriptorHolder(ends[0]);
-    platform::DescriptorHolder theirs(ends[1]);
+    lane->socket = DescriptorHolder(ends[0]);
+    DescriptorHolder theirs(ends[1]);
     const pid_t parent = getpid();
     lane->process = fork();
     if (lane->process == 0) live(theirs.get(), parent, work_);
-    if (lane->process < 0) lane->socket = platform::DescriptorHolder();
+    if (lane->process < 0) lane->socket = DescriptorHolder();
     return lane->process > 0;
 }
 
@@ -110,7 +111,7 @@ bool LanePool::start(Lane* lane)
 // rest of the batch is tried file by file. Other batches that it had are none the wiser.
 void LanePool::lose(Lane* lane)
 {
-    lane->socket = platform::DescriptorHolder();
+    lane->socket = DescriptorHolder();
     if (lane->process > 0) {
         kill(lane->process, SIGKILL);
         waitpid(lane->process, nullptr, 0);
@@ -210,3 +211,5 @@ void LanePool::wait(int alarm, int milliseconds)
     }
     handOver();
 }
+
+}  // namespace pinorama

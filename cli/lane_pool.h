@@ -15,6 +15,8 @@
 
 #include <sys/types.h>
 
+namespace pinorama {
+
 // The processors that this process may use, at least 1.
 int usableProcessors();
 
@@ -57,7 +59,7 @@ private:
     };
     struct Lane {
         pid_t process = -1;
-        platform::DescriptorHolder socket{};
+        DescriptorHolder socket{};
         std::string unsent{};
         std::string received{};
         std::deque<Batch*> queue{};  // handed over, in the order of their answers
@@ -75,3 +77,5 @@ private:
     std::size_t most_;
     std::deque<Batch> batches_{};  // a deque: its items stay where they are
 };
+
+}  // namespace pinorama

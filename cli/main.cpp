@@ -20,6 +20,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+namespace pinorama {
 namespace {
 void complain(const std::string& what)
 {
@@ -58,7 +59,7 @@ int exportOne(const Options& options)
 // A name that was forgotten behind --kml makes the first of the pictures the document.
 bool wouldReplaceAPicture(const std::string& path)
 {
-    const auto attributes = platform::attributesOf(path);
+    const auto attributes = attributesOf(path);
     return attributes && attributes->isRegular && AcceptedNames().accepts(path);
 }
 
@@ -74,13 +75,15 @@ int report(const Options& options)
         }
     }
     if (showsFields(options.output) && !prepareTexts()) {
-        complain(shownPath(platform::resourceFolder() + "/strings") +
-                 ": the program's texts are missing");
+        complain(shownPath(resourceFolder() + "/strings") + ": the program's texts are missing");
         return kSomeFileFailed;
     }
     return reportOnFiles(options, std::move(serviceTemplate));
 }
 }  // namespace
+}  // namespace pinorama
+
+using namespace pinorama;
 
 int main(int argc, char** argv)
 {

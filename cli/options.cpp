@@ -7,6 +7,7 @@
 #include <charconv>
 #include <cstring>
 
+namespace pinorama {
 namespace {
 // What is read before it is known to fit together.
 struct Reading {
@@ -173,3 +174,5 @@ std::string fullUsage()
         "no place\nto write or print; 2 for wrong usage; 130 after Ctrl-C.\n";
     return usage;
 }
+
+}  // namespace pinorama

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+namespace pinorama {
+
 // What is printed of each file.
 enum class Output : std::uint8_t {
     text,              // a line for every field, an empty line between two files
@@ -43,3 +45,5 @@ bool readOptions(int argc, char** argv, Options* options, std::string* outError)
 // every option. Both end in a line feed.
 std::string shortUsage();
 std::string fullUsage();
+
+}  // namespace pinorama

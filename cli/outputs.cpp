@@ -7,6 +7,8 @@
 
 #include <unistd.h>
 
+namespace pinorama {
+
 Outputs::Outputs(const Options& options, bool showsProgress)
     : output_(options.output), kmlPath_(options.kmlPath), progress_(showsProgress)
 {
@@ -96,3 +98,5 @@ void Outputs::loseKml()
     kmlHasFailed_ = true;
     complain(shownPath(kmlPath_) + ": " + std::strerror(error));
 }
+
+}  // namespace pinorama

@@ -10,6 +10,8 @@
 #include <string>
 #include <string_view>
 
+namespace pinorama {
+
 class Outputs {
 public:
     Outputs(const Options& options, bool showsProgress);
@@ -55,3 +57,5 @@ private:
     FileCount total_{};
     ProgressLine progress_;
 };
+
+}  // namespace pinorama

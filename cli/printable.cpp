@@ -1,5 +1,6 @@
 #include "cli/printable.h"
 
+namespace pinorama {
 namespace {
 constexpr std::string_view kReplacement = "\xef\xbf\xbd";  // U+FFFD
 
@@ -27,3 +28,5 @@ void appendPrintable(std::string_view text, std::string* out)
         }
     }
 }
+
+}  // namespace pinorama

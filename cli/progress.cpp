@@ -9,6 +9,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+namespace pinorama {
 namespace {
 constexpr std::chrono::milliseconds kInterval{200};
 constexpr char kClearLine[] = "\r\x1b[K";
@@ -55,8 +56,8 @@ void FileCount::start(const std::function<std::uint64_t()>& count)
 {
     int ends[2];
     if (pipe(ends) != 0) return;
-    pipe_ = platform::DescriptorHolder(ends[0]);
-    const platform::DescriptorHolder theirs(ends[1]);
+    pipe_ = DescriptorHolder(ends[0]);
+    const DescriptorHolder theirs(ends[1]);
     const pid_t parent = getpid();
     process_ = fork();
     if (process_ != 0) return;
@@ -74,7 +75,7 @@ std::optional<std::uint64_t> FileCount::number()
     if (number_ || !pipe_ || poll(&ready, 1, 0) != 1) return number_;
     std::uint64_t number = 0;
     if (read(pipe_.get(), &number, sizeof number) == sizeof number) number_ = number;
-    pipe_ = platform::DescriptorHolder();
+    pipe_ = DescriptorHolder();
     return number_;
 }
 
@@ -121,3 +122,5 @@ std::string summaryText(const WorkCounts& counts, double seconds)
            " with a position, " + std::to_string(counts.failed) + " not read, " +
            fixed(seconds, 1) + " seconds";
 }
+
+}  // namespace pinorama

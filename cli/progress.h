@@ -13,6 +13,8 @@
 
 #include <sys/types.h>
 
+namespace pinorama {
+
 struct WorkCounts {
     std::uint64_t files = 0;
     std::uint64_t located = 0;
@@ -35,7 +37,7 @@ public:
 
 private:
     pid_t process_ = -1;
-    platform::DescriptorHolder pipe_;
+    DescriptorHolder pipe_;
     std::optional<std::uint64_t> number_;
 };
 
@@ -67,3 +69,5 @@ std::string progressText(std::uint64_t files, std::optional<std::uint64_t> total
 
 // "340 pictures, 120 with a position, 1 not read, 0.1 seconds".
 std::string summaryText(const WorkCounts& counts, double seconds);
+
+}  // namespace pinorama

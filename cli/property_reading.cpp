@@ -6,19 +6,19 @@
 #include <chrono>
 #include <memory>
 
+namespace pinorama {
 namespace {
 using namespace std::chrono_literals;
 
 // Nobody sits before a window here, so disks have more time than there.
-constexpr platform::ReaderPatience kPatience = {.processor = 2s, .silence = 30s, .whole = 60s};
+constexpr ReaderPatience kPatience = {.processor = 2s, .silence = 30s, .whole = 60s};
 }  // namespace
 
 PropertyReading makePropertyReading()
 {
-    platform::ReaderLimits limits;
+    ReaderLimits limits;
     limits.properties = kPatience;
-    const auto client =
-        std::make_shared<platform::ReaderClient>(platform::forkPropertyReader, limits);
+    const auto client = std::make_shared<ReaderClient>(forkPropertyReader, limits);
     return {
         .prepare = [client] { client->start(); },
         .read = [client](std::span<const int> descriptors,
@@ -26,3 +26,5 @@ PropertyReading makePropertyReading()
         .finish = [client] { client->dismiss(); },
     };
 }
+
+}  // namespace pinorama

@@ -8,6 +8,8 @@
 #include <span>
 #include <vector>
 
+namespace pinorama {
+
 struct PropertyReading {
     // Makes ready for pictures that will come in a moment, and returns at once. What has been made
     // ready is not to be shared with processes that are split off later.
@@ -16,10 +18,8 @@ struct PropertyReading {
     // Reads the pictures that are open under the descriptors, which stay the caller's: a result for
     // each, in their order.
     //
-    //   alarm  as of platform::ReaderClient::readProperties.
-    std::function<std::vector<platform::PropertyResult>(std::span<const int> descriptors,
-                                                        int alarm)>
-        read;
+    //   alarm  as of ReaderClient::readProperties.
+    std::function<std::vector<PropertyResult>(std::span<const int> descriptors, int alarm)> read;
 
     // Says that no picture follows.
     std::function<void()> finish;
@@ -30,3 +30,5 @@ struct PropertyReading {
 // without a sign of life or 2 of processor time, and 60 at most. Among others it may take that
 // twice, until it is known which one it is.
 PropertyReading makePropertyReading();
+
+}  // namespace pinorama

@@ -7,6 +7,8 @@
 
 #include <string_view>
 
+namespace pinorama {
+
 // Calls fields.add(key, value) for each field: a text, an optional text, a bool, an int32, an
 // optional uint64 or a double; fields.addNothing(key) for one that a file of its kind has not.
 template <typename Fields>
@@ -45,3 +47,5 @@ void visitFields(const FileReport& report, Fields& fields)
     fields.add("altitudeText", std::string_view(report.altitudeText));
     fields.add("direction", std::string_view(report.direction));
 }
+
+}  // namespace pinorama

@@ -1,3 +1,7 @@
+
+
+namespace pinorama {
+
 // What keeps the mathematical library out of the program. Its linked-in C++ library can also print
 // the longest floating-point type, and asks for the rounding mode there. Nothing here prints that
 // type: the linker takes these two in place of the library and then throws them away, together with
@@ -17,3 +21,5 @@ int fesetround(int mode)
 {
     return mode;  // 0 is success, and any other mode is not to be had
 }
+
+}  // namespace pinorama

@@ -3,13 +3,15 @@
 #include <sys/signalfd.h>
 #include <unistd.h>
 
+namespace pinorama {
+
 StopSignals::StopSignals()
 {
     sigset_t signals;
     sigemptyset(&signals);
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) sigaddset(&signals, signal);
     sigprocmask(SIG_BLOCK, &signals, &earlierMask_);
-    descriptor_ = platform::DescriptorHolder(signalfd(-1, &signals, SFD_NONBLOCK | SFD_CLOEXEC));
+    descriptor_ = DescriptorHolder(signalfd(-1, &signals, SFD_NONBLOCK | SFD_CLOEXEC));
 
     struct sigaction ignore {};
     ignore.sa_handler = SIG_IGN;
@@ -30,3 +32,5 @@ int StopSignals::caught()
     }
     return caught_;
 }
+
+}  // namespace pinorama

@@ -7,6 +7,8 @@
 
 #include <csignal>
 
+namespace pinorama {
+
 class StopSignals {
 public:
     // From now on SIGINT, SIGTERM and SIGHUP wait to be asked for, and writing to a closed pipe is
@@ -26,6 +28,8 @@ public:
 private:
     sigset_t earlierMask_{};
     struct sigaction earlierPipeAction_ {};
-    platform::DescriptorHolder descriptor_;
+    DescriptorHolder descriptor_;
     int caught_ = 0;
 };
+
+}  // namespace pinorama

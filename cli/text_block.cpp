@@ -4,6 +4,7 @@
 
 #include <string_view>
 
+namespace pinorama {
 namespace {
 constexpr std::size_t kValueColumn = 14;
 
@@ -41,3 +42,5 @@ void appendTextBlock(const FileReport& report, std::string* out)
     appendLine("Country", textOr(place.country), out);
     appendLine("Caption", textOr(place.description), out);
 }
+
+}  // namespace pinorama

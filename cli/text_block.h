@@ -6,5 +6,9 @@
 
 #include "cli/file_report.h"
 
+namespace pinorama {
+
 // Appends a line for every field that the window shows; a value never takes more than its line.
 void appendTextBlock(const FileReport& report, std::string* out);
+
+}  // namespace pinorama

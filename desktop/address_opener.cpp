@@ -3,9 +3,13 @@
 #include <QDesktopServices>
 #include <QUrl>
 
-void platform::DesktopAddressOpener::open(const QByteArray& address)
+namespace pinorama {
+
+void DesktopAddressOpener::open(const QByteArray& address)
 {
     // Strict: an address that needs repair is none. The escapes in it pass unchanged.
     const QUrl url = QUrl::fromEncoded(address, QUrl::StrictMode);
     if (url.isValid() && !url.scheme().isEmpty()) QDesktopServices::openUrl(url);
 }
+
+}  // namespace pinorama

@@ -5,7 +5,7 @@
 
 #include <QByteArray>
 
-namespace platform {
+namespace pinorama {
 
 class AddressOpener {
 public:
@@ -25,4 +25,4 @@ public:
     void open(const QByteArray& address) override;
 };
 
-}  // namespace platform
+}  // namespace pinorama

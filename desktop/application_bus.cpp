@@ -9,6 +9,7 @@
 
 #include <algorithm>
 
+namespace pinorama {
 namespace {
 const QString kName = QStringLiteral("org.pinorama.Pinorama");
 const QString kObject = QStringLiteral("/org/pinorama/Pinorama");
@@ -34,21 +35,21 @@ QVariantMap platformDataOf(const QByteArray& token)
 }
 }  // namespace
 
-platform::ApplicationBus::ApplicationBus(const QDBusConnection& connection, QObject* parent)
+ApplicationBus::ApplicationBus(const QDBusConnection& connection, QObject* parent)
     : QObject(parent), connection_(connection)
 {
     new ApplicationAdaptor(this);
     new OwnAdaptor(this);
 }
 
-platform::ApplicationBus::~ApplicationBus()
+ApplicationBus::~ApplicationBus()
 {
     if (!isOffered_) return;
     connection_.unregisterService(kName);
     connection_.unregisterObject(kObject);
 }
 
-platform::ApplicationBus::Claim platform::ApplicationBus::claim()
+ApplicationBus::Claim ApplicationBus::claim()
 {
     if (!connection_.isConnected() || connection_.interface() == nullptr) return Claim::noBus;
     // The object comes before the name, so that nobody finds the name without it.
@@ -62,32 +63,31 @@ platform::ApplicationBus::Claim platform::ApplicationBus::claim()
     return Claim::granted;
 }
 
-bool platform::ApplicationBus::activateOther(const QByteArray& token)
+bool ApplicationBus::activateOther(const QByteArray& token)
 {
     return callOther(kApplicationInterface, QStringLiteral("Activate"), {platformDataOf(token)});
 }
 
-bool platform::ApplicationBus::openInOther(const std::vector<std::string>& paths,
-                                           const QByteArray& token)
+bool ApplicationBus::openInOther(const std::vector<std::string>& paths, const QByteArray& token)
 {
     QStringList uris;
     for (const std::string& path : paths) uris << QString::fromStdString(fileURIOfPath(path));
     return callOther(kApplicationInterface, QStringLiteral("Open"), {uris, platformDataOf(token)});
 }
 
-bool platform::ApplicationBus::sendTextToOther(const QString& text)
+bool ApplicationBus::sendTextToOther(const QString& text)
 {
     return callOther(kOwnInterface, QStringLiteral("OpenText"), {text});
 }
 
-bool platform::ApplicationBus::runActionInOther(const QString& action, const QByteArray& token)
+bool ApplicationBus::runActionInOther(const QString& action, const QByteArray& token)
 {
     return callOther(kApplicationInterface, QStringLiteral("ActivateAction"),
                      {action, QVariantList(), platformDataOf(token)});
 }
 
-bool platform::ApplicationBus::callOther(const QString& interface, const QString& method,
-                                         const QVariantList& arguments)
+bool ApplicationBus::callOther(const QString& interface, const QString& method,
+                               const QVariantList& arguments)
 {
     QDBusMessage call = QDBusMessage::createMethodCall(kName, kObject, interface, method);
     call.setArguments(arguments);
@@ -95,15 +95,17 @@ bool platform::ApplicationBus::callOther(const QString& interface, const QString
     return connection_.call(call, QDBus::Block, kAnswerLimit).type() == QDBusMessage::ReplyMessage;
 }
 
-QByteArray platform::activationTokenOfStarter()
+QByteArray activationTokenOfStarter()
 {
     QByteArray token = qgetenv(kTokenVariable);
     if (token.isEmpty()) token = qgetenv(kStartupVariable);
     return isPlausibleToken(token) ? token : QByteArray();
 }
 
-void platform::useActivationToken(const QByteArray& token)
+void useActivationToken(const QByteArray& token)
 {
     // The Wayland side of the toolkit takes it from here when a window is activated.
     if (isPlausibleToken(token)) qputenv(kTokenVariable, token);
 }
+
+}  // namespace pinorama

@@ -20,7 +20,7 @@
 #include <string>
 #include <vector>
 
-namespace platform {
+namespace pinorama {
 
 constexpr int kLongestServiceText = 65536;  // UTF-16 units
 
@@ -73,4 +73,4 @@ QByteArray activationTokenOfStarter();
 // token that is too long or holds unprintable bytes is dropped.
 void useActivationToken(const QByteArray& token);
 
-}  // namespace platform
+}  // namespace pinorama

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+namespace pinorama {
 namespace {
 constexpr qsizetype kLongestActionName = 64;
 constexpr qsizetype kLongestToken = 1024;
@@ -23,16 +24,16 @@ QByteArray tokenIn(const QVariantMap& platformData)
 std::optional<std::string> pathOf(const QString& uri)
 {
     if (uri.size() > kLongestUri) return std::nullopt;
-    return platform::pathOfFileURI(uri.toStdString());
+    return pathOfFileURI(uri.toStdString());
 }
 }  // namespace
 
-void platform::ApplicationAdaptor::Activate(const QVariantMap& platformData)
+void ApplicationAdaptor::Activate(const QVariantMap& platformData)
 {
     Q_EMIT bus_->activated(tokenIn(platformData));
 }
 
-void platform::ApplicationAdaptor::Open(const QStringList& uris, const QVariantMap& platformData)
+void ApplicationAdaptor::Open(const QStringList& uris, const QVariantMap& platformData)
 {
     // One picture at a time: the last that was asked for.
     for (auto uri = uris.crbegin(); uri != uris.crend(); ++uri) {
@@ -44,14 +45,16 @@ void platform::ApplicationAdaptor::Open(const QStringList& uris, const QVariantM
     Q_EMIT bus_->activated(tokenIn(platformData));
 }
 
-void platform::ApplicationAdaptor::ActivateAction(const QString& action, const QVariantList&,
-                                                  const QVariantMap& platformData)
+void ApplicationAdaptor::ActivateAction(const QString& action, const QVariantList&,
+                                        const QVariantMap& platformData)
 {
     if (action.size() <= kLongestActionName)
         Q_EMIT bus_->actionActivated(action, tokenIn(platformData));
 }
 
-void platform::OwnAdaptor::OpenText(const QString& text)
+void OwnAdaptor::OpenText(const QString& text)
 {
     Q_EMIT bus_->textSent(text.size() <= kLongestServiceText ? text : QString());
 }
+
+}  // namespace pinorama

@@ -9,7 +9,7 @@
 #include <QStringList>
 #include <QVariantMap>
 
-namespace platform {
+namespace pinorama {
 
 class ApplicationAdaptor : public QDBusAbstractAdaptor {
     Q_OBJECT
@@ -46,4 +46,4 @@ private:
     ApplicationBus* bus_;
 };
 
-}  // namespace platform
+}  // namespace pinorama

@@ -19,6 +19,7 @@
 
 #include <chrono>
 
+namespace pinorama {
 namespace {
 using namespace std::chrono_literals;
 
@@ -45,14 +46,14 @@ bool writeWhole(const QString& path, const std::string& text)
 }
 
 // A file of the user's own session, written anew for each flight. Empty when it cannot be written.
-QString writeLookAtFile(const platform::GlobeView& view)
+QString writeLookAtFile(const GlobeView& view)
 {
     QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
     if (folder.isEmpty()) folder = QStandardPaths::writableLocation(QStandardPaths::CacheLocation);
     folder += QStringLiteral("/pinorama");
     if (!QDir().mkpath(folder)) return {};
     const QString path = folder + QStringLiteral("/fly-to.kml");
-    return writeWhole(path, platform::makeLookAtDocument(view)) ? path : QString();
+    return writeWhole(path, makeLookAtDocument(view)) ? path : QString();
 }
 
 // The settings lie beside the program itself, which the name on the search path may only link to.
@@ -63,7 +64,7 @@ QString queryFileOf(const QString& executable)
     constexpr qint64 kLongestSettings = 1 << 20;
     if (!settings.open(QIODevice::ReadOnly)) return {};
     return QFile::decodeName(QByteArray::fromStdString(
-        platform::queryFileOfDriverSettings(settings.read(kLongestSettings).toStdString())));
+        queryFileOfDriverSettings(settings.read(kLongestSettings).toStdString())));
 }
 
 QDBusPendingCall callMarble(const char* path, const char* interface, const char* method,
@@ -77,22 +78,22 @@ QDBusPendingCall callMarble(const char* path, const char* interface, const char*
 }
 }  // namespace
 
-platform::GlobePrograms::GlobePrograms(AddressOpener& opener, QObject* parent)
+GlobePrograms::GlobePrograms(AddressOpener& opener, QObject* parent)
     : QObject(parent), opener_(opener)
 {
     startLimit_.setSingleShot(true);
     connect(&startLimit_, &QTimer::timeout, this, [this] { setBusy(false); });
 }
 
-platform::GlobePrograms::~GlobePrograms() = default;
+GlobePrograms::~GlobePrograms() = default;
 
-void platform::GlobePrograms::show(const GlobeView& view)
+void GlobePrograms::show(const GlobeView& view)
 {
     if (showInGoogleEarth(view) || showInMarble(view)) return;
     openDocument(view);
 }
 
-bool platform::GlobePrograms::showInGoogleEarth(const GlobeView& view)
+bool GlobePrograms::showInGoogleEarth(const GlobeView& view)
 {
     const QString executable =
         firstExecutable({"google-earth-pro", "googleearth-pro", "googleearth"});
@@ -107,7 +108,7 @@ bool platform::GlobePrograms::showInGoogleEarth(const GlobeView& view)
     return !document.isEmpty() && QProcess::startDetached(executable, {document});
 }
 
-bool platform::GlobePrograms::showInMarble(const GlobeView& view)
+bool GlobePrograms::showInMarble(const GlobeView& view)
 {
     view_ = view;
     if (isBusy_) return true;  // the one that is starting takes the latest view
@@ -138,7 +139,7 @@ bool platform::GlobePrograms::showInMarble(const GlobeView& view)
     return true;
 }
 
-void platform::GlobePrograms::moveMarble()
+void GlobePrograms::moveMarble()
 {
     constexpr const char* kInterface = "org.kde.marble";
     // Calls to one receiver arrive in their order, so none has to wait for the one before.
@@ -148,7 +149,7 @@ void platform::GlobePrograms::moveMarble()
     callMarble("/marble/MainWindow_1", "org.qtproject.Qt.QWidget", "raise", {});
 }
 
-void platform::GlobePrograms::startMarble()
+void GlobePrograms::startMarble()
 {
     const auto text = [](double value) { return QString::number(value, 'f', 6); };
     const QStringList arguments = {QStringLiteral("--latlon"),
@@ -168,16 +169,18 @@ void platform::GlobePrograms::startMarble()
     });
 }
 
-void platform::GlobePrograms::openDocument(const GlobeView& view)
+void GlobePrograms::openDocument(const GlobeView& view)
 {
     const QString path = writeLookAtFile(view);
     if (!path.isEmpty()) opener_.open(QUrl::fromLocalFile(path).toEncoded());
 }
 
-void platform::GlobePrograms::setBusy(bool isBusy)
+void GlobePrograms::setBusy(bool isBusy)
 {
     if (isBusy == isBusy_) return;
     isBusy_ = isBusy;
     if (!isBusy) startLimit_.stop();
     Q_EMIT busyChanged(isBusy);
 }
+
+}  // namespace pinorama

@@ -12,7 +12,7 @@
 
 class QDBusServiceWatcher;
 
-namespace platform {
+namespace pinorama {
 
 class GlobePrograms : public QObject {
     Q_OBJECT
@@ -48,4 +48,4 @@ private:
     bool isBusy_ = false;
 };
 
-}  // namespace platform
+}  // namespace pinorama

@@ -7,6 +7,7 @@
 #include <sstream>
 #include <string_view>
 
+namespace pinorama {
 namespace {
 // Six decimals are a tenth of a metre on the ground.
 std::string number(double value)
@@ -17,7 +18,7 @@ std::string number(double value)
     return {digits, end.ptr};
 }
 
-std::string lookAt(const platform::GlobeView& view)
+std::string lookAt(const GlobeView& view)
 {
     return "<LookAt><longitude>" + number(view.longitude) + "</longitude><latitude>" +
            number(view.latitude) + "</latitude><altitude>0</altitude><heading>" +
@@ -35,19 +36,19 @@ std::string_view trimmed(std::string_view text)
 }
 }  // namespace
 
-std::string platform::makeLookAtDocument(const GlobeView& view)
+std::string makeLookAtDocument(const GlobeView& view)
 {
     return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
            "<kml xmlns=\"http://www.opengis.net/kml/2.2\"><Document>" +
            lookAt(view) + "</Document></kml>\n";
 }
 
-std::string platform::makeFlyToQuery(const GlobeView& view)
+std::string makeFlyToQuery(const GlobeView& view)
 {
     return "flytoview=" + lookAt(view) + "\n";
 }
 
-std::string platform::queryFileOfDriverSettings(const std::string& driverSettings)
+std::string queryFileOfDriverSettings(const std::string& driverSettings)
 {
     std::istringstream lines(driverSettings);
     for (std::string line; std::getline(lines, line);) {
@@ -61,7 +62,7 @@ std::string platform::queryFileOfDriverSettings(const std::string& driverSetting
     return {};
 }
 
-int platform::marbleZoom(double distance)
+int marbleZoom(double distance)
 {
     // Marble sees the globe of this radius (metres) through a field of view of 110 degrees.
     constexpr double kGlobeRadius = 6378137.0;
@@ -70,3 +71,5 @@ int platform::marbleZoom(double distance)
     return static_cast<int>(
         std::lround(200.0 * std::log(kGlobeRadius * 0.4 / (kilometres * std::tan(halfView)))));
 }
+
+}  // namespace pinorama

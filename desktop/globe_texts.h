@@ -6,7 +6,7 @@
 
 #include "globe/globe_view.h"
 
-namespace platform {
+namespace pinorama {
 
 // A KML 2.2 document that holds the view as its LookAt and nothing else: opening it flies there
 // once. UTF-8. Tilt is kept between 0 and 90 degrees, which is what KML allows.
@@ -21,4 +21,4 @@ std::string queryFileOfDriverSettings(const std::string& driverSettings);
 // Marble's zoom for a camera distance in metres. Its map theme may stop short of it.
 int marbleZoom(double distance);
 
-}  // namespace platform
+}  // namespace pinorama

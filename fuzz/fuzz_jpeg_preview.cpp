@@ -5,20 +5,22 @@
 #include "pictures/pixels/jpeg_decode.h"
 #include "pictures/pixels/picture_preview.h"
 
+using namespace pinorama;
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     constexpr std::int32_t side = 16;
-    platform::MemoryByteSource source({data, size});
-    const platform::ByteBlock bytes(source);
-    if (const auto image = platform::decodeJpeg(bytes, {side, side})) {
+    MemoryByteSource source({data, size});
+    const ByteBlock bytes(source);
+    if (const auto image = decodeJpeg(bytes, {side, side})) {
         if (image->width > side || image->height > side) __builtin_trap();
     }
-    for (const platform::ByteBlock& stream : platform::findEmbeddedJpegs(bytes).streams) {
-        (void)platform::jpegSize(stream);
+    for (const ByteBlock& stream : findEmbeddedJpegs(bytes).streams) {
+        (void)jpegSize(stream);
     }
     // Only what begins as a JPEG picture: the raw formats would lead into LibRaw.
     if (size >= 2 && data[0] == 0xff && data[1] == 0xd8) {
-        (void)platform::makePreview(source, side, side);
+        (void)makePreview(source, side, side);
     }
     return 0;
 }

@@ -4,11 +4,13 @@
 #include "location/property_dictionary.h"
 #include "pictures/picture_properties.h"
 
+using namespace pinorama;
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    platform::MemoryByteSource source({data, size});
-    if (const auto properties = platform::readPictureProperties(source)) {
-        platform::releaseObject(platform::createPropertyDictionary(*properties));
+    MemoryByteSource source({data, size});
+    if (const auto properties = readPictureProperties(source)) {
+        releaseObject(createPropertyDictionary(*properties));
     }
     return 0;
 }

@@ -16,11 +16,11 @@
 
 #include <stdlib.h>
 
+using namespace pinorama;
+
 namespace {
 namespace fs = std::filesystem;
 using nlohmann::json;
-using platform::PreferenceFile;
-using platform::PreferenceValue;
 
 constexpr char16_t kOurKey[] = u"ours";
 constexpr int kDeepest = 64;  // objects and lists within each other
@@ -78,8 +78,8 @@ int depthOf(const json& value)
 
 std::u16string unitsOf(const std::string& text)
 {
-    std::u16string units(static_cast<std::size_t>(platform::countUnitsOfUTF8(text)), u'\0');
-    units.resize(platform::decodeUTF8(text, units));
+    std::u16string units(static_cast<std::size_t>(countUnitsOfUTF8(text)), u'\0');
+    units.resize(decodeUTF8(text, units));
     return units;
 }
 
@@ -93,7 +93,7 @@ void loadAll(const PreferenceFile& file, const json& values)
         if (value.is_string()) {
             expect(loaded == PreferenceValue(unitsOf(value.get<std::string>())));
         } else if (!value.is_number()) {
-            expect(loaded == PreferenceValue(platform::ForeignPreference()));
+            expect(loaded == PreferenceValue(ForeignPreference()));
         }
     }
 }
@@ -130,7 +130,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     std::u16string text(size / 2, u'\0');
     std::memcpy(text.data(), data, text.size() * 2);
-    text = unitsOf(platform::displayUTF8(text));  // halves of pairs are not kept
+    text = unitsOf(displayUTF8(text));  // halves of pairs are not kept
     storeAndCompare(file, path, text, values);
     expect(fs::exists(aside) == !isGood);
     if (!isGood) expect(readFile(aside) == bytes);

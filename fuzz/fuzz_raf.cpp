@@ -2,11 +2,13 @@
 
 #include "pictures/raf.h"
 
+using namespace pinorama;
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    platform::MemoryByteSource source({data, size});
-    const platform::ByteBlock picture(source);
-    (void)platform::isRaf(picture);  // must stand any bytes, as the search must
-    if (platform::findRafJpeg(picture).length() > size) __builtin_trap();
+    MemoryByteSource source({data, size});
+    const ByteBlock picture(source);
+    (void)isRaf(picture);  // must stand any bytes, as the search must
+    if (findRafJpeg(picture).length() > size) __builtin_trap();
     return 0;
 }

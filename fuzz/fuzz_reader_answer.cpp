@@ -5,8 +5,9 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace pinorama;
+
 namespace {
-using namespace platform;
 
 constexpr PixelSize kBox = {64, 64};
 

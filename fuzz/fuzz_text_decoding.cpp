@@ -10,6 +10,8 @@
 #include "lib/strings/tov_bytes.h"
 #include "lib/strings/tov_search.h"
 
+using namespace pinorama;
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const std::string_view input(reinterpret_cast<const char*>(data), size);
@@ -17,14 +19,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::uint32_t written = TovStringGetUTF8Size(text.get());
     const auto bytes = std::make_unique<char[]>(written);
     TovStringCopyToUTF8(text.get(), bytes.get(), &written);
-    const bool isUTF8 = platform::countUnitsOfUTF8(input) >= 0;
+    const bool isUTF8 = countUnitsOfUTF8(input) >= 0;
     const std::string_view form = input.substr(0, input.find('\0'));
     if (isUTF8 && form != std::string_view(bytes.get(), written)) __builtin_trap();
 
     // The first third is looked for in the rest, with and without case.
-    const std::u16string_view units = platform::unitsOf(text.get());
-    const StringHolder wanted(platform::createString(units.substr(0, units.size() / 3)));
-    const StringHolder rest(platform::createString(units.substr(units.size() / 3)));
+    const std::u16string_view units = unitsOf(text.get());
+    const StringHolder wanted(createString(units.substr(0, units.size() / 3)));
+    const StringHolder rest(createString(units.substr(units.size() / 3)));
     for (const std::uint8_t flag : {0, 1}) {
         const std::int32_t at = TovStringPosition(rest.get(), wanted.get(), 0, flag);
         if ((at == 0) != TovStringBeginsWith(rest.get(), wanted.get(), flag)) __builtin_trap();

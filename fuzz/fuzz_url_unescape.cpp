@@ -7,6 +7,8 @@
 #include "lib/strings/tov_bytes.h"
 #include "lib/strings/tov_url.h"
 
+using namespace pinorama;
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const StringHolder address(
@@ -15,6 +17,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (!decoded) return 0;
     const StringHolder escaped(TovStringConvertToURL(decoded.get()));
     const StringHolder again(TovStringConvertFromURL(escaped.get()));
-    if (!platform::equalUnits(decoded.get(), again.get())) __builtin_trap();
+    if (!equalUnits(decoded.get(), again.get())) __builtin_trap();
     return 0;
 }

@@ -8,6 +8,8 @@
 #include "lib/strings/tov_bytes.h"
 #include "lib/strings/tov_xml.h"
 
+using namespace pinorama;
+
 namespace {
 struct Visit {
     TovStringRef document, tag;
@@ -21,7 +23,7 @@ void visit(TovStringRef item, void* context)
     if (++visit->count > 16) return;  // searching by number begins anew each time
     const StringHolder found(
         TovStringSimpleXMLParserFindNthData(visit->document, visit->tag, visit->count));
-    if (!platform::equalUnits(item, found.get())) __builtin_trap();
+    if (!equalUnits(item, found.get())) __builtin_trap();
 }
 }  // namespace
 

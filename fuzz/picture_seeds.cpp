@@ -6,6 +6,8 @@
 #include <filesystem>
 #include <fstream>
 
+using namespace pinorama;
+
 namespace {
 using namespace std::string_literals;
 

@@ -8,6 +8,8 @@
 #include <fstream>
 #include <string>
 
+using namespace pinorama;
+
 namespace {
 template <typename Bytes>
 void write(const std::filesystem::path& folder, const char* name, const Bytes& bytes)
@@ -33,7 +35,6 @@ void writeJpegs(const std::filesystem::path& folder)
 
 void writeRequests(const std::filesystem::path& folder)
 {
-    using namespace platform;
     write(folder, "properties", encodeRequest({ReaderTask::properties, 1, 64, {}}));
     write(folder, "preview", encodeRequest({ReaderTask::picturePreview, 2, 1, {128, 128}}));
     write(folder, "thumbnail", encodeRequest({ReaderTask::cachedThumbnail, 3, 1, {1, 2048}}));
@@ -41,7 +42,6 @@ void writeRequests(const std::filesystem::path& folder)
 
 void writeAnswers(const std::filesystem::path& folder)
 {
-    using namespace platform;
     PictureProperties properties;
     properties.hasGps = properties.hasIptc = true;
     properties.latitude = 48.1;

@@ -5,6 +5,8 @@
 
 #include <string>
 
+using namespace pinorama;
+
 namespace {
 bool isLegalInAddress(char byte)
 {
@@ -19,7 +21,7 @@ TovStringRef gpsEscapeForAddress(std::u16string_view name)
     return baseGuardMemory([&]() -> TovStringRef {
         constexpr std::u16string_view kDigits = u"0123456789ABCDEF";
         std::u16string escaped;
-        for (const char byte : platform::displayUTF8(name)) {
+        for (const char byte : displayUTF8(name)) {
             if (isLegalInAddress(byte)) {
                 escaped += static_cast<char16_t>(byte);
             } else {
@@ -27,6 +29,6 @@ TovStringRef gpsEscapeForAddress(std::u16string_view name)
                 escaped += {u'%', kDigits[value >> 4], kDigits[value & 15]};
             }
         }
-        return platform::createString(escaped);
+        return createString(escaped);
     });
 }

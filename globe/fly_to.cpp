@@ -5,6 +5,8 @@
 #include <cmath>
 #include <utility>
 
+using namespace pinorama;
+
 namespace {
 constexpr float kDefaultDistance = 400.0F;  // metres
 constexpr float kDefaultTilt = 44.0F;       // degrees
@@ -34,7 +36,7 @@ GlobeLink gpsSetGlobeLink(GlobeLink link)
 std::int32_t gpsFlyGoogleEarthToLocation(double latitude, double longitude, double azimuth,
                                          double tilt, double distance)
 {
-    const platform::GlobeView view = {
+    const GlobeView view = {
         .latitude = latitude,
         .longitude = longitude,
         .azimuth = azimuth,

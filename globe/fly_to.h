@@ -12,7 +12,7 @@
 
 // Hands a view to a globe program, at once or later; must not block. Failures are the link's
 // affair.
-using GlobeLink = std::function<void(const platform::GlobeView& view)>;
+using GlobeLink = std::function<void(const pinorama::GlobeView& view)>;
 
 // Installs the link that gpsFlyGoogleEarthToLocation uses; an empty one (the start) sends views
 // nowhere. Returns the link before.

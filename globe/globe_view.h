@@ -2,7 +2,7 @@
 
 #pragma once
 
-namespace platform {
+namespace pinorama {
 
 struct GlobeView {
     double latitude;   // decimal degrees, negative in the south, -90 to 90
@@ -12,4 +12,4 @@ struct GlobeView {
     double distance;   // metres from the camera to the place
 };
 
-}  // namespace platform
+}  // namespace pinorama

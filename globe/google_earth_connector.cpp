@@ -8,6 +8,8 @@
 #include "lib/strings/tov_search.h"
 #include "lib/text/byte_texts.h"
 
+using namespace pinorama;
+
 namespace {
 constexpr std::uint16_t kEncodingUTF8 = 12;
 
@@ -16,9 +18,7 @@ constexpr std::uint16_t kEncodingUTF8 = 12;
 TovStringRef copyWritable(TovStringRef name)
 {
     if (name == nullptr) return nullptr;
-    return baseGuardMemory([name] {
-        return platform::createStringFromUTF8(platform::displayUTF8(platform::unitsOf(name)));
-    });
+    return baseGuardMemory([name] { return createStringFromUTF8(displayUTF8(unitsOf(name))); });
 }
 }  // namespace
 
@@ -38,5 +38,5 @@ TovStringRef appMakeKMLFileName(TovStringRef pictureName)
 {
     const StringHolder stem(TovStringStripExtension(pictureName));
     StringHolder name(TovStringGetCopy(stem.get()));
-    return platform::appendUnits(name.get(), u".kml") ? name.take() : nullptr;
+    return appendUnits(name.get(), u".kml") ? name.take() : nullptr;
 }

@@ -3,6 +3,8 @@
 #include "lib/strings/string_holder.h"
 #include "lib/strings/tov_format.h"
 
+using namespace pinorama;
+
 namespace {
 // The icon is 64 pixels wide; the server's port is written out.
 #define KML_CAMERA_ICON "<href>http://maps.google.com:80/flatfile?lf-0-icons/camera_64_n.png</href>"
@@ -62,8 +64,7 @@ bool reserveRoom(TovStringRef document, TovStringRef name)
     constexpr std::int64_t kOtherPieces = 1024;  // units, the two numbers included
     const std::int64_t units = TovStringGetCLength(kDocumentStart) + TovStringGetCLength(kStyles) +
                                std::int64_t{TovStringGetLength(name)} * 3 + kOtherPieces;
-    return units <= platform::kLongestString &&
-           platform::reserveUnits(document, static_cast<std::int32_t>(units));
+    return units <= kLongestString && reserveUnits(document, static_cast<std::int32_t>(units));
 }
 }  // namespace
 

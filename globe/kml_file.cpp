@@ -9,29 +9,31 @@
 
 #include <cerrno>
 
+using namespace pinorama;
+
 namespace {
 // A picture without a name is another thing than one whose name is empty.
 TovStringRef copyForXML(TovStringRef name)
 {
-    return TovStringIsValid(name) ? gpsEscapeForXML(platform::unitsOf(name)) : nullptr;
+    return TovStringIsValid(name) ? gpsEscapeForXML(unitsOf(name)) : nullptr;
 }
 }  // namespace
 
 bool gpsSaveKML(const std::string& path, const fileInfoRecord& info, TovStringRef pictureName,
-                platform::FullPipe fullPipe)
+                FullPipe fullPipe)
 {
     const StringHolder name(copyForXML(pictureName));
     const StringHolder document(gpsMakeKMLDocument(&info, name.get()));
-    const std::string bytes = platform::displayUTF8(platform::unitsOf(document.get()));
+    const std::string bytes = displayUTF8(unitsOf(document.get()));
     if (!document || bytes.empty() || (TovStringIsValid(pictureName) && !name)) {
         errno = ENOMEM;
         return false;
     }
 
-    platform::ReplacingFile file(fullPipe);
+    ReplacingFile file(fullPipe);
     if (!file.begin(path)) return false;
     if (!file.unfinishedPath().empty()) {
-        const StringHolder unfinished(platform::createPathText(file.unfinishedPath()));
+        const StringHolder unfinished(createPathText(file.unfinishedPath()));
         GoogleEarthConnector::exportToKML(unfinished.get(), &info, name.get());
     }
     // The export reports nothing. Writing what it could not write tells why it could not.

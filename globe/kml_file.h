@@ -20,4 +20,4 @@
 // False with errno set (ENOMEM when memory runs out); what was at `path` is untouched then, unless
 // it is written directly.
 bool gpsSaveKML(const std::string& path, const fileInfoRecord& info, TovStringRef pictureName,
-                platform::FullPipe fullPipe = platform::FullPipe::fails);
+                pinorama::FullPipe fullPipe = pinorama::FullPipe::fails);

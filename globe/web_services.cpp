@@ -7,6 +7,8 @@
 #include "lib/ui/string_tables.h"
 #include "location/file_name.h"
 
+using namespace pinorama;
+
 namespace {
 constexpr char kTable[] = "GPS";
 constexpr char16_t kCatalogueAddress[] = u"skallion://find/gps/&lat=%f&long=%f&distance=2000m";
@@ -53,7 +55,7 @@ TovStringRef appCopyServiceTemplate(TovStringRef title)
         const StringHolder key = keyOf('a', number);
         const StringHolder candidate(copyEntry(key.get()));
         // A title is looked for as it is written, also one that ends the list of the menu.
-        if (platform::equalUnits(candidate.get(), title)) {
+        if (equalUnits(candidate.get(), title)) {
             return copyEntry(keyOf('b', number).get());
         }
         if (isMissing(candidate.get(), key.get())) return nullptr;
@@ -64,7 +66,7 @@ TovStringRef appMakeWebServiceURL(TovStringRef urlTemplate, const fileInfoRecord
                                   TovStringRef path)
 {
     if (urlTemplate == nullptr || info == nullptr) return nullptr;
-    const std::u16string_view format = platform::unitsOf(urlTemplate);
+    const std::u16string_view format = unitsOf(urlTemplate);
     const double latitude = signedLatitude(*info);
     const double longitude = signedLongitude(*info);
     switch (TovStringCountCharAppearances(urlTemplate, u'%')) {
@@ -72,7 +74,7 @@ TovStringRef appMakeWebServiceURL(TovStringRef urlTemplate, const fileInfoRecord
     case 3: {
         const StringHolder name(gpsCopyFileName(path));
         if (!name) return nullptr;
-        const StringHolder escaped(gpsEscapeForAddress(platform::unitsOf(name.get())));
+        const StringHolder escaped(gpsEscapeForAddress(unitsOf(name.get())));
         if (!escaped) return nullptr;
         return tovFormat(format, {latitude, longitude, escaped.get()});
     }

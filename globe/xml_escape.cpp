@@ -4,6 +4,8 @@
 
 #include <string>
 
+using namespace pinorama;
+
 namespace {
 bool isHighSurrogate(char16_t unit)
 {
@@ -51,6 +53,6 @@ TovStringRef gpsEscapeForXML(std::u16string_view text)
                 escaped += unit;
             }
         }
-        return platform::createString(escaped);
+        return createString(escaped);
     });
 }

@@ -5,18 +5,18 @@
 #include "lib/strings/tov_search.h"
 #include "location/file_name.h"
 
+using namespace pinorama;
+
 namespace {
 constexpr std::uint8_t kIgnoreCase = 0;
 
 // The mixed case is harmless, because the comparison ignores case.
 constinit TovString gAcceptedExtensions[] = {
-    platform::sharedText(u"JPG"), platform::sharedText(u"jpeg"), platform::sharedText(u"NEF"),
-    platform::sharedText(u"fff"), platform::sharedText(u"nrw"),  platform::sharedText(u"raf"),
-    platform::sharedText(u"orf"), platform::sharedText(u"dng"),  platform::sharedText(u"mrw"),
-    platform::sharedText(u"crw"), platform::sharedText(u"cr2"),  platform::sharedText(u"kdc"),
-    platform::sharedText(u"dcr"), platform::sharedText(u"ptx"),  platform::sharedText(u"pef"),
-    platform::sharedText(u"arw"), platform::sharedText(u"srf"),  platform::sharedText(u"sr2"),
-    platform::sharedText(u"mos"), platform::sharedText(u"raw"),
+    sharedText(u"JPG"), sharedText(u"jpeg"), sharedText(u"NEF"), sharedText(u"fff"),
+    sharedText(u"nrw"), sharedText(u"raf"),  sharedText(u"orf"), sharedText(u"dng"),
+    sharedText(u"mrw"), sharedText(u"crw"),  sharedText(u"cr2"), sharedText(u"kdc"),
+    sharedText(u"dcr"), sharedText(u"ptx"),  sharedText(u"pef"), sharedText(u"arw"),
+    sharedText(u"srf"), sharedText(u"sr2"),  sharedText(u"mos"), sharedText(u"raw"),
 };
 }  // namespace
 

@@ -6,6 +6,8 @@
 
 #include <cmath>
 
+using namespace pinorama;
+
 namespace {
 constexpr std::int16_t kCoordinateFormat = 11;
 constexpr double kMinutesPerDegree = 60.0;
@@ -15,7 +17,7 @@ constexpr double kSmallestDecimal = 0.0000005;  // prints with six decimals as m
 // A number in a format, or the empty text for exactly 0.
 TovStringRef makeTextUnlessZero(std::u16string_view format, double value)
 {
-    return value == 0.0 ? platform::createString({}) : tovFormat(format, {value});
+    return value == 0.0 ? createString({}) : tovFormat(format, {value});
 }
 
 double signedDegrees(double value, bool isNegative)

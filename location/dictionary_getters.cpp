@@ -5,6 +5,8 @@
 #include "lib/strings/tov_display.h"
 #include "lib/strings/tov_string.h"
 
+using namespace pinorama;
+
 namespace {
 constexpr std::uint32_t kVersionFamily = 0x30000000;
 constexpr std::uint32_t kDigitZero = 48;
@@ -13,12 +15,12 @@ constexpr std::uint32_t kNoVersion = 1;
 // The value of a key whatever its kind, borrowed, or null.
 TovTypeRef valueOf(TovTypeRef container, TovStringRef key)
 {
-    return TovDictionaryGetValue(platform::asDictionary(container), key);
+    return TovDictionaryGetValue(asDictionary(container), key);
 }
 
 std::int64_t integerOf(TovTypeRef value)
 {
-    const TovNumber* number = platform::asNumber(value);
+    const TovNumber* number = asNumber(value);
     return number == nullptr ? 0 : number->integer;
 }
 }  // namespace
@@ -45,20 +47,20 @@ float convGetFloat(TovTypeRef container, TovStringRef key)
 
 double convGetDouble(TovTypeRef container, TovStringRef key)
 {
-    const TovNumber* number = platform::asNumber(valueOf(container, key));
+    const TovNumber* number = asNumber(valueOf(container, key));
     return number == nullptr ? 0.0 : number->floating;
 }
 
 bool convGetBoolean(TovTypeRef container, TovStringRef key)
 {
-    const TovBoolean* boolean = platform::asBoolean(valueOf(container, key));
+    const TovBoolean* boolean = asBoolean(valueOf(container, key));
     return boolean != nullptr && boolean->value;
 }
 
 VardenTime convGetVDTime(TovTypeRef container, TovStringRef key)
 {
     VardenTime time = 0;
-    convCFDateRefToVardenTime(platform::asDate(valueOf(container, key)), &time);
+    convCFDateRefToVardenTime(asDate(valueOf(container, key)), &time);
     return time;
 }
 
@@ -69,38 +71,37 @@ VardenTime convGetDate(TovTypeRef container, TovStringRef key)
 
 std::uint32_t convGetNumberFromArray(TovTypeRef array, std::int32_t index)
 {
-    return static_cast<std::uint32_t>(integerOf(TovArrayGetValue(platform::asArray(array), index)));
+    return static_cast<std::uint32_t>(integerOf(TovArrayGetValue(asArray(array), index)));
 }
 
 TovStringRef convGetTovStringRef(TovTypeRef container, TovStringRef key)
 {
-    return platform::asString(valueOf(container, key));
+    return asString(valueOf(container, key));
 }
 
 TovStringRef convCopyTovStringRef(TovTypeRef container, TovStringRef key)
 {
     const TovTypeRef value = valueOf(container, key);
-    if (TovStringRef string = platform::asString(value)) {
-        return platform::createString(platform::unitsOf(string));
+    if (TovStringRef string = asString(value)) {
+        return createString(unitsOf(string));
     }
-    if (platform::asNumber(value) == nullptr) return nullptr;
+    if (asNumber(value) == nullptr) return nullptr;
     return TovMakeNumberString(static_cast<std::uint32_t>(integerOf(value)));
 }
 
 TovStringRef convCopyTovStringRefFromArrayOfStrings(TovTypeRef container, TovStringRef key)
 {
-    const TovArrayRef array = platform::asArray(valueOf(container, key));
+    const TovArrayRef array = asArray(valueOf(container, key));
     if (array == nullptr) return nullptr;
 
     StringHolder joined(TovStringCreateMutable());
     const std::int32_t count = TovArrayGetCount(array);
     for (std::int32_t i = 0; joined && i < count; i++) {
-        TovStringRef element = platform::asString(TovArrayGetValue(array, i));
+        TovStringRef element = asString(TovArrayGetValue(array, i));
         if (element == nullptr) continue;
         // The index decides, not what follows: texts in front of a number keep their line feed.
         const std::u16string_view end = i != count - 1 ? u"\n" : u"";
-        if (!platform::appendUnits(joined.get(), platform::unitsOf(element)) ||
-            !platform::appendUnits(joined.get(), end)) {
+        if (!appendUnits(joined.get(), unitsOf(element)) || !appendUnits(joined.get(), end)) {
             return nullptr;
         }
     }
@@ -115,7 +116,7 @@ std::uint64_t convGetUInt64FromDictString(TovTypeRef container, TovStringRef key
 
 std::uint32_t convGetVersion(TovTypeRef container, TovStringRef key)
 {
-    const TovArrayRef array = platform::asArray(valueOf(container, key));
+    const TovArrayRef array = asArray(valueOf(container, key));
     if (array == nullptr) return kNoVersion;
 
     const auto count = static_cast<std::int16_t>(TovArrayGetCount(array));

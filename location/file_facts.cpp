@@ -8,6 +8,8 @@
 #include "lib/strings/tov_display.h"
 #include "location/dictionary_getters.h"
 
+using namespace pinorama;
+
 namespace {
 constexpr std::uint8_t kWithTime = 1;
 constexpr std::uint8_t kWithYear = 1;
@@ -24,12 +26,11 @@ std::uint32_t macTimeOf(std::int64_t unixSeconds)
 
 fileFacts gpsReadFileFacts(TovStringRef path)
 {
-    const std::optional<platform::FileAttributes> attributes =
-        platform::attributesOf(platform::pathBytes(path));
+    const std::optional<FileAttributes> attributes = attributesOf(pathBytes(path));
     return attributes ? gpsMakeFileFacts(*attributes) : fileFacts{};
 }
 
-fileFacts gpsMakeFileFacts(const platform::FileAttributes& attributes)
+fileFacts gpsMakeFileFacts(const pinorama::FileAttributes& attributes)
 {
     fileFacts facts{};
     if (attributes.isRegular) facts.size = attributes.size;
@@ -40,7 +41,7 @@ fileFacts gpsMakeFileFacts(const platform::FileAttributes& attributes)
 
 TovStringRef gpsMakeFileSizeText(const fileFacts& facts)
 {
-    return facts.size ? TovStringMakeSizeString(*facts.size) : platform::createString(u"n.a.");
+    return facts.size ? TovStringMakeSizeString(*facts.size) : createString(u"n.a.");
 }
 
 TovStringRef gpsMakeModifiedText(const fileFacts& facts)

@@ -21,7 +21,7 @@ struct fileFacts {
 fileFacts gpsReadFileFacts(TovStringRef path);
 
 // The same out of attributes that have been read already.
-fileFacts gpsMakeFileFacts(const platform::FileAttributes& attributes);
+fileFacts gpsMakeFileFacts(const pinorama::FileAttributes& attributes);
 
 // Returns a new text: the size with one decimal and its unit, or "n.a." when there is none.
 [[nodiscard]] TovStringRef gpsMakeFileSizeText(const fileFacts& facts);

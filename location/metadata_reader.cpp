@@ -11,8 +11,9 @@
 #include "location/picture_source.h"
 #include "location/property_keys.h"
 
+using namespace pinorama;
+
 namespace {
-using namespace platform;  // the property keys
 
 constexpr char kTiltMark[] = "tilt:";
 constexpr std::int32_t kTiltMarkLength = 5;

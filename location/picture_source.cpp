@@ -6,26 +6,28 @@
 
 #include <utility>
 
+using namespace pinorama;
+
 namespace {
-platform::PropertySource& currentSource()
+pinorama::PropertySource& currentSource()
 {
-    static platform::PropertySource source;
+    static PropertySource source;
     return source;
 }
 
-std::optional<platform::PictureProperties> readHere(int descriptor, std::uint64_t size)
+std::optional<pinorama::PictureProperties> readHere(int descriptor, std::uint64_t size)
 {
-    platform::FileByteSource bytes(descriptor, size);
-    return platform::readPictureProperties(bytes);
+    FileByteSource bytes(descriptor, size);
+    return readPictureProperties(bytes);
 }
 }  // namespace
 
-void platform::installPropertySource(PropertySource source)
+void pinorama::installPropertySource(PropertySource source)
 {
     currentSource() = std::move(source);
 }
 
-TovDictionaryRef platform::copyPictureProperties(const std::string& path)
+TovDictionaryRef pinorama::copyPictureProperties(const std::string& path)
 {
     return baseGuardMemory([&]() -> TovDictionaryRef {
         const PictureFile file(path);

@@ -12,7 +12,7 @@
 #include "lib/objects/collections.h"
 #include "pictures/picture_properties.h"
 
-namespace platform {
+namespace pinorama {
 
 // Sets the source for all later reads; an empty one brings back reading in this process. Called by
 // a program while it starts, and by tests.
@@ -25,4 +25,4 @@ void installPropertySource(PropertySource source);
 // file, no picture or cannot be read, or memory runs out.
 [[nodiscard]] TovDictionaryRef copyPictureProperties(const std::string& path);
 
-}  // namespace platform
+}  // namespace pinorama

@@ -4,6 +4,8 @@
 #include "lib/objects/values.h"
 #include "location/property_keys.h"
 
+using namespace pinorama;
+
 namespace {
 using DictionaryHolder = ObjectHolder<TovDictionaryRef>;
 
@@ -24,7 +26,7 @@ public:
 
     void set(TovStringRef key, const std::optional<std::u16string>& value)
     {
-        if (value) put(key, platform::createString(*value));
+        if (value) put(key, createString(*value));
     }
 
     // Takes over `value`, whose null means that memory ran out.
@@ -47,9 +49,8 @@ private:
     bool isComplete_ = true;
 };
 
-TovDictionaryRef createGps(const platform::PictureProperties& properties)
+TovDictionaryRef createGps(const pinorama::PictureProperties& properties)
 {
-    using namespace platform;
     Filler gps;
     gps.set(kCGImagePropertyGPSLatitude, properties.latitude);
     gps.set(kCGImagePropertyGPSLatitudeRef, properties.latitudeReference);
@@ -64,9 +65,8 @@ TovDictionaryRef createGps(const platform::PictureProperties& properties)
     return gps.take();
 }
 
-TovDictionaryRef createIptc(const platform::PictureProperties& properties)
+TovDictionaryRef createIptc(const pinorama::PictureProperties& properties)
 {
-    using namespace platform;
     Filler iptc;
     iptc.set(kCGImagePropertyIPTCCity, properties.city);
     iptc.set(kCGImagePropertyIPTCProvinceState, properties.state);
@@ -76,7 +76,7 @@ TovDictionaryRef createIptc(const platform::PictureProperties& properties)
 }
 }  // namespace
 
-TovDictionaryRef platform::createPropertyDictionary(const PictureProperties& properties)
+TovDictionaryRef pinorama::createPropertyDictionary(const PictureProperties& properties)
 {
     Filler image;
     if (properties.hasIptc) image.put(kCGImagePropertyIPTCDictionary, createIptc(properties));

@@ -5,7 +5,7 @@
 #include "lib/objects/collections.h"
 #include "pictures/picture_properties.h"
 
-namespace platform {
+namespace pinorama {
 
 // Returns a new dictionary of the properties, keyed by the names of property_keys.h: under
 // kCGImagePropertyGPSDictionary and kCGImagePropertyIPTCDictionary, which are there when the
@@ -13,4 +13,4 @@ namespace platform {
 // integer, texts). Null when memory runs out.
 [[nodiscard]] TovDictionaryRef createPropertyDictionary(const PictureProperties& properties);
 
-}  // namespace platform
+}  // namespace pinorama

@@ -2,8 +2,10 @@
 
 #include "lib/objects/shared_text.h"
 
+using namespace pinorama;
+
 namespace {
-using platform::sharedText;
+using pinorama::sharedText;
 
 constinit TovString gGPSDictionary = sharedText(u"kCGImagePropertyGPSDictionary");
 constinit TovString gIPTCDictionary = sharedText(u"kCGImagePropertyIPTCDictionary");
@@ -23,19 +25,19 @@ constinit TovString gCountry = sharedText(u"kCGImagePropertyIPTCCountryPrimaryLo
 constinit TovString gCaption = sharedText(u"kCGImagePropertyIPTCCaptionAbstract");
 }  // namespace
 
-constinit const TovStringRef platform::kCGImagePropertyGPSDictionary = &gGPSDictionary;
-constinit const TovStringRef platform::kCGImagePropertyIPTCDictionary = &gIPTCDictionary;
-constinit const TovStringRef platform::kCGImagePropertyGPSLatitude = &gLatitude;
-constinit const TovStringRef platform::kCGImagePropertyGPSLatitudeRef = &gLatitudeRef;
-constinit const TovStringRef platform::kCGImagePropertyGPSLongitude = &gLongitude;
-constinit const TovStringRef platform::kCGImagePropertyGPSLongitudeRef = &gLongitudeRef;
-constinit const TovStringRef platform::kCGImagePropertyGPSAltitude = &gAltitude;
-constinit const TovStringRef platform::kCGImagePropertyGPSAltitudeRef = &gAltitudeRef;
-constinit const TovStringRef platform::kCGImagePropertyGPSDestDistance = &gDestDistance;
-constinit const TovStringRef platform::kCGImagePropertyGPSDestDistanceRef = &gDestDistanceRef;
-constinit const TovStringRef platform::kCGImagePropertyGPSSatellites = &gSatellites;
-constinit const TovStringRef platform::kCGImagePropertyGPSImgDirection = &gImgDirection;
-constinit const TovStringRef platform::kCGImagePropertyIPTCCity = &gCity;
-constinit const TovStringRef platform::kCGImagePropertyIPTCProvinceState = &gProvinceState;
-constinit const TovStringRef platform::kCGImagePropertyIPTCCountryPrimaryLocationName = &gCountry;
-constinit const TovStringRef platform::kCGImagePropertyIPTCCaptionAbstract = &gCaption;
+constinit const TovStringRef pinorama::kCGImagePropertyGPSDictionary = &gGPSDictionary;
+constinit const TovStringRef pinorama::kCGImagePropertyIPTCDictionary = &gIPTCDictionary;
+constinit const TovStringRef pinorama::kCGImagePropertyGPSLatitude = &gLatitude;
+constinit const TovStringRef pinorama::kCGImagePropertyGPSLatitudeRef = &gLatitudeRef;
+constinit const TovStringRef pinorama::kCGImagePropertyGPSLongitude = &gLongitude;
+constinit const TovStringRef pinorama::kCGImagePropertyGPSLongitudeRef = &gLongitudeRef;
+constinit const TovStringRef pinorama::kCGImagePropertyGPSAltitude = &gAltitude;
+constinit const TovStringRef pinorama::kCGImagePropertyGPSAltitudeRef = &gAltitudeRef;
+constinit const TovStringRef pinorama::kCGImagePropertyGPSDestDistance = &gDestDistance;
+constinit const TovStringRef pinorama::kCGImagePropertyGPSDestDistanceRef = &gDestDistanceRef;
+constinit const TovStringRef pinorama::kCGImagePropertyGPSSatellites = &gSatellites;
+constinit const TovStringRef pinorama::kCGImagePropertyGPSImgDirection = &gImgDirection;
+constinit const TovStringRef pinorama::kCGImagePropertyIPTCCity = &gCity;
+constinit const TovStringRef pinorama::kCGImagePropertyIPTCProvinceState = &gProvinceState;
+constinit const TovStringRef pinorama::kCGImagePropertyIPTCCountryPrimaryLocationName = &gCountry;
+constinit const TovStringRef pinorama::kCGImagePropertyIPTCCaptionAbstract = &gCaption;

@@ -5,7 +5,7 @@
 
 #include "lib/objects/string.h"
 
-namespace platform {
+namespace pinorama {
 
 // Image properties: dictionaries.
 extern const TovStringRef kCGImagePropertyGPSDictionary;
@@ -30,4 +30,4 @@ extern const TovStringRef kCGImagePropertyIPTCProvinceState;
 extern const TovStringRef kCGImagePropertyIPTCCountryPrimaryLocationName;
 extern const TovStringRef kCGImagePropertyIPTCCaptionAbstract;
 
-}  // namespace platform
+}  // namespace pinorama

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-namespace platform {
+namespace pinorama {
 
 enum class ByteOrder { little, big };
 
@@ -38,4 +38,4 @@ inline std::uint32_t read32(ByteOrder order, const std::uint8_t* bytes)
     return order == ByteOrder::big ? bigEndian32(bytes) : littleEndian32(bytes);
 }
 
-}  // namespace platform
+}  // namespace pinorama

@@ -5,6 +5,7 @@
 
 #include <unistd.h>
 
+namespace pinorama {
 namespace {
 // A later window holds what usually stands together (a directory and its values); a longer request
 // makes it longer.
@@ -14,23 +15,23 @@ constexpr std::size_t kUsualWindow = 16384;
 constexpr std::uint64_t kWindowAlignment = 4096;
 }  // namespace
 
-platform::MemoryByteSource::MemoryByteSource(ByteView bytes) : ByteSource(bytes.size())
+MemoryByteSource::MemoryByteSource(ByteView bytes) : ByteSource(bytes.size())
 {
     head_ = {0, bytes.size(), bytes.data()};
 }
 
-platform::ByteView platform::MemoryByteSource::load(std::uint64_t, std::size_t)
+ByteView MemoryByteSource::load(std::uint64_t, std::size_t)
 {
     return {};  // the head is everything
 }
 
 // The buffers are filled by reading and deliberately not before.
-platform::FileByteSource::FileByteSource(int descriptor, std::uint64_t size)
+FileByteSource::FileByteSource(int descriptor, std::uint64_t size)
     : ByteSource(size), descriptor_(descriptor)
 {
 }
 
-platform::ByteView platform::FileByteSource::load(std::uint64_t offset, std::size_t length)
+ByteView FileByteSource::load(std::uint64_t offset, std::size_t length)
 {
     if (head_.bytes == nullptr) {
         head_ = {0, readInto(headBytes_, 0), headBytes_.data()};
@@ -48,7 +49,7 @@ platform::ByteView platform::FileByteSource::load(std::uint64_t offset, std::siz
 }
 
 // Returns the number of bytes read, which is less than asked for at the end of the file.
-std::size_t platform::FileByteSource::readInto(std::span<std::uint8_t> buffer, std::uint64_t offset)
+std::size_t FileByteSource::readInto(std::span<std::uint8_t> buffer, std::uint64_t offset)
 {
     // Not asking beyond the known end saves the read that would only report it.
     const auto wanted =
@@ -65,7 +66,7 @@ std::size_t platform::FileByteSource::readInto(std::span<std::uint8_t> buffer, s
     return done;
 }
 
-platform::ByteBlock platform::ByteBlock::part(std::uint64_t offset, std::uint64_t length) const
+ByteBlock ByteBlock::part(std::uint64_t offset, std::uint64_t length) const
 {
     ByteBlock result;
     if (offset >= length_) return result;
@@ -75,8 +76,10 @@ platform::ByteBlock platform::ByteBlock::part(std::uint64_t offset, std::uint64_
     return result;
 }
 
-bool platform::ByteBlock::beginsWith(ByteView bytes) const
+bool ByteBlock::beginsWith(ByteView bytes) const
 {
     const ByteView head = view(0, bytes.size());
     return head.size() == bytes.size() && std::equal(head.begin(), head.end(), bytes.begin());
 }
+
+}  // namespace pinorama

@@ -9,7 +9,7 @@
 #include <cstdint>
 #include <span>
 
-namespace platform {
+namespace pinorama {
 
 using ByteView = std::span<const std::uint8_t>;
 
@@ -130,4 +130,4 @@ private:
     std::uint64_t length_ = 0;
 };
 
-}  // namespace platform
+}  // namespace pinorama

@@ -5,9 +5,9 @@
 
 #include "pictures/byte_source.h"
 
-namespace platform {
+namespace pinorama {
 
 // True when `picture` begins as CRW does: byte order, length of the header, "HEAPCCDR".
 bool isCrw(const ByteBlock& picture);
 
-}  // namespace platform
+}  // namespace pinorama

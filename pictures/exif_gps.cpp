@@ -7,11 +7,8 @@
 #include <string>
 #include <string_view>
 
+namespace pinorama {
 namespace {
-using platform::ByteView;
-using platform::TiffBlock;
-using platform::TiffEntry;
-using platform::TiffType;
 
 constexpr std::size_t kRationalSize = 8;
 
@@ -25,8 +22,8 @@ struct Part {
 
 Part readPart(const TiffBlock& tiff, TiffType type, const std::uint8_t* bytes)
 {
-    const std::uint32_t numerator = platform::read32(tiff.order(), bytes);
-    const std::uint32_t denominator = platform::read32(tiff.order(), bytes + 4);
+    const std::uint32_t numerator = read32(tiff.order(), bytes);
+    const std::uint32_t denominator = read32(tiff.order(), bytes + 4);
     if (denominator == 0) return {0.0, false};
     if (type == TiffType::signedRational) {
         const auto signedNumerator = static_cast<std::int32_t>(numerator);
@@ -75,13 +72,12 @@ std::optional<std::u16string> textOf(const TiffEntry& entry)
 {
     if (entry.type != TiffType::ascii && entry.type != TiffType::utf8) return std::nullopt;
     const ByteView bytes = entry.value.view(0, std::min(entry.value.length(), kLongestText));
-    std::u16string text = platform::decodeUndeclaredText(bytes);
+    std::u16string text = decodeUndeclaredText(bytes);
     return text.empty() ? std::nullopt : std::optional(std::move(text));
 }
 }  // namespace
 
-void platform::readGpsDirectory(const TiffBlock& tiff, std::uint64_t offset,
-                                PictureProperties& properties)
+void readGpsDirectory(const TiffBlock& tiff, std::uint64_t offset, PictureProperties& properties)
 {
     enum { latRef, lat, lonRef, lon, altRef, alt, satellites, direction, distanceRef, distance };
     TiffEntry entries[] = {{1}, {2}, {3}, {4}, {5}, {6}, {8}, {17}, {25}, {26}};
@@ -100,3 +96,5 @@ void platform::readGpsDirectory(const TiffBlock& tiff, std::uint64_t offset,
     properties.destinationDistanceReference = textOf(entries[distanceRef]);
     properties.destinationDistance = numberOf(tiff, entries[distance]);
 }
+
+}  // namespace pinorama

@@ -7,7 +7,7 @@
 #include "pictures/picture_properties.h"
 #include "pictures/tiff_directory.h"
 
-namespace platform {
+namespace pinorama {
 
 // Fills the GPS half of `properties` from the directory at `offset` of `tiff`; a directory outside
 // the block leaves it as it is.
@@ -19,4 +19,4 @@ namespace platform {
 // Source: Exif 2.32, 4.6.6.
 void readGpsDirectory(const TiffBlock& tiff, std::uint64_t offset, PictureProperties& properties);
 
-}  // namespace platform
+}  // namespace pinorama

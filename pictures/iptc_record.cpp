@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+namespace pinorama {
 namespace {
 constexpr std::uint8_t kDatasetMarker = 0x1c;
 constexpr std::size_t kHeaderSize = 5;  // marker, record, dataset, two bytes of length
@@ -16,16 +17,16 @@ constexpr std::size_t kLongestExtension = 4;
 struct Dataset {
     std::uint8_t record;
     std::uint8_t number;
-    platform::ByteBlock data;
+    ByteBlock data;
     std::uint64_t end;  // where the next one begins
 };
 
-std::optional<Dataset> readDataset(const platform::ByteBlock& block, std::uint64_t position)
+std::optional<Dataset> readDataset(const ByteBlock& block, std::uint64_t position)
 {
-    const platform::ByteView header = block.view(position, kHeaderSize);
+    const ByteView header = block.view(position, kHeaderSize);
     if (header.empty() || header[0] != kDatasetMarker) return std::nullopt;
     Dataset dataset{header[1], header[2], {}, position + kHeaderSize};
-    std::uint64_t length = platform::bigEndian16(&header[3]);
+    std::uint64_t length = bigEndian16(&header[3]);
     if ((length & kIsExtended) != 0) {
         const std::uint64_t bytes = length & ~std::uint64_t{kIsExtended};
         if (bytes > kLongestExtension) return std::nullopt;
@@ -48,8 +49,7 @@ bool declaresUTF8(const Dataset& dataset)
     return dataset.record == 1 && dataset.number == 90 && dataset.data.beginsWith(kUTF8);
 }
 
-std::optional<std::u16string>* fieldOf(platform::PictureProperties& properties,
-                                       const Dataset& dataset)
+std::optional<std::u16string>* fieldOf(PictureProperties& properties, const Dataset& dataset)
 {
     if (dataset.record != 2) return nullptr;
     switch (dataset.number) {
@@ -62,7 +62,7 @@ std::optional<std::u16string>* fieldOf(platform::PictureProperties& properties,
 }
 }  // namespace
 
-void platform::readIptcRecord(const ByteBlock& record, PictureProperties& properties)
+void readIptcRecord(const ByteBlock& record, PictureProperties& properties)
 {
     std::uint64_t position = 0;
     bool isUTF8 = false;
@@ -77,3 +77,5 @@ void platform::readIptcRecord(const ByteBlock& record, PictureProperties& proper
         *field = isUTF8 ? decodeUTF8Text(bytes) : decodeUndeclaredText(bytes);
     }
 }
+
+}  // namespace pinorama

@@ -5,7 +5,7 @@
 #include "pictures/byte_source.h"
 #include "pictures/picture_properties.h"
 
-namespace platform {
+namespace pinorama {
 
 // Fills the IPTC half of `properties` from the datasets 2:90 (city), 2:95 (province or state),
 // 2:101 (country) and 2:120 (caption) in `record`; without a single dataset it stays as it is. Of a
@@ -15,4 +15,4 @@ namespace platform {
 // Source: IPTC-IIM 4.2, chapter 3.
 void readIptcRecord(const ByteBlock& record, PictureProperties& properties);
 
-}  // namespace platform
+}  // namespace pinorama

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string_view>
 
+namespace pinorama {
 namespace {
 // Windows-1252 where it differs from Latin-1. Bytes without a character stand for themselves.
 constexpr char16_t kWindowsUnits[32] = {
@@ -66,7 +67,7 @@ bool looksLikeMacRoman(std::string_view text)
     return false;
 }
 
-std::string_view upToZero(platform::ByteView bytes)
+std::string_view upToZero(ByteView bytes)
 {
     const auto end = std::find(bytes.begin(), bytes.end(), std::uint8_t{0});
     return {reinterpret_cast<const char*>(bytes.data()),
@@ -89,10 +90,10 @@ std::string_view withoutCutEnd(std::string_view text)
 
 std::optional<std::u16string> decodeStrictly(std::string_view text)
 {
-    const std::int32_t count = platform::countUnitsOfUTF8(text);
+    const std::int32_t count = countUnitsOfUTF8(text);
     if (count < 0) return std::nullopt;
     std::u16string units(static_cast<std::size_t>(count), u'\0');
-    units.resize(platform::decodeUTF8(text, units));
+    units.resize(decodeUTF8(text, units));
     return units;
 }
 
@@ -103,7 +104,7 @@ char16_t windowsUnit(char character)
 }
 }  // namespace
 
-std::u16string platform::decodeUndeclaredText(ByteView bytes)
+std::u16string decodeUndeclaredText(ByteView bytes)
 {
     const std::string_view text = upToZero(bytes);
     if (std::optional<std::u16string> units = decodeStrictly(text)) return *std::move(units);
@@ -116,8 +117,10 @@ std::u16string platform::decodeUndeclaredText(ByteView bytes)
     return units;
 }
 
-std::u16string platform::decodeUTF8Text(ByteView bytes)
+std::u16string decodeUTF8Text(ByteView bytes)
 {
     std::optional<std::u16string> units = decodeStrictly(withoutCutEnd(upToZero(bytes)));
     return units ? *std::move(units) : decodeUndeclaredText(bytes);
 }
+
+}  // namespace pinorama

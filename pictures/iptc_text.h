@@ -6,7 +6,7 @@
 
 #include "pictures/byte_source.h"
 
-namespace platform {
+namespace pinorama {
 
 // Decodes the bytes up to the first zero byte. They are UTF-8 when they are valid UTF-8; otherwise
 // MacRoman when a byte from 0x80 to 0x9F that is no punctuation mark of Windows-1252 touches a
@@ -18,4 +18,4 @@ std::u16string decodeUndeclaredText(ByteView bytes);
 // text is told as an undeclared one.
 std::u16string decodeUTF8Text(ByteView bytes);
 
-}  // namespace platform
+}  // namespace pinorama

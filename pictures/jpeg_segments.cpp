@@ -5,9 +5,8 @@
 
 #include <optional>
 
+namespace pinorama {
 namespace {
-using platform::ByteBlock;
-using platform::ByteView;
 
 constexpr std::uint8_t kPrefix = 0xff;
 constexpr std::uint8_t kStartOfImage = 0xd8;
@@ -50,7 +49,7 @@ public:
             const ByteView sizeBytes = jpeg_.view(position_, 2);
             if (sizeBytes.empty()) break;
             // The length counts its own two bytes.
-            const std::uint64_t size = platform::bigEndian16(sizeBytes.data());
+            const std::uint64_t size = bigEndian16(sizeBytes.data());
             if (size < 2) break;
             const Segment segment{*marker, jpeg_.part(position_ + 2, size - 2)};
             position_ += size;
@@ -82,13 +81,13 @@ private:
 };
 }  // namespace
 
-bool platform::isJpeg(const ByteBlock& picture)
+bool isJpeg(const ByteBlock& picture)
 {
     static constexpr std::uint8_t kStart[] = {kPrefix, kStartOfImage};
     return picture.beginsWith(kStart);
 }
 
-platform::JpegMetadata platform::findJpegMetadata(const ByteBlock& jpeg)
+JpegMetadata findJpegMetadata(const ByteBlock& jpeg)
 {
     JpegMetadata found;
     Segments segments(jpeg);
@@ -103,3 +102,5 @@ platform::JpegMetadata platform::findJpegMetadata(const ByteBlock& jpeg)
     }
     return found;
 }
+
+}  // namespace pinorama

@@ -6,7 +6,7 @@
 
 #include "pictures/byte_source.h"
 
-namespace platform {
+namespace pinorama {
 
 // What stands in front of the picture data.
 struct JpegMetadata {
@@ -26,4 +26,4 @@ bool isJpeg(const ByteBlock& picture);
 // Source: ITU-T T.81, Annex B; Exif 2.32, 4.7.
 JpegMetadata findJpegMetadata(const ByteBlock& jpeg);
 
-}  // namespace platform
+}  // namespace pinorama

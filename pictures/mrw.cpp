@@ -4,18 +4,19 @@
 
 #include <algorithm>
 
+namespace pinorama {
 namespace {
 constexpr std::uint8_t kName[] = {0, 'M', 'R', 'M'};
 constexpr std::uint8_t kTiffName[] = {0, 'T', 'T', 'W'};
 constexpr std::size_t kHeaderSize = 8;  // a name and the length of what follows
 }  // namespace
 
-bool platform::isMrw(const ByteBlock& picture)
+bool isMrw(const ByteBlock& picture)
 {
     return picture.beginsWith(kName);
 }
 
-platform::ByteBlock platform::findMrwTiff(const ByteBlock& mrw)
+ByteBlock findMrwTiff(const ByteBlock& mrw)
 {
     const ByteView header = mrw.view(0, kHeaderSize);
     if (header.empty()) return {};
@@ -33,3 +34,5 @@ platform::ByteBlock platform::findMrwTiff(const ByteBlock& mrw)
         position += length;
     }
 }
+
+}  // namespace pinorama

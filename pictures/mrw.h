@@ -5,7 +5,7 @@
 
 #include "pictures/byte_source.h"
 
-namespace platform {
+namespace pinorama {
 
 // True when `picture` begins as MRW does.
 bool isMrw(const ByteBlock& picture);
@@ -13,4 +13,4 @@ bool isMrw(const ByteBlock& picture);
 // Returns the TIFF block of a MRW picture; an empty block when there is none.
 ByteBlock findMrwTiff(const ByteBlock& mrw);
 
-}  // namespace platform
+}  // namespace pinorama

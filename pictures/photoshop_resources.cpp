@@ -4,6 +4,7 @@
 
 #include <cstring>
 
+namespace pinorama {
 namespace {
 // Photoshop itself, and the signatures that other Adobe programs and plug-ins write.
 bool isSignature(const std::uint8_t* bytes)
@@ -20,8 +21,7 @@ std::uint64_t roundedUpToEven(std::uint64_t size)
 }
 }  // namespace
 
-platform::ByteBlock platform::findPhotoshopResource(const ByteBlock& resources,
-                                                    std::uint16_t number)
+ByteBlock findPhotoshopResource(const ByteBlock& resources, std::uint16_t number)
 {
     std::uint64_t position = 0;
     while (true) {
@@ -40,3 +40,5 @@ platform::ByteBlock platform::findPhotoshopResource(const ByteBlock& resources,
         position = start + roundedUpToEven(size);
     }
 }
+
+}  // namespace pinorama

@@ -7,7 +7,7 @@
 
 #include "pictures/byte_source.h"
 
-namespace platform {
+namespace pinorama {
 
 // The resource that holds the IPTC-IIM record.
 constexpr std::uint16_t kIptcResource = 0x0404;
@@ -17,4 +17,4 @@ constexpr std::uint16_t kIptcResource = 0x0404;
 // Source: Adobe Photoshop File Formats Specification, "Image Resource Blocks".
 ByteBlock findPhotoshopResource(const ByteBlock& resources, std::uint16_t number);
 
-}  // namespace platform
+}  // namespace pinorama

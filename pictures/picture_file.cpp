@@ -6,6 +6,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+namespace pinorama {
 namespace {
 int openForReading(const std::string& path)
 {
@@ -25,7 +26,7 @@ int openForReading(const std::string& path)
 }
 }  // namespace
 
-platform::PictureFile::PictureFile(const std::string& path) : descriptor_(openForReading(path))
+PictureFile::PictureFile(const std::string& path) : descriptor_(openForReading(path))
 {
     if (descriptor_ < 0) return;
     struct stat status;
@@ -37,7 +38,9 @@ platform::PictureFile::PictureFile(const std::string& path) : descriptor_(openFo
     }
 }
 
-platform::PictureFile::~PictureFile()
+PictureFile::~PictureFile()
 {
     if (descriptor_ >= 0) close(descriptor_);
 }
+
+}  // namespace pinorama

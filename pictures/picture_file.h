@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string>
 
-namespace platform {
+namespace pinorama {
 
 class PictureFile {
 public:
@@ -25,4 +25,4 @@ private:
     std::uint64_t size_ = 0;
 };
 
-}  // namespace platform
+}  // namespace pinorama

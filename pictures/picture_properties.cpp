@@ -11,12 +11,8 @@
 
 #include <vector>
 
+namespace pinorama {
 namespace {
-using platform::ByteBlock;
-using platform::ByteView;
-using platform::PictureProperties;
-using platform::TiffBlock;
-using platform::TiffEntry;
 
 constexpr std::uint16_t kIptcTag = 0x83bb;
 constexpr std::uint16_t kGpsTag = 0x8825;
@@ -32,16 +28,15 @@ void readTiff(const TiffBlock& tiff, PictureProperties& properties)
     TiffEntry entries[] = {{kIptcTag}, {kGpsTag}};
     tiff.findEntries(tiff.firstDirectory(), entries);
     if (const auto offset = tiff.integerOf(entries[gps])) {
-        platform::readGpsDirectory(tiff, *offset, properties);
+        readGpsDirectory(tiff, *offset, properties);
     }
     // What the Photoshop resources of a JPEG picture say comes first.
-    if (!properties.hasIptc) platform::readIptcRecord(entries[iptc].value, properties);
+    if (!properties.hasIptc) readIptcRecord(entries[iptc].value, properties);
 }
 
 void readIptcResource(const ByteBlock& resources, PictureProperties& properties)
 {
-    platform::readIptcRecord(platform::findPhotoshopResource(resources, platform::kIptcResource),
-                             properties);
+    readIptcRecord(findPhotoshopResource(resources, kIptcResource), properties);
 }
 
 void readPhotoshop(const std::vector<ByteBlock>& pieces, PictureProperties& properties)
@@ -56,19 +51,19 @@ void readPhotoshop(const std::vector<ByteBlock>& pieces, PictureProperties& prop
         if (joined.size() + bytes.size() > kMostJoinedBytes) break;
         joined.insert(joined.end(), bytes.begin(), bytes.end());
     }
-    platform::MemoryByteSource source(joined);
+    MemoryByteSource source(joined);
     readIptcResource(ByteBlock(source), properties);
 }
 
 void readJpeg(const ByteBlock& jpeg, PictureProperties& properties)
 {
-    const platform::JpegMetadata metadata = platform::findJpegMetadata(jpeg);
+    const JpegMetadata metadata = findJpegMetadata(jpeg);
     if (!metadata.photoshop.empty()) readPhotoshop(metadata.photoshop, properties);
     if (const auto tiff = TiffBlock::open(metadata.exif)) readTiff(*tiff, properties);
 }
 }  // namespace
 
-std::optional<platform::PictureProperties> platform::readPictureProperties(ByteSource& source)
+std::optional<PictureProperties> readPictureProperties(ByteSource& source)
 {
     const ByteBlock picture(source);
     PictureProperties properties;
@@ -86,3 +81,5 @@ std::optional<platform::PictureProperties> platform::readPictureProperties(ByteS
     }
     return properties;
 }
+
+}  // namespace pinorama

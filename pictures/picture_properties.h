@@ -13,7 +13,7 @@
 
 #include "pictures/byte_source.h"
 
-namespace platform {
+namespace pinorama {
 
 struct PictureProperties {
     bool hasGps = false;             // the first image has a GPS directory, whatever stands in it
@@ -51,4 +51,4 @@ std::optional<PictureProperties> readPictureProperties(ByteSource& source);
 using PropertySource =
     std::function<std::optional<PictureProperties>(int descriptor, std::uint64_t size)>;
 
-}  // namespace platform
+}  // namespace pinorama

@@ -5,7 +5,7 @@
 
 #include "pictures/byte_source.h"
 
-namespace platform {
+namespace pinorama {
 
 // True when `picture` begins as RAF does.
 bool isRaf(const ByteBlock& picture);
@@ -13,4 +13,4 @@ bool isRaf(const ByteBlock& picture);
 // Returns the JPEG picture in a RAF picture; an empty block when its place is not in the file.
 ByteBlock findRafJpeg(const ByteBlock& raf);
 
-}  // namespace platform
+}  // namespace pinorama

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+namespace pinorama {
 namespace {
 constexpr std::size_t kHeaderSize = 8;
 constexpr std::size_t kEntrySize = 12;
@@ -22,12 +23,12 @@ bool isTiffNumber(std::uint16_t number)
 std::uint64_t itemSize(std::uint16_t type)
 {
     static constexpr std::uint8_t sizes[] = {0, 1, 1, 2, 4, 8, 1, 1, 2, 4, 8, 4, 8, 4};
-    if (type == static_cast<std::uint16_t>(platform::TiffType::utf8)) return 1;
+    if (type == static_cast<std::uint16_t>(TiffType::utf8)) return 1;
     return type < std::size(sizes) ? sizes[type] : 0;
 }
 }  // namespace
 
-std::optional<platform::TiffBlock> platform::TiffBlock::open(const ByteBlock& block)
+std::optional<TiffBlock> TiffBlock::open(const ByteBlock& block)
 {
     const ByteView header = block.view(0, kHeaderSize);
     if (header.empty() || header[0] != header[1]) return std::nullopt;
@@ -37,8 +38,7 @@ std::optional<platform::TiffBlock> platform::TiffBlock::open(const ByteBlock& bl
     return TiffBlock(block, order, read32(order, &header[4]));
 }
 
-std::size_t platform::TiffBlock::findEntries(std::uint64_t offset,
-                                             std::span<TiffEntry> wanted) const
+std::size_t TiffBlock::findEntries(std::uint64_t offset, std::span<TiffEntry> wanted) const
 {
     // A pointer of 0 is none, and nothing else lies inside the header either.
     if (offset < kHeaderSize) return 0;
@@ -69,8 +69,7 @@ std::size_t platform::TiffBlock::findEntries(std::uint64_t offset,
     return count - left;
 }
 
-void platform::TiffBlock::readEntry(const std::uint8_t* bytes, std::uint64_t position,
-                                    TiffEntry& entry) const
+void TiffBlock::readEntry(const std::uint8_t* bytes, std::uint64_t position, TiffEntry& entry) const
 {
     const std::uint16_t type = read16(order_, bytes + 2);
     entry.type = static_cast<TiffType>(type);
@@ -82,7 +81,7 @@ void platform::TiffBlock::readEntry(const std::uint8_t* bytes, std::uint64_t pos
     entry.value = block_.part(offset, size);
 }
 
-std::optional<std::uint32_t> platform::TiffBlock::integerOf(const TiffEntry& entry) const
+std::optional<std::uint32_t> TiffBlock::integerOf(const TiffEntry& entry) const
 {
     switch (entry.type) {
     case TiffType::byte:
@@ -107,3 +106,5 @@ std::optional<std::uint32_t> platform::TiffBlock::integerOf(const TiffEntry& ent
     }
     return std::nullopt;
 }
+
+}  // namespace pinorama

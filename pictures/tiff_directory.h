@@ -10,7 +10,7 @@
 #include "pictures/byte_order.h"
 #include "pictures/byte_source.h"
 
-namespace platform {
+namespace pinorama {
 
 // The types of values that are read here.
 enum class TiffType : std::uint16_t {
@@ -66,4 +66,4 @@ private:
     std::uint32_t firstDirectory_;
 };
 
-}  // namespace platform
+}  // namespace pinorama

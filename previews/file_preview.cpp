@@ -8,22 +8,23 @@
 #include <optional>
 #include <string>
 
+namespace pinorama {
 namespace {
 constexpr std::chrono::seconds kLongestWait(3);  // for one file
 
 std::optional<QPixmap> previewOf(const std::string& path, QSizeF ofSize, qreal ratio,
                                  std::uint8_t asIcon)
 {
-    const platform::PixelSize box = cuPixelsOfPoints(ofSize, ratio);
+    const PixelSize box = cuPixelsOfPoints(ofSize, ratio);
     if (box.width == 0) return QPixmap();
 
-    platform::ReaderClient& reader = cuPictureReader();
+    ReaderClient& reader = cuPictureReader();
     PreviewPlan plan(path, box);
     while (plan.next()) {
         (void)reader.startPreview(plan.file().descriptor(), plan.kind(), plan.box());
-        const platform::PreviewResult result = reader.waitForPreview(kLongestWait);
-        if (result.outcome == platform::ReadOutcome::noReader) break;
-        if (result.outcome != platform::ReadOutcome::found) continue;
+        const PreviewResult result = reader.waitForPreview(kLongestWait);
+        if (result.outcome == ReadOutcome::noReader) break;
+        if (result.outcome != ReadOutcome::found) continue;
         if (const std::optional<QImage> image = plan.imageOf(result.answer)) {
             plan.store(result.answer);
             return cuPictureOfPreview(*image, ofSize, ratio, asIcon);
@@ -37,3 +38,5 @@ void cuInstallFilePreviews()
 {
     cuInstallPreviewService(previewOf);
 }
+
+}  // namespace pinorama

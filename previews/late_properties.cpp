@@ -11,6 +11,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+namespace pinorama {
 namespace {
 constexpr std::chrono::milliseconds kShortWait(500);
 }  // namespace
@@ -30,19 +31,19 @@ LateProperties::LateProperties()
     connect(ReaderEvents::instance(), &ReaderEvents::advanced, this, &LateProperties::takeResult);
 }
 
-std::optional<platform::PictureProperties> LateProperties::read(int descriptor)
+std::optional<PictureProperties> LateProperties::read(int descriptor)
 {
     giveUp();
-    file_ = platform::DescriptorHolder(fcntl(descriptor, F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
-    platform::ReaderClient& reader = cuPictureReader();
+    file_ = DescriptorHolder(fcntl(descriptor, F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
+    ReaderClient& reader = cuPictureReader();
     const std::uint32_t ticket = reader.startProperties(file_.get());
-    std::optional<platform::PropertyResult> result = reader.waitForProperties(kShortWait);
+    std::optional<PropertyResult> result = reader.waitForProperties(kShortWait);
     if (!result) {
         ticket_ = ticket;
         return std::nullopt;
     }
-    file_ = platform::DescriptorHolder();
-    if (result->outcome != platform::ReadOutcome::found) return std::nullopt;
+    file_ = DescriptorHolder();
+    if (result->outcome != ReadOutcome::found) return std::nullopt;
     return std::move(result->properties);
 }
 
@@ -51,21 +52,23 @@ void LateProperties::giveUp()
     if (ticket_ == 0) return;
     ticket_ = 0;
     cuPictureReader().giveUpProperties();
-    file_ = platform::DescriptorHolder();
+    file_ = DescriptorHolder();
 }
 
 void LateProperties::takeResult()
 {
-    platform::ReaderClient& reader = cuPictureReader();
+    ReaderClient& reader = cuPictureReader();
     if (ticket_ == 0) return;
-    std::optional<platform::PropertyResult> result;
+    std::optional<PropertyResult> result;
     if (reader.propertiesTicket() == ticket_) {
         result = reader.takeProperties();
         if (!result) return;
     } else {
         // The reader was stopped, or somebody else has asked it.
-        result = platform::PropertyResult{platform::ReadOutcome::failed, {}};
+        result = PropertyResult{ReadOutcome::failed, {}};
     }
-    file_ = platform::DescriptorHolder();
+    file_ = DescriptorHolder();
     Q_EMIT arrived(std::exchange(ticket_, 0), *result);
 }
+
+}  // namespace pinorama

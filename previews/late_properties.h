@@ -12,6 +12,8 @@
 #include "pictures/picture_properties.h"
 #include "reader/reader_client.h"
 
+namespace pinorama {
+
 class LateProperties : public QObject {
     Q_OBJECT
 
@@ -24,7 +26,7 @@ public:
     //
     // Nothing when there are none, when reading failed, and when it still goes on: then ticket() is
     // not 0, and `arrived` comes as soon as it is known.
-    std::optional<platform::PictureProperties> read(int descriptor);
+    std::optional<PictureProperties> read(int descriptor);
 
     // The ticket of the picture that is still being read; 0 for none.
     std::uint32_t ticket() const { return ticket_; }
@@ -34,12 +36,14 @@ public:
 
 Q_SIGNALS:
     // What came of the picture with that ticket, once. Comes from the event loop.
-    void arrived(std::uint32_t ticket, const platform::PropertyResult& result);
+    void arrived(std::uint32_t ticket, const PropertyResult& result);
 
 private:
     LateProperties();
     void takeResult();
 
-    platform::DescriptorHolder file_;  // open as long as the reader may be asked for it again
+    DescriptorHolder file_;  // open as long as the reader may be asked for it again
     std::uint32_t ticket_ = 0;
 };
+
+}  // namespace pinorama

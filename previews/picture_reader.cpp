@@ -8,10 +8,11 @@
 #include <QPointer>
 #include <QSocketNotifier>
 
-platform::ReaderClient& cuPictureReader()
+namespace pinorama {
+
+ReaderClient& cuPictureReader()
 {
-    static platform::ReaderClient client(
-        [] { return platform::startReaderProgram(platform::readerProgram()); });
+    static ReaderClient client([] { return startReaderProgram(readerProgram()); });
     return client;
 }
 
@@ -19,7 +20,7 @@ void cuReadPicturesElsewhere()
 {
     cuPictureReader().start();
     cuInstallFilePreviews();
-    platform::installPropertySource([](int descriptor, std::uint64_t /*size*/) {
+    installPropertySource([](int descriptor, std::uint64_t /*size*/) {
         return LateProperties::instance()->read(descriptor);
     });
 }
@@ -49,7 +50,7 @@ ReaderEvents::~ReaderEvents()
 
 void ReaderEvents::rearm()
 {
-    const platform::ReaderClient& reader = cuPictureReader();
+    const ReaderClient& reader = cuPictureReader();
     const int socket = reader.socket();
     if (notifier_ && notifier_->socket() != socket) {
         // It may be the one that is calling.
@@ -75,3 +76,5 @@ void ReaderEvents::advance()
     cuPictureReader().advance();
     Q_EMIT advanced();
 }
+
+}  // namespace pinorama

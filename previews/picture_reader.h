@@ -12,8 +12,10 @@
 
 class QSocketNotifier;
 
+namespace pinorama {
+
 // The reader of this process; started by the first request, or by cuReadPicturesElsewhere.
-platform::ReaderClient& cuPictureReader();
+ReaderClient& cuPictureReader();
 
 // Starts the reader, without waiting for it, and has the properties and previews of pictures read
 // by it from now on. What a slow disk keeps longer than half a second counts as no picture at first
@@ -41,3 +43,5 @@ private:
     QTimer timer_;
     std::unique_ptr<QSocketNotifier> notifier_;
 };
+
+}  // namespace pinorama

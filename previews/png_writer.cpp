@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstdlib>
 
+namespace pinorama {
 namespace {
 constexpr std::uint8_t kSignature[] = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
 constexpr char kBitDepth = 8;
@@ -108,3 +109,5 @@ QByteArray cuMakePNG(const QImage& image,
     appendChunk(file, "IEND", {});
     return file;
 }
+
+}  // namespace pinorama

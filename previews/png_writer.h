@@ -12,9 +12,13 @@
 
 class QImage;
 
+namespace pinorama {
+
 // Returns the whole file, 8 bits a channel, with an alpha channel when `image` has one; empty when
 // `image` is null.
 //
 //   texts  pairs of a keyword, 1 to 79 characters, and its text, both Latin-1; kept as tEXt.
 QByteArray cuMakePNG(const QImage& image,
                      const std::vector<std::pair<std::string, std::string>>& texts);
+
+}  // namespace pinorama

@@ -8,6 +8,7 @@
 #include <string>
 #include <utility>
 
+namespace pinorama {
 namespace {
 constexpr int kStoreDelay = 100;  // milliseconds
 }  // namespace
@@ -23,7 +24,7 @@ struct PreviewLoader::Request {
 // A preview that took its time, until it is in the desktop's cache.
 struct PreviewLoader::Unstored {
     PreviewPlan plan;
-    platform::PreviewAnswer answer;
+    PreviewAnswer answer;
 };
 
 PreviewLoader::PreviewLoader(QObject* parent) : QObject(parent)
@@ -52,7 +53,7 @@ void PreviewLoader::request(TovStringRef path, QSizeF size, qreal ratio)
     stopReading();
     request_.reset();
     if (path == nullptr) return;
-    const std::string bytes = platform::pathBytes(path);
+    const std::string bytes = pathBytes(path);
     request_ = std::make_unique<Request>(
         Request{bytes, size, ratio, PreviewPlan(bytes, cuPixelsOfPoints(size, ratio))});
     // The properties of the same picture are asked for first; the preview would be in their way.
@@ -69,7 +70,7 @@ void PreviewLoader::settleForIcon()
 void PreviewLoader::stopReading()
 {
     timer_.stop();
-    platform::ReaderClient& reader = cuPictureReader();
+    ReaderClient& reader = cuPictureReader();
     if (request_ && request_->ticket != 0 && reader.previewTicket() == request_->ticket) {
         reader.giveUpPreview();
     }
@@ -84,21 +85,21 @@ void PreviewLoader::startStep()
 
 void PreviewLoader::takeAnswer()
 {
-    platform::ReaderClient& reader = cuPictureReader();
+    ReaderClient& reader = cuPictureReader();
     if (!request_ || request_->ticket == 0) return;
     if (reader.previewTicket() != request_->ticket) {
         // Somebody who waits for another preview has taken the place of this one.
         if (reader.previewTicket() == 0) startStep();
         return;
     }
-    std::optional<platform::PreviewResult> result = reader.takePreview();
+    std::optional<PreviewResult> result = reader.takePreview();
     if (!result) return;
-    if (result->outcome == platform::ReadOutcome::noReader) {
+    if (result->outcome == ReadOutcome::noReader) {
         const std::unique_ptr<Request> request = std::move(request_);
         Q_EMIT readerMissing(QByteArray::fromStdString(request->path));
         return;
     }
-    if (result->outcome == platform::ReadOutcome::found) {
+    if (result->outcome == ReadOutcome::found) {
         if (const std::optional<QImage> image = request_->plan.imageOf(result->answer)) {
             keepForStoring(result->answer);
             finish(cuPictureOfPreview(*image, request_->size, request_->ratio, 0));
@@ -111,7 +112,7 @@ void PreviewLoader::takeAnswer()
     }
     // The receiver may make the next request.
     const std::unique_ptr<Request> request = std::move(request_);
-    if (result->outcome == platform::ReadOutcome::stuck) {
+    if (result->outcome == ReadOutcome::stuck) {
         Q_EMIT readerStuck(QByteArray::fromStdString(request->path));
         if (request_) return;
     }
@@ -119,7 +120,7 @@ void PreviewLoader::takeAnswer()
 }
 
 // Packing a thumbnail takes longer than showing the preview, so that it is shown first.
-void PreviewLoader::keepForStoring(platform::PreviewAnswer& answer)
+void PreviewLoader::keepForStoring(PreviewAnswer& answer)
 {
     if (!answer.wasDecoded) return;
     store();
@@ -146,3 +147,5 @@ void PreviewLoader::show(const Request& request, const std::optional<QPixmap>& p
         QByteArray::fromStdString(request.path),
         preview ? *preview : cuIconOfItem(request.path, request.size, request.ratio));
 }
+
+}  // namespace pinorama

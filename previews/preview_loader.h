@@ -14,9 +14,9 @@
 
 #include "lib/objects/string.h"
 
-namespace platform {
+namespace pinorama {
+
 struct PreviewAnswer;
-}
 
 class PreviewLoader : public QObject {
     Q_OBJECT
@@ -60,7 +60,7 @@ private:
     void startStep();
     void stopReading();
     void takeAnswer();
-    void keepForStoring(platform::PreviewAnswer& answer);
+    void keepForStoring(PreviewAnswer& answer);
     void store();
     void finish(const std::optional<QPixmap>& preview);
     void show(const Request& request, const std::optional<QPixmap>& preview);
@@ -70,3 +70,5 @@ private:
     std::unique_ptr<Unstored> unstored_;  // null when all is stored
     QTimer storeTimer_;
 };
+
+}  // namespace pinorama

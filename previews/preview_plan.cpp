@@ -12,14 +12,14 @@
 
 #include <sys/stat.h>
 
+namespace pinorama {
 namespace {
 // A card is a white frame of this share of its size around the preview, with a fine edge.
 constexpr qreal kCardFrame = 1.0 / 24;
 
 int pixelsOf(qreal points, qreal ratio)
 {
-    return static_cast<int>(
-        std::clamp<qreal>(std::round(points * ratio), 1, platform::kLargestPreviewSide));
+    return static_cast<int>(std::clamp<qreal>(std::round(points * ratio), 1, kLargestPreviewSide));
 }
 
 std::int64_t modificationTime(int descriptor)
@@ -29,14 +29,14 @@ std::int64_t modificationTime(int descriptor)
 }
 
 // The image on the memory of `pixels`, which has to outlive it.
-QImage imageOn(const platform::PixelImage& pixels)
+QImage imageOn(const PixelImage& pixels)
 {
     return QImage(reinterpret_cast<const uchar*>(pixels.pixels.data()), pixels.width, pixels.height,
                   QImage::Format_ARGB32_Premultiplied);
 }
 
 // An image on memory of its own; null when memory runs out.
-QImage copyOf(const platform::PixelImage& pixels)
+QImage copyOf(const PixelImage& pixels)
 {
     const QImage borrowed = imageOn(pixels);
     const auto size = static_cast<std::size_t>(borrowed.sizeInBytes());
@@ -48,16 +48,15 @@ QImage copyOf(const platform::PixelImage& pixels)
 }
 }  // namespace
 
-platform::PixelSize cuPixelsOfPoints(QSizeF size, qreal ratio)
+PixelSize cuPixelsOfPoints(QSizeF size, qreal ratio)
 {
     if (!(size.width() * ratio > 0) || !(size.height() * ratio > 0)) return {};
     return {pixelsOf(size.width(), ratio), pixelsOf(size.height(), ratio)};
 }
 
-PreviewPlan::PreviewPlan(std::string path, platform::PixelSize box)
-    : path_(std::move(path)), box_(box)
+PreviewPlan::PreviewPlan(std::string path, PixelSize box) : path_(std::move(path)), box_(box)
 {
-    picture_ = std::make_unique<platform::PictureFile>(path_);
+    picture_ = std::make_unique<PictureFile>(path_);
     if (!picture_->isOpen()) {
         isFinished_ = true;
         return;
@@ -74,30 +73,29 @@ bool PreviewPlan::next()
     while (!places_.empty()) {
         const ThumbnailPlace place = std::move(places_.front());
         places_.pop_front();
-        thumbnail_ = std::make_unique<platform::PictureFile>(place.path);
+        thumbnail_ = std::make_unique<PictureFile>(place.path);
         if (!thumbnail_->isOpen()) continue;
         label_ = place.label;
-        kind_ = platform::PreviewKind::cachedThumbnail;
+        kind_ = PreviewKind::cachedThumbnail;
         file_ = thumbnail_.get();
         return true;
     }
     if (isFinished_) return false;
     isFinished_ = true;
-    kind_ = platform::PreviewKind::picture;
+    kind_ = PreviewKind::picture;
     file_ = picture_.get();
     return true;
 }
 
-std::optional<QImage> PreviewPlan::imageOf(const platform::PreviewAnswer& answer) const
+std::optional<QImage> PreviewPlan::imageOf(const PreviewAnswer& answer) const
 {
-    if (kind_ == platform::PreviewKind::cachedThumbnail &&
-        !label_.matches(answer.uri, answer.mtime)) {
+    if (kind_ == PreviewKind::cachedThumbnail && !label_.matches(answer.uri, answer.mtime)) {
         return std::nullopt;
     }
     return copyOf(answer.image);
 }
 
-void PreviewPlan::store(const platform::PreviewAnswer& answer) const
+void PreviewPlan::store(const PreviewAnswer& answer) const
 {
     const int side = box_.width;
     const bool fillsTheBox = answer.image.width == side || answer.image.height == side;
@@ -113,7 +111,7 @@ QPixmap cuPictureOfPreview(const QImage& preview, QSizeF size, qreal ratio, std:
         picture.setDevicePixelRatio(ratio);
         return picture;
     }
-    const platform::PixelSize box = cuPixelsOfPoints(size, ratio);
+    const PixelSize box = cuPixelsOfPoints(size, ratio);
     QPixmap card(box.width, box.height);
     card.fill(Qt::transparent);
     const QRectF whole(0, 0, box.width, box.height);
@@ -136,3 +134,5 @@ QPixmap cuPictureOfPreview(const QImage& preview, QSizeF size, qreal ratio, std:
     card.setDevicePixelRatio(ratio);
     return card;
 }
+
+}  // namespace pinorama

@@ -17,47 +17,51 @@
 #include "previews/thumbnail_cache.h"
 #include "reader/preview_answer.h"
 
+namespace pinorama {
+
 // The size in pixels of `size` points; {0, 0} for a size that is not positive. A preview
 // is never larger than 2048 pixels each way.
-platform::PixelSize cuPixelsOfPoints(QSizeF size, qreal ratio);
+PixelSize cuPixelsOfPoints(QSizeF size, qreal ratio);
 
 class PreviewPlan {
 public:
     // Plans the preview of the file at `path` (absolute, in the bytes of the system) that fits into
     // `box` pixels.
-    PreviewPlan(std::string path, platform::PixelSize box);
+    PreviewPlan(std::string path, PixelSize box);
 
     // Goes on to the next file that is there to be read. False when there is none left: the file
     // has no preview.
     bool next();
 
     // The current step: an open regular file and how it is to be read.
-    platform::PreviewKind kind() const { return kind_; }
-    const platform::PictureFile& file() const { return *file_; }
-    platform::PixelSize box() const { return box_; }
+    PreviewKind kind() const { return kind_; }
+    const PictureFile& file() const { return *file_; }
+    PixelSize box() const { return box_; }
 
     // The preview, when `answer` to the current step gives one: a thumbnail of another file, or
     // from before the file was changed last, gives none. When memory runs out it is null, which is
     // not the same: then there is nothing to show.
-    std::optional<QImage> imageOf(const platform::PreviewAnswer& answer) const;
+    std::optional<QImage> imageOf(const PreviewAnswer& answer) const;
 
     // Keeps the preview in the desktop's cache when `answer` took its time, so that it is there at
     // once the next time.
-    void store(const platform::PreviewAnswer& answer) const;
+    void store(const PreviewAnswer& answer) const;
 
 private:
     std::string path_;
-    platform::PixelSize box_;
-    std::unique_ptr<platform::PictureFile> picture_;
+    PixelSize box_;
+    std::unique_ptr<PictureFile> picture_;
     std::int64_t mtime_ = 0;
     std::deque<ThumbnailPlace> places_;
     ThumbnailLabel label_;
-    std::unique_ptr<platform::PictureFile> thumbnail_;
-    const platform::PictureFile* file_ = nullptr;
-    platform::PreviewKind kind_ = platform::PreviewKind::picture;
+    std::unique_ptr<PictureFile> thumbnail_;
+    const PictureFile* file_ = nullptr;
+    PreviewKind kind_ = PreviewKind::picture;
     bool isFinished_ = false;
 };
 
 // What the window shows of a preview: at the screen's ratio, on a card of exactly `size` points
 // when `asIcon` is nonzero. Null for a null preview.
 QPixmap cuPictureOfPreview(const QImage& preview, QSizeF size, qreal ratio, std::uint8_t asIcon);
+
+}  // namespace pinorama

@@ -13,6 +13,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+namespace pinorama {
 namespace {
 struct Size {
     const char* name;
@@ -157,3 +158,5 @@ void cuStoreThumbnail(const std::string& path, std::int64_t mtime, std::uint64_t
             replaceFile(folder + "/" + fileName(label.uri), png);
     }
 }
+
+}  // namespace pinorama

@@ -11,6 +11,8 @@
 
 class QImage;
 
+namespace pinorama {
+
 // What a thumbnail says about the file it shows.
 struct ThumbnailLabel {
     std::string uri;         // of the file
@@ -40,3 +42,5 @@ std::vector<ThumbnailPlace> cuThumbnailPlaces(const std::string& path, std::int6
 // one.
 void cuStoreThumbnail(const std::string& path, std::int64_t mtime, std::uint64_t fileSize, int side,
                       const QImage& image);
+
+}  // namespace pinorama

@@ -4,7 +4,9 @@
 #include <cstring>
 #include <limits>
 
-ByteDevice::ByteDevice(platform::ByteSource& source) : source_(source)
+namespace pinorama {
+
+ByteDevice::ByteDevice(ByteSource& source) : source_(source)
 {
     open(QIODevice::ReadOnly | QIODevice::Unbuffered);
 }
@@ -20,10 +22,10 @@ qint64 ByteDevice::readData(char* dest, qint64 wanted)
     qint64 done = 0;
     while (done < wanted) {
         const qint64 position = pos() + done;
-        const qint64 count = std::min(
-            {wanted - done, size() - position, static_cast<qint64>(platform::kLongestView)});
+        const qint64 count =
+            std::min({wanted - done, size() - position, static_cast<qint64>(kLongestView)});
         if (count <= 0) break;
-        const platform::ByteView bytes =
+        const ByteView bytes =
             source_.view(static_cast<std::uint64_t>(position), static_cast<std::size_t>(count));
         if (bytes.empty()) break;
         std::memcpy(dest + done, bytes.data(), bytes.size());
@@ -31,3 +33,5 @@ qint64 ByteDevice::readData(char* dest, qint64 wanted)
     }
     return done;
 }
+
+}  // namespace pinorama

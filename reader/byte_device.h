@@ -6,10 +6,12 @@
 
 #include "pictures/byte_source.h"
 
+namespace pinorama {
+
 class ByteDevice : public QIODevice {
 public:
     // `source` has to outlive the device, which is open for reading at once.
-    explicit ByteDevice(platform::ByteSource& source);
+    explicit ByteDevice(ByteSource& source);
 
     bool isSequential() const override { return false; }
     qint64 size() const override;
@@ -19,5 +21,7 @@ protected:
     qint64 writeData(const char*, qint64) override { return -1; }
 
 private:
-    platform::ByteSource& source_;
+    ByteSource& source_;
 };
+
+}  // namespace pinorama

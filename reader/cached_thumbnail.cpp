@@ -6,13 +6,13 @@
 #include <QImage>
 #include <QImageReader>
 
+namespace pinorama {
 namespace {
 constexpr int kLargestSide = 1024;  // pixels, of the size named xx-large
 
 }  // namespace
 
-std::optional<CachedThumbnail> readCachedThumbnail(platform::ByteSource& source,
-                                                   platform::PixelSize box)
+std::optional<CachedThumbnail> readCachedThumbnail(ByteSource& source, PixelSize box)
 {
     if (box.width <= 0 || box.height <= 0) return std::nullopt;
     ByteDevice device(source);
@@ -27,3 +27,5 @@ std::optional<CachedThumbnail> readCachedThumbnail(platform::ByteSource& source,
                            image.text(QStringLiteral("Thumb::URI")).toStdString(),
                            image.text(QStringLiteral("Thumb::MTime")).toStdString()};
 }
+
+}  // namespace pinorama

@@ -9,8 +9,10 @@
 #include "pictures/byte_source.h"
 #include "pictures/pixels/pixel_image.h"
 
+namespace pinorama {
+
 struct CachedThumbnail {
-    platform::PixelImage image;
+    PixelImage image;
     std::string uri;    // Thumb::URI, empty when it has none
     std::string mtime;  // Thumb::MTime, seconds since 1970 in decimal digits
 };
@@ -18,5 +20,6 @@ struct CachedThumbnail {
 // Reads a PNG picture, scaled down to fit into `box`, with the two texts; nothing when it is none
 // or damaged, or larger than any size that thumbnails come in. Source: freedesktop.org Thumbnail
 // Managing Standard.
-std::optional<CachedThumbnail> readCachedThumbnail(platform::ByteSource& source,
-                                                   platform::PixelSize box);
+std::optional<CachedThumbnail> readCachedThumbnail(ByteSource& source, PixelSize box);
+
+}  // namespace pinorama

@@ -15,6 +15,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+namespace pinorama {
 namespace {
 bool isSocket(int descriptor)
 {
@@ -23,17 +24,19 @@ bool isSocket(int descriptor)
     return getsockopt(descriptor, SOL_SOCKET, SO_TYPE, &type, &size) == 0;
 }
 }  // namespace
+}  // namespace pinorama
+
+using namespace pinorama;
 
 int main()
 {
-    if (!isSocket(platform::kReaderSocket)) {
+    if (!isSocket(kReaderSocket)) {
         std::fputs("pinorama-reader is started by Pinorama and does nothing by itself.\n", stderr);
         return EXIT_FAILURE;
     }
     loadPicturePlugins();
-    if (!platform::enterSandbox(readerRules(platform::kReaderSocket))) return EXIT_FAILURE;
-    platform::serveReader(platform::kReaderSocket,
-                          {platform::readPictureProperties, answerPreview});
+    if (!enterSandbox(readerRules(kReaderSocket))) return EXIT_FAILURE;
+    serveReader(kReaderSocket, {readPictureProperties, answerPreview});
     // Libraries would look for files while they clean up.
     _exit(EXIT_SUCCESS);
 }

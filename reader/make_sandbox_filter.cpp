@@ -20,6 +20,7 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+namespace pinorama {
 namespace {
 // Stand in the filter for what is filled in later; no other value that it compares with is alike.
 constexpr std::uint32_t kSomeSocket = 0x5a5a0001;
@@ -69,7 +70,7 @@ public:
             std::fseek(file.get(), 0, SEEK_SET) != 0) {
             return {};
         }
-        std::vector<sock_filter> program(platform::kMostSandboxSteps + 1);
+        std::vector<sock_filter> program(kMostSandboxSteps + 1);
         program.resize(
             std::fread(program.data(), sizeof program.front(), program.size(), file.get()));
         return program;
@@ -164,7 +165,7 @@ std::vector<sock_filter> makeProgram()
     allowInputAndAnswers(&filter);
     refuseLookingAround(&filter);
     // A sanitizer's runtime finds out what memory it may look at by writing it into a pipe.
-    if (platform::kHasSanitizers) {
+    if (kHasSanitizers) {
         filter.allow({SCMP_SYS(pipe), SCMP_SYS(pipe2), SCMP_SYS(write)});
     }
     return filter.program();
@@ -187,24 +188,29 @@ bool isUsable(const std::vector<sock_filter>& program)
         if (step.code != (BPF_JMP | BPF_JEQ | BPF_K)) return false;
         (step.k == kSomeSocket ? sockets : processes)++;
     }
-    return sockets > 0 && processes > 0 && program.size() <= platform::kMostSandboxSteps;
+    return sockets > 0 && processes > 0 && program.size() <= kMostSandboxSteps;
 }
 
 void write(const std::vector<sock_filter>& program, std::FILE* file)
 {
     std::fputs(
         "#include \"reader/sandbox_filter.h\"\n\n"
-        "using enum platform::SandboxStep::FilledInto;\n\n"
-        "const platform::SandboxStep platform::kSandboxSteps[] = {\n",
+        "namespace pinorama {\n\n"
+        "using enum SandboxStep::FilledInto;\n\n"
+        "const SandboxStep kSandboxSteps[] = {\n",
         file);
     for (const sock_filter& step : program) {
         std::fprintf(file, "    {{%u, %u, %u, %#x}, %s},\n", unsigned{step.code}, unsigned{step.jt},
                      unsigned{step.jf}, unsigned{step.k}, filledInto(step));
     }
-    std::fprintf(file, "};\nconst std::size_t platform::kSandboxStepCount = %zu;\n",
+    std::fprintf(file,
+                 "};\nconst std::size_t kSandboxStepCount = %zu;\n\n}  // namespace pinorama\n",
                  program.size());
 }
 }  // namespace
+}  // namespace pinorama
+
+using namespace pinorama;
 
 int main(int argc, char** argv)
 {

@@ -13,7 +13,7 @@
 
 #include "pictures/byte_source.h"
 
-namespace platform {
+namespace pinorama {
 
 class MessageWriter {
 public:
@@ -82,4 +82,4 @@ private:
     bool hasFailed_ = false;
 };
 
-}  // namespace platform
+}  // namespace pinorama

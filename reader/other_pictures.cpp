@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cstring>
 
+namespace pinorama {
 namespace {
 constexpr int kMostMegabytes = 256;
 constexpr const char* kFormats[] = {"png", "gif", "bmp",  "ppm",  "pgm", "pbm",
@@ -25,7 +26,7 @@ QByteArray formatOf(QIODevice& device)
 }
 
 // The Exif orientation that stands for Qt's name of the same turn.
-platform::Orientation orientationOf(QImageIOHandler::Transformations transformation)
+Orientation orientationOf(QImageIOHandler::Transformations transformation)
 {
     switch (transformation) {
     case QImageIOHandler::TransformationMirror: return 2;
@@ -49,8 +50,7 @@ void loadPicturePlugins()
     }
 }
 
-std::optional<platform::PixelImage> decodeOtherPicture(platform::ByteSource& source,
-                                                       platform::PixelSize box)
+std::optional<PixelImage> decodeOtherPicture(ByteSource& source, PixelSize box)
 {
     ByteDevice device(source);
     const QByteArray format = formatOf(device);
@@ -59,12 +59,14 @@ std::optional<platform::PixelImage> decodeOtherPicture(platform::ByteSource& sou
     QImageReader::setAllocationLimit(kMostMegabytes);
     QImageReader reader(&device, format);
     reader.setAutoTransform(false);
-    const platform::Orientation orientation = orientationOf(reader.transformation());
-    if (platform::isTransposed(orientation)) std::swap(box.width, box.height);
+    const Orientation orientation = orientationOf(reader.transformation());
+    if (isTransposed(orientation)) std::swap(box.width, box.height);
 
     // Asked for a smaller size Qt would scale with several threads, which the reader cannot start
     // any more; scaledPixels does without.
     const QImage image = reader.read();
     if (image.isNull()) return std::nullopt;
-    return platform::turnedUpright(scaledPixels(image, box), orientation);
+    return turnedUpright(scaledPixels(image, box), orientation);
 }
+
+}  // namespace pinorama

@@ -7,6 +7,8 @@
 #include "pictures/byte_source.h"
 #include "pictures/pixels/pixel_image.h"
 
+namespace pinorama {
+
 // Loads every plug-in that decodeOtherPicture uses, so that decoding opens no file later on.
 void loadPicturePlugins();
 
@@ -15,5 +17,6 @@ void loadPicturePlugins();
 // would need more than 256 MB.
 //
 // Vector pictures are not decoded: they can name other files and take any time they like.
-std::optional<platform::PixelImage> decodeOtherPicture(platform::ByteSource& source,
-                                                       platform::PixelSize box);
+std::optional<PixelImage> decodeOtherPicture(ByteSource& source, PixelSize box);
+
+}  // namespace pinorama

@@ -8,7 +8,7 @@
 
 #include "pictures/pixels/pixel_image.h"
 
-namespace platform {
+namespace pinorama {
 
 enum class PreviewKind : std::uint16_t {
     picture,          // a preview of the picture in the file
@@ -23,4 +23,4 @@ struct PreviewAnswer {
     std::string mtime;
 };
 
-}  // namespace platform
+}  // namespace pinorama

@@ -6,37 +6,35 @@
 
 #include <utility>
 
+namespace pinorama {
 namespace {
-std::optional<platform::PreviewAnswer> answerPicture(platform::ByteSource& source,
-                                                     platform::PixelSize box)
+std::optional<PreviewAnswer> answerPicture(ByteSource& source, PixelSize box)
 {
-    if (std::optional<platform::Preview> preview =
-            platform::makePreview(source, box.width, box.height)) {
-        return platform::PreviewAnswer{std::move(preview->image), preview->wasDecoded, {}, {}};
+    if (std::optional<Preview> preview = makePreview(source, box.width, box.height)) {
+        return PreviewAnswer{std::move(preview->image), preview->wasDecoded, {}, {}};
     }
-    if (std::optional<platform::PixelImage> image = decodeOtherPicture(source, box)) {
-        return platform::PreviewAnswer{std::move(*image), true, {}, {}};
+    if (std::optional<PixelImage> image = decodeOtherPicture(source, box)) {
+        return PreviewAnswer{std::move(*image), true, {}, {}};
     }
     return std::nullopt;
 }
 
-std::optional<platform::PreviewAnswer> answerThumbnail(platform::ByteSource& source,
-                                                       platform::PixelSize box)
+std::optional<PreviewAnswer> answerThumbnail(ByteSource& source, PixelSize box)
 {
     std::optional<CachedThumbnail> thumbnail = readCachedThumbnail(source, box);
     if (!thumbnail) return std::nullopt;
-    return platform::PreviewAnswer{std::move(thumbnail->image), false, std::move(thumbnail->uri),
-                                   std::move(thumbnail->mtime)};
+    return PreviewAnswer{std::move(thumbnail->image), false, std::move(thumbnail->uri),
+                         std::move(thumbnail->mtime)};
 }
 }  // namespace
 
-std::optional<platform::PreviewAnswer> answerPreview(platform::ByteSource& source,
-                                                     platform::PreviewKind kind,
-                                                     platform::PixelSize box)
+std::optional<PreviewAnswer> answerPreview(ByteSource& source, PreviewKind kind, PixelSize box)
 {
     switch (kind) {
-    case platform::PreviewKind::picture: return answerPicture(source, box);
-    case platform::PreviewKind::cachedThumbnail: return answerThumbnail(source, box);
+    case PreviewKind::picture: return answerPicture(source, box);
+    case PreviewKind::cachedThumbnail: return answerThumbnail(source, box);
     }
     return std::nullopt;
 }
+
+}  // namespace pinorama

@@ -7,7 +7,9 @@
 #include "pictures/byte_source.h"
 #include "reader/preview_answer.h"
 
+namespace pinorama {
+
 // Reads what `kind` asks for; nothing when the bytes have no such thing.
-std::optional<platform::PreviewAnswer> answerPreview(platform::ByteSource& source,
-                                                     platform::PreviewKind kind,
-                                                     platform::PixelSize box);
+std::optional<PreviewAnswer> answerPreview(ByteSource& source, PreviewKind kind, PixelSize box);
+
+}  // namespace pinorama

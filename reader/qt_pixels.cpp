@@ -2,10 +2,12 @@
 
 #include <QImage>
 
-platform::PixelImage scaledPixels(const QImage& image, platform::PixelSize box)
+namespace pinorama {
+
+PixelImage scaledPixels(const QImage& image, PixelSize box)
 {
-    const platform::PixelSize size = {image.width(), image.height()};
-    platform::RowScaler scaler(size, platform::fitInto(size, box));
+    const PixelSize size = {image.width(), image.height()};
+    RowScaler scaler(size, fitInto(size, box));
     for (int y = 0; y < image.height(); y++) {
         // Row by row, because a large image as a whole would be converted by several threads, which
         // this process cannot start any more.
@@ -15,3 +17,5 @@ platform::PixelImage scaledPixels(const QImage& image, platform::PixelSize box)
     }
     return scaler.take(0);
 }
+
+}  // namespace pinorama

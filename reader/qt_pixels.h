@@ -6,5 +6,9 @@
 
 class QImage;
 
+namespace pinorama {
+
 // The image scaled down to fit into `box`; {0, 0} for a null image or an empty box.
-platform::PixelImage scaledPixels(const QImage& image, platform::PixelSize box);
+PixelImage scaledPixels(const QImage& image, PixelSize box);
+
+}  // namespace pinorama

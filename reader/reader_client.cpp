@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+namespace pinorama {
 namespace {
-using namespace platform;
 using namespace std::chrono_literals;
 
 constexpr int kMostDeaths = 2;          // a picture that two readers died of is given up
@@ -16,7 +16,7 @@ constexpr auto kWhenFull = 10ms;      // before another try to send
 constexpr auto kWhenCrowded = 100ms;  // before another try to start
 }  // namespace
 
-platform::ReaderClient::ReaderClient(ReaderLauncher launcher, ReaderLimits limits)
+ReaderClient::ReaderClient(ReaderLauncher launcher, ReaderLimits limits)
     : launcher_(std::move(launcher)),
       limits_(limits),
       // Most answers fill a small part of it, and the rest is never touched.
@@ -24,13 +24,13 @@ platform::ReaderClient::ReaderClient(ReaderLauncher launcher, ReaderLimits limit
 {
 }
 
-void platform::ReaderClient::start()
+void ReaderClient::start()
 {
     if (!process_) startProcess();
     changed();
 }
 
-void platform::ReaderClient::stop()
+void ReaderClient::stop()
 {
     giveUpProperties();
     giveUpPreview();
@@ -44,7 +44,7 @@ void platform::ReaderClient::stop()
     changed();
 }
 
-int platform::ReaderClient::millisecondsLeft() const
+int ReaderClient::millisecondsLeft() const
 {
     if (jobs_.empty() && (!process_ || isReady_)) return -1;
     const Clock::time_point now = Clock::now();
@@ -59,18 +59,18 @@ int platform::ReaderClient::millisecondsLeft() const
     return static_cast<int>(std::max(left, 0ms).count());
 }
 
-void platform::ReaderClient::advance()
+void ReaderClient::advance()
 {
     step();
     changed();
 }
 
-void platform::ReaderClient::changed()
+void ReaderClient::changed()
 {
     if (onChange_) onChange_();
 }
 
-void platform::ReaderClient::step()
+void ReaderClient::step()
 {
     // First what has come: a reader that died or talks out of turn gets no new picture.
     while (process_ && receive()) {
@@ -81,14 +81,13 @@ void platform::ReaderClient::step()
     sendJobs();
 }
 
-const platform::ReaderPatience& platform::ReaderClient::patienceOf(const Job& job) const
+const ReaderPatience& ReaderClient::patienceOf(const Job& job) const
 {
     return job.task == ReaderTask::properties ? limits_.properties : limits_.preview;
 }
 
 // When others have waited long enough for the oldest job; never when it is not in their way.
-std::optional<platform::ReaderClient::Clock::time_point> platform::ReaderClient::whenFrontGivesWay()
-    const
+std::optional<ReaderClient::Clock::time_point> ReaderClient::whenFrontGivesWay() const
 {
     if (!isReady_ || jobs_.size() < 2 || !jobs_.front().isSent) return std::nullopt;
     const Job& front = jobs_.front();
@@ -101,7 +100,7 @@ std::optional<platform::ReaderClient::Clock::time_point> platform::ReaderClient:
     return std::nullopt;
 }
 
-void platform::ReaderClient::startProcess()
+void ReaderClient::startProcess()
 {
     const Clock::time_point now = Clock::now();
     if (now < missingUntil_) {
@@ -119,7 +118,7 @@ void platform::ReaderClient::startProcess()
 }
 
 // Whoever looks through a disk that does not answer would leave a process there for each picture.
-bool platform::ReaderClient::hasRoomForProcess(Clock::time_point now)
+bool ReaderClient::hasRoomForProcess(Clock::time_point now)
 {
     if (lingeringReaders() < limits_.mostLingering) {
         crowdedSince_ = Clock::time_point::max();
@@ -133,7 +132,7 @@ bool platform::ReaderClient::hasRoomForProcess(Clock::time_point now)
 
 // The reader is gone, or has to go. Whatever it was working on is to blame, unless it may have died
 // just before the request came, or was only in the way.
-void platform::ReaderClient::loseReader(Loss loss)
+void ReaderClient::loseReader(Loss loss)
 {
     process_.end();
     input_.clear();
@@ -174,20 +173,20 @@ void platform::ReaderClient::loseReader(Loss loss)
 }
 
 // Whatever the reader had is sent again, to the next one.
-void platform::ReaderClient::forgetWhatWasSent()
+void ReaderClient::forgetWhatWasSent()
 {
     std::erase_if(jobs_, [](const Job& job) { return job.isGivenUp; });
     for (Job& job : jobs_) job.isSent = false;
 }
 
 // The oldest job's turn begins, if it is with the reader.
-void platform::ReaderClient::watchFront()
+void ReaderClient::watchFront()
 {
     if (!isReady_ || jobs_.empty() || !jobs_.front().isSent) return;
     watch_.begin(patienceOf(jobs_.front()), Clock::now());
 }
 
-void platform::ReaderClient::checkTime()
+void ReaderClient::checkTime()
 {
     if (!process_) return;
     const bool isAtWork = !isReady_ || (!jobs_.empty() && jobs_.front().isSent);
@@ -200,3 +199,5 @@ void platform::ReaderClient::checkTime()
     const auto givesWay = whenFrontGivesWay();
     if (givesWay && now >= *givesWay) loseReader(Loss::inTheWay);
 }
+
+}  // namespace pinorama

@@ -20,7 +20,7 @@
 #include "reader/reader_protocol.h"
 #include "reader/reader_watch.h"
 
-namespace platform {
+namespace pinorama {
 
 struct ReaderLimits {
     // From the start of the process to its first word.
@@ -215,4 +215,4 @@ private:
     std::optional<PreviewResult> preview_;
 };
 
-}  // namespace platform
+}  // namespace pinorama

@@ -4,8 +4,8 @@
 
 #include <utility>
 
+namespace pinorama {
 namespace {
-using namespace platform;
 
 constexpr int kMostInterruptions = 32;  // of one preview
 
@@ -17,7 +17,7 @@ PreviewKind kindOf(ReaderTask task)
 }  // namespace
 
 // A reader that is not ready yet finds the requests when it is.
-void platform::ReaderClient::sendJobs()
+void ReaderClient::sendJobs()
 {
     std::size_t next = 0;
     while (process_ && next < jobs_.size()) {
@@ -31,7 +31,7 @@ void platform::ReaderClient::sendJobs()
 
 // Sends the job at `first` and, when it asks for properties, up to `most` with those behind it that
 // do, too. False when nothing more can be sent for now.
-bool platform::ReaderClient::sendBatch(std::size_t first, std::size_t most)
+bool ReaderClient::sendBatch(std::size_t first, std::size_t most)
 {
     ReaderRequest request = {jobs_[first].task, jobs_[first].number, 0, jobs_[first].box};
     std::vector<int> descriptors;
@@ -65,7 +65,7 @@ bool platform::ReaderClient::sendBatch(std::size_t first, std::size_t most)
 }
 
 // Takes in what has come. True when there may be more.
-bool platform::ReaderClient::receive()
+bool ReaderClient::receive()
 {
     const std::ptrdiff_t count = receiveBytes(socket(), {chunk_.get(), kReadAtOnce});
     if (count < 0) {
@@ -83,7 +83,7 @@ bool platform::ReaderClient::receive()
 }
 
 // Takes the next answer out of what has come. False when it is not complete, or none.
-bool platform::ReaderClient::takeAnswer()
+bool ReaderClient::takeAnswer()
 {
     const ByteView input = ByteView(input_).subspan(taken_);
     if (input.size() < kAnswerHeadSize) return false;
@@ -115,7 +115,7 @@ bool platform::ReaderClient::takeAnswer()
     return true;
 }
 
-void platform::ReaderClient::becomeReady()
+void ReaderClient::becomeReady()
 {
     isReady_ = true;
     failedStarts_ = 0;
@@ -128,7 +128,7 @@ void platform::ReaderClient::becomeReady()
 }
 
 // False when the body is not what was asked for.
-bool platform::ReaderClient::finishFront(const ReaderAnswerHead& head, ByteView body)
+bool ReaderClient::finishFront(const ReaderAnswerHead& head, ByteView body)
 {
     const Job& job = jobs_.front();
     if (head.outcome == ReaderOutcome::interrupted) {
@@ -154,7 +154,7 @@ bool platform::ReaderClient::finishFront(const ReaderAnswerHead& head, ByteView 
     return true;
 }
 
-void platform::ReaderClient::resendFrontLater()
+void ReaderClient::resendFrontLater()
 {
     Job job = jobs_.front();
     jobs_.pop_front();
@@ -166,7 +166,7 @@ void platform::ReaderClient::resendFrontLater()
     jobs_.push_back(job);
 }
 
-void platform::ReaderClient::finish(const Job& job, ReadOutcome outcome)
+void ReaderClient::finish(const Job& job, ReadOutcome outcome)
 {
     if (job.propertyResult != nullptr) {
         job.propertyResult->outcome = outcome;
@@ -179,14 +179,16 @@ void platform::ReaderClient::finish(const Job& job, ReadOutcome outcome)
     }
 }
 
-void platform::ReaderClient::dropFront(ReadOutcome outcome)
+void ReaderClient::dropFront(ReadOutcome outcome)
 {
     finish(jobs_.front(), outcome);
     jobs_.pop_front();
     watchFront();  // the next one's turn begins now
 }
 
-void platform::ReaderClient::dropAll(ReadOutcome outcome)
+void ReaderClient::dropAll(ReadOutcome outcome)
 {
     while (!jobs_.empty()) dropFront(outcome);
 }
+
+}  // namespace pinorama

@@ -7,8 +7,10 @@
 
 #include <poll.h>
 
-std::vector<platform::PropertyResult> platform::ReaderClient::readProperties(
-    std::span<const int> descriptors, int alarm)
+namespace pinorama {
+
+std::vector<PropertyResult> ReaderClient::readProperties(std::span<const int> descriptors,
+                                                         int alarm)
 {
     const auto isOurs = [](const Job& job) { return job.propertyResult != nullptr; };
     std::vector<PropertyResult> results(descriptors.size());
@@ -23,14 +25,14 @@ std::vector<platform::PropertyResult> platform::ReaderClient::readProperties(
     return results;
 }
 
-platform::PropertyResult platform::ReaderClient::readProperties(int descriptor)
+PropertyResult ReaderClient::readProperties(int descriptor)
 {
     std::vector<PropertyResult> results = readProperties(std::span(&descriptor, 1));
     PropertyResult result = std::move(results.front());
     return result;
 }
 
-std::uint32_t platform::ReaderClient::startProperties(int descriptor)
+std::uint32_t ReaderClient::startProperties(int descriptor)
 {
     giveUpProperties();
     const std::uint32_t ticket = propertiesTicket_ = nextTicket();
@@ -40,7 +42,7 @@ std::uint32_t platform::ReaderClient::startProperties(int descriptor)
     return ticket;
 }
 
-void platform::ReaderClient::giveUpProperties()
+void ReaderClient::giveUpProperties()
 {
     properties_.reset();
     propertiesTicket_ = 0;
@@ -49,20 +51,19 @@ void platform::ReaderClient::giveUpProperties()
     });
 }
 
-std::optional<platform::PropertyResult> platform::ReaderClient::takeProperties()
+std::optional<PropertyResult> ReaderClient::takeProperties()
 {
     if (properties_) propertiesTicket_ = 0;
     return std::exchange(properties_, std::nullopt);
 }
 
-std::optional<platform::PropertyResult> platform::ReaderClient::waitForProperties(
-    std::chrono::milliseconds most)
+std::optional<PropertyResult> ReaderClient::waitForProperties(std::chrono::milliseconds most)
 {
     waitWhile([this] { return !properties_ && propertiesTicket_ != 0; }, Clock::now() + most);
     return takeProperties();
 }
 
-std::uint32_t platform::ReaderClient::startPreview(int descriptor, PreviewKind kind, PixelSize box)
+std::uint32_t ReaderClient::startPreview(int descriptor, PreviewKind kind, PixelSize box)
 {
     giveUpPreview();
     const std::uint32_t ticket = previewTicket_ = nextTicket();
@@ -74,20 +75,20 @@ std::uint32_t platform::ReaderClient::startPreview(int descriptor, PreviewKind k
     return ticket;
 }
 
-void platform::ReaderClient::giveUpPreview()
+void ReaderClient::giveUpPreview()
 {
     preview_.reset();
     previewTicket_ = 0;
     giveUp([](const Job& job) { return job.task != ReaderTask::properties; });
 }
 
-std::optional<platform::PreviewResult> platform::ReaderClient::takePreview()
+std::optional<PreviewResult> ReaderClient::takePreview()
 {
     if (preview_) previewTicket_ = 0;
     return std::exchange(preview_, std::nullopt);
 }
 
-platform::PreviewResult platform::ReaderClient::waitForPreview(std::chrono::milliseconds most)
+PreviewResult ReaderClient::waitForPreview(std::chrono::milliseconds most)
 {
     waitWhile([this] { return !preview_ && previewTicket_ != 0; }, Clock::now() + most);
     const bool isLate = !preview_ && previewTicket_ != 0;
@@ -96,7 +97,7 @@ platform::PreviewResult platform::ReaderClient::waitForPreview(std::chrono::mill
         PreviewResult{isLate ? ReadOutcome::stuck : ReadOutcome::failed, {}});
 }
 
-std::uint32_t platform::ReaderClient::nextTicket()
+std::uint32_t ReaderClient::nextTicket()
 {
     const std::uint32_t ticket = nextTicket_++;
     if (nextTicket_ == 0) nextTicket_ = 1;
@@ -104,20 +105,19 @@ std::uint32_t platform::ReaderClient::nextTicket()
 }
 
 // What has not been sent is forgotten; the answer to what has been is passed over.
-void platform::ReaderClient::giveUp(bool (*isMeant)(const Job& job))
+void ReaderClient::giveUp(bool (*isMeant)(const Job& job))
 {
     std::erase_if(jobs_, [isMeant](const Job& job) { return isMeant(job) && !job.isSent; });
     for (Job& job : jobs_) job.isGivenUp = job.isGivenUp || isMeant(job);
 }
 
-bool platform::ReaderClient::isWaitedFor(bool (*isMeant)(const Job& job)) const
+bool ReaderClient::isWaitedFor(bool (*isMeant)(const Job& job)) const
 {
     return std::any_of(jobs_.begin(), jobs_.end(),
                        [isMeant](const Job& job) { return isMeant(job) && !job.isGivenUp; });
 }
 
-void platform::ReaderClient::addJob(ReaderTask task, int descriptor, PixelSize box,
-                                    PropertyResult* result)
+void ReaderClient::addJob(ReaderTask task, int descriptor, PixelSize box, PropertyResult* result)
 {
     jobs_.push_back({.task = task,
                      .number = nextNumber_++,
@@ -126,8 +126,7 @@ void platform::ReaderClient::addJob(ReaderTask task, int descriptor, PixelSize b
                      .propertyResult = result});
 }
 
-void platform::ReaderClient::waitWhile(const std::function<bool()>& isOpen, Clock::time_point end,
-                                       int alarm)
+void ReaderClient::waitWhile(const std::function<bool()>& isOpen, Clock::time_point end, int alarm)
 {
     step();
     while (isOpen()) {
@@ -146,3 +145,5 @@ void platform::ReaderClient::waitWhile(const std::function<bool()>& isOpen, Cloc
     }
     changed();
 }
+
+}  // namespace pinorama

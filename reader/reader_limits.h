@@ -5,14 +5,18 @@
 #include "reader/reader_protocol.h"
 #include "reader/sandbox.h"
 
-inline platform::SandboxRules readerRules(int socket)
+namespace pinorama {
+
+inline SandboxRules readerRules(int socket)
 {
     return {
         .socket = socket,
         // A progressive picture of 100 megapixels or another kind of picture of 64, and LibRaw, on
         // top of the libraries.
-        .memory = platform::addressSpaceInUse() + (std::uint64_t{640} << 20),
+        .memory = addressSpaceInUse() + (std::uint64_t{640} << 20),
         // Standard streams, the socket, the files of one request.
-        .descriptors = 4 + platform::kMostDescriptors,
+        .descriptors = 4 + kMostDescriptors,
     };
 }
+
+}  // namespace pinorama

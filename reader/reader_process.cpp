@@ -16,6 +16,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+namespace pinorama {
 namespace {
 constexpr const char* kProgramName = "pinorama-reader";
 
@@ -44,8 +45,7 @@ void collectEnded()
 // Waits until a process has ended, a while at most.
 void waitForEnd(pid_t process)
 {
-    const platform::DescriptorHolder descriptor(
-        static_cast<int>(syscall(SYS_pidfd_open, process, 0u)));
+    const DescriptorHolder descriptor(static_cast<int>(syscall(SYS_pidfd_open, process, 0u)));
     pollfd state = {descriptor.get(), POLLIN, 0};
     // Without a descriptor of it the time is all there is to wait for.
     while (poll(&state, descriptor ? 1 : 0, kLongestWait) < 0 && errno == EINTR) {
@@ -74,12 +74,12 @@ std::vector<char*> pointersTo(std::vector<std::string>& texts)
 }
 
 // Two connected sockets, closed in programs that are started.
-bool makeSockets(platform::DescriptorHolder* outNear, platform::DescriptorHolder* outFar)
+bool makeSockets(DescriptorHolder* outNear, DescriptorHolder* outFar)
 {
     int ends[2];
     if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0) return false;
-    *outNear = platform::DescriptorHolder(ends[0]);
-    *outFar = platform::DescriptorHolder(ends[1]);
+    *outNear = DescriptorHolder(ends[0]);
+    *outFar = DescriptorHolder(ends[1]);
     return true;
 }
 
@@ -108,9 +108,8 @@ public:
         return posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDWR, 0) ==
                    0 &&
                posix_spawn_file_actions_adddup2(&actions_, STDIN_FILENO, STDOUT_FILENO) == 0 &&
-               posix_spawn_file_actions_adddup2(&actions_, socket, platform::kReaderSocket) == 0 &&
-               posix_spawn_file_actions_addclosefrom_np(&actions_, platform::kReaderSocket + 1) ==
-                   0 &&
+               posix_spawn_file_actions_adddup2(&actions_, socket, kReaderSocket) == 0 &&
+               posix_spawn_file_actions_addclosefrom_np(&actions_, kReaderSocket + 1) == 0 &&
                posix_spawnattr_setsigmask(&attributes_, &none) == 0 &&
                posix_spawnattr_setsigdefault(&attributes_, &all) == 0 &&
                posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGMASK |
@@ -127,19 +126,19 @@ private:
 };
 }  // namespace
 
-platform::ReaderProcess::ReaderProcess(ReaderProcess&& other) noexcept
+ReaderProcess::ReaderProcess(ReaderProcess&& other) noexcept
     : process_(std::exchange(other.process_, -1)), socket_(std::move(other.socket_))
 {
 }
 
-platform::ReaderProcess& platform::ReaderProcess::operator=(ReaderProcess&& other) noexcept
+ReaderProcess& ReaderProcess::operator=(ReaderProcess&& other) noexcept
 {
     std::swap(process_, other.process_);
     std::swap(socket_, other.socket_);
     return *this;
 }
 
-std::chrono::nanoseconds platform::ReaderProcess::processorTime() const
+std::chrono::nanoseconds ReaderProcess::processorTime() const
 {
     clockid_t clock = 0;
     timespec time = {};
@@ -150,12 +149,12 @@ std::chrono::nanoseconds platform::ReaderProcess::processorTime() const
     return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
 }
 
-void platform::ReaderProcess::dismiss() const
+void ReaderProcess::dismiss() const
 {
     if (socket_) (void)shutdown(socket_.get(), SHUT_WR);
 }
 
-void platform::ReaderProcess::end()
+void ReaderProcess::end()
 {
     socket_ = DescriptorHolder();
     const pid_t process = std::exchange(process_, -1);
@@ -167,14 +166,14 @@ void platform::ReaderProcess::end()
     collectEnded();
 }
 
-std::size_t platform::lingeringReaders()
+std::size_t lingeringReaders()
 {
     collectEnded();
     return endedProcesses().size();
 }
 
-platform::ReaderProcess platform::startReaderProgram(const std::string& program,
-                                                     const std::vector<std::string>& arguments)
+ReaderProcess startReaderProgram(const std::string& program,
+                                 const std::vector<std::string>& arguments)
 {
     DescriptorHolder near;
     DescriptorHolder far;
@@ -192,7 +191,7 @@ platform::ReaderProcess platform::startReaderProgram(const std::string& program,
     return ReaderProcess(process, near.take());
 }
 
-platform::ReaderProcess platform::forkReader(const std::function<void(int socket)>& serve)
+ReaderProcess forkReader(const std::function<void(int socket)>& serve)
 {
     DescriptorHolder near;
     DescriptorHolder far;
@@ -210,7 +209,7 @@ platform::ReaderProcess platform::forkReader(const std::function<void(int socket
     _exit(0);
 }
 
-std::string platform::readerProgram()
+std::string readerProgram()
 {
     const char* told = std::getenv("PINORAMA_READER");
     if (told != nullptr && *told != '\0') return told;
@@ -219,3 +218,5 @@ std::string platform::readerProgram()
     if (access(beside.c_str(), X_OK) == 0) return beside;
     return folder + "/../" PINORAMA_LIBEXEC_DIR "/" + kProgramName;
 }
+
+}  // namespace pinorama

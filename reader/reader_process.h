@@ -12,7 +12,7 @@
 
 #include <sys/types.h>
 
-namespace platform {
+namespace pinorama {
 
 // A running reader; ended when it goes out of scope.
 class ReaderProcess {
@@ -66,4 +66,4 @@ ReaderProcess forkReader(const std::function<void(int socket)>& serve);
 // the one beside the running program, else the one under the install prefix.
 std::string readerProgram();
 
-}  // namespace platform
+}  // namespace pinorama

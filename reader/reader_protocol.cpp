@@ -10,8 +10,8 @@
 #include <type_traits>
 #include <utility>
 
+namespace pinorama {
 namespace {
-using namespace platform;
 
 constexpr std::uint32_t kRequestMark = 0x51526e50;  // "PnRQ"
 constexpr std::uint32_t kAnswerMark = 0x4e416e50;   // "PnAN"
@@ -135,8 +135,7 @@ std::string textOf(ByteView bytes)
 }
 }  // namespace
 
-std::array<std::uint8_t, platform::kRequestSize> platform::encodeRequest(
-    const ReaderRequest& request)
+std::array<std::uint8_t, kRequestSize> encodeRequest(const ReaderRequest& request)
 {
     MessageWriter message;
     message.put32(kRequestMark);
@@ -152,7 +151,7 @@ std::array<std::uint8_t, platform::kRequestSize> platform::encodeRequest(
     return bytes;
 }
 
-std::optional<platform::ReaderRequest> platform::decodeRequest(ByteView bytes)
+std::optional<ReaderRequest> decodeRequest(ByteView bytes)
 {
     MessageReader message(bytes);
     const bool isRequest = message.get32() == kRequestMark && message.get16() == kVersion;
@@ -169,8 +168,7 @@ std::optional<platform::ReaderRequest> platform::decodeRequest(ByteView bytes)
     return request;
 }
 
-std::array<std::uint8_t, platform::kAnswerHeadSize> platform::encodeAnswerHead(
-    const ReaderAnswerHead& head)
+std::array<std::uint8_t, kAnswerHeadSize> encodeAnswerHead(const ReaderAnswerHead& head)
 {
     MessageWriter message;
     message.put32(kAnswerMark);
@@ -185,10 +183,8 @@ std::array<std::uint8_t, platform::kAnswerHeadSize> platform::encodeAnswerHead(
     return bytes;
 }
 
-std::optional<platform::ReaderAnswerHead> platform::decodeAnswerHead(ByteView bytes,
-                                                                     ReaderTask task,
-                                                                     std::uint32_t number,
-                                                                     std::size_t longestBody)
+std::optional<ReaderAnswerHead> decodeAnswerHead(ByteView bytes, ReaderTask task,
+                                                 std::uint32_t number, std::size_t longestBody)
 {
     MessageReader message(bytes);
     const bool isAnswer = message.get32() == kAnswerMark && message.get16() == kVersion;
@@ -210,7 +206,7 @@ std::optional<platform::ReaderAnswerHead> platform::decodeAnswerHead(ByteView by
     return head;
 }
 
-std::size_t platform::longestBody(ReaderTask task, PixelSize box)
+std::size_t longestBody(ReaderTask task, PixelSize box)
 {
     if (task == ReaderTask::properties) {
         return kPropertyHead + 8 * kNumberCount + kTextCount * (4 + 2 * kLongestText);
@@ -220,7 +216,7 @@ std::size_t platform::longestBody(ReaderTask task, PixelSize box)
     return kPreviewHead + kLongestURI + kLongestTime + 4 * pixels;
 }
 
-std::vector<std::uint8_t> platform::encodeProperties(const PictureProperties& properties)
+std::vector<std::uint8_t> encodeProperties(const PictureProperties& properties)
 {
     std::uint32_t flags = (properties.hasGps ? kHasGps : 0) | (properties.hasIptc ? kHasIptc : 0);
     std::uint32_t bit = 1;
@@ -240,7 +236,7 @@ std::vector<std::uint8_t> platform::encodeProperties(const PictureProperties& pr
     return bytes;
 }
 
-std::optional<platform::PictureProperties> platform::decodeProperties(ByteView body)
+std::optional<PictureProperties> decodeProperties(ByteView body)
 {
     MessageReader message(body);
     PictureProperties properties;
@@ -260,7 +256,7 @@ std::optional<platform::PictureProperties> platform::decodeProperties(ByteView b
     return properties;
 }
 
-std::vector<std::uint8_t> platform::encodePreview(const PreviewAnswer& answer)
+std::vector<std::uint8_t> encodePreview(const PreviewAnswer& answer)
 {
     const std::string_view uri = std::string_view(answer.uri).substr(0, kLongestURI);
     const std::string_view mtime = std::string_view(answer.mtime).substr(0, kLongestTime);
@@ -283,8 +279,7 @@ std::vector<std::uint8_t> platform::encodePreview(const PreviewAnswer& answer)
     return std::move(message.bytes());
 }
 
-std::optional<platform::PreviewAnswer> platform::decodePreview(ByteView body, PreviewKind kind,
-                                                               PixelSize box)
+std::optional<PreviewAnswer> decodePreview(ByteView body, PreviewKind kind, PixelSize box)
 {
     MessageReader message(body);
     const std::uint32_t width = message.get32();
@@ -314,3 +309,5 @@ std::optional<platform::PreviewAnswer> platform::decodePreview(ByteView body, Pr
     }
     return answer;
 }
+
+}  // namespace pinorama

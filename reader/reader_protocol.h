@@ -18,7 +18,7 @@
 #include "pictures/picture_properties.h"
 #include "reader/preview_answer.h"
 
-namespace platform {
+namespace pinorama {
 
 constexpr std::size_t kRequestSize = 20;
 constexpr std::size_t kAnswerHeadSize = 20;
@@ -77,4 +77,4 @@ std::optional<PictureProperties> decodeProperties(ByteView body);
 std::vector<std::uint8_t> encodePreview(const PreviewAnswer& answer);
 std::optional<PreviewAnswer> decodePreview(ByteView body, PreviewKind kind, PixelSize box);
 
-}  // namespace platform
+}  // namespace pinorama

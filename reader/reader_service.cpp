@@ -13,8 +13,8 @@
 
 #include <unistd.h>
 
+namespace pinorama {
 namespace {
-using namespace platform;
 
 constexpr std::size_t kMostBytesTogether = 32 * 1024;
 constexpr std::chrono::milliseconds kLongestWait(5);
@@ -119,7 +119,7 @@ bool serveOne(int socket, const ReaderTasks& tasks, SourceHolder* source)
 }
 }  // namespace
 
-void platform::serveReader(int socket, const ReaderTasks& tasks)
+void serveReader(int socket, const ReaderTasks& tasks)
 {
     if (!sendAnswer(socket, encodeAnswerHead({ReaderTask::hello, ReaderOutcome::found, 0, 0}))) {
         return;
@@ -128,3 +128,5 @@ void platform::serveReader(int socket, const ReaderTasks& tasks)
     while (serveOne(socket, tasks, source.get())) {
     }
 }
+
+}  // namespace pinorama

@@ -10,7 +10,7 @@
 #include "pictures/picture_properties.h"
 #include "reader/preview_answer.h"
 
-namespace platform {
+namespace pinorama {
 
 struct ReaderTasks {
     std::function<std::optional<PictureProperties>(ByteSource& source)> readProperties;
@@ -24,4 +24,4 @@ struct ReaderTasks {
 // seem to end.
 void serveReader(int socket, const ReaderTasks& tasks);
 
-}  // namespace platform
+}  // namespace pinorama

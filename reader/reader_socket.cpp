@@ -8,8 +8,9 @@
 #include <poll.h>
 #include <sys/socket.h>
 
+namespace pinorama {
 namespace {
-constexpr std::size_t kControlSize = CMSG_SPACE(sizeof(int) * platform::kMostDescriptors);
+constexpr std::size_t kControlSize = CMSG_SPACE(sizeof(int) * kMostDescriptors);
 
 // Room for descriptors in a message, aligned as its head wants it.
 union ControlBuffer {
@@ -22,7 +23,7 @@ bool isTryAgain(int error)
     return error == EAGAIN || error == EWOULDBLOCK;
 }
 
-void takeDescriptors(msghdr* message, std::vector<platform::DescriptorHolder>* out)
+void takeDescriptors(msghdr* message, std::vector<DescriptorHolder>* out)
 {
     for (cmsghdr* part = CMSG_FIRSTHDR(message); part != nullptr;
          part = CMSG_NXTHDR(message, part)) {
@@ -37,8 +38,7 @@ void takeDescriptors(msghdr* message, std::vector<platform::DescriptorHolder>* o
 }
 
 // Receives a part of a request; the bytes received, 0 or less when there are no more.
-ssize_t receivePart(int socket, std::span<std::uint8_t> buffer,
-                    std::vector<platform::DescriptorHolder>* out)
+ssize_t receivePart(int socket, std::span<std::uint8_t> buffer, std::vector<DescriptorHolder>* out)
 {
     ControlBuffer control = {};
     iovec place = {buffer.data(), buffer.size()};
@@ -57,8 +57,7 @@ ssize_t receivePart(int socket, std::span<std::uint8_t> buffer,
 }
 }  // namespace
 
-platform::SendOutcome platform::sendRequest(int socket, ByteView request,
-                                            std::span<const int> descriptors)
+SendOutcome sendRequest(int socket, ByteView request, std::span<const int> descriptors)
 {
     if (descriptors.empty() || descriptors.size() > kMostDescriptors) {
         return SendOutcome::impossible;
@@ -87,8 +86,8 @@ platform::SendOutcome platform::sendRequest(int socket, ByteView request,
     return isTryAgain(errno) ? SendOutcome::full : SendOutcome::impossible;
 }
 
-bool platform::receiveRequest(int socket, std::span<std::uint8_t> request,
-                              std::vector<DescriptorHolder>* outDescriptors)
+bool receiveRequest(int socket, std::span<std::uint8_t> request,
+                    std::vector<DescriptorHolder>* outDescriptors)
 {
     outDescriptors->clear();
     while (!request.empty()) {
@@ -99,7 +98,7 @@ bool platform::receiveRequest(int socket, std::span<std::uint8_t> request,
     return true;
 }
 
-bool platform::sendAnswer(int socket, ByteView bytes)
+bool sendAnswer(int socket, ByteView bytes)
 {
     while (!bytes.empty()) {
         const ssize_t count = send(socket, bytes.data(), bytes.size(), MSG_NOSIGNAL);
@@ -110,7 +109,7 @@ bool platform::sendAnswer(int socket, ByteView bytes)
     return true;
 }
 
-std::ptrdiff_t platform::receiveBytes(int socket, std::span<std::uint8_t> buffer)
+std::ptrdiff_t receiveBytes(int socket, std::span<std::uint8_t> buffer)
 {
     ssize_t count = 0;
     do {
@@ -120,8 +119,10 @@ std::ptrdiff_t platform::receiveBytes(int socket, std::span<std::uint8_t> buffer
     return count <= 0 ? -1 : count;
 }
 
-bool platform::isReadable(int socket)
+bool isReadable(int socket)
 {
     pollfd state = {socket, POLLIN, 0};
     return poll(&state, 1, 0) > 0;
 }
+
+}  // namespace pinorama

@@ -10,7 +10,7 @@
 #include "base/descriptor.h"
 #include "pictures/byte_source.h"
 
-namespace platform {
+namespace pinorama {
 
 enum class SendOutcome {
     sent,
@@ -39,4 +39,4 @@ std::ptrdiff_t receiveBytes(int socket, std::span<std::uint8_t> buffer);
 // True when a read would not wait: something has come, or the other side is gone.
 bool isReadable(int socket);
 
-}  // namespace platform
+}  // namespace pinorama

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+namespace pinorama {
 namespace {
 using namespace std::chrono_literals;
 
@@ -9,19 +10,19 @@ using namespace std::chrono_literals;
 constexpr auto kBetweenLooks = 200ms;
 }  // namespace
 
-void platform::ReaderWatch::begin(const ReaderPatience& patience, Time now)
+void ReaderWatch::begin(const ReaderPatience& patience, Time now)
 {
     patience_ = patience;
     began_ = lastSign_ = now;
     atBegin_.reset();
 }
 
-bool platform::ReaderWatch::isDue(Time now) const
+bool ReaderWatch::isDue(Time now) const
 {
     return !atBegin_ || now >= firstEnd();
 }
 
-bool platform::ReaderWatch::isStuck(Time now, std::chrono::nanoseconds processor)
+bool ReaderWatch::isStuck(Time now, std::chrono::nanoseconds processor)
 {
     if (!atBegin_) atBegin_ = atLastLook_ = processor;
     if (processor != atLastLook_) {
@@ -32,13 +33,15 @@ bool platform::ReaderWatch::isStuck(Time now, std::chrono::nanoseconds processor
            now - began_ >= patience_.whole;
 }
 
-platform::ReaderWatch::Time platform::ReaderWatch::nextLook(Time now) const
+ReaderWatch::Time ReaderWatch::nextLook(Time now) const
 {
     return std::max(firstEnd(), std::min(now + kBetweenLooks, began_ + patience_.whole));
 }
 
 // None of the three can be over before the shortest is.
-platform::ReaderWatch::Time platform::ReaderWatch::firstEnd() const
+ReaderWatch::Time ReaderWatch::firstEnd() const
 {
     return began_ + std::min({patience_.processor, patience_.silence, patience_.whole});
 }
+
+}  // namespace pinorama

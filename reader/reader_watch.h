@@ -8,7 +8,7 @@
 #include <chrono>
 #include <optional>
 
-namespace platform {
+namespace pinorama {
 
 // How long one piece of work may take before its reader counts as stuck.
 struct ReaderPatience {
@@ -47,4 +47,4 @@ private:
     std::chrono::nanoseconds atLastLook_{};
 };
 
-}  // namespace platform
+}  // namespace pinorama

@@ -14,8 +14,8 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
+namespace pinorama {
 namespace {
-using platform::kHasSanitizers;
 
 // A sanitizer's runtime opens pipes of its own.
 constexpr rlim_t kOwnDescriptors = kHasSanitizers ? 8 : 0;
@@ -29,7 +29,7 @@ bool setLimit(__rlimit_resource resource, rlim_t value)
     return setrlimit(resource, &limit) == 0;
 }
 
-bool setLimits(const platform::SandboxRules& rules)
+bool setLimits(const SandboxRules& rules)
 {
     if (!kHasSanitizers && !setLimit(RLIMIT_AS, rules.memory)) return false;
     // Sanitizers report to standard error, which may be a file.
@@ -86,7 +86,7 @@ void forbidFiles()
 }
 }  // namespace
 
-std::uint64_t platform::addressSpaceInUse()
+std::uint64_t addressSpaceInUse()
 {
     const int descriptor = open("/proc/self/statm", O_RDONLY | O_CLOEXEC);
     if (descriptor < 0) return 0;
@@ -100,7 +100,7 @@ std::uint64_t platform::addressSpaceInUse()
     return pages * static_cast<std::uint64_t>(sysconf(_SC_PAGESIZE));
 }
 
-bool platform::enterSandbox(const SandboxRules& rules)
+bool enterSandbox(const SandboxRules& rules)
 {
     if (prctl(PR_SET_PDEATHSIG, SIGKILL) != 0) return false;
     if (!detachStandardStreams()) return false;
@@ -112,3 +112,5 @@ bool platform::enterSandbox(const SandboxRules& rules)
     forbidFiles();
     return filterSystemCalls(rules.socket);
 }
+
+}  // namespace pinorama

@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-namespace platform {
+namespace pinorama {
 
 struct SandboxRules {
     // The connected socket that answers are written to. Descriptors are received from it, and
@@ -39,4 +39,4 @@ std::uint64_t addressSpaceInUse();
 // locked in and must not go on.
 [[nodiscard]] bool enterSandbox(const SandboxRules& rules);
 
-}  // namespace platform
+}  // namespace pinorama

@@ -2,7 +2,7 @@
 
 #pragma once
 
-namespace platform {
+namespace pinorama {
 
 // Lets through what computing, taking memory, reading open files, answering over `socket` and
 // complaining to standard error need. Looking for files fails with EPERM; every other call ends the
@@ -14,4 +14,4 @@ namespace platform {
 // Returns false when the kernel has no such filter. Cannot be taken back.
 [[nodiscard]] bool filterSystemCalls(int socket);
 
-}  // namespace platform
+}  // namespace pinorama

@@ -8,7 +8,7 @@
 
 #include <linux/filter.h>
 
-namespace platform {
+namespace pinorama {
 
 #if defined(__SANITIZE_ADDRESS__)
 constexpr bool kHasSanitizers = true;
@@ -32,4 +32,4 @@ constexpr std::size_t kMostSandboxSteps = 512;
 extern const SandboxStep kSandboxSteps[];
 extern const std::size_t kSandboxStepCount;
 
-}  // namespace platform
+}  // namespace pinorama

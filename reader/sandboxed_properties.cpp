@@ -8,25 +8,26 @@
 #include <memory>
 #include <utility>
 
+namespace pinorama {
 namespace {
 // Bytes of address space. The program itself takes a few megabytes of it, a test some more.
 constexpr std::uint64_t kMemory = std::uint64_t{512} << 20;
 // Standard streams, the socket, and a request's files.
-constexpr std::uint32_t kDescriptors = 4 + platform::kMostDescriptors;
+constexpr std::uint32_t kDescriptors = 4 + kMostDescriptors;
 
 void servePropertiesLockedIn(int socket)
 {
-    if (!platform::enterSandbox({socket, kMemory, kDescriptors})) return;
-    platform::serveReader(socket, {platform::readPictureProperties, {}});
+    if (!enterSandbox({socket, kMemory, kDescriptors})) return;
+    serveReader(socket, {readPictureProperties, {}});
 }
 }  // namespace
 
-platform::ReaderProcess platform::forkPropertyReader()
+ReaderProcess forkPropertyReader()
 {
     return forkReader(servePropertiesLockedIn);
 }
 
-platform::PropertySource platform::makeSandboxedPropertySource()
+PropertySource makeSandboxedPropertySource()
 {
     const auto client = std::make_shared<ReaderClient>(forkPropertyReader);
     client->start();
@@ -36,3 +37,5 @@ platform::PropertySource platform::makeSandboxedPropertySource()
         return std::move(result.properties);
     };
 }
+
+}  // namespace pinorama

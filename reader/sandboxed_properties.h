@@ -8,7 +8,7 @@
 #include "pictures/picture_properties.h"
 #include "reader/reader_process.h"
 
-namespace platform {
+namespace pinorama {
 
 // Splits off a process that is locked in and reads the properties of pictures, nothing else. An
 // empty process when that fails. The caller has one thread.
@@ -19,4 +19,4 @@ ReaderProcess forkPropertyReader();
 // little as possible. What could not be read counts as no picture.
 PropertySource makeSandboxedPropertySource();
 
-}  // namespace platform
+}  // namespace pinorama

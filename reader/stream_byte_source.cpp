@@ -5,14 +5,16 @@
 #include <algorithm>
 #include <utility>
 
+namespace pinorama {
+
 // The buffers are filled by reading and deliberately not before.
-platform::StreamByteSource::StreamByteSource(int descriptor, std::uint64_t size,
-                                             std::function<bool()> mayGoOn)
+StreamByteSource::StreamByteSource(int descriptor, std::uint64_t size,
+                                   std::function<bool()> mayGoOn)
     : ByteSource(size), descriptor_(descriptor), mayGoOn_(std::move(mayGoOn))
 {
 }
 
-platform::ByteView platform::StreamByteSource::load(std::uint64_t offset, std::size_t length)
+ByteView StreamByteSource::load(std::uint64_t offset, std::size_t length)
 {
     if (length > kLongestView) return {};
     if (wasStopped_ || (mayGoOn_ && !mayGoOn_())) {
@@ -30,3 +32,5 @@ platform::ByteView platform::StreamByteSource::load(std::uint64_t offset, std::s
     const std::uint8_t* bytes = window.find(offset, length);
     return bytes == nullptr ? ByteView{} : ByteView{bytes, length};
 }
+
+}  // namespace pinorama

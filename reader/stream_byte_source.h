@@ -8,7 +8,7 @@
 
 #include "pictures/byte_source.h"
 
-namespace platform {
+namespace pinorama {
 
 // Reads as FileByteSource does, but in longer pieces and as often as it is asked. Once `mayGoOn`
 // says no the file seems to end, so that whatever works on it comes to its end soon.
@@ -30,4 +30,4 @@ private:
     std::array<std::uint8_t, kLongestView> movingBytes_;
 };
 
-}  // namespace platform
+}  // namespace pinorama

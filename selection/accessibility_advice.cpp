@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <utility>
 
+namespace pinorama {
 namespace {
 using namespace std::chrono_literals;
 
@@ -57,7 +58,7 @@ std::vector<pid_t> processesIn(const std::vector<QDBusMessage>& answers)
 {
     std::vector<pid_t> processes;
     for (const QDBusMessage& answer : answers) {
-        const auto process = static_cast<pid_t>(platform::numberIn(answer).value_or(0));
+        const auto process = static_cast<pid_t>(numberIn(answer).value_or(0));
         if (process > 0) processes.push_back(process);
     }
     return processes;
@@ -71,9 +72,8 @@ bool isOff(const QDBusMessage& answer)
 }
 }  // namespace
 
-platform::AccessibilityAdvice::AccessibilityAdvice(KindOfProcess kindOfProcess,
-                                                   std::chrono::milliseconds settling,
-                                                   QObject* parent)
+AccessibilityAdvice::AccessibilityAdvice(KindOfProcess kindOfProcess,
+                                         std::chrono::milliseconds settling, QObject* parent)
     : QObject(parent), kindOfProcess_(std::move(kindOfProcess))
 {
     round_.setSingleShot(true);
@@ -83,12 +83,12 @@ platform::AccessibilityAdvice::AccessibilityAdvice(KindOfProcess kindOfProcess,
             Qt::QueuedConnection);
 }
 
-platform::AccessibilityAdvice::~AccessibilityAdvice()
+AccessibilityAdvice::~AccessibilityAdvice()
 {
     stop();
 }
 
-void platform::AccessibilityAdvice::setWanted(bool isWanted)
+void AccessibilityAdvice::setWanted(bool isWanted)
 {
     if (isWanted == isWanted_ || !silent_.isEmpty()) return;
     if (!isWanted) return stop();
@@ -99,7 +99,7 @@ void platform::AccessibilityAdvice::setWanted(bool isWanted)
     round_.start();
 }
 
-void platform::AccessibilityAdvice::stop()
+void AccessibilityAdvice::stop()
 {
     if (!isWanted_) return;
     isWanted_ = false;
@@ -116,8 +116,8 @@ void platform::AccessibilityAdvice::stop()
     suspects_.clear();
 }
 
-void platform::AccessibilityAdvice::onOwnerChanged(const QString& name, const QString& /*earlier*/,
-                                                   const QString& later)
+void AccessibilityAdvice::onOwnerChanged(const QString& name, const QString& /*earlier*/,
+                                         const QString& later)
 {
     if (!name.startsWith(u':') || later.isEmpty() || newcomers_.size() >= kMostPrograms) return;
     newcomers_ << name;
@@ -125,14 +125,14 @@ void platform::AccessibilityAdvice::onOwnerChanged(const QString& name, const QS
 }
 
 // Everybody gets a whole round, and no stream of newcomers puts off the others.
-void platform::AccessibilityAdvice::onSettled()
+void AccessibilityAdvice::onSettled()
 {
     settled_ += std::exchange(settling_, std::exchange(newcomers_, {}));
     if (!settling_.isEmpty()) round_.start();
     startLooking();
 }
 
-void platform::AccessibilityAdvice::startLooking()
+void AccessibilityAdvice::startLooking()
 {
     if (look_ || !isWanted_ || !QDBusConnection::sessionBus().isConnected()) return;
     look_ = std::make_unique<Inquiry>(QDBusConnection::sessionBus(), kAnswerLimit);
@@ -145,7 +145,7 @@ void platform::AccessibilityAdvice::startLooking()
     });
 }
 
-platform::Task<platform::Done> platform::AccessibilityAdvice::look(Inquiry& inquiry)
+Task<Done> AccessibilityAdvice::look(Inquiry& inquiry)
 {
     QStringList programs = std::exchange(settled_, {});
     if (!hasListedAll_) {
@@ -193,7 +193,7 @@ platform::Task<platform::Done> platform::AccessibilityAdvice::look(Inquiry& inqu
     co_return {};
 }
 
-void platform::AccessibilityAdvice::switchOn()
+void AccessibilityAdvice::switchOn()
 {
     if (!QDBusConnection::sessionBus().isConnected()) {
         Q_EMIT switched(false);
@@ -208,3 +208,5 @@ void platform::AccessibilityAdvice::switchOn()
         Q_EMIT switched(!answer->isError());
     });
 }
+
+}  // namespace pinorama

@@ -20,7 +20,7 @@
 #include "selection/dbus_inquiry.h"
 #include "selection/file_manager_kind.h"
 
-namespace platform {
+namespace pinorama {
 
 class AccessibilityAdvice : public QObject {
     Q_OBJECT
@@ -80,4 +80,4 @@ private:
     std::unique_ptr<Inquiry> look_;
 };
 
-}  // namespace platform
+}  // namespace pinorama

@@ -9,6 +9,7 @@
 #include <iterator>
 #include <vector>
 
+namespace pinorama {
 namespace {
 using namespace std::chrono_literals;
 
@@ -34,14 +35,14 @@ QString busName()
 }
 }  // namespace
 
-platform::AccessibilityBus::AccessibilityBus(QObject* parent) : QObject(parent) {}
+AccessibilityBus::AccessibilityBus(QObject* parent) : QObject(parent) {}
 
-platform::AccessibilityBus::~AccessibilityBus()
+AccessibilityBus::~AccessibilityBus()
 {
     close();
 }
 
-bool platform::AccessibilityBus::isReady()
+bool AccessibilityBus::isReady()
 {
     if (!name_.isEmpty() && bus().isConnected()) return true;
     if (!name_.isEmpty()) onDisconnected();
@@ -49,14 +50,14 @@ bool platform::AccessibilityBus::isReady()
     return false;
 }
 
-void platform::AccessibilityBus::close()
+void AccessibilityBus::close()
 {
     if (name_.isEmpty()) return;
     QDBusConnection::disconnectFromBus(name_);
     name_.clear();
 }
 
-void platform::AccessibilityBus::askForAddress()
+void AccessibilityBus::askForAddress()
 {
     isAsking_ = true;
     askedAt_ = Clock::now();
@@ -73,7 +74,7 @@ void platform::AccessibilityBus::askForAddress()
     });
 }
 
-void platform::AccessibilityBus::open(const QString& address)
+void AccessibilityBus::open(const QString& address)
 {
     close();
     const QString name = busName();
@@ -92,7 +93,7 @@ void platform::AccessibilityBus::open(const QString& address)
     Q_EMIT connected();
 }
 
-void platform::AccessibilityBus::listenTo(const QString& service, bool alsoToNames)
+void AccessibilityBus::listenTo(const QString& service, bool alsoToNames)
 {
     const QString object = QStringLiteral("org.a11y.atspi.Event.Object");
     bus().connect(service, QString(), object, QStringLiteral("SelectionChanged"), this,
@@ -123,7 +124,7 @@ void platform::AccessibilityBus::listenTo(const QString& service, bool alsoToNam
     }
 }
 
-void platform::AccessibilityBus::onEvent(const QDBusMessage& message)
+void AccessibilityBus::onEvent(const QDBusMessage& message)
 {
     const QList<QVariant> arguments = message.arguments();
     const QString detail = arguments.value(0).toString();
@@ -139,17 +140,19 @@ void platform::AccessibilityBus::onEvent(const QDBusMessage& message)
     Q_EMIT heard(message.service(), message.path(), event, isOn);
 }
 
-void platform::AccessibilityBus::onOwnerChanged(const QString& name, const QString& earlier,
-                                                const QString& later)
+void AccessibilityBus::onOwnerChanged(const QString& name, const QString& earlier,
+                                      const QString& later)
 {
     if (!name.startsWith(u':')) return;
     if (later.isEmpty()) Q_EMIT programLeft(name);
     if (earlier.isEmpty()) Q_EMIT programCame(name);
 }
 
-void platform::AccessibilityBus::onDisconnected()
+void AccessibilityBus::onDisconnected()
 {
     if (name_.isEmpty()) return;
     close();
     Q_EMIT lost();
 }
+
+}  // namespace pinorama

@@ -10,7 +10,7 @@
 
 #include "selection/dbus_inquiry.h"
 
-namespace platform {
+namespace pinorama {
 
 class AccessibilityBus : public QObject {
     Q_OBJECT
@@ -62,4 +62,4 @@ private:
     Clock::time_point askedAt_;
 };
 
-}  // namespace platform
+}  // namespace pinorama

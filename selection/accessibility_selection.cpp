@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+namespace pinorama {
 namespace {
 using namespace std::chrono_literals;
 
@@ -12,11 +13,9 @@ using namespace std::chrono_literals;
 constexpr auto kLongestReading = 60ms;
 }  // namespace
 
-platform::AccessibilitySelection::AccessibilitySelection(FrameTracker& tracker) : tracker_(tracker)
-{
-}
+AccessibilitySelection::AccessibilitySelection(FrameTracker& tracker) : tracker_(tracker) {}
 
-std::vector<std::string> platform::AccessibilitySelection::selectedPaths()
+std::vector<std::string> AccessibilitySelection::selectedPaths()
 {
     if (!tracker_.isReady()) return {};
     Inquiry inquiry(tracker_.bus(), kSelectionDeadline);
@@ -26,7 +25,7 @@ std::vector<std::string> platform::AccessibilitySelection::selectedPaths()
     return {};
 }
 
-platform::Task<std::vector<std::string>> platform::AccessibilitySelection::answer(Inquiry& inquiry)
+Task<std::vector<std::string>> AccessibilitySelection::answer(Inquiry& inquiry)
 {
     const SharedFrame frame = co_await tracker_.askForFrame(inquiry);
     std::vector<std::string> paths;
@@ -34,8 +33,7 @@ platform::Task<std::vector<std::string>> platform::AccessibilitySelection::answe
     co_return paths;
 }
 
-platform::Task<std::vector<std::string>> platform::AccessibilitySelection::pathsIn(
-    Inquiry& inquiry, SharedFrame frame)
+Task<std::vector<std::string>> AccessibilitySelection::pathsIn(Inquiry& inquiry, SharedFrame frame)
 {
     tracker_.checkAlong(frame);
     if (!frame->isStale() && !tracker_.hasChecked(frame)) co_await frame->check(inquiry);
@@ -56,3 +54,5 @@ platform::Task<std::vector<std::string>> platform::AccessibilitySelection::paths
     if (std::any_of(paths.begin(), paths.end(), isGone)) paths.clear();
     co_return paths;
 }
+
+}  // namespace pinorama

@@ -11,7 +11,7 @@
 #include "selection/frame_tracker.h"
 #include "selection/selection_source.h"
 
-namespace platform {
+namespace pinorama {
 
 class AccessibilitySelection : public SelectionSource {
 public:
@@ -34,4 +34,4 @@ private:
 // How long one question for the selection may take, all its parts together.
 constexpr std::chrono::milliseconds kSelectionDeadline{300};
 
-}  // namespace platform
+}  // namespace pinorama

@@ -4,8 +4,8 @@
 #include <QDBusVariant>
 #include <QVariant>
 
+namespace pinorama {
 namespace {
-using platform::Accessible;
 
 constexpr const char* kAccessible = "org.a11y.atspi.Accessible";
 constexpr const char* kComponent = "org.a11y.atspi.Component";
@@ -58,112 +58,112 @@ Accessible readObject(const QDBusArgument& argument)
 }
 }  // namespace
 
-bool platform::Accessible::isNull() const
+bool Accessible::isNull() const
 {
     return service.isEmpty() || path.isEmpty() || path == QLatin1String("/org/a11y/atspi/null");
 }
 
-QDBusMessage platform::roleQuestion(const Accessible& object)
+QDBusMessage roleQuestion(const Accessible& object)
 {
     return question(object, kAccessible, "GetRole");
 }
 
-QDBusMessage platform::statesQuestion(const Accessible& object)
+QDBusMessage statesQuestion(const Accessible& object)
 {
     return question(object, kAccessible, "GetState");
 }
 
-QDBusMessage platform::nameQuestion(const Accessible& object)
+QDBusMessage nameQuestion(const Accessible& object)
 {
     return propertyQuestion(object, kAccessible, "Name");
 }
 
-QDBusMessage platform::descriptionQuestion(const Accessible& object)
+QDBusMessage descriptionQuestion(const Accessible& object)
 {
     return propertyQuestion(object, kAccessible, "Description");
 }
 
-QDBusMessage platform::interfacesQuestion(const Accessible& object)
+QDBusMessage interfacesQuestion(const Accessible& object)
 {
     return question(object, kAccessible, "GetInterfaces");
 }
 
-QDBusMessage platform::attributesQuestion(const Accessible& object)
+QDBusMessage attributesQuestion(const Accessible& object)
 {
     return question(object, kAccessible, "GetAttributes");
 }
 
-QDBusMessage platform::childrenQuestion(const Accessible& object)
+QDBusMessage childrenQuestion(const Accessible& object)
 {
     return question(object, kAccessible, "GetChildren");
 }
 
-QDBusMessage platform::parentQuestion(const Accessible& object)
+QDBusMessage parentQuestion(const Accessible& object)
 {
     return propertyQuestion(object, kAccessible, "Parent");
 }
 
-QDBusMessage platform::childCountQuestion(const Accessible& object)
+QDBusMessage childCountQuestion(const Accessible& object)
 {
     return propertyQuestion(object, kAccessible, "ChildCount");
 }
 
-QDBusMessage platform::childQuestion(const Accessible& object, int index)
+QDBusMessage childQuestion(const Accessible& object, int index)
 {
     return question(object, kAccessible, "GetChildAtIndex", {index});
 }
 
-QDBusMessage platform::sizeQuestion(const Accessible& object)
+QDBusMessage sizeQuestion(const Accessible& object)
 {
     return question(object, kComponent, "GetSize");
 }
 
-QDBusMessage platform::textQuestion(const Accessible& object, int end)
+QDBusMessage textQuestion(const Accessible& object, int end)
 {
     return question(object, "org.a11y.atspi.Text", "GetText", {0, end});
 }
 
-QDBusMessage platform::objectAtPointQuestion(const Accessible& object, int x, int y)
+QDBusMessage objectAtPointQuestion(const Accessible& object, int x, int y)
 {
     return question(object, kComponent, "GetAccessibleAtPoint", {x, y, kInItsWindow});
 }
 
-QDBusMessage platform::extentsQuestion(const Accessible& object)
+QDBusMessage extentsQuestion(const Accessible& object)
 {
     return question(object, kComponent, "GetExtents", {kInItsWindow});
 }
 
-QDBusMessage platform::selectedCountQuestion(const Accessible& object)
+QDBusMessage selectedCountQuestion(const Accessible& object)
 {
     return propertyQuestion(object, kSelection, "NSelectedChildren");
 }
 
-QDBusMessage platform::selectedChildQuestion(const Accessible& object, int index)
+QDBusMessage selectedChildQuestion(const Accessible& object, int index)
 {
     return question(object, kSelection, "GetSelectedChild", {index});
 }
 
-QDBusMessage platform::selectedRowCountQuestion(const Accessible& object)
+QDBusMessage selectedRowCountQuestion(const Accessible& object)
 {
     return propertyQuestion(object, kTable, "NSelectedRows");
 }
 
-QDBusMessage platform::selectedRowsQuestion(const Accessible& object)
+QDBusMessage selectedRowsQuestion(const Accessible& object)
 {
     return question(object, kTable, "GetSelectedRows");
 }
 
-QDBusMessage platform::columnCountQuestion(const Accessible& object)
+QDBusMessage columnCountQuestion(const Accessible& object)
 {
     return propertyQuestion(object, kTable, "NColumns");
 }
 
-QDBusMessage platform::cellQuestion(const Accessible& object, int row, int column)
+QDBusMessage cellQuestion(const Accessible& object, int row, int column)
 {
     return question(object, kTable, "GetAccessibleAt", {row, column});
 }
 
-std::optional<std::uint32_t> platform::numberIn(const QDBusMessage& answer)
+std::optional<std::uint32_t> numberIn(const QDBusMessage& answer)
 {
     const QVariant value = firstValue(answer);
     if (value.userType() == QMetaType::UInt) return value.toUInt();
@@ -171,14 +171,14 @@ std::optional<std::uint32_t> platform::numberIn(const QDBusMessage& answer)
     return std::nullopt;
 }
 
-std::optional<QString> platform::textIn(const QDBusMessage& answer)
+std::optional<QString> textIn(const QDBusMessage& answer)
 {
     const QVariant value = firstValue(answer);
     if (value.userType() != QMetaType::QString) return std::nullopt;
     return value.toString();
 }
 
-std::optional<platform::States> platform::statesIn(const QDBusMessage& answer)
+std::optional<States> statesIn(const QDBusMessage& answer)
 {
     const auto argument = structured(answer, "au");
     if (!argument) return std::nullopt;
@@ -193,7 +193,7 @@ std::optional<platform::States> platform::statesIn(const QDBusMessage& answer)
     return states;
 }
 
-std::optional<platform::Accessible> platform::objectIn(const QDBusMessage& answer)
+std::optional<Accessible> objectIn(const QDBusMessage& answer)
 {
     const auto argument = structured(answer, "(so)");
     if (!argument) return std::nullopt;
@@ -202,8 +202,7 @@ std::optional<platform::Accessible> platform::objectIn(const QDBusMessage& answe
     return object;
 }
 
-std::optional<std::vector<platform::Accessible>> platform::objectsIn(const QDBusMessage& answer,
-                                                                     std::size_t limit)
+std::optional<std::vector<Accessible>> objectsIn(const QDBusMessage& answer, std::size_t limit)
 {
     const auto argument = structured(answer, "a(so)");
     if (!argument) return std::nullopt;
@@ -216,7 +215,7 @@ std::optional<std::vector<platform::Accessible>> platform::objectsIn(const QDBus
     return objects;
 }
 
-std::optional<std::vector<QString>> platform::textsIn(const QDBusMessage& answer)
+std::optional<std::vector<QString>> textsIn(const QDBusMessage& answer)
 {
     const QVariant value = firstValue(answer);
     if (value.userType() != QMetaType::QStringList) return std::nullopt;
@@ -224,7 +223,7 @@ std::optional<std::vector<QString>> platform::textsIn(const QDBusMessage& answer
     return std::vector<QString>(list.begin(), list.end());
 }
 
-std::optional<std::vector<int>> platform::numbersIn(const QDBusMessage& answer, std::size_t limit)
+std::optional<std::vector<int>> numbersIn(const QDBusMessage& answer, std::size_t limit)
 {
     const auto argument = structured(answer, "ai");
     if (!argument) return std::nullopt;
@@ -239,7 +238,7 @@ std::optional<std::vector<int>> platform::numbersIn(const QDBusMessage& answer, 
     return numbers;
 }
 
-std::optional<platform::Size> platform::sizeIn(const QDBusMessage& answer)
+std::optional<Size> sizeIn(const QDBusMessage& answer)
 {
     // Two values beside each other here, one structure of two in some programs.
     if (answer.type() == QDBusMessage::ReplyMessage && answer.signature() == QLatin1String("ii")) {
@@ -254,7 +253,7 @@ std::optional<platform::Size> platform::sizeIn(const QDBusMessage& answer)
     return size;
 }
 
-std::optional<platform::Extents> platform::extentsIn(const QDBusMessage& answer)
+std::optional<Extents> extentsIn(const QDBusMessage& answer)
 {
     const auto argument = structured(answer, "(iiii)");
     if (!argument) return std::nullopt;
@@ -265,7 +264,7 @@ std::optional<platform::Extents> platform::extentsIn(const QDBusMessage& answer)
     return extents;
 }
 
-bool platform::hasAttribute(const QDBusMessage& answer, const QString& name, const QString& value)
+bool hasAttribute(const QDBusMessage& answer, const QString& name, const QString& value)
 {
     const auto argument = structured(answer, "a{ss}");
     if (!argument) return false;
@@ -282,3 +281,5 @@ bool platform::hasAttribute(const QDBusMessage& answer, const QString& name, con
     argument->endMap();
     return isThere;
 }
+
+}  // namespace pinorama

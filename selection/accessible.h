@@ -11,7 +11,7 @@
 #include <optional>
 #include <vector>
 
-namespace platform {
+namespace pinorama {
 
 // One object: the program's unique name on the accessibility bus, and the object's path in it.
 struct Accessible {
@@ -127,4 +127,4 @@ std::optional<Extents> extentsIn(const QDBusMessage& answer);
 // Whether a set of attributes holds `name` with `value`.
 bool hasAttribute(const QDBusMessage& answer, const QString& name, const QString& value);
 
-}  // namespace platform
+}  // namespace pinorama

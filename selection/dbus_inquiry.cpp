@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+namespace pinorama {
 namespace {
 // Whether a question has ended without a word from the program that was asked.
 bool isUnanswered(const QDBusPendingCall& call)
@@ -12,20 +13,20 @@ bool isUnanswered(const QDBusPendingCall& call)
 }
 }  // namespace
 
-platform::Inquiry::Inquiry(const QDBusConnection& bus, std::chrono::milliseconds limit)
+Inquiry::Inquiry(const QDBusConnection& bus, std::chrono::milliseconds limit)
     : bus_(bus), limit_(limit)
 {
 }
 
-platform::Inquiry::~Inquiry() = default;
+Inquiry::~Inquiry() = default;
 
-void platform::Inquiry::begin(Task<Done> work)
+void Inquiry::begin(Task<Done> work)
 {
     work_ = std::move(work);
     work_.start();
 }
 
-bool platform::Inquiry::finishUntil(Clock::time_point moment)
+bool Inquiry::finishUntil(Clock::time_point moment)
 {
     moment_ = moment;
     const auto aboutTheEnd = moment - limit_ / 16;  // the toolkit's timers may be that early
@@ -40,7 +41,7 @@ bool platform::Inquiry::finishUntil(Clock::time_point moment)
     return true;
 }
 
-void platform::Inquiry::letRun(std::function<void()> whenDone)
+void Inquiry::letRun(std::function<void()> whenDone)
 {
     whenDone_ = std::move(whenDone);
     runsInEventLoop_ = true;
@@ -49,7 +50,7 @@ void platform::Inquiry::letRun(std::function<void()> whenDone)
     if (done) done();
 }
 
-std::vector<QString> platform::Inquiry::unanswered() const
+std::vector<QString> Inquiry::unanswered() const
 {
     std::vector<QString> services;
     for (const Question& question : questions_) {
@@ -58,37 +59,37 @@ std::vector<QString> platform::Inquiry::unanswered() const
     return services;
 }
 
-platform::Inquiry::Answers platform::Inquiry::answers(const std::vector<QDBusMessage>& questions)
+Inquiry::Answers Inquiry::answers(const std::vector<QDBusMessage>& questions)
 {
     return answersFrom(bus_, questions);
 }
 
-platform::Inquiry::Answers platform::Inquiry::answersFrom(
-    const QDBusConnection& bus, const std::vector<QDBusMessage>& questions)
+Inquiry::Answers Inquiry::answersFrom(const QDBusConnection& bus,
+                                      const std::vector<QDBusMessage>& questions)
 {
     for (const QDBusMessage& question : questions) ask(bus, question);
     return Answers(*this);
 }
 
-platform::Inquiry::Answer platform::Inquiry::answer(const QDBusMessage& question)
+Inquiry::Answer Inquiry::answer(const QDBusMessage& question)
 {
     ask(bus_, question);
     return Answer(*this);
 }
 
-bool platform::Inquiry::allAnswered() const
+bool Inquiry::allAnswered() const
 {
     return std::all_of(questions_.begin(), questions_.end(),
                        [](const Question& question) { return question.call.isFinished(); });
 }
 
-void platform::Inquiry::wait(std::coroutine_handle<> waiting)
+void Inquiry::wait(std::coroutine_handle<> waiting)
 {
     waiting_ = waiting;
     if (runsInEventLoop_) watch();
 }
 
-std::vector<QDBusMessage> platform::Inquiry::takeAnswers()
+std::vector<QDBusMessage> Inquiry::takeAnswers()
 {
     std::vector<QDBusMessage> answers;
     answers.reserve(questions_.size());
@@ -97,14 +98,14 @@ std::vector<QDBusMessage> platform::Inquiry::takeAnswers()
     return answers;
 }
 
-const QDBusMessage& platform::Inquiry::takeAnswer()
+const QDBusMessage& Inquiry::takeAnswer()
 {
     answer_ = questions_.front().call.reply();
     questions_.clear();
     return answer_;
 }
 
-void platform::Inquiry::ask(const QDBusConnection& bus, const QDBusMessage& question)
+void Inquiry::ask(const QDBusConnection& bus, const QDBusMessage& question)
 {
     using std::chrono::milliseconds;
     const auto left = std::chrono::ceil<milliseconds>(moment_ - Clock::now());
@@ -113,7 +114,7 @@ void platform::Inquiry::ask(const QDBusConnection& bus, const QDBusMessage& ques
         {question.service(), bus.asyncCall(question, static_cast<int>(limit.count()))});
 }
 
-void platform::Inquiry::watch()
+void Inquiry::watch()
 {
     watchers_.clear();
     for (const Question& question : questions_) {
@@ -127,7 +128,7 @@ void platform::Inquiry::watch()
     }
 }
 
-void platform::Inquiry::goOn()
+void Inquiry::goOn()
 {
     if (!waiting_ || !allAnswered()) return;
     // A watcher must not be destroyed while it signals; it goes when the event loop has the word.
@@ -141,3 +142,5 @@ void platform::Inquiry::goOn()
     const auto done = std::exchange(whenDone_, {});
     if (done) done();  // may destroy this inquiry
 }
+
+}  // namespace pinorama

@@ -30,7 +30,7 @@
 
 #include "selection/task.h"
 
-namespace platform {
+namespace pinorama {
 
 using Clock = std::chrono::steady_clock;
 
@@ -155,4 +155,4 @@ private:
     Task<Done> work_;  // last, so that it goes first
 };
 
-}  // namespace platform
+}  // namespace pinorama

@@ -5,6 +5,7 @@
 #include <QDBusVariant>
 #include <QVariant>
 
+namespace pinorama {
 namespace {
 constexpr int kMostWindows = 8;  // of one process
 
@@ -25,8 +26,7 @@ QDBusMessage propertyQuestion(const QString& service, const QString& path, const
 
 // The windows are numbered in the order of their making, with gaps where one was closed. Two
 // windows with one title are told apart by the one that is active.
-platform::Task<platform::Done> platform::DolphinWindow::find(Inquiry& inquiry, Accessible frame,
-                                                             pid_t process)
+Task<Done> DolphinWindow::find(Inquiry& inquiry, Accessible frame, pid_t process)
 {
     service_ = serviceOf(process);
     path_.clear();
@@ -57,7 +57,7 @@ platform::Task<platform::Done> platform::DolphinWindow::find(Inquiry& inquiry, A
 }
 
 // Dolphin offers to copy the location of an item when exactly one is selected.
-std::optional<QDBusMessage> platform::DolphinWindow::isOneSelectedQuestion() const
+std::optional<QDBusMessage> DolphinWindow::isOneSelectedQuestion() const
 {
     if (path_.isEmpty()) return std::nullopt;
     QDBusMessage message = QDBusMessage::createMethodCall(
@@ -66,7 +66,7 @@ std::optional<QDBusMessage> platform::DolphinWindow::isOneSelectedQuestion() con
     return message;
 }
 
-std::optional<bool> platform::DolphinWindow::truthIn(const QDBusMessage& answer)
+std::optional<bool> DolphinWindow::truthIn(const QDBusMessage& answer)
 {
     if (answer.type() != QDBusMessage::ReplyMessage || answer.arguments().isEmpty())
         return std::nullopt;
@@ -75,3 +75,5 @@ std::optional<bool> platform::DolphinWindow::truthIn(const QDBusMessage& answer)
     if (value.userType() != QMetaType::Bool) return std::nullopt;
     return value.toBool();
 }
+
+}  // namespace pinorama

@@ -13,7 +13,7 @@
 #include "selection/accessible.h"
 #include "selection/dbus_inquiry.h"
 
-namespace platform {
+namespace pinorama {
 
 class DolphinWindow {
 public:
@@ -33,4 +33,4 @@ private:
     QString path_;  // of its object; empty when unknown
 };
 
-}  // namespace platform
+}  // namespace pinorama

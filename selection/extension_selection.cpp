@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <utility>
 
+namespace pinorama {
 namespace {
 using namespace std::chrono_literals;
 
@@ -27,7 +28,7 @@ std::optional<std::vector<std::string>> existingItems(const std::vector<std::str
 {
     std::vector<std::string> items;
     for (const std::string& path : paths) {
-        auto item = platform::existingItem(path);
+        auto item = existingItem(path);
         if (!item) return std::nullopt;
         items.push_back(std::move(*item));
     }
@@ -35,7 +36,7 @@ std::optional<std::vector<std::string>> existingItems(const std::vector<std::str
 }
 }  // namespace
 
-platform::ExtensionSelection::ExtensionSelection(FrameTracker& tracker)
+ExtensionSelection::ExtensionSelection(FrameTracker& tracker)
     : tracker_(tracker),
       pushes_(QDBusConnection::sessionBus(), [&tracker] { return tracker.lastFrame(); })
 {
@@ -45,7 +46,7 @@ platform::ExtensionSelection::ExtensionSelection(FrameTracker& tracker)
     });
 }
 
-std::vector<std::string> platform::ExtensionSelection::selectedPaths()
+std::vector<std::string> ExtensionSelection::selectedPaths()
 {
     setListening(true);
     if (!tracker_.isReady()) return {};
@@ -56,7 +57,7 @@ std::vector<std::string> platform::ExtensionSelection::selectedPaths()
     return {};
 }
 
-platform::Task<std::vector<std::string>> platform::ExtensionSelection::answer(Inquiry& inquiry)
+Task<std::vector<std::string>> ExtensionSelection::answer(Inquiry& inquiry)
 {
     const SharedFrame frame = co_await tracker_.askForFrame(inquiry);
     std::optional<std::vector<std::string>> paths;
@@ -64,8 +65,8 @@ platform::Task<std::vector<std::string>> platform::ExtensionSelection::answer(In
     co_return paths.value_or(std::vector<std::string>());
 }
 
-platform::Task<std::optional<std::vector<std::string>>> platform::ExtensionSelection::pathsIn(
-    Inquiry& inquiry, SharedFrame frame)
+Task<std::optional<std::vector<std::string>>> ExtensionSelection::pathsIn(Inquiry& inquiry,
+                                                                          SharedFrame frame)
 {
     const pid_t process = frame->process();
     if (pushes_.lastOf(process) == nullptr) co_return std::nullopt;
@@ -94,3 +95,5 @@ platform::Task<std::optional<std::vector<std::string>>> platform::ExtensionSelec
     if (!items) pushes_.forget(process);
     co_return items;
 }
+
+}  // namespace pinorama

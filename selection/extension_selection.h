@@ -16,7 +16,7 @@
 #include "selection/selection_pushes.h"
 #include "selection/selection_source.h"
 
-namespace platform {
+namespace pinorama {
 
 class ExtensionSelection : public QObject, public SelectionSource {
     Q_OBJECT
@@ -43,4 +43,4 @@ private:
     SelectionPushes pushes_;
 };
 
-}  // namespace platform
+}  // namespace pinorama

@@ -6,10 +6,8 @@
 #include <fstream>
 #include <string>
 
+namespace pinorama {
 namespace {
-using platform::FileManager;
-using platform::FileManagerKind;
-using platform::Toolkit;
 
 // What the kernel keeps of a process name is 15 bytes; all of these fit.
 constexpr std::array kKinds = {
@@ -31,7 +29,7 @@ bool equalIgnoringCase(std::string_view a, std::string_view b)
 }
 }  // namespace
 
-const platform::FileManagerKind* platform::fileManagerKind(std::string_view process)
+const FileManagerKind* fileManagerKind(std::string_view process)
 {
     const auto* kind =
         std::find_if(kKinds.begin(), kKinds.end(), [process](const FileManagerKind& candidate) {
@@ -40,10 +38,12 @@ const platform::FileManagerKind* platform::fileManagerKind(std::string_view proc
     return kind == kKinds.end() ? nullptr : kind;
 }
 
-const platform::FileManagerKind* platform::fileManagerKindOfProcess(pid_t process)
+const FileManagerKind* fileManagerKindOfProcess(pid_t process)
 {
     std::ifstream file("/proc/" + std::to_string(process) + "/comm");
     std::string name;
     std::getline(file, name);
     return fileManagerKind(name);
 }
+
+}  // namespace pinorama

@@ -6,7 +6,7 @@
 
 #include <string_view>
 
-namespace platform {
+namespace pinorama {
 
 enum class FileManager { nautilus, nemo, caja, thunar, pcmanfm, pcmanfmQt, dolphin };
 
@@ -29,4 +29,4 @@ const FileManagerKind* fileManagerKind(std::string_view process);
 // The kind of a running process of this machine, or null.
 const FileManagerKind* fileManagerKindOfProcess(pid_t process);
 
-}  // namespace platform
+}  // namespace pinorama

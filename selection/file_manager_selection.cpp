@@ -5,13 +5,14 @@
 
 #include <QTimer>
 
+namespace pinorama {
 namespace {
 using namespace std::chrono_literals;
 
 constexpr auto kSleepAfter = 2s;
 }  // namespace
 
-struct platform::FileManagerSelection::Parts {
+struct FileManagerSelection::Parts {
     using OutlivesItsTasks = void;  // every one of them is waited for
 
     FrameTracker tracker;
@@ -34,16 +35,16 @@ struct platform::FileManagerSelection::Parts {
     }
 };
 
-platform::FileManagerSelection::FileManagerSelection() : parts_(std::make_unique<Parts>())
+FileManagerSelection::FileManagerSelection() : parts_(std::make_unique<Parts>())
 {
     parts_->sleep.setSingleShot(true);
     QObject::connect(&parts_->sleep, &QTimer::timeout,
                      [parts = parts_.get()] { parts->extension.setListening(false); });
 }
 
-platform::FileManagerSelection::~FileManagerSelection() = default;
+FileManagerSelection::~FileManagerSelection() = default;
 
-std::vector<std::string> platform::FileManagerSelection::selectedPaths()
+std::vector<std::string> FileManagerSelection::selectedPaths()
 {
     parts_->sleep.start(kSleepAfter);
     parts_->extension.setListening(true);
@@ -54,3 +55,5 @@ std::vector<std::string> platform::FileManagerSelection::selectedPaths()
     for (const QString& service : inquiry.unanswered()) parts_->tracker.pause(service);
     return {};
 }
+
+}  // namespace pinorama

@@ -9,7 +9,7 @@
 
 #include "selection/selection_source.h"
 
-namespace platform {
+namespace pinorama {
 
 class FileManagerSelection : public SelectionSource {
 public:
@@ -26,4 +26,4 @@ private:
     std::unique_ptr<Parts> parts_;
 };
 
-}  // namespace platform
+}  // namespace pinorama

@@ -9,16 +9,14 @@
 #include <map>
 #include <optional>
 
+namespace pinorama {
 namespace {
-using platform::FolderClues;
-using platform::Place;
-using platform::RowButton;
 
 constexpr std::size_t kLongestRow = 64;  // buttons; no path bar shows more
 
 std::optional<std::string> existingFolder(const std::string& path)
 {
-    auto item = platform::existingItem(path);
+    auto item = existingItem(path);
     if (!item || !item->ends_with('/')) return std::nullopt;
     if (item->size() > 1) item->pop_back();
     return item;
@@ -28,11 +26,11 @@ std::optional<std::string> folderOfLocation(const QString& location)
 {
     const std::string text = location.toStdString();
     if (text.starts_with("file:")) {
-        const auto path = platform::pathOfFileURI(text);
+        const auto path = pathOfFileURI(text);
         return path ? existingFolder(*path) : std::nullopt;
     }
     if (text == "~" || text.starts_with("~/")) {
-        return existingFolder(platform::homeFolder() + text.substr(1));
+        return existingFolder(homeFolder() + text.substr(1));
     }
     return text.starts_with('/') ? existingFolder(text) : std::nullopt;
 }
@@ -42,7 +40,7 @@ std::optional<std::string> descend(std::string folder, const std::vector<QString
                                    std::size_t first)
 {
     for (std::size_t i = first; i < names.size(); i++) {
-        const auto item = platform::pathOfShownItem(folder, names[i]);
+        const auto item = pathOfShownItem(folder, names[i]);
         if (!item || !item->ends_with('/')) return std::nullopt;
         folder = item->substr(0, item->size() - 1);
     }
@@ -152,9 +150,8 @@ private:
 };
 }  // namespace
 
-std::vector<std::string> platform::foldersShown(
-    const FolderClues& clues, const std::vector<Place>& places,
-    const std::function<bool(const std::string&)>& isWatched)
+std::vector<std::string> foldersShown(const FolderClues& clues, const std::vector<Place>& places,
+                                      const std::function<bool(const std::string&)>& isWatched)
 {
     const Finder finder(clues, places);
     std::vector<std::string> result;
@@ -180,3 +177,5 @@ std::vector<std::string> platform::foldersShown(
     add(finder.fromTitle());
     return result;
 }
+
+}  // namespace pinorama

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace platform {
+namespace pinorama {
 
 // A folder that goes by a name of its own, such as "Home", and is shown by this name in path bars.
 struct Place {
@@ -44,4 +44,4 @@ struct FolderClues {
 std::vector<std::string> foldersShown(const FolderClues& clues, const std::vector<Place>& places,
                                       const std::function<bool(const std::string&)>& isWatched);
 
-}  // namespace platform
+}  // namespace pinorama

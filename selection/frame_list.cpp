@@ -3,25 +3,26 @@
 #include <algorithm>
 #include <utility>
 
+namespace pinorama {
 namespace {
 using namespace std::chrono_literals;
 
 constexpr auto kWalkAgainAfter = 700ms;  // when a window had no view of files
 }  // namespace
 
-platform::FrameList::Program* platform::FrameList::find(const QString& service)
+FrameList::Program* FrameList::find(const QString& service)
 {
     const auto program = std::find_if(programs_.begin(), programs_.end(),
                                       [&](const Program& p) { return p.service == service; });
     return program == programs_.end() ? nullptr : &*program;
 }
 
-const platform::FrameList::Program* platform::FrameList::find(const QString& service) const
+const FrameList::Program* FrameList::find(const QString& service) const
 {
     return const_cast<FrameList*>(this)->find(service);
 }
 
-platform::FrameList::Frame* platform::FrameList::find(const SharedFrame& frame)
+FrameList::Frame* FrameList::find(const SharedFrame& frame)
 {
     for (Program& program : programs_) {
         for (Frame& known : program.frames) {
@@ -31,15 +32,14 @@ platform::FrameList::Frame* platform::FrameList::find(const SharedFrame& frame)
     return nullptr;
 }
 
-bool platform::FrameList::add(const QString& service)
+bool FrameList::add(const QString& service)
 {
     if (find(service) != nullptr) return false;
     programs_.push_back({.service = service});
     return true;
 }
 
-bool platform::FrameList::identify(const QString& service, pid_t process,
-                                   const FileManagerKind* kind)
+bool FrameList::identify(const QString& service, pid_t process, const FileManagerKind* kind)
 {
     Program* program = find(service);
     if (program == nullptr) return false;
@@ -48,20 +48,19 @@ bool platform::FrameList::identify(const QString& service, pid_t process,
     return true;
 }
 
-void platform::FrameList::remove(const QString& service)
+void FrameList::remove(const QString& service)
 {
     std::erase_if(programs_, [&](const Program& program) { return program.service == service; });
 }
 
-std::optional<platform::FrameList::Manager> platform::FrameList::manager(
-    const QString& service) const
+std::optional<FrameList::Manager> FrameList::manager(const QString& service) const
 {
     const Program* program = find(service);
     if (program == nullptr || program->kind == nullptr) return std::nullopt;
     return Manager{program->process, program->kind};
 }
 
-std::vector<QString> platform::FrameList::managers() const
+std::vector<QString> FrameList::managers() const
 {
     std::vector<QString> services;
     for (const Program& program : programs_) {
@@ -70,14 +69,14 @@ std::vector<QString> platform::FrameList::managers() const
     return services;
 }
 
-bool platform::FrameList::setPaused(const QString& service, bool isPaused)
+bool FrameList::setPaused(const QString& service, bool isPaused)
 {
     Program* program = find(service);
     return program != nullptr && std::exchange(program->isPaused, isPaused) != isPaused;
 }
 
-std::vector<platform::Accessible> platform::FrameList::keepOnly(
-    const QString& service, const std::vector<Accessible>& frames)
+std::vector<Accessible> FrameList::keepOnly(const QString& service,
+                                            const std::vector<Accessible>& frames)
 {
     Program* program = find(service);
     if (program == nullptr) return {};
@@ -94,7 +93,7 @@ std::vector<platform::Accessible> platform::FrameList::keepOnly(
     return unknown;
 }
 
-void platform::FrameList::addFrame(const QString& service, const SharedFrame& frame)
+void FrameList::addFrame(const QString& service, const SharedFrame& frame)
 {
     Program* program = find(service);
     if (program == nullptr) return;
@@ -104,7 +103,7 @@ void platform::FrameList::addFrame(const QString& service, const SharedFrame& fr
     if (!isKnown) program->frames.push_back({.reader = frame});
 }
 
-std::vector<platform::SharedFrame> platform::FrameList::framesOf(const QString& service) const
+std::vector<SharedFrame> FrameList::framesOf(const QString& service) const
 {
     std::vector<SharedFrame> frames;
     const Program* program = find(service);
@@ -113,7 +112,7 @@ std::vector<platform::SharedFrame> platform::FrameList::framesOf(const QString& 
     return frames;
 }
 
-std::vector<platform::SharedFrame> platform::FrameList::frames() const
+std::vector<SharedFrame> FrameList::frames() const
 {
     std::vector<SharedFrame> frames;
     for (const Program& program : programs_) {
@@ -123,7 +122,7 @@ std::vector<platform::SharedFrame> platform::FrameList::frames() const
     return frames;
 }
 
-void platform::FrameList::note(const std::vector<Activity>& activities)
+void FrameList::note(const std::vector<Activity>& activities)
 {
     for (const Activity& activity : activities) {
         Frame* frame = find(activity.frame);
@@ -140,7 +139,7 @@ void platform::FrameList::note(const std::vector<Activity>& activities)
 }
 
 // Whether the window that became active last is active still.
-bool platform::FrameList::isLatestActive() const
+bool FrameList::isLatestActive() const
 {
     const Frame* latest = nullptr;
     for (const Program& program : programs_) {
@@ -153,7 +152,7 @@ bool platform::FrameList::isLatestActive() const
 
 // A window without a view of files, such as one that shows the progress of copying, does not count;
 // whether it has one must be found out first.
-platform::SharedFrame platform::FrameList::latest(const SharedFrame& before) const
+SharedFrame FrameList::latest(const SharedFrame& before) const
 {
     const Frame* latest = nullptr;
     for (const Program& program : programs_) {
@@ -167,10 +166,12 @@ platform::SharedFrame platform::FrameList::latest(const SharedFrame& before) con
     return latest == nullptr ? nullptr : latest->reader;
 }
 
-bool platform::FrameList::beginWalk(const SharedFrame& frame, Clock::time_point now)
+bool FrameList::beginWalk(const SharedFrame& frame, Clock::time_point now)
 {
     Frame* known = find(frame);
     if (known == nullptr || now - known->walkedAt < kWalkAgainAfter) return false;
     known->walkedAt = now;
     return true;
 }
+
+}  // namespace pinorama

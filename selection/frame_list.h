@@ -18,7 +18,7 @@
 #include "selection/frame_reader.h"
 #include "selection/task.h"
 
-namespace platform {
+namespace pinorama {
 
 using SharedFrame = std::shared_ptr<FrameReader>;
 
@@ -102,4 +102,4 @@ private:
     quint64 activations_ = 0;
 };
 
-}  // namespace platform
+}  // namespace pinorama

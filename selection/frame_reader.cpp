@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <utility>
 
+namespace pinorama {
 namespace {
 using namespace std::chrono_literals;
 
@@ -14,8 +15,8 @@ constexpr auto kClueAge = 1s;        // the folder is looked at again after this
 constexpr int kPartOfTheTime = 250;  // of it goes into reading without a sign of a change
 }  // namespace
 
-platform::FrameReader::FrameReader(Accessible frame, const FileManagerKind& kind, pid_t process,
-                                   bool isDesktop)
+FrameReader::FrameReader(Accessible frame, const FileManagerKind& kind, pid_t process,
+                         bool isDesktop)
     : frame_(std::move(frame)),
       kind_(kind),
       process_(process),
@@ -24,7 +25,7 @@ platform::FrameReader::FrameReader(Accessible frame, const FileManagerKind& kind
 {
 }
 
-void platform::FrameReader::forget()
+void FrameReader::forget()
 {
     isFound_ = false;
     isStale_ = true;
@@ -36,25 +37,25 @@ void platform::FrameReader::forget()
     cost_ = 1s;
 }
 
-void platform::FrameReader::noteFocus(const Accessible& item)
+void FrameReader::noteFocus(const Accessible& item)
 {
     focused_ = item;
     touched_ = item;
     isStale_ = true;
 }
 
-void platform::FrameReader::noteSelection(const Accessible& view)
+void FrameReader::noteSelection(const Accessible& view)
 {
     touched_ = view;
     isStale_ = true;
 }
 
-bool platform::FrameReader::isDue(Clock::time_point now) const
+bool FrameReader::isDue(Clock::time_point now) const
 {
     return now - readAt_ >= cost_ * kPartOfTheTime;
 }
 
-platform::Task<platform::Done> platform::FrameReader::findAndRead(Inquiry& inquiry)
+Task<Done> FrameReader::findAndRead(Inquiry& inquiry)
 {
     FrameLayout found = co_await walkFrame(inquiry, frame_);
     layout_ = std::make_shared<FrameLayout>(std::move(found));
@@ -66,7 +67,7 @@ platform::Task<platform::Done> platform::FrameReader::findAndRead(Inquiry& inqui
     co_return {};
 }
 
-platform::Task<platform::Done> platform::FrameReader::read(Inquiry& inquiry)
+Task<Done> FrameReader::read(Inquiry& inquiry)
 {
     const Clock::time_point start = Clock::now();
     const SharedLayout layout = layout_;
@@ -126,7 +127,7 @@ platform::Task<platform::Done> platform::FrameReader::read(Inquiry& inquiry)
     co_return {};
 }
 
-void platform::FrameReader::takeOver(const SelectedItems& selected)
+void FrameReader::takeOver(const SelectedItems& selected)
 {
     paths_.clear();
     if (selected.path) paths_.push_back(*selected.path);
@@ -143,7 +144,7 @@ void platform::FrameReader::takeOver(const SelectedItems& selected)
                           }});
 }
 
-platform::Task<platform::Done> platform::FrameReader::check(Inquiry& inquiry)
+Task<Done> FrameReader::check(Inquiry& inquiry)
 {
     const Witnesses asked = askToCheck(inquiry);
     const std::vector<QDBusMessage> nothingElse;
@@ -152,7 +153,7 @@ platform::Task<platform::Done> platform::FrameReader::check(Inquiry& inquiry)
     co_return {};
 }
 
-platform::Witnesses platform::FrameReader::askToCheck(Inquiry& inquiry) const
+Witnesses FrameReader::askToCheck(Inquiry& inquiry) const
 {
     for (const Witness& witness : witnesses_) {
         if (witness.isOnSessionBus) {
@@ -164,10 +165,11 @@ platform::Witnesses platform::FrameReader::askToCheck(Inquiry& inquiry) const
     return witnesses_;
 }
 
-void platform::FrameReader::takeCheck(const Witnesses& asked,
-                                      const std::vector<QDBusMessage>& answers)
+void FrameReader::takeCheck(const Witnesses& asked, const std::vector<QDBusMessage>& answers)
 {
     for (std::size_t i = 0; i < asked.size(); i++) {
         if (!asked[i].agrees(answers[i])) isStale_ = true;
     }
 }
+
+}  // namespace pinorama

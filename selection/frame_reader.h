@@ -21,7 +21,7 @@
 #include "selection/window_folder.h"
 #include "selection/witness.h"
 
-namespace platform {
+namespace pinorama {
 
 class FrameReader {
 public:
@@ -105,4 +105,4 @@ private:
     std::vector<std::string> paths_;
 };
 
-}  // namespace platform
+}  // namespace pinorama

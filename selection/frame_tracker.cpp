@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+namespace pinorama {
 namespace {
 using namespace std::chrono_literals;
 
@@ -16,7 +17,7 @@ constexpr int kLookSoon = 150;      // milliseconds after a window came or went
 constexpr std::size_t kMostPrograms = 256;
 constexpr std::size_t kMostFrames = 32;  // of one program
 
-platform::Accessible rootOf(const QString& service)
+Accessible rootOf(const QString& service)
 {
     return {service, QStringLiteral("/org/a11y/atspi/accessible/root")};
 }
@@ -31,7 +32,7 @@ QDBusMessage processQuestion(const QString& service)
 }
 }  // namespace
 
-platform::FrameTracker::FrameTracker(KindOfProcess kindOfProcess, QObject* parent)
+FrameTracker::FrameTracker(KindOfProcess kindOfProcess, QObject* parent)
     : QObject(parent), kindOfProcess_(std::move(kindOfProcess))
 {
     connect(&bus_, &AccessibilityBus::connected, this, &FrameTracker::startLookingAround);
@@ -46,9 +47,9 @@ platform::FrameTracker::FrameTracker(KindOfProcess kindOfProcess, QObject* paren
     connect(&soon_, &QTimer::timeout, this, &FrameTracker::startLookingAround);
 }
 
-platform::FrameTracker::~FrameTracker() = default;
+FrameTracker::~FrameTracker() = default;
 
-bool platform::FrameTracker::isReady()
+bool FrameTracker::isReady()
 {
     sleep_.start(kSleepAfter);
     if (!bus_.isReady()) return false;
@@ -58,14 +59,14 @@ bool platform::FrameTracker::isReady()
     return true;
 }
 
-void platform::FrameTracker::fallAsleep()
+void FrameTracker::fallAsleep()
 {
     soon_.stop();
     forgetEverything();
     bus_.close();
 }
 
-void platform::FrameTracker::forgetEverything()
+void FrameTracker::forgetEverything()
 {
     look_.reset();
     walk_.reset();
@@ -76,12 +77,12 @@ void platform::FrameTracker::forgetEverything()
     checked_.reset();
 }
 
-void platform::FrameTracker::lookAroundSoon(int milliseconds)
+void FrameTracker::lookAroundSoon(int milliseconds)
 {
     if (!soon_.isActive()) soon_.start(milliseconds);
 }
 
-void platform::FrameTracker::startLookingAround()
+void FrameTracker::startLookingAround()
 {
     if (look_ || !bus_.isReady()) return;
     lookedAt_ = Clock::now();
@@ -90,7 +91,7 @@ void platform::FrameTracker::startLookingAround()
     look_->letRun([this] { look_.reset(); });
 }
 
-platform::Task<platform::Done> platform::FrameTracker::lookAround(Inquiry& inquiry)
+Task<Done> FrameTracker::lookAround(Inquiry& inquiry)
 {
     const QDBusMessage askChildren =
         childrenQuestion(rootOf(QStringLiteral("org.a11y.atspi.Registry")));
@@ -124,7 +125,7 @@ platform::Task<platform::Done> platform::FrameTracker::lookAround(Inquiry& inqui
 }
 
 // Finds the windows of one program that came or went.
-platform::Task<platform::Done> platform::FrameTracker::lookAt(Inquiry& inquiry, QString service)
+Task<Done> FrameTracker::lookAt(Inquiry& inquiry, QString service)
 {
     const QDBusMessage askChildren = childrenQuestion(rootOf(service));
     const auto objects = objectsIn(co_await inquiry.answer(askChildren), kMostFrames);
@@ -149,7 +150,7 @@ platform::Task<platform::Done> platform::FrameTracker::lookAt(Inquiry& inquiry, 
     co_return {};
 }
 
-platform::Task<platform::SharedFrame> platform::FrameTracker::askForFrame(Inquiry& inquiry)
+Task<SharedFrame> FrameTracker::askForFrame(Inquiry& inquiry)
 {
     const std::vector<SharedFrame> frames = list_.frames();
     const auto questions = questionsAbout(
@@ -186,7 +187,7 @@ platform::Task<platform::SharedFrame> platform::FrameTracker::askForFrame(Inquir
     co_return lastFrame_;
 }
 
-void platform::FrameTracker::startWalking(const SharedFrame& frame)
+void FrameTracker::startWalking(const SharedFrame& frame)
 {
     if (walk_ || !list_.beginWalk(frame, Clock::now())) return;
     walk_ = std::make_unique<Inquiry>(bus_.bus(), kAnswerLimit);
@@ -194,7 +195,7 @@ void platform::FrameTracker::startWalking(const SharedFrame& frame)
     walk_->letRun([this, frame] { walk_.reset(); });
 }
 
-void platform::FrameTracker::readInEventLoop(const SharedFrame& frame)
+void FrameTracker::readInEventLoop(const SharedFrame& frame)
 {
     if (walk_) return;
     walk_ = std::make_unique<Inquiry>(bus_.bus(), kAnswerLimit);
@@ -206,14 +207,14 @@ void platform::FrameTracker::readInEventLoop(const SharedFrame& frame)
     });
 }
 
-void platform::FrameTracker::dropReading(const SharedFrame& frame)
+void FrameTracker::dropReading(const SharedFrame& frame)
 {
     if (readInLoop_ != frame) return;
     readInLoop_.reset();
     walk_.reset();
 }
 
-void platform::FrameTracker::pause(const QString& service)
+void FrameTracker::pause(const QString& service)
 {
     if (!list_.setPaused(service, true)) return;
     for (const SharedFrame& frame : list_.framesOf(service)) {
@@ -223,7 +224,7 @@ void platform::FrameTracker::pause(const QString& service)
     ping(service);
 }
 
-void platform::FrameTracker::ping(const QString& service)
+void FrameTracker::ping(const QString& service)
 {
     const int limit = static_cast<int>(std::chrono::milliseconds(kPingLimit).count());
     auto* answer = new QDBusPendingCallWatcher(
@@ -241,8 +242,8 @@ void platform::FrameTracker::ping(const QString& service)
 }
 
 // Many of these come at once when a lot changes. Nobody is asked anything here.
-void platform::FrameTracker::onHeard(const QString& service, const QString& path,
-                                     AccessibilityBus::Event event, bool isOn)
+void FrameTracker::onHeard(const QString& service, const QString& path,
+                           AccessibilityBus::Event event, bool isOn)
 {
     using Event = AccessibilityBus::Event;
     const auto manager = list_.manager(service);
@@ -260,3 +261,5 @@ void platform::FrameTracker::onHeard(const QString& service, const QString& path
     if (event == Event::selection || event == Event::focus)
         Q_EMIT selectionMayHaveChanged(manager->process);
 }
+
+}  // namespace pinorama

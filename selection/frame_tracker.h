@@ -15,7 +15,7 @@
 #include "selection/frame_list.h"
 #include "selection/frame_reader.h"
 
-namespace platform {
+namespace pinorama {
 
 class FrameTracker : public QObject {
     Q_OBJECT
@@ -91,4 +91,4 @@ private:
     SharedFrame readInLoop_;         // that window when it is read
 };
 
-}  // namespace platform
+}  // namespace pinorama

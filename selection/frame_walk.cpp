@@ -7,8 +7,8 @@
 #include <optional>
 #include <utility>
 
+namespace pinorama {
 namespace {
-using namespace platform;
 
 constexpr std::size_t kMostAtOnce = 64;     // questions that wait for an answer
 constexpr std::size_t kMostChildren = 200;  // looked at in one container
@@ -232,12 +232,12 @@ private:
 };
 }  // namespace
 
-bool platform::isGtk4Object(const Accessible& object)
+bool isGtk4Object(const Accessible& object)
 {
     return !object.path.startsWith(QLatin1String("/org/a11y/"));
 }
 
-std::vector<platform::View> platform::chooseViews(std::vector<View> candidates)
+std::vector<View> chooseViews(std::vector<View> candidates)
 {
     // A directory pane that holds a list is the list.
     const auto isOpaque = [](const View& view) { return view.access == ViewAccess::opaque; };
@@ -264,9 +264,11 @@ std::vector<platform::View> platform::chooseViews(std::vector<View> candidates)
     return views;
 }
 
-platform::Task<platform::FrameLayout> platform::walkFrame(Inquiry& inquiry, Accessible frame)
+Task<FrameLayout> walkFrame(Inquiry& inquiry, Accessible frame)
 {
     Walk walk(inquiry, std::move(frame));
     FrameLayout layout = co_await walk.run();
     co_return layout;
 }
+
+}  // namespace pinorama

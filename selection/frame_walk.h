@@ -12,7 +12,7 @@
 #include "selection/accessible.h"
 #include "selection/dbus_inquiry.h"
 
-namespace platform {
+namespace pinorama {
 
 // How the selection of a view can be read.
 enum class ViewAccess {
@@ -69,4 +69,4 @@ bool isGtk4Object(const Accessible& object);
 // Side bars are smaller or lie elsewhere. A directory pane without items goes before every list.
 std::vector<View> chooseViews(std::vector<View> candidates);
 
-}  // namespace platform
+}  // namespace pinorama

@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 
+namespace pinorama {
 namespace {
 constexpr std::size_t kMostEntries = 100000;
 constexpr QChar kReplacement = QChar::ReplacementCharacter;
@@ -85,8 +86,8 @@ bool isShownWithoutExtension(const QString& name, const QString& shown)
 }
 }  // namespace
 
-std::optional<std::string> platform::nameOfShownItem(const std::vector<std::string>& names,
-                                                     const QString& shown)
+std::optional<std::string> nameOfShownItem(const std::vector<std::string>& names,
+                                           const QString& shown)
 {
     using Rule = std::function<bool(const std::string&, const QString&)>;
     const QByteArray bytes = shown.toUtf8();
@@ -117,7 +118,7 @@ std::optional<std::string> platform::nameOfShownItem(const std::vector<std::stri
     return std::nullopt;
 }
 
-std::optional<std::string> platform::existingItem(std::string path)
+std::optional<std::string> existingItem(std::string path)
 {
     while (path.size() > 1 && path.ends_with('/')) path.pop_back();
     struct stat item = {};
@@ -128,8 +129,7 @@ std::optional<std::string> platform::existingItem(std::string path)
     return path;
 }
 
-std::optional<std::string> platform::pathOfShownItem(const std::string& folder,
-                                                     const QString& shown)
+std::optional<std::string> pathOfShownItem(const std::string& folder, const QString& shown)
 {
     if (shown.isEmpty() || folder.empty()) return std::nullopt;
     const std::string prefix = folder.ends_with('/') ? folder : folder + '/';
@@ -142,3 +142,5 @@ std::optional<std::string> platform::pathOfShownItem(const std::string& folder,
     if (!name) return std::nullopt;
     return existingItem(prefix + *name);
 }
+
+}  // namespace pinorama

@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-namespace platform {
+namespace pinorama {
 
 // The path of the item of `folder` (an absolute path in raw bytes) that is shown as `shown`. A
 // folder's path ends in a slash; a symbolic link counts as what it leads to. Looked for in this
@@ -34,4 +34,4 @@ std::optional<std::string> nameOfShownItem(const std::vector<std::string>& names
 // The path with a slash at its end when it leads to a folder; nothing when there is no such item.
 std::optional<std::string> existingItem(std::string path);
 
-}  // namespace platform
+}  // namespace pinorama

@@ -18,8 +18,8 @@
 #include <sstream>
 #include <utility>
 
+namespace pinorama {
 namespace {
-using platform::Place;
 
 constexpr qint64 kLongestFile = 1 << 20;  // bytes
 
@@ -45,7 +45,7 @@ void addBookmarks(std::vector<Place>& places, const std::string& path)
     for (const QByteArray& line : contentOf(path).split('\n')) {
         const qsizetype blank = line.indexOf(' ');
         const QByteArray address = blank < 0 ? line : line.left(blank);
-        const auto target = platform::pathOfFileURI(address.toStdString());
+        const auto target = pathOfFileURI(address.toStdString());
         if (!target) continue;
         if (blank >= 0) places.push_back({QString::fromUtf8(line.mid(blank + 1)), *target});
         addPath(places, *target);
@@ -60,8 +60,8 @@ void addXbelBookmarks(std::vector<Place>& places, const std::string& path)
     while (!xml.atEnd()) {
         if (xml.readNext() != QXmlStreamReader::StartElement) continue;
         if (xml.name() == QLatin1String("bookmark")) {
-            target = platform::pathOfFileURI(
-                xml.attributes().value(QLatin1String("href")).toUtf8().toStdString());
+            target =
+                pathOfFileURI(xml.attributes().value(QLatin1String("href")).toUtf8().toStdString());
             if (target) addPath(places, *target);
         } else if (xml.name() == QLatin1String("title") && target) {
             places.push_back({xml.readElementText(), *target});
@@ -70,7 +70,7 @@ void addXbelBookmarks(std::vector<Place>& places, const std::string& path)
 }
 }  // namespace
 
-std::vector<platform::Place> platform::places()
+std::vector<Place> places()
 {
     std::vector<Place> places;
     addPath(places, homeFolder());
@@ -87,7 +87,7 @@ std::vector<platform::Place> platform::places()
     return places;
 }
 
-std::function<bool(const std::string&)> platform::foldersWatchedBy(pid_t process)
+std::function<bool(const std::string&)> foldersWatchedBy(pid_t process)
 {
     using Item = std::pair<std::uint64_t, std::uint64_t>;  // device as the kernel counts it, inode
     auto watched = std::make_shared<std::set<Item>>();
@@ -117,3 +117,5 @@ std::function<bool(const std::string&)> platform::foldersWatchedBy(pid_t process
         return watched->contains({device, found.st_ino});
     };
 }
+
+}  // namespace pinorama

@@ -10,7 +10,7 @@
 
 #include "selection/folder_choice.h"
 
-namespace platform {
+namespace pinorama {
 
 // The home folder, the well-known folders (desktop, pictures and so on), and the bookmarks of the
 // file managers (GTK's "bookmarks", KDE's "user-places.xbel"), the home folder first. Reads at most
@@ -21,4 +21,4 @@ std::vector<Place> places();
 // state of the moment of the call; false for everything when it cannot be seen.
 std::function<bool(const std::string&)> foldersWatchedBy(pid_t process);
 
-}  // namespace platform
+}  // namespace pinorama

@@ -7,26 +7,26 @@
 #include <algorithm>
 #include <utility>
 
+namespace pinorama {
 namespace {
 constexpr std::size_t kMostSelected = 64;    // items whose paths are told
 constexpr std::size_t kMostScanned = 20000;  // items of a view that are looked at one by one
 constexpr std::size_t kMostAtOnce = 64;      // questions that wait for an answer
 
-platform::Witness nameWitness(const platform::Accessible& object, const QString& name)
+Witness nameWitness(const Accessible& object, const QString& name)
 {
-    return {platform::nameQuestion(object),
-            [name](const QDBusMessage& answer) { return platform::textIn(answer) == name; }};
+    return {nameQuestion(object),
+            [name](const QDBusMessage& answer) { return textIn(answer) == name; }};
 }
 
-platform::Witness countWitness(const QDBusMessage& question, std::uint32_t count)
+Witness countWitness(const QDBusMessage& question, std::uint32_t count)
 {
-    return {question,
-            [count](const QDBusMessage& answer) { return platform::numberIn(answer) == count; }};
+    return {question, [count](const QDBusMessage& answer) { return numberIn(answer) == count; }};
 }
 }  // namespace
 
-platform::Task<platform::SelectedItems> platform::SelectedItemsReader::read(
-    Inquiry& inquiry, View view, std::vector<Accessible> likely)
+Task<SelectedItems> SelectedItemsReader::read(Inquiry& inquiry, View view,
+                                              std::vector<Accessible> likely)
 {
     SelectedItems selected;
     switch (view.access) {
@@ -39,8 +39,7 @@ platform::Task<platform::SelectedItems> platform::SelectedItemsReader::read(
     co_return selected;
 }
 
-platform::Task<platform::SelectedItems> platform::SelectedItemsReader::readSelection(
-    Inquiry& inquiry, View view)
+Task<SelectedItems> SelectedItemsReader::readSelection(Inquiry& inquiry, View view)
 {
     SelectedItems selected;
     const std::vector<QDBusMessage> asked =
@@ -78,8 +77,7 @@ platform::Task<platform::SelectedItems> platform::SelectedItemsReader::readSelec
     co_return selected;
 }
 
-platform::Task<platform::SelectedItems> platform::SelectedItemsReader::readTable(Inquiry& inquiry,
-                                                                                 View view)
+Task<SelectedItems> SelectedItemsReader::readTable(Inquiry& inquiry, View view)
 {
     SelectedItems selected;
     const QDBusMessage askSelectedRows = selectedRowsQuestion(view.object);
@@ -109,7 +107,7 @@ platform::Task<platform::SelectedItems> platform::SelectedItemsReader::readTable
     co_return selected;
 }
 
-platform::Task<platform::SelectedItems> platform::SelectedItemsReader::readStatus(Inquiry& inquiry)
+Task<SelectedItems> SelectedItemsReader::readStatus(Inquiry& inquiry)
 {
     SelectedItems selected;
     selected.isKnown = true;
@@ -129,8 +127,8 @@ platform::Task<platform::SelectedItems> platform::SelectedItemsReader::readStatu
     co_return selected;
 }
 
-platform::Task<platform::SelectedItems> platform::SelectedItemsReader::readStates(
-    Inquiry& inquiry, View view, std::vector<Accessible> likely)
+Task<SelectedItems> SelectedItemsReader::readStates(Inquiry& inquiry, View view,
+                                                    std::vector<Accessible> likely)
 {
     SelectedItems selected;
     if (!layout_->statusTexts.empty()) {
@@ -176,8 +174,7 @@ platform::Task<platform::SelectedItems> platform::SelectedItemsReader::readState
     co_return selected;
 }
 
-platform::Task<std::vector<platform::Accessible>> platform::SelectedItemsReader::scan(
-    Inquiry& inquiry, View view)
+Task<std::vector<Accessible>> SelectedItemsReader::scan(Inquiry& inquiry, View view)
 {
     std::vector<Accessible> selected;
     const QDBusMessage askChildren = childrenQuestion(view.object);
@@ -206,8 +203,7 @@ platform::Task<std::vector<platform::Accessible>> platform::SelectedItemsReader:
     co_return selected;
 }
 
-platform::Task<platform::NamedItem> platform::SelectedItemsReader::named(Inquiry& inquiry,
-                                                                         Accessible item)
+Task<NamedItem> SelectedItemsReader::named(Inquiry& inquiry, Accessible item)
 {
     NamedItem named;
     if (item.isNull()) co_return named;
@@ -224,8 +220,7 @@ platform::Task<platform::NamedItem> platform::SelectedItemsReader::named(Inquiry
     co_return named;
 }
 
-void platform::SelectedItemsReader::vouchFor(const NamedItem& item, const View& view,
-                                             Witnesses* witnesses)
+void SelectedItemsReader::vouchFor(const NamedItem& item, const View& view, Witnesses* witnesses)
 {
     if (item.item.isNull()) return;
     witnesses->push_back(nameWitness(item.part, item.name));
@@ -242,8 +237,7 @@ void platform::SelectedItemsReader::vouchFor(const NamedItem& item, const View& 
 }
 
 // An item that is put together from parts has its name in one of them.
-platform::Task<platform::NamedItem> platform::SelectedItemsReader::namedInside(Inquiry& inquiry,
-                                                                               NamedItem item)
+Task<NamedItem> SelectedItemsReader::namedInside(Inquiry& inquiry, NamedItem item)
 {
     constexpr int kDeepest = 6;
     constexpr std::size_t kMostParts = 16;  // on one level
@@ -272,3 +266,5 @@ platform::Task<platform::NamedItem> platform::SelectedItemsReader::namedInside(I
     }
     co_return item;
 }
+
+}  // namespace pinorama

@@ -19,7 +19,7 @@
 #include "selection/window_folder.h"
 #include "selection/witness.h"
 
-namespace platform {
+namespace pinorama {
 
 // An item, and what it says of itself.
 struct NamedItem {
@@ -71,4 +71,4 @@ private:
     DolphinWindow dolphin_;
 };
 
-}  // namespace platform
+}  // namespace pinorama

@@ -10,6 +10,7 @@
 #include <optional>
 #include <utility>
 
+namespace pinorama {
 namespace {
 constexpr qsizetype kMostUris = 64;
 constexpr qsizetype kLongestUri = 3 * 4096 + 256;  // UTF-16 units; every byte of a path escaped
@@ -24,8 +25,7 @@ std::vector<std::string> pathsOf(const QStringList& uris)
 {
     std::vector<std::string> paths;
     for (const QString& uri : uris.first(std::min(uris.size(), kMostUris))) {
-        auto path =
-            uri.size() > kLongestUri ? std::nullopt : platform::pathOfFileURI(uri.toStdString());
+        auto path = uri.size() > kLongestUri ? std::nullopt : pathOfFileURI(uri.toStdString());
         if (!path) return {};  // a part of a selection is another selection
         paths.push_back(std::move(*path));
     }
@@ -33,18 +33,18 @@ std::vector<std::string> pathsOf(const QStringList& uris)
 }
 }  // namespace
 
-platform::SelectionPushes::SelectionPushes(const QDBusConnection& bus, FrameInFront frameInFront,
-                                           KindOfProcess kindOfProcess)
+SelectionPushes::SelectionPushes(const QDBusConnection& bus, FrameInFront frameInFront,
+                                 KindOfProcess kindOfProcess)
     : bus_(bus), frameInFront_(std::move(frameInFront)), kindOfProcess_(std::move(kindOfProcess))
 {
 }
 
-platform::SelectionPushes::~SelectionPushes()
+SelectionPushes::~SelectionPushes()
 {
     setListening(false);
 }
 
-void platform::SelectionPushes::setListening(bool isListening)
+void SelectionPushes::setListening(bool isListening)
 {
     if (isListening == isListening_) return;
     isListening_ = isListening;
@@ -58,13 +58,13 @@ void platform::SelectionPushes::setListening(bool isListening)
     }
 }
 
-platform::PushedSelection* platform::SelectionPushes::lastOf(pid_t process)
+PushedSelection* SelectionPushes::lastOf(pid_t process)
 {
     const auto pushed = pushed_.find(process);
     return pushed == pushed_.end() ? nullptr : &pushed->second;
 }
 
-void platform::SelectionPushes::Push(const QStringList& uris, const QString& windowTitle)
+void SelectionPushes::Push(const QStringList& uris, const QString& windowTitle)
 {
     if (!calledFromDBus()) return;
     if (unanswered_ >= kMostUnanswered) {
@@ -93,7 +93,7 @@ void platform::SelectionPushes::Push(const QStringList& uris, const QString& win
             });
 }
 
-void platform::SelectionPushes::keep(pid_t process, PushedSelection pushed)
+void SelectionPushes::keep(pid_t process, PushedSelection pushed)
 {
     if (!isListening_ || kindOfProcess_(process) == nullptr) return;
     pushed_.erase(process);
@@ -101,3 +101,5 @@ void platform::SelectionPushes::keep(pid_t process, PushedSelection pushed)
     if (pushed_.size() >= kMostProcesses) pushed_.clear();
     pushed_.emplace(process, std::move(pushed));
 }
+
+}  // namespace pinorama

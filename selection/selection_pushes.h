@@ -29,7 +29,7 @@
 #include "selection/dbus_inquiry.h"
 #include "selection/file_manager_kind.h"
 
-namespace platform {
+namespace pinorama {
 
 class FrameReader;
 
@@ -80,4 +80,4 @@ private:
     std::map<pid_t, PushedSelection> pushed_;
 };
 
-}  // namespace platform
+}  // namespace pinorama

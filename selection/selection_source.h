@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace platform {
+namespace pinorama {
 
 class SelectionSource {
 public:
@@ -23,4 +23,4 @@ public:
     virtual std::vector<std::string> selectedPaths() = 0;
 };
 
-}  // namespace platform
+}  // namespace pinorama

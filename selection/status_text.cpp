@@ -1,5 +1,6 @@
 #include "selection/status_text.h"
 
+namespace pinorama {
 namespace {
 constexpr qsizetype kLongestText = 4096;  // UTF-16 units
 
@@ -36,7 +37,7 @@ QString withoutInnerBlanks(QString name)
 }
 }  // namespace
 
-std::vector<QString> platform::quotedNames(const QString& text)
+std::vector<QString> quotedNames(const QString& text)
 {
     std::vector<QString> names;
     if (text.size() < 3 || text.size() > kLongestText) return names;
@@ -52,3 +53,5 @@ std::vector<QString> platform::quotedNames(const QString& text)
     }
     return names;
 }
+
+}  // namespace pinorama

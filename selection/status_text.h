@@ -7,7 +7,7 @@
 
 #include <vector>
 
-namespace platform {
+namespace pinorama {
 
 // The names that the quotation at the start of `text` may hold, the most likely first: everything
 // up to the last closing mark, then up to the one before it, and so on. A name may contain
@@ -18,4 +18,4 @@ namespace platform {
 // `3 items` gives nothing.
 std::vector<QString> quotedNames(const QString& text);
 
-}  // namespace platform
+}  // namespace pinorama

@@ -25,7 +25,7 @@
 #include <type_traits>
 #include <utility>
 
-namespace platform {
+namespace pinorama {
 
 template <typename Type>
 struct IsReferenceWrapper : std::false_type {
@@ -124,13 +124,13 @@ private:
 // The value of a task that is run for what it does.
 struct Done {};
 
-}  // namespace platform
+}  // namespace pinorama
 
 // Every function that returns a task is looked at here.
 template <typename Value, typename... Parameters>
-struct std::coroutine_traits<platform::Task<Value>, Parameters...> {
+struct std::coroutine_traits<pinorama::Task<Value>, Parameters...> {
     static_assert(
-        (platform::HeldAcrossWaiting<Parameters> && ...),
+        (pinorama::HeldAcrossWaiting<Parameters> && ...),
         "a function that waits takes values; what it borrows may be gone after a co_await");
-    using promise_type = typename platform::Task<Value>::Promise;
+    using promise_type = typename pinorama::Task<Value>::Promise;
 };

@@ -3,9 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+namespace pinorama {
 namespace {
-using platform::Accessible;
-using platform::View;
 
 constexpr int kDeepestItem = 12;  // steps from a part of an item to the view
 
@@ -21,7 +20,7 @@ bool isCloseAround(const View& view, const Accessible& object)
 }
 }  // namespace
 
-platform::Task<bool> platform::haveFoundSizes(Inquiry& inquiry, std::vector<View> views)
+Task<bool> haveFoundSizes(Inquiry& inquiry, std::vector<View> views)
 {
     const auto questions =
         questionsAbout(views, [](const View& view) { return sizeQuestion(view.object); });
@@ -32,8 +31,8 @@ platform::Task<bool> platform::haveFoundSizes(Inquiry& inquiry, std::vector<View
     co_return true;
 }
 
-platform::Task<std::size_t> platform::paneInUse(Inquiry& inquiry, std::vector<View> views,
-                                                Accessible touched, std::size_t before)
+Task<std::size_t> paneInUse(Inquiry& inquiry, std::vector<View> views, Accessible touched,
+                            std::size_t before)
 {
     std::vector<QDBusMessage> questions;
     for (const View& view : views) {
@@ -55,9 +54,8 @@ platform::Task<std::size_t> platform::paneInUse(Inquiry& inquiry, std::vector<Vi
     co_return focusedPane.value_or(touchedPane.value_or(before));
 }
 
-platform::Task<std::optional<std::size_t>> platform::viewInFront(Inquiry& inquiry, Accessible frame,
-                                                                 std::vector<View> views,
-                                                                 std::size_t before)
+Task<std::optional<std::size_t>> viewInFront(Inquiry& inquiry, Accessible frame,
+                                             std::vector<View> views, std::size_t before)
 {
     const QDBusMessage askExtents = extentsQuestion(views.front().object);
     const auto extents = extentsIn(co_await inquiry.answer(askExtents));
@@ -86,3 +84,5 @@ platform::Task<std::optional<std::size_t>> platform::viewInFront(Inquiry& inquir
     }
     co_return before;  // nothing speaks against the view that was in front before
 }
+
+}  // namespace pinorama

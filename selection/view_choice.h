@@ -11,7 +11,7 @@
 #include "selection/dbus_inquiry.h"
 #include "selection/frame_walk.h"
 
-namespace platform {
+namespace pinorama {
 
 // Whether every view has the size that it was found with. A window that is split or made one again
 // gives its views another size. So does one that the user makes larger, which costs one walk.
@@ -28,4 +28,4 @@ Task<std::size_t> paneInUse(Inquiry& inquiry, std::vector<View> views, Accessibl
 Task<std::optional<std::size_t>> viewInFront(Inquiry& inquiry, Accessible frame,
                                              std::vector<View> views, std::size_t before);
 
-}  // namespace platform
+}  // namespace pinorama

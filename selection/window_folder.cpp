@@ -7,12 +7,12 @@
 #include <algorithm>
 #include <utility>
 
+namespace pinorama {
 namespace {
 constexpr int kLongestPath = 4096;  // UTF-16 units
 }  // namespace
 
-platform::Task<bool> platform::WindowFolder::read(Inquiry& inquiry, QString title,
-                                                  SharedLayout layout)
+Task<bool> WindowFolder::read(Inquiry& inquiry, QString title, SharedLayout layout)
 {
     readAt_ = Clock::now();
     if (isDesktop_) {
@@ -42,8 +42,8 @@ platform::Task<bool> platform::WindowFolder::read(Inquiry& inquiry, QString titl
     co_return true;
 }
 
-platform::Task<std::optional<platform::WindowFolder::Rows>> platform::WindowFolder::readRows(
-    Inquiry& inquiry, SharedLayout layout)
+Task<std::optional<WindowFolder::Rows>> WindowFolder::readRows(Inquiry& inquiry,
+                                                               SharedLayout layout)
 {
     auto questions = questionsAbout(layout->rowParents, [](const RowParent& parent) {
         return childCountQuestion(parent.object);
@@ -73,7 +73,7 @@ platform::Task<std::optional<platform::WindowFolder::Rows>> platform::WindowFold
     co_return rows;
 }
 
-std::optional<std::string> platform::WindowFolder::pathOf(const QString& name)
+std::optional<std::string> WindowFolder::pathOf(const QString& name)
 {
     for (std::size_t i = 0; i < likely_.size(); i++) {
         auto path = pathOfShownItem(likely_[i], name);
@@ -84,3 +84,5 @@ std::optional<std::string> platform::WindowFolder::pathOf(const QString& name)
     }
     return std::nullopt;
 }
+
+}  // namespace pinorama

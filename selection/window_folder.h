@@ -16,7 +16,7 @@
 #include "selection/folder_choice.h"
 #include "selection/frame_walk.h"
 
-namespace platform {
+namespace pinorama {
 
 class WindowFolder {
 public:
@@ -50,4 +50,4 @@ private:
     Clock::time_point readAt_;
 };
 
-}  // namespace platform
+}  // namespace pinorama

@@ -8,7 +8,7 @@
 #include <functional>
 #include <vector>
 
-namespace platform {
+namespace pinorama {
 
 struct Witness {
     QDBusMessage question;
@@ -18,4 +18,4 @@ struct Witness {
 
 using Witnesses = std::vector<Witness>;
 
-}  // namespace platform
+}  // namespace pinorama

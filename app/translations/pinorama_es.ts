@@ -21,7 +21,7 @@
     </message>
 </context>
 <context>
-    <name>AccessibilityNotice</name>
+    <name>pinorama::AccessibilityNotice</name>
     <message>
         <source>S&amp;witch On</source>
         <translation>&amp;Activar</translation>
@@ -40,7 +40,7 @@
     </message>
 </context>
 <context>
-    <name>AppController</name>
+    <name>pinorama::AppController</name>
     <message>
         <source>Open Picture</source>
         <translation>Abrir foto</translation>
@@ -51,14 +51,14 @@
     </message>
 </context>
 <context>
-    <name>ExportDialog</name>
+    <name>pinorama::ExportDialog</name>
     <message>
         <source>KML files (*.kml)</source>
         <translation>Archivos KML (*.kml)</translation>
     </message>
 </context>
 <context>
-    <name>ExportNotice</name>
+    <name>pinorama::ExportNotice</name>
     <message>
         <source>the disk is full.</source>
         <translation>el disco está lleno.</translation>
@@ -81,7 +81,7 @@
     </message>
 </context>
 <context>
-    <name>MainWindow</name>
+    <name>pinorama::MainWindow</name>
     <message>
         <source>Preview</source>
         <translation>Vista previa</translation>
@@ -228,14 +228,14 @@
     </message>
 </context>
 <context>
-    <name>Notice</name>
+    <name>pinorama::Notice</name>
     <message>
         <source>&amp;Dismiss</source>
         <translation>&amp;Ocultar</translation>
     </message>
 </context>
 <context>
-    <name>ReadingNotice</name>
+    <name>pinorama::ReadingNotice</name>
     <message>
         <source>Still reading %1...</source>
         <translation>Aún se está leyendo %1...</translation>

@@ -21,7 +21,7 @@
     </message>
 </context>
 <context>
-    <name>AccessibilityNotice</name>
+    <name>pinorama::AccessibilityNotice</name>
     <message>
         <source>S&amp;witch On</source>
         <translation>Acti&amp;ver</translation>
@@ -40,7 +40,7 @@
     </message>
 </context>
 <context>
-    <name>AppController</name>
+    <name>pinorama::AppController</name>
     <message>
         <source>Open Picture</source>
         <translation>Ouvrir une photo</translation>
@@ -51,14 +51,14 @@
     </message>
 </context>
 <context>
-    <name>ExportDialog</name>
+    <name>pinorama::ExportDialog</name>
     <message>
         <source>KML files (*.kml)</source>
         <translation>Fichiers KML (*.kml)</translation>
     </message>
 </context>
 <context>
-    <name>ExportNotice</name>
+    <name>pinorama::ExportNotice</name>
     <message>
         <source>the disk is full.</source>
         <translation>le disque est plein.</translation>
@@ -81,7 +81,7 @@
     </message>
 </context>
 <context>
-    <name>MainWindow</name>
+    <name>pinorama::MainWindow</name>
     <message>
         <source>Preview</source>
         <translation>Aperçu</translation>
@@ -228,14 +228,14 @@
     </message>
 </context>
 <context>
-    <name>Notice</name>
+    <name>pinorama::Notice</name>
     <message>
         <source>&amp;Dismiss</source>
         <translation>&amp;Masquer</translation>
     </message>
 </context>
 <context>
-    <name>ReadingNotice</name>
+    <name>pinorama::ReadingNotice</name>
     <message>
         <source>Still reading %1...</source>
         <translation>Lecture de %1 toujours en cours...</translation>

@@ -21,7 +21,7 @@
     </message>
 </context>
 <context>
-    <name>AccessibilityNotice</name>
+    <name>pinorama::AccessibilityNotice</name>
     <message>
         <source>S&amp;witch On</source>
         <translation>启用(&amp;W)</translation>
@@ -40,7 +40,7 @@
     </message>
 </context>
 <context>
-    <name>AppController</name>
+    <name>pinorama::AppController</name>
     <message>
         <source>Open Picture</source>
         <translation>打开照片</translation>
@@ -51,14 +51,14 @@
     </message>
 </context>
 <context>
-    <name>ExportDialog</name>
+    <name>pinorama::ExportDialog</name>
     <message>
         <source>KML files (*.kml)</source>
         <translation>KML 文件 (*.kml)</translation>
     </message>
 </context>
 <context>
-    <name>ExportNotice</name>
+    <name>pinorama::ExportNotice</name>
     <message>
         <source>the disk is full.</source>
         <translation>磁盘已满。</translation>
@@ -81,7 +81,7 @@
     </message>
 </context>
 <context>
-    <name>MainWindow</name>
+    <name>pinorama::MainWindow</name>
     <message>
         <source>Preview</source>
         <translation>预览</translation>
@@ -228,14 +228,14 @@
     </message>
 </context>
 <context>
-    <name>Notice</name>
+    <name>pinorama::Notice</name>
     <message>
         <source>&amp;Dismiss</source>
         <translation>关闭(&amp;D)</translation>
     </message>
 </context>
 <context>
-    <name>ReadingNotice</name>
+    <name>pinorama::ReadingNotice</name>
     <message>
         <source>Still reading %1...</source>
         <translation>仍在读取 %1...</translation>

@@ -20,6 +20,8 @@
 #include <string>
 #include <string_view>
 
+using namespace pinorama;
+
 namespace {
 using icu::UnicodeString;
 

@@ -26,8 +26,9 @@
 
 #include <unistd.h>
 
+using namespace pinorama;
+
 namespace {
-using namespace platform;
 using Clock = std::chrono::steady_clock;
 using Files = std::vector<std::unique_ptr<PictureFile>>;
 

@@ -14,10 +14,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace pinorama;
+
 namespace {
 void readOurs(const std::string& path)
 {
-    platform::releaseObject(platform::copyPictureProperties(path));
+    releaseObject(copyPictureProperties(path));
 }
 
 #ifdef PINORAMA_BENCH_EXIV2

@@ -27,6 +27,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using namespace pinorama;
+
 namespace {
 constexpr std::uint64_t kSmall = 100'000;       // bytes; a small JPEG picture is no larger
 constexpr std::uint64_t kLarge = 1'000'000;     // a large one no smaller

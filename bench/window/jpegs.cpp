@@ -12,6 +12,8 @@
 
 #include <jpeglib.h>
 
+using namespace pinorama;
+
 namespace {
 constexpr int kQuality = 92;
 constexpr int kLargeWidth = 6000;

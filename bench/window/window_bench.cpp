@@ -30,6 +30,8 @@
 #include <string>
 #include <vector>
 
+using namespace pinorama;
+
 namespace {
 constexpr int kPatience = 10'000;            // milliseconds
 constexpr unsigned kSide = 128;              // pixels of a preview
@@ -57,7 +59,7 @@ private:
 // Milliseconds until the window shows everything about a file; nothing when it never does.
 std::optional<double> look(AppController& controller, PaintWatch& watch, const std::string& path)
 {
-    const StringHolder text(platform::createPathText(path));
+    const StringHolder text(createPathText(path));
     watch.forget();
     QElapsedTimer timer;
     timer.start();
@@ -165,8 +167,8 @@ void measureFiles(AppController& controller, PaintWatch& watch,
     std::size_t without = 0;
     for (const std::string& path : files) {
         const std::string bytes = test::readFile(path);
-        platform::MemoryByteSource source(test::viewOf(bytes));
-        const auto preview = platform::makePreview(source, kSide, kSide);
+        MemoryByteSource source(test::viewOf(bytes));
+        const auto preview = makePreview(source, kSide, kSide);
         if (!preview) {
             without++;
             continue;
@@ -182,7 +184,7 @@ void measureFiles(AppController& controller, PaintWatch& watch,
         Decoded& kind = floor.pixels == 0 ? others : floor.pixels < kLarge ? small : large;
         kind.times.push_back(*time);
         if (floor.pixels != 0) kind.floors.push_back(floor.milliseconds);
-        const StringHolder elsewhere(platform::createPathText("/"));
+        const StringHolder elsewhere(createPathText("/"));
         controller.updateValuesForNewPath(elsewhere.get());
         rest(10);
         if (const auto again = look(controller, watch, path)) second.push_back(*again);

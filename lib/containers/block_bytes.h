@@ -15,12 +15,12 @@ constexpr std::uint64_t kLongestBlock = UINT32_MAX;
 [[nodiscard]] inline bool resizeBlock(std::uint8_t** block, std::uint64_t byteCount, bool isEmpty)
 {
     if (isEmpty) {
-        baseFree(*block);
+        pinorama::baseFree(*block);
         *block = nullptr;
         return true;
     }
     if (byteCount > kLongestBlock) return false;
-    void* resized = baseReallocate(*block, static_cast<std::size_t>(byteCount));
+    void* resized = pinorama::baseReallocate(*block, static_cast<std::size_t>(byteCount));
     if (resized == nullptr) return false;
     *block = static_cast<std::uint8_t*>(resized);
     return true;

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cstring>
 
+using namespace pinorama;
+
 namespace {
 constexpr std::uint32_t kLongestByWords = 32;  // bytes of an item
 

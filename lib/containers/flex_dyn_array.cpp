@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <cstring>
 
+using namespace pinorama;
+
 namespace {
 constexpr std::uint32_t kChangeReserve = 4096;  // bytes on top of what a change needs
 

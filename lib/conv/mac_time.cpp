@@ -5,6 +5,8 @@
 
 #include <cmath>
 
+using namespace pinorama;
+
 namespace {
 constexpr double kTwoTo32 = 4294967296.0;
 constexpr double kTwoTo62 = 4611686018427387904.0;
@@ -31,6 +33,6 @@ std::uint32_t macSecondsOnLocalClock(double absoluteTime)
     const double unixSeconds = baseFloor(absoluteTime) + kUnixSecondsOf2001;
     // Not true for NaN either. No zone is known for times that far away.
     if (!(std::fabs(unixSeconds) < kTwoTo62)) return inUTC;
-    const std::int64_t offset = platform::utcOffsetAt(static_cast<std::int64_t>(unixSeconds));
+    const std::int64_t offset = utcOffsetAt(static_cast<std::int64_t>(unixSeconds));
     return inUTC + static_cast<std::uint32_t>(offset);
 }

@@ -14,6 +14,8 @@
 #include <limits>
 #include <string>
 
+using namespace pinorama;
+
 namespace {
 constexpr std::uint8_t kCaseSensitive = 1;
 constexpr std::size_t kCodeLength = 4;
@@ -33,9 +35,9 @@ std::uint64_t wholeBytes(double bytes)
     return static_cast<std::uint64_t>(static_cast<std::int64_t>(bytes));
 }
 
-VardenTime readDate(const platform::DateParser* parser, std::u16string_view text)
+VardenTime readDate(const pinorama::DateParser* parser, std::u16string_view text)
 {
-    const ObjectHolder<TovDateRef> date(platform::createDateFromText(parser, text));
+    const ObjectHolder<TovDateRef> date(createDateFromText(parser, text));
     VardenTime time = 0;
     convCFDateRefToVardenTime(date.get(), &time);
     return time;
@@ -66,11 +68,11 @@ std::uint64_t convGetSizeFromStringWithUnit(TovStringRef text)
 
 std::uint32_t convStringToOSType(TovStringRef text)
 {
-    const std::u16string_view units = platform::unitsOf(text);
+    const std::u16string_view units = unitsOf(text);
     if (units.size() < kCodeLength) return 0;
     std::uint8_t bytes[kCodeLength];
     for (std::size_t i = 0; i < kCodeLength; i++) {
-        const int byte = platform::macRomanByte(units[i]);
+        const int byte = macRomanByte(units[i]);
         bytes[i] = static_cast<std::uint8_t>(byte < 0 ? ' ' : byte);
     }
     std::uint32_t code = 0;
@@ -110,29 +112,29 @@ double convRationalToFloat(std::uint32_t rational)
 
 VardenTime convGetGermanDateTimeAsVDTime(TovTypeRef dictionary, TovStringRef key)
 {
-    const TovTypeRef value = TovDictionaryGetValue(platform::asDictionary(dictionary), key);
-    return readDate(gGermanDateFormatter, platform::unitsOf(platform::asString(value)));
+    const TovTypeRef value = TovDictionaryGetValue(asDictionary(dictionary), key);
+    return readDate(gGermanDateFormatter, unitsOf(asString(value)));
 }
 
 VardenTime convGetVDTimeFromDateAndTimeString(TovStringRef date, TovStringRef time)
 {
     return baseGuardMemory([&]() -> VardenTime {
         if (date == nullptr || time == nullptr) return 0;
-        std::u16string both(platform::unitsOf(date));
+        std::u16string both(unitsOf(date));
         both += u' ';
-        both += platform::unitsOf(time);
+        both += unitsOf(time);
         return readDate(gADCDateFormatter, both);
     });
 }
 
 VardenTime convConvertiViewDate(TovStringRef text)
 {
-    return readDate(gIVIEWDateFormatter2, platform::unitsOf(text));
+    return readDate(gIVIEWDateFormatter2, unitsOf(text));
 }
 
 VardenTime convConvertiViewDateTime(TovStringRef text)
 {
-    return readDate(gIVIEWDateFormatter, platform::unitsOf(text));
+    return readDate(gIVIEWDateFormatter, unitsOf(text));
 }
 
 std::uint32_t convConvertiViewDuration(TovStringRef text)

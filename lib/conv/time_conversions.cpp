@@ -4,10 +4,12 @@
 #include "lib/conv/mac_time.h"
 #include "lib/text/date_parser.h"
 
-platform::DateParser* gGermanDateFormatter = nullptr;
-platform::DateParser* gADCDateFormatter = nullptr;
-platform::DateParser* gIVIEWDateFormatter = nullptr;
-platform::DateParser* gIVIEWDateFormatter2 = nullptr;
+using namespace pinorama;
+
+pinorama::DateParser* gGermanDateFormatter = nullptr;
+pinorama::DateParser* gADCDateFormatter = nullptr;
+pinorama::DateParser* gIVIEWDateFormatter = nullptr;
+pinorama::DateParser* gIVIEWDateFormatter2 = nullptr;
 
 namespace {
 constexpr std::uint32_t kMacSecondsOf1960 = 1767225600;
@@ -45,9 +47,9 @@ std::uint32_t macSecondsOfDate(std::int64_t year, std::int64_t month, std::int64
     return static_cast<std::uint32_t>(days * 86400);
 }
 
-void createOnce(platform::DateParser** parser, const char16_t* pattern)
+void createOnce(pinorama::DateParser** parser, const char16_t* pattern)
 {
-    if (*parser == nullptr) *parser = platform::createDateParser(pattern);
+    if (*parser == nullptr) *parser = createDateParser(pattern);
 }
 }  // namespace
 
@@ -73,7 +75,7 @@ void convMacGMTTime2VardenTime(const UTCDateTime* time, VardenTime* out)
     if (seconds == 0) return;
 
     const std::int64_t local =
-        seconds + platform::utcOffsetAt(seconds - static_cast<std::int64_t>(kMacSecondsOf1970));
+        seconds + utcOffsetAt(seconds - static_cast<std::int64_t>(kMacSecondsOf1970));
     if (local == 0) return;
     const std::uint64_t since1960 = static_cast<std::uint64_t>(local) - kMacSecondsOf1960;
     *out = static_cast<VardenTime>(since1960 / kSecondsPerMinute);

@@ -11,7 +11,7 @@
 
 #include "lib/objects/values.h"
 
-namespace platform {
+namespace pinorama {
 class DateParser;
 }
 
@@ -27,10 +27,10 @@ struct UTCDateTime {
 };
 
 // The readers that convInit makes; null before. They are shared and never released.
-extern platform::DateParser* gGermanDateFormatter;  // dd.MM.yy HH:mm
-extern platform::DateParser* gADCDateFormatter;     // MM/dd/yyyy h:m:s a
-extern platform::DateParser* gIVIEWDateFormatter;   // yyyy:MM:d HH:mm:ss
-extern platform::DateParser* gIVIEWDateFormatter2;  // yyyy:MM:d
+extern pinorama::DateParser* gGermanDateFormatter;  // dd.MM.yy HH:mm
+extern pinorama::DateParser* gADCDateFormatter;     // MM/dd/yyyy h:m:s a
+extern pinorama::DateParser* gIVIEWDateFormatter;   // yyyy:MM:d HH:mm:ss
+extern pinorama::DateParser* gIVIEWDateFormatter2;  // yyyy:MM:d
 
 // Makes the four readers. Called once at start-up; the library does not call it by itself. A second
 // call changes nothing.

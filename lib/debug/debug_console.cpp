@@ -5,18 +5,20 @@
 #include <cinttypes>
 #include <cstdio>
 
+using namespace pinorama;
+
 namespace {
 std::uint32_t gStopwatch = 0;  // the tick count at the start
 }  // namespace
 
 void debugCounterStart()
 {
-    gStopwatch = platform::tickCount();
+    gStopwatch = tickCount();
 }
 
 void debugCounterStop()
 {
-    std::printf("Skallion Time: %" PRIu32 " ticks\n", platform::tickCount() - gStopwatch);
+    std::printf("Skallion Time: %" PRIu32 " ticks\n", tickCount() - gStopwatch);
 }
 
 void debugDisplayNumber(std::int32_t value)

@@ -14,6 +14,8 @@
 #include <string>
 #include <string_view>
 
+using namespace pinorama;
+
 namespace {
 constexpr std::size_t kLongestPath = 1024;       // bytes
 constexpr std::size_t kFormatBufferSize = 2048;  // 2047 bytes and a terminator
@@ -108,7 +110,7 @@ std::int16_t debugFormat(const char* format, ...)
 {
     char text[kFormatBufferSize] = "";
     {
-        const platform::PointLocale point;
+        const PointLocale point;
         std::va_list arguments;
         va_start(arguments, format);
         // A conversion that fails leaves an empty entry. The template is the caller's.
@@ -162,7 +164,7 @@ std::int16_t debugLogFilePath(const FSRef* ref, const char* text, std::int32_t n
         debugWriteTab(entry.fork());
     }
     const StringHolder path(ref == nullptr ? nullptr : feGetPathFromFSRef(ref, 0));
-    const std::string bytes = platform::pathBytes(path.get());
+    const std::string bytes = pathBytes(path.get());
     if (bytes.size() <= kLongestPath)
         debugWriteBytes(entry.fork(), bytes.data(), static_cast<std::uint32_t>(bytes.size()));
     debugWriteReturn(entry.fork());
@@ -173,8 +175,8 @@ std::int16_t debugLogFileInformation(const FSRef* ref, const char* text, std::in
 {
     (void)debugLogFilePath(ref, text, number);
 
-    platform::CatalogueFacts facts{};
-    if (ref != nullptr) facts = platform::catalogueFactsOf(ref->path);
+    CatalogueFacts facts{};
+    if (ref != nullptr) facts = catalogueFactsOf(ref->path);
     (void)debugAddUInt16Hex(facts.nodeFlags);
     (void)debugAddUInt16Hex(facts.userPrivileges);
     (void)debugAddLongHex(facts.ownerID);

@@ -18,6 +18,8 @@
 #include <ctime>
 #include <string_view>
 
+using namespace pinorama;
+
 namespace {
 constexpr std::string_view kLogFileName = "KVL Log.txt";
 constexpr std::int32_t kDesktopFolder = 13;
@@ -43,7 +45,7 @@ void writeText(ForkRef refNum, std::string_view text)
 
 void writeBanner(ForkRef refNum)
 {
-    const platform::MachineFacts facts = platform::machineFacts();
+    const MachineFacts facts = machineFacts();
     writeText(refNum, "Skallion " PINORAMA_PROCESSOR " code running\n");
     char line[64];
     (void)std::snprintf(line, sizeof line, "Mac OS X  %" PRId32 ".%" PRId32 ".%" PRId32 "\n",
@@ -68,7 +70,7 @@ void writeNumber(ForkRef refNum, Number value)
 
 void writeUnits(ForkRef refNum, std::u16string_view units)
 {
-    if (!units.empty()) debugWriteAndReleaseCFString(refNum, platform::createString(units));
+    if (!units.empty()) debugWriteAndReleaseCFString(refNum, createString(units));
 }
 }  // namespace
 
@@ -99,7 +101,7 @@ ForkRef debugOpenLogfile()
 void debugCloseLogFile(ForkRef refNum)
 {
     if (refNum == 0) return;
-    (void)platform::flushDescriptor(refNum);
+    (void)flushDescriptor(refNum);
     (void)feCloseFork(refNum);
 }
 
@@ -149,8 +151,8 @@ void debugWriteSInt32(ForkRef refNum, std::int32_t value)
 void debugWriteDateTime(ForkRef refNum)
 {
     const std::int64_t now = std::time(nullptr);
-    writeUnits(refNum, platform::shortDate(now));
+    writeUnits(refNum, shortDate(now));
     debugWriteTab(refNum);
-    writeUnits(refNum, platform::timeWithSeconds(now));
+    writeUnits(refNum, timeWithSeconds(now));
     debugWriteTab(refNum);
 }

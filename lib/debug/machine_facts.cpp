@@ -11,6 +11,8 @@
 #include <sys/utsname.h>
 #include <unistd.h>
 
+using namespace pinorama;
+
 namespace {
 // The number that `text` begins with, taken off it; 0 when there is none.
 std::int32_t takeNumber(std::string_view* text)
@@ -25,10 +27,10 @@ std::int32_t takeNumber(std::string_view* text)
 // place. Such files have no length of their own, so they are read until they end.
 std::string beginningOf(const char* path)
 {
-    const platform::DescriptorHolder file(platform::openDescriptor(path, O_RDONLY));
+    const DescriptorHolder file(openDescriptor(path, O_RDONLY));
     if (!file) return {};
     std::string text(16 * 1024, '\0');
-    const std::int64_t read = platform::readAt(file.get(), 0, text.data(), text.size());
+    const std::int64_t read = readAt(file.get(), 0, text.data(), text.size());
     text.resize(read < 0 ? 0 : static_cast<std::size_t>(read));
     return text;
 }
@@ -42,7 +44,7 @@ std::int32_t highestClock()
 }
 }  // namespace
 
-platform::MachineFacts platform::machineFacts()
+pinorama::MachineFacts pinorama::machineFacts()
 {
     MachineFacts facts{};
 
@@ -63,7 +65,7 @@ platform::MachineFacts platform::machineFacts()
     return facts;
 }
 
-void platform::readRelease(std::string_view release, MachineFacts* facts)
+void pinorama::readRelease(std::string_view release, MachineFacts* facts)
 {
     for (std::int32_t* number : {&facts->systemMajor, &facts->systemMinor, &facts->systemFix}) {
         *number = takeNumber(&release);
@@ -72,7 +74,7 @@ void platform::readRelease(std::string_view release, MachineFacts* facts)
     }
 }
 
-std::int32_t platform::clockInProcessorList(std::string_view text)
+std::int32_t pinorama::clockInProcessorList(std::string_view text)
 {
     const std::size_t line = text.find("cpu MHz");
     if (line == std::string_view::npos) return 0;

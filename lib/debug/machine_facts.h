@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string_view>
 
-namespace platform {
+namespace pinorama {
 
 struct MachineFacts {
     std::int32_t systemMajor;  // the release of the running kernel: 6.1.27-amd64 is 6, 1, 27
@@ -26,4 +26,4 @@ void readRelease(std::string_view release, MachineFacts* facts);
 // none, as on many ARM machines.
 std::int32_t clockInProcessorList(std::string_view text);
 
-}  // namespace platform
+}  // namespace pinorama

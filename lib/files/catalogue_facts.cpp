@@ -4,6 +4,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace pinorama;
+
 namespace {
 constexpr std::uint16_t kFolder = 0x0010;
 constexpr std::uint16_t kLocked = 0x0001;
@@ -18,7 +20,7 @@ bool may(const std::string& path, int what)
 }
 }  // namespace
 
-platform::CatalogueFacts platform::catalogueFactsOf(const std::string& path)
+pinorama::CatalogueFacts pinorama::catalogueFactsOf(const std::string& path)
 {
     CatalogueFacts facts{};
     struct statx found;

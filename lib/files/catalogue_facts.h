@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string>
 
-namespace platform {
+namespace pinorama {
 
 struct CatalogueFacts {
     std::uint16_t nodeFlags;       // 0x0010 a folder, 0x0001 locked against every change
@@ -22,4 +22,4 @@ struct CatalogueFacts {
 // there is no such item or it cannot be looked at.
 CatalogueFacts catalogueFactsOf(const std::string& path);
 
-}  // namespace platform
+}  // namespace pinorama

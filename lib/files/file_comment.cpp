@@ -4,12 +4,14 @@
 
 #include <sys/xattr.h>
 
+using namespace pinorama;
+
 namespace {
 constexpr char kAttribute[] = "user.xdg.comment";
 constexpr int kAttempts = 3;
 }  // namespace
 
-std::optional<std::string> platform::readFileComment(const std::string& path)
+std::optional<std::string> pinorama::readFileComment(const std::string& path)
 {
     // The comment may grow between the question for its size and the reading.
     for (int attempt = 0; attempt < kAttempts; ++attempt) {
@@ -26,7 +28,7 @@ std::optional<std::string> platform::readFileComment(const std::string& path)
     return std::nullopt;
 }
 
-bool platform::writeFileComment(const std::string& path, std::string_view comment)
+bool pinorama::writeFileComment(const std::string& path, std::string_view comment)
 {
     return setxattr(path.c_str(), kAttribute, comment.data(), comment.size(), 0) == 0;
 }

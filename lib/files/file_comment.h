@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace platform {
+namespace pinorama {
 
 // The comment; nothing when the file has none or cannot be read.
 std::optional<std::string> readFileComment(const std::string& path);
@@ -16,4 +16,4 @@ std::optional<std::string> readFileComment(const std::string& path);
 // (about 4 KiB on ext4), and some keep no comments at all.
 bool writeFileComment(const std::string& path, std::string_view comment);
 
-}  // namespace platform
+}  // namespace pinorama

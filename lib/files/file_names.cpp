@@ -9,6 +9,8 @@
 #include <string>
 #include <string_view>
 
+using namespace pinorama;
+
 namespace {
 constexpr std::size_t kLongestName = 255;  // units of a counted name
 constexpr int kLastNumber = 100;
@@ -21,7 +23,7 @@ char16_t safeUnit(char16_t unit)
 
 std::u16string_view shown(TovStringRef text)
 {
-    return text == nullptr ? u"(null)" : platform::unitsOf(text);
+    return text == nullptr ? u"(null)" : unitsOf(text);
 }
 }  // namespace
 
@@ -52,7 +54,7 @@ TovStringRef feGetUniqueFileName(const FSRef* parent, TovStringRef base, TovStri
             const std::string digits = std::to_string(number);
             units.append(digits.begin(), digits.end());
             units += shown(suffix);
-            ObjectHolder<TovStringRef> name(platform::createString(units));
+            ObjectHolder<TovStringRef> name(createString(units));
             if (!name || number == kLastNumber || !feItemExists(parent, name.get())) {
                 return name.take();
             }

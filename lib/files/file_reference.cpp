@@ -11,10 +11,12 @@
 #include <cerrno>
 #include <utility>
 
+using namespace pinorama;
+
 namespace {
 std::int32_t lastStatus()
 {
-    return platform::statusOfErrno(errno);
+    return statusOfErrno(errno);
 }
 }  // namespace
 
@@ -28,7 +30,7 @@ std::int32_t feMakeFSRefFromPath(TovStringRef path, FSRef* outRef)
 std::int32_t feMakeFSRefFromBytes(const char* path, FSRef* outRef)
 {
     return baseGuardMemory(kErrNoMemory, [&] {
-        std::string resolved = platform::resolvedPath(path);
+        std::string resolved = resolvedPath(path);
         if (resolved.empty()) return lastStatus();
         outRef->path = std::move(resolved);
         return kErrNone;
@@ -38,8 +40,8 @@ std::int32_t feMakeFSRefFromBytes(const char* path, FSRef* outRef)
 std::int32_t feMakeFSRefFromParent(const FSRef* parent, TovStringRef name, FSRef* outRef)
 {
     return baseGuardMemory(kErrNoMemory, [&] {
-        std::string path = platform::childPath(parent->path, platform::pathBytes(name));
-        if (path.empty() || !platform::itemExists(path)) return lastStatus();
+        std::string path = childPath(parent->path, pathBytes(name));
+        if (path.empty() || !itemExists(path)) return lastStatus();
         outRef->path = std::move(path);
         return kErrNone;
     });
@@ -48,7 +50,7 @@ std::int32_t feMakeFSRefFromParent(const FSRef* parent, TovStringRef name, FSRef
 std::int32_t feGetFSRefFromCFURL(TovStringRef fileURL, FSRef* outRef)
 {
     return baseGuardMemory(kErrBadArgument, [&] {
-        const auto path = platform::pathOfFileURI(platform::pathBytes(fileURL));
+        const auto path = pathOfFileURI(pathBytes(fileURL));
         if (!path) return kErrBadArgument;
         return feMakeFSRefFromBytes(path->c_str(), outRef) == kErrNone ? kErrNone : kErrBadArgument;
     });
@@ -57,8 +59,8 @@ std::int32_t feGetFSRefFromCFURL(TovStringRef fileURL, FSRef* outRef)
 std::int32_t feGetParentRef(const FSRef* ref, FSRef* outParent)
 {
     return baseGuardMemory(kErrNoMemory, [&] {
-        if (!platform::itemExists(ref->path)) return lastStatus();
-        std::string folder = platform::folderOf(ref->path);
+        if (!itemExists(ref->path)) return lastStatus();
+        std::string folder = folderOf(ref->path);
         if (folder.empty()) return kErrNotFound;
         outParent->path = std::move(folder);
         return kErrNone;
@@ -67,20 +69,20 @@ std::int32_t feGetParentRef(const FSRef* ref, FSRef* outParent)
 
 TovStringRef feGetPathFromFSRef(const FSRef* ref, std::int32_t pathStyle)
 {
-    if (pathStyle != 0 || !platform::itemExists(ref->path)) return nullptr;
-    return platform::createPathText(ref->path);
+    if (pathStyle != 0 || !itemExists(ref->path)) return nullptr;
+    return createPathText(ref->path);
 }
 
 TovStringRef feGetItemNameFromRef(const FSRef* ref)
 {
-    if (!platform::itemExists(ref->path)) return nullptr;
-    return platform::createPathText(platform::nameOf(ref->path));
+    if (!itemExists(ref->path)) return nullptr;
+    return createPathText(nameOf(ref->path));
 }
 
 bool feItemExists(const FSRef* parent, TovStringRef name)
 {
     return baseGuardMemory([&]() -> bool {
-        const std::string path = platform::childPath(parent->path, platform::pathBytes(name));
-        return !path.empty() && platform::itemExists(path);
+        const std::string path = childPath(parent->path, pathBytes(name));
+        return !path.empty() && itemExists(path);
     });
 }

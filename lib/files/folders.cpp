@@ -17,17 +17,19 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+using namespace pinorama;
+
 namespace {
 constexpr std::int32_t kDesktopFolder = 13;
 
 std::int32_t lastStatus()
 {
-    return platform::statusOfErrno(errno);
+    return statusOfErrno(errno);
 }
 
 std::string childPath(const FSRef* parent, TovStringRef name)
 {
-    return platform::childPath(parent->path, platform::pathBytes(name));
+    return pinorama::childPath(parent->path, pathBytes(name));
 }
 
 void store(std::string path, FSRef* outRef)
@@ -54,7 +56,7 @@ std::int32_t feCreateAndOpenDataFileUnicode(const FSRef* parent, TovStringRef na
         *outForkRef = 0;
         std::string path = childPath(parent, name);
         if (path.empty()) return lastStatus();
-        ForkCloser fork(platform::openDescriptor(path.c_str(), O_RDWR | O_CREAT | O_EXCL));
+        ForkCloser fork(openDescriptor(path.c_str(), O_RDWR | O_CREAT | O_EXCL));
         if (!fork) return lastStatus();
         store(std::move(path), outRef);
         *outForkRef = fork.take();
@@ -65,13 +67,12 @@ std::int32_t feCreateAndOpenDataFileUnicode(const FSRef* parent, TovStringRef na
 std::int32_t feRenameFolder(const FSRef* ref, TovStringRef name, FSRef* outRef)
 {
     return baseGuardMemory(kErrNoMemory, [&] {
-        if (!platform::itemExists(ref->path)) return lastStatus();
-        const std::string folder = platform::folderOf(ref->path);
+        if (!itemExists(ref->path)) return lastStatus();
+        const std::string folder = folderOf(ref->path);
         if (folder.empty()) return kErrBusy;  // the root folder has no name of its own
-        std::string path = platform::childPath(folder, platform::pathBytes(name));
+        std::string path = childPath(folder, pathBytes(name));
         if (path.empty()) return lastStatus();
-        if (path != ref->path && !platform::moveWithoutReplacing(ref->path, path))
-            return lastStatus();
+        if (path != ref->path && !moveWithoutReplacing(ref->path, path)) return lastStatus();
         store(std::move(path), outRef);
         return kErrNone;
     });
@@ -82,13 +83,13 @@ std::int32_t feGetFirstFileInFolderWithSuffix(const FSRef* folder, TovStringRef 
 {
     return baseGuardMemory(kErrNothingUsable, [&] {
         std::string first;
-        for (std::string& name : platform::namesInFolder(folder->path)) {
-            const ObjectHolder<TovStringRef> text(platform::createPathText(name));
+        for (std::string& name : namesInFolder(folder->path)) {
+            const ObjectHolder<TovStringRef> text(createPathText(name));
             if (!TovStringEndsWith(text.get(), suffix, 0)) continue;
             if (first.empty() || name < first) first = std::move(name);
         }
         if (first.empty()) return kErrNothingUsable;
-        outRef->path = platform::childPath(folder->path, first);
+        outRef->path = childPath(folder->path, first);
         return kErrNone;
     });
 }
@@ -97,9 +98,9 @@ std::uint64_t feGetFolderSize(const FSRef* folder)
 {
     return baseGuardMemory([&]() -> std::uint64_t {
         std::uint64_t sum = 0;
-        for (const std::string& name : platform::namesInFolder(folder->path)) {
+        for (const std::string& name : namesInFolder(folder->path)) {
             struct stat facts = {};
-            const std::string path = platform::childPath(folder->path, name);
+            const std::string path = childPath(folder->path, name);
             if (lstat(path.c_str(), &facts) != 0 || S_ISDIR(facts.st_mode)) continue;
             sum += static_cast<std::uint64_t>(facts.st_size);
         }
@@ -111,8 +112,8 @@ TovStringRef feGetPathOfSpecialFolder(std::int32_t folderNumber)
 {
     return baseGuardMemory([&]() -> TovStringRef {
         if (folderNumber != kDesktopFolder) return nullptr;
-        const std::string desktop = platform::desktopFolder();
-        if (desktop.empty() || !platform::makeFolders(desktop, 0777)) return nullptr;
-        return platform::createPathText(desktop);
+        const std::string desktop = desktopFolder();
+        if (desktop.empty() || !makeFolders(desktop, 0777)) return nullptr;
+        return createPathText(desktop);
     });
 }

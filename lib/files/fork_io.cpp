@@ -13,6 +13,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace pinorama;
+
 HFSUniStr255 forkName = {};
 
 namespace {
@@ -26,7 +28,7 @@ bool isFork(ForkRef forkRef)
 
 std::int32_t lastStatus()
 {
-    return platform::statusOfErrno(errno);
+    return statusOfErrno(errno);
 }
 
 // The status of a transfer that moved `moved` bytes, or failed with -1.
@@ -50,7 +52,7 @@ std::int32_t feCreateAndOpenTextFile(TovStringRef path, ForkRef* outForkRef)
     if (!block) return kErrNoMemory;
 
     // Whether the file could be made shows when it is opened.
-    (void)ForkCloser(platform::openDescriptor(block.bytes(), O_CREAT, 0777));
+    (void)ForkCloser(openDescriptor(block.bytes(), O_CREAT, 0777));
 
     FSRef ref;
     const std::int32_t status = feMakeFSRefFromBytes(block.bytes(), &ref);
@@ -67,10 +69,10 @@ std::int32_t feOpenExistingFileRef(const FSRef* ref, ForkRef* outForkRef,
         return stat(ref->path.c_str(), &facts) == 0 ? kErrNothingUsable : lastStatus();
     }
     const int flags = writePermission == 1 ? O_RDWR : O_RDONLY;
-    ForkCloser fork(platform::openDescriptor(ref->path.c_str(), flags));
+    ForkCloser fork(openDescriptor(ref->path.c_str(), flags));
     if (!fork || fstat(fork.get(), &facts) != 0) return lastStatus();
     // The system opens folders for reading; no byte could be read from one.
-    if (S_ISDIR(facts.st_mode)) return platform::statusOfErrno(EISDIR);
+    if (S_ISDIR(facts.st_mode)) return statusOfErrno(EISDIR);
     *outForkRef = fork.take();
     return kErrNone;
 }
@@ -85,20 +87,20 @@ std::int32_t feCloseFork(ForkRef forkRef)
 std::int32_t feReadFromFile(ForkRef forkRef, std::int64_t offset, std::uint32_t count, void* buffer)
 {
     if (!isFork(forkRef)) return kErrNotOpen;
-    return statusOfTransfer(platform::readAt(forkRef, offset, buffer, count), count);
+    return statusOfTransfer(readAt(forkRef, offset, buffer, count), count);
 }
 
 std::int32_t feWriteToFile(ForkRef forkRef, std::int64_t offset, std::uint32_t count,
                            const void* buffer)
 {
     if (!isFork(forkRef)) return kErrNotOpen;
-    return statusOfTransfer(platform::writeAt(forkRef, offset, buffer, count), count);
+    return statusOfTransfer(writeAt(forkRef, offset, buffer, count), count);
 }
 
 std::int32_t feAppendToFile(ForkRef forkRef, std::uint32_t count, const void* buffer)
 {
     if (!isFork(forkRef)) return kErrNotOpen;
-    return statusOfTransfer(platform::appendTo(forkRef, buffer, count), count);
+    return statusOfTransfer(appendTo(forkRef, buffer, count), count);
 }
 
 std::int32_t feGetEOF(ForkRef forkRef, std::int64_t* outSize)

@@ -14,7 +14,7 @@
 #include "lib/objects/string.h"
 
 // Owns an open fork while it is being worked with, and closes it at the end of the scope.
-using ForkCloser = platform::DescriptorHolder;
+using ForkCloser = pinorama::DescriptorHolder;
 
 // The name of the data fork; empty, as it always is.
 extern HFSUniStr255 forkName;

@@ -7,6 +7,8 @@
 
 #include <sys/stat.h>
 
+using namespace pinorama;
+
 namespace {
 constexpr std::int64_t kSecondsFrom1904To1970 = 2082844800;
 
@@ -29,7 +31,7 @@ std::int32_t feGetFileTypeAndCreator(const FSRef* ref, std::uint32_t* outType,
     *outType = 0;
     *outCreator = 0;
     struct stat facts = {};
-    return look(ref, &facts) ? kErrNone : platform::statusOfErrno(errno);
+    return look(ref, &facts) ? kErrNone : statusOfErrno(errno);
 }
 
 std::int64_t feGetFileDataSize(const FSRef* ref)

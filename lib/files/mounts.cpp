@@ -10,6 +10,8 @@
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
 
+using namespace pinorama;
+
 namespace {
 namespace fs = std::filesystem;
 
@@ -67,7 +69,7 @@ fs::path diskOf(std::uint64_t device)
 }
 }  // namespace
 
-std::vector<platform::Mount> platform::mountsInText(std::string_view text)
+std::vector<pinorama::Mount> pinorama::mountsInText(std::string_view text)
 {
     std::vector<Mount> mounts;
     while (!text.empty()) {
@@ -86,7 +88,7 @@ std::vector<platform::Mount> platform::mountsInText(std::string_view text)
     return mounts;
 }
 
-std::vector<platform::Mount> platform::mountedVolumes()
+std::vector<pinorama::Mount> pinorama::mountedVolumes()
 {
     std::ostringstream text;
     text << std::ifstream("/proc/self/mountinfo").rdbuf();
@@ -98,7 +100,7 @@ std::vector<platform::Mount> platform::mountedVolumes()
     return mounts;
 }
 
-std::uint32_t platform::countVolumesOnDisk(std::uint64_t device)
+std::uint32_t pinorama::countVolumesOnDisk(std::uint64_t device)
 {
     const fs::path disk = diskOf(device);
     std::set<std::uint64_t> volumes = {device};

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace platform {
+namespace pinorama {
 
 struct Mount {
     std::uint64_t device;  // as st_dev tells it
@@ -26,4 +26,4 @@ std::vector<Mount> mountedVolumes();
 // that is on no disk, such as a network volume or one in memory, is alone.
 std::uint32_t countVolumesOnDisk(std::uint64_t device);
 
-}  // namespace platform
+}  // namespace pinorama

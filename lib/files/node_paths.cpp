@@ -13,19 +13,21 @@
 #include <dirent.h>
 #include <sys/stat.h>
 
+using namespace pinorama;
+
 namespace {
 constexpr std::size_t kMostRemembered = 512;  // nodes
 constexpr int kMostSearched = 5000;           // items looked at below one place
 constexpr int kDeepestSearch = 3;             // folders below a place
 
 struct NodePath {
-    platform::Node node;
+    Node node;
     std::string path;
 };
 
 std::deque<NodePath> gSeen;  // the latest first
 
-bool look(const std::string& path, platform::Node* node)
+bool look(const std::string& path, pinorama::Node* node)
 {
     struct stat facts = {};
     if (lstat(path.c_str(), &facts) != 0) return false;
@@ -33,13 +35,13 @@ bool look(const std::string& path, platform::Node* node)
     return true;
 }
 
-bool isAt(const platform::Node& node, const std::string& path)
+bool isAt(const pinorama::Node& node, const std::string& path)
 {
-    platform::Node found = {};
+    Node found = {};
     return look(path, &found) && found == node;
 }
 
-void remember(const platform::Node& node, const std::string& path)
+void remember(const pinorama::Node& node, const std::string& path)
 {
     std::erase_if(gSeen, [&](const NodePath& seen) { return seen.node == node; });
     gSeen.push_front({node, path});
@@ -51,7 +53,7 @@ struct CloseFolder {
 };
 
 // Looks for a node below `place`, level by level and never on another volume.
-std::string searchBelow(const std::string& place, const platform::Node& node)
+std::string searchBelow(const std::string& place, const pinorama::Node& node)
 {
     struct Level {
         std::string path;
@@ -60,13 +62,13 @@ std::string searchBelow(const std::string& place, const platform::Node& node)
     std::deque<Level> waiting = {{place, 0}};
     for (int left = kMostSearched; !waiting.empty(); waiting.pop_front()) {
         const Level level = waiting.front();
-        platform::Node here = {};
+        Node here = {};
         if (!look(level.path, &here) || here.volume != node.volume) continue;
         const std::unique_ptr<DIR, CloseFolder> folder(opendir(level.path.c_str()));
         if (!folder) continue;
         while (const dirent* item = readdir(folder.get())) {
             if (left-- == 0) return {};
-            const std::string path = platform::childPath(level.path, item->d_name);
+            const std::string path = childPath(level.path, item->d_name);
             if (path.empty()) continue;  // "." and ".."
             if (item->d_ino == node.number && isAt(node, path)) return path;
             if (item->d_type == DT_DIR && level.depth + 1 < kDeepestSearch) {
@@ -77,22 +79,21 @@ std::string searchBelow(const std::string& place, const platform::Node& node)
     return {};
 }
 
-std::string searchAround(const std::string& place, const platform::Node& node)
+std::string searchAround(const std::string& place, const pinorama::Node& node)
 {
-    for (std::string path = place; !path.empty(); path = platform::folderOf(path)) {
+    for (std::string path = place; !path.empty(); path = folderOf(path)) {
         if (isAt(node, path)) return path;
     }
     return searchBelow(place, node);
 }
 
-std::string search(const platform::Node& node)
+std::string search(const pinorama::Node& node)
 {
-    for (const platform::Mount& mount : platform::mountedVolumes()) {
+    for (const Mount& mount : mountedVolumes()) {
         if (mount.device == node.volume && isAt(node, mount.folder)) return mount.folder;
     }
     std::error_code ignored;
-    const std::string places[] = {std::filesystem::current_path(ignored).string(),
-                                  platform::homeFolder(),
+    const std::string places[] = {std::filesystem::current_path(ignored).string(), homeFolder(),
                                   std::filesystem::temp_directory_path(ignored).string()};
     for (const std::string& place : places) {
         if (place.empty()) continue;
@@ -103,14 +104,14 @@ std::string search(const platform::Node& node)
 }
 }  // namespace
 
-bool platform::nodeAt(const std::string& path, Node* node)
+bool pinorama::nodeAt(const std::string& path, Node* node)
 {
     if (!look(path, node)) return false;
     remember(*node, path);
     return true;
 }
 
-std::string platform::pathOfNode(const Node& node)
+std::string pinorama::pathOfNode(const Node& node)
 {
     for (const NodePath& seen : gSeen) {
         if (seen.node == node && isAt(node, seen.path)) return seen.path;

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string>
 
-namespace platform {
+namespace pinorama {
 
 // A file or folder as the system counts them: st_dev and st_ino.
 struct Node {
@@ -26,4 +26,4 @@ bool nodeAt(const std::string& path, Node* node);
 // ENOENT when the node is in none of these places.
 std::string pathOfNode(const Node& node);
 
-}  // namespace platform
+}  // namespace pinorama

@@ -7,19 +7,21 @@
 #include <cstring>
 #include <string>
 
+using namespace pinorama;
+
 PathBlock::PathBlock(const TovString* path)
 {
-    const std::u16string_view units = platform::unitsOf(path);
-    const std::int32_t count = platform::countBytesOfUTF8(units);
+    const std::u16string_view units = unitsOf(path);
+    const std::int32_t count = countBytesOfUTF8(units);
     if (count >= 0) {
         const auto size = static_cast<std::size_t>(count);
         block_ = BlockHolder(baseAllocateZeroed(size + 2));
         // All of it: it has been counted, and what had no room would be zero bytes.
-        if (block_) (void)platform::encodeUTF8(units, {static_cast<char*>(block_.get()), size});
+        if (block_) (void)encodeUTF8(units, {static_cast<char*>(block_.get()), size});
         return;
     }
     block_ = baseGuardMemory([path] {
-        const std::string raw = platform::pathBytes(path);
+        const std::string raw = pathBytes(path);
         BlockHolder block(baseAllocateZeroed(raw.size() + 2));
         if (block) std::memcpy(block.get(), raw.data(), raw.size());
         return block;

@@ -16,5 +16,5 @@ public:
     const char* bytes() const { return static_cast<const char*>(block_.get()); }
 
 private:
-    BlockHolder block_;
+    pinorama::BlockHolder block_;
 };

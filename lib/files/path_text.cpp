@@ -4,6 +4,8 @@
 #include "base/utf8.h"
 #include "lib/text/byte_texts.h"
 
+using namespace pinorama;
+
 namespace {
 constexpr char16_t kFirstByteUnit = 0xdc80;  // U+DC00 + 0x80
 constexpr char16_t kLastByteUnit = 0xdcff;
@@ -22,7 +24,7 @@ bool isLowSurrogate(char16_t unit)
 std::size_t validCharacterLength(std::string_view bytes)
 {
     for (std::size_t length = 1; length <= 4 && length <= bytes.size(); length++) {
-        if (platform::countUnitsOfUTF8(bytes.substr(0, length)) > 0) return length;
+        if (countUnitsOfUTF8(bytes.substr(0, length)) > 0) return length;
     }
     return 0;
 }
@@ -38,14 +40,14 @@ std::u16string unitsOfDamagedPath(std::string_view bytes)
             continue;
         }
         char16_t character[2];
-        units.append(character, platform::decodeUTF8(bytes.substr(0, length), character));
+        units.append(character, decodeUTF8(bytes.substr(0, length), character));
         bytes.remove_prefix(length);
     }
     return units;
 }
 }  // namespace
 
-TovStringRef platform::createPathText(std::string_view bytes)
+TovStringRef pinorama::createPathText(std::string_view bytes)
 {
     return baseGuardMemory([&]() -> TovStringRef {
         if (countUnitsOfUTF8(bytes) >= 0) return createStringFromUTF8(bytes);
@@ -53,7 +55,7 @@ TovStringRef platform::createPathText(std::string_view bytes)
     });
 }
 
-std::string platform::pathBytes(const TovString* path)
+std::string pinorama::pathBytes(const TovString* path)
 {
     const std::u16string_view units = unitsOf(path);
     const std::int32_t byteCount = countBytesOfUTF8(units);

@@ -9,7 +9,7 @@
 
 #include "lib/objects/string.h"
 
-namespace platform {
+namespace pinorama {
 
 // Returns a new immutable text of a path's bytes, or null when memory runs out.
 [[nodiscard]] TovStringRef createPathText(std::string_view bytes);
@@ -18,4 +18,4 @@ namespace platform {
 // U+FFFD, which names no existing file.
 std::string pathBytes(const TovString* path);
 
-}  // namespace platform
+}  // namespace pinorama

@@ -11,12 +11,14 @@
 #include <cstdio>
 #include <string>
 
-using platform::TrashName;
+using namespace pinorama;
+
+using pinorama::TrashName;
 
 namespace {
 std::int32_t lastStatus()
 {
-    return platform::statusOfErrno(errno);
+    return statusOfErrno(errno);
 }
 
 std::int32_t deleteForGood(const std::string& path)
@@ -27,12 +29,12 @@ std::int32_t deleteForGood(const std::string& path)
 std::string nameForAClash()
 {
     std::int32_t random = 0;
-    (void)platform::fillWithRandomBytes(&random, sizeof random);
-    return "Skallion Folder " + std::to_string(static_cast<std::int32_t>(platform::tickCount())) +
-           " " + std::to_string(random);
+    (void)fillWithRandomBytes(&random, sizeof random);
+    return "Skallion Folder " + std::to_string(static_cast<std::int32_t>(tickCount())) + " " +
+           std::to_string(random);
 }
 // The end of a move: without any Trash the item is deleted.
-std::int32_t endWith(const platform::TrashResult& result, const FSRef* ref)
+std::int32_t endWith(const pinorama::TrashResult& result, const FSRef* ref)
 {
     if (result.status == kErrNone || result.hasTrash) return result.status;
     return deleteForGood(ref->path);
@@ -42,23 +44,23 @@ std::int32_t endWith(const platform::TrashResult& result, const FSRef* ref)
 std::int32_t feDeleteFileAtPath(const char* utf8Path)
 {
     const std::string path = utf8Path == nullptr ? "" : utf8Path;
-    if (!platform::itemExists(path)) return lastStatus();
+    if (!itemExists(path)) return lastStatus();
     (void)deleteForGood(path);  // only the path's own error is reported
     return kErrNone;
 }
 
 std::int32_t feMoveFileToTrash(const FSRef* ref)
 {
-    const auto name = platform::nameOf(ref->path);
-    return endWith(platform::moveToTrash(ref->path, name, TrashName::any), ref);
+    const auto name = nameOf(ref->path);
+    return endWith(moveToTrash(ref->path, name, TrashName::any), ref);
 }
 
 std::int32_t feMoveFolderToTrash(const FSRef* ref)
 {
-    const auto name = platform::nameOf(ref->path);
-    auto result = platform::moveToTrash(ref->path, name, TrashName::wantedOnly);
+    const auto name = nameOf(ref->path);
+    auto result = moveToTrash(ref->path, name, TrashName::wantedOnly);
     if (result.status == kErrExists) {
-        result = platform::moveToTrash(ref->path, nameForAClash(), TrashName::wantedOnly);
+        result = moveToTrash(ref->path, nameForAClash(), TrashName::wantedOnly);
     }
     return endWith(result, ref);
 }

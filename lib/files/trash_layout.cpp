@@ -14,6 +14,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace pinorama;
+
 namespace {
 constexpr std::string_view kInfoSuffix = ".trashinfo";
 constexpr std::size_t kLongestName = 255;  // bytes, the information file's suffix included
@@ -27,7 +29,7 @@ struct Trash {
 
 std::int32_t lastStatus()
 {
-    return platform::statusOfErrno(errno);
+    return statusOfErrno(errno);
 }
 
 // The device of what is at `path` itself; 0 with errno set when there is nothing.
@@ -41,9 +43,9 @@ dev_t deviceOf(const std::string& path)
 std::string topFolderOf(const std::string& path)
 {
     const dev_t device = deviceOf(path);
-    std::string top = platform::folderOf(path);
+    std::string top = folderOf(path);
     while (true) {
-        std::string above = platform::folderOf(top);
+        std::string above = folderOf(top);
         if (above.empty() || deviceOf(above) != device) return top;
         top = std::move(above);
     }
@@ -83,16 +85,16 @@ std::string informationText(const Trash& trash, std::string_view path)
     std::tm local = {};
     localtime_r(&now, &local);
     (void)std::strftime(date, sizeof date, "%Y-%m-%dT%H:%M:%S", &local);
-    return "[Trash Info]\nPath=" + platform::escapedPath(path) + "\nDeletionDate=" + date + "\n";
+    return "[Trash Info]\nPath=" + escapedPath(path) + "\nDeletionDate=" + date + "\n";
 }
 
 // Makes the information file, which claims the name. False with errno set, EEXIST for a taken name.
 bool writeInformation(const std::string& infoPath, const std::string& text)
 {
-    const platform::DescriptorHolder file(
-        platform::openDescriptor(infoPath.c_str(), O_WRONLY | O_CREAT | O_EXCL, 0600));
+    const DescriptorHolder file(
+        openDescriptor(infoPath.c_str(), O_WRONLY | O_CREAT | O_EXCL, 0600));
     if (!file) return false;
-    const std::int64_t written = platform::writeAt(file.get(), 0, text.data(), text.size());
+    const std::int64_t written = writeAt(file.get(), 0, text.data(), text.size());
     if (written == static_cast<std::int64_t>(text.size())) return true;
     if (written >= 0) errno = ENOSPC;
     const int error = errno;
@@ -107,7 +109,7 @@ bool moveAs(const Trash& trash, const std::string& path, const std::string& name
     std::string infoPath = trash.folder + "/info/" + name;
     infoPath += kInfoSuffix;
     if (!writeInformation(infoPath, informationText(trash, path))) return false;
-    if (platform::moveWithoutReplacing(path, trash.folder + "/files/" + name)) return true;
+    if (moveWithoutReplacing(path, trash.folder + "/files/" + name)) return true;
     const int error = errno;
     unlink(infoPath.c_str());
     errno = error;
@@ -135,11 +137,11 @@ std::string numberedName(std::string_view name, int number)
 
 // True when the item is in the Trash at the end; false with errno set.
 bool moveInto(const Trash& trash, const std::string& path, std::string_view wantedName,
-              platform::TrashName naming)
+              TrashName naming)
 {
     for (int number = 1; number <= kLargestNumber; number++) {
         if (moveAs(trash, path, numberedName(wantedName, number))) return true;
-        if (errno != EEXIST || naming == platform::TrashName::wantedOnly) return false;
+        if (errno != EEXIST || naming == TrashName::wantedOnly) return false;
     }
     return false;
 }
@@ -148,16 +150,16 @@ bool moveInto(const Trash& trash, const std::string& path, std::string_view want
 // only when its turn comes; false when it cannot be made.
 bool makeHomeTrash(const std::string& path, Trash* trash)
 {
-    const std::string data = platform::dataFolder();
+    const std::string data = dataFolder();
     *trash = {data + "/Trash", ""};
-    return !data.empty() && platform::makeFolders(trash->folder, 0700) &&
+    return !data.empty() && makeFolders(trash->folder, 0700) &&
            deviceOf(trash->folder) == deviceOf(path) && makeInside(trash->folder);
 }
 
 bool makeSharedTrash(const std::string& path, Trash* trash)
 {
     const std::string top = topFolderOf(path);
-    const std::string shared = platform::childPath(top, ".Trash");
+    const std::string shared = childPath(top, ".Trash");
     *trash = {shared + "/" + std::to_string(geteuid()), top};
     return isSharedTrash(shared) && makePrivateFolder(trash->folder) && makeInside(trash->folder);
 }
@@ -165,12 +167,12 @@ bool makeSharedTrash(const std::string& path, Trash* trash)
 bool makeOwnTrash(const std::string& path, Trash* trash)
 {
     const std::string top = topFolderOf(path);
-    *trash = {platform::childPath(top, ".Trash-" + std::to_string(geteuid())), top};
+    *trash = {childPath(top, ".Trash-" + std::to_string(geteuid())), top};
     return makePrivateFolder(trash->folder) && makeInside(trash->folder);
 }
 }  // namespace
 
-platform::TrashResult platform::moveToTrash(const std::string& path, std::string_view wantedName,
+pinorama::TrashResult pinorama::moveToTrash(const std::string& path, std::string_view wantedName,
                                             TrashName naming)
 {
     if (!itemExists(path)) return {lastStatus(), false};

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace platform {
+namespace pinorama {
 
 enum class TrashName {
     any,         // a number is added to the name until it is free in the Trash
@@ -28,4 +28,4 @@ struct TrashResult {
 // The status is -48 when the name is taken and no other one was allowed.
 TrashResult moveToTrash(const std::string& path, std::string_view wantedName, TrashName naming);
 
-}  // namespace platform
+}  // namespace pinorama

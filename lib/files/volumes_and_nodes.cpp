@@ -22,27 +22,29 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+using namespace pinorama;
+
 namespace {
 constexpr std::size_t kLongestName = 63;  // bytes
 
 std::int32_t lastStatus()
 {
-    return platform::statusOfErrno(errno);
+    return statusOfErrno(errno);
 }
 
 // The path that a specification names, of an item that need not exist. Empty with errno set.
 std::string pathOf(const FSSpec* spec)
 {
-    std::string folder = platform::pathOfNode({spec->volume, spec->parentNode});
+    std::string folder = pathOfNode({spec->volume, spec->parentNode});
     const std::size_t length = std::min<std::size_t>(spec->name[0], kLongestName);
     if (folder.empty() || length == 0) return folder;
-    const ObjectHolder<TovStringRef> name(platform::createStringFromMacRoman(
-        {reinterpret_cast<const char*>(spec->name + 1), length}));
+    const ObjectHolder<TovStringRef> name(
+        createStringFromMacRoman({reinterpret_cast<const char*>(spec->name + 1), length}));
     if (!name) {
         errno = ENOMEM;
         return {};
     }
-    return platform::childPath(folder, platform::pathBytes(name.get()));
+    return childPath(folder, pathBytes(name.get()));
 }
 
 // The reference of an existing item.
@@ -50,7 +52,7 @@ std::int32_t referenceOf(const FSSpec* spec, FSRef* outRef)
 {
     return baseGuardMemory(kErrNoMemory, [&] {
         std::string path = pathOf(spec);
-        if (path.empty() || !platform::itemExists(path)) return lastStatus();
+        if (path.empty() || !itemExists(path)) return lastStatus();
         outRef->path = std::move(path);
         return kErrNone;
     });
@@ -78,21 +80,20 @@ std::int32_t feMakeFSSpec(std::uint64_t volume, std::uint64_t parentNode, const 
 std::int32_t feMakeFSSpecFromFSRef(const FSRef* ref, FSSpec* outSpec)
 {
     return baseGuardMemory(kErrNoMemory, [&] {
-        if (!platform::itemExists(ref->path)) return lastStatus();
+        if (!itemExists(ref->path)) return lastStatus();
         // The root folder is in no other one; it is named by its own node.
-        std::string folder = platform::folderOf(ref->path);
+        std::string folder = folderOf(ref->path);
         const bool isRoot = folder.empty();
-        platform::Node node = {};
-        if (!platform::nodeAt(isRoot ? ref->path : folder, &node)) return lastStatus();
+        Node node = {};
+        if (!nodeAt(isRoot ? ref->path : folder, &node)) return lastStatus();
 
-        const ObjectHolder<TovStringRef> name(
-            platform::createPathText(isRoot ? "" : platform::nameOf(ref->path)));
+        const ObjectHolder<TovStringRef> name(createPathText(isRoot ? "" : nameOf(ref->path)));
         if (!name) return kErrNoMemory;
-        const std::u16string_view units = platform::unitsOf(name.get());
-        if (units.size() > kLongestName || !platform::isMacRoman(units)) return kErrBadName;
+        const std::u16string_view units = unitsOf(name.get());
+        if (units.size() > kLongestName || !isMacRoman(units)) return kErrBadName;
         *outSpec = {node.volume, node.number, {}};
         outSpec->name[0] = static_cast<std::uint8_t>(units.size());
-        platform::encodeMacRoman(units, reinterpret_cast<char*>(outSpec->name + 1));
+        encodeMacRoman(units, reinterpret_cast<char*>(outSpec->name + 1));
         return kErrNone;
     });
 }
@@ -100,7 +101,7 @@ std::int32_t feMakeFSSpecFromFSRef(const FSRef* ref, FSSpec* outSpec)
 std::int32_t feMakeFSRefFromNodeID(std::uint64_t volume, std::uint64_t node, FSRef* outRef)
 {
     return baseGuardMemory(kErrNoMemory, [&] {
-        std::string path = platform::pathOfNode({volume, node});
+        std::string path = pathOfNode({volume, node});
         if (path.empty()) return lastStatus();
         outRef->path = std::move(path);
         return kErrNone;
@@ -116,8 +117,8 @@ std::int32_t feGetDirID(const FSSpec* spec, std::uint64_t* outNode)
         struct stat facts = {};
         if (lstat(ref.path.c_str(), &facts) != 0) return lastStatus();
         if (!S_ISDIR(facts.st_mode)) return kErrNotAFolder;
-        platform::Node node = {};
-        if (!platform::nodeAt(ref.path, &node)) return lastStatus();
+        Node node = {};
+        if (!nodeAt(ref.path, &node)) return lastStatus();
         *outNode = node.number;
         return kErrNone;
     });
@@ -126,8 +127,8 @@ std::int32_t feGetDirID(const FSSpec* spec, std::uint64_t* outNode)
 std::uint64_t feGetVolumeRefFromFSRef(const FSRef* ref)
 {
     return baseGuardMemory([&]() -> std::uint64_t {
-        platform::Node node = {};
-        return platform::nodeAt(ref->path, &node) ? node.volume : 0;
+        Node node = {};
+        return nodeAt(ref->path, &node) ? node.volume : 0;
     });
 }
 
@@ -138,8 +139,8 @@ std::int32_t feGetVolRefAndDirIDFromPath(TovStringRef path, std::uint64_t* outVo
         FSRef ref;
         const std::int32_t status = feMakeFSRefFromPath(path, &ref);
         if (status != kErrNone) return status;
-        platform::Node node = {};
-        if (!platform::nodeAt(ref.path, &node)) return lastStatus();
+        Node node = {};
+        if (!nodeAt(ref.path, &node)) return lastStatus();
         *outVolume = node.volume;
         *outNode = node.number;
         return kErrNone;
@@ -157,9 +158,9 @@ std::int32_t feNumberOfVolumesOnDisk(const FSRef* ref, std::uint32_t* outCount)
 {
     return baseGuardMemory(kErrNoMemory, [&] {
         *outCount = 0;
-        platform::Node node = {};
-        if (!platform::nodeAt(ref->path, &node)) return lastStatus();
-        *outCount = platform::countVolumesOnDisk(node.volume);
+        Node node = {};
+        if (!nodeAt(ref->path, &node)) return lastStatus();
+        *outCount = countVolumesOnDisk(node.volume);
         return kErrNone;
     });
 }
@@ -182,8 +183,7 @@ std::int32_t feCreateNewFile(const FSSpec* spec, std::uint32_t /*type*/, std::ui
         *outForkRef = 0;
         const FSRef ref = {pathOf(spec)};
         if (ref.path.empty()) return lastStatus();
-        const ForkCloser made(
-            platform::openDescriptor(ref.path.c_str(), O_RDWR | O_CREAT | O_EXCL));
+        const ForkCloser made(openDescriptor(ref.path.c_str(), O_RDWR | O_CREAT | O_EXCL));
         if (!made && errno != EEXIST) return lastStatus();
         if (openDataFork == 0) return kErrNone;
         return feOpenExistingFileRef(&ref, outForkRef, 1, 1);

@@ -5,6 +5,8 @@
 #include <limits>
 #include <new>
 
+using namespace pinorama;
+
 namespace {
 constexpr std::int32_t kFirstCapacity = 8;  // items; doubled whenever they are used up
 
@@ -36,7 +38,7 @@ Kind* createCollection(TovTypeID kind)
 TovDictionaryEntry* findEntry(TovDictionaryRef dict, TovStringRef key)
 {
     for (std::int32_t i = 0; i < dict->count; i++) {
-        if (platform::equalUnits(dict->entries[i].key, key)) return &dict->entries[i];
+        if (equalUnits(dict->entries[i].key, key)) return &dict->entries[i];
     }
     return nullptr;
 }
@@ -47,8 +49,8 @@ void removeEntry(TovDictionaryRef dict, TovDictionaryEntry* entry)
     TovDictionaryEntry* const end = dict->entries + dict->count;
     for (TovDictionaryEntry* next = entry + 1; next < end; next++) *(next - 1) = *next;
     dict->count--;
-    platform::releaseObject(removed.key);
-    platform::releaseObject(removed.value);
+    releaseObject(removed.key);
+    releaseObject(removed.value);
 }
 }  // namespace
 
@@ -90,12 +92,11 @@ void TovDictionarySetValue(TovDictionaryRef dict, TovStringRef key, TovTypeRef v
     if (entry != nullptr) {
         TovTypeRef earlier = entry->value;
         entry->value = uCFRetain(value);
-        platform::releaseObject(earlier);
+        releaseObject(earlier);
         return;
     }
     if (!makeRoom(dict->entries, dict->count, dict->capacity)) return;
-    TovStringRef ownKey = key->isMutable ? platform::createString(platform::unitsOf(key))
-                                         : platform::asString(uCFRetain(key));
+    TovStringRef ownKey = key->isMutable ? createString(unitsOf(key)) : asString(uCFRetain(key));
     if (ownKey == nullptr) return;
     dict->entries[dict->count++] = {ownKey, uCFRetain(value)};
 }
@@ -107,13 +108,13 @@ TovTypeRef TovDictionaryGetValue(TovDictionaryRef dict, TovStringRef key)
     return entry == nullptr ? nullptr : entry->value;
 }
 
-TovArrayRef platform::asArray(TovTypeRef value)
+TovArrayRef pinorama::asArray(TovTypeRef value)
 {
     if (TovGetTypeID(value) != TovTypeID::array) return nullptr;
     return static_cast<TovArrayRef>(const_cast<TovObject*>(value));
 }
 
-TovDictionaryRef platform::asDictionary(TovTypeRef value)
+TovDictionaryRef pinorama::asDictionary(TovTypeRef value)
 {
     if (TovGetTypeID(value) != TovTypeID::dictionary) return nullptr;
     return static_cast<TovDictionaryRef>(const_cast<TovObject*>(value));

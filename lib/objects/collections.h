@@ -55,8 +55,8 @@ void TovDictionarySetValue(TovDictionaryRef dict, TovStringRef key, TovTypeRef v
 // The value of a key, borrowed; null when there is none, and for a null dictionary or key.
 TovTypeRef TovDictionaryGetValue(TovDictionaryRef dict, TovStringRef key);
 
-namespace platform {
+namespace pinorama {
 // The array or dictionary, or null when the value is missing or of another kind. Borrowed.
 TovArrayRef asArray(TovTypeRef value);
 TovDictionaryRef asDictionary(TovTypeRef value);
-}  // namespace platform
+}  // namespace pinorama

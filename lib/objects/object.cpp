@@ -6,6 +6,8 @@
 
 #include <cassert>
 
+using namespace pinorama;
+
 namespace {
 void freeString(const TovString* string)
 {
@@ -15,15 +17,15 @@ void freeString(const TovString* string)
 
 void freeArray(const TovArray* array)
 {
-    for (std::int32_t i = 0; i < array->count; i++) platform::releaseObject(array->items[i]);
+    for (std::int32_t i = 0; i < array->count; i++) releaseObject(array->items[i]);
     baseFree(array->items);
 }
 
 void freeDictionary(const TovDictionary* dict)
 {
     for (std::int32_t i = 0; i < dict->count; i++) {
-        platform::releaseObject(dict->entries[i].key);
-        platform::releaseObject(dict->entries[i].value);
+        releaseObject(dict->entries[i].key);
+        releaseObject(dict->entries[i].value);
     }
     baseFree(dict->entries);
 }
@@ -59,7 +61,7 @@ std::int32_t uCFGetRetainCount(TovTypeRef ref)
     return ref == nullptr ? 0 : ref->references;
 }
 
-void platform::releaseObject(TovTypeRef ref)
+void pinorama::releaseObject(TovTypeRef ref)
 {
     if (ref == nullptr || ref->references == kSharedForever) return;
     assert(ref->references > 0);

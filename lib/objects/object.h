@@ -31,8 +31,8 @@ TovTypeRef uCFRetain(TovTypeRef ref);
 // The current number of references; 0 for null, kSharedForever for objects that are never freed.
 std::int32_t uCFGetRetainCount(TovTypeRef ref);
 
-namespace platform {
+namespace pinorama {
 // Gives one reference back and frees the object with the last one; null is ignored.
 // Everything above this room calls it by its public name, uCFRelease.
 void releaseObject(TovTypeRef ref);
-}  // namespace platform
+}  // namespace pinorama

@@ -20,7 +20,7 @@ public:
     }
     ObjectHolder(const ObjectHolder&) = delete;
     ObjectHolder& operator=(const ObjectHolder&) = delete;
-    ~ObjectHolder() { platform::releaseObject(ref_); }
+    ~ObjectHolder() { pinorama::releaseObject(ref_); }
 
     explicit operator bool() const { return ref_ != nullptr; }
     Ref get() const { return ref_; }

@@ -8,9 +8,9 @@
 
 #include "lib/objects/string.h"
 
-namespace platform {
+namespace pinorama {
 
-// The immutable text of a literal: constinit TovString gKey = platform::sharedText(u"key");
+// The immutable text of a literal: constinit TovString gKey = pinorama::sharedText(u"key");
 // &gKey is then a handle, whose retaining and releasing count nothing.
 template <std::size_t size>
 constexpr TovString sharedText(const char16_t (&literal)[size])
@@ -24,4 +24,4 @@ constexpr TovString sharedText(const char16_t (&literal)[size])
             const_cast<char16_t*>(literal)};
 }
 
-}  // namespace platform
+}  // namespace pinorama

@@ -7,11 +7,13 @@
 #include <functional>
 #include <new>
 
+using namespace pinorama;
+
 namespace {
 // One block holds the object and, right behind it, its first units.
 TovStringRef createWithCapacity(std::int32_t capacity, bool isMutable)
 {
-    if (capacity < 0 || capacity > platform::kLongestString) return nullptr;
+    if (capacity < 0 || capacity > kLongestString) return nullptr;
     const std::size_t bytes =
         sizeof(TovString) + static_cast<std::size_t>(capacity) * sizeof(char16_t);
     void* block = baseAllocate(bytes);
@@ -28,7 +30,7 @@ TovStringRef createWithCapacity(std::int32_t capacity, bool isMutable)
 constexpr std::int32_t kFirstCapacity = 16;  // units of a mutable text before it first grows
 }  // namespace
 
-TovStringRef platform::createString(std::u16string_view units, bool isMutable)
+TovStringRef pinorama::createString(std::u16string_view units, bool isMutable)
 {
     if (units.size() > static_cast<std::size_t>(kLongestString)) return nullptr;
     const auto length = static_cast<std::int32_t>(units.size());
@@ -40,14 +42,14 @@ TovStringRef platform::createString(std::u16string_view units, bool isMutable)
     return string;
 }
 
-TovStringRef platform::createUnfilledString(std::int32_t length)
+TovStringRef pinorama::createUnfilledString(std::int32_t length)
 {
     TovStringRef string = createWithCapacity(length, false);
     if (string != nullptr) string->length = length;
     return string;
 }
 
-bool platform::reserveUnits(TovStringRef target, std::int32_t capacity)
+bool pinorama::reserveUnits(TovStringRef target, std::int32_t capacity)
 {
     if (target == nullptr || !target->isMutable || capacity > kLongestString) return false;
     if (capacity <= target->capacity) return true;
@@ -65,7 +67,7 @@ bool platform::reserveUnits(TovStringRef target, std::int32_t capacity)
     return true;
 }
 
-char16_t* platform::extendUnits(TovStringRef target, std::int32_t added)
+char16_t* pinorama::extendUnits(TovStringRef target, std::int32_t added)
 {
     if (target == nullptr || !target->isMutable) return nullptr;
     if (added < 0 || added > kLongestString - target->length) return nullptr;
@@ -82,7 +84,7 @@ char16_t* platform::extendUnits(TovStringRef target, std::int32_t added)
     return start;
 }
 
-bool platform::appendUnits(TovStringRef target, std::u16string_view units)
+bool pinorama::appendUnits(TovStringRef target, std::u16string_view units)
 {
     if (target == nullptr || !target->isMutable) return false;
     if (units.empty()) return true;
@@ -100,20 +102,20 @@ bool platform::appendUnits(TovStringRef target, std::u16string_view units)
     return true;
 }
 
-std::u16string_view platform::unitsOf(const TovString* string)
+std::u16string_view pinorama::unitsOf(const TovString* string)
 {
     if (string == nullptr) return {};
     return {string->units, static_cast<std::size_t>(string->length)};
 }
 
-bool platform::equalUnits(const TovString* a, const TovString* b)
+bool pinorama::equalUnits(const TovString* a, const TovString* b)
 {
     if (a == b) return true;
     if (a == nullptr || b == nullptr) return false;
     return unitsOf(a) == unitsOf(b);
 }
 
-TovStringRef platform::asString(TovTypeRef value)
+TovStringRef pinorama::asString(TovTypeRef value)
 {
     if (TovGetTypeID(value) != TovTypeID::string) return nullptr;
     return static_cast<TovStringRef>(const_cast<TovObject*>(value));

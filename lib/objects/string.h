@@ -21,7 +21,7 @@ struct TovString : TovObject {
 
 using TovStringRef = TovString*;
 
-namespace platform {
+namespace pinorama {
 
 // The longest text that is made; longer requests fail like a lack of memory.
 constexpr std::int32_t kLongestString = 0x3fffffff;
@@ -53,4 +53,4 @@ bool equalUnits(const TovString* a, const TovString* b);
 // The text of a value, or null when the value is missing or of another kind. Borrowed.
 TovStringRef asString(TovTypeRef value);
 
-}  // namespace platform
+}  // namespace pinorama

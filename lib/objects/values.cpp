@@ -5,6 +5,8 @@
 
 #include <new>
 
+using namespace pinorama;
+
 namespace {
 template <typename Kind>
 Kind* createValue(TovTypeID kind)
@@ -57,19 +59,19 @@ double TovDateGetAbsoluteTime(TovDateRef date)
     return date == nullptr ? 0.0 : date->absoluteTime;
 }
 
-const TovNumber* platform::asNumber(TovTypeRef value)
+const TovNumber* pinorama::asNumber(TovTypeRef value)
 {
     return TovGetTypeID(value) == TovTypeID::number ? static_cast<const TovNumber*>(value)
                                                     : nullptr;
 }
 
-const TovBoolean* platform::asBoolean(TovTypeRef value)
+const TovBoolean* pinorama::asBoolean(TovTypeRef value)
 {
     return TovGetTypeID(value) == TovTypeID::boolean ? static_cast<const TovBoolean*>(value)
                                                      : nullptr;
 }
 
-TovDateRef platform::asDate(TovTypeRef value)
+TovDateRef pinorama::asDate(TovTypeRef value)
 {
     if (TovGetTypeID(value) != TovTypeID::date) return nullptr;
     return const_cast<TovDateRef>(static_cast<const TovDate*>(value));

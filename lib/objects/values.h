@@ -41,9 +41,9 @@ using TovDateRef = TovDate*;
 // The date's seconds since 2001-01-01 00:00 UTC; 0.0 for null.
 double TovDateGetAbsoluteTime(TovDateRef date);
 
-namespace platform {
+namespace pinorama {
 // The number, or null when the value is missing or of another kind. Borrowed; so are the others.
 const TovNumber* asNumber(TovTypeRef value);
 const TovBoolean* asBoolean(TovTypeRef value);
 TovDateRef asDate(TovTypeRef value);
-}  // namespace platform
+}  // namespace pinorama

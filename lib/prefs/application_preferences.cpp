@@ -9,20 +9,21 @@
 
 #include <string>
 
-platform::PreferenceFile prefApplicationFile()
+using namespace pinorama;
+
+pinorama::PreferenceFile prefApplicationFile()
 {
     ObjectHolder<TovStringRef> identifier(iuCopyMainBundleIdentifier());
     if (!identifier) {
-        identifier = ObjectHolder<TovStringRef>(platform::createString(kApplicationIdentifier));
+        identifier = ObjectHolder<TovStringRef>(createString(kApplicationIdentifier));
     }
-    const std::string config = platform::configFolder();
-    if (config.empty()) return platform::PreferenceFile("");
+    const std::string config = configFolder();
+    if (config.empty()) return PreferenceFile("");
     // An identifier that cannot be a folder's name gives no path, and so no file.
-    return platform::PreferenceFile(
-        platform::childPath(config, platform::pathBytes(identifier.get())));
+    return PreferenceFile(childPath(config, pathBytes(identifier.get())));
 }
 
-std::optional<std::u16string> prefTextOf(const platform::PreferenceValue& value)
+std::optional<std::u16string> prefTextOf(const pinorama::PreferenceValue& value)
 {
     if (const auto* text = std::get_if<std::u16string>(&value)) return *text;
     const auto* number = std::get_if<std::int32_t>(&value);

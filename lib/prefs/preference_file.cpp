@@ -14,6 +14,8 @@
 #include <chrono>
 #include <cmath>
 
+using namespace pinorama;
+
 using nlohmann::json;
 
 namespace {
@@ -43,7 +45,7 @@ json parse(const std::string& text)
 
 Content readContent(const std::string& path)
 {
-    const auto text = platform::readWholeFile(path, kLargestFile);
+    const auto text = readWholeFile(path, kLargestFile);
     if (!text) {
         if (errno == ENOENT) return {FileState::missing, json::object()};
         return {errno == EFBIG ? FileState::damaged : FileState::unreadable, json::object()};
@@ -60,7 +62,7 @@ bool setAside(const std::string& path)
     for (int number = 1; number <= kMostSetAside; number++) {
         std::string name = path + ".damaged";
         if (number > 1) name += "." + std::to_string(number);
-        if (platform::moveWithoutReplacing(path, name)) return true;
+        if (moveWithoutReplacing(path, name)) return true;
         if (errno != EEXIST) return false;
     }
     return false;
@@ -68,10 +70,10 @@ bool setAside(const std::string& path)
 
 std::u16string unitsOfUTF8(const std::string& text)
 {
-    const std::int32_t count = platform::countUnitsOfUTF8(text);
+    const std::int32_t count = countUnitsOfUTF8(text);
     if (count < 0) return {};
     std::u16string units(static_cast<std::size_t>(count), u'\0');
-    units.resize(platform::decodeUTF8(text, units));
+    units.resize(decodeUTF8(text, units));
     return units;
 }
 
@@ -80,7 +82,7 @@ std::int32_t lowHalf(std::int64_t number)
     return static_cast<std::int32_t>(static_cast<std::uint32_t>(number));
 }
 
-platform::PreferenceValue valueOf(const json& value)
+pinorama::PreferenceValue valueOf(const json& value)
 {
     if (value.is_string()) return unitsOfUTF8(value.get_ref<const std::string&>());
     if (value.is_number_integer()) return lowHalf(value.get<std::int64_t>());
@@ -91,16 +93,15 @@ platform::PreferenceValue valueOf(const json& value)
             return lowHalf(static_cast<std::int64_t>(whole));
         }
     }
-    return platform::ForeignPreference();
+    return ForeignPreference();
 }
 
 // Sets or removes a key. False when nothing changes.
-bool change(json* values, const std::string& key,
-            const std::optional<platform::PreferenceValue>& value)
+bool change(json* values, const std::string& key, const std::optional<PreferenceValue>& value)
 {
     json changed;
     if (value && std::holds_alternative<std::u16string>(*value)) {
-        changed = platform::displayUTF8(std::get<std::u16string>(*value));
+        changed = displayUTF8(std::get<std::u16string>(*value));
     } else if (value && std::holds_alternative<std::int32_t>(*value)) {
         changed = std::get<std::int32_t>(*value);
     } else {
@@ -113,12 +114,12 @@ bool change(json* values, const std::string& key,
 }
 }  // namespace
 
-std::string platform::PreferenceFile::path() const
+std::string pinorama::PreferenceFile::path() const
 {
     return folder_ + "/preferences.json";
 }
 
-std::optional<platform::PreferenceValue> platform::PreferenceFile::load(
+std::optional<pinorama::PreferenceValue> pinorama::PreferenceFile::load(
     std::u16string_view key) const
 {
     if (folder_.empty()) return std::nullopt;
@@ -128,7 +129,7 @@ std::optional<platform::PreferenceValue> platform::PreferenceFile::load(
     return valueOf(*found);
 }
 
-bool platform::PreferenceFile::store(std::u16string_view key,
+bool pinorama::PreferenceFile::store(std::u16string_view key,
                                      const std::optional<PreferenceValue>& value) const
 {
     if (folder_.empty() || !makeFolders(folder_, 0700)) return false;

@@ -10,7 +10,7 @@
 #include <string_view>
 #include <variant>
 
-namespace platform {
+namespace pinorama {
 
 // A value of another kind than those that are written here, such as a list.
 struct ForeignPreference {
@@ -45,4 +45,4 @@ private:
     std::string folder_;
 };
 
-}  // namespace platform
+}  // namespace pinorama

@@ -7,24 +7,26 @@
 
 #include <string>
 
+using namespace pinorama;
+
 namespace {
 // The value of a key; nothing for a null key.
-std::optional<platform::PreferenceValue> load(const StringHolder& key)
+std::optional<pinorama::PreferenceValue> load(const StringHolder& key)
 {
     if (!key) return std::nullopt;
-    return prefApplicationFile().load(platform::unitsOf(key.get()));
+    return prefApplicationFile().load(unitsOf(key.get()));
 }
 
-void store(const StringHolder& key, const std::optional<platform::PreferenceValue>& value)
+void store(const StringHolder& key, const std::optional<pinorama::PreferenceValue>& value)
 {
     if (!key) return;
     // Callers are not told of failures.
-    (void)prefApplicationFile().store(platform::unitsOf(key.get()), value);
+    (void)prefApplicationFile().store(unitsOf(key.get()), value);
 }
 
 std::int32_t leadingInteger(std::u16string_view text)
 {
-    const StringHolder string(platform::createString(text));
+    const StringHolder string(createString(text));
     return TovStringGetIntValue(string.get());
 }
 }  // namespace
@@ -32,8 +34,8 @@ std::int32_t leadingInteger(std::u16string_view text)
 std::int32_t prefStoreString(TovStringRef key, TovStringRef value)
 {
     const StringHolder ownKey(key);
-    std::optional<platform::PreferenceValue> stored;
-    if (value != nullptr) stored = std::u16string(platform::unitsOf(value));
+    std::optional<PreferenceValue> stored;
+    if (value != nullptr) stored = std::u16string(unitsOf(value));
     store(ownKey, stored);
     return kErrNone;
 }
@@ -43,7 +45,7 @@ std::int32_t prefLoadString(TovStringRef key, TovStringRef* out)
     const StringHolder ownKey(key);
     const auto stored = load(ownKey);
     const auto text = stored ? prefTextOf(*stored) : std::nullopt;
-    StringHolder loaded(text ? platform::createString(*text) : nullptr);
+    StringHolder loaded(text ? createString(*text) : nullptr);
     if (loaded) *out = loaded.take();
     return kErrNone;
 }

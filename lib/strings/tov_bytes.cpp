@@ -5,6 +5,8 @@
 #include "base/utf8.h"
 #include "lib/text/byte_texts.h"
 
+using namespace pinorama;
+
 namespace {
 constexpr std::size_t kLongestPString = 255;
 
@@ -21,20 +23,20 @@ struct ByteForm {
 std::int32_t sizeOf(std::u16string_view units, Encoding encoding)
 {
     if (encoding == Encoding::macRoman) return static_cast<std::int32_t>(units.size());
-    return platform::countBytesOfUTF8(units);
+    return countBytesOfUTF8(units);
 }
 
 // A text that does not convert as a whole has no byte form, even when the trouble lies behind the
 // U+0000 that ends it.
 ByteForm byteForm(TovStringRef string, Encoding preferred)
 {
-    const std::u16string_view whole = platform::unitsOf(string);
-    const bool isMacRoman = preferred == Encoding::macRoman && platform::isMacRoman(whole);
+    const std::u16string_view whole = unitsOf(string);
+    const bool isMacRoman = preferred == Encoding::macRoman && pinorama::isMacRoman(whole);
     const Encoding encoding = isMacRoman ? Encoding::macRoman : Encoding::utf8;
     std::int32_t size = sizeOf(whole, encoding);
     if (size < 0) return {{}, Encoding::none, 0};
 
-    const std::u16string_view units = whole.substr(0, platform::lengthBeforeNull(whole));
+    const std::u16string_view units = whole.substr(0, lengthBeforeNull(whole));
     if (units.size() < whole.size()) size = sizeOf(units, encoding);
     return {units, encoding, static_cast<std::uint32_t>(size)};
 }
@@ -43,10 +45,10 @@ void copyOut(const ByteForm& form, char* dest, std::uint32_t* outSize)
 {
     std::size_t written = 0;
     if (dest != nullptr && form.encoding == Encoding::macRoman) {
-        platform::encodeMacRoman(form.units, dest);
+        encodeMacRoman(form.units, dest);
         written = form.units.size();
     } else if (dest != nullptr) {
-        written = platform::encodeUTF8(form.units, {dest, form.size});
+        written = encodeUTF8(form.units, {dest, form.size});
     }
     // Not what was counted, so that nobody takes a byte for text that was not written.
     if (outSize != nullptr) *outSize = static_cast<std::uint32_t>(written);
@@ -61,29 +63,28 @@ bool isUsable(const void* elements, std::int32_t count)
 TovStringRef TovStringFromCString(const char* bytes, std::int32_t byteCount)
 {
     if (!isUsable(bytes, byteCount)) return nullptr;
-    return platform::createStringFromMacRoman({bytes, static_cast<std::size_t>(byteCount)});
+    return createStringFromMacRoman({bytes, static_cast<std::size_t>(byteCount)});
 }
 
 TovStringRef TovStringFromUTF8(const char* bytes, std::int32_t byteCount)
 {
     if (!isUsable(bytes, byteCount)) return nullptr;
     const std::string_view text(bytes, static_cast<std::size_t>(byteCount));
-    const std::int32_t unitCount = platform::countUnitsOfUTF8(text);
-    if (unitCount < 0) return platform::createStringFromMacRoman(text);
-    return platform::createStringFromUTF8(text, unitCount);
+    const std::int32_t unitCount = countUnitsOfUTF8(text);
+    if (unitCount < 0) return createStringFromMacRoman(text);
+    return createStringFromUTF8(text, unitCount);
 }
 
 TovStringRef TovStringFromUTF16(const char16_t* units, std::int32_t unitCount)
 {
     if (!isUsable(units, unitCount)) return nullptr;
-    return platform::createString({units, static_cast<std::size_t>(unitCount)});
+    return createString({units, static_cast<std::size_t>(unitCount)});
 }
 
 TovStringRef TovStringFromPString(const std::uint8_t* pString)
 {
     if (pString == nullptr) return nullptr;
-    return platform::createStringFromMacRoman(
-        {reinterpret_cast<const char*>(pString + 1), *pString});
+    return createStringFromMacRoman({reinterpret_cast<const char*>(pString + 1), *pString});
 }
 
 std::uint32_t TovStringGetUTF8Size(TovStringRef string)
@@ -111,9 +112,9 @@ bool TovStringCopyToPString(TovStringRef string, std::uint8_t* dest)
     if (dest == nullptr) return false;
     dest[0] = 0;
     if (string == nullptr) return false;
-    const std::u16string_view units = platform::unitsOf(string);
-    if (units.size() > kLongestPString || !platform::isMacRoman(units)) return false;
-    platform::encodeMacRoman(units, reinterpret_cast<char*>(dest + 1));
+    const std::u16string_view units = unitsOf(string);
+    if (units.size() > kLongestPString || !isMacRoman(units)) return false;
+    encodeMacRoman(units, reinterpret_cast<char*>(dest + 1));
     dest[0] = static_cast<std::uint8_t>(units.size());
     return true;
 }

@@ -12,8 +12,10 @@
 #include <cmath>
 #include <cstring>
 
-platform::NumberFormat* gThousandFormatter = nullptr;
-platform::NumberFormat* gOneFractionDigitFormatter = nullptr;
+using namespace pinorama;
+
+pinorama::NumberFormat* gThousandFormatter = nullptr;
+pinorama::NumberFormat* gOneFractionDigitFormatter = nullptr;
 
 namespace {
 constexpr std::int16_t kSizeWords = 1001;  // table of the unit words
@@ -59,11 +61,11 @@ bool makeSureOfFormatters()
 
 void tovStringInitString()
 {
-    const std::string locale = platform::numberLocale();
-    platform::releaseNumberFormat(gThousandFormatter);
-    platform::releaseNumberFormat(gOneFractionDigitFormatter);
-    gThousandFormatter = platform::createNumberFormat(locale);
-    gOneFractionDigitFormatter = platform::createNumberFormat(locale, 1);
+    const std::string locale = numberLocale();
+    releaseNumberFormat(gThousandFormatter);
+    releaseNumberFormat(gOneFractionDigitFormatter);
+    gThousandFormatter = createNumberFormat(locale);
+    gOneFractionDigitFormatter = createNumberFormat(locale, 1);
 }
 
 TovStringRef TovStringGetFromTable(std::int16_t table, std::int16_t index)
@@ -76,7 +78,7 @@ TovStringRef TovStringMakeSizeString(std::uint64_t bytes)
     if (!makeSureOfFormatters()) return nullptr;
     const SizeUnit unit = unitFor(bytes);
     const double value = std::ldexp(static_cast<double>(bytes), -unit.shift);
-    const StringHolder number(platform::createNumberText(gOneFractionDigitFormatter, value));
+    const StringHolder number(createNumberText(gOneFractionDigitFormatter, value));
     const StringHolder word(TovStringGetFromTable(kSizeWords, unit.word));
     if (!number || !word) return nullptr;
     return tovFormat(u"%@%@", {number.get(), word.get()});
@@ -102,7 +104,7 @@ TovStringRef TovMakeDoubleSizeString(std::uint64_t bytes)
 TovStringRef TovMakeNumberStringWithSeparators(std::int64_t value)
 {
     if (!makeSureOfFormatters()) return nullptr;
-    return platform::createNumberText(gThousandFormatter, value);
+    return createNumberText(gThousandFormatter, value);
 }
 
 TovStringRef TovMakeNumberString(std::uint64_t value)
@@ -126,11 +128,9 @@ TovStringRef TovStringMakeDateTimeString(std::uint32_t macTime, std::uint8_t wit
                                          std::uint8_t withYear)
 {
     return baseGuardMemory([&]() -> TovStringRef {
-        using platform::DateStyle;
         DateStyle style = withTime != 0 ? DateStyle::dateAndTime : DateStyle::date;
         if (withYear == 0) style = DateStyle::dayAndMonth;
-        return platform::createDateText(platform::dateLocale(), style,
-                                        std::int64_t{macTime} - kMacSecondsOf1970);
+        return createDateText(dateLocale(), style, std::int64_t{macTime} - kMacSecondsOf1970);
     });
 }
 
@@ -138,5 +138,5 @@ TovStringRef TovStringMakeOSTypeString(std::uint32_t code)
 {
     char bytes[sizeof code];
     std::memcpy(bytes, &code, sizeof code);
-    return platform::createStringFromMacRoman({bytes, sizeof bytes});
+    return createStringFromMacRoman({bytes, sizeof bytes});
 }

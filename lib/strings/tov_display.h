@@ -13,8 +13,8 @@
 
 // The formatters of the user's language, null until tovStringInitString: whole numbers with
 // grouping, and numbers with exactly one fraction digit.
-extern platform::NumberFormat* gThousandFormatter;
-extern platform::NumberFormat* gOneFractionDigitFormatter;
+extern pinorama::NumberFormat* gThousandFormatter;
+extern pinorama::NumberFormat* gOneFractionDigitFormatter;
 
 // Makes the two formatters for the language that the environment names (LC_ALL, LC_NUMERIC, LANG).
 // Once at start-up, behind initStringBundle; called again it makes them anew. The functions that

@@ -8,6 +8,8 @@
 
 #include <limits>
 
+using namespace pinorama;
+
 TovStringRef TovStringFromFile(const char* path)
 {
     if (path == nullptr) return nullptr;

@@ -13,8 +13,10 @@
 #include <cstring>
 #include <limits>
 
+using namespace pinorama;
+
 namespace {
-using platform::unitsOf;
+using pinorama::unitsOf;
 
 bool isNumeric(const FormatArgument& argument)
 {
@@ -64,14 +66,14 @@ public:
 private:
     void append(std::u16string_view units)
     {
-        isComplete_ = isComplete_ && platform::appendUnits(target_, units);
+        isComplete_ = isComplete_ && appendUnits(target_, units);
     }
 
     char16_t* extend(std::size_t count)
     {
         char16_t* dest = nullptr;
-        if (isComplete_ && count <= static_cast<std::size_t>(platform::kLongestString)) {
-            dest = platform::extendUnits(target_, static_cast<std::int32_t>(count));
+        if (isComplete_ && count <= static_cast<std::size_t>(kLongestString)) {
+            dest = extendUnits(target_, static_cast<std::int32_t>(count));
         }
         isComplete_ = dest != nullptr;
         return dest;
@@ -167,7 +169,7 @@ private:
     {
         const char16_t unit = directive.conversion == u'C'
                                   ? static_cast<char16_t>(value)
-                                  : platform::macRomanUnit(static_cast<std::uint8_t>(value));
+                                  : macRomanUnit(static_cast<std::uint8_t>(value));
         const int length = unit == 0 ? 0 : 1;
         const int missing = std::max(directive.width - length, 0);
         if (!directive.isLeftAligned) appendMany(missing, u' ');
@@ -186,7 +188,7 @@ private:
                 most == kWhole ? std::strlen(argument.cString) : strnlen(argument.cString, most);
             return printAligned(directive, count, [&] {
                 if (char16_t* dest = extend(count)) {
-                    platform::decodeMacRoman({argument.cString, count}, dest);
+                    decodeMacRoman({argument.cString, count}, dest);
                 }
             });
         }

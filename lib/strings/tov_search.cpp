@@ -10,9 +10,11 @@
 #include <iterator>
 #include <utility>
 
+using namespace pinorama;
+
 namespace {
-using platform::Case;
-using platform::unitsOf;
+using pinorama::Case;
+using pinorama::unitsOf;
 
 Case caseOf(std::uint8_t caseFlag)
 {
@@ -26,13 +28,13 @@ public:
     {
         if (text == nullptr) return;
         const std::string_view bytes(text);
-        if (bytes.size() > static_cast<std::size_t>(platform::kLongestString)) return;
+        if (bytes.size() > static_cast<std::size_t>(kLongestString)) return;
         if (bytes.size() > std::size(short_)) {
             block_ = BlockHolder(baseAllocate(bytes.size() * sizeof(char16_t)));
             if (!block_) return;
         }
         char16_t* units = block_ ? static_cast<char16_t*>(block_.get()) : short_;
-        platform::decodeMacRoman(bytes, units);
+        decodeMacRoman(bytes, units);
         view_ = {units, bytes.size()};
         isValid_ = true;
     }
@@ -52,7 +54,7 @@ bool endsWith(std::u16string_view text, std::u16string_view suffix, Case letterC
 {
     // Only the first occurrence is looked at, so "abcabc" does not end with "abc". Intended; pinned
     // by TovStringEndsWith.looksAtTheFirstOccurrenceOnly.
-    const platform::FoundRange found = platform::findText(text, suffix, 0, letterCase);
+    const FoundRange found = findText(text, suffix, 0, letterCase);
     return found.location >= 0 && std::cmp_equal(found.location + found.length, text.size());
 }
 
@@ -67,25 +69,25 @@ std::int32_t extensionDot(TovStringRef string)
 std::int32_t TovStringCompare(TovStringRef a, TovStringRef b, std::uint8_t caseFlag)
 {
     if (a == nullptr || b == nullptr) return (a != nullptr) - (b != nullptr);
-    return platform::compareTexts(unitsOf(a), unitsOf(b), caseOf(caseFlag));
+    return compareTexts(unitsOf(a), unitsOf(b), caseOf(caseFlag));
 }
 
 bool TovStringEqualsCString(TovStringRef string, const char* text, std::uint8_t caseFlag)
 {
     const CStringUnits units(text);
     if (string == nullptr || !units.isValid()) return false;
-    return platform::compareTexts(unitsOf(string), units.view(), caseOf(caseFlag)) == 0;
+    return compareTexts(unitsOf(string), units.view(), caseOf(caseFlag)) == 0;
 }
 
 bool TovStringBeginsWith(TovStringRef string, TovStringRef prefix, std::uint8_t caseFlag)
 {
-    return platform::matchAtBeginning(unitsOf(string), unitsOf(prefix), caseOf(caseFlag)) >= 0;
+    return matchAtBeginning(unitsOf(string), unitsOf(prefix), caseOf(caseFlag)) >= 0;
 }
 
 bool TovStringBeginsWithCString(TovStringRef string, const char* prefix, std::uint8_t caseFlag)
 {
     const CStringUnits units(prefix);
-    return platform::matchAtBeginning(unitsOf(string), units.view(), caseOf(caseFlag)) >= 0;
+    return matchAtBeginning(unitsOf(string), units.view(), caseOf(caseFlag)) >= 0;
 }
 
 bool TovStringEndsWith(TovStringRef string, TovStringRef suffix, std::uint8_t caseFlag)
@@ -107,7 +109,7 @@ bool TovStringContains(TovStringRef string, TovStringRef sub, std::uint8_t caseF
 std::int32_t TovStringPosition(TovStringRef string, TovStringRef sub, std::int32_t start,
                                std::uint8_t caseFlag)
 {
-    return platform::findText(unitsOf(string), unitsOf(sub), start, caseOf(caseFlag)).location;
+    return findText(unitsOf(string), unitsOf(sub), start, caseOf(caseFlag)).location;
 }
 
 std::int32_t TovStringCountCharAppearances(TovStringRef string, char16_t unit)

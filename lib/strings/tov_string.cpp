@@ -10,6 +10,8 @@
 #include <iterator>
 #include <limits>
 
+using namespace pinorama;
+
 namespace {
 constexpr std::int32_t kUUIDByteCount = 16;
 constexpr std::int32_t kUUIDLength = 36;
@@ -33,13 +35,13 @@ TovStringRef TovStringGetEmpty()
 
 TovStringRef TovStringCreateMutable()
 {
-    return platform::createString({}, true);
+    return createString({}, true);
 }
 
 TovStringRef TovStringGetCopy(TovStringRef string)
 {
     if (string == nullptr) return nullptr;
-    return platform::createString(platform::unitsOf(string), true);
+    return createString(unitsOf(string), true);
 }
 
 TovStringRef TovStringCreateWithSubstring(TovStringRef string, std::int32_t start,
@@ -50,17 +52,17 @@ TovStringRef TovStringCreateWithSubstring(TovStringRef string, std::int32_t star
     const std::int64_t end = std::int64_t{start} + length;
     const std::int64_t first = std::clamp<std::int64_t>(start, 0, textLength);
     const std::int64_t last = std::clamp<std::int64_t>(end, first, textLength);
-    return platform::createString({string->units + first, static_cast<std::size_t>(last - first)});
+    return createString({string->units + first, static_cast<std::size_t>(last - first)});
 }
 
 TovStringRef TovGetUUIDString()
 {
     std::uint8_t bytes[kUUIDByteCount];
-    if (!platform::fillWithRandomBytes(bytes, sizeof bytes)) return nullptr;
+    if (!fillWithRandomBytes(bytes, sizeof bytes)) return nullptr;
     bytes[6] = static_cast<std::uint8_t>((bytes[6] & 0x0f) | 0x40);  // version 4: random
     bytes[8] = static_cast<std::uint8_t>((bytes[8] & 0x3f) | 0x80);  // the variant of RFC 4122
 
-    TovStringRef text = platform::createUnfilledString(kUUIDLength);
+    TovStringRef text = createUnfilledString(kUUIDLength);
     if (text == nullptr) return nullptr;
     constexpr char16_t kDigits[] = u"0123456789ABCDEF";
     char16_t* next = text->units;
@@ -80,7 +82,7 @@ void TovStringInvalidate(TovStringRef* string)
 std::int16_t TovStringRelease(TovStringRef* string)
 {
     if (string != nullptr) {
-        platform::releaseObject(*string);
+        releaseObject(*string);
         *string = nullptr;
     }
     return 0;
@@ -111,34 +113,32 @@ char16_t TovStringGetUniChar(TovStringRef string, std::int32_t index)
 
 std::int32_t TovStringGetIntValue(TovStringRef string)
 {
-    return platform::leadingInteger(platform::unitsOf(string));
+    return leadingInteger(unitsOf(string));
 }
 
 double TovStringGetDoubleValue(TovStringRef string)
 {
-    return platform::leadingDouble(platform::unitsOf(string));
+    return leadingDouble(unitsOf(string));
 }
 
 void TovStringAppendCString(TovStringRef* target, const char* text)
 {
     if (text == nullptr) return;
     const std::string_view bytes(text);
-    if (bytes.size() > static_cast<std::size_t>(platform::kLongestString)) return;
-    char16_t* dest =
-        platform::extendUnits(targetOf(target), static_cast<std::int32_t>(bytes.size()));
-    if (dest != nullptr) platform::decodeMacRoman(bytes, dest);
+    if (bytes.size() > static_cast<std::size_t>(kLongestString)) return;
+    char16_t* dest = extendUnits(targetOf(target), static_cast<std::int32_t>(bytes.size()));
+    if (dest != nullptr) decodeMacRoman(bytes, dest);
 }
 
 void TovStringAppendTovString(TovStringRef* target, TovStringRef string)
 {
-    (void)platform::appendUnits(targetOf(target), platform::unitsOf(string));
+    (void)appendUnits(targetOf(target), unitsOf(string));
 }
 
 void TovStringAppendNumber(TovStringRef* target, std::uint64_t value)
 {
     char digits[std::numeric_limits<std::uint64_t>::digits10 + 1];
     const char* end = std::to_chars(std::begin(digits), std::end(digits), value).ptr;
-    char16_t* dest =
-        platform::extendUnits(targetOf(target), static_cast<std::int32_t>(end - digits));
+    char16_t* dest = extendUnits(targetOf(target), static_cast<std::int32_t>(end - digits));
     if (dest != nullptr) std::copy<const char*>(digits, end, dest);
 }

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+using namespace pinorama;
+
 namespace {
 constexpr std::size_t kEscapeLength = 3;  // "%20"
 
@@ -48,7 +50,7 @@ void escape(std::u16string_view units, Put put)
         } else {
             const std::u16string_view character = firstCharacter(units, length);
             char bytes[4];
-            const std::size_t count = platform::encodeUTF8(character, bytes);
+            const std::size_t count = encodeUTF8(character, bytes);
             for (std::size_t i = 0; i < count; i++) {
                 constexpr char16_t kDigits[] = u"0123456789ABCDEF";
                 const auto byte = static_cast<unsigned char>(bytes[i]);
@@ -102,12 +104,12 @@ TovStringRef sharedEmptyText()
 TovStringRef TovStringConvertToURL(TovStringRef text)
 {
     if (text == nullptr) return sharedEmptyText();
-    const std::u16string_view units = platform::unitsOf(text);
+    const std::u16string_view units = unitsOf(text);
     std::int64_t length = 0;
     escape(units, [&length](char16_t) { length++; });
-    if (length > platform::kLongestString) return nullptr;
+    if (length > kLongestString) return nullptr;
 
-    TovStringRef escaped = platform::createUnfilledString(static_cast<std::int32_t>(length));
+    TovStringRef escaped = createUnfilledString(static_cast<std::int32_t>(length));
     if (escaped == nullptr) return nullptr;
     char16_t* next = escaped->units;
     char16_t* const end = next + length;
@@ -121,8 +123,8 @@ TovStringRef TovStringConvertToURL(TovStringRef text)
 TovStringRef TovStringConvertFromURL(TovStringRef text)
 {
     if (text == nullptr) return nullptr;
-    std::u16string_view units = platform::unitsOf(text);
-    StringHolder decoded(platform::createUnfilledString(text->length));  // escapes only shorten
+    std::u16string_view units = unitsOf(text);
+    StringHolder decoded(createUnfilledString(text->length));  // escapes only shorten
     const BlockHolder block(baseAllocate(units.size() / kEscapeLength));
     if (!decoded || !block) return nullptr;
 
@@ -137,8 +139,8 @@ TovStringRef TovStringConvertFromURL(TovStringRef text)
         const std::int32_t count = takeEscapes(units, bytes);
         if (count < 0) return nullptr;
         const std::string_view run(bytes, static_cast<std::size_t>(count));
-        if (platform::countUnitsOfUTF8(run) < 0) return nullptr;
-        next += platform::decodeUTF8(run, {next, end});
+        if (countUnitsOfUTF8(run) < 0) return nullptr;
+        next += decodeUTF8(run, {next, end});
     }
     decoded.get()->length = static_cast<std::int32_t>(next - decoded.get()->units);
     return decoded.take();

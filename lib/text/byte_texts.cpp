@@ -5,12 +5,14 @@
 
 #include <span>
 
-TovStringRef platform::createStringFromUTF8(std::string_view bytes)
+using namespace pinorama;
+
+TovStringRef pinorama::createStringFromUTF8(std::string_view bytes)
 {
     return createStringFromUTF8(bytes, countUnitsOfUTF8(bytes));
 }
 
-TovStringRef platform::createStringFromUTF8(std::string_view bytes, std::int32_t unitCount)
+TovStringRef pinorama::createStringFromUTF8(std::string_view bytes, std::int32_t unitCount)
 {
     if (unitCount < 0) return nullptr;
     TovStringRef string = createUnfilledString(unitCount);
@@ -20,7 +22,7 @@ TovStringRef platform::createStringFromUTF8(std::string_view bytes, std::int32_t
     return string;
 }
 
-TovStringRef platform::createStringFromMacRoman(std::string_view bytes)
+TovStringRef pinorama::createStringFromMacRoman(std::string_view bytes)
 {
     if (bytes.size() > static_cast<std::size_t>(kLongestString)) return nullptr;
     TovStringRef string = createUnfilledString(static_cast<std::int32_t>(bytes.size()));

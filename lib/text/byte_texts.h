@@ -7,7 +7,7 @@
 
 #include "lib/objects/string.h"
 
-namespace platform {
+namespace pinorama {
 
 // Return a new immutable text, or null for invalid UTF-8 and when memory runs out. The second one
 // is for whoever has counted already: `unitCount` is what countUnitsOfUTF8(bytes) gave.
@@ -17,4 +17,4 @@ namespace platform {
 // Returns a new immutable text, or null when memory runs out.
 [[nodiscard]] TovStringRef createStringFromMacRoman(std::string_view bytes);
 
-}  // namespace platform
+}  // namespace pinorama

@@ -6,16 +6,18 @@
 
 #include <algorithm>
 
+using namespace pinorama;
+
 namespace {
 int signOf(int difference)
 {
     return (difference > 0) - (difference < 0);
 }
 
-int compareAnyTexts(std::u16string_view a, std::u16string_view b, platform::Case letterCase)
+int compareAnyTexts(std::u16string_view a, std::u16string_view b, pinorama::Case letterCase)
 {
     std::uint32_t options = U_COMPARE_CODE_POINT_ORDER;
-    if (letterCase == platform::Case::ignore) options |= U_COMPARE_IGNORE_CASE;
+    if (letterCase == Case::ignore) options |= U_COMPARE_IGNORE_CASE;
     UErrorCode status = U_ZERO_ERROR;
     const int result = unorm_compare(a.data(), static_cast<std::int32_t>(a.size()), b.data(),
                                      static_cast<std::int32_t>(b.size()), options, &status);
@@ -24,7 +26,7 @@ int compareAnyTexts(std::u16string_view a, std::u16string_view b, platform::Case
 }
 }  // namespace
 
-int platform::compareTexts(std::u16string_view a, std::u16string_view b, Case letterCase)
+int pinorama::compareTexts(std::u16string_view a, std::u16string_view b, Case letterCase)
 {
     // Marks that follow an ASCII character neither change nor move it, so two texts are in order as
     // soon as they differ in one, and the beginning that they share can be left out.

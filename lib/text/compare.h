@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <string_view>
 
-namespace platform {
+namespace pinorama {
 
 enum class Case { respect, ignore };
 
@@ -32,4 +32,4 @@ FoundRange findText(std::u16string_view text, std::u16string_view wanted, std::i
 std::int32_t matchAtBeginning(std::u16string_view text, std::u16string_view wanted,
                               Case letterCase);
 
-}  // namespace platform
+}  // namespace pinorama

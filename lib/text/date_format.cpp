@@ -8,6 +8,8 @@
 #include <optional>
 #include <span>
 
+using namespace pinorama;
+
 namespace {
 constexpr std::int32_t kLongestDate = 256;  // units
 constexpr double kMillisecondsPerSecond = 1000.0;
@@ -17,22 +19,22 @@ struct FormatCloser {
 };
 using FormatHandle = std::unique_ptr<UDateFormat, FormatCloser>;
 
-FormatHandle open(const std::string& locale, platform::DateStyle style)
+FormatHandle open(const std::string& locale, pinorama::DateStyle style)
 {
     // The times are clock times already, so that they are read as those of a place without offset.
     constexpr const char16_t* kNoOffset = u"GMT";
     UErrorCode status = U_ZERO_ERROR;
     FormatHandle format;
     switch (style) {
-    case platform::DateStyle::date:
+    case DateStyle::date:
         format.reset(
             udat_open(UDAT_NONE, UDAT_MEDIUM, locale.c_str(), kNoOffset, -1, nullptr, 0, &status));
         break;
-    case platform::DateStyle::dateAndTime:
+    case DateStyle::dateAndTime:
         format.reset(
             udat_open(UDAT_SHORT, UDAT_MEDIUM, locale.c_str(), kNoOffset, -1, nullptr, 0, &status));
         break;
-    case platform::DateStyle::dayAndMonth:
+    case DateStyle::dayAndMonth:
         format.reset(udat_open(UDAT_PATTERN, UDAT_PATTERN, locale.c_str(), kNoOffset, -1, u"d MMMM",
                                -1, &status));
         break;
@@ -42,11 +44,11 @@ FormatHandle open(const std::string& locale, platform::DateStyle style)
 
 // Making a formatter takes many times as long as using it, and a program writes its dates in one
 // style of one language: the last formatter is kept.
-const UDateFormat* formatFor(const std::string& locale, platform::DateStyle style)
+const UDateFormat* formatFor(const std::string& locale, pinorama::DateStyle style)
 {
     static struct {
         std::string locale;
-        platform::DateStyle style;
+        DateStyle style;
         FormatHandle format;
     } last;
     if (!last.format || last.locale != locale || last.style != style) {
@@ -60,12 +62,12 @@ const UDateFormat* formatFor(const std::string& locale, platform::DateStyle styl
 // The units written; 0 when that takes ICU.
 std::size_t writeAsRegion(const std::string& locale, std::int64_t seconds, std::span<char16_t> dest)
 {
-    const std::optional<platform::RegionFormats> formats = platform::regionFormats(locale);
-    return formats ? platform::writeDateAndTime(*formats, seconds, dest) : 0;
+    const std::optional<RegionFormats> formats = regionFormats(locale);
+    return formats ? writeDateAndTime(*formats, seconds, dest) : 0;
 }
 }  // namespace
 
-TovStringRef platform::createDateText(const std::string& locale, DateStyle style,
+TovStringRef pinorama::createDateText(const std::string& locale, DateStyle style,
                                       std::int64_t seconds)
 {
     char16_t units[kLongestDate];

@@ -7,7 +7,7 @@
 
 #include "lib/objects/string.h"
 
-namespace platform {
+namespace pinorama {
 
 enum class DateStyle {
     date,         // medium: "Jan 1, 2000"
@@ -20,4 +20,4 @@ enum class DateStyle {
 [[nodiscard]] TovStringRef createDateText(const std::string& locale, DateStyle style,
                                           std::int64_t seconds);
 
-}  // namespace platform
+}  // namespace pinorama

@@ -11,6 +11,8 @@
 #include <new>
 #include <string>
 
+using namespace pinorama;
+
 namespace {
 constexpr double kUnixSecondsOf2001 = 978307200.0;
 constexpr double kMillisecondsPerSecond = 1000.0;
@@ -42,7 +44,7 @@ std::u16string withTwoDigits(std::u16string_view text)
 
 // ICU's part is made for the first text: most programs make the parsers at their start and have
 // nothing to read.
-class platform::DateParser {
+class pinorama::DateParser {
 public:
     explicit DateParser(const char16_t* pattern) : pattern_(pattern) {}
 
@@ -73,17 +75,17 @@ private:
     mutable std::unique_ptr<UDateFormat, FormatCloser> format_;
 };
 
-platform::DateParser* platform::createDateParser(const char16_t* pattern)
+pinorama::DateParser* pinorama::createDateParser(const char16_t* pattern)
 {
     return new (std::nothrow) DateParser(pattern);
 }
 
-void platform::releaseDateParser(DateParser* parser)
+void pinorama::releaseDateParser(DateParser* parser)
 {
     delete parser;
 }
 
-TovDateRef platform::createDateFromText(const DateParser* parser, std::u16string_view text)
+TovDateRef pinorama::createDateFromText(const DateParser* parser, std::u16string_view text)
 {
     return baseGuardMemory([&]() -> TovDateRef {
         if (parser == nullptr || text.empty()) return nullptr;

@@ -7,7 +7,7 @@
 
 #include "lib/objects/values.h"
 
-namespace platform {
+namespace pinorama {
 
 class DateParser;  // opaque outside this room
 
@@ -25,4 +25,4 @@ void releaseDateParser(DateParser* parser);
 // ignored. A null parser reads nothing.
 [[nodiscard]] TovDateRef createDateFromText(const DateParser* parser, std::u16string_view text);
 
-}  // namespace platform
+}  // namespace pinorama

@@ -7,6 +7,8 @@
 
 #include <memory>
 
+using namespace pinorama;
+
 namespace {
 struct FormatCloser {
     void operator()(UDateFormat* format) const { udat_close(format); }
@@ -15,10 +17,10 @@ struct FormatCloser {
 std::u16string formatted(std::int64_t unixSeconds, UDateFormatStyle time, UDateFormatStyle date)
 {
     // The zone is the C library's, so the formatter is given the clock's time as if it were UTC.
-    const std::int64_t clock = unixSeconds + platform::utcOffsetAt(unixSeconds);
+    const std::int64_t clock = unixSeconds + utcOffsetAt(unixSeconds);
     UErrorCode status = U_ZERO_ERROR;
     const std::unique_ptr<UDateFormat, FormatCloser> format(
-        udat_open(time, date, platform::dateLocale().c_str(), u"GMT", -1, nullptr, 0, &status));
+        udat_open(time, date, dateLocale().c_str(), u"GMT", -1, nullptr, 0, &status));
     if (U_FAILURE(status)) return {};
 
     std::u16string text(128, u'\0');
@@ -36,12 +38,12 @@ std::u16string formatted(std::int64_t unixSeconds, UDateFormatStyle time, UDateF
 }
 }  // namespace
 
-std::u16string platform::shortDate(std::int64_t unixSeconds)
+std::u16string pinorama::shortDate(std::int64_t unixSeconds)
 {
     return formatted(unixSeconds, UDAT_NONE, UDAT_SHORT);
 }
 
-std::u16string platform::timeWithSeconds(std::int64_t unixSeconds)
+std::u16string pinorama::timeWithSeconds(std::int64_t unixSeconds)
 {
     return formatted(unixSeconds, UDAT_MEDIUM, UDAT_NONE);
 }

@@ -6,11 +6,11 @@
 #include <cstdint>
 #include <string>
 
-namespace platform {
+namespace pinorama {
 
 // `unixSeconds` counts from 1970-01-01 00:00 UTC. The blanks that some regions put between time and
 // half of the day are plain ones. Empty when the text cannot be made.
 std::u16string shortDate(std::int64_t unixSeconds);
 std::u16string timeWithSeconds(std::int64_t unixSeconds);
 
-}  // namespace platform
+}  // namespace pinorama

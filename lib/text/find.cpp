@@ -14,9 +14,11 @@
 #include <memory>
 #include <new>
 
+using namespace pinorama;
+
 namespace {
-using platform::Case;
-using platform::isASCII;
+using pinorama::Case;
+using pinorama::isASCII;
 
 constexpr char16_t kFirstMark = 0x0300;  // no unit below it combines with the one before
 
@@ -105,7 +107,7 @@ private:
             if (room < length()) {
                 *status = U_BUFFER_OVERFLOW_ERROR;
             } else {
-                std::transform(units_.begin(), units_.end(), dest, platform::foldedASCII);
+                std::transform(units_.begin(), units_.end(), dest, foldedASCII);
             }
             return length();
         });
@@ -183,7 +185,7 @@ public:
 private:
     char16_t folded(char16_t unit) const
     {
-        return letterCase_ == Case::ignore ? platform::foldedASCII(unit) : unit;
+        return letterCase_ == Case::ignore ? foldedASCII(unit) : unit;
     }
 
     // Moves `at` behind the segment there when `rest` begins with it, and returns how many units of
@@ -234,14 +236,14 @@ bool isEndOfSegment(std::u16string_view text, std::size_t at)
     return !belongsToCharacterBefore(codePoint);
 }
 
-platform::FoundRange rangeOf(std::size_t start, std::size_t end)
+pinorama::FoundRange rangeOf(std::size_t start, std::size_t end)
 {
     return {static_cast<std::int32_t>(start), static_cast<std::int32_t>(end - start)};
 }
 
-constexpr platform::FoundRange kNowhere = {-1, 0};
+constexpr pinorama::FoundRange kNowhere = {-1, 0};
 
-platform::FoundRange findUnits(std::u16string_view text, std::u16string_view wanted,
+pinorama::FoundRange findUnits(std::u16string_view text, std::u16string_view wanted,
                                std::size_t start)
 {
     for (;;) {
@@ -254,7 +256,7 @@ platform::FoundRange findUnits(std::u16string_view text, std::u16string_view wan
 }
 }  // namespace
 
-platform::FoundRange platform::findText(std::u16string_view text, std::u16string_view wanted,
+pinorama::FoundRange pinorama::findText(std::u16string_view text, std::u16string_view wanted,
                                         std::int32_t start, Case letterCase)
 {
     if (start < 0 || static_cast<std::size_t>(start) >= text.size() || wanted.empty()) {
@@ -278,7 +280,7 @@ platform::FoundRange platform::findText(std::u16string_view text, std::u16string
     return kNowhere;
 }
 
-std::int32_t platform::matchAtBeginning(std::u16string_view text, std::u16string_view wanted,
+std::int32_t pinorama::matchAtBeginning(std::u16string_view text, std::u16string_view wanted,
                                         Case letterCase)
 {
     if (wanted.empty()) return -1;

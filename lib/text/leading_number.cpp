@@ -7,6 +7,8 @@
 #include <cstdlib>
 #include <limits>
 
+using namespace pinorama;
+
 namespace {
 constexpr std::size_t kUsualLength = 64;  // bytes of a number that needs no block of its own
 
@@ -71,7 +73,7 @@ double parse(const char* number)
 }
 }  // namespace
 
-std::int32_t platform::leadingInteger(std::u16string_view units)
+std::int32_t pinorama::leadingInteger(std::u16string_view units)
 {
     Reader reader{units};
     reader.skipWhiteSpace();
@@ -85,7 +87,7 @@ std::int32_t platform::leadingInteger(std::u16string_view units)
     return static_cast<std::int32_t>(isNegative ? -magnitude : std::min(magnitude, kHighest));
 }
 
-double platform::leadingDouble(std::u16string_view units)
+double pinorama::leadingDouble(std::u16string_view units)
 {
     Reader reader{units};
     reader.skipWhiteSpace();

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string_view>
 
-namespace platform {
+namespace pinorama {
 
 // A decimal integer with an optional sign; beyond 32 bits the nearest end of the range, 0 when
 // there is no digit.
@@ -16,4 +16,4 @@ std::int32_t leadingInteger(std::u16string_view units);
 // form, no "inf", no "nan". Too large a number gives an infinity; 0.0 when there is no digit.
 double leadingDouble(std::u16string_view units);
 
-}  // namespace platform
+}  // namespace pinorama

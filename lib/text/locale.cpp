@@ -5,6 +5,8 @@
 #include <initializer_list>
 #include <string_view>
 
+using namespace pinorama;
+
 namespace {
 constexpr const char* kEnglish = "en";
 
@@ -95,7 +97,7 @@ std::string localeForFormats(std::string_view locale)
 }
 }  // namespace
 
-std::vector<std::string> platform::textLanguages()
+std::vector<std::string> pinorama::textLanguages()
 {
     const std::string_view locale = firstSet({"LC_ALL", "LC_MESSAGES", "LANG"});
     std::string_view list = isPlainlyC(locale) ? locale : firstSet({"LANGUAGE"});
@@ -115,12 +117,12 @@ std::vector<std::string> platform::textLanguages()
     return languages;
 }
 
-std::string platform::numberLocale()
+std::string pinorama::numberLocale()
 {
     return localeForFormats(firstSet({"LC_ALL", "LC_NUMERIC", "LANG"}));
 }
 
-std::string platform::dateLocale()
+std::string pinorama::dateLocale()
 {
     return localeForFormats(firstSet({"LC_ALL", "LC_TIME", "LANG"}));
 }

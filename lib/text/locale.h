@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace platform {
+namespace pinorama {
 
 // The languages of texts, most wanted first; each is followed by its more general forms, and the
 // last is always "en", which every table has. "de_AT.UTF-8" gives de_AT, de, en.
@@ -23,4 +23,4 @@ std::string numberLocale();
 // The locale of dates: LC_ALL, LC_TIME, LANG.
 std::string dateLocale();
 
-}  // namespace platform
+}  // namespace pinorama

@@ -22,6 +22,8 @@
 #include <string>
 #include <vector>
 
+using namespace pinorama;
+
 namespace {
 constexpr std::int64_t kMinute = 60;
 constexpr std::int64_t kHour = 60 * kMinute;
@@ -77,7 +79,7 @@ DateFormat openPattern(const std::string& locale, std::u16string_view pattern)
 struct Region {
     std::u16string dateAndTime, months, dayPeriods, numbers;
 
-    platform::RegionFormats formats() const { return {dateAndTime, months, dayPeriods, numbers}; }
+    RegionFormats formats() const { return {dateAndTime, months, dayPeriods, numbers}; }
 };
 
 // What a letter of the pattern stands for at each of the moments, as a list.
@@ -138,17 +140,17 @@ std::vector<std::int64_t> sampleMoments()
     return moments;
 }
 
-bool datesComeOut(const platform::RegionFormats& formats, const UDateFormat* format)
+bool datesComeOut(const pinorama::RegionFormats& formats, const UDateFormat* format)
 {
     static const std::vector<std::int64_t> moments = sampleMoments();
     return std::all_of(moments.begin(), moments.end(), [&](std::int64_t moment) {
         char16_t units[kRoom];
-        const std::size_t count = platform::writeDateAndTime(formats, moment, units);
+        const std::size_t count = writeDateAndTime(formats, moment, units);
         return count > 0 && std::u16string_view(units, count) == dateText(format, moment);
     });
 }
 
-bool numbersComeOut(const platform::RegionFormats& formats, UNumberFormat* format)
+bool numbersComeOut(const pinorama::RegionFormats& formats, UNumberFormat* format)
 {
     for (const int fractionDigits : kFractionDigits) {
         unum_setAttribute(format, UNUM_MIN_FRACTION_DIGITS, fractionDigits);
@@ -158,7 +160,7 @@ bool numbersComeOut(const platform::RegionFormats& formats, UNumberFormat* forma
                 return unum_formatDouble(format, number, units, kRoom, nullptr, status);
             });
             char16_t units[kRoom];
-            const std::size_t count = platform::writeNumber(formats, number, fractionDigits, units);
+            const std::size_t count = writeNumber(formats, number, fractionDigits, units);
             if (count == 0 || std::u16string_view(units, count) != expected) return false;
         }
     }
@@ -176,8 +178,7 @@ bool ask(const std::string& locale, Region* region)
     if (U_FAILURE(status)) return false;
     askForDates(locale, dates.get(), region);
     askForNumbers(numbers.get(), region);
-    return locale.size() <= platform::kLongestLocaleName &&
-           datesComeOut(region->formats(), dates.get()) &&
+    return locale.size() <= kLongestLocaleName && datesComeOut(region->formats(), dates.get()) &&
            numbersComeOut(region->formats(), numbers.get());
 }
 
@@ -216,7 +217,8 @@ bool writeTable(const std::map<std::string, Region>& regions, std::FILE* file)
     Texts texts;
     std::fputs(
         "#include \"lib/text/region_table.h\"\n\n"
-        "const platform::RegionRow platform::kRegionRows[] = {\n",
+        "namespace pinorama {\n\n"
+        "const RegionRow kRegionRows[] = {\n",
         file);
     for (const auto& [name, region] : regions) {
         const std::size_t pattern = texts.add(region.dateAndTime + u'\0');
@@ -227,13 +229,13 @@ bool writeTable(const std::map<std::string, Region>& regions, std::FILE* file)
                      dayPeriods, numbers);
     }
     std::fprintf(file,
-                 "};\nconst std::size_t platform::kRegionRowCount = %zu;\n"
-                 "const char16_t platform::kRegionTexts[] = {",
+                 "};\nconst std::size_t kRegionRowCount = %zu;\n"
+                 "const char16_t kRegionTexts[] = {",
                  regions.size());
     for (std::size_t i = 0; i < texts.units().size(); i++) {
         std::fprintf(file, "%s%u,", i % 16 == 0 ? "\n    " : " ", unsigned{texts.units()[i]});
     }
-    std::fputs("\n};\n", file);
+    std::fputs("\n};\n\n}  // namespace pinorama\n", file);
     return texts.units().size() <= UINT16_MAX;
 }
 }  // namespace

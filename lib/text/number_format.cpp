@@ -9,6 +9,8 @@
 #include <optional>
 #include <span>
 
+using namespace pinorama;
+
 namespace {
 constexpr std::int32_t kLongestNumber = 128;  // units, of 20 digits with the longest separators
 
@@ -30,7 +32,7 @@ FormatHandle open(const std::string& locale, std::optional<std::int32_t> fractio
 }
 }  // namespace
 
-class platform::NumberFormat {
+class pinorama::NumberFormat {
 public:
     NumberFormat(std::string locale, std::optional<std::int32_t> fractionDigits)
         : locale_(std::move(locale)),
@@ -65,46 +67,46 @@ private:
 namespace {
 // Makes a text of a number, by one of ICU's printing functions where that is needed.
 template <typename Number, typename Print>
-TovStringRef createText(platform::NumberFormat* format, Number value,
+TovStringRef createText(pinorama::NumberFormat* format, Number value,
                         std::optional<std::int32_t> fractionDigits, Print print)
 {
     if (format == nullptr) return nullptr;
     char16_t units[kLongestNumber];
     const std::size_t count =
         format->writeAsRegion(static_cast<double>(value), fractionDigits, units);
-    if (count > 0) return platform::createString({units, count});
+    if (count > 0) return createString({units, count});
 
     const UNumberFormat* opened = format->format();
     if (opened == nullptr) return nullptr;
     UErrorCode status = U_ZERO_ERROR;
     const std::int32_t length = print(opened, value, units, kLongestNumber, nullptr, &status);
     if (U_FAILURE(status)) return nullptr;
-    return platform::createString({units, static_cast<std::size_t>(length)});
+    return createString({units, static_cast<std::size_t>(length)});
 }
 }  // namespace
 
-platform::NumberFormat* platform::createNumberFormat(const std::string& locale)
+pinorama::NumberFormat* pinorama::createNumberFormat(const std::string& locale)
 {
     return baseGuardMemory([&] { return new NumberFormat(locale, std::nullopt); });
 }
 
-platform::NumberFormat* platform::createNumberFormat(const std::string& locale,
+pinorama::NumberFormat* pinorama::createNumberFormat(const std::string& locale,
                                                      std::int32_t fractionDigits)
 {
     return baseGuardMemory([&] { return new NumberFormat(locale, fractionDigits); });
 }
 
-void platform::releaseNumberFormat(NumberFormat* format)
+void pinorama::releaseNumberFormat(NumberFormat* format)
 {
     delete format;
 }
 
-TovStringRef platform::createNumberText(NumberFormat* format, std::int64_t value)
+TovStringRef pinorama::createNumberText(NumberFormat* format, std::int64_t value)
 {
     return createText(format, value, 0, unum_formatInt64);
 }
 
-TovStringRef platform::createNumberText(NumberFormat* format, double value)
+TovStringRef pinorama::createNumberText(NumberFormat* format, double value)
 {
     return createText(format, value, std::nullopt, unum_formatDouble);
 }

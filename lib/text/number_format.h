@@ -7,7 +7,7 @@
 
 #include "lib/objects/string.h"
 
-namespace platform {
+namespace pinorama {
 
 class NumberFormat;  // opaque outside this room
 
@@ -28,4 +28,4 @@ void releaseNumberFormat(NumberFormat* format);
 [[nodiscard]] TovStringRef createNumberText(NumberFormat* format, std::int64_t value);
 [[nodiscard]] TovStringRef createNumberText(NumberFormat* format, double value);
 
-}  // namespace platform
+}  // namespace pinorama

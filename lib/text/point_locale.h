@@ -6,7 +6,7 @@
 
 #include <locale.h>
 
-namespace platform {
+namespace pinorama {
 
 // While it lives the numbers of this thread have a point and no grouping; nothing else about the
 // locale changes. Without memory the locale stays as it is.
@@ -37,4 +37,4 @@ private:
     locale_t earlier_{};
 };
 
-}  // namespace platform
+}  // namespace pinorama

@@ -4,8 +4,10 @@
 
 #include <algorithm>
 
+using namespace pinorama;
+
 namespace {
-std::string_view nameOf(const platform::RegionRow& row)
+std::string_view nameOf(const pinorama::RegionRow& row)
 {
     const std::string_view padded(row.locale, sizeof row.locale);
     return padded.substr(0, padded.find('\0'));
@@ -14,7 +16,7 @@ std::string_view nameOf(const platform::RegionRow& row)
 // The list that begins there, up to the two zeros at its end, the second one left out.
 std::u16string_view listAt(std::uint16_t place)
 {
-    const char16_t* const first = platform::kRegionTexts + place;
+    const char16_t* const first = kRegionTexts + place;
     const char16_t* end = first;
     while (*end != u'\0') {
         while (*end != u'\0') end++;
@@ -24,7 +26,7 @@ std::u16string_view listAt(std::uint16_t place)
 }
 }  // namespace
 
-std::optional<platform::RegionFormats> platform::regionFormats(std::string_view locale)
+std::optional<pinorama::RegionFormats> pinorama::regionFormats(std::string_view locale)
 {
     const RegionRow* const end = kRegionRows + kRegionRowCount;
     const RegionRow* const row =

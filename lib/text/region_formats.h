@@ -11,7 +11,7 @@
 #include <span>
 #include <string_view>
 
-namespace platform {
+namespace pinorama {
 
 // What a region's texts are put together from.
 struct RegionFormats {
@@ -43,4 +43,4 @@ std::size_t writeDateAndTime(const RegionFormats& formats, std::int64_t seconds,
 std::size_t writeNumber(const RegionFormats& formats, double value, int fractionDigits,
                         std::span<char16_t> dest);
 
-}  // namespace platform
+}  // namespace pinorama

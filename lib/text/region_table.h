@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 
-namespace platform {
+namespace pinorama {
 
 constexpr std::size_t kLongestLocaleName = 11;
 
@@ -25,4 +25,4 @@ extern const RegionRow kRegionRows[];
 extern const std::size_t kRegionRowCount;
 extern const char16_t kRegionTexts[];
 
-}  // namespace platform
+}  // namespace pinorama

@@ -7,8 +7,10 @@
 #include <cmath>
 #include <cstring>
 
+using namespace pinorama;
+
 namespace {
-using platform::RegionFormats;
+using pinorama::RegionFormats;
 
 constexpr std::int64_t kFirstSecond = -2082844800;  // 1904-01-01
 constexpr std::int64_t kEndSecond = 2240611200;     // 2041-01-01
@@ -153,7 +155,7 @@ Decimal decimalOf(double value, std::size_t fractionDigits)
 }
 }  // namespace
 
-std::size_t platform::writeDateAndTime(const RegionFormats& formats, std::int64_t seconds,
+std::size_t pinorama::writeDateAndTime(const RegionFormats& formats, std::int64_t seconds,
                                        std::span<char16_t> dest)
 {
     if (seconds < kFirstSecond || seconds >= kEndSecond) return 0;
@@ -176,7 +178,7 @@ std::size_t platform::writeDateAndTime(const RegionFormats& formats, std::int64_
     return out.count();
 }
 
-std::size_t platform::writeNumber(const RegionFormats& formats, double value, int fractionDigits,
+std::size_t pinorama::writeNumber(const RegionFormats& formats, double value, int fractionDigits,
                                   std::span<char16_t> dest)
 {
     if (!(value >= 0.0 && value <= kLargestNumber) || std::signbit(value)) return 0;

@@ -6,13 +6,15 @@
 #include "lib/objects/object_holder.h"
 #include "lib/ui/string_tables.h"
 
+using namespace pinorama;
+
 void* iuRegisterApplicationBundle()
 {
     return baseGuardMemory([&]() -> void* {
-        const ObjectHolder<TovStringRef> identifier(platform::createString(kApplicationIdentifier));
-        const std::string folder = platform::resourceFolder() + "/strings";
+        const ObjectHolder<TovStringRef> identifier(createString(kApplicationIdentifier));
+        const std::string folder = resourceFolder() + "/strings";
         if (iuRegisterBundle(identifier.get(), folder.c_str(), true) == nullptr) return nullptr;
-        iuSetUserTableFolder((platform::configFolder() + "/pinorama").c_str());
+        iuSetUserTableFolder((configFolder() + "/pinorama").c_str());
         return initStringBundle(identifier.get());
     });
 }

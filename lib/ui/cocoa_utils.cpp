@@ -24,6 +24,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace pinorama;
+
 namespace {
 namespace fs = std::filesystem;
 
@@ -80,8 +82,8 @@ bool wouldEndIn(const fs::path& original, const fs::path& target, bool deletesOr
 // Brings a file or the names in a folder to the disk.
 bool flush(const fs::path& path)
 {
-    const platform::DescriptorHolder file(platform::openDescriptor(path.c_str(), O_RDONLY));
-    return file && platform::flushDescriptor(file.get());
+    const DescriptorHolder file(openDescriptor(path.c_str(), O_RDONLY));
+    return file && flushDescriptor(file.get());
 }
 }  // namespace
 
@@ -105,8 +107,8 @@ std::int32_t cocoaUtils::compressToZIPFile(TovStringRef source, TovStringRef tar
 {
     constexpr std::int32_t kFailed = 1;
     std::error_code error;
-    const fs::path original = itemAt(platform::pathBytes(source));
-    const fs::path target = fs::absolute(platform::pathBytes(targetPath), error);
+    const fs::path original = itemAt(pathBytes(source));
+    const fs::path target = fs::absolute(pathBytes(targetPath), error);
     if (original.empty() || error || wouldEndIn(original, target, deleteOriginal != 0)) {
         return kFailed;
     }
@@ -131,11 +133,11 @@ std::int32_t cocoaUtils::compressToZIPFile(TovStringRef source, TovStringRef tar
 
 void cocoaUtils::addToFinderComment(TovStringRef path, TovStringRef comment)
 {
-    const std::string file = platform::pathBytes(path);
-    std::string whole = platform::readFileComment(file).value_or("");
+    const std::string file = pathBytes(path);
+    std::string whole = readFileComment(file).value_or("");
     if (!whole.empty()) whole += '\r';
-    whole += platform::displayUTF8(platform::unitsOf(comment));
-    (void)platform::writeFileComment(file, whole);  // a comment that cannot be kept is not reported
+    whole += displayUTF8(unitsOf(comment));
+    (void)writeFileComment(file, whole);  // a comment that cannot be kept is not reported
 }
 
 TovStringRef cocoaUtils::cuGetPathFromFSRef(const FSRef* ref)

@@ -14,6 +14,8 @@
 
 #include <sys/stat.h>
 
+using namespace pinorama;
+
 namespace {
 constexpr int kMostPixels = 4096;  // per side of an icon
 
@@ -36,8 +38,7 @@ QMimeType typeOfItem(const std::string& path)
     const QMimeDatabase types;
     const QString special = typeOfSpecialItem(path);
     if (!special.isEmpty()) return types.mimeTypeForName(special);
-    const ObjectHolder<TovStringRef> name(
-        platform::createPathText(path.substr(path.rfind('/') + 1)));
+    const ObjectHolder<TovStringRef> name(createPathText(path.substr(path.rfind('/') + 1)));
     const QList<QMimeType> found = types.mimeTypesForFileName(cuDisplayText(name.get()));
     return found.isEmpty() ? types.mimeTypeForName(QStringLiteral("application/octet-stream"))
                            : found.first();

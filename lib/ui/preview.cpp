@@ -7,6 +7,8 @@
 
 #include <utility>
 
+using namespace pinorama;
+
 namespace {
 PreviewService& currentService()
 {
@@ -26,7 +28,7 @@ QPixmap imageWithPreviewOfFileAtPath(TovStringRef path, QSizeF ofSize, std::uint
         return {};
     }
     const qreal ratio = qGuiApp->devicePixelRatio();
-    const std::string bytes = platform::pathBytes(path);
+    const std::string bytes = pathBytes(path);
     if (const PreviewService& service = currentService()) {
         if (const std::optional<QPixmap> preview = service(bytes, ofSize, ratio, asIcon))
             return *preview;

@@ -1,5 +1,7 @@
 #include "lib/ui/qt_text.h"
 
+using namespace pinorama;
+
 QString cuDisplayText(const TovString* string)
 {
     QString text = cuTextUnits(string);
@@ -18,12 +20,12 @@ QString cuDisplayText(const TovString* string)
 
 QString cuTextUnits(const TovString* string)
 {
-    const std::u16string_view units = platform::unitsOf(string);
+    const std::u16string_view units = unitsOf(string);
     return QString(reinterpret_cast<const QChar*>(units.data()),
                    static_cast<qsizetype>(units.size()));
 }
 
 TovStringRef cuCreateText(QStringView text)
 {
-    return platform::createString({text.utf16(), static_cast<std::size_t>(text.size())});
+    return createString({text.utf16(), static_cast<std::size_t>(text.size())});
 }

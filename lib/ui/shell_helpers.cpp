@@ -9,6 +9,8 @@
 
 #include <fcntl.h>
 
+using namespace pinorama;
+
 namespace {
 // Lines end in a carriage return with a blank on either side; the last one is led in by two.
 constexpr char kScriptBegin[] = "tell application \"Finder\" \r set myFile to POSIX file \"";
@@ -32,8 +34,8 @@ void appendArgument(TovStringRef* script, TovStringRef text)
 std::int16_t cuCreateAndOpenTextFile(TovStringRef path, ForkRef* outForkRef)
 {
     *outForkRef = 0;
-    const std::string bytes = platform::pathBytes(path);
-    const ForkCloser made(platform::openDescriptor(bytes.c_str(), O_WRONLY | O_CREAT | O_TRUNC));
+    const std::string bytes = pathBytes(path);
+    const ForkCloser made(openDescriptor(bytes.c_str(), O_WRONLY | O_CREAT | O_TRUNC));
     if (!made) return kErrCannotCreate;
     FSRef ref;
     std::int32_t status = feMakeFSRefFromBytes(bytes.c_str(), &ref);

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 
+using namespace pinorama;
+
 namespace {
 constexpr std::size_t kLongestName = 255;  // units of a counted name
 }
@@ -14,7 +16,7 @@ double radians(double degrees)
 
 void uCFRelease(TovTypeRef ref)
 {
-    platform::releaseObject(ref);
+    releaseObject(ref);
 }
 
 bool uAltPressed()
@@ -24,7 +26,7 @@ bool uAltPressed()
 
 void utMakeHFSStringFromCFString(TovStringRef string, HFSUniStr255* name)
 {
-    const std::u16string_view units = platform::unitsOf(string).substr(0, kLongestName);
+    const std::u16string_view units = unitsOf(string).substr(0, kLongestName);
     std::copy(units.begin(), units.end(), name->unicode);
     name->length = static_cast<std::uint16_t>(units.size());
 }
@@ -32,7 +34,7 @@ void utMakeHFSStringFromCFString(TovStringRef string, HFSUniStr255* name)
 TovStringRef utMakeCFStringFromHFSString(const HFSUniStr255* name, TovStringRef* out)
 {
     const std::size_t length = std::min<std::size_t>(name->length, kLongestName);
-    *out = platform::createString({name->unicode, length});
+    *out = createString({name->unicode, length});
     return *out;
 }
 

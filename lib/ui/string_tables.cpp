@@ -16,6 +16,8 @@
 #include <utility>
 #include <vector>
 
+using namespace pinorama;
+
 void* gCFBundleRef = nullptr;
 
 namespace {
@@ -64,7 +66,7 @@ const std::vector<std::string>& currentLanguages()
         environment += '\n';
     }
     if (languages.empty() || environment != seenEnvironment) {
-        languages = platform::textLanguages();
+        languages = textLanguages();
         seenEnvironment = environment;
     }
     return languages;
@@ -77,7 +79,7 @@ const StringsTable& tableOf(Bundle* bundle, const std::string& language, std::st
     }
     LoadedTable table{language, std::string(name), {}};
     const std::string path = bundle->folder + "/" + language + "/" + table.name + ".strings";
-    if (const auto bytes = platform::readWholeFile(path, kLargestTable)) {
+    if (const auto bytes = readWholeFile(path, kLargestTable)) {
         table.texts = StringsTable(*bytes);
     }
     // Only now, so that a table is not kept without its texts when memory runs out.
@@ -101,7 +103,7 @@ const StringsTable& userTableOf(std::string_view name)
     }
     LoadedTable table{{}, std::string(name), {}};
     const std::string path = gUserTables.folder + "/" + table.name + ".strings";
-    if (const auto bytes = platform::readWholeFile(path, kLargestTable)) {
+    if (const auto bytes = readWholeFile(path, kLargestTable)) {
         table.texts = StringsTable(*bytes);
     }
     for (const std::size_t line : table.texts.damagedLines()) {
@@ -128,7 +130,7 @@ void appendNumber(std::u16string* key, std::int16_t number)
 // The text of a key in the table Localizable, else the key.
 TovStringRef copyText(Bundle* bundle, std::u16string_view key)
 {
-    return platform::createString(find(bundle, kDefaultTable, key).value_or(key));
+    return createString(find(bundle, kDefaultTable, key).value_or(key));
 }
 }  // namespace
 
@@ -136,7 +138,7 @@ void* iuRegisterBundle(TovStringRef identifier, const char* resourceFolder, bool
 {
     return baseGuardMemory([&]() -> void* {
         if (identifier == nullptr || resourceFolder == nullptr) return nullptr;
-        const std::u16string_view name = platform::unitsOf(identifier);
+        const std::u16string_view name = unitsOf(identifier);
         Bundle* bundle = findBundle(name);
         std::string folder = resourceFolder;
         if (bundle == nullptr) {
@@ -153,8 +155,7 @@ void* iuRegisterBundle(TovStringRef identifier, const char* resourceFolder, bool
 
 void* initStringBundle(TovStringRef bundleIdentifier)
 {
-    gCFBundleRef =
-        bundleIdentifier == nullptr ? nullptr : findBundle(platform::unitsOf(bundleIdentifier));
+    gCFBundleRef = bundleIdentifier == nullptr ? nullptr : findBundle(unitsOf(bundleIdentifier));
     return gCFBundleRef;
 }
 
@@ -189,12 +190,12 @@ TovStringRef iuCopyLocalizedString(TovStringRef key, TovStringRef defaultValue,
     return baseGuardMemory([&]() -> TovStringRef {
         if (key == nullptr && defaultValue == nullptr) return nullptr;
         const bool isNamed = tableName != nullptr && *tableName != '\0';
-        const std::u16string_view keyUnits = platform::unitsOf(key);
-        const std::u16string_view fallback = platform::unitsOf(defaultValue);
+        const std::u16string_view keyUnits = unitsOf(key);
+        const std::u16string_view fallback = unitsOf(defaultValue);
         const auto text = key == nullptr
                               ? std::nullopt
                               : findForUser(isNamed ? tableName : kDefaultTable, keyUnits);
-        return platform::createString(text.value_or(fallback.empty() ? keyUnits : fallback));
+        return createString(text.value_or(fallback.empty() ? keyUnits : fallback));
     });
 }
 
@@ -210,5 +211,5 @@ void iuSetUserTableFolder(const char* folder)
 
 TovStringRef iuCopyMainBundleIdentifier()
 {
-    return gMainBundle == nullptr ? nullptr : platform::createString(gMainBundle->identifier);
+    return gMainBundle == nullptr ? nullptr : createString(gMainBundle->identifier);
 }

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <span>
 
+using namespace pinorama;
+
 namespace {
 constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf";
 
@@ -75,12 +77,12 @@ private:
     {
         const std::size_t end = std::min(bytes_.find_first_of("\"\\\n", next_), bytes_.size());
         const std::string_view plain = bytes_.substr(next_, end - next_);
-        const std::int32_t units = platform::countUnitsOfUTF8(plain);
+        const std::int32_t units = countUnitsOfUTF8(plain);
         if (units < 0) return false;
         const std::size_t start = text->size();
         text->resize(start + static_cast<std::size_t>(units));
         const std::span<char16_t> added = std::span(*text).subspan(start);
-        text->resize(start + platform::decodeUTF8(plain, added));
+        text->resize(start + decodeUTF8(plain, added));
         next_ = end;
         return true;
     }

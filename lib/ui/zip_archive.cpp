@@ -12,13 +12,15 @@
 #include <system_error>
 #include <vector>
 
+using namespace pinorama;
+
 namespace {
 namespace fs = std::filesystem;
 
 bool isUTF8(const std::string& bytes)
 {
-    const ObjectHolder<TovStringRef> text(platform::createPathText(bytes));
-    return platform::displayUTF8(platform::unitsOf(text.get())) == bytes;
+    const ObjectHolder<TovStringRef> text(createPathText(bytes));
+    return displayUTF8(unitsOf(text.get())) == bytes;
 }
 
 struct Tree {
@@ -73,7 +75,7 @@ std::optional<std::string> listOf(const std::vector<std::string>& selected,
                                           "--options=!all,type,size,cksum,sha256,link", "-cf", "-"};
     arguments.insert(arguments.end(), selected.begin(), selected.end());
     std::string output;
-    if (platform::runAndWait(arguments, {locale}, {.input = input, .output = &output}) != 0) {
+    if (runAndWait(arguments, {locale}, {.input = input, .output = &output}) != 0) {
         return std::nullopt;
     }
     return output;
@@ -85,8 +87,8 @@ std::int32_t cuPackIntoZIP(const fs::path& item, const std::string& archive)
     const Selection selection(item);
     std::vector<std::string> arguments = {"bsdtar", "--format=zip", "-cf", archive};
     arguments.insert(arguments.end(), selection.arguments.begin(), selection.arguments.end());
-    return platform::runAndWait(arguments, {localeFor(look(item).value_or(Tree()))},
-                                {.input = selection.names});
+    return runAndWait(arguments, {localeFor(look(item).value_or(Tree()))},
+                      {.input = selection.names});
 }
 
 bool cuIsWholeInZIP(const fs::path& item, const std::string& archive)

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 
+namespace pinorama {
 namespace {
 // Cameras write fewer than ten; a loop of directories ends here too.
 constexpr std::size_t kMostDirectories = 24;
@@ -17,30 +18,27 @@ constexpr std::uint32_t kJpeg = 7;
 
 // The entries of a directory that tell of pictures.
 struct Entries {
-    platform::TiffEntry all[10] = {
+    TiffEntry all[10] = {
         {.tag = 0x0100}, {.tag = 0x0101}, {.tag = 0x0103}, {.tag = 0x0111}, {.tag = 0x0112},
         {.tag = 0x0117}, {.tag = 0x014a}, {.tag = 0x0201}, {.tag = 0x0202}, {.tag = 0x002e},
     };
-    const platform::TiffEntry& width = all[0];
-    const platform::TiffEntry& height = all[1];
-    const platform::TiffEntry& compression = all[2];
-    const platform::TiffEntry& stripOffsets = all[3];
-    const platform::TiffEntry& orientation = all[4];
-    const platform::TiffEntry& stripLengths = all[5];
-    const platform::TiffEntry& subdirectories = all[6];
-    const platform::TiffEntry& jpegOffset = all[7];
-    const platform::TiffEntry& jpegLength = all[8];
-    const platform::TiffEntry& panasonicJpeg = all[9];  // the stream itself
+    const TiffEntry& width = all[0];
+    const TiffEntry& height = all[1];
+    const TiffEntry& compression = all[2];
+    const TiffEntry& stripOffsets = all[3];
+    const TiffEntry& orientation = all[4];
+    const TiffEntry& stripLengths = all[5];
+    const TiffEntry& subdirectories = all[6];
+    const TiffEntry& jpegOffset = all[7];
+    const TiffEntry& jpegLength = all[8];
+    const TiffEntry& panasonicJpeg = all[9];  // the stream itself
 };
 
 class Search {
 public:
-    Search(const platform::ByteBlock& bytes, const platform::TiffBlock& tiff)
-        : bytes_(bytes), tiff_(tiff)
-    {
-    }
+    Search(const ByteBlock& bytes, const TiffBlock& tiff) : bytes_(bytes), tiff_(tiff) {}
 
-    platform::EmbeddedJpegs run()
+    EmbeddedJpegs run()
     {
         std::uint64_t next = tiff_.firstDirectory();
         bool isFirst = true;
@@ -69,11 +67,11 @@ private:
         return numberAt(offset + 2 + 12 * count);
     }
 
-    void readSubdirectories(const platform::TiffEntry& entry)
+    void readSubdirectories(const TiffEntry& entry)
     {
         const std::size_t count = std::min<std::size_t>(entry.count, kMostSubdirectories);
         for (std::size_t i = 0; i < count && mayGoOn(); i++) {
-            const platform::ByteView bytes = entry.value.view(4 * i, 4);
+            const ByteView bytes = entry.value.view(4 * i, 4);
             if (bytes.empty()) return;
             readDirectory(read32(tiff_.order(), bytes.data()), false, false);
         }
@@ -84,8 +82,8 @@ private:
         const std::uint32_t columns = numberOf(entries.width).value_or(0);
         const std::uint32_t rows = numberOf(entries.height).value_or(0);
         if (columns > kMostPixelsPerSide || rows > kMostPixelsPerSide) return;
-        const platform::PixelSize size = {static_cast<std::int32_t>(columns),
-                                          static_cast<std::int32_t>(rows)};
+        const PixelSize size = {static_cast<std::int32_t>(columns),
+                                static_cast<std::int32_t>(rows)};
         if (std::int64_t{size.width} * size.height >
             std::int64_t{found_.picture.width} * found_.picture.height) {
             found_.picture = size;
@@ -105,34 +103,36 @@ private:
         }
     }
 
-    void noteStream(const platform::TiffEntry& offset, const platform::TiffEntry& length)
+    void noteStream(const TiffEntry& offset, const TiffEntry& length)
     {
-        const platform::ByteBlock stream =
+        const ByteBlock stream =
             bytes_.part(numberOf(offset).value_or(0), numberOf(length).value_or(0));
         if (!stream.isEmpty()) found_.streams.push_back(stream);
     }
 
-    std::optional<std::uint32_t> numberOf(const platform::TiffEntry& entry) const
+    std::optional<std::uint32_t> numberOf(const TiffEntry& entry) const
     {
         return tiff_.integerOf(entry);
     }
 
     std::uint64_t numberAt(std::uint64_t offset) const
     {
-        const platform::ByteView bytes = bytes_.view(offset, 4);
+        const ByteView bytes = bytes_.view(offset, 4);
         return bytes.empty() ? 0 : read32(tiff_.order(), bytes.data());
     }
 
-    const platform::ByteBlock& bytes_;
-    const platform::TiffBlock& tiff_;
+    const ByteBlock& bytes_;
+    const TiffBlock& tiff_;
     std::size_t directoryCount_ = 0;
-    platform::EmbeddedJpegs found_;
+    EmbeddedJpegs found_;
 };
 }  // namespace
 
-platform::EmbeddedJpegs platform::findEmbeddedJpegs(const ByteBlock& tiff)
+EmbeddedJpegs findEmbeddedJpegs(const ByteBlock& tiff)
 {
     const std::optional<TiffBlock> opened = TiffBlock::open(tiff);
     if (!opened) return {};
     return Search(tiff, *opened).run();
 }
+
+}  // namespace pinorama

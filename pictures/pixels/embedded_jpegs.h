@@ -8,7 +8,7 @@
 #include "pictures/byte_source.h"
 #include "pictures/pixels/pixel_image.h"
 
-namespace platform {
+namespace pinorama {
 
 struct EmbeddedJpegs {
     Orientation orientation = 1;     // of the picture, and so of every stream in it
@@ -24,4 +24,4 @@ struct EmbeddedJpegs {
 // Source: TIFF 6.0; Exif 2.32, 4.5.4 (thumbnails); TIFF Technical Note 1 (subdirectories); DNG 1.6.
 EmbeddedJpegs findEmbeddedJpegs(const ByteBlock& tiff);
 
-}  // namespace platform
+}  // namespace pinorama

@@ -11,6 +11,7 @@
 #include <iterator>
 #include <vector>
 
+namespace pinorama {
 namespace {
 constexpr long kMostMemory = 320L << 20;  // bytes; a progressive picture of 100 megapixels
 constexpr int kMostScans = 64;            // passes; real progressive pictures have about ten
@@ -55,7 +56,7 @@ void noteWarning(j_common_ptr info, int level)
 // Feeds libjpeg straight from the views of a block.
 struct SourceManager {
     jpeg_source_mgr base;
-    platform::ByteBlock bytes;
+    ByteBlock bytes;
     std::uint64_t position;
 };
 
@@ -73,9 +74,8 @@ boolean fillBuffer(j_decompress_ptr info)
 
     SourceManager* manager = managerOf(info);
     const std::uint64_t left = manager->bytes.length() - manager->position;
-    const platform::ByteView view = manager->bytes.view(
-        manager->position,
-        static_cast<std::size_t>(std::min<std::uint64_t>(left, platform::kLongestView)));
+    const ByteView view = manager->bytes.view(
+        manager->position, static_cast<std::size_t>(std::min<std::uint64_t>(left, kLongestView)));
     manager->position += view.size();
     manager->base.next_input_byte = view.empty() ? kEnd : view.data();
     manager->base.bytes_in_buffer = view.empty() ? std::size(kEnd) : view.size();
@@ -100,12 +100,12 @@ struct Decoding {
     ErrorManager errors = {};
     SourceManager source = {};
     jpeg_decompress_struct info = {};
-    platform::PixelSize wanted;
+    PixelSize wanted;
     std::vector<JSAMPLE> inks;          // one row of a four-colour picture
     std::vector<std::uint32_t> pixels;  // one row
-    std::optional<platform::RowScaler> scaler;
+    std::optional<RowScaler> scaler;
 
-    explicit Decoding(const platform::ByteBlock& jpeg)
+    explicit Decoding(const ByteBlock& jpeg)
     {
         info.err = jpeg_std_error(&errors.base);
         errors.base.error_exit = leaveOnError;
@@ -123,13 +123,13 @@ struct Decoding {
     ~Decoding() { jpeg_destroy_decompress(&info); }
 };
 
-platform::PixelSize sizeOf(const jpeg_decompress_struct& info)
+PixelSize sizeOf(const jpeg_decompress_struct& info)
 {
     return {static_cast<std::int32_t>(info.image_width),
             static_cast<std::int32_t>(info.image_height)};
 }
 
-platform::PixelSize outputSizeOf(const jpeg_decompress_struct& info)
+PixelSize outputSizeOf(const jpeg_decompress_struct& info)
 {
     return {static_cast<std::int32_t>(info.output_width),
             static_cast<std::int32_t>(info.output_height)};
@@ -146,12 +146,12 @@ bool readHeader(Decoding* decoding)
 
 // Chooses the coarsest scale that still covers `wanted`, and the quick ways where a preview shows
 // no difference.
-void chooseScale(jpeg_decompress_struct* info, platform::PixelSize wanted)
+void chooseScale(jpeg_decompress_struct* info, PixelSize wanted)
 {
     info->scale_num = 1;
     for (info->scale_denom = kCoarsestScale; info->scale_denom > 1; info->scale_denom /= 2) {
         jpeg_calc_output_dimensions(info);
-        const platform::PixelSize output = outputSizeOf(*info);
+        const PixelSize output = outputSizeOf(*info);
         if (output.width >= wanted.width && output.height >= wanted.height) break;
     }
     const bool hasInks = info->jpeg_color_space == JCS_CMYK || info->jpeg_color_space == JCS_YCCK;
@@ -186,12 +186,12 @@ bool readScans(jpeg_decompress_struct* info)
     return true;
 }
 
-bool startDecoding(Decoding* decoding, platform::PixelSize box)
+bool startDecoding(Decoding* decoding, PixelSize box)
 {
     jpeg_decompress_struct* info = &decoding->info;
     if (!readHeader(decoding)) return false;
     if (std::int64_t{info->image_width} * info->image_height > kMostPixels) return false;
-    decoding->wanted = platform::fitInto(sizeOf(*info), box);
+    decoding->wanted = fitInto(sizeOf(*info), box);
     if (decoding->wanted.width == 0) return false;
     chooseScale(info, decoding->wanted);
 
@@ -219,7 +219,7 @@ void convertInks(const std::vector<JSAMPLE>& inks, bool isInverted,
 }
 
 // Decodes the next row and gives it to the scaler.
-bool decodeRow(Decoding* decoding, platform::RowScaler* scaler)
+bool decodeRow(Decoding* decoding, RowScaler* scaler)
 {
     jpeg_decompress_struct* info = &decoding->info;
     const bool hasInks = info->out_color_space == JCS_CMYK;
@@ -231,7 +231,7 @@ bool decodeRow(Decoding* decoding, platform::RowScaler* scaler)
     return true;
 }
 
-void decodeRows(Decoding* decoding, platform::RowScaler* scaler)
+void decodeRows(Decoding* decoding, RowScaler* scaler)
 {
     const jpeg_decompress_struct& info = decoding->info;
     while (scaler->rowsMissing() > 0 && decodeRow(decoding, scaler)) {
@@ -241,7 +241,7 @@ void decodeRows(Decoding* decoding, platform::RowScaler* scaler)
 }
 }  // namespace
 
-platform::PixelSize platform::jpegSize(const ByteBlock& jpeg)
+PixelSize jpegSize(const ByteBlock& jpeg)
 {
     Decoding decoding(jpeg);
     if (setjmp(decoding.errors.leave) != 0) return {};
@@ -249,7 +249,7 @@ platform::PixelSize platform::jpegSize(const ByteBlock& jpeg)
     return sizeOf(decoding.info);
 }
 
-std::optional<platform::PixelImage> platform::decodeJpeg(const ByteBlock& jpeg, PixelSize box)
+std::optional<PixelImage> decodeJpeg(const ByteBlock& jpeg, PixelSize box)
 {
     Decoding decoding(jpeg);
     if (setjmp(decoding.errors.leave) == 0) {
@@ -265,3 +265,5 @@ std::optional<platform::PixelImage> platform::decodeJpeg(const ByteBlock& jpeg, 
     if (!decoding.scaler || decoding.errors.isCutAtTheTop) return std::nullopt;
     return decoding.scaler->take(kGray);
 }
+
+}  // namespace pinorama

@@ -8,7 +8,7 @@
 #include "pictures/byte_source.h"
 #include "pictures/pixels/pixel_image.h"
 
-namespace platform {
+namespace pinorama {
 
 // The size in pixels that the headers of a JPEG stream tell; {0, 0} when it cannot be decoded.
 PixelSize jpegSize(const ByteBlock& jpeg);
@@ -21,4 +21,4 @@ PixelSize jpegSize(const ByteBlock& jpeg);
 // passes than a preview is worth. A stream that is cut off gives its beginning, the rest gray.
 std::optional<PixelImage> decodeJpeg(const ByteBlock& jpeg, PixelSize box);
 
-}  // namespace platform
+}  // namespace pinorama

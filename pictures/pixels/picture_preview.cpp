@@ -11,8 +11,8 @@
 #include <string_view>
 #include <utility>
 
+namespace pinorama {
 namespace {
-using namespace platform;
 
 // Cameras pad a thumbnail of 160 x 120 with black bars when the picture has another aspect, and
 // programs leave the thumbnail of a picture that was cropped since: both differ by more than this.
@@ -160,8 +160,8 @@ ByteBlock jpegOfRaf(const ByteBlock& raf)
 }
 }  // namespace
 
-std::optional<platform::Preview> platform::makePreview(ByteSource& source, std::int32_t maxWidth,
-                                                       std::int32_t maxHeight)
+std::optional<Preview> makePreview(ByteSource& source, std::int32_t maxWidth,
+                                   std::int32_t maxHeight)
 {
     const PixelSize box = {maxWidth, maxHeight};
     const ByteBlock file(source);
@@ -176,3 +176,5 @@ std::optional<platform::Preview> platform::makePreview(ByteSource& source, std::
     }
     return previewOfRaw(source, box);
 }
+
+}  // namespace pinorama

@@ -8,7 +8,7 @@
 #include "pictures/byte_source.h"
 #include "pictures/pixels/pixel_image.h"
 
-namespace platform {
+namespace pinorama {
 
 struct Preview {
     PixelImage image;         // upright, opaque
@@ -28,4 +28,4 @@ struct Preview {
 std::optional<Preview> makePreview(ByteSource& source, std::int32_t maxWidth,
                                    std::int32_t maxHeight);
 
-}  // namespace platform
+}  // namespace pinorama

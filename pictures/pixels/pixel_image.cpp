@@ -5,11 +5,12 @@
 #include <cstdlib>
 #include <utility>
 
+namespace pinorama {
 namespace {
 constexpr std::uint32_t kDark = 48;  // bars are black, but compression and scaling blur their edge
-constexpr platform::Orientation kUpright = 1;
-constexpr platform::Orientation kFirstTransposed = 5;
-constexpr platform::Orientation kLastOrientation = 8;
+constexpr Orientation kUpright = 1;
+constexpr Orientation kFirstTransposed = 5;
+constexpr Orientation kLastOrientation = 8;
 
 // A length that is scaled by numerator / denominator, rounded, and at least 1.
 std::int32_t scaledLength(std::int32_t length, std::int32_t numerator, std::int32_t denominator)
@@ -19,7 +20,7 @@ std::int32_t scaledLength(std::int32_t length, std::int32_t numerator, std::int3
     return static_cast<std::int32_t>(std::max<std::int64_t>(rounded, 1));
 }
 
-bool isEmpty(platform::PixelSize size)
+bool isEmpty(PixelSize size)
 {
     return size.width <= 0 || size.height <= 0;
 }
@@ -39,7 +40,7 @@ bool isDark(std::uint32_t pixel)
     return (pixel >> 16 & 0xff) < kDark && (pixel >> 8 & 0xff) < kDark && (pixel & 0xff) < kDark;
 }
 
-bool isDarkOutside(const platform::PixelImage& image, const Area& area)
+bool isDarkOutside(const PixelImage& image, const Area& area)
 {
     std::size_t i = 0;
     for (std::int32_t y = 0; y < image.height; y++) {
@@ -55,8 +56,8 @@ struct StoredPlace {
     std::int32_t x, y;
 };
 
-StoredPlace storedPlace(platform::Orientation orientation, std::int32_t x, std::int32_t y,
-                        std::int32_t width, std::int32_t height)
+StoredPlace storedPlace(Orientation orientation, std::int32_t x, std::int32_t y, std::int32_t width,
+                        std::int32_t height)
 {
     const std::int32_t right = width - 1;
     const std::int32_t bottom = height - 1;
@@ -73,7 +74,7 @@ StoredPlace storedPlace(platform::Orientation orientation, std::int32_t x, std::
 }
 }  // namespace
 
-platform::PixelSize platform::fitInto(PixelSize picture, PixelSize box)
+PixelSize fitInto(PixelSize picture, PixelSize box)
 {
     if (isEmpty(picture) || isEmpty(box)) return {};
     if (picture.width <= box.width && picture.height <= box.height) return picture;
@@ -84,7 +85,7 @@ platform::PixelSize platform::fitInto(PixelSize picture, PixelSize box)
     return {scaledLength(picture.width, box.height, picture.height), box.height};
 }
 
-bool platform::hasAspectOf(PixelSize size, PixelSize picture, double tolerance)
+bool hasAspectOf(PixelSize size, PixelSize picture, double tolerance)
 {
     if (isEmpty(size) || isEmpty(picture)) return false;
     const double expectedHeight = static_cast<double>(size.width) * picture.height / picture.width;
@@ -93,12 +94,12 @@ bool platform::hasAspectOf(PixelSize size, PixelSize picture, double tolerance)
            std::abs(expectedWidth - size.width) <= std::max(1.0, size.width * tolerance);
 }
 
-bool platform::isTransposed(Orientation orientation)
+bool isTransposed(Orientation orientation)
 {
     return orientation >= kFirstTransposed && orientation <= kLastOrientation;
 }
 
-platform::PixelImage platform::turnedUpright(PixelImage image, Orientation orientation)
+PixelImage turnedUpright(PixelImage image, Orientation orientation)
 {
     if (orientation <= kUpright || orientation > kLastOrientation) return image;
 
@@ -116,7 +117,7 @@ platform::PixelImage platform::turnedUpright(PixelImage image, Orientation orien
     return upright;
 }
 
-platform::PixelImage platform::withoutBars(PixelImage image, PixelSize picture)
+PixelImage withoutBars(PixelImage image, PixelSize picture)
 {
     if (picture.width <= 0 || picture.height <= 0) return image;
     const std::int64_t height = std::int64_t{image.width} * picture.height / picture.width;
@@ -147,7 +148,7 @@ platform::PixelImage platform::withoutBars(PixelImage image, PixelSize picture)
 // A source pixel is thought of as to.width (times to.height) units wide and a result pixel as
 // from.width (times from.height): so all borders lie on whole units and all sums are exact. A sum
 // is at most 255 * from.width * from.height, and lengths are below 2^17.
-platform::RowScaler::RowScaler(PixelSize from, PixelSize to) : from_(from), to_(to)
+RowScaler::RowScaler(PixelSize from, PixelSize to) : from_(from), to_(to)
 {
     if (isEmpty(to) || from.width < to.width || from.height < to.height) {
         from_ = to_ = {};
@@ -169,7 +170,7 @@ platform::RowScaler::RowScaler(PixelSize from, PixelSize to) : from_(from), to_(
     }
 }
 
-void platform::RowScaler::addToSums(const std::uint32_t* row, std::uint64_t weight)
+void RowScaler::addToSums(const std::uint32_t* row, std::uint64_t weight)
 {
     for (std::int32_t x = 0; x < from_.width; x++) {
         const std::uint32_t pixel = row[x];
@@ -186,7 +187,7 @@ void platform::RowScaler::addToSums(const std::uint32_t* row, std::uint64_t weig
     }
 }
 
-void platform::RowScaler::writeRow()
+void RowScaler::writeRow()
 {
     const std::uint64_t area = static_cast<std::uint64_t>(from_.width) * from_.height;
     for (std::int32_t x = 0; x < to_.width; x++) {
@@ -201,7 +202,7 @@ void platform::RowScaler::writeRow()
     rowsWritten_++;
 }
 
-void platform::RowScaler::addRow(const std::uint32_t* row)
+void RowScaler::addRow(const std::uint32_t* row)
 {
     if (rowsMissing() <= 0) return;
     if (from_ == to_) {
@@ -220,9 +221,11 @@ void platform::RowScaler::addRow(const std::uint32_t* row)
     if (end > rowEnd) addToSums(row, static_cast<std::uint64_t>(end - rowEnd));
 }
 
-platform::PixelImage platform::RowScaler::take(std::uint32_t missing)
+PixelImage RowScaler::take(std::uint32_t missing)
 {
     const std::vector<std::uint32_t> filler(static_cast<std::size_t>(from_.width), missing);
     while (rowsMissing() > 0) addRow(filler.data());
     return std::move(result_);
 }
+
+}  // namespace pinorama

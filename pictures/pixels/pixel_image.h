@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace platform {
+namespace pinorama {
 
 // Rows from top to bottom without padding. A pixel is the number 0xAARRGGBB in the byte order of
 // the machine with its colours multiplied by alpha, which is what Qt paints without a conversion
@@ -79,4 +79,4 @@ private:
     PixelImage result_;
 };
 
-}  // namespace platform
+}  // namespace pinorama

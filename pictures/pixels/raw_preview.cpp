@@ -9,6 +9,7 @@
 #include <exception>
 #include <memory>
 
+namespace pinorama {
 namespace {
 constexpr std::uint64_t kLargestOffset = INT64_MAX;
 constexpr std::uint32_t kOpaque = 0xff000000;
@@ -24,7 +25,7 @@ public:
 // What LibRaw reads the file through: no path, only reads at offsets.
 class SourceStream : public WithoutJasper {
 public:
-    explicit SourceStream(platform::ByteSource& bytes) : bytes_(bytes) {}
+    explicit SourceStream(ByteSource& bytes) : bytes_(bytes) {}
 
     int valid() override { return 1; }
     INT64 size() override { return static_cast<INT64>(std::min(bytes_.size(), kLargestOffset)); }
@@ -51,7 +52,7 @@ public:
         if (itemSize == 0 || __builtin_mul_overflow(itemSize, itemCount, &wanted)) return 0;
         size_t done = 0;
         while (done < wanted) {
-            const platform::ByteView bytes = next(wanted - done);
+            const ByteView bytes = next(wanted - done);
             if (bytes.empty()) break;
             std::memcpy(static_cast<char*>(dest) + done, bytes.data(), bytes.size());
             position_ += static_cast<INT64>(bytes.size());
@@ -62,7 +63,7 @@ public:
 
     int get_char() override
     {
-        const platform::ByteView byte = next(1);
+        const ByteView byte = next(1);
         if (byte.empty()) return -1;
         position_++;
         return byte[0];
@@ -84,36 +85,35 @@ public:
 
 private:
     // The bytes from the position on that one view can give, at most `wanted`.
-    platform::ByteView next(std::size_t wanted)
+    ByteView next(std::size_t wanted)
     {
         const auto left = static_cast<std::uint64_t>(size() - position_);
-        return bytes_.view(static_cast<std::uint64_t>(position_),
-                           static_cast<std::size_t>(
-                               std::min<std::uint64_t>({wanted, left, platform::kLongestView})));
+        return bytes_.view(
+            static_cast<std::uint64_t>(position_),
+            static_cast<std::size_t>(std::min<std::uint64_t>({wanted, left, kLongestView})));
     }
 
-    platform::ByteSource& bytes_;
+    ByteSource& bytes_;
     INT64 position_ = 0;
 };
 
 // LibRaw tells the turn in bits (1 mirrors, 2 flips, 4 transposes).
-platform::Orientation orientationOfFlip(int flip)
+Orientation orientationOfFlip(int flip)
 {
-    constexpr platform::Orientation kOrientations[] = {1, 2, 4, 3, 5, 8, 6, 7};
+    constexpr Orientation kOrientations[] = {1, 2, 4, 3, 5, 8, 6, 7};
     return flip >= 0 && flip < 8 ? kOrientations[flip] : 1;
 }
 
-std::optional<platform::PixelImage> scaledBitmap(const libraw_thumbnail_t& bitmap,
-                                                 platform::PixelSize box)
+std::optional<PixelImage> scaledBitmap(const libraw_thumbnail_t& bitmap, PixelSize box)
 {
-    const platform::PixelSize size = {bitmap.twidth, bitmap.theight};
+    const PixelSize size = {bitmap.twidth, bitmap.theight};
     const std::size_t channels = static_cast<std::size_t>(std::clamp(bitmap.tcolors, 0, 4));
-    const platform::PixelSize wanted = platform::fitInto(size, box);
+    const PixelSize wanted = fitInto(size, box);
     const std::size_t rowBytes = channels * bitmap.twidth;
     if (wanted.width == 0 || (channels != 1 && channels != 3)) return std::nullopt;
     if (bitmap.tlength < rowBytes * bitmap.theight) return std::nullopt;
 
-    platform::RowScaler scaler(size, wanted);
+    RowScaler scaler(size, wanted);
     std::vector<std::uint32_t> row(bitmap.twidth);
     const unsigned char* next = reinterpret_cast<const unsigned char*>(bitmap.thumb);
     while (scaler.rowsMissing() > 0) {
@@ -130,7 +130,7 @@ std::optional<platform::PixelImage> scaledBitmap(const libraw_thumbnail_t& bitma
 }  // namespace
 
 // LibRaw keeps its own exceptions to itself; what may come through is a lack of memory.
-std::optional<platform::PixelImage> platform::makeRawPreview(ByteSource& source, PixelSize box)
+std::optional<PixelImage> makeRawPreview(ByteSource& source, PixelSize box)
 try {
     SourceStream stream(source);
     const auto raw = std::make_unique<LibRaw>();
@@ -155,3 +155,5 @@ try {
 } catch (const std::exception&) {
     return std::nullopt;
 }
+
+}  // namespace pinorama

@@ -8,7 +8,7 @@
 #include "pictures/byte_source.h"
 #include "pictures/pixels/pixel_image.h"
 
-namespace platform {
+namespace pinorama {
 
 // Reads the embedded preview of a raw file, scaled down to fit into `box` and upright. Of several
 // previews the one that LibRaw thinks the best is taken, a JPEG stream or a bitmap; black bars
@@ -17,4 +17,4 @@ namespace platform {
 // Nothing when LibRaw does not know the file or the file has no preview that can be decoded.
 std::optional<PixelImage> makeRawPreview(ByteSource& source, PixelSize box);
 
-}  // namespace platform
+}  // namespace pinorama

@@ -16,8 +16,9 @@
 
 #include <set>
 
+using namespace pinorama;
+
 namespace {
-using platform::AccessibilityAdvice;
 
 class accessibilityNotice : public test::ControllerTest {
 protected:
@@ -25,7 +26,7 @@ protected:
     {
         ControllerTest::SetUp();
         controller.syncCheckbox->setChecked(true);
-        app::offerAccessibility(advice, controller);
+        offerAccessibility(advice, controller);
         controller.showMainWindow();
         QCoreApplication::processEvents();
     }
@@ -185,7 +186,7 @@ TEST_F(accessibilityNotice, showsAllItsWordsInEveryLanguage)
         QCoreApplication::installTranslator(&translator);
         AppController translated;
         AccessibilityAdvice needed;
-        app::offerAccessibility(needed, translated);
+        offerAccessibility(needed, translated);
         translated.showMainWindow();
         translated.syncCheckbox->setChecked(true);
         Q_EMIT needed.needed(QStringLiteral("PCManFM-Qt"));

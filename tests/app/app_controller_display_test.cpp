@@ -11,6 +11,8 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+using namespace pinorama;
+
 namespace {
 namespace fs = std::filesystem;
 using updateValuesForNewPath = test::ControllerTest;
@@ -134,7 +136,7 @@ TEST_F(updateValuesForNewPath, keepsACopyOfThePath)
 {
     const test::Text path = test::mutableText(folder.file("a.jpg"));
     EXPECT_TRUE(controller.updateValuesForNewPath(path.get()));
-    platform::appendUnits(path.get(), u"x");
+    appendUnits(path.get(), u"x");
     EXPECT_EQ(test::utf8(controller.lastPath), folder.file("a.jpg"));
     EXPECT_EQ(uCFGetRetainCount(path.get()), 1);
 }
@@ -274,7 +276,7 @@ TEST_F(updateValuesForNewPath, aFolderNamedLikeAPictureIsAcceptedWithoutALocatio
 TEST_F(updateValuesForNewPath, aNameThatIsNoUTF8IsFoundAndShown)
 {
     const std::string path = folder.write("a\xff.jpg", test::pictureWithGps(kMunich));
-    const test::Text text(platform::createPathText(path));
+    const test::Text text(createPathText(path));
     EXPECT_TRUE(controller.updateValuesForNewPath(text.get()));
     EXPECT_EQ(shown(controller.fileNameField), "a\xEF\xBF\xBD.jpg");
     EXPECT_EQ(shown(controller.gpsAltitudeField), "520 m");

@@ -9,6 +9,8 @@
 
 #include <optional>
 
+using namespace pinorama;
+
 namespace {
 const test::PictureFields kCape = {.lat = 33.9, .latRef = "S", .lon = 18.4, .lonRef = "W"};
 const test::PictureFields kMunich = {.lat = 48.1, .latRef = "N", .lon = 11.5, .lonRef = "E"};
@@ -87,8 +89,8 @@ TEST_F(revealInGoogleEarth, sendsTheSignedPlaceAndTheView)
     showPicture("cape.jpg", kCape);
     controller.info.azimuth = 12.5;
     controller.info.tilt = 30.0;
-    std::optional<platform::GlobeView> sent;
-    GlobeLink earlier = gpsSetGlobeLink([&](const platform::GlobeView& view) { sent = view; });
+    std::optional<GlobeView> sent;
+    GlobeLink earlier = gpsSetGlobeLink([&](const GlobeView& view) { sent = view; });
     controller.showInGEButton->click();
     gpsSetGlobeLink(std::move(earlier));
     ASSERT_TRUE(sent);

@@ -18,6 +18,8 @@
 #include <filesystem>
 #include <map>
 
+using namespace pinorama;
+
 namespace {
 class habits : public test::ControllerTest {
 protected:
@@ -119,7 +121,7 @@ TEST_F(habits, theHelpKeyOpensTheManual)
     showActiveWindow();
     QTest::keyClick(controller.myWindow, Qt::Key_F1);
     ASSERT_EQ(opener.addresses.size(), 1u);
-    const std::string manual = platform::documentFolder() + "/manual.md";
+    const std::string manual = documentFolder() + "/manual.md";
     if (std::filesystem::exists(manual)) {
         EXPECT_TRUE(opener.addresses[0].starts_with("file:///")) << opener.addresses[0];
         EXPECT_TRUE(opener.addresses[0].ends_with("/docs/manual.md")) << opener.addresses[0];
@@ -134,7 +136,7 @@ TEST_F(habits, aDragOfThePreviewCarriesTheFile)
 
     // A name that is no UTF-8, with a blank.
     const std::string path = folder.write("a \xFC.jpg", test::pictureWithGps(kCape));
-    const StringHolder text(platform::createPathText(path));
+    const StringHolder text(createPathText(path));
     EXPECT_TRUE(controller.updateValuesForNewPath(text.get()));
     const auto data = controller.fileIconField->dragData();
     ASSERT_NE(data, nullptr);
@@ -174,9 +176,9 @@ TEST_F(habits, captionsCanBeReadInEveryPalette)
             if (label->buddy() == nullptr) continue;
             ++captions;
             for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
-                EXPECT_GE(app::contrastRatio(label->palette().color(group, QPalette::WindowText),
-                                             background),
-                          4.5)
+                EXPECT_GE(
+                    contrastRatio(label->palette().color(group, QPalette::WindowText), background),
+                    4.5)
                     << label->objectName().toStdString();
             }
         }

@@ -11,6 +11,8 @@
 #include <QTimer>
 #include <QUrl>
 
+using namespace pinorama;
+
 namespace {
 using applicationOpenFile = test::ControllerTest;
 using openFile = test::ControllerTest;
@@ -92,9 +94,8 @@ TEST_F(dropOnTheWindow, showsTheLastFile)
 {
     controller.myWindow->show();
     QMimeData data;
-    const std::string list = platform::fileURIOfPath(folder.file("a.jpg")) +
-                             "\r\nhttps://example.org/\r\n" +
-                             platform::fileURIOfPath(folder.file("b \xff.jpg")) + "\r\n";
+    const std::string list = fileURIOfPath(folder.file("a.jpg")) + "\r\nhttps://example.org/\r\n" +
+                             fileURIOfPath(folder.file("b \xff.jpg")) + "\r\n";
     data.setData(QStringLiteral("text/uri-list"), QByteArray::fromStdString(list));
     drop(controller.myWindow, data);
     EXPECT_EQ(shown(controller.fileNameField), "b \xEF\xBF\xBD.jpg");
@@ -198,9 +199,8 @@ TEST_F(getFinderSelection, listsPathsInTheirOrderAndNullForNone)
     selection.paths = {"/b \xff.jpg", "/a/"};
     const ObjectHolder<TovArrayRef> paths(controller.getFinderSelection());
     ASSERT_EQ(TovArrayGetCount(paths.get()), 2);
-    EXPECT_EQ(platform::pathBytes(platform::asString(TovArrayGetValue(paths.get(), 0))),
-              "/b \xff.jpg");
-    EXPECT_EQ(test::utf8(platform::asString(TovArrayGetValue(paths.get(), 1))), "/a/");
+    EXPECT_EQ(pathBytes(asString(TovArrayGetValue(paths.get(), 0))), "/b \xff.jpg");
+    EXPECT_EQ(test::utf8(asString(TovArrayGetValue(paths.get(), 1))), "/a/");
     selection.paths = {};
     EXPECT_EQ(controller.getFinderSelection(), nullptr);
 }

@@ -8,6 +8,8 @@
 #include <filesystem>
 #include <optional>
 
+using namespace pinorama;
+
 namespace {
 using webMenuHit = test::ControllerTest;
 using searchInSkallion = test::ControllerTest;

@@ -10,6 +10,8 @@
 
 #include <filesystem>
 
+using namespace pinorama;
+
 namespace {
 const auto* const toolkit = testing::AddGlobalTestEnvironment(new test::Toolkit);
 

@@ -4,13 +4,15 @@
 
 #include <gtest/gtest.h>
 
+using namespace pinorama;
+
 TEST(contrastRatio, goesFromOneToTwentyOne)
 {
-    EXPECT_NEAR(app::contrastRatio(Qt::black, Qt::white), 21.0, 0.001);
-    EXPECT_NEAR(app::contrastRatio(Qt::white, Qt::black), 21.0, 0.001);
-    EXPECT_NEAR(app::contrastRatio(Qt::red, Qt::red), 1.0, 0.001);
+    EXPECT_NEAR(contrastRatio(Qt::black, Qt::white), 21.0, 0.001);
+    EXPECT_NEAR(contrastRatio(Qt::white, Qt::black), 21.0, 0.001);
+    EXPECT_NEAR(contrastRatio(Qt::red, Qt::red), 1.0, 0.001);
     // A grey that is just enough on white, as every table of such colours has it.
-    EXPECT_NEAR(app::contrastRatio(QColor(0x76, 0x76, 0x76), Qt::white), 4.54, 0.005);
+    EXPECT_NEAR(contrastRatio(QColor(0x76, 0x76, 0x76), Qt::white), 4.54, 0.005);
 }
 
 TEST(captionColour, isQuietAndEasyToRead)
@@ -30,15 +32,14 @@ TEST(captionColour, isQuietAndEasyToRead)
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        const QColor caption = app::captionColour(row.background, row.text);
-        EXPECT_GE(app::contrastRatio(row.background, caption), 4.5);
-        EXPECT_LT(app::contrastRatio(row.background, caption),
-                  app::contrastRatio(row.background, row.text));
+        const QColor caption = captionColour(row.background, row.text);
+        EXPECT_GE(contrastRatio(row.background, caption), 4.5);
+        EXPECT_LT(contrastRatio(row.background, caption), contrastRatio(row.background, row.text));
     }
 }
 
 TEST(captionColour, isTheTextsOwnWhereThatIsHardToReadAlready)
 {
     const QColor grey(0x90, 0x90, 0x90);
-    EXPECT_EQ(app::captionColour(Qt::white, grey), grey);
+    EXPECT_EQ(captionColour(Qt::white, grey), grey);
 }

@@ -5,17 +5,19 @@
 
 #include <filesystem>
 
+using namespace pinorama;
+
 namespace {
-std::optional<app::CommandLine> parse(const std::vector<std::string>& arguments)
+std::optional<CommandLine> parse(const std::vector<std::string>& arguments)
 {
     std::string error;
-    return app::parseCommandLine(arguments, &error);
+    return parseCommandLine(arguments, &error);
 }
 
 std::string errorOf(const std::vector<std::string>& arguments)
 {
     std::string error;
-    return app::parseCommandLine(arguments, &error) ? "no error" : error;
+    return parseCommandLine(arguments, &error) ? "no error" : error;
 }
 
 std::vector<std::string> pathsOf(const std::vector<std::string>& arguments)

@@ -21,8 +21,9 @@
 #include <vector>
 
 namespace test {
+using namespace pinorama;
 
-class ChosenSelection final : public platform::SelectionSource {
+class ChosenSelection final : public pinorama::SelectionSource {
 public:
     std::vector<std::string> selectedPaths() override
     {
@@ -34,7 +35,7 @@ public:
     int questions = 0;
 };
 
-class RecordingOpener final : public platform::AddressOpener {
+class RecordingOpener final : public pinorama::AddressOpener {
 public:
     void open(const QByteArray& address) override { addresses.push_back(address.toStdString()); }
 
@@ -56,7 +57,7 @@ protected:
     // Shows a file; what updateValuesForNewPath returned.
     bool show(const std::string& path)
     {
-        const Text bytes(platform::createPathText(path));
+        const Text bytes(pinorama::createPathText(path));
         return controller.updateValuesForNewPath(bytes.get());
     }
 

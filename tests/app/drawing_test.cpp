@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace pinorama;
+
 namespace {
 const auto* const toolkit = testing::AddGlobalTestEnvironment(new test::Toolkit);
 
@@ -14,7 +16,7 @@ const char* const kHeader =
 QImage drawingOf(const std::string& bytes)
 {
     const test::TemporaryFolder folder;
-    return app::readDrawing(QString::fromStdString(folder.write("drawing.pam", bytes)));
+    return readDrawing(QString::fromStdString(folder.write("drawing.pam", bytes)));
 }
 
 std::string replaced(std::string text, const std::string& part, const std::string& by)
@@ -35,7 +37,7 @@ TEST(readDrawing, isNullForEverythingElse)
 {
     const std::string header = kHeader;
     const std::string pixels(8, 'x');
-    EXPECT_TRUE(app::readDrawing(QStringLiteral(":/pinorama/none.pam")).isNull());
+    EXPECT_TRUE(readDrawing(QStringLiteral(":/pinorama/none.pam")).isNull());
     struct Row {
         const char* name;
         std::string bytes;
@@ -58,7 +60,7 @@ TEST(readDrawing, isNullForEverythingElse)
 
 TEST(drawnIcon, isTheOneThatTheDesktopShows)
 {
-    const QIcon icon = app::drawnIcon(QStringLiteral("icon"), {16, 32, 48, 64});
+    const QIcon icon = drawnIcon(QStringLiteral("icon"), {16, 32, 48, 64});
     ASSERT_EQ(icon.availableSizes().size(), 4);
     for (const int size : {16, 32, 48, 64}) {
         SCOPED_TRACE(size);
@@ -66,14 +68,14 @@ TEST(drawnIcon, isTheOneThatTheDesktopShows)
             QStringLiteral(PINORAMA_ICONS "/hicolor/%1x%1/apps/org.pinorama.Pinorama.png");
         const QImage expected(file.arg(size));
         ASSERT_FALSE(expected.isNull());
-        EXPECT_EQ(app::readDrawing(QStringLiteral(":/pinorama/icon-%1.pam").arg(size)),
+        EXPECT_EQ(readDrawing(QStringLiteral(":/pinorama/icon-%1.pam").arg(size)),
                   expected.convertToFormat(QImage::Format_RGBA8888));
     }
 }
 
 TEST(drawnIcon, isThereForTheMarkerOnEveryScreen)
 {
-    const QIcon marker = app::drawnIcon(QStringLiteral("marker"), {32, 64, 96});
+    const QIcon marker = drawnIcon(QStringLiteral("marker"), {32, 64, 96});
     for (const int size : {32, 64, 96})
         EXPECT_TRUE(marker.availableSizes().contains(QSize(size, size))) << size;
 }

@@ -16,6 +16,8 @@
 
 #include <sys/stat.h>
 
+using namespace pinorama;
+
 namespace {
 namespace fs = std::filesystem;
 

@@ -15,6 +15,8 @@
 #include <cerrno>
 #include <string>
 
+using namespace pinorama;
+
 namespace {
 const QString kFile = QStringLiteral("/home/me/place.kml");
 
@@ -29,7 +31,7 @@ protected:
 
     void show(int error, const QString& file = kFile)
     {
-        app::showExportResult(*controller.myWindow, file, error);
+        pinorama::showExportResult(*controller.myWindow, file, error);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
     ExportNotice* notice() { return controller.myWindow->findChild<ExportNotice*>(); }

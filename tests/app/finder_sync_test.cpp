@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace pinorama;
+
 namespace {
 // Stores a value as another program of the house would.
 void store(const char* value)

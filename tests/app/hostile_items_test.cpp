@@ -18,6 +18,8 @@
 
 #include <sys/stat.h>
 
+using namespace pinorama;
+
 namespace {
 namespace fs = std::filesystem;
 
@@ -188,8 +190,8 @@ TEST_F(hostileItems, aDropOfAnySizeShowsTheLastFile)
 {
     controller.myWindow->show();
     std::string list;
-    for (int i = 0; i < 10'000; i++) list += platform::fileURIOfPath(other_) + "\r\n";
-    drop(list + platform::fileURIOfPath(good_) + "\r\n");
+    for (int i = 0; i < 10'000; i++) list += fileURIOfPath(other_) + "\r\n";
+    drop(list + fileURIOfPath(good_) + "\r\n");
     EXPECT_EQ(shown(controller.gpsAltitudeField), "520 m");
     for (const std::string& nothing :
          {"file:///" + std::string(1'000'000, 'x') + ".jpg\r\n", "file://" + other_ + "%00\r\n",

@@ -14,6 +14,8 @@
 
 #include <unistd.h>
 
+using namespace pinorama;
+
 namespace {
 using namespace std::chrono_literals;
 namespace fs = std::filesystem;

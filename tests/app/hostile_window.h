@@ -16,6 +16,7 @@
 #include <string>
 
 namespace test {
+using namespace pinorama;
 
 class HostileWindowTest : public ControllerTest {
 protected:
@@ -34,7 +35,7 @@ protected:
     }
     void TearDown() override
     {
-        platform::installPropertySource({});
+        pinorama::installPropertySource({});
         cuPictureReader().stop();
         cuPictureReader().setLimits({});
     }

@@ -14,6 +14,8 @@
 
 #include <set>
 
+using namespace pinorama;
+
 namespace {
 using MainWindowTest = test::ControllerTest;
 

@@ -12,6 +12,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace pinorama;
+
 namespace {
 const auto* const toolkit = testing::AddGlobalTestEnvironment(new test::Toolkit);
 

@@ -18,6 +18,8 @@
 #include <memory>
 #include <utility>
 
+using namespace pinorama;
+
 namespace {
 // A session bus before the toolkit connects to one.
 class Session : public test::Toolkit {
@@ -59,8 +61,8 @@ protected:
         if (!QDBusConnection::sessionBus().isConnected())
             GTEST_SKIP() << "no session bus can be started";
         test::ControllerTest::SetUp();
-        app::connectRequests(bus_, controller);
-        ASSERT_EQ(bus_.claim(), platform::ApplicationBus::Claim::granted);
+        connectRequests(bus_, controller);
+        ASSERT_EQ(bus_.claim(), ApplicationBus::Claim::granted);
     }
 
     // Starts a second program while this one answers; its exit status, -1 when it does not end.
@@ -77,7 +79,7 @@ protected:
         return ended ? process.exitCode() : -1;
     }
 
-    platform::ApplicationBus bus_{QDBusConnection::sessionBus()};
+    ApplicationBus bus_{QDBusConnection::sessionBus()};
 };
 }  // namespace
 
@@ -263,7 +265,7 @@ protected:
     bool ends(const std::function<void()>& requests)
     {
         constexpr int kStays = 5;
-        app::endUnlessUsed(bus_, controller, std::chrono::milliseconds(20));
+        endUnlessUsed(bus_, controller, std::chrono::milliseconds(20));
         requests();
         // Of two timers the one that is due first comes first, however slow the machine is.
         QTimer::singleShot(200, &controller, [] { QCoreApplication::exit(kStays); });

@@ -10,12 +10,14 @@
 #include <filesystem>
 #include <vector>
 
+using namespace pinorama;
+
 namespace {
 namespace fs = std::filesystem;
 
 class readerTrouble : public test::HostileWindowTest {
 protected:
-    std::string faultyReader() const { return platform::programFolder() + "/faulty-reader"; }
+    std::string faultyReader() const { return programFolder() + "/faulty-reader"; }
 
     // A program of a few lines of shell.
     std::string script(const std::string& name, const std::string& lines) const
@@ -64,7 +66,7 @@ TEST_F(readerTrouble, aReaderThatDiesShowsAsAnEmptyFieldAndNoMore)
 
 TEST_F(readerTrouble, noFaultOfTheReaderHarmsTheWindow)
 {
-    platform::ReaderLimits limits;
+    ReaderLimits limits;
     limits.preview.processor = std::chrono::seconds(1);
     cuPictureReader().setLimits(limits);
     useReader(faultyReader());
@@ -95,7 +97,7 @@ TEST_F(readerTrouble, theSameFaultsDoHarmWhereNothingIsLockedIn)
 
 TEST_F(readerTrouble, withoutAReaderTheGeneralFactsAreShownAndNothingIsParsed)
 {
-    platform::ReaderLimits limits;
+    ReaderLimits limits;
     limits.start.silence = std::chrono::seconds(1);
     cuPictureReader().setLimits(limits);
     const std::string cases[] = {folder.file("missing"),
@@ -119,7 +121,7 @@ TEST_F(readerTrouble, withoutAReaderTheGeneralFactsAreShownAndNothingIsParsed)
         EXPECT_TRUE(saysThatThereIsNoReader());
     }
     // It comes back as soon as there is one.
-    useReader(platform::programFolder() + "/pinorama-reader");
+    useReader(programFolder() + "/pinorama-reader");
     expectGoodPicture();
     EXPECT_EQ(controller.fileIconField->text(), QString());
 }

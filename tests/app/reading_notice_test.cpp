@@ -8,6 +8,8 @@
 #include <QDir>
 #include <QTranslator>
 
+using namespace pinorama;
+
 namespace {
 class readingNotice : public testing::Test {
 protected:

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace pinorama;
+
 TEST(appMakeSelectionScript, hasItsBlanksAndTabs)
 {
     EXPECT_EQ(

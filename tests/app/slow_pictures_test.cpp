@@ -13,6 +13,8 @@
 #include <filesystem>
 #include <memory>
 
+using namespace pinorama;
+
 namespace {
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
@@ -54,9 +56,8 @@ protected:
     // Starts over with the reader that sleeps over the pictures that want it.
     void useReader(const std::string& arguments)
     {
-        const std::string path =
-            folder.write("reader", "#!/bin/sh\nexec '" + platform::programFolder() +
-                                       "/faulty-reader' " + arguments + "\n");
+        const std::string path = folder.write("reader", "#!/bin/sh\nexec '" + programFolder() +
+                                                            "/faulty-reader' " + arguments + "\n");
         fs::permissions(path, fs::perms::owner_all);
         variable_.reset();
         variable_ = std::make_unique<test::ScopedVariable>("PINORAMA_READER", path.c_str());
@@ -72,9 +73,9 @@ protected:
                 "SLOW " + std::to_string(milliseconds));
     }
 
-    static platform::ReaderLimits shortSilence()
+    static ReaderLimits shortSilence()
     {
-        platform::ReaderLimits limits;
+        ReaderLimits limits;
         limits.properties.silence = limits.preview.silence = 1500ms;
         return limits;
     }
@@ -160,7 +161,7 @@ TEST_F(slowPictures, dropAnswersForAnotherPath)
     expectLocationActions(false);
 
     // The same for an answer that comes nevertheless.
-    platform::PropertyResult late{platform::ReadOutcome::found, {}};
+    PropertyResult late{ReadOutcome::found, {}};
     late.properties.hasGps = true;
     late.properties.latitude = late.properties.longitude = 5.0;
     controller.showLateLocation(0, late);
@@ -266,7 +267,7 @@ TEST_F(slowPictures, onADiskThatIsReallySlowShowTheirPlace)
                                                     {"dead.jpg", bytes, test::SlowDisk::kNever}});
     if (!disk.isUsable()) GTEST_SKIP() << "no disk may be mounted here";
     const test::ScopedVariable real("PINORAMA_READER",
-                                    (platform::programFolder() + "/pinorama-reader").c_str());
+                                    (programFolder() + "/pinorama-reader").c_str());
     cuPictureReader().stop();
     expectGoodPicture();
     EXPECT_TRUE(show(disk.file("slow.jpg")));

@@ -15,6 +15,8 @@
 #include <set>
 #include <string>
 
+using namespace pinorama;
+
 namespace {
 const auto* const toolkit = testing::AddGlobalTestEnvironment(new test::Toolkit);
 
@@ -45,8 +47,9 @@ TEST(translations, everyTextOfTheWindowHasOneInEveryLanguage)
 {
     const test::TemporaryFolder folder;
     const std::string fresh = folder.file("fresh.ts");
-    const test::ProgramResult lupdate = test::runProgram(
-        {.command = {PINORAMA_LUPDATE, "-silent", PINORAMA_APP_SOURCES, "-ts", fresh}});
+    const test::ProgramResult lupdate =
+        test::runProgram({.command = {PINORAMA_LUPDATE, "-silent", "-I", PINORAMA_APP_SOURCES "/..",
+                                      PINORAMA_APP_SOURCES, "-ts", fresh}});
     ASSERT_EQ(lupdate.status, 0) << lupdate.err;
     const auto texts = translationsIn(QString::fromStdString(fresh));
     ASSERT_GT(texts.size(), 30u);
@@ -68,15 +71,17 @@ TEST(translations, everyTextOfTheWindowHasOneInEveryLanguage)
 
 TEST(installTranslations, followsTheLanguagesOfTheTexts)
 {
-    const auto greeting = [] { return QCoreApplication::translate("MainWindow", "&Picture"); };
+    const auto greeting = [] {
+        return QCoreApplication::translate("pinorama::MainWindow", "&Picture");
+    };
     {
         const test::ScopedVariable english("LANGUAGE", "en:de");
-        app::installTranslations();
+        installTranslations();
         EXPECT_EQ(greeting(), QLatin1String("&Picture"));
     }
     {
         const test::ScopedVariable austrian("LANGUAGE", "xx:de_AT");
-        app::installTranslations();
+        installTranslations();
         EXPECT_EQ(greeting(), QLatin1String("&Bild"));
     }
 }

@@ -15,6 +15,8 @@
 #include <QVBoxLayout>
 #include <QWheelEvent>
 
+using namespace pinorama;
+
 namespace {
 void press(QWidget* widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
 {

@@ -11,6 +11,8 @@
 #include <QMenuBar>
 #include <QTranslator>
 
+using namespace pinorama;
+
 namespace {
 // Tells what was in a window when it was painted first.
 class FirstPaint : public QObject {
@@ -130,24 +132,24 @@ TEST(opensWindow, tellsWhetherTheWindowComesToTheScreen)
 {
     struct Row {
         const char* name;
-        app::CommandLine line;
+        CommandLine line;
         bool expected;
     };
-    app::CommandLine picture;
+    CommandLine picture;
     picture.paths = {"/one.jpg"};
-    app::CommandLine service;
+    CommandLine service;
     service.service = true;
-    app::CommandLine text = service;
+    CommandLine text = service;
     text.serviceText = "/one.jpg";
-    app::CommandLine serviceWithPicture = service;
+    CommandLine serviceWithPicture = service;
     serviceWithPicture.paths = {"/one.jpg"};
-    app::CommandLine action = picture;
+    CommandLine action = picture;
     action.action = "home";
     for (const Row& row : {Row{"nothing", {}, true}, Row{"a picture", picture, true},
                            Row{"the service", service, false}, Row{"a text", text, true},
                            Row{"the service and a picture", serviceWithPicture, true},
                            Row{"an action", action, false}}) {
         SCOPED_TRACE(row.name);
-        EXPECT_EQ(app::opensWindow(row.line), row.expected);
+        EXPECT_EQ(opensWindow(row.line), row.expected);
     }
 }

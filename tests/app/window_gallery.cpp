@@ -29,6 +29,8 @@
 #include <string>
 #include <vector>
 
+using namespace pinorama;
+
 namespace {
 constexpr int kGap = 12;          // points
 constexpr int kMostWidth = 1500;  // points
@@ -90,16 +92,16 @@ private:
 void addNotices(Gallery& gallery, AppController& controller)
 {
     for (int state = 0; state < kNoticeStates; ++state) {
-        platform::AccessibilityAdvice advice;
+        AccessibilityAdvice advice;
         controller.syncCheckbox->setChecked(true);
-        app::offerAccessibility(advice, controller);
+        offerAccessibility(advice, controller);
         Q_EMIT advice.needed(QStringLiteral("PCManFM-Qt"));  // the longest of the names
         auto* notice = controller.myWindow->findChild<AccessibilityNotice*>();
         if (state > 0) notice->showSwitched(state == 1);
         gallery.add(state == 0 ? controller.myWindow : static_cast<QWidget*>(notice));
         delete notice;
     }
-    app::showExportResult(*controller.myWindow, QStringLiteral("/tmp/place.kml"), EACCES);
+    showExportResult(*controller.myWindow, QStringLiteral("/tmp/place.kml"), EACCES);
     auto* failure = controller.myWindow->findChild<ExportNotice*>();
     gallery.add(failure);
     delete failure;
@@ -111,15 +113,15 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     if (argc != 3) return std::fputs("usage: window_gallery FILE.png PICTURE\n", stderr), 2;
     QApplication::setApplicationName(QStringLiteral("Pinorama"));
-    QApplication::setWindowIcon(app::drawnIcon(QStringLiteral("icon"), {16, 32, 48, 64}));
-    app::installTranslations();
+    QApplication::setWindowIcon(drawnIcon(QStringLiteral("icon"), {16, 32, 48, 64}));
+    installTranslations();
 
     AppController controller;
     controller.init();
     controller.applicationWillFinishLaunching();
     controller.awakeFromNib();
     controller.showMainWindow();
-    const ObjectHolder<TovStringRef> picture(platform::createPathText(argv[2]));
+    const ObjectHolder<TovStringRef> picture(createPathText(argv[2]));
     controller.applicationOpenFile(picture.get());
     settle();
 

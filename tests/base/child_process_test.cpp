@@ -8,15 +8,15 @@
 
 #include <unistd.h>
 
-using platform::runAndWait;
+using namespace pinorama;
 
 TEST(runAndWait, returnsTheStatusOrTheSignal)
 {
     EXPECT_EQ(runAndWait({"true"}), 0);
     EXPECT_EQ(runAndWait({"sh", "-c", "exit 3"}), 3);
     EXPECT_EQ(runAndWait({"sh", "-c", "kill -9 $$"}), 128 + 9);
-    EXPECT_EQ(runAndWait({"there-is-no-such-program"}), platform::kCannotStart);
-    EXPECT_EQ(runAndWait({}), platform::kCannotStart);
+    EXPECT_EQ(runAndWait({"there-is-no-such-program"}), kCannotStart);
+    EXPECT_EQ(runAndWait({}), kCannotStart);
 }
 
 TEST(runAndWait, handsOverTheInputAndTakesTheOutput)
@@ -34,8 +34,7 @@ TEST(runAndWait, takesWhatAProgramWroteBeforeItFailed)
     std::string output;
     EXPECT_EQ(runAndWait({"sh", "-c", "echo $A; exit 2"}, {"A=b"}, {.output = &output}), 2);
     EXPECT_EQ(output, "b\n");
-    EXPECT_EQ(runAndWait({"there-is-no-such-program"}, {}, {.output = &output}),
-              platform::kCannotStart);
+    EXPECT_EQ(runAndWait({"there-is-no-such-program"}, {}, {.output = &output}), kCannotStart);
     EXPECT_EQ(output, "");
 }
 

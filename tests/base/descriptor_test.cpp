@@ -15,6 +15,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using namespace pinorama;
+
 TEST(statusOfErrno, hasItsTable)
 {
     const struct {
@@ -29,7 +31,7 @@ TEST(statusOfErrno, hasItsTable)
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.error);
-        EXPECT_EQ(platform::statusOfErrno(row.error), row.status);
+        EXPECT_EQ(statusOfErrno(row.error), row.status);
     }
 }
 
@@ -42,7 +44,7 @@ TEST(openDescriptor, isAboveTheStandardStreamsAndClosedInChildren)
     ASSERT_GE(child, 0);
     if (child == 0) {
         for (int stream = 0; stream <= 2; stream++) close(stream);
-        const int descriptor = platform::openDescriptor(path.c_str(), O_RDONLY);
+        const int descriptor = openDescriptor(path.c_str(), O_RDONLY);
         const bool isHigh = descriptor > 2;
         const bool isClosedOnExec = (fcntl(descriptor, F_GETFD) & FD_CLOEXEC) != 0;
         const bool standardIsFree = fcntl(0, F_GETFD) == -1;
@@ -60,11 +62,11 @@ TEST(openDescriptor, tellsThatNoDescriptorIsLeft)
     ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &earlier), 0);
     const rlimit none = {3, earlier.rlim_max};
     ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &none), 0);
-    const int descriptor = platform::openDescriptor("/dev/null", O_RDONLY);
+    const int descriptor = openDescriptor("/dev/null", O_RDONLY);
     const int error = errno;
     setrlimit(RLIMIT_NOFILE, &earlier);
     EXPECT_EQ(descriptor, -1);
-    EXPECT_EQ(platform::statusOfErrno(error), kErrTooManyOpen);
+    EXPECT_EQ(statusOfErrno(error), kErrTooManyOpen);
 }
 
 TEST(writeAt, failsWhenTheFileMayNotGrowFurther)
@@ -77,12 +79,10 @@ TEST(writeAt, failsWhenTheFileMayNotGrowFurther)
         std::signal(SIGXFSZ, SIG_IGN);
         const rlimit limit = {10, 10};
         if (setrlimit(RLIMIT_FSIZE, &limit) != 0) _exit(2);
-        const platform::DescriptorHolder file(platform::openDescriptor(path.c_str(), O_RDWR));
+        const DescriptorHolder file(openDescriptor(path.c_str(), O_RDWR));
         // The system takes 10 of the 20 bytes and refuses the rest: no success.
-        _exit(platform::writeAt(file.get(), 0, std::string(20, 'x').data(), 20) == -1 &&
-                      errno == EFBIG
-                  ? 0
-                  : 1);
+        _exit(writeAt(file.get(), 0, std::string(20, 'x').data(), 20) == -1 && errno == EFBIG ? 0
+                                                                                              : 1);
     }
     int status = 0;
     ASSERT_EQ(waitpid(child, &status, 0), child);
@@ -101,10 +101,10 @@ TEST(appendTo, neverLosesWhatAnotherProcessAppends)
         const pid_t child = fork();
         ASSERT_GE(child, 0);
         if (child == 0) {
-            const platform::DescriptorHolder file(platform::openDescriptor(path.c_str(), O_RDWR));
+            const DescriptorHolder file(openDescriptor(path.c_str(), O_RDWR));
             const std::string line = "line of process " + std::to_string(i) + "\n";
             for (int n = 0; n < kLines; n++) {
-                if (platform::appendTo(file.get(), line.data(), line.size()) !=
+                if (appendTo(file.get(), line.data(), line.size()) !=
                     static_cast<std::int64_t>(line.size()))
                     _exit(1);
             }
@@ -132,12 +132,11 @@ TEST(appendTo, neverLosesWhatAnotherProcessAppends)
 TEST(readAt, givesWhatIsThere)
 {
     const test::TemporaryFolder folder;
-    const platform::DescriptorHolder file(
-        platform::openDescriptor(folder.write("f", "0123456789").c_str(), O_RDONLY));
+    const DescriptorHolder file(openDescriptor(folder.write("f", "0123456789").c_str(), O_RDONLY));
     char buffer[16] = {};
-    EXPECT_EQ(platform::readAt(file.get(), 8, buffer, 5), 2);
+    EXPECT_EQ(readAt(file.get(), 8, buffer, 5), 2);
     EXPECT_EQ(std::string(buffer, 2), "89");
-    EXPECT_EQ(platform::readAt(file.get(), 20, buffer, 5), 0);
-    EXPECT_EQ(platform::readAt(file.get(), -1, buffer, 5), -1);
+    EXPECT_EQ(readAt(file.get(), 20, buffer, 5), 0);
+    EXPECT_EQ(readAt(file.get(), -1, buffer, 5), -1);
     EXPECT_EQ(errno, EINVAL);
 }

@@ -9,6 +9,8 @@
 
 #include <ctime>
 
+using namespace pinorama;
+
 namespace {
 // Sets the date of the last change; nanoseconds run upwards also before 1970.
 void setModified(const std::string& path, std::time_t seconds, long nanoseconds)
@@ -24,12 +26,12 @@ TEST(attributesOf, tellsSizeAndKind)
     const std::string file = folder.write("a", "12345");
     const std::string empty = folder.write("b", "");
 
-    EXPECT_TRUE(platform::attributesOf(file)->isRegular);
-    EXPECT_EQ(platform::attributesOf(file)->size, 5u);
-    EXPECT_TRUE(platform::attributesOf(empty)->isRegular);
-    EXPECT_EQ(platform::attributesOf(empty)->size, 0u);
-    EXPECT_FALSE(platform::attributesOf(folder.path())->isRegular);
-    EXPECT_FALSE(platform::attributesOf("/dev/null")->isRegular);
+    EXPECT_TRUE(attributesOf(file)->isRegular);
+    EXPECT_EQ(attributesOf(file)->size, 5u);
+    EXPECT_TRUE(attributesOf(empty)->isRegular);
+    EXPECT_EQ(attributesOf(empty)->size, 0u);
+    EXPECT_FALSE(attributesOf(folder.path())->isRegular);
+    EXPECT_FALSE(attributesOf("/dev/null")->isRegular);
 }
 
 TEST(attributesOf, tellsTheSameOfAnOpenFile)
@@ -39,10 +41,10 @@ TEST(attributesOf, tellsTheSameOfAnOpenFile)
     for (const std::string& path : {file, folder.path()}) {
         const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
         ASSERT_GE(descriptor, 0);
-        EXPECT_EQ(platform::attributesOf(descriptor), platform::attributesOf(path));
+        EXPECT_EQ(attributesOf(descriptor), attributesOf(path));
         close(descriptor);
     }
-    EXPECT_EQ(platform::attributesOf(-1), std::nullopt);
+    EXPECT_EQ(attributesOf(-1), std::nullopt);
 }
 
 TEST(attributesOf, doesNotWaitForAPipe)
@@ -50,7 +52,7 @@ TEST(attributesOf, doesNotWaitForAPipe)
     const test::TemporaryFolder folder;
     const std::string pipe = folder.file("pipe.jpg");
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    EXPECT_FALSE(platform::attributesOf(pipe)->isRegular);
+    EXPECT_FALSE(attributesOf(pipe)->isRegular);
 }
 
 TEST(attributesOf, followsLinks)
@@ -60,9 +62,9 @@ TEST(attributesOf, followsLinks)
     ASSERT_EQ(symlink(file.c_str(), folder.file("link").c_str()), 0);
     ASSERT_EQ(symlink("nowhere", folder.file("dangling").c_str()), 0);
 
-    EXPECT_TRUE(platform::attributesOf(folder.file("link"))->isRegular);
-    EXPECT_EQ(platform::attributesOf(folder.file("link"))->size, 5u);
-    EXPECT_EQ(platform::attributesOf(folder.file("dangling")), std::nullopt);
+    EXPECT_TRUE(attributesOf(folder.file("link"))->isRegular);
+    EXPECT_EQ(attributesOf(folder.file("link"))->size, 5u);
+    EXPECT_EQ(attributesOf(folder.file("dangling")), std::nullopt);
 }
 
 TEST(attributesOf, roundsDatesDownToWholeSeconds)
@@ -70,9 +72,9 @@ TEST(attributesOf, roundsDatesDownToWholeSeconds)
     const test::TemporaryFolder folder;
     const std::string file = folder.write("a", "");
     setModified(file, 1230143400, 999999999);
-    EXPECT_EQ(platform::attributesOf(file)->modified, 1230143400);
+    EXPECT_EQ(attributesOf(file)->modified, 1230143400);
     setModified(file, -1, 500000000);
-    EXPECT_EQ(platform::attributesOf(file)->modified, -1);
+    EXPECT_EQ(attributesOf(file)->modified, -1);
 }
 
 TEST(attributesOf, tellsWhenAFileWasMadeWhereTheFileSystemKnows)
@@ -81,7 +83,7 @@ TEST(attributesOf, tellsWhenAFileWasMadeWhereTheFileSystemKnows)
     const std::time_t before = std::time(nullptr) - 1;
     const std::string file = folder.write("a", "");
     setModified(file, 1230143400, 0);
-    const auto created = platform::attributesOf(file)->created;
+    const auto created = attributesOf(file)->created;
     if (!created) GTEST_SKIP() << "this file system keeps no date of creation";
     EXPECT_GE(*created, before);
     EXPECT_LE(*created, std::time(nullptr) + 1);
@@ -91,8 +93,8 @@ TEST(attributesOf, isNothingForWhatIsNotThere)
 {
     const test::TemporaryFolder folder;
     const std::string file = folder.write("a", "");
-    EXPECT_EQ(platform::attributesOf(folder.file("b")), std::nullopt);
-    EXPECT_EQ(platform::attributesOf(""), std::nullopt);
-    EXPECT_EQ(platform::attributesOf(file + '\0' + "b"), std::nullopt);
-    EXPECT_EQ(platform::attributesOf(file + "/b"), std::nullopt);
+    EXPECT_EQ(attributesOf(folder.file("b")), std::nullopt);
+    EXPECT_EQ(attributesOf(""), std::nullopt);
+    EXPECT_EQ(attributesOf(file + '\0' + "b"), std::nullopt);
+    EXPECT_EQ(attributesOf(file + "/b"), std::nullopt);
 }

@@ -6,9 +6,7 @@
 
 #include <unistd.h>
 
-using platform::fileURIOfPath;
-using platform::pathOfFileURI;
-using platform::pathsOfURIList;
+using namespace pinorama;
 
 TEST(pathOfFileURI, namesLocalFilesOnly)
 {

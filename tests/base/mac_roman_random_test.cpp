@@ -8,17 +8,19 @@
 
 #include <gtest/gtest.h>
 
+using namespace pinorama;
+
 TEST(encodeMacRoman, writesOneByteForEachUnit)
 {
     int convertible = 0;
     test::forRandomTexts([&](const std::u16string& text) {
         const auto expected = test::macRomanByICU(text);
-        ASSERT_EQ(platform::isMacRoman(text), expected.has_value());
+        ASSERT_EQ(isMacRoman(text), expected.has_value());
         if (!expected) return;
         convertible++;
-        ASSERT_EQ(test::writtenInto<char>(
-                      text.size(), [&](char* dest) { platform::encodeMacRoman(text, dest); }),
-                  *expected);
+        ASSERT_EQ(
+            test::writtenInto<char>(text.size(), [&](char* dest) { encodeMacRoman(text, dest); }),
+            *expected);
     });
     EXPECT_GT(convertible, 5000);
 }
@@ -26,8 +28,8 @@ TEST(encodeMacRoman, writesOneByteForEachUnit)
 TEST(decodeMacRoman, writesOneUnitForEachByte)
 {
     test::forRandomBytes([](const std::string& bytes) {
-        ASSERT_EQ(test::writtenInto<char16_t>(
-                      bytes.size(), [&](char16_t* dest) { platform::decodeMacRoman(bytes, dest); }),
+        ASSERT_EQ(test::writtenInto<char16_t>(bytes.size(),
+                                              [&](char16_t* dest) { decodeMacRoman(bytes, dest); }),
                   test::macRomanUnitsByICU(bytes));
     });
 }
@@ -35,7 +37,7 @@ TEST(decodeMacRoman, writesOneUnitForEachByte)
 TEST(createStringFromMacRoman, hasAUnitForEachByte)
 {
     test::forRandomBytes([](const std::string& bytes) {
-        const test::Text text(platform::createStringFromMacRoman(bytes));
-        ASSERT_EQ(platform::unitsOf(text.get()), test::macRomanUnitsByICU(bytes));
+        const test::Text text(createStringFromMacRoman(bytes));
+        ASSERT_EQ(unitsOf(text.get()), test::macRomanUnitsByICU(bytes));
     });
 }

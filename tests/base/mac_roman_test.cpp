@@ -9,6 +9,8 @@
 #include <array>
 #include <set>
 
+using namespace pinorama;
+
 namespace {
 std::array<char16_t, 256> unitsAsICUHasThem()
 {
@@ -29,7 +31,7 @@ TEST(macRomanUnit, agreesWithICUForEveryByte)
     const auto expected = unitsAsICUHasThem();
     for (unsigned byte = 0; byte < 256; byte++) {
         SCOPED_TRACE(byte);
-        EXPECT_EQ(platform::macRomanUnit(static_cast<std::uint8_t>(byte)), expected[byte]);
+        EXPECT_EQ(macRomanUnit(static_cast<std::uint8_t>(byte)), expected[byte]);
     }
 }
 
@@ -45,15 +47,15 @@ TEST(macRomanUnit, knowsTheCharactersThatEditionsDisagreeAbout)
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(static_cast<unsigned>(row.byte));
-        EXPECT_EQ(platform::macRomanUnit(row.byte), row.unit);
+        EXPECT_EQ(macRomanUnit(row.byte), row.unit);
     }
 }
 
 TEST(macRomanByte, isTheWayBackOfEveryByte)
 {
     for (unsigned byte = 0; byte < 256; byte++) {
-        const char16_t unit = platform::macRomanUnit(static_cast<std::uint8_t>(byte));
-        EXPECT_EQ(platform::macRomanByte(unit), static_cast<int>(byte));
+        const char16_t unit = macRomanUnit(static_cast<std::uint8_t>(byte));
+        EXPECT_EQ(macRomanByte(unit), static_cast<int>(byte));
     }
 }
 
@@ -61,17 +63,17 @@ TEST(macRomanByte, knowsNoOtherUnit)
 {
     std::set<char16_t> known;
     for (unsigned byte = 0; byte < 256; byte++) {
-        known.insert(platform::macRomanUnit(static_cast<std::uint8_t>(byte)));
+        known.insert(macRomanUnit(static_cast<std::uint8_t>(byte)));
     }
     ASSERT_EQ(known.size(), 256u);
     for (unsigned unit = 0; unit <= 0xffff; unit++) {
         const auto one = static_cast<char16_t>(unit);
-        EXPECT_EQ(platform::macRomanByte(one) >= 0, known.count(one) == 1) << unit;
+        EXPECT_EQ(macRomanByte(one) >= 0, known.count(one) == 1) << unit;
     }
 }
 
 TEST(createStringFromMacRoman, decodesByteByByte)
 {
-    EXPECT_EQ(test::takeUTF8(platform::createStringFromMacRoman("")), "");
-    EXPECT_EQ(test::takeUTF8(platform::createStringFromMacRoman("caf\x8e \xdb")), "café €");
+    EXPECT_EQ(test::takeUTF8(createStringFromMacRoman("")), "");
+    EXPECT_EQ(test::takeUTF8(createStringFromMacRoman("caf\x8e \xdb")), "café €");
 }

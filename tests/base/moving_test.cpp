@@ -10,6 +10,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace pinorama;
+
 namespace fs = std::filesystem;
 
 TEST(moveWithoutReplacing, movesFilesFoldersAndLinks)
@@ -21,7 +23,7 @@ TEST(moveWithoutReplacing, movesFilesFoldersAndLinks)
     fs::create_directory(folder.file("to"));
     for (const std::string name : {"link", "folder", "file"}) {
         SCOPED_TRACE(name);
-        EXPECT_TRUE(platform::moveWithoutReplacing(folder.file(name), folder.file("to/" + name)));
+        EXPECT_TRUE(moveWithoutReplacing(folder.file(name), folder.file("to/" + name)));
         EXPECT_FALSE(fs::exists(fs::symlink_status(folder.file(name))));
     }
     EXPECT_TRUE(fs::is_symlink(folder.file("to/link")));
@@ -33,11 +35,11 @@ TEST(moveWithoutReplacing, leavesBothAloneWhenTheNameIsTaken)
     const test::TemporaryFolder folder;
     folder.write("one", "1");
     folder.write("two", "2");
-    EXPECT_FALSE(platform::moveWithoutReplacing(folder.file("one"), folder.file("two")));
+    EXPECT_FALSE(moveWithoutReplacing(folder.file("one"), folder.file("two")));
     EXPECT_EQ(errno, EEXIST);
     EXPECT_EQ(test::readFile(folder.file("one")), "1");
     EXPECT_EQ(test::readFile(folder.file("two")), "2");
-    EXPECT_FALSE(platform::moveWithoutReplacing(folder.file("missing"), folder.file("three")));
+    EXPECT_FALSE(moveWithoutReplacing(folder.file("missing"), folder.file("three")));
     EXPECT_EQ(errno, ENOENT);
 }
 
@@ -51,13 +53,13 @@ TEST(moveInSteps, keepsTheRulesWhereTheSystemCannotRefuseToReplace)
     for (const char* name : {"file", "folder"}) {
         for (const char* taken : {"taken", "empty"}) {
             SCOPED_TRACE(std::string(name) + " to " + taken);
-            EXPECT_FALSE(platform::moveInSteps(folder.file(name), folder.file(taken)));
+            EXPECT_FALSE(moveInSteps(folder.file(name), folder.file(taken)));
             EXPECT_EQ(errno, EEXIST);
         }
         SCOPED_TRACE(name);
-        EXPECT_TRUE(platform::moveInSteps(folder.file(name), folder.file("moved")));
+        EXPECT_TRUE(moveInSteps(folder.file(name), folder.file("moved")));
         EXPECT_FALSE(fs::exists(folder.file(name)));
-        EXPECT_TRUE(platform::moveInSteps(folder.file("moved"), folder.file(name)));
+        EXPECT_TRUE(moveInSteps(folder.file("moved"), folder.file(name)));
     }
     EXPECT_EQ(test::readFile(folder.file("file")), "x");
     EXPECT_EQ(test::readFile(folder.file("taken")), "t");

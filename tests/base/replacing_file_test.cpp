@@ -15,7 +15,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-using platform::ReplacingFile;
+using namespace pinorama;
 
 namespace {
 std::size_t countOfItems(const std::string& folder)
@@ -179,7 +179,7 @@ TEST(ReplacingFile, waitsForTheReaderOfAFullPipeWhenItIsTold)
     }
     std::string seen;
     const int reader = open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
-    ReplacingFile patient(platform::FullPipe::waits);
+    ReplacingFile patient(FullPipe::waits);
     ASSERT_TRUE(patient.begin(pipe));
     ASSERT_EQ(fcntl(reader, F_SETFL, 0), 0);
     std::thread slow([&] {

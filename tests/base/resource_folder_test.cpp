@@ -6,25 +6,26 @@
 
 #include <filesystem>
 
+using namespace pinorama;
+
 TEST(programFolder, isTheFolderOfThisTest)
 {
-    EXPECT_EQ(platform::programFolder(),
+    EXPECT_EQ(programFolder(),
               std::filesystem::read_symlink("/proc/self/exe").parent_path().string());
 }
 
 TEST(resourceFolder, isWhatTheEnvironmentSays)
 {
     const test::ScopedVariable told("PINORAMA_RESOURCES", "/somewhere/else");
-    EXPECT_EQ(platform::resourceFolder(), "/somewhere/else");
+    EXPECT_EQ(resourceFolder(), "/somewhere/else");
 }
 
 TEST(resourceFolder, liesBesideTheBuildTreesPrograms)
 {
     for (const char* unset : {static_cast<const char*>(nullptr), ""}) {
         const test::ScopedVariable told("PINORAMA_RESOURCES", unset);
-        EXPECT_EQ(platform::resourceFolder(), platform::programFolder() + "/../resources");
-        EXPECT_TRUE(std::filesystem::exists(platform::resourceFolder() +
-                                            "/strings/en/Localizable.strings"));
+        EXPECT_EQ(resourceFolder(), programFolder() + "/../resources");
+        EXPECT_TRUE(std::filesystem::exists(resourceFolder() + "/strings/en/Localizable.strings"));
     }
 }
 
@@ -32,11 +33,11 @@ TEST(resourceFolderOf, prefersTheBuildTree)
 {
     const test::TemporaryFolder folder;
     const std::string programs = folder.file("bin");
-    EXPECT_EQ(platform::resourceFolderOf(programs), programs + "/../share/pinorama");
+    EXPECT_EQ(resourceFolderOf(programs), programs + "/../share/pinorama");
     std::filesystem::create_directories(programs);
     std::filesystem::create_directories(folder.file("resources"));
-    EXPECT_EQ(platform::resourceFolderOf(programs), programs + "/../share/pinorama")
+    EXPECT_EQ(resourceFolderOf(programs), programs + "/../share/pinorama")
         << "some other program's";
     std::filesystem::create_directories(folder.file("resources/strings"));
-    EXPECT_EQ(platform::resourceFolderOf(programs), programs + "/../resources");
+    EXPECT_EQ(resourceFolderOf(programs), programs + "/../resources");
 }

@@ -7,6 +7,8 @@
 #include <cstdlib>
 #include <limits>
 
+using namespace pinorama;
+
 namespace {
 using test::ScopedVariable;
 
@@ -19,26 +21,26 @@ constexpr std::int64_t kHour = 3600;
 TEST(utcOffsetAt, isTheOffsetInForceAtThatMoment)
 {
     const ScopedVariable zone("TZ", "Europe/Berlin");
-    EXPECT_EQ(platform::utcOffsetAt(kNewYear2008), kHour);
-    EXPECT_EQ(platform::utcOffsetAt(kBerlinSpring - 1), kHour);
-    EXPECT_EQ(platform::utcOffsetAt(kBerlinSpring), 2 * kHour);
-    EXPECT_EQ(platform::utcOffsetAt(kBerlinAutumn - 1), 2 * kHour);
-    EXPECT_EQ(platform::utcOffsetAt(kBerlinAutumn), kHour);
+    EXPECT_EQ(utcOffsetAt(kNewYear2008), kHour);
+    EXPECT_EQ(utcOffsetAt(kBerlinSpring - 1), kHour);
+    EXPECT_EQ(utcOffsetAt(kBerlinSpring), 2 * kHour);
+    EXPECT_EQ(utcOffsetAt(kBerlinAutumn - 1), 2 * kHour);
+    EXPECT_EQ(utcOffsetAt(kBerlinAutumn), kHour);
 }
 
 TEST(utcOffsetAt, noticesAChangeOfTheZone)
 {
     const ScopedVariable zone("TZ", "UTC");
-    EXPECT_EQ(platform::utcOffsetAt(kNewYear2008), 0);
+    EXPECT_EQ(utcOffsetAt(kNewYear2008), 0);
     setenv("TZ", "Asia/Kolkata", 1);  // without tzset
-    EXPECT_EQ(platform::utcOffsetAt(kNewYear2008), 19800);
+    EXPECT_EQ(utcOffsetAt(kNewYear2008), 19800);
 }
 
 TEST(utcOffsetAt, isZeroBeyondTheCalendar)
 {
     const ScopedVariable zone("TZ", "Europe/Berlin");
-    EXPECT_EQ(platform::utcOffsetAt(std::numeric_limits<std::int64_t>::max()), 0);
-    EXPECT_EQ(platform::utcOffsetAt(std::numeric_limits<std::int64_t>::min()), 0);
+    EXPECT_EQ(utcOffsetAt(std::numeric_limits<std::int64_t>::max()), 0);
+    EXPECT_EQ(utcOffsetAt(std::numeric_limits<std::int64_t>::min()), 0);
 }
 
 TEST(instantOfLocalTime, isTheWayBack)
@@ -49,8 +51,8 @@ TEST(instantOfLocalTime, isTheWayBack)
         const ScopedVariable zone("TZ", name);
         for (std::int64_t instant = kNewYear2008; instant < kNewYear2008 + 366 * 24 * kHour;
              instant += 5 * kHour) {
-            const std::int64_t local = instant + platform::utcOffsetAt(instant);
-            ASSERT_EQ(platform::instantOfLocalTime(local), instant);
+            const std::int64_t local = instant + utcOffsetAt(instant);
+            ASSERT_EQ(instantOfLocalTime(local), instant);
         }
     }
 }
@@ -59,15 +61,15 @@ TEST(instantOfLocalTime, takesTheSecondOfTwoEqualTimesInAutumn)
 {
     const ScopedVariable zone("TZ", "Europe/Berlin");
     const std::int64_t halfPastTwo = kBerlinAutumn + kHour + kHour / 2;
-    EXPECT_EQ(platform::instantOfLocalTime(halfPastTwo), kBerlinAutumn + kHour / 2);
+    EXPECT_EQ(instantOfLocalTime(halfPastTwo), kBerlinAutumn + kHour / 2);
     // The hours around it occur once.
-    EXPECT_EQ(platform::instantOfLocalTime(kBerlinAutumn + kHour - 1), kBerlinAutumn - kHour - 1);
-    EXPECT_EQ(platform::instantOfLocalTime(kBerlinAutumn + 2 * kHour), kBerlinAutumn + kHour);
+    EXPECT_EQ(instantOfLocalTime(kBerlinAutumn + kHour - 1), kBerlinAutumn - kHour - 1);
+    EXPECT_EQ(instantOfLocalTime(kBerlinAutumn + 2 * kHour), kBerlinAutumn + kHour);
 }
 
 TEST(instantOfLocalTime, readsASkippedTimeWithTheOffsetBeforeTheChange)
 {
     const ScopedVariable zone("TZ", "Europe/Berlin");
     const std::int64_t halfPastTwo = kBerlinSpring + kHour + kHour / 2;
-    EXPECT_EQ(platform::instantOfLocalTime(halfPastTwo), kBerlinSpring + kHour / 2);
+    EXPECT_EQ(instantOfLocalTime(halfPastTwo), kBerlinSpring + kHour / 2);
 }

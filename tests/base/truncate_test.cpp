@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <limits>
 
+using namespace pinorama;
+
 namespace {
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();

@@ -9,6 +9,8 @@
 
 #include <sys/stat.h>
 
+using namespace pinorama;
+
 namespace fs = std::filesystem;
 
 TEST(homeFolder, isWhatHOMESays)
@@ -18,7 +20,7 @@ TEST(homeFolder, isWhatHOMESays)
     } rows[] = {{"/home/anna", "/home/anna"}, {"/home/anna/", "/home/anna"}, {"/", "/"}};
     for (const auto& row : rows) {
         const test::ScopedVariable home("HOME", row.value);
-        EXPECT_EQ(platform::homeFolder(), row.expected);
+        EXPECT_EQ(homeFolder(), row.expected);
     }
 }
 
@@ -26,8 +28,8 @@ TEST(homeFolder, comesFromTheUserDatabaseWithoutHOME)
 {
     for (const char* value : {static_cast<const char*>(nullptr), "", "relative"}) {
         const test::ScopedVariable home("HOME", value);
-        EXPECT_NE(platform::homeFolder(), "relative");
-        EXPECT_TRUE(platform::homeFolder().empty() || platform::homeFolder().starts_with('/'));
+        EXPECT_NE(homeFolder(), "relative");
+        EXPECT_TRUE(homeFolder().empty() || homeFolder().starts_with('/'));
     }
 }
 
@@ -39,9 +41,9 @@ TEST(userFolders, followTheEnvironmentElseLieInTheHomeFolder)
         std::string (*folder)();
         const char* expected;
     } rows[] = {
-        {"XDG_CONFIG_HOME", platform::configFolder, "/home/anna/.config"},
-        {"XDG_DATA_HOME", platform::dataFolder, "/home/anna/.local/share"},
-        {"XDG_CACHE_HOME", platform::cacheFolder, "/home/anna/.cache"},
+        {"XDG_CONFIG_HOME", configFolder, "/home/anna/.config"},
+        {"XDG_DATA_HOME", dataFolder, "/home/anna/.local/share"},
+        {"XDG_CACHE_HOME", cacheFolder, "/home/anna/.cache"},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.variable);
@@ -83,33 +85,33 @@ TEST(desktopFolder, isWhatTheSettingsSay)
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
         config.write("user-dirs.dirs", row.settings);
-        EXPECT_EQ(platform::desktopFolder(), row.expected);
+        EXPECT_EQ(desktopFolder(), row.expected);
     }
     fs::remove(config.file("user-dirs.dirs"));
-    EXPECT_EQ(platform::desktopFolder(), "/home/anna/Desktop");
+    EXPECT_EQ(desktopFolder(), "/home/anna/Desktop");
 }
 
 TEST(makeFolders, makesWhatIsMissing)
 {
     const test::TemporaryFolder folder;
-    EXPECT_TRUE(platform::makeFolders(folder.file("a/b/c"), 0700));
+    EXPECT_TRUE(makeFolders(folder.file("a/b/c"), 0700));
     EXPECT_TRUE(fs::is_directory(folder.file("a/b/c")));
     struct stat facts = {};
     ASSERT_EQ(stat(folder.file("a").c_str(), &facts), 0);
     EXPECT_EQ(facts.st_mode & 0777, 0700u);
-    EXPECT_TRUE(platform::makeFolders(folder.file("a/b/c"), 0700)) << "there already";
-    EXPECT_TRUE(platform::makeFolders("/", 0700));
+    EXPECT_TRUE(makeFolders(folder.file("a/b/c"), 0700)) << "there already";
+    EXPECT_TRUE(makeFolders("/", 0700));
 }
 
 TEST(makeFolders, tellsWhyItCannot)
 {
     const test::TemporaryFolder folder;
     folder.write("file", "");
-    EXPECT_FALSE(platform::makeFolders(folder.file("file"), 0700));
+    EXPECT_FALSE(makeFolders(folder.file("file"), 0700));
     EXPECT_EQ(errno, ENOTDIR);
-    EXPECT_FALSE(platform::makeFolders(folder.file("file/below"), 0700));
+    EXPECT_FALSE(makeFolders(folder.file("file/below"), 0700));
     EXPECT_EQ(errno, ENOTDIR);
     fs::create_symlink("nowhere", folder.file("link"));
-    EXPECT_FALSE(platform::makeFolders(folder.file("link"), 0700));
-    EXPECT_FALSE(platform::makeFolders("", 0700));
+    EXPECT_FALSE(makeFolders(folder.file("link"), 0700));
+    EXPECT_FALSE(makeFolders("", 0700));
 }

@@ -14,24 +14,26 @@
 #include <span>
 #include <string>
 
+using namespace pinorama;
+
 namespace {
 std::optional<std::u16string> decoded(std::string_view bytes)
 {
-    const std::int32_t units = platform::countUnitsOfUTF8(bytes);
+    const std::int32_t units = countUnitsOfUTF8(bytes);
     if (units < 0) return std::nullopt;
     const auto count = static_cast<std::size_t>(units);
     return test::writtenInto<char16_t>(count, [&](char16_t* dest) {
-        EXPECT_EQ(platform::decodeUTF8(bytes, {dest, count}), count);
+        EXPECT_EQ(decodeUTF8(bytes, {dest, count}), count);
     });
 }
 
 std::optional<std::string> encoded(std::u16string_view units)
 {
-    const std::int32_t count = platform::countBytesOfUTF8(units);
+    const std::int32_t count = countBytesOfUTF8(units);
     if (count < 0) return std::nullopt;
     const auto size = static_cast<std::size_t>(count);
     return test::writtenInto<char>(size, [&](char* dest) {
-        EXPECT_EQ(platform::encodeUTF8(units, {dest, size}), size);
+        EXPECT_EQ(encodeUTF8(units, {dest, size}), size);
     });
 }
 }  // namespace
@@ -63,7 +65,7 @@ TEST(decodeUTF8, refusesWhatIsNotUTF8)
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        EXPECT_EQ(platform::countUnitsOfUTF8(row.bytes), -1);
+        EXPECT_EQ(countUnitsOfUTF8(row.bytes), -1);
     }
 }
 
@@ -123,15 +125,15 @@ TEST(decodeUTF8, keepsToARoomThatIsTooSmall)
     const std::size_t written[] = {0, 1, 2, 3, 4, 4, 6, 7, 7};
     for (std::size_t room = 0; room < std::size(written); room++) {
         std::u16string units(std::size(written), u'?');
-        ASSERT_EQ(platform::decodeUTF8(bytes, std::span(units).first(room)), written[room]);
+        ASSERT_EQ(decodeUTF8(bytes, std::span(units).first(room)), written[room]);
         ASSERT_EQ(units.substr(0, written[room]),
                   std::u16string_view(u"ab\u00e9\u20ac\U0001F4F7z").substr(0, written[room]));
         ASSERT_EQ(units.find_first_not_of(u'?', written[room]), units.npos);
     }
     std::u16string units(4, u'?');
-    EXPECT_EQ(platform::decodeUTF8("ab\xff"
-                                   "c",
-                                   units),
+    EXPECT_EQ(decodeUTF8("ab\xff"
+                         "c",
+                         units),
               2u)
         << "ends at what is no UTF-8";
     EXPECT_EQ(units, u"ab??");
@@ -154,14 +156,14 @@ TEST(encodeUTF8, keepsToARoomThatIsTooSmall)
     const std::size_t written[] = {0, 1, 2, 2, 4, 4, 4, 7, 7, 7, 7, 11, 12, 12};
     for (std::size_t room = 0; room < std::size(written); room++) {
         std::string bytes(std::size(written), '?');
-        ASSERT_EQ(platform::encodeUTF8(units, std::span(bytes).first(room)), written[room]);
+        ASSERT_EQ(encodeUTF8(units, std::span(bytes).first(room)), written[room]);
         ASSERT_EQ(bytes.substr(0, written[room]),
                   std::string_view("ab\u00e9\u20ac\U0001F4F7z").substr(0, written[room]));
         ASSERT_EQ(bytes.find_first_not_of('?', written[room]), bytes.npos);
     }
     std::string bytes(4, '?');
     const char16_t lone[] = {u'a', u'b', 0xd800, u'c'};
-    EXPECT_EQ(platform::encodeUTF8({lone, 4}, bytes), 2u) << "ends at a lone surrogate";
+    EXPECT_EQ(encodeUTF8({lone, 4}, bytes), 2u) << "ends at a lone surrogate";
     EXPECT_EQ(bytes, "ab??");
 }
 
@@ -170,7 +172,7 @@ TEST(countBytesOfUTF8, addsUpWhatEachCharacterTakes)
     // 8 of 40 units with two bytes each.
     std::u16string text;
     for (int i = 0; i < 8; i++) text += u"abc\u00e9d";
-    EXPECT_EQ(platform::countBytesOfUTF8(text), 48);
+    EXPECT_EQ(countBytesOfUTF8(text), 48);
 }
 
 TEST(encodeUTF8, refusesLoneSurrogatesAnywhere)
@@ -192,18 +194,18 @@ TEST(encodeUTF8, refusesLoneSurrogatesAnywhere)
 
 TEST(createStringFromUTF8, isNullForInvalidBytesAndWithoutMemory)
 {
-    EXPECT_EQ(test::takeUTF8(platform::createStringFromUTF8("caf\u00e9")), "caf\u00e9");
-    EXPECT_EQ(test::takeUTF8(platform::createStringFromUTF8("")), "");
-    EXPECT_EQ(platform::createStringFromUTF8("\xff"), nullptr);
+    EXPECT_EQ(test::takeUTF8(createStringFromUTF8("caf\u00e9")), "caf\u00e9");
+    EXPECT_EQ(test::takeUTF8(createStringFromUTF8("")), "");
+    EXPECT_EQ(createStringFromUTF8("\xff"), nullptr);
     baseFailAllocation(1);
-    EXPECT_EQ(platform::createStringFromUTF8("x"), nullptr);
+    EXPECT_EQ(createStringFromUTF8("x"), nullptr);
     EXPECT_TRUE(baseAllocationHasFailed());
     baseFailAllocation(0);
 }
 
 TEST(displayUTF8, showsLoneSurrogatesAsReplacementCharacters)
 {
-    EXPECT_EQ(platform::displayUTF8(u"a\u00e9\U0001F4F7"), "a\u00e9\U0001F4F7");
+    EXPECT_EQ(displayUTF8(u"a\u00e9\U0001F4F7"), "a\u00e9\U0001F4F7");
     const std::u16string lone = {u'a', 0xd800, u'b', 0xdc80};
-    EXPECT_EQ(platform::displayUTF8(lone), "a\ufffdb\ufffd");
+    EXPECT_EQ(displayUTF8(lone), "a\ufffdb\ufffd");
 }

@@ -8,6 +8,8 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
+using namespace pinorama;
+
 namespace {
 std::string rowOf(const FileReport& report)
 {

@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+using namespace pinorama;
+
 namespace {
 std::string documentOf(const std::string& path)
 {

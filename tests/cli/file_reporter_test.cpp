@@ -18,29 +18,31 @@
 #include <string>
 #include <vector>
 
+using namespace pinorama;
+
 namespace {
 using Texts = std::vector<std::string>;
 
 // Reads as the locked-in process does, but some pictures do harm.
-std::optional<platform::PictureProperties> readOrDie(platform::ByteSource& source)
+std::optional<PictureProperties> readOrDie(ByteSource& source)
 {
-    const platform::ByteView bytes = source.view(0, 5);
+    const ByteView bytes = source.view(0, 5);
     const std::string beginning(bytes.begin(), bytes.end());
     if (beginning == "CRASH") abort();
     while (beginning == "LOOPS") pause();
-    return platform::readPictureProperties(source);
+    return readPictureProperties(source);
 }
 
 PropertyReading makeFaultyReading()
 {
-    platform::ReaderLimits limits;
+    ReaderLimits limits;
     limits.properties.silence = std::chrono::seconds(1);
-    const auto client = std::make_shared<platform::ReaderClient>(
+    const auto client = std::make_shared<ReaderClient>(
         [] {
-            return platform::forkReader([](int socket) {
+            return forkReader([](int socket) {
                 const rlimit none = {0, 0};
                 setrlimit(RLIMIT_CORE, &none);
-                platform::serveReader(socket, {readOrDie, {}});
+                serveReader(socket, {readOrDie, {}});
             });
         },
         limits);
@@ -51,13 +53,13 @@ PropertyReading makeFaultyReading()
 }
 
 // Reads nothing and counts.
-PropertyReading makeReading(platform::ReadOutcome outcome, int* asked)
+PropertyReading makeReading(ReadOutcome outcome, int* asked)
 {
     return {.prepare = [] {},
             .read =
                 [outcome, asked](std::span<const int> descriptors, int /*alarm*/) {
                     *asked += static_cast<int>(descriptors.size());
-                    std::vector<platform::PropertyResult> results(descriptors.size());
+                    std::vector<PropertyResult> results(descriptors.size());
                     for (auto& result : results) result.outcome = outcome;
                     return results;
                 },
@@ -99,7 +101,7 @@ TEST(FileReporter, asksForPicturesOnly)
 {
     const test::TemporaryFolder folder;
     int asked = 0;
-    FileReporter reporter({}, makeReading(platform::ReadOutcome::nothing, &asked));
+    FileReporter reporter({}, makeReading(ReadOutcome::nothing, &asked));
     const std::vector<FileReport> reports =
         reporter.report(Texts{folder.write("a.txt", "a"), folder.write("b.jpg", "bb"),
                               folder.file("missing.jpg"), folder.path()});
@@ -129,7 +131,7 @@ TEST(FileReporter, startsTheReaderForPicturesAndSaysWhenTheOnlyOneIsRead)
         int asked = 0;
         int prepared = 0;
         int finished = 0;
-        PropertyReading reading = makeReading(platform::ReadOutcome::nothing, &asked);
+        PropertyReading reading = makeReading(ReadOutcome::nothing, &asked);
         reading.prepare = [&prepared] { prepared++; };
         reading.finish = [&] {
             finished++;
@@ -147,7 +149,7 @@ TEST(FileReporter, saysThatThereIsNoReader)
 {
     const test::TemporaryFolder folder;
     int asked = 0;
-    FileReporter reporter({}, makeReading(platform::ReadOutcome::noReader, &asked));
+    FileReporter reporter({}, makeReading(ReadOutcome::noReader, &asked));
     const std::string path = folder.write("a.jpg", "a");
     EXPECT_EQ(reporter.report(Texts{path}).front().error,
               "pictures cannot be read safely on this system");

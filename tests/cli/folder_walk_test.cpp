@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+using namespace pinorama;
+
 namespace {
 using Texts = std::vector<std::string>;
 

@@ -12,6 +12,8 @@
 
 #include <nlohmann/json.hpp>
 
+using namespace pinorama;
+
 namespace {
 using nlohmann::ordered_json;
 

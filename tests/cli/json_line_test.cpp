@@ -6,6 +6,8 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
+using namespace pinorama;
+
 namespace {
 using nlohmann::ordered_json;
 

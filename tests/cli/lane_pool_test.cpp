@@ -12,6 +12,8 @@
 #include <thread>
 #include <vector>
 
+using namespace pinorama;
+
 namespace {
 using Texts = std::vector<std::string>;
 using namespace std::chrono_literals;

@@ -20,6 +20,8 @@
 #include <thread>
 #include <vector>
 
+using namespace pinorama;
+
 namespace {
 using Texts = std::vector<std::string>;
 using nlohmann::ordered_json;

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+using namespace pinorama;
+
 namespace {
 struct Outcome {
     bool isRight = false;

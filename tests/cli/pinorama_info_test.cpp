@@ -15,6 +15,8 @@
 #include <string>
 #include <vector>
 
+using namespace pinorama;
+
 namespace {
 using nlohmann::ordered_json;
 using Variables = std::vector<std::pair<std::string, std::string>>;

@@ -17,6 +17,8 @@
 #include <string>
 #include <vector>
 
+using namespace pinorama;
+
 namespace {
 using Texts = std::vector<std::string>;
 

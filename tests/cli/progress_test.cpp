@@ -4,6 +4,8 @@
 
 #include <thread>
 
+using namespace pinorama;
+
 TEST(progressText, tellsCountRateAndTimeLeft)
 {
     using Total = std::optional<std::uint64_t>;

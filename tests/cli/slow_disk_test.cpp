@@ -16,6 +16,8 @@
 
 #include <sys/wait.h>
 
+using namespace pinorama;
+
 namespace {
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;

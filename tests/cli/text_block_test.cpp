@@ -6,6 +6,8 @@
 
 #include <string>
 
+using namespace pinorama;
+
 namespace {
 std::string printable(std::string_view text)
 {

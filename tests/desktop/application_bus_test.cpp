@@ -11,7 +11,8 @@
 #include <QDBusPendingReply>
 #include <QDBusReply>
 
-using platform::ApplicationBus;
+using namespace pinorama;
+
 using test::Program;
 
 namespace {
@@ -211,10 +212,10 @@ TEST(activationTokenOfStarter, prefersTheActivationToken)
     const test::ScopedVariable startup("DESKTOP_STARTUP_ID", "startup");
     {
         const test::ScopedVariable token("XDG_ACTIVATION_TOKEN", "token");
-        EXPECT_EQ(platform::activationTokenOfStarter(), "token");
+        EXPECT_EQ(activationTokenOfStarter(), "token");
     }
     const test::ScopedVariable none("XDG_ACTIVATION_TOKEN", nullptr);
-    EXPECT_EQ(platform::activationTokenOfStarter(), "startup");
+    EXPECT_EQ(activationTokenOfStarter(), "startup");
 }
 
 TEST(useActivationToken, dropsWhatCannotBeOne)
@@ -222,9 +223,9 @@ TEST(useActivationToken, dropsWhatCannotBeOne)
     const test::ScopedVariable none("XDG_ACTIVATION_TOKEN", nullptr);
     for (const QByteArray& token :
          {QByteArray(), QByteArray("a\nb"), QByteArray("\xff"), QByteArray(1025, 'x')}) {
-        platform::useActivationToken(token);
+        useActivationToken(token);
         EXPECT_FALSE(qEnvironmentVariableIsSet("XDG_ACTIVATION_TOKEN"));
     }
-    platform::useActivationToken("good");
+    useActivationToken("good");
     EXPECT_EQ(qgetenv("XDG_ACTIVATION_TOKEN"), "good");
 }

@@ -19,10 +19,12 @@
 #include <string>
 #include <vector>
 
-namespace {
-const platform::GlobeView kView = {-33.9, 18.4, 271.25, 30.0, 2000.0};
+using namespace pinorama;
 
-class RecordingOpener final : public platform::AddressOpener {
+namespace {
+const GlobeView kView = {-33.9, 18.4, 271.25, 30.0, 2000.0};
+
+class RecordingOpener final : public AddressOpener {
 public:
     void open(const QByteArray& address) override { addresses.push_back(address.toStdString()); }
     std::vector<std::string> addresses;
@@ -96,11 +98,11 @@ protected:
 TEST_F(GlobeProgramsTest, givesGoogleEarthADocumentWithTheView)
 {
     install("google-earth-pro");
-    platform::GlobePrograms programs(opener_);
+    GlobePrograms programs(opener_);
     programs.show(kView);
     const std::string document = folder_.file("pinorama/fly-to.kml");
     EXPECT_EQ(startedWith(), document + "\n");
-    EXPECT_EQ(test::readFile(document), platform::makeLookAtDocument(kView));
+    EXPECT_EQ(test::readFile(document), makeLookAtDocument(kView));
     EXPECT_TRUE(opener_.addresses.empty());
 }
 
@@ -109,29 +111,29 @@ TEST_F(GlobeProgramsTest, writesTheQueryFileThatGoogleEarthIsSetUpToRead)
     install("googleearth");
     folder_.write("drivers.ini",
                   "SETTINGS {\n ViewSync/queryFile = " + folder_.file("query.txt") + "\n}\n");
-    platform::GlobePrograms programs(opener_);
+    GlobePrograms programs(opener_);
     programs.show(kView);
     EXPECT_EQ(startedWith(), "");
-    EXPECT_EQ(test::readFile(folder_.file("query.txt")), platform::makeFlyToQuery(kView));
+    EXPECT_EQ(test::readFile(folder_.file("query.txt")), makeFlyToQuery(kView));
 }
 
 TEST_F(GlobeProgramsTest, movesTheMarbleThatRuns)
 {
     FakeMarble marble;
-    platform::GlobePrograms programs(opener_);
+    GlobePrograms programs(opener_);
     programs.show(kView);
     ASSERT_TRUE(test::waitUntil([&] { return marble.calls.size() >= 4; }));
     EXPECT_EQ(marble.calls[0], "setCenter 18.400000 -33.900000");
-    EXPECT_EQ(marble.calls[1], "setZoom " + std::to_string(platform::marbleZoom(2000.0)));
+    EXPECT_EQ(marble.calls[1], "setZoom " + std::to_string(marbleZoom(2000.0)));
     EXPECT_EQ(marble.calls[3], "/marble/MainWindow_1 raise");
 }
 
 TEST_F(GlobeProgramsTest, startsMarbleAndIsBusyUntilItIsOnTheBus)
 {
     install("marble-qt");
-    platform::GlobePrograms programs(opener_);
+    GlobePrograms programs(opener_);
     std::vector<bool> busy;
-    QObject::connect(&programs, &platform::GlobePrograms::busyChanged,
+    QObject::connect(&programs, &GlobePrograms::busyChanged,
                      [&](bool isBusy) { busy.push_back(isBusy); });
     programs.show(kView);
     EXPECT_EQ(startedWith(), "--latlon\n-33.900000 18.400000\n--distance\n2.000000\n");
@@ -146,19 +148,18 @@ TEST_F(GlobeProgramsTest, startsMarbleAndIsBusyUntilItIsOnTheBus)
 
 TEST_F(GlobeProgramsTest, withoutAGlobeOpensADocument)
 {
-    platform::GlobePrograms programs(opener_);
+    GlobePrograms programs(opener_);
     programs.show(kView);
     ASSERT_TRUE(test::waitUntil([&] { return !opener_.addresses.empty(); }));
     EXPECT_EQ(opener_.addresses,
               std::vector<std::string>{"file://" + folder_.file("pinorama/fly-to.kml")});
-    EXPECT_EQ(test::readFile(folder_.file("pinorama/fly-to.kml")),
-              platform::makeLookAtDocument(kView));
+    EXPECT_EQ(test::readFile(folder_.file("pinorama/fly-to.kml")), makeLookAtDocument(kView));
 }
 
 TEST_F(GlobeProgramsTest, aDocumentThatCannotBeWrittenIsSilent)
 {
     folder_.write("pinorama", "a file where the folder should be");
-    platform::GlobePrograms programs(opener_);
+    GlobePrograms programs(opener_);
     programs.show(kView);
     test::goOnFor(300);
     EXPECT_TRUE(opener_.addresses.empty());

@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+using namespace pinorama;
+
 TEST(makeLookAtDocument, holdsAllFiveNumbers)
 {
-    EXPECT_EQ(platform::makeLookAtDocument({-33.9, 18.4, 271.25, 30.0, 2000.0}),
+    EXPECT_EQ(makeLookAtDocument({-33.9, 18.4, 271.25, 30.0, 2000.0}),
               "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
               "<kml xmlns=\"http://www.opengis.net/kml/2.2\"><Document><LookAt>"
               "<longitude>18.400000</longitude><latitude>-33.900000</latitude>"
@@ -15,15 +17,15 @@ TEST(makeLookAtDocument, holdsAllFiveNumbers)
 
 TEST(makeLookAtDocument, keepsTheTiltWithinWhatKMLAllows)
 {
-    EXPECT_NE(platform::makeLookAtDocument({0, 0, 0, -5.0, 1}).find("<tilt>0.000000</tilt>"),
+    EXPECT_NE(makeLookAtDocument({0, 0, 0, -5.0, 1}).find("<tilt>0.000000</tilt>"),
               std::string::npos);
-    EXPECT_NE(platform::makeLookAtDocument({0, 0, 0, 120.0, 1}).find("<tilt>90.000000</tilt>"),
+    EXPECT_NE(makeLookAtDocument({0, 0, 0, 120.0, 1}).find("<tilt>90.000000</tilt>"),
               std::string::npos);
 }
 
 TEST(makeFlyToQuery, isOneLineThatBeginsWithItsKeyword)
 {
-    const std::string query = platform::makeFlyToQuery({1.5, 2.5, 3.5, 4.5, 5.5});
+    const std::string query = makeFlyToQuery({1.5, 2.5, 3.5, 4.5, 5.5});
     EXPECT_EQ(query,
               "flytoview=<LookAt><longitude>2.500000</longitude><latitude>1.500000</latitude>"
               "<altitude>0</altitude><heading>3.500000</heading><tilt>4.500000</tilt>"
@@ -49,14 +51,14 @@ TEST(queryFileOfDriverSettings, findsTheSettingWhereverItStands)
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        EXPECT_EQ(platform::queryFileOfDriverSettings(row.settings), row.expected);
+        EXPECT_EQ(queryFileOfDriverSettings(row.settings), row.expected);
     }
 }
 
 TEST(marbleZoom, growsByTheLogarithmOfTheDistance)
 {
-    EXPECT_EQ(platform::marbleZoom(1000.0), 2879);
-    EXPECT_EQ(platform::marbleZoom(49000.0), 2101);
-    EXPECT_EQ(platform::marbleZoom(2000.0), 2741);
-    EXPECT_EQ(platform::marbleZoom(0.0), platform::marbleZoom(1.0)) << "never nearer than a metre";
+    EXPECT_EQ(marbleZoom(1000.0), 2879);
+    EXPECT_EQ(marbleZoom(49000.0), 2101);
+    EXPECT_EQ(marbleZoom(2000.0), 2741);
+    EXPECT_EQ(marbleZoom(0.0), marbleZoom(1.0)) << "never nearer than a metre";
 }

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace pinorama;
+
 namespace {
 std::string escaped(std::u16string_view name)
 {

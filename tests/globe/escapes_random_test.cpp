@@ -12,6 +12,8 @@
 #include <cctype>
 #include <cstdio>
 
+using namespace pinorama;
+
 namespace {
 std::u16string expectedInXML(const std::u16string& text)
 {
@@ -63,7 +65,7 @@ TEST(gpsEscapeForXML, leavesNothingOutAndAddsNothing)
     test::forRandomTexts(
         [](const std::u16string& text) {
             const test::Text escaped(gpsEscapeForXML(text));
-            ASSERT_EQ(platform::unitsOf(escaped.get()), expectedInXML(text));
+            ASSERT_EQ(unitsOf(escaped.get()), expectedInXML(text));
         },
         7);
 }
@@ -73,7 +75,7 @@ TEST(gpsEscapeForAddress, leavesNothingOutAndAddsNothing)
     test::forRandomTexts(
         [](const std::u16string& text) {
             const test::Text escaped(gpsEscapeForAddress(text));
-            ASSERT_EQ(platform::unitsOf(escaped.get()), expectedInAddress(text));
+            ASSERT_EQ(unitsOf(escaped.get()), expectedInAddress(text));
         },
         13);
 }

@@ -10,15 +10,17 @@
 #include <limits>
 #include <optional>
 
+using namespace pinorama;
+
 namespace {
-std::optional<platform::GlobeView> gLastView;
+std::optional<GlobeView> gLastView;
 
 class gpsFlyGoogleEarthToLocationTest : public testing::Test {
 protected:
     gpsFlyGoogleEarthToLocationTest()
     {
         gLastView.reset();
-        earlier_ = gpsSetGlobeLink([](const platform::GlobeView& view) { gLastView = view; });
+        earlier_ = gpsSetGlobeLink([](const GlobeView& view) { gLastView = view; });
     }
     ~gpsFlyGoogleEarthToLocationTest() override { gpsSetGlobeLink(std::move(earlier_)); }
 

@@ -17,6 +17,8 @@
 
 #include <sys/stat.h>
 
+using namespace pinorama;
+
 namespace {
 const fileInfoRecord kSomewhere = test::place(48.1, 'N', 11.5, 'E');
 
@@ -50,7 +52,7 @@ TEST(exportToKML, writesTheDocumentAsUTF8)
 TEST(exportToKML, writesANameThatIsNoUTF8AsFarAsItIs)
 {
     const test::TemporaryFolder folder;
-    const test::Text name(platform::createPathText("Z\xfcrich.jpg"));
+    const test::Text name(createPathText("Z\xfcrich.jpg"));
     const test::Text shownName = test::text("Z\xef\xbf\xbdrich.jpg");
     const test::Text path = test::text(folder.file("out.kml"));
     EXPECT_EQ(GoogleEarthConnector::exportToKML(path.get(), &kSomewhere, name.get()), 0);

@@ -10,6 +10,8 @@
 #include <cmath>
 #include <string>
 
+using namespace pinorama;
+
 namespace {
 using test::place;
 

@@ -22,6 +22,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace pinorama;
+
 namespace {
 namespace fs = std::filesystem;
 
@@ -32,7 +34,7 @@ std::string documentNamed(const char* name)
 {
     const test::TemporaryFolder folder;
     const test::Text path = test::text(folder.file("out.kml"));
-    const test::Text text(name == nullptr ? nullptr : platform::createPathText(name));
+    const test::Text text(name == nullptr ? nullptr : createPathText(name));
     GoogleEarthConnector::exportToKML(path.get(), &kSomewhere, text.get());
     return test::readFile(folder.file("out.kml"));
 }
@@ -40,7 +42,7 @@ std::string documentNamed(const char* name)
 // 0, or the errno with which nothing was saved.
 int save(const std::string& path, const char* name = "a.jpg")
 {
-    const test::Text text(name == nullptr ? nullptr : platform::createPathText(name));
+    const test::Text text(name == nullptr ? nullptr : createPathText(name));
     errno = 0;
     return gpsSaveKML(path, kSomewhere, text.get()) ? 0 : errno;
 }

@@ -11,6 +11,8 @@
 #include <clocale>
 #include <filesystem>
 
+using namespace pinorama;
+
 namespace {
 using test::place;
 using test::takeUTF8;

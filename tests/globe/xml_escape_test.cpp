@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace pinorama;
+
 namespace {
 std::string escaped(std::u16string_view name)
 {
@@ -55,5 +57,5 @@ TEST(gpsEscapeForXML, isNullWhenMemoryRunsOut)
     const std::u16string text(40, u'&');
     EXPECT_GT(test::failEachRequest([&] { return gpsEscapeForXML(text); }), 1u);
     const test::Text escaped(gpsEscapeForXML(text));
-    EXPECT_EQ(platform::unitsOf(escaped.get()).size(), 200u);
+    EXPECT_EQ(unitsOf(escaped.get()).size(), 200u);
 }

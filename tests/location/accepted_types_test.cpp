@@ -6,6 +6,8 @@
 
 #include <string>
 
+using namespace pinorama;
+
 using test::text;
 
 TEST(gpsIsAcceptedPath, acceptsTwentyExtensionsInEitherCase)

@@ -14,6 +14,8 @@
 
 #include <filesystem>
 
+using namespace pinorama;
+
 namespace {
 using nlohmann::json;
 
@@ -33,7 +35,7 @@ json readRecord(const std::string& path)
 {
     fileInfoRecord record{};
     gpsPrepareInfoRecord(&record);
-    const test::Text pathText(platform::createPathText(path));
+    const test::Text pathText(createPathText(path));
     const std::int32_t result = gpsGetCoordinatesFromFilePath(pathText.get(), &record);
     json read = {{"result", result},
                  {"latti", record.latti},
@@ -87,10 +89,10 @@ TEST(readPictureProperties, readsEveryPictureOfTheCollectionInAFewReads)
     int withOneRead = 0;
     for (const test::CollectedPicture& picture : test::picturesOf(*folder)) {
         SCOPED_TRACE(picture.name);
-        const platform::PictureFile file(picture.path);
+        const PictureFile file(picture.path);
         if (!file.isOpen()) continue;
-        platform::FileByteSource source(file.descriptor(), file.size());
-        (void)platform::readPictureProperties(source);  // only the cost is looked at
+        FileByteSource source(file.descriptor(), file.size());
+        (void)readPictureProperties(source);  // only the cost is looked at
         ++pictures;
         if (source.readCount() <= 1) ++withOneRead;
         // Thermal cameras put half a megabyte of raw data in front of the picture, 64 KiB at a

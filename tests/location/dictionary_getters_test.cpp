@@ -12,6 +12,8 @@
 #include <string>
 #include <vector>
 
+using namespace pinorama;
+
 namespace {
 using test::takeUTF8;
 using test::text;
@@ -242,7 +244,7 @@ TEST(convCopyTovStringRef, isACopyThatOutlivesItsSource)
         const Holding holding(Value(uCFRetain(source.get())));
         copy = convCopyTovStringRef(holding.dictionary(), holding.key());
     }
-    platform::appendUnits(source.get(), u"!");
+    appendUnits(source.get(), u"!");
     EXPECT_EQ(uCFGetRetainCount(copy), 1);
     EXPECT_EQ(takeUTF8(copy), "Rome");
 }

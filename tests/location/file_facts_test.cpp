@@ -14,6 +14,8 @@
 #include <fstream>
 #include <string>
 
+using namespace pinorama;
+
 namespace {
 using test::ScopedVariable;
 using test::takeUTF8;
@@ -96,10 +98,10 @@ TEST_F(gpsReadFileFactsTest, missesEverythingOfWhatIsNotThere)
 TEST_F(gpsReadFileFactsTest, readsPathsThatAreNoUTF8)
 {
     const std::string path = folder_.write("f\xfcr.jpg", "123");
-    const test::Text asText(platform::createString(u"f\xdcfcr.jpg"));
-    std::u16string whole(platform::unitsOf(text(folder_.path() + "/").get()));
-    whole += platform::unitsOf(asText.get());
-    const test::Text wholeText(platform::createString(whole));
+    const test::Text asText(createString(u"f\xdcfcr.jpg"));
+    std::u16string whole(unitsOf(text(folder_.path() + "/").get()));
+    whole += unitsOf(asText.get());
+    const test::Text wholeText(createString(whole));
     EXPECT_EQ(gpsReadFileFacts(wholeText.get()).size, 3u);
 }
 

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace pinorama;
+
 TEST(gpsCopyFileName, isTheLastComponentWithoutSlashesAtTheEnd)
 {
     const struct {

@@ -17,13 +17,15 @@
 
 #include <sys/stat.h>
 
+using namespace pinorama;
+
 namespace {
 // The status of reading a path into a record that holds something already.
 std::int32_t read(const std::string& path, fileInfoRecord* record)
 {
     gpsPrepareInfoRecord(record);
     record->latti = 7;
-    const test::Text text(platform::createPathText(path));
+    const test::Text text(createPathText(path));
     const std::int32_t status = gpsGetCoordinatesFromFilePath(text.get(), record);
     gpsReleaseInfoRecord(record);
     return status;
@@ -43,7 +45,7 @@ TEST(gpsGetCoordinatesFromFilePath, tellsTheStatusOfEveryHostileItem)
         EXPECT_EQ(read(item.path, &record), expected);
         EXPECT_EQ(record.latti, 7.0) << "untouched";
 
-        const test::Text text(platform::createPathText(item.path));
+        const test::Text text(createPathText(item.path));
         const fileFacts facts = gpsReadFileFacts(text.get());
         EXPECT_EQ(facts.size.has_value(), item.isRegular);
         EXPECT_EQ(facts.modified == 0, item.error != nullptr);

@@ -16,6 +16,8 @@
 #include <limits>
 #include <string>
 
+using namespace pinorama;
+
 namespace {
 using test::text;
 using test::utf8;
@@ -87,7 +89,7 @@ private:
         if (TovDictionaryGetValue(image_.get(), name.get()) == nullptr) {
             set(image_.get(), key, TovDictionaryCreate());
         }
-        return platform::asDictionary(TovDictionaryGetValue(image_.get(), name.get()));
+        return asDictionary(TovDictionaryGetValue(image_.get(), name.get()));
     }
 
     ObjectHolder<TovDictionaryRef> image_;
@@ -109,7 +111,7 @@ public:
     {
         TovStringRef* const fields[] = {&record->city, &record->state, &record->country,
                                         &record->description};
-        for (int i = 0; i < 4; i++) *fields[i] = platform::asString(uCFRetain(texts_[i].get()));
+        for (int i = 0; i < 4; i++) *fields[i] = asString(uCFRetain(texts_[i].get()));
     }
     void expectDroppedFrom(const fileInfoRecord& record)
     {
@@ -524,10 +526,10 @@ TEST(gpsCopyImageProperties, givesNestedDictionaries)
     const ObjectHolder<TovDictionaryRef> properties(gpsCopyImageProperties(&ref));
     ASSERT_TRUE(properties);
     EXPECT_EQ(uCFGetRetainCount(properties.get()), 1);
-    const TovDictionaryRef gps = platform::asDictionary(
+    const TovDictionaryRef gps = asDictionary(
         TovDictionaryGetValue(properties.get(), text("kCGImagePropertyGPSDictionary").get()));
     const TovNumber* latitude =
-        platform::asNumber(TovDictionaryGetValue(gps, text("kCGImagePropertyGPSLatitude").get()));
+        asNumber(TovDictionaryGetValue(gps, text("kCGImagePropertyGPSLatitude").get()));
     ASSERT_NE(latitude, nullptr);
     EXPECT_EQ(latitude->floating, 48.125);
 }

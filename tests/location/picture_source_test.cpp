@@ -17,7 +17,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-using namespace platform;
+using namespace pinorama;
 
 namespace {
 using Dictionary = ObjectHolder<TovDictionaryRef>;
@@ -237,9 +237,7 @@ TEST(copyPictureProperties, isNullOrWholeWhenMemoryRunsOut)
     const test::TemporaryFolder folder;
     const std::string path = folder.write("a picture of the harbour.jpg",
                                           test::pictureWithGps({.lat = 48.1, .latRef = "N"}));
-    const auto copy = [&] {
-        return ObjectHolder<TovDictionaryRef>(platform::copyPictureProperties(path));
-    };
+    const auto copy = [&] { return ObjectHolder<TovDictionaryRef>(copyPictureProperties(path)); };
     std::uint64_t nulls = 0;
     for (std::uint64_t nth = 1;; nth++) {
         baseFailAllocation(nth);

@@ -18,6 +18,8 @@
 #include <utility>
 #include <vector>
 
+using namespace pinorama;
+
 namespace {
 std::string documentOf(const std::string& path)
 {
@@ -28,7 +30,7 @@ std::string documentOf(const std::string& path)
 std::vector<std::string> optionNames()
 {
     std::vector<std::string> names;
-    std::istringstream lines(app::usageText());
+    std::istringstream lines(usageText());
     const std::regex option("^  (?:-[a-z], )?(--[a-z-]+).*");
     for (std::string line; std::getline(lines, line);) {
         std::smatch match;
@@ -170,7 +172,7 @@ TEST(menuEntries, areForAcceptedExtensionsOnly)
         listOf(documentOf("packaging/menus/pinorama.nemo_action"), "Extensions");
     EXPECT_EQ(extensions.size(), 20u);
     for (const std::string& extension : extensions) {
-        const StringHolder path(platform::createPathText("/a." + extension));
+        const StringHolder path(createPathText("/a." + extension));
         EXPECT_TRUE(gpsIsAcceptedPath(path.get())) << extension;
     }
 }

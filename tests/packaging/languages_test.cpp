@@ -24,6 +24,8 @@
 #include <string_view>
 #include <vector>
 
+using namespace pinorama;
+
 namespace {
 const auto* const toolkit = testing::AddGlobalTestEnvironment(new test::Toolkit);
 
@@ -186,7 +188,7 @@ TEST(languages, openEveryMenuAndControlWithAKeyOfItsOwn)
     for (const std::string& language : languages()) {
         SCOPED_TRACE(language);
         const test::ScopedVariable variable("LANGUAGE", language.c_str());
-        app::installTranslations();
+        installTranslations();
         const MainWindow window;
         if (language != "en") {
             EXPECT_NE(window.exportKMLButton->text(), QString::fromUtf8("&Export as KML…"));
@@ -215,7 +217,7 @@ TEST(languages, areNotCutInTheWindow)
     for (const std::string& language : languages()) {
         SCOPED_TRACE(language);
         const test::ScopedVariable variable("LANGUAGE", language.c_str());
-        app::installTranslations();
+        installTranslations();
         MainWindow window;
         window.show();
         ASSERT_TRUE(test::waitUntil([&window] { return window.isVisible(); }));

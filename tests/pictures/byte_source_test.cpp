@@ -10,7 +10,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-using namespace platform;
+using namespace pinorama;
+
 using test::textOf;
 using test::viewOf;
 

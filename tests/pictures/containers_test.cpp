@@ -8,7 +8,8 @@
 
 #include <gtest/gtest.h>
 
-using namespace platform;
+using namespace pinorama;
+
 using test::textOf;
 using test::viewOf;
 using namespace std::string_literals;

@@ -5,7 +5,8 @@
 
 #include <gtest/gtest.h>
 
-using namespace platform;
+using namespace pinorama;
+
 using namespace std::string_literals;
 
 namespace {

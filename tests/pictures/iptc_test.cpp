@@ -9,7 +9,8 @@
 
 #include <gtest/gtest.h>
 
-using namespace platform;
+using namespace pinorama;
+
 using test::viewOf;
 using namespace std::string_literals;
 

@@ -17,7 +17,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-using namespace platform;
+using namespace pinorama;
 
 namespace {
 constexpr int kMutationsPerPicture = 1500;

@@ -15,6 +15,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace pinorama;
+
 namespace {
 // Whether anybody opens an item, as the kernel tells.
 class Watch {
@@ -30,7 +32,7 @@ public:
     }
 
 private:
-    platform::DescriptorHolder descriptor_;
+    DescriptorHolder descriptor_;
 };
 }  // namespace
 
@@ -50,11 +52,11 @@ TEST(PictureFile, opensNothingButFiles)
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        EXPECT_EQ(platform::PictureFile(row.path).isOpen(), row.isOpened);
+        EXPECT_EQ(PictureFile(row.path).isOpen(), row.isOpened);
         const std::string link = row.path + ".link.jpg";
         ASSERT_EQ(symlink(row.path.c_str(), link.c_str()), 0);
         const Watch watch(row.path);
-        EXPECT_EQ(platform::PictureFile(link).isOpen(), row.isOpened);
+        EXPECT_EQ(PictureFile(link).isOpen(), row.isOpened);
         EXPECT_EQ(watch.sawAnOpening(), row.isOpened) << "through a link";
     }
     (void)unlink((folder.path() + ".link.jpg").c_str());
@@ -65,18 +67,18 @@ TEST(PictureFile, ofEveryHostileItemIsAFileOrNotOpen)
     const test::TemporaryFolder folder;
     for (const test::HostileItem& item : test::hostileItems(folder)) {
         SCOPED_TRACE(item.what);
-        EXPECT_EQ(platform::PictureFile(item.path).isOpen(), item.isRegular);
+        EXPECT_EQ(PictureFile(item.path).isOpen(), item.isRegular);
     }
 }
 
 TEST(readPictureProperties, ofAFileOf8TiBIsQuick)
 {
     const test::TemporaryFolder folder;
-    const platform::PictureFile file(test::hugeFile(folder));
+    const PictureFile file(test::hugeFile(folder));
     ASSERT_GT(file.size(), std::uint64_t{1} << 40);
-    platform::FileByteSource bytes(file.descriptor(), file.size());
+    FileByteSource bytes(file.descriptor(), file.size());
     const auto start = std::chrono::steady_clock::now();
-    const auto properties = platform::readPictureProperties(bytes);
+    const auto properties = readPictureProperties(bytes);
     EXPECT_TRUE(!properties || !properties->hasGps);
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
 }
@@ -90,10 +92,10 @@ TEST(readPictureProperties, ofAFileThatIsBeingChangedHaveItsPositionOrNone)
         test::pictureWithGps({.lat = 48.5, .latRef = "N", .caption = std::string(2000, 'c')}));
     int found = 0;
     for (int i = 0; i < 3000; i++) {
-        const platform::PictureFile file(path);
+        const PictureFile file(path);
         if (!file.isOpen()) continue;
-        platform::FileByteSource bytes(file.descriptor(), file.size());
-        const auto properties = platform::readPictureProperties(bytes);
+        FileByteSource bytes(file.descriptor(), file.size());
+        const auto properties = readPictureProperties(bytes);
         if (properties && properties->latitude == 48.5) found++;
     }
     EXPECT_GT(found, 0);

@@ -5,14 +5,15 @@
 
 #include <gtest/gtest.h>
 
-using platform::PictureProperties;
+using namespace pinorama;
+
 using test::ByteOrder;
 
 namespace {
 std::optional<PictureProperties> propertiesOf(const std::string& bytes)
 {
-    platform::MemoryByteSource source(test::viewOf(bytes));
-    return platform::readPictureProperties(source);
+    MemoryByteSource source(test::viewOf(bytes));
+    return readPictureProperties(source);
 }
 
 const test::PictureFields kEverything{.lat = 48.1,

@@ -17,6 +17,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using namespace pinorama;
+
 namespace {
 using nlohmann::json;
 
@@ -28,10 +30,10 @@ void put(json& object, const char* name, const std::optional<Value>& value)
 
 void put(json& object, const char* name, const std::optional<std::u16string>& value)
 {
-    if (value) object[name] = platform::displayUTF8(*value);
+    if (value) object[name] = displayUTF8(*value);
 }
 
-json toJson(const platform::PictureProperties& properties)
+json toJson(const PictureProperties& properties)
 {
     json object = json::object();
     put(object, "latitude", properties.latitude);
@@ -61,7 +63,7 @@ std::u16string textOf(const Exiv2::Value& value)
 {
     std::vector<Exiv2::byte> bytes(static_cast<std::size_t>(value.size()));
     value.copy(bytes.data(), Exiv2::bigEndian);
-    return platform::decodeUndeclaredText({bytes.data(), bytes.size()});
+    return decodeUndeclaredText({bytes.data(), bytes.size()});
 }
 
 // What Exiv2 finds, with the conversions of the project's reader.
@@ -69,9 +71,9 @@ class SecondReader {
 public:
     explicit SecondReader(Exiv2::Image& image) : exif_(image.exifData()), iptc_(image.iptcData()) {}
 
-    platform::PictureProperties properties() const
+    PictureProperties properties() const
     {
-        platform::PictureProperties found;
+        PictureProperties found;
         found.latitude = coordinate("Exif.GPSInfo.GPSLatitude");
         found.latitudeReference = reference("Exif.GPSInfo.GPSLatitudeRef");
         found.longitude = coordinate("Exif.GPSInfo.GPSLongitude");
@@ -201,11 +203,10 @@ std::optional<json> readInChild(const std::string& path)
 
 std::optional<json> readWithOurs(const std::string& path)
 {
-    const platform::PictureFile file(path);
+    const PictureFile file(path);
     if (!file.isOpen()) return std::nullopt;
-    platform::FileByteSource source(file.descriptor(), file.size());
-    const std::optional<platform::PictureProperties> properties =
-        platform::readPictureProperties(source);
+    FileByteSource source(file.descriptor(), file.size());
+    const std::optional<PictureProperties> properties = readPictureProperties(source);
     return properties ? std::optional(toJson(*properties)) : std::nullopt;
 }
 

@@ -9,6 +9,8 @@
 #include <cmath>
 #include <fstream>
 
+using namespace pinorama;
+
 namespace {
 using test::kCorners;
 using test::kSize;
@@ -42,7 +44,7 @@ TEST_F(imageWithPreviewOfFileAtPath, doesNotEnlargeAPicture)
 TEST_F(imageWithPreviewOfFileAtPath, readsAFileWhoseNameIsNoUTF8)
 {
     const std::string path = picture("b\xff\xfe.jpg");
-    const ObjectHolder<TovStringRef> text(platform::createPathText(path));
+    const ObjectHolder<TovStringRef> text(createPathText(path));
     EXPECT_EQ(::imageWithPreviewOfFileAtPath(text.get(), kSize, 0).size(), QSize(128, 85));
 }
 

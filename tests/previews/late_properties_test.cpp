@@ -11,22 +11,22 @@
 #include <csignal>
 #include <vector>
 
-namespace {
+// The suites are named after what they test, which they hide here.
+namespace pinorama::tests {
 using namespace std::chrono_literals;
-using platform::ReadOutcome;
 using Clock = std::chrono::steady_clock;
 
 class LateProperties : public testing::Test {
 protected:
     struct Arrival {
         std::uint32_t ticket;
-        platform::PropertyResult result;
+        PropertyResult result;
     };
 
     LateProperties()
     {
-        QObject::connect(&late(), &::LateProperties::arrived, &context_,
-                         [this](std::uint32_t ticket, const platform::PropertyResult& result) {
+        QObject::connect(&late(), &pinorama::LateProperties::arrived, &context_,
+                         [this](std::uint32_t ticket, const PropertyResult& result) {
                              arrivals_.push_back({ticket, result});
                          });
         cuPictureReader().stop();
@@ -40,7 +40,7 @@ protected:
         cuPictureReader().setLimits({});
     }
 
-    static ::LateProperties& late() { return *::LateProperties::instance(); }
+    static pinorama::LateProperties& late() { return *pinorama::LateProperties::instance(); }
 
     // Holds the reader up, as a slow disk does.
     static void hold() { kill(cuPictureReader().processID(), SIGSTOP); }
@@ -59,15 +59,15 @@ protected:
     }
 
     test::TemporaryFolder folder_;
-    platform::PictureFile first_{picture("a.jpg", 48.5)};
-    platform::PictureFile second_{picture("b.jpg", 10.25)};
+    PictureFile first_{picture("a.jpg", 48.5)};
+    PictureFile second_{picture("b.jpg", 10.25)};
     QObject context_;
     std::vector<Arrival> arrivals_;
 };
 
 TEST_F(LateProperties, areThoseOfTheApplication)
 {
-    EXPECT_EQ(&late(), ::LateProperties::instance());
+    EXPECT_EQ(&late(), pinorama::LateProperties::instance());
     EXPECT_EQ(late().parent(), QCoreApplication::instance());
 }
 
@@ -103,7 +103,7 @@ TEST_F(LateProperties, doNotNeedTheFileOfWhoAsked)
 {
     hold();
     {
-        const platform::PictureFile file(folder_.file("a.jpg"));
+        const PictureFile file(folder_.file("a.jpg"));
         EXPECT_FALSE(late().read(file.descriptor()));
     }
     // The next reader is asked for the same picture.
@@ -137,7 +137,7 @@ TEST_F(LateProperties, giveWayToThoseOfTheNextPicture)
 
 TEST_F(LateProperties, tellThatTheReaderWasStuck)
 {
-    platform::ReaderLimits limits;
+    ReaderLimits limits;
     limits.properties.silence = 1s;
     cuPictureReader().setLimits(limits);
     hold();
@@ -156,4 +156,5 @@ TEST_F(LateProperties, failWhenTheReaderIsStopped)
     ASSERT_TRUE(hasArrived(1));
     EXPECT_EQ(arrivals_[0].result.outcome, ReadOutcome::failed);
 }
-}  // namespace
+
+}  // namespace pinorama::tests

@@ -12,11 +12,10 @@
 
 #include <csignal>
 
-namespace {
-using platform::PreviewKind;
-using platform::ReadOutcome;
+// The suites are named after what they test, which they hide here.
+namespace pinorama::tests {
 
-constexpr platform::PixelSize kBox = {64, 64};
+constexpr PixelSize kBox = {64, 64};
 
 // A picture with a position, and no reader before and after the test.
 class PictureReaderTest : public testing::Test {
@@ -28,14 +27,14 @@ protected:
     }
     ~PictureReaderTest() override
     {
-        platform::installPropertySource({});
+        installPropertySource({});
         cuPictureReader().stop();
         cuPictureReader().setLimits({});
     }
 
     bool hasProperties() const
     {
-        const ObjectHolder<TovDictionaryRef> properties(platform::copyPictureProperties(path_));
+        const ObjectHolder<TovDictionaryRef> properties(copyPictureProperties(path_));
         return static_cast<bool>(properties);
     }
 
@@ -48,7 +47,7 @@ protected:
     static ReadOutcome previewFromTheEventLoop()
     {
         EXPECT_TRUE(test::waitUntil([] { return cuPictureReader().hasPreview(); }));
-        return cuPictureReader().takePreview().value_or(platform::PreviewResult{}).outcome;
+        return cuPictureReader().takePreview().value_or(PreviewResult{}).outcome;
     }
 
     test::TemporaryFolder folder_;
@@ -57,7 +56,7 @@ protected:
         test::jpegOfQuarters(200, 100,
                              {.exif = test::tiffWithGps(
                                   {.lat = 48.5, .latRef = "N", .lon = 11.25, .lonRef = "E"})}));
-    platform::PictureFile file_{path_};
+    PictureFile file_{path_};
 };
 
 using cuReadPicturesElsewhere = PictureReaderTest;
@@ -66,7 +65,7 @@ using ReaderEventsTest = PictureReaderTest;
 TEST_F(cuReadPicturesElsewhere, startsTheReader)
 {
     EXPECT_EQ(cuPictureReader().processID(), -1);
-    ::cuReadPicturesElsewhere();
+    pinorama::cuReadPicturesElsewhere();
     EXPECT_NE(cuPictureReader().processID(), -1);
 }
 
@@ -74,13 +73,13 @@ TEST_F(cuReadPicturesElsewhere, leavesPropertiesToTheReader)
 {
     const test::ScopedVariable none("PINORAMA_READER", "/nowhere/pinorama-reader");
     EXPECT_TRUE(hasProperties()) << "before, this process reads them";
-    ::cuReadPicturesElsewhere();
+    pinorama::cuReadPicturesElsewhere();
     EXPECT_FALSE(hasProperties()) << "without a reader nobody does";
 }
 
 TEST_F(cuReadPicturesElsewhere, tellsWhatTheReaderFinds)
 {
-    ::cuReadPicturesElsewhere();
+    pinorama::cuReadPicturesElsewhere();
     EXPECT_TRUE(hasProperties());
     path_ = folder_.write("b.jpg", "no picture");
     EXPECT_FALSE(hasProperties());
@@ -131,7 +130,7 @@ TEST_F(ReaderEventsTest, noticeAReaderThatDiesAndListenToTheNextOne)
 
 TEST_F(ReaderEventsTest, giveUpAReaderThatGivesNoSignOfLife)
 {
-    platform::ReaderLimits limits;
+    ReaderLimits limits;
     limits.preview.silence = std::chrono::seconds(1);
     cuPictureReader().setLimits(limits);
     startPreview();
@@ -142,4 +141,5 @@ TEST_F(ReaderEventsTest, giveUpAReaderThatGivesNoSignOfLife)
     EXPECT_EQ(previewFromTheEventLoop(), ReadOutcome::stuck);
     EXPECT_NE(cuPictureReader().processID(), reader);
 }
-}  // namespace
+
+}  // namespace pinorama::tests

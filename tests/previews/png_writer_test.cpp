@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace pinorama;
+
 namespace {
 QImage picture(QImage::Format format, int width, int height)
 {

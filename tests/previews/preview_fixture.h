@@ -48,7 +48,7 @@ inline const std::vector<std::uint32_t> kCorners = {kRed, kGreen, kBlue, kYellow
 // A folder with pictures, and a cache folder of the test's own beside it.
 class PreviewTest : public testing::Test {
 protected:
-    PreviewTest() { cuInstallFilePreviews(); }
+    PreviewTest() { pinorama::cuInstallFilePreviews(); }
 
     std::string cachePath(const std::string& sizeName, const std::string& uri) const
     {

@@ -9,7 +9,8 @@
 
 #include <csignal>
 
-namespace {
+// The suites are named after what they test, which they hide here.
+namespace pinorama::tests {
 using test::kCorners;
 using test::kSize;
 using test::quartersOf;
@@ -36,7 +37,7 @@ protected:
 
     PreviewLoader()
     {
-        QObject::connect(&loader_, &::PreviewLoader::previewReady,
+        QObject::connect(&loader_, &pinorama::PreviewLoader::previewReady,
                          [this](const QByteArray& path, const QPixmap& picture) {
                              arrivals_.push_back({path, picture});
                          });
@@ -68,7 +69,7 @@ protected:
     // Lets the event loop run until nothing more can come.
     static void settle() { test::goOnFor(300); }
 
-    ::PreviewLoader loader_;
+    pinorama::PreviewLoader loader_;
     std::vector<Arrival> arrivals_;
 };
 
@@ -102,8 +103,9 @@ TEST_F(PreviewLoader, storesAPreviewThatIsLeftEarly)
     const std::string path = picture();
     {
         bool hasArrived = false;
-        ::PreviewLoader loader;
-        QObject::connect(&loader, &::PreviewLoader::previewReady, [&] { hasArrived = true; });
+        pinorama::PreviewLoader loader;
+        QObject::connect(&loader, &pinorama::PreviewLoader::previewReady,
+                         [&] { hasArrived = true; });
         loader.request(test::text(path).get(), kSize, 1);
         EXPECT_TRUE(test::waitUntil([&] { return hasArrived; }));
     }
@@ -208,7 +210,7 @@ TEST_F(PreviewLoader, startsAgainWhenAnotherOneTookThePlaceAndCancels)
         const HeldReader held;
         request(path);
         const std::uint32_t ticket = untilItIsUnderWay();
-        ::PreviewLoader other;
+        pinorama::PreviewLoader other;
         other.request(otherPath.get(), kSize, 1);
         untilItIsUnderWay(ticket);
     }
@@ -220,7 +222,7 @@ TEST_F(PreviewLoader, startsAgainWhenAnotherOneTookThePlaceAndCancels)
 TEST_F(PreviewLoader, tellsThatThereIsNoReaderAndAnswersNothing)
 {
     std::vector<QByteArray> told;
-    QObject::connect(&loader_, &::PreviewLoader::readerMissing,
+    QObject::connect(&loader_, &pinorama::PreviewLoader::readerMissing,
                      [&](const QByteArray& path) { told.push_back(path); });
     const std::string path = picture();
     {
@@ -259,11 +261,11 @@ TEST_F(PreviewLoader, comesHoweverLongTheDiskTakes)
 TEST_F(PreviewLoader, tellsOfAReaderThatIsStuckAndAnswersWithTheIcon)
 {
     std::vector<QByteArray> told;
-    QObject::connect(&loader_, &::PreviewLoader::readerStuck, [&](const QByteArray& path) {
+    QObject::connect(&loader_, &pinorama::PreviewLoader::readerStuck, [&](const QByteArray& path) {
         told.push_back(path);
         EXPECT_TRUE(arrivals_.empty());
     });
-    platform::ReaderLimits limits;
+    ReaderLimits limits;
     limits.preview.silence = std::chrono::seconds(1);
     cuPictureReader().setLimits(limits);
     const std::string path = picture();
@@ -299,7 +301,7 @@ TEST_F(PreviewLoader, settlesForTheIcon)
 TEST_F(PreviewLoader, mayBeAskedAgainByTheReceiver)
 {
     const std::string second = picture("b.jpg");
-    QObject::connect(&loader_, &::PreviewLoader::previewReady, [&] {
+    QObject::connect(&loader_, &pinorama::PreviewLoader::previewReady, [&] {
         if (arrivals_.size() == 1) request(second);
     });
     request(picture("a.jpg"));
@@ -307,4 +309,5 @@ TEST_F(PreviewLoader, mayBeAskedAgainByTheReceiver)
     ASSERT_EQ(arrivals_.size(), 2u);
     EXPECT_EQ(arrivals_[1].path.toStdString(), second);
 }
-}  // namespace
+
+}  // namespace pinorama::tests

@@ -2,7 +2,8 @@
 
 #include "tests/previews/preview_fixture.h"
 
-namespace {
+// The suites are named after what they test, which they hide here.
+namespace pinorama::tests {
 using cuThumbnailPlaces = test::PreviewTest;
 
 TEST_F(cuThumbnailPlaces, nameTheSizesFromTheOneAskedForOn)
@@ -13,12 +14,12 @@ TEST_F(cuThumbnailPlaces, nameTheSizesFromTheOneAskedForOn)
         for (const ThumbnailPlace& place : places) paths.push_back(place.path);
         return paths;
     };
-    EXPECT_EQ(pathsOf(::cuThumbnailPlaces("/a/b.jpg", 5, 129)),
+    EXPECT_EQ(pathsOf(pinorama::cuThumbnailPlaces("/a/b.jpg", 5, 129)),
               (std::vector<std::string>{cachePath("large", uri), cachePath("x-large", uri),
                                         cachePath("xx-large", uri)}));
-    EXPECT_TRUE(::cuThumbnailPlaces("/a/b.jpg", 5, 1025).empty());
-    EXPECT_TRUE(::cuThumbnailPlaces("b.jpg", 5, 128).empty());
-    EXPECT_TRUE(::cuThumbnailPlaces("", 5, 128).empty());
+    EXPECT_TRUE(pinorama::cuThumbnailPlaces("/a/b.jpg", 5, 1025).empty());
+    EXPECT_TRUE(pinorama::cuThumbnailPlaces("b.jpg", 5, 128).empty());
+    EXPECT_TRUE(pinorama::cuThumbnailPlaces("", 5, 128).empty());
     // Known from the standard's own example.
     EXPECT_EQ(QCryptographicHash::hash("file:///home/jens/photos/me.png", QCryptographicHash::Md5)
                   .toHex(),
@@ -27,7 +28,7 @@ TEST_F(cuThumbnailPlaces, nameTheSizesFromTheOneAskedForOn)
 
 TEST_F(cuThumbnailPlaces, lookUnderBothWaysToEscapeASemicolon)
 {
-    const std::vector<ThumbnailPlace> places = ::cuThumbnailPlaces("/a;b [1].jpg", 5, 1024);
+    const std::vector<ThumbnailPlace> places = pinorama::cuThumbnailPlaces("/a;b [1].jpg", 5, 1024);
     ASSERT_EQ(places.size(), 2u);
     EXPECT_EQ(places[0].label.uri, "file:///a%3Bb%20%5B1%5D.jpg");
     EXPECT_EQ(places[1].label.uri, "file:///a;b%20%5B1%5D.jpg");
@@ -43,4 +44,5 @@ TEST(ThumbnailLabel, matchesTheSameFileOnly)
     EXPECT_FALSE(label.matches("file:///a.jpg", ""));
     EXPECT_FALSE(label.matches("", ""));
 }
-}  // namespace
+
+}  // namespace pinorama::tests

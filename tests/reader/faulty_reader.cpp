@@ -34,8 +34,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using namespace pinorama;
+
 namespace {
-using namespace platform;
 
 constexpr int kSocket = kReaderSocket;
 

@@ -19,8 +19,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using namespace pinorama;
+
 namespace {
-using namespace platform;
 using Pictures = test::ReaderPictures;
 
 constexpr int kPatience = 30'000;  // milliseconds

@@ -15,8 +15,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using namespace pinorama;
+
 namespace {
-using namespace platform;
 using namespace std::chrono_literals;
 using test::expectGoodPicture;
 using test::faultyReader;

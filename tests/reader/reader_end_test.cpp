@@ -9,8 +9,9 @@
 #include <filesystem>
 #include <string>
 
+using namespace pinorama;
+
 namespace {
-using namespace platform;
 using namespace std::chrono_literals;
 using test::expectGoodPicture;
 using test::faultyReader;

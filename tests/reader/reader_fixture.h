@@ -23,20 +23,20 @@ constexpr bool kHasSanitizers = true;
 constexpr bool kHasSanitizers = false;
 #endif
 
-constexpr platform::PixelSize kBox = {64, 64};
+constexpr pinorama::PixelSize kBox = {64, 64};
 
-inline platform::ReaderLauncher faultyReader(const std::vector<std::string>& arguments = {})
+inline pinorama::ReaderLauncher faultyReader(const std::vector<std::string>& arguments = {})
 {
     return [arguments] {
-        return platform::startReaderProgram(platform::programFolder() + "/faulty-reader",
+        return pinorama::startReaderProgram(pinorama::programFolder() + "/faulty-reader",
                                             arguments);
     };
 }
 
-inline platform::ReaderLauncher realReader()
+inline pinorama::ReaderLauncher realReader()
 {
     return
-        [] { return platform::startReaderProgram(platform::programFolder() + "/pinorama-reader"); };
+        [] { return pinorama::startReaderProgram(pinorama::programFolder() + "/pinorama-reader"); };
 }
 
 class ReaderPictures {
@@ -75,37 +75,37 @@ private:
     TemporaryFolder folder_;
 };
 
-inline platform::PropertyResult propertiesOf(platform::ReaderClient& client,
+inline pinorama::PropertyResult propertiesOf(pinorama::ReaderClient& client,
                                              const std::string& path)
 {
-    const platform::PictureFile file(path);
+    const pinorama::PictureFile file(path);
     return client.readProperties(file.descriptor());
 }
 
-inline platform::PreviewResult previewOf(platform::ReaderClient& client, const std::string& path)
+inline pinorama::PreviewResult previewOf(pinorama::ReaderClient& client, const std::string& path)
 {
-    const platform::PictureFile file(path);
-    (void)client.startPreview(file.descriptor(), platform::PreviewKind::picture, kBox);
+    const pinorama::PictureFile file(path);
+    (void)client.startPreview(file.descriptor(), pinorama::PreviewKind::picture, kBox);
     return client.waitForPreview();
 }
 
-inline void expectGoodPicture(platform::ReaderClient& client, const ReaderPictures& pictures)
+inline void expectGoodPicture(pinorama::ReaderClient& client, const ReaderPictures& pictures)
 {
-    const platform::PropertyResult properties = propertiesOf(client, pictures.good());
-    EXPECT_EQ(properties.outcome, platform::ReadOutcome::found);
+    const pinorama::PropertyResult properties = propertiesOf(client, pictures.good());
+    EXPECT_EQ(properties.outcome, pinorama::ReadOutcome::found);
     EXPECT_EQ(properties.properties.latitude, 48.5);
-    const platform::PreviewResult preview = previewOf(client, pictures.good());
-    EXPECT_EQ(preview.outcome, platform::ReadOutcome::found);
+    const pinorama::PreviewResult preview = previewOf(client, pictures.good());
+    EXPECT_EQ(preview.outcome, pinorama::ReadOutcome::found);
     EXPECT_EQ(preview.answer.image.width, 64);
     EXPECT_EQ(preview.answer.image.height, 32);
     EXPECT_TRUE(areNear(quartersOf(preview.answer.image), {kRed, kGreen, kBlue, kYellow}));
 }
 
 // So that tests of readers that are stuck take less time.
-inline platform::ReaderLimits shortLimits()
+inline pinorama::ReaderLimits shortLimits()
 {
     using namespace std::chrono_literals;
-    platform::ReaderLimits limits;
+    pinorama::ReaderLimits limits;
     limits.start.silence = 2s;
     limits.properties = {.processor = 500ms, .silence = 1500ms, .whole = 1min};
     limits.preview = {.processor = 600ms, .silence = 1600ms, .whole = 1min};

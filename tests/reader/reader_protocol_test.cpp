@@ -7,8 +7,9 @@
 #include <random>
 #include <string>
 
+using namespace pinorama;
+
 namespace {
-using namespace platform;
 
 const ReaderRequest kPropertyRequest = {ReaderTask::properties, 7, 3, {}};
 const ReaderRequest kPreviewRequest = {ReaderTask::picturePreview, 8, 1, {128, 85}};

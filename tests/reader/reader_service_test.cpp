@@ -19,8 +19,9 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+using namespace pinorama;
+
 namespace {
-using namespace platform;
 using namespace std::chrono_literals;
 
 constexpr auto kLongEnough = 30s;  // for what takes a moment
@@ -280,6 +281,6 @@ TEST(serveReader, endsWhenNobodyListensToItsFirstWord)
     ASSERT_EQ(socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends), 0);
     const DescriptorHolder theirs(ends[1]);
     close(ends[0]);
-    platform::serveReader(theirs.get(), {tellSize, {}});
+    serveReader(theirs.get(), {tellSize, {}});
     SUCCEED();  // it came back, and no signal ended the test
 }

@@ -4,8 +4,9 @@
 
 #include <chrono>
 
+using namespace pinorama;
+
 namespace {
-using namespace platform;
 using namespace std::chrono_literals;
 
 constexpr ReaderPatience kPatience = {.processor = 1s, .silence = 20s, .whole = 60s};

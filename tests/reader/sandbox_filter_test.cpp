@@ -16,8 +16,9 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
+using namespace pinorama;
+
 namespace {
-using platform::SandboxStep;
 
 constexpr std::uint32_t kSocket = 3;
 constexpr std::uint32_t kProcess = 4321;
@@ -39,8 +40,8 @@ std::uint32_t verdict(const seccomp_data& call)
 {
     std::uint32_t accumulator = 0;
     std::size_t at = 0;
-    while (at < platform::kSandboxStepCount) {
-        const SandboxStep& step = platform::kSandboxSteps[at++];
+    while (at < kSandboxStepCount) {
+        const SandboxStep& step = kSandboxSteps[at++];
         const std::uint32_t value = valueOf(step);
         bool jumps = false;
         switch (step.step.code) {
@@ -65,8 +66,8 @@ std::uint32_t verdict(const seccomp_data& call)
 std::uint32_t nativeArchitecture()
 {
     // The first step that compares anything compares the architecture.
-    for (std::size_t i = 0; i < platform::kSandboxStepCount; i++) {
-        const sock_filter& step = platform::kSandboxSteps[i].step;
+    for (std::size_t i = 0; i < kSandboxStepCount; i++) {
+        const sock_filter& step = kSandboxSteps[i].step;
         if (step.code == (BPF_JMP | BPF_JEQ | BPF_K)) return step.k;
     }
     return 0;
@@ -131,7 +132,7 @@ TEST(sandboxFilter, letsThroughWhatReadingNeeds)
 #endif
     // 77 has the bit of PROT_EXEC.
     expected.erase(SYS_mprotect);
-    if (platform::kHasSanitizers) {
+    if (kHasSanitizers) {
         expected.insert({SYS_pipe2, SYS_write});
 #ifdef SYS_pipe
         expected.insert(SYS_pipe);

@@ -11,8 +11,9 @@
 #include <sstream>
 #include <string>
 
+using namespace pinorama;
+
 namespace {
-using namespace platform;
 using test::kHasSanitizers;
 using Pictures = test::ReaderPictures;
 

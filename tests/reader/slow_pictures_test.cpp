@@ -13,8 +13,9 @@
 #include <poll.h>
 #include <unistd.h>
 
+using namespace pinorama;
+
 namespace {
-using namespace platform;
 using namespace std::chrono_literals;
 using test::expectGoodPicture;
 using test::faultyReader;

@@ -27,6 +27,8 @@
 #include <string>
 #include <vector>
 
+using namespace pinorama;
+
 namespace {
 using Microseconds = std::chrono::microseconds;
 using Clock = std::chrono::steady_clock;
@@ -43,7 +45,7 @@ long cpuTime()
 
 class Probe {
 public:
-    explicit Probe(platform::SelectionSource& source) : source_(source)
+    explicit Probe(SelectionSource& source) : source_(source)
     {
         QObject::connect(&timer_, &QTimer::timeout, [this] { ask(); });
         timer_.start(kInterval);
@@ -65,8 +67,7 @@ private:
         times_.push_back(std::chrono::duration_cast<Microseconds>(Clock::now() - start).count());
         if (isFirst_ || paths != paths_) {
             std::string line = "paths";
-            for (const std::string& path : paths)
-                line += " " + platform::fileURIOfPath(path).substr(7);
+            for (const std::string& path : paths) line += " " + fileURIOfPath(path).substr(7);
             if (paths.empty()) line += " -";
             std::puts(line.c_str());
             std::fflush(stdout);
@@ -90,7 +91,7 @@ private:
         usedBefore_ = cpuTime();
     }
 
-    platform::SelectionSource& source_;
+    SelectionSource& source_;
     QTimer timer_;
     bool isFirst_ = true;
     std::vector<std::string> paths_;
@@ -104,14 +105,14 @@ int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
     const QString choice = QCoreApplication::arguments().value(1);
-    platform::FrameTracker tracker;
-    std::unique_ptr<platform::SelectionSource> source;
+    FrameTracker tracker;
+    std::unique_ptr<SelectionSource> source;
     if (choice == QLatin1String("--extension")) {
-        source = std::make_unique<platform::ExtensionSelection>(tracker);
+        source = std::make_unique<ExtensionSelection>(tracker);
     } else if (choice == QLatin1String("--accessibility")) {
-        source = std::make_unique<platform::AccessibilitySelection>(tracker);
+        source = std::make_unique<AccessibilitySelection>(tracker);
     } else {
-        source = std::make_unique<platform::FileManagerSelection>();
+        source = std::make_unique<FileManagerSelection>();
     }
     Probe probe(*source);
     QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);

@@ -17,8 +17,9 @@
 #include <string>
 #include <vector>
 
+using namespace pinorama;
+
 using namespace std::chrono_literals;
-using platform::AccessibilityAdvice;
 
 namespace {
 // A bus of its own, as the accessibility bus is.
@@ -140,11 +141,11 @@ protected:
     }
     void runs(const Guest& guest, const char* name)
     {
-        kinds_[guest.process()] = platform::fileManagerKind(name);
+        kinds_[guest.process()] = fileManagerKind(name);
     }
 
     bool mayBeSet_ = false;
-    std::map<pid_t, const platform::FileManagerKind*> kinds_;
+    std::map<pid_t, const FileManagerKind*> kinds_;
     std::vector<std::string> needed_;
     std::vector<bool> switched_;
     OtherBus accessibilityBus_;

@@ -10,8 +10,9 @@
 
 #include <memory>
 
+using namespace pinorama;
+
 namespace {
-using platform::AccessibilityBus;
 using test::StandInFileManager;
 using Event = AccessibilityBus::Event;
 

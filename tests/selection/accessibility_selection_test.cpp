@@ -14,9 +14,9 @@
 #include <memory>
 #include <string>
 
+using namespace pinorama;
+
 namespace {
-using platform::AccessibilitySelection;
-using platform::FrameTracker;
 using test::StandInFileManager;
 using Kind = StandInFileManager::Kind;
 using Paths = std::vector<std::string>;
@@ -49,8 +49,8 @@ protected:
             if (i < 12 || i == count - 1) folder_.write(std::to_string(i) + ".jpg", "x");
         }
         manager_ = std::make_unique<StandInFileManager>(kind, folder_.path(), pictureNames(count));
-        tracker_ = std::make_unique<FrameTracker>(
-            [process](pid_t) { return platform::fileManagerKind(process); });
+        tracker_ =
+            std::make_unique<FrameTracker>([process](pid_t) { return fileManagerKind(process); });
         source_ = std::make_unique<AccessibilitySelection>(*tracker_);
     }
 

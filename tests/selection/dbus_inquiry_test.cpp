@@ -12,13 +12,10 @@
 #include <memory>
 #include <thread>
 
+using namespace pinorama;
+
 namespace {
 using namespace std::chrono_literals;
-using platform::Accessible;
-using platform::Clock;
-using platform::Done;
-using platform::Inquiry;
-using platform::Task;
 using test::StandInFileManager;
 
 constexpr auto kLimit = 10s;  // no test comes near it
@@ -51,11 +48,10 @@ protected:
     Task<Done> askNames(Inquiry& inquiry, std::vector<Accessible> objects)
     {
         std::vector<QDBusMessage> questions;
-        for (const Accessible& object : objects)
-            questions.push_back(platform::nameQuestion(object));
+        for (const Accessible& object : objects) questions.push_back(nameQuestion(object));
         const auto answers = co_await inquiry.answers(questions);
         for (const QDBusMessage& answer : answers)
-            names_.push_back(platform::textIn(answer).value_or(QStringLiteral("no name")));
+            names_.push_back(textIn(answer).value_or(QStringLiteral("no name")));
         co_return {};
     }
 
@@ -63,8 +59,8 @@ protected:
     Task<Done> askNamesInTurn(Inquiry& inquiry, std::vector<Accessible> objects)
     {
         for (const Accessible& object : objects) {
-            const QDBusMessage question = platform::nameQuestion(object);
-            names_.push_back(platform::textIn(co_await inquiry.answer(question)).value_or(""));
+            const QDBusMessage question = nameQuestion(object);
+            names_.push_back(textIn(co_await inquiry.answer(question)).value_or(""));
         }
         co_return {};
     }
@@ -72,7 +68,7 @@ protected:
     // Asks for the name of one object along with those of others.
     Task<Done> askNameAlong(Inquiry& inquiry, Accessible object, std::vector<Accessible> others)
     {
-        inquiry.askAlong(platform::nameQuestion(object));
+        inquiry.askAlong(nameQuestion(object));
         co_await askNames(inquiry, others);
         co_return {};
     }

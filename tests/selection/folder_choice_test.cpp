@@ -13,10 +13,9 @@
 #include <string>
 #include <vector>
 
+using namespace pinorama;
+
 namespace {
-using platform::FolderClues;
-using platform::Place;
-using platform::RowButton;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -34,7 +33,7 @@ protected:
 
     std::vector<std::string> shown(const FolderClues& clues) const
     {
-        return platform::foldersShown(clues, places_, isWatched_);
+        return pinorama::foldersShown(clues, places_, isWatched_);
     }
 
     // The buttons from the root to `path`, the last one down.

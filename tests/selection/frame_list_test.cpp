@@ -8,45 +8,42 @@
 #include <string>
 #include <string_view>
 
+using namespace pinorama;
+
 namespace {
-using platform::Accessible;
-using platform::FrameList;
-using platform::FrameReader;
-using platform::Inquiry;
-using platform::SharedFrame;
 
 // What a function that waits may be handed is told by the compiler.
-static_assert(platform::HeldAcrossWaiting<QString>);
-static_assert(platform::HeldAcrossWaiting<int>);
-static_assert(platform::HeldAcrossWaiting<std::vector<QDBusMessage>>);
-static_assert(platform::HeldAcrossWaiting<std::array<int, 2>>);
-static_assert(platform::HeldAcrossWaiting<SharedFrame>);
-static_assert(platform::HeldAcrossWaiting<std::weak_ptr<FrameReader>>);
-static_assert(platform::HeldAcrossWaiting<Inquiry&>);
-static_assert(platform::HeldAcrossWaiting<FrameReader&>);
-static_assert(!platform::HeldAcrossWaiting<const QString&>);
-static_assert(!platform::HeldAcrossWaiting<QString&&>);
-static_assert(!platform::HeldAcrossWaiting<FrameList&>);
-static_assert(!platform::HeldAcrossWaiting<const platform::FrameLayout&>);
-static_assert(!platform::HeldAcrossWaiting<FrameReader*>);
-static_assert(!platform::HeldAcrossWaiting<const char*>);
-static_assert(!platform::HeldAcrossWaiting<std::vector<int>::iterator>);
-static_assert(!platform::HeldAcrossWaiting<std::vector<int>::const_iterator>);
-static_assert(!platform::HeldAcrossWaiting<std::string_view>);
-static_assert(!platform::HeldAcrossWaiting<QStringView>);
-static_assert(!platform::HeldAcrossWaiting<QLatin1String>);
-static_assert(!platform::HeldAcrossWaiting<std::span<const int>>);
-static_assert(!platform::HeldAcrossWaiting<std::reference_wrapper<const QString>>);
+static_assert(HeldAcrossWaiting<QString>);
+static_assert(HeldAcrossWaiting<int>);
+static_assert(HeldAcrossWaiting<std::vector<QDBusMessage>>);
+static_assert(HeldAcrossWaiting<std::array<int, 2>>);
+static_assert(HeldAcrossWaiting<SharedFrame>);
+static_assert(HeldAcrossWaiting<std::weak_ptr<FrameReader>>);
+static_assert(HeldAcrossWaiting<Inquiry&>);
+static_assert(HeldAcrossWaiting<FrameReader&>);
+static_assert(!HeldAcrossWaiting<const QString&>);
+static_assert(!HeldAcrossWaiting<QString&&>);
+static_assert(!HeldAcrossWaiting<FrameList&>);
+static_assert(!HeldAcrossWaiting<const FrameLayout&>);
+static_assert(!HeldAcrossWaiting<FrameReader*>);
+static_assert(!HeldAcrossWaiting<const char*>);
+static_assert(!HeldAcrossWaiting<std::vector<int>::iterator>);
+static_assert(!HeldAcrossWaiting<std::vector<int>::const_iterator>);
+static_assert(!HeldAcrossWaiting<std::string_view>);
+static_assert(!HeldAcrossWaiting<QStringView>);
+static_assert(!HeldAcrossWaiting<QLatin1String>);
+static_assert(!HeldAcrossWaiting<std::span<const int>>);
+static_assert(!HeldAcrossWaiting<std::reference_wrapper<const QString>>);
 
 // A closure's captures die with it, although the function that it started still waits.
 const auto kHoldsNothing = [] {};
 const auto kHoldsSomething = [number = 1] { (void)number; };
-static_assert(platform::HeldAcrossWaiting<decltype(kHoldsNothing)&>);
-static_assert(!platform::HeldAcrossWaiting<decltype(kHoldsSomething)&>);
+static_assert(HeldAcrossWaiting<decltype(kHoldsNothing)&>);
+static_assert(!HeldAcrossWaiting<decltype(kHoldsSomething)&>);
 
-const platform::FileManagerKind& kind()
+const FileManagerKind& kind()
 {
-    return *platform::fileManagerKind("nemo");
+    return *fileManagerKind("nemo");
 }
 
 Accessible object(const QString& service, const char* path)
@@ -107,7 +104,7 @@ TEST_F(FrameListTest, takesNoWindowOfAProgramThatHasLeft)
     EXPECT_TRUE(list_.framesOf(first_).empty());
     EXPECT_TRUE(list_.keepOnly(first_, {object(first_, "/1")}).empty());
     EXPECT_EQ(list_.latest(frame_), nullptr);
-    EXPECT_FALSE(list_.beginWalk(frame_, platform::Clock::now()));
+    EXPECT_FALSE(list_.beginWalk(frame_, Clock::now()));
     EXPECT_FALSE(list_.setPaused(first_, true));
 }
 
@@ -163,7 +160,7 @@ TEST_F(FrameListTest, notesNothingOfAWindowThatHasGoneMeanwhile)
 TEST_F(FrameListTest, walksAWindowWithoutAViewAgainAfterAWhileOnly)
 {
     using namespace std::chrono_literals;
-    const auto now = platform::Clock::now();
+    const auto now = Clock::now();
     EXPECT_TRUE(list_.beginWalk(frame_, now));
     EXPECT_FALSE(list_.beginWalk(frame_, now + 699ms));
     EXPECT_TRUE(list_.beginWalk(frame_, now + 700ms));

@@ -13,13 +13,10 @@
 #include <string>
 #include <vector>
 
+using namespace pinorama;
+
 namespace {
 using namespace std::chrono_literals;
-using platform::Clock;
-using platform::Done;
-using platform::FrameReader;
-using platform::Inquiry;
-using platform::Task;
 using test::StandInFileManager;
 using Kind = StandInFileManager::Kind;
 
@@ -40,9 +37,8 @@ protected:
         manager_ = std::make_unique<StandInFileManager>(
             kind, folder_.path(), std::vector<QString>{QStringLiteral("a.jpg")});
         frame_ = std::make_unique<FrameReader>(
-            platform::Accessible{manager_->service(),
-                                 QStringLiteral("/org/a11y/atspi/accessible/1")},
-            *platform::fileManagerKind(process), 1, false);
+            Accessible{manager_->service(), QStringLiteral("/org/a11y/atspi/accessible/1")},
+            *fileManagerKind(process), 1, false);
         Inquiry inquiry(QDBusConnection::sessionBus(), kLimit);
         inquiry.begin(frame_->findAndRead(inquiry));
         ASSERT_TRUE(inquiry.finishUntil(Clock::now() + kLimit));

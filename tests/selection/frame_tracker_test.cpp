@@ -12,11 +12,9 @@
 #include <algorithm>
 #include <string>
 
+using namespace pinorama;
+
 namespace {
-using platform::Done;
-using platform::FrameTracker;
-using platform::Inquiry;
-using platform::Task;
 using test::StandInFileManager;
 
 // Looks at the windows of two programs, one after the other.
@@ -31,7 +29,7 @@ protected:
             GTEST_SKIP() << "no session bus can be started";
         ASSERT_TRUE(test::waitUntil([&] { return bus_.isReady(); }));
         first_.list(second_);
-        QObject::connect(&bus_, &platform::AccessibilityBus::programLeft,
+        QObject::connect(&bus_, &AccessibilityBus::programLeft,
                          [&](const QString& service) { left_.append(service); });
     }
 
@@ -57,7 +55,7 @@ protected:
                 return true;
             Inquiry inquiry(tracker_.bus(), std::chrono::seconds(1));
             inquiry.begin(ask(inquiry));
-            (void)inquiry.finishUntil(platform::Clock::now() + std::chrono::seconds(1));
+            (void)inquiry.finishUntil(Clock::now() + std::chrono::seconds(1));
             return false;
         });
     }
@@ -74,8 +72,8 @@ protected:
     StandInFileManager second_{
         StandInFileManager::Kind::selection, folder_.path(), {QStringLiteral("b.jpg")}};
     QStringList left_;
-    platform::AccessibilityBus bus_;
-    FrameTracker tracker_{[](pid_t) { return platform::fileManagerKind("nemo"); }};
+    AccessibilityBus bus_;
+    FrameTracker tracker_{[](pid_t) { return fileManagerKind("nemo"); }};
 };
 
 // What is known of the second one has another place then.

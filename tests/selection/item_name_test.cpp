@@ -12,6 +12,8 @@
 #include <string>
 #include <vector>
 
+using namespace pinorama;
+
 TEST(nameOfShownItem, findsTheItemBehindWhatIsShown)
 {
     const struct {
@@ -50,7 +52,7 @@ TEST(nameOfShownItem, findsTheItemBehindWhatIsShown)
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        const auto found = platform::nameOfShownItem(row.entries, QString::fromUtf8(row.shown));
+        const auto found = nameOfShownItem(row.entries, QString::fromUtf8(row.shown));
         if (row.expected == nullptr) {
             EXPECT_FALSE(found.has_value());
         } else {
@@ -69,8 +71,7 @@ TEST(pathOfShownItem, givesTheWholePathAndASlashForAFolder)
     EXPECT_EQ(symlink("nowhere", folder.file("loose.jpg").c_str()), 0);
 
     const auto pathOf = [&](const char* shown) {
-        return platform::pathOfShownItem(folder.path(), QString::fromUtf8(shown))
-            .value_or("nothing");
+        return pathOfShownItem(folder.path(), QString::fromUtf8(shown)).value_or("nothing");
     };
     EXPECT_EQ(pathOf("a b.jpg"), folder.file("a b.jpg"));
     EXPECT_EQ(pathOf("inv\ufffdlid.jpg"), folder.file("inv\xe4lid.jpg"));
@@ -87,21 +88,21 @@ TEST(pathOfShownItem, givesTheWholePathAndASlashForAFolder)
 
 TEST(pathOfShownItem, noFolderGivesNothing)
 {
-    EXPECT_FALSE(platform::pathOfShownItem("", QStringLiteral("a.jpg")));
-    EXPECT_FALSE(platform::pathOfShownItem("/nonexistent/folder", QStringLiteral("a.jpg")));
+    EXPECT_FALSE(pathOfShownItem("", QStringLiteral("a.jpg")));
+    EXPECT_FALSE(pathOfShownItem("/nonexistent/folder", QStringLiteral("a.jpg")));
 }
 
 TEST(pathOfShownItem, findsAnItemOfTheRoot)
 {
-    EXPECT_EQ(platform::pathOfShownItem("/", QStringLiteral("proc")), "/proc/");
+    EXPECT_EQ(pathOfShownItem("/", QStringLiteral("proc")), "/proc/");
 }
 
 TEST(existingItem, slashesAtTheEndDoNotCount)
 {
     const test::TemporaryFolder folder;
     folder.write("a.jpg", "x");
-    EXPECT_EQ(platform::existingItem(folder.path() + "//"), folder.path() + "/");
-    EXPECT_EQ(platform::existingItem("/"), "/");
-    EXPECT_FALSE(platform::existingItem(folder.file("b.jpg")));
-    EXPECT_FALSE(platform::existingItem(""));
+    EXPECT_EQ(existingItem(folder.path() + "//"), folder.path() + "/");
+    EXPECT_EQ(existingItem("/"), "/");
+    EXPECT_FALSE(existingItem(folder.file("b.jpg")));
+    EXPECT_FALSE(existingItem(""));
 }

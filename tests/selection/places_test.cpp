@@ -13,10 +13,12 @@
 #include <string>
 #include <vector>
 
+using namespace pinorama;
+
 namespace {
-bool holds(const std::vector<platform::Place>& places, const char* name, const std::string& path)
+bool holds(const std::vector<Place>& places, const char* name, const std::string& path)
 {
-    return std::any_of(places.begin(), places.end(), [&](const platform::Place& place) {
+    return std::any_of(places.begin(), places.end(), [&](const Place& place) {
         return place.name == QString::fromUtf8(name) && place.path == path;
     });
 }
@@ -35,7 +37,7 @@ TEST(places, holdTheHomeFolderTheWellKnownFoldersAndTheBookmarks)
                "<?xml version=\"1.0\"?><xbel><bookmark href=\"file:///srv/kde\">"
                "<title>Wolken</title></bookmark>"
                "<bookmark href=\"trash:/\"><title>Trash</title></bookmark></xbel>");
-    const auto places = platform::places();
+    const auto places = pinorama::places();
     ASSERT_FALSE(places.empty());
     EXPECT_EQ(places.front().path, home.path());
     EXPECT_TRUE(holds(places, "Desktop", home.file("Desktop")));
@@ -54,7 +56,7 @@ TEST(places, damagedBookmarksAreLeftOut)
     std::filesystem::create_directories(home.file(".local/share"));
     home.write(".gtk-bookmarks", "\xff\nfile://%\nfile:///a%00b X\n");
     home.write(".local/share/user-places.xbel", "<xbel><bookmark href=\"file:///srv/kde\"><tit");
-    for (const platform::Place& place : platform::places()) {
+    for (const Place& place : places()) {
         EXPECT_EQ(place.path.front(), '/');
         EXPECT_EQ(place.path.find('\0'), std::string::npos);
     }
@@ -68,7 +70,7 @@ TEST(foldersWatchedBy, tellsTheFoldersWithAnInotifyWatch)
     const int descriptor = inotify_init1(IN_CLOEXEC);
     ASSERT_GE(descriptor, 0);
     ASSERT_GE(inotify_add_watch(descriptor, folder.file("watched").c_str(), IN_CREATE), 0);
-    const auto isWatched = platform::foldersWatchedBy(getpid());
+    const auto isWatched = foldersWatchedBy(getpid());
     close(descriptor);
     EXPECT_TRUE(isWatched(folder.file("watched")));
     EXPECT_FALSE(isWatched(folder.file("other")));
@@ -77,7 +79,7 @@ TEST(foldersWatchedBy, tellsTheFoldersWithAnInotifyWatch)
 
 TEST(foldersWatchedBy, aProcessThatIsGoneWatchesNothing)
 {
-    EXPECT_FALSE(platform::foldersWatchedBy(-1)("/"));
+    EXPECT_FALSE(foldersWatchedBy(-1)("/"));
 }
 
 TEST(fileManagerKind, knowsTheSevenAndNobodyElse)
@@ -85,14 +87,14 @@ TEST(fileManagerKind, knowsTheSevenAndNobodyElse)
     for (const char* process : {"nautilus", "nemo", "nemo-desktop", "caja", "thunar", "Thunar",
                                 "pcmanfm", "pcmanfm-qt", "dolphin"}) {
         SCOPED_TRACE(process);
-        EXPECT_NE(platform::fileManagerKind(process), nullptr);
+        EXPECT_NE(fileManagerKind(process), nullptr);
     }
     for (const char* process : {"", "dolphin-emu", "nautil", "pinorama", "thunar "}) {
         SCOPED_TRACE(process);
-        EXPECT_EQ(platform::fileManagerKind(process), nullptr);
+        EXPECT_EQ(fileManagerKind(process), nullptr);
     }
-    EXPECT_EQ(platform::fileManagerKind("Thunar")->manager, platform::FileManager::thunar);
-    EXPECT_TRUE(platform::fileManagerKind("nemo-desktop")->isDesktop);
-    EXPECT_EQ(platform::fileManagerKindOfProcess(getpid()), nullptr);
-    EXPECT_EQ(platform::fileManagerKindOfProcess(-1), nullptr);
+    EXPECT_EQ(fileManagerKind("Thunar")->manager, FileManager::thunar);
+    EXPECT_TRUE(fileManagerKind("nemo-desktop")->isDesktop);
+    EXPECT_EQ(fileManagerKindOfProcess(getpid()), nullptr);
+    EXPECT_EQ(fileManagerKindOfProcess(-1), nullptr);
 }

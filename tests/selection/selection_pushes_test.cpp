@@ -14,8 +14,8 @@
 #include <string>
 #include <vector>
 
-using platform::PushedSelection;
-using platform::SelectionPushes;
+using namespace pinorama;
+
 using test::Program;
 
 namespace {
@@ -77,7 +77,7 @@ protected:
     SelectionPushes pushes_{program_.connection(), [] { return nullptr; },
                             [this](pid_t process) {
                                 EXPECT_EQ(process, getpid());
-                                return isFileManager_ ? platform::fileManagerKind("caja") : nullptr;
+                                return isFileManager_ ? fileManagerKind("caja") : nullptr;
                             }};
 };
 

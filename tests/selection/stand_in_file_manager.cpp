@@ -9,10 +9,9 @@
 
 #include <utility>
 
+using namespace pinorama;
+
 namespace {
-using platform::Role;
-using platform::State;
-using platform::States;
 
 constexpr const char* kRoot = "/org/a11y/atspi/accessible/root";
 constexpr const char* kPrefix = "/org/a11y/atspi/accessible/";

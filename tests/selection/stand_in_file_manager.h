@@ -21,8 +21,8 @@
 namespace test {
 
 struct StandInObject {
-    platform::Role role = platform::Role::panel;
-    platform::States states = 0;
+    pinorama::Role role = pinorama::Role::panel;
+    pinorama::States states = 0;
     QString name = {};  // of a text what stands in it
     QStringList interfaces = {};
     int parent = 0;

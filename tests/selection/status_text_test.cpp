@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+using namespace pinorama;
+
 namespace {
 std::vector<std::string> asBytes(const std::vector<QString>& texts)
 {
@@ -41,7 +43,7 @@ TEST(quotedNames, findsTheNameInTheQuotationMarksOfManyLanguages)
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        EXPECT_THAT(asBytes(platform::quotedNames(QString::fromUtf8(row.text))),
+        EXPECT_THAT(asBytes(quotedNames(QString::fromUtf8(row.text))),
                     testing::Contains(row.expected));
     }
 }
@@ -51,14 +53,13 @@ TEST(quotedNames, countsGiveNothing)
     for (const char* text : {"", "\"", "\"\"", "3 items", "2 files: 4 kB", "10 Objekte",
                              "a \"quoted\" word", "2 item(s) selected", "\"no end"}) {
         SCOPED_TRACE(text);
-        EXPECT_TRUE(platform::quotedNames(QString::fromUtf8(text)).empty());
+        EXPECT_TRUE(quotedNames(QString::fromUtf8(text)).empty());
     }
 }
 
 TEST(quotedNames, aNameMayHoldQuotationMarksSoTheLongestComesFirst)
 {
-    const auto names =
-        asBytes(platform::quotedNames(QStringLiteral("\"12\" Zoll.jpg\" (2 kB) \"x\"")));
+    const auto names = asBytes(quotedNames(QStringLiteral("\"12\" Zoll.jpg\" (2 kB) \"x\"")));
     EXPECT_EQ(names, (std::vector<std::string>{"12\" Zoll.jpg\" (2 kB) \"x",
                                                "12\" Zoll.jpg\" (2 kB) ", "12\" Zoll.jpg", "12"}));
 }
@@ -66,6 +67,6 @@ TEST(quotedNames, aNameMayHoldQuotationMarksSoTheLongestComesFirst)
 TEST(quotedNames, aTextOfMoreThan4096UnitsIsNotLookedAt)
 {
     const QString mark = QStringLiteral("\"");
-    EXPECT_EQ(platform::quotedNames(mark + QString(4094, u'a') + mark).size(), 1U);
-    EXPECT_TRUE(platform::quotedNames(mark + QString(4095, u'a') + mark).empty());
+    EXPECT_EQ(quotedNames(mark + QString(4094, u'a') + mark).size(), 1U);
+    EXPECT_TRUE(quotedNames(mark + QString(4095, u'a') + mark).empty());
 }

@@ -9,17 +9,17 @@
 namespace test {
 
 // The bytes of `bytes`, which has to outlive the view.
-inline platform::ByteView viewOf(const std::string& bytes)
+inline pinorama::ByteView viewOf(const std::string& bytes)
 {
     return {reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()};
 }
 
-inline std::string textOf(platform::ByteView view)
+inline std::string textOf(pinorama::ByteView view)
 {
     return {view.begin(), view.end()};
 }
 
-inline std::string textOf(const platform::ByteBlock& block)
+inline std::string textOf(const pinorama::ByteBlock& block)
 {
     return textOf(block.view(0, static_cast<std::size_t>(block.length())));
 }

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+using namespace pinorama;
+
 namespace {
 // A generator whose numbers are the same with every standard library.
 class Numbers {

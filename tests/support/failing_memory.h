@@ -22,10 +22,10 @@ std::uint64_t failEachRequest(Call call, HasFailed hasFailed)
 {
     constexpr std::uint64_t kMost = 10000;
     for (std::uint64_t nth = 1; nth <= kMost; nth++) {
-        baseFailAllocation(nth);
+        pinorama::baseFailAllocation(nth);
         const auto result = call();
-        const bool ranOut = baseAllocationHasFailed();
-        baseFailAllocation(0);
+        const bool ranOut = pinorama::baseAllocationHasFailed();
+        pinorama::baseFailAllocation(0);
         EXPECT_EQ(hasFailed(result), ranOut) << "request " << nth;
         if (!ranOut) return nth - 1;
     }

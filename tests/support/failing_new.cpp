@@ -6,6 +6,8 @@
 #include <cstddef>
 #include <new>
 
+using namespace pinorama;
+
 namespace {
 void* allocateOrThrow(std::size_t size)
 {

@@ -7,6 +7,8 @@
 #include <array>
 #include <cstdlib>
 
+using namespace pinorama;
+
 namespace {
 constexpr int kQuality = 95;
 
@@ -83,7 +85,7 @@ std::string test::exifWithThumbnail(int orientation, const std::string& thumbnai
     return block + first + directoryOf(offset) + thumbnail;
 }
 
-std::vector<std::uint32_t> test::quartersOf(const platform::PixelImage& image)
+std::vector<std::uint32_t> test::quartersOf(const PixelImage& image)
 {
     std::vector<std::uint32_t> colors;
     for (const int row : {1, 3}) {

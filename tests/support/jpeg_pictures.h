@@ -35,7 +35,7 @@ std::string jpegOfQuarters(int width, int height, const JpegOptions& options = {
 std::string exifWithThumbnail(int orientation, const std::string& thumbnail);
 
 // The colours in the middle of the four quarters, from left to right and from top to bottom.
-std::vector<std::uint32_t> quartersOf(const platform::PixelImage& image);
+std::vector<std::uint32_t> quartersOf(const pinorama::PixelImage& image);
 
 // True when no channel of the two differs by more than `tolerance`.
 bool isNear(std::uint32_t a, std::uint32_t b, int tolerance = 12);

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+using namespace pinorama;
+
 namespace {
 using namespace std::string_literals;
 

@@ -14,7 +14,7 @@
 
 namespace test {
 
-using platform::ByteOrder;
+using pinorama::ByteOrder;
 
 struct Rational {
     std::uint32_t numerator;

@@ -5,6 +5,8 @@
 #include <iterator>
 #include <random>
 
+using namespace pinorama;
+
 namespace {
 using Random = std::mt19937;
 
@@ -38,8 +40,7 @@ void addUnits(Random& random, unsigned kind, std::u16string* text)
     case 2: return add(random() % 8 == 0 ? 0x7f : between(random, 0x01, 0x1f));
     case 3: return add(0);
     case 4: return add(between(random, 0x80, 0xff));
-    case 5:
-        return add(platform::macRomanUnit(static_cast<std::uint8_t>(between(random, 0x80, 0xff))));
+    case 5: return add(macRomanUnit(static_cast<std::uint8_t>(between(random, 0x80, 0xff))));
     case 6: return add(between(random, 0x100, 0x7ff));
     case 7:
         return add(random() % 2 == 0 ? between(random, 0x800, 0xd7ff)

@@ -13,13 +13,15 @@
 
 #include <fcntl.h>
 
+using namespace pinorama;
+
 using test::FlexItem;
 
 namespace {
 // A file that is open for reading and writing.
 struct OpenFile {
     explicit OpenFile(std::string_view content, int flags = O_RDWR)
-        : path(folder.write("array", content)), fork(platform::openDescriptor(path.c_str(), flags))
+        : path(folder.write("array", content)), fork(openDescriptor(path.c_str(), flags))
     {
     }
     std::string content() const { return test::readFile(path); }

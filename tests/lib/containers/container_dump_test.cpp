@@ -8,6 +8,8 @@
 #include <filesystem>
 #include <random>
 
+using namespace pinorama;
+
 using test::Flex;
 using test::headerBytes;
 

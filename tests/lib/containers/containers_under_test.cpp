@@ -4,6 +4,8 @@
 #include <cstdlib>
 #include <cstring>
 
+using namespace pinorama;
+
 namespace {
 std::uint32_t fieldAt(const std::uint8_t* bytes)
 {

@@ -116,13 +116,13 @@ bool operator==(const FlexState& a, const FlexState& b);
 // Makes the nth allocation of the scope fail.
 class FailingAllocation {
 public:
-    explicit FailingAllocation(std::uint64_t nth) { baseFailAllocation(nth); }
-    ~FailingAllocation() { baseFailAllocation(0); }
+    explicit FailingAllocation(std::uint64_t nth) { pinorama::baseFailAllocation(nth); }
+    ~FailingAllocation() { pinorama::baseFailAllocation(0); }
     FailingAllocation(const FailingAllocation&) = delete;
     FailingAllocation& operator=(const FailingAllocation&) = delete;
 
     // True when there were enough allocations for one to fail.
-    bool hasHappened() const { return baseAllocationHasFailed(); }
+    bool hasHappened() const { return pinorama::baseAllocationHasFailed(); }
 };
 
 }  // namespace test

@@ -11,6 +11,8 @@
 #include <cstring>
 #include <random>
 
+using namespace pinorama;
+
 namespace {
 // What the library keeps in one block: here every item is a string of its own and amounts are
 // 64 bits wide.

@@ -8,6 +8,8 @@
 #include <optional>
 #include <random>
 
+using namespace pinorama;
+
 using test::Array;
 using test::ArrayOf;
 using IDs = std::vector<std::uint32_t>;

@@ -8,6 +8,8 @@
 #include <cstring>
 #include <random>
 
+using namespace pinorama;
+
 using test::Array;
 using test::ArrayOf;
 using test::itemsOf;

@@ -6,6 +6,8 @@
 
 #include <cstring>
 
+using namespace pinorama;
+
 using test::Array;
 using test::ArrayOf;
 using test::FailingAllocation;

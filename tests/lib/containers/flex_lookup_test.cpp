@@ -8,6 +8,8 @@
 #include <random>
 #include <utility>
 
+using namespace pinorama;
+
 using test::Flex;
 using test::headerBytes;
 using Items = std::vector<test::FlexItem>;

@@ -12,6 +12,8 @@
 #include <algorithm>
 #include <random>
 
+using namespace pinorama;
+
 namespace {
 using Items = std::vector<test::FlexItem>;
 using Entries = std::vector<test::IndexEntry>;

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace pinorama;
+
 using test::FailingAllocation;
 using test::Flex;
 using test::headerBytes;

@@ -14,6 +14,8 @@
 #include <string>
 #include <utility>
 
+using namespace pinorama;
+
 namespace {
 using test::ScopedVariable;
 using test::takeUTF8;
@@ -254,9 +256,9 @@ TEST(convConvertiViewDateTime, readsTheLocalClockAndCountsOnTheClockOfUTC)
 TEST(convConvertiViewDate, readsNothingBeforeConvInit)
 {
     // Whoever ran before in this process may have called it.
-    platform::DateParser** const readers[] = {&gGermanDateFormatter, &gADCDateFormatter,
-                                              &gIVIEWDateFormatter, &gIVIEWDateFormatter2};
-    platform::DateParser* kept[4];
+    DateParser** const readers[] = {&gGermanDateFormatter, &gADCDateFormatter, &gIVIEWDateFormatter,
+                                    &gIVIEWDateFormatter2};
+    DateParser* kept[4];
     for (int i = 0; i < 4; i++) kept[i] = std::exchange(*readers[i], nullptr);
     EXPECT_EQ(convConvertiViewDate(text("2008:12:24").get()), 0u);
     EXPECT_EQ(convConvertiViewDateTime(text("2008:12:24 18:30:00").get()), 0u);

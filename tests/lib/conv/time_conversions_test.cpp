@@ -9,6 +9,8 @@
 #include <ctime>
 #include <limits>
 
+using namespace pinorama;
+
 namespace {
 using test::ScopedVariable;
 
@@ -376,9 +378,9 @@ TEST(makeVardenTime, asksNoZone)
 TEST(convInit, makesTheFourReadersOnce)
 {
     convInit();
-    platform::DateParser* const readers[] = {gGermanDateFormatter, gADCDateFormatter,
-                                             gIVIEWDateFormatter, gIVIEWDateFormatter2};
-    for (const platform::DateParser* reader : readers) EXPECT_NE(reader, nullptr);
+    DateParser* const readers[] = {gGermanDateFormatter, gADCDateFormatter, gIVIEWDateFormatter,
+                                   gIVIEWDateFormatter2};
+    for (const DateParser* reader : readers) EXPECT_NE(reader, nullptr);
 
     convInit();
     EXPECT_EQ(gGermanDateFormatter, readers[0]);

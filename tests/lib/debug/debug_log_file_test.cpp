@@ -13,6 +13,8 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
+using namespace pinorama;
+
 namespace {
 int gFlushes = 0;  // calls of fsync by this program
 }  // namespace
@@ -155,9 +157,9 @@ TEST(debugWriteAndReleaseCFString, stopsAtTheFirstZeroAndWritesNoLoneSurrogate)
 {
     const test::LogFolder folder;
     const ForkRef fork = debugOpenLogfile();
-    debugWriteAndReleaseCFString(fork, platform::createString(std::u16string_view(u"ab\0cd", 5)));
+    debugWriteAndReleaseCFString(fork, createString(std::u16string_view(u"ab\0cd", 5)));
     const char16_t lone[] = {u'x', 0xd800};
-    debugWriteAndReleaseCFString(fork, platform::createString(std::u16string_view(lone, 2)));
+    debugWriteAndReleaseCFString(fork, createString(std::u16string_view(lone, 2)));
     debugCloseLogFile(fork);
     EXPECT_EQ(folder.entries(), "ab");
 }
@@ -173,7 +175,7 @@ TEST(debugWriteAndReleaseCFString, consumesEveryTextButAnEmptyOne)
         int left;
     } rows[] = {
         {"text", test::text("abc"), 1},
-        {"lone surrogate", test::Text(platform::createString(std::u16string_view(lone, 2))), 1},
+        {"lone surrogate", test::Text(createString(std::u16string_view(lone, 2))), 1},
         {"empty", test::text(""), 2},
     };
     for (const auto& row : rows) {
@@ -181,7 +183,7 @@ TEST(debugWriteAndReleaseCFString, consumesEveryTextButAnEmptyOne)
         (void)uCFRetain(row.text.get());
         debugWriteAndReleaseCFString(fork, row.text.get());
         EXPECT_EQ(uCFGetRetainCount(row.text.get()), row.left);
-        if (row.left == 2) platform::releaseObject(row.text.get());
+        if (row.left == 2) releaseObject(row.text.get());
     }
     debugWriteAndReleaseCFString(fork, nullptr);
     debugCloseLogFile(fork);

@@ -11,6 +11,8 @@
 
 #include <cstring>
 
+using namespace pinorama;
+
 namespace {
 constexpr std::size_t kStride = 67;  // each entry opens the log and brings it to the disk
 
@@ -36,7 +38,7 @@ TEST(debugWriteAndReleaseCFString, writesTheBytesOfTheTextAndNoMore)
     std::string expected;
     test::forRandomTexts(
         [&](const std::u16string& text) {
-            test::Text owned(platform::createString(text));
+            test::Text owned(createString(text));
             debugWriteAndReleaseCFString(fork, text.empty() ? nullptr : owned.take());
             debugWriteReturn(fork);
             expected += expectedPiece(text) + "\r";

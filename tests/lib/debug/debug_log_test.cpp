@@ -15,6 +15,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace pinorama;
+
 namespace {
 const std::uint8_t kPascal[] = {3, 'a', 'b', 'c', 'd'};
 

@@ -19,6 +19,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using namespace pinorama;
+
 namespace {
 using test::inChild;
 using test::kCannotTest;

@@ -8,6 +8,8 @@
 #include <filesystem>
 #include <regex>
 
+using namespace pinorama;
+
 test::LogFolder::LogFolder() : variable_("HOME", home_.path().c_str()) {}
 
 std::string test::LogFolder::log() const
@@ -44,7 +46,7 @@ std::string test::banner()
 #else
     const std::string processor = "native";
 #endif
-    const platform::MachineFacts facts = platform::machineFacts();
+    const MachineFacts facts = machineFacts();
     return "Skallion " + processor + " code running\nMac OS X  " +
            std::to_string(facts.systemMajor) + "." + std::to_string(facts.systemMinor) + "." +
            std::to_string(facts.systemFix) + "\nRAM:   " + std::to_string(facts.memory) + "  MB\n" +

@@ -6,9 +6,11 @@
 
 #include <unistd.h>
 
+using namespace pinorama;
+
 TEST(machineFacts, tellsAboutThisMachine)
 {
-    const platform::MachineFacts facts = platform::machineFacts();
+    const MachineFacts facts = machineFacts();
     EXPECT_GE(facts.systemMajor, 2);
     EXPECT_GE(facts.systemMinor, 0);
     EXPECT_GE(facts.systemFix, 0);
@@ -20,8 +22,8 @@ TEST(machineFacts, tellsAboutThisMachine)
 TEST(machineFacts, tellsTheClockWhereTheProcessorListDoes)
 {
     const std::string list = test::readFile("/proc/cpuinfo");
-    if (platform::clockInProcessorList(list) == 0) GTEST_SKIP() << "no clock in /proc/cpuinfo";
-    EXPECT_GT(platform::machineFacts().clock, 0);
+    if (clockInProcessorList(list) == 0) GTEST_SKIP() << "no clock in /proc/cpuinfo";
+    EXPECT_GT(machineFacts().clock, 0);
 }
 
 TEST(readRelease, takesUpToThreeNumbers)
@@ -40,8 +42,8 @@ TEST(readRelease, takesUpToThreeNumbers)
         {"3.2.1.9", 3, 2, 1},
     };
     for (const auto& row : rows) {
-        platform::MachineFacts facts{};
-        platform::readRelease(row.release, &facts);
+        MachineFacts facts{};
+        readRelease(row.release, &facts);
         EXPECT_EQ(facts.systemMajor, row.major) << row.release;
         EXPECT_EQ(facts.systemMinor, row.minor) << row.release;
         EXPECT_EQ(facts.systemFix, row.fix) << row.release;
@@ -50,7 +52,7 @@ TEST(readRelease, takesUpToThreeNumbers)
 
 TEST(clockInProcessorList, takesTheFirstProcessorsWholeMHz)
 {
-    EXPECT_EQ(platform::clockInProcessorList(
+    EXPECT_EQ(clockInProcessorList(
                   "processor\t: 0\ncpu MHz\t\t: 2399.998\n\nprocessor\t: 1\ncpu MHz\t\t: 800.0\n"),
               2399);
 }
@@ -59,5 +61,5 @@ TEST(clockInProcessorList, isZeroWhenTheListNamesNone)
 {
     for (const char* text : {"", "processor\t: 0\nBogoMIPS\t: 50.00\n", "cpu MHz\t\t: \n",
                              "cpu MHz", "cpu MHz\t\t: unknown\nprocessor\t: 1\n"})
-        EXPECT_EQ(platform::clockInProcessorList(text), 0) << text;
+        EXPECT_EQ(clockInProcessorList(text), 0) << text;
 }

@@ -10,12 +10,14 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using namespace pinorama;
+
 TEST(catalogueFactsOf, tellsOwnerAccessAndMode)
 {
     const test::TemporaryFolder folder;
     const std::string path = folder.write("file", "x");
     ASSERT_EQ(chmod(path.c_str(), 0740), 0);
-    const platform::CatalogueFacts facts = platform::catalogueFactsOf(path);
+    const CatalogueFacts facts = catalogueFactsOf(path);
     EXPECT_EQ(facts.nodeFlags, 0);
     EXPECT_EQ(facts.userPrivileges, 0);
     EXPECT_EQ(facts.ownerID, geteuid());
@@ -27,14 +29,14 @@ TEST(catalogueFactsOf, tellsOwnerAccessAndMode)
 TEST(catalogueFactsOf, marksAFolder)
 {
     const test::TemporaryFolder folder;
-    EXPECT_EQ(platform::catalogueFactsOf(folder.path()).nodeFlags, 0x0010);
+    EXPECT_EQ(catalogueFactsOf(folder.path()).nodeFlags, 0x0010);
 }
 
 TEST(catalogueFactsOf, looksAtTheLinkItself)
 {
     const test::TemporaryFolder folder;
     std::filesystem::create_symlink("nowhere", folder.file("link"));
-    EXPECT_EQ(platform::catalogueFactsOf(folder.file("link")).mode & S_IFMT, unsigned{S_IFLNK});
+    EXPECT_EQ(catalogueFactsOf(folder.file("link")).mode & S_IFMT, unsigned{S_IFLNK});
 }
 
 TEST(catalogueFactsOf, tellsWhatAnotherUserMayNotDo)
@@ -49,7 +51,7 @@ TEST(catalogueFactsOf, tellsWhatAnotherUserMayNotDo)
     if (child == 0) {
         constexpr uid_t kNobody = 65534;
         if (setgid(kNobody) != 0 || setuid(kNobody) != 0) _exit(2);
-        const platform::CatalogueFacts facts = platform::catalogueFactsOf(path);
+        const CatalogueFacts facts = catalogueFactsOf(path);
         _exit(facts.userPrivileges == (0x01 | 0x04 | 0x80) && facts.userAccess == 4 ? 0 : 1);
     }
     int status = 0;
@@ -60,7 +62,7 @@ TEST(catalogueFactsOf, tellsWhatAnotherUserMayNotDo)
 
 TEST(catalogueFactsOf, isAllZeroForAMissingItem)
 {
-    const platform::CatalogueFacts facts = platform::catalogueFactsOf("/nowhere/at/all");
+    const CatalogueFacts facts = catalogueFactsOf("/nowhere/at/all");
     EXPECT_EQ(facts.nodeFlags | facts.userPrivileges | facts.userAccess | facts.mode, 0);
     EXPECT_EQ(facts.ownerID | facts.groupID, 0u);
 }

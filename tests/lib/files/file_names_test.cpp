@@ -11,6 +11,8 @@
 #include <filesystem>
 #include <string>
 
+using namespace pinorama;
+
 TEST(feCheckFileNameRef, makesANameSafe)
 {
     const struct {
@@ -39,7 +41,7 @@ TEST(feCheckFileNameRef, makesANameSafe)
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
         HFSUniStr255 name = {};
-        utMakeHFSStringFromCFString(test::Text(platform::createString(row.text)).get(), &name);
+        utMakeHFSStringFromCFString(test::Text(createString(row.text)).get(), &name);
         EXPECT_EQ(feCheckFileNameRef(&name), row.status);
         EXPECT_EQ(std::u16string(name.unicode, name.length), row.expected);
     }

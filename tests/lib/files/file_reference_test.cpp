@@ -10,6 +10,8 @@
 #include <filesystem>
 #include <string>
 
+using namespace pinorama;
+
 namespace {
 namespace fs = std::filesystem;
 
@@ -142,7 +144,7 @@ TEST(feMakeFSRefFromPath, givesMinus108WhenMemoryRunsOut)
     const Items items;
     const test::Text plain = test::text(items.root + "/file");
     const std::u16string damaged = u"/caf\xdce9";
-    const test::Text raw(platform::createString(damaged));
+    const test::Text raw(createString(damaged));
     for (const TovStringRef path : {plain.get(), raw.get()}) {
         FSRef ref = {"untouched"};
         baseFailAllocation(1);
@@ -300,7 +302,7 @@ TEST(feMakeFSRefFromParent, takesNamesThatAreNoUTF8)
     const FSRef file = {folder.write("caf\xe9 \u00e4.jpg", "x")};
     const test::Text name(feGetItemNameFromRef(&file));
     ASSERT_TRUE(name);
-    EXPECT_EQ(platform::unitsOf(name.get()), u"caf\xdce9 \u00e4.jpg");
+    EXPECT_EQ(unitsOf(name.get()), u"caf\xdce9 \u00e4.jpg");
 
     const FSRef parent = {folder.path()};
     FSRef ref;

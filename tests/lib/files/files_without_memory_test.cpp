@@ -13,12 +13,14 @@
 
 #include <filesystem>
 
+using namespace pinorama;
+
 namespace {
 // A folder with one file, whose paths and names take memory.
 struct Items {
     test::TemporaryFolder folder;
     std::string path = folder.write("a picture of the harbour \xff.jpg", "content");
-    test::Text pathText{platform::createString(u"")};
+    test::Text pathText{createString(u"")};
     FSRef file, parent;
 
     Items()

@@ -13,6 +13,8 @@
 
 #include <sys/stat.h>
 
+using namespace pinorama;
+
 namespace {
 namespace fs = std::filesystem;
 }
@@ -253,7 +255,7 @@ TEST(folders, takeNamesThatAreNoUTF8)
 {
     const test::TemporaryFolder folder;
     const FSRef parent = {folder.path()};
-    const test::Text name(platform::createString(u"caf\xdce9.dir"));
+    const test::Text name(createString(u"caf\xdce9.dir"));
     FSRef made;
     EXPECT_EQ(feCreateFolder(&parent, name.get(), &made), 0);
     EXPECT_EQ(made.path, folder.file("caf\xe9.dir"));
@@ -261,7 +263,7 @@ TEST(folders, takeNamesThatAreNoUTF8)
     FSRef found;
     EXPECT_EQ(feGetFirstFileInFolderWithSuffix(&parent, test::text(".dir").get(), &found), 0);
     EXPECT_EQ(found.path, made.path);
-    EXPECT_EQ(feRenameFolder(&made, test::Text(platform::createString(u"\xdcff")).get(), &made), 0);
+    EXPECT_EQ(feRenameFolder(&made, test::Text(createString(u"\xdcff")).get(), &made), 0);
     EXPECT_EQ(made.path, folder.file("\xff"));
 }
 

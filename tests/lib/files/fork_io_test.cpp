@@ -18,6 +18,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace pinorama;
+
 namespace {
 // Opens a file for reading and writing that is there already.
 ForkCloser openFork(const std::string& path)

@@ -12,9 +12,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using namespace pinorama;
+
 TEST(mountsInText, readsDeviceAndFolder)
 {
-    const auto mounts = platform::mountsInText(
+    const auto mounts = mountsInText(
         "22 1 259:2 / / rw,relatime shared:1 - ext4 /dev/nvme0n1p2 rw\n"
         "23 22 0:21 / /proc rw,nosuid - proc proc rw\n"
         "90 22 8:17 /sub /media/anna/My\\040Card\\134\\012x rw - vfat /dev/sdb1 rw\n"
@@ -31,17 +33,17 @@ TEST(mountsInText, readsDeviceAndFolder)
     EXPECT_EQ(mounts[2].device, makedev(8, 17));
     EXPECT_EQ(mounts[2].folder, "/media/anna/My Card\\\nx");
     EXPECT_EQ(mounts[3].folder, "/last\\04") << "no escape";
-    EXPECT_TRUE(platform::mountsInText("").empty());
-    EXPECT_TRUE(platform::mountsInText("\n\n   \n").empty());
+    EXPECT_TRUE(mountsInText("").empty());
+    EXPECT_TRUE(mountsInText("\n\n   \n").empty());
 }
 
 TEST(mountedVolumes, knowTheRootFolder)
 {
     struct stat root = {};
     ASSERT_EQ(stat("/", &root), 0);
-    const auto mounts = platform::mountedVolumes();
+    const auto mounts = mountedVolumes();
     EXPECT_TRUE(std::any_of(mounts.begin(), mounts.end(),
-                            [](const platform::Mount& mount) { return mount.folder == "/"; }));
+                            [](const Mount& mount) { return mount.folder == "/"; }));
 }
 
 // A folder that is no mount, and in which there is nobody to ask about mounts either.
@@ -56,7 +58,7 @@ TEST(mountedVolumes, knowARootFolderThatIsNoMount)
     if (child == 0) {
         if (geteuid() != 0 && unshare(CLONE_NEWUSER) != 0) _exit(kNotAllowed);
         if (chroot(folder.path().c_str()) != 0 || chdir("/") != 0) _exit(kNotAllowed);
-        const auto mounts = platform::mountedVolumes();
+        const auto mounts = mountedVolumes();
         const bool isKnown =
             mounts.size() == 1 && mounts[0].folder == "/" && mounts[0].device == facts.st_dev;
         _exit(isKnown ? kKnown : kUnknown);
@@ -72,8 +74,8 @@ TEST(countVolumesOnDisk, countsAtLeastTheVolumeItself)
 {
     struct stat facts = {};
     ASSERT_EQ(stat("/proc", &facts), 0);
-    EXPECT_EQ(platform::countVolumesOnDisk(facts.st_dev), 1u) << "not on a disk";
-    EXPECT_EQ(platform::countVolumesOnDisk(makedev(4000, 1)), 1u) << "no such device";
+    EXPECT_EQ(countVolumesOnDisk(facts.st_dev), 1u) << "not on a disk";
+    EXPECT_EQ(countVolumesOnDisk(makedev(4000, 1)), 1u) << "no such device";
     ASSERT_EQ(stat("/", &facts), 0);
-    EXPECT_GE(platform::countVolumesOnDisk(facts.st_dev), 1u);
+    EXPECT_GE(countVolumesOnDisk(facts.st_dev), 1u);
 }

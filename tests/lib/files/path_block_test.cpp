@@ -8,14 +8,16 @@
 
 #include <gtest/gtest.h>
 
+using namespace pinorama;
+
 TEST(PathBlock, holdsTheBytesOfThePathAndATerminator)
 {
     test::forRandomTexts(
         [](const std::u16string& text) {
-            const test::Text path(platform::createString(text));
+            const test::Text path(createString(text));
             const PathBlock block(path.get());
             ASSERT_TRUE(block);
-            const std::string expected = platform::pathBytes(path.get());
+            const std::string expected = pathBytes(path.get());
             ASSERT_EQ(std::string(block.bytes(), expected.size() + 1), expected + '\0');
         },
         3);
@@ -30,7 +32,7 @@ TEST(PathBlock, isAnEmptyPathForNull)
 
 TEST(PathBlock, isFalseWhenMemoryRunsOut)
 {
-    const test::Text path(platform::createPathText("/home/user/" + std::string(40, '\xff')));
+    const test::Text path(createPathText("/home/user/" + std::string(40, '\xff')));
     EXPECT_GT(test::failEachRequest([&] { return static_cast<bool>(PathBlock(path.get())); },
                                     [](bool isWhole) { return !isWhole; }),
               1u);

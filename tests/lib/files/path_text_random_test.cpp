@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 #include <unicode/utf16.h>
 
+using namespace pinorama;
+
 namespace {
 std::string expectedBytes(const std::u16string& text)
 {
@@ -29,11 +31,11 @@ std::string expectedBytes(const std::u16string& text)
 TEST(createPathText, bringsAllKindsOfBytesBack)
 {
     test::forRandomBytes([](const std::string& bytes) {
-        const test::Text text(platform::createPathText(bytes));
+        const test::Text text(createPathText(bytes));
         if (const auto units = test::unitsByICU(bytes)) {
-            ASSERT_EQ(platform::unitsOf(text.get()), *units);
+            ASSERT_EQ(unitsOf(text.get()), *units);
         }
-        ASSERT_EQ(platform::pathBytes(text.get()), bytes);
+        ASSERT_EQ(pathBytes(text.get()), bytes);
     });
 }
 
@@ -41,8 +43,8 @@ TEST(pathBytes, hasTheBytesOfEachCharacter)
 {
     test::forRandomTexts(
         [](const std::u16string& text) {
-            const test::Text path(platform::createString(text));
-            ASSERT_EQ(platform::pathBytes(path.get()), expectedBytes(text));
+            const test::Text path(createString(text));
+            ASSERT_EQ(pathBytes(path.get()), expectedBytes(text));
         },
         3);
 }

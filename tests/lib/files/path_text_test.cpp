@@ -7,11 +7,13 @@
 
 #include <string>
 
+using namespace pinorama;
+
 namespace {
 std::u16string unitsOfPath(std::string_view bytes)
 {
-    const test::Text text(platform::createPathText(bytes));
-    return std::u16string(platform::unitsOf(text.get()));
+    const test::Text text(createPathText(bytes));
+    return std::u16string(unitsOf(text.get()));
 }
 }  // namespace
 
@@ -38,8 +40,8 @@ TEST(createPathText, bytesThatAreNoUTF8TravelAsLoneUnits)
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
         EXPECT_EQ(unitsOfPath(row.bytes), row.units);
-        const test::Text text(platform::createPathText(row.bytes));
-        EXPECT_EQ(platform::pathBytes(text.get()), row.bytes);
+        const test::Text text(createPathText(row.bytes));
+        EXPECT_EQ(pathBytes(text.get()), row.bytes);
     }
 }
 
@@ -47,30 +49,30 @@ TEST(pathBytes, everySingleByteSurvivesTheWayThereAndBack)
 {
     for (int value = 1; value < 256; value++) {
         const std::string bytes = {'/', static_cast<char>(value), 'x'};
-        const test::Text text(platform::createPathText(bytes));
-        EXPECT_EQ(platform::pathBytes(text.get()), bytes) << value;
+        const test::Text text(createPathText(bytes));
+        EXPECT_EQ(pathBytes(text.get()), bytes) << value;
     }
 }
 
 TEST(pathBytes, surrogatesThatStandForNoByteBecomeTheReplacementCharacter)
 {
     const test::Text high(
-        platform::createString(u"a\xd800"
-                               u"b"));
-    EXPECT_EQ(platform::pathBytes(high.get()),
+        createString(u"a\xd800"
+                     u"b"));
+    EXPECT_EQ(pathBytes(high.get()),
               "a\xef\xbf\xbd"
               "b");
-    const test::Text low(platform::createString(u"\xdc7f"));
-    EXPECT_EQ(platform::pathBytes(low.get()), "\xef\xbf\xbd");
+    const test::Text low(createString(u"\xdc7f"));
+    EXPECT_EQ(pathBytes(low.get()), "\xef\xbf\xbd");
 }
 
 TEST(pathBytes, nullHasNone)
 {
-    EXPECT_EQ(platform::pathBytes(nullptr), "");
+    EXPECT_EQ(pathBytes(nullptr), "");
 }
 
 TEST(createPathText, isNullWhenMemoryRunsOut)
 {
     const std::string bytes = "/home/user/" + std::string(40, '\xff');
-    EXPECT_GT(test::failEachRequest([&] { return platform::createPathText(bytes); }), 1u);
+    EXPECT_GT(test::failEachRequest([&] { return createPathText(bytes); }), 1u);
 }

@@ -15,8 +15,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-using platform::moveToTrash;
-using platform::TrashName;
+using namespace pinorama;
 
 namespace {
 namespace fs = std::filesystem;

@@ -20,6 +20,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using namespace pinorama;
+
 namespace {
 namespace fs = std::filesystem;
 

@@ -9,6 +9,8 @@
 
 #include <string>
 
+using namespace pinorama;
+
 TEST(TovArrayAppend, retainsAndKeepsTheOrder)
 {
     const ObjectHolder array(TovArrayCreate());
@@ -78,7 +80,7 @@ TEST(TovDictionarySetValue, aMutableKeyIsCopied)
     const ObjectHolder number(TovNumberCreateSInt64(1));
     const test::Text key = test::mutableText("key");
     TovDictionarySetValue(dict.get(), key.get(), number.get());
-    platform::appendUnits(key.get(), u"s");
+    appendUnits(key.get(), u"s");
     EXPECT_EQ(TovDictionaryGetValue(dict.get(), key.get()), nullptr);
     EXPECT_EQ(TovDictionaryGetValue(dict.get(), test::text("key").get()), number.get());
 }
@@ -94,7 +96,7 @@ TEST(TovDictionarySetValue, manyKeysKeepTheirValues)
     TovDictionarySetValue(dict.get(), test::text("key7").get(), nullptr);
     for (int i = 0; i < 50; i++) {
         const auto key = test::text("key" + std::to_string(i));
-        const TovNumber* number = platform::asNumber(TovDictionaryGetValue(dict.get(), key.get()));
+        const TovNumber* number = asNumber(TovDictionaryGetValue(dict.get(), key.get()));
         if (i == 7) {
             EXPECT_EQ(number, nullptr);
         } else {
@@ -135,10 +137,9 @@ TEST(TovDictionaryGetValue, nestedCollectionsGoWithTheirOwner)
         TovArrayAppend(array.get(), number.get());
         TovDictionarySetValue(inner.get(), test::text("array").get(), array.get());
         TovDictionarySetValue(outer.get(), test::text("inner").get(), inner.get());
-        EXPECT_EQ(
-            platform::asDictionary(TovDictionaryGetValue(outer.get(), test::text("inner").get())),
-            inner.get());
-        EXPECT_EQ(platform::asArray(inner.get()), nullptr);
+        EXPECT_EQ(asDictionary(TovDictionaryGetValue(outer.get(), test::text("inner").get())),
+                  inner.get());
+        EXPECT_EQ(asArray(inner.get()), nullptr);
         EXPECT_EQ(uCFGetRetainCount(number.get()), 2);
     }
     EXPECT_EQ(uCFGetRetainCount(number.get()), 1);

@@ -7,9 +7,11 @@
 
 #include <gtest/gtest.h>
 
+using namespace pinorama;
+
 TEST(TovGetTypeID, everyKindIsDistinctAndNullIsNone)
 {
-    const ObjectHolder string(platform::createString(u"a"));
+    const ObjectHolder string(createString(u"a"));
     const ObjectHolder number(TovNumberCreateSInt64(1));
     const ObjectHolder boolean(TovBooleanCreate(true));
     const ObjectHolder date(TovDateCreate(1.0));
@@ -36,20 +38,20 @@ TEST(TovGetTypeID, everyKindIsDistinctAndNullIsNone)
 
 TEST(uCFRetain, addsOneReferenceAndReturnsTheObject)
 {
-    TovStringRef string = platform::createString(u"a");
+    TovStringRef string = createString(u"a");
     EXPECT_EQ(uCFGetRetainCount(string), 1);
     EXPECT_EQ(uCFRetain(string), string);
     EXPECT_EQ(uCFGetRetainCount(string), 2);
-    platform::releaseObject(string);
+    releaseObject(string);
     EXPECT_EQ(uCFGetRetainCount(string), 1);
-    platform::releaseObject(string);
+    releaseObject(string);
 }
 
 TEST(uCFRetain, nullStaysNull)
 {
     EXPECT_EQ(uCFRetain(nullptr), nullptr);
     EXPECT_EQ(uCFGetRetainCount(nullptr), 0);
-    platform::releaseObject(nullptr);
+    releaseObject(nullptr);
 }
 
 TEST(uCFRetain, sharedObjectsAreNeverCounted)
@@ -57,15 +59,15 @@ TEST(uCFRetain, sharedObjectsAreNeverCounted)
     TovBooleanRef yes = TovBooleanCreate(true);
     uCFRetain(yes);
     EXPECT_EQ(uCFGetRetainCount(yes), kSharedForever);
-    platform::releaseObject(yes);
-    platform::releaseObject(yes);
-    platform::releaseObject(yes);
+    releaseObject(yes);
+    releaseObject(yes);
+    releaseObject(yes);
     EXPECT_TRUE(yes->value);
 }
 
 TEST(ObjectHolder, givesItsReferenceBackOnce)
 {
-    TovStringRef string = platform::createString(u"a");
+    TovStringRef string = createString(u"a");
     uCFRetain(string);
     {
         ObjectHolder first(string);
@@ -74,14 +76,14 @@ TEST(ObjectHolder, givesItsReferenceBackOnce)
         EXPECT_EQ(second.get(), string);
     }
     EXPECT_EQ(uCFGetRetainCount(string), 1);
-    platform::releaseObject(string);
+    releaseObject(string);
 }
 
 TEST(ObjectHolder, takeHandsTheReferenceOver)
 {
-    ObjectHolder holder(platform::createString(u"a"));
+    ObjectHolder holder(createString(u"a"));
     TovStringRef string = holder.take();
     EXPECT_FALSE(holder);
     EXPECT_EQ(uCFGetRetainCount(string), 1);
-    platform::releaseObject(string);
+    releaseObject(string);
 }

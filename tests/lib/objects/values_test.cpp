@@ -8,6 +8,8 @@
 #include <cmath>
 #include <limits>
 
+using namespace pinorama;
+
 TEST(TovNumberCreateSInt64, isReadableInBothForms)
 {
     const ObjectHolder number(TovNumberCreateSInt64(-7));
@@ -61,12 +63,12 @@ TEST(asNumber, andItsSiblingsKeepTheKindsApart)
     const ObjectHolder number(TovNumberCreateSInt64(1));
     const ObjectHolder boolean(TovBooleanCreate(true));
     const ObjectHolder date(TovDateCreate(1.0));
-    EXPECT_EQ(platform::asNumber(number.get()), number.get());
-    EXPECT_EQ(platform::asNumber(boolean.get()), nullptr);
-    EXPECT_EQ(platform::asBoolean(boolean.get()), boolean.get());
-    EXPECT_EQ(platform::asBoolean(number.get()), nullptr);
-    EXPECT_EQ(platform::asDate(date.get()), date.get());
-    EXPECT_EQ(platform::asDate(nullptr), nullptr);
+    EXPECT_EQ(asNumber(number.get()), number.get());
+    EXPECT_EQ(asNumber(boolean.get()), nullptr);
+    EXPECT_EQ(asBoolean(boolean.get()), boolean.get());
+    EXPECT_EQ(asBoolean(number.get()), nullptr);
+    EXPECT_EQ(asDate(date.get()), date.get());
+    EXPECT_EQ(asDate(nullptr), nullptr);
 }
 
 TEST(TovNumberCreateSInt64, andItsSiblingsGiveNullWhenMemoryRunsOut)

@@ -18,8 +18,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-using platform::PreferenceFile;
-using platform::PreferenceValue;
+using namespace pinorama;
 
 namespace {
 namespace fs = std::filesystem;
@@ -298,13 +297,13 @@ TEST(FileLock, isHadByOneAtATime)
     const std::string path = folder.file("lock");
     using std::chrono::milliseconds;
     {
-        const platform::FileLock first(path, milliseconds(0));
+        const FileLock first(path, milliseconds(0));
         EXPECT_TRUE(first);
         const auto start = std::chrono::steady_clock::now();
-        const platform::FileLock second(path, milliseconds(30));
+        const FileLock second(path, milliseconds(30));
         EXPECT_FALSE(second);
         EXPECT_GE(std::chrono::steady_clock::now() - start, milliseconds(30)) << "it waits";
     }
-    EXPECT_TRUE(platform::FileLock(path, milliseconds(0)));
-    EXPECT_FALSE(platform::FileLock(folder.file("missing/lock"), milliseconds(0)));
+    EXPECT_TRUE(FileLock(path, milliseconds(0)));
+    EXPECT_FALSE(FileLock(folder.file("missing/lock"), milliseconds(0)));
 }

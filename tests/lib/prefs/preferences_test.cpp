@@ -13,6 +13,8 @@
 #include <optional>
 #include <string>
 
+using namespace pinorama;
+
 namespace {
 namespace fs = std::filesystem;
 

@@ -16,6 +16,8 @@
 #include <algorithm>
 #include <filesystem>
 
+using namespace pinorama;
+
 namespace {
 std::u16string_view beforeNull(const std::u16string& text)
 {
@@ -55,7 +57,7 @@ TEST(TovStringCopyToUTF8, writesAsManyBytesAsAreCounted)
 {
     test::forRandomTexts(
         [](const std::u16string& text) {
-            const StringHolder string(platform::createString(text));
+            const StringHolder string(createString(text));
             const std::string expected = expectedUTF8(text);
             ASSERT_EQ(TovStringGetUTF8Size(string.get()), expected.size());
             ASSERT_EQ(copied(TovStringCopyToUTF8, string.get(), TovStringGetUTF8Size(string.get())),
@@ -68,7 +70,7 @@ TEST(TovStringCopyToMacRoman, writesAsManyBytesAsAreCounted)
 {
     test::forRandomTexts(
         [](const std::u16string& text) {
-            const StringHolder string(platform::createString(text));
+            const StringHolder string(createString(text));
             const std::string expected = expectedMacRoman(text);
             ASSERT_EQ(TovStringGetMacRomanSize(string.get()), expected.size());
             ASSERT_EQ(copied(TovStringCopyToMacRoman, string.get(),
@@ -82,7 +84,7 @@ TEST(TovStringCopyToPString, writesTheLengthByteAndSoManyMore)
 {
     test::forRandomTexts(
         [](const std::u16string& text) {
-            const StringHolder string(platform::createString(text));
+            const StringHolder string(createString(text));
             const auto expected = test::macRomanByICU(text);
             const std::size_t room = 1 + (expected ? text.size() : 0);
             const std::string written = test::writtenInto<char>(room, [&](char* dest) {
@@ -101,8 +103,7 @@ TEST(TovStringFromUTF8, hasTheUnitsThatAreCounted)
     test::forRandomBytes([](const std::string& bytes) {
         const StringHolder string(TovStringFromUTF8(bytes.data(), countOf(bytes)));
         const auto decoded = test::unitsByICU(bytes);
-        ASSERT_EQ(platform::unitsOf(string.get()),
-                  decoded ? *decoded : test::macRomanUnitsByICU(bytes));
+        ASSERT_EQ(unitsOf(string.get()), decoded ? *decoded : test::macRomanUnitsByICU(bytes));
     });
 }
 
@@ -112,8 +113,7 @@ TEST(TovStringAppendCString, addsAUnitForEachByte)
         StringHolder target(TovStringCreateMutable());
         TovStringAppendCString(target.slot(), "\x8e");
         TovStringAppendCString(target.slot(), bytes.c_str());
-        ASSERT_EQ(platform::unitsOf(target.get()),
-                  u"\u00e9" + test::macRomanUnitsByICU(bytes.c_str()));
+        ASSERT_EQ(unitsOf(target.get()), u"\u00e9" + test::macRomanUnitsByICU(bytes.c_str()));
     });
 }
 
@@ -121,7 +121,7 @@ TEST(TovStringReplaceCharacter, keepsTheLengthOfTheByteForm)
 {
     test::forRandomTexts(
         [](const std::u16string& text) {
-            const StringHolder string(platform::createString(text));
+            const StringHolder string(createString(text));
             const StringHolder replaced(TovStringReplaceCharacter(string.get(), u'%', u'e'));
             const std::string bytes = expectedUTF8(text);
             if (bytes.empty()) {
@@ -130,7 +130,7 @@ TEST(TovStringReplaceCharacter, keepsTheLengthOfTheByteForm)
             }
             std::u16string expected(beforeNull(text));
             std::replace(expected.begin(), expected.end(), u'%', u'e');
-            ASSERT_EQ(platform::unitsOf(replaced.get()), expected);
+            ASSERT_EQ(unitsOf(replaced.get()), expected);
         },
         3);
 }
@@ -142,7 +142,7 @@ TEST(TovStringWriteToFile, makesAFileOfTheCountedBytes)
     const test::Text pathText = test::text(path);
     test::forRandomTexts(
         [&](const std::u16string& text) {
-            const StringHolder string(platform::createString(text));
+            const StringHolder string(createString(text));
             std::filesystem::remove(path);  // a longer one would keep its end
             ASSERT_EQ(TovStringWriteToFile(string.get(), pathText.get(), kTextFileUTF8), 0);
             ASSERT_EQ(test::readFile(path), expectedUTF8(text));

@@ -10,6 +10,8 @@
 #include <optional>
 #include <string>
 
+using namespace pinorama;
+
 using test::takeUTF8;
 using test::text;
 using test::utf8;
@@ -85,13 +87,13 @@ TEST(TovStringFromUTF8, decodesValidUTF8)
     const std::string bytes = "a\u00e9\u20ac\U0001F4F7";
     const StringHolder string(
         TovStringFromUTF8(bytes.data(), static_cast<std::int32_t>(bytes.size())));
-    EXPECT_EQ(platform::unitsOf(string.get()), u"a\u00e9\u20ac\U0001F4F7");
+    EXPECT_EQ(unitsOf(string.get()), u"a\u00e9\u20ac\U0001F4F7");
 }
 
 TEST(TovStringFromUTF8, keepsAByteOrderMark)
 {
     const StringHolder string(TovStringFromUTF8("\xef\xbb\xbfx", 4));
-    EXPECT_EQ(platform::unitsOf(string.get()), u"\ufeffx");
+    EXPECT_EQ(unitsOf(string.get()), u"\ufeffx");
 }
 
 TEST(TovStringFromUTF8, decodesAllOfInvalidUTF8AsMacRoman)
@@ -126,7 +128,7 @@ TEST(TovStringFromUTF8, takesNullAndNegativeCounts)
 TEST(TovStringFromUTF16, copiesUnitsAsTheyAre)
 {
     const std::u16string_view units(u"a\0\xd800z", 4);
-    EXPECT_EQ(platform::unitsOf(fromUnits(units).get()), units);
+    EXPECT_EQ(unitsOf(fromUnits(units).get()), units);
     EXPECT_EQ(TovStringFromUTF16(nullptr, 1), nullptr);
     EXPECT_EQ(TovStringFromUTF16(u"a", -1), nullptr);
     EXPECT_EQ(takeUTF8(TovStringFromUTF16(nullptr, 0)), "");

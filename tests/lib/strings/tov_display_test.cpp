@@ -14,6 +14,8 @@
 #include <limits>
 #include <string>
 
+using namespace pinorama;
+
 using test::ScopedVariable;
 using test::takeUTF8;
 using test::text;
@@ -202,7 +204,7 @@ TEST(tovStringInitString, takesTheLanguageOfThatMoment)
 
 TEST(TovMakeNumberStringWithSeparators, worksBeforeTheFormattersAreMade)
 {
-    platform::releaseNumberFormat(gThousandFormatter);
+    releaseNumberFormat(gThousandFormatter);
     gThousandFormatter = nullptr;
     EXPECT_EQ(takeUTF8(TovMakeNumberStringWithSeparators(1234)), "1,234");
 }
@@ -350,8 +352,8 @@ TEST(TovStringMake, givesNullWhenMemoryRunsOut)
 TEST(TovStringMakeSizeString, isNullAtEveryRequestThatFails)
 {
     const auto forgetFormatters = [] {
-        platform::releaseNumberFormat(gThousandFormatter);
-        platform::releaseNumberFormat(gOneFractionDigitFormatter);
+        releaseNumberFormat(gThousandFormatter);
+        releaseNumberFormat(gOneFractionDigitFormatter);
         gThousandFormatter = gOneFractionDigitFormatter = nullptr;
     };
     const auto each = [&](auto make) {

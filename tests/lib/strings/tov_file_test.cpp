@@ -12,6 +12,8 @@
 #include <filesystem>
 #include <string>
 
+using namespace pinorama;
+
 using test::takeUTF8;
 using test::text;
 using test::utf8;
@@ -48,7 +50,7 @@ TEST(TovStringFromFile, keepsAByteOrderMark)
 {
     const test::TemporaryFolder folder;
     const StringHolder string(TovStringFromFile(folder.write("bom", "\xef\xbb\xbfx").c_str()));
-    EXPECT_EQ(platform::unitsOf(string.get()), u"\ufeffx");
+    EXPECT_EQ(unitsOf(string.get()), u"\ufeffx");
 }
 
 TEST(TovStringFromFile, givesAnEmptyTextForAnEmptyFile)

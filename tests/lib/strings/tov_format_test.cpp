@@ -14,6 +14,8 @@
 #include <string>
 #include <vector>
 
+using namespace pinorama;
+
 using test::mutableText;
 using test::takeUTF8;
 using test::text;

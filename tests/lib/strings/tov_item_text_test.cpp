@@ -7,6 +7,8 @@
 
 #include <string_view>
 
+using namespace pinorama;
+
 using test::takeUTF8;
 
 namespace {

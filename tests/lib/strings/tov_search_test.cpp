@@ -10,6 +10,8 @@
 #include <limits>
 #include <string>
 
+using namespace pinorama;
+
 using test::takeUTF8;
 using test::text;
 using test::utf8;
@@ -224,7 +226,7 @@ TEST(TovStringReplaceCharacter, isNullWithoutAByteForm)
 {
     EXPECT_EQ(TovStringReplaceCharacter(nullptr, u'a', u'b'), nullptr);
     EXPECT_EQ(TovStringReplaceCharacter(text("").get(), u'a', u'b'), nullptr);
-    const StringHolder lone(platform::createString({u"a\xd800", 2}));
+    const StringHolder lone(createString({u"a\xd800", 2}));
     EXPECT_EQ(TovStringReplaceCharacter(lone.get(), u'a', u'b'), nullptr);
 }
 

@@ -10,6 +10,8 @@
 #include <limits>
 #include <set>
 
+using namespace pinorama;
+
 using test::mutableText;
 using test::takeUTF8;
 using test::text;

@@ -16,6 +16,8 @@
 #include <cstdio>
 #include <random>
 
+using namespace pinorama;
+
 namespace {
 std::u16string widened(std::string_view ascii)
 {
@@ -91,9 +93,9 @@ TEST(TovStringConvertToURL, writesAsManyUnitsAsAreCounted)
 {
     test::forRandomTexts(
         [](const std::u16string& text) {
-            const StringHolder string(platform::createString(text));
+            const StringHolder string(createString(text));
             const StringHolder escaped(TovStringConvertToURL(string.get()));
-            ASSERT_EQ(platform::unitsOf(escaped.get()), expectedEscapes(text));
+            ASSERT_EQ(unitsOf(escaped.get()), expectedEscapes(text));
         },
         7);
 }
@@ -103,13 +105,13 @@ TEST(TovStringConvertFromURL, keepsToTheRoomOfTheEscapedText)
     int decoded = 0;
     test::forRandomTexts(
         [&](const std::u16string& text) {
-            const StringHolder string(platform::createString(text));
+            const StringHolder string(createString(text));
             const StringHolder plain(TovStringConvertFromURL(string.get()));
             const auto expected = expectedWithoutEscapes(text);
             ASSERT_EQ(plain.get() != nullptr, expected.has_value());
             if (!expected) return;
             decoded += *expected != text;
-            ASSERT_EQ(platform::unitsOf(plain.get()), *expected);
+            ASSERT_EQ(unitsOf(plain.get()), *expected);
         },
         5);
     EXPECT_GT(decoded, 100);
@@ -120,11 +122,10 @@ TEST(TovStringAppendStringAsXMLTag, addsTheTagsAndTheText)
     const test::Text tag = test::text("t\u00e4g");
     test::forRandomTexts(
         [&](const std::u16string& text) {
-            StringHolder target(platform::createString(text, true));
-            const StringHolder value(platform::createString(text));
+            StringHolder target(createString(text, true));
+            const StringHolder value(createString(text));
             TovStringAppendStringAsXMLTag(target.slot(), value.get(), tag.get());
-            ASSERT_EQ(platform::unitsOf(target.get()),
-                      text + u"<t\u00e4g>" + text + u"</t\u00e4g>\n");
+            ASSERT_EQ(unitsOf(target.get()), text + u"<t\u00e4g>" + text + u"</t\u00e4g>\n");
         },
         3);
 }
@@ -134,9 +135,9 @@ TEST(tovFormat, laysOutTextsOfAllKinds)
     std::mt19937 random(test::kRandomTextSeed);
     test::forRandomTexts([&](const std::u16string& text) {
         const Layout layout = randomLayout(random);
-        const StringHolder string(platform::createString(text));
+        const StringHolder string(createString(text));
         const StringHolder printed(tovFormat(layout.directive('@'), {string.get()}));
-        ASSERT_EQ(platform::unitsOf(printed.get()), layout.applied(text));
+        ASSERT_EQ(unitsOf(printed.get()), layout.applied(text));
     });
 }
 
@@ -146,8 +147,7 @@ TEST(tovFormat, laysOutCStringsOfAllKinds)
     test::forRandomBytes([&](const std::string& bytes) {
         const Layout layout = randomLayout(random);
         const StringHolder printed(tovFormat(layout.directive('s'), {bytes.c_str()}));
-        ASSERT_EQ(platform::unitsOf(printed.get()),
-                  layout.applied(test::macRomanUnitsByICU(bytes.c_str())));
+        ASSERT_EQ(unitsOf(printed.get()), layout.applied(test::macRomanUnitsByICU(bytes.c_str())));
     });
 }
 
@@ -161,7 +161,7 @@ TEST(tovFormat, takesTheTemplateAsItIsWhereNothingIsAskedFor)
                 expected += unit;
             }
             const StringHolder printed(tovFormat(format, std::span<const FormatArgument>()));
-            ASSERT_EQ(platform::unitsOf(printed.get()), expected);
+            ASSERT_EQ(unitsOf(printed.get()), expected);
         },
         7);
 }
@@ -170,11 +170,11 @@ TEST(TovStringAppendTovString, addsTheUnitsAsTheyAre)
 {
     test::forRandomTexts(
         [](const std::u16string& text) {
-            StringHolder target(platform::createString(u"x", true));
-            const StringHolder added(platform::createString(text));
+            StringHolder target(createString(u"x", true));
+            const StringHolder added(createString(text));
             TovStringAppendTovString(target.slot(), added.get());
             TovStringAppendTovString(target.slot(), target.get());
-            ASSERT_EQ(platform::unitsOf(target.get()), u"x" + text + u"x" + text);
+            ASSERT_EQ(unitsOf(target.get()), u"x" + text + u"x" + text);
         },
         3);
 }

@@ -10,6 +10,8 @@
 #include <cstdio>
 #include <string>
 
+using namespace pinorama;
+
 using test::takeUTF8;
 using test::text;
 using test::utf8;
@@ -53,7 +55,7 @@ TEST(TovStringConvertToURL, replacesLoneSurrogates)
 {
     for (const std::u16string& lone :
          {std::u16string{u'a', 0xd800}, std::u16string{u'a', 0xdcff}}) {
-        const StringHolder string(platform::createString(lone));
+        const StringHolder string(createString(lone));
         EXPECT_EQ(takeUTF8(TovStringConvertToURL(string.get())), "a%EF%BF%BD");
     }
 }
@@ -121,10 +123,10 @@ TEST(TovStringConvertFromURL, bringsEveryTextBack)
         if (codePoint > 0xffff) units += static_cast<char16_t>(0xd7c0 + (codePoint >> 10));
         units +=
             static_cast<char16_t>(codePoint > 0xffff ? 0xdc00 + (codePoint & 0x3ff) : codePoint);
-        const StringHolder original(platform::createString(u"a" + units + u"%"));
+        const StringHolder original(createString(u"a" + units + u"%"));
         const StringHolder escaped(TovStringConvertToURL(original.get()));
         const StringHolder back(TovStringConvertFromURL(escaped.get()));
-        ASSERT_TRUE(platform::equalUnits(back.get(), original.get()))
+        ASSERT_TRUE(equalUnits(back.get(), original.get()))
             << static_cast<std::uint32_t>(codePoint);
     }
 }

@@ -12,10 +12,7 @@
 #include <string>
 #include <vector>
 
-using platform::Case;
-using platform::compareTexts;
-using platform::findText;
-using platform::matchAtBeginning;
+using namespace pinorama;
 
 namespace {
 int signOf(int value)
@@ -76,7 +73,7 @@ std::pair<int, int> findByDefinition(std::u16string_view text, std::u16string_vi
 std::pair<int, int> found(std::u16string_view text, std::u16string_view wanted, std::int32_t start,
                           Case letterCase)
 {
-    const platform::FoundRange range = findText(text, wanted, start, letterCase);
+    const FoundRange range = findText(text, wanted, start, letterCase);
     return {range.location, range.length};
 }
 

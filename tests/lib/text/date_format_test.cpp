@@ -5,8 +5,8 @@
 
 #include <gtest/gtest.h>
 
-using platform::createDateText;
-using platform::DateStyle;
+using namespace pinorama;
+
 using test::takeUTF8;
 
 namespace {

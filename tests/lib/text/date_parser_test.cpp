@@ -10,23 +10,25 @@
 #include <memory>
 #include <optional>
 
+using namespace pinorama;
+
 namespace {
 using test::ScopedVariable;
 
 struct ParserReleaser {
-    void operator()(platform::DateParser* parser) const { platform::releaseDateParser(parser); }
+    void operator()(DateParser* parser) const { releaseDateParser(parser); }
 };
-using Parser = std::unique_ptr<platform::DateParser, ParserReleaser>;
+using Parser = std::unique_ptr<DateParser, ParserReleaser>;
 
 Parser parserOf(const char16_t* pattern)
 {
-    return Parser(platform::createDateParser(pattern));
+    return Parser(createDateParser(pattern));
 }
 
 // Seconds since 1970 of what is read, or nothing.
 std::optional<std::int64_t> read(const Parser& parser, std::u16string_view text)
 {
-    const ObjectHolder<TovDateRef> date(platform::createDateFromText(parser.get(), text));
+    const ObjectHolder<TovDateRef> date(createDateFromText(parser.get(), text));
     if (!date) return std::nullopt;
     return static_cast<std::int64_t>(TovDateGetAbsoluteTime(date.get()) + 978307200.0);
 }
@@ -117,19 +119,19 @@ TEST(createDateFromText, takesTwoDigitYearsFromEightyYearsBackToTwentyAhead)
 
 TEST(createDateFromText, readsNothingWithoutAParser)
 {
-    EXPECT_EQ(platform::createDateFromText(nullptr, u"2008:12:25"), nullptr);
-    platform::releaseDateParser(nullptr);
+    EXPECT_EQ(createDateFromText(nullptr, u"2008:12:25"), nullptr);
+    releaseDateParser(nullptr);
 }
 
 TEST(createDateFromText, isNullWhenMemoryRunsOut)
 {
-    platform::DateParser* parser = platform::createDateParser(u"yyyy:MM:dd HH:mm:ss");
-    EXPECT_GT(test::failEachRequest(
-                  [parser] {
-                      return ObjectHolder<TovDateRef>(
-                          platform::createDateFromText(parser, u"2008:05:04 08:03:02"));
-                  },
-                  [](const ObjectHolder<TovDateRef>& date) { return date.get() == nullptr; }),
-              1u);
-    platform::releaseDateParser(parser);
+    DateParser* parser = createDateParser(u"yyyy:MM:dd HH:mm:ss");
+    EXPECT_GT(
+        test::failEachRequest(
+            [parser] {
+                return ObjectHolder<TovDateRef>(createDateFromText(parser, u"2008:05:04 08:03:02"));
+            },
+            [](const ObjectHolder<TovDateRef>& date) { return date.get() == nullptr; }),
+        1u);
+    releaseDateParser(parser);
 }

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace pinorama;
+
 namespace {
 constexpr std::int64_t kAfternoon = 1230132605;  // 2008-12-24 15:30:05 UTC
 }  // namespace
@@ -21,7 +23,7 @@ TEST(shortDate, followsTheRegion)
     };
     for (const auto& row : rows) {
         const test::ScopedVariable locale("LC_ALL", row.locale);
-        EXPECT_TRUE(platform::shortDate(kAfternoon) == row.expected) << row.locale;
+        EXPECT_TRUE(shortDate(kAfternoon) == row.expected) << row.locale;
     }
 }
 
@@ -38,7 +40,7 @@ TEST(timeWithSeconds, followsTheRegionWithPlainBlanks)
     };
     for (const auto& row : rows) {
         const test::ScopedVariable locale("LC_ALL", row.locale);
-        EXPECT_TRUE(platform::timeWithSeconds(kAfternoon) == row.expected) << row.locale;
+        EXPECT_TRUE(timeWithSeconds(kAfternoon) == row.expected) << row.locale;
     }
 }
 
@@ -46,8 +48,8 @@ TEST(timeWithSeconds, isTheClockOfTheZoneAtThatMoment)
 {
     const test::ScopedVariable locale("LC_ALL", "de_DE.UTF-8");
     const test::ScopedVariable zone("TZ", "Europe/Berlin");
-    EXPECT_TRUE(platform::timeWithSeconds(kAfternoon) == u"16:30:05");
+    EXPECT_TRUE(timeWithSeconds(kAfternoon) == u"16:30:05");
     constexpr std::int64_t kHalfAYear = 182 * 86400;
-    EXPECT_TRUE(platform::timeWithSeconds(kAfternoon - kHalfAYear) == u"17:30:05");
-    EXPECT_TRUE(platform::shortDate(kAfternoon + 8 * 3600) == u"25.12.08");
+    EXPECT_TRUE(timeWithSeconds(kAfternoon - kHalfAYear) == u"17:30:05");
+    EXPECT_TRUE(shortDate(kAfternoon + 8 * 3600) == u"25.12.08");
 }

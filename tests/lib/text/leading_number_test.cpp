@@ -10,6 +10,8 @@
 #include <limits>
 #include <string>
 
+using namespace pinorama;
+
 TEST(leadingInteger, readsWhatTheTextBeginsWith)
 {
     const struct {
@@ -40,7 +42,7 @@ TEST(leadingInteger, readsWhatTheTextBeginsWith)
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        EXPECT_EQ(platform::leadingInteger(row.text), row.expected);
+        EXPECT_EQ(leadingInteger(row.text), row.expected);
     }
 }
 
@@ -83,30 +85,30 @@ TEST(leadingDouble, readsWhatTheTextBeginsWith)
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        EXPECT_EQ(platform::leadingDouble(row.text), row.expected);
+        EXPECT_EQ(leadingDouble(row.text), row.expected);
     }
 }
 
 TEST(leadingDouble, keepsTheSignOfZero)
 {
-    EXPECT_TRUE(std::signbit(platform::leadingDouble(u"-0.0")));
-    EXPECT_FALSE(std::signbit(platform::leadingDouble(u"0.0")));
+    EXPECT_TRUE(std::signbit(leadingDouble(u"-0.0")));
+    EXPECT_FALSE(std::signbit(leadingDouble(u"0.0")));
 }
 
 TEST(leadingDouble, readsNumbersOfAnyLength)
 {
     const std::u16string zeros(400, u'0');
-    EXPECT_EQ(platform::leadingDouble(u"0." + zeros + u"25e401"), 2.5);
-    EXPECT_EQ(platform::leadingDouble(u"25" + zeros + u"e-400"), 25.0);
-    EXPECT_EQ(platform::leadingDouble(u"25" + zeros), std::numeric_limits<double>::infinity());
-    EXPECT_EQ(platform::leadingDouble(u"0." + zeros + u"25"), 0.0);
+    EXPECT_EQ(leadingDouble(u"0." + zeros + u"25e401"), 2.5);
+    EXPECT_EQ(leadingDouble(u"25" + zeros + u"e-400"), 25.0);
+    EXPECT_EQ(leadingDouble(u"25" + zeros), std::numeric_limits<double>::infinity());
+    EXPECT_EQ(leadingDouble(u"0." + zeros + u"25"), 0.0);
 }
 
 TEST(leadingDouble, givesZeroWhenMemoryRunsOut)
 {
     const std::u16string number = u"1." + std::u16string(400, u'3');
     baseFailAllocation(1);
-    EXPECT_EQ(platform::leadingDouble(number), 0.0);
+    EXPECT_EQ(leadingDouble(number), 0.0);
     EXPECT_TRUE(baseAllocationHasFailed());
     baseFailAllocation(0);
 }

@@ -5,6 +5,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+using namespace pinorama;
+
 using test::ScopedVariable;
 
 TEST(textLanguages, followTheEnvironment)
@@ -47,7 +49,7 @@ TEST(textLanguages, followTheEnvironment)
         SCOPED_TRACE(row.name);
         const ScopedVariable language("LANGUAGE", row.language), all("LC_ALL", row.all),
             messages("LC_MESSAGES", row.messages), lang("LANG", row.lang);
-        EXPECT_EQ(platform::textLanguages(), row.expected);
+        EXPECT_EQ(textLanguages(), row.expected);
     }
 }
 
@@ -72,7 +74,7 @@ TEST(numberLocale, followsTheEnvironment)
         SCOPED_TRACE(row.name);
         const ScopedVariable all("LC_ALL", row.all), numeric("LC_NUMERIC", row.numeric),
             time("LC_TIME", "es_ES"), lang("LANG", row.lang);
-        EXPECT_EQ(platform::numberLocale(), row.expected);
+        EXPECT_EQ(numberLocale(), row.expected);
     }
 }
 
@@ -80,6 +82,6 @@ TEST(dateLocale, asksItsOwnVariable)
 {
     const ScopedVariable all("LC_ALL", nullptr), numeric("LC_NUMERIC", "it_IT"),
         time("LC_TIME", "de_DE.UTF-8"), lang("LANG", "fr_FR");
-    EXPECT_EQ(platform::dateLocale(), "de_DE");
-    EXPECT_EQ(platform::numberLocale(), "it_IT");
+    EXPECT_EQ(dateLocale(), "de_DE");
+    EXPECT_EQ(numberLocale(), "it_IT");
 }

@@ -8,22 +8,24 @@
 #include <limits>
 #include <memory>
 
+using namespace pinorama;
+
 using test::takeUTF8;
 
 namespace {
 struct FormatReleaser {
-    void operator()(platform::NumberFormat* format) const { platform::releaseNumberFormat(format); }
+    void operator()(NumberFormat* format) const { releaseNumberFormat(format); }
 };
-using Format = std::unique_ptr<platform::NumberFormat, FormatReleaser>;
+using Format = std::unique_ptr<NumberFormat, FormatReleaser>;
 
-std::optional<std::string> written(platform::NumberFormat* format, std::int64_t value)
+std::optional<std::string> written(NumberFormat* format, std::int64_t value)
 {
-    return takeUTF8(platform::createNumberText(format, value));
+    return takeUTF8(createNumberText(format, value));
 }
 
-std::optional<std::string> written(platform::NumberFormat* format, double value)
+std::optional<std::string> written(NumberFormat* format, double value)
 {
-    return takeUTF8(platform::createNumberText(format, value));
+    return takeUTF8(createNumberText(format, value));
 }
 }  // namespace
 
@@ -41,8 +43,8 @@ TEST(createNumberText, groupsAsTheLanguageDoes)
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.locale);
-        const Format whole(platform::createNumberFormat(row.locale));
-        const Format fraction(platform::createNumberFormat(row.locale, 1));
+        const Format whole(createNumberFormat(row.locale));
+        const Format fraction(createNumberFormat(row.locale, 1));
         EXPECT_EQ(written(whole.get(), std::int64_t{-1234567}), row.whole);
         EXPECT_EQ(written(fraction.get(), 1234.5), row.fraction);
     }
@@ -50,41 +52,39 @@ TEST(createNumberText, groupsAsTheLanguageDoes)
 
 TEST(createNumberText, writesNumbersOfAnySize)
 {
-    const Format fraction(platform::createNumberFormat("en", 1));
+    const Format fraction(createNumberFormat("en", 1));
     EXPECT_EQ(written(fraction.get(), 0.0), "0.0");
     EXPECT_EQ(written(fraction.get(), 0.25), "0.2");
     EXPECT_EQ(written(fraction.get(), 0.75), "0.8");
     EXPECT_EQ(written(fraction.get(), 1e15), "1,000,000,000,000,000.0");
-    const Format whole(platform::createNumberFormat("en"));
+    const Format whole(createNumberFormat("en"));
     EXPECT_EQ(written(whole.get(), std::numeric_limits<std::int64_t>::min()),
               "-9,223,372,036,854,775,808");
 }
 
 TEST(createNumberText, fallsBackForAnUnknownLanguage)
 {
-    const Format format(platform::createNumberFormat("xx_YY"));
+    const Format format(createNumberFormat("xx_YY"));
     EXPECT_EQ(written(format.get(), std::int64_t{1234}), "1,234");
 }
 
 TEST(createNumberText, isNullWithoutAFormatOrWithoutRoom)
 {
     EXPECT_EQ(written(nullptr, std::int64_t{1}), std::nullopt);
-    const Format fraction(platform::createNumberFormat("en", 1));
+    const Format fraction(createNumberFormat("en", 1));
     EXPECT_EQ(written(fraction.get(), 1e200), std::nullopt) << "more digits than any size has";
     EXPECT_EQ(written(fraction.get(), 1.0), "1.0") << "and then as before";
-    platform::releaseNumberFormat(nullptr);
+    releaseNumberFormat(nullptr);
 }
 
 TEST(createNumberFormat, isNullWhenMemoryRunsOut)
 {
     const std::string locale = "en_US_of_a_name_that_takes_memory";
-    const auto isNull = [](platform::NumberFormat* format) {
+    const auto isNull = [](NumberFormat* format) {
         const bool result = format == nullptr;
-        platform::releaseNumberFormat(format);
+        releaseNumberFormat(format);
         return result;
     };
-    EXPECT_GT(test::failEachRequest([&] { return platform::createNumberFormat(locale); }, isNull),
-              1u);
-    EXPECT_GT(
-        test::failEachRequest([&] { return platform::createNumberFormat(locale, 1); }, isNull), 1u);
+    EXPECT_GT(test::failEachRequest([&] { return createNumberFormat(locale); }, isNull), 1u);
+    EXPECT_GT(test::failEachRequest([&] { return createNumberFormat(locale, 1); }, isNull), 1u);
 }

@@ -18,7 +18,7 @@
 #include <string_view>
 #include <vector>
 
-using platform::regionFormats;
+using namespace pinorama;
 
 namespace {
 // 2026-07-09 15:04:59
@@ -32,7 +32,7 @@ std::u16string dateText(const char* locale, std::int64_t seconds)
     char16_t units[kRoom];
     const auto formats = regionFormats(locale);
     if (!formats) return u"-";
-    return {units, platform::writeDateAndTime(*formats, seconds, units)};
+    return {units, writeDateAndTime(*formats, seconds, units)};
 }
 
 std::u16string numberText(const char* locale, double value, int fractionDigits)
@@ -40,7 +40,7 @@ std::u16string numberText(const char* locale, double value, int fractionDigits)
     char16_t units[kRoom];
     const auto formats = regionFormats(locale);
     if (!formats) return u"-";
-    return {units, platform::writeNumber(*formats, value, fractionDigits, units)};
+    return {units, writeNumber(*formats, value, fractionDigits, units)};
 }
 
 std::vector<std::string> localesOfICU()
@@ -129,9 +129,9 @@ TEST(writeDateAndTime, needsRoom)
     char16_t units[18];
     const auto formats = regionFormats("de");
     ASSERT_TRUE(formats);
-    EXPECT_EQ(platform::writeDateAndTime(*formats, kAfternoon, std::span(units).first(17)), 17u);
-    EXPECT_EQ(platform::writeDateAndTime(*formats, kAfternoon, std::span(units).first(16)), 0u);
-    EXPECT_EQ(platform::writeDateAndTime(*formats, kAfternoon, {}), 0u);
+    EXPECT_EQ(writeDateAndTime(*formats, kAfternoon, std::span(units).first(17)), 17u);
+    EXPECT_EQ(writeDateAndTime(*formats, kAfternoon, std::span(units).first(16)), 0u);
+    EXPECT_EQ(writeDateAndTime(*formats, kAfternoon, {}), 0u);
 }
 
 TEST(writeNumber, roundsTheShortestDecimalToTheEvenDigit)
@@ -185,8 +185,8 @@ TEST(writeNumber, needsRoom)
     char16_t units[8];
     const auto formats = regionFormats("en");
     ASSERT_TRUE(formats);
-    EXPECT_EQ(platform::writeNumber(*formats, 1234.5, 1, std::span(units).first(7)), 7u);
-    EXPECT_EQ(platform::writeNumber(*formats, 1234.5, 1, std::span(units).first(6)), 0u);
+    EXPECT_EQ(writeNumber(*formats, 1234.5, 1, std::span(units).first(7)), 7u);
+    EXPECT_EQ(writeNumber(*formats, 1234.5, 1, std::span(units).first(6)), 0u);
 }
 
 // Whichever way a text takes, it is the one that ICU gives.
@@ -207,9 +207,8 @@ TEST(createDateText, saysWhatICUSaysInEveryLocale)
             char16_t units[kRoom];
             const int count = udat_format(format.get(), static_cast<double>(moment) * 1000.0, units,
                                           kRoom, nullptr, &status);
-            const StringHolder text(
-                platform::createDateText(locale, platform::DateStyle::dateAndTime, moment));
-            ASSERT_EQ(platform::unitsOf(text.get()),
+            const StringHolder text(createDateText(locale, DateStyle::dateAndTime, moment));
+            ASSERT_EQ(unitsOf(text.get()),
                       std::u16string_view(units, static_cast<std::size_t>(count)));
         }
     }
@@ -228,10 +227,9 @@ TEST(createNumberText, saysWhatICUSaysInEveryLocale)
         ASSERT_TRUE(U_SUCCESS(status));
         unum_setAttribute(format.get(), UNUM_MIN_FRACTION_DIGITS, 1);
         unum_setAttribute(format.get(), UNUM_MAX_FRACTION_DIGITS, 1);
-        const std::unique_ptr<platform::NumberFormat, decltype([](platform::NumberFormat* ours) {
-                                  platform::releaseNumberFormat(ours);
-                              })>
-            ours(platform::createNumberFormat(locale, 1));
+        const std::unique_ptr<NumberFormat,
+                              decltype([](NumberFormat* ours) { releaseNumberFormat(ours); })>
+            ours(createNumberFormat(locale, 1));
         for (int i = 0; i < 100; i++) {
             // Half of them in steps of a twentieth, among which the ties are.
             double value = std::pow(10.0, exponents(random));
@@ -239,8 +237,8 @@ TEST(createNumberText, saysWhatICUSaysInEveryLocale)
             char16_t units[kRoom];
             const int count =
                 unum_formatDouble(format.get(), value, units, kRoom, nullptr, &status);
-            const StringHolder text(platform::createNumberText(ours.get(), value));
-            ASSERT_EQ(platform::unitsOf(text.get()),
+            const StringHolder text(createNumberText(ours.get(), value));
+            ASSERT_EQ(unitsOf(text.get()),
                       std::u16string_view(units, static_cast<std::size_t>(count)))
                 << value;
         }

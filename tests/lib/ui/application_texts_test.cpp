@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <string>
 
+using namespace pinorama;
+
 namespace {
 class application_texts : public testing::TestWithParam<const char*> {
 protected:

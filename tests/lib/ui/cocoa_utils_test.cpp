@@ -17,6 +17,8 @@
 
 #include <filesystem>
 
+using namespace pinorama;
+
 namespace {
 namespace fs = std::filesystem;
 using test::text;
@@ -65,7 +67,7 @@ TEST(setStringValue, markupIsShownAsItStands)
 TEST(setStringValue, whatIsNoUnicodeShowsAsReplacementCharacter)
 {
     QLabel label;
-    const test::Text path(platform::createPathText("a\xff\xF0\x9F\x8C\x8D"));
+    const test::Text path(createPathText("a\xff\xF0\x9F\x8C\x8D"));
     cocoaUtils::setStringValue(&label, path.get());
     EXPECT_EQ(label.text(), QStringLiteral(u"a\uFFFD\U0001F30D"));
 }
@@ -77,7 +79,7 @@ TEST(cuGetPathFromFSRef, pathOfAReference)
         const FSRef ref = {folder.write(name, "")};
         const test::Text path(cocoaUtils::cuGetPathFromFSRef(&ref));
         ASSERT_TRUE(path);
-        EXPECT_EQ(platform::pathBytes(path.get()), ref.path);
+        EXPECT_EQ(pathBytes(path.get()), ref.path);
     }
 }
 
@@ -119,7 +121,7 @@ protected:
     void SetUp() override
     {
         path_ = folder_.write("a.jpg", "bytes");
-        if (!platform::writeFileComment(path_, ""))
+        if (!writeFileComment(path_, ""))
             GTEST_SKIP() << "the temporary folder's file system keeps no comments";
     }
     void add(std::string_view comment)
@@ -135,7 +137,7 @@ TEST_F(addToFinderComment, replacesAnEmptyComment)
 {
     add("Stra\xC3\x9F"
         "e");
-    EXPECT_EQ(platform::readFileComment(path_),
+    EXPECT_EQ(readFileComment(path_),
               "Stra\xC3\x9F"
               "e");
 }
@@ -144,15 +146,15 @@ TEST_F(addToFinderComment, appendsOnANewLine)
 {
     add("a");
     add("b");
-    EXPECT_EQ(platform::readFileComment(path_), "a\rb");
+    EXPECT_EQ(readFileComment(path_), "a\rb");
 }
 
 TEST_F(addToFinderComment, commentsAFileThatHadNone)
 {
     path_ = folder_.write("b.jpg", "bytes");
-    EXPECT_EQ(platform::readFileComment(path_), std::nullopt);
+    EXPECT_EQ(readFileComment(path_), std::nullopt);
     add("first");
-    EXPECT_EQ(platform::readFileComment(path_), "first");
+    EXPECT_EQ(readFileComment(path_), "first");
 }
 
 TEST_F(addToFinderComment, failuresAreSilent)

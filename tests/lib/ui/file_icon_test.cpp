@@ -9,6 +9,8 @@
 
 #include <filesystem>
 
+using namespace pinorama;
+
 namespace {
 TEST(cuIconOfItem, isNeverEmpty)
 {

@@ -7,6 +7,8 @@
 
 #include <limits>
 
+using namespace pinorama;
+
 namespace {
 QImage fourPixels()
 {

@@ -11,6 +11,8 @@
 
 #include <sys/stat.h>
 
+using namespace pinorama;
+
 TEST(cuMakeFinderCommentScript, joinsItsLinesWithBlanksAroundCarriageReturns)
 {
     EXPECT_EQ(test::takeUTF8(cuMakeFinderCommentScript(test::text("/a/b.jpg").get(),

@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <string>
 
+using namespace pinorama;
+
 TEST(radians, multipliesWithPiBeforeItDivides)
 {
     const struct {
@@ -68,7 +70,7 @@ TEST(utMakeHFSStringFromCFString, copiesUpTo255Units)
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        const test::Text text(platform::createString(row.text));
+        const test::Text text(createString(row.text));
         HFSUniStr255 name = {};
         utMakeHFSStringFromCFString(text.get(), &name);
         EXPECT_EQ(std::u16string(name.unicode, name.length), row.expected);

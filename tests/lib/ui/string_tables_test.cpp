@@ -11,6 +11,8 @@
 #include <cerrno>
 #include <filesystem>
 
+using namespace pinorama;
+
 namespace {
 // A folder of tables that is registered as a bundle.
 class TestBundle {
@@ -151,7 +153,7 @@ TEST(iuGetIndCFString, givesANewReferenceEveryTime)
         const test::Text second(iuGetIndCFString(1, index));
         EXPECT_NE(first.get(), second.get());
         EXPECT_EQ(uCFGetRetainCount(first.get()), 1);
-        EXPECT_TRUE(platform::equalUnits(first.get(), second.get()));
+        EXPECT_TRUE(equalUnits(first.get(), second.get()));
     }
 }
 

@@ -6,12 +6,14 @@
 
 #include <gtest/gtest.h>
 
+using namespace pinorama;
+
 namespace {
 // The value of a key as UTF-8, or "(none)".
 std::string valueOf(const StringsTable& table, std::u16string_view key)
 {
     const auto value = table.find(key);
-    return value ? platform::displayUTF8(*value) : "(none)";
+    return value ? displayUTF8(*value) : "(none)";
 }
 }  // namespace
 

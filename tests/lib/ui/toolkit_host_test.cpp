@@ -6,6 +6,8 @@
 #include <QApplication>
 #include <QLabel>
 
+using namespace pinorama;
+
 // This program is no toolkit application until the function under test makes it one.
 TEST(cocoaUtilsLaunch, startsTheToolkitInAHostWithoutIt)
 {

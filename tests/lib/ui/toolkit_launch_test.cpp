@@ -1,6 +1,8 @@
 #include "lib/ui/cocoa_utils.h"
 #include "tests/support/toolkit.h"
 
+using namespace pinorama;
+
 namespace {
 const auto* const toolkit = testing::AddGlobalTestEnvironment(new test::Toolkit);
 }  // namespace

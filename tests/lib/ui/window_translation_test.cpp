@@ -27,6 +27,8 @@
 #include <stdexcept>
 #include <vector>
 
+using namespace pinorama;
+
 namespace {
 QString key(int table, int index)
 {
@@ -128,7 +130,7 @@ TEST_F(translateADialogString, ordinaryTextIsTheSameObject)
 
 TEST_F(translateADialogString, aTextWithoutAUTF8FormIsNoPlaceholder)
 {
-    const test::Text broken(platform::createString(u"##5\xD800"));
+    const test::Text broken(createString(u"##5\xD800"));
     EXPECT_EQ(cocoaUtils::translateADialogString(broken.get()), broken.get());
 }
 

@@ -18,6 +18,8 @@
 
 #include <sys/stat.h>
 
+using namespace pinorama;
+
 namespace {
 namespace fs = std::filesystem;
 using Names = std::vector<std::string>;
@@ -26,9 +28,9 @@ using Names = std::vector<std::string>;
 std::vector<std::string> namesIn(const std::string& archive, const test::TemporaryFolder& folder)
 {
     fs::create_directory(folder.file("unpacked"));
-    EXPECT_EQ(platform::runAndWait({"bsdtar", "-xf", archive, "-C", folder.file("unpacked")},
-                                   {"LC_ALL=C.UTF-8"}),
-              0);
+    EXPECT_EQ(
+        runAndWait({"bsdtar", "-xf", archive, "-C", folder.file("unpacked")}, {"LC_ALL=C.UTF-8"}),
+        0);
     std::vector<std::string> names;
     for (const auto& item : fs::recursive_directory_iterator(folder.file("unpacked")))
         names.push_back(fs::relative(item.path(), folder.file("unpacked")).string());
@@ -39,8 +41,8 @@ std::vector<std::string> namesIn(const std::string& archive, const test::Tempora
 
 std::int32_t compress(const std::string& source, const std::string& target, bool deleteOriginal)
 {
-    const test::Text sourceText(platform::createPathText(source));
-    const test::Text targetText(platform::createPathText(target));
+    const test::Text sourceText(createPathText(source));
+    const test::Text targetText(createPathText(target));
     return cocoaUtils::compressToZIPFile(sourceText.get(), targetText.get(),
                                          deleteOriginal ? 1 : 0);
 }

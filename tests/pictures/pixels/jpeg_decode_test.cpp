@@ -7,23 +7,23 @@
 
 #include <string>
 
+using namespace pinorama;
+
 namespace {
-using platform::PixelImage;
-using platform::PixelSize;
 using test::JpegKind;
 
 const std::vector<std::uint32_t> kCorners = {test::kRed, test::kGreen, test::kBlue, test::kYellow};
 
 std::optional<PixelImage> decode(const std::string& bytes, PixelSize box)
 {
-    platform::MemoryByteSource source(test::viewOf(bytes));
-    return platform::decodeJpeg(platform::ByteBlock(source), box);
+    MemoryByteSource source(test::viewOf(bytes));
+    return decodeJpeg(ByteBlock(source), box);
 }
 
 PixelSize sizeOf(const std::string& bytes)
 {
-    platform::MemoryByteSource source(test::viewOf(bytes));
-    return platform::jpegSize(platform::ByteBlock(source));
+    MemoryByteSource source(test::viewOf(bytes));
+    return jpegSize(ByteBlock(source));
 }
 
 // The same stream that claims to be `width` x `height` pixels large.
@@ -60,7 +60,7 @@ TEST(decodeJpeg, decodesEveryKindAtEveryScale)
                          std::to_string(side));
             const std::optional<PixelImage> image = decode(jpeg, {side, side});
             ASSERT_TRUE(image);
-            const PixelSize expected = platform::fitInto({512, 384}, {side, side});
+            const PixelSize expected = fitInto({512, 384}, {side, side});
             EXPECT_EQ((PixelSize{image->width, image->height}), expected);
             EXPECT_EQ(image->pixels.size(),
                       static_cast<std::size_t>(expected.width) * expected.height);

@@ -12,8 +12,9 @@
 #include <filesystem>
 #include <string>
 
+using namespace pinorama;
+
 namespace {
-using platform::Preview;
 using test::JpegKind;
 
 constexpr std::uint32_t kWhite = 0xffffffff;
@@ -23,8 +24,8 @@ const std::vector<std::uint32_t> kCorners = {test::kRed, test::kGreen, test::kBl
 
 std::optional<Preview> previewOf(const std::string& bytes, int width = 128, int height = 128)
 {
-    platform::MemoryByteSource source(test::viewOf(bytes));
-    return platform::makePreview(source, width, height);
+    MemoryByteSource source(test::viewOf(bytes));
+    return makePreview(source, width, height);
 }
 
 // A thumbnail of one colour, to be told from the picture's own quarters.
@@ -84,7 +85,7 @@ TEST(makePreview, turnsADecodedPictureUpright)
         const std::optional<Preview> preview =
             previewOf(pictureWithThumbnail(300, 200, "", row.orientation), 150, 90);
         ASSERT_TRUE(preview);
-        const bool isTurned = platform::isTransposed(row.orientation);
+        const bool isTurned = isTransposed(row.orientation);
         EXPECT_EQ(preview->image.width, isTurned ? 60 : 135);
         EXPECT_EQ(preview->image.height, 90);
         EXPECT_TRUE(test::areNear(test::quartersOf(preview->image), row.upright));
@@ -100,7 +101,7 @@ TEST(makePreview, turnsTheThumbnailWithThePicture)
             previewOf(pictureWithThumbnail(640, 480, thumbnail, row.orientation));
         ASSERT_TRUE(preview);
         EXPECT_FALSE(preview->wasDecoded);
-        EXPECT_EQ(preview->image.width, platform::isTransposed(row.orientation) ? 96 : 128);
+        EXPECT_EQ(preview->image.width, isTransposed(row.orientation) ? 96 : 128);
         EXPECT_TRUE(test::areNear(test::quartersOf(preview->image), row.upright));
     }
 }
@@ -276,12 +277,12 @@ TEST(makePreview, everyPictureOfTheCollectionIsHarmlessAndFits)
     int looked = 0;
     int shown = 0;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(*collection)) {
-        const platform::PictureFile file(entry.path().string());
+        const PictureFile file(entry.path().string());
         if (!file.isOpen()) continue;
         SCOPED_TRACE(entry.path().filename().string());
         const auto start = std::chrono::steady_clock::now();
-        platform::FileByteSource source(file.descriptor(), file.size());
-        const std::optional<Preview> preview = platform::makePreview(source, kSide, kSide);
+        FileByteSource source(file.descriptor(), file.size());
+        const std::optional<Preview> preview = makePreview(source, kSide, kSide);
         // A bound that tells a hang from work, not a measurement.
         EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
         looked++;

@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <vector>
 
+using namespace pinorama;
+
 namespace {
-using platform::PixelImage;
-using platform::PixelSize;
 
 TEST(fitInto, keepsTheAspectAndNeverEnlarges)
 {
@@ -32,21 +32,21 @@ TEST(fitInto, keepsTheAspectAndNeverEnlarges)
         {"largest numbers", {INT32_MAX, INT32_MAX}, {128, 128}, {128, 128}},
     };
     for (const auto& row : rows) {
-        EXPECT_EQ(platform::fitInto(row.picture, row.box), row.expected) << row.name;
+        EXPECT_EQ(fitInto(row.picture, row.box), row.expected) << row.name;
     }
 }
 
 TEST(hasAspectOf, allowsThreePercentAndARoundedPixel)
 {
     const PixelSize camera = {6000, 4000};
-    EXPECT_TRUE(platform::hasAspectOf({160, 107}, camera, 0.03));
-    EXPECT_TRUE(platform::hasAspectOf({160, 104}, camera, 0.03));
-    EXPECT_FALSE(platform::hasAspectOf({160, 102}, camera, 0.03));
-    EXPECT_FALSE(platform::hasAspectOf({160, 120}, camera, 0.03));
-    EXPECT_FALSE(platform::hasAspectOf({107, 160}, camera, 0.03));
-    EXPECT_TRUE(platform::hasAspectOf({16, 11}, camera, 0.03));
-    EXPECT_FALSE(platform::hasAspectOf({0, 0}, camera, 0.03));
-    EXPECT_FALSE(platform::hasAspectOf({160, 107}, {0, 4000}, 0.03));
+    EXPECT_TRUE(hasAspectOf({160, 107}, camera, 0.03));
+    EXPECT_TRUE(hasAspectOf({160, 104}, camera, 0.03));
+    EXPECT_FALSE(hasAspectOf({160, 102}, camera, 0.03));
+    EXPECT_FALSE(hasAspectOf({160, 120}, camera, 0.03));
+    EXPECT_FALSE(hasAspectOf({107, 160}, camera, 0.03));
+    EXPECT_TRUE(hasAspectOf({16, 11}, camera, 0.03));
+    EXPECT_FALSE(hasAspectOf({0, 0}, camera, 0.03));
+    EXPECT_FALSE(hasAspectOf({160, 107}, {0, 4000}, 0.03));
 }
 
 // The pixels 1 to 6 in two rows of three, as a picture with the orientation stores them.
@@ -66,7 +66,7 @@ TEST(turnedUpright, knowsAllEightOrientations)
     for (const auto& row : rows) {
         SCOPED_TRACE(row.orientation);
         const PixelImage image =
-            platform::turnedUpright({row.width, 6 / row.width, row.stored}, row.orientation);
+            turnedUpright({row.width, 6 / row.width, row.stored}, row.orientation);
         EXPECT_EQ(image.width, 3);
         EXPECT_EQ(image.height, 2);
         EXPECT_EQ(image.pixels, upright);
@@ -80,26 +80,25 @@ TEST(withoutBars, cutsBarsAndLeavesPictures)
     PixelImage boxed = {9, 9, std::vector<std::uint32_t>(81, black)};
     for (int y = 2; y < 7; y++) std::fill_n(boxed.pixels.begin() + 9 * y, 9, white);
 
-    const PixelImage cut = platform::withoutBars(boxed, {1800, 1000});
+    const PixelImage cut = withoutBars(boxed, {1800, 1000});
     EXPECT_EQ(cut.width, 9);
     EXPECT_EQ(cut.height, 5);
     EXPECT_EQ(cut.pixels, std::vector<std::uint32_t>(45, white));
 
-    const PixelImage columns =
-        platform::withoutBars(platform::turnedUpright(boxed, 6), {1000, 1800});
+    const PixelImage columns = withoutBars(turnedUpright(boxed, 6), {1000, 1800});
     EXPECT_EQ(columns.width, 5);
     EXPECT_EQ(columns.height, 9);
 
     boxed.pixels[0] = white;  // a bright corner: no bar
-    EXPECT_EQ(platform::withoutBars(boxed, {1800, 1000}).height, 9);
-    EXPECT_EQ(platform::withoutBars(boxed, {0, 0}).height, 9);
-    EXPECT_EQ(platform::withoutBars(boxed, {1, INT32_MAX}).height, 9);
-    EXPECT_EQ(platform::withoutBars({}, {3, 2}).width, 0);
+    EXPECT_EQ(withoutBars(boxed, {1800, 1000}).height, 9);
+    EXPECT_EQ(withoutBars(boxed, {0, 0}).height, 9);
+    EXPECT_EQ(withoutBars(boxed, {1, INT32_MAX}).height, 9);
+    EXPECT_EQ(withoutBars({}, {3, 2}).width, 0);
 }
 
 PixelImage scaled(PixelSize from, PixelSize to, const std::vector<std::uint32_t>& pixels)
 {
-    platform::RowScaler scaler(from, to);
+    RowScaler scaler(from, to);
     for (std::int32_t y = 0; y < from.height; y++) scaler.addRow(&pixels[y * from.width]);
     EXPECT_EQ(scaler.rowsMissing(), 0);
     return scaler.take(0);
@@ -135,7 +134,7 @@ TEST(RowScaler, keepsOneColourExactly)
 
 TEST(RowScaler, fillsRowsThatNeverCome)
 {
-    platform::RowScaler scaler({2, 4}, {2, 2});
+    RowScaler scaler({2, 4}, {2, 2});
     const std::uint32_t row[] = {0xff000000, 0xff000000};
     scaler.addRow(row);
     scaler.addRow(row);
@@ -147,13 +146,13 @@ TEST(RowScaler, fillsRowsThatNeverCome)
 TEST(RowScaler, ignoresRowsAfterTheLastAndSizesThatGrow)
 {
     const std::uint32_t row[] = {1, 2, 3, 4};
-    platform::RowScaler full({2, 1}, {2, 1});
+    RowScaler full({2, 1}, {2, 1});
     full.addRow(row);
     full.addRow(row + 2);
     EXPECT_EQ(full.take(0).pixels, (std::vector<std::uint32_t>{1, 2}));
 
     for (const PixelSize to : {PixelSize{3, 1}, {2, 2}, {0, 1}}) {
-        platform::RowScaler growing({2, 1}, to);
+        RowScaler growing({2, 1}, to);
         growing.addRow(row);
         EXPECT_EQ(growing.take(0).width, 0) << to.width << " x " << to.height;
     }
