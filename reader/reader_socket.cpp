@@ -83,7 +83,9 @@ SendOutcome sendRequest(int socket, ByteView request, std::span<const int> descr
     if (count >= 0 || errno == EPIPE || errno == ECONNRESET || errno == ENOTCONN) {
         return SendOutcome::gone;
     }
-    return isTryAgain(errno) ? SendOutcome::full : SendOutcome::impossible;
+    // ETOOMANYREFS: all processes of the user together have as many descriptors on their way as one
+    // process may open.
+    return isTryAgain(errno) || errno == ETOOMANYREFS ? SendOutcome::full : SendOutcome::impossible;
 }
 
 bool receiveRequest(int socket, std::span<std::uint8_t> request,

@@ -14,7 +14,7 @@ namespace pinorama {
 
 enum class SendOutcome {
     sent,
-    full,        // the other side does not read for now
+    full,        // the other side does not read for now, or too many descriptors are on their way
     gone,        // there is no other side any more
     impossible,  // one of the descriptors cannot be sent
 };

@@ -272,6 +272,25 @@ TEST_F(ManyPictures, needFewDescriptors)
     EXPECT_EQ(pathsIn(result.out), names_);
 }
 
+TEST_F(ManyPictures, waitForOtherProgramsOfTheSameUser)
+{
+    // An ordinary user's descriptors count while they are on their way to a reader, those of all
+    // the user's programs together.
+    ASSERT_EQ(chmod(tree_->path().c_str(), 0755), 0);
+    const test::ProgramResult result =
+        test::runProgram({.command = {"/bin/sh", "-c",
+                                      "ulimit -n 40\n"
+                                      "for other in 1 2 3; do\n"
+                                      "    \"$0\" \"$@\" >/dev/null & others=\"$others $!\"\n"
+                                      "done\n"
+                                      "\"$0\" \"$@\" || exit 1\n"
+                                      "for other in $others; do wait $other || exit 1; done",
+                                      PINORAMA_INFO, "-r", "--json", tree_->path()},
+                          .asNobody = true});
+    EXPECT_EQ(result.status, 0) << result.err.substr(0, 1000);
+    EXPECT_EQ(pathsIn(result.out), names_);
+}
+
 TEST_F(ManyPictures, leaveNoProcessBehind)
 {
     test::RunningProgram program({"-r", "--json", tree_->path()});
