@@ -5,9 +5,7 @@
 #include "app/main_window.h"
 #include "app/reading_notice.h"
 #include "lib/files/path_text.h"
-#include "lib/objects/object_holder.h"
 #include "location/metadata_reader.h"
-#include "location/property_dictionary.h"
 #include "previews/late_properties.h"
 
 namespace pinorama {
@@ -60,9 +58,8 @@ void AppController::showLateLocation(std::uint32_t ticket, const PropertyResult&
     }
     endReading();
     if (result.outcome != ReadOutcome::found) return;
-    const ObjectHolder<TovDictionaryRef> properties(createPropertyDictionary(result.properties));
     gpsPrepareInfoRecord(&info);
-    showLocationFound(gpsFillInfoFromProperties(properties.get(), &info));
+    showLocationFound(fillInfoRecord(result.properties, &info));
 }
 
 void AppController::showReaderStuck(const QByteArray& path)

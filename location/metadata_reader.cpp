@@ -1,22 +1,23 @@
 #include "location/metadata_reader.h"
 
+#include "base/memory_guard.h"
 #include "base/status.h"
 #include "lib/files/file_reference.h"
-#include "lib/objects/object_holder.h"
 #include "lib/objects/shared_text.h"
 #include "lib/strings/string_holder.h"
 #include "lib/strings/tov_search.h"
 #include "lib/strings/tov_string.h"
-#include "location/dictionary_getters.h"
 #include "location/picture_source.h"
-#include "location/property_keys.h"
+#include "location/property_dictionary.h"
 
 using namespace pinorama;
 
 namespace {
 
-constexpr char kTiltMark[] = "tilt:";
-constexpr std::int32_t kTiltMarkLength = 5;
+using Text = std::optional<std::u16string>;
+
+constexpr char kTiltTag[] = "tilt:";
+constexpr std::int32_t kTiltTagLength = 5;
 constexpr std::uint8_t kIgnoreCase = 0;
 
 constinit TovString gKilometres = sharedText(u"K");
@@ -30,67 +31,60 @@ const struct {
     double multiplier;
 } kDistanceUnits[] = {{&gKilometres, 1000.0}, {&gMiles, 621.3711922}, {&gKnots, 5399.568}};
 
-TovDictionaryRef dictionaryOf(TovDictionaryRef properties, TovStringRef key)
+void copyText(const Text& text, TovStringRef* field)
 {
-    return asDictionary(TovDictionaryGetValue(properties, key));
+    if (text) *field = createString(*text);
 }
 
-void copyText(TovDictionaryRef iptc, TovStringRef key, TovStringRef* field)
+void fillPlaceTexts(const PictureProperties& iptc, fileInfoRecord* record)
 {
-    TovStringRef text = convGetTovStringRef(iptc, key);
-    if (text != nullptr) *field = createString(unitsOf(text));
-}
-
-void readPlaceTexts(TovDictionaryRef iptc, fileInfoRecord* record)
-{
-    copyText(iptc, kCGImagePropertyIPTCCity, &record->city);
-    copyText(iptc, kCGImagePropertyIPTCProvinceState, &record->state);
-    copyText(iptc, kCGImagePropertyIPTCCountryPrimaryLocationName, &record->country);
-    copyText(iptc, kCGImagePropertyIPTCCaptionAbstract, &record->description);
+    copyText(iptc.city, &record->city);
+    copyText(iptc.state, &record->state);
+    copyText(iptc.country, &record->country);
+    copyText(iptc.caption, &record->description);
 }
 
 // The first character of a reference text, low 8 bits; `otherwise` when it is missing or empty.
-char letterOf(TovDictionaryRef gps, TovStringRef key, char otherwise)
+char letterOf(const Text& reference, char otherwise)
 {
-    TovStringRef reference = convGetTovStringRef(gps, key);
-    if (TovStringGetLength(reference) == 0) return otherwise;
-    return static_cast<char>(TovStringGetUniChar(reference, 0) & 0xff);
+    if (!reference || reference->empty()) return otherwise;
+    return static_cast<char>(reference->front() & 0xff);
 }
 
-void readPosition(TovDictionaryRef gps, fileInfoRecord* record)
+void fillPosition(const PictureProperties& gps, fileInfoRecord* record)
 {
-    record->latti = convGetDouble(gps, kCGImagePropertyGPSLatitude);
-    record->refLatti = letterOf(gps, kCGImagePropertyGPSLatitudeRef, 0);
-    record->longi = convGetDouble(gps, kCGImagePropertyGPSLongitude);
+    record->latti = gps.latitude.value_or(0.0);
+    record->refLatti = letterOf(gps.latitudeReference, 0);
+    record->longi = gps.longitude.value_or(0.0);
     // The letter of the latitude carries over; whoever applies the sign looks for W only.
-    record->refLongi = letterOf(gps, kCGImagePropertyGPSLongitudeRef, record->refLatti);
+    record->refLongi = letterOf(gps.longitudeReference, record->refLatti);
 
-    record->altitude = convGetDouble(gps, kCGImagePropertyGPSAltitude);
-    // Exif stores altitude unsigned; reference 1 means below sea level.
-    if (convGetUInt32(gps, kCGImagePropertyGPSAltitudeRef) != 0) {
+    record->altitude = gps.altitude.value_or(0.0);
+    // Exif stores altitude unsigned; reference 1 means below sea level. 32 bits of it are read.
+    if (static_cast<std::uint32_t>(gps.altitudeReference.value_or(0)) != 0) {
         record->altitude = -record->altitude;
     }
 }
 
-void readDistance(TovDictionaryRef gps, fileInfoRecord* record)
+void fillDistance(const PictureProperties& gps, fileInfoRecord* record)
 {
-    TovStringRef reference = convGetTovStringRef(gps, kCGImagePropertyGPSDestDistanceRef);
-    if (reference == nullptr) return;
+    if (!gps.destinationDistanceReference) return;
+    const StringHolder reference(createString(*gps.destinationDistanceReference));
     for (const auto& unit : kDistanceUnits) {
-        if (TovStringCompare(reference, unit.reference, kIgnoreCase) == 0) {
-            record->distance =
-                convGetDouble(gps, kCGImagePropertyGPSDestDistance) * unit.multiplier;
+        if (TovStringCompare(reference.get(), unit.reference, kIgnoreCase) == 0) {
+            record->distance = gps.destinationDistance.value_or(0.0) * unit.multiplier;
         }
     }
 }
 
 // Exif has no field for the tilt of a view: a text in the field of the satellites carries it.
-void readTilt(TovDictionaryRef gps, fileInfoRecord* record)
+void fillTilt(const PictureProperties& gps, fileInfoRecord* record)
 {
-    TovStringRef satellites = convGetTovStringRef(gps, kCGImagePropertyGPSSatellites);
-    if (!TovStringBeginsWithCString(satellites, kTiltMark, kIgnoreCase)) return;
+    if (!gps.satellites) return;
+    const StringHolder satellites(createString(*gps.satellites));
+    if (!TovStringBeginsWithCString(satellites.get(), kTiltTag, kIgnoreCase)) return;
     const StringHolder number(TovStringCreateWithSubstring(
-        satellites, kTiltMarkLength, TovStringGetLength(satellites) - kTiltMarkLength));
+        satellites.get(), kTiltTagLength, TovStringGetLength(satellites.get()) - kTiltTagLength));
     record->tilt = TovStringGetDoubleValue(number.get());
 }
 }  // namespace
@@ -107,30 +101,42 @@ std::int32_t gpsGetCoordinatesFromFilePath(TovStringRef path, fileInfoRecord* re
 
 std::int32_t gpsGetCoordinatesFromFile(const FSRef* ref, fileInfoRecord* record)
 {
-    const ObjectHolder<TovDictionaryRef> properties(gpsCopyImageProperties(ref));
-    return gpsFillInfoFromProperties(properties.get(), record);
+    if (ref == nullptr) return kErrNothingUsable;
+    return readInfoRecord(PictureFile(ref->path), record);
 }
 
 std::int32_t gpsFillInfoFromProperties(TovDictionaryRef properties, fileInfoRecord* record)
 {
-    if (properties == nullptr || record == nullptr) return kErrNothingUsable;
-
-    const TovDictionaryRef iptc = dictionaryOf(properties, kCGImagePropertyIPTCDictionary);
-    if (iptc != nullptr) readPlaceTexts(iptc, record);
-
-    const TovDictionaryRef gps = dictionaryOf(properties, kCGImagePropertyGPSDictionary);
-    if (gps == nullptr) return kErrNothingUsable;
-    readPosition(gps, record);
-    readDistance(gps, record);
-    readTilt(gps, record);
-    record->azimuth = convGetDouble(gps, kCGImagePropertyGPSImgDirection);
-
-    // Not a number counts as not zero.
-    const bool isUsable = record->latti != 0.0 && record->longi != 0.0;
-    return isUsable ? kErrNone : kErrNothingUsable;
+    if (properties == nullptr) return kErrNothingUsable;
+    return fillInfoRecord(propertiesOfDictionary(properties), record);
 }
 
 TovDictionaryRef gpsCopyImageProperties(const FSRef* ref)
 {
-    return ref == nullptr ? nullptr : copyPictureProperties(ref->path);
+    if (ref == nullptr) return nullptr;
+    return baseGuardMemory([&]() -> TovDictionaryRef {
+        const std::optional<PictureProperties> properties = propertiesOf(PictureFile(ref->path));
+        return properties ? createPropertyDictionary(*properties) : nullptr;
+    });
+}
+
+std::int32_t pinorama::readInfoRecord(const PictureFile& picture, fileInfoRecord* record)
+{
+    const auto properties = baseGuardMemory([&] { return propertiesOf(picture); });
+    return properties ? fillInfoRecord(*properties, record) : kErrNothingUsable;
+}
+
+std::int32_t pinorama::fillInfoRecord(const PictureProperties& properties, fileInfoRecord* record)
+{
+    if (record == nullptr) return kErrNothingUsable;
+    if (properties.hasIptc) fillPlaceTexts(properties, record);
+    if (!properties.hasGps) return kErrNothingUsable;
+    fillPosition(properties, record);
+    fillDistance(properties, record);
+    fillTilt(properties, record);
+    record->azimuth = properties.imageDirection.value_or(0.0);
+
+    // Not a number counts as not zero.
+    const bool isUsable = record->latti != 0.0 && record->longi != 0.0;
+    return isUsable ? kErrNone : kErrNothingUsable;
 }

@@ -12,6 +12,8 @@
 #include "lib/files/file_types.h"
 #include "lib/objects/collections.h"
 #include "location/file_info_record.h"
+#include "pictures/picture_file.h"
+#include "pictures/picture_properties.h"
 
 // Reads the picture at a POSIX path.
 //
@@ -22,18 +24,31 @@ std::int32_t gpsGetCoordinatesFromFilePath(TovStringRef path, fileInfoRecord* re
 // The same for a reference. What is no picture or cannot be read gives -1 and an untouched record.
 std::int32_t gpsGetCoordinatesFromFile(const FSRef* ref, fileInfoRecord* record);
 
-// The same for properties that have been read already. Null properties give -1.
+// The same for a dictionary of properties as gpsCopyImageProperties makes it. A value of another
+// kind counts as missing; null properties give -1.
+std::int32_t gpsFillInfoFromProperties(TovDictionaryRef properties, fileInfoRecord* record);
+
+// Returns the properties of the first image as new nested dictionaries (property_dictionary.h), or
+// null when the file is no picture or cannot be read, or memory runs out. For programs that want
+// more of them than a record holds; the record itself is filled without.
+[[nodiscard]] TovDictionaryRef gpsCopyImageProperties(const FSRef* ref);
+
+namespace pinorama {
+
+// The same for a picture that is open already. One that is not open gives -1 and an untouched
+// record.
+std::int32_t readInfoRecord(const PictureFile& picture, fileInfoRecord* record);
+
+// The same for properties that have been read already; all of the above end here.
 //
-// With a GPS dictionary every field of it is written, 0 or 0.0 where it has no value, except two:
+// With a GPS directory every field of it is written, 0 or 0.0 where it has no value, except two:
 // `distance` needs a reference K, M or N in either case, and `tilt` a satellites text that begins
 // with "tilt:". A position counts as usable when neither coordinate is 0.0, so a picture from the
 // equator or the prime meridian has none; its fields are written all the same. A longitude without
-// a reference takes the letter of the latitude. Without a GPS dictionary only texts are stored.
+// a reference takes the letter of the latitude. Without a GPS directory only texts are stored.
 //
 // Source: Exif 2.32, GPS attributes 0x0001 to 0x001A; IPTC-IIM 4.2, datasets 2:90, 2:95, 2:101 and
 // 2:120.
-std::int32_t gpsFillInfoFromProperties(TovDictionaryRef properties, fileInfoRecord* record);
+std::int32_t fillInfoRecord(const PictureProperties& properties, fileInfoRecord* record);
 
-// Returns the properties of the first image as new nested dictionaries, or null when the file is no
-// picture or cannot be read.
-[[nodiscard]] TovDictionaryRef gpsCopyImageProperties(const FSRef* ref);
+}  // namespace pinorama

@@ -1,15 +1,16 @@
 // Where the properties of a picture come from. Normally this process reads them itself; a program
 // that does not want to touch a picture's bytes installs a source that has them read elsewhere.
-// Who asks for properties does not know which.
+// Whoever asks for properties does not know which:
+//
+//   installPropertySource([&](int descriptor, std::uint64_t) { return reader.read(descriptor); });
+//   const PictureFile picture(path);
+//   if (const auto properties = propertiesOf(picture)) show(*properties);
 
 #pragma once
 
-#include <cstdint>
-#include <functional>
 #include <optional>
-#include <string>
 
-#include "lib/objects/collections.h"
+#include "pictures/picture_file.h"
 #include "pictures/picture_properties.h"
 
 namespace pinorama {
@@ -18,11 +19,8 @@ namespace pinorama {
 // a program while it starts, and by tests.
 void installPropertySource(PropertySource source);
 
-// Reads the properties of the picture at `path` (bytes as the system takes them; symbolic links
-// are followed). Opening waits for nothing, also when the name belongs to a pipe or a device.
-//
-// Returns a new dictionary as of createPropertyDictionary, or null when the item is no regular
-// file, no picture or cannot be read, or memory runs out.
-[[nodiscard]] TovDictionaryRef copyPictureProperties(const std::string& path);
+// Reads the properties of an open picture. Nothing when the file is not open, is no picture or
+// cannot be read. Throws std::bad_alloc when memory runs out.
+std::optional<PictureProperties> propertiesOf(const PictureFile& picture);
 
 }  // namespace pinorama

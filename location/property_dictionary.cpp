@@ -1,5 +1,6 @@
 #include "location/property_dictionary.h"
 
+#include "base/memory_guard.h"
 #include "lib/objects/object_holder.h"
 #include "lib/objects/values.h"
 #include "location/property_keys.h"
@@ -8,26 +9,55 @@ using namespace pinorama;
 
 namespace {
 using DictionaryHolder = ObjectHolder<TovDictionaryRef>;
+using Number = std::optional<double>;
+using Integer = std::optional<std::int64_t>;
+using Text = std::optional<std::u16string>;
+
+// Calls visit(key, value) for every property of the GPS directory, in the order of its dictionary.
+// `Properties` is PictureProperties, constant or not; so below.
+template <typename Properties, typename Visit>
+void visitGps(Properties& properties, Visit visit)
+{
+    visit(kCGImagePropertyGPSLatitude, properties.latitude);
+    visit(kCGImagePropertyGPSLatitudeRef, properties.latitudeReference);
+    visit(kCGImagePropertyGPSLongitude, properties.longitude);
+    visit(kCGImagePropertyGPSLongitudeRef, properties.longitudeReference);
+    visit(kCGImagePropertyGPSAltitude, properties.altitude);
+    visit(kCGImagePropertyGPSAltitudeRef, properties.altitudeReference);
+    visit(kCGImagePropertyGPSDestDistance, properties.destinationDistance);
+    visit(kCGImagePropertyGPSDestDistanceRef, properties.destinationDistanceReference);
+    visit(kCGImagePropertyGPSSatellites, properties.satellites);
+    visit(kCGImagePropertyGPSImgDirection, properties.imageDirection);
+}
+
+template <typename Properties, typename Visit>
+void visitIptc(Properties& properties, Visit visit)
+{
+    visit(kCGImagePropertyIPTCCity, properties.city);
+    visit(kCGImagePropertyIPTCProvinceState, properties.state);
+    visit(kCGImagePropertyIPTCCountryPrimaryLocationName, properties.country);
+    visit(kCGImagePropertyIPTCCaptionAbstract, properties.caption);
+}
+
+TovTypeRef createValue(double number)
+{
+    return TovNumberCreateDouble(number);
+}
+
+TovTypeRef createValue(std::int64_t number)
+{
+    return TovNumberCreateSInt64(number);
+}
+
+TovTypeRef createValue(const std::u16string& text)
+{
+    return createString(text);
+}
 
 // Fills one dictionary and remembers whether memory lasted.
 class Filler {
 public:
     Filler() : dictionary_(TovDictionaryCreate()) {}
-
-    void set(TovStringRef key, const std::optional<double>& value)
-    {
-        if (value) put(key, TovNumberCreateDouble(*value));
-    }
-
-    void set(TovStringRef key, const std::optional<std::int64_t>& value)
-    {
-        if (value) put(key, TovNumberCreateSInt64(*value));
-    }
-
-    void set(TovStringRef key, const std::optional<std::u16string>& value)
-    {
-        if (value) put(key, createString(*value));
-    }
 
     // Takes over `value`, whose null means that memory ran out.
     void put(TovStringRef key, TovTypeRef value)
@@ -42,6 +72,14 @@ public:
         if (dictionary_.get()->count == before) isComplete_ = false;
     }
 
+    // For visitGps and visitIptc.
+    auto putPresent()
+    {
+        return [this](TovStringRef key, const auto& value) {
+            if (value) put(key, createValue(*value));
+        };
+    }
+
     [[nodiscard]] TovDictionaryRef take() { return isComplete_ ? dictionary_.take() : nullptr; }
 
 private:
@@ -49,37 +87,60 @@ private:
     bool isComplete_ = true;
 };
 
-TovDictionaryRef createGps(const pinorama::PictureProperties& properties)
+void readValue(TovTypeRef value, Number& number)
 {
-    Filler gps;
-    gps.set(kCGImagePropertyGPSLatitude, properties.latitude);
-    gps.set(kCGImagePropertyGPSLatitudeRef, properties.latitudeReference);
-    gps.set(kCGImagePropertyGPSLongitude, properties.longitude);
-    gps.set(kCGImagePropertyGPSLongitudeRef, properties.longitudeReference);
-    gps.set(kCGImagePropertyGPSAltitude, properties.altitude);
-    gps.set(kCGImagePropertyGPSAltitudeRef, properties.altitudeReference);
-    gps.set(kCGImagePropertyGPSDestDistance, properties.destinationDistance);
-    gps.set(kCGImagePropertyGPSDestDistanceRef, properties.destinationDistanceReference);
-    gps.set(kCGImagePropertyGPSSatellites, properties.satellites);
-    gps.set(kCGImagePropertyGPSImgDirection, properties.imageDirection);
-    return gps.take();
+    if (const TovNumber* found = asNumber(value)) number = found->floating;
 }
 
-TovDictionaryRef createIptc(const pinorama::PictureProperties& properties)
+void readValue(TovTypeRef value, Integer& number)
 {
-    Filler iptc;
-    iptc.set(kCGImagePropertyIPTCCity, properties.city);
-    iptc.set(kCGImagePropertyIPTCProvinceState, properties.state);
-    iptc.set(kCGImagePropertyIPTCCountryPrimaryLocationName, properties.country);
-    iptc.set(kCGImagePropertyIPTCCaptionAbstract, properties.caption);
-    return iptc.take();
+    if (const TovNumber* found = asNumber(value)) number = found->integer;
+}
+
+void readValue(TovTypeRef value, Text& text)
+{
+    if (const TovStringRef found = asString(value)) {
+        text = baseGuardMemory([&] { return Text(std::u16string(unitsOf(found))); });
+    }
+}
+
+// For visitGps and visitIptc.
+auto readFrom(TovDictionaryRef dictionary)
+{
+    return [dictionary](TovStringRef key, auto& value) {
+        readValue(TovDictionaryGetValue(dictionary, key), value);
+    };
 }
 }  // namespace
 
 TovDictionaryRef pinorama::createPropertyDictionary(const PictureProperties& properties)
 {
     Filler image;
-    if (properties.hasIptc) image.put(kCGImagePropertyIPTCDictionary, createIptc(properties));
-    if (properties.hasGps) image.put(kCGImagePropertyGPSDictionary, createGps(properties));
+    if (properties.hasIptc) {
+        Filler iptc;
+        visitIptc(properties, iptc.putPresent());
+        image.put(kCGImagePropertyIPTCDictionary, iptc.take());
+    }
+    if (properties.hasGps) {
+        Filler gps;
+        visitGps(properties, gps.putPresent());
+        image.put(kCGImagePropertyGPSDictionary, gps.take());
+    }
     return image.take();
+}
+
+PictureProperties pinorama::propertiesOfDictionary(TovDictionaryRef dictionary)
+{
+    PictureProperties properties;
+    if (const TovDictionaryRef iptc =
+            asDictionary(TovDictionaryGetValue(dictionary, kCGImagePropertyIPTCDictionary))) {
+        properties.hasIptc = true;
+        visitIptc(properties, readFrom(iptc));
+    }
+    if (const TovDictionaryRef gps =
+            asDictionary(TovDictionaryGetValue(dictionary, kCGImagePropertyGPSDictionary))) {
+        properties.hasGps = true;
+        visitGps(properties, readFrom(gps));
+    }
+    return properties;
 }

@@ -1,4 +1,4 @@
-// The properties of a picture as the nested dictionaries that the library's getters read.
+// The properties of a picture as the nested dictionaries that the library's getters read, and back.
 
 #pragma once
 
@@ -12,5 +12,9 @@ namespace pinorama {
 // picture has them, the values that are present (numbers as doubles, the altitude reference as an
 // integer, texts). Null when memory runs out.
 [[nodiscard]] TovDictionaryRef createPropertyDictionary(const PictureProperties& properties);
+
+// The properties that such a dictionary holds; it may come from anywhere. What is missing, is of
+// another kind or needs more memory than there is, is absent; null has none.
+PictureProperties propertiesOfDictionary(TovDictionaryRef dictionary);
 
 }  // namespace pinorama

@@ -1,6 +1,5 @@
 #include "bench/reading/readers.h"
 
-#include "lib/objects/object.h"
 #include "location/picture_source.h"
 
 #ifdef PINORAMA_BENCH_EXIV2
@@ -19,7 +18,7 @@ using namespace pinorama;
 namespace {
 void readOurs(const std::string& path)
 {
-    releaseObject(copyPictureProperties(path));
+    (void)propertiesOf(PictureFile(path));
 }
 
 #ifdef PINORAMA_BENCH_EXIV2

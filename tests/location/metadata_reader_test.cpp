@@ -435,6 +435,34 @@ TEST(gpsFillInfoFromProperties, leavesATextOutWhenMemoryRunsOut)
     EXPECT_EQ(record->latti, 48.1);
 }
 
+TEST(fillInfoRecord, copiesTextsOfAnIptcRecordOnly)
+{
+    PictureProperties properties;
+    properties.city = u"Rome";
+    Record record;
+    EXPECT_EQ(fillInfoRecord(properties, record.get()), -1);
+    EXPECT_EQ(record->city, nullptr);
+    properties.hasIptc = true;
+    EXPECT_EQ(fillInfoRecord(properties, record.get()), -1);
+    EXPECT_EQ(utf8(record->city), "Rome");
+    EXPECT_EQ(fillInfoRecord(properties, nullptr), -1);
+}
+
+TEST(readInfoRecord, readsThePictureThatIsOpenWhateverItsNameMeansNow)
+{
+    const test::TemporaryFolder folder;
+    const std::string path =
+        folder.write("a.jpg", test::pictureWithGps({.lat = 48.125, .latRef = "N", .lon = 11.5}));
+    const PictureFile picture(path);
+    ASSERT_EQ(unlink(path.c_str()), 0);
+    folder.write("a.jpg", "no picture");
+    Record record;
+    EXPECT_EQ(readInfoRecord(picture, record.get()), 0);
+    EXPECT_EQ(record->latti, 48.125);
+    EXPECT_EQ(readInfoRecord(PictureFile(), record.get()), -1);
+    EXPECT_EQ(record->latti, 48.125);
+}
+
 TEST(gpsGetCoordinatesFromFilePath, readsAPicture)
 {
     const test::TemporaryFolder folder;

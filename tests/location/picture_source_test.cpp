@@ -3,6 +3,7 @@
 #include "base/alloc.h"
 #include "lib/objects/object_holder.h"
 #include "lib/objects/values.h"
+#include "location/metadata_reader.h"
 #include "location/property_keys.h"
 #include "tests/support/environment.h"
 #include "tests/support/failing_memory.h"
@@ -53,17 +54,23 @@ std::optional<std::string> text(TovDictionaryRef dictionary, TovStringRef key)
     return test::utf8(asString(TovDictionaryGetValue(dictionary, key)));
 }
 
+TovDictionaryRef copyProperties(const std::string& path)
+{
+    const FSRef ref{path};
+    return gpsCopyImageProperties(&ref);
+}
+
 // Puts reading in this process back at the end of a test.
 struct SourceGuard {
     ~SourceGuard() { installPropertySource({}); }
 };
 }  // namespace
 
-TEST(copyPictureProperties, givesEveryPropertyUnderItsName)
+TEST(gpsCopyImageProperties, givesEveryPropertyUnderItsName)
 {
     const test::TemporaryFolder folder;
     const Dictionary properties(
-        copyPictureProperties(folder.write("a.jpg", test::pictureWithGps(kFields))));
+        copyProperties(folder.write("a.jpg", test::pictureWithGps(kFields))));
     ASSERT_TRUE(properties);
 
     TovDictionaryRef gps = inner(properties, kCGImagePropertyGPSDictionary);
@@ -93,30 +100,30 @@ TEST(copyPictureProperties, givesEveryPropertyUnderItsName)
     EXPECT_EQ(text(iptc, kCGImagePropertyIPTCCaptionAbstract), "Table Mountain");
 }
 
-TEST(copyPictureProperties, keysAreEqualToTextsOfTheSameName)
+TEST(gpsCopyImageProperties, keysAreEqualToTextsOfTheSameName)
 {
     const test::TemporaryFolder folder;
     const Dictionary properties(
-        copyPictureProperties(folder.write("a.jpg", test::pictureWithGps(kFields))));
+        copyProperties(folder.write("a.jpg", test::pictureWithGps(kFields))));
     TovDictionaryRef gps = inner(properties, test::text("kCGImagePropertyGPSDictionary").get());
     EXPECT_EQ(number(gps, test::text("kCGImagePropertyGPSLatitude").get()), 33.9);
 }
 
-TEST(copyPictureProperties, leavesOutWhatThePictureLacks)
+TEST(gpsCopyImageProperties, leavesOutWhatThePictureLacks)
 {
     const test::TemporaryFolder folder;
-    const Dictionary plain(copyPictureProperties(folder.write("a.jpg", test::jpegPicture({}))));
+    const Dictionary plain(copyProperties(folder.write("a.jpg", test::jpegPicture({}))));
     ASSERT_TRUE(plain);
     EXPECT_EQ(plain.get()->count, 0);
 
     const Dictionary position(
-        copyPictureProperties(folder.write("b.jpg", test::pictureWithGps({.lat = 1.0}))));
+        copyProperties(folder.write("b.jpg", test::pictureWithGps({.lat = 1.0}))));
     ASSERT_TRUE(position);
     EXPECT_EQ(position.get()->count, 1);
     EXPECT_EQ(inner(position, kCGImagePropertyGPSDictionary)->count, 1);
 }
 
-TEST(copyPictureProperties, goesByTheContentAndNotByTheName)
+TEST(gpsCopyImageProperties, goesByTheContentAndNotByTheName)
 {
     const test::TemporaryFolder folder;
     const std::string jpeg = test::pictureWithGps(kFields);
@@ -127,14 +134,14 @@ TEST(copyPictureProperties, goesByTheContentAndNotByTheName)
                                  folder.write("e.mrw", test::rafPicture(jpeg))};
     for (const std::string& path : paths) {
         SCOPED_TRACE(path);
-        const Dictionary properties(copyPictureProperties(path));
+        const Dictionary properties(copyProperties(path));
         EXPECT_EQ(
             number(inner(properties, kCGImagePropertyGPSDictionary), kCGImagePropertyGPSLatitude),
             33.9);
     }
 }
 
-TEST(copyPictureProperties, acceptsRegularFilesOnly)
+TEST(gpsCopyImageProperties, acceptsRegularFilesOnly)
 {
     const test::TemporaryFolder folder;
     const std::string picture = folder.write("picture.jpg", test::pictureWithGps(kFields));
@@ -164,12 +171,12 @@ TEST(copyPictureProperties, acceptsRegularFilesOnly)
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        const Dictionary properties(copyPictureProperties(row.path));
+        const Dictionary properties(copyProperties(row.path));
         EXPECT_EQ(static_cast<bool>(properties), row.isRead);
     }
 }
 
-TEST(copyPictureProperties, leavesNoDescriptorOpen)
+TEST(gpsCopyImageProperties, leavesNoDescriptorOpen)
 {
     const test::TemporaryFolder folder;
     const std::string paths[] = {folder.write("a.jpg", test::pictureWithGps(kFields)),
@@ -180,18 +187,19 @@ TEST(copyPictureProperties, leavesNoDescriptorOpen)
         return descriptor;
     };
     const int before = nextDescriptor();
-    for (const std::string& path : paths) const Dictionary ignored(copyPictureProperties(path));
+    for (const std::string& path : paths) const Dictionary ignored(copyProperties(path));
     EXPECT_EQ(nextDescriptor(), before);
 }
 
-TEST(copyPictureProperties, isNullWhenMemoryRunsOut)
+TEST(gpsCopyImageProperties, isNullWhenMemoryRunsOut)
 {
     const test::TemporaryFolder folder;
     const std::string path = folder.write("a.jpg", test::pictureWithGps(kFields));
+    const FSRef ref{path};
     int failures = 0;
     while (true) {
         baseFailAllocation(static_cast<std::uint64_t>(failures) + 1);
-        const Dictionary properties(copyPictureProperties(path));
+        const Dictionary properties(gpsCopyImageProperties(&ref));
         const bool hasFailed = baseAllocationHasFailed();
         baseFailAllocation(0);
         EXPECT_EQ(static_cast<bool>(properties), !hasFailed);
@@ -217,31 +225,30 @@ TEST(installPropertySource, replacesAndRestoresReading)
         properties.city = u"Rome";
         return std::optional(properties);
     });
-    const Dictionary properties(copyPictureProperties(path));
+    const Dictionary properties(copyProperties(path));
     EXPECT_EQ(text(inner(properties, kCGImagePropertyIPTCDictionary), kCGImagePropertyIPTCCity),
               "Rome");
     EXPECT_EQ(seenSize, 12u);
     EXPECT_EQ(seenByte, 't');
 
     installPropertySource([](int, std::uint64_t) { return std::nullopt; });
-    EXPECT_FALSE(Dictionary(copyPictureProperties(path)));
+    EXPECT_FALSE(Dictionary(copyProperties(path)));
 
     installPropertySource({});
-    EXPECT_FALSE(Dictionary(copyPictureProperties(path)));
-    EXPECT_TRUE(
-        Dictionary(copyPictureProperties(folder.write("b.jpg", test::pictureWithGps(kFields)))));
+    EXPECT_FALSE(Dictionary(copyProperties(path)));
+    EXPECT_TRUE(Dictionary(copyProperties(folder.write("b.jpg", test::pictureWithGps(kFields)))));
 }
 
-TEST(copyPictureProperties, isNullOrWholeWhenMemoryRunsOut)
+TEST(gpsCopyImageProperties, isNullOrWholeWhenMemoryRunsOut)
 {
     const test::TemporaryFolder folder;
     const std::string path = folder.write("a picture of the harbour.jpg",
                                           test::pictureWithGps({.lat = 48.1, .latRef = "N"}));
-    const auto copy = [&] { return ObjectHolder<TovDictionaryRef>(copyPictureProperties(path)); };
+    const FSRef ref{path};
     std::uint64_t nulls = 0;
     for (std::uint64_t nth = 1;; nth++) {
         baseFailAllocation(nth);
-        const ObjectHolder<TovDictionaryRef> made = copy();
+        const Dictionary made(gpsCopyImageProperties(&ref));
         const bool ranOut = baseAllocationHasFailed();
         baseFailAllocation(0);
         nulls += made.get() == nullptr;

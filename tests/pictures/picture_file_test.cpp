@@ -62,6 +62,24 @@ TEST(PictureFile, opensNothingButFiles)
     (void)unlink((folder.path() + ".link.jpg").c_str());
 }
 
+TEST(PictureFile, knowsTheFactsOfTheFileThatItHasOpen)
+{
+    const test::TemporaryFolder folder;
+    const std::string path = folder.write("a.jpg", "twelve bytes");
+    const PictureFile file(path);
+    EXPECT_EQ(file.attributes(), attributesOf(path));
+    EXPECT_EQ(file.size(), 12u);
+
+    ASSERT_EQ(unlink(path.c_str()), 0);
+    folder.write("a.jpg", "another file");
+    char first = 0;
+    EXPECT_EQ(pread(file.descriptor(), &first, 1, 0), 1);
+    EXPECT_EQ(first, 't');
+
+    EXPECT_FALSE(PictureFile().isOpen());
+    EXPECT_EQ(PictureFile(folder.file("none.jpg")).attributes(), FileAttributes{});
+}
+
 TEST(PictureFile, ofEveryHostileItemIsAFileOrNotOpen)
 {
     const test::TemporaryFolder folder;

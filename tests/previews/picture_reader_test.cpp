@@ -1,6 +1,5 @@
 #include "previews/picture_reader.h"
 
-#include "lib/objects/object_holder.h"
 #include "location/picture_source.h"
 #include "pictures/picture_file.h"
 #include "tests/support/environment.h"
@@ -32,11 +31,7 @@ protected:
         cuPictureReader().setLimits({});
     }
 
-    bool hasProperties() const
-    {
-        const ObjectHolder<TovDictionaryRef> properties(copyPictureProperties(path_));
-        return static_cast<bool>(properties);
-    }
+    bool hasProperties() const { return propertiesOf(file_).has_value(); }
 
     std::uint32_t startPreview() const
     {
@@ -81,7 +76,7 @@ TEST_F(cuReadPicturesElsewhere, tellsWhatTheReaderFinds)
 {
     pinorama::cuReadPicturesElsewhere();
     EXPECT_TRUE(hasProperties());
-    path_ = folder_.write("b.jpg", "no picture");
+    file_ = PictureFile(folder_.write("b.jpg", "no picture"));
     EXPECT_FALSE(hasProperties());
 }
 
