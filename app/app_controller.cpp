@@ -1,50 +1,112 @@
 #include "app/app_controller.h"
 
+#include "app/about_box.h"
 #include "app/finder_sync.h"
 #include "app/main_window.h"
-#include "globe/fly_to.h"
+#include "base/file_attributes.h"
+#include "base/file_uri.h"
+#include "base/resource_folder.h"
 #include "lib/conv/time_conversions.h"
 #include "lib/files/path_text.h"
 #include "lib/strings/string_holder.h"
 #include "lib/strings/tov_display.h"
 #include "lib/strings/tov_string.h"
 #include "lib/ui/application_bundle.h"
-#include "lib/ui/qt_text.h"
 #include "lib/ui/string_tables.h"
 #include "location/accepted_types.h"
+#include "location/file_facts.h"
+#include "location/metadata_reader.h"
 
+#include <QAction>
 #include <QApplication>
-#include <QMimeData>
+#include <QFile>
 #include <QSignalBlocker>
-#include <QTimer>
 
-#include <string>
+#include <filesystem>
+#include <utility>
 
 namespace pinorama {
 namespace {
 constexpr int kSelectionInterval = 200;  // milliseconds
+
+// A window with its views in it.
+std::unique_ptr<MainWindow> furnished(std::unique_ptr<MainWindow> window)
+{
+    if (!window) window = std::make_unique<MainWindow>();
+    window->furnish();
+    return window;
+}
 }  // namespace
 
 AppController::AppController(SelectionSource* selection, AddressOpener* opener,
                              std::unique_ptr<MainWindow> window)
-    : window_(window ? std::move(window) : std::make_unique<MainWindow>()),
-      selection_(selection),
-      opener_(opener != nullptr ? opener : &desktopOpener_),
-      globes_(*opener_)
+    : window_(furnished(std::move(window))),
+      opener_(opener != nullptr ? *opener : desktopOpener_),
+      fields_(*window_),
+      reading_(*window_),
+      actions_(*window_, opener_, {info, lastPath}),
+      intake_(*window_, selection)
 {
-    window_->furnish();
     connectOutlets();
-    connectActions();
-    connect(&previews_, &PreviewLoader::previewReady, this, &AppController::showPreview);
-    connect(&previews_, &PreviewLoader::readerMissing, this, &AppController::showReaderMissing);
-    connectReading();
+    connectMenu();
+    connect(&intake_, &PathIntake::pathFound, this, &AppController::showPath);
+    connect(&intake_, &PathIntake::pathOpened, this, [this](const std::string& path) {
+        showMainWindow();
+        showPath(path);
+    });
+    connect(&reading_, &PictureReading::previewRead, this,
+            [this](const QPixmap& preview) { fields_.showPreview(preview); });
+    connect(&reading_, &PictureReading::readerMissing, this, [this] {
+        fields_.showInsteadOfPreview(
+            tr("Pictures cannot be read: the program pinorama-reader does not start."));
+    });
+    connect(&reading_, &PictureReading::placeRead, this,
+            [this](const PictureProperties& properties) {
+                gpsPrepareInfoRecord(&info);
+                showPlaceRead(fillInfoRecord(properties, &info));
+            });
 }
 
 AppController::~AppController()
 {
-    gpsSetGlobeLink({});
     gpsReleaseInfoRecord(&info);
     TovStringRelease(&lastPath);
+}
+
+void AppController::connectOutlets()
+{
+    myWindow = window_.get();
+    fileIconField = myWindow->fileIconField;
+    geoTagField = myWindow->geoTagField;
+    fileNameField = myWindow->fileNameField;
+    fileCreationDateField = myWindow->fileCreationDateField;
+    fileModificationDateField = myWindow->fileModificationDateField;
+    fileSizeField = myWindow->fileSizeField;
+    gpsCoordinateField = myWindow->gpsCoordinateField;
+    gpsAltitudeField = myWindow->gpsAltitudeField;
+    gpsDirectionField = myWindow->gpsDirectionField;
+    iptcCityField = myWindow->iptcCityField;
+    iptcStateField = myWindow->iptcStateField;
+    iptcCountryField = myWindow->iptcCountryField;
+    iptcDescriptionField = myWindow->iptcDescriptionField;
+    webServicesMenu = myWindow->webServicesMenu;
+    syncCheckbox = myWindow->syncCheckbox;
+    showInGEButton = myWindow->showInGEButton;
+    searchInTovButton = myWindow->searchInTovButton;
+    exportKMLButton = myWindow->exportKMLButton;
+}
+
+// The items of the menu bar that are no actions on a place.
+void AppController::connectMenu()
+{
+    connect(myWindow->openAction, &QAction::triggered, this,
+            [this] { intake_.askForPicture(path_); });
+    connect(myWindow->closeAction, &QAction::triggered, myWindow, &QWidget::close);
+    connect(myWindow->quitAction, &QAction::triggered, qApp, &QCoreApplication::quit);
+    connect(myWindow->manualAction, &QAction::triggered, this, &AppController::showManual);
+    connect(myWindow->homePageAction, &QAction::triggered, this, &AppController::poweredBySkallion);
+    connect(myWindow->donateAction, &QAction::triggered, this, &AppController::donate);
+    connect(myWindow->aboutAction, &QAction::triggered, this, &AppController::showAboutBox);
 }
 
 bool AppController::init()
@@ -93,12 +155,7 @@ bool AppController::applicationOpenFile(TovStringRef path)
 void AppController::openFile(const QMimeData* pasteboard)
 {
     showMainWindow();
-    // QMimeData::hasText would make a text of a list of files too.
-    if (pasteboard == nullptr || !pasteboard->hasFormat(QStringLiteral("text/plain"))) return;
-    const QString text = pasteboard->text();
-    if (text.isEmpty()) return;
-    const StringHolder path(cuCreateText(text));
-    updateValuesForNewPath(path.get());
+    intake_.passText(pasteboard);
 }
 
 bool AppController::applicationShouldTerminateAfterLastWindowClosed()
@@ -116,23 +173,117 @@ void AppController::showMainWindow()
 
 void AppController::updateSelection()
 {
-    if (syncCheckbox->checkState() != Qt::Checked) return;
-    const ObjectHolder<TovArrayRef> selection(getFinderSelection());
-    if (TovArrayGetCount(selection.get()) != 1) return;
-    updateValuesForNewPath(asString(TovArrayGetValue(selection.get(), 0)));
+    intake_.passSelection();
 }
 
 TovArrayRef AppController::getFinderSelection()
 {
-    if (selection_ == nullptr) return nullptr;
-    const std::vector<std::string> selected = selection_->selectedPaths();
-    if (selected.empty()) return nullptr;
-    ObjectHolder<TovArrayRef> paths(TovArrayCreate());
-    for (const std::string& path : selected) {
-        const StringHolder text(createPathText(path));
-        TovArrayAppend(paths.get(), text.get());
+    return intake_.copySelection();
+}
+
+bool AppController::updateValuesForNewPath(TovStringRef path)
+{
+    if (path == nullptr || equalUnits(path, lastPath)) return false;
+    return show(pathBytes(path), TovStringGetCopy(path));
+}
+
+bool AppController::showPath(const std::string& path)
+{
+    if (lastPath != nullptr && path == path_) return false;
+    return show(path, createPathText(path));
+}
+
+// Shows the file at `path`; `text` is the same as a text, which becomes lastPath. The picture is
+// opened once: its facts, its place and its preview are those of one file.
+bool AppController::show(const std::string& path, TovStringRef text)
+{
+    TovStringRelease(&lastPath);
+    lastPath = text;
+    path_ = path;
+    reading_.begin(path);
+
+    PictureFile picture(path);
+    fields_.showName(path, text);
+    fields_.showFacts(picture.isOpen() ? gpsMakeFileFacts(picture.attributes())
+                                       : gpsReadFileFacts(text));
+    const bool isAccepted = acceptPath(text);
+    if (isAccepted) {
+        gpsPrepareInfoRecord(&info);
+        showPlaceRead(reading_.readPlace(picture, &info));
+    } else {
+        fields_.clearPosition();
+        fields_.clearPlaceTexts();
+        actions_.setEnabled(false);
     }
-    return paths.take();
+    // It comes through the event loop: the texts are there at once, and while the selection moves
+    // on quickly only the last picture is drawn.
+    reading_.requestPreview(std::move(picture));
+    return isAccepted;
+}
+
+// Shows what reading the place has come to, `status`, which has filled the record.
+void AppController::showPlaceRead(std::int32_t status)
+{
+    if (status == 0) {
+        fields_.showPlace(info);
+        gpsReleaseInfoRecord(&info);
+    }
+    const bool hasPlace = info.latti != 0.0 || info.longi != 0.0;
+    // Without a place its texts stay as they are: they may be those of the picture before. With one
+    // coordinate of zero the actions are there although nothing new was shown.
+    if (!hasPlace) fields_.clearPosition();
+    actions_.setEnabled(hasPlace);
+}
+
+void AppController::setupWebMenu()
+{
+    actions_.setupWebMenu();
+}
+
+void AppController::webMenuHit(std::int32_t itemIndex)
+{
+    actions_.openService(itemIndex);
+}
+
+void AppController::searchInSkallion()
+{
+    actions_.openCatalogue();
+}
+
+void AppController::exportToKML()
+{
+    actions_.exportKML();
+}
+
+void AppController::revealInGoogleEarth()
+{
+    actions_.flyGlobe();
+}
+
+void AppController::donate()
+{
+    opener_.open(QByteArrayLiteral(PINORAMA_DONATION_URL));
+}
+
+void AppController::poweredBySkallion()
+{
+    opener_.open(QByteArrayLiteral(PINORAMA_HOME_URL));
+}
+
+void AppController::showManual()
+{
+    const std::string manual =
+        std::filesystem::path(documentFolder() + "/manual.md").lexically_normal();
+    if (!QFile::exists(QFile::decodeName(manual.c_str()))) {
+        poweredBySkallion();
+        return;
+    }
+    opener_.open(QByteArray::fromStdString(fileURIOfPath(manual)));
+}
+
+void AppController::showAboutBox()
+{
+    appShowAboutBox(myWindow);
 }
 
 }  // namespace pinorama

@@ -1,5 +1,6 @@
-// The controller of the one window: every way that a path takes into the program ends here, and
-// everything that the window shows is put there from here.
+// The controller of the one window. It holds what is shown, and brings the four objects together
+// that do the work: PathIntake, through which every path comes in, FileFields, which show it,
+// PictureReading, which says what is still to come of it, and PlaceActions, which use its place.
 //
 // The window may be closed while the program runs: it is hidden then, its fields go on being kept
 // up to date, and whatever brings a path brings it back. Everything runs on the thread of the event
@@ -7,22 +8,22 @@
 
 #pragma once
 
-#include "app/selection_script.h"
+#include "app/file_fields.h"
+#include "app/path_intake.h"
+#include "app/picture_reading.h"
+#include "app/place_actions.h"
 #include "desktop/address_opener.h"
-#include "desktop/globe_programs.h"
-#include "globe/web_services.h"
 #include "lib/objects/collections.h"
 #include "lib/objects/string.h"
 #include "location/file_info_record.h"
-#include "previews/preview_loader.h"
 #include "selection/selection_source.h"
 
-#include <QByteArray>
 #include <QObject>
 #include <QTimer>
 
 #include <cstdint>
 #include <memory>
+#include <string>
 
 class QCheckBox;
 class QLabel;
@@ -35,9 +36,7 @@ class ElidedField;
 class MainWindow;
 class PictureField;
 class PopUpMenu;
-class ReadingNotice;
 class WrappedField;
-struct PropertyResult;
 
 class AppController : public QObject {
     Q_OBJECT
@@ -99,8 +98,11 @@ public:
     // Returns true when the path is new and its type accepted, with or without a location.
     bool updateValuesForNewPath(TovStringRef path);
 
-    // Whether the place or the preview of the file that is shown is still to come.
-    bool isReading() const;
+    // The same for a path in the bytes of the system.
+    bool showPath(const std::string& path);
+
+    // What is still to come of the file that is shown.
+    PictureReading& reading() { return reading_; }
 
     // Brings the window forward and shows a file. Returns what updateValuesForNewPath does.
     bool applicationOpenFile(TovStringRef path);
@@ -127,76 +129,30 @@ public Q_SLOTS:
     void donate();
     void poweredBySkallion();
 
-    // Opens the location in a service. `itemIndex` counts from 0 over the whole pop-up, its title
-    // item included; an item that is no service does nothing.
+    // The actions on the place; PlaceActions says what they do.
     void webMenuHit(std::int32_t itemIndex);
     void searchInSkallion();
-
-    // Asks the user where to save the location as a KML file. What is written is the picture that
-    // is shown now, even when another one is selected before the user has answered. A file that
-    // cannot be written is told at the foot of the window.
     void exportToKML();
-
-    // Flies the globe program to the location.
     void revealInGoogleEarth();
-
-    // Put the coordinate on the clipboard: as it is shown, and as signed decimal degrees for other
-    // programs.
-    void copyCoordinate();
-    void copyDecimalDegrees();
-
-    // Asks the user for a picture and shows it.
-    void openPicture();
 
     // Opens the manual that came with the program, else the home page.
     void showManual();
     void showAboutBox();
 
-    // Puts the preview of `path`, in raw bytes, into the window. It is dropped when another path
-    // has been shown since.
-    void showPreview(const QByteArray& path, const QPixmap& preview);
-
-    // Says in its place that pictures cannot be read, dropped in the same way. The general facts of
-    // the file stay.
-    void showReaderMissing(const QByteArray& path);
-
-    // Says that the picture could not be read, dropped in the same way.
-    void showReaderStuck(const QByteArray& path);
-
-    // Shows a place that took its time. It is dropped unless it is the one that is waited for, that
-    // of the path that is shown.
-    //
-    //   ticket  as of LateProperties.
-    void showLateLocation(std::uint32_t ticket, const PropertyResult& result);
-
 private:
     void connectOutlets();
-    void connectActions();
-    void connectReading();
-    void showAttributes(TovStringRef path);
-    void requestPreview();
-    void showLocationFound(std::int32_t status);
-    void showLocation();
-    void clearLocation();
-    void clearPlaceTexts();
-    void setLocationActions(bool enabled);
-    void forgetReading();
-    void awaitLocation();
-    void endReading();
-    void sayStillReading();
-    void sayNotRead();
-    ReadingNotice* readingNotice();
-    void openAddress(TovStringRef address);
+    void connectMenu();
+    bool show(const std::string& path, TovStringRef text);
+    void showPlaceRead(std::int32_t status);
 
     std::unique_ptr<MainWindow> window_;
-    SelectionSource* selection_;
+    std::string path_;  // the bytes of lastPath
     DesktopAddressOpener desktopOpener_;
-    AddressOpener* opener_;
-    GlobePrograms globes_;
-    PreviewLoader previews_;
-    std::uint32_t awaitedLocation_ = 0;       // the ticket of the place that is to come; 0 for none
-    QTimer slowPreview_;                      // runs out when a preview has taken long
-    ReadingNotice* readingNotice_ = nullptr;  // the window's; null until it is needed
+    AddressOpener& opener_;
+    FileFields fields_;
+    PictureReading reading_;
+    PlaceActions actions_;
+    PathIntake intake_;
 };
 
 }  // namespace pinorama

@@ -79,7 +79,7 @@ void reportWhenComplete(AppController& controller, const std::string& picture)
     QObject::connect(timer, &QTimer::timeout, &controller,
                      [&controller, picture, left = kReadingPatience]() mutable {
                          MainWindow& window = *controller.myWindow;
-                         const bool waits = left > 0 && controller.isReading();
+                         const bool waits = left > 0 && controller.reading().isGoingOn();
                          left -= kReadingInterval;
                          if (waits) return;
                          std::fputs(windowReport(window).c_str(), stdout);

@@ -40,12 +40,12 @@ void giveMnemonicsRoom(QMenu* menu)
 }
 
 // The last file of a drop; empty when it holds none.
-QByteArray fileOf(const QMimeData& data)
+std::string fileOf(const QMimeData& data)
 {
     const QByteArray list = data.data(QStringLiteral("text/uri-list"));
     const std::vector<std::string> paths =
         pathsOfURIList({list.constData(), static_cast<std::size_t>(list.size())});
-    return paths.empty() ? QByteArray() : QByteArray::fromStdString(paths.back());
+    return paths.empty() ? std::string() : paths.back();
 }
 }  // namespace
 
@@ -113,13 +113,13 @@ void MainWindow::changeEvent(QEvent* event)
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)
 {
     if (event->source() == fileIconField) return;  // it is shown already
-    if (!fileOf(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+    if (!fileOf(*event->mimeData()).empty()) event->acceptProposedAction();
 }
 
 void MainWindow::dropEvent(QDropEvent* event)
 {
-    const QByteArray path = fileOf(*event->mimeData());
-    if (path.isEmpty()) return;
+    const std::string path = fileOf(*event->mimeData());
+    if (path.empty()) return;
     event->acceptProposedAction();
     Q_EMIT fileDropped(path);
 }

@@ -4,10 +4,10 @@
 
 #include "ui_MainWindow.h"
 
-#include <QByteArray>
 #include <QMainWindow>
 
 #include <memory>
+#include <string>
 
 namespace pinorama {
 
@@ -26,8 +26,9 @@ public:
     void furnish();
 
 Q_SIGNALS:
-    // Files were dropped on the window; `path` is the last of them, absolute and in raw bytes.
-    void fileDropped(const QByteArray& path);
+    // Files were dropped on the window; `path` is the last of them, absolute and in the
+    // bytes of the system.
+    void fileDropped(const std::string& path);
 
 protected:
     void changeEvent(QEvent* event) override;

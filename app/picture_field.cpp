@@ -17,12 +17,11 @@ std::unique_ptr<QMimeData> PictureField::dragData() const
 {
     // Not QFile: a name that is no UTF-8 has no QString.
     std::error_code error;
-    if (!file_.startsWith('/') || !std::filesystem::exists(file_.toStdString(), error))
-        return nullptr;
+    if (!file_.starts_with('/') || !std::filesystem::exists(file_, error)) return nullptr;
     auto carried = std::make_unique<QMimeData>();
     // The raw bytes of the path: a name may be no UTF-8.
     carried->setData(QStringLiteral("text/uri-list"),
-                     QByteArray::fromStdString(fileURIOfPath(file_.toStdString())) + "\r\n");
+                     QByteArray::fromStdString(fileURIOfPath(file_)) + "\r\n");
     return carried;
 }
 

@@ -4,10 +4,10 @@
 
 #pragma once
 
-#include <QByteArray>
 #include <QLabel>
 
 #include <memory>
+#include <string>
 
 class QMimeData;
 
@@ -19,8 +19,8 @@ class PictureField : public QLabel {
 public:
     explicit PictureField(QWidget* parent = nullptr) : QLabel(parent) { setWordWrap(true); }
 
-    // The file that is dragged, an absolute path in raw bytes; empty for none.
-    void setFile(const QByteArray& path) { file_ = path; }
+    // The file that is dragged, an absolute path in the bytes of the system; empty for none.
+    void setFile(const std::string& path) { file_ = path; }
 
     // What a drag carries: the file's address. Null when there is no such file.
     std::unique_ptr<QMimeData> dragData() const;
@@ -31,7 +31,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QByteArray file_;
+    std::string file_;
     QPoint pressedAt_;
 };
 

@@ -3,8 +3,6 @@
 #include "app/app_controller.h"
 #include "app/command_line.h"
 #include "desktop/application_bus.h"
-#include "lib/files/path_text.h"
-#include "lib/strings/string_holder.h"
 
 #include <QCoreApplication>
 #include <QMimeData>
@@ -15,8 +13,8 @@ namespace pinorama {
 namespace {
 void openPath(AppController& controller, const std::string& path)
 {
-    const StringHolder text(createPathText(path));
-    controller.applicationOpenFile(text.get());
+    controller.showMainWindow();
+    controller.showPath(path);
 }
 
 void openText(AppController& controller, const QString& text)

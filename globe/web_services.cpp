@@ -29,16 +29,6 @@ bool isMissing(TovStringRef title, TovStringRef key)
 {
     return title == nullptr || TovStringCompare(title, key, 0) == 0;
 }
-
-double signedLatitude(const fileInfoRecord& info)
-{
-    return info.refLatti == 'S' ? -info.latti : info.latti;
-}
-
-double signedLongitude(const fileInfoRecord& info)
-{
-    return info.refLongi == 'W' ? -info.longi : info.longi;
-}
 }  // namespace
 
 TovStringRef appCopyServiceTitle(std::int32_t number)

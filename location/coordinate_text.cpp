@@ -20,10 +20,10 @@ TovStringRef makeTextUnlessZero(std::u16string_view format, double value)
     return value == 0.0 ? createString({}) : tovFormat(format, {value});
 }
 
-double signedDegrees(double value, bool isNegative)
+// Zero instead of a number that would print as minus zero.
+double withoutMinusZero(double value)
 {
-    if (std::fabs(value) <= kSmallestDecimal) return 0.0;
-    return isNegative ? -value : value;
+    return std::fabs(value) <= kSmallestDecimal ? 0.0 : value;
 }
 }  // namespace
 
@@ -52,8 +52,8 @@ TovStringRef gpsMakePositionText(const fileInfoRecord& record)
 
 TovStringRef gpsMakeDecimalDegreesText(const fileInfoRecord& record)
 {
-    return tovFormat(u"%.6f, %.6f", {signedDegrees(record.latti, record.refLatti == 'S'),
-                                     signedDegrees(record.longi, record.refLongi == 'W')});
+    return tovFormat(u"%.6f, %.6f", {withoutMinusZero(signedLatitude(record)),
+                                     withoutMinusZero(signedLongitude(record))});
 }
 
 TovStringRef gpsMakeAltitudeText(const fileInfoRecord& record)

@@ -18,3 +18,13 @@ void gpsReleaseInfoRecord(fileInfoRecord* record)
     TovStringRelease(&record->country);
     TovStringRelease(&record->description);
 }
+
+double pinorama::signedLatitude(const fileInfoRecord& record)
+{
+    return record.refLatti == 'S' ? -record.latti : record.latti;
+}
+
+double pinorama::signedLongitude(const fileInfoRecord& record)
+{
+    return record.refLongi == 'W' ? -record.longi : record.longi;
+}

@@ -30,3 +30,12 @@ void gpsPrepareInfoRecord(fileInfoRecord* record);
 
 // Releases the four texts and sets them to null; the numbers stay. Null is ignored.
 void gpsReleaseInfoRecord(fileInfoRecord* record);
+
+namespace pinorama {
+
+// Degrees with their sign: the magnitude, negated for 'S' and for 'W'. Every other letter leaves it
+// as it is, and zero in the south is -0.0.
+double signedLatitude(const fileInfoRecord& record);
+double signedLongitude(const fileInfoRecord& record);
+
+}  // namespace pinorama

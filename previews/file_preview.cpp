@@ -19,7 +19,7 @@ std::optional<QPixmap> previewOf(const std::string& path, QSizeF ofSize, qreal r
     if (box.width == 0) return QPixmap();
 
     ReaderClient& reader = cuPictureReader();
-    PreviewPlan plan(path, box);
+    PreviewPlan plan(path, PictureFile(path), box);
     while (plan.next()) {
         (void)reader.startPreview(plan.file().descriptor(), plan.kind(), plan.box());
         const PreviewResult result = reader.waitForPreview(kLongestWait);

@@ -1,6 +1,5 @@
 #include "previews/preview_loader.h"
 
-#include "lib/files/path_text.h"
 #include "lib/ui/file_icon.h"
 #include "previews/picture_reader.h"
 #include "previews/preview_plan.h"
@@ -44,20 +43,23 @@ PreviewLoader::PreviewLoader(QObject* parent) : QObject(parent)
 
 PreviewLoader::~PreviewLoader()
 {
-    request(nullptr, {}, 1);
+    cancel();
     store();
 }
 
-void PreviewLoader::request(TovStringRef path, QSizeF size, qreal ratio)
+void PreviewLoader::request(const std::string& path, PictureFile picture, QSizeF size, qreal ratio)
+{
+    cancel();
+    request_ = std::make_unique<Request>(Request{
+        path, size, ratio, PreviewPlan(path, std::move(picture), cuPixelsOfPoints(size, ratio))});
+    // The properties of the same picture are asked for first; the preview would be in their way.
+    timer_.start(0);
+}
+
+void PreviewLoader::cancel()
 {
     stopReading();
     request_.reset();
-    if (path == nullptr) return;
-    const std::string bytes = pathBytes(path);
-    request_ = std::make_unique<Request>(
-        Request{bytes, size, ratio, PreviewPlan(bytes, cuPixelsOfPoints(size, ratio))});
-    // The properties of the same picture are asked for first; the preview would be in their way.
-    timer_.start(0);
 }
 
 void PreviewLoader::settleForIcon()
@@ -96,7 +98,7 @@ void PreviewLoader::takeAnswer()
     if (!result) return;
     if (result->outcome == ReadOutcome::noReader) {
         const std::unique_ptr<Request> request = std::move(request_);
-        Q_EMIT readerMissing(QByteArray::fromStdString(request->path));
+        Q_EMIT readerMissing(request->path);
         return;
     }
     if (result->outcome == ReadOutcome::found) {
@@ -113,7 +115,7 @@ void PreviewLoader::takeAnswer()
     // The receiver may make the next request.
     const std::unique_ptr<Request> request = std::move(request_);
     if (result->outcome == ReadOutcome::stuck) {
-        Q_EMIT readerStuck(QByteArray::fromStdString(request->path));
+        Q_EMIT readerStuck(request->path);
         if (request_) return;
     }
     show(*request, std::nullopt);
@@ -144,8 +146,7 @@ void PreviewLoader::finish(const std::optional<QPixmap>& preview)
 void PreviewLoader::show(const Request& request, const std::optional<QPixmap>& preview)
 {
     Q_EMIT previewReady(
-        QByteArray::fromStdString(request.path),
-        preview ? *preview : cuIconOfItem(request.path, request.size, request.ratio));
+        request.path, preview ? *preview : cuIconOfItem(request.path, request.size, request.ratio));
 }
 
 }  // namespace pinorama

@@ -3,7 +3,6 @@
 
 #pragma once
 
-#include <QByteArray>
 #include <QObject>
 #include <QPixmap>
 #include <QSizeF>
@@ -11,8 +10,9 @@
 
 #include <memory>
 #include <optional>
+#include <string>
 
-#include "lib/objects/string.h"
+#include "pictures/picture_file.h"
 
 namespace pinorama {
 
@@ -25,13 +25,17 @@ public:
     explicit PreviewLoader(QObject* parent = nullptr);
     ~PreviewLoader() override;
 
-    // Asks for the picture of the file at `path` (absolute; null cancels only). An earlier request
-    // that is still under way is given up: its answer never comes. Returns at once; the work begins
-    // when the event loop runs again.
+    // Asks for the picture of a file. An earlier request that is still under way is cancelled.
+    // Returns at once; the work begins when the event loop runs again.
     //
-    //   size   points, as for imageWithPreviewOfFileAtPath.
-    //   ratio  device pixels per point.
-    void request(TovStringRef path, QSizeF size, qreal ratio);
+    //   path     absolute, in the bytes of the system.
+    //   picture  the file, open; one that is not open has its icon.
+    //   size     points, as for imageWithPreviewOfFileAtPath.
+    //   ratio    device pixels per point.
+    void request(const std::string& path, PictureFile picture, QSizeF size, qreal ratio);
+
+    // Gives up the request that is under way: nothing comes of it.
+    void cancel();
 
     // Gives up the request that is under way: previewReady brings the icon. Does nothing without
     // one.
@@ -42,16 +46,16 @@ public:
 
 Q_SIGNALS:
     // The picture for the last request: a preview, else the icon of the file's kind; null when
-    // memory runs out for a preview. `path` is in raw bytes.
-    void previewReady(const QByteArray& path, const QPixmap& picture);
+    // memory runs out for a preview.
+    void previewReady(const std::string& path, const QPixmap& picture);
 
     // Instead of previewReady: pictures cannot be read, because the program pinorama-reader is
     // missing or cannot start.
-    void readerMissing(const QByteArray& path);
+    void readerMissing(const std::string& path);
 
     // Before previewReady, which brings the icon then: the reader got nowhere with the file and was
     // killed.
-    void readerStuck(const QByteArray& path);
+    void readerStuck(const std::string& path);
 
 private:
     struct Request;

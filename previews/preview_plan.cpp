@@ -10,8 +10,6 @@
 #include <cstring>
 #include <utility>
 
-#include <sys/stat.h>
-
 namespace pinorama {
 namespace {
 // A card is a white frame of this share of its size around the preview, with a fine edge.
@@ -20,12 +18,6 @@ constexpr qreal kCardFrame = 1.0 / 24;
 int pixelsOf(qreal points, qreal ratio)
 {
     return static_cast<int>(std::clamp<qreal>(std::round(points * ratio), 1, kLargestPreviewSide));
-}
-
-std::int64_t modificationTime(int descriptor)
-{
-    struct stat status;
-    return fstat(descriptor, &status) == 0 ? status.st_mtim.tv_sec : 0;
 }
 
 // The image on the memory of `pixels`, which has to outlive it.
@@ -54,16 +46,15 @@ PixelSize cuPixelsOfPoints(QSizeF size, qreal ratio)
     return {pixelsOf(size.width(), ratio), pixelsOf(size.height(), ratio)};
 }
 
-PreviewPlan::PreviewPlan(std::string path, PixelSize box) : path_(std::move(path)), box_(box)
+PreviewPlan::PreviewPlan(std::string path, PictureFile picture, PixelSize box)
+    : path_(std::move(path)), box_(box), picture_(std::make_unique<PictureFile>(std::move(picture)))
 {
-    picture_ = std::make_unique<PictureFile>(path_);
     if (!picture_->isOpen()) {
         isFinished_ = true;
         return;
     }
-    mtime_ = modificationTime(picture_->descriptor());
-    for (ThumbnailPlace& place :
-         cuThumbnailPlaces(path_, mtime_, std::max(box.width, box.height))) {
+    for (ThumbnailPlace& place : cuThumbnailPlaces(path_, picture_->attributes().modified,
+                                                   std::max(box.width, box.height))) {
         places_.push_back(std::move(place));
     }
 }
@@ -100,7 +91,8 @@ void PreviewPlan::store(const PreviewAnswer& answer) const
     const int side = box_.width;
     const bool fillsTheBox = answer.image.width == side || answer.image.height == side;
     if (!answer.wasDecoded || box_.height != side || !fillsTheBox) return;
-    cuStoreThumbnail(path_, mtime_, picture_->size(), side, imageOn(answer.image));
+    cuStoreThumbnail(path_, picture_->attributes().modified, picture_->size(), side,
+                     imageOn(answer.image));
 }
 
 QPixmap cuPictureOfPreview(const QImage& preview, QSizeF size, qreal ratio, std::uint8_t asIcon)

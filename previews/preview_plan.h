@@ -25,9 +25,11 @@ PixelSize cuPixelsOfPoints(QSizeF size, qreal ratio);
 
 class PreviewPlan {
 public:
-    // Plans the preview of the file at `path` (absolute, in the bytes of the system) that fits into
-    // `box` pixels.
-    PreviewPlan(std::string path, PixelSize box);
+    // Plans the preview that fits into `box` pixels.
+    //
+    //   path     of the file, absolute, in the bytes of the system.
+    //   picture  the file, open; one that is not open has no preview.
+    PreviewPlan(std::string path, PictureFile picture, PixelSize box);
 
     // Goes on to the next file that is there to be read. False when there is none left: the file
     // has no preview.
@@ -50,8 +52,7 @@ public:
 private:
     std::string path_;
     PixelSize box_;
-    std::unique_ptr<PictureFile> picture_;
-    std::int64_t mtime_ = 0;
+    std::unique_ptr<PictureFile> picture_;  // `file_` points to it or to the thumbnail
     std::deque<ThumbnailPlace> places_;
     ThumbnailLabel label_;
     std::unique_ptr<PictureFile> thumbnail_;

@@ -42,10 +42,6 @@
 <context>
     <name>pinorama::AppController</name>
     <message>
-        <source>Open Picture</source>
-        <translation>Bild öffnen</translation>
-    </message>
-    <message>
         <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
         <translation>Bilder können nicht gelesen werden: Das Programm pinorama-reader startet nicht.</translation>
     </message>
@@ -232,6 +228,13 @@
     <message>
         <source>&amp;Dismiss</source>
         <translation>Ausb&amp;lenden</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::PathIntake</name>
+    <message>
+        <source>Open Picture</source>
+        <translation>Bild öffnen</translation>
     </message>
 </context>
 <context>

@@ -42,10 +42,6 @@
 <context>
     <name>pinorama::AppController</name>
     <message>
-        <source>Open Picture</source>
-        <translation>Abrir foto</translation>
-    </message>
-    <message>
         <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
         <translation>No se pueden leer las fotos: el programa pinorama-reader no se inicia.</translation>
     </message>
@@ -232,6 +228,13 @@
     <message>
         <source>&amp;Dismiss</source>
         <translation>&amp;Ocultar</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::PathIntake</name>
+    <message>
+        <source>Open Picture</source>
+        <translation>Abrir foto</translation>
     </message>
 </context>
 <context>

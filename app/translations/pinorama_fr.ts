@@ -42,10 +42,6 @@
 <context>
     <name>pinorama::AppController</name>
     <message>
-        <source>Open Picture</source>
-        <translation>Ouvrir une photo</translation>
-    </message>
-    <message>
         <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
         <translation>Impossible de lire les photos&#xa0;: le programme pinorama-reader ne démarre pas.</translation>
     </message>
@@ -232,6 +228,13 @@
     <message>
         <source>&amp;Dismiss</source>
         <translation>&amp;Masquer</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::PathIntake</name>
+    <message>
+        <source>Open Picture</source>
+        <translation>Ouvrir une photo</translation>
     </message>
 </context>
 <context>

@@ -42,10 +42,6 @@
 <context>
     <name>pinorama::AppController</name>
     <message>
-        <source>Open Picture</source>
-        <translation>Apri foto</translation>
-    </message>
-    <message>
         <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
         <translation>Impossibile leggere le foto: il programma pinorama-reader non si avvia.</translation>
     </message>
@@ -232,6 +228,13 @@
     <message>
         <source>&amp;Dismiss</source>
         <translation>&amp;Nascondi</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::PathIntake</name>
+    <message>
+        <source>Open Picture</source>
+        <translation>Apri foto</translation>
     </message>
 </context>
 <context>

@@ -42,10 +42,6 @@
 <context>
     <name>pinorama::AppController</name>
     <message>
-        <source>Open Picture</source>
-        <translation>写真を開く</translation>
-    </message>
-    <message>
         <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
         <translation>写真を読み込めません。プログラム pinorama-reader を起動できません。</translation>
     </message>
@@ -232,6 +228,13 @@
     <message>
         <source>&amp;Dismiss</source>
         <translation>閉じる(&amp;D)</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::PathIntake</name>
+    <message>
+        <source>Open Picture</source>
+        <translation>写真を開く</translation>
     </message>
 </context>
 <context>

@@ -67,7 +67,8 @@ protected:
         const pid_t before = cuPictureReader().processID();
         const bool isInTime = isQuickOfThree(path);
         const bool hasPicture = waitUntil([this] {
-            return !controller.isReading() && !controller.fileIconField->pixmap().isNull();
+            return !controller.reading().isGoingOn() &&
+                   !controller.fileIconField->pixmap().isNull();
         });
         if (cuPictureReader().processID() != before) {
             readersLost_++;

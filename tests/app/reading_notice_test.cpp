@@ -95,9 +95,9 @@ TEST_F(readingNoticeInTheWindow, standsAtItsFootAndTakesNeitherRoomNorFocusWitho
     const QRect checkBox = controller.syncCheckbox->geometry();
     const QWidget* const focus = controller.myWindow->focusWidget();
 
-    controller.showReaderStuck(QByteArray::fromStdString(folder.file("other.jpg")));
+    controller.reading().takeReaderStuck(folder.file("other.jpg"));
     EXPECT_EQ(controller.myWindow->findChild<ReadingNotice*>(), nullptr) << "of another file";
-    controller.showReaderStuck(QByteArray::fromStdString(folder.file("a.jpg")));
+    controller.reading().takeReaderStuck(folder.file("a.jpg"));
     auto* const line = controller.myWindow->findChild<ReadingNotice*>();
     ASSERT_NE(line, nullptr);
     EXPECT_TRUE(test::waitUntil([&] {

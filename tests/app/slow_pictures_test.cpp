@@ -89,7 +89,7 @@ protected:
 
     bool hasCome()
     {
-        return test::waitUntil([this] { return !controller.isReading(); });
+        return test::waitUntil([this] { return !controller.reading().isGoingOn(); });
     }
 
 private:
@@ -107,7 +107,7 @@ TEST_F(slowPictures, showTheirPlaceWhenItComes)
     EXPECT_NE(shown(controller.fileSizeField), "n.a.");
     EXPECT_EQ(shown(controller.gpsAltitudeField), "");
     expectLocationActions(false);
-    EXPECT_TRUE(controller.isReading());
+    EXPECT_TRUE(controller.reading().isGoingOn());
 
     ASSERT_TRUE(test::waitUntil([this] { return shown(controller.gpsAltitudeField) == "33 m"; }));
     EXPECT_EQ(shown(controller.gpsCoordinateField), "N 1\xC2\xB0 0' 0.0\"   E 2\xC2\xB0 0' 0.0\"");
@@ -164,10 +164,10 @@ TEST_F(slowPictures, dropAnswersForAnotherPath)
     PropertyResult late{ReadOutcome::found, {}};
     late.properties.hasGps = true;
     late.properties.latitude = late.properties.longitude = 5.0;
-    controller.showLateLocation(0, late);
-    controller.showLateLocation(4711, late);
+    controller.reading().takePlace(0, late);
+    controller.reading().takePlace(4711, late);
     EXPECT_EQ(shown(controller.gpsCoordinateField), "");
-    controller.showReaderStuck(QByteArray::fromStdString(good_));
+    controller.reading().takeReaderStuck(good_);
     EXPECT_EQ(notice(), "");
 }
 
@@ -207,7 +207,7 @@ TEST_F(slowPictures, leaveTheEventLoopRunning)
         const std::string path = slow("slow" + std::to_string(i) + ".jpg", 3000);
         const Ticker ticker;
         QTimer::singleShot(0, &controller, [this, path] { (void)show(path); });
-        EXPECT_TRUE(test::waitUntil([this] { return controller.isReading(); }));
+        EXPECT_TRUE(test::waitUntil([this] { return controller.reading().isGoingOn(); }));
         EXPECT_TRUE(hasCome());
         EXPECT_EQ(shown(controller.gpsAltitudeField), "33 m");
         longest = std::min(longest, ticker.longest);

@@ -31,21 +31,21 @@ public:
 class PreviewLoader : public test::PreviewTest {
 protected:
     struct Arrival {
-        QByteArray path;
+        std::string path;
         QPixmap picture;
     };
 
     PreviewLoader()
     {
         QObject::connect(&loader_, &pinorama::PreviewLoader::previewReady,
-                         [this](const QByteArray& path, const QPixmap& picture) {
+                         [this](const std::string& path, const QPixmap& picture) {
                              arrivals_.push_back({path, picture});
                          });
     }
 
     void request(const std::string& path, qreal ratio = 1)
     {
-        loader_.request(test::text(path).get(), kSize, ratio);
+        loader_.request(path, PictureFile(path), kSize, ratio);
     }
 
     // Lets the event loop run until so many pictures have arrived in all.
@@ -80,7 +80,7 @@ TEST_F(PreviewLoader, answersThroughTheEventLoop)
     EXPECT_TRUE(arrivals_.empty());
     wait();
     ASSERT_EQ(arrivals_.size(), 1u);
-    EXPECT_EQ(arrivals_[0].path.toStdString(), path);
+    EXPECT_EQ(arrivals_[0].path, path);
     EXPECT_EQ(arrivals_[0].picture.size(), QSize(256, 171));
     EXPECT_EQ(arrivals_[0].picture.devicePixelRatio(), 2);
     EXPECT_TRUE(test::areNear(quartersOf(arrivals_[0].picture), kCorners));
@@ -106,7 +106,7 @@ TEST_F(PreviewLoader, storesAPreviewThatIsLeftEarly)
         pinorama::PreviewLoader loader;
         QObject::connect(&loader, &pinorama::PreviewLoader::previewReady,
                          [&] { hasArrived = true; });
-        loader.request(test::text(path).get(), kSize, 1);
+        loader.request(path, PictureFile(path), kSize, 1);
         EXPECT_TRUE(test::waitUntil([&] { return hasArrived; }));
     }
     EXPECT_TRUE(std::filesystem::exists(cachePath("normal", "file://" + path)));
@@ -120,13 +120,13 @@ TEST_F(PreviewLoader, answersTheLastRequestOnly)
     wait();
     settle();
     ASSERT_EQ(arrivals_.size(), 1u);
-    EXPECT_EQ(arrivals_[0].path.toStdString(), last);
+    EXPECT_EQ(arrivals_[0].path, last);
 }
 
-TEST_F(PreviewLoader, aNullPathCancels)
+TEST_F(PreviewLoader, cancelsARequest)
 {
     request(picture());
-    loader_.request(nullptr, kSize, 1);
+    loader_.cancel();
     settle();
     EXPECT_TRUE(arrivals_.empty());
 }
@@ -166,7 +166,7 @@ TEST_F(PreviewLoader, answersWithNullAndNoIconWhenMemoryRunsOutForAPreview)
     EXPECT_TRUE(baseAllocationHasFailed());
     baseFailAllocation(0);
     ASSERT_EQ(arrivals_.size(), 1u);
-    EXPECT_EQ(arrivals_[0].path.toStdString(), path);
+    EXPECT_EQ(arrivals_[0].path, path);
     EXPECT_TRUE(arrivals_[0].picture.isNull());
 }
 
@@ -184,7 +184,7 @@ TEST_F(PreviewLoader, givesUpAPreviewThatIsUnderWay)
     wait();
     settle();
     ASSERT_EQ(arrivals_.size(), 1u);
-    EXPECT_EQ(arrivals_[0].path.toStdString(), last);
+    EXPECT_EQ(arrivals_[0].path, last);
 }
 
 TEST_F(PreviewLoader, startsAgainWhenAPreviewThatIsWaitedForTookThePlace)
@@ -199,31 +199,31 @@ TEST_F(PreviewLoader, startsAgainWhenAPreviewThatIsWaitedForTookThePlace)
     EXPECT_TRUE(arrivals_.empty());
     wait();
     ASSERT_EQ(arrivals_.size(), 1u);
-    EXPECT_EQ(arrivals_[0].path.toStdString(), path);
+    EXPECT_EQ(arrivals_[0].path, path);
 }
 
 TEST_F(PreviewLoader, startsAgainWhenAnotherOneTookThePlaceAndCancels)
 {
     const std::string path = picture("a.jpg");
-    const test::Text otherPath = test::text(picture("b.jpg"));
+    const std::string otherPath = picture("b.jpg");
     {
         const HeldReader held;
         request(path);
         const std::uint32_t ticket = untilItIsUnderWay();
         pinorama::PreviewLoader other;
-        other.request(otherPath.get(), kSize, 1);
+        other.request(otherPath, PictureFile(otherPath), kSize, 1);
         untilItIsUnderWay(ticket);
     }
     wait();
     ASSERT_EQ(arrivals_.size(), 1u);
-    EXPECT_EQ(arrivals_[0].path.toStdString(), path);
+    EXPECT_EQ(arrivals_[0].path, path);
 }
 
 TEST_F(PreviewLoader, tellsThatThereIsNoReaderAndAnswersNothing)
 {
-    std::vector<QByteArray> told;
+    std::vector<std::string> told;
     QObject::connect(&loader_, &pinorama::PreviewLoader::readerMissing,
-                     [&](const QByteArray& path) { told.push_back(path); });
+                     [&](const std::string& path) { told.push_back(path); });
     const std::string path = picture();
     {
         const test::ScopedVariable reader("PINORAMA_READER", "/nowhere/pinorama-reader");
@@ -233,7 +233,7 @@ TEST_F(PreviewLoader, tellsThatThereIsNoReaderAndAnswersNothing)
         settle();
     }
     ASSERT_EQ(told.size(), 1u);
-    EXPECT_EQ(told[0].toStdString(), path);
+    EXPECT_EQ(told[0], path);
     EXPECT_TRUE(arrivals_.empty());
 
     cuPictureReader().stop();
@@ -260,8 +260,8 @@ TEST_F(PreviewLoader, comesHoweverLongTheDiskTakes)
 
 TEST_F(PreviewLoader, tellsOfAReaderThatIsStuckAndAnswersWithTheIcon)
 {
-    std::vector<QByteArray> told;
-    QObject::connect(&loader_, &pinorama::PreviewLoader::readerStuck, [&](const QByteArray& path) {
+    std::vector<std::string> told;
+    QObject::connect(&loader_, &pinorama::PreviewLoader::readerStuck, [&](const std::string& path) {
         told.push_back(path);
         EXPECT_TRUE(arrivals_.empty());
     });
@@ -281,7 +281,7 @@ TEST_F(PreviewLoader, tellsOfAReaderThatIsStuckAndAnswersWithTheIcon)
     ASSERT_EQ(arrivals_.size(), 1u);
     EXPECT_EQ(arrivals_[0].picture.size(), QSize(128, 128));
     ASSERT_EQ(told.size(), 1u);
-    EXPECT_EQ(told[0].toStdString(), path);
+    EXPECT_EQ(told[0], path);
 }
 
 TEST_F(PreviewLoader, settlesForTheIcon)
@@ -307,7 +307,7 @@ TEST_F(PreviewLoader, mayBeAskedAgainByTheReceiver)
     request(picture("a.jpg"));
     wait(2);
     ASSERT_EQ(arrivals_.size(), 2u);
-    EXPECT_EQ(arrivals_[1].path.toStdString(), second);
+    EXPECT_EQ(arrivals_[1].path, second);
 }
 
 }  // namespace pinorama::tests

@@ -1,0 +1,149 @@
+#include "app/place_actions.h"
+
+#include "app/export_dialog.h"
+#include "app/export_notice.h"
+#include "app/main_window.h"
+#include "globe/fly_to.h"
+#include "globe/google_earth_connector.h"
+#include "globe/kml_file.h"
+#include "globe/web_services.h"
+#include "lib/strings/string_holder.h"
+#include "lib/ui/qt_text.h"
+#include "location/coordinate_text.h"
+#include "location/file_name.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QFile>
+#include <QGuiApplication>
+
+#include <cerrno>
+
+namespace pinorama {
+
+PlaceActions::PlaceActions(MainWindow& window, AddressOpener& opener, Shown shown)
+    : window_(window), opener_(opener), shown_(shown), globes_(opener)
+{
+    connectControls();
+    connectCopying();
+    connect(&globes_, &GlobePrograms::busyChanged, this, [this](bool isBusy) {
+        if (isBusy) {
+            window_.setCursor(Qt::BusyCursor);
+        } else {
+            window_.unsetCursor();
+        }
+    });
+    gpsSetGlobeLink([this](const GlobeView& view) { globes_.show(view); });
+}
+
+PlaceActions::~PlaceActions()
+{
+    gpsSetGlobeLink({});
+}
+
+void PlaceActions::connectControls()
+{
+    connect(window_.showInGEButton, &QPushButton::clicked, this, &PlaceActions::flyGlobe);
+    connect(window_.showInGEAction, &QAction::triggered, this, &PlaceActions::flyGlobe);
+    connect(window_.searchInTovButton, &QPushButton::clicked, this, &PlaceActions::openCatalogue);
+    connect(window_.searchInTovAction, &QAction::triggered, this, &PlaceActions::openCatalogue);
+    connect(window_.exportKMLButton, &QPushButton::clicked, this, &PlaceActions::exportKML);
+    connect(window_.exportKMLAction, &QAction::triggered, this, &PlaceActions::exportKML);
+    connect(window_.webServicesMenu, &PopUpMenu::chosen, this, &PlaceActions::openService);
+    connect(window_.webServicesAction, &QAction::triggered, window_.webServicesMenu,
+            &PopUpMenu::showPopup);
+}
+
+void PlaceActions::connectCopying()
+{
+    connect(window_.copyCoordinateAction, &QAction::triggered, this, &PlaceActions::copyCoordinate);
+    connect(window_.copyDecimalAction, &QAction::triggered, this,
+            &PlaceActions::copyDecimalDegrees);
+    const WrappedField* coordinate = window_.gpsCoordinateField;
+    for (QAction* action : {window_.copyCoordinateAction, window_.copyDecimalAction}) {
+        window_.gpsCoordinateField->addAction(action);
+        connect(coordinate, &WrappedField::textChanged, action,
+                [coordinate, action] { action->setEnabled(!coordinate->text().isEmpty()); });
+    }
+}
+
+void PlaceActions::setEnabled(bool enabled)
+{
+    for (QWidget* control :
+         std::initializer_list<QWidget*>{window_.showInGEButton, window_.searchInTovButton,
+                                         window_.exportKMLButton, window_.webServicesMenu}) {
+        control->setEnabled(enabled);
+    }
+    for (QAction* action : {window_.showInGEAction, window_.searchInTovAction,
+                            window_.exportKMLAction, window_.webServicesAction}) {
+        action->setEnabled(enabled);
+    }
+    window_.geoTagField->setVisible(enabled);
+}
+
+void PlaceActions::setupWebMenu()
+{
+    for (std::int32_t number = 1;; ++number) {
+        const StringHolder title(appCopyServiceTitle(number));
+        if (!title) return;
+        window_.webServicesMenu->addItem(cuTextUnits(title.get()));
+    }
+}
+
+void PlaceActions::openService(std::int32_t itemIndex)
+{
+    const PopUpMenu* menu = window_.webServicesMenu;
+    if (itemIndex < 0 || itemIndex >= menu->count()) return;
+    const StringHolder title(cuCreateText(menu->itemText(itemIndex)));
+    const StringHolder urlTemplate(appCopyServiceTemplate(title.get()));
+    const StringHolder url(appMakeWebServiceURL(urlTemplate.get(), &shown_.info, shown_.path));
+    openURL(url.get());
+}
+
+void PlaceActions::openCatalogue()
+{
+    const StringHolder url(appMakeCatalogueURL(&shown_.info));
+    openURL(url.get());
+}
+
+void PlaceActions::openURL(TovStringRef url)
+{
+    if (url != nullptr) opener_.open(cuTextUnits(url).toUtf8());
+}
+
+void PlaceActions::exportKML()
+{
+    const StringHolder name(gpsCopyFileName(shown_.path));
+    const StringHolder proposed(appMakeKMLFileName(name.get()));
+    // The dialog leaves the event loop running, so the selection may move on behind it: copies.
+    auto* dialog = new ExportDialog(
+        cuDisplayText(proposed.get()),
+        [this, info = shown_.info, pictureName = cuTextUnits(name.get())](const QString& file) {
+            const StringHolder title(cuCreateText(pictureName));
+            const bool isSaved =
+                gpsSaveKML(QFile::encodeName(file).toStdString(), info, title.get());
+            showExportResult(window_, file, isSaved ? 0 : errno);
+        },
+        &window_);
+    dialog->open();
+}
+
+void PlaceActions::flyGlobe()
+{
+    const fileInfoRecord& info = shown_.info;
+    (void)gpsFlyGoogleEarthToLocation(signedLatitude(info), signedLongitude(info), info.azimuth,
+                                      info.tilt, info.distance);
+}
+
+void PlaceActions::copyCoordinate()
+{
+    QGuiApplication::clipboard()->setText(window_.gpsCoordinateField->text());
+}
+
+void PlaceActions::copyDecimalDegrees()
+{
+    const StringHolder degrees(gpsMakeDecimalDegreesText(shown_.info));
+    QGuiApplication::clipboard()->setText(cuTextUnits(degrees.get()));
+}
+
+}  // namespace pinorama

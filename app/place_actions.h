@@ -1,0 +1,72 @@
+// What one can do with the place of the picture that is shown: open it in a map service or in the
+// cataloguing program, fly a globe program to it, export it, and copy its coordinate. The buttons
+// and menu items of the window lead here.
+
+#pragma once
+
+#include "desktop/address_opener.h"
+#include "desktop/globe_programs.h"
+#include "location/file_info_record.h"
+
+#include <QObject>
+
+#include <cstdint>
+
+namespace pinorama {
+
+class MainWindow;
+
+class PlaceActions : public QObject {
+    Q_OBJECT
+
+public:
+    // What is shown at the moment of an action; kept up to date by whoever shows it.
+    struct Shown {
+        const fileInfoRecord& info;
+        const TovStringRef& path;
+    };
+
+    // Connects the controls of the window, which has its views. All arguments, and what `shown`
+    // refers to, live longer.
+    PlaceActions(MainWindow& window, AddressOpener& opener, Shown shown);
+    ~PlaceActions() override;
+
+    // Enables or disables the controls, and shows or hides the marker of a place.
+    void setEnabled(bool enabled);
+
+    // Appends the services to the pop-up.
+    void setupWebMenu();
+
+public Q_SLOTS:
+    // Opens the location in a service. `itemIndex` counts from 0 over the whole pop-up, its title
+    // item included; an item that is no service does nothing.
+    void openService(std::int32_t itemIndex);
+
+    // Asks the cataloguing program for the pictures nearby.
+    void openCatalogue();
+
+    // Asks the user where to save the location as a KML file. What is written is the picture that
+    // is shown now, even when another one is selected before the user has answered. The foot of the
+    // window says when a file cannot be written.
+    void exportKML();
+
+    // Flies the globe program to the location.
+    void flyGlobe();
+
+    // Put the coordinate on the clipboard: as it is shown, and as signed decimal degrees for other
+    // programs.
+    void copyCoordinate();
+    void copyDecimalDegrees();
+
+private:
+    void connectControls();
+    void connectCopying();
+    void openURL(TovStringRef url);
+
+    MainWindow& window_;
+    AddressOpener& opener_;
+    Shown shown_;
+    GlobePrograms globes_;
+};
+
+}  // namespace pinorama

@@ -1,0 +1,82 @@
+#include "app/path_intake.h"
+
+#include "tests/app/controller_fixture.h"
+
+#include <QMimeData>
+
+// The suites are named after what they test, which they hide here.
+namespace pinorama::tests {
+
+class PathIntake : public testing::Test {
+protected:
+    PathIntake()
+    {
+        QObject::connect(&intake_, &pinorama::PathIntake::pathFound,
+                         [this](const std::string& path) { found_.push_back(path); });
+        QObject::connect(&intake_, &pinorama::PathIntake::pathOpened,
+                         [this](const std::string& path) { opened_.push_back(path); });
+        window_.syncCheckbox->setChecked(true);
+    }
+
+    using Paths = std::vector<std::string>;
+
+    MainWindow window_;
+    test::ChosenSelection selection_;
+    pinorama::PathIntake intake_{window_, &selection_};
+    Paths found_;
+    Paths opened_;
+};
+
+TEST_F(PathIntake, passesASelectionOfOneOnInItsBytes)
+{
+    for (const Paths& selected : {Paths{}, Paths{"/a.jpg", "/b.jpg"}, Paths{"/\xff.jpg"}}) {
+        selection_.paths = selected;
+        intake_.passSelection();
+    }
+    EXPECT_EQ(found_, Paths{"/\xff.jpg"});
+    EXPECT_TRUE(opened_.empty());
+}
+
+TEST_F(PathIntake, asksNobodyWhileTheCheckBoxIsOff)
+{
+    selection_.paths = {"/a.jpg"};
+    window_.syncCheckbox->setTristate(true);
+    for (const Qt::CheckState state : {Qt::Unchecked, Qt::PartiallyChecked}) {
+        window_.syncCheckbox->setCheckState(state);
+        intake_.passSelection();
+    }
+    EXPECT_EQ(selection_.questions, 0);
+    EXPECT_TRUE(found_.empty());
+}
+
+TEST_F(PathIntake, livesWithoutASelection)
+{
+    pinorama::PathIntake alone(window_, nullptr);
+    alone.passSelection();
+    EXPECT_EQ(alone.copySelection(), nullptr);
+}
+
+TEST_F(PathIntake, passesAPlainTextOnAsItStands)
+{
+    QMimeData text;
+    text.setText(QStringLiteral(" /a b%20.jpg\n"));
+    intake_.passText(&text);
+    QMimeData empty;
+    empty.setText(QString());
+    QMimeData files;
+    files.setData(QStringLiteral("text/uri-list"), "file:///c.jpg\r\n");
+    for (const QMimeData* other :
+         std::initializer_list<const QMimeData*>{&empty, &files, nullptr}) {
+        intake_.passText(other);
+    }
+    EXPECT_EQ(found_, Paths{" /a b%20.jpg\n"});
+}
+
+TEST_F(PathIntake, passesADroppedFileOnAsOpened)
+{
+    Q_EMIT window_.fileDropped("/\xff.jpg");
+    EXPECT_EQ(opened_, Paths{"/\xff.jpg"});
+    EXPECT_TRUE(found_.empty());
+}
+
+}  // namespace pinorama::tests
