@@ -20,6 +20,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -137,6 +138,8 @@ using namespace pinorama;
 
 int main(int argc, char** argv)
 {
+    // A write beyond a limit on the size of files fails and is reported; the program goes on.
+    (void)std::signal(SIGXFSZ, SIG_IGN);
     // Help and version need no display.
     std::string error;
     const std::vector<std::string> all(argv + std::min(argc, 1), argv + argc);

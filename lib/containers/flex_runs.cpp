@@ -7,9 +7,9 @@
 
 namespace {
 struct Run {
-    std::uint32_t start;  // location of its first header
-    std::uint32_t end;    // location behind its last item
-    bool isLast;          // no item of another ID follows
+    std::uint32_t start = 0;  // location of its first header
+    std::uint32_t end = 0;    // location after its last item
+    bool isLast = false;      // no item of another ID follows
 };
 
 bool findRun(const FlexDynArray* flex, std::uint32_t itemID, Run* outRun)

@@ -137,6 +137,20 @@ TEST(program, printsWhatTheWindowShowsAndSavesItsPicture)
     EXPECT_GT(picture.width(), 300);
 }
 
+TEST(program, saysThatAnImageFindsNoRoomUnderALimitOnTheSizeOfFiles)
+{
+    const test::TemporaryFolder folder;
+    const test::ProgramResult result = test::runProgram(
+        {.command = {"/bin/sh", "-c", "ulimit -f 1; exec \"$0\" \"$@\"", PINORAMA_PROGRAM,
+                     "--print-and-save", folder.file("window.png"),
+                     PINORAMA_SAMPLES "/Westernmost evening.jpg"},
+         .variables = {kSystemLocale}});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_NE(result.out.find("\nPreview: shown\n"), std::string::npos) << result.out;
+    EXPECT_NE(result.err.find("window.png: the image cannot be saved"), std::string::npos)
+        << result.err;
+}
+
 TEST(program, takesArgumentsOfAnySize)
 {
     const test::TemporaryFolder folder;
