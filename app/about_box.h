@@ -1,4 +1,4 @@
-// The box that tells what the program is, its version, its licence and its libraries.
+// The box that says what the program is, its version, its licence and its libraries.
 
 #pragma once
 

@@ -44,7 +44,7 @@ class AppController : public QObject {
 public:
     // Makes the window, hidden, and connects the outlets.
     //
-    //   selection  tells what is selected in the file manager; borrowed, null for nothing ever.
+    //   selection  what is selected in the file manager; borrowed, null for nothing ever.
     //   opener     opens web addresses; borrowed, null for the desktop's own way.
     //   window     the window when it was shown ahead; it gets its views. Null for a new one.
     explicit AppController(SelectionSource* selection = nullptr, AddressOpener* opener = nullptr,

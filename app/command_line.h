@@ -1,4 +1,4 @@
-// What the program is told when it is started. Arguments are raw bytes, as paths are.
+// What the command line asks of the program. Arguments are raw bytes, as paths are.
 
 #pragma once
 
@@ -18,7 +18,7 @@ struct CommandLine {
     std::vector<std::string> paths;           // absolute
 };
 
-// Reads the arguments behind the program's name. An option's value follows it as the next argument
+// Reads the arguments after the program's name. An option's value follows it as the next argument
 // or after "="; "--" ends the options. A relative path becomes absolute, a file URI the path it
 // names; an empty argument is left out.
 //

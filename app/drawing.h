@@ -11,7 +11,7 @@
 
 namespace pinorama {
 
-// Reads a PAM file (Netpbm) of the kind RGB_ALPHA, 8 bits each. Null when it is none.
+// Reads a PAM file (Netpbm) of the kind RGB_ALPHA, 8 bits each. Null for anything else.
 QImage readDrawing(const QString& file);
 
 // An icon of the drawing `name` in the sizes that exist of it, in pixels.

@@ -8,7 +8,7 @@ namespace pinorama {
 // Registers "1" as the default.
 void appRegisterFinderSyncDefault();
 
-// The stored value, else the registered one, else off. On is a text that begins, behind blanks, a
+// The stored value, else the registered one, else off. On is a text that begins, after blanks, a
 // sign and zeros, with a digit or with one of the letters Y and T in either case.
 bool appLoadFinderSync();
 

@@ -23,7 +23,7 @@ constexpr int kMarkerSize = 32;  // points
 
 constexpr QSize kUsualSize(600, 440);
 
-// Big enough for everything, as far as that can be told without looking for a font.
+// Big enough for everything, as far as one can know without looking for a font.
 QSize likelySize()
 {
     constexpr double kUsualFont = 10;  // points
@@ -59,7 +59,7 @@ MainWindow::MainWindow(Empty /*views*/)
     setWindowTitle(QStringLiteral("Pinorama"));
     resize(likelySize());
     show();
-    // Not for the answer: what was told to the screen before a question is on its way with it.
+    // Not for the reply: a question to the display takes along what was sent before it.
     (void)QGuiApplication::queryKeyboardModifiers();
 }
 

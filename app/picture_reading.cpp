@@ -10,7 +10,7 @@
 namespace pinorama {
 namespace {
 constexpr QSizeF kPreviewSize(128, 128);  // points
-// A large picture takes its time on any disk; nobody needs to be told at once.
+// A large picture takes its time on any disk; the window need not say so at once.
 constexpr int kSlowPreview = 1500;  // milliseconds
 }  // namespace
 

@@ -115,7 +115,7 @@ void PlaceActions::exportKML()
 {
     const StringHolder name(gpsCopyFileName(shown_.path));
     const StringHolder proposed(appMakeKMLFileName(name.get()));
-    // The dialog leaves the event loop running, so the selection may move on behind it: copies.
+    // The dialog leaves the event loop running, so the selection may move on meanwhile: copies.
     auto* dialog = new ExportDialog(
         cuDisplayText(proposed.get()),
         [this, info = shown_.info, pictureName = cuTextUnits(name.get())](const QString& file) {

@@ -12,7 +12,7 @@ class MainWindow;
 // English captions in every language, so that scripts can rely on them; texts are as shown.
 std::string windowReport(const MainWindow& window);
 
-// Draws the window as it is into a picture file whose type its name tells. False on failure.
+// Draws the window as it is into an image file of the type that its name says. False on failure.
 bool saveWindowPicture(MainWindow& window, const std::string& path);
 
 }  // namespace pinorama

@@ -18,7 +18,7 @@
 //          gpsSaveKML (globe/kml_file.h) hands over names that are safe. An empty name is a name.
 [[nodiscard]] TovStringRef gpsMakeKMLDocument(const fileInfoRecord* info, TovStringRef name);
 
-// Appends the head of the document, up to and including the two styles, to the mutable `*document`.
+// Appends the opening of the document, up to and including the two styles, to the mutable `*document`.
 // Without a name the document is called "Pinorama Export.kml".
 void gpsInsertKmlHeader(TovStringRef* document, TovStringRef name);
 

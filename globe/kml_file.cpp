@@ -36,6 +36,6 @@ bool gpsSaveKML(const std::string& path, const fileInfoRecord& info, TovStringRe
         const StringHolder unfinished(createPathText(file.unfinishedPath()));
         GoogleEarthConnector::exportToKML(unfinished.get(), &info, name.get());
     }
-    // The export reports nothing. Writing what it could not write tells why it could not.
+    // The export reports nothing. Writing what it could not write shows why.
     return (file.contentIs(bytes) || file.write(bytes)) && file.finish();
 }

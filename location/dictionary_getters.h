@@ -29,7 +29,7 @@ bool convGetBoolean(TovTypeRef container, TovStringRef key);
 VardenTime convGetVDTime(TovTypeRef container, TovStringRef key);
 VardenTime convGetDate(TovTypeRef container, TovStringRef key);
 
-// The number at `index` of an array; 0 also out of range and when `array` is none.
+// The number at `index` of an array; 0 also out of range and when `array` is no array.
 std::uint32_t convGetNumberFromArray(TovTypeRef array, std::int32_t index);
 
 // The text itself, borrowed: it lives as long as the dictionary.

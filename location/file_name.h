@@ -4,7 +4,7 @@
 
 #include "lib/objects/string.h"
 
-// Returns a new text: the last component of a path, without the slashes at its end (a file manager
-// writes them behind folders). "/" for a path of nothing but slashes, empty for an empty one, null
+// Returns a new text: the last component of a path, without the slashes at its end (file managers
+// write them after folders). "/" for a path of nothing but slashes, empty for an empty one, null
 // for null and when memory runs out.
 [[nodiscard]] TovStringRef gpsCopyFileName(TovStringRef path);

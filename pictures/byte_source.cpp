@@ -17,12 +17,12 @@ constexpr std::uint64_t kWindowAlignment = 4096;
 
 MemoryByteSource::MemoryByteSource(ByteView bytes) : ByteSource(bytes.size())
 {
-    head_ = {0, bytes.size(), bytes.data()};
+    start_ = {0, bytes.size(), bytes.data()};
 }
 
 ByteView MemoryByteSource::load(std::uint64_t, std::size_t)
 {
-    return {};  // the head is everything
+    return {};  // the start is everything
 }
 
 // The buffers are filled by reading and deliberately not before.
@@ -33,9 +33,9 @@ FileByteSource::FileByteSource(int descriptor, std::uint64_t size)
 
 ByteView FileByteSource::load(std::uint64_t offset, std::size_t length)
 {
-    if (head_.bytes == nullptr) {
-        head_ = {0, readInto(headBytes_, 0), headBytes_.data()};
-        if (const std::uint8_t* bytes = head_.find(offset, length)) return {bytes, length};
+    if (start_.bytes == nullptr) {
+        start_ = {0, readInto(startBytes_, 0), startBytes_.data()};
+        if (const std::uint8_t* bytes = start_.find(offset, length)) return {bytes, length};
     }
 
     const std::uint64_t aligned = offset - offset % kWindowAlignment;
@@ -78,8 +78,8 @@ ByteBlock ByteBlock::part(std::uint64_t offset, std::uint64_t length) const
 
 bool ByteBlock::beginsWith(ByteView bytes) const
 {
-    const ByteView head = view(0, bytes.size());
-    return head.size() == bytes.size() && std::equal(head.begin(), head.end(), bytes.begin());
+    const ByteView start = view(0, bytes.size());
+    return start.size() == bytes.size() && std::equal(start.begin(), start.end(), bytes.begin());
 }
 
 }  // namespace pinorama

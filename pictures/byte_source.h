@@ -16,8 +16,8 @@ using ByteView = std::span<const std::uint8_t>;
 // The longest view that can be asked for: a JPEG segment at its largest fits into it.
 constexpr std::size_t kLongestView = 65536;
 
-// The bytes of one picture. Two windows onto them are held: the head, which stays, and one that
-// follows the requests.
+// The bytes of one picture. Two windows onto them are held: the start of the file, which stays, and
+// one that follows the requests.
 class ByteSource {
 public:
     virtual ~ByteSource() = default;
@@ -31,7 +31,7 @@ public:
     ByteView view(std::uint64_t offset, std::size_t length)
     {
         if (offset > size_ || length > size_ - offset || length > kLongestView) return {};
-        if (const std::uint8_t* bytes = head_.find(offset, length)) return {bytes, length};
+        if (const std::uint8_t* bytes = start_.find(offset, length)) return {bytes, length};
         if (const std::uint8_t* bytes = moving_.find(offset, length)) return {bytes, length};
         return load(offset, length);
     }
@@ -56,7 +56,7 @@ protected:
     virtual ByteView load(std::uint64_t offset, std::size_t length) = 0;
 
     const std::uint64_t size_;
-    Window head_;
+    Window start_;
     Window moving_;
 };
 
@@ -93,7 +93,7 @@ private:
 
     const int descriptor_;
     int readCount_ = 0;
-    std::array<std::uint8_t, kLongestView> headBytes_;
+    std::array<std::uint8_t, kLongestView> startBytes_;
     std::array<std::uint8_t, kLongestView> movingBytes_;
 };
 

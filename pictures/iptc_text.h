@@ -1,4 +1,4 @@
-// Texts out of metadata bytes, when the character set has to be told from the text itself.
+// Texts out of metadata bytes, when the character set has to be found from the text itself.
 
 #pragma once
 
@@ -15,7 +15,7 @@ std::u16string decodeUndeclaredText(ByteView bytes);
 
 // Decodes bytes that are declared to be UTF-8, up to the first zero byte. A last character that was
 // cut in the middle is left out; when the rest is no UTF-8 either, the declaration is wrong and the
-// text is told as an undeclared one.
+// text is read as an undeclared one.
 std::u16string decodeUTF8Text(ByteView bytes);
 
 }  // namespace pinorama

@@ -76,7 +76,7 @@ private:
     }
 
     ByteBlock jpeg_;
-    std::uint64_t position_ = 2;  // behind the start of the image
+    std::uint64_t position_ = 2;  // after the start of the image
     std::uint64_t foreignBytes_ = 0;
 };
 }  // namespace

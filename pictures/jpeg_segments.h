@@ -22,7 +22,7 @@ bool isJpeg(const ByteBlock& picture);
 
 // Looks through the segments of the first image in `jpeg` up to its picture data. As decoders do,
 // it steps over fill bytes and a little foreign matter between segments; a segment that claims to
-// go on behind the end is cut there.
+// go on after the end is cut there.
 // Source: ITU-T T.81, Annex B; Exif 2.32, 4.7.
 JpegMetadata findJpegMetadata(const ByteBlock& jpeg);
 

@@ -26,11 +26,11 @@ ByteBlock findPhotoshopResource(const ByteBlock& resources, std::uint16_t number
     std::uint64_t position = 0;
     while (true) {
         // Signature (4), number (2), length of the name (1).
-        const ByteView head = resources.view(position, 7);
-        if (head.empty() || !isSignature(head.data())) return {};
+        const ByteView header = resources.view(position, 7);
+        if (header.empty() || !isSignature(header.data())) return {};
         const bool isWanted =
-            std::memcmp(head.data(), "8BIM", 4) == 0 && bigEndian16(&head[4]) == number;
-        const std::uint64_t nameSize = roundedUpToEven(std::uint64_t{head[6]} + 1);
+            std::memcmp(header.data(), "8BIM", 4) == 0 && bigEndian16(&header[4]) == number;
+        const std::uint64_t nameSize = roundedUpToEven(std::uint64_t{header[6]} + 1);
 
         const ByteView sizeBytes = resources.view(position + 6 + nameSize, 4);
         if (sizeBytes.empty()) return {};

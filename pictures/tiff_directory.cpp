@@ -8,7 +8,7 @@ constexpr std::size_t kHeaderSize = 8;
 constexpr std::size_t kEntrySize = 12;
 constexpr std::size_t kEntriesAtOnce = 256;
 
-// The number behind the byte order: 42, or a maker's own.
+// The number after the byte order: 42, or a maker's own.
 constexpr std::uint16_t kTiff = 42;
 constexpr std::uint16_t kOlympus = 0x4f52;       // "IIRO", "MMOR"
 constexpr std::uint16_t kOlympusSmall = 0x5352;  // "IIRS"
@@ -40,7 +40,7 @@ std::optional<TiffBlock> TiffBlock::open(const ByteBlock& block)
 
 std::size_t TiffBlock::findEntries(std::uint64_t offset, std::span<TiffEntry> wanted) const
 {
-    // A pointer of 0 is none, and nothing else lies inside the header either.
+    // A pointer of 0 means no directory, and none lies inside the header either.
     if (offset < kHeaderSize) return 0;
     const ByteView countBytes = block_.view(offset, 2);
     if (countBytes.empty()) return 0;

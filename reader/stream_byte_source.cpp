@@ -19,12 +19,12 @@ ByteView StreamByteSource::load(std::uint64_t offset, std::size_t length)
     if (length > kLongestView) return {};
     if (wasStopped_ || (mayGoOn_ && !mayGoOn_())) {
         wasStopped_ = true;
-        head_ = moving_ = {};
+        start_ = moving_ = {};
         return {};
     }
-    const bool isHead = offset == 0;
-    auto& buffer = isHead ? headBytes_ : movingBytes_;
-    Window& window = isHead ? head_ : moving_;
+    const bool isStart = offset == 0;
+    auto& buffer = isStart ? startBytes_ : movingBytes_;
+    Window& window = isStart ? start_ : moving_;
     const std::uint64_t wanted = std::min<std::uint64_t>(buffer.size(), size_ - offset);
     const std::int64_t count = readAt(descriptor_, static_cast<std::int64_t>(offset), buffer.data(),
                                       static_cast<std::size_t>(wanted));

@@ -26,7 +26,7 @@ private:
     const int descriptor_;
     const std::function<bool()> mayGoOn_;
     bool wasStopped_ = false;
-    std::array<std::uint8_t, kLongestView> headBytes_;
+    std::array<std::uint8_t, kLongestView> startBytes_;
     std::array<std::uint8_t, kLongestView> movingBytes_;
 };
 

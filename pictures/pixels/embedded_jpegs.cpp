@@ -16,7 +16,7 @@ constexpr std::uint32_t kMostPixelsPerSide = 1u << 20;
 constexpr std::uint32_t kJpegOld = 6;  // values of the tag Compression
 constexpr std::uint32_t kJpeg = 7;
 
-// The entries of a directory that tell of pictures.
+// The entries of a directory that lead to pictures.
 struct Entries {
     TiffEntry all[10] = {
         {.tag = 0x0100}, {.tag = 0x0101}, {.tag = 0x0103}, {.tag = 0x0111}, {.tag = 0x0112},

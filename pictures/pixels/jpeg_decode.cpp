@@ -21,7 +21,7 @@ constexpr int kCoarsestScale = 8;                          // the picture at 1/8
 constexpr std::uint32_t kGray = 0xff808080;                // what stands for missing rows
 constexpr std::uint32_t kOpaque = 0xff000000;
 
-// libjpeg-turbo writes our pixels itself when told their byte order.
+// libjpeg-turbo writes our pixels itself when it knows their byte order.
 constexpr J_COLOR_SPACE kPixelOrder =
     std::endian::native == std::endian::little ? JCS_EXT_BGRA : JCS_EXT_ARGB;
 

@@ -10,7 +10,7 @@
 
 namespace pinorama {
 
-// The size in pixels that the headers of a JPEG stream tell; {0, 0} when it cannot be decoded.
+// The size in pixels that the headers of a JPEG stream state; {0, 0} when it cannot be decoded.
 PixelSize jpegSize(const ByteBlock& jpeg);
 
 // Decodes a JPEG stream so that it fits into `box` (as stored; the caller turns box and

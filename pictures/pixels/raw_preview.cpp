@@ -97,7 +97,7 @@ private:
     INT64 position_ = 0;
 };
 
-// LibRaw tells the turn in bits (1 mirrors, 2 flips, 4 transposes).
+// LibRaw gives the orientation in bits (1 mirrors, 2 flips, 4 transposes).
 Orientation orientationOfFlip(int flip)
 {
     constexpr Orientation kOrientations[] = {1, 2, 4, 3, 5, 8, 6, 7};

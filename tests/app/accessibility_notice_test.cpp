@@ -20,7 +20,7 @@ using namespace pinorama;
 
 namespace {
 
-class accessibilityNotice : public test::ControllerTest {
+class AccessibilityNoticeTest : public test::ControllerTest {
 protected:
     void SetUp() override
     {
@@ -60,7 +60,7 @@ std::vector<QRect> placesIn(const QWidget* window)
 }
 }  // namespace
 
-TEST_F(accessibilityNotice, isNotThereUntilItIsNeeded)
+TEST_F(AccessibilityNoticeTest, isNotThereUntilItIsNeeded)
 {
     EXPECT_EQ(notice(), nullptr);
     const int gap =
@@ -68,7 +68,7 @@ TEST_F(accessibilityNotice, isNotThereUntilItIsNeeded)
     EXPECT_LT(gap, 20) << "nothing keeps a place for it";
 }
 
-TEST_F(accessibilityNotice, saysPlainlyWhatToDo)
+TEST_F(AccessibilityNoticeTest, saysPlainlyWhatToDo)
 {
     Q_EMIT advice.needed(QStringLiteral("PCManFM-Qt"));
     ASSERT_NE(notice(), nullptr);
@@ -85,7 +85,7 @@ TEST_F(accessibilityNotice, saysPlainlyWhatToDo)
     })) << "takes no more room than its words";
 }
 
-TEST_F(accessibilityNotice, asksBeforeAnythingIsSwitchedOn)
+TEST_F(AccessibilityNoticeTest, asksBeforeAnythingIsSwitchedOn)
 {
     int wishes = 0;
     AccessibilityNotice shown(QStringLiteral("Dolphin"));
@@ -99,7 +99,7 @@ TEST_F(accessibilityNotice, asksBeforeAnythingIsSwitchedOn)
     EXPECT_EQ(wishes, 1);
 }
 
-TEST_F(accessibilityNotice, tellsToRestartTheFileManagerOnceItIsOn)
+TEST_F(AccessibilityNoticeTest, tellsToRestartTheFileManagerOnceItIsOn)
 {
     Q_EMIT advice.needed(QStringLiteral("Dolphin"));
     Q_EMIT advice.switched(true);
@@ -110,7 +110,7 @@ TEST_F(accessibilityNotice, tellsToRestartTheFileManagerOnceItIsOn)
     EXPECT_FALSE(dismissButton()->isHidden());
 }
 
-TEST_F(accessibilityNotice, saysWhenItCouldNotBeSwitchedOn)
+TEST_F(AccessibilityNoticeTest, saysWhenItCouldNotBeSwitchedOn)
 {
     Q_EMIT advice.needed(QStringLiteral("Dolphin"));
     switchButton()->click();  // there is no bus to ask
@@ -119,7 +119,7 @@ TEST_F(accessibilityNotice, saysWhenItCouldNotBeSwitchedOn)
               "Accessibility could not be switched on. The manual explains how to do it by hand.");
 }
 
-TEST_F(accessibilityNotice, leavesTheWindowAsItWas)
+TEST_F(AccessibilityNoticeTest, leavesTheWindowAsItWas)
 {
     window()->resize(700, 750);  // room for it as well
     QCoreApplication::processEvents();
@@ -133,7 +133,7 @@ TEST_F(accessibilityNotice, leavesTheWindowAsItWas)
     EXPECT_EQ(notice(), nullptr);
 }
 
-TEST_F(accessibilityNotice, comesAndGoesWithTheCheckBox)
+TEST_F(AccessibilityNoticeTest, comesAndGoesWithTheCheckBox)
 {
     Q_EMIT advice.needed(QStringLiteral("Dolphin"));
     EXPECT_TRUE(test::waitUntil([this] { return notice()->isVisible(); }));
@@ -143,7 +143,7 @@ TEST_F(accessibilityNotice, comesAndGoesWithTheCheckBox)
     EXPECT_TRUE(notice()->isVisible());
 }
 
-TEST_F(accessibilityNotice, isReachedWithTheKeyboardAndTakesNoFocus)
+TEST_F(AccessibilityNoticeTest, isReachedWithTheKeyboardAndTakesNoFocus)
 {
     QWidget* focus = window()->focusWidget();
     Q_EMIT advice.needed(QStringLiteral("Dolphin"));
@@ -162,7 +162,7 @@ TEST_F(accessibilityNotice, isReachedWithTheKeyboardAndTakesNoFocus)
     EXPECT_FALSE(notice()->isVisible());
 }
 
-TEST_F(accessibilityNotice, hasItsWordsAsItsNameForAScreenReader)
+TEST_F(AccessibilityNoticeTest, hasItsWordsAsItsNameForAScreenReader)
 {
     Q_EMIT advice.needed(QStringLiteral("Dolphin"));
     QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(notice());
@@ -175,7 +175,7 @@ TEST_F(accessibilityNotice, hasItsWordsAsItsNameForAScreenReader)
             QAccessible::queryAccessibleInterface(button)->text(QAccessible::Name).isEmpty());
 }
 
-TEST_F(accessibilityNotice, showsAllItsWordsInEveryLanguage)
+TEST_F(AccessibilityNoticeTest, showsAllItsWordsInEveryLanguage)
 {
     QStringList files = QDir(QStringLiteral(":/i18n")).entryList({QStringLiteral("*.qm")});
     ASSERT_GE(files.size(), 9);

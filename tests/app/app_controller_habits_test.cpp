@@ -21,7 +21,7 @@
 using namespace pinorama;
 
 namespace {
-class habits : public test::ControllerTest {
+class AppControllerHabits : public test::ControllerTest {
 protected:
     void showActiveWindow()
     {
@@ -55,7 +55,7 @@ QAction* itemWithText(const QMenu* menu, const QString& text)
 }
 }  // namespace
 
-TEST_F(habits, theCopyKeyCopiesTheCoordinateAsShown)
+TEST_F(AppControllerHabits, theCopyKeyCopiesTheCoordinateAsShown)
 {
     EXPECT_TRUE(showPicture("cape.jpg", kCape));
     showActiveWindow();
@@ -65,7 +65,7 @@ TEST_F(habits, theCopyKeyCopiesTheCoordinateAsShown)
     EXPECT_FALSE(copied().empty());
 }
 
-TEST_F(habits, theCopyKeyCopiesASelectedTextFirst)
+TEST_F(AppControllerHabits, theCopyKeyCopiesASelectedTextFirst)
 {
     EXPECT_TRUE(showPicture("cape.jpg", kCape));
     showActiveWindow();
@@ -82,7 +82,7 @@ TEST_F(habits, theCopyKeyCopiesASelectedTextFirst)
     }
 }
 
-TEST_F(habits, theCoordinateFieldOffersBothForms)
+TEST_F(AppControllerHabits, theCoordinateFieldOffersBothForms)
 {
     EXPECT_TRUE(showPicture("cape.jpg", kCape));
     controller.showMainWindow();
@@ -104,7 +104,7 @@ TEST_F(habits, theCoordinateFieldOffersBothForms)
     other->close();
 }
 
-TEST_F(habits, withoutACoordinateThereIsNothingToCopy)
+TEST_F(AppControllerHabits, withoutACoordinateThereIsNothingToCopy)
 {
     const MainWindow* window = controller.myWindow;
     EXPECT_FALSE(window->copyCoordinateAction->isEnabled());
@@ -116,7 +116,7 @@ TEST_F(habits, withoutACoordinateThereIsNothingToCopy)
     EXPECT_FALSE(window->copyDecimalAction->isEnabled());
 }
 
-TEST_F(habits, theHelpKeyOpensTheManual)
+TEST_F(AppControllerHabits, theHelpKeyOpensTheManual)
 {
     showActiveWindow();
     QTest::keyClick(controller.myWindow, Qt::Key_F1);
@@ -130,7 +130,7 @@ TEST_F(habits, theHelpKeyOpensTheManual)
     }
 }
 
-TEST_F(habits, aDragOfThePreviewCarriesTheFile)
+TEST_F(AppControllerHabits, aDragOfThePreviewCarriesTheFile)
 {
     EXPECT_EQ(controller.fileIconField->dragData(), nullptr) << "nothing is shown yet";
 
@@ -150,7 +150,7 @@ TEST_F(habits, aDragOfThePreviewCarriesTheFile)
     EXPECT_EQ(controller.fileIconField->dragData(), nullptr);
 }
 
-TEST_F(habits, theWindowManagerPlacesAndStacksTheWindow)
+TEST_F(AppControllerHabits, theWindowManagerPlacesAndStacksTheWindow)
 {
     controller.showMainWindow();
     EXPECT_FALSE(controller.myWindow->testAttribute(Qt::WA_Moved)) << "no place of its own";
@@ -161,7 +161,7 @@ TEST_F(habits, theWindowManagerPlacesAndStacksTheWindow)
     EXPECT_NE(next.myWindow->size(), QSize(900, 700)) << "nor is a size remembered";
 }
 
-TEST_F(habits, captionsCanBeReadInEveryPalette)
+TEST_F(AppControllerHabits, captionsCanBeReadInEveryPalette)
 {
     for (const auto& [background, text] :
          {std::pair<QColor, QColor>(QColor(0xEF, 0xF0, 0xF1), QColor(0x23, 0x26, 0x29)),
@@ -186,7 +186,7 @@ TEST_F(habits, captionsCanBeReadInEveryPalette)
     }
 }
 
-TEST_F(habits, everyTextFollowsTheFontOfTheSystem)
+TEST_F(AppControllerHabits, everyTextFollowsTheFontOfTheSystem)
 {
     EXPECT_TRUE(showPicture("cape.jpg", kCape));
     controller.showMainWindow();

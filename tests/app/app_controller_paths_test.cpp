@@ -20,7 +20,7 @@ using acceptPath = test::ControllerTest;
 using updateSelection = test::ControllerTest;
 using getFinderSelection = test::ControllerTest;
 using showMainWindow = test::ControllerTest;
-using dropOnTheWindow = test::ControllerTest;
+using MainWindowDrop = test::ControllerTest;
 
 void drop(MainWindow* window, const QMimeData& data)
 {
@@ -90,7 +90,7 @@ TEST_F(openFile, withoutAPlainTextOnlyTheWindowComesForward)
     }
 }
 
-TEST_F(dropOnTheWindow, showsTheLastFile)
+TEST_F(MainWindowDrop, showsTheLastFile)
 {
     controller.myWindow->show();
     QMimeData data;
@@ -101,7 +101,7 @@ TEST_F(dropOnTheWindow, showsTheLastFile)
     EXPECT_EQ(shown(controller.fileNameField), "b \xEF\xBF\xBD.jpg");
 }
 
-TEST_F(dropOnTheWindow, ignoresWhatIsNoFile)
+TEST_F(MainWindowDrop, ignoresWhatIsNoFile)
 {
     controller.myWindow->show();
     QMimeData data;

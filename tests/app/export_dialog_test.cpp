@@ -21,7 +21,7 @@ using namespace pinorama;
 namespace {
 namespace fs = std::filesystem;
 
-class exportDialog : public test::ControllerTest {
+class ExportDialogTest : public test::ControllerTest {
 protected:
     void SetUp() override
     {
@@ -70,7 +70,7 @@ protected:
 };
 }  // namespace
 
-TEST_F(exportDialog, addsTheSuffixUnlessItIsThere)
+TEST_F(ExportDialogTest, addsTheSuffixUnlessItIsThere)
 {
     const struct {
         const char *typed, *written;
@@ -90,7 +90,7 @@ TEST_F(exportDialog, addsTheSuffixUnlessItIsThere)
     }
 }
 
-TEST_F(exportDialog, asksBeforeItReplacesTheFileThatIsWritten)
+TEST_F(ExportDialogTest, asksBeforeItReplacesTheFileThatIsWritten)
 {
     (void)folder.write("trip.jpg", "a picture");
     (void)folder.write("trip.jpg.kml", "an earlier place");
@@ -105,7 +105,7 @@ TEST_F(exportDialog, asksBeforeItReplacesTheFileThatIsWritten)
     EXPECT_EQ(test::readFile(folder.file("trip.jpg")), "a picture");
 }
 
-TEST_F(exportDialog, aDialogOfTheDesktopKnowsNothingOfTheSuffix)
+TEST_F(ExportDialogTest, aDialogOfTheDesktopKnowsNothingOfTheSuffix)
 {
     (void)folder.write("trip.jpg.kml", "an earlier place");
     const QString chosen = QString::fromStdString(folder.file("trip.jpg"));
@@ -125,7 +125,7 @@ TEST_F(exportDialog, aDialogOfTheDesktopKnowsNothingOfTheSuffix)
     EXPECT_FALSE(fs::exists(folder.file("trip.jpg")));
 }
 
-TEST_F(exportDialog, entersAFolderThatIsTyped)
+TEST_F(ExportDialogTest, entersAFolderThatIsTyped)
 {
     fs::create_directory(folder.file("sub"));
     EXPECT_EQ(type("sub"), "");
@@ -136,7 +136,7 @@ TEST_F(exportDialog, entersAFolderThatIsTyped)
     EXPECT_TRUE(fs::is_empty(folder.file("sub")));
 }
 
-TEST_F(exportDialog, leavesNothingOfALongerFileAndMakesNoProgram)
+TEST_F(ExportDialogTest, leavesNothingOfALongerFileAndMakesNoProgram)
 {
     (void)folder.write("place.kml", std::string(5000, 'x'));
     EXPECT_NE(type("place.kml"), "");

@@ -11,7 +11,7 @@
 using namespace pinorama;
 
 namespace {
-class readingNotice : public testing::Test {
+class ReadingNoticeTest : public testing::Test {
 protected:
     std::string words() const { return notice.isHidden() ? "" : notice.text().toStdString(); }
 
@@ -21,7 +21,7 @@ protected:
 const QString kName = QStringLiteral("a.jpg");
 }  // namespace
 
-TEST_F(readingNotice, saysNothingAtFirst)
+TEST_F(ReadingNoticeTest, saysNothingAtFirst)
 {
     EXPECT_EQ(words(), "");
     notice.endReading();
@@ -29,7 +29,7 @@ TEST_F(readingNotice, saysNothingAtFirst)
     EXPECT_EQ(words(), "");
 }
 
-TEST_F(readingNotice, saysThatItGoesOnUntilItIsOver)
+TEST_F(ReadingNoticeTest, saysThatItGoesOnUntilItIsOver)
 {
     notice.sayStillReading(kName);
     EXPECT_EQ(words(), "Still reading a.jpg...");
@@ -38,7 +38,7 @@ TEST_F(readingNotice, saysThatItGoesOnUntilItIsOver)
     EXPECT_EQ(words(), "");
 }
 
-TEST_F(readingNotice, keepsSayingThatReadingHasFailed)
+TEST_F(ReadingNoticeTest, keepsSayingThatReadingHasFailed)
 {
     notice.sayStillReading(kName);
     notice.sayNotRead(kName);
@@ -49,13 +49,13 @@ TEST_F(readingNotice, keepsSayingThatReadingHasFailed)
     EXPECT_EQ(words(), "");
 }
 
-TEST_F(readingNotice, takesNamesAsTheyAre)
+TEST_F(ReadingNoticeTest, takesNamesAsTheyAre)
 {
     notice.sayStillReading(QStringLiteral("%1 <b>&x.jpg"));
     EXPECT_EQ(words(), "Still reading %1 <b>&x.jpg...");
 }
 
-TEST_F(readingNotice, hasItsWordsAsItsNameForAScreenReader)
+TEST_F(ReadingNoticeTest, hasItsWordsAsItsNameForAScreenReader)
 {
     notice.sayStillReading(kName);
     QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(&notice);
@@ -63,7 +63,7 @@ TEST_F(readingNotice, hasItsWordsAsItsNameForAScreenReader)
     EXPECT_EQ(interface->text(QAccessible::Name).toStdString(), words());
 }
 
-TEST_F(readingNotice, hasWordsInEveryLanguage)
+TEST_F(ReadingNoticeTest, hasWordsInEveryLanguage)
 {
     QStringList files = QDir(QStringLiteral(":/i18n")).entryList({QStringLiteral("*.qm")});
     ASSERT_GE(files.size(), 9);
@@ -83,9 +83,9 @@ TEST_F(readingNotice, hasWordsInEveryLanguage)
     }
 }
 
-using readingNoticeInTheWindow = test::ControllerTest;
+using ReadingNoticeInWindowTest = test::ControllerTest;
 
-TEST_F(readingNoticeInTheWindow, standsAtItsFootAndTakesNeitherRoomNorFocusWithoutNeed)
+TEST_F(ReadingNoticeInWindowTest, standsAtItsFootAndTakesNeitherRoomNorFocusWithoutNeed)
 {
     controller.showMainWindow();
     controller.myWindow->resize(700, 750);
