@@ -38,7 +38,7 @@ std::unique_ptr<MainWindow> furnished(std::unique_ptr<MainWindow> window)
 }
 }  // namespace
 
-AppController::AppController(SelectionSource* selection, AddressOpener* opener,
+AppController::AppController(SelectionSource* selection, UrlOpener* opener,
                              std::unique_ptr<MainWindow> window)
     : window_(furnished(std::move(window))),
       opener_(opener != nullptr ? *opener : desktopOpener_),

@@ -12,7 +12,7 @@
 #include "app/path_intake.h"
 #include "app/picture_reading.h"
 #include "app/place_actions.h"
-#include "desktop/address_opener.h"
+#include "desktop/url_opener.h"
 #include "lib/objects/collections.h"
 #include "lib/objects/string.h"
 #include "location/file_info_record.h"
@@ -47,7 +47,7 @@ public:
     //   selection  what is selected in the file manager; borrowed, null for nothing ever.
     //   opener     opens web addresses; borrowed, null for the desktop's own way.
     //   window     the window when it was shown ahead; it gets its views. Null for a new one.
-    explicit AppController(SelectionSource* selection = nullptr, AddressOpener* opener = nullptr,
+    explicit AppController(SelectionSource* selection = nullptr, UrlOpener* opener = nullptr,
                            std::unique_ptr<MainWindow> window = nullptr);
     ~AppController() override;
 
@@ -147,8 +147,8 @@ private:
 
     std::unique_ptr<MainWindow> window_;
     std::string path_;  // the bytes of lastPath
-    DesktopAddressOpener desktopOpener_;
-    AddressOpener& opener_;
+    DesktopUrlOpener desktopOpener_;
+    UrlOpener& opener_;
     FileFields fields_;
     PictureReading reading_;
     PlaceActions actions_;

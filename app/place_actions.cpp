@@ -21,7 +21,7 @@
 
 namespace pinorama {
 
-PlaceActions::PlaceActions(MainWindow& window, AddressOpener& opener, Shown shown)
+PlaceActions::PlaceActions(MainWindow& window, UrlOpener& opener, Shown shown)
     : window_(window), opener_(opener), shown_(shown), globes_(opener)
 {
     connectControls();

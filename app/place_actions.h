@@ -4,7 +4,7 @@
 
 #pragma once
 
-#include "desktop/address_opener.h"
+#include "desktop/url_opener.h"
 #include "desktop/globe_programs.h"
 #include "location/file_info_record.h"
 
@@ -28,7 +28,7 @@ public:
 
     // Connects the controls of the window, which has its views. All arguments, and what `shown`
     // refers to, live longer.
-    PlaceActions(MainWindow& window, AddressOpener& opener, Shown shown);
+    PlaceActions(MainWindow& window, UrlOpener& opener, Shown shown);
     ~PlaceActions() override;
 
     // Enables or disables the controls, and shows or hides the marker of a place.
@@ -64,7 +64,7 @@ private:
     void openURL(TovStringRef url);
 
     MainWindow& window_;
-    AddressOpener& opener_;
+    UrlOpener& opener_;
     Shown shown_;
     GlobePrograms globes_;
 };

@@ -78,7 +78,7 @@ QDBusPendingCall callMarble(const char* path, const char* interface, const char*
 }
 }  // namespace
 
-GlobePrograms::GlobePrograms(AddressOpener& opener, QObject* parent)
+GlobePrograms::GlobePrograms(UrlOpener& opener, QObject* parent)
     : QObject(parent), opener_(opener)
 {
     startLimit_.setSingleShot(true);

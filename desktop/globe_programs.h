@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "desktop/address_opener.h"
+#include "desktop/url_opener.h"
 #include "globe/globe_view.h"
 
 #include <QObject>
@@ -19,7 +19,7 @@ class GlobePrograms : public QObject {
 
 public:
     // `opener`, borrowed, opens the KML file when neither program is there.
-    explicit GlobePrograms(AddressOpener& opener, QObject* parent = nullptr);
+    explicit GlobePrograms(UrlOpener& opener, QObject* parent = nullptr);
     ~GlobePrograms() override;
 
     // Shows `view`, whose numbers are finite and on the globe. Google Earth Pro gets all five
@@ -40,7 +40,7 @@ private:
     void openDocument(const GlobeView& view);
     void setBusy(bool isBusy);
 
-    AddressOpener& opener_;
+    UrlOpener& opener_;
     GlobeView view_ = {};  // the view that Marble is to show
     QString marble_;       // path of the executable, empty when there is none
     QDBusServiceWatcher* watcher_ = nullptr;

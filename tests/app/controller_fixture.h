@@ -35,7 +35,7 @@ public:
     int questions = 0;
 };
 
-class RecordingOpener final : public pinorama::AddressOpener {
+class RecordingOpener final : public pinorama::UrlOpener {
 public:
     void open(const QByteArray& address) override { addresses.push_back(address.toStdString()); }
 

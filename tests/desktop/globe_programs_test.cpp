@@ -24,7 +24,7 @@ using namespace pinorama;
 namespace {
 const GlobeView kView = {-33.9, 18.4, 271.25, 30.0, 2000.0};
 
-class RecordingOpener final : public AddressOpener {
+class RecordingOpener final : public UrlOpener {
 public:
     void open(const QByteArray& address) override { addresses.push_back(address.toStdString()); }
     std::vector<std::string> addresses;

@@ -7,12 +7,12 @@
 
 namespace pinorama {
 
-class AddressOpener {
+class UrlOpener {
 public:
-    AddressOpener() = default;
-    AddressOpener(const AddressOpener&) = delete;
-    AddressOpener& operator=(const AddressOpener&) = delete;
-    virtual ~AddressOpener() = default;
+    UrlOpener() = default;
+    UrlOpener(const UrlOpener&) = delete;
+    UrlOpener& operator=(const UrlOpener&) = delete;
+    virtual ~UrlOpener() = default;
 
     // Hands `address` (a whole URL, every byte of it ASCII) to its handler without a shell. Whether
     // one is installed and what becomes of it is not reported.
@@ -20,7 +20,7 @@ public:
 };
 
 // Asks the desktop. What no URL can be made of is not handed on.
-class DesktopAddressOpener final : public AddressOpener {
+class DesktopUrlOpener final : public UrlOpener {
 public:
     void open(const QByteArray& address) override;
 };

@@ -1,11 +1,11 @@
-#include "desktop/address_opener.h"
+#include "desktop/url_opener.h"
 
 #include <QDesktopServices>
 #include <QUrl>
 
 namespace pinorama {
 
-void DesktopAddressOpener::open(const QByteArray& address)
+void DesktopUrlOpener::open(const QByteArray& address)
 {
     // Strict: an address that needs repair is none. The escapes in it pass unchanged.
     const QUrl url = QUrl::fromEncoded(address, QUrl::StrictMode);
