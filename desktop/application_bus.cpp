@@ -1,13 +1,14 @@
 #include "desktop/application_bus.h"
 
 #include "base/file_uri.h"
-#include "desktop/application_interfaces.h"
+#include "desktop/application_adaptors.h"
 
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QStringList>
 
 #include <algorithm>
+#include <chrono>
 
 namespace pinorama {
 namespace {
@@ -15,14 +16,14 @@ const QString kName = QStringLiteral("org.pinorama.Pinorama");
 const QString kObject = QStringLiteral("/org/pinorama/Pinorama");
 const QString kApplicationInterface = QStringLiteral("org.freedesktop.Application");
 const QString kOwnInterface = QStringLiteral("org.pinorama.Pinorama1");
-constexpr int kAnswerLimit = 5000;  // milliseconds
+constexpr std::chrono::milliseconds kReplyTimeout = std::chrono::seconds(5);
 constexpr char kTokenVariable[] = "XDG_ACTIVATION_TOKEN";
 constexpr char kStartupVariable[] = "DESKTOP_STARTUP_ID";
-constexpr qsizetype kLongestToken = 1024;  // bytes
+constexpr qsizetype kMaxTokenLength = 1024;  // bytes
 
 bool isPlausibleToken(const QByteArray& token)
 {
-    return !token.isEmpty() && token.size() <= kLongestToken &&
+    return !token.isEmpty() && token.size() <= kMaxTokenLength &&
            std::all_of(token.begin(), token.end(), [](char c) { return c > ' ' && c <= '~'; });
 }
 
@@ -39,12 +40,12 @@ ApplicationBus::ApplicationBus(const QDBusConnection& connection, QObject* paren
     : QObject(parent), connection_(connection)
 {
     new ApplicationAdaptor(this);
-    new OwnAdaptor(this);
+    new PinoramaAdaptor(this);
 }
 
 ApplicationBus::~ApplicationBus()
 {
-    if (!isOffered_) return;
+    if (!hasName_) return;
     connection_.unregisterService(kName);
     connection_.unregisterObject(kObject);
 }
@@ -52,14 +53,14 @@ ApplicationBus::~ApplicationBus()
 ApplicationBus::Claim ApplicationBus::claim()
 {
     if (!connection_.isConnected() || connection_.interface() == nullptr) return Claim::noBus;
-    // The object comes before the name, so that nobody finds the name without it.
+    // The object comes before the name: a caller that finds the name must find the object too.
     if (!connection_.registerObject(kObject, this)) return Claim::noBus;
     if (!connection_.registerService(kName)) {
         connection_.unregisterObject(kObject);
         const bool hasOwner = connection_.interface()->isServiceRegistered(kName);
         return hasOwner ? Claim::takenByAnother : Claim::noBus;
     }
-    isOffered_ = true;
+    hasName_ = true;
     return Claim::granted;
 }
 
@@ -92,7 +93,8 @@ bool ApplicationBus::callOther(const QString& interface, const QString& method,
     QDBusMessage call = QDBusMessage::createMethodCall(kName, kObject, interface, method);
     call.setArguments(arguments);
     call.setAutoStartService(false);
-    return connection_.call(call, QDBus::Block, kAnswerLimit).type() == QDBusMessage::ReplyMessage;
+    const auto timeout = static_cast<int>(kReplyTimeout.count());
+    return connection_.call(call, QDBus::Block, timeout).type() == QDBusMessage::ReplyMessage;
 }
 
 QByteArray activationTokenOfStarter()
@@ -104,7 +106,7 @@ QByteArray activationTokenOfStarter()
 
 void useActivationToken(const QByteArray& token)
 {
-    // The Wayland side of the toolkit takes it from here when a window is activated.
+    // On Wayland the toolkit reads this variable when it activates a window.
     if (isPlausibleToken(token)) qputenv(kTokenVariable, token);
 }
 

@@ -1,13 +1,19 @@
-// The program on the session bus: one instance per session, which others ask to show a picture.
+// The program on the session bus: one instance per session, which other programs ask to show a
+// picture.
 //
 //   name                          org.pinorama.Pinorama
 //   object                        /org/pinorama/Pinorama
 //   org.freedesktop.Application   Activate, Open, ActivateAction (Desktop Entry Specification,
 //                                 D-Bus Activation)
-//   org.pinorama.Pinorama1        OpenText(s): a plain text that is taken as a path as it stands
+//   org.pinorama.Pinorama1        OpenText(s): a plain text, used as a path without any change
 //
-// Every session program can call these, so whatever arrives is checked and bounded before it is
-// handed on. Without a session bus the program runs on its own.
+// Every program of the session can call these, so all arguments are checked and bounded before they
+// are passed on. Without a session bus the program runs on its own. At start-up:
+//
+//     ApplicationBus bus(QDBusConnection::sessionBus());
+//     if (bus.claim() == ApplicationBus::Claim::takenByAnother && bus.openInOther(paths, token))
+//         return 0;  // the other instance shows them
+//     connect(&bus, &ApplicationBus::fileOpened, ...);
 
 #pragma once
 
@@ -22,7 +28,7 @@
 
 namespace pinorama {
 
-constexpr int kLongestServiceText = 65536;  // UTF-16 units
+constexpr int kMaxServiceTextLength = 65536;  // UTF-16 units
 
 class ApplicationBus : public QObject {
     Q_OBJECT
@@ -31,46 +37,47 @@ public:
     explicit ApplicationBus(const QDBusConnection& connection, QObject* parent = nullptr);
     ~ApplicationBus() override;
 
-    // What became of the wish to be the one instance of the session.
+    // Whether this process has become the one instance of the session.
     enum class Claim { granted, takenByAnother, noBus };
 
-    // Offers the object and takes the name. Connect the signals first: a program that was started
-    // by a message gets that message right away.
+    // Registers the object and requests the name. Connect the signals before the event loop runs:
+    // if the bus started this process to deliver a message, that message is the first event.
     Claim claim();
 
-    // The three below ask the instance that has the name, and wait 5 seconds at most. `token` lets
-    // it come to the front and may be empty. False when it does not answer.
+    // The four calls below go to the instance that owns the name, and block for 5 seconds at most.
+    // `token` allows that instance to raise its window, and may be empty. False if it does not
+    // reply.
     bool activateOther(const QByteArray& token);
     bool openInOther(const std::vector<std::string>& paths, const QByteArray& token);
     bool sendTextToOther(const QString& text);
     bool runActionInOther(const QString& action, const QByteArray& token);
 
 Q_SIGNALS:
-    // The window is asked for.
+    // Another program asks for the window.
     void activated(const QByteArray& token);
 
-    // The last of the files that were asked for, an absolute path in raw bytes.
+    // Another program asks for files. `path` is the last of them, absolute, in raw bytes.
     void fileOpened(const QByteArray& path, const QByteArray& token);
 
-    // A plain text was sent; it may be empty.
+    // Another program sent a plain text, which may be empty.
     void textSent(const QString& text);
 
-    // An action of the desktop entry was chosen.
+    // The user chose an action of the desktop entry.
     void actionActivated(const QString& action, const QByteArray& token);
 
 private:
     bool callOther(const QString& interface, const QString& method, const QVariantList& arguments);
 
     QDBusConnection connection_;
-    bool isOffered_ = false;
+    bool hasName_ = false;
 };
 
-// The token of a window system by which a program that was just used may put another one in front:
-// what the starter of this process left in its environment. Empty when there is none.
+// The activation token in this process's environment. With it the window system lets a program that
+// the user has just used hand the focus to the one that it starts. Empty if there is none.
 QByteArray activationTokenOfStarter();
 
-// Puts a token of another program to use for the next time that a window comes to the front. A
-// token that is too long or holds unprintable bytes is dropped.
+// Uses another program's token the next time that a window is raised. Drops a token that is too
+// long or contains unprintable bytes.
 void useActivationToken(const QByteArray& token);
 
 }  // namespace pinorama

@@ -23,8 +23,8 @@ namespace pinorama {
 namespace {
 using namespace std::chrono_literals;
 
-constexpr auto kStartLimit = 10s;   // until a started globe counts as lost
-constexpr int kCallTimeout = 2000;  // milliseconds
+constexpr auto kStartTimeout = 10s;  // until a starting globe counts as lost
+constexpr std::chrono::milliseconds kCallTimeout = 2s;
 const QString kMarbleService = QStringLiteral("org.kde.marble");
 
 QString firstExecutable(std::initializer_list<const char*> names)
@@ -45,7 +45,8 @@ bool writeWhole(const QString& path, const std::string& text)
            file.commit();
 }
 
-// A file of the user's own session, written anew for each flight. Empty when it cannot be written.
+// Writes the view into a file that only this user can read, the same one every time. Returns its
+// path, or nothing if it cannot be written.
 QString writeLookAtFile(const GlobeView& view)
 {
     QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
@@ -56,15 +57,20 @@ QString writeLookAtFile(const GlobeView& view)
     return writeWhole(path, makeLookAtDocument(view)) ? path : QString();
 }
 
-// The settings lie beside the program itself, which the name on the search path may only link to.
+// The settings lie beside the program itself; the name on the search path may be a symbolic link.
 QString queryFileOf(const QString& executable)
 {
     const QString folder = QFileInfo(QFileInfo(executable).canonicalFilePath()).absolutePath();
     QFile settings(folder + QStringLiteral("/drivers.ini"));
-    constexpr qint64 kLongestSettings = 1 << 20;
+    constexpr qint64 kMaxSettingsSize = 1 << 20;
     if (!settings.open(QIODevice::ReadOnly)) return {};
     return QFile::decodeName(QByteArray::fromStdString(
-        queryFileOfDriverSettings(settings.read(kLongestSettings).toStdString())));
+        queryFileOfDriverSettings(settings.read(kMaxSettingsSize).toStdString())));
+}
+
+QDBusPendingCall callOnSessionBus(const QDBusMessage& call)
+{
+    return QDBusConnection::sessionBus().asyncCall(call, static_cast<int>(kCallTimeout.count()));
 }
 
 QDBusPendingCall callMarble(const char* path, const char* interface, const char* method,
@@ -74,15 +80,14 @@ QDBusPendingCall callMarble(const char* path, const char* interface, const char*
         QDBusMessage::createMethodCall(kMarbleService, QString::fromLatin1(path),
                                        QString::fromLatin1(interface), QString::fromLatin1(method));
     message.setArguments(arguments);
-    return QDBusConnection::sessionBus().asyncCall(message, kCallTimeout);
+    return callOnSessionBus(message);
 }
 }  // namespace
 
-GlobePrograms::GlobePrograms(UrlOpener& opener, QObject* parent)
-    : QObject(parent), opener_(opener)
+GlobePrograms::GlobePrograms(UrlOpener& opener, QObject* parent) : QObject(parent), opener_(opener)
 {
-    startLimit_.setSingleShot(true);
-    connect(&startLimit_, &QTimer::timeout, this, [this] { setBusy(false); });
+    startTimeout_.setSingleShot(true);
+    connect(&startTimeout_, &QTimer::timeout, this, [this] { setBusy(false); });
 }
 
 GlobePrograms::~GlobePrograms() = default;
@@ -101,7 +106,7 @@ bool GlobePrograms::showInGoogleEarth(const GlobeView& view)
 
     const QString queryFile = queryFileOf(executable);
     if (!queryFile.isEmpty() && writeWhole(queryFile, makeFlyToQuery(view))) {
-        // The program has one window: a further start brings the running one to the front.
+        // The program has one instance: starting it again raises the window of that one.
         return QProcess::startDetached(executable, {});
     }
     const QString document = writeLookAtFile(view);
@@ -111,7 +116,7 @@ bool GlobePrograms::showInGoogleEarth(const GlobeView& view)
 bool GlobePrograms::showInMarble(const GlobeView& view)
 {
     view_ = view;
-    if (isBusy_) return true;  // the one that is starting takes the latest view
+    if (isBusy_) return true;  // the starting Marble will show the latest view
     marble_ = firstExecutable({"marble", "marble-qt"});
     if (!QDBusConnection::sessionBus().isConnected()) {
         if (marble_.isEmpty()) return false;
@@ -119,15 +124,14 @@ bool GlobePrograms::showInMarble(const GlobeView& view)
         return true;
     }
 
-    QDBusMessage question = QDBusMessage::createMethodCall(
+    QDBusMessage call = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
         QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameHasOwner"));
-    question.setArguments({kMarbleService});
-    auto* answer = new QDBusPendingCallWatcher(
-        QDBusConnection::sessionBus().asyncCall(question, kCallTimeout), this);
-    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
-        const QDBusPendingReply<bool> isRunning = *answer;
-        answer->deleteLater();
+    call.setArguments({kMarbleService});
+    auto* watcher = new QDBusPendingCallWatcher(callOnSessionBus(call), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
+        const QDBusPendingReply<bool> isRunning = *watcher;
+        watcher->deleteLater();
         if (isRunning.isValid() && isRunning.value()) {
             moveMarble();
         } else if (!marble_.isEmpty()) {
@@ -142,7 +146,7 @@ bool GlobePrograms::showInMarble(const GlobeView& view)
 void GlobePrograms::moveMarble()
 {
     constexpr const char* kInterface = "org.kde.marble";
-    // Calls to one receiver arrive in their order, so none has to wait for the one before.
+    // The bus delivers calls to one receiver in order, so none has to wait for a reply.
     callMarble("/Marble", kInterface, "setCenter", {QPointF(view_.longitude, view_.latitude)});
     callMarble("/Marble", kInterface, "setZoom", {marbleZoom(view_.distance)});
     callMarble("/marble/MainWindow_1", "org.qtproject.Qt.QWidget", "showNormal", {});
@@ -158,14 +162,14 @@ void GlobePrograms::startMarble()
     if (!QProcess::startDetached(marble_, arguments)) return;
 
     setBusy(true);
-    startLimit_.start(kStartLimit);
+    startTimeout_.start(kStartTimeout);
     if (watcher_ != nullptr || !QDBusConnection::sessionBus().isConnected()) return;
     watcher_ = new QDBusServiceWatcher(kMarbleService, QDBusConnection::sessionBus(),
                                        QDBusServiceWatcher::WatchForRegistration, this);
     connect(watcher_, &QDBusServiceWatcher::serviceRegistered, this, [this] {
         if (!isBusy_) return;
         setBusy(false);
-        moveMarble();  // the user may have gone on to another picture meanwhile
+        moveMarble();  // the user may have selected another picture while Marble started
     });
 }
 
@@ -179,7 +183,7 @@ void GlobePrograms::setBusy(bool isBusy)
 {
     if (isBusy == isBusy_) return;
     isBusy_ = isBusy;
-    if (!isBusy) startLimit_.stop();
+    if (!isBusy) startTimeout_.stop();
     Q_EMIT busyChanged(isBusy);
 }
 

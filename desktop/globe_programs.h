@@ -1,5 +1,5 @@
-// Sends a view to the globe program of the desktop: Google Earth Pro, else Marble, else whatever
-// opens KML files. Everything happens through the event loop; no call waits.
+// Shows a view in the globe program of the desktop: Google Earth Pro, else Marble, else the program
+// that opens KML files. Everything runs through the event loop; no call blocks.
 
 #pragma once
 
@@ -18,14 +18,14 @@ class GlobePrograms : public QObject {
     Q_OBJECT
 
 public:
-    // `opener`, borrowed, opens the KML file when neither program is there.
+    // `opener`, borrowed, opens the KML file if neither program is installed.
     explicit GlobePrograms(UrlOpener& opener, QObject* parent = nullptr);
     ~GlobePrograms() override;
 
-    // Shows `view`, whose numbers are finite and on the globe. Google Earth Pro gets all five
-    // numbers, through its query file when its settings name one, else through a KML file that it
-    // opens. A running Marble is moved over the session bus and brought to the front, or one is
-    // started; it has no tilt and no direction. Failures are silent: the user asks again.
+    // Shows `view`, whose numbers must be finite and in range. Google Earth Pro receives all five
+    // of them: through its query file if its settings name one, else through a KML file that it
+    // opens. A running Marble is moved over the session bus and raised, otherwise it is started; it
+    // has neither tilt nor heading. Failures are silent: the user sees them and tries again.
     void show(const GlobeView& view);
 
 Q_SIGNALS:
@@ -41,10 +41,10 @@ private:
     void setBusy(bool isBusy);
 
     UrlOpener& opener_;
-    GlobeView view_ = {};  // the view that Marble is to show
-    QString marble_;       // path of the executable, empty when there is none
+    GlobeView view_ = {};  // the latest view, for Marble
+    QString marble_;       // path of the executable; empty if it is not installed
     QDBusServiceWatcher* watcher_ = nullptr;
-    QTimer startLimit_;
+    QTimer startTimeout_;
     bool isBusy_ = false;
 };
 

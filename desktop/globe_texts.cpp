@@ -9,7 +9,7 @@
 
 namespace pinorama {
 namespace {
-// Six decimals are a tenth of a metre on the ground.
+// Six decimals of a degree are a tenth of a metre on the ground.
 std::string number(double value)
 {
     char digits[400];
@@ -64,7 +64,7 @@ std::string queryFileOfDriverSettings(const std::string& driverSettings)
 
 int marbleZoom(double distance)
 {
-    // Marble sees the globe of this radius (metres) through a field of view of 110 degrees.
+    // Marble's globe has this radius (metres); its camera has a field of view of 110 degrees.
     constexpr double kGlobeRadius = 6378137.0;
     const double kilometres = std::max(distance, 1.0) / 1000.0;
     const double halfView = 55.0 * std::numbers::pi / 180.0;

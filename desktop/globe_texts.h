@@ -1,4 +1,4 @@
-// The forms in which globe programs take a view: KML texts and Marble's zoom value.
+// A view in the formats that globe programs accept: KML documents and Marble's zoom value.
 
 #pragma once
 
@@ -8,17 +8,17 @@
 
 namespace pinorama {
 
-// A KML 2.2 document that holds the view as its LookAt and nothing else: opening it flies there
-// once. UTF-8. Tilt is kept between 0 and 90 degrees, which is what KML allows.
+// A KML 2.2 document, in UTF-8, that contains only the view's LookAt: a globe that opens it flies
+// there once. The tilt is clamped to 0 to 90 degrees, the range of KML.
 std::string makeLookAtDocument(const GlobeView& view);
 
 // The line of a ViewSync query file that makes a running Google Earth Pro fly to the view.
 std::string makeFlyToQuery(const GlobeView& view);
 
-// The file that a drivers.ini names in its setting ViewSync/queryFile; empty when it names none.
+// The file that the setting ViewSync/queryFile of a drivers.ini names; empty if it names none.
 std::string queryFileOfDriverSettings(const std::string& driverSettings);
 
-// Marble's zoom for a camera distance in metres. Its map theme may stop short of it.
+// Marble's zoom value for a camera distance in metres. A map theme may limit it further.
 int marbleZoom(double distance);
 
 }  // namespace pinorama

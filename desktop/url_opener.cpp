@@ -5,11 +5,12 @@
 
 namespace pinorama {
 
-void DesktopUrlOpener::open(const QByteArray& address)
+void DesktopUrlOpener::open(const QByteArray& url)
 {
-    // Strict: an address that needs repair is none. The escapes in it pass unchanged.
-    const QUrl url = QUrl::fromEncoded(address, QUrl::StrictMode);
-    if (url.isValid() && !url.scheme().isEmpty()) QDesktopServices::openUrl(url);
+    // The tolerant mode would repair a malformed URL into another one. Strict parsing also keeps
+    // the percent escapes as they are.
+    const QUrl parsed = QUrl::fromEncoded(url, QUrl::StrictMode);
+    if (parsed.isValid() && !parsed.scheme().isEmpty()) QDesktopServices::openUrl(parsed);
 }
 
 }  // namespace pinorama

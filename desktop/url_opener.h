@@ -1,5 +1,5 @@
-// How an address reaches the program that the user has chosen for it: the browser, a map program, a
-// handler of a scheme of its own. One small interface, so that a test can look at the addresses.
+// Opens a URL in the program that the user has chosen for it: the browser, a map program, or the
+// handler of some other scheme. It is an interface so that a test can record the URLs.
 
 #pragma once
 
@@ -14,15 +14,15 @@ public:
     UrlOpener& operator=(const UrlOpener&) = delete;
     virtual ~UrlOpener() = default;
 
-    // Hands `address` (a whole URL, every byte of it ASCII) to its handler without a shell. Whether
-    // one is installed and what becomes of it is not reported.
-    virtual void open(const QByteArray& address) = 0;
+    // Hands `url` (complete, percent-encoded, ASCII only) to its handler without a shell. Does not
+    // report whether a handler is installed or what it does with the URL.
+    virtual void open(const QByteArray& url) = 0;
 };
 
-// Asks the desktop. What no URL can be made of is not handed on.
+// Asks the desktop. A malformed URL, or one without a scheme, is dropped.
 class DesktopUrlOpener final : public UrlOpener {
 public:
-    void open(const QByteArray& address) override;
+    void open(const QByteArray& url) override;
 };
 
 }  // namespace pinorama

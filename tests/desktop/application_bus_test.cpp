@@ -37,14 +37,14 @@ protected:
         ASSERT_EQ(bus_.claim(), ApplicationBus::Claim::granted);
     }
 
-    // Calls from the other program and lets the first one answer.
+    // Calls the first program from the second one, and runs the event loop until the reply arrives.
     QDBusMessage call(const char* interface, const char* method, const QVariantList& arguments)
     {
         QDBusMessage message = QDBusMessage::createMethodCall(
             QStringLiteral("org.pinorama.Pinorama"), QStringLiteral("/org/pinorama/Pinorama"),
             QString::fromLatin1(interface), QString::fromLatin1(method));
         message.setArguments(arguments);
-        QDBusPendingCall pending = other_.connection().asyncCall(message, test::kPatience);
+        QDBusPendingCall pending = second_.connection().asyncCall(message, test::kPatience);
         test::waitUntil([&] { return pending.isFinished(); });
         return pending.reply();
     }
@@ -54,7 +54,7 @@ protected:
     }
 
     Program program_{QStringLiteral("first")};
-    Program other_{QStringLiteral("second")};
+    Program second_{QStringLiteral("second")};
     ApplicationBus bus_{program_.connection()};
     QByteArrayList events_;
 };
@@ -62,11 +62,11 @@ protected:
 
 TEST_F(ApplicationBusTest, onlyOneInstanceGetsTheName)
 {
-    ApplicationBus second(other_.connection());
+    ApplicationBus second(second_.connection());
     EXPECT_EQ(second.claim(), ApplicationBus::Claim::takenByAnother);
 }
 
-TEST_F(ApplicationBusTest, openTakesTheLastFile)
+TEST_F(ApplicationBusTest, openOpensTheLastFile)
 {
     EXPECT_EQ(open({QStringLiteral("file:///a.jpg"), QStringLiteral("file:///b%20%23.jpg")},
                    {{QStringLiteral("activation-token"), QStringLiteral("tok")}})
@@ -75,7 +75,7 @@ TEST_F(ApplicationBusTest, openTakesTheLastFile)
     EXPECT_EQ(events_, QByteArrayList{"opened /b #.jpg tok"});
 }
 
-TEST_F(ApplicationBusTest, openPassesOverWhatIsNoLocalFile)
+TEST_F(ApplicationBusTest, openSkipsUrisThatNameNoLocalFile)
 {
     open({QStringLiteral("file:///a.jpg"), QStringLiteral("https://example.org/b.jpg"),
           QStringLiteral("file:///c%00.jpg"), QString()});
@@ -84,7 +84,7 @@ TEST_F(ApplicationBusTest, openPassesOverWhatIsNoLocalFile)
     EXPECT_EQ(events_, (QByteArrayList{"opened /a.jpg ", "activated ", "activated "}));
 }
 
-TEST_F(ApplicationBusTest, activateBringsTheTokenOfEitherKind)
+TEST_F(ApplicationBusTest, activatePassesOnATokenOfEitherKind)
 {
     const auto activate = [this](const QVariantMap& data) {
         call("org.freedesktop.Application", "Activate", {data});
@@ -95,21 +95,21 @@ TEST_F(ApplicationBusTest, activateBringsTheTokenOfEitherKind)
     EXPECT_EQ(events_, (QByteArrayList{"activated ", "activated id_TIME1", "activated 5"}));
 }
 
-TEST_F(ApplicationBusTest, textArrivesAsItStands)
+TEST_F(ApplicationBusTest, openTextPassesTheTextOnUnchanged)
 {
     call("org.pinorama.Pinorama1", "OpenText", {QStringLiteral(" /a b%20.jpg\n")});
     call("org.pinorama.Pinorama1", "OpenText", {QString()});
     EXPECT_EQ(events_, (QByteArrayList{"text 13  /a b%20.jpg\n", "text 0 "}));
 }
 
-TEST_F(ApplicationBusTest, tooLongATextCountsAsEmpty)
+TEST_F(ApplicationBusTest, openTextReplacesATextOverTheLimitByAnEmptyOne)
 {
     call("org.pinorama.Pinorama1", "OpenText", {QString(65536, QLatin1Char('x'))});
     call("org.pinorama.Pinorama1", "OpenText", {QString(65537, QLatin1Char('x'))});
     EXPECT_EQ(events_, (QByteArrayList{"text 65536 " + QByteArray(20, 'x'), "text 0 "}));
 }
 
-TEST_F(ApplicationBusTest, actionsArriveByName)
+TEST_F(ApplicationBusTest, activateActionPassesTheNameOnUnlessItIsTooLong)
 {
     call("org.freedesktop.Application", "ActivateAction",
          {QStringLiteral("quit"), QVariantList(), QVariantMap()});
@@ -118,14 +118,14 @@ TEST_F(ApplicationBusTest, actionsArriveByName)
     EXPECT_EQ(events_, QByteArrayList{"action quit"});
 }
 
-TEST_F(ApplicationBusTest, wrongArgumentsAreRefusedByTheBus)
+TEST_F(ApplicationBusTest, aCallWithWrongArgumentsGetsAnError)
 {
     EXPECT_EQ(call("org.freedesktop.Application", "Open", {5}).type(), QDBusMessage::ErrorMessage);
     EXPECT_EQ(call("org.pinorama.Pinorama1", "OpenText", {}).type(), QDBusMessage::ErrorMessage);
     EXPECT_TRUE(events_.isEmpty());
 }
 
-TEST_F(ApplicationBusTest, openBearsArgumentsOfAnySize)
+TEST_F(ApplicationBusTest, openAcceptsArgumentsOfAnySize)
 {
     const QString mebibyte(1 << 20, QLatin1Char('x'));
     QStringList uris(10000, QStringLiteral("https://example.org/a.jpg"));
@@ -138,7 +138,7 @@ TEST_F(ApplicationBusTest, openBearsArgumentsOfAnySize)
               (QByteArrayList{"opened /a.jpg ", "opened /b.jpg ", "activated ", "opened /c.jpg "}));
 }
 
-TEST_F(ApplicationBusTest, openTakesBytesThatAreNoUtf8)
+TEST_F(ApplicationBusTest, openDecodesBytesThatAreNotUtf8)
 {
     open({QStringLiteral("file:///%e4%FF.jpg")});
     open({QStringLiteral("file:///d.jpg"), QStringLiteral("file:///%e4%0.jpg"),
@@ -147,7 +147,7 @@ TEST_F(ApplicationBusTest, openTakesBytesThatAreNoUtf8)
     EXPECT_EQ(events_, (QByteArrayList{"opened /\xe4\xff.jpg ", "opened /d.jpg "}));
 }
 
-TEST_F(ApplicationBusTest, tooLongATokenCountsAsNone)
+TEST_F(ApplicationBusTest, aTokenOverTheLimitIsIgnored)
 {
     const QVariantMap data = {
         {QStringLiteral("activation-token"), QString(1 << 20, QLatin1Char('x'))},
@@ -157,7 +157,7 @@ TEST_F(ApplicationBusTest, tooLongATokenCountsAsNone)
     EXPECT_EQ(events_, (QByteArrayList{"activated id", "opened /a.jpg id"}));
 }
 
-TEST_F(ApplicationBusTest, parametersOfActionsAreNotLookedAt)
+TEST_F(ApplicationBusTest, activateActionIgnoresItsParameters)
 {
     QVariant deep = QStringLiteral("x");
     for (int i = 0; i < 20; i++) deep = QVariant::fromValue(QDBusVariant(deep));
@@ -169,13 +169,13 @@ TEST_F(ApplicationBusTest, parametersOfActionsAreNotLookedAt)
     EXPECT_EQ(events_, QByteArrayList{"action home"});
 }
 
-TEST_F(ApplicationBusTest, aTextOfAMebibyteCountsAsEmpty)
+TEST_F(ApplicationBusTest, openTextReplacesAMebibyteByAnEmptyText)
 {
     call("org.pinorama.Pinorama1", "OpenText", {QString(1 << 20, QLatin1Char('/'))});
     EXPECT_EQ(events_, QByteArrayList{"text 0 "});
 }
 
-TEST_F(ApplicationBusTest, theInterfacesHaveTheirStandardForm)
+TEST_F(ApplicationBusTest, exportsTheStandardInterfaces)
 {
     const QDBusMessage reply = call("org.freedesktop.DBus.Introspectable", "Introspect", {});
     const QString xml = reply.arguments().value(0).toString();
@@ -188,14 +188,14 @@ TEST_F(ApplicationBusTest, theInterfacesHaveTheirStandardForm)
     }
 }
 
-TEST(ApplicationBus, withoutABusItSaysSo)
+TEST(ApplicationBus, claimReportsThatThereIsNoBus)
 {
     ApplicationBus bus{QDBusConnection(QStringLiteral("no such connection"))};
     EXPECT_EQ(bus.claim(), ApplicationBus::Claim::noBus);
     EXPECT_FALSE(bus.activateOther("token"));
 }
 
-TEST(ApplicationBus, theNameIsFreeAgainAfterwards)
+TEST(ApplicationBus, theDestructorReleasesTheName)
 {
     const Program program(QStringLiteral("short"));
     if (!program.connection().isConnected()) GTEST_SKIP() << "no session bus can be started";
@@ -218,7 +218,7 @@ TEST(activationTokenOfStarter, prefersTheActivationToken)
     EXPECT_EQ(activationTokenOfStarter(), "startup");
 }
 
-TEST(useActivationToken, dropsWhatCannotBeOne)
+TEST(useActivationToken, dropsAMalformedToken)
 {
     const test::ScopedVariable none("XDG_ACTIVATION_TOKEN", nullptr);
     for (const QByteArray& token :

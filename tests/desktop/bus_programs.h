@@ -1,4 +1,4 @@
-// One session bus for all tests of a program, and other programs on it.
+// One session bus for all tests of a test program, and other programs on it.
 
 #pragma once
 
@@ -15,7 +15,7 @@
 
 namespace test {
 
-// The toolkit remembers its first session bus, so one serves all tests.
+// Qt caches its connection to the session bus, so one bus has to serve all tests.
 class BusEnvironment : public testing::Environment {
 public:
     void SetUp() override
@@ -38,7 +38,7 @@ private:
 };
 inline const auto* const gBusEnvironment = testing::AddGlobalTestEnvironment(new BusEnvironment);
 
-// A connection of its own to the test's bus, as another program has one.
+// Another program on the bus: a separate connection.
 class Program {
 public:
     explicit Program(const QString& name)

@@ -26,11 +26,11 @@ const GlobeView kView = {-33.9, 18.4, 271.25, 30.0, 2000.0};
 
 class RecordingOpener final : public UrlOpener {
 public:
-    void open(const QByteArray& address) override { addresses.push_back(address.toStdString()); }
-    std::vector<std::string> addresses;
+    void open(const QByteArray& url) override { urls.push_back(url.toStdString()); }
+    std::vector<std::string> urls;
 };
 
-// Answers on the bus as a running Marble does and writes down what it is asked.
+// Replies on the bus as a running Marble does, and records the calls.
 class FakeMarble : public QDBusVirtualObject {
 public:
     explicit FakeMarble() : bus_(QDBusConnection::sessionBus())
@@ -66,7 +66,7 @@ private:
     QDBusConnection bus_;
 };
 
-// A folder that is the whole search path, with stand-ins that write down their arguments.
+// The only folder of the search path, with fake programs that record their arguments.
 class GlobeProgramsTest : public testing::Test {
 protected:
     GlobeProgramsTest()
@@ -95,7 +95,7 @@ protected:
 };
 }  // namespace
 
-TEST_F(GlobeProgramsTest, givesGoogleEarthADocumentWithTheView)
+TEST_F(GlobeProgramsTest, startsGoogleEarthWithADocumentOfTheView)
 {
     install("google-earth-pro");
     GlobePrograms programs(opener_);
@@ -103,10 +103,10 @@ TEST_F(GlobeProgramsTest, givesGoogleEarthADocumentWithTheView)
     const std::string document = folder_.file("pinorama/fly-to.kml");
     EXPECT_EQ(startedWith(), document + "\n");
     EXPECT_EQ(test::readFile(document), makeLookAtDocument(kView));
-    EXPECT_TRUE(opener_.addresses.empty());
+    EXPECT_TRUE(opener_.urls.empty());
 }
 
-TEST_F(GlobeProgramsTest, writesTheQueryFileThatGoogleEarthIsSetUpToRead)
+TEST_F(GlobeProgramsTest, writesTheQueryFileThatGoogleEarthsSettingsName)
 {
     install("googleearth");
     folder_.write("drivers.ini",
@@ -117,7 +117,7 @@ TEST_F(GlobeProgramsTest, writesTheQueryFileThatGoogleEarthIsSetUpToRead)
     EXPECT_EQ(test::readFile(folder_.file("query.txt")), makeFlyToQuery(kView));
 }
 
-TEST_F(GlobeProgramsTest, movesTheMarbleThatRuns)
+TEST_F(GlobeProgramsTest, movesARunningMarble)
 {
     FakeMarble marble;
     GlobePrograms programs(opener_);
@@ -139,28 +139,28 @@ TEST_F(GlobeProgramsTest, startsMarbleAndIsBusyUntilItIsOnTheBus)
     EXPECT_EQ(startedWith(), "--latlon\n-33.900000 18.400000\n--distance\n2.000000\n");
     ASSERT_EQ(busy, std::vector<bool>{true});
 
-    programs.show({48.1, 11.5, 0.0, 44.0, 400.0});  // the user goes on meanwhile
+    programs.show({48.1, 11.5, 0.0, 44.0, 400.0});  // the user selects another picture meanwhile
     FakeMarble marble;
     ASSERT_TRUE(test::waitUntil([&] { return marble.calls.size() >= 2; }));
     EXPECT_EQ(busy, (std::vector<bool>{true, false}));
     EXPECT_EQ(marble.calls[0], "setCenter 11.500000 48.100000");
 }
 
-TEST_F(GlobeProgramsTest, withoutAGlobeOpensADocument)
+TEST_F(GlobeProgramsTest, opensADocumentIfNoGlobeIsInstalled)
 {
     GlobePrograms programs(opener_);
     programs.show(kView);
-    ASSERT_TRUE(test::waitUntil([&] { return !opener_.addresses.empty(); }));
-    EXPECT_EQ(opener_.addresses,
+    ASSERT_TRUE(test::waitUntil([&] { return !opener_.urls.empty(); }));
+    EXPECT_EQ(opener_.urls,
               std::vector<std::string>{"file://" + folder_.file("pinorama/fly-to.kml")});
     EXPECT_EQ(test::readFile(folder_.file("pinorama/fly-to.kml")), makeLookAtDocument(kView));
 }
 
-TEST_F(GlobeProgramsTest, aDocumentThatCannotBeWrittenIsSilent)
+TEST_F(GlobeProgramsTest, opensNothingIfTheDocumentCannotBeWritten)
 {
     folder_.write("pinorama", "a file where the folder should be");
     GlobePrograms programs(opener_);
     programs.show(kView);
     test::goOnFor(300);
-    EXPECT_TRUE(opener_.addresses.empty());
+    EXPECT_TRUE(opener_.urls.empty());
 }

@@ -15,7 +15,7 @@ TEST(makeLookAtDocument, holdsAllFiveNumbers)
               "</LookAt></Document></kml>\n");
 }
 
-TEST(makeLookAtDocument, keepsTheTiltWithinWhatKMLAllows)
+TEST(makeLookAtDocument, clampsTheTiltToTheRangeOfKml)
 {
     EXPECT_NE(makeLookAtDocument({0, 0, 0, -5.0, 1}).find("<tilt>0.000000</tilt>"),
               std::string::npos);
@@ -23,7 +23,7 @@ TEST(makeLookAtDocument, keepsTheTiltWithinWhatKMLAllows)
               std::string::npos);
 }
 
-TEST(makeFlyToQuery, isOneLineThatBeginsWithItsKeyword)
+TEST(makeFlyToQuery, isOneLineThatBeginsWithTheKeyword)
 {
     const std::string query = makeFlyToQuery({1.5, 2.5, 3.5, 4.5, 5.5});
     EXPECT_EQ(query,
@@ -32,7 +32,7 @@ TEST(makeFlyToQuery, isOneLineThatBeginsWithItsKeyword)
               "<range>5.500000</range><altitudeMode>relativeToGround</altitudeMode></LookAt>\n");
 }
 
-TEST(queryFileOfDriverSettings, findsTheSettingWhereverItStands)
+TEST(queryFileOfDriverSettings, findsTheSettingAnywhereInTheFile)
 {
     const struct {
         const char* name;
@@ -55,10 +55,10 @@ TEST(queryFileOfDriverSettings, findsTheSettingWhereverItStands)
     }
 }
 
-TEST(marbleZoom, growsByTheLogarithmOfTheDistance)
+TEST(marbleZoom, fallsWithTheLogarithmOfTheDistance)
 {
     EXPECT_EQ(marbleZoom(1000.0), 2879);
     EXPECT_EQ(marbleZoom(49000.0), 2101);
     EXPECT_EQ(marbleZoom(2000.0), 2741);
-    EXPECT_EQ(marbleZoom(0.0), marbleZoom(1.0)) << "never nearer than a metre";
+    EXPECT_EQ(marbleZoom(0.0), marbleZoom(1.0)) << "the distance is at least a metre";
 }

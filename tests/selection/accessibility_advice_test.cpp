@@ -92,7 +92,7 @@ class Guest {
 public:
     explicit Guest(const QString& accessibilityBus = QString())
     {
-        process_.start(QStringLiteral(PINORAMA_BUS_GUEST), {accessibilityBus});
+        process_.start(QStringLiteral(PINORAMA_BUS_CLIENT), {accessibilityBus});
         EXPECT_TRUE(process_.waitForReadyRead(test::kPatience));
     }
     ~Guest()

@@ -1,5 +1,5 @@
-// A program that is on the session bus and does nothing there, as long as its standard input is
-// open. With the address of a second bus it is on that one too.
+// A program that connects to the session bus and stays connected, idle, until its standard input is
+// closed. Given the address of a second bus, it connects to that one too.
 
 #include <QCoreApplication>
 #include <QDBusConnection>

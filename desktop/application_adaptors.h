@@ -1,5 +1,5 @@
-// The two interfaces of ApplicationBus as the bus sees them. They check what arrives and hand it on
-// as signals of the object they belong to.
+// The two D-Bus interfaces of ApplicationBus. They check the arguments of each call and emit the
+// signal of ApplicationBus that belongs to it.
 
 #pragma once
 
@@ -21,7 +21,7 @@ public:
 public Q_SLOTS:
     void Activate(const QVariantMap& platformData);
 
-    // The last URI that names a local file is taken; with none the window merely comes forward.
+    // Opens the last URI that names a local file. If none does, only raises the window.
     void Open(const QStringList& uris, const QVariantMap& platformData);
 
     void ActivateAction(const QString& action, const QVariantList& parameter,
@@ -31,15 +31,15 @@ private:
     ApplicationBus* bus_;
 };
 
-class OwnAdaptor : public QDBusAbstractAdaptor {
+class PinoramaAdaptor : public QDBusAbstractAdaptor {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.pinorama.Pinorama1")
 
 public:
-    explicit OwnAdaptor(ApplicationBus* bus) : QDBusAbstractAdaptor(bus), bus_(bus) {}
+    explicit PinoramaAdaptor(ApplicationBus* bus) : QDBusAbstractAdaptor(bus), bus_(bus) {}
 
 public Q_SLOTS:
-    // A text of more than kLongestServiceText units counts as empty.
+    // A text of more than kMaxServiceTextLength units is replaced by an empty one.
     void OpenText(const QString& text);
 
 private:

@@ -1,4 +1,4 @@
-#include "desktop/application_interfaces.h"
+#include "desktop/application_adaptors.h"
 
 #include "base/file_uri.h"
 
@@ -7,23 +7,24 @@
 
 namespace pinorama {
 namespace {
-constexpr qsizetype kLongestActionName = 64;
-constexpr qsizetype kLongestToken = 1024;
-constexpr qsizetype kLongestUri = 3 * 4096 + 256;  // every byte of a path escaped
+// In UTF-16 units.
+constexpr qsizetype kMaxActionNameLength = 64;
+constexpr qsizetype kMaxTokenLength = 1024;
+constexpr qsizetype kMaxUriLength = 3 * 4096 + 256;  // every byte of a path escaped
 
-// What is too long for one counts as none.
+// Skips a token that is too long to be one.
 QByteArray tokenIn(const QVariantMap& platformData)
 {
     for (const char* name : {"activation-token", "desktop-startup-id"}) {
         const QString token = platformData.value(QLatin1String(name)).toString();
-        if (!token.isEmpty() && token.size() <= kLongestToken) return token.toLatin1();
+        if (!token.isEmpty() && token.size() <= kMaxTokenLength) return token.toLatin1();
     }
     return {};
 }
 
 std::optional<std::string> pathOf(const QString& uri)
 {
-    if (uri.size() > kLongestUri) return std::nullopt;
+    if (uri.size() > kMaxUriLength) return std::nullopt;
     return pathOfFileURI(uri.toStdString());
 }
 }  // namespace
@@ -35,7 +36,7 @@ void ApplicationAdaptor::Activate(const QVariantMap& platformData)
 
 void ApplicationAdaptor::Open(const QStringList& uris, const QVariantMap& platformData)
 {
-    // One picture at a time: the last that was asked for.
+    // The window shows one picture at a time.
     for (auto uri = uris.crbegin(); uri != uris.crend(); ++uri) {
         if (const std::optional<std::string> path = pathOf(*uri)) {
             Q_EMIT bus_->fileOpened(QByteArray::fromStdString(*path), tokenIn(platformData));
@@ -48,13 +49,13 @@ void ApplicationAdaptor::Open(const QStringList& uris, const QVariantMap& platfo
 void ApplicationAdaptor::ActivateAction(const QString& action, const QVariantList&,
                                         const QVariantMap& platformData)
 {
-    if (action.size() <= kLongestActionName)
+    if (action.size() <= kMaxActionNameLength)
         Q_EMIT bus_->actionActivated(action, tokenIn(platformData));
 }
 
-void OwnAdaptor::OpenText(const QString& text)
+void PinoramaAdaptor::OpenText(const QString& text)
 {
-    Q_EMIT bus_->textSent(text.size() <= kLongestServiceText ? text : QString());
+    Q_EMIT bus_->textSent(text.size() <= kMaxServiceTextLength ? text : QString());
 }
 
 }  // namespace pinorama
