@@ -14,13 +14,13 @@ namespace pinorama {
 namespace {
 using namespace std::chrono_literals;
 
-constexpr auto kAnswerLimit = 2s;
-constexpr int kSwitchLimit = 5000;  // milliseconds; the service may have to be started first
-constexpr qsizetype kMostPrograms = 1024;
+constexpr auto kReplyTimeout = 2s;
+constexpr std::chrono::milliseconds kSwitchOnTimeout = 5s;  // the service may have to be started
+constexpr qsizetype kMaxPrograms = 1024;
 
 const QString kBus = QStringLiteral("org.freedesktop.DBus");
 
-QDBusMessage busQuestion(const QString& member, const QVariantList& arguments)
+QDBusMessage busCall(const QString& member, const QVariantList& arguments)
 {
     QDBusMessage message =
         QDBusMessage::createMethodCall(kBus, QStringLiteral("/org/freedesktop/DBus"), kBus, member);
@@ -28,46 +28,46 @@ QDBusMessage busQuestion(const QString& member, const QVariantList& arguments)
     return message;
 }
 
-// Get or Set of the property that switches accessibility on.
-QDBusMessage statusQuestion(const QString& member, const QVariantList& further)
+// Get or Set of the property that switches accessibility on; `value` is empty for Get.
+QDBusMessage statusCall(const QString& member, const QVariantList& value)
 {
     QDBusMessage message = QDBusMessage::createMethodCall(
         QStringLiteral("org.a11y.Bus"), QStringLiteral("/org/a11y/bus"),
         QStringLiteral("org.freedesktop.DBus.Properties"), member);
     message.setArguments(
-        QVariantList{QStringLiteral("org.a11y.Status"), QStringLiteral("IsEnabled")} + further);
+        QVariantList{QStringLiteral("org.a11y.Status"), QStringLiteral("IsEnabled")} + value);
     return message;
 }
 
-QStringList programsIn(const QDBusMessage& answer)
+QStringList programsIn(const QDBusMessage& reply)
 {
-    QStringList names = answer.arguments().value(0).toStringList();
+    QStringList names = reply.arguments().value(0).toStringList();
     names.removeIf([](const QString& name) { return !name.startsWith(u':'); });
-    return names.mid(0, kMostPrograms);
+    return names.mid(0, kMaxPrograms);
 }
 
-std::vector<QDBusMessage> processQuestions(const QStringList& programs)
+std::vector<QDBusMessage> processCalls(const QStringList& programs)
 {
-    std::vector<QDBusMessage> questions;
+    std::vector<QDBusMessage> calls;
     for (const QString& program : programs)
-        questions.push_back(busQuestion(QStringLiteral("GetConnectionUnixProcessID"), {program}));
-    return questions;
+        calls.push_back(busCall(QStringLiteral("GetConnectionUnixProcessID"), {program}));
+    return calls;
 }
 
-std::vector<pid_t> processesIn(const std::vector<QDBusMessage>& answers)
+std::vector<pid_t> processesIn(const std::vector<QDBusMessage>& replies)
 {
     std::vector<pid_t> processes;
-    for (const QDBusMessage& answer : answers) {
-        const auto process = static_cast<pid_t>(numberIn(answer).value_or(0));
+    for (const QDBusMessage& reply : replies) {
+        const auto process = static_cast<pid_t>(numberIn(reply).value_or(0));
         if (process > 0) processes.push_back(process);
     }
     return processes;
 }
 
-// Whether accessibility is known to be off.
-bool isOff(const QDBusMessage& answer)
+// Whether accessibility is off for certain; an error message proves nothing.
+bool isOff(const QDBusMessage& reply)
 {
-    const QVariant value = answer.arguments().value(0).value<QDBusVariant>().variant();
+    const QVariant value = reply.arguments().value(0).value<QDBusVariant>().variant();
     return value.userType() == QMetaType::Bool && !value.toBool();
 }
 }  // namespace
@@ -79,7 +79,7 @@ AccessibilityAdvice::AccessibilityAdvice(KindOfProcess kindOfProcess,
     round_.setSingleShot(true);
     round_.setInterval(settling);
     connect(&round_, &QTimer::timeout, this, &AccessibilityAdvice::onSettled);
-    connect(&accessibility_, &AccessibilityBus::connected, this, &AccessibilityAdvice::startLooking,
+    connect(&accessibility_, &AccessibilityBus::connected, this, &AccessibilityAdvice::startCheck,
             Qt::QueuedConnection);
 }
 
@@ -107,7 +107,7 @@ void AccessibilityAdvice::stop()
                                              QStringLiteral("NameOwnerChanged"), this,
                                              SLOT(onOwnerChanged(QString, QString, QString)));
     round_.stop();
-    look_.reset();
+    check_.reset();
     accessibility_.close();
     hasListedAll_ = false;
     newcomers_.clear();
@@ -119,71 +119,72 @@ void AccessibilityAdvice::stop()
 void AccessibilityAdvice::onOwnerChanged(const QString& name, const QString& /*earlier*/,
                                          const QString& later)
 {
-    if (!name.startsWith(u':') || later.isEmpty() || newcomers_.size() >= kMostPrograms) return;
+    if (!name.startsWith(u':') || later.isEmpty() || newcomers_.size() >= kMaxPrograms) return;
     newcomers_ << name;
     if (!round_.isActive()) round_.start();
 }
 
-// Everybody gets a whole round, and no stream of newcomers puts off the others.
+// Every program gets at least one whole round. Newcomers do not restart the timer, so a stream of
+// them cannot delay the check of the others.
 void AccessibilityAdvice::onSettled()
 {
     settled_ += std::exchange(settling_, std::exchange(newcomers_, {}));
     if (!settling_.isEmpty()) round_.start();
-    startLooking();
+    startCheck();
 }
 
-void AccessibilityAdvice::startLooking()
+void AccessibilityAdvice::startCheck()
 {
-    if (look_ || !isWanted_ || !QDBusConnection::sessionBus().isConnected()) return;
-    look_ = std::make_unique<Inquiry>(QDBusConnection::sessionBus(), kAnswerLimit);
-    look_->begin(look(*look_));
-    look_->letRun([this] {
-        look_.reset();
+    if (check_ || !isWanted_ || !QDBusConnection::sessionBus().isConnected()) return;
+    check_ = std::make_unique<DBusQuery>(QDBusConnection::sessionBus(), kReplyTimeout);
+    check_->start(check(*check_));
+    check_->continueInEventLoop([this] {
+        check_.reset();
         if (silent_.isEmpty()) return;
         stop();
         Q_EMIT needed(silent_);
     });
 }
 
-Task<Done> AccessibilityAdvice::look(Inquiry& inquiry)
+Task<Done> AccessibilityAdvice::check(DBusQuery& query)
 {
     QStringList programs = std::exchange(settled_, {});
     if (!hasListedAll_) {
-        const QDBusMessage askNames = busQuestion(QStringLiteral("ListNames"), {});
-        programs = programsIn(co_await inquiry.answer(askNames));
+        const QDBusMessage getNames = busCall(QStringLiteral("ListNames"), {});
+        programs = programsIn(co_await query.reply(getNames));
         hasListedAll_ = true;
     }
-    const std::vector<QDBusMessage> askProcesses = processQuestions(programs);
-    const auto answers = co_await inquiry.answers(askProcesses);
-    for (const pid_t process : processesIn(answers)) {
+    const std::vector<QDBusMessage> getProcesses = processCalls(programs);
+    const auto replies = co_await query.replies(getProcesses);
+    for (const pid_t process : processesIn(replies)) {
         const FileManagerKind* kind = kindOfProcess_(process);
         if (kind != nullptr && kind->toolkit == Toolkit::qt)
             suspects_.push_back(
                 {process, QString::fromLatin1(kind->name.data(), qsizetype(kind->name.size()))});
     }
     std::erase_if(suspects_, [this](const Suspect& suspect) {
-        return kindOfProcess_(suspect.process) == nullptr;  // it has ended
+        return kindOfProcess_(suspect.process) == nullptr;  // it ended while this waited
     });
     if (suspects_.empty()) co_return {};
 
-    const QDBusMessage askStatus = statusQuestion(QStringLiteral("Get"), {});
-    if (!isOff(co_await inquiry.answer(askStatus))) {
+    const QDBusMessage getStatus = statusCall(QStringLiteral("Get"), {});
+    if (!isOff(co_await query.reply(getStatus))) {
         suspects_.clear();
         co_return {};
     }
-    // One that found the accessibility bus by itself speaks all the same.
+    // A file manager may be on the accessibility bus although the setting is off.
     if (!accessibility_.isReady()) {
-        if (!round_.isActive()) round_.start();  // connected() looks again, or this does
+        if (!round_.isActive()) round_.start();  // the signal connected() or this checks again
         co_return {};
     }
-    const QDBusMessage askSpeakers = busQuestion(QStringLiteral("ListNames"), {});
-    const std::vector<QDBusMessage> askThem = together(askSpeakers);
-    const auto speakers = co_await inquiry.answersFrom(accessibility_.bus(), askThem);
-    const std::vector<QDBusMessage> askTheirs = processQuestions(programsIn(speakers.front()));
-    const auto theirs = co_await inquiry.answersFrom(accessibility_.bus(), askTheirs);
+    const QDBusMessage getSpeakers = busCall(QStringLiteral("ListNames"), {});
+    const std::vector<QDBusMessage> getThem = callList(getSpeakers);
+    const auto speakers = co_await query.repliesFrom(accessibility_.bus(), getThem);
+    const std::vector<QDBusMessage> getTheirs = processCalls(programsIn(speakers.front()));
+    const auto theirs = co_await query.repliesFrom(accessibility_.bus(), getTheirs);
     const std::vector<pid_t> speaking = processesIn(theirs);
     accessibility_.close();
-    if (speaking.empty()) co_return {};  // not even this program: nothing is known
+    if (speaking.empty()) co_return {};  // not even this program is listed: the reply is useless
     for (const Suspect& suspect : std::exchange(suspects_, {})) {
         if (std::find(speaking.begin(), speaking.end(), suspect.process) != speaking.end())
             continue;
@@ -199,13 +200,15 @@ void AccessibilityAdvice::switchOn()
         Q_EMIT switched(false);
         return;
     }
-    const QDBusMessage wish =
-        statusQuestion(QStringLiteral("Set"), {QVariant::fromValue(QDBusVariant(QVariant(true)))});
-    auto* answer = new QDBusPendingCallWatcher(
-        QDBusConnection::sessionBus().asyncCall(wish, kSwitchLimit), this);
-    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
-        answer->deleteLater();
-        Q_EMIT switched(!answer->isError());
+    const QDBusMessage setEnabled =
+        statusCall(QStringLiteral("Set"), {QVariant::fromValue(QDBusVariant(QVariant(true)))});
+    auto* watcher =
+        new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(
+                                        setEnabled, static_cast<int>(kSwitchOnTimeout.count())),
+                                    this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
+        watcher->deleteLater();
+        Q_EMIT switched(!watcher->isError());
     });
 }
 

@@ -1,6 +1,7 @@
-// Finds out whether a file manager runs whose selection cannot be followed, because accessibility
-// was off when it was started. Those made with Qt (Dolphin, PCManFM-Qt) are silent then. Switching
-// it on is a setting of the whole desktop, and so it is done only when it is asked for.
+// Finds out whether a file manager runs whose selection cannot be followed because accessibility
+// was off when it started. Those that use Qt (Dolphin, PCManFM-Qt) do not connect to the
+// accessibility bus then. Switching accessibility on changes a setting of the whole desktop, so
+// only the user does it.
 
 #pragma once
 
@@ -17,7 +18,7 @@
 #include <vector>
 
 #include "selection/accessibility_bus.h"
-#include "selection/dbus_inquiry.h"
+#include "selection/dbus_query.h"
 #include "selection/file_manager_kind.h"
 
 namespace pinorama {
@@ -26,31 +27,31 @@ class AccessibilityAdvice : public QObject {
     Q_OBJECT
 
 public:
-    using OutlivesItsTasks = void;  // its inquiry is a member
+    using OutlivesItsTasks = void;  // its query is a member of it
 
     using KindOfProcess = std::function<const FileManagerKind*(pid_t)>;
 
-    // `settling` is how long a program that has come to the session bus gets to come to the
-    // accessibility bus as well.
+    // `settling` is how long a program may take from its connection to the session bus to the one
+    // to the accessibility bus.
     explicit AccessibilityAdvice(KindOfProcess kindOfProcess = fileManagerKindOfProcess,
                                  std::chrono::milliseconds settling = std::chrono::seconds(3),
                                  QObject* parent = nullptr);
     ~AccessibilityAdvice() override;
 
-    // Whether anybody wants to follow file managers. As long as that is so this hears of programs
-    // that come to the session bus; it asks nothing while nobody comes.
+    // Whether the user wants to follow file managers. While that is so, this object watches for
+    // programs that connect to the session bus. It makes no calls while none does.
     void setWanted(bool isWanted);
 
-    // Asks the desktop to switch accessibility on (org.a11y.Status, IsEnabled). switched() tells
-    // what became of it.
+    // Asks the desktop to switch accessibility on (org.a11y.Status, IsEnabled). Emits switched()
+    // with the result.
     void switchOn();
 
 Q_SIGNALS:
-    // The selection in this file manager, called by its name, cannot be followed: it is silent, and
-    // accessibility is off. Once at most.
+    // The selection of the file manager with this name cannot be followed: accessibility is off,
+    // and it is not on the accessibility bus. Emitted once at most.
     void needed(const QString& fileManager);
 
-    // After switchOn(): true when accessibility is on now.
+    // After switchOn(): whether the desktop has switched accessibility on.
     void switched(bool isOn);
 
 private Q_SLOTS:
@@ -64,20 +65,20 @@ private:
 
     void stop();
     void onSettled();
-    void startLooking();
-    Task<Done> look(Inquiry& inquiry);
+    void startCheck();
+    Task<Done> check(DBusQuery& query);
 
     KindOfProcess kindOfProcess_;
     bool isWanted_ = false;
-    bool hasListedAll_ = false;      // who was on the bus before this listened
-    QStringList newcomers_;          // came while the time runs, get another round
-    QStringList settling_;           // were there when it began
-    QStringList settled_;            // can be looked at
-    std::vector<Suspect> suspects_;  // file managers that may be silent
-    QString silent_;                 // the one that the advice was given for
+    bool hasListedAll_ = false;      // the programs that were on the bus before this listened
+    QStringList newcomers_;          // connected during this round, and wait for the next one
+    QStringList settling_;           // connected before this round
+    QStringList settled_;            // have had a whole round, and can be checked
+    std::vector<Suspect> suspects_;  // file managers that may be missing on the accessibility bus
+    QString silent_;                 // the one that needed() was emitted for
     AccessibilityBus accessibility_;
-    QTimer round_;
-    std::unique_ptr<Inquiry> look_;
+    QTimer round_;  // lasts `settling`
+    std::unique_ptr<DBusQuery> check_;
 };
 
 }  // namespace pinorama

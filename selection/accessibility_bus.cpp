@@ -13,11 +13,11 @@ namespace pinorama {
 namespace {
 using namespace std::chrono_literals;
 
-constexpr auto kPauseBetweenTries = 1s;
-constexpr int kCallTimeout = 5000;  // milliseconds; the bus may have to be started first
+constexpr auto kRetryInterval = 1s;
+constexpr std::chrono::milliseconds kCallTimeout = 5s;  // the bus may have to be started first
 
-// Everything else of use, such as titles and status bars, is asked for at every question anyway,
-// and a program that is not asked to tell of it has less to do.
+// Other changes, such as those of titles and status bars, are found by revalidation anyway, and a
+// program that nobody subscribes to for them has less to do.
 constexpr const char* kEvents[] = {
     "object:selection-changed",
     "object:state-changed:selected",
@@ -46,7 +46,7 @@ bool AccessibilityBus::isReady()
 {
     if (!name_.isEmpty() && bus().isConnected()) return true;
     if (!name_.isEmpty()) onDisconnected();
-    if (!isAsking_ && Clock::now() - askedAt_ >= kPauseBetweenTries) askForAddress();
+    if (!isConnecting_ && Clock::now() - triedAt_ >= kRetryInterval) requestAddress();
     return false;
 }
 
@@ -57,19 +57,20 @@ void AccessibilityBus::close()
     name_.clear();
 }
 
-void AccessibilityBus::askForAddress()
+void AccessibilityBus::requestAddress()
 {
-    isAsking_ = true;
-    askedAt_ = Clock::now();
-    const QDBusMessage question = QDBusMessage::createMethodCall(
+    isConnecting_ = true;
+    triedAt_ = Clock::now();
+    const QDBusMessage call = QDBusMessage::createMethodCall(
         QStringLiteral("org.a11y.Bus"), QStringLiteral("/org/a11y/bus"),
         QStringLiteral("org.a11y.Bus"), QStringLiteral("GetAddress"));
-    auto* answer = new QDBusPendingCallWatcher(
-        QDBusConnection::sessionBus().asyncCall(question, kCallTimeout), this);
-    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
-        const QDBusPendingReply<QString> address = *answer;
-        answer->deleteLater();
-        isAsking_ = false;
+    auto* watcher = new QDBusPendingCallWatcher(
+        QDBusConnection::sessionBus().asyncCall(call, static_cast<int>(kCallTimeout.count())),
+        this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
+        const QDBusPendingReply<QString> address = *watcher;
+        watcher->deleteLater();
+        isConnecting_ = false;
         if (address.isValid() && !address.value().isEmpty()) open(address.value());
     });
 }
@@ -98,7 +99,8 @@ void AccessibilityBus::listenTo(const QString& service, bool alsoToNames)
     const QString object = QStringLiteral("org.a11y.atspi.Event.Object");
     bus().connect(service, QString(), object, QStringLiteral("SelectionChanged"), this,
                   SLOT(onEvent(QDBusMessage)));
-    // GTK 4 tells of every state, asked or not. The bus keeps back what is not looked at.
+    // GTK 4 sends the changes of all states, whoever subscribed to what. The match rules keep those
+    // that are not listed here on the bus, so that this process does not wake up for them.
     for (const char* state : {"selected", "focused"}) {
         bus().connect(service, QString(), object, QStringLiteral("StateChanged"),
                       {QString::fromLatin1(state)}, QString(), this, SLOT(onEvent(QDBusMessage)));
@@ -116,11 +118,11 @@ void AccessibilityBus::listenTo(const QString& service, bool alsoToNames)
                       SLOT(onEvent(QDBusMessage)));
     }
     for (const char* event : events) {
-        QDBusMessage wish = QDBusMessage::createMethodCall(
+        QDBusMessage registerEvent = QDBusMessage::createMethodCall(
             QStringLiteral("org.a11y.atspi.Registry"), QStringLiteral("/org/a11y/atspi/registry"),
             QStringLiteral("org.a11y.atspi.Registry"), QStringLiteral("RegisterEvent"));
-        wish.setArguments({QString::fromLatin1(event), QStringList(), service});
-        bus().send(wish);
+        registerEvent.setArguments({QString::fromLatin1(event), QStringList(), service});
+        bus().send(registerEvent);
     }
 }
 
@@ -137,22 +139,22 @@ void AccessibilityBus::onEvent(const QDBusMessage& message)
     } else if (message.member() == QLatin1String("PropertyChange")) {
         event = Event::name;
     }
-    Q_EMIT heard(message.service(), message.path(), event, isOn);
+    Q_EMIT eventReceived(message.service(), message.path(), event, isOn);
 }
 
 void AccessibilityBus::onOwnerChanged(const QString& name, const QString& earlier,
                                       const QString& later)
 {
     if (!name.startsWith(u':')) return;
-    if (later.isEmpty()) Q_EMIT programLeft(name);
-    if (earlier.isEmpty()) Q_EMIT programCame(name);
+    if (later.isEmpty()) Q_EMIT programDisconnected(name);
+    if (earlier.isEmpty()) Q_EMIT programConnected(name);
 }
 
 void AccessibilityBus::onDisconnected()
 {
     if (name_.isEmpty()) return;
     close();
-    Q_EMIT lost();
+    Q_EMIT disconnected();
 }
 
 }  // namespace pinorama

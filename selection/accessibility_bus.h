@@ -1,5 +1,5 @@
-// The connection to the accessibility bus. It is made when it is first needed, made again after the
-// bus has gone, and given up with everything that hangs on it when nobody needs it.
+// The connection to the accessibility bus. It opens when it is first needed, opens again after the
+// bus has been restarted, and closes with all its subscriptions when nobody needs it.
 
 #pragma once
 
@@ -8,7 +8,7 @@
 #include <QObject>
 #include <QString>
 
-#include "selection/dbus_inquiry.h"
+#include "selection/dbus_query.h"
 
 namespace pinorama {
 
@@ -19,34 +19,34 @@ public:
     explicit AccessibilityBus(QObject* parent = nullptr);
     ~AccessibilityBus() override;
 
-    // What happened to: the selection of a view or an item, the focus, a whole window, a name.
+    // What changed: the selection of a view or of an item, the focus, a window, a name.
     enum class Event { selection, focus, window, name };
 
-    // Whether questions can be asked. When not, starts to connect, at most once a second, and says
-    // so with connected() later.
+    // Whether the connection is open. If not, starts to connect, at most once a second, and emits
+    // connected() later.
     bool isReady();
 
     // The connection; only while isReady().
     QDBusConnection bus() const { return QDBusConnection(name_); }
 
-    // Drops the connection. The bus forgets with it whatever this program wanted to hear.
+    // Closes the connection. The bus then drops all subscriptions of this program.
     void close();
 
-    // Asks a program to say when something happens to its selections, its focus and its windows,
-    // and, `alsoToNames`, when one of its objects gets another name.
+    // Subscribes to a program's events about selections, focus and windows and, with `alsoToNames`,
+    // about the names of its objects.
     void listenTo(const QString& service, bool alsoToNames);
 
 Q_SIGNALS:
     void connected();
-    void lost();
+    void disconnected();
 
-    // A program that is listened to says that something has happened to an object of its; `isOn`
-    // tells whether a state was switched on.
-    void heard(const QString& service, const QString& path, Event event, bool isOn);
+    // A program that is listened to sent an event about one of its objects. `isOn` says whether a
+    // state was set or cleared.
+    void eventReceived(const QString& service, const QString& path, Event event, bool isOn);
 
-    // A program has come to the bus or left it.
-    void programCame(const QString& service);
-    void programLeft(const QString& service);
+    // A program has connected to the bus or disconnected from it.
+    void programConnected(const QString& service);
+    void programDisconnected(const QString& service);
 
 private Q_SLOTS:
     void onEvent(const QDBusMessage& message);
@@ -54,12 +54,12 @@ private Q_SLOTS:
     void onDisconnected();
 
 private:
-    void askForAddress();
+    void requestAddress();
     void open(const QString& address);
 
     QString name_;  // of the connection in this process; empty while there is none
-    bool isAsking_ = false;
-    Clock::time_point askedAt_;
+    bool isConnecting_ = false;
+    Clock::time_point triedAt_;
 };
 
 }  // namespace pinorama

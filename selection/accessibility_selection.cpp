@@ -9,8 +9,8 @@ namespace pinorama {
 namespace {
 using namespace std::chrono_literals;
 
-// A reading that takes longer is left to the event loop, so that the window stays quick.
-constexpr auto kLongestReading = 60ms;
+// A window that takes longer to read is read in the event loop, so that our own stays responsive.
+constexpr auto kMaxReadTime = 60ms;
 }  // namespace
 
 AccessibilitySelection::AccessibilitySelection(FrameTracker& tracker) : tracker_(tracker) {}
@@ -18,38 +18,39 @@ AccessibilitySelection::AccessibilitySelection(FrameTracker& tracker) : tracker_
 std::vector<std::string> AccessibilitySelection::selectedPaths()
 {
     if (!tracker_.isReady()) return {};
-    Inquiry inquiry(tracker_.bus(), kSelectionDeadline);
-    auto paths = inquiry.valueUntil(answer(inquiry), Clock::now() + kSelectionDeadline);
+    DBusQuery query(tracker_.bus(), kSelectionDeadline);
+    auto paths = query.valueUntil(findPaths(query), Clock::now() + kSelectionDeadline);
     if (paths) return std::move(*paths);
-    for (const QString& service : inquiry.unanswered()) tracker_.pause(service);
+    for (const QString& service : query.servicesWithoutReply()) tracker_.pause(service);
     return {};
 }
 
-Task<std::vector<std::string>> AccessibilitySelection::answer(Inquiry& inquiry)
+Task<std::vector<std::string>> AccessibilitySelection::findPaths(DBusQuery& query)
 {
-    const SharedFrame frame = co_await tracker_.askForFrame(inquiry);
+    const SharedFrame frame = co_await tracker_.findLatestFrame(query);
     std::vector<std::string> paths;
-    if (frame) paths = co_await pathsIn(inquiry, frame);
+    if (frame) paths = co_await pathsIn(query, frame);
     co_return paths;
 }
 
-Task<std::vector<std::string>> AccessibilitySelection::pathsIn(Inquiry& inquiry, SharedFrame frame)
+Task<std::vector<std::string>> AccessibilitySelection::pathsIn(DBusQuery& query, SharedFrame frame)
 {
-    tracker_.checkAlong(frame);
-    if (!frame->isStale() && !tracker_.hasChecked(frame)) co_await frame->check(inquiry);
+    tracker_.revalidateAlong(frame);
+    if (!frame->isStale() && !tracker_.hasRevalidated(frame)) co_await frame->revalidate(query);
     if (frame->isStale()) {
-        if (frame->cost() > kLongestReading) {
+        if (frame->cost() > kMaxReadTime) {
             tracker_.readInEventLoop(frame);
             co_return std::vector<std::string>();
         }
-        tracker_.dropReading(frame);
-        co_await frame->read(inquiry);
+        // A reading that began earlier must not overwrite this one.
+        tracker_.cancelReading(frame);
+        co_await frame->read(query);
     } else if (frame->isDue(Clock::now())) {
-        // What has just been checked serves until then.
+        // The paths that were just revalidated will do until that reading ends.
         tracker_.readInEventLoop(frame);
     }
     std::vector<std::string> paths = frame->paths();
-    // A file may vanish between its selection and now.
+    // A file may have been deleted since it was selected.
     const auto isGone = [](const std::string& path) { return !existingItem(path).has_value(); };
     if (std::any_of(paths.begin(), paths.end(), isGone)) paths.clear();
     co_return paths;

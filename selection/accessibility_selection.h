@@ -1,5 +1,13 @@
-// The selection of the file manager over the accessibility bus. Nothing has to be installed in the
-// file manager for it, and the clipboard is never touched.
+// The selection of the file manager, read over the accessibility bus. The file manager needs no
+// extension for it, and the clipboard stays untouched.
+//
+//     FrameTracker tracker;
+//     AccessibilitySelection selection(tracker);
+//     timer.callOnTimeout([&] { show(selection.selectedPaths()); });  // empty until it has
+//     connected
+//
+// A call at rest costs one round trip: FrameTracker asks all windows which is active and, along
+// with that, revalidates what was read last.
 
 #pragma once
 
@@ -7,7 +15,7 @@
 #include <string>
 #include <vector>
 
-#include "selection/dbus_inquiry.h"
+#include "selection/dbus_query.h"
 #include "selection/frame_tracker.h"
 #include "selection/selection_source.h"
 
@@ -15,23 +23,24 @@ namespace pinorama {
 
 class AccessibilitySelection : public SelectionSource {
 public:
-    using OutlivesItsTasks = void;  // waits for each of them, or is held by who does
+    using OutlivesItsTasks =
+        void;  // it blocks for its own, and the owners of other queries own this
 
     // `tracker` must outlive this.
     explicit AccessibilitySelection(FrameTracker& tracker);
 
     std::vector<std::string> selectedPaths() override;
 
-    // The same as a part of a longer inquiry, for a window that is known to be the one that counts.
-    Task<std::vector<std::string>> pathsIn(Inquiry& inquiry, SharedFrame frame);
+    // The same as a part of a longer query, for the window that was active last.
+    Task<std::vector<std::string>> pathsIn(DBusQuery& query, SharedFrame frame);
 
 private:
-    Task<std::vector<std::string>> answer(Inquiry& inquiry);
+    Task<std::vector<std::string>> findPaths(DBusQuery& query);
 
     FrameTracker& tracker_;
 };
 
-// How long one question for the selection may take, all its parts together.
+// The time limit of one query for the selection, all its calls together.
 constexpr std::chrono::milliseconds kSelectionDeadline{300};
 
 }  // namespace pinorama

@@ -13,8 +13,8 @@ constexpr const char* kSelection = "org.a11y.atspi.Selection";
 constexpr const char* kTable = "org.a11y.atspi.Table";
 constexpr std::uint32_t kInItsWindow = 1;  // the coordinate type
 
-QDBusMessage question(const Accessible& object, const char* interface, const char* method,
-                      const QVariantList& arguments = {})
+QDBusMessage methodCall(const Accessible& object, const char* interface, const char* method,
+                        const QVariantList& arguments = {})
 {
     QDBusMessage message = QDBusMessage::createMethodCall(
         object.service, object.path, QString::fromLatin1(interface), QString::fromLatin1(method));
@@ -22,24 +22,24 @@ QDBusMessage question(const Accessible& object, const char* interface, const cha
     return message;
 }
 
-QDBusMessage propertyQuestion(const Accessible& object, const char* interface, const char* property)
+QDBusMessage propertyCall(const Accessible& object, const char* interface, const char* property)
 {
-    return question(object, "org.freedesktop.DBus.Properties", "Get",
-                    {QString::fromLatin1(interface), QString::fromLatin1(property)});
+    return methodCall(object, "org.freedesktop.DBus.Properties", "Get",
+                      {QString::fromLatin1(interface), QString::fromLatin1(property)});
 }
 
-// The first value of an answer, out of its variant when it is a property's.
-QVariant firstValue(const QDBusMessage& answer)
+// The first value of a reply; that of a property without its variant.
+QVariant firstValue(const QDBusMessage& reply)
 {
-    if (answer.type() != QDBusMessage::ReplyMessage || answer.arguments().isEmpty()) return {};
-    const QVariant value = answer.arguments().constFirst();
+    if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty()) return {};
+    const QVariant value = reply.arguments().constFirst();
     return value.canConvert<QDBusVariant>() ? value.value<QDBusVariant>().variant() : value;
 }
 
-// The first value as something that is read piece by piece, when its signature is the expected one.
-std::optional<QDBusArgument> structured(const QDBusMessage& answer, const char* signature)
+// The first value, to be demarshalled member by member, if it has the expected signature.
+std::optional<QDBusArgument> structured(const QDBusMessage& reply, const char* signature)
 {
-    const QVariant value = firstValue(answer);
+    const QVariant value = firstValue(reply);
     if (!value.canConvert<QDBusArgument>()) return std::nullopt;
     const QDBusArgument argument = value.value<QDBusArgument>();
     if (argument.currentSignature() != QLatin1String(signature)) return std::nullopt;
@@ -63,124 +63,124 @@ bool Accessible::isNull() const
     return service.isEmpty() || path.isEmpty() || path == QLatin1String("/org/a11y/atspi/null");
 }
 
-QDBusMessage roleQuestion(const Accessible& object)
+QDBusMessage roleCall(const Accessible& object)
 {
-    return question(object, kAccessible, "GetRole");
+    return methodCall(object, kAccessible, "GetRole");
 }
 
-QDBusMessage statesQuestion(const Accessible& object)
+QDBusMessage statesCall(const Accessible& object)
 {
-    return question(object, kAccessible, "GetState");
+    return methodCall(object, kAccessible, "GetState");
 }
 
-QDBusMessage nameQuestion(const Accessible& object)
+QDBusMessage nameCall(const Accessible& object)
 {
-    return propertyQuestion(object, kAccessible, "Name");
+    return propertyCall(object, kAccessible, "Name");
 }
 
-QDBusMessage descriptionQuestion(const Accessible& object)
+QDBusMessage descriptionCall(const Accessible& object)
 {
-    return propertyQuestion(object, kAccessible, "Description");
+    return propertyCall(object, kAccessible, "Description");
 }
 
-QDBusMessage interfacesQuestion(const Accessible& object)
+QDBusMessage interfacesCall(const Accessible& object)
 {
-    return question(object, kAccessible, "GetInterfaces");
+    return methodCall(object, kAccessible, "GetInterfaces");
 }
 
-QDBusMessage attributesQuestion(const Accessible& object)
+QDBusMessage attributesCall(const Accessible& object)
 {
-    return question(object, kAccessible, "GetAttributes");
+    return methodCall(object, kAccessible, "GetAttributes");
 }
 
-QDBusMessage childrenQuestion(const Accessible& object)
+QDBusMessage childrenCall(const Accessible& object)
 {
-    return question(object, kAccessible, "GetChildren");
+    return methodCall(object, kAccessible, "GetChildren");
 }
 
-QDBusMessage parentQuestion(const Accessible& object)
+QDBusMessage parentCall(const Accessible& object)
 {
-    return propertyQuestion(object, kAccessible, "Parent");
+    return propertyCall(object, kAccessible, "Parent");
 }
 
-QDBusMessage childCountQuestion(const Accessible& object)
+QDBusMessage childCountCall(const Accessible& object)
 {
-    return propertyQuestion(object, kAccessible, "ChildCount");
+    return propertyCall(object, kAccessible, "ChildCount");
 }
 
-QDBusMessage childQuestion(const Accessible& object, int index)
+QDBusMessage childCall(const Accessible& object, int index)
 {
-    return question(object, kAccessible, "GetChildAtIndex", {index});
+    return methodCall(object, kAccessible, "GetChildAtIndex", {index});
 }
 
-QDBusMessage sizeQuestion(const Accessible& object)
+QDBusMessage sizeCall(const Accessible& object)
 {
-    return question(object, kComponent, "GetSize");
+    return methodCall(object, kComponent, "GetSize");
 }
 
-QDBusMessage textQuestion(const Accessible& object, int end)
+QDBusMessage textCall(const Accessible& object, int end)
 {
-    return question(object, "org.a11y.atspi.Text", "GetText", {0, end});
+    return methodCall(object, "org.a11y.atspi.Text", "GetText", {0, end});
 }
 
-QDBusMessage objectAtPointQuestion(const Accessible& object, int x, int y)
+QDBusMessage objectAtPointCall(const Accessible& object, int x, int y)
 {
-    return question(object, kComponent, "GetAccessibleAtPoint", {x, y, kInItsWindow});
+    return methodCall(object, kComponent, "GetAccessibleAtPoint", {x, y, kInItsWindow});
 }
 
-QDBusMessage extentsQuestion(const Accessible& object)
+QDBusMessage extentsCall(const Accessible& object)
 {
-    return question(object, kComponent, "GetExtents", {kInItsWindow});
+    return methodCall(object, kComponent, "GetExtents", {kInItsWindow});
 }
 
-QDBusMessage selectedCountQuestion(const Accessible& object)
+QDBusMessage selectedCountCall(const Accessible& object)
 {
-    return propertyQuestion(object, kSelection, "NSelectedChildren");
+    return propertyCall(object, kSelection, "NSelectedChildren");
 }
 
-QDBusMessage selectedChildQuestion(const Accessible& object, int index)
+QDBusMessage selectedChildCall(const Accessible& object, int index)
 {
-    return question(object, kSelection, "GetSelectedChild", {index});
+    return methodCall(object, kSelection, "GetSelectedChild", {index});
 }
 
-QDBusMessage selectedRowCountQuestion(const Accessible& object)
+QDBusMessage selectedRowCountCall(const Accessible& object)
 {
-    return propertyQuestion(object, kTable, "NSelectedRows");
+    return propertyCall(object, kTable, "NSelectedRows");
 }
 
-QDBusMessage selectedRowsQuestion(const Accessible& object)
+QDBusMessage selectedRowsCall(const Accessible& object)
 {
-    return question(object, kTable, "GetSelectedRows");
+    return methodCall(object, kTable, "GetSelectedRows");
 }
 
-QDBusMessage columnCountQuestion(const Accessible& object)
+QDBusMessage columnCountCall(const Accessible& object)
 {
-    return propertyQuestion(object, kTable, "NColumns");
+    return propertyCall(object, kTable, "NColumns");
 }
 
-QDBusMessage cellQuestion(const Accessible& object, int row, int column)
+QDBusMessage cellCall(const Accessible& object, int row, int column)
 {
-    return question(object, kTable, "GetAccessibleAt", {row, column});
+    return methodCall(object, kTable, "GetAccessibleAt", {row, column});
 }
 
-std::optional<std::uint32_t> numberIn(const QDBusMessage& answer)
+std::optional<std::uint32_t> numberIn(const QDBusMessage& reply)
 {
-    const QVariant value = firstValue(answer);
+    const QVariant value = firstValue(reply);
     if (value.userType() == QMetaType::UInt) return value.toUInt();
     if (value.userType() == QMetaType::Int && value.toInt() >= 0) return value.toUInt();
     return std::nullopt;
 }
 
-std::optional<QString> textIn(const QDBusMessage& answer)
+std::optional<QString> textIn(const QDBusMessage& reply)
 {
-    const QVariant value = firstValue(answer);
+    const QVariant value = firstValue(reply);
     if (value.userType() != QMetaType::QString) return std::nullopt;
     return value.toString();
 }
 
-std::optional<States> statesIn(const QDBusMessage& answer)
+std::optional<States> statesIn(const QDBusMessage& reply)
 {
-    const auto argument = structured(answer, "au");
+    const auto argument = structured(reply, "au");
     if (!argument) return std::nullopt;
     States states = 0;
     argument->beginArray();
@@ -193,18 +193,18 @@ std::optional<States> statesIn(const QDBusMessage& answer)
     return states;
 }
 
-std::optional<Accessible> objectIn(const QDBusMessage& answer)
+std::optional<Accessible> objectIn(const QDBusMessage& reply)
 {
-    const auto argument = structured(answer, "(so)");
+    const auto argument = structured(reply, "(so)");
     if (!argument) return std::nullopt;
     const Accessible object = readObject(*argument);
     if (object.isNull()) return std::nullopt;
     return object;
 }
 
-std::optional<std::vector<Accessible>> objectsIn(const QDBusMessage& answer, std::size_t limit)
+std::optional<std::vector<Accessible>> objectsIn(const QDBusMessage& reply, std::size_t limit)
 {
-    const auto argument = structured(answer, "a(so)");
+    const auto argument = structured(reply, "a(so)");
     if (!argument) return std::nullopt;
     std::vector<Accessible> objects;
     argument->beginArray();
@@ -215,17 +215,17 @@ std::optional<std::vector<Accessible>> objectsIn(const QDBusMessage& answer, std
     return objects;
 }
 
-std::optional<std::vector<QString>> textsIn(const QDBusMessage& answer)
+std::optional<std::vector<QString>> textsIn(const QDBusMessage& reply)
 {
-    const QVariant value = firstValue(answer);
+    const QVariant value = firstValue(reply);
     if (value.userType() != QMetaType::QStringList) return std::nullopt;
     const QStringList list = value.toStringList();
     return std::vector<QString>(list.begin(), list.end());
 }
 
-std::optional<std::vector<int>> numbersIn(const QDBusMessage& answer, std::size_t limit)
+std::optional<std::vector<int>> numbersIn(const QDBusMessage& reply, std::size_t limit)
 {
-    const auto argument = structured(answer, "ai");
+    const auto argument = structured(reply, "ai");
     if (!argument) return std::nullopt;
     std::vector<int> numbers;
     argument->beginArray();
@@ -238,13 +238,13 @@ std::optional<std::vector<int>> numbersIn(const QDBusMessage& answer, std::size_
     return numbers;
 }
 
-std::optional<Size> sizeIn(const QDBusMessage& answer)
+std::optional<Size> sizeIn(const QDBusMessage& reply)
 {
-    // Two values beside each other here, one structure of two in some programs.
-    if (answer.type() == QDBusMessage::ReplyMessage && answer.signature() == QLatin1String("ii")) {
-        return Size{answer.arguments().at(0).toInt(), answer.arguments().at(1).toInt()};
+    // AT-SPI specifies two separate values; some programs reply with one structure of two.
+    if (reply.type() == QDBusMessage::ReplyMessage && reply.signature() == QLatin1String("ii")) {
+        return Size{reply.arguments().at(0).toInt(), reply.arguments().at(1).toInt()};
     }
-    const auto argument = structured(answer, "(ii)");
+    const auto argument = structured(reply, "(ii)");
     if (!argument) return std::nullopt;
     Size size;
     argument->beginStructure();
@@ -253,9 +253,9 @@ std::optional<Size> sizeIn(const QDBusMessage& answer)
     return size;
 }
 
-std::optional<Extents> extentsIn(const QDBusMessage& answer)
+std::optional<Extents> extentsIn(const QDBusMessage& reply)
 {
-    const auto argument = structured(answer, "(iiii)");
+    const auto argument = structured(reply, "(iiii)");
     if (!argument) return std::nullopt;
     Extents extents;
     argument->beginStructure();
@@ -264,9 +264,9 @@ std::optional<Extents> extentsIn(const QDBusMessage& answer)
     return extents;
 }
 
-bool hasAttribute(const QDBusMessage& answer, const QString& name, const QString& value)
+bool hasAttribute(const QDBusMessage& reply, const QString& name, const QString& value)
 {
-    const auto argument = structured(answer, "a{ss}");
+    const auto argument = structured(reply, "a{ss}");
     if (!argument) return false;
     bool isThere = false;
     argument->beginMap();

@@ -1,6 +1,6 @@
-// Objects of other programs as the accessibility bus shows them: their names, roles, states, and
-// the questions that can be asked about them. The numbers and interfaces are those of AT-SPI 2
-// (at-spi2-core, atspi-constants.h and the files in its folder xml).
+// Objects of other programs as the accessibility bus exposes them: the calls about their names,
+// roles, states and so on, and the values in the replies. Numbers and interfaces are those of
+// AT-SPI 2 (at-spi2-core, atspi-constants.h and the files in its folder xml).
 
 #pragma once
 
@@ -13,7 +13,7 @@
 
 namespace pinorama {
 
-// One object: the program's unique name on the accessibility bus, and the object's path in it.
+// One object: the program's unique name on the accessibility bus, and the path of the object.
 struct Accessible {
     QString service;
     QString path;
@@ -83,48 +83,48 @@ struct Size {
     long area() const { return width > 0 && height > 0 ? long{width} * height : 0; }
 };
 
-// Questions. Each goes to the program that owns the object.
-QDBusMessage roleQuestion(const Accessible& object);
-QDBusMessage statesQuestion(const Accessible& object);
-QDBusMessage nameQuestion(const Accessible& object);
-QDBusMessage descriptionQuestion(const Accessible& object);
-QDBusMessage interfacesQuestion(const Accessible& object);
-QDBusMessage attributesQuestion(const Accessible& object);
-QDBusMessage childrenQuestion(const Accessible& object);
-QDBusMessage parentQuestion(const Accessible& object);
-QDBusMessage childCountQuestion(const Accessible& object);
-QDBusMessage childQuestion(const Accessible& object, int index);
-QDBusMessage sizeQuestion(const Accessible& object);
-QDBusMessage textQuestion(const Accessible& object, int end);  // of a text; -1 for the whole
-QDBusMessage objectAtPointQuestion(const Accessible& object, int x, int y);  // in its window
-QDBusMessage extentsQuestion(const Accessible& object);                      // in its window
-QDBusMessage selectedCountQuestion(const Accessible& object);
-QDBusMessage selectedChildQuestion(const Accessible& object, int index);
-QDBusMessage selectedRowCountQuestion(const Accessible& object);
-QDBusMessage selectedRowsQuestion(const Accessible& object);
-QDBusMessage columnCountQuestion(const Accessible& object);
-QDBusMessage cellQuestion(const Accessible& object, int row, int column);
+// Method calls. Each goes to the program that owns the object.
+QDBusMessage roleCall(const Accessible& object);
+QDBusMessage statesCall(const Accessible& object);
+QDBusMessage nameCall(const Accessible& object);
+QDBusMessage descriptionCall(const Accessible& object);
+QDBusMessage interfacesCall(const Accessible& object);
+QDBusMessage attributesCall(const Accessible& object);
+QDBusMessage childrenCall(const Accessible& object);
+QDBusMessage parentCall(const Accessible& object);
+QDBusMessage childCountCall(const Accessible& object);
+QDBusMessage childCall(const Accessible& object, int index);
+QDBusMessage sizeCall(const Accessible& object);
+QDBusMessage textCall(const Accessible& object, int end);  // up to `end`; -1 for all of it
+QDBusMessage objectAtPointCall(const Accessible& object, int x, int y);  // in its window
+QDBusMessage extentsCall(const Accessible& object);                      // in its window
+QDBusMessage selectedCountCall(const Accessible& object);
+QDBusMessage selectedChildCall(const Accessible& object, int index);
+QDBusMessage selectedRowCountCall(const Accessible& object);
+QDBusMessage selectedRowsCall(const Accessible& object);
+QDBusMessage columnCountCall(const Accessible& object);
+QDBusMessage cellCall(const Accessible& object, int row, int column);
 
-// Answers. Each gives nothing for an error message and for an answer of another form; lists end
-// after `limit` entries, however long the answer is. A list may hold null objects.
-std::optional<std::uint32_t> numberIn(const QDBusMessage& answer);  // also of a property
-std::optional<QString> textIn(const QDBusMessage& answer);          // also of a property
-std::optional<States> statesIn(const QDBusMessage& answer);
-std::optional<Accessible> objectIn(const QDBusMessage& answer);
-std::optional<std::vector<Accessible>> objectsIn(const QDBusMessage& answer, std::size_t limit);
-std::optional<std::vector<QString>> textsIn(const QDBusMessage& answer);
-std::optional<std::vector<int>> numbersIn(const QDBusMessage& answer, std::size_t limit);
-std::optional<Size> sizeIn(const QDBusMessage& answer);
+// Values in replies. Each function returns nothing for an error message and for a reply of another
+// type. Lists end after `limit` entries, however long the reply is, and may contain null objects.
+std::optional<std::uint32_t> numberIn(const QDBusMessage& reply);  // also of a property
+std::optional<QString> textIn(const QDBusMessage& reply);          // also of a property
+std::optional<States> statesIn(const QDBusMessage& reply);
+std::optional<Accessible> objectIn(const QDBusMessage& reply);
+std::optional<std::vector<Accessible>> objectsIn(const QDBusMessage& reply, std::size_t limit);
+std::optional<std::vector<QString>> textsIn(const QDBusMessage& reply);
+std::optional<std::vector<int>> numbersIn(const QDBusMessage& reply, std::size_t limit);
+std::optional<Size> sizeIn(const QDBusMessage& reply);
 
-// A rectangle: left, top, width, height.
+// A rectangle in pixels.
 struct Extents {
     int left = 0;
     int top = 0;
     Size size;
 };
-std::optional<Extents> extentsIn(const QDBusMessage& answer);
+std::optional<Extents> extentsIn(const QDBusMessage& reply);
 
-// Whether a set of attributes holds `name` with `value`.
-bool hasAttribute(const QDBusMessage& answer, const QString& name, const QString& value);
+// Whether the attributes in a reply contain `name` with `value`.
+bool hasAttribute(const QDBusMessage& reply, const QString& name, const QString& value);
 
 }  // namespace pinorama

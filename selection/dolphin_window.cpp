@@ -7,14 +7,14 @@
 
 namespace pinorama {
 namespace {
-constexpr int kMostWindows = 8;  // of one process
+constexpr int kMaxWindows = 8;  // of one process
 
 QString serviceOf(pid_t process)
 {
     return QStringLiteral("org.kde.dolphin-%1").arg(process);
 }
 
-QDBusMessage propertyQuestion(const QString& service, const QString& path, const char* property)
+QDBusMessage propertyCall(const QString& service, const QString& path, const char* property)
 {
     QDBusMessage message = QDBusMessage::createMethodCall(
         service, path, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
@@ -24,31 +24,30 @@ QDBusMessage propertyQuestion(const QString& service, const QString& path, const
 }
 }  // namespace
 
-// The windows are numbered in the order of their making, with gaps where one was closed. Two
-// windows with one title are told apart by the one that is active.
-Task<Done> DolphinWindow::find(Inquiry& inquiry, Accessible frame, pid_t process)
+// The windows are numbered in the order in which they were opened, with gaps for closed ones. Of
+// two windows with the same title one may be active, which tells them apart.
+Task<Done> DolphinWindow::find(DBusQuery& query, Accessible frame, pid_t process)
 {
     service_ = serviceOf(process);
     path_.clear();
-    const QDBusMessage askName = nameQuestion(frame);
-    const auto title = textIn(co_await inquiry.answer(askName));
-    const QDBusMessage askStates = statesQuestion(frame);
-    const bool isActive =
-        has(statesIn(co_await inquiry.answer(askStates)).value_or(0), State::active);
+    const QDBusMessage getName = nameCall(frame);
+    const auto title = textIn(co_await query.reply(getName));
+    const QDBusMessage getStates = statesCall(frame);
+    const bool isActive = has(statesIn(co_await query.reply(getStates)).value_or(0), State::active);
 
     std::vector<QString> paths;
-    std::vector<QDBusMessage> questions;
-    for (int number = 1; number <= kMostWindows; number++) {
+    std::vector<QDBusMessage> calls;
+    for (int number = 1; number <= kMaxWindows; number++) {
         paths.push_back(QStringLiteral("/dolphin/Dolphin_%1").arg(number));
-        questions.push_back(propertyQuestion(service_, paths.back(), "windowTitle"));
-        questions.push_back(propertyQuestion(service_, paths.back(), "isActiveWindow"));
+        calls.push_back(propertyCall(service_, paths.back(), "windowTitle"));
+        calls.push_back(propertyCall(service_, paths.back(), "isActiveWindow"));
     }
-    const auto answers = co_await inquiry.answersFrom(QDBusConnection::sessionBus(), questions);
+    const auto replies = co_await query.repliesFrom(QDBusConnection::sessionBus(), calls);
     QString found;
     int count = 0;
     for (std::size_t i = 0; i < paths.size(); i++) {
-        if (!title || textIn(answers[2 * i]) != title) continue;
-        if (truthIn(answers[2 * i + 1]).value_or(false) != isActive) continue;
+        if (!title || textIn(replies[2 * i]) != title) continue;
+        if (boolIn(replies[2 * i + 1]).value_or(false) != isActive) continue;
         found = paths[i];
         count++;
     }
@@ -56,8 +55,8 @@ Task<Done> DolphinWindow::find(Inquiry& inquiry, Accessible frame, pid_t process
     co_return {};
 }
 
-// Dolphin offers to copy the location of an item when exactly one is selected.
-std::optional<QDBusMessage> DolphinWindow::isOneSelectedQuestion() const
+// Dolphin enables its action that copies the location of an item while exactly one is selected.
+std::optional<QDBusMessage> DolphinWindow::isOneSelectedCall() const
 {
     if (path_.isEmpty()) return std::nullopt;
     QDBusMessage message = QDBusMessage::createMethodCall(
@@ -66,11 +65,11 @@ std::optional<QDBusMessage> DolphinWindow::isOneSelectedQuestion() const
     return message;
 }
 
-std::optional<bool> DolphinWindow::truthIn(const QDBusMessage& answer)
+std::optional<bool> DolphinWindow::boolIn(const QDBusMessage& reply)
 {
-    if (answer.type() != QDBusMessage::ReplyMessage || answer.arguments().isEmpty())
+    if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty())
         return std::nullopt;
-    QVariant value = answer.arguments().constFirst();
+    QVariant value = reply.arguments().constFirst();
     if (value.canConvert<QDBusVariant>()) value = value.value<QDBusVariant>().variant();
     if (value.userType() != QMetaType::Bool) return std::nullopt;
     return value.toBool();

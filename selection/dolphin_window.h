@@ -1,5 +1,5 @@
-// Dolphin's own interface on the session bus, which tells one thing that the accessibility bus does
-// not: whether exactly one item is selected.
+// Dolphin's own interface on the session bus. It reports what the accessibility bus does not:
+// whether exactly one item is selected.
 
 #pragma once
 
@@ -11,26 +11,26 @@
 #include <optional>
 
 #include "selection/accessible.h"
-#include "selection/dbus_inquiry.h"
+#include "selection/dbus_query.h"
 
 namespace pinorama {
 
 class DolphinWindow {
 public:
-    using OutlivesItsTasks = void;  // it is a part of the reader that finds it
+    using OutlivesItsTasks = void;  // it is a member of the reader that calls it
 
-    // Finds the object on the session bus that stands for a window of the process. It stays unknown
-    // when several fit.
-    Task<Done> find(Inquiry& inquiry, Accessible frame, pid_t process);
+    // Finds the object on the session bus that represents a window of the process. It stays unknown
+    // if several match.
+    Task<Done> find(DBusQuery& query, Accessible frame, pid_t process);
 
-    // The question whether exactly one item is selected, which goes to the session bus. Nothing
-    // when the window is not known.
-    std::optional<QDBusMessage> isOneSelectedQuestion() const;
-    static std::optional<bool> truthIn(const QDBusMessage& answer);
+    // The call, for the session bus, that asks whether exactly one item is selected. Nothing if the
+    // window is unknown.
+    std::optional<QDBusMessage> isOneSelectedCall() const;
+    static std::optional<bool> boolIn(const QDBusMessage& reply);
 
 private:
     QString service_;
-    QString path_;  // of its object; empty when unknown
+    QString path_;  // of its object; empty if unknown
 };
 
 }  // namespace pinorama

@@ -12,10 +12,10 @@ namespace pinorama {
 namespace {
 using namespace std::chrono_literals;
 
-// A push and what the accessibility bus says about the same change arrive in any order, this far
-// apart at most. A change that comes later without a push is one that the extension did not see,
-// such as another tab.
-constexpr auto kApart = 60ms;
+// A push and the accessibility event about the same change arrive in any order, at most this far
+// apart. An event that comes later without a push is about a change that the extension did not see,
+// such as a switch to another tab.
+constexpr auto kMaxSkew = 60ms;
 
 std::string folderOf(std::string path)
 {
@@ -23,7 +23,7 @@ std::string folderOf(std::string path)
     return path.substr(0, std::max<std::size_t>(path.rfind('/'), 1));
 }
 
-// Nothing when one of the items is gone: what is left is another selection.
+// Nothing if one of the items is gone: the others alone would be a selection that nobody made.
 std::optional<std::vector<std::string>> existingItems(const std::vector<std::string>& paths)
 {
     std::vector<std::string> items;
@@ -42,7 +42,7 @@ ExtensionSelection::ExtensionSelection(FrameTracker& tracker)
 {
     connect(&tracker_, &FrameTracker::selectionMayHaveChanged, this, [this](pid_t process) {
         const PushedSelection* pushed = pushes_.lastOf(process);
-        if (pushed != nullptr && Clock::now() - pushed->at > kApart) pushes_.forget(process);
+        if (pushed != nullptr && Clock::now() - pushed->at > kMaxSkew) pushes_.forget(process);
     });
 }
 
@@ -50,44 +50,45 @@ std::vector<std::string> ExtensionSelection::selectedPaths()
 {
     setListening(true);
     if (!tracker_.isReady()) return {};
-    Inquiry inquiry(tracker_.bus(), kSelectionDeadline);
-    auto paths = inquiry.valueUntil(answer(inquiry), Clock::now() + kSelectionDeadline);
+    DBusQuery query(tracker_.bus(), kSelectionDeadline);
+    auto paths = query.valueUntil(findPaths(query), Clock::now() + kSelectionDeadline);
     if (paths) return std::move(*paths);
-    for (const QString& program : inquiry.unanswered()) tracker_.pause(program);
+    for (const QString& program : query.servicesWithoutReply()) tracker_.pause(program);
     return {};
 }
 
-Task<std::vector<std::string>> ExtensionSelection::answer(Inquiry& inquiry)
+Task<std::vector<std::string>> ExtensionSelection::findPaths(DBusQuery& query)
 {
-    const SharedFrame frame = co_await tracker_.askForFrame(inquiry);
+    const SharedFrame frame = co_await tracker_.findLatestFrame(query);
     std::optional<std::vector<std::string>> paths;
-    if (frame) paths = co_await pathsIn(inquiry, frame);
+    if (frame) paths = co_await pathsIn(query, frame);
     co_return paths.value_or(std::vector<std::string>());
 }
 
-Task<std::optional<std::vector<std::string>>> ExtensionSelection::pathsIn(Inquiry& inquiry,
+Task<std::optional<std::vector<std::string>>> ExtensionSelection::pathsIn(DBusQuery& query,
                                                                           SharedFrame frame)
 {
     const pid_t process = frame->process();
     if (pushes_.lastOf(process) == nullptr) co_return std::nullopt;
-    const QDBusMessage askName = nameQuestion(frame->frame());
-    const auto title = textIn(co_await inquiry.answer(askName));
+    const QDBusMessage getName = nameCall(frame->frame());
+    const auto title = textIn(co_await query.reply(getName));
 
+    // Only now, and not before the co_await: pushes arrive and expire during it.
     PushedSelection* pushed = pushes_.lastOf(process);
     if (pushed == nullptr || !title) co_return std::nullopt;
     const bool isOfThisWindow = pushed->frame.lock() == frame;
-    // A push that comes while the user goes from one window to another can be of either.
+    // A push that arrives while the user switches windows may come from either of them.
     if (!isOfThisWindow && !pushed->isConfirmed) pushes_.forget(process);
     if (!isOfThisWindow) co_return std::nullopt;
     if (*title != pushed->windowTitle) {
-        // The window has gone on to another folder, which nobody has told about.
+        // The window shows another folder now, and no push said so.
         pushes_.forget(process);
         co_return std::nullopt;
     }
     pushed->isConfirmed = true;
     if (frame->kind().manager == FileManager::thunar) {
-        // Thunar asks its extensions before it takes a change over, so that they tell the selection
-        // of one change ago. The folder is right all the same.
+        // Thunar calls its extensions before it applies a change, so they push the selection before
+        // the last change. The folder is right nevertheless.
         if (!pushed->paths.empty()) frame->noteFolder(folderOf(pushed->paths.front()));
         co_return std::nullopt;
     }

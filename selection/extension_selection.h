@@ -1,5 +1,5 @@
-// The selection as an extension inside the file manager tells it. The last push of a file manager
-// answers for the window that it came from, as long as that window is the one that was active last
+// The selection as an extension inside the file manager pushes it. The last push of a file manager
+// is valid for the window that it came from, as long as that window is the one that was active last
 // and shows the same folder.
 
 #pragma once
@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "selection/dbus_inquiry.h"
+#include "selection/dbus_query.h"
 #include "selection/frame_tracker.h"
 #include "selection/selection_pushes.h"
 #include "selection/selection_source.h"
@@ -22,22 +22,23 @@ class ExtensionSelection : public QObject, public SelectionSource {
     Q_OBJECT
 
 public:
-    using OutlivesItsTasks = void;  // waits for each of them, or is held by who does
+    using OutlivesItsTasks =
+        void;  // it blocks for its own, and the owners of other queries own this
 
     // `tracker` must outlive this.
     explicit ExtensionSelection(FrameTracker& tracker);
 
     std::vector<std::string> selectedPaths() override;
 
-    // The same as a part of a longer inquiry, for a window that is known to be the one that counts.
-    // Nothing when no extension speaks for this window.
-    Task<std::optional<std::vector<std::string>>> pathsIn(Inquiry& inquiry, SharedFrame frame);
+    // The same as a part of a longer query, for the window that was active last. Nothing if no
+    // extension has pushed the selection of this window.
+    Task<std::optional<std::vector<std::string>>> pathsIn(DBusQuery& query, SharedFrame frame);
 
-    // Whether pushes are taken; when not, the extensions do not find this program on the bus.
+    // Whether pushes are accepted; if not, the extensions do not find this program on the bus.
     void setListening(bool isListening) { pushes_.setListening(isListening); }
 
 private:
-    Task<std::vector<std::string>> answer(Inquiry& inquiry);
+    Task<std::vector<std::string>> findPaths(DBusQuery& query);
 
     FrameTracker& tracker_;
     SelectionPushes pushes_;

@@ -9,7 +9,7 @@
 namespace pinorama {
 namespace {
 
-// What the kernel keeps of a process name is 15 bytes; all of these fit.
+// The kernel keeps 15 bytes of a process name; all of these are shorter.
 constexpr std::array kKinds = {
     FileManagerKind{FileManager::nautilus, "nautilus", "Nautilus", Toolkit::gtk4, false},
     FileManagerKind{FileManager::nemo, "nemo", "Nemo", Toolkit::gtk3, false},

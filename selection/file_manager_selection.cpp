@@ -13,23 +13,23 @@ constexpr auto kSleepAfter = 2s;
 }  // namespace
 
 struct FileManagerSelection::Parts {
-    using OutlivesItsTasks = void;  // every one of them is waited for
+    using OutlivesItsTasks = void;  // selectedPaths() blocks until they end
 
     FrameTracker tracker;
     ExtensionSelection extension{tracker};
     AccessibilitySelection accessibility{tracker};
     QTimer sleep;
 
-    Task<std::vector<std::string>> answer(Inquiry& inquiry)
+    Task<std::vector<std::string>> findPaths(DBusQuery& query)
     {
         std::vector<std::string> paths;
-        const SharedFrame frame = co_await tracker.askForFrame(inquiry);
+        const SharedFrame frame = co_await tracker.findLatestFrame(query);
         if (!frame) co_return paths;
-        auto pushed = co_await extension.pathsIn(inquiry, frame);
+        auto pushed = co_await extension.pathsIn(query, frame);
         if (pushed) {
             paths = std::move(*pushed);
         } else {
-            paths = co_await accessibility.pathsIn(inquiry, frame);
+            paths = co_await accessibility.pathsIn(query, frame);
         }
         co_return paths;
     }
@@ -49,10 +49,10 @@ std::vector<std::string> FileManagerSelection::selectedPaths()
     parts_->sleep.start(kSleepAfter);
     parts_->extension.setListening(true);
     if (!parts_->tracker.isReady()) return {};
-    Inquiry inquiry(parts_->tracker.bus(), kSelectionDeadline);
-    auto paths = inquiry.valueUntil(parts_->answer(inquiry), Clock::now() + kSelectionDeadline);
+    DBusQuery query(parts_->tracker.bus(), kSelectionDeadline);
+    auto paths = query.valueUntil(parts_->findPaths(query), Clock::now() + kSelectionDeadline);
     if (paths) return std::move(*paths);
-    for (const QString& service : inquiry.unanswered()) parts_->tracker.pause(service);
+    for (const QString& service : query.servicesWithoutReply()) parts_->tracker.pause(service);
     return {};
 }
 

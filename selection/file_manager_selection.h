@@ -1,5 +1,11 @@
-// What the window asks: the selection of the file manager from whoever can tell it, the file
-// manager's extension where one is installed, the accessibility bus everywhere else.
+// The selection source of the window: the extension inside the file manager where one is installed,
+// the accessibility bus everywhere else.
+//
+//     FileManagerSelection selection;                // connects to nothing yet
+//     timer.callOnTimeout([&] {                      // every 0.2 s
+//         const auto paths = selection.selectedPaths();
+//         if (paths.size() == 1) show(paths.front());
+//     });
 
 #pragma once
 
@@ -16,9 +22,9 @@ public:
     FileManagerSelection();
     ~FileManagerSelection() override;
 
-    // Needs an event loop between the calls: the windows of the file managers are found in it. Two
-    // seconds after the last call all connections but the one to the session bus are dropped, and
-    // no file manager is asked anything.
+    // Needs an event loop between the calls, which finds the windows of the file managers. Two
+    // seconds after the last call all connections but the one to the session bus close, and no file
+    // manager is called any more.
     std::vector<std::string> selectedPaths() override;
 
 private:

@@ -12,7 +12,7 @@
 namespace pinorama {
 namespace {
 
-constexpr std::size_t kLongestRow = 64;  // buttons; no path bar shows more
+constexpr std::size_t kMaxRowLength = 64;  // buttons; no path bar shows more
 
 std::optional<std::string> existingFolder(const std::string& path)
 {
@@ -35,7 +35,7 @@ std::optional<std::string> folderOfLocation(const QString& location)
     return text.starts_with('/') ? existingFolder(text) : std::nullopt;
 }
 
-// Goes down from `start` by the names as they are shown.
+// Descends from `folder` by the names as they are shown, beginning with names[first].
 std::optional<std::string> descend(std::string folder, const std::vector<QString>& names,
                                    std::size_t first)
 {
@@ -49,15 +49,15 @@ std::optional<std::string> descend(std::string folder, const std::vector<QString
 
 class Finder {
 public:
-    Finder(const FolderClues& clues, const std::vector<Place>& places)
-        : clues_(clues), places_(places)
+    Finder(const FolderHints& hints, const std::vector<NamedFolder>& namedFolders)
+        : hints_(hints), namedFolders_(namedFolders)
     {
     }
 
     std::vector<std::string> fromLocations() const
     {
         std::vector<std::string> folders;
-        for (const QString& location : clues_.locations) {
+        for (const QString& location : hints_.locations) {
             if (const auto folder = folderOfLocation(location)) folders.push_back(*folder);
         }
         return folders;
@@ -66,8 +66,8 @@ public:
     std::vector<std::string> fromRows() const
     {
         std::vector<std::string> folders;
-        for (const auto& row : clues_.rows) {
-            if (row.size() > kLongestRow) continue;
+        for (const auto& row : hints_.rows) {
+            if (row.size() > kMaxRowLength) continue;
             addRow(row, folders);
             std::vector<RowButton> reversed(row.rbegin(), row.rend());
             addRow(reversed, folders);
@@ -75,17 +75,18 @@ public:
         return folders;
     }
 
-    // The whole way from an unknown place; only worth a try when nothing else was found.
-    std::vector<std::string> fromRowsAtAnyPlace() const
+    // A path that begins with an unknown name, tried in every named folder. Guesses, so that it is
+    // only used if nothing else was found.
+    std::vector<std::string> fromRowsInAnyNamedFolder() const
     {
         std::vector<std::string> folders;
-        for (const auto& row : clues_.rows) {
+        for (const auto& row : hints_.rows) {
             for (const bool isReversed : {false, true}) {
                 std::vector<QString> names = namesOf(row, isReversed);
-                if (names.size() < 2 || row.size() > kLongestRow) continue;
-                if (!clues_.title.contains(names.back())) continue;
-                for (const Place& place : places_) {
-                    if (const auto folder = descend(place.path, names, 1))
+                if (names.size() < 2 || row.size() > kMaxRowLength) continue;
+                if (!hints_.title.contains(names.back())) continue;
+                for (const NamedFolder& start : namedFolders_) {
+                    if (const auto folder = descend(start.path, names, 1))
                         folders.push_back(*folder);
                 }
             }
@@ -96,10 +97,10 @@ public:
     std::vector<std::string> fromTitle() const
     {
         std::vector<std::string> folders;
-        if (const auto folder = folderOfLocation(clues_.title)) folders.push_back(*folder);
-        for (const Place& place : places_) {
-            if (!place.name.isEmpty() && clues_.title.startsWith(place.name)) {
-                if (const auto folder = existingFolder(place.path)) folders.push_back(*folder);
+        if (const auto folder = folderOfLocation(hints_.title)) folders.push_back(*folder);
+        for (const NamedFolder& start : namedFolders_) {
+            if (!start.name.isEmpty() && hints_.title.startsWith(start.name)) {
+                if (const auto folder = existingFolder(start.path)) folders.push_back(*folder);
             }
         }
         return folders;
@@ -122,49 +123,50 @@ private:
         if (names.front() == QLatin1String("/") || names.front().isEmpty()) {
             if (const auto folder = descend("/", names, 1)) folders.push_back(*folder);
         }
-        for (const Place& place : places_) {
-            if (place.name != names.front()) continue;
-            if (const auto folder = descend(place.path, names, 1)) folders.push_back(*folder);
+        for (const NamedFolder& start : namedFolders_) {
+            if (start.name != names.front()) continue;
+            if (const auto folder = descend(start.path, names, 1)) folders.push_back(*folder);
         }
-        // A row that begins right below the root, whose own button is drawn as a picture.
+        // A row that begins below the root, because the button of the root shows an icon.
         if (const auto folder = descend("/", names, 0)) folders.push_back(*folder);
     }
 
-    // `row` from the root to the folder. Arrows at its ends have no name; neither has the root in
-    // some path bars, which makes no difference here.
+    // `row` goes from the root to the folder. The arrows at its ends have no name; nor has the root
+    // in some path bars, which addPath() allows for.
     void addRow(const std::vector<RowButton>& row, std::vector<std::string>& folders) const
     {
         std::vector<QString> names;
-        std::vector<QString> namesToTheOneThatIsOn;
+        std::vector<QString> namesUpToPressed;
         for (const RowButton& button : row) {
             if (button.name.isEmpty()) continue;
             names.push_back(button.name);
-            if (button.isOn) namesToTheOneThatIsOn = names;
+            if (button.isOn) namesUpToPressed = names;
         }
-        if (!namesToTheOneThatIsOn.empty()) addPath(namesToTheOneThatIsOn, folders);
+        if (!namesUpToPressed.empty()) addPath(namesUpToPressed, folders);
         addPath(names, folders);
     }
 
-    const FolderClues& clues_;
-    const std::vector<Place>& places_;
+    const FolderHints& hints_;
+    const std::vector<NamedFolder>& namedFolders_;
 };
 }  // namespace
 
-std::vector<std::string> foldersShown(const FolderClues& clues, const std::vector<Place>& places,
+std::vector<std::string> foldersShown(const FolderHints& hints,
+                                      const std::vector<NamedFolder>& namedFolders,
                                       const std::function<bool(const std::string&)>& isWatched)
 {
-    const Finder finder(clues, places);
+    const Finder finder(hints, namedFolders);
     std::vector<std::string> result;
     const auto isNamedInTitle = [&](const std::string& folder) {
         const QString name = QString::fromStdString(folder.substr(folder.rfind('/') + 1));
-        return !name.isEmpty() && clues.title.contains(name);
+        return !name.isEmpty() && hints.title.contains(name);
     };
     const auto add = [&](const std::vector<std::string>& folders) {
-        // Those of the same rank stay in their order.
+        // A multimap keeps entries with equal keys in the order of insertion.
         std::multimap<int, std::string, std::greater<>> ranked;
         for (const std::string& folder : folders) {
-            const bool isSeenByIt = isWatched && isWatched(folder);
-            ranked.emplace((isNamedInTitle(folder) ? 2 : 0) + (isSeenByIt ? 1 : 0), folder);
+            const bool isSeen = isWatched && isWatched(folder);
+            ranked.emplace((isNamedInTitle(folder) ? 2 : 0) + (isSeen ? 1 : 0), folder);
         }
         for (const auto& [rank, folder] : ranked) {
             if (std::find(result.begin(), result.end(), folder) == result.end())
@@ -173,7 +175,7 @@ std::vector<std::string> foldersShown(const FolderClues& clues, const std::vecto
     };
     add(finder.fromLocations());
     add(finder.fromRows());
-    if (result.empty()) add(finder.fromRowsAtAnyPlace());
+    if (result.empty()) add(finder.fromRowsInAnyNamedFolder());
     add(finder.fromTitle());
     return result;
 }

@@ -1,5 +1,5 @@
-// Which folder a file manager's window shows, from what can be seen of it: the text of its location
-// entry, the buttons of its path bar, its tabs and its title.
+// Works out which folder a file manager's window shows from what is visible of it: the text of its
+// location entry, the buttons of its path bar, its tabs and its title.
 
 #pragma once
 
@@ -9,39 +9,37 @@
 #include <string>
 #include <vector>
 
-namespace pinorama {
+#include "selection/named_folders.h"
 
-// A folder that goes by a name of its own, such as "Home", and is shown by this name in path bars.
-struct Place {
-    QString name;
-    std::string path;  // absolute, raw bytes, no slash at the end
-};
+namespace pinorama {
 
 // A button in a row of buttons.
 struct RowButton {
     QString name;
-    bool isOn = false;  // a toggle that is down
+    bool isOn = false;  // a toggle button that is pressed
 };
 
-struct FolderClues {
+struct FolderHints {
     QString title;                             // of the window
-    std::vector<QString> locations;            // texts of location entries, tab tips, and the like
+    std::vector<QString> locations;            // texts of location entries, tool tips of tabs
     std::vector<std::vector<RowButton>> rows;  // rows of buttons; one of them may be the path bar
 };
 
-// The folders that the window may show, the likeliest first: every path is absolute, in raw bytes,
+// The folders that the window may show, the likeliest first. Every path is absolute, in raw bytes,
 // without a slash at its end, exists, and appears once.
 //
-// - A location is an absolute path, a path that begins with "~/", or a file: address.
+// - A location is an absolute path, a path that begins with "~/", or a file: URI.
 // - A row of buttons is read from its left end and from its right end. It begins with the root
-//   ("/", or a button without a name) or with one of `places`; a button that is down ends the path,
-//   because path bars keep showing the way that the user came back from. A first button of an
-//   unknown name may be any of the places, in a language that is not known here.
-// - `isWatched` tells whether the file manager watches a folder for changes; those come first among
-//   the folders found from one kind of clue. May be empty.
+//   ("/", or a button without a name) or with one of `namedFolders`. A pressed button ends the
+//   path, because path bars keep the folders below the one that the user has gone back to. A first
+//   button of an unknown name may be any of the named folders, in a language that this program does
+//   not know.
+// - `isWatched` says whether the file manager watches a folder for changes; watched folders come
+//   first among those found from one kind of hint. May be empty.
 //
-// Folders whose name is part of the title come before others of the same kind.
-std::vector<std::string> foldersShown(const FolderClues& clues, const std::vector<Place>& places,
+// Folders whose name is part of the title come before all others of the same kind.
+std::vector<std::string> foldersShown(const FolderHints& hints,
+                                      const std::vector<NamedFolder>& namedFolders,
                                       const std::function<bool(const std::string&)>& isWatched);
 
 }  // namespace pinorama

@@ -7,7 +7,7 @@ namespace pinorama {
 namespace {
 using namespace std::chrono_literals;
 
-constexpr auto kWalkAgainAfter = 700ms;  // when a window had no view of files
+constexpr auto kWalkInterval = 700ms;  // of a window without a view of files
 }  // namespace
 
 FrameList::Program* FrameList::find(const QString& service)
@@ -130,7 +130,8 @@ void FrameList::note(const std::vector<Activity>& activities)
         if (activity.isActive && !frame->isActive) frame->activatedAt = ++activations_;
         frame->isActive = activity.isActive;
     }
-    // Who leaves a window and comes back between two questions was never seen elsewhere.
+    // The user may have left a window for another program and come back between two calls. Then the
+    // window is active, but it was never seen to become active again.
     for (Program& program : programs_) {
         for (Frame& frame : program.frames) {
             if (frame.isActive && !isLatestActive()) frame.activatedAt = ++activations_;
@@ -138,7 +139,7 @@ void FrameList::note(const std::vector<Activity>& activities)
     }
 }
 
-// Whether the window that became active last is active still.
+// Whether the window that became active last is still active.
 bool FrameList::isLatestActive() const
 {
     const Frame* latest = nullptr;
@@ -150,8 +151,8 @@ bool FrameList::isLatestActive() const
     return latest != nullptr && latest->isActive;
 }
 
-// A window without a view of files, such as one that shows the progress of copying, does not count;
-// whether it has one must be found out first.
+// A window without a view of files, such as one that shows the progress of copying, does not count.
+// One that has not been walked yet may have a view.
 SharedFrame FrameList::latest(const SharedFrame& before) const
 {
     const Frame* latest = nullptr;
@@ -169,7 +170,7 @@ SharedFrame FrameList::latest(const SharedFrame& before) const
 bool FrameList::beginWalk(const SharedFrame& frame, Clock::time_point now)
 {
     Frame* known = find(frame);
-    if (known == nullptr || now - known->walkedAt < kWalkAgainAfter) return false;
+    if (known == nullptr || now - known->walkedAt < kWalkInterval) return false;
     known->walkedAt = now;
     return true;
 }

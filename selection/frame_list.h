@@ -1,7 +1,7 @@
 // The programs on the accessibility bus, the windows of those that are file managers, and which of
-// the windows was active last. Programs and windows come and go while others wait for answers about
-// them, so nothing in here can be held: it is handed out as values and shared pointers, and what
-// has left in the meantime is not found.
+// these windows was active last. Programs and windows come and go while coroutines wait for replies
+// about them, so the list hands out values and shared pointers only, and every function accepts a
+// program or window that is no longer in the list.
 
 #pragma once
 
@@ -9,6 +9,7 @@
 
 #include <sys/types.h>
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -26,69 +27,67 @@ class FrameList {
 public:
     struct Manager {
         pid_t process = 0;
-        const FileManagerKind* kind = nullptr;  // never null; of the table, which stays
+        const FileManagerKind* kind = nullptr;  // never null; points into a constant table
     };
 
-    // A program has come, and nothing is known of it yet. False when it is there already.
+    // Adds a program about which nothing is known yet. False if it is in the list already.
     bool add(const QString& service);
 
-    // It runs in this process and is a file manager of this kind, or none (null). False when it has
-    // left meanwhile.
+    // Notes the process of a program, and its kind (null if it is no file manager). False if the
+    // program has been removed meanwhile.
     bool identify(const QString& service, pid_t process, const FileManagerKind* kind);
 
-    // It has left, and its windows with it.
+    // Removes a program and its windows.
     void remove(const QString& service);
     void clear() { programs_.clear(); }
 
     std::optional<Manager> manager(const QString& service) const;
 
-    // The file managers that are not left alone.
+    // The file managers that are not paused.
     std::vector<QString> managers() const;
 
-    // Leaves a program alone, and its windows with it, or no longer. False when it is so already
-    // and when it has left.
+    // Pauses a program and its windows, or ends the pause. False if that changes nothing.
     bool setPaused(const QString& service, bool isPaused);
 
-    // Forgets the windows of a program that are not among these, and gives those among them that
-    // are new. Nothing when the program has left.
+    // Removes the windows of a program that are not among `frames`, and returns those of `frames`
+    // that are not in the list yet. Empty if the program has been removed.
     std::vector<Accessible> keepOnly(const QString& service, const std::vector<Accessible>& frames);
 
-    // A window of this program. Not taken when the program has left, or when it is
-    // known.
+    // Adds a window, unless its program has been removed or the window is in the list already.
     void addFrame(const QString& service, const SharedFrame& frame);
 
-    // The windows of a program, or of all that are not left alone.
+    // The windows of a program, and those of all programs that are not paused.
     std::vector<SharedFrame> framesOf(const QString& service) const;
     std::vector<SharedFrame> frames() const;
 
-    // What the windows have said, all at one moment, of whether they are active. Of windows that
-    // have gone since nothing is noted.
+    // Whether windows are active, as they all replied at one moment. Windows that are no longer in
+    // the list are ignored.
     struct Activity {
         SharedFrame frame;
         bool isActive = false;
     };
     void note(const std::vector<Activity>& activities);
 
-    // The window that was active last and shows a folder, or of which that is not known yet; null
-    // when there is none. `before` was it the last time and stays it for as long as nothing speaks
-    // against it, even when it does not show a folder any more.
+    // The window that was active last among those that show a folder or have not been walked yet;
+    // null if there is none. `before`, the previous result, also counts if it shows no folder any
+    // more.
     SharedFrame latest(const SharedFrame& before) const;
 
-    // Whether a window may be walked now: it has not been for a while. Counts as walked from now on
-    // when it may.
+    // Whether a window may be walked now, because the last walk was a while ago. If so, notes `now`
+    // as the time of the last walk.
     bool beginWalk(const SharedFrame& frame, Clock::time_point now);
 
 private:
     struct Frame {
         SharedFrame reader;
         bool isActive = false;
-        quint64 activatedAt = 0;  // position in the order of activations, 0 for never
+        std::uint64_t activatedAt = 0;  // number of the activation, 0 for never
         Clock::time_point walkedAt = {};
     };
     struct Program {
         QString service;
         pid_t process = 0;
-        const FileManagerKind* kind = nullptr;  // null: no file manager, or not known yet
+        const FileManagerKind* kind = nullptr;  // null: no file manager, or not identified yet
         bool isPaused = false;
         std::vector<Frame> frames = {};
     };
@@ -99,7 +98,7 @@ private:
     bool isLatestActive() const;
 
     std::vector<Program> programs_;
-    quint64 activations_ = 0;
+    std::uint64_t activations_ = 0;
 };
 
 }  // namespace pinorama

@@ -11,8 +11,8 @@ namespace pinorama {
 namespace {
 using namespace std::chrono_literals;
 
-constexpr auto kClueAge = 1s;        // the folder is looked at again after this time
-constexpr int kPartOfTheTime = 250;  // of it goes into reading without a sign of a change
+constexpr auto kMaxFolderAge = 1s;  // the folder is read again after this time
+constexpr int kIdleFactor = 250;  // without a sign of a change, 1/250 of the time goes into reading
 }  // namespace
 
 FrameReader::FrameReader(Accessible frame, const FileManagerKind& kind, pid_t process,
@@ -33,7 +33,7 @@ void FrameReader::forget()
     pane_ = 0;
     paths_.clear();
     item_ = {};
-    witnesses_.clear();
+    validators_.clear();
     cost_ = 1s;
 }
 
@@ -52,37 +52,41 @@ void FrameReader::noteSelection(const Accessible& view)
 
 bool FrameReader::isDue(Clock::time_point now) const
 {
-    return now - readAt_ >= cost_ * kPartOfTheTime;
+    return now - readAt_ >= cost_ * kIdleFactor;
 }
 
-Task<Done> FrameReader::findAndRead(Inquiry& inquiry)
+Task<Done> FrameReader::findAndRead(DBusQuery& query)
 {
-    FrameLayout found = co_await walkFrame(inquiry, frame_);
+    FrameLayout found = co_await walkFrame(query, frame_);
     layout_ = std::make_shared<FrameLayout>(std::move(found));
     pane_ = 0;
     isFound_ = !layout_->views.empty();
-    if (kind_.manager == FileManager::dolphin) co_await dolphin_.find(inquiry, frame_, process_);
+    if (kind_.manager == FileManager::dolphin) co_await dolphin_.find(query, frame_, process_);
     markStale();
-    if (isFound_) co_await read(inquiry);
+    if (isFound_) co_await read(query);
     co_return {};
 }
 
-Task<Done> FrameReader::read(Inquiry& inquiry)
+// While this waits, a blocking query may forget the window or read it, and a walk may find another
+// layout. `layout` keeps the old one alive. Every co_await is followed by a comparison: if layout_
+// is no longer the same, the replies describe a window that has changed, and storing them would
+// bring back what forget() has just removed.
+Task<Done> FrameReader::read(DBusQuery& query)
 {
     const Clock::time_point start = Clock::now();
     const SharedLayout layout = layout_;
     if (layout->views.empty()) co_return {};
     const bool wasStale = std::exchange(isStale_, false);
-    const QDBusMessage askName = nameQuestion(frame_);
-    const auto title = textIn(co_await inquiry.answer(askName));
+    const QDBusMessage getName = nameCall(frame_);
+    const auto title = textIn(co_await query.reply(getName));
     if (layout_ != layout) co_return {};
     if (!title) {
         forget();
         co_return {};
     }
-    if (wasStale || *title != title_ || start - folder_.readAt() >= kClueAge) {
+    if (wasStale || *title != title_ || start - folder_.readAt() >= kMaxFolderAge) {
         title_ = *title;
-        const bool isSame = co_await folder_.read(inquiry, *title, layout);
+        const bool isSame = co_await folder_.read(query, *title, layout);
         if (layout_ != layout) co_return {};
         if (!isSame) {
             forget();
@@ -90,7 +94,7 @@ Task<Done> FrameReader::read(Inquiry& inquiry)
         }
     }
     if (wasStale) {
-        const bool isSame = co_await haveFoundSizes(inquiry, layout->views);
+        const bool isSame = co_await haveFoundSizes(query, layout->views);
         if (layout_ != layout) co_return {};
         if (!isSame) {
             forget();
@@ -99,7 +103,7 @@ Task<Done> FrameReader::read(Inquiry& inquiry)
     }
     if (isGtk4Object(frame_)) {
         if (wasStale) {
-            const auto inFront = co_await viewInFront(inquiry, frame_, layout->views, pane_);
+            const auto inFront = co_await viewInFront(query, frame_, layout->views, pane_);
             if (layout_ != layout) co_return {};
             if (!inFront) {
                 forget();
@@ -108,67 +112,68 @@ Task<Done> FrameReader::read(Inquiry& inquiry)
             pane_ = *inFront;
         }
     } else if (layout->views.size() > 1) {
-        pane_ = co_await paneInUse(inquiry, layout->views, touched_, pane_);
+        pane_ = co_await paneInUse(query, layout->views, touched_, pane_);
     }
 
     const View view = layout->views[std::min(pane_, layout->views.size() - 1)];
     const std::vector<Accessible> likely = {focused_, item_};
     SelectedItemsReader reader(kind_.manager, layout, folder_, dolphin_);
-    const SelectedItems selected = co_await reader.read(inquiry, view, likely);
+    const SelectedItems selected = co_await reader.read(query, view, likely);
     if (layout_ != layout) co_return {};
     if (!selected.isKnown) {
-        // The view is gone: the user went to another tab or changed the kind of view.
+        // The view is gone: the user switched to another tab or another kind of view.
         forget();
         co_return {};
     }
-    takeOver(selected);
+    store(selected);
     readAt_ = Clock::now();
     cost_ = std::chrono::duration_cast<std::chrono::microseconds>(readAt_ - start);
     co_return {};
 }
 
-void FrameReader::takeOver(const SelectedItems& selected)
+void FrameReader::store(const SelectedItems& selected)
 {
     paths_.clear();
     if (selected.path) paths_.push_back(*selected.path);
     for (const NamedItem& item : selected.items) {
         if (item.path) paths_.push_back(*item.path);
     }
-    // A part of a selection is another selection.
+    // If one of the items has no path, showing the others would show a selection that is not there.
     const std::size_t count = selected.path ? 1 : selected.items.size();
     if (paths_.size() != count) paths_.clear();
     item_ = selected.items.size() == 1 ? selected.items.front().item : Accessible{};
-    witnesses_ = selected.witnesses;
-    witnesses_.push_back({nameQuestion(frame_), [title = title_](const QDBusMessage& answer) {
-                              return textIn(answer) == title;
-                          }});
+    validators_ = selected.validators;
+    // Another title mostly means another folder, also where the view still shows the same names.
+    validators_.push_back({nameCall(frame_), [title = title_](const QDBusMessage& reply) {
+                               return textIn(reply) == title;
+                           }});
 }
 
-Task<Done> FrameReader::check(Inquiry& inquiry)
+Task<Done> FrameReader::revalidate(DBusQuery& query)
 {
-    const Witnesses asked = askToCheck(inquiry);
-    const std::vector<QDBusMessage> nothingElse;
-    const auto answers = co_await inquiry.answers(nothingElse);
-    takeCheck(asked, answers);
+    const Validators sent = sendRevalidation(query);
+    const std::vector<QDBusMessage> noFurtherCalls;
+    const auto replies = co_await query.replies(noFurtherCalls);
+    takeRevalidation(sent, replies);
     co_return {};
 }
 
-Witnesses FrameReader::askToCheck(Inquiry& inquiry) const
+Validators FrameReader::sendRevalidation(DBusQuery& query) const
 {
-    for (const Witness& witness : witnesses_) {
-        if (witness.isOnSessionBus) {
-            inquiry.askAlong(QDBusConnection::sessionBus(), witness.question);
+    for (const Validator& validator : validators_) {
+        if (validator.isOnSessionBus) {
+            query.sendAlong(QDBusConnection::sessionBus(), validator.call);
         } else {
-            inquiry.askAlong(witness.question);
+            query.sendAlong(validator.call);
         }
     }
-    return witnesses_;
+    return validators_;
 }
 
-void FrameReader::takeCheck(const Witnesses& asked, const std::vector<QDBusMessage>& answers)
+void FrameReader::takeRevalidation(const Validators& sent, const std::vector<QDBusMessage>& replies)
 {
-    for (std::size_t i = 0; i < asked.size(); i++) {
-        if (!asked[i].agrees(answers[i])) isStale_ = true;
+    for (std::size_t i = 0; i < sent.size(); i++) {
+        if (!sent[i].stillHolds(replies[i])) isStale_ = true;
     }
 }
 

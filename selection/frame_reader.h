@@ -1,6 +1,11 @@
-// Reads the selection of one window of a file manager over the accessibility bus. Finding the view
-// takes long and is done once; reading what is selected takes a few questions; checking that what
-// was read still holds takes three or four, which are asked all at once.
+// Reads the selection of one window of a file manager over the accessibility bus, in three steps of
+// falling cost: finding the view takes up to 250 ms and happens once; reading the selection takes a
+// few round trips; revalidating what was read takes one, of three or four calls.
+//
+//     if (!frame->isFound()) co_await frame->findAndRead(query);
+//     if (!frame->isStale()) co_await frame->revalidate(query);
+//     if (frame->isStale()) co_await frame->read(query);
+//     use(frame->paths());
 
 #pragma once
 
@@ -13,19 +18,19 @@
 #include <vector>
 
 #include "selection/accessible.h"
-#include "selection/dbus_inquiry.h"
+#include "selection/dbus_query.h"
 #include "selection/dolphin_window.h"
 #include "selection/file_manager_kind.h"
 #include "selection/frame_walk.h"
 #include "selection/selected_items.h"
+#include "selection/validator.h"
 #include "selection/window_folder.h"
-#include "selection/witness.h"
 
 namespace pinorama {
 
 class FrameReader {
 public:
-    using OutlivesItsTasks = void;  // who has it read holds it by a shared pointer
+    using OutlivesItsTasks = void;  // whoever awaits them holds it by a shared pointer
 
     FrameReader(Accessible frame, const FileManagerKind& kind, pid_t process, bool isDesktop);
 
@@ -33,63 +38,64 @@ public:
     const FileManagerKind& kind() const { return kind_; }
     pid_t process() const { return process_; }
 
-    // Finds the view and reads it. Takes 40 to 250 ms; meant to run in the event loop.
-    Task<Done> findAndRead(Inquiry& inquiry);
+    // Finds the view and reads it. Takes 40 to 250 ms, so it belongs into the event loop.
+    Task<Done> findAndRead(DBusQuery& query);
 
-    // Reads the selection anew. The window's make-up must be known.
-    Task<Done> read(Inquiry& inquiry);
+    // Reads the selection again. Does nothing until the view has been found. Another coroutine may
+    // call forget() while this one waits; it then ends and leaves the window forgotten.
+    Task<Done> read(DBusQuery& query);
 
-    // Asks whether the last reading still holds, and marks it stale when not.
-    Task<Done> check(Inquiry& inquiry);
+    // Revalidates the last reading, and marks it stale if it is no longer true.
+    Task<Done> revalidate(DBusQuery& query);
 
-    // The same along with other questions: asks them and gives what they are about, and takes the
-    // first of the answers to what was asked. The window may have been read anew between the two.
-    Witnesses askToCheck(Inquiry& inquiry) const;
-    void takeCheck(const Witnesses& asked, const std::vector<QDBusMessage>& answers);
+    // The same in two halves, to share a round trip with other calls: sends the calls, and takes
+    // the first of the replies. Another coroutine may read the window between the two, so the
+    // second half needs the validators whose calls were sent, not those of the latest reading.
+    Validators sendRevalidation(DBusQuery& query) const;
+    void takeRevalidation(const Validators& sent, const std::vector<QDBusMessage>& replies);
 
-    // The program has said that something changed.
+    // The program reported a change.
     void markStale() { isStale_ = true; }
 
-    // An item of this program got the focus; it is likely to be the selected one.
+    // An item of this program got the focus, so it is probably the selected one.
     void noteFocus(const Accessible& item);
 
     // The selection of a view of this program has changed.
     void noteSelection(const Accessible& view);
 
-    // Somebody who knows says which folder the window shows, or has shown a moment ago.
+    // An extension reported the folder that the window shows, or showed a moment ago.
     void noteFolder(const std::string& folder) { folder_.note(folder); }
 
     bool isFound() const { return isFound_; }
 
-    // Whether something has changed, so that the selection has to be read anew.
+    // Whether something has changed since the last reading.
     bool isStale() const { return isStale_; }
 
-    // Whether so much time has gone by that reading again takes no more than a small part of it. A
-    // change that no file manager's word and no check has told of is found out this way, and one
-    // whose folder is large is not kept busy.
+    // Whether the window should be read again although nothing reported a change and revalidation
+    // found none. The interval grows with the cost of a reading, so that a file manager with a
+    // large folder is not kept busy.
     bool isDue(Clock::time_point now) const;
 
-    // How long the last reading took; a second before the first one, so that it does not hold
-    // anybody up.
+    // How long the last reading took; before the first one a second, so that nobody waits for it.
     std::chrono::microseconds cost() const { return cost_; }
     void setCost(std::chrono::microseconds cost) { cost_ = cost; }
 
-    // The paths that were read last, in the order of the view.
+    // The paths of the last reading, in the order of the view.
     const std::vector<std::string>& paths() const { return paths_; }
 
-    // Forgets everything, as after a change of the window's make-up. A reading that waits for an
-    // answer ends then.
+    // Forgets the view and everything read from it, because the window's structure has changed. A
+    // reading that waits for a reply ends when it gets it.
     void forget();
 
 private:
-    void takeOver(const SelectedItems& selected);
+    void store(const SelectedItems& selected);
 
     Accessible frame_;
     const FileManagerKind& kind_;
     pid_t process_;
 
     bool isFound_ = false;
-    SharedLayout layout_;   // never null, and another one after every change of the make-up
+    SharedLayout layout_;   // never null; replaced, never changed, so that a reading notices
     std::size_t pane_ = 0;  // the view that has or had the focus
     QString title_;
     WindowFolder folder_;
@@ -98,10 +104,10 @@ private:
     bool isStale_ = true;
     Clock::time_point readAt_;
     std::chrono::microseconds cost_ = std::chrono::seconds(1);
-    Accessible focused_;  // item that got the focus last
-    Accessible touched_;  // item or view in which something happened last
-    Accessible item_;     // the only one that was read last
-    Witnesses witnesses_;
+    Accessible focused_;  // the item that got the focus last
+    Accessible touched_;  // the item or view of the last focus or selection event
+    Accessible item_;     // the selected item of the last reading, if there was exactly one
+    Validators validators_;
     std::vector<std::string> paths_;
 };
 

@@ -9,20 +9,20 @@ namespace pinorama {
 namespace {
 using namespace std::chrono_literals;
 
-constexpr auto kAnswerLimit = 2s;   // of one question in the event loop
-constexpr auto kPingLimit = 3s;     // how long a program that hangs is left alone
-constexpr auto kSleepAfter = 2s;    // without anybody who needs the tracker
-constexpr auto kLookInterval = 2s;  // between two looks at all windows
-constexpr int kLookSoon = 150;      // milliseconds after a window came or went
-constexpr std::size_t kMostPrograms = 256;
-constexpr std::size_t kMostFrames = 32;  // of one program
+constexpr auto kReplyTimeout = 2s;  // of one call in the event loop
+constexpr auto kPingTimeout = 3s;   // how long a hanging program is left alone
+constexpr auto kSleepAfter = 2s;    // without a call of isReady()
+constexpr auto kScanInterval = 2s;  // between two scans of all windows
+constexpr auto kScanDelay = 150ms;  // after a window was opened or closed, for those that follow
+constexpr std::size_t kMaxPrograms = 256;
+constexpr std::size_t kMaxFrames = 32;  // of one program
 
 Accessible rootOf(const QString& service)
 {
     return {service, QStringLiteral("/org/a11y/atspi/accessible/root")};
 }
 
-QDBusMessage processQuestion(const QString& service)
+QDBusMessage processCall(const QString& service)
 {
     QDBusMessage message = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
@@ -35,16 +35,16 @@ QDBusMessage processQuestion(const QString& service)
 FrameTracker::FrameTracker(KindOfProcess kindOfProcess, QObject* parent)
     : QObject(parent), kindOfProcess_(std::move(kindOfProcess))
 {
-    connect(&bus_, &AccessibilityBus::connected, this, &FrameTracker::startLookingAround);
-    connect(&bus_, &AccessibilityBus::lost, this, &FrameTracker::forgetEverything);
-    connect(&bus_, &AccessibilityBus::heard, this, &FrameTracker::onHeard);
-    connect(&bus_, &AccessibilityBus::programCame, this, [this] { lookAroundSoon(kLookSoon); });
-    connect(&bus_, &AccessibilityBus::programLeft, this,
+    connect(&bus_, &AccessibilityBus::connected, this, &FrameTracker::startScan);
+    connect(&bus_, &AccessibilityBus::disconnected, this, &FrameTracker::forgetEverything);
+    connect(&bus_, &AccessibilityBus::eventReceived, this, &FrameTracker::onEventReceived);
+    connect(&bus_, &AccessibilityBus::programConnected, this, [this] { scanSoon(kScanDelay); });
+    connect(&bus_, &AccessibilityBus::programDisconnected, this,
             [this](const QString& service) { list_.remove(service); });
     sleep_.setSingleShot(true);
     connect(&sleep_, &QTimer::timeout, this, &FrameTracker::fallAsleep);
     soon_.setSingleShot(true);
-    connect(&soon_, &QTimer::timeout, this, &FrameTracker::startLookingAround);
+    connect(&soon_, &QTimer::timeout, this, &FrameTracker::startScan);
 }
 
 FrameTracker::~FrameTracker() = default;
@@ -53,9 +53,9 @@ bool FrameTracker::isReady()
 {
     sleep_.start(kSleepAfter);
     if (!bus_.isReady()) return false;
-    // Windows are looked for along with the questions of somebody else, so that nothing else has to
-    // wake up for it.
-    if (Clock::now() - lookedAt_ >= kLookInterval) startLookingAround();
+    // The scan starts here and not from a timer of its own, so that this process wakes up no more
+    // often than its caller does anyway.
+    if (Clock::now() - scannedAt_ >= kScanInterval) startScan();
     return true;
 }
 
@@ -68,115 +68,119 @@ void FrameTracker::fallAsleep()
 
 void FrameTracker::forgetEverything()
 {
-    look_.reset();
+    scan_.reset();
     walk_.reset();
     readInLoop_.reset();
     list_.clear();
     lastFrame_.reset();
-    checkedNext_.reset();
-    checked_.reset();
+    revalidateNext_.reset();
+    revalidated_.reset();
 }
 
-void FrameTracker::lookAroundSoon(int milliseconds)
+void FrameTracker::scanSoon(std::chrono::milliseconds delay)
 {
-    if (!soon_.isActive()) soon_.start(milliseconds);
+    if (!soon_.isActive()) soon_.start(delay);
 }
 
-void FrameTracker::startLookingAround()
+void FrameTracker::startScan()
 {
-    if (look_ || !bus_.isReady()) return;
-    lookedAt_ = Clock::now();
-    look_ = std::make_unique<Inquiry>(bus_.bus(), kAnswerLimit);
-    look_->begin(lookAround(*look_));
-    look_->letRun([this] { look_.reset(); });
+    if (scan_ || !bus_.isReady()) return;
+    scannedAt_ = Clock::now();
+    scan_ = std::make_unique<DBusQuery>(bus_.bus(), kReplyTimeout);
+    scan_->start(scanPrograms(*scan_));
+    scan_->continueInEventLoop([this] { scan_.reset(); });
 }
 
-Task<Done> FrameTracker::lookAround(Inquiry& inquiry)
+Task<Done> FrameTracker::scanPrograms(DBusQuery& query)
 {
-    const QDBusMessage askChildren =
-        childrenQuestion(rootOf(QStringLiteral("org.a11y.atspi.Registry")));
-    const auto roots = objectsIn(co_await inquiry.answer(askChildren), kMostPrograms);
+    const QDBusMessage getChildren =
+        childrenCall(rootOf(QStringLiteral("org.a11y.atspi.Registry")));
+    const auto roots = objectsIn(co_await query.reply(getChildren), kMaxPrograms);
     if (!roots) co_return {};
 
-    // A program is put down before it is asked about, so that it is missed when it leaves
-    // meanwhile.
+    // Every program is listed before the calls about it are sent. If it leaves the bus during a
+    // co_await, it is removed from the list, and identify() finds nothing to identify.
     std::vector<QString> unknown;
-    std::vector<QDBusMessage> questions;
+    std::vector<QDBusMessage> calls;
     for (const Accessible& root : *roots) {
         if (root.isNull() || !list_.add(root.service)) continue;
         unknown.push_back(root.service);
-        questions.push_back(processQuestion(root.service));
+        calls.push_back(processCall(root.service));
     }
-    const auto answers = co_await inquiry.answers(questions);
+    const auto replies = co_await query.replies(calls);
     for (std::size_t i = 0; i < unknown.size(); i++) {
-        const auto process = static_cast<pid_t>(numberIn(answers[i]).value_or(0));
+        const auto process = static_cast<pid_t>(numberIn(replies[i]).value_or(0));
         if (process == 0) {
             list_.remove(unknown[i]);
             continue;
         }
         const FileManagerKind* kind = kindOfProcess_(process);
         if (!list_.identify(unknown[i], process, kind) || kind == nullptr) continue;
-        // Dolphin says no other word when all items get selected.
+        // If the user selects all items, a change of a name is the only event that Dolphin sends.
         bus_.listenTo(unknown[i], kind->manager == FileManager::dolphin);
     }
+    // A copy: programs come and go while each of them is scanned.
     const std::vector<QString> services = list_.managers();
-    for (const QString& service : services) co_await lookAt(inquiry, service);
+    for (const QString& service : services) co_await scanWindows(query, service);
     co_return {};
 }
 
-// Finds the windows of one program that came or went.
-Task<Done> FrameTracker::lookAt(Inquiry& inquiry, QString service)
+// Brings the list of one program's windows up to date.
+Task<Done> FrameTracker::scanWindows(DBusQuery& query, QString service)
 {
-    const QDBusMessage askChildren = childrenQuestion(rootOf(service));
-    const auto objects = objectsIn(co_await inquiry.answer(askChildren), kMostFrames);
+    const QDBusMessage getChildren = childrenCall(rootOf(service));
+    const auto objects = objectsIn(co_await query.reply(getChildren), kMaxFrames);
     if (!objects) co_return {};
     const std::vector<Accessible> unknown = list_.keepOnly(service, *objects);
     for (const Accessible& object : unknown) {
-        const std::vector<QDBusMessage> asked =
-            together(roleQuestion(object), attributesQuestion(object));
-        const auto answers = co_await inquiry.answers(asked);
+        const std::vector<QDBusMessage> calls = callList(roleCall(object), attributesCall(object));
+        const auto replies = co_await query.replies(calls);
+        // Looked up again after every co_await: the program may have left, and others with it, so
+        // that its entry has moved or is gone.
         const auto manager = list_.manager(service);
         if (!manager) co_return {};
-        const auto role = static_cast<Role>(numberIn(answers[0]).value_or(0));
+        const auto role = static_cast<Role>(numberIn(replies[0]).value_or(0));
         if (role != Role::frame && role != Role::window && role != Role::filler) continue;
-        // A window without a frame of its own is a desktop in the one program that has such.
+        // The one program whose window is a filler, without a frame, draws the desktop in it.
         const bool isDesktop =
             manager->kind->isDesktop || role == Role::filler ||
-            hasAttribute(answers[1], QStringLiteral("is-desktop"), QStringLiteral("true")) ||
-            hasAttribute(answers[1], QStringLiteral("window-type"), QStringLiteral("desktop"));
+            hasAttribute(replies[1], QStringLiteral("is-desktop"), QStringLiteral("true")) ||
+            hasAttribute(replies[1], QStringLiteral("window-type"), QStringLiteral("desktop"));
         list_.addFrame(service, std::make_shared<FrameReader>(object, *manager->kind,
                                                               manager->process, isDesktop));
     }
     co_return {};
 }
 
-Task<SharedFrame> FrameTracker::askForFrame(Inquiry& inquiry)
+Task<SharedFrame> FrameTracker::findLatestFrame(DBusQuery& query)
 {
     const std::vector<SharedFrame> frames = list_.frames();
-    const auto questions = questionsAbout(
-        frames, [](const SharedFrame& frame) { return statesQuestion(frame->frame()); });
-    const SharedFrame checked = std::exchange(checkedNext_, nullptr);
-    const bool isChecked = checked && !checked->isStale() &&
-                           std::find(frames.begin(), frames.end(), checked) != frames.end();
-    Witnesses witnesses;
-    if (isChecked) witnesses = checked->askToCheck(inquiry);
-    checked_ = isChecked ? checked : nullptr;
-    const auto answers = co_await inquiry.answers(questions);
-    if (isChecked) checked->takeCheck(witnesses, answers);
+    const auto calls =
+        callsFor(frames, [](const SharedFrame& frame) { return statesCall(frame->frame()); });
+    const SharedFrame wanted = std::exchange(revalidateNext_, nullptr);
+    const bool revalidates = wanted && !wanted->isStale() &&
+                             std::find(frames.begin(), frames.end(), wanted) != frames.end();
+    Validators sent;
+    if (revalidates) sent = wanted->sendRevalidation(query);
+    revalidated_ = revalidates ? wanted : nullptr;
+    const auto replies = co_await query.replies(calls);
+    // `frames` and `wanted` hold the windows that were asked, also those that have closed
+    // meanwhile; the list ignores what it no longer contains.
+    if (revalidates) wanted->takeRevalidation(sent, replies);
 
     std::vector<FrameList::Activity> activities;
     for (std::size_t i = 0; i < frames.size(); i++) {
-        const auto states = statesIn(answers[answers.size() - frames.size() + i]);
+        const auto states = statesIn(replies[replies.size() - frames.size() + i]);
         if (states) {
             activities.push_back({frames[i], has(*states, State::active)});
         } else {
-            lookAroundSoon(0);
+            scanSoon(0ms);
         }
     }
     list_.note(activities);
     lastFrame_ = list_.latest(lastFrame_);
     if (!lastFrame_) co_return nullptr;
-    // It may be of a program that is left alone.
+    // The program of this window may be paused.
     const std::vector<QString> services = list_.managers();
     if (std::find(services.begin(), services.end(), lastFrame_->frame().service) == services.end())
         co_return nullptr;
@@ -190,24 +194,24 @@ Task<SharedFrame> FrameTracker::askForFrame(Inquiry& inquiry)
 void FrameTracker::startWalking(const SharedFrame& frame)
 {
     if (walk_ || !list_.beginWalk(frame, Clock::now())) return;
-    walk_ = std::make_unique<Inquiry>(bus_.bus(), kAnswerLimit);
-    walk_->begin(frame->findAndRead(*walk_));
-    walk_->letRun([this, frame] { walk_.reset(); });
+    walk_ = std::make_unique<DBusQuery>(bus_.bus(), kReplyTimeout);
+    walk_->start(frame->findAndRead(*walk_));
+    walk_->continueInEventLoop([this, frame] { walk_.reset(); });  // `frame` outlives the walk
 }
 
 void FrameTracker::readInEventLoop(const SharedFrame& frame)
 {
     if (walk_) return;
-    walk_ = std::make_unique<Inquiry>(bus_.bus(), kAnswerLimit);
+    walk_ = std::make_unique<DBusQuery>(bus_.bus(), kReplyTimeout);
     readInLoop_ = frame;
-    walk_->begin(frame->read(*walk_));
-    walk_->letRun([this, frame] {
+    walk_->start(frame->read(*walk_));
+    walk_->continueInEventLoop([this, frame] {
         readInLoop_.reset();
         walk_.reset();
     });
 }
 
-void FrameTracker::dropReading(const SharedFrame& frame)
+void FrameTracker::cancelReading(const SharedFrame& frame)
 {
     if (readInLoop_ != frame) return;
     readInLoop_.reset();
@@ -226,14 +230,14 @@ void FrameTracker::pause(const QString& service)
 
 void FrameTracker::ping(const QString& service)
 {
-    const int limit = static_cast<int>(std::chrono::milliseconds(kPingLimit).count());
-    auto* answer = new QDBusPendingCallWatcher(
-        bus_.bus().asyncCall(roleQuestion(rootOf(service)), limit), this);
-    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer, service] {
-        const QDBusMessage message = answer->reply();
-        answer->deleteLater();
+    const auto timeout = static_cast<int>(std::chrono::milliseconds(kPingTimeout).count());
+    auto* watcher =
+        new QDBusPendingCallWatcher(bus_.bus().asyncCall(roleCall(rootOf(service)), timeout), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, service] {
+        const QDBusMessage reply = watcher->reply();
+        watcher->deleteLater();
         if (!bus_.isReady()) return;
-        if (message.type() == QDBusMessage::ReplyMessage) {
+        if (reply.type() == QDBusMessage::ReplyMessage) {
             (void)list_.setPaused(service, false);
         } else if (list_.manager(service)) {
             ping(service);
@@ -241,14 +245,14 @@ void FrameTracker::ping(const QString& service)
     });
 }
 
-// Many of these come at once when a lot changes. Nobody is asked anything here.
-void FrameTracker::onHeard(const QString& service, const QString& path,
-                           AccessibilityBus::Event event, bool isOn)
+// A change of many items sends many events in a burst, so none of them makes a call.
+void FrameTracker::onEventReceived(const QString& service, const QString& path,
+                                   AccessibilityBus::Event event, bool isOn)
 {
     using Event = AccessibilityBus::Event;
     const auto manager = list_.manager(service);
     if (!manager) return;
-    if (event == Event::window) lookAroundSoon(kLookSoon);
+    if (event == Event::window) scanSoon(kScanDelay);
     for (const SharedFrame& frame : list_.framesOf(service)) {
         if (event == Event::focus && isOn) {
             frame->noteFocus({service, path});

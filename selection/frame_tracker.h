@@ -1,4 +1,14 @@
-// The windows of the file managers that run, and which of them was active last.
+// The windows of all running file managers, and which of them was active last.
+//
+//     FrameTracker tracker;
+//     if (!tracker.isReady()) return {};  // connects in the event loop; ready a little later
+//     DBusQuery query(tracker.bus(), 300ms);
+//     const SharedFrame frame = co_await tracker.findLatestFrame(query);
+//     if (frame) co_await frame->read(query);
+//
+// A blocking query and one in the event loop may run over the same windows at once: the first
+// starts while the second waits. Their coroutines share only this object, whose lists hand out
+// values and shared pointers; see task.h.
 
 #pragma once
 
@@ -11,7 +21,7 @@
 #include <vector>
 
 #include "selection/accessibility_bus.h"
-#include "selection/dbus_inquiry.h"
+#include "selection/dbus_query.h"
 #include "selection/frame_list.h"
 #include "selection/frame_reader.h"
 
@@ -21,44 +31,42 @@ class FrameTracker : public QObject {
     Q_OBJECT
 
 public:
-    using OutlivesItsTasks = void;  // its inquiries are members; those of others end before it
+    using OutlivesItsTasks = void;  // its own queries are members; those of others end first
 
-    // Tells the kind of the process behind a program on the bus, or null for one that is no file
-    // manager. Tests put their own in.
+    // Returns the kind of a process, or null if it is no file manager. Tests pass their own.
     using KindOfProcess = std::function<const FileManagerKind*(pid_t)>;
 
     explicit FrameTracker(KindOfProcess kindOfProcess = fileManagerKindOfProcess,
                           QObject* parent = nullptr);
     ~FrameTracker() override;
 
-    // Whether file managers can be asked now. Every call keeps the tracker awake; two seconds after
-    // the last one it drops its connection and everything that it knows.
+    // Whether file managers can be called now. Every call keeps the tracker awake; two seconds
+    // after the last one it closes its connection and forgets everything.
     bool isReady();
 
     QDBusConnection bus() const { return bus_.bus(); }
 
-    // Asks every window whether it is active, and gives the one that was active last and shows a
-    // folder; null when there is none or when it is not known yet what is in the one in front.
-    Task<SharedFrame> askForFrame(Inquiry& inquiry);
+    // Asks every window whether it is active, and returns the one that was active last and shows a
+    // folder. Null if there is none, or as long as that window's view has not been found.
+    Task<SharedFrame> findLatestFrame(DBusQuery& query);
 
-    // Has the next askForFrame() check along with its own questions whether what was last read of a
-    // window still holds; that takes no time of its own.
-    void checkAlong(const SharedFrame& frame) { checkedNext_ = frame; }
+    // Makes the next findLatestFrame() revalidate this window too, in the same round trip.
+    void revalidateAlong(const SharedFrame& frame) { revalidateNext_ = frame; }
 
-    // Whether the last askForFrame() has done so.
-    bool hasChecked(const SharedFrame& frame) const { return checked_ == frame; }
+    // Whether the last findLatestFrame() has revalidated this window.
+    bool hasRevalidated(const SharedFrame& frame) const { return revalidated_ == frame; }
 
-    // The window of the last askForFrame(), without asking.
+    // The window that the last findLatestFrame() found, without any call.
     SharedFrame lastFrame() const { return lastFrame_; }
 
-    // Reads a window in the event loop, for as long as it takes.
+    // Reads a window in the event loop, however long that takes.
     void readInEventLoop(const SharedFrame& frame);
 
-    // Drops such a reading where it is, so that somebody else can read the window.
-    void dropReading(const SharedFrame& frame);
+    // Cancels such a reading, so that the caller can read the window itself.
+    void cancelReading(const SharedFrame& frame);
 
-    // Leaves a program alone that did not answer in time, until it answers a question of no weight
-    // that is put to it once in three seconds.
+    // Makes no further calls to a program that did not reply in time, except for a cheap one with a
+    // timeout of three seconds, repeated until the program replies.
     void pause(const QString& service);
 
 Q_SIGNALS:
@@ -66,29 +74,29 @@ Q_SIGNALS:
     void selectionMayHaveChanged(pid_t process);
 
 private:
-    Task<Done> lookAround(Inquiry& inquiry);
-    Task<Done> lookAt(Inquiry& inquiry, QString service);
-    void lookAroundSoon(int milliseconds);
-    void startLookingAround();
+    Task<Done> scanPrograms(DBusQuery& query);
+    Task<Done> scanWindows(DBusQuery& query, QString service);
+    void scanSoon(std::chrono::milliseconds delay);
+    void startScan();
     void startWalking(const SharedFrame& frame);
     void forgetEverything();
     void ping(const QString& service);
-    void onHeard(const QString& service, const QString& path, AccessibilityBus::Event event,
-                 bool isOn);
+    void onEventReceived(const QString& service, const QString& path, AccessibilityBus::Event event,
+                         bool isOn);
     void fallAsleep();
 
     AccessibilityBus bus_;
     KindOfProcess kindOfProcess_;
     FrameList list_;
     SharedFrame lastFrame_;
-    SharedFrame checkedNext_;
-    SharedFrame checked_;
-    Clock::time_point lookedAt_;
+    SharedFrame revalidateNext_;
+    SharedFrame revalidated_;
+    Clock::time_point scannedAt_;
     QTimer sleep_;
     QTimer soon_;
-    std::unique_ptr<Inquiry> look_;
-    std::unique_ptr<Inquiry> walk_;  // of the one window that is found or read in the event loop
-    SharedFrame readInLoop_;         // that window when it is read
+    std::unique_ptr<DBusQuery> scan_;
+    std::unique_ptr<DBusQuery> walk_;  // of the one window that is walked or read in the event loop
+    SharedFrame readInLoop_;           // that window, if it is read
 };
 
 }  // namespace pinorama

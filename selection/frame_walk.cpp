@@ -10,21 +10,22 @@
 namespace pinorama {
 namespace {
 
-constexpr std::size_t kMostAtOnce = 64;     // questions that wait for an answer
-constexpr std::size_t kMostChildren = 200;  // looked at in one container
-constexpr int kDeepest = 40;
-constexpr std::size_t kMostButtons = 64;  // in one row
+constexpr std::size_t kMaxPendingCalls = 64;  // that wait for a reply at the same time
+constexpr std::size_t kMaxChildren = 200;     // visited in one container
+constexpr int kMaxDepth = 40;
+constexpr std::size_t kMaxButtons = 64;  // in one row
 
 struct Node {
     Accessible object;
-    std::vector<Accessible> above = {};  // from the frame down to its parent
+    std::vector<Accessible> ancestors = {};  // from the frame down to its parent
     int depth = 0;
     bool isUnderStatusBar = false;
     Role role = Role::filler;
     States states = 0;
 };
 
-bool isClosed(Role role)
+// Roles that contain neither files nor anything that shows the folder.
+bool isSkipped(Role role)
 {
     switch (role) {
     case Role::menu:
@@ -37,8 +38,8 @@ bool isClosed(Role role)
     }
 }
 
-// Roles of containers that only lay others out.
-bool isStructure(Role role)
+// Roles of containers for the layout of others.
+bool isLayout(Role role)
 {
     switch (role) {
     case Role::filler:
@@ -69,27 +70,27 @@ bool mayBeView(Role role)
     case Role::text:
     case Role::listItem:
     case Role::tableCell: return false;
-    default: return !isStructure(role) && !isButton(role) && !isClosed(role);
+    default: return !isLayout(role) && !isButton(role) && !isSkipped(role);
     }
 }
 
 class Walk {
 public:
-    using OutlivesItsTasks = void;  // it is a part of the one task that they belong to
+    using OutlivesItsTasks = void;  // it is a local variable of the task that awaits them
 
-    Walk(Inquiry& inquiry, Accessible frame) : inquiry_(inquiry), frame_(std::move(frame)) {}
+    Walk(DBusQuery& query, Accessible frame) : query_(query), frame_(std::move(frame)) {}
 
     Task<FrameLayout> run()
     {
         std::vector<Node> level = {Node{.object = frame_, .role = Role::frame}};
-        for (int depth = 1; depth <= kDeepest && !level.empty(); depth++) {
+        for (int depth = 1; depth <= kMaxDepth && !level.empty(); depth++) {
             std::vector<Node> next;
-            for (std::size_t i = 0; i < level.size(); i += kMostAtOnce) {
-                const std::size_t end = std::min(i + kMostAtOnce, level.size());
+            for (std::size_t i = 0; i < level.size(); i += kMaxPendingCalls) {
+                const std::size_t end = std::min(i + kMaxPendingCalls, level.size());
                 const std::vector<Node> some(level.begin() + static_cast<long>(i),
                                              level.begin() + static_cast<long>(end));
-                std::vector<Node> opened = co_await open(some);
-                std::move(opened.begin(), opened.end(), std::back_inserter(next));
+                std::vector<Node> children = co_await expand(some);
+                std::move(children.begin(), children.end(), std::back_inserter(next));
             }
             level = std::move(next);
         }
@@ -98,63 +99,63 @@ public:
     }
 
 private:
-    // Those children of containers that are worth opening, each with its role and states.
-    Task<std::vector<Node>> open(std::vector<Node> containers)
+    // The children of containers that have to be expanded in turn, with their roles and states.
+    Task<std::vector<Node>> expand(std::vector<Node> containers)
     {
         std::vector<Node> next;
-        const auto questions = questionsAbout(
-            containers, [](const Node& container) { return childrenQuestion(container.object); });
-        const std::vector<QDBusMessage> answers = co_await inquiry_.answers(questions);
+        const auto calls = callsFor(
+            containers, [](const Node& container) { return childrenCall(container.object); });
+        const std::vector<QDBusMessage> replies = co_await query_.replies(calls);
 
         for (std::size_t i = 0; i < containers.size(); i++) {
-            const auto children = objectsIn(answers[i], kMostChildren);
+            const auto children = objectsIn(replies[i], kMaxChildren);
             if (!children || children->empty()) continue;
             std::vector<Node> nodes;
             for (const Accessible& child : *children) {
                 if (child.isNull()) continue;
-                if (objectCount_++ >= kMostObjects) break;
+                if (objectCount_++ >= kMaxObjects) break;
                 nodes.push_back({.object = child,
-                                 .above = containers[i].above,
+                                 .ancestors = containers[i].ancestors,
                                  .depth = containers[i].depth + 1,
                                  .isUnderStatusBar = containers[i].isUnderStatusBar});
-                nodes.back().above.push_back(containers[i].object);
+                nodes.back().ancestors.push_back(containers[i].object);
             }
-            nodes = co_await described(nodes);
-            takeRows(containers[i].object, children->size(), nodes);
+            nodes = co_await withRolesAndStates(nodes);
+            addRows(containers[i].object, children->size(), nodes);
             for (const Node& node : nodes) {
-                std::optional<Node> taken = co_await worthOpening(node);
-                if (taken) next.push_back(std::move(*taken));
+                std::optional<Node> container = co_await nodeToExpand(node);
+                if (container) next.push_back(std::move(*container));
             }
         }
         co_return next;
     }
 
-    Task<std::vector<Node>> described(std::vector<Node> nodes)
+    Task<std::vector<Node>> withRolesAndStates(std::vector<Node> nodes)
     {
-        for (std::size_t first = 0; first < nodes.size(); first += kMostAtOnce / 2) {
-            const std::size_t end = std::min(first + kMostAtOnce / 2, nodes.size());
-            std::vector<QDBusMessage> questions;
+        for (std::size_t first = 0; first < nodes.size(); first += kMaxPendingCalls / 2) {
+            const std::size_t end = std::min(first + kMaxPendingCalls / 2, nodes.size());
+            std::vector<QDBusMessage> calls;
             for (std::size_t i = first; i < end; i++) {
-                questions.push_back(roleQuestion(nodes[i].object));
-                questions.push_back(statesQuestion(nodes[i].object));
+                calls.push_back(roleCall(nodes[i].object));
+                calls.push_back(statesCall(nodes[i].object));
             }
-            const std::vector<QDBusMessage> answers = co_await inquiry_.answers(questions);
+            const std::vector<QDBusMessage> replies = co_await query_.replies(calls);
             for (std::size_t i = first; i < end; i++) {
                 Node& node = nodes[i];
-                node.role = static_cast<Role>(numberIn(answers[2 * (i - first)]).value_or(0));
-                node.states = statesIn(answers[2 * (i - first) + 1]).value_or(0);
+                node.role = static_cast<Role>(numberIn(replies[2 * (i - first)]).value_or(0));
+                node.states = statesIn(replies[2 * (i - first) + 1]).value_or(0);
             }
         }
         co_return nodes;
     }
 
-    // Keeps what tells something by itself, and gives back what holds others.
-    Task<std::optional<Node>> worthOpening(Node node)
+    // Adds a node to the layout if it belongs there by itself; returns it if its children may.
+    Task<std::optional<Node>> nodeToExpand(Node node)
     {
-        // GTK 4 does not tell what is showing.
+        // GTK 4 never sets the state "showing".
         const bool isSeen =
             has(node.states, isGtk4Object(node.object) ? State::visible : State::showing);
-        if (!isSeen || isClosed(node.role) || isButton(node.role)) co_return std::nullopt;
+        if (!isSeen || isSkipped(node.role) || isButton(node.role)) co_return std::nullopt;
         switch (node.role) {
         case Role::text: layout_.locations.push_back(node.object); co_return std::nullopt;
         case Role::label:
@@ -172,25 +173,26 @@ private:
 
     Task<bool> isView(Node node)
     {
-        const std::vector<QDBusMessage> asked =
-            together(interfacesQuestion(node.object), sizeQuestion(node.object));
-        const std::vector<QDBusMessage> answers = co_await inquiry_.answers(asked);
-        const auto interfaces = textsIn(answers[0]);
-        const auto size = sizeIn(answers[1]);
+        const std::vector<QDBusMessage> calls =
+            callList(interfacesCall(node.object), sizeCall(node.object));
+        const std::vector<QDBusMessage> replies = co_await query_.replies(calls);
+        const auto interfaces = textsIn(replies[0]);
+        const auto size = sizeIn(replies[1]);
         if (!interfaces || !size) co_return false;
         const auto offers = [&](const char* name) {
             const QString whole = QStringLiteral("org.a11y.atspi.") + QLatin1String(name);
             return std::find(interfaces->begin(), interfaces->end(), whole) != interfaces->end();
         };
         View view = {.object = node.object, .size = *size, .depth = node.depth};
-        view.above = node.above;
-        view.focusMarks = {node.object, node.above.back()};
-        if (node.above.size() > 1) view.focusMarks.push_back(node.above[node.above.size() - 2]);
+        view.ancestors = node.ancestors;
+        view.focusIndicators = {node.object, node.ancestors.back()};
+        if (node.ancestors.size() > 1)
+            view.focusIndicators.push_back(node.ancestors[node.ancestors.size() - 2]);
         if (node.role == Role::directoryPane) {
-            const QDBusMessage askChild = childQuestion(node.object, 0);
-            // Its inside is one panel without items, or a list that goes before it.
-            const auto inside = objectIn(co_await inquiry_.answer(askChild));
-            if (inside) view.focusMarks = {*inside};
+            const QDBusMessage getChild = childCall(node.object, 0);
+            // It contains one panel without items, or a list, which chooseViews() prefers to it.
+            const auto inside = objectIn(co_await query_.reply(getChild));
+            if (inside) view.focusIndicators = {*inside};
             candidates_.push_back(view);
             co_return false;
         }
@@ -205,13 +207,13 @@ private:
         co_return true;
     }
 
-    void takeRows(const Accessible& parent, std::size_t childCount, const std::vector<Node>& nodes)
+    void addRows(const Accessible& parent, std::size_t childCount, const std::vector<Node>& nodes)
     {
         bool isParentOfRow = false;
         for (std::size_t first = 0; first < nodes.size();) {
             std::size_t end = first;
             while (end < nodes.size() && nodes[end].role == nodes[first].role) end++;
-            if (isButton(nodes[first].role) && end - first <= kMostButtons) {
+            if (isButton(nodes[first].role) && end - first <= kMaxButtons) {
                 std::vector<PathButton> row;
                 for (std::size_t i = first; i < end; i++)
                     row.push_back({nodes[i].object, nodes[i].role});
@@ -220,11 +222,11 @@ private:
             }
             first = end;
         }
-        if (isParentOfRow && childCount < kMostChildren)
+        if (isParentOfRow && childCount < kMaxChildren)
             layout_.rowParents.push_back({parent, static_cast<std::uint32_t>(childCount)});
     }
 
-    Inquiry& inquiry_;
+    DBusQuery& query_;
     Accessible frame_;
     FrameLayout layout_;
     std::vector<View> candidates_;
@@ -239,7 +241,7 @@ bool isGtk4Object(const Accessible& object)
 
 std::vector<View> chooseViews(std::vector<View> candidates)
 {
-    // A directory pane that holds a list is the list.
+    // Of a directory pane that contains a list, the list is the view.
     const auto isOpaque = [](const View& view) { return view.access == ViewAccess::opaque; };
     std::vector<View> views;
     for (const View& pane : candidates) {
@@ -264,9 +266,9 @@ std::vector<View> chooseViews(std::vector<View> candidates)
     return views;
 }
 
-Task<FrameLayout> walkFrame(Inquiry& inquiry, Accessible frame)
+Task<FrameLayout> walkFrame(DBusQuery& query, Accessible frame)
 {
-    Walk walk(inquiry, std::move(frame));
+    Walk walk(query, std::move(frame));
     FrameLayout layout = co_await walk.run();
     co_return layout;
 }

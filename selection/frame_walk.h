@@ -1,6 +1,9 @@
-// Finds its way in a file manager's window: where the view of the files is, and what tells the
-// folder. Every window is walked from its frame down, once, and what was found serves until the
-// window changes its make-up.
+// Walks the tree of objects in a file manager's window, breadth first, to find the view of the
+// files and everything that shows the folder. A window is walked once; the layout is valid until
+// the structure of the window changes.
+//
+//     FrameLayout layout = co_await walkFrame(query, frame);
+//     if (layout.views.empty()) co_return {};  // no window that shows files
 
 #pragma once
 
@@ -10,7 +13,7 @@
 #include <vector>
 
 #include "selection/accessible.h"
-#include "selection/dbus_inquiry.h"
+#include "selection/dbus_query.h"
 
 namespace pinorama {
 
@@ -19,54 +22,56 @@ enum class ViewAccess {
     selection,  // the Selection interface
     table,      // the Table interface of a GTK list beside a Selection interface
     states,     // no Selection interface: the states of the items
-    opaque,     // no items at all; only the status bar tells
+    opaque,     // no items at all, only a status bar
 };
 
 struct View {
     Accessible object;
     ViewAccess access = ViewAccess::opaque;
     Size size;
-    int depth = 0;                       // steps from the frame
-    std::vector<Accessible> above = {};  // the containers from the frame down to the view
-    // The view, what is around it and what is in it: one of them has the focus when the view has.
-    std::vector<Accessible> focusMarks = {};
+    int depth = 0;                           // steps from the frame
+    std::vector<Accessible> ancestors = {};  // the containers from the frame down to the view
+    // The view, its nearest ancestors or its contents: if the view has the focus, one of them
+    // reports it.
+    std::vector<Accessible> focusIndicators = {};
 };
 
-// A button of a row that may be a path bar.
+// A button in a row that may be a path bar.
 struct PathButton {
     Accessible object;
     Role role = Role::pushButton;
 };
 
-// A container of such rows, and how many children it had: a path bar grows and shrinks.
+// A container of such rows, and the number of its children, which changes with a path bar's length.
 struct RowParent {
     Accessible object;
     std::uint32_t childCount = 0;
 };
 
 struct FrameLayout {
-    std::vector<View> views;            // the files' view; with a split window one for each pane
-    std::vector<Accessible> locations;  // location entries
+    std::vector<View> views;                    // of the files; in a split window one for each pane
+    std::vector<Accessible> locations;          // location entries
     std::vector<std::vector<PathButton>> rows;  // rows of buttons of one kind
     std::vector<RowParent> rowParents;          // the containers that hold these rows
-    std::vector<Accessible> statusTexts;        // what the status bar says
+    std::vector<Accessible> statusTexts;        // the status bar and its labels
 };
 
-// Made once, and changed by nobody, so that who waits for an answer can go on holding it.
+// Immutable, so that a coroutine can use it across a co_await while the window gets another layout.
 using SharedLayout = std::shared_ptr<const FrameLayout>;
 
-// Walks one window. Asks at most `kMostObjects` objects, at most 64 of them at a time, so that the
-// program stays usable meanwhile.
-constexpr std::size_t kMostObjects = 2000;
-Task<FrameLayout> walkFrame(Inquiry& inquiry, Accessible frame);
+// Walks one window. Visits at most `kMaxObjects` objects, with at most 64 calls in flight, so that
+// the file manager stays responsive.
+constexpr std::size_t kMaxObjects = 2000;
+Task<FrameLayout> walkFrame(DBusQuery& query, Accessible frame);
 
-// GTK 4 names its objects after the application, all other kits after the bus. It does not tell
-// what is showing, and keeps the views of all tabs.
+// Whether an object belongs to GTK 4, whose object paths begin with the name of the application;
+// the other toolkits' begin with /org/a11y/. GTK 4 does not report what is showing, and keeps the
+// views of all tabs.
 bool isGtk4Object(const Accessible& object);
 
-// Among everything that looks like a list of items, chooses the view of the files: the largest one,
-// and with it the panes beside it, which lie equally deep and are two fifths as large at least.
-// Side bars are smaller or lie elsewhere. A directory pane without items goes before every list.
+// Chooses the view of the files among everything that looks like a list of items: the largest, and
+// with it its neighbour panes, which have the same depth and at least two fifths of its area. Side
+// bars are smaller or have another depth. A directory pane without items wins over every list.
 std::vector<View> chooseViews(std::vector<View> candidates);
 
 }  // namespace pinorama

@@ -9,7 +9,7 @@
 
 namespace pinorama {
 namespace {
-constexpr std::size_t kMostEntries = 100000;
+constexpr std::size_t kMaxEntries = 100000;
 constexpr QChar kReplacement = QChar::ReplacementCharacter;
 
 struct FolderCloser {
@@ -21,7 +21,7 @@ std::vector<std::string> namesIn(const std::string& folder)
     std::vector<std::string> names;
     const std::unique_ptr<DIR, FolderCloser> stream(opendir(folder.c_str()));
     if (!stream) return names;
-    while (names.size() < kMostEntries) {
+    while (names.size() < kMaxEntries) {
         const dirent* entry = readdir(stream.get());
         if (entry == nullptr) break;
         const std::string_view name = entry->d_name;
@@ -35,7 +35,7 @@ QString composed(const QString& text)
     return text.normalized(QString::NormalizationForm_C);
 }
 
-// Toolkits put one U+FFFD for each byte at fault or one for several.
+// Some toolkits show one U+FFFD for each malformed byte, others one for a run of them.
 QString withShortReplacements(const QString& text)
 {
     QString result;

@@ -1,6 +1,5 @@
-// From the name that a file manager shows to the item that it means. Mostly they are the same
-// bytes; a name that is no UTF-8, one with control characters in it and one whose extension is
-// hidden are shown otherwise.
+// Finds the item whose name a file manager shows. Mostly the two are the same bytes, but a name
+// that is not UTF-8, contains control characters or has a hidden extension is shown differently.
 
 #pragma once
 
@@ -13,25 +12,28 @@
 
 namespace pinorama {
 
-// The path of the item of `folder` (an absolute path in raw bytes) that is shown as `shown`. A
-// folder's path ends in a slash; a symbolic link counts as what it leads to. Looked for in this
-// order, and nothing when the first kind that fits anything fits several items:
+// The path of the item of `folder` (an absolute path in raw bytes) that is shown as `shown`. The
+// path of a folder ends in a slash; so does that of a symbolic link to a folder. The rules are
+// tried in this order. The first rule that matches any item decides; if it matches several, the
+// result is nothing.
 //
-// - the item with exactly this name,
-// - one that differs in composed and decomposed letters only,
-// - one whose name is no UTF-8: the bytes at fault are shown as U+FFFD each or in runs, with or
-//   without a remark in brackets after the name,
-// - one with control characters, shown as blanks or as their pictures or left out,
-// - one whose name without its extension is shown.
+// - The item has exactly this name.
+// - The name differs only in composed and decomposed letters.
+// - The name is not UTF-8: each malformed byte, or each run of them, is shown as U+FFFD, possibly
+//   with a remark in parentheses after the name.
+// - The name contains control characters, which are shown as blanks or as control pictures, or left
+//   out.
+// - The name is shown without its extension.
 //
-// Reads the folder only when there is no item with exactly this name, and at most 100,000 entries.
+// Reads the folder only if no item has exactly this name, and then at most 100,000 entries.
 std::optional<std::string> pathOfShownItem(const std::string& folder, const QString& shown);
 
-// The choice on its own: the entry among `names` (raw bytes) that is shown as `shown`.
+// The same rules without a file system: the one of `names` (raw bytes) that is shown as `shown`.
 std::optional<std::string> nameOfShownItem(const std::vector<std::string>& names,
                                            const QString& shown);
 
-// The path with a slash at its end when it leads to a folder; nothing when there is no such item.
+// The path of an item, with a slash at its end if it is a folder or a link to one; nothing if there
+// is no such item. Slashes at the end of `path` are ignored.
 std::optional<std::string> existingItem(std::string path);
 
 }  // namespace pinorama

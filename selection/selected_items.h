@@ -1,6 +1,6 @@
-// What is selected in a view of files. Each kind of view tells it in its own way: through the
-// Selection or the Table interface, through the states of its items, or not at all, so that only
-// the status bar says it.
+// Reads what is selected in a view of files. Each kind of view reports it in its own way: through
+// the Selection or the Table interface, through the states of its items, or not at all, so that
+// only the status bar names it.
 
 #pragma once
 
@@ -12,36 +12,37 @@
 #include <vector>
 
 #include "selection/accessible.h"
-#include "selection/dbus_inquiry.h"
+#include "selection/dbus_query.h"
 #include "selection/dolphin_window.h"
 #include "selection/file_manager_kind.h"
 #include "selection/frame_walk.h"
+#include "selection/validator.h"
 #include "selection/window_folder.h"
-#include "selection/witness.h"
 
 namespace pinorama {
 
-// An item, and what it says of itself.
+// An item, and what it reports about itself.
 struct NamedItem {
-    Accessible item;             // null when it did not answer
-    Accessible part;             // the part of it that has its name, mostly the item itself
-    QString name;                // as that part says it
-    bool tellsItsState = false;  // whether the item says that it is selected
-    std::optional<std::string> path = {};  // nothing when the folder has no such item
+    Accessible item;               // null if it did not reply
+    Accessible part;               // the part of it that has the name, mostly the item itself
+    QString name;                  // of that part
+    bool reportsSelected = false;  // whether the item's own state says that it is selected
+    std::optional<std::string> path = {};  // nothing if the folder has no such item
 };
 
 struct SelectedItems {
-    bool isKnown = false;                  // false when the view did not answer
+    bool isKnown = false;                  // false if the view did not reply
     std::vector<NamedItem> items;          // in the order of the view, at most 64
-    std::optional<std::string> path = {};  // of the only one, when the status bar told it
-    Witnesses witnesses = {};  // of all that was said, as far as it costs little to ask again
+    std::optional<std::string> path = {};  // of the only item, if the status bar named it
+    Validators validators = {};            // of all replies that are cheap to get again
 };
 
 class SelectedItemsReader {
 public:
     using OutlivesItsTasks = void;  // it is a part of the task that reads the window
 
-    // The window that is read; `folder` must outlive this. `dolphin` counts in Dolphin only.
+    // `layout` and `folder` are those of the window; `folder` must outlive this. `dolphin` is used
+    // for Dolphin only.
     SelectedItemsReader(FileManager manager, SharedLayout layout, WindowFolder& folder,
                         DolphinWindow dolphin)
         : manager_(manager),
@@ -51,19 +52,19 @@ public:
     {
     }
 
-    // Reads one view of the window. `likely` are the items that are probably selected; each may be
-    // null. They are looked at before a view whose items have to be asked one by one.
-    Task<SelectedItems> read(Inquiry& inquiry, View view, std::vector<Accessible> likely);
+    // Reads one view of the window. `likely` are items that are probably selected; each may be
+    // null. They are tried first where the only other way is to ask every item of the view.
+    Task<SelectedItems> read(DBusQuery& query, View view, std::vector<Accessible> likely);
 
 private:
-    Task<SelectedItems> readSelection(Inquiry& inquiry, View view);
-    Task<SelectedItems> readTable(Inquiry& inquiry, View view);
-    Task<SelectedItems> readStates(Inquiry& inquiry, View view, std::vector<Accessible> likely);
-    Task<SelectedItems> readStatus(Inquiry& inquiry);
-    Task<std::vector<Accessible>> scan(Inquiry& inquiry, View view);
-    Task<NamedItem> named(Inquiry& inquiry, Accessible item);
-    static void vouchFor(const NamedItem& item, const View& view, Witnesses* witnesses);
-    Task<NamedItem> namedInside(Inquiry& inquiry, NamedItem item);
+    Task<SelectedItems> readSelection(DBusQuery& query, View view);
+    Task<SelectedItems> readTable(DBusQuery& query, View view);
+    Task<SelectedItems> readStates(DBusQuery& query, View view, std::vector<Accessible> likely);
+    Task<SelectedItems> readStatus(DBusQuery& query);
+    Task<std::vector<Accessible>> scan(DBusQuery& query, View view);
+    Task<NamedItem> named(DBusQuery& query, Accessible item);
+
+    Task<NamedItem> namedInside(DBusQuery& query, NamedItem item);
 
     FileManager manager_;
     SharedLayout layout_;

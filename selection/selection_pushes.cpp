@@ -12,11 +12,11 @@
 
 namespace pinorama {
 namespace {
-constexpr qsizetype kMostUris = 64;
-constexpr qsizetype kLongestUri = 3 * 4096 + 256;  // UTF-16 units; every byte of a path escaped
-constexpr qsizetype kLongestTitle = 4096;          // UTF-16 units
-constexpr std::size_t kMostProcesses = 32;
-constexpr std::size_t kMostUnanswered = 256;
+constexpr qsizetype kMaxUris = 64;
+constexpr qsizetype kMaxUriLength = 3 * 4096 + 256;  // UTF-16 units; every byte of a path escaped
+constexpr qsizetype kMaxTitleLength = 4096;          // UTF-16 units
+constexpr std::size_t kMaxProcesses = 32;
+constexpr std::size_t kMaxPendingPushes = 256;
 
 const QString kService = QStringLiteral("org.pinorama.Selection1");
 const QString kObject = QStringLiteral("/org/pinorama/Selection");
@@ -24,9 +24,9 @@ const QString kObject = QStringLiteral("/org/pinorama/Selection");
 std::vector<std::string> pathsOf(const QStringList& uris)
 {
     std::vector<std::string> paths;
-    for (const QString& uri : uris.first(std::min(uris.size(), kMostUris))) {
-        auto path = uri.size() > kLongestUri ? std::nullopt : pathOfFileURI(uri.toStdString());
-        if (!path) return {};  // a part of a selection is another selection
+    for (const QString& uri : uris.first(std::min(uris.size(), kMaxUris))) {
+        auto path = uri.size() > kMaxUriLength ? std::nullopt : pathOfFileURI(uri.toStdString());
+        if (!path) return {};  // the other paths would be a selection that nobody made
         paths.push_back(std::move(*path));
     }
     return paths;
@@ -67,28 +67,29 @@ PushedSelection* SelectionPushes::lastOf(pid_t process)
 void SelectionPushes::Push(const QStringList& uris, const QString& windowTitle)
 {
     if (!calledFromDBus()) return;
-    if (unanswered_ >= kMostUnanswered) {
-        // No file manager tells that much. The last push of one may be among those that are lost.
+    if (pending_ >= kMaxPendingPushes) {
+        // No file manager pushes that much. A lost push may be the latest of its file manager, so
+        // none of the earlier ones can be trusted any more.
         pushed_.clear();
         return;
     }
     PushedSelection pushed;
-    pushed.windowTitle = windowTitle.size() > kLongestTitle ? QString() : windowTitle;
+    pushed.windowTitle = windowTitle.size() > kMaxTitleLength ? QString() : windowTitle;
     pushed.paths = pathsOf(uris);
     pushed.at = Clock::now();
     pushed.frame = frameInFront_();
 
-    QDBusMessage question = QDBusMessage::createMethodCall(
+    QDBusMessage call = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
         QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetConnectionUnixProcessID"));
-    question.setArguments({message().service()});
-    unanswered_++;
-    auto* answer = new QDBusPendingCallWatcher(bus_.asyncCall(question), this);
-    connect(answer, &QDBusPendingCallWatcher::finished, this,
-            [this, answer, pushed = std::move(pushed)] {
-                const QDBusPendingReply<uint> process = *answer;
-                answer->deleteLater();
-                unanswered_--;
+    call.setArguments({message().service()});
+    pending_++;
+    auto* watcher = new QDBusPendingCallWatcher(bus_.asyncCall(call), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this,
+            [this, watcher, pushed = std::move(pushed)] {
+                const QDBusPendingReply<uint> process = *watcher;
+                watcher->deleteLater();
+                pending_--;
                 if (process.isValid()) keep(static_cast<pid_t>(process.value()), pushed);
             });
 }
@@ -98,7 +99,7 @@ void SelectionPushes::keep(pid_t process, PushedSelection pushed)
     if (!isListening_ || kindOfProcess_(process) == nullptr) return;
     pushed_.erase(process);
     if (pushed.windowTitle.isEmpty()) return;
-    if (pushed_.size() >= kMostProcesses) pushed_.clear();
+    if (pushed_.size() >= kMaxProcesses) pushed_.clear();
     pushed_.emplace(process, std::move(pushed));
 }
 

@@ -1,14 +1,18 @@
-// What the extensions in file managers push: the selection of a window, at the moment in which it
-// changes. They are those of packaging/extensions.
+// Receives the selection of a window from the extensions in file managers (packaging/extensions),
+// which push it when it changes.
 //
 // Service org.pinorama.Selection1, object /org/pinorama/Selection, interface
 // org.pinorama.Selection1:
 //
 //     Push(in as uris, in s windowTitle)
 //
-// An empty title says that it is not known any more what is selected. Every program of the session
-// can call this: a push counts when the process that sent it, as the bus knows it, is a file
-// manager, and whatever it holds is looked at as bytes only, never opened.
+// An empty title takes back the last push: the selection is no longer known. Every program of the
+// session can call this, so a push counts only if its sender's process, which the bus knows, is a
+// file manager; and its paths are only compared here, never opened.
+//
+//     SelectionPushes pushes(QDBusConnection::sessionBus(), [&] { return tracker.lastFrame(); });
+//     pushes.setListening(true);
+//     if (PushedSelection* pushed = pushes.lastOf(frame->process())) use(pushed->paths);
 
 #pragma once
 
@@ -26,7 +30,7 @@
 #include <string>
 #include <vector>
 
-#include "selection/dbus_inquiry.h"
+#include "selection/dbus_query.h"
 #include "selection/file_manager_kind.h"
 
 namespace pinorama {
@@ -36,13 +40,13 @@ class FrameReader;
 struct PushedSelection {
     QString windowTitle;
 
-    // Absolute, in raw bytes, in the order of the view; none when one of the selected items is no
-    // local file. At most 64 are kept: any further ones would still be several.
+    // Absolute, in raw bytes, in the order of the view; empty if one of the selected items is not a
+    // local file. At most 64 are kept: with more, the selection would still be "several".
     std::vector<std::string> paths;
 
     Clock::time_point at;
-    std::weak_ptr<FrameReader> frame;  // the window that counted when it came
-    bool isConfirmed = false;          // that window was asked for since, and counted still
+    std::weak_ptr<FrameReader> frame;  // the window that was active last when the push arrived
+    bool isConfirmed = false;          // a later query found the same window active last
 };
 
 class SelectionPushes : public QObject, protected QDBusContext {
@@ -57,11 +61,12 @@ public:
                              KindOfProcess kindOfProcess = fileManagerKindOfProcess);
     ~SelectionPushes() override;
 
-    // Whether pushes are taken. When not, the extensions do not find this program on the bus, and
-    // what they have pushed is forgotten.
+    // Whether pushes are accepted. If not, the extensions do not find this program on the bus, and
+    // earlier pushes are forgotten.
     void setListening(bool isListening);
 
-    // The last push of a process, or null; borrowed until the event loop runs.
+    // The last push of a process, or null. Borrowed until the event loop runs: do not keep it
+    // across a co_await.
     PushedSelection* lastOf(pid_t process);
 
     void forget(pid_t process) { pushed_.erase(process); }
@@ -76,7 +81,7 @@ private:
     FrameInFront frameInFront_;
     KindOfProcess kindOfProcess_;
     bool isListening_ = false;
-    std::size_t unanswered_ = 0;  // pushes whose process is being asked for
+    std::size_t pending_ = 0;  // pushes whose process the bus has not named yet
     std::map<pid_t, PushedSelection> pushed_;
 };
 

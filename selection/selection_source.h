@@ -1,6 +1,5 @@
-// Where the window learns which files are selected in the file manager. One small interface, so
-// that the window does not know which of the ways to ask is in use, and tests can answer
-// themselves.
+// Where the window gets the selection of the file manager from. An interface, so that the window
+// does not depend on how the selection is found, and tests can provide one.
 
 #pragma once
 
@@ -16,10 +15,10 @@ public:
     SelectionSource& operator=(const SelectionSource&) = delete;
     virtual ~SelectionSource() = default;
 
-    // Asks the file manager window that was active last for its selection and returns the absolute
-    // paths in raw bytes, in the order of the view; a folder's path ends in a slash. Empty when
-    // nothing is selected, when no file manager answers, and when the answer misses its deadline:
-    // 300 ms in all, however many calls it takes. Never throws, reports nothing.
+    // The selection of the file manager window that was active last: absolute paths in raw bytes,
+    // in the order of the view; the path of a folder ends in a slash. Empty if nothing is selected,
+    // if no file manager replies, or if the deadline passes: 300 ms in all, however many calls it
+    // takes. Never throws, reports nothing.
     virtual std::vector<std::string> selectedPaths() = 0;
 };
 

@@ -2,10 +2,10 @@
 
 namespace pinorama {
 namespace {
-constexpr qsizetype kLongestText = 4096;  // UTF-16 units
+constexpr qsizetype kMaxTextLength = 4096;  // UTF-16 units
 
-// The closing marks that go with an opening one. Languages pair them differently ("„a“", "„a”",
-// "»a«", "«a»"), so each opening mark takes every mark that closes it anywhere.
+// The quotation marks that may close a quotation. Languages pair them differently (“„a“”, “„a””,
+// “»a«”, “«a»”), so each opening mark allows all marks that close it in any language.
 QStringView closingMarks(QChar opening)
 {
     switch (opening.unicode()) {
@@ -27,7 +27,7 @@ QStringView closingMarks(QChar opening)
     }
 }
 
-// French sets its marks off with blanks that do not break.
+// French typography puts non-breaking spaces inside the quotation marks.
 QString withoutInnerBlanks(QString name)
 {
     const auto isInnerBlank = [](QChar c) { return c == u'\u00a0' || c == u'\u202f'; };
@@ -40,7 +40,7 @@ QString withoutInnerBlanks(QString name)
 std::vector<QString> quotedNames(const QString& text)
 {
     std::vector<QString> names;
-    if (text.size() < 3 || text.size() > kLongestText) return names;
+    if (text.size() < 3 || text.size() > kMaxTextLength) return names;
     const QStringView marks = closingMarks(text.front());
     if (marks.isEmpty()) return names;
 

@@ -1,17 +1,25 @@
-// A function that waits for answers in its midst, and what it may hold meanwhile.
+// A coroutine that waits for replies, and what it may hold while it waits.
 //
-// Whatever can happen in the event loop can happen at a co_await: programs leave the bus, windows
-// close, the connection is lost, another function reads the same window. So after it a function
-// uses
+//     Task<int> countItems(DBusQuery& query, Accessible view)  // values, or classes that outlive
+//     it
+//     {
+//         const QDBusMessage getCount = childCountCall(view);
+//         const auto count = numberIn(co_await query.reply(getCount));
+//         co_return count.value_or(0);  // `view` is this coroutine's own copy and still there
+//     }
+//
+// Anything can happen in the event loop during a co_await: programs leave the bus, windows close,
+// the connection breaks, another coroutine reads the same window. After it, a coroutine uses only
 //
 // - what it owns: values, and objects that it holds by a shared pointer;
-// - the object that it is a member of, and the inquiry that runs it. Their classes say that they
-//   outlive every task that they start (OutlivesItsTasks);
-// - what it finds anew, by a name that it owns, and finds gone.
+// - the object that it is a member of, and the query that runs it. Their classes declare with
+//   OutlivesItsTasks that they outlive every task that they start;
+// - what it looks up again by a name that it owns, and may not find.
 //
 // It does not use a reference, a pointer or an iterator to a part of something that others change.
-// Parameters that would be one do not compile. Who keeps things that come and go hands out values
-// and shared pointers only, as FrameList does, so that there is nothing to hold.
+// Nobody sees such a mistake in a review, so a parameter of that kind does not compile. For local
+// variables there is no such check: a class whose contents come and go, such as FrameList, returns
+// values and shared pointers only, so that there is no reference to keep.
 
 #pragma once
 
@@ -34,33 +42,36 @@ template <typename Type>
 struct IsReferenceWrapper<std::reference_wrapper<Type>> : std::true_type {
 };
 
-// A range that is copied like a number has its items elsewhere, unless it has room for a fixed
-// number of them.
+// A view owns no items. The standard knows its own views only; QStringView and the like are
+// recognised by being trivially copyable ranges, which an owner of items can only be if it holds a
+// fixed number of them, as std::array does.
 template <typename Type>
-concept ViewOfSomething = std::ranges::view<Type> || std::ranges::borrowed_range<Type> ||
+concept NonOwningRange = std::ranges::view<Type> || std::ranges::borrowed_range<Type> ||
     (std::ranges::range<Type>&& std::is_trivially_copyable_v<Type> &&
      !requires { std::tuple_size<Type>::value; });
 
-// A value that belongs to who holds it: no pointer, no iterator, no view.
+// A value that owns all of its parts: no pointer, no iterator, no view.
 template <typename Type>
 concept OwnedValue = std::is_object_v<Type> && !std::is_pointer_v<Type> &&
                      !std::input_or_output_iterator<std::remove_const_t<Type>> &&
-                     !ViewOfSomething<std::remove_const_t<Type>> &&
+                     !NonOwningRange<std::remove_const_t<Type>> &&
                      !IsReferenceWrapper<std::remove_const_t<Type>>::value;
 
-// An object whose class says that it outlives the tasks that it starts or is handed to; or a
-// closure that holds nothing.
+// A reference to an object whose class declares that it outlives the tasks that use it, or to a
+// lambda without captures. The captures of a lambda die with it, also while its coroutine still
+// waits.
 template <typename Type>
 concept OutlivesTasks = std::is_lvalue_reference_v<Type> &&(requires {
     typename std::remove_cvref_t<Type>::OutlivesItsTasks;
 } || std::is_empty_v<std::remove_cvref_t<Type>>);
 
-// What a function that waits may be handed.
+// The parameters that a coroutine may have.
 template <typename Type>
-concept HeldAcrossWaiting = OwnedValue<Type> || OutlivesTasks<Type>;
+concept SafeAcrossSuspension = OwnedValue<Type> || OutlivesTasks<Type>;
 
-// What a function that asks returns: it starts when it is awaited, and the value is ready when it
-// has run to its end. Dropping a task that has not ended drops everything that it holds.
+// A lazy coroutine: it starts when it is awaited, and resumes its caller with the value when it
+// ends. Destroying a task that waits destroys its local variables and the tasks that it awaits in
+// turn; that is how a query is cancelled.
 template <typename Value>
 class [[nodiscard]] Task {
 public:
@@ -68,7 +79,7 @@ public:
         std::optional<Value> value;
         std::coroutine_handle<> caller = std::noop_coroutine();
 
-        struct BackToCaller {
+        struct ResumeCaller {
             bool await_ready() noexcept { return false; }
             std::coroutine_handle<> await_suspend(std::coroutine_handle<Promise> self) noexcept
             {
@@ -82,9 +93,9 @@ public:
             return Task(std::coroutine_handle<Promise>::from_promise(*this));
         }
         std::suspend_always initial_suspend() noexcept { return {}; }
-        BackToCaller final_suspend() noexcept { return {}; }
+        ResumeCaller final_suspend() noexcept { return {}; }
         void return_value(Value result) { value.emplace(std::move(result)); }
-        void unhandled_exception() { std::terminate(); }  // only memory can run out here
+        void unhandled_exception() { std::terminate(); }  // only std::bad_alloc gets here
     };
 
     Task() = default;
@@ -110,7 +121,7 @@ public:
     }
     Value await_resume()
     {
-        // Whoever waits is woken up by the end, which has set it.
+        // The caller is resumed only after co_return has set the value.
         // NOLINTNEXTLINE(bugprone-unchecked-optional-access)
         return std::move(*handle_.promise().value);
     }
@@ -121,16 +132,15 @@ private:
     std::coroutine_handle<Promise> handle_;
 };
 
-// The value of a task that is run for what it does.
+// The value of a task that is run for its effect.
 struct Done {};
 
 }  // namespace pinorama
 
-// Every function that returns a task is looked at here.
+// The compiler instantiates this for every coroutine that returns a task.
 template <typename Value, typename... Parameters>
 struct std::coroutine_traits<pinorama::Task<Value>, Parameters...> {
-    static_assert(
-        (pinorama::HeldAcrossWaiting<Parameters> && ...),
-        "a function that waits takes values; what it borrows may be gone after a co_await");
+    static_assert((pinorama::SafeAcrossSuspension<Parameters> && ...),
+                  "a coroutine takes values: what it borrows may be gone after a co_await");
     using promise_type = typename pinorama::Task<Value>::Promise;
 };

@@ -1,5 +1,5 @@
-// Which of a window's views of files counts: the tab in front, the pane with the focus. And whether
-// the views are still those that were found.
+// Chooses among a window's views of files: the one of the tab in front, or of the pane with the
+// focus. Also finds out whether the views are still those that the walk found.
 
 #pragma once
 
@@ -8,24 +8,25 @@
 #include <vector>
 
 #include "selection/accessible.h"
-#include "selection/dbus_inquiry.h"
+#include "selection/dbus_query.h"
 #include "selection/frame_walk.h"
 
 namespace pinorama {
 
-// Whether every view has the size that it was found with. A window that is split or made one again
-// gives its views another size. So does one that the user makes larger, which costs one walk.
-Task<bool> haveFoundSizes(Inquiry& inquiry, std::vector<View> views);
+// Whether every view has the size that the walk found. Splitting a window or joining its panes
+// changes the sizes. So does resizing it, which costs an unnecessary walk.
+Task<bool> haveFoundSizes(DBusQuery& query, std::vector<View> views);
 
-// Of several panes the one that has the focus, or, where a view does not tell, the one that holds
-// or is `touched`, in which something was focused or selected last (null for none). Otherwise
+// The index of the pane that has the focus. If no view reports the focus, the pane that is or
+// contains `touched`, the object of the last focus or selection event (may be null); otherwise
 // `before`.
-Task<std::size_t> paneInUse(Inquiry& inquiry, std::vector<View> views, Accessible touched,
+Task<std::size_t> paneInUse(DBusQuery& query, std::vector<View> views, Accessible touched,
                             std::size_t before);
 
-// Of the views of all tabs the one in front: what is found at a point of the window belongs to it.
-// `before` when nothing speaks against that; nothing when the tab in front has none of the views.
-Task<std::optional<std::size_t>> viewInFront(Inquiry& inquiry, Accessible frame,
+// The index, among the views of all tabs, of the one in front: the view that contains the object at
+// some point of the window. `before` if no object is found there; nothing if the tab in front has
+// none of the views.
+Task<std::optional<std::size_t>> viewInFront(DBusQuery& query, Accessible frame,
                                              std::vector<View> views, std::size_t before);
 
 }  // namespace pinorama

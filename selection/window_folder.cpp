@@ -2,70 +2,70 @@
 
 #include "base/user_folders.h"
 #include "selection/item_name.h"
-#include "selection/places.h"
+#include "selection/named_folders.h"
+#include "selection/watched_folders.h"
 
 #include <algorithm>
 #include <utility>
 
 namespace pinorama {
 namespace {
-constexpr int kLongestPath = 4096;  // UTF-16 units
+constexpr int kMaxPathLength = 4096;  // in characters of AT-SPI's Text interface
 }  // namespace
 
-Task<bool> WindowFolder::read(Inquiry& inquiry, QString title, SharedLayout layout)
+Task<bool> WindowFolder::read(DBusQuery& query, QString title, SharedLayout layout)
 {
     readAt_ = Clock::now();
     if (isDesktop_) {
         likely_ = {desktopFolder()};
         co_return true;
     }
-    FolderClues clues;
-    clues.title = title;
-    const auto questions = questionsAbout(layout->locations, [](const Accessible& entry) {
-        // GTK 4 gives nothing for the whole of a text, only for a part that is long enough.
-        return textQuestion(entry, isGtk4Object(entry) ? kLongestPath : -1);
+    FolderHints hints;
+    hints.title = title;
+    const auto calls = callsFor(layout->locations, [](const Accessible& entry) {
+        // GTK 4 does not accept -1 for the end of the text; any number beyond the end will do.
+        return textCall(entry, isGtk4Object(entry) ? kMaxPathLength : -1);
     });
-    const auto answers = co_await inquiry.answers(questions);
-    for (const QDBusMessage& answer : answers) {
-        const auto text = textIn(answer);
+    const auto replies = co_await query.replies(calls);
+    for (const QDBusMessage& reply : replies) {
+        const auto text = textIn(reply);
         if (!text) co_return false;
-        clues.locations.push_back(*text);
+        hints.locations.push_back(*text);
     }
-    likely_ = foldersShown(clues, {}, {});
+    likely_ = foldersShown(hints, {}, {});
     if (!noted_.empty()) likely_.push_back(noted_);
     if (!likely_.empty()) co_return true;
 
-    auto rows = co_await readRows(inquiry, layout);
+    auto rows = co_await readRows(query, layout);
     if (!rows) co_return false;
-    clues.rows = std::move(*rows);
-    likely_ = foldersShown(clues, places(), foldersWatchedBy(process_));
+    hints.rows = std::move(*rows);
+    likely_ = foldersShown(hints, namedFolders(), foldersWatchedBy(process_));
     co_return true;
 }
 
-Task<std::optional<WindowFolder::Rows>> WindowFolder::readRows(Inquiry& inquiry,
+Task<std::optional<WindowFolder::Rows>> WindowFolder::readRows(DBusQuery& query,
                                                                SharedLayout layout)
 {
-    auto questions = questionsAbout(layout->rowParents, [](const RowParent& parent) {
-        return childCountQuestion(parent.object);
-    });
+    auto calls = callsFor(layout->rowParents,
+                          [](const RowParent& parent) { return childCountCall(parent.object); });
     for (const auto& row : layout->rows) {
         for (const PathButton& button : row) {
-            questions.push_back(nameQuestion(button.object));
-            questions.push_back(statesQuestion(button.object));
+            calls.push_back(nameCall(button.object));
+            calls.push_back(statesCall(button.object));
         }
     }
-    const auto answers = co_await inquiry.answers(questions);
+    const auto replies = co_await query.replies(calls);
     Rows rows;
-    auto answer = answers.begin();
+    auto reply = replies.begin();
     for (const RowParent& parent : layout->rowParents) {
-        if (numberIn(*answer++) != parent.childCount) co_return std::nullopt;
+        if (numberIn(*reply++) != parent.childCount) co_return std::nullopt;
     }
     for (const auto& row : layout->rows) {
         std::vector<RowButton> buttons;
-        for (std::size_t i = 0; i < row.size(); i++, answer += 2) {
-            const auto name = textIn(answer[0]);
+        for (std::size_t i = 0; i < row.size(); i++, reply += 2) {
+            const auto name = textIn(reply[0]);
             if (!name) co_return std::nullopt;
-            const States states = statesIn(answer[1]).value_or(0);
+            const States states = statesIn(reply[1]).value_or(0);
             buttons.push_back({*name, has(states, State::checked) || has(states, State::pressed)});
         }
         rows.push_back(std::move(buttons));

@@ -1,6 +1,6 @@
-// Which folder one window of a file manager shows, asked of the window itself: its location entries
-// and its rows of buttons. What is seen of it may fit several folders; the right one is the one
-// that holds what is selected.
+// Finds out which folder a window of a file manager shows, from the window's location entries and
+// rows of buttons. Several folders may match; the right one is the one that contains the selected
+// item.
 
 #pragma once
 
@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-#include "selection/dbus_inquiry.h"
+#include "selection/dbus_query.h"
 #include "selection/folder_choice.h"
 #include "selection/frame_walk.h"
 
@@ -20,33 +20,33 @@ namespace pinorama {
 
 class WindowFolder {
 public:
-    using OutlivesItsTasks = void;  // it is a part of the reader that asks it
+    using OutlivesItsTasks = void;  // it is a member of the reader that calls it
 
-    // A desktop, whose icons lie in the user's desktop folder, is not asked.
+    // A desktop always shows the user's desktop folder, so it needs no call.
     WindowFolder(pid_t process, bool isDesktop) : process_(process), isDesktop_(isDesktop) {}
 
-    // Asks the window with the title `title`. False when the window no longer has the make-up of
-    // `layout`; what was known of the folder is kept then.
-    Task<bool> read(Inquiry& inquiry, QString title, SharedLayout layout);
+    // Reads the window with this title. Returns false if the window no longer has the structure of
+    // `layout`; the folder stays as it was read before.
+    Task<bool> read(DBusQuery& query, QString title, SharedLayout layout);
 
-    // When the window was asked last.
+    // When the window was read last.
     Clock::time_point readAt() const { return readAt_; }
 
-    // Somebody who knows says which folder the window shows, or has shown a moment ago.
+    // An extension reported the folder that the window shows, or showed a moment ago.
     void note(const std::string& folder) { noted_ = folder; }
 
     // The path of the item that the window shows by this name, in the likeliest folder that has
-    // such an item. This folder is the likeliest from then on.
+    // such an item. That folder becomes the likeliest.
     std::optional<std::string> pathOf(const QString& name);
 
 private:
     using Rows = std::vector<std::vector<RowButton>>;
-    Task<std::optional<Rows>> readRows(Inquiry& inquiry, SharedLayout layout);
+    Task<std::optional<Rows>> readRows(DBusQuery& query, SharedLayout layout);
 
     pid_t process_;
     bool isDesktop_;
     std::string noted_;
-    std::vector<std::string> likely_;  // that the window may show, the likeliest first
+    std::vector<std::string> likely_;  // folders that the window may show, the likeliest first
     Clock::time_point readAt_;
 };
 

@@ -1,12 +1,12 @@
-// Asks the real selection source five times a second, as the window does, and tells on standard
-// output what it hears. One line for every change:
+// Queries the real selection source five times a second, as the window does, and prints a line for
+// every change:
 //
-//     paths PATH... (each with percent escapes, "-" for an empty list)
+//     paths PATH...    each with percent escapes, "-" for an empty list
 //
-// and, for "stats" on standard input, one line with the number of questions since the last time,
-// the median and the longest time of one in microseconds, and the processor time used per second of
-// the clock in microseconds. "stop" pauses the questions, "go" goes on, "quit" and the end of the
-// input end the program.
+// It reads commands from standard input. "stats" prints a line with the number of queries since the
+// last such line, the median and the maximum of their durations in microseconds, and the processor
+// time per second of wall-clock time in microseconds. "stop" and "go" pause and resume the queries;
+// "quit" and the end of the input end the program.
 
 #include "base/file_uri.h"
 #include "selection/accessibility_selection.h"
@@ -33,7 +33,7 @@ namespace {
 using Microseconds = std::chrono::microseconds;
 using Clock = std::chrono::steady_clock;
 
-constexpr int kInterval = 200;  // milliseconds
+constexpr std::chrono::milliseconds kInterval(200);
 
 long cpuTime()
 {
@@ -47,7 +47,7 @@ class Probe {
 public:
     explicit Probe(SelectionSource& source) : source_(source)
     {
-        QObject::connect(&timer_, &QTimer::timeout, [this] { ask(); });
+        QObject::connect(&timer_, &QTimer::timeout, [this] { query(); });
         timer_.start(kInterval);
     }
 
@@ -55,12 +55,12 @@ public:
     {
         if (command == "stop") timer_.stop();
         if (command == "go") timer_.start(kInterval);
-        if (command == "stats") tellStats();
+        if (command == "stats") printStats();
         if (command == "quit") QCoreApplication::quit();
     }
 
 private:
-    void ask()
+    void query()
     {
         const auto start = Clock::now();
         const std::vector<std::string> paths = source_.selectedPaths();
@@ -76,7 +76,7 @@ private:
         isFirst_ = false;
     }
 
-    void tellStats()
+    void printStats()
     {
         const auto seconds = std::chrono::duration<double>(Clock::now() - since_).count();
         const long used = cpuTime() - usedBefore_;

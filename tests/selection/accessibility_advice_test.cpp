@@ -22,7 +22,7 @@ using namespace pinorama;
 using namespace std::chrono_literals;
 
 namespace {
-// A bus of its own, as the accessibility bus is.
+// A bus that is separate from the session bus, as the accessibility bus is.
 class OtherBus {
 public:
     OtherBus()
@@ -45,7 +45,7 @@ private:
     QString address_;
 };
 
-// What answers for org.a11y.Bus on the session bus, and writes down what it is told.
+// Plays org.a11y.Bus on the session bus, and records the calls.
 class FakeStatus : public QDBusVirtualObject {
 public:
     FakeStatus(const QDBusConnection& bus, const QString& address) : bus_(bus), address_(address)
@@ -87,15 +87,15 @@ private:
     QString address_;
 };
 
-// A file manager that is running: on the session bus, and on the accessibility bus if it speaks.
-class Guest {
+// A running file manager: on the session bus, and given its address also on the accessibility bus.
+class Client {
 public:
-    explicit Guest(const QString& accessibilityBus = QString())
+    explicit Client(const QString& accessibilityBus = QString())
     {
         process_.start(QStringLiteral(PINORAMA_BUS_CLIENT), {accessibilityBus});
         EXPECT_TRUE(process_.waitForReadyRead(test::kPatience));
     }
-    ~Guest()
+    ~Client()
     {
         process_.closeWriteChannel();
         if (!process_.waitForFinished(test::kPatience)) process_.kill();
@@ -121,12 +121,12 @@ protected:
     void TearDown() override
     {
         if (!mayBeSet_) {
-            EXPECT_TRUE(status_.set.empty()) << "nobody has asked for that";
+            EXPECT_TRUE(status_.set.empty()) << "nobody called switchOn()";
         }
         for (const std::string& what : status_.asked) EXPECT_EQ(what, "org.a11y.Status IsEnabled");
     }
 
-    // Gives the advice many times the time that it takes.
+    // Waits many times as long as the advice takes.
     static void wait() { test::goOnFor(400); }
     void expectNeeded(const std::string& name)
     {
@@ -139,9 +139,9 @@ protected:
         wait();
         EXPECT_EQ(needed_, std::vector<std::string>());
     }
-    void runs(const Guest& guest, const char* name)
+    void runs(const Client& client, const char* name)
     {
-        kinds_[guest.process()] = fileManagerKind(name);
+        kinds_[client.process()] = fileManagerKind(name);
     }
 
     bool mayBeSet_ = false;
@@ -159,32 +159,32 @@ protected:
 };
 }  // namespace
 
-TEST_F(AccessibilityAdviceTest, isNeededForASilentFileManager)
+TEST_F(AccessibilityAdviceTest, isNeededForAFileManagerThatIsNotOnTheAccessibilityBus)
 {
-    const Guest guest;
-    runs(guest, "dolphin");
+    const Client client;
+    runs(client, "dolphin");
     advice_.setWanted(true);
     expectNeeded("Dolphin");
 }
 
-TEST_F(AccessibilityAdviceTest, isNeededForOneThatComesLater)
+TEST_F(AccessibilityAdviceTest, isNeededForOneThatStartsLater)
 {
     advice_.setWanted(true);
     expectNothing();
     EXPECT_TRUE(status_.asked.empty());
-    const Guest guest;
-    runs(guest, "pcmanfm-qt");
+    const Client client;
+    runs(client, "pcmanfm-qt");
     expectNeeded("PCManFM-Qt");
 }
 
-TEST_F(AccessibilityAdviceTest, isNotPutOffByAStreamOfOthers)
+TEST_F(AccessibilityAdviceTest, isNotDelayedByAStreamOfOtherPrograms)
 {
     AccessibilityAdvice advice([this](pid_t process) { return kinds_[process]; }, 300ms);
     QObject::connect(&advice, &AccessibilityAdvice::needed,
                      [this](const QString& name) { needed_.push_back(name.toStdString()); });
     advice.setWanted(true);
-    const Guest guest;
-    runs(guest, "dolphin");
+    const Client client;
+    runs(client, "dolphin");
     int others = 0;
     EXPECT_TRUE(test::waitUntil([&] {
         const test::Program other(QStringLiteral("other %1").arg(others++));
@@ -194,61 +194,61 @@ TEST_F(AccessibilityAdviceTest, isNotPutOffByAStreamOfOthers)
 
 TEST_F(AccessibilityAdviceTest, isGivenOncePerRun)
 {
-    const Guest guest;
-    runs(guest, "dolphin");
+    const Client client;
+    runs(client, "dolphin");
     advice_.setWanted(true);
     expectNeeded("Dolphin");
     advice_.setWanted(false);
     advice_.setWanted(true);
-    const Guest second;
+    const Client second;
     runs(second, "pcmanfm-qt");
     expectNeeded("Dolphin");
 }
 
-TEST_F(AccessibilityAdviceTest, isNotNeededWhenAccessibilityIsOn)
+TEST_F(AccessibilityAdviceTest, isNotNeededIfAccessibilityIsOn)
 {
     status_.isEnabled = true;
-    const Guest guest;
-    runs(guest, "dolphin");
+    const Client client;
+    runs(client, "dolphin");
     advice_.setWanted(true);
     EXPECT_TRUE(test::waitUntil([this] { return !status_.asked.empty(); }));
     expectNothing();
     EXPECT_EQ(status_.asked.size(), 1u);
 }
 
-TEST_F(AccessibilityAdviceTest, isNotNeededForOneThatSpeaksAllTheSame)
+TEST_F(AccessibilityAdviceTest, isNotNeededForOneOnTheAccessibilityBus)
 {
-    const Guest guest(accessibilityBus_.address());
-    runs(guest, "dolphin");
+    const Client client(accessibilityBus_.address());
+    runs(client, "dolphin");
     advice_.setWanted(true);
     EXPECT_TRUE(test::waitUntil([this] { return status_.asked.size() >= 2; }));
     expectNothing();
-    const Guest silent;
+    const Client silent;
     runs(silent, "pcmanfm-qt");
     expectNeeded("PCManFM-Qt");
 }
 
 TEST_F(AccessibilityAdviceTest, isNotNeededForOtherProgramsAndToolkits)
 {
-    const Guest other;
+    const Client other;
     advice_.setWanted(true);
     for (const char* name : {"nautilus", "nemo", "caja", "thunar", "pcmanfm"}) {
-        const Guest guest;
-        runs(guest, name);
+        const Client client;
+        runs(client, name);
         wait();
     }
     expectNothing();
     EXPECT_TRUE(status_.asked.empty());
 }
 
-TEST_F(AccessibilityAdviceTest, isNotNeededWhenNobodyWantsToFollow)
+TEST_F(AccessibilityAdviceTest, isNotNeededIfNobodyWantsToFollow)
 {
-    const Guest guest;
-    runs(guest, "dolphin");
+    const Client client;
+    runs(client, "dolphin");
     expectNothing();
     advice_.setWanted(true);
     advice_.setWanted(false);
-    const Guest second;
+    const Client second;
     runs(second, "dolphin");
     expectNothing();
     EXPECT_TRUE(status_.asked.empty());
@@ -256,11 +256,11 @@ TEST_F(AccessibilityAdviceTest, isNotNeededWhenNobodyWantsToFollow)
     expectNeeded("Dolphin");
 }
 
-TEST_F(AccessibilityAdviceTest, isNotNeededWhenTheStateIsNotKnown)
+TEST_F(AccessibilityAdviceTest, isNotNeededIfTheStateIsUnknown)
 {
     status_.isEnabled = QStringLiteral("false");
-    const Guest guest;
-    runs(guest, "dolphin");
+    const Client client;
+    runs(client, "dolphin");
     advice_.setWanted(true);
     EXPECT_TRUE(test::waitUntil([this] { return !status_.asked.empty(); }));
     expectNothing();
@@ -270,15 +270,15 @@ TEST_F(AccessibilityAdviceTest, isNotNeededWhenTheStateIsNotKnown)
 TEST_F(AccessibilityAdviceTest, isNotNeededForOneThatHasEnded)
 {
     {
-        const Guest guest;
-        runs(guest, "dolphin");
+        const Client client;
+        runs(client, "dolphin");
         advice_.setWanted(true);
         kinds_.clear();
     }
     expectNothing();
 }
 
-TEST_F(AccessibilityAdviceTest, switchesOnWhenItIsAskedTo)
+TEST_F(AccessibilityAdviceTest, switchOnSetsTheProperty)
 {
     mayBeSet_ = true;
     advice_.switchOn();
@@ -287,7 +287,7 @@ TEST_F(AccessibilityAdviceTest, switchesOnWhenItIsAskedTo)
     EXPECT_EQ(switched_, std::vector<bool>{true});
 }
 
-TEST_F(AccessibilityAdviceTest, saysWhenItCannotSwitchOn)
+TEST_F(AccessibilityAdviceTest, switchOnReportsThatTheDesktopRefuses)
 {
     mayBeSet_ = true;
     status_.refuses = true;
@@ -296,13 +296,13 @@ TEST_F(AccessibilityAdviceTest, saysWhenItCannotSwitchOn)
     EXPECT_EQ(switched_, std::vector<bool>{false});
 }
 
-TEST_F(AccessibilityAdviceTest, mayGoAwayAtAnyMoment)
+TEST_F(AccessibilityAdviceTest, canBeDestroyedAtAnyTime)
 {
-    const Guest guest;
-    runs(guest, "dolphin");
+    const Client client;
+    runs(client, "dolphin");
     for (int steps = 0; steps < 12; steps++) {
         AccessibilityAdvice advice([this](pid_t process) { return kinds_[process]; }, 0ms);
-        // Whoever is told may well stop it.
+        // The receiver of the signal may stop it.
         QObject::connect(&advice, &AccessibilityAdvice::needed,
                          [&advice] { advice.setWanted(false); });
         advice.setWanted(true);

@@ -1,7 +1,7 @@
 #include "selection/accessibility_bus.h"
 
 #include "tests/desktop/bus_programs.h"
-#include "tests/selection/stand_in_file_manager.h"
+#include "tests/selection/fake_file_manager.h"
 #include "tests/support/event_loop.h"
 
 #include <gtest/gtest.h>
@@ -13,7 +13,7 @@
 using namespace pinorama;
 
 namespace {
-using test::StandInFileManager;
+using test::FakeFileManager;
 using Event = AccessibilityBus::Event;
 
 class AccessibilityBusListenTo : public testing::Test {
@@ -22,11 +22,11 @@ protected:
     {
         if (!QDBusConnection::sessionBus().isConnected())
             GTEST_SKIP() << "no session bus can be started";
-        program_ = std::make_unique<StandInFileManager>(StandInFileManager::Kind::selection, "/",
-                                                        std::vector<QString>{"a.jpg"});
-        QObject::connect(&bus_, &AccessibilityBus::heard,
+        program_ = std::make_unique<FakeFileManager>(FakeFileManager::Kind::selection, "/",
+                                                     std::vector<QString>{"a.jpg"});
+        QObject::connect(&bus_, &AccessibilityBus::eventReceived,
                          [this](const QString&, const QString& path, Event event, bool isOn) {
-                             heard_.push_back({path.section(u'/', -1).toInt(), event, isOn});
+                             received_.push_back({path.section(u'/', -1).toInt(), event, isOn});
                          });
         ASSERT_TRUE(test::waitUntil([this] { return bus_.isReady(); }));
     }
@@ -34,67 +34,69 @@ protected:
     void listen(bool alsoToNames)
     {
         bus_.listenTo(program_->service(), alsoToNames);
-        // The bus knows all wishes when it has answered a later question.
+        // When the bus has replied to a later call, it has handled the subscriptions.
         const QDBusReply<QString> id = bus_.bus().call(QDBusMessage::createMethodCall(
             "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "GetId"));
         ASSERT_TRUE(id.isValid());
     }
 
-    void tellEverything()
+    void emitEverything()
     {
-        program_->tell(1, "StateChanged", "showing", 1);
-        program_->tell(2, "StateChanged", "focused", 1);
-        program_->tell(3, "PropertyChange", "accessible-name", 0);
-        program_->tell(4, "PropertyChange", "accessible-value", 0);
-        program_->tell(5, "BoundsChanged", "", 0);
-        program_->tell(6, "StateChanged", "selected", 0);
-        program_->tell(7, "TextChanged", "insert", 0);
-        program_->tell(8, "ChildrenChanged", "add", 0);
-        program_->tell(9, "SelectionChanged", "", 0);
+        program_->emitEvent(1, "StateChanged", "showing", 1);
+        program_->emitEvent(2, "StateChanged", "focused", 1);
+        program_->emitEvent(3, "PropertyChange", "accessible-name", 0);
+        program_->emitEvent(4, "PropertyChange", "accessible-value", 0);
+        program_->emitEvent(5, "BoundsChanged", "", 0);
+        program_->emitEvent(6, "StateChanged", "selected", 0);
+        program_->emitEvent(7, "TextChanged", "insert", 0);
+        program_->emitEvent(8, "ChildrenChanged", "add", 0);
+        program_->emitEvent(9, "SelectionChanged", "", 0);
     }
 
-    struct Heard {
+    struct Received {
         int object;
         Event event;
         bool isOn;
-        bool operator==(const Heard&) const = default;
+        bool operator==(const Received&) const = default;
     };
 
     AccessibilityBus bus_;
-    std::unique_ptr<StandInFileManager> program_;
-    std::vector<Heard> heard_;
+    std::unique_ptr<FakeFileManager> program_;
+    std::vector<Received> received_;
 };
 
-TEST_F(AccessibilityBusListenTo, hearsOfSelectionsAndTheFocusOnly)
+TEST_F(AccessibilityBusListenTo, receivesEventsOfSelectionsAndTheFocusOnly)
 {
     listen(false);
-    tellEverything();
-    ASSERT_TRUE(test::waitUntil([this] { return !heard_.empty() && heard_.back().object == 9; }));
-    EXPECT_EQ(heard_, (std::vector<Heard>{{2, Event::focus, true},
-                                          {6, Event::selection, false},
-                                          {9, Event::selection, false}}));
+    emitEverything();
+    ASSERT_TRUE(
+        test::waitUntil([this] { return !received_.empty() && received_.back().object == 9; }));
+    EXPECT_EQ(received_, (std::vector<Received>{{2, Event::focus, true},
+                                                {6, Event::selection, false},
+                                                {9, Event::selection, false}}));
 }
 
-TEST_F(AccessibilityBusListenTo, hearsOfNamesWhereTheyAreAskedFor)
+TEST_F(AccessibilityBusListenTo, receivesEventsOfNamesOnRequest)
 {
     listen(true);
-    tellEverything();
-    ASSERT_TRUE(test::waitUntil([this] { return !heard_.empty() && heard_.back().object == 9; }));
-    EXPECT_EQ(heard_, (std::vector<Heard>{{2, Event::focus, true},
-                                          {3, Event::name, false},
-                                          {6, Event::selection, false},
-                                          {9, Event::selection, false}}));
+    emitEverything();
+    ASSERT_TRUE(
+        test::waitUntil([this] { return !received_.empty() && received_.back().object == 9; }));
+    EXPECT_EQ(received_, (std::vector<Received>{{2, Event::focus, true},
+                                                {3, Event::name, false},
+                                                {6, Event::selection, false},
+                                                {9, Event::selection, false}}));
 }
 
-TEST_F(AccessibilityBusListenTo, hearsNothingOfOtherPrograms)
+TEST_F(AccessibilityBusListenTo, receivesNoEventsOfOtherPrograms)
 {
-    const StandInFileManager listened(StandInFileManager::Kind::selection, "/", {});
+    const FakeFileManager listened(FakeFileManager::Kind::selection, "/", {});
     bus_.listenTo(listened.service(), true);
-    tellEverything();
-    program_->waitUntilTold();
+    emitEverything();
+    program_->waitUntilSent();
     listen(false);
-    program_->tell(9, "SelectionChanged", "", 0);
-    ASSERT_TRUE(test::waitUntil([this] { return !heard_.empty(); }));
-    EXPECT_EQ(heard_, (std::vector<Heard>{{9, Event::selection, false}}));
+    program_->emitEvent(9, "SelectionChanged", "", 0);
+    ASSERT_TRUE(test::waitUntil([this] { return !received_.empty(); }));
+    EXPECT_EQ(received_, (std::vector<Received>{{9, Event::selection, false}}));
 }
 }  // namespace

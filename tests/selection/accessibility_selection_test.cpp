@@ -1,7 +1,7 @@
 #include "selection/accessibility_selection.h"
 
 #include "selection/file_manager_kind.h"
-#include "tests/selection/stand_in_file_manager.h"
+#include "tests/selection/fake_file_manager.h"
 #include "tests/support/environment.h"
 #include "tests/support/event_loop.h"
 
@@ -17,13 +17,13 @@
 using namespace pinorama;
 
 namespace {
-using test::StandInFileManager;
-using Kind = StandInFileManager::Kind;
+using test::FakeFileManager;
+using Kind = FakeFileManager::Kind;
 using Paths = std::vector<std::string>;
 
-constexpr int kFrame = StandInFileManager::kFrame;
-constexpr int kFirstItem = StandInFileManager::kFirstItem;
-constexpr int kStatusBar = StandInFileManager::kStatusBar;
+constexpr int kFrame = FakeFileManager::kFrame;
+constexpr int kFirstItem = FakeFileManager::kFirstItem;
+constexpr int kStatusBar = FakeFileManager::kStatusBar;
 
 std::vector<QString> pictureNames(int count)
 {
@@ -32,7 +32,7 @@ std::vector<QString> pictureNames(int count)
     return names;
 }
 
-class SelectedPaths : public testing::Test {
+class AccessibilitySelectionTest : public testing::Test {
 protected:
     void SetUp() override
     {
@@ -40,22 +40,21 @@ protected:
             GTEST_SKIP() << "no session bus can be started";
     }
 
-    // Puts a file manager with so many pictures there and follows it.
+    // Starts a file manager that shows this number of pictures, and follows it.
     void follow(Kind kind, const char* process, int count)
     {
-        // Thousands of files take their time to be made, and only those that are selected must
-        // exist.
+        // Creating thousands of files takes long, and only those that are selected must exist.
         for (int i = 0; i < count; i++) {
             if (i < 12 || i == count - 1) folder_.write(std::to_string(i) + ".jpg", "x");
         }
-        manager_ = std::make_unique<StandInFileManager>(kind, folder_.path(), pictureNames(count));
+        manager_ = std::make_unique<FakeFileManager>(kind, folder_.path(), pictureNames(count));
         tracker_ =
             std::make_unique<FrameTracker>([process](pid_t) { return fileManagerKind(process); });
         source_ = std::make_unique<AccessibilitySelection>(*tracker_);
     }
 
-    // Asks five times a second, as the window does, until the answer is the wanted one.
-    bool hears(const Paths& wanted)
+    // Calls selectedPaths() five times a second, as the window does, until it returns these paths.
+    bool findsPaths(const Paths& wanted)
     {
         return waitFor([&] { return source_->selectedPaths() == wanted; });
     }
@@ -70,166 +69,165 @@ protected:
         return false;
     }
 
-    // What is asked of the window for one answer when nothing has changed. Now and then a little
-    // more is asked, so that the shortest of several rounds counts.
-    std::vector<std::string> questionsAtRest(const Paths& wanted)
+    // The calls that one selectedPaths() makes to the window if nothing has changed. Now and then
+    // it makes more, so this takes the shortest list of several rounds.
+    std::vector<std::string> callsAtRest(const Paths& wanted)
     {
         std::vector<std::string> shortest;
         for (int round = 0; round < 5; round++) {
-            (void)takeQuestions();
-            EXPECT_TRUE(hears(wanted));
-            std::vector<std::string> questions = takeQuestions();
-            std::sort(questions.begin(), questions.end());
-            if (shortest.empty() || questions.size() < shortest.size()) shortest = questions;
+            (void)takeCalls();
+            EXPECT_TRUE(findsPaths(wanted));
+            std::vector<std::string> calls = takeCalls();
+            std::sort(calls.begin(), calls.end());
+            if (shortest.empty() || calls.size() < shortest.size()) shortest = calls;
         }
         return shortest;
     }
 
-    // Without those that look for windows that came or went.
-    std::vector<std::string> takeQuestions()
+    // Without the calls that look for new and closed windows.
+    std::vector<std::string> takeCalls()
     {
-        std::vector<std::string> questions = manager_->takeQuestions();
-        std::erase_if(questions,
-                      [](const std::string& question) { return question.starts_with("0 "); });
-        return questions;
+        std::vector<std::string> calls = manager_->takeCalls();
+        std::erase_if(calls, [](const std::string& call) { return call.starts_with("0 "); });
+        return calls;
     }
 
     std::string picture(int number) const { return folder_.file(std::to_string(number) + ".jpg"); }
 
     test::TemporaryFolder folder_;
-    std::unique_ptr<StandInFileManager> manager_;
+    std::unique_ptr<FakeFileManager> manager_;
     std::unique_ptr<FrameTracker> tracker_;
     std::unique_ptr<AccessibilitySelection> source_;
 };
 
-TEST_F(SelectedPaths, areThoseOfTheItemsThatTheViewTells)
+TEST_F(AccessibilitySelectionTest, readsTheItemsThatTheViewReports)
 {
     follow(Kind::selection, "nemo", 4);
     manager_->select({2});
-    EXPECT_TRUE(hears({picture(2)}));
+    EXPECT_TRUE(findsPaths({picture(2)}));
     manager_->select({1, 3});
-    EXPECT_TRUE(hears({picture(1), picture(3)}));
+    EXPECT_TRUE(findsPaths({picture(1), picture(3)}));
     manager_->select({});
-    EXPECT_TRUE(hears({}));
+    EXPECT_TRUE(findsPaths({}));
 }
 
-TEST_F(SelectedPaths, areThoseOfTheItemsThatSaySoThemselves)
+TEST_F(AccessibilitySelectionTest, readsTheItemsThatReportTheStateSelected)
 {
     follow(Kind::states, "dolphin", 4);
     manager_->select({2});
-    EXPECT_TRUE(hears({picture(2)}));
+    EXPECT_TRUE(findsPaths({picture(2)}));
     manager_->select({1});
-    EXPECT_TRUE(hears({picture(1)}));
+    EXPECT_TRUE(findsPaths({picture(1)}));
 }
 
-TEST_F(SelectedPaths, areWhatTheStatusBarNames)
+TEST_F(AccessibilitySelectionTest, readsTheNameInTheStatusBar)
 {
     follow(Kind::statusBar, "thunar", 4);
-    const auto say = [this](const QString& text) {
-        manager_->change(kStatusBar, [&](test::StandInObject& bar) { bar.name = text; });
+    const auto setStatus = [this](const QString& text) {
+        manager_->change(kStatusBar, [&](test::FakeObject& bar) { bar.name = text; });
     };
-    say("\"2.jpg\" (1 byte) JPEG image");
-    EXPECT_TRUE(hears({picture(2)}));
-    say("\"1.jpg\" (1 byte) JPEG image");
-    EXPECT_TRUE(hears({picture(1)}));
-    say("2 items selected");
-    EXPECT_TRUE(hears({}));
-    say("\"3.jpg\" (1 byte) JPEG image");
-    EXPECT_TRUE(hears({picture(3)}));
+    setStatus("\"2.jpg\" (1 byte) JPEG image");
+    EXPECT_TRUE(findsPaths({picture(2)}));
+    setStatus("\"1.jpg\" (1 byte) JPEG image");
+    EXPECT_TRUE(findsPaths({picture(1)}));
+    setStatus("2 items selected");
+    EXPECT_TRUE(findsPaths({}));
+    setStatus("\"3.jpg\" (1 byte) JPEG image");
+    EXPECT_TRUE(findsPaths({picture(3)}));
 }
 
-// The changes above and below come without a word, so that only asking anew tells of them.
-TEST_F(SelectedPaths, followAnItemThatGetsAnotherName)
+// The changes above and below come without an event, so only revalidation can find them.
+TEST_F(AccessibilitySelectionTest, noticesThatAnItemWasRenamed)
 {
     follow(Kind::selection, "nemo", 2);
     manager_->select({1});
-    ASSERT_TRUE(hears({picture(1)}));
+    ASSERT_TRUE(findsPaths({picture(1)}));
     const std::string renamed = folder_.write("renamed.jpg", "x");
-    manager_->change(kFirstItem + 1, [](test::StandInObject& item) { item.name = "renamed.jpg"; });
-    EXPECT_TRUE(hears({renamed}));
+    manager_->change(kFirstItem + 1, [](test::FakeObject& item) { item.name = "renamed.jpg"; });
+    EXPECT_TRUE(findsPaths({renamed}));
 }
 
-TEST_F(SelectedPaths, areNoneWhenTheFileIsGone)
+TEST_F(AccessibilitySelectionTest, isEmptyIfTheFileIsGone)
 {
     follow(Kind::selection, "nemo", 2);
     manager_->select({1});
-    ASSERT_TRUE(hears({picture(1)}));
+    ASSERT_TRUE(findsPaths({picture(1)}));
     std::remove(picture(1).c_str());
     EXPECT_EQ(source_->selectedPaths(), Paths());
 }
 
-TEST_F(SelectedPaths, askFiveQuestionsAllAtOnceWhileNothingChanges)
+TEST_F(AccessibilitySelectionTest, getFiveQuestionsAllAtOnceWhileNothingChanges)
 {
     follow(Kind::selection, "nemo", 12);
     manager_->select({3});
-    ASSERT_TRUE(hears({picture(3)}));
-    EXPECT_EQ(questionsAtRest({picture(3)}),
+    ASSERT_TRUE(findsPaths({picture(3)}));
+    EXPECT_EQ(callsAtRest({picture(3)}),
               (std::vector<std::string>{"1 GetState", "1 Name", "103 GetState", "103 Name",
                                         "4 NSelectedChildren"}));
 }
 
-TEST_F(SelectedPaths, askTheStatusBarAnewEachTime)
+TEST_F(AccessibilitySelectionTest, readsTheStatusBarEveryTime)
 {
     follow(Kind::statusBar, "thunar", 12);
-    manager_->change(kStatusBar, [](test::StandInObject& bar) { bar.name = "\"3.jpg\""; });
-    ASSERT_TRUE(hears({picture(3)}));
-    EXPECT_EQ(questionsAtRest({picture(3)}),
+    manager_->change(kStatusBar, [](test::FakeObject& bar) { bar.name = "\"3.jpg\""; });
+    ASSERT_TRUE(findsPaths({picture(3)}));
+    EXPECT_EQ(callsAtRest({picture(3)}),
               (std::vector<std::string>{"1 GetState", "1 Name", "5 Name"}));
 }
 
-TEST_F(SelectedPaths, askAsLittleInALargeFolder)
+TEST_F(AccessibilitySelectionTest, makesNoMoreCallsInALargeFolder)
 {
     follow(Kind::states, "dolphin", 3000);
     manager_->select({2999});
-    ASSERT_TRUE(hears({picture(2999)}));
-    EXPECT_EQ(questionsAtRest({picture(2999)}),
+    ASSERT_TRUE(findsPaths({picture(2999)}));
+    EXPECT_EQ(callsAtRest({picture(2999)}),
               (std::vector<std::string>{"1 GetState", "1 Name", "3099 GetState", "3099 Name"}));
 }
 
-// Nobody waits for a reading that nothing has called for.
-TEST_F(SelectedPaths, areReadAgainFromTimeToTimeInTheEventLoop)
+// Nobody waits for a reading that no change has caused.
+TEST_F(AccessibilitySelectionTest, readsAgainFromTimeToTimeInTheEventLoop)
 {
     follow(Kind::selection, "nemo", 12);
     manager_->select({3});
-    ASSERT_TRUE(hears({picture(3)}));
+    ASSERT_TRUE(findsPaths({picture(3)}));
     const std::string reading = "4 GetSelectedChild";
     std::vector<std::string> inBetween;
     EXPECT_TRUE(waitFor([&] {
-        for (std::string& question : takeQuestions()) inBetween.push_back(std::move(question));
+        for (std::string& call : takeCalls()) inBetween.push_back(std::move(call));
         EXPECT_EQ(source_->selectedPaths(), Paths{picture(3)});
-        const std::vector<std::string> waitedFor = takeQuestions();
+        const std::vector<std::string> waitedFor = takeCalls();
         EXPECT_EQ(std::count(waitedFor.begin(), waitedFor.end(), reading), 0);
         return std::count(inBetween.begin(), inBetween.end(), reading) > 0;
     }));
 }
 
-TEST_F(SelectedPaths, costNothingForWhatAProgramSaysInBetween)
+TEST_F(AccessibilitySelectionTest, makesNoCallsForABurstOfEvents)
 {
     follow(Kind::selection, "nemo", 12);
     manager_->select({3});
-    ASSERT_TRUE(hears({picture(3)}));
-    int heard = 0;
-    QObject::connect(tracker_.get(), &FrameTracker::selectionMayHaveChanged, [&] { heard++; });
-    (void)takeQuestions();
+    ASSERT_TRUE(findsPaths({picture(3)}));
+    int received = 0;
+    QObject::connect(tracker_.get(), &FrameTracker::selectionMayHaveChanged, [&] { received++; });
+    (void)takeCalls();
     for (int i = 0; i < 500; i++)
-        manager_->tell(kFirstItem + i % 12, "StateChanged", "selected", 0);
-    ASSERT_TRUE(waitFor([&] { return heard == 500; }));
-    // A reading of the kind that comes from time to time may have fallen in between.
-    EXPECT_LT(takeQuestions().size(), 20U);
-    EXPECT_TRUE(hears({picture(3)}));
+        manager_->emitEvent(kFirstItem + i % 12, "StateChanged", "selected", 0);
+    ASSERT_TRUE(waitFor([&] { return received == 500; }));
+    // One of the regular readings in the event loop may have happened meanwhile.
+    EXPECT_LT(takeCalls().size(), 20U);
+    EXPECT_TRUE(findsPaths({picture(3)}));
 }
 
-TEST_F(SelectedPaths, leaveAProgramAloneThatDoesNotAnswer)
+TEST_F(AccessibilitySelectionTest, pausesAProgramThatDoesNotReply)
 {
     follow(Kind::selection, "nemo", 12);
     manager_->select({3});
-    ASSERT_TRUE(hears({picture(3)}));
-    (void)takeQuestions();
-    manager_->setAnswering(false);
+    ASSERT_TRUE(findsPaths({picture(3)}));
+    (void)takeCalls();
+    manager_->setReplying(false);
     for (int tick = 0; tick < 4; tick++) EXPECT_EQ(source_->selectedPaths(), Paths());
-    manager_->setAnswering(true);
-    const std::vector<std::string> asked = takeQuestions();
-    EXPECT_EQ(std::count(asked.begin(), asked.end(), std::to_string(kFrame) + " GetState"), 1);
-    EXPECT_TRUE(hears({picture(3)}));
+    manager_->setReplying(true);
+    const std::vector<std::string> calls = takeCalls();
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), std::to_string(kFrame) + " GetState"), 1);
+    EXPECT_TRUE(findsPaths({picture(3)}));
 }
 }  // namespace

@@ -19,7 +19,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// A home folder with "Bilder/Reise", "Bilder/Reise/Reise" and "other/Bilder".
+// A home folder that contains Bilder/Reise/Reise and other/Bilder.
 class foldersShown : public testing::Test {
 protected:
     foldersShown()
@@ -27,16 +27,16 @@ protected:
         for (const char* path : {"Bilder/Reise/Reise", "other/Bilder"})
             std::filesystem::create_directories(home_.file(path));
         home_.write("Bilder/a.jpg", "x");
-        places_ = {{QStringLiteral("Home"), home_.path()},
-                   {QStringLiteral("Bilder"), home_.file("Bilder")}};
+        namedFolders_ = {{QStringLiteral("Home"), home_.path()},
+                         {QStringLiteral("Bilder"), home_.file("Bilder")}};
     }
 
-    std::vector<std::string> shown(const FolderClues& clues) const
+    std::vector<std::string> shown(const FolderHints& hints) const
     {
-        return pinorama::foldersShown(clues, places_, isWatched_);
+        return pinorama::foldersShown(hints, namedFolders_, isWatched_);
     }
 
-    // The buttons from the root to `path`, the last one down.
+    // The buttons from the root to `path`, the last one pressed.
     std::vector<RowButton> row(const std::string& path) const
     {
         std::vector<RowButton> buttons = {{QStringLiteral("/")}};
@@ -47,12 +47,12 @@ protected:
     }
 
     test::TemporaryFolder home_;
-    std::vector<Place> places_;
+    std::vector<NamedFolder> namedFolders_;
     std::function<bool(const std::string&)> isWatched_;
 };
 }  // namespace
 
-TEST_F(foldersShown, noClueGivesNothing)
+TEST_F(foldersShown, isEmptyWithoutHints)
 {
     EXPECT_THAT(shown({}), IsEmpty());
 }
@@ -70,7 +70,7 @@ TEST_F(foldersShown, readsLocationEntries)
         {"path with a slash at its end", home + "/Bilder/", {home + "/Bilder"}},
         {"home", "~/Bilder", {home + "/Bilder"}},
         {"home itself", "~", {home}},
-        {"address", "file://" + home + "/Bilder", {home + "/Bilder"}},
+        {"URI", "file://" + home + "/Bilder", {home + "/Bilder"}},
         {"root", "/", {"/"}},
         {"half typed", home + "/Bil", {}},
         {"file", home + "/Bilder/a.jpg", {}},
@@ -80,9 +80,9 @@ TEST_F(foldersShown, readsLocationEntries)
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        FolderClues clues;
-        clues.locations = {QString::fromStdString(row.text)};
-        EXPECT_EQ(shown(clues), row.expected);
+        FolderHints hints;
+        hints.locations = {QString::fromStdString(row.text)};
+        EXPECT_EQ(shown(hints), row.expected);
     }
 }
 
@@ -90,93 +90,93 @@ TEST_F(foldersShown, readsAPathBarFromEitherEnd)
 {
     for (const bool isReversed : {false, true}) {
         SCOPED_TRACE(isReversed);
-        FolderClues clues;
-        clues.title = QStringLiteral("Reise");
-        clues.rows = {row("Bilder/Reise")};
-        if (isReversed) std::reverse(clues.rows[0].begin(), clues.rows[0].end());
-        ASSERT_FALSE(shown(clues).empty());
-        EXPECT_EQ(shown(clues).front(), home_.file("Bilder/Reise"));
+        FolderHints hints;
+        hints.title = QStringLiteral("Reise");
+        hints.rows = {row("Bilder/Reise")};
+        if (isReversed) std::reverse(hints.rows[0].begin(), hints.rows[0].end());
+        ASSERT_FALSE(shown(hints).empty());
+        EXPECT_EQ(shown(hints).front(), home_.file("Bilder/Reise"));
     }
 }
 
-TEST_F(foldersShown, theButtonThatIsDownEndsThePath)
+TEST_F(foldersShown, aPressedButtonEndsThePath)
 {
-    FolderClues clues;
-    clues.title = QStringLiteral("Bilder");
-    clues.rows = {row("Bilder/Reise/Reise")};
-    for (RowButton& button : clues.rows[0]) button.isOn = button.name == QLatin1String("Bilder");
-    ASSERT_FALSE(shown(clues).empty());
-    EXPECT_EQ(shown(clues).front(), home_.file("Bilder"));
+    FolderHints hints;
+    hints.title = QStringLiteral("Bilder");
+    hints.rows = {row("Bilder/Reise/Reise")};
+    for (RowButton& button : hints.rows[0]) button.isOn = button.name == QLatin1String("Bilder");
+    ASSERT_FALSE(shown(hints).empty());
+    EXPECT_EQ(shown(hints).front(), home_.file("Bilder"));
 }
 
-TEST_F(foldersShown, aPathBarMayBeginAtAPlace)
+TEST_F(foldersShown, aPathBarMayBeginWithANamedFolder)
 {
-    FolderClues clues;
-    clues.title = QStringLiteral("Reise");
-    clues.rows = {{{QStringLiteral("Bilder")}, {QStringLiteral("Reise")}}};
-    ASSERT_FALSE(shown(clues).empty());
-    EXPECT_EQ(shown(clues).front(), home_.file("Bilder/Reise"));
+    FolderHints hints;
+    hints.title = QStringLiteral("Reise");
+    hints.rows = {{{QStringLiteral("Bilder")}, {QStringLiteral("Reise")}}};
+    ASSERT_FALSE(shown(hints).empty());
+    EXPECT_EQ(shown(hints).front(), home_.file("Bilder/Reise"));
 }
 
-TEST_F(foldersShown, aPlaceOfAnUnknownNameMayBeAnyOfThem)
+TEST_F(foldersShown, aFirstButtonOfUnknownNameMayBeAnyNamedFolder)
 {
-    FolderClues clues;
-    clues.title = QStringLiteral("Reise");
-    clues.rows = {{{QStringLiteral("Pers\u00f6nlicher Ordner")},
+    FolderHints hints;
+    hints.title = QStringLiteral("Reise");
+    hints.rows = {{{QStringLiteral("Pers\u00f6nlicher Ordner")},
                    {QStringLiteral("Bilder")},
                    {QStringLiteral("Reise")}}};
-    EXPECT_THAT(shown(clues), ElementsAre(home_.file("Bilder/Reise")));
+    EXPECT_THAT(shown(hints), ElementsAre(home_.file("Bilder/Reise")));
 }
 
-TEST_F(foldersShown, aRowWithoutNamesOrWithOthersGivesNothing)
+TEST_F(foldersShown, ignoresRowsOfOtherButtons)
 {
-    FolderClues clues;
-    clues.title = QStringLiteral("Reise");
-    clues.rows = {{{QString()}, {QString()}},
+    FolderHints hints;
+    hints.title = QStringLiteral("Reise");
+    hints.rows = {{{QString()}, {QString()}},
                   {{QStringLiteral("Back")}, {QStringLiteral("Forward")}},
                   {{QStringLiteral("Search")}}};
-    EXPECT_THAT(shown(clues), IsEmpty());
+    EXPECT_THAT(shown(hints), IsEmpty());
 }
 
-TEST_F(foldersShown, aRowLongerThanAnyPathBarIsNotLookedAt)
+TEST_F(foldersShown, ignoresARowOfMoreThan64Buttons)
 {
-    FolderClues clues;
-    clues.rows = {std::vector<RowButton>(65, {QStringLiteral("tmp")})};
-    EXPECT_THAT(shown(clues), IsEmpty());
+    FolderHints hints;
+    hints.rows = {std::vector<RowButton>(65, {QStringLiteral("tmp")})};
+    EXPECT_THAT(shown(hints), IsEmpty());
 }
 
-TEST_F(foldersShown, namesThatAreNoUtf8AreFoundOnTheWay)
+TEST_F(foldersShown, findsFoldersWhoseNamesAreNotUtf8)
 {
     std::filesystem::create_directories(home_.file("B\xe4r/Reise"));
-    FolderClues clues;
-    clues.title = QStringLiteral("Reise");
-    clues.rows = {row("Bilder")};
-    clues.rows[0].back() = {QStringLiteral("B\ufffdr")};
-    clues.rows[0].push_back({QStringLiteral("Reise")});
-    ASSERT_FALSE(shown(clues).empty());
-    EXPECT_EQ(shown(clues).front(), home_.file("B\xe4r/Reise"));
+    FolderHints hints;
+    hints.title = QStringLiteral("Reise");
+    hints.rows = {row("Bilder")};
+    hints.rows[0].back() = {QStringLiteral("B\ufffdr")};
+    hints.rows[0].push_back({QStringLiteral("Reise")});
+    ASSERT_FALSE(shown(hints).empty());
+    EXPECT_EQ(shown(hints).front(), home_.file("B\xe4r/Reise"));
 }
 
-TEST_F(foldersShown, theTitleAndThenTheWatchedFolderDecideBetweenLocations)
+TEST_F(foldersShown, ranksLocationsByTheTitleAndThenByTheWatchedFolder)
 {
-    FolderClues clues;
+    FolderHints hints;
     const auto location = [&](const char* name) {
         return QString::fromStdString(home_.file(name));
     };
-    clues.locations = {location("other"), location("other/Bilder"), location("Bilder")};
-    clues.title = QStringLiteral("Bilder - Thunar");
-    EXPECT_THAT(shown(clues),
+    hints.locations = {location("other"), location("other/Bilder"), location("Bilder")};
+    hints.title = QStringLiteral("Bilder - Thunar");
+    EXPECT_THAT(shown(hints),
                 ElementsAre(home_.file("other/Bilder"), home_.file("Bilder"), home_.file("other")));
     isWatched_ = [&](const std::string& folder) { return folder == home_.file("Bilder"); };
-    EXPECT_THAT(shown(clues),
+    EXPECT_THAT(shown(hints),
                 ElementsAre(home_.file("Bilder"), home_.file("other/Bilder"), home_.file("other")));
 }
 
-TEST_F(foldersShown, aTitleMayBeThePathOrThePlace)
+TEST_F(foldersShown, aTitleMayBeThePathOrANamedFolder)
 {
-    FolderClues clues;
-    clues.title = QString::fromStdString(home_.file("other/Bilder"));
-    EXPECT_THAT(shown(clues), ElementsAre(home_.file("other/Bilder")));
-    clues.title = QStringLiteral("Home - File Manager");
-    EXPECT_THAT(shown(clues), ElementsAre(home_.path()));
+    FolderHints hints;
+    hints.title = QString::fromStdString(home_.file("other/Bilder"));
+    EXPECT_THAT(shown(hints), ElementsAre(home_.file("other/Bilder")));
+    hints.title = QStringLiteral("Home - File Manager");
+    EXPECT_THAT(shown(hints), ElementsAre(home_.path()));
 }

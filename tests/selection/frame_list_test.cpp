@@ -12,34 +12,34 @@ using namespace pinorama;
 
 namespace {
 
-// What a function that waits may be handed is told by the compiler.
-static_assert(HeldAcrossWaiting<QString>);
-static_assert(HeldAcrossWaiting<int>);
-static_assert(HeldAcrossWaiting<std::vector<QDBusMessage>>);
-static_assert(HeldAcrossWaiting<std::array<int, 2>>);
-static_assert(HeldAcrossWaiting<SharedFrame>);
-static_assert(HeldAcrossWaiting<std::weak_ptr<FrameReader>>);
-static_assert(HeldAcrossWaiting<Inquiry&>);
-static_assert(HeldAcrossWaiting<FrameReader&>);
-static_assert(!HeldAcrossWaiting<const QString&>);
-static_assert(!HeldAcrossWaiting<QString&&>);
-static_assert(!HeldAcrossWaiting<FrameList&>);
-static_assert(!HeldAcrossWaiting<const FrameLayout&>);
-static_assert(!HeldAcrossWaiting<FrameReader*>);
-static_assert(!HeldAcrossWaiting<const char*>);
-static_assert(!HeldAcrossWaiting<std::vector<int>::iterator>);
-static_assert(!HeldAcrossWaiting<std::vector<int>::const_iterator>);
-static_assert(!HeldAcrossWaiting<std::string_view>);
-static_assert(!HeldAcrossWaiting<QStringView>);
-static_assert(!HeldAcrossWaiting<QLatin1String>);
-static_assert(!HeldAcrossWaiting<std::span<const int>>);
-static_assert(!HeldAcrossWaiting<std::reference_wrapper<const QString>>);
+// The parameters that a coroutine may have; see selection/task.h.
+static_assert(SafeAcrossSuspension<QString>);
+static_assert(SafeAcrossSuspension<int>);
+static_assert(SafeAcrossSuspension<std::vector<QDBusMessage>>);
+static_assert(SafeAcrossSuspension<std::array<int, 2>>);
+static_assert(SafeAcrossSuspension<SharedFrame>);
+static_assert(SafeAcrossSuspension<std::weak_ptr<FrameReader>>);
+static_assert(SafeAcrossSuspension<DBusQuery&>);
+static_assert(SafeAcrossSuspension<FrameReader&>);
+static_assert(!SafeAcrossSuspension<const QString&>);
+static_assert(!SafeAcrossSuspension<QString&&>);
+static_assert(!SafeAcrossSuspension<FrameList&>);
+static_assert(!SafeAcrossSuspension<const FrameLayout&>);
+static_assert(!SafeAcrossSuspension<FrameReader*>);
+static_assert(!SafeAcrossSuspension<const char*>);
+static_assert(!SafeAcrossSuspension<std::vector<int>::iterator>);
+static_assert(!SafeAcrossSuspension<std::vector<int>::const_iterator>);
+static_assert(!SafeAcrossSuspension<std::string_view>);
+static_assert(!SafeAcrossSuspension<QStringView>);
+static_assert(!SafeAcrossSuspension<QLatin1String>);
+static_assert(!SafeAcrossSuspension<std::span<const int>>);
+static_assert(!SafeAcrossSuspension<std::reference_wrapper<const QString>>);
 
-// A closure's captures die with it, although the function that it started still waits.
+// The captures of a lambda die with it, also while the coroutine that it started still waits.
 const auto kHoldsNothing = [] {};
 const auto kHoldsSomething = [number = 1] { (void)number; };
-static_assert(HeldAcrossWaiting<decltype(kHoldsNothing)&>);
-static_assert(!HeldAcrossWaiting<decltype(kHoldsSomething)&>);
+static_assert(SafeAcrossSuspension<decltype(kHoldsNothing)&>);
+static_assert(!SafeAcrossSuspension<decltype(kHoldsSomething)&>);
 
 const FileManagerKind& kind()
 {
@@ -71,7 +71,7 @@ protected:
     FrameList list_;
 };
 
-TEST_F(FrameListTest, identifiesNobodyWhoHasLeftMeanwhile)
+TEST_F(FrameListTest, identifyIgnoresAProgramThatHasLeft)
 {
     ASSERT_TRUE(list_.add(second_));
     list_.remove(second_);
@@ -81,13 +81,13 @@ TEST_F(FrameListTest, identifiesNobodyWhoHasLeftMeanwhile)
     EXPECT_TRUE(list_.add(second_)) << "it counts as new when it comes back";
 }
 
-TEST_F(FrameListTest, addsAProgramOnce)
+TEST_F(FrameListTest, addTakesAProgramOnce)
 {
     EXPECT_FALSE(list_.add(first_));
     EXPECT_EQ(list_.manager(first_)->process, 7);
 }
 
-TEST_F(FrameListTest, hasOnlyFileManagersAmongTheManagers)
+TEST_F(FrameListTest, managersAreTheIdentifiedFileManagers)
 {
     ASSERT_TRUE(list_.add(second_));
     EXPECT_EQ(list_.managers(), std::vector<QString>{first_});
@@ -96,7 +96,7 @@ TEST_F(FrameListTest, hasOnlyFileManagersAmongTheManagers)
     EXPECT_FALSE(list_.manager(second_).has_value());
 }
 
-TEST_F(FrameListTest, takesNoWindowOfAProgramThatHasLeft)
+TEST_F(FrameListTest, ignoresTheWindowsOfAProgramThatHasLeft)
 {
     list_.remove(first_);
     list_.addFrame(first_, frame_);
@@ -108,7 +108,7 @@ TEST_F(FrameListTest, takesNoWindowOfAProgramThatHasLeft)
     EXPECT_FALSE(list_.setPaused(first_, true));
 }
 
-TEST_F(FrameListTest, keepsTheWindowsThatAreListedAndTellsTheNewOnes)
+TEST_F(FrameListTest, keepOnlyKeepsTheListedWindowsAndReturnsTheNewOnes)
 {
     const std::vector<Accessible> unknown =
         list_.keepOnly(first_, {object(first_, "/1"), Accessible{}, object(first_, "/2")});
@@ -118,13 +118,13 @@ TEST_F(FrameListTest, keepsTheWindowsThatAreListedAndTellsTheNewOnes)
     EXPECT_TRUE(list_.frames().empty());
 }
 
-TEST_F(FrameListTest, takesAWindowOnceThatIsListedTwice)
+TEST_F(FrameListTest, addFrameTakesAWindowOnce)
 {
     list_.addFrame(first_, frame(first_, "/1"));
     EXPECT_EQ(list_.frames(), std::vector<SharedFrame>{frame_});
 }
 
-TEST_F(FrameListTest, leavesTheWindowsOfAPausedProgramOut)
+TEST_F(FrameListTest, framesAreWithoutThoseOfAPausedProgram)
 {
     EXPECT_TRUE(list_.setPaused(first_, true));
     EXPECT_FALSE(list_.setPaused(first_, true));
@@ -135,7 +135,7 @@ TEST_F(FrameListTest, leavesTheWindowsOfAPausedProgramOut)
     EXPECT_EQ(list_.frames(), std::vector<SharedFrame>{frame_});
 }
 
-TEST_F(FrameListTest, hasTheWindowAsTheLatestThatBecameActiveLast)
+TEST_F(FrameListTest, latestIsTheWindowThatBecameActiveLast)
 {
     const SharedFrame other = frame(first_, "/2");
     list_.addFrame(first_, other);
@@ -149,7 +149,7 @@ TEST_F(FrameListTest, hasTheWindowAsTheLatestThatBecameActiveLast)
     EXPECT_EQ(list_.latest(other), frame_);
 }
 
-TEST_F(FrameListTest, notesNothingOfAWindowThatHasGoneMeanwhile)
+TEST_F(FrameListTest, noteIgnoresAWindowThatHasClosed)
 {
     const SharedFrame other = frame(first_, "/2");
     list_.note({{frame_, true}});
@@ -157,7 +157,7 @@ TEST_F(FrameListTest, notesNothingOfAWindowThatHasGoneMeanwhile)
     EXPECT_EQ(list_.latest(nullptr), frame_);
 }
 
-TEST_F(FrameListTest, walksAWindowWithoutAViewAgainAfterAWhileOnly)
+TEST_F(FrameListTest, beginWalkRefusesASecondWalkWithin700Ms)
 {
     using namespace std::chrono_literals;
     const auto now = Clock::now();

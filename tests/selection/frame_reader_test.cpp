@@ -1,7 +1,7 @@
 #include "selection/frame_reader.h"
 
 #include "selection/file_manager_kind.h"
-#include "tests/selection/stand_in_file_manager.h"
+#include "tests/selection/fake_file_manager.h"
 #include "tests/support/environment.h"
 
 #include <gtest/gtest.h>
@@ -17,13 +17,14 @@ using namespace pinorama;
 
 namespace {
 using namespace std::chrono_literals;
-using test::StandInFileManager;
-using Kind = StandInFileManager::Kind;
+using test::FakeFileManager;
+using Kind = FakeFileManager::Kind;
 
 constexpr auto kLimit = 10s;  // no test comes near it
 
-// Two inquiries about one window: while one of them waits, the other finds the window changed.
-class FrameReaderRead : public testing::Test {
+// Two queries about one window: while one of them waits, the other finds that the window has
+// changed.
+class FrameReaderTest : public testing::Test {
 protected:
     void SetUp() override
     {
@@ -34,67 +35,67 @@ protected:
     void find(Kind kind, const char* process)
     {
         (void)folder_.write("a.jpg", "x");
-        manager_ = std::make_unique<StandInFileManager>(
-            kind, folder_.path(), std::vector<QString>{QStringLiteral("a.jpg")});
+        manager_ = std::make_unique<FakeFileManager>(kind, folder_.path(),
+                                                     std::vector<QString>{QStringLiteral("a.jpg")});
         frame_ = std::make_unique<FrameReader>(
             Accessible{manager_->service(), QStringLiteral("/org/a11y/atspi/accessible/1")},
             *fileManagerKind(process), 1, false);
-        Inquiry inquiry(QDBusConnection::sessionBus(), kLimit);
-        inquiry.begin(frame_->findAndRead(inquiry));
-        ASSERT_TRUE(inquiry.finishUntil(Clock::now() + kLimit));
+        DBusQuery query(QDBusConnection::sessionBus(), kLimit);
+        query.start(frame_->findAndRead(query));
+        ASSERT_TRUE(query.runUntil(Clock::now() + kLimit));
         ASSERT_TRUE(frame_->isFound());
     }
 
-    void readBesides()
+    void readWithAnotherQuery()
     {
-        Inquiry inquiry(QDBusConnection::sessionBus(), kLimit);
-        inquiry.begin(frame_->read(inquiry));
-        ASSERT_TRUE(inquiry.finishUntil(Clock::now() + kLimit));
+        DBusQuery query(QDBusConnection::sessionBus(), kLimit);
+        query.start(frame_->read(query));
+        ASSERT_TRUE(query.runUntil(Clock::now() + kLimit));
     }
 
     test::TemporaryFolder folder_;
-    std::unique_ptr<StandInFileManager> manager_;
+    std::unique_ptr<FakeFileManager> manager_;
     std::unique_ptr<FrameReader> frame_;
-    Inquiry inquiry_{QDBusConnection::sessionBus(), kLimit};
+    DBusQuery query_{QDBusConnection::sessionBus(), kLimit};
 };
 
-TEST_F(FrameReaderRead, endsWhenTheWindowHasBeenForgottenMeanwhile)
+TEST_F(FrameReaderTest, readLeavesAWindowForgottenThatWasForgottenMeanwhile)
 {
     find(Kind::selection, "nemo");
     manager_->select({0});
-    inquiry_.begin(frame_->read(inquiry_));
+    query_.start(frame_->read(query_));
     frame_->forget();
-    ASSERT_TRUE(inquiry_.finishUntil(Clock::now() + kLimit));
+    ASSERT_TRUE(query_.runUntil(Clock::now() + kLimit));
     EXPECT_FALSE(frame_->isFound());
     EXPECT_EQ(frame_->paths(), std::vector<std::string>());
 }
 
-TEST_F(FrameReaderRead, endsWhenTheStatusBarHasBeenForgottenMeanwhile)
+TEST_F(FrameReaderTest, readLeavesAStatusBarForgottenThatWasForgottenMeanwhile)
 {
     find(Kind::statusBar, "thunar");
-    manager_->change(StandInFileManager::kStatusBar,
-                     [](test::StandInObject& bar) { bar.name = "\"a.jpg\""; });
+    manager_->change(FakeFileManager::kStatusBar,
+                     [](test::FakeObject& bar) { bar.name = "\"a.jpg\""; });
     frame_->markStale();
-    readBesides();
+    readWithAnotherQuery();
     ASSERT_EQ(frame_->paths(), std::vector<std::string>{folder_.file("a.jpg")});
-    // Nothing but the title and the status bar is asked of a window that was read a moment ago.
-    inquiry_.begin(frame_->read(inquiry_));
+    // Of a window that was read a moment ago, only the title and the status bar are read again.
+    query_.start(frame_->read(query_));
     frame_->forget();
-    ASSERT_TRUE(inquiry_.finishUntil(Clock::now() + kLimit));
+    ASSERT_TRUE(query_.runUntil(Clock::now() + kLimit));
     EXPECT_FALSE(frame_->isFound());
     EXPECT_EQ(frame_->paths(), std::vector<std::string>());
 }
 
-TEST_F(FrameReaderRead, leavesACheckWithTheAnswersToWhatItAsked)
+TEST_F(FrameReaderTest, revalidateComparesTheRepliesWithTheValidatorsThatItSent)
 {
     find(Kind::selection, "nemo");
     ASSERT_FALSE(frame_->isStale());
-    inquiry_.begin(frame_->check(inquiry_));
-    // More vouches for one selected item than for none.
+    query_.start(frame_->revalidate(query_));
+    // One selected item has more validators than none.
     manager_->select({0});
-    readBesides();
+    readWithAnotherQuery();
     ASSERT_EQ(frame_->paths(), std::vector<std::string>{folder_.file("a.jpg")});
-    ASSERT_TRUE(inquiry_.finishUntil(Clock::now() + kLimit));
+    ASSERT_TRUE(query_.runUntil(Clock::now() + kLimit));
     EXPECT_EQ(frame_->paths(), std::vector<std::string>{folder_.file("a.jpg")});
 }
 }  // namespace

@@ -1,7 +1,7 @@
 #include "selection/frame_tracker.h"
 
 #include "selection/file_manager_kind.h"
-#include "tests/selection/stand_in_file_manager.h"
+#include "tests/selection/fake_file_manager.h"
 #include "tests/support/environment.h"
 #include "tests/support/event_loop.h"
 
@@ -15,10 +15,10 @@
 using namespace pinorama;
 
 namespace {
-using test::StandInFileManager;
+using test::FakeFileManager;
 
-// Looks at the windows of two programs, one after the other.
-class FrameTrackerLookAt : public testing::Test {
+// Scans the windows of two programs, one after the other.
+class FrameTrackerTest : public testing::Test {
 public:
     using OutlivesItsTasks = void;
 
@@ -29,13 +29,13 @@ protected:
             GTEST_SKIP() << "no session bus can be started";
         ASSERT_TRUE(test::waitUntil([&] { return bus_.isReady(); }));
         first_.list(second_);
-        QObject::connect(&bus_, &AccessibilityBus::programLeft,
+        QObject::connect(&bus_, &AccessibilityBus::programDisconnected,
                          [&](const QString& service) { left_.append(service); });
     }
 
     // Keeps the tracker awake until the condition is met.
     template <typename Condition>
-    bool looksUntil(Condition condition)
+    bool scanUntil(Condition condition)
     {
         return test::waitUntil([&] {
             (void)tracker_.isReady();
@@ -43,65 +43,65 @@ protected:
         });
     }
 
-    // Has the tracker hear whatever the bus has said so far.
-    void letItHear() { test::goOnFor(100); }
+    // Lets the tracker receive the events that the bus has delivered so far.
+    void receiveEvents() { test::goOnFor(100); }
 
-    // Asks for the window that counts until it is that of the program.
-    bool findsTheWindowOf(const StandInFileManager& program)
+    // Searches for the latest window until it is that of the program.
+    bool findsTheWindowOf(const FakeFileManager& program)
     {
-        return looksUntil([&] {
+        return scanUntil([&] {
             const auto frame = tracker_.lastFrame();
             if (frame && frame->isFound() && frame->frame().service == program.service())
                 return true;
-            Inquiry inquiry(tracker_.bus(), std::chrono::seconds(1));
-            inquiry.begin(ask(inquiry));
-            (void)inquiry.finishUntil(Clock::now() + std::chrono::seconds(1));
+            DBusQuery query(tracker_.bus(), std::chrono::seconds(1));
+            query.start(find(query));
+            (void)query.runUntil(Clock::now() + std::chrono::seconds(1));
             return false;
         });
     }
 
-    Task<Done> ask(Inquiry& inquiry)
+    Task<Done> find(DBusQuery& query)
     {
-        (void)co_await tracker_.askForFrame(inquiry);
+        (void)co_await tracker_.findLatestFrame(query);
         co_return {};
     }
 
     test::TemporaryFolder folder_;
-    StandInFileManager first_{
-        StandInFileManager::Kind::selection, folder_.path(), {QStringLiteral("a.jpg")}};
-    StandInFileManager second_{
-        StandInFileManager::Kind::selection, folder_.path(), {QStringLiteral("b.jpg")}};
+    FakeFileManager first_{
+        FakeFileManager::Kind::selection, folder_.path(), {QStringLiteral("a.jpg")}};
+    FakeFileManager second_{
+        FakeFileManager::Kind::selection, folder_.path(), {QStringLiteral("b.jpg")}};
     QStringList left_;
     AccessibilityBus bus_;
     FrameTracker tracker_{[](pid_t) { return fileManagerKind("nemo"); }};
 };
 
-// What is known of the second one has another place then.
-TEST_F(FrameTrackerLookAt, goesOnWhenAnotherProgramLeavesDuringAQuestion)
+// The entry of the second program moves when that of the first is removed.
+TEST_F(FrameTrackerTest, scanContinuesIfAnotherProgramLeavesDuringACall)
 {
-    second_.pauseWhenAsked("1 GetAttributes");
-    ASSERT_TRUE(looksUntil([&] { return second_.hasPaused(); }));
+    second_.pauseOnCall("1 GetAttributes");
+    ASSERT_TRUE(scanUntil([&] { return second_.hasPaused(); }));
     first_.leave();
-    ASSERT_TRUE(looksUntil([&] { return left_.contains(first_.service()); }));
-    letItHear();
-    second_.setAnswering(true);
+    ASSERT_TRUE(scanUntil([&] { return left_.contains(first_.service()); }));
+    receiveEvents();
+    second_.setReplying(true);
     EXPECT_TRUE(findsTheWindowOf(second_));
 }
 
-TEST_F(FrameTrackerLookAt, goesOnWithoutAProgramThatLeavesDuringAQuestion)
+TEST_F(FrameTrackerTest, scanSkipsAProgramThatLeavesDuringACall)
 {
-    // The last of the questions about its window: what it is has been told by then.
-    first_.leaveWhenAsked("1 GetAttributes");
-    ASSERT_TRUE(looksUntil([&] { return left_.contains(first_.service()); }));
-    const std::vector<std::string> asked = first_.takeQuestions();
-    EXPECT_EQ(std::count(asked.begin(), asked.end(), "1 GetRole"), 1);
+    // The last of the calls about its window; the tracker has its role by then.
+    first_.leaveOnCall("1 GetAttributes");
+    ASSERT_TRUE(scanUntil([&] { return left_.contains(first_.service()); }));
+    const std::vector<std::string> calls = first_.takeCalls();
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), "1 GetRole"), 1);
     EXPECT_TRUE(findsTheWindowOf(second_));
 }
 
-TEST_F(FrameTrackerLookAt, goesOnWithoutAProgramThatLeavesBeforeItNamesItsWindows)
+TEST_F(FrameTrackerTest, scanSkipsAProgramThatLeavesBeforeItListsItsWindows)
 {
-    first_.leaveWhenAsked("0 GetChildren");
-    ASSERT_TRUE(looksUntil([&] { return left_.contains(first_.service()); }));
+    first_.leaveOnCall("0 GetChildren");
+    ASSERT_TRUE(scanUntil([&] { return left_.contains(first_.service()); }));
     EXPECT_TRUE(findsTheWindowOf(second_));
 }
 }  // namespace

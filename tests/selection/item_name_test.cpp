@@ -14,7 +14,7 @@
 
 using namespace pinorama;
 
-TEST(nameOfShownItem, findsTheItemBehindWhatIsShown)
+TEST(nameOfShownItem, findsTheEntryThatIsShownLikeThis)
 {
     const struct {
         const char* name;
@@ -25,28 +25,28 @@ TEST(nameOfShownItem, findsTheItemBehindWhatIsShown)
         {"the same bytes", {"a.jpg", "b.jpg"}, "b.jpg", "b.jpg"},
         {"no such entry", {"a.jpg"}, "b.jpg", nullptr},
         {"empty folder", {}, "a.jpg", nullptr},
-        {"per cent is no escape", {"a%20b.jpg", "a b.jpg"}, "a%20b.jpg", "a%20b.jpg"},
+        {"a per cent sign is not an escape", {"a%20b.jpg", "a b.jpg"}, "a%20b.jpg", "a%20b.jpg"},
         {"decomposed, shown composed", {"u\u0308.jpg"}, "\u00fc.jpg", "u\u0308.jpg"},
         {"composed, shown decomposed", {"\u00fc.jpg"}, "u\u0308.jpg", "\u00fc.jpg"},
-        {"both are there", {"u\u0308.jpg", "\u00fc.jpg"}, "\u00fc.jpg", "\u00fc.jpg"},
-        {"no UTF-8", {"inv\xe4lid.jpg"}, "inv\ufffdlid.jpg", "inv\xe4lid.jpg"},
-        {"no UTF-8, with a remark",
+        {"both exist", {"u\u0308.jpg", "\u00fc.jpg"}, "\u00fc.jpg", "\u00fc.jpg"},
+        {"not UTF-8", {"inv\xe4lid.jpg"}, "inv\ufffdlid.jpg", "inv\xe4lid.jpg"},
+        {"not UTF-8, with a remark",
          {"inv\xe4lid.jpg"},
          "inv\ufffdlid.jpg (ung\u00fcltige Kodierung)",
          "inv\xe4lid.jpg"},
         {"two bytes shown as one", {"i\xe4\xf6.jpg"}, "i\ufffd.jpg", "i\xe4\xf6.jpg"},
         {"two that are shown alike", {"a\xe4.jpg", "a\xf6.jpg"}, "a\ufffd.jpg", nullptr},
-        {"another remark is no remark", {"a.jpg"}, "a.jpg (copy)", nullptr},
+        {"a remark after a valid name", {"a.jpg"}, "a.jpg (copy)", nullptr},
         {"line feed shown as blank", {"line\nfeed.jpg"}, "line feed.jpg", "line\nfeed.jpg"},
         {"line feed shown as arrow", {"line\nfeed.jpg"}, "line\u21b5feed.jpg", "line\nfeed.jpg"},
         {"line feed left out", {"line\nfeed.jpg"}, "linefeed.jpg", "line\nfeed.jpg"},
-        {"a blank is no line feed",
+        {"an exact name wins over a line feed",
          {"line\nfeed.jpg", "line feed.jpg"},
          "line feed.jpg",
          "line feed.jpg"},
         {"hidden extension", {"a.jpg", "b.jpg"}, "a", "a.jpg"},
         {"hidden extension of two", {"a.jpg", "a.nef"}, "a", nullptr},
-        {"a name beats a hidden extension", {"a.jpg", "a"}, "a", "a"},
+        {"an exact name wins over a hidden extension", {"a.jpg", "a"}, "a", "a"},
         {"only the last extension is hidden", {"a.tar.gz"}, "a", nullptr},
         {"a dot at the start hides nothing", {".jpg"}, "", nullptr},
     };
@@ -61,7 +61,7 @@ TEST(nameOfShownItem, findsTheItemBehindWhatIsShown)
     }
 }
 
-TEST(pathOfShownItem, givesTheWholePathAndASlashForAFolder)
+TEST(pathOfShownItem, isTheAbsolutePathWithASlashForAFolder)
 {
     const test::TemporaryFolder folder;
     folder.write("a b.jpg", "x");
@@ -86,7 +86,7 @@ TEST(pathOfShownItem, givesTheWholePathAndASlashForAFolder)
     EXPECT_EQ(pathOf("Reise/../a b.jpg"), "nothing");
 }
 
-TEST(pathOfShownItem, noFolderGivesNothing)
+TEST(pathOfShownItem, isNothingIfTheFolderCannotBeRead)
 {
     EXPECT_FALSE(pathOfShownItem("", QStringLiteral("a.jpg")));
     EXPECT_FALSE(pathOfShownItem("/nonexistent/folder", QStringLiteral("a.jpg")));
@@ -97,7 +97,7 @@ TEST(pathOfShownItem, findsAnItemOfTheRoot)
     EXPECT_EQ(pathOfShownItem("/", QStringLiteral("proc")), "/proc/");
 }
 
-TEST(existingItem, slashesAtTheEndDoNotCount)
+TEST(existingItem, ignoresSlashesAtTheEnd)
 {
     const test::TemporaryFolder folder;
     folder.write("a.jpg", "x");

@@ -21,7 +21,7 @@ using test::Program;
 namespace {
 const QString kService = QStringLiteral("org.pinorama.Selection1");
 
-// The test plays the file manager as long as isFileManager_ says so.
+// The test process counts as a file manager while isFileManager_ is true.
 class SelectionPushesTest : public testing::Test {
 protected:
     void SetUp() override
@@ -42,10 +42,11 @@ protected:
         send(QStringLiteral("Push"), {uris, title});
     }
 
-    // Waits until everything that was sent has been looked at, and gives what is kept of it.
+    // Waits until all pushes have been handled, and returns the one that is kept.
     const PushedSelection* kept()
     {
-        // The bus keeps the order: who answers this has been handed all pushes before it,
+        // Messages arrive in order: when this call has its reply, all pushes before it have
+        // arrived.
         const QDBusPendingCall ping = other_.connection().asyncCall(
             QDBusMessage::createMethodCall(kService, QStringLiteral("/org/pinorama/Selection"),
                                            QStringLiteral("org.freedesktop.DBus.Peer"),
@@ -53,16 +54,16 @@ protected:
             test::kPatience);
         EXPECT_TRUE(test::waitUntil([&] { return ping.isFinished(); }));
         QCoreApplication::processEvents();
-        // and hears this after it has heard whose they are.
-        bool hasHeard = false;
+        // When this one has its reply, those about the senders' processes have arrived too.
+        bool hasReply = false;
         const QDBusPendingCallWatcher own(program_.connection().asyncCall(
             QDBusMessage::createMethodCall(
                 QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
                 QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetId")),
             test::kPatience));
         QObject::connect(&own, &QDBusPendingCallWatcher::finished, &own,
-                         [&hasHeard] { hasHeard = true; });
-        EXPECT_TRUE(test::waitUntil([&] { return hasHeard; }));
+                         [&hasReply] { hasReply = true; });
+        EXPECT_TRUE(test::waitUntil([&] { return hasReply; }));
         return pushes_.lastOf(getpid());
     }
     std::vector<std::string> keptPaths()
@@ -84,7 +85,7 @@ protected:
 using Paths = std::vector<std::string>;
 }  // namespace
 
-TEST_F(SelectionPushesTest, theLastPushIsKeptAsItWasSent)
+TEST_F(SelectionPushesTest, keepsTheLastPush)
 {
     EXPECT_EQ(kept(), nullptr);
     push({QStringLiteral("file:///old.jpg")});
@@ -97,7 +98,7 @@ TEST_F(SelectionPushesTest, theLastPushIsKeptAsItWasSent)
     EXPECT_FALSE(pushed->isConfirmed);
 }
 
-TEST_F(SelectionPushesTest, anEmptySelectionIsOneToo)
+TEST_F(SelectionPushesTest, keepsAnEmptySelection)
 {
     push({QStringLiteral("file:///a.jpg")});
     push({});
@@ -111,7 +112,7 @@ TEST_F(SelectionPushesTest, anEmptyTitleTakesBackWhatWasPushed)
     EXPECT_EQ(kept(), nullptr);
 }
 
-TEST_F(SelectionPushesTest, onlyFileManagersAreHeard)
+TEST_F(SelectionPushesTest, ignoresProgramsThatAreNoFileManagers)
 {
     push({QStringLiteral("file:///a.jpg")});
     EXPECT_EQ(keptPaths(), Paths{"/a.jpg"});
@@ -120,7 +121,7 @@ TEST_F(SelectionPushesTest, onlyFileManagersAreHeard)
     EXPECT_EQ(keptPaths(), Paths{"/a.jpg"});
 }
 
-TEST_F(SelectionPushesTest, aPartOfASelectionIsAnotherSelection)
+TEST_F(SelectionPushesTest, keepsNoPathsIfOneOfThemIsMalformed)
 {
     const QString good = QStringLiteral("file:///a.jpg");
     for (const QString& bad :
@@ -136,7 +137,7 @@ TEST_F(SelectionPushesTest, aPartOfASelectionIsAnotherSelection)
     }
 }
 
-TEST_F(SelectionPushesTest, ofTenThousandOnly64AreLookedAt)
+TEST_F(SelectionPushesTest, looksAtTheFirst64UrisOnly)
 {
     QStringList uris(10000, QStringLiteral("file:///a.jpg"));
     uris[64] = QStringLiteral("trash:///b.jpg");
@@ -144,14 +145,14 @@ TEST_F(SelectionPushesTest, ofTenThousandOnly64AreLookedAt)
     EXPECT_EQ(keptPaths(), Paths(64, "/a.jpg"));
 }
 
-TEST_F(SelectionPushesTest, aTitleOfAMebibyteCountsAsNone)
+TEST_F(SelectionPushesTest, aTitleOverTheLimitTakesBackWhatWasPushed)
 {
     push({QStringLiteral("file:///a.jpg")});
     push({QStringLiteral("file:///a.jpg")}, QString(1 << 20, QLatin1Char('x')));
     EXPECT_EQ(kept(), nullptr);
 }
 
-TEST_F(SelectionPushesTest, aFloodLeavesNothingBehindThatCouldBeOld)
+TEST_F(SelectionPushesTest, keepsNoOldPushAfterAFlood)
 {
     push({QStringLiteral("file:///a.jpg")});
     for (int i = 0; i < 5000; i++) push({QStringLiteral("file:///b.jpg")});
@@ -162,7 +163,7 @@ TEST_F(SelectionPushesTest, aFloodLeavesNothingBehindThatCouldBeOld)
     EXPECT_EQ(keptPaths(), Paths{"/d.jpg"});
 }
 
-TEST_F(SelectionPushesTest, whatIsNoPushIsRefused)
+TEST_F(SelectionPushesTest, refusesEveryOtherCall)
 {
     push({QStringLiteral("file:///a.jpg")});
     send(QStringLiteral("Push"), {5});
@@ -174,15 +175,15 @@ TEST_F(SelectionPushesTest, whatIsNoPushIsRefused)
     EXPECT_EQ(keptPaths(), Paths{"/a.jpg"});
 }
 
-TEST_F(SelectionPushesTest, nothingIsHeardOrKnownWhileNotListening)
+TEST_F(SelectionPushesTest, acceptsAndKeepsNothingWhileNotListening)
 {
     const auto hasOwner = [this] {
         const QDBusPendingReply<bool> reply = other_.connection().asyncCall([] {
-            QDBusMessage question = QDBusMessage::createMethodCall(
+            QDBusMessage call = QDBusMessage::createMethodCall(
                 QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
                 QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameHasOwner"));
-            question.setArguments({kService});
-            return question;
+            call.setArguments({kService});
+            return call;
         }());
         test::waitUntil([&] { return reply.isFinished(); });
         return reply.value();
@@ -197,7 +198,7 @@ TEST_F(SelectionPushesTest, nothingIsHeardOrKnownWhileNotListening)
     EXPECT_EQ(kept(), nullptr);
 }
 
-TEST_F(SelectionPushesTest, theInterfaceIsTheOneThatExtensionsCall)
+TEST_F(SelectionPushesTest, exportsTheInterfaceThatTheExtensionsCall)
 {
     const QDBusPendingCall call = other_.connection().asyncCall(QDBusMessage::createMethodCall(
         kService, QStringLiteral("/org/pinorama/Selection"),

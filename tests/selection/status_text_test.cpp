@@ -19,7 +19,7 @@ std::vector<std::string> asBytes(const std::vector<QString>& texts)
 }
 }  // namespace
 
-TEST(quotedNames, findsTheNameInTheQuotationMarksOfManyLanguages)
+TEST(quotedNames, readsTheQuotationMarksOfManyLanguages)
 {
     const struct {
         const char* name;
@@ -48,7 +48,7 @@ TEST(quotedNames, findsTheNameInTheQuotationMarksOfManyLanguages)
     }
 }
 
-TEST(quotedNames, countsGiveNothing)
+TEST(quotedNames, isEmptyForACount)
 {
     for (const char* text : {"", "\"", "\"\"", "3 items", "2 files: 4 kB", "10 Objekte",
                              "a \"quoted\" word", "2 item(s) selected", "\"no end"}) {
@@ -57,14 +57,14 @@ TEST(quotedNames, countsGiveNothing)
     }
 }
 
-TEST(quotedNames, aNameMayHoldQuotationMarksSoTheLongestComesFirst)
+TEST(quotedNames, triesTheLongestNameFirstBecauseNamesMayContainQuotationMarks)
 {
     const auto names = asBytes(quotedNames(QStringLiteral("\"12\" Zoll.jpg\" (2 kB) \"x\"")));
     EXPECT_EQ(names, (std::vector<std::string>{"12\" Zoll.jpg\" (2 kB) \"x",
                                                "12\" Zoll.jpg\" (2 kB) ", "12\" Zoll.jpg", "12"}));
 }
 
-TEST(quotedNames, aTextOfMoreThan4096UnitsIsNotLookedAt)
+TEST(quotedNames, ignoresATextOfMoreThan4096Units)
 {
     const QString mark = QStringLiteral("\"");
     EXPECT_EQ(quotedNames(mark + QString(4094, u'a') + mark).size(), 1U);

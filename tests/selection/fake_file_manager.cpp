@@ -1,4 +1,4 @@
-#include "tests/selection/stand_in_file_manager.h"
+#include "tests/selection/fake_file_manager.h"
 
 #include <QDBusArgument>
 #include <QDBusMessage>
@@ -16,7 +16,7 @@ namespace {
 constexpr const char* kRoot = "/org/a11y/atspi/accessible/root";
 constexpr const char* kPrefix = "/org/a11y/atspi/accessible/";
 
-// An object of a program, as it travels over the bus.
+// A reference to an object, as it is marshalled.
 struct Reference {
     QString service;
     QDBusObjectPath path;
@@ -55,32 +55,32 @@ int numberOf(const QString& path)
     return path.mid(QString::fromLatin1(kPrefix).size()).toInt();
 }
 
-QString whatIsAsked(const QDBusMessage& question)
+QString memberOf(const QDBusMessage& call)
 {
-    return question.member() == QLatin1String("Get") ? question.arguments().value(1).toString()
-                                                     : question.member();
+    return call.member() == QLatin1String("Get") ? call.arguments().value(1).toString()
+                                                 : call.member();
 }
 
-std::string nameOf(const QDBusMessage& question)
+std::string describe(const QDBusMessage& call)
 {
-    return std::to_string(numberOf(question.path())) + " " + whatIsAsked(question).toStdString();
+    return std::to_string(numberOf(call.path())) + " " + memberOf(call).toStdString();
 }
 
-QDBusConnection connectionOfItsOwn(const char* purpose)
+QDBusConnection newConnection(const char* purpose)
 {
     static int count = 0;
     return QDBusConnection::connectToBus(
         QString::fromLocal8Bit(qgetenv("DBUS_SESSION_BUS_ADDRESS")),
-        QStringLiteral("stand-in-%1-%2").arg(QLatin1String(purpose)).arg(++count));
+        QStringLiteral("fake-%1-%2").arg(QLatin1String(purpose)).arg(++count));
 }
 }  // namespace
 
 Q_DECLARE_METATYPE(Reference)
 
-// Takes every call to a connection, whatever the object.
-class test::StandInFileManager::Answerer : public QDBusVirtualObject {
+// Receives all calls to a connection, for any object.
+class test::FakeFileManager::Responder : public QDBusVirtualObject {
 public:
-    explicit Answerer(std::function<void(const QDBusMessage&)> take) : take_(std::move(take)) {}
+    explicit Responder(std::function<void(const QDBusMessage&)> take) : take_(std::move(take)) {}
     QString introspect(const QString&) const override { return {}; }
     bool handleMessage(const QDBusMessage& message, const QDBusConnection&) override
     {
@@ -92,10 +92,10 @@ private:
     std::function<void(const QDBusMessage&)> take_;
 };
 
-test::StandInFileManager::StandInFileManager(Kind kind, const std::string& folder,
-                                             const std::vector<QString>& names)
-    : bus_(connectionOfItsOwn("program")),
-      registry_(connectionOfItsOwn("registry")),
+test::FakeFileManager::FakeFileManager(Kind kind, const std::string& folder,
+                                       const std::vector<QString>& names)
+    : bus_(newConnection("program")),
+      registry_(newConnection("registry")),
       service_(bus_.baseService())
 {
     qDBusRegisterMetaType<Reference>();
@@ -125,68 +125,67 @@ test::StandInFileManager::StandInFileManager(Kind kind, const std::string& folde
                              .parent = kView});
     }
 
-    answerer_ =
-        std::make_unique<Answerer>([this](const QDBusMessage& question) { take(question); });
-    registrar_ = std::make_unique<Answerer>([this](const QDBusMessage& question) {
-        QDBusMessage answer = question.createReply();
-        if (question.member() == QLatin1String("GetAddress")) {
-            answer << QString::fromLocal8Bit(qgetenv("DBUS_SESSION_BUS_ADDRESS"));
-        } else if (question.member() == QLatin1String("GetChildren")) {
+    responder_ = std::make_unique<Responder>([this](const QDBusMessage& call) { take(call); });
+    registrar_ = std::make_unique<Responder>([this](const QDBusMessage& call) {
+        QDBusMessage reply = call.createReply();
+        if (call.member() == QLatin1String("GetAddress")) {
+            reply << QString::fromLocal8Bit(qgetenv("DBUS_SESSION_BUS_ADDRESS"));
+        } else if (call.member() == QLatin1String("GetChildren")) {
             const std::lock_guard lock(mutex_);
             QList<Reference> programs;
-            if (isThere_) programs.append({service(), QDBusObjectPath(kRoot)});
+            if (isConnected_) programs.append({service(), QDBusObjectPath(kRoot)});
             for (const QString& other : others_) programs.append({other, QDBusObjectPath(kRoot)});
-            answer << QVariant::fromValue(programs);
+            reply << QVariant::fromValue(programs);
         }
-        (void)registry_.send(answer);
+        (void)registry_.send(reply);
     });
-    bus_.registerVirtualObject("/", answerer_.get(), QDBusConnection::SubPath);
+    bus_.registerVirtualObject("/", responder_.get(), QDBusConnection::SubPath);
     registry_.registerVirtualObject("/", registrar_.get(), QDBusConnection::SubPath);
-    answerer_->moveToThread(&thread_);
+    responder_->moveToThread(&thread_);
     registrar_->moveToThread(&thread_);
     thread_.start();
     registry_.registerService("org.a11y.Bus");
     registry_.registerService("org.a11y.atspi.Registry");
 }
 
-test::StandInFileManager::~StandInFileManager()
+test::FakeFileManager::~FakeFileManager()
 {
     registry_.unregisterService("org.a11y.atspi.Registry");
     registry_.unregisterService("org.a11y.Bus");
     thread_.quit();
     thread_.wait();
-    if (isThere_) QDBusConnection::disconnectFromBus(bus_.name());
+    if (isConnected_) QDBusConnection::disconnectFromBus(bus_.name());
     QDBusConnection::disconnectFromBus(registry_.name());
 }
 
-QString test::StandInFileManager::service() const
+QString test::FakeFileManager::service() const
 {
     return service_;
 }
 
-void test::StandInFileManager::add(int number, StandInObject object)
+void test::FakeFileManager::add(int number, FakeObject object)
 {
     if (number != 0) objects_[object.parent].children.push_back(number);
     objects_[number] = std::move(object);
 }
 
-void test::StandInFileManager::select(const std::vector<int>& places)
+void test::FakeFileManager::select(const std::vector<int>& places)
 {
     const std::lock_guard lock(mutex_);
-    StandInObject& view = objects_[kView];
+    FakeObject& view = objects_[kView];
     view.selected = places;
     for (const int item : view.children) objects_[item].states &= ~only(State::selected);
     for (const int place : places)
         objects_[view.children[static_cast<std::size_t>(place)]].states |= only(State::selected);
 }
 
-void test::StandInFileManager::change(int number, const std::function<void(StandInObject&)>& what)
+void test::FakeFileManager::change(int number, const std::function<void(FakeObject&)>& what)
 {
     const std::lock_guard lock(mutex_);
     what(objects_[number]);
 }
 
-void test::StandInFileManager::tell(int number, const char* member, const char* detail, int value)
+void test::FakeFileManager::emitEvent(int number, const char* member, const char* detail, int value)
 {
     QDBusMessage event = QDBusMessage::createSignal(
         pathOf(number), QStringLiteral("org.a11y.atspi.Event.Object"), QString::fromLatin1(member));
@@ -195,98 +194,99 @@ void test::StandInFileManager::tell(int number, const char* member, const char* 
     (void)bus_.send(event);
 }
 
-void test::StandInFileManager::waitUntilTold() const
+void test::FakeFileManager::waitUntilSent() const
 {
-    // The bus takes what comes from one program in its order.
+    // The bus handles the messages of one program in order.
     (void)bus_.call(QDBusMessage::createMethodCall("org.freedesktop.DBus", "/org/freedesktop/DBus",
                                                    "org.freedesktop.DBus", "GetId"));
 }
 
-void test::StandInFileManager::setAnswering(bool isAnswering)
+void test::FakeFileManager::setReplying(bool isReplying)
 {
-    std::vector<QDBusMessage> questions;
+    std::vector<QDBusMessage> calls;
     {
         const std::lock_guard lock(mutex_);
-        isAnswering_ = isAnswering;
-        if (isAnswering) questions.swap(unanswered_);
+        isReplying_ = isReplying;
+        if (isReplying) calls.swap(pending_);
     }
-    for (const QDBusMessage& question : questions) take(question);
+    for (const QDBusMessage& call : calls) take(call);
 }
 
-void test::StandInFileManager::pauseWhenAsked(const std::string& question)
+void test::FakeFileManager::pauseOnCall(const std::string& call)
 {
     const std::lock_guard lock(mutex_);
-    pausesAt_ = question;
+    pausesOn_ = call;
 }
 
-bool test::StandInFileManager::hasPaused()
+bool test::FakeFileManager::hasPaused()
 {
     const std::lock_guard lock(mutex_);
-    return !isAnswering_;
+    return !isReplying_;
 }
 
-void test::StandInFileManager::leave()
+void test::FakeFileManager::leave()
 {
     const std::lock_guard lock(mutex_);
     disconnect();
 }
 
-void test::StandInFileManager::leaveWhenAsked(const std::string& question)
+void test::FakeFileManager::leaveOnCall(const std::string& call)
 {
     const std::lock_guard lock(mutex_);
-    leavesAt_ = question;
+    leavesOn_ = call;
 }
 
-// The bus lets go of a connection when nobody holds it any more, and of what it has not sent yet.
-void test::StandInFileManager::disconnect()
+// Qt closes a connection when nothing refers to it any more, and then drops what it has not sent
+// yet.
+void test::FakeFileManager::disconnect()
 {
-    isThere_ = false;
-    waitUntilTold();
+    isConnected_ = false;
+    waitUntilSent();
     const QString name = bus_.name();
     bus_ = QDBusConnection(QString());
     QDBusConnection::disconnectFromBus(name);
 }
 
-void test::StandInFileManager::list(const StandInFileManager& other)
+void test::FakeFileManager::list(const FakeFileManager& other)
 {
     const std::lock_guard lock(mutex_);
     others_.push_back(other.service());
 }
 
-std::vector<std::string> test::StandInFileManager::takeQuestions()
+std::vector<std::string> test::FakeFileManager::takeCalls()
 {
     const std::lock_guard lock(mutex_);
-    return std::exchange(questions_, {});
+    return std::exchange(calls_, {});
 }
 
-void test::StandInFileManager::take(const QDBusMessage& question)
+void test::FakeFileManager::take(const QDBusMessage& call)
 {
     const std::lock_guard lock(mutex_);
-    if (!isThere_) return;
-    if (nameOf(question) == pausesAt_) {
-        isAnswering_ = false;
-        pausesAt_.clear();
+    if (!isConnected_) return;
+    if (describe(call) == pausesOn_) {
+        isReplying_ = false;
+        pausesOn_.clear();
     }
-    if (!isAnswering_) {
-        unanswered_.push_back(question);
+    if (!isReplying_) {
+        pending_.push_back(call);
         return;
     }
-    if (nameOf(question) == leavesAt_) return disconnect();
-    (void)bus_.send(answerTo(question));
+    if (describe(call) == leavesOn_) return disconnect();
+    (void)bus_.send(replyTo(call));
 }
 
-QDBusMessage test::StandInFileManager::answerTo(const QDBusMessage& question)
+QDBusMessage test::FakeFileManager::replyTo(const QDBusMessage& call)
 {
-    const int number = numberOf(question.path());
-    const bool isProperty = question.member() == QLatin1String("Get");
-    const QString what = whatIsAsked(question);
-    questions_.push_back(nameOf(question));
+    const int number = numberOf(call.path());
+    const bool isProperty = call.member() == QLatin1String("Get");
+    const QString what = memberOf(call);
+    calls_.push_back(describe(call));
 
     const auto found = objects_.find(number);
     if (found == objects_.end())
-        return question.createErrorReply("org.freedesktop.DBus.Error.UnknownObject", "gone");
-    const StandInObject& object = found->second;
-    const int first = question.arguments().value(0).toInt();
+        return call.createErrorReply("org.freedesktop.DBus.Error.UnknownObject", "gone");
+    const FakeObject& object = found->second;
+    const int first = call.arguments().value(0).toInt();
     const auto reference = [this](int which) {
         return QVariant::fromValue(Reference{service(), QDBusObjectPath(pathOf(which))});
     };
@@ -329,9 +329,9 @@ QDBusMessage test::StandInFileManager::answerTo(const QDBusMessage& question)
         value =
             at(object.children, isThere ? object.selected[static_cast<std::size_t>(first)] : -1);
     } else if (what == "GetSize") {
-        return question.createReply({800, 600});
+        return call.createReply({800, 600});
     } else {
-        return question.createErrorReply("org.freedesktop.DBus.Error.UnknownMethod", what);
+        return call.createErrorReply("org.freedesktop.DBus.Error.UnknownMethod", what);
     }
-    return question.createReply(isProperty ? QVariant::fromValue(QDBusVariant(value)) : value);
+    return call.createReply(isProperty ? QVariant::fromValue(QDBusVariant(value)) : value);
 }

@@ -1,0 +1,148 @@
+#include "selection/dbus_query.h"
+
+#include <QDBusError>
+
+#include <algorithm>
+
+namespace pinorama {
+namespace {
+// An error message that the program itself sent is a reply; the one that stands for a timeout is
+// not.
+bool lacksReply(const QDBusPendingCall& call)
+{
+    return !call.isFinished() || QDBusError(call.reply()).type() == QDBusError::NoReply;
+}
+}  // namespace
+
+DBusQuery::DBusQuery(const QDBusConnection& bus, std::chrono::milliseconds timeout)
+    : bus_(bus), timeout_(timeout)
+{
+}
+
+DBusQuery::~DBusQuery() = default;
+
+void DBusQuery::start(Task<Done> work)
+{
+    work_ = std::move(work);
+    work_.start();
+}
+
+bool DBusQuery::runUntil(Clock::time_point deadline)
+{
+    deadline_ = deadline;
+    const auto earliestEnd = deadline - timeout_ / 16;  // Qt's timers may fire that early
+    while (!work_.isDone()) {
+        // The last call mostly gets the last reply, so this thread wakes up once and not for each
+        // of them. Every call has a timeout, so none of the waits is unbounded.
+        for (auto call = calls_.rbegin(); call != calls_.rend(); ++call)
+            call->pending.waitForFinished();
+        if (Clock::now() >= earliestEnd && !servicesWithoutReply().empty()) return false;
+        std::exchange(waiting_, {}).resume();
+    }
+    return true;
+}
+
+void DBusQuery::continueInEventLoop(std::function<void()> whenDone)
+{
+    whenDone_ = std::move(whenDone);
+    runsInEventLoop_ = true;
+    if (!work_.isDone()) return watchCalls();
+    const auto done = std::exchange(whenDone_, {});
+    if (done) done();
+}
+
+std::vector<QString> DBusQuery::servicesWithoutReply() const
+{
+    std::vector<QString> services;
+    for (const PendingCall& call : calls_) {
+        if (lacksReply(call.pending)) services.push_back(call.service);
+    }
+    return services;
+}
+
+DBusQuery::Replies DBusQuery::replies(const std::vector<QDBusMessage>& calls)
+{
+    return repliesFrom(bus_, calls);
+}
+
+DBusQuery::Replies DBusQuery::repliesFrom(const QDBusConnection& bus,
+                                          const std::vector<QDBusMessage>& calls)
+{
+    for (const QDBusMessage& call : calls) send(bus, call);
+    return Replies(*this);
+}
+
+DBusQuery::Reply DBusQuery::reply(const QDBusMessage& call)
+{
+    send(bus_, call);
+    return Reply(*this);
+}
+
+bool DBusQuery::hasAllReplies() const
+{
+    return std::all_of(calls_.begin(), calls_.end(),
+                       [](const PendingCall& call) { return call.pending.isFinished(); });
+}
+
+void DBusQuery::wait(std::coroutine_handle<> waiting)
+{
+    waiting_ = waiting;
+    if (runsInEventLoop_) watchCalls();
+}
+
+std::vector<QDBusMessage> DBusQuery::takeReplies()
+{
+    std::vector<QDBusMessage> replies;
+    replies.reserve(calls_.size());
+    for (const PendingCall& call : calls_) replies.push_back(call.pending.reply());
+    calls_.clear();
+    return replies;
+}
+
+const QDBusMessage& DBusQuery::takeReply()
+{
+    reply_ = calls_.front().pending.reply();
+    calls_.clear();
+    return reply_;
+}
+
+void DBusQuery::send(const QDBusConnection& bus, const QDBusMessage& call)
+{
+    using std::chrono::milliseconds;
+    const auto left = std::chrono::ceil<milliseconds>(deadline_ - Clock::now());
+    const milliseconds timeout = std::clamp(left, milliseconds(1), timeout_);
+    calls_.push_back({call.service(), bus.asyncCall(call, static_cast<int>(timeout.count()))});
+}
+
+void DBusQuery::watchCalls()
+{
+    watchers_.clear();
+    for (const PendingCall& call : calls_) {
+        const bool isLast = &call == &calls_.back();
+        // The last call is watched even if its reply has arrived since the coroutine looked: with
+        // no watcher left, nothing would resume it.
+        if (call.pending.isFinished() && !(isLast && watchers_.empty())) continue;
+        auto watcher = std::make_unique<QDBusPendingCallWatcher>(call.pending);
+        QObject::connect(watcher.get(), &QDBusPendingCallWatcher::finished, watcher.get(),
+                         [this] { resumeWork(); });
+        watchers_.push_back(std::move(watcher));
+    }
+}
+
+void DBusQuery::resumeWork()
+{
+    if (!waiting_ || !hasAllReplies()) return;
+    // One of the watchers emits the signal that this runs in, so none may be destroyed before the
+    // event loop has control again.
+    for (auto& watcher : watchers_) {
+        watcher->disconnect();
+        watcher.release()->deleteLater();
+    }
+    watchers_.clear();
+    std::exchange(waiting_, {}).resume();
+    if (!work_.isDone()) return;
+    const auto done = std::exchange(whenDone_, {});
+    if (done) done();  // may destroy this query
+}
+
+}  // namespace pinorama

@@ -1,0 +1,169 @@
+#include "selection/dbus_query.h"
+
+#include "selection/accessible.h"
+#include "tests/selection/fake_file_manager.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <QDBusConnection>
+
+#include <chrono>
+#include <memory>
+#include <thread>
+
+using namespace pinorama;
+
+namespace {
+using namespace std::chrono_literals;
+using test::FakeFileManager;
+
+constexpr auto kLimit = 10s;  // no test comes near it
+
+class DBusQueryRunUntil : public testing::Test {
+public:
+    using OutlivesItsTasks = void;
+
+protected:
+    void SetUp() override
+    {
+        if (!bus_.isConnected()) GTEST_SKIP() << "no session bus can be started";
+        program_ = makeProgram();
+    }
+
+    static std::unique_ptr<FakeFileManager> makeProgram()
+    {
+        return std::make_unique<FakeFileManager>(
+            FakeFileManager::Kind::selection, "/",
+            std::vector<QString>{QStringLiteral("a.jpg"), QStringLiteral("b.jpg")});
+    }
+
+    static Accessible item(const FakeFileManager& program, int place)
+    {
+        return {program.service(), QStringLiteral("/org/a11y/atspi/accessible/%1")
+                                       .arg(FakeFileManager::kFirstItem + place)};
+    }
+
+    // Gets the names of the objects with all calls at once.
+    Task<Done> getNames(DBusQuery& query, std::vector<Accessible> objects)
+    {
+        std::vector<QDBusMessage> calls;
+        for (const Accessible& object : objects) calls.push_back(nameCall(object));
+        const auto replies = co_await query.replies(calls);
+        for (const QDBusMessage& reply : replies)
+            names_.push_back(textIn(reply).value_or(QStringLiteral("no name")));
+        co_return {};
+    }
+
+    // Gets one name after the other.
+    Task<Done> getNamesInTurn(DBusQuery& query, std::vector<Accessible> objects)
+    {
+        for (const Accessible& object : objects) {
+            const QDBusMessage call = nameCall(object);
+            names_.push_back(textIn(co_await query.reply(call)).value_or(""));
+        }
+        co_return {};
+    }
+
+    // Gets the name of one object along with those of others.
+    Task<Done> getNameAlong(DBusQuery& query, Accessible object, std::vector<Accessible> others)
+    {
+        query.sendAlong(nameCall(object));
+        co_await getNames(query, others);
+        co_return {};
+    }
+
+    QDBusConnection bus_ = QDBusConnection::sessionBus();
+    std::unique_ptr<FakeFileManager> program_;
+    std::vector<QString> names_;
+};
+
+TEST_F(DBusQueryRunUntil, givesTheRepliesInTheOrderOfTheCalls)
+{
+    DBusQuery query(bus_, kLimit);
+    query.start(getNames(query, {item(*program_, 1), item(*program_, 0)}));
+    EXPECT_TRUE(query.runUntil(Clock::now() + kLimit));
+    EXPECT_EQ(names_, (std::vector<QString>{"b.jpg", "a.jpg"}));
+}
+
+TEST_F(DBusQueryRunUntil, continuesWithTheCallsThatFollow)
+{
+    DBusQuery query(bus_, kLimit);
+    query.start(getNamesInTurn(query, {item(*program_, 1), item(*program_, 0)}));
+    EXPECT_TRUE(query.runUntil(Clock::now() + kLimit));
+    EXPECT_EQ(names_, (std::vector<QString>{"b.jpg", "a.jpg"}));
+}
+
+TEST_F(DBusQueryRunUntil, givesTheReplyToACallSentAlongFirst)
+{
+    DBusQuery query(bus_, kLimit);
+    query.start(getNameAlong(query, item(*program_, 1), {item(*program_, 0)}));
+    EXPECT_TRUE(query.runUntil(Clock::now() + kLimit));
+    EXPECT_EQ(names_, (std::vector<QString>{"b.jpg", "a.jpg"}));
+}
+
+TEST_F(DBusQueryRunUntil, returnsImmediatelyIfThereAreNoCalls)
+{
+    DBusQuery query(bus_, kLimit);
+    query.start(getNames(query, {}));
+    EXPECT_TRUE(query.runUntil(Clock::now()));
+}
+
+TEST_F(DBusQueryRunUntil, givesUpAtTheTimeoutAndNamesTheServiceWithoutReply)
+{
+    const auto other = makeProgram();
+    other->setReplying(false);
+    DBusQuery query(bus_, 50ms);
+    query.start(getNames(query, {item(*other, 0), item(*program_, 0)}));
+    EXPECT_FALSE(query.runUntil(Clock::now() + 50ms));
+    EXPECT_EQ(query.servicesWithoutReply(), std::vector<QString>{other->service()});
+    EXPECT_TRUE(names_.empty());
+    EXPECT_FALSE(query.isDone());
+}
+
+TEST_F(DBusQueryRunUntil, givesUpAtTheDeadlineHoweverLongTheTimeout)
+{
+    program_->setReplying(false);
+    DBusQuery query(bus_, 100ms);
+    query.start(getNamesInTurn(query, {item(*program_, 0)}));
+    EXPECT_FALSE(query.runUntil(Clock::now() + 10ms));
+    EXPECT_EQ(query.servicesWithoutReply(), std::vector<QString>{program_->service()});
+}
+
+TEST_F(DBusQueryRunUntil, continuesIfAProgramLeavesTheBus)
+{
+    program_->setReplying(false);
+    DBusQuery query(bus_, kLimit);
+    query.start(getNames(query, {item(*program_, 0)}));
+    std::thread leaving([&] {
+        std::this_thread::sleep_for(50ms);
+        program_.reset();
+    });
+    EXPECT_TRUE(query.runUntil(Clock::now() + kLimit));
+    leaving.join();
+    EXPECT_EQ(names_, std::vector<QString>{"no name"});
+}
+
+// Polling for a reply would keep the processor awake.
+TEST_F(DBusQueryRunUntil, sleepsUntilTheReplyArrives)
+{
+    const auto sleeps = [] {
+        rusage usage = {};
+        getrusage(RUSAGE_THREAD, &usage);
+        return usage.ru_nvcsw;
+    };
+    program_->setReplying(false);
+    DBusQuery query(bus_, kLimit);
+    query.start(getNames(query, {item(*program_, 0), item(*program_, 1)}));
+    std::thread answering([&] {
+        std::this_thread::sleep_for(200ms);
+        program_->setReplying(true);
+    });
+    const long before = sleeps();
+    EXPECT_TRUE(query.runUntil(Clock::now() + kLimit));
+    const long count = sleeps() - before;
+    answering.join();
+    EXPECT_EQ(names_, (std::vector<QString>{"a.jpg", "b.jpg"}));
+    EXPECT_LE(count, 20);
+}
+}  // namespace

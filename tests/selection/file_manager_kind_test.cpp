@@ -1,0 +1,28 @@
+#include "selection/file_manager_kind.h"
+
+#include <gtest/gtest.h>
+
+#include <unistd.h>
+
+using namespace pinorama;
+
+TEST(fileManagerKind, knowsTheSevenFileManagersOnly)
+{
+    for (const char* process : {"nautilus", "nemo", "nemo-desktop", "caja", "thunar", "Thunar",
+                                "pcmanfm", "pcmanfm-qt", "dolphin"}) {
+        SCOPED_TRACE(process);
+        EXPECT_NE(fileManagerKind(process), nullptr);
+    }
+    for (const char* process : {"", "dolphin-emu", "nautil", "pinorama", "thunar "}) {
+        SCOPED_TRACE(process);
+        EXPECT_EQ(fileManagerKind(process), nullptr);
+    }
+    EXPECT_EQ(fileManagerKind("Thunar")->manager, FileManager::thunar);
+    EXPECT_TRUE(fileManagerKind("nemo-desktop")->isDesktop);
+}
+
+TEST(fileManagerKindOfProcess, isNullForOtherAndMissingProcesses)
+{
+    EXPECT_EQ(fileManagerKindOfProcess(getpid()), nullptr);
+    EXPECT_EQ(fileManagerKindOfProcess(-1), nullptr);
+}
