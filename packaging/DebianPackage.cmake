@@ -78,16 +78,9 @@ pinorama_file_manager_package(nemo Nemo nemo-python "nemo-python"
 pinorama_file_manager_package(thunar Thunar thunarx-python "thunarx-python, gir1.2-thunarx-3.0"
     "the file manager also reports the folder of the selection.")
 
-# The parts of other packages that the programs contain: the C++ library in pinorama-info, header-only
-# libraries, and the locale data from ICU.
-execute_process(COMMAND "${CMAKE_CXX_COMPILER}" -print-file-name=libstdc++.a
-    OUTPUT_VARIABLE cxx_library OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+# The parts of other packages that the programs contain: header-only libraries.
 find_path(PINORAMA_NLOHMANN_JSON nlohmann/json.hpp REQUIRED)
-find_path(PINORAMA_ICU unicode/uversion.h REQUIRED)
-set(CPACK_PINORAMA_CONTAINED
-    "${cxx_library}"
-    "${PINORAMA_NLOHMANN_JSON}/nlohmann/json.hpp"
-    "${PINORAMA_ICU}/unicode/uversion.h")
+set(CPACK_PINORAMA_CONTAINED "${PINORAMA_NLOHMANN_JSON}/nlohmann/json.hpp")
 set(CPACK_POST_BUILD_SCRIPTS "${CMAKE_CURRENT_SOURCE_DIR}/StaticBuiltUsing.cmake")
 
 # Set here, because CPack would otherwise treat a single component as none.

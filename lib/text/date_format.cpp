@@ -1,12 +1,8 @@
 #include "lib/text/date_format.h"
 
-#include "lib/text/region_formats.h"
-
 #include <unicode/udat.h>
 
 #include <memory>
-#include <optional>
-#include <span>
 
 using namespace pinorama;
 
@@ -58,24 +54,12 @@ const UDateFormat* formatFor(const std::string& locale, pinorama::DateStyle styl
     }
     return last.format.get();
 }
-
-// The units written; 0 when that takes ICU.
-std::size_t writeAsRegion(const std::string& locale, std::int64_t seconds, std::span<char16_t> dest)
-{
-    const std::optional<RegionFormats> formats = regionFormats(locale);
-    return formats ? writeDateAndTime(*formats, seconds, dest) : 0;
-}
 }  // namespace
 
 TovStringRef pinorama::createDateText(const std::string& locale, DateStyle style,
                                       std::int64_t seconds)
 {
     char16_t units[kLongestDate];
-    // What is told of every picture comes without ICU where that is possible.
-    if (style == DateStyle::dateAndTime) {
-        const std::size_t count = writeAsRegion(locale, seconds, units);
-        if (count > 0) return createString({units, count});
-    }
     const UDateFormat* format = formatFor(locale, style);
     if (format == nullptr) return nullptr;
     UErrorCode status = U_ZERO_ERROR;

@@ -1,13 +1,12 @@
 #include "lib/text/number_format.h"
 
 #include "base/memory_guard.h"
-#include "lib/text/region_formats.h"
 
 #include <unicode/unum.h>
 
 #include <memory>
 #include <optional>
-#include <span>
+#include <utility>
 
 using namespace pinorama;
 
@@ -35,19 +34,8 @@ FormatHandle open(const std::string& locale, std::optional<std::int32_t> fractio
 class pinorama::NumberFormat {
 public:
     NumberFormat(std::string locale, std::optional<std::int32_t> fractionDigits)
-        : locale_(std::move(locale)),
-          fractionDigits_(fractionDigits),
-          region_(regionFormats(locale_))
+        : locale_(std::move(locale)), fractionDigits_(fractionDigits)
     {
-    }
-
-    // Writes a number that is told in `fractionDigits` digits behind the separator unless the
-    // format has its own. Returns the units written; 0 when that takes ICU.
-    std::size_t writeAsRegion(double value, std::optional<std::int32_t> fractionDigits,
-                              std::span<char16_t> dest) const
-    {
-        if (fractionDigits_) fractionDigits = fractionDigits_;
-        return region_ && fractionDigits ? writeNumber(*region_, value, *fractionDigits, dest) : 0;
     }
 
     // Null when ICU cannot make one.
@@ -60,24 +48,17 @@ public:
 private:
     std::string locale_;
     std::optional<std::int32_t> fractionDigits_;
-    std::optional<RegionFormats> region_;
-    FormatHandle format_;
+    FormatHandle format_{};
 };
 
 namespace {
-// Makes a text of a number, by one of ICU's printing functions where that is needed.
+// Makes a text of a number by one of ICU's printing functions.
 template <typename Number, typename Print>
-TovStringRef createText(pinorama::NumberFormat* format, Number value,
-                        std::optional<std::int32_t> fractionDigits, Print print)
+TovStringRef createText(pinorama::NumberFormat* format, Number value, Print print)
 {
-    if (format == nullptr) return nullptr;
-    char16_t units[kLongestNumber];
-    const std::size_t count =
-        format->writeAsRegion(static_cast<double>(value), fractionDigits, units);
-    if (count > 0) return createString({units, count});
-
-    const UNumberFormat* opened = format->format();
+    const UNumberFormat* const opened = format == nullptr ? nullptr : format->format();
     if (opened == nullptr) return nullptr;
+    char16_t units[kLongestNumber];
     UErrorCode status = U_ZERO_ERROR;
     const std::int32_t length = print(opened, value, units, kLongestNumber, nullptr, &status);
     if (U_FAILURE(status)) return nullptr;
@@ -103,10 +84,10 @@ void pinorama::releaseNumberFormat(NumberFormat* format)
 
 TovStringRef pinorama::createNumberText(NumberFormat* format, std::int64_t value)
 {
-    return createText(format, value, 0, unum_formatInt64);
+    return createText(format, value, unum_formatInt64);
 }
 
 TovStringRef pinorama::createNumberText(NumberFormat* format, double value)
 {
-    return createText(format, value, std::nullopt, unum_formatDouble);
+    return createText(format, value, unum_formatDouble);
 }

@@ -12,9 +12,8 @@ namespace pinorama {
 class NumberFormat;  // opaque outside this room
 
 // Returns a new formatter for whole numbers in decimal style, or null when memory runs out.
-// `locale` is a name that numberLocale gives. What ICU needs for it is loaded with the first
-// number, so that a program that shows none does not wait for it. Released with
-// releaseNumberFormat.
+// `locale` is a name that numberLocale gives. ICU makes its own formatter for the first number, so
+// that a program that shows none does not wait for it. Released with releaseNumberFormat.
 [[nodiscard]] NumberFormat* createNumberFormat(const std::string& locale);
 
 // The same for numbers with exactly `fractionDigits` digits behind the decimal separator; ties go

@@ -7,7 +7,6 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <unicode/uvernum.h>
 #include <unistd.h>
 
 #include <nlohmann/json.hpp>
@@ -105,35 +104,6 @@ TEST_F(PinoramaInfo, saysHowToLookIntoAFolder)
     // A program that reads the output knows what it asked for.
     EXPECT_EQ(run({"--json", folder_.path()}).err, "");
     EXPECT_EQ(run({located_}).err, "");
-}
-
-TEST_F(PinoramaInfo, loadsICUOnlyForWhatItAloneKnows)
-{
-    // With this the dynamic linker tells each library that it loads.
-    const auto runTelling = [this](const char* locale) {
-        return run({located_, plain_}, {{"LC_ALL", locale}, {"LD_DEBUG", "files"}});
-    };
-    const test::ProgramResult english = runTelling("en_US.UTF-8");
-    EXPECT_EQ(english.status, 0);
-    EXPECT_NE(english.err.find("libc.so"), std::string::npos) << "the linker tells nothing";
-    EXPECT_EQ(english.err.find("libicu"), std::string::npos) << english.err;
-
-    const test::ProgramResult persian = runTelling("fa_IR.UTF-8");
-    EXPECT_EQ(persian.status, 0);
-    EXPECT_NE(persian.err.find("libicu"), std::string::npos);
-    EXPECT_NE(persian.out.find("Size:         \u06f0\u066b"), std::string::npos) << persian.out;
-}
-
-TEST_F(PinoramaInfo, endsAsIfItHadNotStartedWhenICUCannotBeLoaded)
-{
-    const std::string library = "libicui18n.so." + std::to_string(U_ICU_VERSION_MAJOR_NUM);
-    folder_.write(library, "no library");
-    const Variables noICU = {{"LC_ALL", "fa_IR.UTF-8"}, {"LD_LIBRARY_PATH", folder_.path()}};
-    const test::ProgramResult result = run({located_}, noICU);
-    EXPECT_EQ(result.status, 127);
-    EXPECT_EQ(result.out, "");
-    EXPECT_NE(result.err.find("error while loading shared libraries: "), std::string::npos);
-    EXPECT_NE(result.err.find(library), std::string::npos) << result.err;
 }
 
 TEST_F(PinoramaInfo, writesOneObjectPerFileWithTheKeysInOrder)

@@ -25,6 +25,8 @@ TEST(createDateText, writesAsTheLanguageDoes)
         {"de", DateStyle::dayAndMonth, "22 Dezember"},
         {"en", DateStyle::date, "Dec 22, 2008"},
         {"en_GB", DateStyle::dateAndTime, "22 Dec 2008, 18:30"},
+        {"fr_CA", DateStyle::dateAndTime, "22 déc. 2008, 18 h 30"},
+        {"fa_IR", DateStyle::date, "۲ دی ۱۳۸۷"},
         {"fr", DateStyle::dayAndMonth, "22 décembre"},
         {"ja", DateStyle::date, "2008/12/22"},
     };

@@ -40,6 +40,7 @@ TEST(createNumberText, groupsAsTheLanguageDoes)
         {"en_IN", "-12,34,567", "1,234.5"},
         {"es", "-1.234.567", "1.234,5"},
         {"pl", "-1\u00a0234\u00a0567", "1\u00a0234,5"},
+        {"ar_EG", "\u061c-١٬٢٣٤٬٥٦٧", "١٬٢٣٤٫٥"},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.locale);
