@@ -1,5 +1,4 @@
-// Whole numbers of floating-point ones: where the language leaves the result open, and where the
-// mathematical library would be loaded for nothing else.
+// Whole numbers of floating-point ones, where the language leaves the result open.
 
 #pragma once
 
@@ -17,13 +16,6 @@ inline std::int64_t baseTruncate(double value)
     if (value >= kTwoTo63) return std::numeric_limits<std::int64_t>::max();
     if (value < -kTwoTo63) return std::numeric_limits<std::int64_t>::min();
     return static_cast<std::int64_t>(value);
-}
-
-// The largest whole number that is not larger: std::floor() without the mathematical library.
-inline double baseFloor(double value)
-{
-    double whole = 0;
-    return std::modf(value, &whole) < 0 ? whole - 1 : whole;
 }
 
 }  // namespace pinorama

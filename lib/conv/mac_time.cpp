@@ -1,7 +1,6 @@
 #include "lib/conv/mac_time.h"
 
 #include "base/time_zone.h"
-#include "base/truncate.h"
 
 #include <cmath>
 
@@ -24,13 +23,13 @@ std::uint32_t macSecondsInUTC(double absoluteTime)
     if (!std::isfinite(absoluteTime)) return 0;
     constexpr auto kSecondsFrom1904To2001 =
         kMacSecondsOf1970 + static_cast<std::uint32_t>(kUnixSecondsOf2001);
-    return wrapped(baseFloor(absoluteTime)) + kSecondsFrom1904To2001;
+    return wrapped(std::floor(absoluteTime)) + kSecondsFrom1904To2001;
 }
 
 std::uint32_t macSecondsOnLocalClock(double absoluteTime)
 {
     const std::uint32_t inUTC = macSecondsInUTC(absoluteTime);
-    const double unixSeconds = baseFloor(absoluteTime) + kUnixSecondsOf2001;
+    const double unixSeconds = std::floor(absoluteTime) + kUnixSecondsOf2001;
     // Not true for NaN either. No zone is known for times that far away.
     if (!(std::fabs(unixSeconds) < kTwoTo62)) return inUTC;
     const std::int64_t offset = utcOffsetAt(static_cast<std::int64_t>(unixSeconds));

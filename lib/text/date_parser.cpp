@@ -2,10 +2,10 @@
 
 #include "base/memory_guard.h"
 #include "base/time_zone.h"
-#include "base/truncate.h"
 
 #include <unicode/udat.h>
 
+#include <cmath>
 #include <cstdint>
 #include <memory>
 #include <new>
@@ -101,7 +101,7 @@ TovDateRef pinorama::createDateFromText(const DateParser* parser, std::u16string
         if (U_FAILURE(status)) return nullptr;
 
         const auto local =
-            static_cast<std::int64_t>(baseFloor(milliseconds / kMillisecondsPerSecond));
+            static_cast<std::int64_t>(std::floor(milliseconds / kMillisecondsPerSecond));
         return TovDateCreate(static_cast<double>(instantOfLocalTime(local)) - kUnixSecondsOf2001);
     });
 }

@@ -64,8 +64,8 @@ struct Reader {
     }
 };
 
-// Reads an unsigned number that has been looked through already; 0 ends it. std::from_chars() would
-// need the mathematical library, which takes longer to load than a picture to read.
+// Reads an unsigned number that has been checked already; 0 ends it. A number out of range becomes
+// infinity or 0; std::from_chars() would not say which of the two it has to be.
 double parse(const char* number)
 {
     static const locale_t kPlain = newlocale(LC_ALL_MASK, "C", locale_t{});

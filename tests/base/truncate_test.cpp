@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <cstdint>
 #include <limits>
 
@@ -36,15 +35,4 @@ TEST(baseTruncate, goesTowardsZeroAndStaysInTheRange)
         SCOPED_TRACE(row.value);
         EXPECT_EQ(baseTruncate(row.value), row.expected);
     }
-}
-
-TEST(baseFloor, isTheFloorOfTheMathematicalLibrary)
-{
-    for (const double value :
-         {0.0, -0.0, 0.5, -0.5, 1.0, -1.0, 2.999, -2.001, 4503599627370496.5, -4503599627370495.5,
-          1e300, -1e300, 5e-324, -5e-324, kInfinity, -kInfinity}) {
-        SCOPED_TRACE(value);
-        EXPECT_EQ(baseFloor(value), std::floor(value));
-    }
-    EXPECT_TRUE(std::isnan(baseFloor(kNoNumber)));
 }
