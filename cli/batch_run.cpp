@@ -93,8 +93,7 @@ int reportOnFiles(const Options& options, StringHolder serviceTemplate)
     const auto start = std::chrono::steady_clock::now();
     BatchWork work({.output = options.output,
                     .serviceTemplate = std::move(serviceTemplate),
-                    .placemarks = !options.kmlPath.empty()},
-                   makePropertyReading());
+                    .placemarks = !options.kmlPath.empty()});
     const bool isMuch = options.recursive || options.files.size() > kFewFiles;
     if (!isMuch) work.expect(options.files);
     bool isBrokenPipe = false;

@@ -33,10 +33,7 @@ void BatchResult::add(BatchResult following)
     failed += following.failed;
 }
 
-BatchWork::BatchWork(ReportWishes wishes, PropertyReading reading)
-    : output_(wishes.output), reporter_(std::move(wishes), std::move(reading))
-{
-}
+BatchWork::BatchWork(ReportWishes wishes) : output_(wishes.output), reporter_(std::move(wishes)) {}
 
 BatchResult BatchWork::process(std::span<const std::string> paths, int alarm)
 {

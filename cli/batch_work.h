@@ -25,7 +25,7 @@ struct BatchResult {
 
 class BatchWork {
 public:
-    BatchWork(ReportWishes wishes, PropertyReading reading);
+    explicit BatchWork(ReportWishes wishes);
 
     // As the functions of FileReporter.
     void expect(std::span<const std::string> paths) { reporter_.expect(paths); }

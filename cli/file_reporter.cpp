@@ -128,8 +128,8 @@ bool prepareTexts()
     return std::all_of(std::begin(kNeededTexts), std::end(kNeededTexts), iuHasText);
 }
 
-FileReporter::FileReporter(ReportWishes wishes, PropertyReading reading)
-    : wishes_(std::move(wishes)), reading_(std::move(reading))
+FileReporter::FileReporter(ReportWishes wishes, ReaderLauncher launcher, const ReaderLimits& limits)
+    : wishes_(std::move(wishes)), reader_(std::move(launcher), limits)
 {
 }
 
@@ -138,7 +138,7 @@ void FileReporter::expect(std::span<const std::string> paths)
     const bool isNeeded = std::any_of(paths.begin(), paths.end(), [this](const std::string& path) {
         return accepted_.accepts(path);
     });
-    if (isNeeded) reading_.prepare();
+    if (isNeeded) reader_.start();
     isOnlyFile_ = paths.size() == 1;
 }
 
@@ -162,13 +162,13 @@ std::vector<FileReport> FileReporter::report(std::span<const std::string> paths,
         if (files[i].descriptor) descriptors.push_back(files[i].descriptor.get());
     }
     // While the reader gets ready the formatters are made.
-    if (!descriptors.empty()) reading_.prepare();
+    if (!descriptors.empty()) reader_.start();
     for (std::size_t i = 0; i < paths.size(); i++) tellFile(files[i], &reports[i]);
 
     std::vector<PropertyResult> answers;
-    if (!descriptors.empty()) answers = reading_.read(descriptors, alarm);
+    if (!descriptors.empty()) answers = reader_.readProperties(descriptors, alarm);
     // The reader ends while its answer is written down.
-    if (isOnlyFile_) reading_.finish();
+    if (isOnlyFile_) reader_.dismiss();
     std::size_t next = 0;
     for (std::size_t i = 0; i < paths.size(); i++) {
         fileInfoRecord record{};
@@ -186,7 +186,7 @@ FileReport FileReporter::report(const std::string& path, fileInfoRecord* record)
     const OpenFile file = open(path, &report);
     PropertyResult answer;
     const int descriptor = file.descriptor.get();
-    if (file.descriptor) answer = reading_.read({&descriptor, 1}, -1).front();
+    if (file.descriptor) answer = reader_.readProperties({&descriptor, 1}, -1).front();
     tellFile(file, &report);
     tellPlace(file, answer, record, &report);
     return report;

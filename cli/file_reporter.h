@@ -1,4 +1,7 @@
-// Makes the reports on files, many at a time.
+// Makes the reports on files, many at a time. Sandboxed copies of this process read the pictures,
+// one after the other; the first one starts with the first picture. A picture that crashes its
+// reader, or gets it stuck, costs that picture. Among others it may take the limit twice, until it
+// is known which one it is.
 
 #pragma once
 
@@ -7,11 +10,13 @@
 #include "cli/accepted_names.h"
 #include "cli/file_report.h"
 #include "cli/options.h"
-#include "cli/property_reading.h"
 #include "lib/strings/string_holder.h"
 #include "location/file_facts.h"
 #include "location/file_info_record.h"
+#include "reader/reader_client.h"
+#include "reader/sandboxed_properties.h"
 
+#include <chrono>
 #include <optional>
 #include <span>
 #include <string>
@@ -26,6 +31,12 @@ struct ReportWishes {
     bool placemarks = false;
 };
 
+// Nobody waits at a window here, so a slow disk has more time than there.
+inline constexpr ReaderLimits kReportReaderLimits = {
+    .properties = {.processor = std::chrono::seconds(2),
+                   .silence = std::chrono::seconds(30),
+                   .whole = std::chrono::seconds(60)}};
+
 // True for the outputs that have every field of a file.
 bool showsFields(Output output);
 
@@ -36,7 +47,9 @@ bool prepareTexts();
 
 class FileReporter {
 public:
-    FileReporter(ReportWishes wishes, PropertyReading reading);
+    // Tests pass a launcher of their own.
+    explicit FileReporter(ReportWishes wishes, ReaderLauncher launcher = forkPropertyReader,
+                          const ReaderLimits& limits = kReportReaderLimits);
 
     // Has the reader get ready when one of the files will need it. They are all that will be read.
     void expect(std::span<const std::string> paths);
@@ -48,7 +61,7 @@ public:
     // Reads files: a report on each, in their order.
     //
     //   paths  at most kMostDescriptors, in the raw bytes of the system.
-    //   alarm  as of PropertyReading::read; -1 for none.
+    //   alarm  as of ReaderClient::readProperties; -1 for none.
     std::vector<FileReport> report(std::span<const std::string> paths, int alarm = -1);
 
     // The same for one file, whose record the caller gets: prepared before, released after.
@@ -75,7 +88,7 @@ private:
                    FileReport* report) const;
 
     ReportWishes wishes_;
-    PropertyReading reading_;
+    ReaderClient reader_;
     AcceptedNames accepted_;
     bool isOnlyFile_ = false;
     // Files that came to a folder together have the same dates.

@@ -49,7 +49,7 @@ int print(const std::string& text)
 
 int exportOne(const Options& options)
 {
-    FileReporter reporter({.output = options.output}, makePropertyReading());
+    FileReporter reporter({.output = options.output});
     const std::string problem = exportPicture(&reporter, options.files.front(), options.kmlPath);
     if (problem.empty()) return kSuccess;
     complain(problem);

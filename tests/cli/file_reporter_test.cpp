@@ -8,13 +8,15 @@
 #include "tests/support/picture_builder.h"
 
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
-#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -33,38 +35,63 @@ std::optional<PictureProperties> readOrDie(ByteSource& source)
     return readPictureProperties(source);
 }
 
-PropertyReading makeFaultyReading()
+ReaderProcess forkFaultyReader()
 {
-    ReaderLimits limits;
-    limits.properties.silence = std::chrono::seconds(1);
-    const auto client = std::make_shared<ReaderClient>(
-        [] {
-            return forkReader([](int socket) {
-                const rlimit none = {0, 0};
-                setrlimit(RLIMIT_CORE, &none);
-                serveReader(socket, {readOrDie, {}});
-            });
-        },
-        limits);
-    return {.prepare = [client] { client->start(); },
-            .read = [client](std::span<const int> descriptors,
-                             int alarm) { return client->readProperties(descriptors, alarm); },
-            .finish = [client] { client->dismiss(); }};
+    return forkReader([](int socket) {
+        const rlimit none = {0, 0};
+        setrlimit(RLIMIT_CORE, &none);
+        serveReader(socket, {readOrDie, {}});
+    });
 }
 
-// Reads nothing and counts.
-PropertyReading makeReading(ReadOutcome outcome, int* asked)
+// A reader that finds a position in every file.
+ReaderProcess forkGenerousReader()
 {
-    return {.prepare = [] {},
-            .read =
-                [outcome, asked](std::span<const int> descriptors, int /*alarm*/) {
-                    *asked += static_cast<int>(descriptors.size());
-                    std::vector<PropertyResult> results(descriptors.size());
-                    for (auto& result : results) result.outcome = outcome;
-                    return results;
-                },
-            .finish = [] {}};
+    return forkReader([](int socket) {
+        const auto findAlways = [](ByteSource&) -> std::optional<PictureProperties> {
+            PictureProperties properties;
+            properties.hasGps = true;
+            properties.latitude = 1.0;
+            properties.longitude = 2.0;
+            return properties;
+        };
+        serveReader(socket, {findAlways, {}});
+    });
 }
+
+// Launches readers that show in a pipe that they have ended by themselves.
+class WatchedReaders {
+public:
+    WatchedReaders() { EXPECT_EQ(pipe(ends_), 0); }
+    ~WatchedReaders()
+    {
+        close(ends_[0]);
+        close(ends_[1]);
+    }
+    WatchedReaders(const WatchedReaders&) = delete;
+    WatchedReaders& operator=(const WatchedReaders&) = delete;
+
+    ReaderLauncher launcher()
+    {
+        return [this] {
+            launched_++;
+            return forkReader([end = ends_[1]](int socket) {
+                serveReader(socket, {readPictureProperties, {}});
+                (void)!write(end, "", 1);
+            });
+        };
+    }
+    int launched() const { return launched_; }
+    bool hasEnded(int milliseconds) const
+    {
+        pollfd ended{ends_[0], POLLIN, 0};
+        return poll(&ended, 1, milliseconds) == 1;
+    }
+
+private:
+    int ends_[2] = {-1, -1};
+    int launched_ = 0;
+};
 }  // namespace
 
 TEST(FileReporter, losesOnlyThePictureThatAReaderDiesOf)
@@ -79,7 +106,9 @@ TEST(FileReporter, losesOnlyThePictureThatAReaderDiesOf)
                                                                      ? "CRASH..."
                                                                      : "LOOPS..."));
     }
-    FileReporter reporter({}, makeFaultyReading());
+    ReaderLimits limits;
+    limits.properties.silence = std::chrono::seconds(1);
+    FileReporter reporter({}, forkFaultyReader, limits);
     const auto start = std::chrono::steady_clock::now();
     const std::vector<FileReport> reports = reporter.report(paths);
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(40));
@@ -100,56 +129,54 @@ TEST(FileReporter, losesOnlyThePictureThatAReaderDiesOf)
 TEST(FileReporter, asksForPicturesOnly)
 {
     const test::TemporaryFolder folder;
-    int asked = 0;
-    FileReporter reporter({}, makeReading(ReadOutcome::nothing, &asked));
+    const std::string namedLikeAPicture = folder.file("folder.jpg");
+    ASSERT_EQ(mkdir(namedLikeAPicture.c_str(), 0700), 0);
+    FileReporter reporter({}, forkGenerousReader);
     const std::vector<FileReport> reports =
         reporter.report(Texts{folder.write("a.txt", "a"), folder.write("b.jpg", "bb"),
-                              folder.file("missing.jpg"), folder.path()});
-    EXPECT_EQ(asked, 1);
+                              folder.file("missing.jpg"), folder.path(), namedLikeAPicture});
     EXPECT_FALSE(reports[0].place);
     EXPECT_EQ(reports[0].size, 1u);
-    EXPECT_EQ(reports[1].place->result, -1);
+    EXPECT_EQ(reports[1].place->result, 0);
     EXPECT_EQ(reports[1].error, "");
     EXPECT_EQ(reports[2].place->result, -43);
     EXPECT_EQ(reports[2].error, "No such file or directory");
     EXPECT_EQ(reports[3].size, std::nullopt);
+    EXPECT_FALSE(reports[3].place);
+    EXPECT_EQ(reports[4].place->result, -1);
     EXPECT_EQ(reporter.report(Texts{}).size(), 0u);
 }
 
-TEST(FileReporter, startsTheReaderForPicturesAndSaysWhenTheOnlyOneIsRead)
+TEST(FileReporter, startsTheReaderForPicturesAndDismissesItAfterTheOnlyOne)
 {
     const test::TemporaryFolder folder;
     const std::string picture = folder.write("a.jpg", "a");
     const std::string text = folder.write("a.txt", "a");
     const struct {
+        const char* name;
         Texts paths;
-        int prepared;  // before anything is read
-        int finished;
-    } rows[] = {{{picture}, 1, 1}, {{text, picture}, 1, 0}, {{text}, 0, 1}, {{}, 0, 0}};
+        int launched;  // before anything is read
+        bool isDismissed;
+    } rows[] = {{"one picture", {picture}, 1, true},
+                {"two files", {text, picture}, 1, false},
+                {"no picture", {text}, 0, false},
+                {"nothing", {}, 0, false}};
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.paths.size());
-        int asked = 0;
-        int prepared = 0;
-        int finished = 0;
-        PropertyReading reading = makeReading(ReadOutcome::nothing, &asked);
-        reading.prepare = [&prepared] { prepared++; };
-        reading.finish = [&] {
-            finished++;
-            EXPECT_EQ(asked, prepared > 0 ? 1 : 0);
-        };
-        FileReporter reporter({}, reading);
+        SCOPED_TRACE(row.name);
+        WatchedReaders readers;
+        FileReporter reporter({}, readers.launcher());
         reporter.expect(row.paths);
-        EXPECT_EQ(prepared, row.prepared);
+        EXPECT_EQ(readers.launched(), row.launched);
         EXPECT_EQ(reporter.report(row.paths).size(), row.paths.size());
-        EXPECT_EQ(finished, row.finished);
+        EXPECT_EQ(readers.launched(), row.launched);
+        EXPECT_EQ(readers.hasEnded(row.isDismissed ? 10000 : 50), row.isDismissed);
     }
 }
 
 TEST(FileReporter, saysThatThereIsNoReader)
 {
     const test::TemporaryFolder folder;
-    int asked = 0;
-    FileReporter reporter({}, makeReading(ReadOutcome::noReader, &asked));
+    FileReporter reporter({}, [] { return ReaderProcess(); });
     const std::string path = folder.write("a.jpg", "a");
     EXPECT_EQ(reporter.report(Texts{path}).front().error,
               "pictures cannot be read safely on this system");
@@ -177,7 +204,7 @@ TEST(FileReporter, makesWhatIsWishedFor)
         {Output::text, ""},
     };
     for (const auto& row : rows) {
-        FileReporter reporter({.output = row.output, .placemarks = true}, makePropertyReading());
+        FileReporter reporter({.output = row.output, .placemarks = true});
         const std::vector<FileReport> reports = reporter.report(paths);
         EXPECT_EQ(reports[0].address, row.address);
         EXPECT_EQ(reports[0].placemark,
@@ -192,7 +219,7 @@ TEST(FileReporter, makesWhatIsWishedFor)
 TEST(BatchWork, countsWhatHasComeOfIt)
 {
     const test::TemporaryFolder folder;
-    BatchWork work({.output = Output::json}, makePropertyReading());
+    BatchWork work({.output = Output::json});
     const BatchResult result =
         work.process(Texts{folder.write("a.jpg", test::pictureWithGps({.lat = 1, .lon = 2})),
                            folder.write("b.jpg", "no picture"), folder.file("missing.jpg")});
