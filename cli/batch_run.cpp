@@ -69,15 +69,6 @@ void workInLanes(FolderWalk* walk, BatchWork* work, StopSignals* signals, Output
     }
 }
 
-std::uint64_t countFiles(const Options& options)
-{
-    FolderWalk walk(options.files, options.recursive,
-                    [](const std::string&, const std::string&) {});
-    std::uint64_t count = 0;
-    while (walk.next()) count++;
-    return count;
-}
-
 // Who asks for the address of a picture gets one or an error.
 bool missesAddress(const Options& options, const WorkCounts& counts)
 {
@@ -102,7 +93,6 @@ int reportOnFiles(const Options& options, StringHolder serviceTemplate)
         StopSignals signals;
         Outputs outputs(options, isMuch && !options.quiet);
         if (!outputs.begin()) return kSomeFileFailed;
-        if (outputs.showProgress()) outputs.total()->start([&] { return countFiles(options); });
         FolderWalk walk(options.files, options.recursive,
                         [&outputs](const std::string& path, const std::string& why) {
                             outputs.complainAboutFolder(path, why);

@@ -37,10 +37,8 @@ public:
 
     const WorkCounts& counts() const { return counts_; }
 
-    // The line on the terminal. Its total may be unknown for good.
-    bool showProgress() const { return progress_.isShown(); }
-    FileCount* total() { return &total_; }
-    void updateProgress() { progress_.update(counts_, &total_); }
+    // The line on the terminal.
+    void updateProgress() { progress_.update(counts_); }
 
 private:
     void print(std::string_view text);
@@ -54,7 +52,6 @@ private:
     bool isFirst_ = true;  // nothing has been printed
     int printError_ = 0;   // an errno
     WorkCounts counts_{};
-    FileCount total_{};
     ProgressLine progress_;
 };
 

@@ -15,6 +15,7 @@
 #include <csignal>
 #include <filesystem>
 #include <nlohmann/json.hpp>
+#include <regex>
 #include <sstream>
 #include <string>
 #include <thread>
@@ -234,9 +235,8 @@ TEST_F(ManyPictures, showTheirProgressOnATerminal)
     std::this_thread::sleep_for(std::chrono::milliseconds(700));
     EXPECT_EQ(program.finish(), 0);
     EXPECT_EQ(pathsIn(program.out()), names_);
-    EXPECT_NE(program.err().find(" of 5000 pictures, "), std::string::npos) << program.err();
-    EXPECT_NE(program.err().find(" per second, 0:"), std::string::npos) << program.err();
-    EXPECT_NE(program.err().find(" left"), std::string::npos) << program.err();
+    const std::regex line("\r\x1b\\[K[0-9]+ pictures, [0-9.]+ per second");
+    EXPECT_TRUE(std::regex_search(program.err(), line)) << program.err();
     // The line goes away before the summary comes.
     EXPECT_NE(program.err().find("\r\x1b[Kpinorama-info: 5000 pictures"), std::string::npos)
         << program.err();
