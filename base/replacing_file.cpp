@@ -15,17 +15,16 @@
 namespace pinorama {
 namespace {
 constexpr std::size_t kPendingBytes = 65536;
-constexpr int kMostNames = 100;  // unfinished files of earlier programs in the same place
+constexpr int kMaxNames = 100;  // unfinished files of earlier programs in the same place
+constexpr std::size_t kMaxNameLength = 255;  // bytes
+constexpr mode_t kAllPermissions = 07777;
 
-constexpr std::size_t kLongestName = 255;  // bytes
-
-// A path beside `target`, whose name is cut where the two would not fit together, between two
-// letters.
-std::string unfinishedPathOf(const std::string& target, int number)
+// A path beside `target`. If its name and the suffix together are too long, the name is cut between
+// two letters.
+std::string pathBeside(const std::string& target, const std::string& suffix)
 {
-    const std::string suffix = '.' + std::to_string(number) + ".new";
     const std::string_view name = nameOf(target);
-    std::size_t length = std::min(name.size(), kLongestName - suffix.size());
+    std::size_t length = std::min(name.size(), kMaxNameLength - suffix.size());
     const auto isInsideLetter = [&] { return (name[length] & 0xC0) == 0x80; };
     while (length > 0 && length < name.size() && isInsideLetter()) length--;
     return target.substr(0, target.size() - name.size() + length) + suffix;
@@ -35,6 +34,13 @@ bool isLink(const std::string& path)
 {
     struct stat facts = {};
     return lstat(path.c_str(), &facts) == 0 && S_ISLNK(facts.st_mode);
+}
+
+// Makes the new name of a file last. A file system that cannot do it has done what it can.
+void flushFolder(const std::string& path)
+{
+    const DescriptorHolder folder(openDescriptor(path.c_str(), O_RDONLY | O_DIRECTORY));
+    if (folder) (void)flushDescriptor(folder.get());
 }
 }  // namespace
 
@@ -49,29 +55,43 @@ bool ReplacingFile::begin(const std::string& path)
         errno = ENOENT;
         return false;
     }
-    target_ = pathBehindLinks(path);
+    target_ = options_.ownMode ? path : pathBehindLinks(path);
     if (target_.empty()) return false;
     if (target_.ends_with('/')) {
         errno = EISDIR;
         return false;
     }
-    struct stat status = {};
-    const bool exists = stat(target_.c_str(), &status) == 0;
-    if (!exists && errno != ENOENT) return false;
-    if (exists && (!S_ISREG(status.st_mode) || isLink(target_))) {
-        file_ = DescriptorHolder(openDescriptor(target_.c_str(), O_WRONLY | O_APPEND));
-        return static_cast<bool>(file_);
-    }
-    // A file that may not be written is not replaced either.
-    if (exists && faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0) return false;
+    if (options_.ownMode) return beginUnfinished(*options_.ownMode);
 
-    for (int number = 0; number < kMostNames; number++) {
-        const std::string name = unfinishedPathOf(target_, getpid() + number);
-        file_ =
-            DescriptorHolder(openDescriptor(name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW));
+    struct stat status = {};
+    if (stat(target_.c_str(), &status) != 0) return errno == ENOENT && beginUnfinished(0666);
+    if (!S_ISREG(status.st_mode) || isLink(target_)) return beginDirectly();
+    // A file that may not be written is not replaced either.
+    if (faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0) return false;
+    if (!beginUnfinished(0666)) return false;
+    (void)fchmod(file_.get(), status.st_mode & kAllPermissions);
+    return true;
+}
+
+bool ReplacingFile::beginDirectly()
+{
+    file_ = DescriptorHolder(openDescriptor(target_.c_str(), O_WRONLY | O_APPEND));
+    return static_cast<bool>(file_);
+}
+
+bool ReplacingFile::beginUnfinished(mode_t mode)
+{
+    const int names = options_.takesTurns ? 1 : kMaxNames;
+    for (int number = 0; number < names; number++) {
+        const std::string name = pathBeside(
+            target_,
+            options_.takesTurns ? ".new" : '.' + std::to_string(getpid() + number) + ".new");
+        // What a killed program left may be a pipe or a link by now, so it is not written to.
+        if (options_.takesTurns) unlink(name.c_str());
+        file_ = DescriptorHolder(
+            openDescriptor(name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW, mode));
         if (file_) {
             unfinished_ = name;
-            if (exists) (void)fchmod(file_.get(), status.st_mode & 07777);
             return true;
         }
         if (errno != EEXIST) return false;
@@ -97,11 +117,18 @@ bool ReplacingFile::finish()
 {
     if (!flush()) return false;
     if (unfinished_.empty()) return true;
-    if (!flushDescriptor(file_.get()) || std::rename(unfinished_.c_str(), target_.c_str()) != 0) {
-        return abandon();
-    }
+    if (!makeDurable() || std::rename(unfinished_.c_str(), target_.c_str()) != 0) return abandon();
     unfinished_.clear();
+    if (options_.durability == Durability::contentAndName) flushFolder(folderOf(target_));
     return true;
+}
+
+// Closes the file, as far as its durability asks after its content has reached the disk.
+bool ReplacingFile::makeDurable()
+{
+    const bool isFlushed = options_.durability == Durability::none || flushDescriptor(file_.get());
+    // Some file systems report only now that there was no room.
+    return isFlushed && (close(file_.take()) == 0 || errno == EINTR);
 }
 
 bool ReplacingFile::flush()
@@ -122,7 +149,7 @@ bool ReplacingFile::writeAll(std::string_view bytes)
         const ssize_t written = ::write(file_.get(), bytes.data(), bytes.size());
         if (written >= 0) {
             bytes.remove_prefix(static_cast<std::size_t>(written));
-        } else if (errno == EAGAIN && fullPipe_ == FullPipe::waits) {
+        } else if (errno == EAGAIN && options_.fullPipe == FullPipe::waits) {
             pollfd pipe = {.fd = file_.get(), .events = POLLOUT, .revents = 0};
             (void)poll(&pipe, 1, -1);
         } else if (errno != EINTR) {

@@ -29,7 +29,7 @@ public:
     bool finish();
 
 private:
-    ReplacingFile file_{FullPipe::waits};
+    ReplacingFile file_{{.fullPipe = FullPipe::waits}};
 };
 
 }  // namespace pinorama

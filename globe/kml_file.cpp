@@ -30,7 +30,7 @@ bool gpsSaveKML(const std::string& path, const fileInfoRecord& info, TovStringRe
         return false;
     }
 
-    ReplacingFile file(fullPipe);
+    ReplacingFile file({.fullPipe = fullPipe});
     if (!file.begin(path)) return false;
     if (!file.unfinishedPath().empty()) {
         const StringHolder unfinished(createPathText(file.unfinishedPath()));

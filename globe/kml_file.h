@@ -10,7 +10,7 @@
 #include <string>
 
 // Exports a location to a new file beside `path`, which takes the place of the one at `path` when
-// it is whole (base/replacing_file.h describes links, permissions, devices and pipes).
+// it is whole (base/replacing_file.h has the rules for links, permissions, devices and pipes).
 //
 //   path         in the raw bytes of the system.
 //   pictureName  the picture's file name with its extension, or null; read only. It is made safe

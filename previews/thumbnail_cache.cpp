@@ -1,17 +1,14 @@
 #include "previews/thumbnail_cache.h"
 
+#include "base/replacing_file.h"
+#include "base/user_folders.h"
 #include "previews/png_writer.h"
 
 #include <QCryptographicHash>
 #include <QImage>
 
-#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
-
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace pinorama {
 namespace {
@@ -45,7 +42,7 @@ std::string uriOf(const std::string& path, std::string_view plain)
 }
 
 // Empty when there is no home folder; an XDG path that is not absolute counts as unset.
-std::string cacheFolder()
+std::string thumbnailFolder()
 {
     const char* cache = std::getenv("XDG_CACHE_HOME");
     if (cache != nullptr && *cache == '/') return std::string(cache) + "/thumbnails";
@@ -78,16 +75,6 @@ std::string fileName(const std::string& uri)
            ".png";
 }
 
-bool makeFolders(const std::string& folder)
-{
-    std::size_t end = 0;
-    while (end != std::string::npos) {
-        end = folder.find('/', end + 1);
-        if (mkdir(folder.substr(0, end).c_str(), 0700) != 0 && errno != EEXIST) return false;
-    }
-    return true;
-}
-
 QByteArray pngOf(const QImage& image, const ThumbnailLabel& label, std::uint64_t fileSize)
 {
     return cuMakePNG(image, {{"Thumb::URI", label.uri},
@@ -96,28 +83,12 @@ QByteArray pngOf(const QImage& image, const ThumbnailLabel& label, std::uint64_t
                              {"Software", "Pinorama"}});
 }
 
-bool writeAll(int descriptor, const QByteArray& bytes)
-{
-    qsizetype done = 0;
-    while (done < bytes.size()) {
-        const ssize_t count = write(descriptor, bytes.constData() + done,
-                                    static_cast<std::size_t>(bytes.size() - done));
-        if (count < 0 && errno == EINTR) continue;
-        if (count <= 0) return false;
-        done += count;
-    }
-    return true;
-}
-
 void replaceFile(const std::string& path, const QByteArray& bytes)
 {
-    std::string temporary = path + ".XXXXXX";
-    const int descriptor = mkostemp(temporary.data(), O_CLOEXEC);  // readable by the user alone
-    if (descriptor < 0) return;
-    const bool isWritten = writeAll(descriptor, bytes);
-    // Some file systems tell only now that there was no room.
-    const bool isComplete = close(descriptor) == 0 && isWritten;
-    if (!isComplete || rename(temporary.c_str(), path.c_str()) != 0) unlink(temporary.c_str());
+    ReplacingFile file({.durability = Durability::none, .ownMode = 0600});
+    const std::string_view content(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+    // A thumbnail that cannot be kept is made again the next time.
+    (void)(file.begin(path) && file.write(content) && file.finish());
 }
 }  // namespace
 
@@ -128,7 +99,7 @@ bool ThumbnailLabel::matches(std::string_view uriText, std::string_view mtimeTex
 
 std::vector<ThumbnailPlace> cuThumbnailPlaces(const std::string& path, std::int64_t mtime, int side)
 {
-    const std::string cache = cacheFolder();
+    const std::string cache = thumbnailFolder();
     if (cache.empty() || path.empty() || path.front() != '/' || isInCache(path, cache)) return {};
 
     std::vector<std::string> uris = {uriOf(path, kPlainForGLib)};
@@ -146,7 +117,7 @@ std::vector<ThumbnailPlace> cuThumbnailPlaces(const std::string& path, std::int6
 void cuStoreThumbnail(const std::string& path, std::int64_t mtime, std::uint64_t fileSize, int side,
                       const QImage& image)
 {
-    const std::string cache = cacheFolder();
+    const std::string cache = thumbnailFolder();
     if (cache.empty() || path.empty() || path.front() != '/' || isInCache(path, cache)) return;
     if (image.isNull() || image.width() > side || image.height() > side) return;
     for (const Size& size : kSizes) {
@@ -154,7 +125,7 @@ void cuStoreThumbnail(const std::string& path, std::int64_t mtime, std::uint64_t
         const ThumbnailLabel label = {uriOf(path, kPlainForGLib), mtime};
         const std::string folder = cache + "/" + size.name;
         const QByteArray png = pngOf(image, label, fileSize);
-        if (!png.isEmpty() && makeFolders(folder))
+        if (!png.isEmpty() && makeFolders(folder, 0700))
             replaceFile(folder + "/" + fileName(label.uri), png);
     }
 }

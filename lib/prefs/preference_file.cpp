@@ -1,8 +1,9 @@
 #include "lib/prefs/preference_file.h"
 
 #include "base/file_lock.h"
+#include "base/item_path.h"
 #include "base/moving.h"
-#include "base/replace_file.h"
+#include "base/replacing_file.h"
 #include "base/user_folders.h"
 #include "base/utf8.h"
 #include "base/whole_file.h"
@@ -112,6 +113,15 @@ bool change(json* values, const std::string& key, const std::optional<Preference
     place = std::move(changed);
     return true;
 }
+
+// Whoever keeps the preferences elsewhere, behind a link, keeps them there.
+bool replace(const std::string& path, const std::string& content)
+{
+    const std::string existing = resolvedPath(path.c_str());
+    ReplacingFile file(
+        {.durability = Durability::contentAndName, .ownMode = 0600, .takesTurns = true});
+    return file.begin(existing.empty() ? path : existing) && file.write(content) && file.finish();
+}
 }  // namespace
 
 std::string pinorama::PreferenceFile::path() const
@@ -140,5 +150,5 @@ bool pinorama::PreferenceFile::store(std::u16string_view key,
     if (content.state == FileState::unreadable) return false;
     if (content.state == FileState::damaged && !setAside(path())) return false;
     if (!change(&content.values, displayUTF8(key), value)) return true;
-    return replaceFile(path(), content.values.dump(4) + "\n");
+    return replace(path(), content.values.dump(4) + "\n");
 }

@@ -113,8 +113,9 @@ std::int32_t cocoaUtils::compressToZIPFile(TovStringRef source, TovStringRef tar
         return kFailed;
     }
 
-    // The archiver leaves an empty archive behind when the source is missing: it works on a file of
-    // its own beside the target, which takes the target's place only after success.
+    // The archiver leaves an empty archive when the source is missing, so it works on a file of its
+    // own beside the target, which replaces the target only after success. It makes that file
+    // itself, by its name, so it cannot be a ReplacingFile, which holds its file open.
     const std::string unfinished = target.string() + "." + std::to_string(getpid()) + ".part";
     std::int32_t status = cuPackIntoZIP(original, unfinished);
     if (status == 0 && deleteOriginal != 0 &&

@@ -24,9 +24,10 @@ std::size_t countOfItems(const std::string& folder)
     return static_cast<std::size_t>(std::distance(begin(items), end(items)));
 }
 
-bool replace(const std::string& path, const std::string& content)
+bool replace(const std::string& path, const std::string& content,
+             const ReplacingFileOptions& options = {})
 {
-    ReplacingFile file;
+    ReplacingFile file(options);
     return file.begin(path) && file.write(content) && file.finish();
 }
 }  // namespace
@@ -141,6 +142,39 @@ TEST(ReplacingFile, takesAnotherNameWhenOneIsTaken)
     EXPECT_EQ(test::readFile(taken), "mine");
 }
 
+TEST(ReplacingFile, ofTheProgramsOwnReplacesWhateverHasItsPath)
+{
+    const test::TemporaryFolder folder;
+    const std::string other = folder.write("other", "kept");
+    ASSERT_EQ(symlink(other.c_str(), folder.file("link").c_str()), 0);
+    ASSERT_EQ(symlink("missing/x", folder.file("astray").c_str()), 0);
+    ASSERT_EQ(mkfifo(folder.file("pipe").c_str(), 0666), 0);
+    ASSERT_EQ(chmod(folder.write("read-only", "old").c_str(), 0444), 0);
+    for (const char* name : {"new", "link", "astray", "pipe", "read-only"}) {
+        SCOPED_TRACE(name);
+        const std::string path = folder.file(name);
+        EXPECT_TRUE(replace(path, "new", {.durability = Durability::none, .ownMode = 0600}));
+        struct stat status = {};
+        ASSERT_EQ(lstat(path.c_str(), &status), 0);
+        EXPECT_EQ(status.st_mode, mode_t{S_IFREG | 0600});
+        EXPECT_EQ(test::readFile(path), "new");
+    }
+    EXPECT_EQ(test::readFile(other), "kept");
+    EXPECT_EQ(countOfItems(folder.path()), 6u);
+}
+
+TEST(ReplacingFile, removesWhatAKilledProgramLeftWhereWritersTakeTurns)
+{
+    const test::TemporaryFolder folder;
+    const std::string other = folder.write("other", "kept");
+    ASSERT_EQ(symlink(other.c_str(), folder.file("a.json.new").c_str()), 0);
+    EXPECT_TRUE(replace(folder.file("a.json"), "new",
+                        {.durability = Durability::contentAndName, .takesTurns = true}));
+    EXPECT_EQ(test::readFile(folder.file("a.json")), "new");
+    EXPECT_EQ(test::readFile(other), "kept");
+    EXPECT_EQ(countOfItems(folder.path()), 2u);
+}
+
 TEST(ReplacingFile, writesToADeviceDirectly)
 {
     EXPECT_TRUE(replace("/dev/null", "new"));
@@ -179,7 +213,7 @@ TEST(ReplacingFile, waitsForTheReaderOfAFullPipeWhenItIsTold)
     }
     std::string seen;
     const int reader = open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
-    ReplacingFile patient(FullPipe::waits);
+    ReplacingFile patient({.fullPipe = FullPipe::waits});
     ASSERT_TRUE(patient.begin(pipe));
     ASSERT_EQ(fcntl(reader, F_SETFL, 0), 0);
     std::thread slow([&] {
