@@ -5,6 +5,8 @@
 #include <cerrno>
 
 #include <fcntl.h>
+#include <poll.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/uio.h>
 #include <unistd.h>
@@ -25,7 +27,7 @@ int aboveStandardStreams(int descriptor)
 }
 
 // Calls step(done) until `count` bytes are done, no more are moved, or a step fails. A count of 0
-// makes one step, so that a bad descriptor is told all the same.
+// makes one step, so that a bad descriptor is reported all the same.
 template <typename Step>
 std::int64_t transfer(std::size_t count, Step step)
 {
@@ -39,7 +41,20 @@ std::int64_t transfer(std::size_t count, Step step)
     }
 }
 
-// Appends through the end that the file tells, for file systems that cannot do it in one step.
+// False with errno set unless a transfer moved all of `count` bytes.
+bool isWhole(std::int64_t moved, std::size_t count)
+{
+    if (moved >= 0 && moved != static_cast<std::int64_t>(count)) errno = EIO;
+    return moved == static_cast<std::int64_t>(count);
+}
+
+void waitUntilWritable(int descriptor)
+{
+    pollfd state = {.fd = descriptor, .events = POLLOUT, .revents = 0};
+    (void)poll(&state, 1, -1);
+}
+
+// Appends at the end that fstat reports, for file systems that cannot do it in one step.
 ssize_t writeAtTheEnd(int descriptor, const void* bytes, std::size_t count)
 {
     struct stat facts = {};
@@ -96,6 +111,29 @@ std::int64_t writeAt(int descriptor, std::int64_t offset, const void* buffer, st
         return pwrite(descriptor, bytes + done, count - done,
                       offset + static_cast<std::int64_t>(done));
     });
+}
+
+bool writeAll(int descriptor, std::string_view bytes, FullPipe fullPipe)
+{
+    if (bytes.empty()) return true;
+    const std::int64_t written = transfer(bytes.size(), [&](std::size_t done) {
+        while (true) {
+            const ssize_t moved = write(descriptor, bytes.data() + done, bytes.size() - done);
+            const bool waits = moved < 0 && errno == EAGAIN && fullPipe == FullPipe::waits;
+            if (!waits) return moved;
+            waitUntilWritable(descriptor);
+        }
+    });
+    return isWhole(written, bytes.size());
+}
+
+bool sendAll(int socket, std::span<const std::uint8_t> bytes)
+{
+    if (bytes.empty()) return true;
+    const std::int64_t sent = transfer(bytes.size(), [&](std::size_t done) {
+        return send(socket, bytes.data() + done, bytes.size() - done, MSG_NOSIGNAL);
+    });
+    return isWhole(sent, bytes.size());
 }
 
 std::int64_t appendTo(int descriptor, const void* buffer, std::size_t count)

@@ -6,6 +6,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
+#include <string_view>
 #include <utility>
 
 #include <sys/types.h>
@@ -34,7 +36,21 @@ std::int64_t readAt(int descriptor, std::int64_t offset, void* buffer, std::size
 // same.
 std::int64_t writeAt(int descriptor, std::int64_t offset, const void* buffer, std::size_t count);
 
-// Writes `count` bytes behind the end that the file has at that moment, wherever other writers have
+// What writing does when nobody takes the bytes out of a full pipe.
+enum class FullPipe : std::uint8_t {
+    fails,  // with EAGAIN, for programs that must not stand still
+    waits,  // however long that takes
+};
+
+// Writes all bytes, where the file stands. False with errno set; then some of them may have been
+// written all the same.
+bool writeAll(int descriptor, std::string_view bytes, FullPipe fullPipe = FullPipe::fails);
+
+// Sends all bytes over a stream socket that waits while the other side does not read. False with
+// errno set; a socket whose other side is gone gives EPIPE and no signal.
+bool sendAll(int socket, std::span<const std::uint8_t> bytes);
+
+// Appends `count` bytes at the end that the file has at that moment, wherever other writers have
 // moved it. Two processes that append to one file never overwrite each other's bytes.
 //
 // Returns as writeAt does.

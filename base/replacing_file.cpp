@@ -8,7 +8,6 @@
 #include <string>
 
 #include <fcntl.h>
-#include <poll.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -137,25 +136,8 @@ bool ReplacingFile::flush()
         errno = EBADF;
         return false;
     }
-    if (!writeAll(pending_)) return abandon();
+    if (!writeAll(file_.get(), pending_, options_.fullPipe)) return abandon();
     pending_.clear();
-    return true;
-}
-
-// Writes everything. False with errno set.
-bool ReplacingFile::writeAll(std::string_view bytes)
-{
-    while (!bytes.empty()) {
-        const ssize_t written = ::write(file_.get(), bytes.data(), bytes.size());
-        if (written >= 0) {
-            bytes.remove_prefix(static_cast<std::size_t>(written));
-        } else if (errno == EAGAIN && options_.fullPipe == FullPipe::waits) {
-            pollfd pipe = {.fd = file_.get(), .events = POLLOUT, .revents = 0};
-            (void)poll(&pipe, 1, -1);
-        } else if (errno != EINTR) {
-            return false;
-        }
-    }
     return true;
 }
 

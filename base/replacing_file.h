@@ -17,12 +17,6 @@
 
 namespace pinorama {
 
-// What writing does when nobody takes the bytes out of a full pipe.
-enum class FullPipe : std::uint8_t {
-    fails,  // with EAGAIN, for programs that must not stand still
-    waits,  // however long that takes
-};
-
 // What a finished file survives when the power fails afterwards.
 enum class Durability : std::uint8_t {
     none,            // may be empty or damaged then; for what can be made again
@@ -81,8 +75,6 @@ private:
     bool flush();
     bool makeDurable();
     bool abandon();
-
-    bool writeAll(std::string_view bytes);
 
     const ReplacingFileOptions options_;
     std::string target_;

@@ -1,5 +1,6 @@
 #include "cli/outputs.h"
 
+#include "base/descriptor.h"
 #include "cli/complaint.h"
 
 #include <cerrno>
@@ -71,25 +72,15 @@ void Outputs::print(std::string_view text)
     }
     if (text.empty() || printError_ != 0) return;
     progress_.clear();
-    while (!text.empty()) {
-        const ssize_t written = ::write(STDOUT_FILENO, text.data(), text.size());
-        if (written < 0 && errno == EINTR) continue;
-        if (written < 0) {
-            printError_ = errno;
-            if (!readerHasGone()) {
-                complain(std::string("standard output: ") + std::strerror(printError_));
-            }
-            return;
-        }
-        text.remove_prefix(static_cast<std::size_t>(written));
-    }
+    if (writeAll(STDOUT_FILENO, text)) return;
+    printError_ = errno;
+    if (!readerHasGone()) complain(std::string("standard output: ") + std::strerror(printError_));
 }
 
 void Outputs::printComplaints(std::string_view lines)
 {
     progress_.clear();
-    // Nobody is left to tell when this fails.
-    (void)!::write(STDERR_FILENO, lines.data(), lines.size());
+    (void)writeAll(STDERR_FILENO, lines);  // nobody is left to report a failure to
 }
 
 void Outputs::loseKml()

@@ -11,8 +11,7 @@ constexpr char kClearLine[] = "\r\x1b[K";
 
 void writeToTerminal(const std::string& text)
 {
-    // Nothing depends on what a terminal shows.
-    (void)!write(STDERR_FILENO, text.data(), text.size());
+    (void)writeAll(STDERR_FILENO, text);  // nothing depends on what a terminal shows
 }
 
 std::string fixed(double value, int digits)

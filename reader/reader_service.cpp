@@ -1,5 +1,6 @@
 #include "reader/reader_service.h"
 
+#include "base/descriptor.h"
 #include "reader/reader_protocol.h"
 #include "reader/reader_socket.h"
 #include "reader/stream_byte_source.h"
@@ -44,7 +45,7 @@ public:
 
     bool send()
     {
-        const bool isSent = sendAnswer(socket_, bytes_);
+        const bool isSent = sendAll(socket_, bytes_);
         bytes_.clear();
         lastSent_ = std::chrono::steady_clock::now();
         return isSent;
@@ -121,7 +122,7 @@ bool serveOne(int socket, const ReaderTasks& tasks, SourceHolder* source)
 
 void serveReader(int socket, const ReaderTasks& tasks)
 {
-    if (!sendAnswer(socket, encodeAnswerHead({ReaderTask::hello, ReaderOutcome::found, 0, 0}))) {
+    if (!sendAll(socket, encodeAnswerHead({ReaderTask::hello, ReaderOutcome::found, 0, 0}))) {
         return;
     }
     const auto source = std::make_unique_for_overwrite<SourceHolder>();

@@ -100,17 +100,6 @@ bool receiveRequest(int socket, std::span<std::uint8_t> request,
     return true;
 }
 
-bool sendAnswer(int socket, ByteView bytes)
-{
-    while (!bytes.empty()) {
-        const ssize_t count = send(socket, bytes.data(), bytes.size(), MSG_NOSIGNAL);
-        if (count < 0 && errno == EINTR) continue;
-        if (count <= 0) return false;
-        bytes = bytes.subspan(static_cast<std::size_t>(count));
-    }
-    return true;
-}
-
 std::ptrdiff_t receiveBytes(int socket, std::span<std::uint8_t> buffer)
 {
     ssize_t count = 0;

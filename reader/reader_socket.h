@@ -28,9 +28,6 @@ SendOutcome sendRequest(int socket, ByteView request, std::span<const int> descr
 bool receiveRequest(int socket, std::span<std::uint8_t> request,
                     std::vector<DescriptorHolder>* outDescriptors);
 
-// Sends all bytes, waiting while the other side does not read. False when it is gone.
-bool sendAnswer(int socket, ByteView bytes);
-
 // Reads what has come, at most as many bytes as fit.
 //
 // Returns the bytes read, 0 when nothing is there now, -1 when the other side is gone.

@@ -8,10 +8,12 @@
 #include <cerrno>
 #include <csignal>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include <fcntl.h>
 #include <sys/resource.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -88,6 +90,64 @@ TEST(writeAt, failsWhenTheFileMayNotGrowFurther)
     ASSERT_EQ(waitpid(child, &status, 0), child);
     EXPECT_EQ(status, 0);
     EXPECT_EQ(test::readFile(path), std::string(10, 'x'));
+}
+
+TEST(writeAll, waitsForTheReaderOfAFullPipeIfItMay)
+{
+    int ends[2];
+    ASSERT_EQ(pipe2(ends, O_NONBLOCK), 0);
+    const DescriptorHolder reader(ends[0]), writer(ends[1]);
+    const std::string much(1'000'000, 'x');
+    EXPECT_FALSE(writeAll(writer.get(), much)) << "nobody reads";
+    EXPECT_EQ(errno, EAGAIN);
+
+    // What the failed call wrote until the pipe was full comes first.
+    std::string seen;
+    std::thread slow([&] {
+        char bytes[4096];
+        while (!seen.ends_with('.')) {
+            const ssize_t count = read(reader.get(), bytes, sizeof bytes);
+            if (count > 0) seen.append(bytes, static_cast<std::size_t>(count));
+        }
+    });
+    EXPECT_TRUE(writeAll(writer.get(), much + '.', FullPipe::waits));
+    slow.join();
+    EXPECT_GT(seen.size(), much.size());
+}
+
+TEST(writeAll, reportsWhyItFails)
+{
+    const DescriptorHolder full(openDescriptor("/dev/full", O_WRONLY));
+    EXPECT_FALSE(writeAll(full.get(), "a"));
+    EXPECT_EQ(errno, ENOSPC);
+    EXPECT_TRUE(writeAll(full.get(), ""));
+    EXPECT_FALSE(writeAll(-1, "a"));
+    EXPECT_EQ(errno, EBADF);
+}
+
+TEST(sendAll, sendsEverythingAndReportsWhenTheOtherSideIsGone)
+{
+    int ends[2];
+    ASSERT_EQ(socketpair(AF_UNIX, SOCK_STREAM, 0, ends), 0);
+    const DescriptorHolder near(ends[0]);
+    DescriptorHolder far(ends[1]);
+    const std::vector<std::uint8_t> much(1'000'000, 'x');
+    std::size_t received = 0;
+    std::thread slow([&] {
+        std::vector<std::uint8_t> bytes(4096);
+        while (received < much.size()) {
+            const ssize_t count = read(far.get(), bytes.data(), bytes.size());
+            if (count <= 0) break;
+            received += static_cast<std::size_t>(count);
+        }
+    });
+    EXPECT_TRUE(sendAll(near.get(), much));
+    slow.join();
+    EXPECT_EQ(received, much.size());
+    far = DescriptorHolder();
+    EXPECT_TRUE(sendAll(near.get(), {}));
+    EXPECT_FALSE(sendAll(near.get(), much)) << "and no signal ends this process";
+    EXPECT_EQ(errno, EPIPE);
 }
 
 TEST(appendTo, neverLosesWhatAnotherProcessAppends)

@@ -67,9 +67,9 @@ Fault faultOf(int descriptor)
 void sendMessage(const ReaderRequest& request, const std::vector<std::uint8_t>& body,
                  std::uint32_t claimedLength)
 {
-    (void)sendAnswer(kSocket, encodeAnswerHead({request.task, ReaderOutcome::found, request.number,
-                                                claimedLength}));
-    (void)sendAnswer(kSocket, body);
+    (void)sendAll(kSocket, encodeAnswerHead({request.task, ReaderOutcome::found, request.number,
+                                             claimedLength}));
+    (void)sendAll(kSocket, body);
 }
 
 void sendBody(const ReaderRequest& request, const std::vector<std::uint8_t>& body)
@@ -79,8 +79,8 @@ void sendBody(const ReaderRequest& request, const std::vector<std::uint8_t>& bod
 
 void sendNothing(const ReaderRequest& request)
 {
-    (void)sendAnswer(kSocket,
-                     encodeAnswerHead({request.task, ReaderOutcome::nothing, request.number, 0}));
+    (void)sendAll(kSocket,
+                  encodeAnswerHead({request.task, ReaderOutcome::nothing, request.number, 0}));
 }
 
 // A good answer of the kind that was asked for, carrying what a fault got hold of.
@@ -188,7 +188,7 @@ void answerGarbage()
         state = state * 1664525 + 1013904223;
         byte = static_cast<std::uint8_t>(state >> 24);
     }
-    (void)sendAnswer(kSocket, bytes);
+    (void)sendAll(kSocket, bytes);
 }
 
 void answerTooMuch(const ReaderRequest& request)
@@ -196,7 +196,7 @@ void answerTooMuch(const ReaderRequest& request)
     const std::vector<std::uint8_t> flood(1 << 20);
     sendMessage(request, flood, std::numeric_limits<std::uint32_t>::max());
     for (int i = 0; i < 64; i++) {
-        if (!sendAnswer(kSocket, flood)) return;
+        if (!sendAll(kSocket, flood)) return;
     }
 }
 
@@ -258,7 +258,7 @@ void commit(const Fault& fault, const ReaderRequest& request)
     } else if (fault.name == "half") {
         const auto head =
             encodeAnswerHead({request.task, ReaderOutcome::found, request.number, 64});
-        (void)sendAnswer(kSocket, head);
+        (void)sendAll(kSocket, head);
         for (;;) spin(std::chrono::hours(1));
     } else {
         sendNothing(request);
@@ -286,7 +286,7 @@ int main(int argc, char** argv)
     if (option == "--never-ready") spin(std::chrono::hours(1));
     if (option == "--slow-start" && argc > 2) sleepFor(std::atoi(argv[2]));
     if (option != "--without-sandbox" && !enterSandbox(readerRules(kSocket))) return 1;
-    (void)sendAnswer(kSocket, encodeAnswerHead({ReaderTask::hello, ReaderOutcome::found, 0, 0}));
+    (void)sendAll(kSocket, encodeAnswerHead({ReaderTask::hello, ReaderOutcome::found, 0, 0}));
 
     std::array<std::uint8_t, kRequestSize> bytes;
     std::vector<DescriptorHolder> descriptors;

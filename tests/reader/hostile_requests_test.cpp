@@ -40,7 +40,7 @@ public:
     {
         return sendRequest(process_.socket(), encodeRequest(request), descriptors);
     }
-    void sendBytes(ByteView bytes) { (void)sendAnswer(process_.socket(), bytes); }
+    void sendBytes(ByteView bytes) { (void)sendAll(process_.socket(), bytes); }
     void endSending() { (void)shutdown(process_.socket(), SHUT_WR); }
 
     // Up to `count` bytes; fewer when the reader ends or is silent for too long.
