@@ -9,9 +9,30 @@
 
 namespace pinorama {
 
-inline bool isASCII(char16_t unit)
+constexpr bool isASCII(char16_t unit)
 {
     return unit < 0x80;
+}
+
+// True for the letters A to Z and a to z and the digits, as bytes or as units.
+template <typename Unit>
+constexpr bool isASCIIAlphanumeric(Unit unit)
+{
+    return (unit >= 'a' && unit <= 'z') || (unit >= 'A' && unit <= 'Z') ||
+           (unit >= '0' && unit <= '9');
+}
+
+inline constexpr char kHexDigits[] = "0123456789ABCDEF";
+inline constexpr char kLowerHexDigits[] = "0123456789abcdef";
+
+// The value of a hexadecimal digit, whose letters may be large or small; -1 for anything else.
+template <typename Unit>
+constexpr int hexDigitValue(Unit unit)
+{
+    if (unit >= '0' && unit <= '9') return unit - '0';
+    if (unit >= 'A' && unit <= 'F') return unit - 'A' + 10;
+    if (unit >= 'a' && unit <= 'f') return unit - 'a' + 10;
+    return -1;
 }
 
 // How many bytes or units at the beginning are ASCII.

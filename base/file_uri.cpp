@@ -1,5 +1,7 @@
 #include "base/file_uri.h"
 
+#include "base/percent_escape.h"
+
 #include <array>
 #include <climits>
 
@@ -7,7 +9,9 @@
 
 namespace pinorama {
 namespace {
-constexpr std::string_view kDigits = "0123456789ABCDEF";
+// RFC 3986 lets more stand in a path; not every program that reads one agrees.
+constexpr std::string_view kPlainInPath = "-._~/";
+static_assert(kPlainInPath.starts_with(kUnreservedRFC3986));
 
 char lowered(char c)
 {
@@ -30,36 +34,21 @@ bool isThisMachine(std::string_view host)
     return gethostname(name.data(), name.size() - 1) == 0 && equalIgnoringCase(host, name.data());
 }
 
-int valueOfDigit(char c)
-{
-    if (c >= '0' && c <= '9') return c - '0';
-    if (lowered(c) >= 'a' && lowered(c) <= 'f') return lowered(c) - 'a' + 10;
-    return -1;
-}
-
 std::optional<std::string> unescaped(std::string_view text)
 {
     std::string bytes;
     for (std::size_t i = 0; i < text.size(); ++i) {
         char byte = text[i];
         if (byte == '%') {
-            if (text.size() - i < 3) return std::nullopt;
-            const int high = valueOfDigit(text[i + 1]);
-            const int low = valueOfDigit(text[i + 2]);
-            if (high < 0 || low < 0) return std::nullopt;
-            byte = static_cast<char>(high * 16 + low);
-            i += 2;
+            const int escaped = percentEscapedByte(text.substr(i));
+            if (escaped < 0) return std::nullopt;
+            byte = static_cast<char>(escaped);
+            i += kPercentEscapeLength - 1;
         }
         if (byte == '\0') return std::nullopt;
         bytes.push_back(byte);
     }
     return bytes;
-}
-
-bool isUnreserved(char c)
-{
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
-           std::string_view("-._~").find(c) != std::string_view::npos;
 }
 }  // namespace
 
@@ -87,16 +76,7 @@ std::optional<std::string> pathOfFileURI(std::string_view uri)
 
 std::string escapedPath(std::string_view path)
 {
-    std::string escaped;
-    for (const char c : path) {
-        if (isUnreserved(c) || c == '/') {
-            escaped.push_back(c);
-        } else {
-            const auto byte = static_cast<unsigned char>(c);
-            escaped += {'%', kDigits[byte >> 4], kDigits[byte & 15]};
-        }
-    }
-    return escaped;
+    return percentEscaped(path, kPlainInPath);
 }
 
 std::string fileURIOfPath(std::string_view path)

@@ -1,5 +1,6 @@
 #include "cli/json_line.h"
 
+#include "base/ascii.h"
 #include "cli/report_fields.h"
 
 #include <algorithm>
@@ -89,7 +90,6 @@ private:
     }
     void addEscape(char c)
     {
-        constexpr char kHexDigits[] = "0123456789abcdef";
         switch (c) {
         case '"': *out_ += "\\\""; return;
         case '\\': *out_ += "\\\\"; return;
@@ -100,8 +100,8 @@ private:
         }
         const auto byte = static_cast<unsigned char>(c);
         *out_ += "\\u00";
-        *out_ += kHexDigits[byte >> 4];
-        *out_ += kHexDigits[byte & 0x0f];
+        *out_ += kLowerHexDigits[byte >> 4];
+        *out_ += kLowerHexDigits[byte & 0x0f];
     }
 
     std::string* out_;

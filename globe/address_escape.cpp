@@ -1,6 +1,7 @@
 #include "globe/address_escape.h"
 
 #include "base/memory_guard.h"
+#include "base/percent_escape.h"
 #include "base/utf8.h"
 
 #include <string>
@@ -8,27 +9,15 @@
 using namespace pinorama;
 
 namespace {
-bool isLegalInAddress(char byte)
-{
-    return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') ||
-           (byte >= '0' && byte <= '9') ||
-           std::string_view("-_.!~*'();/?:@&=+$,").find(byte) != std::string_view::npos;
-}
+// RFC 2396: the unreserved marks, and the characters that are reserved (section 2.2).
+constexpr std::string_view kLegalInAddress = "-_.!~*'();/?:@&=+$,";
+static_assert(kLegalInAddress.starts_with(kUnreservedRFC2396));
 }  // namespace
 
 TovStringRef gpsEscapeForAddress(std::u16string_view name)
 {
     return baseGuardMemory([&]() -> TovStringRef {
-        constexpr std::u16string_view kDigits = u"0123456789ABCDEF";
-        std::u16string escaped;
-        for (const char byte : displayUTF8(name)) {
-            if (isLegalInAddress(byte)) {
-                escaped += static_cast<char16_t>(byte);
-            } else {
-                const auto value = static_cast<unsigned char>(byte);
-                escaped += {u'%', kDigits[value >> 4], kDigits[value & 15]};
-            }
-        }
-        return createString(escaped);
+        const std::string escaped = percentEscaped(displayUTF8(name), kLegalInAddress);
+        return createString(std::u16string(escaped.begin(), escaped.end()));
     });
 }

@@ -1,5 +1,6 @@
 #include "previews/thumbnail_cache.h"
 
+#include "base/percent_escape.h"
 #include "base/replacing_file.h"
 #include "base/user_folders.h"
 #include "previews/png_writer.h"
@@ -19,26 +20,14 @@ struct Size {
 
 constexpr Size kSizes[] = {{"normal", 128}, {"large", 256}, {"x-large", 512}, {"xx-large", 1024}};
 
-// What GLib, and so the GNOME programs, leave as it is in the path of a URI besides letters and
-// digits; and what Qt, and so the KDE programs, do.
+// What stays in the path of a URI besides letters and digits: for GLib, and so for the GNOME
+// programs, what RFC 2396 allows there; for Qt, and so for the KDE programs, the semicolon as well.
 constexpr std::string_view kPlainForGLib = "-_.!~*'()&=+$,:@/";
 constexpr std::string_view kPlainForQt = "-_.!~*'()&=+$,:@/;";
 
 std::string uriOf(const std::string& path, std::string_view plain)
 {
-    static constexpr char digits[] = "0123456789ABCDEF";
-    std::string uri = "file://";
-    for (const char c : path) {
-        const auto byte = static_cast<unsigned char>(c);
-        const bool isAlphanumeric = (byte >= '0' && byte <= '9') || (byte >= 'A' && byte <= 'Z') ||
-                                    (byte >= 'a' && byte <= 'z');
-        if (isAlphanumeric || plain.find(c) != std::string_view::npos) {
-            uri += c;
-        } else {
-            uri += {'%', digits[byte >> 4], digits[byte & 15]};
-        }
-    }
-    return uri;
+    return "file://" + percentEscaped(path, plain);
 }
 
 // Empty when there is no home folder; an XDG path that is not absolute counts as unset.

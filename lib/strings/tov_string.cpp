@@ -1,5 +1,6 @@
 #include "lib/strings/tov_string.h"
 
+#include "base/ascii.h"
 #include "base/mac_roman.h"
 #include "base/random_bytes.h"
 #include "lib/text/leading_number.h"
@@ -64,12 +65,11 @@ TovStringRef TovGetUUIDString()
 
     TovStringRef text = createUnfilledString(kUUIDLength);
     if (text == nullptr) return nullptr;
-    constexpr char16_t kDigits[] = u"0123456789ABCDEF";
     char16_t* next = text->units;
     for (std::int32_t i = 0; i < kUUIDByteCount; i++) {
         if (hasHyphenBefore(i)) *next++ = u'-';
-        *next++ = kDigits[bytes[i] >> 4];
-        *next++ = kDigits[bytes[i] & 0x0f];
+        *next++ = static_cast<char16_t>(kHexDigits[bytes[i] >> 4]);
+        *next++ = static_cast<char16_t>(kHexDigits[bytes[i] & 0x0f]);
     }
     return text;
 }

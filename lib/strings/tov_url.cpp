@@ -1,6 +1,7 @@
 #include "lib/strings/tov_url.h"
 
 #include "base/block_holder.h"
+#include "base/percent_escape.h"
 #include "base/utf8.h"
 #include "lib/strings/string_holder.h"
 
@@ -9,8 +10,6 @@
 using namespace pinorama;
 
 namespace {
-constexpr std::size_t kEscapeLength = 3;  // "%20"
-
 bool isHighSurrogate(char16_t unit)
 {
     return (unit & 0xfc00) == 0xd800;
@@ -19,15 +18,6 @@ bool isHighSurrogate(char16_t unit)
 bool isLowSurrogate(char16_t unit)
 {
     return (unit & 0xfc00) == 0xdc00;
-}
-
-// Stays as it is (RFC 2396, section 2.3).
-bool isUnreserved(char16_t unit)
-{
-    if ((unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z')) return true;
-    if (unit >= u'0' && unit <= u'9') return true;
-    constexpr std::u16string_view kMarks = u"-_.!~*'()";
-    return kMarks.find(unit) != std::u16string_view::npos;
 }
 
 // The character at the beginning of `units`, or U+FFFD for a lone surrogate.
@@ -45,50 +35,28 @@ void escape(std::u16string_view units, Put put)
 {
     while (!units.empty()) {
         std::size_t length = 1;
-        if (isUnreserved(units.front())) {
+        if (isPlainInURI(units.front(), kUnreservedRFC2396)) {
             put(units.front());
         } else {
             const std::u16string_view character = firstCharacter(units, length);
             char bytes[4];
             const std::size_t count = encodeUTF8(character, bytes);
-            for (std::size_t i = 0; i < count; i++) {
-                constexpr char16_t kDigits[] = u"0123456789ABCDEF";
-                const auto byte = static_cast<unsigned char>(bytes[i]);
-                put(u'%');
-                put(kDigits[byte >> 4]);
-                put(kDigits[byte & 0x0f]);
-            }
+            for (std::size_t i = 0; i < count; i++) putPercentEscape(bytes[i], put);
         }
         units.remove_prefix(length);
     }
 }
 
-int digitValue(char16_t unit)
-{
-    if (unit >= u'0' && unit <= u'9') return unit - u'0';
-    if (unit >= u'A' && unit <= u'F') return unit - u'A' + 10;
-    if (unit >= u'a' && unit <= u'f') return unit - u'a' + 10;
-    return -1;
-}
-
-// The byte of the escape at the beginning of `units`, or -1 when there is no proper one.
-int escapedByte(std::u16string_view units)
-{
-    if (units.size() < kEscapeLength) return -1;
-    const int high = digitValue(units[1]), low = digitValue(units[2]);
-    return high < 0 || low < 0 ? -1 : high * 16 + low;
-}
-
-// Takes the escapes that `units` begins with and writes their bytes. The number of bytes, or -1 for
-// an escape that is none.
+// Takes the escapes that `units` begins with and writes their bytes. The number of bytes, or -1 if
+// one is malformed.
 std::int32_t takeEscapes(std::u16string_view& units, char* bytes)
 {
     std::int32_t count = 0;
     while (!units.empty() && units.front() == u'%') {
-        const int byte = escapedByte(units);
+        const int byte = percentEscapedByte(units);
         if (byte < 0) return -1;
         bytes[count++] = static_cast<char>(byte);
-        units.remove_prefix(kEscapeLength);
+        units.remove_prefix(kPercentEscapeLength);
     }
     return count;
 }
@@ -125,7 +93,7 @@ TovStringRef TovStringConvertFromURL(TovStringRef text)
     if (text == nullptr) return nullptr;
     std::u16string_view units = unitsOf(text);
     StringHolder decoded(createUnfilledString(text->length));  // escapes only shorten
-    const BlockHolder block(baseAllocate(units.size() / kEscapeLength));
+    const BlockHolder block(baseAllocate(units.size() / kPercentEscapeLength));
     if (!decoded || !block) return nullptr;
 
     char* bytes = static_cast<char*>(block.get());

@@ -1,5 +1,7 @@
 #include "lib/text/locale.h"
 
+#include "base/ascii.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <initializer_list>
@@ -59,8 +61,7 @@ bool meansEnglish(const Name& name)
 bool isHarmless(std::string_view name)
 {
     return std::all_of(name.begin(), name.end(), [](char c) {
-        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
-               c == '_' || c == '-' || c == '@';
+        return isASCIIAlphanumeric(c) || c == '_' || c == '-' || c == '@';
     });
 }
 

@@ -1,5 +1,6 @@
 #include "lib/ui/strings_table.h"
 
+#include "base/ascii.h"
 #include "base/utf8.h"
 
 #include <algorithm>
@@ -10,14 +11,6 @@ using namespace pinorama;
 
 namespace {
 constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf";
-
-int hexDigit(char c)
-{
-    if (c >= '0' && c <= '9') return c - '0';
-    if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-    if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-    return -1;
-}
 
 // Walks over the bytes of a table. A failed step leaves the position anywhere inside the damaged
 // line; whoever asked goes on with skipLineAt.
@@ -105,7 +98,7 @@ private:
     {
         int unit = 0;
         for (int i = 0; i < 4; i++) {
-            const int digit = isAtEnd() ? -1 : hexDigit(bytes_[next_]);
+            const int digit = isAtEnd() ? -1 : hexDigitValue(bytes_[next_]);
             if (digit < 0) return false;
             unit = unit * 16 + digit;
             next_++;

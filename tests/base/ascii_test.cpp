@@ -70,3 +70,23 @@ TEST(widenASCII, copiesAnyLength)
         ASSERT_EQ(back, bytes + '?');
     }
 }
+
+TEST(hexDigitValue, knowsBothCasesAndNothingElse)
+{
+    for (int value = 0; value < 16; value++) {
+        EXPECT_EQ(hexDigitValue(kHexDigits[value]), value);
+        EXPECT_EQ(hexDigitValue(kLowerHexDigits[value]), value);
+    }
+    for (const char c : {'/', ':', '@', 'G', '`', 'g', '\0', '\xc1'}) {
+        EXPECT_EQ(hexDigitValue(c), -1);
+    }
+    EXPECT_EQ(hexDigitValue(u'\u0131'), -1);
+}
+
+TEST(isASCIIAlphanumeric, isTrueForLettersAndDigitsOnly)
+{
+    for (const char c : {'0', '9', 'A', 'Z', 'a', 'z'}) EXPECT_TRUE(isASCIIAlphanumeric(c));
+    for (const char c : {'/', ':', '@', '[', '`', '{', '\xe1'})
+        EXPECT_FALSE(isASCIIAlphanumeric(c));
+    EXPECT_FALSE(isASCIIAlphanumeric(u'\u0141'));
+}
