@@ -1,6 +1,6 @@
 #include "reader/reader_protocol.h"
 
-#include "reader/message_bytes.h"
+#include "base/message_bytes.h"
 
 #include <algorithm>
 #include <bit>

@@ -11,8 +11,6 @@
 #include <string_view>
 #include <vector>
 
-#include "pictures/byte_source.h"
-
 namespace pinorama {
 
 class MessageWriter {
@@ -41,21 +39,21 @@ private:
 // and gives zeros and empty texts from then on.
 class MessageReader {
 public:
-    explicit MessageReader(ByteView bytes) : rest_(bytes) {}
+    explicit MessageReader(std::span<const std::uint8_t> bytes) : rest_(bytes) {}
 
     std::uint16_t get16() { return static_cast<std::uint16_t>(get(2)); }
     std::uint32_t get32() { return static_cast<std::uint32_t>(get(4)); }
     std::uint64_t get64() { return get(8); }
     double getDouble() { return std::bit_cast<double>(get64()); }
 
-    ByteView getBytes(std::size_t count)
+    std::span<const std::uint8_t> getBytes(std::size_t count)
     {
         if (count > rest_.size()) {
             hasFailed_ = true;
             rest_ = {};
             return {};
         }
-        const ByteView bytes = rest_.first(count);
+        const std::span<const std::uint8_t> bytes = rest_.first(count);
         rest_ = rest_.subspan(count);
         return bytes;
     }
@@ -78,7 +76,7 @@ private:
         return value;
     }
 
-    ByteView rest_;
+    std::span<const std::uint8_t> rest_;
     bool hasFailed_ = false;
 };
 
