@@ -10,7 +10,9 @@
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/mman.h>
+#include <sys/prctl.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -69,66 +71,107 @@ bool readAll(const DescriptorHolder& file, std::string* out)
     return readAt(file.get(), 0, out->data(), out->size()) == facts.st_size;
 }
 
-// What a child starts with: its streams, and no signal held back or ignored. A stream without a
-// file leads nowhere.
-struct SpawnSettings {
-    SpawnSettings(const DescriptorHolder& input, const DescriptorHolder& output)
+// The settings of a program to be started, which have to be released.
+class SpawnSettings {
+public:
+    SpawnSettings()
     {
-        posix_spawn_file_actions_init(&files);
-        addStream(input, STDIN_FILENO, O_RDONLY);
-        addStream(output, STDOUT_FILENO, O_WRONLY);
-        addStream(DescriptorHolder(), STDERR_FILENO, O_WRONLY);
-        posix_spawnattr_init(&attributes);
-        sigset_t none;
-        sigemptyset(&none);
-        posix_spawnattr_setsigmask(&attributes, &none);
-        sigset_t pipe;
-        sigemptyset(&pipe);
-        sigaddset(&pipe, SIGPIPE);
-        posix_spawnattr_setsigdefault(&attributes, &pipe);
-        posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
+        posix_spawn_file_actions_init(&files_);
+        posix_spawnattr_init(&attributes_);
     }
     ~SpawnSettings()
     {
-        posix_spawnattr_destroy(&attributes);
-        posix_spawn_file_actions_destroy(&files);
+        posix_spawnattr_destroy(&attributes_);
+        posix_spawn_file_actions_destroy(&files_);
     }
     SpawnSettings(const SpawnSettings&) = delete;
     SpawnSettings& operator=(const SpawnSettings&) = delete;
 
-    void addStream(const DescriptorHolder& file, int stream, int flags)
+    bool setDescriptors(const std::vector<int>& descriptors)
     {
-        if (file) {
-            posix_spawn_file_actions_adddup2(&files, file.get(), stream);
-        } else {
-            posix_spawn_file_actions_addopen(&files, stream, "/dev/null", flags, 0);
+        int number = 0;
+        for (const int descriptor : descriptors) {
+            if (!setDescriptor(number++, descriptor)) return false;
         }
+        return posix_spawn_file_actions_addclosefrom_np(&files_, number) == 0;
     }
 
-    posix_spawn_file_actions_t files;
-    posix_spawnattr_t attributes;
+    bool setSignals(bool isApart)
+    {
+        sigset_t none;
+        sigset_t defaults;
+        sigemptyset(&none);
+        sigemptyset(&defaults);
+        sigaddset(&defaults, SIGPIPE);
+        if (isApart) sigfillset(&defaults);
+        const int group = isApart ? POSIX_SPAWN_SETPGROUP : 0;
+        const int flags = POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF | group;
+        return posix_spawnattr_setsigmask(&attributes_, &none) == 0 &&
+               posix_spawnattr_setsigdefault(&attributes_, &defaults) == 0 &&
+               posix_spawnattr_setflags(&attributes_, static_cast<short>(flags)) == 0;
+    }
+
+    const posix_spawn_file_actions_t* files() const { return &files_; }
+    const posix_spawnattr_t* attributes() const { return &attributes_; }
+
+private:
+    bool setDescriptor(int number, int descriptor)
+    {
+        if (descriptor == kOwnDescriptor) return true;
+        if (descriptor == kNullDevice) {
+            return posix_spawn_file_actions_addopen(&files_, number, "/dev/null", O_RDWR, 0) == 0;
+        }
+        return posix_spawn_file_actions_adddup2(&files_, descriptor, number) == 0;
+    }
+
+    posix_spawn_file_actions_t files_;
+    posix_spawnattr_t attributes_;
 };
 }  // namespace
+
+pid_t spawnProgram(ProgramStart start)
+{
+    if (start.arguments.empty()) return -1;
+    SpawnSettings settings;
+    if (!settings.setDescriptors(start.descriptors) || !settings.setSignals(start.isApart)) {
+        return -1;
+    }
+    pid_t process = -1;
+    const int error = posix_spawnp(&process, start.arguments.front().c_str(), settings.files(),
+                                   settings.attributes(), pointersTo(start.arguments).data(),
+                                   pointersTo(start.environment).data());
+    return error == 0 ? process : -1;
+}
+
+pid_t forkProcess(int descriptor, const std::function<void(int descriptor)>& work)
+{
+    const pid_t parent = getpid();
+    const pid_t process = fork();
+    if (process != 0) return process;
+
+    // The parent may have ended before the signal of its death was asked for.
+    const bool isReady = prctl(PR_SET_PDEATHSIG, SIGKILL) == 0 && getppid() == parent &&
+                         dup2(descriptor, kForkedDescriptor) == kForkedDescriptor &&
+                         syscall(SYS_close_range, kForkedDescriptor + 1u, ~0u, 0u) == 0;
+    if (isReady) work(kForkedDescriptor);
+    _exit(isReady ? 0 : 1);
+}
 
 int runAndWait(const std::vector<std::string>& arguments,
                const std::vector<std::string>& environment, const ChildStreams& streams)
 {
     if (streams.output != nullptr) streams.output->clear();
-    if (arguments.empty()) return kCannotStart;
-    std::vector<std::string> argumentTexts = arguments;
-    std::vector<std::string> settings = environmentWith(environment);
     DescriptorHolder input;
     DescriptorHolder output;
     if (!streams.input.empty() && !fill(input = makeMemoryFile(), streams.input)) {
         return kCannotStart;
     }
     if (streams.output != nullptr && !(output = makeMemoryFile())) return kCannotStart;
-    const SpawnSettings spawn(input, output);
-    pid_t child = 0;
-    if (posix_spawnp(&child, argumentTexts.front().c_str(), &spawn.files, &spawn.attributes,
-                     pointersTo(argumentTexts).data(), pointersTo(settings).data()) != 0) {
-        return kCannotStart;
-    }
+    // A holder without a descriptor stands for the null device.
+    const pid_t child = spawnProgram({.arguments = arguments,
+                                      .environment = environmentWith(environment),
+                                      .descriptors = {input.get(), output.get(), kNullDevice}});
+    if (child < 0) return kCannotStart;
 
     int status = 0;
     while (waitpid(child, &status, 0) < 0) {

@@ -1,10 +1,13 @@
-// Other programs, run without a shell.
+// Child processes: other programs, run without a shell, and copies of this one.
 
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include <sys/types.h>
 
 namespace pinorama {
 
@@ -25,5 +28,39 @@ struct ChildStreams {
 // number when a signal ended it.
 int runAndWait(const std::vector<std::string>& arguments,
                const std::vector<std::string>& environment = {}, const ChildStreams& streams = {});
+
+// What a program may find in the place of a descriptor.
+constexpr int kNullDevice = -1;     // /dev/null
+constexpr int kOwnDescriptor = -2;  // what this process has there
+
+struct ProgramStart {
+    // The program, looked for on PATH unless its name has a slash, and its arguments, each as it
+    // stands. At least one.
+    std::vector<std::string> arguments{};
+    std::vector<std::string> environment{};  // all of it: "NAME=value"
+    // What the program finds under the numbers 0, 1, 2 and so on: one of those above or a
+    // descriptor, which is above 2. Every other one is closed.
+    std::vector<int> descriptors{};
+    // In a process group of its own, so that what is typed in a terminal does not reach it, and
+    // with every signal at its default, not SIGPIPE alone.
+    bool isApart = false;
+};
+
+// Starts a program, in which no signal is blocked. Returns its process, which is the caller's to
+// wait for; -1 when it cannot be started.
+pid_t spawnProgram(ProgramStart start);
+
+// The number under which the work of forkProcess finds its descriptor.
+constexpr int kForkedDescriptor = 3;
+
+// Splits off a copy of this process in which `work` runs with a copy of `descriptor`, the only one
+// that is open there besides the standard streams. Signals stay blocked, ignored and handled as
+// they are here. The copy ends when `work` returns, without any cleaning up of what it was copied
+// with, and is killed when this process ends before. The caller has one thread.
+//
+//     process = forkProcess(theirs.get(), [](int socket) { serve(socket); });
+//
+// Returns its process, which is the caller's to wait for; -1 with errno set.
+pid_t forkProcess(int descriptor, const std::function<void(int descriptor)>& work);
 
 }  // namespace pinorama

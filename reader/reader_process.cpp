@@ -1,5 +1,6 @@
 #include "reader/reader_process.h"
 
+#include "base/child_process.h"
 #include "base/resource_folder.h"
 
 #include <cerrno>
@@ -8,9 +9,7 @@
 #include <ctime>
 #include <utility>
 
-#include <fcntl.h>
 #include <poll.h>
-#include <spawn.h>
 #include <sys/socket.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
@@ -64,15 +63,6 @@ std::vector<std::string> readerEnvironment()
     return environment;
 }
 
-std::vector<char*> pointersTo(std::vector<std::string>& texts)
-{
-    std::vector<char*> pointers;
-    pointers.reserve(texts.size() + 1);
-    for (std::string& text : texts) pointers.push_back(text.data());
-    pointers.push_back(nullptr);
-    return pointers;
-}
-
 // Two connected sockets, closed in programs that are started.
 bool makeSockets(DescriptorHolder* outNear, DescriptorHolder* outFar)
 {
@@ -83,47 +73,6 @@ bool makeSockets(DescriptorHolder* outNear, DescriptorHolder* outFar)
     return true;
 }
 
-// The settings of a process to be started; given back at the end.
-class SpawnSettings {
-public:
-    SpawnSettings()
-    {
-        posix_spawn_file_actions_init(&actions_);
-        posix_spawnattr_init(&attributes_);
-    }
-    SpawnSettings(const SpawnSettings&) = delete;
-    SpawnSettings& operator=(const SpawnSettings&) = delete;
-    ~SpawnSettings()
-    {
-        posix_spawn_file_actions_destroy(&actions_);
-        posix_spawnattr_destroy(&attributes_);
-    }
-
-    bool prepare(int socket)
-    {
-        sigset_t none;
-        sigset_t all;
-        sigemptyset(&none);
-        sigfillset(&all);
-        return posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDWR, 0) ==
-                   0 &&
-               posix_spawn_file_actions_adddup2(&actions_, STDIN_FILENO, STDOUT_FILENO) == 0 &&
-               posix_spawn_file_actions_adddup2(&actions_, socket, kReaderSocket) == 0 &&
-               posix_spawn_file_actions_addclosefrom_np(&actions_, kReaderSocket + 1) == 0 &&
-               posix_spawnattr_setsigmask(&attributes_, &none) == 0 &&
-               posix_spawnattr_setsigdefault(&attributes_, &all) == 0 &&
-               posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGMASK |
-                                                          POSIX_SPAWN_SETSIGDEF |
-                                                          POSIX_SPAWN_SETPGROUP) == 0;
-    }
-
-    const posix_spawn_file_actions_t* actions() const { return &actions_; }
-    const posix_spawnattr_t* attributes() const { return &attributes_; }
-
-private:
-    posix_spawn_file_actions_t actions_;
-    posix_spawnattr_t attributes_;
-};
 }  // namespace
 
 ReaderProcess::ReaderProcess(ReaderProcess&& other) noexcept
@@ -177,18 +126,17 @@ ReaderProcess startReaderProgram(const std::string& program,
 {
     DescriptorHolder near;
     DescriptorHolder far;
-    SpawnSettings settings;
-    if (!makeSockets(&near, &far) || !settings.prepare(far.get())) return {};
-
-    std::vector<std::string> words = {program};
-    words.insert(words.end(), arguments.begin(), arguments.end());
-    std::vector<std::string> environment = readerEnvironment();
-    pid_t process = -1;
-    const int error =
-        posix_spawn(&process, program.c_str(), settings.actions(), settings.attributes(),
-                    pointersTo(words).data(), pointersTo(environment).data());
-    if (error != 0) return {};
-    return ReaderProcess(process, near.take());
+    if (!makeSockets(&near, &far)) return {};
+    // A name without a slash is a file of this folder, never one that is looked for.
+    ProgramStart start = {
+        .arguments = {program.find('/') == program.npos ? "./" + program : program},
+        .environment = readerEnvironment(),
+        .descriptors = {kNullDevice, kNullDevice, kOwnDescriptor, far.get()},
+        .isApart = true};
+    static_assert(kReaderSocket == 3, "comes after the standard streams");
+    start.arguments.insert(start.arguments.end(), arguments.begin(), arguments.end());
+    const pid_t process = spawnProgram(std::move(start));
+    return process < 0 ? ReaderProcess() : ReaderProcess(process, near.take());
 }
 
 ReaderProcess forkReader(const std::function<void(int socket)>& serve)
@@ -196,17 +144,16 @@ ReaderProcess forkReader(const std::function<void(int socket)>& serve)
     DescriptorHolder near;
     DescriptorHolder far;
     if (!makeSockets(&near, &far)) return {};
-    const pid_t process = fork();
-    if (process < 0) return {};
-    if (process > 0) return ReaderProcess(process, near.take());
-
-    // Nothing of the other process may run here: not its cleaning up, not its handlers.
-    (void)setpgid(0, 0);
-    for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGPIPE, SIGCHLD}) {
-        (void)std::signal(number, SIG_DFL);
-    }
-    if (dup2(far.get(), kReaderSocket) == kReaderSocket) serve(kReaderSocket);
-    _exit(0);
+    const pid_t process = forkProcess(far.get(), [&serve](int socket) {
+        // As with the program, what is typed in a terminal does not reach it, and the handlers of
+        // the other process do not run here.
+        (void)setpgid(0, 0);
+        for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGPIPE, SIGCHLD}) {
+            (void)std::signal(number, SIG_DFL);
+        }
+        serve(socket);
+    });
+    return process < 0 ? ReaderProcess() : ReaderProcess(process, near.take());
 }
 
 std::string readerProgram()

@@ -58,8 +58,8 @@ constexpr int kReaderSocket = 3;
 ReaderProcess startReaderProgram(const std::string& program,
                                  const std::vector<std::string>& arguments = {});
 
-// Splits this process. In the new one `serve` runs with the socket and never returns to the caller;
-// the caller has one thread.
+// Splits this process (forkProcess). In the new one `serve` runs with the socket; the caller has
+// one thread.
 ReaderProcess forkReader(const std::function<void(int socket)>& serve);
 
 // The path of the program pinorama-reader: what the environment variable PINORAMA_READER says, else
