@@ -50,6 +50,7 @@ while read -r target folder links; do
         *Qt6::*) may_use "$folder" Qt || complain "$target links Qt" ;;
         ICU::*) may_use "$folder" ICU || complain "$target links ICU" ;;
         *JPEG::*) may_use "$folder" libjpeg-turbo || complain "$target links libjpeg-turbo" ;;
+        *PNG::*) may_use "$folder" libpng || complain "$target links libpng" ;;
         *LibRaw*) may_use "$folder" LibRaw || complain "$target links LibRaw" ;;
         nlohmann_json::*) may_use "$folder" nlohmann-json || complain "$target links nlohmann-json" ;;
         *) complain "$target links $link, of which the table says nothing" ;;

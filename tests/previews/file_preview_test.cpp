@@ -236,6 +236,8 @@ TEST_F(imageWithPreviewOfFileAtPath, keepsADecodedPreviewInTheCache)
     EXPECT_EQ(thumbnail.text(QStringLiteral("Thumb::URI")).toStdString(), uri);
     EXPECT_EQ(thumbnail.text(QStringLiteral("Thumb::MTime")).toStdString(),
               std::to_string(mtimeOf(path)));
+    EXPECT_EQ(thumbnail.text(QStringLiteral("Thumb::Size")).toStdString(),
+              std::to_string(std::filesystem::file_size(path)));
     const auto isLonger = [](const auto& entry) { return entry.path().extension() != ".png"; };
     const std::filesystem::directory_iterator entries(folder_.file("cache/thumbnails/normal"));
     EXPECT_EQ(std::count_if(begin(entries), end(entries), isLonger), 0) << "left behind";

@@ -57,6 +57,14 @@ TEST(cuMakePNG, makesNothingOfNoPicture)
     EXPECT_TRUE(cuMakePNG(QImage(), {{"Software", "Pinorama"}}).isEmpty());
 }
 
+TEST(cuMakePNG, makesNothingOfAPictureTooLargeForTheLibraryAndPrintsNothing)
+{
+    testing::internal::CaptureStderr();
+    EXPECT_TRUE(cuMakePNG(QImage(1'000'001, 1, QImage::Format_RGB888), {}).isEmpty());
+    EXPECT_TRUE(cuMakePNG(QImage(1, 1'000'001, QImage::Format_RGB888), {}).isEmpty());
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
 TEST(cuMakePNG, isAboutAsSmallAsTheToolkits)
 {
     // A photograph is smooth; what the filter makes of it packs well.
