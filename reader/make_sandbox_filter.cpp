@@ -1,12 +1,14 @@
-// Writes sandbox_filter.cpp: the system calls that a locked-in process may make, as the program for
-// the kernel that libseccomp makes of them. Runs when the program is built, since putting the
-// filter together takes longer than reading a picture.
+// Writes the filter of system calls as a source: compiles the table in sandbox_calls.h with
+// libseccomp, which knows for each architecture the numbers of the calls, in which half of an
+// argument to look first, and the second set of calls that x86-64 has. Runs when the program is
+// built, since compiling takes longer than reading a picture does.
 //
-// What a process of its own has, the number of its socket and of itself, is filled in when the
-// filter is loaded.
+// The numbers of the socket and of the process are not known yet; the process fills them in when it
+// loads the filter.
 //
 // usage: make_sandbox_filter FILE
 
+#include "reader/sandbox_calls.h"
 #include "reader/sandbox_filter.h"
 
 #include <cerrno>
@@ -22,7 +24,7 @@
 
 namespace pinorama {
 namespace {
-// Stand in the filter for what is filled in later; no other value that it compares with is alike.
+// Stand in the filter for what is filled in later; it compares with no other values like these.
 constexpr std::uint32_t kSomeSocket = 0x5a5a0001;
 constexpr std::uint32_t kSomeProcess = 0x5a5a0002;
 
@@ -32,7 +34,17 @@ struct FilterReleaser {
     void operator()(void* filter) const { seccomp_release(filter); }
 };
 
-// A filter while it is being put together; remembers whether everything went in.
+scmp_arg_cmp argumentIs(unsigned index, std::uint64_t value)
+{
+    return {index, SCMP_CMP_EQ, value, 0};
+}
+
+scmp_arg_cmp argumentHasNone(unsigned index, std::uint64_t bits)
+{
+    return {index, SCMP_CMP_MASKED_EQ, bits, 0};
+}
+
+// A filter that is being compiled; remembers whether every rule went in.
 class Filter {
 public:
     Filter() : filter_(seccomp_init(SCMP_ACT_KILL_PROCESS))
@@ -44,20 +56,25 @@ public:
             seccomp_attr_set(filter_.get(), SCMP_FLTATR_ACT_BADARCH, SCMP_ACT_KILL_PROCESS) == 0;
     }
 
-    void allow(std::initializer_list<int> calls)
+    void add(const SandboxCall& call)
     {
-        for (const int call : calls) add(SCMP_ACT_ALLOW, call, {});
-    }
-
-    // Allows a call when all conditions on its arguments hold.
-    void allowWhen(int call, std::initializer_list<scmp_arg_cmp> conditions)
-    {
-        add(SCMP_ACT_ALLOW, call, conditions);
-    }
-
-    void refuse(std::initializer_list<int> calls, std::uint32_t error = EPERM)
-    {
-        for (const int call : calls) add(SCMP_ACT_ERRNO(error), call, {});
+        constexpr auto kNoFile = static_cast<std::uint32_t>(-1);
+        switch (call.rule) {
+        case CallRule::allowed: allow(call.number); break;
+        case CallRule::onSocketOnly: allow(call.number, {argumentIs(0, kSomeSocket)}); break;
+        case CallRule::onErrorsOnly: allow(call.number, {argumentIs(0, STDERR_FILENO)}); break;
+        case CallRule::toItselfOnly: allow(call.number, {argumentIs(0, kSomeProcess)}); break;
+        case CallRule::memoryOnly:
+            // A register of 64 bits may hold the descriptor -1 with or without its upper half.
+            allow(call.number, {argumentHasNone(2, PROT_EXEC), argumentIs(4, kNoFile)});
+            allow(call.number, {argumentHasNone(2, PROT_EXEC), argumentIs(4, ~std::uint64_t{0})});
+            break;
+        case CallRule::notExecutable: allow(call.number, {argumentHasNone(2, PROT_EXEC)}); break;
+        case CallRule::refused: addRule(SCMP_ACT_ERRNO(EPERM), call.number, {}); break;
+        case CallRule::withSanitizers:
+            if (kHasSanitizers) allow(call.number);
+            break;
+        }
     }
 
     // The filter as the kernel takes it; empty when something did not go in.
@@ -70,14 +87,20 @@ public:
             std::fseek(file.get(), 0, SEEK_SET) != 0) {
             return {};
         }
-        std::vector<sock_filter> program(kMostSandboxSteps + 1);
+        std::vector<sock_filter> program(kMaxBpfInstructions + 1);
         program.resize(
             std::fread(program.data(), sizeof program.front(), program.size(), file.get()));
         return program;
     }
 
 private:
-    void add(std::uint32_t action, int call, std::initializer_list<scmp_arg_cmp> conditions)
+    // Allows a call when all conditions on its arguments hold.
+    void allow(int call, std::initializer_list<scmp_arg_cmp> conditions = {})
+    {
+        addRule(SCMP_ACT_ALLOW, call, conditions);
+    }
+
+    void addRule(std::uint32_t action, int call, std::initializer_list<scmp_arg_cmp> conditions)
     {
         // Calls that this machine's architecture never had are passed over.
         if (call == __NR_SCMP_ERROR || filter_ == nullptr) {
@@ -95,87 +118,17 @@ private:
     bool isComplete_ = true;
 };
 
-scmp_arg_cmp argumentIs(unsigned index, std::uint64_t value)
-{
-    return {index, SCMP_CMP_EQ, value, 0};
-}
-
-scmp_arg_cmp argumentHasNone(unsigned index, std::uint64_t bits)
-{
-    return {index, SCMP_CMP_MASKED_EQ, bits, 0};
-}
-
-void allowMemory(Filter* filter)
-{
-    filter->allow({SCMP_SYS(brk), SCMP_SYS(munmap), SCMP_SYS(mremap), SCMP_SYS(madvise)});
-    // Descriptor -1: no file comes into memory, and no memory becomes a program.
-    filter->allowWhen(SCMP_SYS(mmap), {argumentHasNone(2, PROT_EXEC),
-                                       argumentIs(4, static_cast<std::uint32_t>(-1))});
-    filter->allowWhen(SCMP_SYS(mmap), {argumentHasNone(2, PROT_EXEC),
-                                       argumentIs(4, static_cast<std::uint64_t>(-1))});
-    filter->allowWhen(SCMP_SYS(mprotect), {argumentHasNone(2, PROT_EXEC)});
-}
-
-void allowWork(Filter* filter)
-{
-    filter->allow({SCMP_SYS(clock_gettime), SCMP_SYS(clock_getres), SCMP_SYS(gettimeofday),
-                   SCMP_SYS(time), SCMP_SYS(getrandom), SCMP_SYS(sysinfo), SCMP_SYS(getpid),
-                   SCMP_SYS(gettid), SCMP_SYS(sched_yield), SCMP_SYS(futex), SCMP_SYS(rt_sigreturn),
-                   SCMP_SYS(rt_sigprocmask), SCMP_SYS(rt_sigaction), SCMP_SYS(sigaltstack),
-                   SCMP_SYS(restart_syscall), SCMP_SYS(exit), SCMP_SYS(exit_group)});
-    // abort() sends itself a signal; nobody else can be sent one.
-    filter->allowWhen(SCMP_SYS(tgkill), {argumentIs(0, kSomeProcess)});
-}
-
-void allowInputAndAnswers(Filter* filter)
-{
-    filter->allow({SCMP_SYS(read), SCMP_SYS(pread64), SCMP_SYS(lseek), SCMP_SYS(close),
-                   SCMP_SYS(fstat), SCMP_SYS(poll), SCMP_SYS(ppoll)});
-    for (const int call : {SCMP_SYS(write), SCMP_SYS(writev), SCMP_SYS(sendmsg), SCMP_SYS(sendto),
-                           SCMP_SYS(recvmsg), SCMP_SYS(recvfrom)}) {
-        filter->allowWhen(call, {argumentIs(0, kSomeSocket)});
-    }
-    // Standard error leads nowhere; a library may complain all the same.
-    for (const int call : {SCMP_SYS(write), SCMP_SYS(writev)}) {
-        filter->allowWhen(call, {argumentIs(0, STDERR_FILENO)});
-    }
-}
-
-// What libraries try in good faith and do without.
-void refuseLookingAround(Filter* filter)
-{
-    filter->refuse({SCMP_SYS(open),       SCMP_SYS(openat),
-                    SCMP_SYS(stat),       SCMP_SYS(lstat),
-                    SCMP_SYS(newfstatat), SCMP_SYS(statx),
-                    SCMP_SYS(access),     SCMP_SYS(faccessat),
-                    SCMP_SYS(faccessat2), SCMP_SYS(readlink),
-                    SCMP_SYS(readlinkat), SCMP_SYS(getcwd),
-                    SCMP_SYS(uname),      SCMP_SYS(ioctl),
-                    SCMP_SYS(fcntl),      SCMP_SYS(sched_getaffinity),
-                    SCMP_SYS(prctl),      SCMP_SYS(getrusage),
-                    SCMP_SYS(prlimit64),  SCMP_SYS(getuid),
-                    SCMP_SYS(geteuid),    SCMP_SYS(getgid),
-                    SCMP_SYS(getegid)});
-}
 std::vector<sock_filter> makeProgram()
 {
     Filter filter;
-    allowMemory(&filter);
-    allowWork(&filter);
-    allowInputAndAnswers(&filter);
-    refuseLookingAround(&filter);
-    // A sanitizer's runtime finds out what memory it may look at by writing it into a pipe.
-    if (kHasSanitizers) {
-        filter.allow({SCMP_SYS(pipe), SCMP_SYS(pipe2), SCMP_SYS(write)});
-    }
+    for (const SandboxCall& call : kSandboxCalls) filter.add(call);
     return filter.program();
 }
 
-// What of a step is filled in when the filter is loaded.
-const char* filledInto(const sock_filter& step)
+const char* operandOf(const sock_filter& code)
 {
-    if (step.k == kSomeSocket) return "socket";
-    return step.k == kSomeProcess ? "process" : "nothing";
+    if (code.k == kSomeSocket) return "socket";
+    return code.k == kSomeProcess ? "process" : "constant";
 }
 
 // Every value that stands for another one has to be one that an argument is compared with.
@@ -183,12 +136,12 @@ bool isUsable(const std::vector<sock_filter>& program)
 {
     int sockets = 0;
     int processes = 0;
-    for (const sock_filter& step : program) {
-        if (step.k != kSomeSocket && step.k != kSomeProcess) continue;
-        if (step.code != (BPF_JMP | BPF_JEQ | BPF_K)) return false;
-        (step.k == kSomeSocket ? sockets : processes)++;
+    for (const sock_filter& code : program) {
+        if (code.k != kSomeSocket && code.k != kSomeProcess) continue;
+        if (code.code != (BPF_JMP | BPF_JEQ | BPF_K)) return false;
+        (code.k == kSomeSocket ? sockets : processes)++;
     }
-    return sockets > 0 && processes > 0 && program.size() <= kMostSandboxSteps;
+    return sockets > 0 && processes > 0 && program.size() <= kMaxBpfInstructions;
 }
 
 void write(const std::vector<sock_filter>& program, std::FILE* file)
@@ -196,15 +149,15 @@ void write(const std::vector<sock_filter>& program, std::FILE* file)
     std::fputs(
         "#include \"reader/sandbox_filter.h\"\n\n"
         "namespace pinorama {\n\n"
-        "using enum SandboxStep::FilledInto;\n\n"
-        "const SandboxStep kSandboxSteps[] = {\n",
+        "using enum BpfInstruction::Operand;\n\n"
+        "const BpfInstruction kSandboxFilter[] = {\n",
         file);
-    for (const sock_filter& step : program) {
-        std::fprintf(file, "    {{%u, %u, %u, %#x}, %s},\n", unsigned{step.code}, unsigned{step.jt},
-                     unsigned{step.jf}, unsigned{step.k}, filledInto(step));
+    for (const sock_filter& code : program) {
+        std::fprintf(file, "    {{%u, %u, %u, %#x}, %s},\n", unsigned{code.code}, unsigned{code.jt},
+                     unsigned{code.jf}, unsigned{code.k}, operandOf(code));
     }
     std::fprintf(file,
-                 "};\nconst std::size_t kSandboxStepCount = %zu;\n\n}  // namespace pinorama\n",
+                 "};\nconst std::size_t kSandboxFilterLength = %zu;\n\n}  // namespace pinorama\n",
                  program.size());
 }
 }  // namespace

@@ -1,6 +1,5 @@
 #include "reader/sandbox.h"
 
-#include "reader/sandbox_calls.h"
 #include "reader/sandbox_filter.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
-// The filter of system calls as the program carries it: made by make_sandbox_filter.cpp, loaded by
-// sandbox_calls.cpp.
+// The filter of system calls that a sandboxed process runs under. make_sandbox_filter.cpp compiles
+// it from the table in sandbox_calls.h when the program is built.
 
 #pragma once
 
@@ -18,18 +18,26 @@ constexpr bool kHasSanitizers = __has_feature(address_sanitizer);
 constexpr bool kHasSanitizers = false;
 #endif
 
-// A step of the filter.
-struct SandboxStep {
-    // What takes the place of the value that the step compares with.
-    enum class FilledInto : std::uint8_t { nothing, socket, process };
+// Puts the calling process under the filter, for good: what the table does not allow fails with
+// EPERM or ends the process.
+//
+//   socket  the descriptor that the table's rules for the socket are about.
+//
+// Returns false when the kernel has no such filter.
+[[nodiscard]] bool filterSystemCalls(int socket);
 
-    sock_filter step;
-    FilledInto filled;
+// An instruction of the filter, for the kernel's Berkeley Packet Filter.
+struct BpfInstruction {
+    // What its constant stands for; the number is known only when the filter is loaded.
+    enum class Operand : std::uint8_t { constant, socket, process };
+
+    sock_filter code;
+    Operand operand;
 };
 
-constexpr std::size_t kMostSandboxSteps = 512;
+constexpr std::size_t kMaxBpfInstructions = 512;
 
-extern const SandboxStep kSandboxSteps[];
-extern const std::size_t kSandboxStepCount;
+extern const BpfInstruction kSandboxFilter[];
+extern const std::size_t kSandboxFilterLength;
 
 }  // namespace pinorama

@@ -1,4 +1,4 @@
-// The filter of system calls as the kernel runs it, step by step, for every call there is.
+// The filter of system calls, run as the kernel runs it, for every call there is.
 
 #include "reader/sandbox_filter.h"
 
@@ -25,26 +25,27 @@ constexpr std::uint32_t kProcess = 4321;
 constexpr int kCallCount = 600;  // more than any architecture has
 constexpr std::uint32_t kRefused = SECCOMP_RET_ERRNO | EPERM;
 
-std::uint32_t valueOf(const SandboxStep& step)
+std::uint32_t valueOf(const BpfInstruction& instruction)
 {
-    switch (step.filled) {
-    case SandboxStep::FilledInto::socket: return kSocket;
-    case SandboxStep::FilledInto::process: return kProcess;
-    case SandboxStep::FilledInto::nothing: break;
+    switch (instruction.operand) {
+    case BpfInstruction::Operand::socket: return kSocket;
+    case BpfInstruction::Operand::process: return kProcess;
+    case BpfInstruction::Operand::constant: break;
     }
-    return step.step.k;
+    return instruction.code.k;
 }
 
-// What the filter says about a call; every kind of step that libseccomp makes is known here.
+// What the filter says about a call; every kind of instruction that libseccomp makes is known here.
 std::uint32_t verdict(const seccomp_data& call)
 {
     std::uint32_t accumulator = 0;
     std::size_t at = 0;
-    while (at < kSandboxStepCount) {
-        const SandboxStep& step = kSandboxSteps[at++];
-        const std::uint32_t value = valueOf(step);
+    while (at < kSandboxFilterLength) {
+        const BpfInstruction& instruction = kSandboxFilter[at++];
+        const sock_filter& code = instruction.code;
+        const std::uint32_t value = valueOf(instruction);
         bool jumps = false;
-        switch (step.step.code) {
+        switch (code.code) {
         case BPF_LD | BPF_W | BPF_ABS:
             if (value + sizeof accumulator > sizeof call) return 0xdead;
             std::memcpy(&accumulator, reinterpret_cast<const char*>(&call) + value,
@@ -58,17 +59,17 @@ std::uint32_t verdict(const seccomp_data& call)
         case BPF_JMP | BPF_JGT | BPF_K: jumps = accumulator > value; break;
         default: return 0xdead;
         }
-        at += jumps ? step.step.jt : step.step.jf;
+        at += jumps ? code.jt : code.jf;
     }
     return 0xdead;
 }
 
 std::uint32_t nativeArchitecture()
 {
-    // The first step that compares anything compares the architecture.
-    for (std::size_t i = 0; i < kSandboxStepCount; i++) {
-        const sock_filter& step = kSandboxSteps[i].step;
-        if (step.code == (BPF_JMP | BPF_JEQ | BPF_K)) return step.k;
+    // The first instruction that compares anything compares the architecture.
+    for (std::size_t i = 0; i < kSandboxFilterLength; i++) {
+        const sock_filter& code = kSandboxFilter[i].code;
+        if (code.code == (BPF_JMP | BPF_JEQ | BPF_K)) return code.k;
     }
     return 0;
 }
