@@ -1,5 +1,7 @@
 #include "cli/progress.h"
 
+#include "base/descriptor.h"
+
 #include <charconv>
 
 #include <unistd.h>
