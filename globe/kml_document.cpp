@@ -64,7 +64,7 @@ bool reserveRoom(TovStringRef document, TovStringRef name)
     constexpr std::int64_t kOtherPieces = 1024;  // units, the two numbers included
     const std::int64_t units = TovStringGetCLength(kDocumentStart) + TovStringGetCLength(kStyles) +
                                std::int64_t{TovStringGetLength(name)} * 3 + kOtherPieces;
-    return units <= kLongestString && reserveUnits(document, static_cast<std::int32_t>(units));
+    return units <= kMaxStringLength && reserveUnits(document, static_cast<std::int32_t>(units));
 }
 }  // namespace
 

@@ -13,7 +13,7 @@ namespace {
 // One block holds the object and, right behind it, its first units.
 TovStringRef createWithCapacity(std::int32_t capacity, bool isMutable)
 {
-    if (capacity < 0 || capacity > kLongestString) return nullptr;
+    if (capacity < 0 || capacity > kMaxStringLength) return nullptr;
     const std::size_t bytes =
         sizeof(TovString) + static_cast<std::size_t>(capacity) * sizeof(char16_t);
     void* block = baseAllocate(bytes);
@@ -32,7 +32,7 @@ constexpr std::int32_t kFirstCapacity = 16;  // units of a mutable text before i
 
 TovStringRef pinorama::createString(std::u16string_view units, bool isMutable)
 {
-    if (units.size() > static_cast<std::size_t>(kLongestString)) return nullptr;
+    if (units.size() > static_cast<std::size_t>(kMaxStringLength)) return nullptr;
     const auto length = static_cast<std::int32_t>(units.size());
     TovStringRef string =
         createWithCapacity(isMutable ? std::max(length, kFirstCapacity) : length, isMutable);
@@ -51,7 +51,7 @@ TovStringRef pinorama::createUnfilledString(std::int32_t length)
 
 bool pinorama::reserveUnits(TovStringRef target, std::int32_t capacity)
 {
-    if (target == nullptr || !target->isMutable || capacity > kLongestString) return false;
+    if (target == nullptr || !target->isMutable || capacity > kMaxStringLength) return false;
     if (capacity <= target->capacity) return true;
 
     const bool isInOwnBlock = target->units == reinterpret_cast<char16_t*>(target + 1);
@@ -70,13 +70,13 @@ bool pinorama::reserveUnits(TovStringRef target, std::int32_t capacity)
 char16_t* pinorama::extendUnits(TovStringRef target, std::int32_t added)
 {
     if (target == nullptr || !target->isMutable) return nullptr;
-    if (added < 0 || added > kLongestString - target->length) return nullptr;
+    if (added < 0 || added > kMaxStringLength - target->length) return nullptr;
 
     const std::int32_t needed = target->length + added;
     if (needed > target->capacity) {
         const std::int64_t doubled = std::int64_t{target->capacity} * 2;
         const auto wanted =
-            std::min<std::int64_t>(std::max<std::int64_t>(doubled, needed), kLongestString);
+            std::min<std::int64_t>(std::max<std::int64_t>(doubled, needed), kMaxStringLength);
         if (!reserveUnits(target, static_cast<std::int32_t>(wanted))) return nullptr;
     }
     char16_t* start = target->units + target->length;
@@ -88,7 +88,7 @@ bool pinorama::appendUnits(TovStringRef target, std::u16string_view units)
 {
     if (target == nullptr || !target->isMutable) return false;
     if (units.empty()) return true;
-    if (units.size() > static_cast<std::size_t>(kLongestString)) return false;
+    if (units.size() > static_cast<std::size_t>(kMaxStringLength)) return false;
 
     // The appended units may be the text's own, which growing moves.
     const std::less_equal<const char16_t*> notAfter;

@@ -24,7 +24,7 @@ using TovStringRef = TovString*;
 namespace pinorama {
 
 // The longest text that is made; longer requests fail like a lack of memory.
-constexpr std::int32_t kLongestString = 0x3fffffff;
+constexpr std::int32_t kMaxStringLength = 0x3fffffff;
 
 // Returns a new text with a copy of `units`, or null when memory runs out.
 [[nodiscard]] TovStringRef createString(std::u16string_view units, bool isMutable = false);

@@ -72,7 +72,7 @@ private:
     char16_t* extend(std::size_t count)
     {
         char16_t* dest = nullptr;
-        if (isComplete_ && count <= static_cast<std::size_t>(kLongestString)) {
+        if (isComplete_ && count <= static_cast<std::size_t>(kMaxStringLength)) {
             dest = extendUnits(target_, static_cast<std::int32_t>(count));
         }
         isComplete_ = dest != nullptr;

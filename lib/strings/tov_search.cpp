@@ -28,7 +28,7 @@ public:
     {
         if (text == nullptr) return;
         const std::string_view bytes(text);
-        if (bytes.size() > static_cast<std::size_t>(kLongestString)) return;
+        if (bytes.size() > static_cast<std::size_t>(kMaxStringLength)) return;
         if (bytes.size() > std::size(short_)) {
             block_ = BlockHolder(baseAllocate(bytes.size() * sizeof(char16_t)));
             if (!block_) return;

@@ -125,7 +125,7 @@ void TovStringAppendCString(TovStringRef* target, const char* text)
 {
     if (text == nullptr) return;
     const std::string_view bytes(text);
-    if (bytes.size() > static_cast<std::size_t>(kLongestString)) return;
+    if (bytes.size() > static_cast<std::size_t>(kMaxStringLength)) return;
     char16_t* dest = extendUnits(targetOf(target), static_cast<std::int32_t>(bytes.size()));
     if (dest != nullptr) decodeMacRoman(bytes, dest);
 }

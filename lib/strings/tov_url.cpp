@@ -75,7 +75,7 @@ TovStringRef TovStringConvertToURL(TovStringRef text)
     const std::u16string_view units = unitsOf(text);
     std::int64_t length = 0;
     escape(units, [&length](char16_t) { length++; });
-    if (length > kLongestString) return nullptr;
+    if (length > kMaxStringLength) return nullptr;
 
     TovStringRef escaped = createUnfilledString(static_cast<std::int32_t>(length));
     if (escaped == nullptr) return nullptr;

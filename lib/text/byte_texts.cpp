@@ -24,7 +24,7 @@ TovStringRef pinorama::createStringFromUTF8(std::string_view bytes, std::int32_t
 
 TovStringRef pinorama::createStringFromMacRoman(std::string_view bytes)
 {
-    if (bytes.size() > static_cast<std::size_t>(kLongestString)) return nullptr;
+    if (bytes.size() > static_cast<std::size_t>(kMaxStringLength)) return nullptr;
     TovStringRef string = createUnfilledString(static_cast<std::int32_t>(bytes.size()));
     if (string != nullptr) decodeMacRoman(bytes, string->units);
     return string;

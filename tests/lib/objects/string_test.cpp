@@ -41,7 +41,7 @@ TEST(createString, givesNullWhenMemoryRunsOut)
 TEST(createUnfilledString, refusesImpossibleLengths)
 {
     EXPECT_EQ(createUnfilledString(-1), nullptr);
-    EXPECT_EQ(createUnfilledString(kLongestString + 1), nullptr);
+    EXPECT_EQ(createUnfilledString(kMaxStringLength + 1), nullptr);
 }
 
 TEST(appendUnits, growsAcrossTheFirstBlock)
@@ -97,7 +97,7 @@ TEST(reserveUnits, keepsTheTextAndMovesNothingLater)
 TEST(reserveUnits, refusesWhatCannotBe)
 {
     const Text string(createString(u"abc", true));
-    EXPECT_FALSE(reserveUnits(string.get(), kLongestString + 1));
+    EXPECT_FALSE(reserveUnits(string.get(), kMaxStringLength + 1));
     EXPECT_FALSE(reserveUnits(nullptr, 1));
 }
 
