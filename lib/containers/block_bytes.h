@@ -7,11 +7,11 @@
 #include "base/alloc.h"
 
 // The longest block: what the 32-bit byte counts of the array files can name.
-constexpr std::uint64_t kLongestBlock = UINT32_MAX;
+constexpr std::uint64_t kMaxBlockSize = UINT32_MAX;
 
 // Resizes `*block` (null: allocates) to `byteCount` bytes. An `isEmpty` block is freed and becomes
 // null, so that a container without room never holds a block that nobody would free.
-// Returns false and changes nothing when memory runs out or `byteCount` is above kLongestBlock.
+// Returns false and changes nothing when memory runs out or `byteCount` is above kMaxBlockSize.
 [[nodiscard]] inline bool resizeBlock(std::uint8_t** block, std::uint64_t byteCount, bool isEmpty)
 {
     if (isEmpty) {
@@ -19,7 +19,7 @@ constexpr std::uint64_t kLongestBlock = UINT32_MAX;
         *block = nullptr;
         return true;
     }
-    if (byteCount > kLongestBlock) return false;
+    if (byteCount > kMaxBlockSize) return false;
     void* resized = pinorama::baseReallocate(*block, static_cast<std::size_t>(byteCount));
     if (resized == nullptr) return false;
     *block = static_cast<std::uint8_t*>(resized);

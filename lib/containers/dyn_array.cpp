@@ -9,7 +9,7 @@
 using namespace pinorama;
 
 namespace {
-constexpr std::uint32_t kLongestByWords = 32;  // bytes of an item
+constexpr std::uint32_t kMaxWordwiseSize = 32;  // bytes of an item
 
 std::uint8_t* itemAt(const DynArray* array, std::uint32_t index)
 {
@@ -44,7 +44,7 @@ const void* growFor(DynArray* array, const void* item)
 // left the processor.
 void copyItem(std::uint8_t* place, const void* item, std::uint32_t itemSize)
 {
-    if (itemSize > kLongestByWords || itemSize % sizeof(std::uint32_t) != 0) {
+    if (itemSize > kMaxWordwiseSize || itemSize % sizeof(std::uint32_t) != 0) {
         std::memmove(place, item, itemSize);
         return;
     }

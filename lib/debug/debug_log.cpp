@@ -17,7 +17,7 @@
 using namespace pinorama;
 
 namespace {
-constexpr std::size_t kLongestPath = 1024;       // bytes
+constexpr std::size_t kMaxPathLength = 1024;     // bytes
 constexpr std::size_t kFormatBufferSize = 2048;  // 2047 bytes and a terminator
 
 // The log while one entry is written.
@@ -165,7 +165,7 @@ std::int16_t debugLogFilePath(const FSRef* ref, const char* text, std::int32_t n
     }
     const StringHolder path(ref == nullptr ? nullptr : feGetPathFromFSRef(ref, 0));
     const std::string bytes = pathBytes(path.get());
-    if (bytes.size() <= kLongestPath)
+    if (bytes.size() <= kMaxPathLength)
         debugWriteBytes(entry.fork(), bytes.data(), static_cast<std::uint32_t>(bytes.size()));
     debugWriteReturn(entry.fork());
     return 0;

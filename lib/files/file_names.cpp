@@ -12,7 +12,7 @@
 using namespace pinorama;
 
 namespace {
-constexpr std::size_t kLongestName = 255;  // units of a counted name
+constexpr std::size_t kMaxNameLength = 255;  // units of a counted name
 constexpr int kLastNumber = 100;
 
 char16_t safeUnit(char16_t unit)
@@ -30,7 +30,7 @@ std::u16string_view shown(TovStringRef text)
 std::int32_t feCheckFileNameRef(HFSUniStr255* name)
 {
     if (name->length == 0) return kErrNothingUsable;
-    const std::size_t length = std::min<std::size_t>(name->length, kLongestName);
+    const std::size_t length = std::min<std::size_t>(name->length, kMaxNameLength);
     for (std::size_t i = 0; i < length; i++) {
         if (name->unicode[i] == 0) {
             name->length = static_cast<std::uint16_t>(i);

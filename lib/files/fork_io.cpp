@@ -18,7 +18,7 @@ using namespace pinorama;
 HFSUniStr255 forkName = {};
 
 namespace {
-constexpr std::uint64_t kLargestCopyBuffer = 0x1000000;  // bytes
+constexpr std::uint64_t kMaxCopyBufferSize = 0x1000000;  // bytes
 
 // Descriptors up to 2 are the standard streams: never opened here, so never touched here.
 bool isFork(ForkRef forkRef)
@@ -126,7 +126,7 @@ std::int32_t feSetEOF(ForkRef forkRef, std::int64_t size)
 std::int32_t feCopyFileData(ForkRef sourceFork, std::int64_t sourceOffset, std::uint64_t count,
                             ForkRef destFork, std::int64_t destOffset)
 {
-    const std::uint64_t bufferSize = std::min(count, kLargestCopyBuffer);
+    const std::uint64_t bufferSize = std::min(count, kMaxCopyBufferSize);
     const BlockHolder buffer(baseAllocate(bufferSize));
     if (!buffer) return kErrNoMemory;
 

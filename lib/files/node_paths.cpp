@@ -16,9 +16,9 @@
 using namespace pinorama;
 
 namespace {
-constexpr std::size_t kMostRemembered = 512;  // nodes
-constexpr int kMostSearched = 5000;           // items looked at below one place
-constexpr int kDeepestSearch = 3;             // folders below a place
+constexpr std::size_t kMaxRemembered = 512;  // nodes
+constexpr int kMaxSearched = 5000;           // items looked at below one place
+constexpr int kMaxSearchDepth = 3;           // folders below a place
 
 struct NodePath {
     Node node;
@@ -45,7 +45,7 @@ void remember(const pinorama::Node& node, const std::string& path)
 {
     std::erase_if(gSeen, [&](const NodePath& seen) { return seen.node == node; });
     gSeen.push_front({node, path});
-    if (gSeen.size() > kMostRemembered) gSeen.pop_back();
+    if (gSeen.size() > kMaxRemembered) gSeen.pop_back();
 }
 
 struct CloseFolder {
@@ -60,7 +60,7 @@ std::string searchBelow(const std::string& place, const pinorama::Node& node)
         int depth;
     };
     std::deque<Level> waiting = {{place, 0}};
-    for (int left = kMostSearched; !waiting.empty(); waiting.pop_front()) {
+    for (int left = kMaxSearched; !waiting.empty(); waiting.pop_front()) {
         const Level level = waiting.front();
         Node here = {};
         if (!look(level.path, &here) || here.volume != node.volume) continue;
@@ -71,7 +71,7 @@ std::string searchBelow(const std::string& place, const pinorama::Node& node)
             const std::string path = childPath(level.path, item->d_name);
             if (path.empty()) continue;  // "." and ".."
             if (item->d_ino == node.number && isAt(node, path)) return path;
-            if (item->d_type == DT_DIR && level.depth + 1 < kDeepestSearch) {
+            if (item->d_type == DT_DIR && level.depth + 1 < kMaxSearchDepth) {
                 waiting.push_back({path, level.depth + 1});
             }
         }

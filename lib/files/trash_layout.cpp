@@ -18,8 +18,8 @@ using namespace pinorama;
 
 namespace {
 constexpr std::string_view kInfoSuffix = ".trashinfo";
-constexpr std::size_t kLongestName = 255;  // bytes, the information file's suffix included
-constexpr int kLargestNumber = 100000;     // added to a name before the search for a free one ends
+constexpr std::size_t kMaxNameLength = 255;  // bytes, the information file's suffix included
+constexpr int kMaxNumber = 100000;  // added to a name before the search for a free one ends
 
 // One of the Trash folders that an item may go to.
 struct Trash {
@@ -126,7 +126,7 @@ std::string numberedName(std::string_view name, int number)
     std::string tail = number == 1 ? std::string() : " " + std::to_string(number);
     if (hasExtension) tail += name.substr(dot);
 
-    const std::size_t room = kLongestName - kInfoSuffix.size() - tail.size();
+    const std::size_t room = kMaxNameLength - kInfoSuffix.size() - tail.size();
     if (stem.size() > room) {
         std::size_t end = room;
         while (room - end < 3 && (stem[end] & 0xc0) == 0x80) end--;
@@ -139,7 +139,7 @@ std::string numberedName(std::string_view name, int number)
 bool moveInto(const Trash& trash, const std::string& path, std::string_view wantedName,
               TrashName naming)
 {
-    for (int number = 1; number <= kLargestNumber; number++) {
+    for (int number = 1; number <= kMaxNumber; number++) {
         if (moveAs(trash, path, numberedName(wantedName, number))) return true;
         if (errno != EEXIST || naming == TrashName::wantedOnly) return false;
     }

@@ -25,7 +25,7 @@
 using namespace pinorama;
 
 namespace {
-constexpr std::size_t kLongestName = 63;  // bytes
+constexpr std::size_t kMaxNameLength = 63;  // bytes
 
 std::int32_t lastStatus()
 {
@@ -36,7 +36,7 @@ std::int32_t lastStatus()
 std::string pathOf(const FSSpec* spec)
 {
     std::string folder = pathOfNode({spec->volume, spec->parentNode});
-    const std::size_t length = std::min<std::size_t>(spec->name[0], kLongestName);
+    const std::size_t length = std::min<std::size_t>(spec->name[0], kMaxNameLength);
     if (folder.empty() || length == 0) return folder;
     const ObjectHolder<TovStringRef> name(
         createStringFromMacRoman({reinterpret_cast<const char*>(spec->name + 1), length}));
@@ -64,7 +64,7 @@ void feMakeFastFSSpec(std::uint64_t volume, std::uint64_t parentNode, const std:
 {
     *outSpec = {volume, parentNode, {}};
     if (pName == nullptr) return;
-    const std::size_t length = std::min<std::size_t>(pName[0], kLongestName);
+    const std::size_t length = std::min<std::size_t>(pName[0], kMaxNameLength);
     outSpec->name[0] = static_cast<std::uint8_t>(length);
     std::copy_n(pName + 1, length, outSpec->name + 1);
 }
@@ -90,7 +90,7 @@ std::int32_t feMakeFSSpecFromFSRef(const FSRef* ref, FSSpec* outSpec)
         const ObjectHolder<TovStringRef> name(createPathText(isRoot ? "" : nameOf(ref->path)));
         if (!name) return kErrNoMemory;
         const std::u16string_view units = unitsOf(name.get());
-        if (units.size() > kLongestName || !isMacRoman(units)) return kErrBadName;
+        if (units.size() > kMaxNameLength || !isMacRoman(units)) return kErrBadName;
         *outSpec = {node.volume, node.number, {}};
         outSpec->name[0] = static_cast<std::uint8_t>(units.size());
         encodeMacRoman(units, reinterpret_cast<char*>(outSpec->name + 1));

@@ -20,9 +20,9 @@ using namespace pinorama;
 using nlohmann::json;
 
 namespace {
-constexpr std::size_t kLargestFile = 4 * 1024 * 1024;  // bytes
-constexpr int kDeepest = 64;                           // objects and lists within each other
-constexpr int kMostSetAside = 1000;                    // damaged files that are kept
+constexpr std::size_t kMaxFileSize = 4 * 1024 * 1024;  // bytes
+constexpr int kMaxDepth = 64;                          // objects and lists within each other
+constexpr int kMaxSetAside = 1000;                     // damaged files that are kept
 constexpr std::chrono::milliseconds kPatience(2000);
 
 enum class FileState { missing, good, damaged, unreadable };
@@ -38,15 +38,15 @@ json parse(const std::string& text)
     int deepest = 0;
     const auto watchDepth = [&](int depth, json::parse_event_t, json&) {
         deepest = std::max(deepest, depth);
-        return depth <= kDeepest;
+        return depth <= kMaxDepth;
     };
     json values = json::parse(text, watchDepth, false);
-    return deepest <= kDeepest ? values : json(json::value_t::discarded);
+    return deepest <= kMaxDepth ? values : json(json::value_t::discarded);
 }
 
 Content readContent(const std::string& path)
 {
-    const auto text = readWholeFile(path, kLargestFile);
+    const auto text = readWholeFile(path, kMaxFileSize);
     if (!text) {
         if (errno == ENOENT) return {FileState::missing, json::object()};
         return {errno == EFBIG ? FileState::damaged : FileState::unreadable, json::object()};
@@ -60,7 +60,7 @@ Content readContent(const std::string& path)
 // is free.
 bool setAside(const std::string& path)
 {
-    for (int number = 1; number <= kMostSetAside; number++) {
+    for (int number = 1; number <= kMaxSetAside; number++) {
         std::string name = path + ".damaged";
         if (number > 1) name += "." + std::to_string(number);
         if (moveWithoutReplacing(path, name)) return true;

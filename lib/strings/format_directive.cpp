@@ -4,7 +4,7 @@
 
 namespace {
 constexpr std::u16string_view kConversions = u"@diuxXocCsfFeEgG%";
-constexpr int kLargestNumber = 1000000;  // longer numbers in a template say nothing more
+constexpr int kMaxNumber = 1000000;  // longer numbers in a template say nothing more
 
 class Parser {
 public:
@@ -45,8 +45,7 @@ private:
     int takeNumber()
     {
         int number = 0;
-        for (; isAtDigit(); next_++)
-            number = std::min(number * 10 + (peek() - u'0'), kLargestNumber);
+        for (; isAtDigit(); next_++) number = std::min(number * 10 + (peek() - u'0'), kMaxNumber);
         return number;
     }
 

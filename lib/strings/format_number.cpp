@@ -77,8 +77,7 @@ char* printAllDigits(char* first, char* end, double magnitude, int digits)
 
 char* printDigits(const FormatDirective& directive, char* first, char* end, double magnitude)
 {
-    const int precision =
-        std::min(directive.precision.value_or(kUsualPrecision), kMostFormatPlaces);
+    const int precision = std::min(directive.precision.value_or(kUsualPrecision), kMaxFormatPlaces);
     char* last = first;
     switch (directive.conversion) {
     case u'f':
@@ -119,7 +118,7 @@ FormattedNumber formatInteger(const FormatDirective& directive, std::int64_t val
     if (directive.conversion == u'X') makeUpperCase(buffer.digits, last);
     result.digits = {buffer.digits, static_cast<std::size_t>(last - buffer.digits)};
 
-    const int precision = std::min(directive.precision.value_or(0), kMostFormatPlaces);
+    const int precision = std::min(directive.precision.value_or(0), kMaxFormatPlaces);
     result.zeros = std::max(precision - static_cast<int>(result.digits.size()), 0);
     if (directive.showsForm && base == 16 && magnitude != 0) {
         result.sign = directive.conversion == u'X' ? "0X" : "0x";

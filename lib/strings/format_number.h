@@ -18,11 +18,11 @@ struct FormattedNumber {
 };
 
 // The widest field and the highest precision of a number; a template that asks for more gets this.
-constexpr int kMostFormatPlaces = 1000;
+constexpr int kMaxFormatPlaces = 1000;
 
 // Room for the digits of any double with the highest precision.
 struct FormatBuffer {
-    char digits[kMostFormatPlaces + 400];
+    char digits[kMaxFormatPlaces + 400];
 };
 
 // Prints `value` with the conversion d, i, u, x, X or o; only the bits of the directive's width

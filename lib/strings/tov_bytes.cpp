@@ -8,7 +8,7 @@
 using namespace pinorama;
 
 namespace {
-constexpr std::size_t kLongestPString = 255;
+constexpr std::size_t kMaxPStringLength = 255;
 
 enum class Encoding { none, utf8, macRoman };
 
@@ -113,7 +113,7 @@ bool TovStringCopyToPString(TovStringRef string, std::uint8_t* dest)
     dest[0] = 0;
     if (string == nullptr) return false;
     const std::u16string_view units = unitsOf(string);
-    if (units.size() > kLongestPString || !isMacRoman(units)) return false;
+    if (units.size() > kMaxPStringLength || !isMacRoman(units)) return false;
     encodeMacRoman(units, reinterpret_cast<char*>(dest + 1));
     dest[0] = static_cast<std::uint8_t>(units.size());
     return true;

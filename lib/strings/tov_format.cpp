@@ -113,7 +113,7 @@ private:
             directive.isLeftAligned |= width < 0;
             directive.width = std::abs(width);
         }
-        directive.width = std::min(directive.width, kMostFormatPlaces);
+        directive.width = std::min(directive.width, kMaxFormatPlaces);
         if (directive.takesPrecision) {
             const int precision = takePlaces();
             directive.precision = precision < 0 ? std::nullopt : std::optional(precision);
@@ -224,7 +224,7 @@ private:
     bool isComplete_ = true;
 };
 
-constexpr std::size_t kMostArguments = 32;  // that a template of the program can take
+constexpr std::size_t kMaxArguments = 32;  // that a template of the program can take
 
 // The arguments that a template asks for, read one after the other.
 class ArgumentList {
@@ -239,7 +239,7 @@ public:
         std::va_list list;
         va_copy(list, arguments);
         // Behind a gap nobody knows where the next argument lies.
-        while (count_ < kMostArguments && types_[count_] != Type::unknown) {
+        while (count_ < kMaxArguments && types_[count_] != Type::unknown) {
             arguments_[count_] = read(types_[count_], list);
             count_++;
         }
@@ -272,7 +272,7 @@ private:
 
     void note(std::size_t position, Type type)
     {
-        if (position < kMostArguments && types_[position] == Type::unknown) types_[position] = type;
+        if (position < kMaxArguments && types_[position] == Type::unknown) types_[position] = type;
     }
 
     static Type typeOf(const FormatDirective& directive)
@@ -309,8 +309,8 @@ private:
         return FormatArgument(va_arg(arguments, int));
     }
 
-    std::array<Type, kMostArguments> types_{};
-    std::array<FormatArgument, kMostArguments> arguments_;
+    std::array<Type, kMaxArguments> types_{};
+    std::array<FormatArgument, kMaxArguments> arguments_;
     std::size_t next_ = 0;
     std::size_t count_ = 0;
 };

@@ -7,7 +7,7 @@
 using namespace pinorama;
 
 namespace {
-constexpr std::int32_t kLongestDate = 256;  // units
+constexpr std::int32_t kMaxDateLength = 256;  // units
 constexpr double kMillisecondsPerSecond = 1000.0;
 
 struct FormatCloser {
@@ -59,13 +59,13 @@ const UDateFormat* formatFor(const std::string& locale, pinorama::DateStyle styl
 TovStringRef pinorama::createDateText(const std::string& locale, DateStyle style,
                                       std::int64_t seconds)
 {
-    char16_t units[kLongestDate];
+    char16_t units[kMaxDateLength];
     const UDateFormat* format = formatFor(locale, style);
     if (format == nullptr) return nullptr;
     UErrorCode status = U_ZERO_ERROR;
     const std::int32_t length =
         udat_format(format, static_cast<double>(seconds) * kMillisecondsPerSecond, units,
-                    kLongestDate, nullptr, &status);
+                    kMaxDateLength, nullptr, &status);
     if (U_FAILURE(status)) return nullptr;
     return createString({units, static_cast<std::size_t>(length)});
 }

@@ -89,8 +89,8 @@ TovDateRef pinorama::createDateFromText(const DateParser* parser, std::u16string
 {
     return baseGuardMemory([&]() -> TovDateRef {
         if (parser == nullptr || text.empty()) return nullptr;
-        constexpr std::size_t kLongestDate = 256;  // units; what follows cannot belong to a match
-        const std::u16string padded = withTwoDigits(text.substr(0, kLongestDate));
+        constexpr std::size_t kMaxDateLength = 256;  // units; what follows cannot belong to a match
+        const std::u16string padded = withTwoDigits(text.substr(0, kMaxDateLength));
         UDateFormat* format = parser->format();
         if (format == nullptr) return nullptr;
 

@@ -11,7 +11,7 @@
 using namespace pinorama;
 
 namespace {
-constexpr std::int32_t kLongestNumber = 128;  // units, of 20 digits with the longest separators
+constexpr std::int32_t kMaxNumberLength = 128;  // units, of 20 digits with the longest separators
 
 struct FormatCloser {
     void operator()(UNumberFormat* format) const { unum_close(format); }
@@ -58,9 +58,9 @@ TovStringRef createText(pinorama::NumberFormat* format, Number value, Print prin
 {
     const UNumberFormat* const opened = format == nullptr ? nullptr : format->format();
     if (opened == nullptr) return nullptr;
-    char16_t units[kLongestNumber];
+    char16_t units[kMaxNumberLength];
     UErrorCode status = U_ZERO_ERROR;
-    const std::int32_t length = print(opened, value, units, kLongestNumber, nullptr, &status);
+    const std::int32_t length = print(opened, value, units, kMaxNumberLength, nullptr, &status);
     if (U_FAILURE(status)) return nullptr;
     return createString({units, static_cast<std::size_t>(length)});
 }

@@ -29,7 +29,7 @@ using namespace pinorama;
 namespace {
 namespace fs = std::filesystem;
 
-constexpr std::size_t kLongestPath = 2048;  // bytes
+constexpr std::size_t kMaxPathLength = 2048;  // bytes
 
 // What cocoaUtilsLaunch started.
 struct ToolkitPool {
@@ -143,7 +143,7 @@ void cocoaUtils::addToFinderComment(TovStringRef path, TovStringRef comment)
 
 TovStringRef cocoaUtils::cuGetPathFromFSRef(const FSRef* ref)
 {
-    if (ref == nullptr || ref->path.size() > kLongestPath) return nullptr;
+    if (ref == nullptr || ref->path.size() > kMaxPathLength) return nullptr;
     return feGetPathFromFSRef(ref, 0);
 }
 

@@ -17,7 +17,7 @@
 using namespace pinorama;
 
 namespace {
-constexpr int kMostPixels = 4096;  // per side of an icon
+constexpr int kMaxPixels = 4096;  // per side of an icon
 
 QString typeOfSpecialItem(const std::string& path)
 {
@@ -97,12 +97,10 @@ QPixmap cuIconOfItem(const std::string& path, QSizeF size, qreal ratio)
 {
     const QSizeF pixels = size * ratio;
     if (!(pixels.width() > 0 && pixels.height() > 0)) return {};
-    const int width =
-        std::clamp(static_cast<int>(std::lround(std::min<qreal>(pixels.width(), kMostPixels))), 1,
-                   kMostPixels);
-    const int height =
-        std::clamp(static_cast<int>(std::lround(std::min<qreal>(pixels.height(), kMostPixels))), 1,
-                   kMostPixels);
+    const int width = std::clamp(
+        static_cast<int>(std::lround(std::min<qreal>(pixels.width(), kMaxPixels))), 1, kMaxPixels);
+    const int height = std::clamp(
+        static_cast<int>(std::lround(std::min<qreal>(pixels.height(), kMaxPixels))), 1, kMaxPixels);
     const int side = std::min(width, height);
 
     QPixmap result(width, height);

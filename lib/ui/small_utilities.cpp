@@ -6,7 +6,7 @@
 using namespace pinorama;
 
 namespace {
-constexpr std::size_t kLongestName = 255;  // units of a counted name
+constexpr std::size_t kMaxNameLength = 255;  // units of a counted name
 }
 
 double radians(double degrees)
@@ -26,14 +26,14 @@ bool uAltPressed()
 
 void utMakeHFSStringFromCFString(TovStringRef string, HFSUniStr255* name)
 {
-    const std::u16string_view units = unitsOf(string).substr(0, kLongestName);
+    const std::u16string_view units = unitsOf(string).substr(0, kMaxNameLength);
     std::copy(units.begin(), units.end(), name->unicode);
     name->length = static_cast<std::uint16_t>(units.size());
 }
 
 TovStringRef utMakeCFStringFromHFSString(const HFSUniStr255* name, TovStringRef* out)
 {
-    const std::size_t length = std::min<std::size_t>(name->length, kLongestName);
+    const std::size_t length = std::min<std::size_t>(name->length, kMaxNameLength);
     *out = createString({name->unicode, length});
     return *out;
 }

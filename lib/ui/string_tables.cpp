@@ -21,7 +21,7 @@ using namespace pinorama;
 void* gCFBundleRef = nullptr;
 
 namespace {
-constexpr std::size_t kLargestTable = 256 * 1024;  // bytes
+constexpr std::size_t kMaxTableSize = 256 * 1024;  // bytes
 constexpr char kDefaultTable[] = "Localizable";
 
 struct LoadedTable {
@@ -79,7 +79,7 @@ const StringsTable& tableOf(Bundle* bundle, const std::string& language, std::st
     }
     LoadedTable table{language, std::string(name), {}};
     const std::string path = bundle->folder + "/" + language + "/" + table.name + ".strings";
-    if (const auto bytes = readWholeFile(path, kLargestTable)) {
+    if (const auto bytes = readWholeFile(path, kMaxTableSize)) {
         table.texts = StringsTable(*bytes);
     }
     // Only now, so that a table is not kept without its texts when memory runs out.
@@ -103,7 +103,7 @@ const StringsTable& userTableOf(std::string_view name)
     }
     LoadedTable table{{}, std::string(name), {}};
     const std::string path = gUserTables.folder + "/" + table.name + ".strings";
-    if (const auto bytes = readWholeFile(path, kLargestTable)) {
+    if (const auto bytes = readWholeFile(path, kMaxTableSize)) {
         table.texts = StringsTable(*bytes);
     }
     for (const std::size_t line : table.texts.damagedLines()) {
