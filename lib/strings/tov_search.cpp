@@ -4,7 +4,7 @@
 #include "base/mac_roman.h"
 #include "lib/strings/tov_bytes.h"
 #include "lib/strings/tov_string.h"
-#include "lib/text/compare.h"
+#include "lib/text/find_text.h"
 
 #include <algorithm>
 #include <iterator>

@@ -5,17 +5,26 @@
 #include "lib/files/file_comment.h"
 #include "lib/files/file_reference.h"
 #include "lib/files/path_text.h"
+#include "lib/strings/string_holder.h"
+#include "lib/strings/tov_bytes.h"
+#include "lib/strings/tov_string.h"
 #include "lib/ui/qt_text.h"
+#include "lib/ui/string_tables.h"
 #include "lib/ui/view_texts.h"
+#include "lib/ui/view_translation.h"
 #include "lib/ui/zip_archive.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
 #include <QGroupBox>
+#include <QImage>
 #include <QLabel>
+#include <QPainter>
+#include <QPixmap>
 
 #include <cstdio>
+#include <exception>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -85,7 +94,60 @@ bool flush(const fs::path& path)
     const DescriptorHolder file(openDescriptor(path.c_str(), O_RDONLY));
     return file && flushDescriptor(file.get());
 }
+
+constexpr std::int16_t kDialogTable = 1100;  // texts marked "##"
+constexpr std::int16_t kWordTable = 1001;    // texts marked "+#"
+
+// The table that the marker at the beginning of `text` names; 0 when there is none.
+std::int16_t tableOfMarker(TovStringRef text)
+{
+    // The marker is looked for in the UTF-8 form, so a text that has none is no placeholder.
+    if (TovStringGetLength(text) < 3 || TovStringGetUTF8Size(text) < 2) return 0;
+    if (TovStringGetUniChar(text, 1) != u'#') return 0;
+    switch (TovStringGetUniChar(text, 0)) {
+    case u'#': return kDialogTable;
+    case u'+': return kWordTable;
+    default: return 0;
+    }
+}
+
+QList<QWidget*> subviewsOf(const QWidget* view)
+{
+    QList<QWidget*> subviews;
+    for (QObject* child : view->children()) {
+        if (!child->isWidgetType()) continue;
+        auto* subview = static_cast<QWidget*>(child);
+        if (!subview->isWindow()) subviews.append(subview);
+    }
+    return subviews;
+}
 }  // namespace
+
+TovStringRef cocoaUtils::translateADialogString(TovStringRef text)
+{
+    const std::int16_t table = tableOfMarker(text);
+    if (table == 0) return text;
+
+    const StringHolder digits(TovStringCreateWithSubstring(text, 2, TovStringGetLength(text) - 2));
+    const std::int32_t number = TovStringGetIntValue(digits.get());
+    if (number == 0) return text;
+    // Tested before it is narrowed, so 65536 asks for text 0.
+    return iuGetIndCFString(table, static_cast<std::int16_t>(number));
+}
+
+void cocoaUtils::translateOneView(QWidget* view)
+{
+    if (view == nullptr) return;
+    cuTranslateOwnTexts(view);
+    // Setting a text may add or remove views, so the list is taken anew each time.
+    for (int i = 0; i < subviewsOf(view).size(); ++i) translateOneView(subviewsOf(view).at(i));
+}
+
+void cocoaUtils::translateWindow(QWidget* window, std::uint8_t setTitle)
+{
+    (void)setTitle;  // the title is never changed
+    translateOneView(window);
+}
 
 void cocoaUtils::setStringValue(QWidget* control, TovStringRef myString)
 {
@@ -145,6 +207,33 @@ TovStringRef cocoaUtils::cuGetPathFromFSRef(const FSRef* ref)
 {
     if (ref == nullptr || ref->path.size() > kMaxPathLength) return nullptr;
     return feGetPathFromFSRef(ref, 0);
+}
+
+QPixmap cocoaUtils::convertCGImageRefToNSImage(const QImage& bitmap)
+{
+    QPixmap image;
+    try {
+        if (bitmap.isNull()) return image;
+        image = QPixmap(bitmap.width(), bitmap.height());
+        image.fill(Qt::transparent);
+        QPainter painter(&image);
+        painter.drawImage(QRect(0, 0, bitmap.width(), bitmap.height()), bitmap);
+    } catch (const std::exception&) {
+        // What has been drawn so far is the result.
+    }
+    return image;
+}
+
+QImage cocoaUtils::cuConvertNSImageToCGImageRef(const QPixmap& image)
+{
+    QImage bitmap = image.toImage();
+    bitmap.setDevicePixelRatio(1);  // a bitmap counts pixels
+    return bitmap;
+}
+
+QPixmap cocoaUtils::earthMapImage(double /*latitude*/, double /*longi*/)
+{
+    return {};
 }
 
 void* cocoaUtilsLaunch()

@@ -1,22 +1,17 @@
-// Comparing and searching by what a text says rather than how it is coded: canonically equivalent
-// sequences, such as a precomposed letter and the letter with a combining mark, are equal (Unicode
-// Standard, section 3.7). Ignoring case means Unicode's full case folding, without the Turkic
-// exceptions (section 3.13). Indexes and lengths are UTF-16 units.
+// Finds a text in another one, by the same equivalence as compareTexts. Indexes and lengths are
+// UTF-16 units.
 
 #pragma once
 
 #include <cstdint>
 #include <string_view>
 
+#include "lib/text/compare_texts.h"
+
 namespace pinorama {
 
-enum class Case { respect, ignore };
-
-// Negative, 0 or positive: the order of the code points of the decomposed (and folded) texts.
-int compareTexts(std::u16string_view a, std::u16string_view b, Case letterCase);
-
-// Where a text was found in another; both fields count in the text that was searched, whose form
-// may be shorter or longer than the wanted one.
+// Where a text was found in another one. Both fields count units of the text that was searched,
+// whose spelling of the wanted text may be shorter or longer.
 struct FoundRange {
     std::int32_t location;  // -1: nowhere
     std::int32_t length;

@@ -1,4 +1,6 @@
-#include "lib/text/compare.h"
+#include "lib/text/compare_texts.h"
+
+#include "lib/text/find_text.h"
 
 #include <gtest/gtest.h>
 #include <unicode/normalizer2.h>

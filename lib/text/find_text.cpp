@@ -1,9 +1,10 @@
-// Searching walks over the text in segments, each a character with the marks that belong to it. An
-// occurrence consists of whole segments, so that every segment is decomposed and folded on its own,
-// and only where the wanted text could stand.
+// The search advances in segments, each a character with the marks that belong to it. An occurrence
+// consists of whole segments, so each segment can be decomposed and folded on its own, and only
+// where the wanted text may begin.
+
+#include "lib/text/find_text.h"
 
 #include "base/ascii.h"
-#include "lib/text/compare.h"
 
 #include <unicode/uchar.h>
 #include <unicode/unorm2.h>
@@ -20,7 +21,7 @@ namespace {
 using pinorama::Case;
 using pinorama::isASCII;
 
-constexpr char16_t kFirstMark = 0x0300;  // no unit below it combines with the one before
+constexpr char16_t kFirstMark = 0x0300;  // no unit below it combines with the one before it
 
 const UNormalizer2* decomposer()
 {
@@ -48,8 +49,8 @@ bool belongsToCharacterBefore(UChar32 codePoint)
            !unorm2_hasBoundaryBefore(composer(), codePoint);
 }
 
-// True for units that no ASCII character comes from, however they are decomposed and folded: those
-// from the CJK radicals on, the Latin ligatures aside.
+// True for units that cannot become an ASCII character by decomposition or folding: those from the
+// CJK radicals on, except for the Latin ligatures.
 bool isFarFromASCII(char16_t unit)
 {
     return unit >= 0x2e80 && (unit < 0xfb00 || unit > 0xfb06);
@@ -70,8 +71,8 @@ std::size_t endOfSegment(std::u16string_view text, std::size_t start)
     return end;
 }
 
-// A text decomposed and, when case is ignored, folded; it lends from `text` when that changes
-// nothing. A single segment needs no memory.
+// A text decomposed and, if case is ignored, folded. Refers to `text` itself if that changes
+// nothing, and allocates nothing for a single segment.
 class ComparableForm {
 public:
     ComparableForm(std::u16string_view text, Case letterCase) : units_(text)
@@ -95,16 +96,16 @@ public:
 private:
     static constexpr std::int32_t kSmall = 32;  // units
 
-    // Where a step puts its units: not where they come from, and made larger when they do not fit.
-    struct Place {
+    // The output of a step, which must not be its input. Grows if the units do not fit.
+    struct Buffer {
         char16_t small[kSmall];
         std::unique_ptr<char16_t[]> large{};
     };
 
     void foldASCII()
     {
-        change([this](char16_t* dest, std::int32_t room, UErrorCode* status) {
-            if (room < length()) {
+        change([this](char16_t* dest, std::int32_t capacity, UErrorCode* status) {
+            if (capacity < length()) {
                 *status = U_BUFFER_OVERFLOW_ERROR;
             } else {
                 std::transform(units_.begin(), units_.end(), dest, foldedASCII);
@@ -115,15 +116,16 @@ private:
 
     void decompose()
     {
-        change([this](char16_t* dest, std::int32_t room, UErrorCode* status) {
-            return unorm2_normalize(decomposer(), units_.data(), length(), dest, room, status);
+        change([this](char16_t* dest, std::int32_t capacity, UErrorCode* status) {
+            return unorm2_normalize(decomposer(), units_.data(), length(), dest, capacity, status);
         });
     }
 
     void fold()
     {
-        change([this](char16_t* dest, std::int32_t room, UErrorCode* status) {
-            return u_strFoldCase(dest, room, units_.data(), length(), U_FOLD_CASE_DEFAULT, status);
+        change([this](char16_t* dest, std::int32_t capacity, UErrorCode* status) {
+            return u_strFoldCase(dest, capacity, units_.data(), length(), U_FOLD_CASE_DEFAULT,
+                                 status);
         });
     }
 
@@ -131,15 +133,15 @@ private:
     void change(Step step)
     {
         if (!isUsable_) return;
-        Place& place = places_[next_];
+        Buffer& buffer = buffers_[next_];
         next_ = 1 - next_;
         UErrorCode status = U_ZERO_ERROR;
-        char16_t* dest = place.small;
+        char16_t* dest = buffer.small;
         std::int32_t count = step(dest, kSmall, &status);
         if (status == U_BUFFER_OVERFLOW_ERROR) {
             status = U_ZERO_ERROR;
-            place.large.reset(new (std::nothrow) char16_t[static_cast<std::size_t>(count)]);
-            dest = place.large.get();
+            buffer.large.reset(new (std::nothrow) char16_t[static_cast<std::size_t>(count)]);
+            dest = buffer.large.get();
             if (dest != nullptr) count = step(dest, count, &status);
         }
         isUsable_ = dest != nullptr && U_SUCCESS(status);
@@ -150,12 +152,12 @@ private:
     std::int32_t length() const { return static_cast<std::int32_t>(units_.size()); }
 
     std::u16string_view units_;
-    Place places_[2];
+    Buffer buffers_[2];
     int next_ = 0;
     bool isUsable_ = true;
 };
 
-// A wanted text in its comparable form, and the test whether it stands at a place.
+// A wanted text in its comparable form, which tests whether it occurs at a given index.
 class Wanted {
 public:
     Wanted(std::u16string_view units, Case letterCase)
@@ -188,8 +190,8 @@ private:
         return letterCase_ == Case::ignore ? foldedASCII(unit) : unit;
     }
 
-    // Moves `at` behind the segment there when `rest` begins with it, and returns how many units of
-    // `rest` that are; else 0.
+    // If `rest` begins with the segment at `at`, moves `at` past that segment and returns how many
+    // units of `rest` it matches; else returns 0.
     std::size_t matchSegment(std::u16string_view text, std::size_t& at,
                              std::u16string_view rest) const
     {
@@ -213,14 +215,14 @@ private:
     Case letterCase_;
 };
 
-// Only these characters beyond ASCII decompose to ASCII alone: the Kelvin sign, the Greek question
-// mark and the Greek varia.
+// The Kelvin sign, the Greek question mark and the Greek varia are the only characters outside
+// ASCII that decompose to ASCII alone.
 bool hasOtherSpelling(char16_t unit)
 {
     return unit == u'K' || unit == u';' || unit == u'`';
 }
 
-// True when an occurrence consists of the very units that are wanted.
+// True if every occurrence consists of exactly the wanted units.
 bool isFoundByItsUnits(std::u16string_view wanted, Case letterCase)
 {
     return letterCase == Case::respect &&

@@ -1,4 +1,4 @@
-#include "lib/text/compare.h"
+#include "lib/text/compare_texts.h"
 
 #include "base/ascii.h"
 
@@ -21,15 +21,15 @@ int compareAnyTexts(std::u16string_view a, std::u16string_view b, pinorama::Case
     UErrorCode status = U_ZERO_ERROR;
     const int result = unorm_compare(a.data(), static_cast<std::int32_t>(a.size()), b.data(),
                                      static_cast<std::int32_t>(b.size()), options, &status);
-    // ICU fails only for lack of memory; the plain order of the units is the best there is then.
+    // ICU fails only if memory runs out; the order of the units is the best substitute then.
     return signOf(U_SUCCESS(status) ? result : a.compare(b));
 }
 }  // namespace
 
 int pinorama::compareTexts(std::u16string_view a, std::u16string_view b, Case letterCase)
 {
-    // Marks that follow an ASCII character neither change nor move it, so two texts are in order as
-    // soon as they differ in one, and the beginning that they share can be left out.
+    // Combining marks after an ASCII character neither change nor move it. So the first ASCII
+    // characters that differ decide, and a common beginning can be skipped.
     const std::size_t shorter = std::min(a.size(), b.size());
     for (std::size_t i = commonASCIILength(a, b); i < shorter; i++) {
         if (!isASCII(a[i]) || !isASCII(b[i])) {
