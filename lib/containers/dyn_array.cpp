@@ -221,7 +221,7 @@ std::int16_t memInsertMoreItems(DynArray* array, std::uint32_t index, std::uint3
     const StableItems stable(array, items, std::uint64_t{n} * array->itemSize);
     if (stable.failed()) return kMemErrNoMemory;
     // Exactly sufficient room grows as well; pinned by
-    // memInsertMoreItems.growsEvenWhenTheRoomIsExactlySufficient.
+    // memInsertMoreItems.growsEvenIfTheCapacityIsExactlySufficient.
     const std::uint64_t needed = std::uint64_t{array->itemCount} + n;
     if (array->allocatedAmount <= needed) {
         if (growTo(array, std::uint64_t{array->allocatedAmount} + n + kGrowthStep, needed) != 0)
@@ -264,7 +264,7 @@ std::int16_t memMoveItemToNewIndex(DynArray* array, std::uint32_t from, std::uin
     (void)memCopyItemData(array, from, scratch.get());
     (void)memDeleteOneItem(array, from);
     // A place beyond the shortened array fails, and the item is gone; pinned by
-    // memMoveItemToNewIndex.placeBeyondTheShortenedArrayLosesTheItem.
+    // memMoveItemToNewIndex.anIndexBeyondTheShortenedArrayLosesTheItem.
     return memInsertOneItem(array, to, scratch.get());
 }
 

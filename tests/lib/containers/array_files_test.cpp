@@ -45,7 +45,7 @@ std::string foreignHeader(std::uint32_t id, std::uint32_t size, std::uint32_t ty
 }
 }  // namespace
 
-TEST(memAppendFileContentsMMIO, writesTheItemsInUseBehindTheEnd)
+TEST(memAppendFileContentsMMIO, writesTheItemsInUseAfterTheEnd)
 {
     const OpenFile file("before");
     const test::ArrayOf<std::uint32_t> array({1, 2, 3});
@@ -76,7 +76,7 @@ TEST(memWriteToFileContentsMMIO, writesAtAnOffset)
     EXPECT_EQ(memWriteToFileContentsMMIO(-1, &array, 0), kErrNotOpen);
 }
 
-TEST(memGetFileContentsMMIO, readsWhatLiesInTheFile)
+TEST(memGetFileContentsMMIO, readsTheBytesOfTheFile)
 {
     const OpenFile file("xx" + bytesOf<std::uint32_t>({5, 6, 7}));
     const std::int64_t end = 14;
@@ -123,7 +123,7 @@ TEST(memGetFileContentsMMIO, readsWhatLiesInTheFile)
     }
 }
 
-TEST(memGetFileContentsMMIO, doesNotLookAtTheStatusOfTheLength)
+TEST(memGetFileContentsMMIO, ignoresTheStatusOfTheLength)
 {
     // Without a length every range ends beyond the end, and nothing at the start is read and fails.
     DynArray array = {1, 2, 3, nullptr};
@@ -132,7 +132,7 @@ TEST(memGetFileContentsMMIO, doesNotLookAtTheStatusOfTheLength)
     EXPECT_EQ(memGetFileContentsMMIO(0, 0, 0, 4, &array), kErrNotOpen);
 }
 
-TEST(memGetFileContentsMMIO, freesWhatCouldNotBeRead)
+TEST(memGetFileContentsMMIO, freesTheBlockIfItCannotBeRead)
 {
     const OpenFile file(std::string(16, 'x'), O_WRONLY);
     test::Array array;
@@ -153,7 +153,7 @@ TEST(memGetFileContentsMMIO, gives22001WhenMemoryRunsOut)
     EXPECT_EQ(array.itemCount, 0u);
 }
 
-TEST(memAppendFlexArrayToFileMMIO, writesTheUsedBytesBehindTheEnd)
+TEST(memAppendFlexArrayToFileMMIO, writesTheUsedBytesAfterTheEnd)
 {
     const OpenFile file("before");
     const test::Flex flex({{1, 2, "data"}, {3, 4, ""}});
@@ -175,7 +175,7 @@ TEST(memWriteFlexArrayToFileMMIO, writesAtAnOffset)
     EXPECT_EQ(memWriteFlexArrayToFileMMIO(file.fork.get(), &flex, -1), kErrBadArgument);
 }
 
-TEST(memGetFileContentsFlexMMIO, readsWhatLiesInTheFile)
+TEST(memGetFileContentsFlexMMIO, readsTheBytesOfTheFile)
 {
     const std::string bytes = test::headerBytes(1, 4, 2) + "data";
     const OpenFile file("xx" + bytes);
@@ -218,7 +218,7 @@ TEST(memGetFileContentsFlexMMIO, stopsWithoutALength)
     EXPECT_EQ(flex.usedBytes, 2u) << "untouched";
 }
 
-TEST(memGetFileContentsFlexMMIO, freesWhatCouldNotBeRead)
+TEST(memGetFileContentsFlexMMIO, freesTheBlockIfItCannotBeRead)
 {
     const OpenFile file(std::string(16, 'x'), O_WRONLY);
     test::Flex flex;
@@ -233,7 +233,7 @@ TEST(memGetFileContentsFlexMMIO, freesWhatCouldNotBeRead)
     EXPECT_EQ(flex.data, nullptr);
 }
 
-TEST(memEndianConvertFlexDynArray, swapsTheNumbersOfEveryHead)
+TEST(memEndianConvertFlexDynArray, swapsTheNumbersOfEveryHeader)
 {
     const std::string native =
         test::headerBytes(1, 4, 0x41424344) + "data" + test::headerBytes(0x01020304, 0, 9);
@@ -252,7 +252,7 @@ TEST(memEndianConvertFlexDynArray, swapsTheNumbersOfEveryHead)
     }
 }
 
-TEST(memEndianConvertFlexDynArray, stopsAtAHeadWhoseDataRunsTooFar)
+TEST(memEndianConvertFlexDynArray, stopsAtAHeaderWhoseDataRunTooFar)
 {
     const struct {
         const char* name;
@@ -291,7 +291,7 @@ TEST(memEndianConvertFlexDynArray, leavesTheIndexAlone)
     EXPECT_EQ(test::indexOf(flex), before);
 }
 
-TEST(memEndianConvertFlexDynArray, leavesAnIncompleteHeadAlone)
+TEST(memEndianConvertFlexDynArray, leavesAnIncompleteHeaderAlone)
 {
     const std::string tail = "eleven byte";
     test::Flex flex{std::string_view(test::headerBytes(1, 0, 2) + tail)};

@@ -100,7 +100,7 @@ TEST(memDumpFlexDynArray, writesALineForEachItemOfAnyArray)
     }
 }
 
-TEST(memCheckFlexDynArray, saysNothingAboutASoundArray)
+TEST(memCheckFlexDynArray, writesNothingForASoundArray)
 {
     const test::LogFolder folder;
     const Flex flex(std::vector<test::FlexItem>{{3, 1, "abc"}, {2, 0, ""}});

@@ -294,7 +294,7 @@ private:
 };
 }  // namespace
 
-TEST(DynArray, staysLikeItsModelOverLongRunsOfCalls)
+TEST(DynArray, behavesLikeItsModelOverLongRunsOfCalls)
 {
     for (const std::uint32_t itemSize : {4u, 5u, 8u, 12u, 37u}) {
         for (std::uint32_t seed = 1; seed <= 5; ++seed) {

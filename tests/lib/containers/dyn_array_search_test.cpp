@@ -164,14 +164,14 @@ TEST(memGetItemIndexFromID, comparesUnsigned)
     EXPECT_EQ(find(array, 0), (Found{kMemErrNotFound, 0}));
 }
 
-TEST(memGetItemIndexFromID, equalIdsGiveTheFirstThatTheHalvingMeets)
+TEST(memGetItemIndexFromID, equalIdsGiveTheFirstThatTheBinarySearchMeets)
 {
     EXPECT_EQ(find(ArrayOf<std::uint32_t>({7, 7, 7, 7}), 7), (Found{0, 1}));
     EXPECT_EQ(find(ArrayOf<std::uint32_t>({7, 7, 7, 7, 7}), 7), (Found{0, 2}));
     EXPECT_EQ(find(ArrayOf<std::uint32_t>({1, 2, 3, 7, 7, 7}), 7), (Found{0, 4}));
 }
 
-TEST(memGetItemIndexFromID, followsTheHalvingOnEveryArray)
+TEST(memGetItemIndexFromID, followsTheBinarySearchOnEveryArray)
 {
     std::mt19937 random(61);
     for (int round = 0; round < 2000; ++round) {
@@ -216,7 +216,7 @@ TEST(memUInt64GetIndexFromSortedID, comparesBothHalves)
     EXPECT_EQ(find64(Array(8, 1), 5), (Found{-1, kUntouched}));
 }
 
-TEST(memUInt64GetIndexFromSortedID, followsTheHalvingOnEveryArray)
+TEST(memUInt64GetIndexFromSortedID, followsTheBinarySearchOnEveryArray)
 {
     std::mt19937_64 random(62);
     for (int round = 0; round < 1000; ++round) {

@@ -31,7 +31,7 @@ int byIDDescending(void* context, const void* a, const void* b)
 }
 }  // namespace
 
-TEST(memQuickSort, handsTheComparatorANullContextAndTheItems)
+TEST(memQuickSort, passesTheComparatorANullContextAndTheItems)
 {
     ArrayOf<std::uint32_t> array({30, 10, UINT32_MAX, 20, 10});
     memQuickSort(&array, byID);

@@ -24,7 +24,7 @@ void fill(Array& array, std::uint32_t count)
 }
 }  // namespace
 
-TEST(memNewDynArray, givesAnEmptyArrayWithTheRoomAskedFor)
+TEST(memNewDynArray, givesAnEmptyArrayWithTheRequestedCapacity)
 {
     Array array;
     array.itemCount = 7;
@@ -60,7 +60,7 @@ TEST(memNewDynArray, failureGivesARecordOfZeros)
     EXPECT_EQ(array.data, nullptr);
 }
 
-TEST(memNewDynArray, productBeyond32BitsIsNoMemory)
+TEST(memNewDynArray, aProductBeyond32BitsCountsAsOutOfMemory)
 {
     const struct {
         const char* name;
@@ -79,7 +79,7 @@ TEST(memNewDynArray, productBeyond32BitsIsNoMemory)
     }
 }
 
-TEST(memNewDynArray, itemsWithoutBytesAreItemsToo)
+TEST(memNewDynArray, acceptsItemsOfZeroBytes)
 {
     Array array(0, 1);
     EXPECT_TRUE(memValidDynArray(&array));
@@ -284,7 +284,7 @@ TEST(memAppendItem, failureLeavesTheRecord)
     EXPECT_TRUE(stateOf(copy) == before);
 }
 
-TEST(memAppendItem, amountThatCannotGrowIsNoMemory)
+TEST(memAppendItem, anAmountThatCannotGrowCountsAsOutOfMemory)
 {
     std::uint8_t block[4];
     DynArray array{1, UINT32_MAX - 10, UINT32_MAX - 10, block};
@@ -317,7 +317,7 @@ TEST(memInsertOneItem, movesTheFollowingItemsUp)
     }
 }
 
-TEST(memInsertOneItem, badPositionIsSeenBeforeTheArrayGrows)
+TEST(memInsertOneItem, checksThePositionBeforeTheArrayGrows)
 {
     ArrayOf<std::uint32_t> array({10, 20});
     const auto before = stateOf(array);
@@ -363,7 +363,7 @@ TEST(memInsertMoreItems, insertsAll)
     EXPECT_EQ(memInsertMoreItems(&array, 8, 1, items), kMemErrBadPosition);
 }
 
-TEST(memInsertMoreItems, growsEvenWhenTheRoomIsExactlySufficient)
+TEST(memInsertMoreItems, growsEvenIfTheCapacityIsExactlySufficient)
 {
     const struct {
         const char* name;
@@ -483,7 +483,7 @@ TEST(memMoveItemToNewIndex, takesThePlaceAfterTheRemoval)
     }
 }
 
-TEST(memMoveItemToNewIndex, placeBeyondTheShortenedArrayLosesTheItem)
+TEST(memMoveItemToNewIndex, anIndexBeyondTheShortenedArrayLosesTheItem)
 {
     for (const std::uint32_t to : {4u, 5u, UINT32_MAX}) {
         ArrayOf<std::uint32_t> array({10, 20, 30, 40});

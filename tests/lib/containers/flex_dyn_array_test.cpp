@@ -156,14 +156,14 @@ TEST(memAddFlexDataAtEnd, appendsWithoutRegardToOrder)
     EXPECT_EQ(itemsOf(flex), (Items{{7, 1, "seven"}, {3, 2, ""}, {7, 1, ""}}));
 }
 
-TEST(memAddFlexDataAtEnd, writesIdSizeAndTypeInFrontOfTheData)
+TEST(memAddFlexDataAtEnd, writesIdSizeAndTypeBeforeTheData)
 {
     Flex flex;
     EXPECT_EQ(addAtEnd(flex, 0x01020304, 0x05060708, "ab"), 0);
     EXPECT_EQ(usedBytesOf(flex), test::headerBytes(0x01020304, 2, 0x05060708) + "ab");
 }
 
-TEST(memAddFlexDataAtEnd, growsUnlessMoreRoomThanNeededIsFree)
+TEST(memAddFlexDataAtEnd, growsUnlessMoreThanNeededIsFree)
 {
     const struct {
         const char* name;
@@ -206,7 +206,7 @@ TEST(memAddFlexDataAtEnd, theProductOfTheGrowthWrapsIn32Bits)
     EXPECT_EQ(flex.allocatedBytes, 357913942u + 24u);
 }
 
-TEST(memAddFlexDataAtEnd, sizesBeyond32BitsAreNoMemory)
+TEST(memAddFlexDataAtEnd, sizesBeyond32BitsCountAsOutOfMemory)
 {
     Flex flex(Items{{1, 1, "abc"}});
     const auto before = stateOf(flex);
@@ -326,7 +326,7 @@ TEST(memChangeFlexData, failureLeavesTheArray)
     }
 }
 
-TEST(memChangeFlexData, sizesBeyond32BitsAreNoMemory)
+TEST(memChangeFlexData, sizesBeyond32BitsCountAsOutOfMemory)
 {
     Flex flex(Items{{1, 1, "abc"}});
     const auto before = stateOf(flex);

@@ -116,7 +116,7 @@ TEST(m2LookupFlexDataOffset, anIndexThatPointsOutsideFindsNothing)
     }
 }
 
-TEST(memGetFlexData, copiesWhatFitsAndTellsTheFullSize)
+TEST(memGetFlexData, copiesWhatFitsAndReportsTheFullSize)
 {
     const Flex flex(Items{{3, 1, "abcdef"}, {4, 1, ""}, {5, 1, "x"}});
     const struct {
@@ -172,7 +172,7 @@ TEST(memGetFlexDataInfo, givesSizeAndAddressInTheBlock)
     EXPECT_EQ(memGetFlexDataInfo(&empty, 3, 1, &size, &data), kMemErrNotFound);
 }
 
-TEST(memGetFlexDataInfo, dataThatRunPastTheUsedBytesAreNotHandedOut)
+TEST(memGetFlexDataInfo, doesNotReturnDataThatRunPastTheUsedBytes)
 {
     const Flex flex(headerBytes(3, 4, 1) + "abc");
     std::uint32_t size = 77;
@@ -221,7 +221,7 @@ TEST(memWalkFlexDynArray, doesNotCountTheHeaderWhenItLooksForOverruns)
     }
 }
 
-TEST(memWalkFlexDynArray, doesNotLookBehindTheItemThatStopsIt)
+TEST(memWalkFlexDynArray, doesNotLookPastTheItemThatStopsIt)
 {
     const Flex flex(test::bytesOf({{1, 1, "a"}}) + headerBytes(2, UINT32_MAX, 1));
     Visit one;
@@ -239,7 +239,7 @@ TEST(memWalkFlexDynArray, ignoresLessThanAHeaderAtTheEnd)
     EXPECT_EQ(memVerifyFlexDynArray(&flex), 0);
 }
 
-TEST(memVerifyFlexDynArray, tellsWhatIsWrongFirst)
+TEST(memVerifyFlexDynArray, reportsTheFirstFault)
 {
     const struct {
         const char* name;

@@ -392,7 +392,7 @@ void runSteps(FlexRun& run, int steps)
 }
 }  // namespace
 
-TEST(FlexDynArray, staysLikeItsModelOverLongRunsOfCalls)
+TEST(FlexDynArray, behavesLikeItsModelOverLongRunsOfCalls)
 {
     for (const std::uint32_t ids : {1u, 8u, 40u}) {
         for (std::uint32_t seed = 1; seed <= 6; ++seed) {
@@ -403,7 +403,7 @@ TEST(FlexDynArray, staysLikeItsModelOverLongRunsOfCalls)
     }
 }
 
-TEST(FlexDynArray, staysLikeItsModelAroundTheSizeOfTheIndex)
+TEST(FlexDynArray, behavesLikeItsModelAroundTheSizeOfTheIndex)
 {
     for (const std::uint32_t count : {2040u, 2060u, 4200u}) {
         for (const std::uint32_t apart : {1u, 2u, 5u}) {

@@ -253,7 +253,7 @@ TEST(memDeleteAllFlexData, deletesTheFirstRunOnly)
     EXPECT_FALSE(memHasFlexIndex(&flex));
 }
 
-TEST(memDeleteAllFlexData, lastRunTakesWhatIsBehindItAlong)
+TEST(memDeleteAllFlexData, theLastRunTakesTheBytesAfterItAlong)
 {
     for (const std::string& tail :
          {std::string("garbage"), headerBytes(3, 90, 5) + "cut", headerBytes(3, UINT32_MAX, 5)}) {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-TEST(memFillZero, clearsExactlyTheBytesAskedFor)
+TEST(memFillZero, clearsExactlyTheRequestedBytes)
 {
     std::string bytes = "abcdef";
     memFillZero(bytes.data() + 1, 4);
@@ -25,7 +25,7 @@ TEST(memCopy, takesTheSourceFirst)
     memCopy(nullptr, nullptr, 0);
 }
 
-TEST(memCopy, destinationOneByteBehindSpreadsTheFirstByte)
+TEST(memCopy, aDestinationOneByteAfterTheSourceSpreadsTheFirstByte)
 {
     std::string bytes = "abcdef";
     memCopy(bytes.data(), bytes.data() + 1, 5);

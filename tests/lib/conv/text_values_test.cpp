@@ -186,7 +186,7 @@ TEST(convGetGermanDateTimeAsVDTime, readsDayMonthYear)
     EXPECT_EQ(german(""), 0u);
 }
 
-TEST(convGetGermanDateTimeAsVDTime, wantsATextInADictionary)
+TEST(convGetGermanDateTimeAsVDTime, needsATextInADictionary)
 {
     convInit();
     const test::Text key = text("taken");
@@ -267,7 +267,7 @@ TEST(convConvertiViewDate, readsNothingBeforeConvInit)
     for (int i = 0; i < 4; i++) *readers[i] = kept[i];
 }
 
-TEST(convConvertiViewDuration, readsThreePiecesByTheirPlace)
+TEST(convConvertiViewDuration, readsThreeNumbersAtFixedIndexes)
 {
     const struct {
         const char* text;

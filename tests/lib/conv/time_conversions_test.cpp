@@ -119,7 +119,7 @@ TEST(convMacTime2VardenTime, ignoresTheZone)
     EXPECT_EQ(fromMac(kMacTimeOf2000), kVardenTimeOf2000);
 }
 
-TEST(convMacGMTTime2VardenTime, movesToTheLocalClockOfThatMoment)
+TEST(convMacGMTTime2VardenTime, convertsToTheLocalClockOfThatMoment)
 {
     const struct {
         const char* zone;
@@ -245,7 +245,7 @@ TEST(convDOZZTime2VardenTime, dropsTheSeconds)
     EXPECT_EQ(fromDOS(dosTime(0, 0, 29), dosDate(2000, 1, 1)), kVardenTimeOf2000);
 }
 
-TEST(convDOZZTime2VardenTime, countsOnFromMonthsAndDaysThatDoNotExist)
+TEST(convDOZZTime2VardenTime, carriesOverMonthsAndDaysThatDoNotExist)
 {
     const struct {
         const char* name;
@@ -263,12 +263,12 @@ TEST(convDOZZTime2VardenTime, countsOnFromMonthsAndDaysThatDoNotExist)
     EXPECT_EQ(fromDOS(0, 0), expectedMinutes(1979, 11, 30));
 }
 
-TEST(convDOZZTime2VardenTime, countsOnFromHoursAndMinutesThatDoNotExist)
+TEST(convDOZZTime2VardenTime, carriesOverHoursAndMinutesThatDoNotExist)
 {
     EXPECT_EQ(fromDOS(dosTime(31, 63), dosDate(2000, 1, 1)), kVardenTimeOf2000 + 31 * 60 + 63);
 }
 
-TEST(convDOZZTime2VardenTime, asksNoZone)
+TEST(convDOZZTime2VardenTime, ignoresTheZone)
 {
     // The clock of Berlin skips this hour.
     const ScopedVariable zone("TZ", "Europe/Berlin");
@@ -309,7 +309,7 @@ TEST(convUnixTime2VardenTime, ignoresTheZone)
     EXPECT_EQ(fromUnix(946684800), kVardenTimeOf2000);
 }
 
-TEST(convVardenTime2MacTime, isTheWayBack)
+TEST(convVardenTime2MacTime, undoesConvMacTime2VardenTime)
 {
     const struct {
         const char* name;
@@ -369,7 +369,7 @@ TEST(makeVardenTime, agreesWithTheCalendarOfTheCLibrary)
     EXPECT_EQ(makeVardenTime(65535, 65535, 65535), fromMac(macTimeOf(65535, 65535, 65535)));
 }
 
-TEST(makeVardenTime, asksNoZone)
+TEST(makeVardenTime, ignoresTheZone)
 {
     const ScopedVariable zone("TZ", "America/New_York");
     EXPECT_EQ(makeVardenTime(2000, 7, 1), expectedMinutes(2000, 7, 1));

@@ -35,7 +35,7 @@ TEST(debugOpenLogfile, makesTheDesktopFolderAndANewLogWithABanner)
     EXPECT_EQ(folder.log(), test::banner());
 }
 
-TEST(debugOpenLogfile, writesNoBannerIntoALogThatIsThere)
+TEST(debugOpenLogfile, writesNoBannerIntoAnExistingLog)
 {
     const test::LogFolder folder;
     for (const char* content : {"", "earlier\r"}) {
@@ -62,7 +62,7 @@ TEST(debugOpenLogfile, usesTheDesktopFolderOfTheUserDirectories)
     EXPECT_FALSE(std::filesystem::exists(folder.desktop()));
 }
 
-TEST(debugOpenLogfile, givesZeroWhenThereIsNoPlaceForTheLog)
+TEST(debugOpenLogfile, givesZeroIfTheLogCannotBeCreated)
 {
     {
         const test::LogFolder folder;  // a file where the desktop folder should be
@@ -82,7 +82,7 @@ TEST(debugOpenLogfile, givesZeroWhenThereIsNoPlaceForTheLog)
     }
 }
 
-TEST(debugCloseLogFile, bringsTheLogToTheDisk)
+TEST(debugCloseLogFile, flushesTheLogToTheDisk)
 {
     const test::LogFolder folder;
     const ForkRef fork = debugOpenLogfile();
@@ -98,7 +98,7 @@ TEST(debugCloseLogFile, ignoresALogThatIsNotOpen)
     EXPECT_EQ(gFlushes, 0);
 }
 
-TEST(debugWritePieces, areAppendedAsTheyAre)
+TEST(debugWriteBytes, areAppendedAsTheyAre)
 {
     const test::LogFolder folder;
     const ForkRef fork = debugOpenLogfile();
@@ -117,7 +117,7 @@ TEST(debugWritePieces, areAppendedAsTheyAre)
               std::string("text\t-5  -2147483648  0  18446744073709551615  a") + '\0' + "b\r");
 }
 
-TEST(debugWritePieces, goBehindWhatOthersHaveAppendedMeanwhile)
+TEST(debugWriteBytes, goAfterWhatOthersHaveAppendedMeanwhile)
 {
     const test::LogFolder folder;
     folder.startLog("");
@@ -190,7 +190,7 @@ TEST(debugWriteAndReleaseCFString, consumesEveryTextButAnEmptyOne)
     EXPECT_EQ(folder.entries(), "abc");
 }
 
-TEST(debugWriteDateTime, followsTheRegion)
+TEST(debugWriteDateTime, followsTheLocale)
 {
     const struct {
         const char* locale;

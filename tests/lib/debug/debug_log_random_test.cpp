@@ -64,7 +64,7 @@ TEST(debugFormat, writesTheBytesOfALineAndNoMore)
     EXPECT_EQ(raw(folder), expected);
 }
 
-TEST(debugProtocolLongString, writesTheBytesThatItIsTold)
+TEST(debugProtocolLongString, writesTheGivenNumberOfBytes)
 {
     const test::LogFolder folder;
     folder.startLog("");

@@ -64,7 +64,7 @@ TEST(debugLog, firstEntryGetsABannerAndTheNextOnesDoNot)
     EXPECT_EQ(folder.log(), test::banner() + "third\r");
 }
 
-TEST(debugLog, everyEntryHasItsForm)
+TEST(debugLog, everyEntryHasItsLayout)
 {
     const test::LogFolder folder;
     folder.startLog("");

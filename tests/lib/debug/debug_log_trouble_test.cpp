@@ -46,7 +46,7 @@ void writeEveryEntry()
 }
 }  // namespace
 
-TEST(debugLogTrouble, desktopFolderThatCannotBeMadeMakesEveryEntryDoNothing)
+TEST(debugLog, desktopFolderThatCannotBeMadeMakesEveryEntryDoNothing)
 {
     const test::LogFolder folder;
     std::filesystem::create_symlink("/dev/null", folder.desktop());
@@ -55,7 +55,7 @@ TEST(debugLogTrouble, desktopFolderThatCannotBeMadeMakesEveryEntryDoNothing)
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.home()), {}), 1);
 }
 
-TEST(debugLogTrouble, folderInPlaceOfTheLogMakesEveryEntryDoNothing)
+TEST(debugLog, folderInPlaceOfTheLogMakesEveryEntryDoNothing)
 {
     const test::LogFolder folder;
     std::filesystem::create_directories(folder.logPath());
@@ -63,7 +63,7 @@ TEST(debugLogTrouble, folderInPlaceOfTheLogMakesEveryEntryDoNothing)
     EXPECT_TRUE(std::filesystem::is_empty(folder.logPath()));
 }
 
-TEST(debugLogTrouble, desktopFolderWithoutWritePermissionStaysAsItIs)
+TEST(debugLog, desktopFolderWithoutWritePermissionStaysAsItIs)
 {
     const test::LogFolder folder;
     std::filesystem::create_directories(folder.desktop());
@@ -80,7 +80,7 @@ TEST(debugLogTrouble, desktopFolderWithoutWritePermissionStaysAsItIs)
     EXPECT_TRUE(std::filesystem::is_empty(folder.desktop()));
 }
 
-TEST(debugLogTrouble, logWithoutWritePermissionStaysAsItIs)
+TEST(debugLog, logWithoutWritePermissionStaysAsItIs)
 {
     const test::LogFolder folder;
     folder.startLog("earlier\r");
@@ -96,7 +96,7 @@ TEST(debugLogTrouble, logWithoutWritePermissionStaysAsItIs)
     EXPECT_EQ(folder.log(), "earlier\r");
 }
 
-TEST(debugLogTrouble, deviceThatIsAlwaysFullTakesNothing)
+TEST(debugLog, deviceThatIsAlwaysFullTakesNothing)
 {
     if (access("/dev/full", W_OK) != 0) GTEST_SKIP() << "no /dev/full";
     const test::LogFolder folder;
@@ -106,7 +106,7 @@ TEST(debugLogTrouble, deviceThatIsAlwaysFullTakesNothing)
     EXPECT_TRUE(std::filesystem::is_symlink(folder.logPath()));
 }
 
-TEST(debugLogTrouble, largestFileSizeKeepsWhatWasThere)
+TEST(debugLog, largestFileSizeKeepsWhatWasThere)
 {
     const test::LogFolder folder;
     folder.startLog("earlier\r");
@@ -122,7 +122,7 @@ TEST(debugLogTrouble, largestFileSizeKeepsWhatWasThere)
     EXPECT_EQ(folder.log(), "earlier\r");
 }
 
-TEST(debugLogTrouble, fullDiskKeepsWhatWasThere)
+TEST(debugLog, fullDiskKeepsWhatWasThere)
 {
     const test::LogFolder folder;
     std::filesystem::create_directories(folder.desktop());
@@ -144,7 +144,7 @@ TEST(debugLogTrouble, fullDiskKeepsWhatWasThere)
     EXPECT_EQ(status, 0);
 }
 
-TEST(debugLogTrouble, aLogBegunOnAFullDiskGetsItsEntriesLater)
+TEST(debugLog, aLogCreatedOnAFullDiskGetsItsEntriesLater)
 {
     const test::LogFolder folder;
     std::filesystem::create_directories(folder.desktop());
@@ -163,7 +163,7 @@ TEST(debugLogTrouble, aLogBegunOnAFullDiskGetsItsEntriesLater)
     EXPECT_EQ(status, 0);
 }
 
-TEST(debugLogTrouble, desktopFolderThatVanishesIsMadeAnewWithALog)
+TEST(debugLog, desktopFolderThatVanishesIsMadeAnewWithALog)
 {
     const test::LogFolder folder;
     EXPECT_EQ(debugFormat("lost"), 0);
@@ -180,7 +180,7 @@ TEST(debugLogTrouble, desktopFolderThatVanishesIsMadeAnewWithALog)
     EXPECT_EQ(folder.entries().find("without a name"), std::string::npos);
 }
 
-TEST(debugLogTrouble, homeFolderThatVanishesComesBackForNobody)
+TEST(debugLog, doesNotRecreateAHomeFolderThatVanished)
 {
     const test::LogFolder folder;
     const test::ScopedVariable home("HOME", "/proc/no/such/home");
@@ -189,7 +189,7 @@ TEST(debugLogTrouble, homeFolderThatVanishesComesBackForNobody)
     EXPECT_TRUE(std::filesystem::is_empty(folder.home()));
 }
 
-TEST(debugLogTrouble, twoProcessesAtOnceNeverTearASingleWrite)
+TEST(debugLog, twoProcessesAtOnceNeverMixTheirWrites)
 {
     constexpr int kEntries = 150;
     constexpr std::size_t kLength = 1500;

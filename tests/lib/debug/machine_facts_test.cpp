@@ -8,7 +8,7 @@
 
 using namespace pinorama;
 
-TEST(machineFacts, tellsAboutThisMachine)
+TEST(machineFacts, describesThisMachine)
 {
     const MachineFacts facts = machineFacts();
     EXPECT_GE(facts.systemMajor, 2);
@@ -19,7 +19,7 @@ TEST(machineFacts, tellsAboutThisMachine)
     EXPECT_EQ(facts.processors, sysconf(_SC_NPROCESSORS_ONLN));
 }
 
-TEST(machineFacts, tellsTheClockWhereTheProcessorListDoes)
+TEST(machineFacts, readsTheClockWhereTheProcessorListHasIt)
 {
     const std::string list = test::readFile("/proc/cpuinfo");
     if (clockInProcessorList(list) == 0) GTEST_SKIP() << "no clock in /proc/cpuinfo";

@@ -12,7 +12,7 @@
 
 using namespace pinorama;
 
-TEST(catalogueFactsOf, tellsOwnerAccessAndMode)
+TEST(catalogueFactsOf, readsOwnerAccessAndMode)
 {
     const test::TemporaryFolder folder;
     const std::string path = folder.write("file", "x");
@@ -26,7 +26,7 @@ TEST(catalogueFactsOf, tellsOwnerAccessAndMode)
     EXPECT_EQ(facts.mode, S_IFREG | 0740);
 }
 
-TEST(catalogueFactsOf, marksAFolder)
+TEST(catalogueFactsOf, flagsAFolder)
 {
     const test::TemporaryFolder folder;
     EXPECT_EQ(catalogueFactsOf(folder.path()).nodeFlags, 0x0010);
@@ -39,7 +39,7 @@ TEST(catalogueFactsOf, looksAtTheLinkItself)
     EXPECT_EQ(catalogueFactsOf(folder.file("link")).mode & S_IFMT, unsigned{S_IFLNK});
 }
 
-TEST(catalogueFactsOf, tellsWhatAnotherUserMayNotDo)
+TEST(catalogueFactsOf, readsWhatAnotherUserMayNotDo)
 {
     if (geteuid() != 0) GTEST_SKIP() << "only root can become another user";
     const test::TemporaryFolder folder;

@@ -82,7 +82,7 @@ TEST(feMakeFSRefFromPath, namesExistingItems)
     EXPECT_EQ(reference("///"), "/");
 }
 
-TEST(feMakeFSRefFromPath, tellsWhyThereIsNoItem)
+TEST(feMakeFSRefFromPath, reportsWhyThereIsNoItem)
 {
     const Items items;
     const struct {
@@ -126,7 +126,7 @@ TEST(feMakeFSRefFromPath, endsThePathAtAZeroUnit)
     EXPECT_EQ(reference(path), items.root + "/file");
 }
 
-TEST(feMakeFSRefFromPath, takesNamesThatAreNoUTF8)
+TEST(feMakeFSRefFromPath, acceptsNamesThatAreNotUTF8)
 {
     const Items items;
     const std::string name = "caf\xe9.jpg";
@@ -189,7 +189,7 @@ TEST(feMakeFSRefFromParent, namesAChildOrALink)
     EXPECT_EQ(ref.path, "/tmp");
 }
 
-TEST(feGetFSRefFromCFURL, takesFileAddressesOnly)
+TEST(feGetFSRefFromCFURL, acceptsFileURLsOnly)
 {
     const test::TemporaryFolder folder;
     const std::string path = folder.write("a b%\u00e4", "x");
@@ -272,7 +272,7 @@ TEST(feGetItemNameFromRef, givesTheLastPart)
     EXPECT_EQ(feGetItemNameFromRef(&missing), nullptr);
 }
 
-TEST(feItemExists, tellsWhetherTheNameIsTaken)
+TEST(feItemExists, reportsWhetherTheNameIsTaken)
 {
     const test::TemporaryFolder folder;
     folder.write("file", "x");
@@ -287,7 +287,7 @@ TEST(feItemExists, tellsWhetherTheNameIsTaken)
     EXPECT_FALSE(feItemExists(&parent, nullptr));
 }
 
-TEST(feMakeFSRefFromParent, aReferenceThatNamesNothingHasNoChildren)
+TEST(feMakeFSRefFromParent, aReferenceToNothingHasNoChildren)
 {
     const FSRef nothing;
     FSRef ref = {"/kept"};
@@ -296,7 +296,7 @@ TEST(feMakeFSRefFromParent, aReferenceThatNamesNothingHasNoChildren)
     EXPECT_FALSE(feItemExists(&nothing, test::text("tmp").get()));
 }
 
-TEST(feMakeFSRefFromParent, takesNamesThatAreNoUTF8)
+TEST(feMakeFSRefFromParent, acceptsNamesThatAreNotUTF8)
 {
     const test::TemporaryFolder folder;
     const FSRef file = {folder.write("caf\xe9 \u00e4.jpg", "x")};

@@ -30,7 +30,7 @@ TEST(feCreateFolder, makesAFolder)
     EXPECT_EQ(feCreateFolder(&parent, test::text("no reference").get(), nullptr), 0);
 }
 
-TEST(feCreateFolder, tellsWhyThereIsNone)
+TEST(feCreateFolder, reportsWhyItCannotBeMade)
 {
     const test::TemporaryFolder folder;
     folder.write("file", "");
@@ -83,7 +83,7 @@ TEST(feCreateAndOpenDataFileUnicode, makesAndOpensANewFile)
     EXPECT_EQ(feCloseFork(fork), 0);
 }
 
-TEST(feRenameFolder, givesAnotherName)
+TEST(feRenameFolder, renamesAFolder)
 {
     const test::TemporaryFolder folder;
     fs::create_directory(folder.file("old"));
@@ -144,7 +144,7 @@ TEST(feRenameFolder, renamesALinkItself)
     EXPECT_TRUE(fs::exists(folder.file("target")));
 }
 
-TEST(feRenameFolder, tellsMissingPermission)
+TEST(feRenameFolder, reportsMissingPermission)
 {
     const test::TemporaryFolder folder;
     const FSRef ref = {folder.write("file", "")};
@@ -190,7 +190,7 @@ TEST(feGetFirstFileInFolderWithSuffix, looksAtTheFirstOccurrenceOnly)
     EXPECT_EQ(feGetFirstFileInFolderWithSuffix(&parent, test::text(".jpg").get(), &found), -1);
 }
 
-TEST(feGetFirstFileInFolderWithSuffix, findsNothingInWhatIsNoFolder)
+TEST(feGetFirstFileInFolderWithSuffix, findsNothingInAFile)
 {
     const test::TemporaryFolder folder;
     FSRef found;
@@ -251,7 +251,7 @@ TEST(feGetPathOfSpecialFolder, givesNullWhenTheFolderCannotBeMade)
     EXPECT_EQ(feGetPathOfSpecialFolder(13), nullptr);
 }
 
-TEST(folders, takeNamesThatAreNoUTF8)
+TEST(feCreateFolder, acceptsNamesThatAreNotUTF8)
 {
     const test::TemporaryFolder folder;
     const FSRef parent = {folder.path()};

@@ -177,7 +177,7 @@ TEST(feOpenExistingFileRef, refusesWhatCannotBeOpened)
     }
 }
 
-TEST(feOpenExistingFileRef, tellsMissingPermission)
+TEST(feOpenExistingFileRef, reportsMissingPermission)
 {
     const test::TemporaryFolder folder;
     ASSERT_EQ(chmod(folder.path().c_str(), 0755), 0);
@@ -213,7 +213,7 @@ TEST(feOpenExistingFileRef, doesNotWaitForAPipesOtherEnd)
     EXPECT_EQ(feReadFromFile(fork, 0, 1, &byte), kErrInputOutput);
 }
 
-TEST(feOpenExistingFileRef, neverTakesThePlaceOfAStandardStream)
+TEST(feOpenExistingFileRef, neverReplacesAStandardStream)
 {
     const test::TemporaryFolder folder;
     const FSRef ref = {folder.write("f", "")};
@@ -301,7 +301,7 @@ TEST(feWriteToFile, keepsLargeOffsets)
     EXPECT_EQ(byte, 'x');
 }
 
-TEST(feWriteToFile, tellsThatTheDiskIsFull)
+TEST(feWriteToFile, reportsThatTheDiskIsFull)
 {
     const FSRef full = {"/dev/full"};
     ForkRef fork = 0;
@@ -311,7 +311,7 @@ TEST(feWriteToFile, tellsThatTheDiskIsFull)
     EXPECT_EQ(feAppendToFile(fork, 4, "text"), kErrDiskFull);
 }
 
-TEST(feAppendToFile, writesAtTheEndOfTheMoment)
+TEST(feAppendToFile, writesAtTheCurrentEnd)
 {
     const test::TemporaryFolder folder;
     const std::string path = folder.write("f", "start");
@@ -325,7 +325,7 @@ TEST(feAppendToFile, writesAtTheEndOfTheMoment)
     EXPECT_EQ(test::readFile(path), "start+1+2+3");
 }
 
-TEST(feGetEOF, tellsTheLength)
+TEST(feGetEOF, givesTheLength)
 {
     const test::TemporaryFolder folder;
     for (const std::size_t length : {0u, 1u, 70000u}) {
@@ -356,7 +356,7 @@ TEST(feSetEOF, cutsAndFillsUp)
     EXPECT_EQ(feSetEOF(readOnly, 1), kErrBadArgument);
 }
 
-TEST(transfers, refuseWhatIsNotOpen)
+TEST(feReadFromFile, refusesWhatIsNotOpen)
 {
     const ForkRef closed = closedFork();
     for (const ForkRef fork : {closed, -1, 0, 1, 2}) {
@@ -439,7 +439,7 @@ TEST(feCopyFileData, givesMinus108WhenMemoryRunsOut)
     EXPECT_EQ(test::readFile(path), "");
 }
 
-TEST(feCopyFileData, tellsTheStatusOfEitherSide)
+TEST(feCopyFileData, passesOnTheStatusOfEitherFile)
 {
     const test::TemporaryFolder folder;
     const ForkCloser fork = openFork(folder.write("f", "x"));

@@ -80,7 +80,7 @@ TEST(feGetFileDataSize, countsTheBytesOfAFile)
     EXPECT_EQ(feGetFileDataSize(&file), (std::int64_t{1} << 32) + 1);
 }
 
-TEST(feIsFolder, tellsFoldersFromFiles)
+TEST(feIsFolder, distinguishesFoldersFromFiles)
 {
     const test::TemporaryFolder folder;
     const FSRef self = {folder.path()};

@@ -37,7 +37,7 @@ TEST(mountsInText, readsDeviceAndFolder)
     EXPECT_TRUE(mountsInText("\n\n   \n").empty());
 }
 
-TEST(mountedVolumes, knowTheRootFolder)
+TEST(mountedVolumes, includeTheRootFolder)
 {
     struct stat root = {};
     ASSERT_EQ(stat("/", &root), 0);
@@ -47,7 +47,7 @@ TEST(mountedVolumes, knowTheRootFolder)
 }
 
 // A folder that is no mount, and in which there is nobody to ask about mounts either.
-TEST(mountedVolumes, knowARootFolderThatIsNoMount)
+TEST(mountedVolumes, includeARootFolderThatIsNoMount)
 {
     enum Outcome : int { kKnown, kUnknown, kNotAllowed };
     const test::TemporaryFolder folder;

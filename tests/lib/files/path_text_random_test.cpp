@@ -28,7 +28,7 @@ std::string expectedBytes(const std::u16string& text)
 }
 }  // namespace
 
-TEST(createPathText, bringsAllKindsOfBytesBack)
+TEST(createPathText, keepsBytesOfAllKinds)
 {
     test::forRandomBytes([](const std::string& bytes) {
         const test::Text text(createPathText(bytes));

@@ -17,7 +17,7 @@ std::u16string unitsOfPath(std::string_view bytes)
 }
 }  // namespace
 
-TEST(createPathText, bytesThatAreNoUTF8TravelAsLoneUnits)
+TEST(createPathText, keepsBytesThatAreNotUTF8AsLoneUnits)
 {
     const struct {
         const char* name;
@@ -45,7 +45,7 @@ TEST(createPathText, bytesThatAreNoUTF8TravelAsLoneUnits)
     }
 }
 
-TEST(pathBytes, everySingleByteSurvivesTheWayThereAndBack)
+TEST(pathBytes, keepsEverySingleByte)
 {
     for (int value = 1; value < 256; value++) {
         const std::string bytes = {'/', static_cast<char>(value), 'x'};
@@ -54,7 +54,7 @@ TEST(pathBytes, everySingleByteSurvivesTheWayThereAndBack)
     }
 }
 
-TEST(pathBytes, surrogatesThatStandForNoByteBecomeTheReplacementCharacter)
+TEST(pathBytes, replacesSurrogatesThatStandForNoByte)
 {
     const test::Text high(
         createString(u"a\xd800"
@@ -66,7 +66,7 @@ TEST(pathBytes, surrogatesThatStandForNoByteBecomeTheReplacementCharacter)
     EXPECT_EQ(pathBytes(low.get()), "\xef\xbf\xbd");
 }
 
-TEST(pathBytes, nullHasNone)
+TEST(pathBytes, areEmptyForNull)
 {
     EXPECT_EQ(pathBytes(nullptr), "");
 }

@@ -306,7 +306,7 @@ TEST(feOpenExistingFile, opensBySpecification)
     EXPECT_EQ(feOpenExistingFile(&missing, &fork, 1, 1), kErrNotFound);
 }
 
-TEST(feCreateNewFile, makesAFileOrTakesTheOneThatIsThere)
+TEST(feCreateNewFile, createsAFileOrKeepsAnExistingOne)
 {
     const KnownFolder known;
     const FSSpec spec = known.spec("new");

@@ -23,7 +23,7 @@ TEST(TovArrayAppend, retainsAndKeepsTheOrder)
     EXPECT_EQ(TovArrayGetValue(array.get(), 20), nullptr);
 }
 
-TEST(TovArrayAppend, aNullArrayAndAFullMemoryAreHarmless)
+TEST(TovArrayAppend, ignoresANullArrayAndALackOfMemory)
 {
     const ObjectHolder number(TovNumberCreateSInt64(5));
     TovArrayAppend(nullptr, number.get());
@@ -106,7 +106,7 @@ TEST(TovDictionarySetValue, manyKeysKeepTheirValues)
     }
 }
 
-TEST(TovDictionarySetValue, nullsAndAFullMemoryAreHarmless)
+TEST(TovDictionarySetValue, ignoresNullsAndALackOfMemory)
 {
     const ObjectHolder dict(TovDictionaryCreate());
     const ObjectHolder number(TovNumberCreateSInt64(1));
@@ -127,7 +127,7 @@ TEST(TovDictionarySetValue, nullsAndAFullMemoryAreHarmless)
     }
 }
 
-TEST(TovDictionaryGetValue, nestedCollectionsGoWithTheirOwner)
+TEST(TovDictionaryGetValue, nestedCollectionsAreFreedWithTheirOwner)
 {
     const ObjectHolder number(TovNumberCreateSInt64(1));
     {

@@ -94,7 +94,7 @@ TEST(reserveUnits, keepsTheTextAndMovesNothingLater)
     EXPECT_EQ(unitsOf(string.get()).substr(0, 4), u"abcx");
 }
 
-TEST(reserveUnits, refusesWhatCannotBe)
+TEST(reserveUnits, refusesImpossibleCapacities)
 {
     const Text string(createString(u"abc", true));
     EXPECT_FALSE(reserveUnits(string.get(), kMaxStringLength + 1));

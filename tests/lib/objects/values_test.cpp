@@ -51,7 +51,7 @@ TEST(TovBooleanCreate, givesTheTwoSharedValues)
     EXPECT_EQ(TovBooleanCreate(true), TovBooleanCreate(true));
 }
 
-TEST(TovDateGetAbsoluteTime, isWhatTheDateWasMadeFromAndZeroForNull)
+TEST(TovDateGetAbsoluteTime, isTheTimeOfTheDateAndZeroForNull)
 {
     const ObjectHolder date(TovDateCreate(-12.5));
     EXPECT_EQ(TovDateGetAbsoluteTime(date.get()), -12.5);

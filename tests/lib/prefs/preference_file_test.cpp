@@ -123,7 +123,7 @@ TEST(PreferenceFile, staysWhenTheFolderMayNotBeWritten)
     }
 }
 
-TEST(PreferenceFile, staysAsItIsOnAFullDisk)
+TEST(PreferenceFile, staysUnchangedOnAFullDisk)
 {
     const Store store;
     fs::create_directory(store.folder.file("app"));
@@ -187,7 +187,7 @@ TEST(PreferenceFile, doesNotWaitForAPipeInItsPlace)
     EXPECT_TRUE(fs::is_fifo(store.path()));
 }
 
-TEST(PreferenceFile, isStoredInSpiteOfWhatADeadProgramLeft)
+TEST(PreferenceFile, ignoresTheFileOfAProgramThatDied)
 {
     const Store store;
     fs::create_directory(store.folder.file("app"));
@@ -204,7 +204,7 @@ TEST(PreferenceFile, isStoredInSpiteOfWhatADeadProgramLeft)
     EXPECT_THAT(store.names(), testing::ElementsAre("preferences.json", "preferences.lock"));
 }
 
-TEST(PreferenceFile, replacesWhatALinkLeadsTo)
+TEST(PreferenceFile, replacesTheTargetOfALink)
 {
     const Store store;
     fs::create_directory(store.folder.file("app"));
@@ -269,7 +269,7 @@ TEST(PreferenceFile, processesThatStoreDifferentKeysAllKeepTheirValues)
     }
 }
 
-TEST(PreferenceFile, isWholeAtEveryMomentOfAProcessThatIsKilled)
+TEST(PreferenceFile, isNeverIncompleteIfAProcessIsKilled)
 {
     const Store store;
     EXPECT_TRUE(store.file.store(u"kept", u"1"));
@@ -291,7 +291,7 @@ TEST(PreferenceFile, isWholeAtEveryMomentOfAProcessThatIsKilled)
     }
 }
 
-TEST(FileLock, isHadByOneAtATime)
+TEST(FileLock, isHeldByOneProcessAtATime)
 {
     const test::TemporaryFolder folder;
     const std::string path = folder.file("lock");

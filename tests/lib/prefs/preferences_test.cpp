@@ -85,7 +85,7 @@ TEST(prefStoreString, nullRemovesTheKey)
     EXPECT_THAT(test::readFile(settings.path()), testing::Not(testing::HasSubstr("\"a\"")));
 }
 
-TEST(prefLoadString, keepsTheCallersValueWhenThereIsNone)
+TEST(prefLoadString, keepsTheCallersValueForAMissingKey)
 {
     const Settings settings;
     const test::Text earlier = test::text("default");
@@ -139,7 +139,7 @@ TEST(prefLoadUInt32, readsTheLeadingIntegerOfAText)
     }
 }
 
-TEST(prefLoadUInt32, readsWhatOthersHaveWritten)
+TEST(prefLoadUInt32, readsWhatOtherProgramsHaveWritten)
 {
     const Settings settings;
     settings.write(
@@ -242,7 +242,7 @@ TEST(preferences, belongToTheApplicationOfTheMainBundle)
     EXPECT_EQ(loadNumber("number"), 1u);
 }
 
-TEST(prefRegisterDefault, isALayerBelowThatIsNeverWritten)
+TEST(prefRegisterDefault, isNeverWrittenAndLosesAgainstAStoredValue)
 {
     const Settings settings;
     EXPECT_EQ(prefValueOrDefault(u"finderSync"), std::nullopt);

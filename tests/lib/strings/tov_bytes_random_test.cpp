@@ -80,7 +80,7 @@ TEST(TovStringCopyToMacRoman, writesAsManyBytesAsAreCounted)
         3);
 }
 
-TEST(TovStringCopyToPString, writesTheLengthByteAndSoManyMore)
+TEST(TovStringCopyToPString, writesTheLengthByteAndThatManyMore)
 {
     test::forRandomTexts(
         [](const std::u16string& text) {

@@ -216,7 +216,7 @@ TEST(TovStringCopyToPString, isEmptyAndFalseWhenTheTextDoesNotFit)
     EXPECT_FALSE(TovStringCopyToPString(text("a").get(), nullptr));
 }
 
-TEST(TovStringFromBytes, givesNullWhenMemoryRunsOut)
+TEST(TovStringFromUTF8, givesNullWhenMemoryRunsOut)
 {
     const std::uint8_t name[] = {1, 'a'};
     const auto failing = [](auto create) {

@@ -142,7 +142,7 @@ TEST(TovStringMakeSizeString, showsTheKeyOfAMissingWord)
     EXPECT_EQ(takeUTF8(TovStringMakeSizeString(512)), "0.5STR#1001:46");
 }
 
-TEST(makeSmallSizeString, cutsOff)
+TEST(makeSmallSizeString, truncates)
 {
     const struct {
         std::uint64_t bytes;
@@ -188,7 +188,7 @@ TEST(TovMakeNumberStringWithSeparators, groupsDigits)
               "-9,223,372,036,854,775,808");
 }
 
-TEST(tovStringInitString, takesTheLanguageOfThatMoment)
+TEST(tovStringInitString, usesTheLanguageOfThatMoment)
 {
     {
         const ScopedVariable german("LC_ALL", "de_DE");
@@ -237,7 +237,7 @@ TEST(TovStringMakePaddedNumberString, padsSingleDigitsOnly)
     }
 }
 
-TEST(TovStringMakeDurationString, showsHoursBehindAFullHourOnly)
+TEST(TovStringMakeDurationString, showsHoursFromAFullHourOnly)
 {
     const struct {
         std::uint32_t seconds;
@@ -325,7 +325,7 @@ TEST(TovStringMakeSizeString, givesNullOrAKeyWhenMemoryRunsOut)
     baseFailAllocation(0);
 }
 
-TEST(TovStringMake, givesNullWhenMemoryRunsOut)
+TEST(TovStringMakeSizeString, givesNullWhenMemoryRunsOut)
 {
     const Words words;
     const auto failing = [](auto make) {

@@ -74,7 +74,7 @@ TEST(TovStringFromFile, takesAPathInRawBytes)
     EXPECT_EQ(readText(folder.write("caf\xe9 \xff", "found")), "found");
 }
 
-TEST(TovStringFromFile, closesTheFileOnEveryWay)
+TEST(TovStringFromFile, closesTheFileOnEveryPath)
 {
     const test::TemporaryFolder folder;
     const std::string path = folder.write("file", "content");
@@ -141,7 +141,7 @@ TEST(TovStringWriteToFile, passesStatusesOn)
               kErrDiskFull);
 }
 
-TEST(TovStringWriteToFile, tellsWhenMemoryRunsOut)
+TEST(TovStringWriteToFile, reportsThatMemoryRanOut)
 {
     const test::TemporaryFolder folder;
     const auto string = text("abc"), path = text(folder.file("file"));

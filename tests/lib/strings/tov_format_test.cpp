@@ -240,7 +240,7 @@ TEST(tovFormat, isHarmlessWithWhatDoesNotFit)
     }
 }
 
-TEST(tovFormat, boundsWhatATemplateCanAskFor)
+TEST(tovFormat, limitsWidthAndPrecision)
 {
     EXPECT_EQ(formatted(u"%99999999999i", {1})->size(), 1000u);
     EXPECT_EQ(formatted(u"%.99999999999i", {1})->size(), 1000u);
@@ -370,7 +370,7 @@ TEST(TovStringCreateWithFormat, readsPositionsInTheirOrder)
               "last word 0.5");
 }
 
-TEST(TovStringCreateWithFormat, readsNothingBehindAGap)
+TEST(TovStringCreateWithFormat, readsNothingAfterAGap)
 {
     const auto format = text("<%1$i %3$i>");
     EXPECT_EQ(takeUTF8(TovStringCreateWithFormat(format.get(), 1, 2, 3)), "<1 >");

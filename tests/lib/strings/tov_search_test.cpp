@@ -272,7 +272,7 @@ TEST(TovStringStripExtension, isMutableOnlyWithoutAnExtension)
     EXPECT_EQ(utf8(cut.get()), "photo");
 }
 
-TEST(TovStringSearch, isNeutralWhenMemoryRunsOut)
+TEST(TovStringPosition, isNeutralWhenMemoryRunsOut)
 {
     const auto string = text("photo.jpg");
     const std::string longText(500, 'x');

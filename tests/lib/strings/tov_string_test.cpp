@@ -138,7 +138,7 @@ TEST(TovStringRelease, ofNullIsHarmless)
     EXPECT_EQ(TovStringRelease(nullptr), 0);
 }
 
-TEST(TovStringIsValid, tellsNullFromEmpty)
+TEST(TovStringIsValid, distinguishesNullFromEmpty)
 {
     EXPECT_FALSE(TovStringIsValid(nullptr));
     EXPECT_TRUE(TovStringIsValid(text("").get()));
@@ -222,7 +222,7 @@ TEST(TovStringAppendNumber, writesUnsignedDigits)
     EXPECT_EQ(utf8(string.get()), "0 18446744073709551615");
 }
 
-TEST(TovStringAppend, ignoresNullTargets)
+TEST(TovStringAppendTovString, ignoresNullTargets)
 {
     const auto other = text("a");
     TovStringRef null = nullptr;
@@ -235,7 +235,7 @@ TEST(TovStringAppend, ignoresNullTargets)
     TovStringAppendNumber(nullptr, 1);
 }
 
-TEST(TovStringAppend, leavesImmutableTextsAlone)
+TEST(TovStringAppendTovString, leavesImmutableTextsAlone)
 {
     auto string = text("a");
     TovStringAppendCString(string.slot(), "b");
@@ -244,7 +244,7 @@ TEST(TovStringAppend, leavesImmutableTextsAlone)
     EXPECT_EQ(utf8(string.get()), "a");
 }
 
-TEST(TovStringAppend, leavesTheTargetAloneWhenMemoryRunsOut)
+TEST(TovStringAppendTovString, leavesTheTargetAloneWhenMemoryRunsOut)
 {
     auto string = mutableText("a");
     const auto other = text(kLong);
@@ -263,7 +263,7 @@ TEST(TovStringAppend, leavesTheTargetAloneWhenMemoryRunsOut)
     EXPECT_EQ(utf8(full.get()), kLong);
 }
 
-TEST(TovStringCreate, givesNullWhenMemoryRunsOut)
+TEST(TovStringCreateMutable, givesNullWhenMemoryRunsOut)
 {
     const auto string = text("photo");
     const auto failing = [](auto create) {

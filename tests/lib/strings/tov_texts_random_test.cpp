@@ -100,7 +100,7 @@ TEST(TovStringConvertToURL, writesAsManyUnitsAsAreCounted)
         7);
 }
 
-TEST(TovStringConvertFromURL, keepsToTheRoomOfTheEscapedText)
+TEST(TovStringConvertFromURL, staysWithinTheLengthOfTheEscapedText)
 {
     int decoded = 0;
     test::forRandomTexts(
@@ -151,7 +151,7 @@ TEST(tovFormat, laysOutCStringsOfAllKinds)
     });
 }
 
-TEST(tovFormat, takesTheTemplateAsItIsWhereNothingIsAskedFor)
+TEST(tovFormat, copiesATemplateWithoutDirectives)
 {
     test::forRandomTexts(
         [](const std::u16string& text) {

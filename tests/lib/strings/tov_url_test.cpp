@@ -115,7 +115,7 @@ TEST(TovStringConvertFromURL, ofNullIsNull)
     EXPECT_EQ(TovStringConvertFromURL(nullptr), nullptr);
 }
 
-TEST(TovStringConvertFromURL, bringsEveryTextBack)
+TEST(TovStringConvertFromURL, undoesTovStringConvertToURL)
 {
     for (char32_t codePoint = 1; codePoint <= 0x10ffff; codePoint += codePoint < 0x3000 ? 1 : 251) {
         if (codePoint >= 0xd800 && codePoint <= 0xdfff) continue;
@@ -131,7 +131,7 @@ TEST(TovStringConvertFromURL, bringsEveryTextBack)
     }
 }
 
-TEST(TovStringConvert, givesNullWhenMemoryRunsOut)
+TEST(TovStringConvertToURL, givesNullWhenMemoryRunsOut)
 {
     const auto string = text("a%20b");
     baseFailAllocation(1);

@@ -69,7 +69,7 @@ TEST(TovStringAppendNumberAsXMLTag, appendsOneLine)
     EXPECT_EQ(utf8(target.get()), "<size>42</size>\n<size>18446744073709551615</size>\n");
 }
 
-TEST(TovStringAppendAsXMLTag, leavesTheTargetAloneForNull)
+TEST(TovStringAppendStringAsXMLTag, leavesTheTargetAloneForNull)
 {
     const auto tag = text("t");
     TovStringRef null = nullptr;
@@ -88,7 +88,7 @@ TEST(TovStringAppendAsXMLTag, leavesTheTargetAloneForNull)
     EXPECT_EQ(utf8(fixed.get()), "x");
 }
 
-TEST(TovStringAppendAsXMLTag, leavesTheTargetAloneWhenMemoryRunsOut)
+TEST(TovStringAppendStringAsXMLTag, leavesTheTargetAloneWhenMemoryRunsOut)
 {
     const auto tag = text("tag"), value = text(std::string(100, 'v'));
     auto target = mutableText("x");
@@ -155,7 +155,7 @@ TEST(TovStringSimpleXMLParserFindNthData, countsFromOne)
     }
 }
 
-TEST(TovStringSimpleXMLParserFindNthData, asksOnlyTheNthElementToBeClosed)
+TEST(TovStringSimpleXMLParserFindNthData, needsOnlyTheNthElementToBeClosed)
 {
     const auto tag = text("a");
     const auto document = text("<a>1<a>2</a>");
@@ -197,7 +197,7 @@ TEST(TovStringSimpleXMLParserForEachItem, releasesEachItem)
     EXPECT_EQ(utf8(kept.get()), "1");
 }
 
-TEST(TovStringSimpleXMLParser, takesNull)
+TEST(TovStringSimpleXMLParserFindData, takesNull)
 {
     const auto document = text("<(null)>x</(null)><>y</>"), tag = text("a"), noTag = text("");
     EXPECT_EQ(TovStringSimpleXMLParserFindData(nullptr, tag.get()), nullptr);
@@ -211,7 +211,7 @@ TEST(TovStringSimpleXMLParser, takesNull)
     EXPECT_TRUE(items.empty());
 }
 
-TEST(TovStringSimpleXMLParser, findsNothingWhenMemoryRunsOut)
+TEST(TovStringSimpleXMLParserFindData, findsNothingWhenMemoryRunsOut)
 {
     const auto document = text("<a>1</a><a>2</a>"), tag = text("a");
     std::uint64_t nth = 1;

@@ -36,7 +36,7 @@ TEST(createDateText, writesAsTheLanguageDoes)
     }
 }
 
-TEST(createDateText, asksNoTimeZone)
+TEST(createDateText, ignoresTheTimeZone)
 {
     const test::ScopedVariable zone("TZ", "Pacific/Auckland");
     EXPECT_EQ(takeUTF8(createDateText("de", DateStyle::dateAndTime, kEvening)),

@@ -10,7 +10,7 @@ namespace {
 constexpr std::int64_t kAfternoon = 1230132605;  // 2008-12-24 15:30:05 UTC
 }  // namespace
 
-TEST(shortDate, followsTheRegion)
+TEST(shortDate, followsTheLocale)
 {
     const struct {
         const char* locale;
@@ -27,7 +27,7 @@ TEST(shortDate, followsTheRegion)
     }
 }
 
-TEST(timeWithSeconds, followsTheRegionWithPlainBlanks)
+TEST(timeWithSeconds, followsTheLocaleWithPlainBlanks)
 {
     const struct {
         const char* locale;

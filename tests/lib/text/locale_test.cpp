@@ -78,7 +78,7 @@ TEST(numberLocale, followsTheEnvironment)
     }
 }
 
-TEST(dateLocale, asksItsOwnVariable)
+TEST(dateLocale, readsItsOwnVariable)
 {
     const ScopedVariable all("LC_ALL", nullptr), numeric("LC_NUMERIC", "it_IT"),
         time("LC_TIME", "de_DE.UTF-8"), lang("LANG", "fr_FR");

@@ -69,7 +69,7 @@ TEST(createNumberText, fallsBackForAnUnknownLanguage)
     EXPECT_EQ(written(format.get(), std::int64_t{1234}), "1,234");
 }
 
-TEST(createNumberText, isNullWithoutAFormatOrWithoutRoom)
+TEST(createNumberText, isNullWithoutAFormatOrMemory)
 {
     EXPECT_EQ(written(nullptr, std::int64_t{1}), std::nullopt);
     const Format fraction(createNumberFormat("en", 1));

@@ -64,7 +64,7 @@ TEST(setStringValue, markupIsShownAsItStands)
     EXPECT_EQ(label.textFormat(), Qt::PlainText);
 }
 
-TEST(setStringValue, whatIsNoUnicodeShowsAsReplacementCharacter)
+TEST(setStringValue, aLoneSurrogateShowsAsReplacementCharacter)
 {
     QLabel label;
     const test::Text path(createPathText("a\xff\xF0\x9F\x8C\x8D"));

@@ -11,7 +11,7 @@
 
 using namespace pinorama;
 
-TEST(radians, multipliesWithPiBeforeItDivides)
+TEST(radians, multipliesByPiBeforeItDivides)
 {
     const struct {
         double degrees, expected;
@@ -85,7 +85,7 @@ TEST(utMakeHFSStringFromCFString, nullGivesLengthZero)
     EXPECT_EQ(name.length, 0);
 }
 
-TEST(utMakeHFSStringFromCFString, leavesTheUnitsBehindTheLengthAlone)
+TEST(utMakeHFSStringFromCFString, leavesTheUnitsAfterTheLengthAlone)
 {
     HFSUniStr255 name = {};
     name.unicode[2] = u'z';

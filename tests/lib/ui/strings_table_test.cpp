@@ -101,13 +101,13 @@ TEST(StringsTable, takesAnEscapedZeroAsAUnit)
     EXPECT_EQ(table.find(u"k"), std::u16string_view(u"a\0b", 3));
 }
 
-TEST(StringsTable, commentThatIsNeverClosedGoesOnToTheEnd)
+TEST(StringsTable, anUnclosedCommentExtendsToTheEnd)
 {
     const StringsTable table("\"a\" = \"v\";\n/* \"b\" = \"w\";\n");
     EXPECT_EQ(table.size(), 1u);
 }
 
-TEST(StringsTable, keysAreExact)
+TEST(StringsTable, matchesKeysExactly)
 {
     const StringsTable table("\"Key\" = \"v\";");
     EXPECT_EQ(valueOf(table, u"key"), "(none)");
@@ -115,7 +115,7 @@ TEST(StringsTable, keysAreExact)
     EXPECT_EQ(valueOf(table, u""), "(none)");
 }
 
-TEST(StringsTable, tellsWhichLinesAreDamaged)
+TEST(StringsTable, listsTheDamagedLines)
 {
     const StringsTable table(
         "// first\n\"a\" = \"1\";\nnonsense\n/* x\n */ \"b\" = 2;\n\"c\" = \"3\"\n");

@@ -128,7 +128,7 @@ TEST_F(translateADialogString, ordinaryTextIsTheSameObject)
     EXPECT_EQ(cocoaUtils::translateADialogString(nullptr), nullptr);
 }
 
-TEST_F(translateADialogString, aTextWithoutAUTF8FormIsNoPlaceholder)
+TEST_F(translateADialogString, aTextWithoutAUTF8FormIsNotAPlaceholder)
 {
     const test::Text broken(createString(u"##5\xD800"));
     EXPECT_EQ(cocoaUtils::translateADialogString(broken.get()), broken.get());
@@ -211,7 +211,7 @@ TEST_F(translateOneView, nestedBoxesAreBothTranslated)
     EXPECT_EQ(label->text(), QLatin1String("five"));
 }
 
-TEST_F(translateOneView, ofAPictureOnlyTheToolTip)
+TEST_F(translateOneView, translatesOnlyTheToolTipOfAPicture)
 {
     auto* picture = add<QLabel>();
     picture->setPixmap(QPixmap(2, 2));
@@ -235,7 +235,7 @@ TEST_F(translateOneView, toolTipsOfAnyView)
     EXPECT_EQ(label->toolTip(), QLatin1String("OK"));
 }
 
-TEST_F(translateOneView, setsNothingThatStaysAsItIs)
+TEST_F(translateOneView, setsNoTextThatStaysTheSame)
 {
     auto* popUp = add<QComboBox>();
     popUp->addItems({QStringLiteral("Fixed"), QStringLiteral("##1")});
@@ -261,7 +261,7 @@ TEST_F(translateOneView, setsNothingThatStaysAsItIs)
     EXPECT_EQ(set, QStringList{QStringLiteral("QComboBox1one")});
 }
 
-TEST_F(translateOneView, keepsTheFormOfATextThatStaysAsItIs)
+TEST_F(translateOneView, keepsTheFormatOfATextThatStaysTheSame)
 {
     const QString html = QStringLiteral(
         "Read <a href=\"https://pinorama.example\">the "
@@ -361,7 +361,7 @@ TEST_F(translateOneView, anotherKindOfExceptionIsPassedOn)
     EXPECT_THROW(translate(), int);
 }
 
-TEST_F(translateOneView, toolTipsHaveNoGuard)
+TEST_F(translateOneView, passesOnAnExceptionOfAToolTip)
 {
     auto* label = add<QLabel>(QStringLiteral("##5"));
     label->setToolTip(QStringLiteral("##1"));
@@ -371,7 +371,7 @@ TEST_F(translateOneView, toolTipsHaveNoGuard)
     EXPECT_THROW(translate(), std::runtime_error);
 }
 
-TEST_F(translateOneView, viewsThatComeDuringTheWalkAreTranslatedToo)
+TEST_F(translateOneView, translatesViewsThatAreAddedDuringTheWalk)
 {
     auto* first = add<QLabel>(QStringLiteral("##5"));
     QLabel* late = nullptr;

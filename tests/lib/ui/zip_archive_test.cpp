@@ -181,7 +181,7 @@ TEST(compressToZIPFile, failureKeepsAnArchiveThatWasThere)
     EXPECT_EQ(test::readFile(target), "earlier");
 }
 
-TEST(compressToZIPFile, missingArchiverIs127)
+TEST(compressToZIPFile, aMissingArchiverGives127)
 {
     const test::TemporaryFolder folder;
     const test::ScopedVariable noPrograms("PATH", folder.path().c_str());
@@ -223,7 +223,7 @@ TEST(compressToZIPFile, keepsAnOriginalThatNoArchiveCanHold)
     EXPECT_EQ(test::readFile(target), "earlier");
 }
 
-TEST(compressToZIPFile, believesNoStatusWithoutTheArchive)
+TEST(compressToZIPFile, doesNotTrustAStatusWithoutTheArchive)
 {
     // An archiver that packs something else, and one that packs nothing and lists what is wanted.
     for (const char* script :
