@@ -6,7 +6,7 @@
 
 namespace pinorama {
 namespace {
-constexpr std::size_t kMostKnown = 64;  // extensions; names can have any number of them
+constexpr std::size_t kMaxKnownExtensions = 64;  // extensions; names can have any number of them
 }  // namespace
 
 bool AcceptedNames::accepts(std::string_view path)
@@ -19,7 +19,7 @@ bool AcceptedNames::accepts(std::string_view path)
     const std::string_view extension = name.substr(dot);
     const auto found = known_.find(extension);
     if (found != known_.end()) return found->second;
-    if (known_.size() == kMostKnown) known_.clear();
+    if (known_.size() == kMaxKnownExtensions) known_.clear();
     const StringHolder example(createPathText("a" + std::string(extension)));
     return known_.emplace(extension, gpsIsAcceptedPath(example.get())).first->second;
 }

@@ -1,5 +1,5 @@
-// Names of files, told apart by their type fast: a folder of pictures has thousands of names and a
-// handful of extensions.
+// Decides by their names which files are pictures, and remembers the answer for each extension: a
+// folder has thousands of names and a handful of extensions.
 
 #pragma once
 
@@ -11,7 +11,7 @@ namespace pinorama {
 
 class AcceptedNames {
 public:
-    // True when gpsIsAcceptedPath is true for this name or path, in the bytes of the system.
+    // What gpsIsAcceptedPath returns for this name or path, which is in the bytes of the system.
     bool accepts(std::string_view path);
 
 private:

@@ -8,23 +8,23 @@
 
 namespace pinorama {
 namespace {
-struct RequestHead {
-    std::uint64_t length;  // bytes of the paths, each with a zero byte at its end
+struct RequestHeader {
+    std::uint64_t length;  // bytes of the paths, each with its zero byte
 };
 
-struct ResultHead {
+struct ResultHeader {
     std::uint64_t outputLength;
     std::uint64_t placemarksLength;
-    std::uint64_t complaintsLength;
+    std::uint64_t diagnosticsLength;
     std::uint64_t files;
     std::uint64_t located;
     std::uint64_t failed;
 };
 
-template <typename Head>
-std::string_view bytesOf(const Head& head)
+template <typename Header>
+std::string_view bytesOf(const Header& header)
 {
-    return {reinterpret_cast<const char*>(&head), sizeof head};
+    return {reinterpret_cast<const char*>(&header), sizeof header};
 }
 
 bool receiveAll(int socket, char* bytes, std::size_t count)
@@ -42,19 +42,19 @@ bool receiveAll(int socket, char* bytes, std::size_t count)
 
 std::string encodePaths(std::span<const std::string> paths)
 {
-    RequestHead head{};
-    for (const std::string& path : paths) head.length += path.size() + 1;
-    std::string message(bytesOf(head));
-    message.reserve(sizeof head + head.length);
+    RequestHeader header{};
+    for (const std::string& path : paths) header.length += path.size() + 1;
+    std::string message(bytesOf(header));
+    message.reserve(sizeof header + header.length);
     for (const std::string& path : paths) message.append(path.c_str(), path.size() + 1);
     return message;
 }
 
 std::optional<std::vector<std::string>> receivePaths(int socket)
 {
-    RequestHead head{};
-    if (!receiveAll(socket, reinterpret_cast<char*>(&head), sizeof head)) return std::nullopt;
-    std::string bytes(head.length, '\0');
+    RequestHeader header{};
+    if (!receiveAll(socket, reinterpret_cast<char*>(&header), sizeof header)) return std::nullopt;
+    std::string bytes(header.length, '\0');
     if (!receiveAll(socket, bytes.data(), bytes.size())) return std::nullopt;
     std::vector<std::string> paths;
     for (std::size_t at = 0; at < bytes.size(); at += paths.back().size() + 1) {
@@ -65,11 +65,11 @@ std::optional<std::vector<std::string>> receivePaths(int socket)
 
 bool sendResult(int socket, const BatchResult& result)
 {
-    const ResultHead head = {result.output.size(),     result.placemarks.size(),
-                             result.complaints.size(), result.files,
-                             result.located,           result.failed};
-    std::string message(bytesOf(head));
-    message.append(result.output).append(result.placemarks).append(result.complaints);
+    const ResultHeader header = {
+        result.output.size(), result.placemarks.size(), result.diagnostics.size(),
+        result.files,         result.located,           result.failed};
+    std::string message(bytesOf(header));
+    message.append(result.output).append(result.placemarks).append(result.diagnostics);
     std::string_view rest = message;
     while (!rest.empty()) {
         const ssize_t sent = send(socket, rest.data(), rest.size(), MSG_NOSIGNAL);
@@ -82,22 +82,22 @@ bool sendResult(int socket, const BatchResult& result)
 
 std::optional<BatchResult> takeResult(std::string* received)
 {
-    ResultHead head{};
-    if (received->size() < sizeof head) return std::nullopt;
-    std::memcpy(&head, received->data(), sizeof head);
+    ResultHeader header{};
+    if (received->size() < sizeof header) return std::nullopt;
+    std::memcpy(&header, received->data(), sizeof header);
     const std::size_t length =
-        sizeof head + head.outputLength + head.placemarksLength + head.complaintsLength;
+        sizeof header + header.outputLength + header.placemarksLength + header.diagnosticsLength;
     if (received->size() < length) return std::nullopt;
 
-    const std::string_view texts = std::string_view(*received).substr(sizeof head);
+    const std::string_view texts = std::string_view(*received).substr(sizeof header);
     BatchResult result;
-    result.output = texts.substr(0, head.outputLength);
-    result.placemarks = texts.substr(head.outputLength, head.placemarksLength);
-    result.complaints =
-        texts.substr(head.outputLength + head.placemarksLength, head.complaintsLength);
-    result.files = head.files;
-    result.located = head.located;
-    result.failed = head.failed;
+    result.output = texts.substr(0, header.outputLength);
+    result.placemarks = texts.substr(header.outputLength, header.placemarksLength);
+    result.diagnostics =
+        texts.substr(header.outputLength + header.placemarksLength, header.diagnosticsLength);
+    result.files = header.files;
+    result.located = header.located;
+    result.failed = header.failed;
     received->erase(0, length);
     return result;
 }

@@ -1,5 +1,6 @@
-// Batches and their results as bytes between the program and its lanes, which are copies of the
-// program itself: numbers are as they lie in memory, and each side believes the other.
+// Requests and replies between the program and its workers: batches of paths, and their results. A
+// worker is a forked copy of the program, so numbers have the layout of this machine, and both
+// sides trust each other.
 
 #pragma once
 
@@ -12,16 +13,16 @@
 
 namespace pinorama {
 
-// A request: the paths of a batch.
+// Makes a request with the paths of a batch.
 std::string encodePaths(std::span<const std::string> paths);
 
-// Waits for a request and takes it from the socket. Nothing when the other side is gone.
+// Waits for a request and reads it from the socket. Nothing if the other side has closed it.
 std::optional<std::vector<std::string>> receivePaths(int socket);
 
-// Sends a result, waiting while the other side does not read. False when it is gone.
+// Sends a reply and waits until the socket has taken it. False if the other side has closed it.
 bool sendResult(int socket, const BatchResult& result);
 
-// Takes the first result out of what has been received so far; nothing when it is not whole yet.
+// Removes the first reply from what has been received so far; nothing if it is incomplete.
 std::optional<BatchResult> takeResult(std::string* received);
 
 }  // namespace pinorama

@@ -2,9 +2,9 @@
 
 #include "cli/batch_work.h"
 #include "cli/folder_walk.h"
-#include "cli/lane_pool.h"
 #include "cli/outputs.h"
 #include "cli/stop_signals.h"
+#include "cli/worker_pool.h"
 
 #include <algorithm>
 #include <chrono>
@@ -15,13 +15,13 @@
 
 namespace pinorama {
 namespace {
-constexpr std::size_t kFewFiles = kMostDescriptors;
-constexpr int kTick = 100;  // milliseconds between two looks at the progress
+constexpr std::size_t kMaxFilesInTurn = kMostDescriptors;
+constexpr int kTick = 100;  // milliseconds between two updates of the progress, at most
 
-std::vector<std::string> nextBatch(FolderWalk* walk, std::size_t most)
+std::vector<std::string> nextBatch(FolderWalk* walk, std::size_t maxCount)
 {
     std::vector<std::string> paths;
-    while (paths.size() < most) {
+    while (paths.size() < maxCount) {
         std::optional<std::string> path = walk->next();
         if (!path) break;
         paths.push_back(*std::move(path));
@@ -29,7 +29,7 @@ std::vector<std::string> nextBatch(FolderWalk* walk, std::size_t most)
     return paths;
 }
 
-// The files of a batch are open at the same time, beside a few others.
+// The files of a batch are open at the same time, and a few others.
 std::size_t batchSize()
 {
     rlimit limit{};
@@ -37,8 +37,8 @@ std::size_t batchSize()
     return std::clamp<std::size_t>(limit.rlim_cur / 2, 1, kMostDescriptors);
 }
 
-// Each file as soon as it is there. Who stops the program does not have to wait for a slow disk.
-void workHere(FolderWalk* walk, BatchWork* work, StopSignals* signals, Outputs* outputs)
+// Prints each file as soon as it has been read. A signal also ends the wait for a slow disk.
+void workInTurn(FolderWalk* walk, BatchWork* work, StopSignals* signals, Outputs* outputs)
 {
     while (signals->caught() == 0 && !outputs->areLost()) {
         const std::vector<std::string> paths = nextBatch(walk, 1);
@@ -49,27 +49,27 @@ void workHere(FolderWalk* walk, BatchWork* work, StopSignals* signals, Outputs* 
     }
 }
 
-void workInLanes(FolderWalk* walk, BatchWork* work, StopSignals* signals, Outputs* outputs)
+void workInParallel(FolderWalk* walk, BatchWork* work, StopSignals* signals, Outputs* outputs)
 {
     work->warmUp();
-    LanePool lanes(usableProcessors(),
-                   [work](std::span<const std::string> paths) { return work->process(paths); });
-    const std::size_t most = batchSize();
+    WorkerPool workers(usableProcessors(),
+                       [work](std::span<const std::string> paths) { return work->process(paths); });
+    const std::size_t maxCount = batchSize();
     bool isWalking = true;
     while (signals->caught() == 0 && !outputs->areLost()) {
-        while (isWalking && lanes.hasRoom()) {
-            std::vector<std::string> paths = nextBatch(walk, most);
+        while (isWalking && workers.hasRoom()) {
+            std::vector<std::string> paths = nextBatch(walk, maxCount);
             isWalking = !paths.empty();
-            if (isWalking) lanes.add(std::move(paths));
+            if (isWalking) workers.add(std::move(paths));
         }
-        if (lanes.isEmpty()) return;
-        lanes.wait(signals->descriptor(), kTick);
-        while (const auto result = lanes.take()) outputs->write(*result);
+        if (workers.isEmpty()) return;
+        workers.wait(signals->descriptor(), kTick);
+        while (const auto result = workers.take()) outputs->write(*result);
         outputs->updateProgress();
     }
 }
 
-// Who asks for the address of a picture gets one or an error.
+// Whoever asks for the address of a picture gets one or an error.
 bool missesAddress(const Options& options, const WorkCounts& counts)
 {
     const bool isAddress = options.output == Output::webAddress ||
@@ -85,27 +85,27 @@ int reportOnFiles(const Options& options, StringHolder serviceTemplate)
     BatchWork work({.output = options.output,
                     .serviceTemplate = std::move(serviceTemplate),
                     .placemarks = !options.kmlPath.empty()});
-    const bool isMuch = options.recursive || options.files.size() > kFewFiles;
-    if (!isMuch) work.expect(options.files);
+    const bool isBatch = options.recursive || options.files.size() > kMaxFilesInTurn;
+    if (!isBatch) work.expect(options.files);
     bool isBrokenPipe = false;
     int status = kSuccess;
     {
         StopSignals signals;
-        Outputs outputs(options, isMuch && !options.quiet);
+        Outputs outputs(options, isBatch && !options.quiet);
         if (!outputs.begin()) return kSomeFileFailed;
         FolderWalk walk(options.files, options.recursive,
                         [&outputs](const std::string& path, const std::string& why) {
-                            outputs.complainAboutFolder(path, why);
+                            outputs.reportFolder(path, why);
                         });
-        (isMuch ? workInLanes : workHere)(&walk, &work, &signals, &outputs);
+        (isBatch ? workInParallel : workInTurn)(&walk, &work, &signals, &outputs);
         outputs.finish();
 
         const WorkCounts& counts = outputs.counts();
-        if (missesAddress(options, counts)) outputs.complain("no position");
+        if (missesAddress(options, counts)) outputs.printDiagnostic("no position");
         if (options.recursive && !options.quiet) {
             const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
             const char* stopped = signals.caught() != 0 ? "stopped: " : "";
-            outputs.complain(stopped + summaryText(counts, time.count()));
+            outputs.printDiagnostic(stopped + summaryText(counts, time.count()));
         }
         if (counts.failed > 0 || outputs.haveFailed() || missesAddress(options, counts)) {
             status = kSomeFileFailed;
@@ -113,7 +113,7 @@ int reportOnFiles(const Options& options, StringHolder serviceTemplate)
         if (signals.caught() != 0) status = kStoppedBySignal + signals.caught();
         isBrokenPipe = outputs.readerHasGone();
     }
-    // Whoever started the program expects it to end like this, now that everything is in order.
+    // A shell expects this end of a program whose pipe was closed. All outputs are complete by now.
     if (isBrokenPipe) raise(SIGPIPE);
     return status;
 }

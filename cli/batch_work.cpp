@@ -1,7 +1,7 @@
 #include "cli/batch_work.h"
 
-#include "cli/complaint.h"
 #include "cli/csv_line.h"
+#include "cli/diagnostic.h"
 #include "cli/json_line.h"
 #include "cli/text_block.h"
 
@@ -27,13 +27,15 @@ void BatchResult::add(BatchResult following)
     }
     output += following.output;
     placemarks += following.placemarks;
-    complaints += following.complaints;
+    diagnostics += following.diagnostics;
     files += following.files;
     located += following.located;
     failed += following.failed;
 }
 
-BatchWork::BatchWork(ReportWishes wishes) : output_(wishes.output), reporter_(std::move(wishes)) {}
+BatchWork::BatchWork(ReportOptions options) : output_(options.output), reporter_(std::move(options))
+{
+}
 
 BatchResult BatchWork::process(std::span<const std::string> paths, int alarm)
 {
@@ -42,13 +44,13 @@ BatchResult BatchWork::process(std::span<const std::string> paths, int alarm)
         appendOutput(report, &result.output);
         result.placemarks += report.placemark;
         if (!report.error.empty()) {
-            appendComplaint(report.path + ": " + report.error, &result.complaints);
+            appendDiagnostic(report.path + ": " + report.error, &result.diagnostics);
             result.failed++;
         }
-        // Who named a folder most likely wants to know of the pictures in it.
+        // Whoever names a folder most likely wants the pictures in it.
         if (output_ == Output::text && isFolder(report)) {
-            appendComplaint(report.path + ": is a folder; -r reads the pictures in it",
-                            &result.complaints);
+            appendDiagnostic(report.path + ": is a folder; -r reads the pictures in it",
+                             &result.diagnostics);
         }
         if (report.isLocated()) result.located++;
         result.files++;

@@ -1,4 +1,4 @@
-// Turns files into what is printed of them, a batch at a time. The results of batches, one behind
+// Turns a batch of files into the texts to print about them. The results of all batches, one after
 // the other, are the whole output.
 
 #pragma once
@@ -12,26 +12,26 @@
 namespace pinorama {
 
 struct BatchResult {
-    std::string output{};      // for standard output
-    std::string placemarks{};  // for the KML document
-    std::string complaints{};  // for standard error
+    std::string output{};       // for standard output
+    std::string placemarks{};   // for the KML document
+    std::string diagnostics{};  // for standard error
     std::uint64_t files = 0;
     std::uint64_t located = 0;  // with a usable position
     std::uint64_t failed = 0;   // could not be read
 
-    // Puts what follows behind this.
+    // Appends the result of the files that follow.
     void add(BatchResult following);
 };
 
 class BatchWork {
 public:
-    explicit BatchWork(ReportWishes wishes);
+    explicit BatchWork(ReportOptions options);
 
-    // As the functions of FileReporter.
+    // See FileReporter.
     void expect(std::span<const std::string> paths) { reporter_.expect(paths); }
     void warmUp() { reporter_.warmUp(); }
 
-    // Reads the files; the arguments are as of FileReporter::report.
+    // Reads the files. The arguments are those of FileReporter::report.
     BatchResult process(std::span<const std::string> paths, int alarm = -1);
 
 private:
@@ -41,11 +41,10 @@ private:
     FileReporter reporter_;
 };
 
-// What stands at the beginning of the output, before the first batch.
+// The output before that of the first batch.
 std::string beginningOfOutput(Output output);
 
-// The text of a file begins with an empty line, which keeps it apart from the one before: nothing
-// is before the first.
+// An empty line before each text block. Outputs drops the first one.
 constexpr char kSeparator = '\n';
 
 }  // namespace pinorama

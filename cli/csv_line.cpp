@@ -32,7 +32,7 @@ public:
         add(key, text ? std::string_view(*text) : std::string_view());
     }
     void add(std::string_view key, bool value) { add(key, value ? "true" : "false"); }
-    // Without this one a text would count as a bool.
+    // Without this one a C string would be taken for a bool.
     void add(std::string_view key, const char* text) { add(key, std::string_view(text)); }
     void add(std::string_view, std::int32_t value) { addNumber(value); }
     void add(std::string_view key, const std::optional<std::uint64_t>& value)
@@ -63,7 +63,7 @@ private:
     bool isFirst_ = true;
 };
 
-// Writes the keys in the place of their values.
+// Writes the keys instead of the values.
 class HeaderWriter {
 public:
     explicit HeaderWriter(std::string* out) : row_(out) {}

@@ -1,6 +1,5 @@
-// Reports as a table of comma-separated values (RFC 4180): the fields of a JSON object as columns,
-// a line break of two characters. A value that JSON calls null is an empty field; numbers read back
-// exactly.
+// Reports as comma-separated values (RFC 4180): the fields of the JSON object as columns, lines
+// that end in CR LF. What is null in JSON is an empty field; numbers read back exactly.
 
 #pragma once
 
@@ -10,7 +9,7 @@
 
 namespace pinorama {
 
-// Appends the row with the names of the columns, which comes first.
+// Appends the first row, which has the names of the columns.
 void appendCsvHeader(std::string* out);
 
 // Appends the row of one report.

@@ -31,7 +31,7 @@ std::string utf8Of(const TovString* text)
     return displayUTF8(unitsOf(text));
 }
 
-// The same for a text that the caller owns, which is released.
+// The same for a text that the caller owns; releases it.
 std::string takeUTF8(TovStringRef text)
 {
     const StringHolder owned(text);
@@ -68,7 +68,7 @@ PlaceReport placeOf(std::int32_t result, const fileInfoRecord& record)
             .description = optionalUTF8(record.description)};
 }
 
-// The status of a picture that could not even be looked at.
+// The status of a picture whose attributes could not be read.
 std::int32_t statusOfMissing(TovStringRef path)
 {
     FSRef ref;
@@ -76,7 +76,7 @@ std::int32_t statusOfMissing(TovStringRef path)
     return status == kErrNone ? kErrNothingUsable : status;
 }
 
-void tellPosition(const fileInfoRecord& record, FileReport* report)
+void fillPosition(const fileInfoRecord& record, FileReport* report)
 {
     report->coordinate = takeUTF8(gpsMakePositionText(record));
     report->altitudeText = takeUTF8(gpsMakeAltitudeText(record));
@@ -91,11 +91,11 @@ std::string scriptOf(const fileInfoRecord& record)
         gpsMakeFlyToScript(latitude, longitude, record.azimuth, record.tilt, record.distance));
 }
 
-std::string addressOf(const fileInfoRecord& record, TovStringRef path, const ReportWishes& wishes)
+std::string addressOf(const fileInfoRecord& record, TovStringRef path, const ReportOptions& options)
 {
-    switch (wishes.output) {
+    switch (options.output) {
     case Output::webAddress:
-        return takeUTF8(appMakeWebServiceURL(wishes.serviceTemplate.get(), &record, path));
+        return takeUTF8(appMakeWebServiceURL(options.serviceTemplate.get(), &record, path));
     case Output::catalogueAddress: return takeUTF8(appMakeCatalogueURL(&record));
     case Output::script: return scriptOf(record);
     default: return {};
@@ -128,8 +128,9 @@ bool prepareTexts()
     return std::all_of(std::begin(kNeededTexts), std::end(kNeededTexts), iuHasText);
 }
 
-FileReporter::FileReporter(ReportWishes wishes, ReaderLauncher launcher, const ReaderLimits& limits)
-    : wishes_(std::move(wishes)), reader_(std::move(launcher), limits)
+FileReporter::FileReporter(ReportOptions options, ReaderLauncher launcher,
+                           const ReaderLimits& limits)
+    : options_(std::move(options)), reader_(std::move(launcher), limits)
 {
 }
 
@@ -144,10 +145,10 @@ void FileReporter::expect(std::span<const std::string> paths)
 
 void FileReporter::warmUp()
 {
-    if (!showsFields(wishes_.output)) return;
+    if (!showsFields(options_.output)) return;
     FileReport nothing{};
-    tellFacts({.size = 0}, &nothing);
-    tellPosition({}, &nothing);
+    fillFacts({.size = 0}, &nothing);
+    fillPosition({}, &nothing);
 }
 
 std::vector<FileReport> FileReporter::report(std::span<const std::string> paths, int alarm)
@@ -161,19 +162,19 @@ std::vector<FileReport> FileReporter::report(std::span<const std::string> paths,
         files.push_back(open(paths[i], &reports[i]));
         if (files[i].descriptor) descriptors.push_back(files[i].descriptor.get());
     }
-    // While the reader gets ready the formatters are made.
+    // The reader starts while the formatters are created.
     if (!descriptors.empty()) reader_.start();
-    for (std::size_t i = 0; i < paths.size(); i++) tellFile(files[i], &reports[i]);
+    for (std::size_t i = 0; i < paths.size(); i++) fillFileFields(files[i], &reports[i]);
 
-    std::vector<PropertyResult> answers;
-    if (!descriptors.empty()) answers = reader_.readProperties(descriptors, alarm);
-    // The reader ends while its answer is written down.
+    std::vector<PropertyResult> replies;
+    if (!descriptors.empty()) replies = reader_.readProperties(descriptors, alarm);
+    // The reader ends while its reply is formatted.
     if (isOnlyFile_) reader_.dismiss();
     std::size_t next = 0;
     for (std::size_t i = 0; i < paths.size(); i++) {
         fileInfoRecord record{};
         gpsPrepareInfoRecord(&record);
-        tellPlace(files[i], files[i].descriptor ? answers[next++] : PropertyResult{}, &record,
+        fillPlace(files[i], files[i].descriptor ? replies[next++] : PropertyResult{}, &record,
                   &reports[i]);
         gpsReleaseInfoRecord(&record);
     }
@@ -184,16 +185,16 @@ FileReport FileReporter::report(const std::string& path, fileInfoRecord* record)
 {
     FileReport report{};
     const OpenFile file = open(path, &report);
-    PropertyResult answer;
+    PropertyResult reply;
     const int descriptor = file.descriptor.get();
-    if (file.descriptor) answer = reader_.readProperties({&descriptor, 1}, -1).front();
-    tellFile(file, &report);
-    tellPlace(file, answer, record, &report);
+    if (file.descriptor) reply = reader_.readProperties({&descriptor, 1}, -1).front();
+    fillFileFields(file, &report);
+    fillPlace(file, reply, record, &report);
     return report;
 }
 
-// Opens a camera picture, and looks at any file. "No position" and "may not be opened" are the same
-// to the reader of positions, so errors are noticed here.
+// Opens a camera picture, and reads the attributes of any file. Errors are reported from here: for
+// the reader of positions, a picture without one and a picture that may not be opened are the same.
 FileReporter::OpenFile FileReporter::open(const std::string& path, FileReport* report)
 {
     OpenFile file;
@@ -215,7 +216,7 @@ FileReporter::OpenFile FileReporter::open(const std::string& path, FileReport* r
     return file;
 }
 
-void FileReporter::tellFacts(const fileFacts& facts, FileReport* report)
+void FileReporter::fillFacts(const fileFacts& facts, FileReport* report)
 {
     report->size = facts.size;
     report->sizeText = takeUTF8(gpsMakeFileSizeText(facts));
@@ -229,16 +230,16 @@ void FileReporter::tellFacts(const fileFacts& facts, FileReport* report)
     report->created = created_.text;
 }
 
-void FileReporter::tellFile(const OpenFile& file, FileReport* report)
+void FileReporter::fillFileFields(const OpenFile& file, FileReport* report)
 {
     report->path = utf8Of(file.path.get());
-    if (!showsFields(wishes_.output)) return;
+    if (!showsFields(options_.output)) return;
     report->name = takeUTF8(gpsCopyFileName(file.path.get()));
-    tellFacts(file.attributes ? gpsMakeFileFacts(*file.attributes) : fileFacts{}, report);
+    fillFacts(file.attributes ? gpsMakeFileFacts(*file.attributes) : fileFacts{}, report);
 }
 
-// Writes down what has come of reading a file.
-void FileReporter::tellPlace(const OpenFile& file, const PropertyResult& answer,
+// Fills in the result of reading a file.
+void FileReporter::fillPlace(const OpenFile& file, const PropertyResult& reply,
                              fileInfoRecord* record, FileReport* report) const
 {
     using Outcome = ReadOutcome;
@@ -247,23 +248,22 @@ void FileReporter::tellPlace(const OpenFile& file, const PropertyResult& answer,
     std::int32_t result = kErrNothingUsable;
     if (!file.attributes) {
         result = statusOfMissing(file.path.get());
-    } else if (file.descriptor && answer.outcome == Outcome::failed) {
+    } else if (file.descriptor && reply.outcome == Outcome::failed) {
         report->error = "reading the picture failed";
-    } else if (file.descriptor && answer.outcome == Outcome::stuck) {
+    } else if (file.descriptor && reply.outcome == Outcome::stuck) {
         report->error = "reading the picture took too long";
-    } else if (file.descriptor && answer.outcome == Outcome::noReader) {
+    } else if (file.descriptor && reply.outcome == Outcome::noReader) {
         report->error = "pictures cannot be read safely on this system";
-    } else if (answer.outcome == Outcome::found) {
-        const ObjectHolder<TovDictionaryRef> properties(
-            createPropertyDictionary(answer.properties));
+    } else if (reply.outcome == Outcome::found) {
+        const ObjectHolder<TovDictionaryRef> properties(createPropertyDictionary(reply.properties));
         result = gpsFillInfoFromProperties(properties.get(), record);
     }
     report->place = placeOf(result, *record);
     if (result != kErrNone) return;
 
-    if (showsFields(wishes_.output)) tellPosition(*record, report);
-    report->address = addressOf(*record, file.path.get(), wishes_);
-    if (wishes_.placemarks) report->placemark = placemarkOf(*record, file.path.get());
+    if (showsFields(options_.output)) fillPosition(*record, report);
+    report->address = addressOf(*record, file.path.get(), options_);
+    if (options_.placemarks) report->placemark = placemarkOf(*record, file.path.get());
 }
 
 }  // namespace pinorama

@@ -1,7 +1,7 @@
-// Makes the reports on files, many at a time. Sandboxed copies of this process read the pictures,
-// one after the other; the first one starts with the first picture. A picture that crashes its
-// reader, or gets it stuck, costs that picture. Among others it may take the limit twice, until it
-// is known which one it is.
+// Makes the reports on files, many at a time. A sandboxed copy of this process reads the pictures;
+// it starts with the first one. A picture that crashes the reader, or that it does not finish
+// within the limits, fails, and another reader takes over. Within a batch that may take the limit
+// twice, until it is known which picture it was.
 
 #pragma once
 
@@ -24,8 +24,8 @@
 
 namespace pinorama {
 
-// What to find out beyond the place itself.
-struct ReportWishes {
+// What a report contains besides the place itself.
+struct ReportOptions {
     Output output = Output::text;
     StringHolder serviceTemplate{};  // of the web service, for Output::webAddress
     bool placemarks = false;
@@ -37,61 +37,60 @@ inline constexpr ReaderLimits kReportReaderLimits = {
                    .silence = std::chrono::seconds(30),
                    .whole = std::chrono::seconds(60)}};
 
-// True for the outputs that have every field of a file.
+// True for the outputs that contain every field.
 bool showsFields(Output output);
 
-// True when the texts that fields are written with are all there. What the system has to be asked
-// for besides, the time zone, is known from then on as well: while files are open there may be no
-// descriptor left for either.
+// Loads the texts and the time zone that the fields need; while files are open there may be no
+// descriptor left for either. False if a text is missing.
 bool prepareTexts();
 
 class FileReporter {
 public:
     // Tests pass a launcher of their own.
-    explicit FileReporter(ReportWishes wishes, ReaderLauncher launcher = forkPropertyReader,
+    explicit FileReporter(ReportOptions options, ReaderLauncher launcher = forkPropertyReader,
                           const ReaderLimits& limits = kReportReaderLimits);
 
-    // Has the reader get ready when one of the files will need it. They are all that will be read.
+    // Announces all files that will be read, so that the reader starts now if one of them needs it.
     void expect(std::span<const std::string> paths);
 
-    // Makes the formatters that reports need now instead of with the first report, so that
-    // processes that are split off have them as well.
+    // Creates the formatters now instead of for the first report, so that processes forked later
+    // have them.
     void warmUp();
 
-    // Reads files: a report on each, in their order.
+    // Reads the files and returns a report on each, in their order.
     //
     //   paths  at most kMostDescriptors, in the raw bytes of the system.
-    //   alarm  as of ReaderClient::readProperties; -1 for none.
+    //   alarm  see ReaderClient::readProperties; -1 for none.
     std::vector<FileReport> report(std::span<const std::string> paths, int alarm = -1);
 
-    // The same for one file, whose record the caller gets: prepared before, released after.
+    // The same for one file. Also fills `record`, which the caller has prepared and will release.
     FileReport report(const std::string& path, fileInfoRecord* record);
 
 private:
-    // One file while its report is being made.
+    // A file while its report is being made.
     struct OpenFile {
         StringHolder path{};
-        DescriptorHolder descriptor{};  // of a camera picture, a regular file
+        DescriptorHolder descriptor{};  // of a camera picture that is a regular file
         std::optional<FileAttributes> attributes{};
     };
 
-    // The last date that was written.
+    // The last date that was formatted.
     struct DateText {
         std::optional<std::uint32_t> date{};
         std::string text{};
     };
 
     OpenFile open(const std::string& path, FileReport* report);
-    void tellFile(const OpenFile& file, FileReport* report);
-    void tellFacts(const fileFacts& facts, FileReport* report);
-    void tellPlace(const OpenFile& file, const PropertyResult& answer, fileInfoRecord* record,
+    void fillFileFields(const OpenFile& file, FileReport* report);
+    void fillFacts(const fileFacts& facts, FileReport* report);
+    void fillPlace(const OpenFile& file, const PropertyResult& reply, fileInfoRecord* record,
                    FileReport* report) const;
 
-    ReportWishes wishes_;
+    ReportOptions options_;
     ReaderClient reader_;
     AcceptedNames accepted_;
     bool isOnlyFile_ = false;
-    // Files that came to a folder together have the same dates.
+    // Files that were copied to a folder together often have the same dates.
     DateText modified_{};
     DateText created_{};
 };

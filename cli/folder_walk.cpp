@@ -27,7 +27,7 @@ bool isFolder(const std::string& path)
     return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
-// The kind of an item that the listing does not tell.
+// The type of an item if the listing does not contain it.
 unsigned char typeOf(int folder, const char* name, int flags)
 {
     struct stat status;
@@ -36,8 +36,8 @@ unsigned char typeOf(int folder, const char* name, int flags)
 }
 }  // namespace
 
-FolderWalk::FolderWalk(std::vector<std::string> starts, bool recursive, Complain complain)
-    : starts_(std::move(starts)), recursive_(recursive), complain_(std::move(complain))
+FolderWalk::FolderWalk(std::vector<std::string> starts, bool recursive, OnError onError)
+    : starts_(std::move(starts)), recursive_(recursive), onError_(std::move(onError))
 {
 }
 
@@ -64,15 +64,15 @@ std::optional<std::string> FolderWalk::next()
     }
 }
 
-// Goes down into the folder at path_. A start may be a link to a folder; below it a folder that has
-// become a link meanwhile is no folder any more.
+// Enters the folder at path_. A start may be a link to a folder. Below a start, a folder that
+// somebody has replaced by a link meanwhile is refused.
 bool FolderWalk::enter(bool isStart)
 {
     const int flags = O_RDONLY | O_DIRECTORY | (isStart ? 0 : O_NOFOLLOW);
     DescriptorHolder folder(openDescriptor(path_.c_str(), flags));
     Listing listing;
     if (!folder || !list(folder.take(), &listing)) {
-        complain_(path_, std::strerror(errno));
+        onError_(path_, std::strerror(errno));
         return false;
     }
     if (path_.back() != '/') path_ += '/';
@@ -81,7 +81,7 @@ bool FolderWalk::enter(bool isStart)
     return true;
 }
 
-// Reads the folder, whose descriptor is consumed. False with errno set.
+// Lists the folder and consumes its descriptor. On failure returns false with errno set.
 bool FolderWalk::list(int descriptor, Listing* listing)
 {
     const std::unique_ptr<DIR, FolderCloser> folder(fdopendir(descriptor));
@@ -109,7 +109,7 @@ void FolderWalk::addName(int folder, const char* name, unsigned char type, Listi
     if (type == DT_UNKNOWN) type = typeOf(folder, name, AT_SYMLINK_NOFOLLOW);
     if (type != DT_DIR) {
         if (!accepted_.accepts(name)) return;
-        // A link that leads nowhere is an error of the file that it stands for.
+        // A dangling link is reported when its target is read.
         const bool isLink = type == DT_LNK;
         if (isLink) type = typeOf(folder, name, 0);
         if (type != DT_REG && !(isLink && type == DT_UNKNOWN)) return;

@@ -1,5 +1,10 @@
-// The pictures in folders, one path after the other. Nothing is kept of the tree but the listings
-// of the folders on the way down to where the walk is.
+// Finds the pictures in folders and their subfolders, one path at a time. Memory holds the listings
+// of the folders from the start down to the current one, nothing else of the tree.
+//
+//     FolderWalk walk(folders, true, [](const std::string& path, const std::string& why) {
+//         printError(path, why);
+//     });
+//     while (const auto path = walk.next()) read(*path);
 
 #pragma once
 
@@ -15,21 +20,21 @@ namespace pinorama {
 
 class FolderWalk {
 public:
-    // What to call with a folder that could not be read: its path, and why.
-    using Complain = std::function<void(const std::string& path, const std::string& why)>;
+    // Called for a folder that cannot be read, with its path and the reason.
+    using OnError = std::function<void(const std::string& path, const std::string& why)>;
 
-    // `starts` are walked through in their order. One that is no folder is given as it is, whatever
-    // it is; so are folders when `recursive` is false.
-    FolderWalk(std::vector<std::string> starts, bool recursive, Complain complain);
+    // Walks through `starts` in their order. A start that is not a folder is returned as it is; so
+    // is a folder if `recursive` is false.
+    FolderWalk(std::vector<std::string> starts, bool recursive, OnError onError);
 
-    // The next path: the start as it was given and the way down from there. In a folder the names
-    // are in the order of their bytes, and a folder is walked through where its name stands. Only
-    // names of the accepted types count, also those of links to regular files; what a link leads
-    // to that is a folder is not walked through, so that no walk goes in circles.
+    // The next path: a start as it was given, followed by the names below it. The names in a folder
+    // are sorted by their bytes, with the contents of a subfolder at the place of its name. Only
+    // regular files of the accepted types count, and links to them. Links to folders are not
+    // followed, so no walk goes in circles.
     std::optional<std::string> next();
 
 private:
-    // A folder's names in their order, in one block: the kind, the name, a zero byte.
+    // The sorted names in a folder, in one block: the kind, the name, a zero byte.
     struct Listing {
         std::string block{};
         std::vector<std::uint32_t> names{};  // offsets in the block
@@ -44,7 +49,7 @@ private:
     std::vector<std::string> starts_;
     std::size_t nextStart_ = 0;
     bool recursive_;
-    Complain complain_;
+    OnError onError_;
     AcceptedNames accepted_;
     std::string path_;
     std::vector<Listing> levels_;

@@ -1,6 +1,6 @@
-// One file's report as a line of JSON (RFC 8259): an object with always the same keys in the same
-// order. Numbers are written so that they read back exactly; NaN and infinity, which JSON does not
-// have, become null.
+// A report as one line of JSON (RFC 8259): an object that always has the same keys in the same
+// order. Numbers are written so that they read back exactly; NaN and infinity, which JSON lacks,
+// become null.
 
 #pragma once
 

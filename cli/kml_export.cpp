@@ -1,7 +1,7 @@
 #include "cli/kml_export.h"
 
 #include "base/utf8.h"
-#include "cli/complaint.h"
+#include "cli/diagnostic.h"
 #include "globe/kml_document.h"
 #include "globe/kml_file.h"
 #include "lib/files/path_text.h"

@@ -1,4 +1,4 @@
-// Places of pictures in KML documents.
+// Writes the places of pictures to KML documents.
 
 #pragma once
 
@@ -10,20 +10,20 @@
 
 namespace pinorama {
 
-// Writes the document of one picture as the window exports it, byte for byte, and waits for the
-// reader of a pipe.
+// Writes the document of one picture, byte for byte as the window exports it. If `path` is a pipe,
+// waits for its reader.
 //
 //   picture, path  in the bytes of the system.
 //
-// Returns what is wrong, for a complaint; empty when all went well.
+// Returns the error message; empty on success.
 std::string exportPicture(FileReporter* reporter, const std::string& picture,
                           const std::string& path);
 
-// A document with a placemark for each of many pictures, which replaces an existing file when it is
-// whole.
+// A document with a placemark for each of many pictures. It replaces an existing file once it is
+// complete.
 class KmlCollection {
 public:
-    // Each returns false with errno set; the existing file stays then.
+    // On failure each returns false with errno set, and the existing file stays.
     bool begin(const std::string& path);
     bool add(std::string_view placemarks) { return file_.write(placemarks); }
     bool finish();

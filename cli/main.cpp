@@ -4,7 +4,7 @@
 #include "base/resource_folder.h"
 #include "cli/accepted_names.h"
 #include "cli/batch_run.h"
-#include "cli/complaint.h"
+#include "cli/diagnostic.h"
 #include "cli/kml_export.h"
 #include "globe/web_services.h"
 #include "lib/ui/application_bundle.h"
@@ -22,15 +22,15 @@
 
 namespace pinorama {
 namespace {
-void complain(const std::string& what)
+void printDiagnostic(const std::string& what)
 {
     std::string line;
-    appendComplaint(what, &line);
+    appendDiagnostic(what, &line);
     std::fputs(line.c_str(), stderr);
 }
 
-// Takes the places of standard streams that are closed, so that no file of ours gets there. Using
-// such a stream goes on to fail.
+// Occupies the descriptors of closed standard streams, so that no file of ours gets one of them.
+// The direction is the wrong one, so using such a stream still fails.
 void holdStandardStreams()
 {
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
@@ -43,7 +43,7 @@ int print(const std::string& text)
 {
     std::fputs(text.c_str(), stdout);
     if (std::fflush(stdout) == 0) return kSuccess;
-    complain(std::string("standard output: ") + std::strerror(errno));
+    printDiagnostic(std::string("standard output: ") + std::strerror(errno));
     return kSomeFileFailed;
 }
 
@@ -52,11 +52,11 @@ int exportOne(const Options& options)
     FileReporter reporter({.output = options.output});
     const std::string problem = exportPicture(&reporter, options.files.front(), options.kmlPath);
     if (problem.empty()) return kSuccess;
-    complain(problem);
+    printDiagnostic(problem);
     return kSomeFileFailed;
 }
 
-// A name that was forgotten behind --kml makes the first of the pictures the document.
+// Without a name after --kml, the first picture would become the document.
 bool wouldReplaceAPicture(const std::string& path)
 {
     const auto attributes = attributesOf(path);
@@ -70,12 +70,13 @@ int report(const Options& options)
         const StringHolder title(appCopyServiceTitle(options.webService));
         serviceTemplate = StringHolder(appCopyServiceTemplate(title.get()));
         if (!title || !serviceTemplate) {
-            complain("there is no web service " + std::to_string(options.webService));
+            printDiagnostic("there is no web service " + std::to_string(options.webService));
             return kWrongUsage;
         }
     }
     if (showsFields(options.output) && !prepareTexts()) {
-        complain(shownPath(resourceFolder() + "/strings") + ": the program's texts are missing");
+        printDiagnostic(shownPath(resourceFolder() + "/strings") +
+                        ": the program's texts are missing");
         return kSomeFileFailed;
     }
     return reportOnFiles(options, std::move(serviceTemplate));
@@ -88,12 +89,12 @@ using namespace pinorama;
 int main(int argc, char** argv)
 {
     holdStandardStreams();
-    // A file that may not grow any more is an error of writing, which is told.
+    // A limit on the size of files is then reported as an error of writing.
     (void)std::signal(SIGXFSZ, SIG_IGN);
     Options options;
     std::string error;
     if (!readOptions(argc, argv, &options, &error)) {
-        complain(error);
+        printDiagnostic(error);
         std::fputs(shortUsage().c_str(), stderr);
         return kWrongUsage;
     }
@@ -101,11 +102,11 @@ int main(int argc, char** argv)
     if (options.version) return print("pinorama-info " PINORAMA_VERSION "\n");
 
     if (wouldReplaceAPicture(options.kmlPath)) {
-        complain(shownPath(options.kmlPath) + ": a KML document never replaces a picture");
+        printDiagnostic(shownPath(options.kmlPath) + ": a KML document never replaces a picture");
         return kWrongUsage;
     }
 
-    // Without TZ the C library looks at the file of the zone again for every date that is written.
+    // Without TZ the C library checks the file of the time zone for every date.
     (void)setenv("TZ", ":/etc/localtime", 0);
     iuRegisterApplicationBundle();
     if (!options.isSingleExport()) return report(options);

@@ -9,7 +9,7 @@
 
 namespace pinorama {
 namespace {
-// What is read before it is known to fit together.
+// The options while they are being read.
 struct Reading {
     Options* options;
     bool hasOutput = false;
@@ -44,11 +44,11 @@ void chooseDocument(Reading& reading, const char* value)
     if (*value == '\0') reading.error = "--kml needs a file name";
 }
 
-// One row for each option: all that has to be said about it.
+// Everything about one option.
 struct OptionRow {
-    char letter;  // 0 when it has only its name
+    char letter;  // 0 if it has only its name
     const char* name;
-    const char* value;  // how its value is called in the usage text; null when it takes none
+    const char* value;  // the name of its value in the usage; null if it takes none
     const char* help;
     void (*apply)(Reading& reading, const char* value);
 };
@@ -75,12 +75,12 @@ constexpr OptionRow kRows[] = {
 };
 constexpr std::size_t kRowCount = std::size(kRows);
 constexpr std::size_t kHelpColumn = 22;
-constexpr int kFirstName = 256;  // what getopt_long gives for the first name; letters lie below
+constexpr int kFirstName = 256;  // what getopt_long returns for the first name; letters are below
 
-// The rows as getopt_long wants them.
+// The rows in the form of getopt_long.
 struct GetoptTables {
     std::array<option, kRowCount + 1> names{};
-    std::string letters = ":";  // a missing value is told from an unknown option
+    std::string letters = ":";  // reports a missing value as ':'
 
     GetoptTables()
     {

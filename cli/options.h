@@ -1,4 +1,4 @@
-// What the command line of pinorama-info asks for.
+// The command line of pinorama-info.
 
 #pragma once
 
@@ -8,20 +8,20 @@
 
 namespace pinorama {
 
-// What is printed of each file.
+// What to print about each file.
 enum class Output : std::uint8_t {
     text,              // a line for every field, an empty line between two files
     json,              // an object
     csv,               // a row
-    webAddress,        // these for located pictures only: the address of a web service,
-    catalogueAddress,  // the address of the cataloguing program,
-    script,            // the script that flies a globe there
+    webAddress,        // for located pictures only: the address of a web service,
+    catalogueAddress,  // the same: the address of the cataloguing program,
+    script,            // the same: the script that flies a globe program there
     nothing,           // --kml alone
 };
 
 struct Options {
     Output output = Output::text;
-    std::int32_t webService = 0;  // of Output::webAddress, from 1
+    std::int32_t webService = 0;  // for Output::webAddress, from 1
     std::string kmlPath{};        // raw bytes; empty for no document
     bool recursive = false;
     bool quiet = false;
@@ -33,16 +33,16 @@ struct Options {
     bool isSingleExport() const { return !kmlPath.empty() && !recursive && files.size() == 1; }
 };
 
-// Reads the arguments of main. Options may stand between the files; "--" ends them.
+// Reads the arguments of main. Options may come between the files; "--" ends them.
 //
-//   outError  receives what is wrong, without a line feed, when the result is false.
+//   outError  receives the error message, without a line feed, if the result is false.
 //
-// Returns false for an unknown option, a value that is missing, wrong or not wanted, for two
-// outputs at once, and when there is nothing to do.
+// Returns false for an unknown option, a missing, malformed or unexpected value, two outputs at
+// once, and if no file is given.
 bool readOptions(int argc, char** argv, Options* options, std::string* outError);
 
-// The lines on how the program is called: the short form for wrong usage, and the one that explains
-// every option. Both end in a line feed.
+// The usage: the short form for wrong usage, and the full form that explains every option. Both end
+// in a line feed.
 std::string shortUsage();
 std::string fullUsage();
 

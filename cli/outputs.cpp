@@ -1,7 +1,7 @@
 #include "cli/outputs.h"
 
 #include "base/descriptor.h"
-#include "cli/complaint.h"
+#include "cli/diagnostic.h"
 
 #include <cerrno>
 #include <cstring>
@@ -18,7 +18,7 @@ Outputs::Outputs(const Options& options, bool showsProgress)
 bool Outputs::begin()
 {
     if (!kmlPath_.empty() && !kml_.begin(kmlPath_)) {
-        loseKml();
+        failKml();
         return false;
     }
     print(beginningOfOutput(output_));
@@ -28,29 +28,29 @@ bool Outputs::begin()
 void Outputs::write(const BatchResult& result)
 {
     print(result.output);
-    if (!kmlPath_.empty() && !kmlHasFailed_ && !kml_.add(result.placemarks)) loseKml();
-    if (!result.complaints.empty()) printComplaints(result.complaints);
+    if (!kmlPath_.empty() && !kmlHasFailed_ && !kml_.add(result.placemarks)) failKml();
+    if (!result.diagnostics.empty()) printDiagnostics(result.diagnostics);
     counts_.files += result.files;
     counts_.located += result.located;
     counts_.failed += result.failed;
 }
 
-void Outputs::complain(std::string_view what)
+void Outputs::printDiagnostic(std::string_view what)
 {
     std::string line;
-    appendComplaint(what, &line);
-    printComplaints(line);
+    appendDiagnostic(what, &line);
+    printDiagnostics(line);
 }
 
-void Outputs::complainAboutFolder(const std::string& path, const std::string& why)
+void Outputs::reportFolder(const std::string& path, const std::string& why)
 {
-    complain(shownPath(path) + ": " + why);
+    printDiagnostic(shownPath(path) + ": " + why);
     counts_.failed++;
 }
 
 void Outputs::finish()
 {
-    if (!kmlPath_.empty() && !kmlHasFailed_ && !kml_.finish()) loseKml();
+    if (!kmlPath_.empty() && !kmlHasFailed_ && !kml_.finish()) failKml();
     progress_.clear();
 }
 
@@ -74,20 +74,20 @@ void Outputs::print(std::string_view text)
     progress_.clear();
     if (writeAll(STDOUT_FILENO, text)) return;
     printError_ = errno;
-    if (!readerHasGone()) complain(std::string("standard output: ") + std::strerror(printError_));
+    if (!readerHasGone()) printDiagnostic(std::string("standard output: ") + std::strerror(printError_));
 }
 
-void Outputs::printComplaints(std::string_view lines)
+void Outputs::printDiagnostics(std::string_view lines)
 {
     progress_.clear();
     (void)writeAll(STDERR_FILENO, lines);  // nobody is left to report a failure to
 }
 
-void Outputs::loseKml()
+void Outputs::failKml()
 {
     const int error = errno;
     kmlHasFailed_ = true;
-    complain(shownPath(kmlPath_) + ": " + std::strerror(error));
+    printDiagnostic(shownPath(kmlPath_) + ": " + std::strerror(error));
 }
 
 }  // namespace pinorama

@@ -1,5 +1,11 @@
-// Everything that the program writes: standard output, the KML document, complaints, and how far it
-// has come.
+// Everything that a run writes: standard output, the KML document, diagnostics and progress. It
+// keeps them apart on a terminal and remembers what could not be written.
+//
+//     Outputs outputs(options, true);
+//     if (!outputs.begin()) return kSomeFileFailed;
+//     for (const BatchResult& result : results) outputs.write(result);
+//     outputs.finish();
+//     return outputs.haveFailed() ? kSomeFileFailed : kSuccess;
 
 #pragma once
 
@@ -16,34 +22,35 @@ class Outputs {
 public:
     Outputs(const Options& options, bool showsProgress);
 
-    // Writes what stands before the first file. False when nothing can be written.
+    // Writes what comes before the first file. False if nothing can be written.
     bool begin();
 
-    // Writes what has come of the next files.
+    // Writes the result of the next files.
     void write(const BatchResult& result);
 
-    void complain(std::string_view what);
-    void complainAboutFolder(const std::string& path, const std::string& why);
+    void printDiagnostic(std::string_view what);
+    // Reports a folder that cannot be read, and counts it as failed.
+    void reportFolder(const std::string& path, const std::string& why);
 
-    // Makes the document whole with what is in it so far.
+    // Completes the document with what it contains so far.
     void finish();
 
-    // True when there is nothing left that could be written.
+    // True if nothing that follows could be written anywhere.
     bool areLost() const;
-    // True when something could not be written. Standard output that nobody reads any more is no
-    // reason to complain.
+    // True if something could not be written. A closed pipe counts, but is not reported.
     bool haveFailed() const { return printError_ != 0 || kmlHasFailed_; }
+    // True if whoever read standard output has closed it.
     bool readerHasGone() const;
 
     const WorkCounts& counts() const { return counts_; }
 
-    // The line on the terminal.
+    // Updates the progress on the terminal.
     void updateProgress() { progress_.update(counts_); }
 
 private:
     void print(std::string_view text);
-    void printComplaints(std::string_view lines);
-    void loseKml();
+    void printDiagnostics(std::string_view lines);
+    void failKml();
 
     const Output output_;
     const std::string kmlPath_;

@@ -1,4 +1,4 @@
-// Texts that come from files, made fit for a terminal.
+// Makes texts from files safe to print on a terminal.
 
 #pragma once
 
@@ -7,8 +7,8 @@
 
 namespace pinorama {
 
-// Appends valid UTF-8 so that it stays on its line and never reaches the terminal as a command:
-// line breaks and tabs become blanks, other control characters U+FFFD.
+// Appends valid UTF-8 so that it stays on its line and never controls the terminal: line breaks and
+// tabs become blanks, other control characters U+FFFD.
 void appendPrintable(std::string_view text, std::string* out);
 
 }  // namespace pinorama

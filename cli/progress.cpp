@@ -28,7 +28,6 @@ std::string countOf(std::uint64_t number, const char* one, const char* many)
 {
     return std::to_string(number) + ' ' + (number == 1 ? one : many);
 }
-
 }  // namespace
 
 ProgressLine::ProgressLine(bool isWanted)

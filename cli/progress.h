@@ -1,6 +1,15 @@
-// How far the work on many files has come: a line on the terminal while it goes on, and a summary.
+// The progress of a run over many files: one line on the terminal that is updated in place, and a
+// summary at the end.
+//
+//     ProgressLine progress(true);
+//     for (const BatchResult& result : results) {
+//         counts.files += result.files;
+//         progress.update(counts);
+//     }
 
 #pragma once
+
+#include "cli/batch_work.h"
 
 #include <chrono>
 #include <cstdint>
@@ -14,16 +23,16 @@ struct WorkCounts {
     std::uint64_t failed = 0;  // files and folders
 };
 
-// The line on standard error; it is there only when that is a terminal.
+// Writes to standard error, and only if that is a terminal.
 class ProgressLine {
 public:
     explicit ProgressLine(bool isWanted);
     ~ProgressLine() { clear(); }
 
-    // Shows the line anew when it is time to.
+    // Writes the line if the last one is old enough.
     void update(const WorkCounts& counts);
 
-    // Takes the line away, so that something else can be written.
+    // Removes the line, so that something else can be written.
     void clear();
 
 private:
@@ -35,8 +44,8 @@ private:
     bool isThere_ = false;
 };
 
-// "12 pictures, 5600 per second". How many there will be, nobody knows before the folders have been
-// walked through.
+// "12 pictures, 5600 per second". There is no total: only a second walk over all folders could
+// know it.
 std::string progressText(std::uint64_t files, double seconds);
 
 // "340 pictures, 120 with a position, 1 not read, 0.1 seconds".

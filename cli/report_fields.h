@@ -1,5 +1,5 @@
-// The fields of a report as pairs of a key and a value, always the same keys in the same order. An
-// object of JSON and a row of CSV have the same fields.
+// The fields of a report as keys and values, always the same keys in the same order. JSON objects
+// and CSV rows have the same fields.
 
 #pragma once
 
@@ -9,8 +9,8 @@
 
 namespace pinorama {
 
-// Calls fields.add(key, value) for each field: a text, an optional text, a bool, an int32, an
-// optional uint64 or a double; fields.addNothing(key) for one that a file of its kind has not.
+// Calls fields.add(key, value) for each field, with a text, an optional text, a bool, an int32, an
+// optional uint64 or a double, and fields.addNothing(key) for a field that files of this kind lack.
 template <typename Fields>
 void visitFields(const FileReport& report, Fields& fields)
 {

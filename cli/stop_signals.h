@@ -1,5 +1,4 @@
-// Ctrl-C and the other friendly ways to end a program, noticed between two pieces of work instead
-// of ending it at once.
+// Lets the program finish its current piece of work after Ctrl-C and other requests to end.
 
 #pragma once
 
@@ -11,18 +10,18 @@ namespace pinorama {
 
 class StopSignals {
 public:
-    // From now on SIGINT, SIGTERM and SIGHUP wait to be asked for, and writing to a closed pipe is
-    // an error like any other.
+    // From now on SIGINT, SIGTERM and SIGHUP are only recorded, and writing to a closed pipe is an
+    // error like any other.
     StopSignals();
-    // As it was before.
+    // Restores the earlier settings.
     ~StopSignals();
     StopSignals(const StopSignals&) = delete;
     StopSignals& operator=(const StopSignals&) = delete;
 
-    // Readable when a signal has come.
+    // Becomes readable when a signal arrives.
     int descriptor() const { return descriptor_.get(); }
 
-    // The first signal that has come; 0 for none.
+    // The first signal that has arrived; 0 for none.
     int caught();
 
 private:

@@ -1,4 +1,4 @@
-// One file's report as lines for people: a caption and a value each.
+// A report as lines of a caption and a value, for people.
 
 #pragma once
 
@@ -8,7 +8,7 @@
 
 namespace pinorama {
 
-// Appends a line for every field that the window shows; a value never takes more than its line.
+// Appends one line for each field that the window shows.
 void appendTextBlock(const FileReport& report, std::string* out);
 
 }  // namespace pinorama

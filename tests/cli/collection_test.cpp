@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-TEST(pinoramaInfo, tellsWhatIsExpectedOfEveryPictureOfTheCollection)
+TEST(pinoramaInfoOverTheCollection, printsWhatIsExpectedOfEveryPicture)
 {
     const std::optional<std::string> folder = test::pictureCollection();
     if (!folder) GTEST_SKIP() << "PINORAMA_PICTURE_COLLECTION is not set";

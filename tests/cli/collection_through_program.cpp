@@ -13,7 +13,7 @@
 void test::expectTheCollectionThrough(const std::string& program, const std::string& folder)
 {
     const std::vector<test::CollectedPicture> pictures = test::picturesOf(folder);
-    ASSERT_GE(pictures.size(), 400u) << "the collection is not whole";
+    ASSERT_GE(pictures.size(), 400u) << "the collection is incomplete";
     std::vector<std::string> command = {program, "--json"};
     for (const test::CollectedPicture& picture : pictures) command.push_back(picture.path);
     const test::ProgramResult result = test::runProgram({.command = command});

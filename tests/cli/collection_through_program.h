@@ -1,4 +1,4 @@
-// The whole picture collection through pinorama-info, the built one or an installed one.
+// Runs pinorama-info, the built one or an installed one, over the whole picture collection.
 
 #pragma once
 
@@ -6,7 +6,7 @@
 
 namespace test {
 
-// Expects `pinorama-info --json` to print what expected.json in `folder` says of every picture
+// Expects `pinorama-info --json` to print what expected.json in `folder` states about each picture
 // there.
 //
 //   program  the path of the pinorama-info to run.

@@ -46,7 +46,7 @@ FileReport munich()
 }
 }  // namespace
 
-TEST(appendCsvLine, quotesWhatNeedsIt)
+TEST(appendCsvLine, quotesFieldsThatNeedIt)
 {
     EXPECT_EQ(rowOf(munich()),
               "\"/a,b/\"\"c\"\".jpg\",\"\"\"c\"\".jpg\",true,0,48.1,11.5,N,,-12,1000,271.26,,"
@@ -54,7 +54,7 @@ TEST(appendCsvLine, quotesWhatNeedsIt)
               "\"1,024.0 TB\",m,c,\"N 48\u00b0 6' 0.0\"\"\",,\r\n");
 }
 
-TEST(appendCsvLine, leavesEmptyWhatIsNotThere)
+TEST(appendCsvLine, leavesMissingFieldsEmpty)
 {
     FileReport report{};
     report.path = "notes.txt";

@@ -1,4 +1,4 @@
-// What comes with the program for people and shells knows every option of it.
+// The manual page and the completions explain every option of the program.
 
 #include "cli/options.h"
 #include "tests/support/environment.h"
@@ -18,14 +18,14 @@ std::string documentOf(const std::string& path)
     return test::readFile(PINORAMA_SOURCE_FOLDER "/packaging/" + path);
 }
 
-// The long names of all options, without dashes, as the program explains them.
+// The long names of all options, without dashes, from the usage of the program.
 std::vector<std::string> optionNames()
 {
     std::vector<std::string> names;
     std::istringstream lines(fullUsage());
     for (std::string line; std::getline(lines, line);) {
         const std::size_t start = line.find("--") + 2;
-        if (start != 8 || line[1] != ' ') continue;  // behind the room for a letter
+        if (start != 8 || line[1] != ' ') continue;  // after the column of the letters
         names.push_back(line.substr(start, line.find_first_of(" =", start) - start));
     }
     return names;
@@ -53,7 +53,7 @@ std::string completionsOf(const std::string& words, int current)
 }
 }  // namespace
 
-TEST(documents, nameEveryOption)
+TEST(pinoramaInfoDocuments, explainEveryOption)
 {
     const struct {
         const char *path, *before, *after;
@@ -78,7 +78,7 @@ TEST(documents, nameEveryOption)
     }
 }
 
-TEST(documents, manualPageIsWellFormed)
+TEST(pinoramaInfoDocuments, manualPageIsWellFormed)
 {
     const test::ProgramResult result =
         test::runProgram({.command = {"/usr/bin/groff", "-mandoc", "-ww", "-Tutf8",
@@ -89,7 +89,7 @@ TEST(documents, manualPageIsWellFormed)
     EXPECT_NE(result.out.find("pinorama-info"), std::string::npos);
 }
 
-TEST(documents, bashCompletesOptionsUpToTheTwoDashes)
+TEST(pinoramaInfoDocuments, bashCompletesOptionsBeforeTwoDashes)
 {
     std::string all;
     for (const std::string& option : optionNames()) all += (all.empty() ? "--" : " --") + option;

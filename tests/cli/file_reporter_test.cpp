@@ -25,7 +25,7 @@ using namespace pinorama;
 namespace {
 using Texts = std::vector<std::string>;
 
-// Reads as the locked-in process does, but some pictures do harm.
+// Reads like the sandboxed process, except that some pictures crash it or never end.
 std::optional<PictureProperties> readOrDie(ByteSource& source)
 {
     const ByteView bytes = source.view(0, 5);
@@ -94,7 +94,7 @@ private:
 };
 }  // namespace
 
-TEST(FileReporter, losesOnlyThePictureThatAReaderDiesOf)
+TEST(FileReporter, losesOnlyThePictureThatCrashesAReader)
 {
     const test::TemporaryFolder folder;
     const std::string picture = test::pictureWithGps({.lat = 1, .latRef = "S", .lon = 2});
@@ -126,7 +126,7 @@ TEST(FileReporter, losesOnlyThePictureThatAReaderDiesOf)
     }
 }
 
-TEST(FileReporter, asksForPicturesOnly)
+TEST(FileReporter, readsPicturesOnly)
 {
     const test::TemporaryFolder folder;
     const std::string namedLikeAPicture = folder.file("folder.jpg");
@@ -173,7 +173,7 @@ TEST(FileReporter, startsTheReaderForPicturesAndDismissesItAfterTheOnlyOne)
     }
 }
 
-TEST(FileReporter, saysThatThereIsNoReader)
+TEST(FileReporter, reportsThatThereIsNoReader)
 {
     const test::TemporaryFolder folder;
     FileReporter reporter({}, [] { return ReaderProcess(); });
@@ -182,7 +182,7 @@ TEST(FileReporter, saysThatThereIsNoReader)
               "pictures cannot be read safely on this system");
 }
 
-TEST(FileReporter, makesWhatIsWishedFor)
+TEST(FileReporter, fillsInWhatTheOptionsRequest)
 {
     const test::TemporaryFolder folder;
     const Texts paths = {
@@ -216,7 +216,7 @@ TEST(FileReporter, makesWhatIsWishedFor)
     }
 }
 
-TEST(BatchWork, countsWhatHasComeOfIt)
+TEST(BatchWork, countsTheFiles)
 {
     const test::TemporaryFolder folder;
     BatchWork work({.output = Output::json});
@@ -226,7 +226,7 @@ TEST(BatchWork, countsWhatHasComeOfIt)
     EXPECT_EQ(result.files, 3u);
     EXPECT_EQ(result.located, 1u);
     EXPECT_EQ(result.failed, 1u);
-    EXPECT_EQ(result.complaints,
+    EXPECT_EQ(result.diagnostics,
               "pinorama-info: " + folder.file("missing.jpg") + ": No such file or directory\n");
     EXPECT_EQ(std::count(result.output.begin(), result.output.end(), '\n'), 3);
 }

@@ -17,22 +17,22 @@ using Texts = std::vector<std::string>;
 
 struct Walked {
     Texts paths{};
-    Texts complaints{};
+    Texts errors{};
 };
 
 Walked walk(const Texts& starts, bool recursive = true)
 {
     Walked walked;
     FolderWalk folders(starts, recursive, [&](const std::string& path, const std::string& why) {
-        walked.complaints.push_back(path + ": " + why);
+        walked.errors.push_back(path + ": " + why);
     });
     while (auto path = folders.next()) walked.paths.push_back(*path);
-    EXPECT_EQ(folders.next(), std::nullopt) << "the end stays the end";
+    EXPECT_EQ(folders.next(), std::nullopt) << "it stays at the end";
     return walked;
 }
 
-class FolderWalkTest : public testing::Test {
-protected:
+class Tree {
+public:
     void makeFolder(const std::string& name) const
     {
         ASSERT_EQ(mkdir(folder_.file(name).c_str(), 0700), 0);
@@ -44,63 +44,74 @@ protected:
         for (const std::string& name : names) result.push_back(folder_.file(name));
         return result;
     }
+    std::string path() const { return folder_.path(); }
+    std::string file(const std::string& name) const { return folder_.file(name); }
+    std::string write(const std::string& name) const { return folder_.write(name, "x"); }
 
+private:
     test::TemporaryFolder folder_;
 };
 }  // namespace
 
-TEST_F(FolderWalkTest, goesInTheOrderOfBytesAndDownWhereAFolderStands)
+TEST(FolderWalk, sortsNamesByTheirBytesAndEntersFoldersInPlace)
 {
-    makeFolder("b");
-    makeFolder("b/z");
-    makeFolder("empty");
+    const Tree tree;
+    tree.makeFolder("b");
+    tree.makeFolder("b/z");
+    tree.makeFolder("empty");
     for (const char* name : {"c.jpg", "B.jpg", "a.jpg", "b/2.nef", "b/10.nef", "b/z/1.jpg",
                              "b/\xc3\xa4.jpg", "b/z.jpg", "\xff.jpg", "b.jpg", "b-.jpg"}) {
-        (void)folder_.write(name, "x");
+        (void)tree.write(name);
     }
-    const Walked walked = walk({folder_.path()});
-    EXPECT_EQ(walked.paths, paths({"B.jpg", "a.jpg", "b/10.nef", "b/2.nef", "b/z/1.jpg", "b/z.jpg",
-                                   "b/\xc3\xa4.jpg", "b-.jpg", "b.jpg", "c.jpg", "\xff.jpg"}));
-    EXPECT_EQ(walked.complaints, Texts());
+    const Walked walked = walk({tree.path()});
+    EXPECT_EQ(walked.paths,
+              tree.paths({"B.jpg", "a.jpg", "b/10.nef", "b/2.nef", "b/z/1.jpg", "b/z.jpg",
+                          "b/\xc3\xa4.jpg", "b-.jpg", "b.jpg", "c.jpg", "\xff.jpg"}));
+    EXPECT_EQ(walked.errors, Texts());
 }
 
-TEST_F(FolderWalkTest, givesPathsAsTheStartWasGiven)
+TEST(FolderWalk, returnsPathsThatBeginWithTheStartAsGiven)
 {
-    makeFolder("a");
-    const std::string file = folder_.write("a/x.jpg", "");
-    EXPECT_EQ(walk({folder_.file("a")}).paths, Texts{file});
-    EXPECT_EQ(walk({folder_.file("a/")}).paths, Texts{file});
-    EXPECT_EQ(walk({folder_.file("a/.")}).paths, Texts{folder_.file("a/./x.jpg")});
-    EXPECT_EQ(walk({folder_.file("a"), folder_.file("a")}).paths, (Texts{file, file}));
+    const Tree tree;
+    tree.makeFolder("a");
+    const std::string file = tree.write("a/x.jpg");
+    EXPECT_EQ(walk({tree.file("a")}).paths, Texts{file});
+    EXPECT_EQ(walk({tree.file("a/")}).paths, Texts{file});
+    EXPECT_EQ(walk({tree.file("a/.")}).paths, Texts{tree.file("a/./x.jpg")});
+    EXPECT_EQ(walk({tree.file("a"), tree.file("a")}).paths, (Texts{file, file}));
 }
 
-TEST_F(FolderWalkTest, takesPicturesByTheirTypeOnly)
+TEST(FolderWalk, takesOnlyPicturesByTheirType)
 {
+    const Tree tree;
     for (const char* name : {"a.JPG", "b.Cr2", "c.txt", "d", ".jpg", "e.jpg.bak", "f.tiff",
                              ".g.jpg", "h.jpg~", "i.raw", "j.jpg "}) {
-        (void)folder_.write(name, "");
+        (void)tree.write(name);
     }
-    EXPECT_EQ(walk({folder_.path()}).paths, paths({".g.jpg", "a.JPG", "b.Cr2", "i.raw"}));
+    EXPECT_EQ(walk({tree.path()}).paths, tree.paths({".g.jpg", "a.JPG", "b.Cr2", "i.raw"}));
 }
 
-TEST_F(FolderWalkTest, givesAStartThatIsNoFolderAsItIs)
+TEST(FolderWalk, returnsAStartThatIsNotAFolderAsItIs)
 {
-    const std::string notes = folder_.write("notes.txt", "");
-    const std::string missing = folder_.file("missing");
+    const Tree tree;
+    const std::string notes = tree.write("notes.txt");
+    const std::string missing = tree.file("missing");
     EXPECT_EQ(walk({notes, missing}).paths, (Texts{notes, missing}));
 }
 
-TEST_F(FolderWalkTest, goesIntoNoFolderUnlessItShall)
+TEST(FolderWalk, entersNoFolderUnlessRecursive)
 {
-    (void)folder_.write("a.jpg", "");
-    EXPECT_EQ(walk({folder_.path()}, false).paths, Texts{folder_.path()});
+    const Tree tree;
+    (void)tree.write("a.jpg");
+    EXPECT_EQ(walk({tree.path()}, false).paths, Texts{tree.path()});
 }
 
-TEST_F(FolderWalkTest, followsLinksToFilesAndNeverToFolders)
+TEST(FolderWalk, followsLinksToFilesButNotToFolders)
 {
-    makeFolder("a");
-    (void)folder_.write("a/x.jpg", "");
-    (void)folder_.write("notes", "");
+    const Tree tree;
+    tree.makeFolder("a");
+    (void)tree.write("a/x.jpg");
+    (void)tree.write("notes");
     const std::pair<const char*, const char*> links[] = {{"a/x.jpg", "link.jpg"},
                                                          {"notes", "notes.jpg"},
                                                          {"nowhere", "dangling.jpg"},
@@ -110,58 +121,61 @@ TEST_F(FolderWalkTest, followsLinksToFilesAndNeverToFolders)
                                                          {".", "a/here"},
                                                          {"circle.jpg", "circle.jpg"}};
     for (const auto& [target, name] : links) {
-        ASSERT_EQ(symlink(target, folder_.file(name).c_str()), 0);
+        ASSERT_EQ(symlink(target, tree.file(name).c_str()), 0);
     }
-    const Walked walked = walk({folder_.path()});
+    const Walked walked = walk({tree.path()});
     EXPECT_EQ(walked.paths,
-              paths({"a/x.jpg", "circle.jpg", "dangling.jpg", "link.jpg", "notes.jpg"}))
-        << "what leads nowhere is told when it is read";
-    EXPECT_EQ(walked.complaints, Texts());
-    EXPECT_EQ(walk({folder_.file("folder")}).paths, paths({"folder/x.jpg"}))
+              tree.paths({"a/x.jpg", "circle.jpg", "dangling.jpg", "link.jpg", "notes.jpg"}))
+        << "a dangling link is reported when it is read";
+    EXPECT_EQ(walked.errors, Texts());
+    EXPECT_EQ(walk({tree.file("folder")}).paths, tree.paths({"folder/x.jpg"}))
         << "a start may be a link";
 }
 
-TEST_F(FolderWalkTest, passesOverWhatIsNoFile)
+TEST(FolderWalk, skipsWhatIsNotAFile)
 {
-    ASSERT_EQ(mkfifo(folder_.file("pipe.jpg").c_str(), 0600), 0);
-    makeFolder("folder.jpg");
-    (void)folder_.write("folder.jpg/a.jpg", "");
-    EXPECT_EQ(walk({folder_.path()}).paths, paths({"folder.jpg/a.jpg"}));
+    const Tree tree;
+    ASSERT_EQ(mkfifo(tree.file("pipe.jpg").c_str(), 0600), 0);
+    tree.makeFolder("folder.jpg");
+    (void)tree.write("folder.jpg/a.jpg");
+    EXPECT_EQ(walk({tree.path()}).paths, tree.paths({"folder.jpg/a.jpg"}));
 }
 
-TEST_F(FolderWalkTest, namesAFolderThatCannotBeReadAndGoesOn)
+TEST(FolderWalk, reportsAFolderThatCannotBeReadAndContinues)
 {
-    makeFolder("a");
-    makeFolder("b");
-    (void)folder_.write("a/x.jpg", "");
-    (void)folder_.write("b/x.jpg", "");
-    ASSERT_EQ(chmod(folder_.path().c_str(), 0755), 0);
-    ASSERT_EQ(chmod(folder_.file("b").c_str(), 0755), 0);
-    ASSERT_EQ(chmod(folder_.file("a").c_str(), 0), 0);
-    const Walked walked = [this] {
+    const Tree tree;
+    tree.makeFolder("a");
+    tree.makeFolder("b");
+    (void)tree.write("a/x.jpg");
+    (void)tree.write("b/x.jpg");
+    ASSERT_EQ(chmod(tree.path().c_str(), 0755), 0);
+    ASSERT_EQ(chmod(tree.file("b").c_str(), 0755), 0);
+    ASSERT_EQ(chmod(tree.file("a").c_str(), 0), 0);
+    const Walked walked = [&tree] {
         const test::WithoutPrivileges nobody;
-        return walk({folder_.path()});
+        return walk({tree.path()});
     }();
-    ASSERT_EQ(chmod(folder_.file("a").c_str(), 0700), 0);
-    EXPECT_EQ(walked.paths, paths({"b/x.jpg"}));
-    EXPECT_EQ(walked.complaints, Texts{folder_.file("a") + ": Permission denied"});
+    ASSERT_EQ(chmod(tree.file("a").c_str(), 0700), 0);
+    EXPECT_EQ(walked.paths, tree.paths({"b/x.jpg"}));
+    EXPECT_EQ(walked.errors, Texts{tree.file("a") + ": Permission denied"});
 }
 
-TEST_F(FolderWalkTest, goesDownFarAndComesBack)
+TEST(FolderWalk, walksThroughDeepTrees)
 {
+    const Tree tree;
     std::string name = "0";
     for (int depth = 0; depth < 200; depth++) {
-        makeFolder(name);
-        (void)folder_.write(name + "/z.jpg", "");
+        tree.makeFolder(name);
+        (void)tree.write(name + "/z.jpg");
         name += "/0";
     }
-    const Walked walked = walk({folder_.path()});
+    const Walked walked = walk({tree.path()});
     ASSERT_EQ(walked.paths.size(), 200u);
-    EXPECT_EQ(walked.paths.back(), folder_.file("0/z.jpg"));
-    EXPECT_EQ(walked.complaints, Texts());
+    EXPECT_EQ(walked.paths.back(), tree.file("0/z.jpg"));
+    EXPECT_EQ(walked.errors, Texts());
 }
 
-TEST(AcceptedNames, knowsTypesAsTheWindowDoes)
+TEST(AcceptedNames, acceptsTheTypesThatTheWindowAccepts)
 {
     AcceptedNames names;
     const struct {
@@ -175,7 +189,7 @@ TEST(AcceptedNames, knowsTypesAsTheWindowDoes)
     };
     for (int round = 0; round < 2; round++) {
         for (const auto& row : rows) EXPECT_EQ(names.accepts(row.path), row.isAccepted) << row.path;
-        // So many extensions that the first ones are forgotten.
+        // Enough extensions to forget the first ones.
         for (int i = 0; i < 100; i++) EXPECT_FALSE(names.accepts("a.x" + std::to_string(i)));
     }
 }

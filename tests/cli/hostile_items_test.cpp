@@ -1,4 +1,5 @@
-// Items that are no pictures, and pictures that change while they are read, through the program.
+// pinorama-info with items that are not pictures, and with pictures that change while it reads
+// them.
 
 #include "tests/support/hostile_items.h"
 #include "tests/support/picture_builder.h"
@@ -17,7 +18,8 @@ using namespace pinorama;
 namespace {
 using nlohmann::ordered_json;
 
-constexpr std::size_t kLongestArgument = 100'000;  // bytes; the system allows no more than 128 KiB
+constexpr std::size_t kMaxArgumentLength =
+    100'000;  // bytes; the system allows no more than 128 KiB
 const test::PictureFields kPlace = {.lat = 48.5, .latRef = "N", .lon = 11.25, .lonRef = "E"};
 
 test::ProgramResult runJson(std::vector<std::string> paths)
@@ -35,12 +37,12 @@ std::vector<ordered_json> objectsOf(const std::string& out)
 }
 }  // namespace
 
-TEST(pinoramaInfo, tellsOfEveryHostileItemAndGoesOn)
+TEST(pinoramaInfoWithHostileItems, reportsEachAndContinues)
 {
     const test::TemporaryFolder folder;
     const std::string good = folder.write("good.jpg", test::pictureWithGps(kPlace));
     std::vector<test::HostileItem> items = test::hostileItems(folder);
-    std::erase_if(items, [](const auto& item) { return item.path.size() > kLongestArgument; });
+    std::erase_if(items, [](const auto& item) { return item.path.size() > kMaxArgumentLength; });
     std::vector<std::string> paths;
     std::size_t errors = 0;
     for (const test::HostileItem& item : items) {
@@ -63,11 +65,11 @@ TEST(pinoramaInfo, tellsOfEveryHostileItemAndGoesOn)
                 "pinorama-info: " + items[i].path + ": " + items[i].error + "\n";
             EXPECT_NE(result.err.find(line), std::string::npos) << line << result.err;
         }
-        EXPECT_EQ(objects[2 * i + 1]["latti"], 48.5) << "the good picture behind it";
+        EXPECT_EQ(objects[2 * i + 1]["latti"], 48.5) << "the good picture after it";
     }
 }
 
-TEST(pinoramaInfo, readsPicturesWithDifficultNames)
+TEST(pinoramaInfoWithHostileItems, readsPicturesWithDifficultNames)
 {
     const test::TemporaryFolder folder;
     std::vector<std::string> paths;
@@ -84,7 +86,7 @@ TEST(pinoramaInfo, readsPicturesWithDifficultNames)
     for (const ordered_json& object : objects) EXPECT_EQ(object["latti"], 48.5) << object["path"];
 }
 
-TEST(pinoramaInfo, ofAFileThatIsBeingChangedTellsThePlaceOrNone)
+TEST(pinoramaInfoWithHostileItems, printsThePlaceOfAChangingFileOrNone)
 {
     const test::TemporaryFolder folder;
     const std::string path = folder.file("restless.jpg");

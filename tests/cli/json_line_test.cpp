@@ -77,7 +77,7 @@ TEST(appendJsonLine, writesNullForThePlaceOfARefusedFile)
     EXPECT_EQ(object.size(), ordered_json::parse(lineOf(munich())).size());
 }
 
-TEST(appendJsonLine, writesNullForWhatIsNoNumber)
+TEST(appendJsonLine, writesNullForNaNAndInfinity)
 {
     FileReport report = munich();
     report.place->latitude = std::numeric_limits<double>::quiet_NaN();
@@ -101,7 +101,7 @@ TEST(appendJsonLine, writesNumbersThatReadBackExactly)
     }
 }
 
-TEST(appendJsonLine, escapesWhatWouldEndATextOrALine)
+TEST(appendJsonLine, escapesControlCharactersAndQuotes)
 {
     FileReport report = munich();
     report.name.clear();

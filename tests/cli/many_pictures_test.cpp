@@ -1,4 +1,4 @@
-// The program over whole folders of pictures.
+// Runs pinorama-info over whole folders of pictures.
 
 #include "tests/cli/running_program.h"
 #include "tests/support/environment.h"
@@ -67,7 +67,7 @@ std::string number(int value, int digits)
 }
 
 // A tree of 5,000 pictures, every other one with a position, made once for all tests.
-class ManyPictures : public testing::Test {
+class pinoramaInfoWithManyPictures : public testing::Test {
 protected:
     static void SetUpTestSuite()
     {
@@ -92,7 +92,7 @@ protected:
         names_.clear();
     }
 
-    // The paths that an output in JSON tells of; every line has to be whole.
+    // The paths in JSON output; every line has to be complete.
     static Texts pathsIn(const std::string& out)
     {
         Texts paths;
@@ -108,7 +108,7 @@ protected:
 };
 }  // namespace
 
-TEST_F(ManyPictures, areToldInTheOrderOfTheWalk)
+TEST_F(pinoramaInfoWithManyPictures, printsThemInTheOrderOfTheWalk)
 {
     const test::ProgramResult result = run({"-r", "--json", tree_->path()});
     EXPECT_EQ(result.status, 0);
@@ -121,7 +121,7 @@ TEST_F(ManyPictures, areToldInTheOrderOfTheWalk)
     EXPECT_EQ(object["city"], "City");
 }
 
-TEST_F(ManyPictures, areToldAsEachOneAlone)
+TEST_F(pinoramaInfoWithManyPictures, printsEachLikeASinglePicture)
 {
     const std::string folder = tree_->file("07");
     Texts few(names_.begin() + 700, names_.begin() + 720);
@@ -140,7 +140,7 @@ TEST_F(ManyPictures, areToldAsEachOneAlone)
     }
 }
 
-TEST_F(ManyPictures, areToldTheSameWithoutFoldersAndWithoutASummary)
+TEST_F(pinoramaInfoWithManyPictures, printsFilesLikeFoldersButWithoutASummary)
 {
     Texts arguments = names_;
     arguments.insert(arguments.begin(), "--csv");
@@ -151,7 +151,7 @@ TEST_F(ManyPictures, areToldTheSameWithoutFoldersAndWithoutASummary)
     EXPECT_EQ(countOf(files.out, "\r\n"), kMany + 1u);
 }
 
-TEST_F(ManyPictures, areTheTextBlocksOfEach)
+TEST_F(pinoramaInfoWithManyPictures, separatesTextBlocksByEmptyLines)
 {
     const std::string out = run({"-r", tree_->path()}).out;
     EXPECT_EQ(countOf(out, "Path:  "), static_cast<std::size_t>(kMany));
@@ -160,7 +160,7 @@ TEST_F(ManyPictures, areTheTextBlocksOfEach)
     EXPECT_EQ(out.find("\n\n\n"), std::string::npos);
 }
 
-TEST_F(ManyPictures, becomeOneDocument)
+TEST_F(pinoramaInfoWithManyPictures, writesOneDocument)
 {
     const test::TemporaryFolder folder;
     const std::string path = folder.write("all.kml", "old content");
@@ -176,7 +176,7 @@ TEST_F(ManyPictures, becomeOneDocument)
     EXPECT_TRUE(document.ends_with("</Document></kml>"));
 }
 
-TEST_F(ManyPictures, takeNoMoreMemoryThanAFew)
+TEST_F(pinoramaInfoWithManyPictures, needsNoMoreMemoryThanForAFew)
 {
     const auto memoryOf = [](const std::string& path) {
         test::RunningProgram program({"-r", "--json", "--kml", "/dev/null", path});
@@ -192,14 +192,14 @@ TEST_F(ManyPictures, takeNoMoreMemoryThanAFew)
     EXPECT_LT(many, few + few / 10 + 512) << few;
 }
 
-TEST_F(ManyPictures, leaveWholeOutputsWhenTheyAreInterrupted)
+TEST_F(pinoramaInfoWithManyPictures, leavesCompleteOutputsWhenInterrupted)
 {
     const test::TemporaryFolder folder;
     const std::string path = folder.file("part.kml");
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         SCOPED_TRACE(signal);
         test::RunningProgram program({"-r", "--json", "--kml", path, tree_->path()});
-        // It cannot come to its end, because nobody reads on.
+        // It cannot end, because nobody reads the rest of its output.
         (void)program.read(1);
         ASSERT_EQ(kill(program.process(), signal), 0);
         EXPECT_EQ(program.finish(), 128 + signal) << program.err();
@@ -214,7 +214,7 @@ TEST_F(ManyPictures, leaveWholeOutputsWhenTheyAreInterrupted)
     }
 }
 
-TEST_F(ManyPictures, leaveAWholeDocumentWhenNobodyReadsOn)
+TEST_F(pinoramaInfoWithManyPictures, leavesACompleteDocumentWhenItsOutputIsClosed)
 {
     const test::TemporaryFolder folder;
     const std::string path = folder.file("part.kml");
@@ -226,23 +226,23 @@ TEST_F(ManyPictures, leaveAWholeDocumentWhenNobodyReadsOn)
     EXPECT_EQ(program.err().find("Broken pipe"), std::string::npos) << program.err();
 }
 
-TEST_F(ManyPictures, showTheirProgressOnATerminal)
+TEST_F(pinoramaInfoWithManyPictures, showsProgressOnATerminal)
 {
     test::RunningProgram program({"-r", "--json", tree_->path()},
                                  test::RunningProgram::Errors::terminal);
-    // Held up until it is time for the line.
+    // The full pipe holds the program up until the line is due.
     (void)program.read(1);
     std::this_thread::sleep_for(std::chrono::milliseconds(700));
     EXPECT_EQ(program.finish(), 0);
     EXPECT_EQ(pathsIn(program.out()), names_);
     const std::regex line("\r\x1b\\[K[0-9]+ pictures, [0-9.]+ per second");
     EXPECT_TRUE(std::regex_search(program.err(), line)) << program.err();
-    // The line goes away before the summary comes.
+    // The line is removed before the summary is printed.
     EXPECT_NE(program.err().find("\r\x1b[Kpinorama-info: 5000 pictures"), std::string::npos)
         << program.err();
 }
 
-TEST_F(ManyPictures, areQuietWhenTheyShall)
+TEST_F(pinoramaInfoWithManyPictures, showsNoProgressIfQuiet)
 {
     test::RunningProgram program({"-r", "--json", "-q", tree_->path()},
                                  test::RunningProgram::Errors::terminal);
@@ -253,7 +253,7 @@ TEST_F(ManyPictures, areQuietWhenTheyShall)
     EXPECT_EQ(pathsIn(program.out()).size(), static_cast<std::size_t>(kMany));
 }
 
-TEST_F(ManyPictures, showNoProgressInAPipe)
+TEST_F(pinoramaInfoWithManyPictures, showsNoProgressInAPipe)
 {
     test::RunningProgram program({"-r", "--json", tree_->path()});
     (void)program.read(1);
@@ -263,7 +263,7 @@ TEST_F(ManyPictures, showNoProgressInAPipe)
     EXPECT_EQ(program.err().find('\r'), std::string::npos);
 }
 
-TEST_F(ManyPictures, needFewDescriptors)
+TEST_F(pinoramaInfoWithManyPictures, needsFewDescriptors)
 {
     const test::ProgramResult result =
         test::runProgram({.command = {"/bin/sh", "-c", "ulimit -n 40 && exec \"$0\" \"$@\"",
@@ -272,7 +272,7 @@ TEST_F(ManyPictures, needFewDescriptors)
     EXPECT_EQ(pathsIn(result.out), names_);
 }
 
-TEST_F(ManyPictures, waitForOtherProgramsOfTheSameUser)
+TEST_F(pinoramaInfoWithManyPictures, waitsForOtherProgramsOfTheSameUser)
 {
     // An ordinary user's descriptors count while they are on their way to a reader, those of all
     // the user's programs together.
@@ -291,7 +291,7 @@ TEST_F(ManyPictures, waitForOtherProgramsOfTheSameUser)
     EXPECT_EQ(pathsIn(result.out), names_);
 }
 
-TEST_F(ManyPictures, leaveNoProcessBehind)
+TEST_F(pinoramaInfoWithManyPictures, leavesNoProcessBehind)
 {
     test::RunningProgram program({"-r", "--json", tree_->path()});
     (void)program.read(1);
@@ -301,7 +301,7 @@ TEST_F(ManyPictures, leaveNoProcessBehind)
     EXPECT_EQ(program.finish(), 128 + SIGKILL);
 }
 
-TEST(pinoramaInfoRecursive, namesErrorsAndGoesOn)
+TEST(pinoramaInfoRecursive, reportsErrorsAndContinues)
 {
     const test::TemporaryFolder folder;
     ASSERT_EQ(chmod(folder.path().c_str(), 0755), 0);
@@ -341,7 +341,7 @@ TEST(pinoramaInfoRecursive, namesErrorsAndGoesOn)
                             folder.file("z/1.jpg"), "/missing"}));
 }
 
-TEST(pinoramaInfoRecursive, findsNothingInAnEmptyFolder)
+TEST(pinoramaInfoRecursive, prints0PicturesForAnEmptyFolder)
 {
     const test::TemporaryFolder folder;
     (void)folder.write("notes.txt", "");
@@ -358,7 +358,7 @@ TEST(pinoramaInfoRecursive, findsNothingInAnEmptyFolder)
     EXPECT_EQ(run({"-r"}).status, 2);
 }
 
-TEST(pinoramaInfoRecursive, writesNamesThatNeedCare)
+TEST(pinoramaInfoRecursive, escapesNames)
 {
     const test::TemporaryFolder folder;
     const std::string picture = test::pictureWithGps({.lat = 1, .lon = 2});
@@ -379,7 +379,7 @@ TEST(pinoramaInfoRecursive, writesNamesThatNeedCare)
     EXPECT_NE(result.out.find(",\"d\ne.jpg\",true,0,"), std::string::npos);
 }
 
-TEST(pinoramaInfoRecursive, doesWithoutStandardStreams)
+TEST(pinoramaInfoRecursive, worksWithoutStandardStreams)
 {
     const test::TemporaryFolder folder;
     (void)folder.write("a.jpg", test::pictureWithGps({.lat = 1, .lon = 2}));

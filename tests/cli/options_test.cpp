@@ -48,19 +48,19 @@ TEST(readOptions, findsOptionsBetweenFiles)
     }
 }
 
-TEST(readOptions, endsOptionsAtTwoDashes)
+TEST(readOptions, takesEverythingAfterTwoDashesAsFiles)
 {
     const Outcome outcome = read({"--json", "--", "--json", "-x.jpg"});
     EXPECT_TRUE(outcome.isRight);
     EXPECT_EQ(outcome.options.files, (Files{"--json", "-x.jpg"}));
 }
 
-TEST(readOptions, takesOneDashForAFile)
+TEST(readOptions, takesASingleDashAsAFile)
 {
     EXPECT_EQ(read({"-"}).options.files, Files{"-"});
 }
 
-TEST(readOptions, takesOneOutput)
+TEST(readOptions, takesTheOutput)
 {
     const struct {
         Files arguments;
@@ -81,7 +81,7 @@ TEST(readOptions, takesOneOutput)
     EXPECT_EQ(read({"--kml=d", "a"}).options.kmlPath, "d");
 }
 
-TEST(readOptions, takesLettersAndNames)
+TEST(readOptions, takesShortAndLongOptions)
 {
     for (const Files& arguments : {Files{"-r", "-q", "a"}, Files{"-rq", "a"},
                                    Files{"--recursive", "--quiet", "a"}, Files{"a", "-qr"}}) {
@@ -122,7 +122,7 @@ TEST(readOptions, needsNoFileForHelpAndVersion)
     }
 }
 
-TEST(readOptions, tellsWhatIsWrong)
+TEST(readOptions, explainsWhatIsWrong)
 {
     const struct {
         const char* name;
@@ -131,23 +131,25 @@ TEST(readOptions, tellsWhatIsWrong)
     } rows[] = {
         {"nothing", {}, "no file given"},
         {"no file", {"--json"}, "no file given"},
-        {"no file behind the dashes", {"--"}, "no file given"},
+        {"no file after the dashes", {"--"}, "no file given"},
         {"unknown word", {"--bogus", "a.jpg"}, "unknown option '--bogus'"},
-        {"unknown word behind a file", {"a.jpg", "--bogus"}, "unknown option '--bogus'"},
+        {"unknown word after a file", {"a.jpg", "--bogus"}, "unknown option '--bogus'"},
         {"unknown letter", {"-j", "a.jpg"}, "unknown option '-j'"},
         {"unknown letters", {"-jx", "a.jpg"}, "unknown option '-j'"},
-        {"a value that is not wanted", {"--json=1", "a.jpg"}, "unknown option '--json=1'"},
+        {"an unexpected value", {"--json=1", "a.jpg"}, "unknown option '--json=1'"},
         {"another", {"--version=1"}, "unknown option '--version=1'"},
         {"no folder", {"-r"}, "no folder given"},
         {"no value", {"a.jpg", "--kml"}, "option '--kml' needs a value"},
         {"an empty name", {"--kml", "", "a.jpg"}, "--kml needs a file name"},
         {"no number", {"--web", "a.jpg"}, "--web needs the number of a web service, not 'a.jpg'"},
-        {"the number nought", {"--web=0", "a"}, "--web needs the number of a web service, not '0'"},
+        {"zero", {"--web=0", "a"}, "--web needs the number of a web service, not '0'"},
         {"a negative number",
          {"--web=-1", "a"},
          "--web needs the number of a web service, not '-1'"},
-        {"half a number", {"--web=1x", "a"}, "--web needs the number of a web service, not '1x'"},
-        {"a number too many",
+        {"a number and a letter",
+         {"--web=1x", "a"},
+         "--web needs the number of a web service, not '1x'"},
+        {"a number that is too large",
          {"--web=99999999999", "a"},
          "--web needs the number of a web service, not '99999999999'"},
         {"two outputs",
@@ -162,14 +164,14 @@ TEST(readOptions, tellsWhatIsWrong)
     }
 }
 
-TEST(readOptions, startsAnewOnEveryCall)
+TEST(readOptions, canBeCalledAgain)
 {
     EXPECT_FALSE(read({"--bogus"}).isRight);
     EXPECT_EQ(read({"a"}).options.files, Files{"a"});
     EXPECT_EQ(read({"b", "--json"}).options.files, Files{"b"});
 }
 
-TEST(fullUsage, namesEveryOption)
+TEST(fullUsage, explainsEveryOption)
 {
     for (const char* option :
          {"-r, --recursive", "--json", "--csv", "--kml DEST", "--web N", "--search",

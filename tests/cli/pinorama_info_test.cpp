@@ -1,4 +1,4 @@
-// The program as a whole, run as a process.
+// Runs the whole program as a process.
 
 #include "tests/support/environment.h"
 #include "tests/support/picture_builder.h"
@@ -35,7 +35,7 @@ std::vector<ordered_json> objectsOf(const std::string& out)
 }
 
 // A folder with a few files.
-class PinoramaInfo : public testing::Test {
+class pinoramaInfo : public testing::Test {
 protected:
     test::TemporaryFolder folder_;
     std::string located_ =
@@ -54,7 +54,7 @@ protected:
 };
 }  // namespace
 
-TEST_F(PinoramaInfo, writesALineForEveryField)
+TEST_F(pinoramaInfo, writesALineForEveryField)
 {
     const timespec times[2] = {{1229428800, 0}, {1229428800, 0}};  // 2008-12-16 12:00 UTC
     ASSERT_EQ(utimensat(AT_FDCWD, located_.c_str(), times, 0), 0);
@@ -79,7 +79,7 @@ TEST_F(PinoramaInfo, writesALineForEveryField)
     EXPECT_NE(result.out.find("1:00"), std::string::npos) << result.out;
 }
 
-TEST_F(PinoramaInfo, findsItsTextsThroughALinkToIt)
+TEST_F(pinoramaInfo, findsItsTextsThroughASymbolicLink)
 {
     const std::string link = folder_.path() + "/info";
     ASSERT_EQ(symlink(PINORAMA_INFO, link.c_str()), 0);
@@ -94,7 +94,7 @@ TEST_F(PinoramaInfo, findsItsTextsThroughALinkToIt)
     }
 }
 
-TEST_F(PinoramaInfo, saysHowToLookIntoAFolder)
+TEST_F(pinoramaInfo, suggestsTheOptionForAFolder)
 {
     const test::ProgramResult result = run({folder_.path()});
     EXPECT_EQ(result.status, 0);
@@ -106,7 +106,7 @@ TEST_F(PinoramaInfo, saysHowToLookIntoAFolder)
     EXPECT_EQ(run({located_}).err, "");
 }
 
-TEST_F(PinoramaInfo, writesOneObjectPerFileWithTheKeysInOrder)
+TEST_F(pinoramaInfo, writesOneObjectPerFileWithTheKeysInOrder)
 {
     const test::ProgramResult result = run({"--json", located_, plain_, notes_});
     EXPECT_EQ(result.status, 0);
@@ -125,7 +125,7 @@ TEST_F(PinoramaInfo, writesOneObjectPerFileWithTheKeysInOrder)
     }
 }
 
-TEST_F(PinoramaInfo, tellsThePlaceOfAPicture)
+TEST_F(pinoramaInfo, printsThePlaceOfAPicture)
 {
     const ordered_json object = objectsOf(run({"--json", located_}).out).at(0);
     EXPECT_EQ(object["path"], located_);
@@ -147,7 +147,7 @@ TEST_F(PinoramaInfo, tellsThePlaceOfAPicture)
     EXPECT_EQ(object["direction"], "271.3");
 }
 
-TEST_F(PinoramaInfo, carriesNothingOverFromTheFileBefore)
+TEST_F(pinoramaInfo, keepsNothingOfThePreviousFile)
 {
     const std::string halfway = folder_.write(
         "equator.jpg", test::pictureWithGps({.lat = 0.0, .lon = 10.0, .altitude = 7}));
@@ -180,7 +180,7 @@ TEST_F(PinoramaInfo, carriesNothingOverFromTheFileBefore)
     }
 }
 
-TEST_F(PinoramaInfo, keepsPlaceTextsWithoutAPosition)
+TEST_F(pinoramaInfo, keepsPlaceTextsWithoutAPosition)
 {
     const std::string path = folder_.write("rome.jpg", test::pictureWithGps({.city = "Rome"}));
     const ordered_json object = objectsOf(run({"--json", path}).out).at(0);
@@ -190,7 +190,7 @@ TEST_F(PinoramaInfo, keepsPlaceTextsWithoutAPosition)
     EXPECT_NE(run({path}).out.find("City:         Rome\n"), std::string::npos);
 }
 
-TEST_F(PinoramaInfo, tellsTheSizeOfRegularFilesOnly)
+TEST_F(pinoramaInfo, printsTheSizeOfRegularFilesOnly)
 {
     const std::string subfolder = folder_.file("folder.jpg");
     const std::string pipe = folder_.file("pipe.jpg");
@@ -214,7 +214,7 @@ TEST_F(PinoramaInfo, tellsTheSizeOfRegularFilesOnly)
     EXPECT_EQ(objects[2]["path"], subfolder + "/");
 }
 
-TEST_F(PinoramaInfo, namesWhatCouldNotBeReadAndGoesOn)
+TEST_F(pinoramaInfo, reportsWhatCannotBeReadAndContinues)
 {
     const std::string missing = folder_.file("missing.jpg");
     const std::string dangling = folder_.file("dangling.jpg");
@@ -238,7 +238,7 @@ TEST_F(PinoramaInfo, namesWhatCouldNotBeReadAndGoesOn)
     EXPECT_EQ(readable.out.rfind("Path:         " + located_, 0), 0u) << readable.out;
 }
 
-TEST_F(PinoramaInfo, namesAPictureThatMayNotBeOpened)
+TEST_F(pinoramaInfo, reportsAPictureThatMayNotBeOpened)
 {
     ASSERT_EQ(chmod(folder_.path().c_str(), 0755), 0);
     ASSERT_EQ(chmod(located_.c_str(), 0), 0);
@@ -247,11 +247,11 @@ TEST_F(PinoramaInfo, namesAPictureThatMayNotBeOpened)
         test::runProgram({.command = {PINORAMA_INFO, located_, notes_}, .asNobody = true});
     if (result.status == 127) GTEST_SKIP() << "the program lies where only the superuser may go";
     EXPECT_EQ(result.status, 1);
-    // What is no picture is not opened at all.
+    // A file that is not a picture is not opened at all.
     EXPECT_EQ(result.err, "pinorama-info: " + located_ + ": Permission denied\n");
 }
 
-TEST_F(PinoramaInfo, separatesFilesByAnEmptyLine)
+TEST_F(pinoramaInfo, separatesFilesByAnEmptyLine)
 {
     const std::string out = run({located_, folder_.file("missing.jpg"), notes_}).out;
     EXPECT_NE(out.find("A street\n\nPath:"), std::string::npos) << out;
@@ -260,7 +260,7 @@ TEST_F(PinoramaInfo, separatesFilesByAnEmptyLine)
     EXPECT_TRUE(out.ends_with("Caption:\n"));
 }
 
-TEST_F(PinoramaInfo, showsNamesThatAreNoUTF8)
+TEST_F(pinoramaInfo, showsNamesThatAreNotUTF8)
 {
     const std::string path =
         folder_.write("f\xfcr\xc3.jpg", test::pictureWithGps({.lat = 1, .lon = 2}));
@@ -272,7 +272,7 @@ TEST_F(PinoramaInfo, showsNamesThatAreNoUTF8)
     EXPECT_EQ(object["result"], 0);
 }
 
-TEST_F(PinoramaInfo, letsNoFileTalkToTheTerminal)
+TEST_F(pinoramaInfo, printsNoControlCharactersOfAFile)
 {
     const std::string path = folder_.write(
         "a\nb\x1b[31m.jpg", test::pictureWithGps({.caption = "\x1b]0;title\x07two\nlines"}));
@@ -284,7 +284,7 @@ TEST_F(PinoramaInfo, letsNoFileTalkToTheTerminal)
     EXPECT_NE(result.out.find("Caption:      \ufffd]0;title\ufffdtwo lines\n"), std::string::npos);
 }
 
-TEST_F(PinoramaInfo, followsTheLanguageInDatesAndSizesOnly)
+TEST_F(pinoramaInfo, usesTheLocaleForDatesAndSizesOnly)
 {
     const std::string big = folder_.write("big.jpg", std::string(1536, ' '));
     const test::ProgramResult result =
@@ -298,7 +298,7 @@ TEST_F(PinoramaInfo, followsTheLanguageInDatesAndSizesOnly)
     EXPECT_NE(objects[1]["modified"].get<std::string>().find('.'), std::string::npos);
 }
 
-TEST_F(PinoramaInfo, showsUsageForWrongCalls)
+TEST_F(pinoramaInfo, printsTheUsageAfterWrongOptions)
 {
     for (const std::vector<std::string>& arguments :
          {std::vector<std::string>{}, {"--json"}, {"--bogus", located_}, {"-j", located_}}) {
@@ -311,7 +311,7 @@ TEST_F(PinoramaInfo, showsUsageForWrongCalls)
               0u);
 }
 
-TEST_F(PinoramaInfo, tellsHelpAndVersion)
+TEST_F(pinoramaInfo, printsHelpAndVersion)
 {
     const test::ProgramResult help = run({"--help"});
     EXPECT_EQ(help.status, 0);
@@ -326,7 +326,7 @@ TEST_F(PinoramaInfo, tellsHelpAndVersion)
     }
 }
 
-TEST_F(PinoramaInfo, takesFilesBehindTwoDashes)
+TEST_F(pinoramaInfo, takesFilesAfterTwoDashes)
 {
     const std::string path = folder_.write("--json", "x");
     const test::ProgramResult result = run({"--", path});
@@ -334,7 +334,7 @@ TEST_F(PinoramaInfo, takesFilesBehindTwoDashes)
     EXPECT_EQ(result.out.rfind("Path:         " + path, 0), 0u);
 }
 
-TEST_F(PinoramaInfo, failsWhenItsOutputCannotBeWritten)
+TEST_F(pinoramaInfo, failsIfItsOutputCannotBeWritten)
 {
     const test::ProgramResult result = test::runProgram(
         {.command = {PINORAMA_INFO, "--json", located_}, .outputPath = "/dev/full"});

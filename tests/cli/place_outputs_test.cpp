@@ -1,4 +1,4 @@
-// What the program makes of one place: a document, addresses, a script.
+// What pinorama-info makes of a place: a document, addresses, a script.
 
 #include "tests/support/environment.h"
 #include "tests/support/picture_builder.h"
@@ -22,7 +22,7 @@ using namespace pinorama;
 namespace {
 using Texts = std::vector<std::string>;
 
-class PlaceOutputs : public testing::Test {
+class pinoramaInfoPlaceOutputs : public testing::Test {
 protected:
     test::ProgramResult run(Texts arguments) const
     {
@@ -39,7 +39,7 @@ protected:
     std::string plain_ = folder_.write("plain.jpg", test::jpegPicture({}));
 };
 
-class Services : public PlaceOutputs {
+class pinoramaInfoWebServices : public pinoramaInfoPlaceOutputs {
 protected:
     void SetUp() override
     {
@@ -52,7 +52,7 @@ protected:
 };
 }  // namespace
 
-TEST_F(PlaceOutputs, oneFileBecomesTheDocumentOfTheWindow)
+TEST_F(pinoramaInfoPlaceOutputs, writeTheDocumentOfTheWindowForOneFile)
 {
     const std::string expected = folder_.write("expected.kml", "");
     const std::string path = folder_.file("a.kml");
@@ -78,10 +78,10 @@ TEST_F(PlaceOutputs, oneFileBecomesTheDocumentOfTheWindow)
     EXPECT_NE(test::readFile(path).find("<name>a &amp; b.jpg</name>"), std::string::npos);
     struct stat facts = {};
     ASSERT_EQ(stat(path.c_str(), &facts), 0);
-    EXPECT_EQ(facts.st_mode & 0111, 0u) << "a document is no program";
+    EXPECT_EQ(facts.st_mode & 0111, 0u) << "a document is not a program";
 }
 
-TEST_F(PlaceOutputs, aDocumentOfOneFileReplacesALongerOne)
+TEST_F(pinoramaInfoPlaceOutputs, replaceALongerDocument)
 {
     const std::string path = folder_.file("a.kml");
     ASSERT_EQ(run({"--kml", path, located_}).status, 0);
@@ -91,7 +91,7 @@ TEST_F(PlaceOutputs, aDocumentOfOneFileReplacesALongerOne)
     EXPECT_EQ(test::readFile(path), document);
 }
 
-TEST_F(PlaceOutputs, aDocumentGoesIntoAPipeAndBehindWhatIsInAnOpenFile)
+TEST_F(pinoramaInfoPlaceOutputs, writeADocumentToAPipeAndAppendItToAnOpenFile)
 {
     const std::string path = folder_.file("a.kml");
     for (const Texts& pictures : {Texts{located_}, Texts{located_, located_}}) {
@@ -113,7 +113,7 @@ TEST_F(PlaceOutputs, aDocumentGoesIntoAPipeAndBehindWhatIsInAnOpenFile)
     }
 }
 
-TEST_F(PlaceOutputs, severalFilesBecomeACollectionThatReplaces)
+TEST_F(pinoramaInfoPlaceOutputs, writeOneDocumentForSeveralFiles)
 {
     const std::string path = folder_.write("a.kml", std::string(100'000, 'x'));
     const test::ProgramResult result = run({"--kml", path, located_, plain_, located_});
@@ -126,7 +126,7 @@ TEST_F(PlaceOutputs, severalFilesBecomeACollectionThatReplaces)
     EXPECT_EQ(document.find("plain.jpg"), std::string::npos);
 }
 
-TEST_F(PlaceOutputs, aDocumentComesOnTopOfWhatIsPrinted)
+TEST_F(pinoramaInfoPlaceOutputs, writeADocumentBesidesThePrintedOutput)
 {
     for (const Texts& files : {Texts{located_}, Texts{located_, plain_}}) {
         const std::string path = folder_.file("a.kml");
@@ -140,7 +140,7 @@ TEST_F(PlaceOutputs, aDocumentComesOnTopOfWhatIsPrinted)
     }
 }
 
-TEST_F(PlaceOutputs, tellsWhyThereIsNoDocument)
+TEST_F(pinoramaInfoPlaceOutputs, reportWhyThereIsNoDocument)
 {
     const std::string path = folder_.file("a.kml");
     const struct {
@@ -165,7 +165,7 @@ TEST_F(PlaceOutputs, tellsWhyThereIsNoDocument)
     EXPECT_FALSE(std::filesystem::exists(path));
 }
 
-TEST_F(PlaceOutputs, aPictureIsNotReplacedByADocument)
+TEST_F(pinoramaInfoPlaceOutputs, neverReplaceAPictureByADocument)
 {
     const std::string bytes = test::readFile(plain_);
     for (const Texts& files : {Texts{located_}, Texts{located_, located_}}) {
@@ -181,7 +181,7 @@ TEST_F(PlaceOutputs, aPictureIsNotReplacedByADocument)
     EXPECT_EQ(run({"--kml", folder_.file("new.jpg"), located_}).status, 0) << "it is no picture";
 }
 
-TEST_F(Services, printsTheAddressOfAService)
+TEST_F(pinoramaInfoWebServices, printsTheAddressOfAService)
 {
     const test::ProgramResult one = run({"--web", "1", located_});
     EXPECT_EQ(one.status, 0);
@@ -191,7 +191,7 @@ TEST_F(Services, printsTheAddressOfAService)
               "geo:-48.500000,11.250000\ngeo:-48.500000,11.250000\n");
 }
 
-TEST_F(Services, tellsThatThereIsNoSuchService)
+TEST_F(pinoramaInfoWebServices, reportsThatAServiceDoesNotExist)
 {
     const test::ProgramResult result = run({"--web", "3", located_});
     EXPECT_EQ(result.status, 2);
@@ -199,7 +199,7 @@ TEST_F(Services, tellsThatThereIsNoSuchService)
     EXPECT_EQ(result.err, "pinorama-info: there is no web service 3\n");
 }
 
-TEST_F(PlaceOutputs, printsTheCatalogueSearchAndTheScript)
+TEST_F(pinoramaInfoPlaceOutputs, printTheCatalogueSearchAndTheScript)
 {
     EXPECT_EQ(run({"--search", located_}).out,
               "skallion://find/gps/&lat=-48.500000&long=11.250000&distance=2000m\n");
@@ -209,7 +209,7 @@ TEST_F(PlaceOutputs, printsTheCatalogueSearchAndTheScript)
               "0.600000  \r  end tell\n");
 }
 
-TEST_F(PlaceOutputs, anAddressThatIsNotThereIsAnError)
+TEST_F(pinoramaInfoPlaceOutputs, failForAPictureWithoutAPosition)
 {
     for (const char* form : {"--search", "--print-script"}) {
         const test::ProgramResult result = run({form, plain_});

@@ -10,9 +10,9 @@
 #include <unistd.h>
 
 namespace {
-constexpr int kMostMilliseconds = 60'000;
+constexpr int kMaxWait = 60'000;  // milliseconds
 
-// Reads what is there. False at the end of the stream, which a terminal tells as an error.
+// Reads what is available. False at the end of the stream, which a terminal reports as an error.
 bool takeFrom(int descriptor, std::string* text)
 {
     char buffer[65536];
@@ -68,7 +68,7 @@ test::RunningProgram::~RunningProgram()
     waitpid(process_, nullptr, 0);
 }
 
-// Takes what one of the streams has. False when both have ended, or nothing came in time.
+// Reads from the streams. False if both have ended, or if nothing arrives in time.
 bool test::RunningProgram::takeSome(int milliseconds)
 {
     pollfd ends[] = {{outEnd_, POLLIN, 0}, {errEnd_, POLLIN, 0}};
@@ -92,9 +92,9 @@ void test::RunningProgram::stopReading()
 
 int test::RunningProgram::finish()
 {
-    while (takeSome(kMostMilliseconds)) {
+    while (takeSome(kMaxWait)) {
     }
-    if (outEnd_ >= 0 || errEnd_ >= 0) return -1;  // it has kept them open for too long
+    if (outEnd_ >= 0 || errEnd_ >= 0) return -1;  // it kept them open for too long
     int status = 0;
     const pid_t ended = wait4(process_, &status, 0, &usage_);
     process_ = -1;

@@ -1,4 +1,4 @@
-// pinorama-info while it runs, so that a test can do something to it meanwhile.
+// A running pinorama-info, for tests that do something to it meanwhile.
 
 #pragma once
 
@@ -30,15 +30,15 @@ public:
     // Closes the reading end of standard output.
     void stopReading();
 
-    // Reads what is left of both streams, then waits for the end of the program. `out` and `err`
-    // are complete then.
+    // Reads the rest of both streams and waits for the end of the program. After that `out` and
+    // `err` are complete.
     //
-    // Returns the exit status, or 128 and the signal that ended it; -1 when it takes too long.
+    // Returns the exit status, or 128 plus the signal that ended it; -1 if it takes too long.
     int finish();
 
     const std::string& out() const { return out_; }
     const std::string& err() const { return err_; }
-    // What it and its own processes used, once it has finished.
+    // What it and its child processes used, once it has finished.
     const rusage& usage() const { return usage_; }
 
 private:

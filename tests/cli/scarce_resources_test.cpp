@@ -1,5 +1,5 @@
-// The program where the machine has little left for it: what it prints is right, or it says what is
-// missing and ends with another status than 0.
+// pinorama-info where the machine has little left for it: its output is right, or it reports what
+// is missing and exits with a status other than 0.
 
 #include "tests/support/environment.h"
 #include "tests/support/picture_builder.h"
@@ -16,7 +16,7 @@ using namespace pinorama;
 namespace {
 using Texts = std::vector<std::string>;
 
-class scarceResources : public testing::Test {
+class pinoramaInfoWithFewResources : public testing::Test {
 protected:
     // Runs the program after a command of the shell.
     test::ProgramResult runAfter(const std::string& command, const std::string& arguments) const
@@ -50,7 +50,7 @@ protected:
                         EXPECT_FALSE(result.err.empty());
                         EXPECT_EQ(result.out.find("STR#"), std::string::npos) << result.out;
                         EXPECT_EQ(result.out.find("11   11"), std::string::npos) << result.out;
-                        // A collection lacks what could not be read, and is whole otherwise.
+                        // A collection lacks what could not be read, but is complete otherwise.
                         const std::string places = test::readFile(document);
                         EXPECT_TRUE(places.empty() || places.ends_with("</Document></kml>"));
                     }
@@ -67,7 +67,7 @@ protected:
 };
 }  // namespace
 
-TEST_F(scarceResources, ofDescriptors)
+TEST_F(pinoramaInfoWithFewResources, printsTheRightOutputOrFailsWithFewDescriptors)
 {
     Texts limits;
     for (int count = 3; count <= 12; count++) {
@@ -76,7 +76,7 @@ TEST_F(scarceResources, ofDescriptors)
     expectRightOrRefused(limits);
 }
 
-TEST_F(scarceResources, ofMemory)
+TEST_F(pinoramaInfoWithFewResources, printsTheRightOutputOrFailsWithLittleMemory)
 {
     Texts limits;
     for (int kibibytes = 4000; kibibytes <= 24000; kibibytes += 2500) {
@@ -85,7 +85,7 @@ TEST_F(scarceResources, ofMemory)
     expectRightOrRefused(limits);
 }
 
-TEST_F(scarceResources, ofRoomInFiles)
+TEST_F(pinoramaInfoWithFewResources, reportsALimitOnTheSizeOfFiles)
 {
     const std::string old = folder_.write("old", "old");
     for (const std::string& files : {picture_, picture_ + " " + picture_}) {
@@ -101,7 +101,7 @@ TEST_F(scarceResources, ofRoomInFiles)
     }
 }
 
-TEST_F(scarceResources, ofDescriptorsForManyFiles)
+TEST_F(pinoramaInfoWithFewResources, printsTheRightOutputOrFailsForManyFiles)
 {
     for (int i = 0; i < 40; i++) {
         std::filesystem::copy_file(picture_, folder_.file(std::to_string(i) + ".jpg"));
@@ -122,7 +122,7 @@ TEST_F(scarceResources, ofDescriptorsForManyFiles)
     }
 }
 
-TEST_F(scarceResources, withoutTexts)
+TEST_F(pinoramaInfoWithFewResources, reportsMissingTexts)
 {
     const test::TemporaryFolder damaged;
     std::filesystem::create_directories(damaged.file("strings/en"));
@@ -141,6 +141,6 @@ TEST_F(scarceResources, withoutTexts)
         EXPECT_EQ(runAfter(setting, "--web 1 " + picture_).status, 2);
         for (const char* output : {"--search", "--print-script", "--version"})
             EXPECT_EQ(runAfter(setting, std::string(output) + " " + picture_).err, "")
-                << "no texts are in there";
+                << "these need no texts";
     }
 }

@@ -1,4 +1,4 @@
-// pinorama-info with pictures on a disk that takes its time.
+// pinorama-info with pictures on a slow disk.
 
 #include "tests/support/slow_disk.h"
 
@@ -72,7 +72,7 @@ TEST_F(pinoramaInfoOnASlowDisk, waitsForThePictureToExport)
     EXPECT_NE(test::readFile(kml).find("<Placemark>"), std::string::npos);
 }
 
-TEST_F(pinoramaInfoOnASlowDisk, tellsOfAPictureThatNeverComesAndGoesOn)
+TEST_F(pinoramaInfoOnASlowDisk, reportsAPictureThatNeverArrivesAndContinues)
 {
     const std::string dead = disk_->file("dead.jpg");
     const test::ProgramResult result = run({"--json", dead, near_});
@@ -82,7 +82,7 @@ TEST_F(pinoramaInfoOnASlowDisk, tellsOfAPictureThatNeverComesAndGoesOn)
     EXPECT_NE(result.out.find("48.125"), std::string::npos) << result.out;
 }
 
-TEST_F(pinoramaInfoOnASlowDisk, isStoppedWhileItWaits)
+TEST_F(pinoramaInfoOnASlowDisk, canBeStoppedWhileItWaits)
 {
     for (const int signal : {SIGINT, SIGTERM}) {
         if (!disk_) SetUp();
@@ -97,6 +97,6 @@ TEST_F(pinoramaInfoOnASlowDisk, isStoppedWhileItWaits)
         // A sanitizer's reports keep standard error open in the process that the disk keeps.
         disk_.reset();
         EXPECT_EQ(program.finish(), 128 + signal);
-        EXPECT_EQ(program.err(), "") << "what was cut short is no failure";
+        EXPECT_EQ(program.err(), "") << "an interrupted read is not a failure";
     }
 }

@@ -17,7 +17,7 @@ std::string printable(std::string_view text)
 }
 }  // namespace
 
-TEST(appendPrintable, keepsTextOnItsLineAndFromTheTerminal)
+TEST(appendPrintable, replacesControlCharacters)
 {
     using namespace std::string_view_literals;
     const struct {

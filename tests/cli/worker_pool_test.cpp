@@ -1,4 +1,4 @@
-#include "cli/lane_pool.h"
+#include "cli/worker_pool.h"
 
 #include <gtest/gtest.h>
 #include <signal.h>
@@ -18,7 +18,7 @@ namespace {
 using Texts = std::vector<std::string>;
 using namespace std::chrono_literals;
 
-// A line for each path. Some paths are not to a lane's liking.
+// Prints a line for each path. Some paths crash, end or delay the worker.
 BatchResult echo(std::span<const std::string> paths)
 {
     BatchResult result;
@@ -28,7 +28,7 @@ BatchResult echo(std::span<const std::string> paths)
         if (path.starts_with("slow")) std::this_thread::sleep_for(20ms);
         result.output += path + '\n';
         result.placemarks += '<' + path + '>';
-        result.complaints += path.starts_with("bad") ? path + '!' : "";
+        result.diagnostics += path.starts_with("bad") ? path + '!' : "";
         result.located += path.starts_with("located") ? 1 : 0;
         result.failed += path.starts_with("bad") ? 1 : 0;
         result.files++;
@@ -36,18 +36,18 @@ BatchResult echo(std::span<const std::string> paths)
     return result;
 }
 
-// What comes of the batches, taken as it comes.
-BatchResult run(LanePool* lanes, const std::vector<Texts>& batches)
+// The results of the batches together.
+BatchResult run(WorkerPool* workers, const std::vector<Texts>& batches)
 {
     BatchResult all;
     std::size_t next = 0;
     const auto deadline = std::chrono::steady_clock::now() + 60s;
-    while (next < batches.size() || !lanes->isEmpty()) {
-        while (next < batches.size() && lanes->hasRoom()) lanes->add(batches[next++]);
-        while (auto result = lanes->take()) all.add(*std::move(result));
-        if (!lanes->isEmpty()) lanes->wait(-1, 1000);
+    while (next < batches.size() || !workers->isEmpty()) {
+        while (next < batches.size() && workers->hasRoom()) workers->add(batches[next++]);
+        while (auto result = workers->take()) all.add(*std::move(result));
+        if (!workers->isEmpty()) workers->wait(-1, 1000);
         if (std::chrono::steady_clock::now() > deadline) {
-            ADD_FAILURE() << "the lanes take too long";
+            ADD_FAILURE() << "the workers take too long";
             break;
         }
     }
@@ -63,23 +63,25 @@ std::string linesOf(const std::vector<Texts>& batches)
     return lines;
 }
 
-// No core files of lanes that are meant to crash.
-class LanePoolTest : public testing::Test {
-protected:
-    LanePoolTest()
+// While it lives, workers that are meant to crash leave no core files.
+class NoCoreFiles {
+public:
+    NoCoreFiles()
     {
         getrlimit(RLIMIT_CORE, &earlier_);
         const rlimit none = {0, earlier_.rlim_max};
         setrlimit(RLIMIT_CORE, &none);
     }
-    ~LanePoolTest() override { setrlimit(RLIMIT_CORE, &earlier_); }
+    ~NoCoreFiles() { setrlimit(RLIMIT_CORE, &earlier_); }
+    NoCoreFiles(const NoCoreFiles&) = delete;
+    NoCoreFiles& operator=(const NoCoreFiles&) = delete;
 
 private:
     rlimit earlier_{};
 };
 }  // namespace
 
-TEST_F(LanePoolTest, keepsTheOrderWhicheverLaneIsFaster)
+TEST(WorkerPool, keepsTheOrderOfTheBatches)
 {
     std::vector<Texts> batches;
     for (int i = 0; i < 200; i++) {
@@ -88,28 +90,28 @@ TEST_F(LanePoolTest, keepsTheOrderWhicheverLaneIsFaster)
         if (i % 3 == 0) batches.back().emplace_back("located");
         if (i % 50 == 0) batches.back().emplace_back("bad" + number);
     }
-    LanePool lanes(3, echo);
-    const BatchResult result = run(&lanes, batches);
+    WorkerPool workers(3, echo);
+    const BatchResult result = run(&workers, batches);
     EXPECT_EQ(result.output, linesOf(batches));
-    EXPECT_EQ(result.complaints, "bad0!bad50!bad100!bad150!");
+    EXPECT_EQ(result.diagnostics, "bad0!bad50!bad100!bad150!");
     EXPECT_EQ(result.files, 200u * 2 + 67 + 4);
     EXPECT_EQ(result.located, 67u);
     EXPECT_EQ(result.failed, 4u);
     EXPECT_TRUE(result.placemarks.starts_with("<slow0><b0><located><bad0><quick1>"));
 }
 
-TEST_F(LanePoolTest, worksInSeveralProcessesAtOnce)
+TEST(WorkerPool, worksInSeveralProcessesAtOnce)
 {
-    LanePool lanes(2, [](std::span<const std::string> paths) {
+    WorkerPool workers(2, [](std::span<const std::string> paths) {
         std::this_thread::sleep_for(50ms);
         BatchResult result;
         result.output = std::to_string(getpid()) + '\n';
         result.files = paths.size();
         return result;
     });
-    EXPECT_EQ(lanes.processes().size(), 0u) << "nothing to do yet";
-    const std::string out = run(&lanes, std::vector<Texts>(8, Texts{"a"})).output;
-    const std::vector<pid_t> processes = lanes.processes();
+    EXPECT_EQ(workers.processes().size(), 0u) << "nothing to do yet";
+    const std::string out = run(&workers, std::vector<Texts>(8, Texts{"a"})).output;
+    const std::vector<pid_t> processes = workers.processes();
     ASSERT_EQ(processes.size(), 2u);
     for (const pid_t process : processes) {
         EXPECT_NE(out.find(std::to_string(process) + '\n'), std::string::npos) << out;
@@ -117,26 +119,27 @@ TEST_F(LanePoolTest, worksInSeveralProcessesAtOnce)
     EXPECT_EQ(out.find(std::to_string(getpid()) + '\n'), std::string::npos);
 }
 
-TEST_F(LanePoolTest, hasRoomForAFewBatchesOnly)
+TEST(WorkerPool, hasRoomForAFewBatchesOnly)
 {
-    LanePool lanes(2, echo);
+    WorkerPool workers(2, echo);
     int count = 0;
-    while (lanes.hasRoom() && count < 1000) {
-        lanes.add({"slow"});
+    while (workers.hasRoom() && count < 1000) {
+        workers.add({"slow"});
         count++;
     }
     EXPECT_GE(count, 4);
     EXPECT_LE(count, 16);
 }
 
-TEST_F(LanePoolTest, losesOnlyTheFileThatALaneDiesOf)
+TEST(WorkerPool, losesOnlyTheFileThatCrashesAWorker)
 {
+    const NoCoreFiles noCoreFiles;
     const std::vector<Texts> batches = {{"a", "b", "crash1", "c"}, {"d", "e"},          {"exit2"},
                                         {"crash3", "f", "crash4"}, {"g", "h", "exit5"}, {"i"}};
     for (const int count : {1, 2, 4}) {
         SCOPED_TRACE(count);
-        LanePool lanes(count, echo);
-        const BatchResult result = run(&lanes, batches);
+        WorkerPool workers(count, echo);
+        const BatchResult result = run(&workers, batches);
         EXPECT_EQ(result.output, "a\nb\nc\nd\ne\nf\ng\nh\ni\n");
         EXPECT_EQ(result.files, 14u);
         EXPECT_EQ(result.failed, 5u);
@@ -145,65 +148,65 @@ TEST_F(LanePoolTest, losesOnlyTheFileThatALaneDiesOf)
             expected += "pinorama-info: " + std::string(path) +
                         ": the process that read it ended unexpectedly\n";
         }
-        EXPECT_EQ(result.complaints, expected);
+        EXPECT_EQ(result.diagnostics, expected);
     }
 }
 
-TEST_F(LanePoolTest, survivesThatSomebodyKillsItsLanes)
+TEST(WorkerPool, replacesWorkersThatSomebodyKills)
 {
-    LanePool lanes(2, echo);
+    WorkerPool workers(2, echo);
     std::vector<Texts> batches;
     for (int i = 0; i < 8; i++) batches.push_back({"slow" + std::to_string(i), "b"});
-    for (const Texts& batch : batches) lanes.add(batch);
-    for (const pid_t process : lanes.processes()) kill(process, SIGKILL);
-    const BatchResult result = run(&lanes, {});
+    for (const Texts& batch : batches) workers.add(batch);
+    for (const pid_t process : workers.processes()) kill(process, SIGKILL);
+    const BatchResult result = run(&workers, {});
     EXPECT_EQ(result.output, linesOf(batches)) << "the pictures were not to blame";
     EXPECT_EQ(result.failed, 0u);
 }
 
-TEST_F(LanePoolTest, carriesLargeBatchesAndResults)
+TEST(WorkerPool, carriesLargeBatchesAndResults)
 {
     std::vector<Texts> batches;
     for (int i = 0; i < 12; i++) {
         batches.push_back(Texts(64, std::string(4000, static_cast<char>('a' + i))));
     }
-    LanePool lanes(2, echo);
-    EXPECT_EQ(run(&lanes, batches).output, linesOf(batches));
+    WorkerPool workers(2, echo);
+    EXPECT_EQ(run(&workers, batches).output, linesOf(batches));
 }
 
-TEST_F(LanePoolTest, takesPathsWithAnyBytes)
+TEST(WorkerPool, takesPathsWithAnyBytes)
 {
     const std::vector<Texts> batches = {{"a\nb", "", "\xff\xfe", "a b"}};
-    LanePool lanes(1, echo);
-    EXPECT_EQ(run(&lanes, batches).output, linesOf(batches));
+    WorkerPool workers(1, echo);
+    EXPECT_EQ(run(&workers, batches).output, linesOf(batches));
 }
 
-TEST_F(LanePoolTest, endsItsLanesWithItself)
+TEST(WorkerPool, killsItsWorkersInItsDestructor)
 {
     std::vector<pid_t> processes;
     {
-        LanePool lanes(2, [](std::span<const std::string>) -> BatchResult {
+        WorkerPool workers(2, [](std::span<const std::string>) -> BatchResult {
             while (true) pause();
         });
-        lanes.add({"a"});
-        lanes.add({"b"});
-        processes = lanes.processes();
+        workers.add({"a"});
+        workers.add({"b"});
+        processes = workers.processes();
         EXPECT_EQ(processes.size(), 2u);
     }
     for (const pid_t process : processes) EXPECT_NE(kill(process, 0), 0);
 }
 
-TEST_F(LanePoolTest, wakesUpForTheAlarm)
+TEST(WorkerPool, stopsWaitingForTheAlarm)
 {
     int ends[2];
     ASSERT_EQ(pipe(ends), 0);
-    LanePool lanes(1, [](std::span<const std::string>) -> BatchResult {
+    WorkerPool workers(1, [](std::span<const std::string>) -> BatchResult {
         while (true) pause();
     });
-    lanes.add({"a"});
+    workers.add({"a"});
     ASSERT_EQ(write(ends[1], "x", 1), 1);
     const auto start = std::chrono::steady_clock::now();
-    lanes.wait(ends[0], 30'000);
+    workers.wait(ends[0], 30'000);
     EXPECT_LT(std::chrono::steady_clock::now() - start, 20s);
     close(ends[0]);
     close(ends[1]);

@@ -1,4 +1,4 @@
-#include "cli/complaint.h"
+#include "cli/diagnostic.h"
 
 #include "base/utf8.h"
 #include "cli/printable.h"
@@ -7,7 +7,7 @@
 
 namespace pinorama {
 
-void appendComplaint(std::string_view what, std::string* out)
+void appendDiagnostic(std::string_view what, std::string* out)
 {
     *out += "pinorama-info: ";
     appendPrintable(what, out);
