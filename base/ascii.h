@@ -4,7 +4,7 @@
 
 #pragma once
 
-#include <cstddef>
+#include <algorithm>
 #include <string_view>
 
 namespace pinorama {
@@ -35,25 +35,10 @@ constexpr int hexDigitValue(Unit unit)
     return -1;
 }
 
-// How many bytes or units at the beginning are ASCII.
-std::size_t asciiLength(std::string_view bytes);
-std::size_t asciiLength(std::u16string_view units);
-
 inline bool isASCII(std::u16string_view units)
 {
-    return asciiLength(units) == units.size();
+    return std::all_of(units.begin(), units.end(), [](char16_t unit) { return isASCII(unit); });
 }
-
-// How many units stand before the first U+0000, or all of them.
-std::size_t lengthBeforeNull(std::u16string_view units);
-
-// How many units both texts begin with that are equal and ASCII, rounded down to whole steps of a
-// few units.
-std::size_t commonASCIILength(std::u16string_view a, std::u16string_view b);
-
-// Copy ASCII from bytes to units and from units to bytes.
-void widenASCII(std::string_view bytes, char16_t* dest);
-void narrowASCII(std::u16string_view units, char* dest);
 
 // The unit without its case; meant for ASCII and the same as Unicode's case folding there.
 inline char16_t foldedASCII(char16_t unit)

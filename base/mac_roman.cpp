@@ -1,7 +1,5 @@
 #include "base/mac_roman.h"
 
-#include "base/ascii.h"
-
 #include <algorithm>
 #include <array>
 
@@ -57,27 +55,20 @@ int macRomanByte(char16_t unit)
 
 void decodeMacRoman(std::string_view bytes, char16_t* dest)
 {
-    const std::size_t plain = asciiLength(bytes);
-    widenASCII(bytes.substr(0, plain), dest);
-    for (std::size_t i = plain; i < bytes.size(); i++) {
-        dest[i] = macRomanUnit(static_cast<std::uint8_t>(bytes[i]));
-    }
+    std::transform(bytes.begin(), bytes.end(), dest,
+                   [](char byte) { return macRomanUnit(static_cast<std::uint8_t>(byte)); });
 }
 
 bool isMacRoman(std::u16string_view units)
 {
-    const std::u16string_view rest = units.substr(asciiLength(units));
-    return std::all_of(rest.begin(), rest.end(),
+    return std::all_of(units.begin(), units.end(),
                        [](char16_t unit) { return macRomanByte(unit) >= 0; });
 }
 
 void encodeMacRoman(std::u16string_view units, char* dest)
 {
-    const std::size_t plain = asciiLength(units);
-    narrowASCII(units.substr(0, plain), dest);
-    for (std::size_t i = plain; i < units.size(); i++) {
-        dest[i] = static_cast<char>(macRomanByte(units[i]));
-    }
+    std::transform(units.begin(), units.end(), dest,
+                   [](char16_t unit) { return static_cast<char>(macRomanByte(unit)); });
 }
 
 }  // namespace pinorama

@@ -1,8 +1,5 @@
 #include "base/utf8.h"
 
-#include "base/ascii.h"
-
-#include <algorithm>
 #include <limits>
 
 namespace pinorama {
@@ -96,11 +93,6 @@ std::int32_t countUnitsOfUTF8(std::string_view bytes)
     std::size_t units = 0;
     std::size_t next = 0;
     while (next < bytes.size()) {
-        if (const std::size_t plain = asciiLength(bytes.substr(next)); plain > 0) {
-            next += plain;
-            units += plain;
-            continue;
-        }
         const char32_t codePoint = readUTF8(bytes, &next);
         if (codePoint == kNone) return -1;
         units += unitCount(codePoint);
@@ -113,14 +105,6 @@ std::size_t decodeUTF8(std::string_view bytes, std::span<char16_t> dest)
     std::size_t written = 0;
     std::size_t next = 0;
     while (next < bytes.size()) {
-        if (const std::size_t plain = asciiLength(bytes.substr(next)); plain > 0) {
-            const std::size_t fitting = std::min(plain, dest.size() - written);
-            widenASCII(bytes.substr(next, fitting), dest.data() + written);
-            next += fitting;
-            written += fitting;
-            if (fitting < plain) break;
-            continue;
-        }
         const char32_t codePoint = readUTF8(bytes, &next);
         if (codePoint == kNone || unitCount(codePoint) > dest.size() - written) break;
         writeUTF16(codePoint, dest.data() + written);
@@ -134,11 +118,6 @@ std::int32_t countBytesOfUTF8(std::u16string_view units)
     std::size_t bytes = 0;
     std::size_t next = 0;
     while (next < units.size()) {
-        if (const std::size_t plain = asciiLength(units.substr(next)); plain > 0) {
-            next += plain;
-            bytes += plain;
-            continue;
-        }
         const char32_t codePoint = readUTF16(units, &next);
         if (isSurrogate(codePoint)) return -1;
         bytes += byteCount(codePoint);
@@ -151,14 +130,6 @@ std::size_t encodeUTF8(std::u16string_view units, std::span<char> dest)
     std::size_t written = 0;
     std::size_t next = 0;
     while (next < units.size()) {
-        if (const std::size_t plain = asciiLength(units.substr(next)); plain > 0) {
-            const std::size_t fitting = std::min(plain, dest.size() - written);
-            narrowASCII(units.substr(next, fitting), dest.data() + written);
-            next += fitting;
-            written += fitting;
-            if (fitting < plain) break;
-            continue;
-        }
         const char32_t codePoint = readUTF16(units, &next);
         if (isSurrogate(codePoint) || byteCount(codePoint) > dest.size() - written) break;
         writeUTF8(codePoint, dest.data() + written);

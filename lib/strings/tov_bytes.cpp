@@ -1,6 +1,5 @@
 #include "lib/strings/tov_bytes.h"
 
-#include "base/ascii.h"
 #include "base/mac_roman.h"
 #include "base/utf8.h"
 #include "lib/text/byte_texts.h"
@@ -36,7 +35,7 @@ ByteForm byteForm(TovStringRef string, Encoding preferred)
     std::int32_t size = sizeOf(whole, encoding);
     if (size < 0) return {{}, Encoding::none, 0};
 
-    const std::u16string_view units = whole.substr(0, lengthBeforeNull(whole));
+    const std::u16string_view units = whole.substr(0, whole.find(u'\0'));
     if (units.size() < whole.size()) size = sizeOf(units, encoding);
     return {units, encoding, static_cast<std::uint32_t>(size)};
 }

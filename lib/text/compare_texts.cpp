@@ -28,10 +28,10 @@ int compareAnyTexts(std::u16string_view a, std::u16string_view b, pinorama::Case
 
 int pinorama::compareTexts(std::u16string_view a, std::u16string_view b, Case letterCase)
 {
-    // Combining marks after an ASCII character neither change nor move it. So the first ASCII
-    // characters that differ decide, and a common beginning can be skipped.
+    // Marks that follow an ASCII character neither change nor move it, so two texts are in order as
+    // soon as they differ in one, and the common beginning before another character does not count.
     const std::size_t shorter = std::min(a.size(), b.size());
-    for (std::size_t i = commonASCIILength(a, b); i < shorter; i++) {
+    for (std::size_t i = 0; i < shorter; i++) {
         if (!isASCII(a[i]) || !isASCII(b[i])) {
             return compareAnyTexts(a.substr(i), b.substr(i), letterCase);
         }
