@@ -23,18 +23,14 @@ std::size_t byteCount(char32_t codePoint)
     return codePoint < 0x80 ? 1 : codePoint < 0x800 ? 2 : codePoint < 0x10000 ? 3 : 4;
 }
 
-// Reads the character that begins at `*next` and moves on behind it. kNone, and no move, for bytes
-// that are no character: Unicode Standard, table 3-7.
-char32_t readUTF8(std::string_view bytes, std::size_t* next)
+// Reads the character of two to four bytes that begins at `*next` and moves on to the next one.
+// kNone, and no move, for malformed bytes: Unicode Standard, table 3-7.
+char32_t readSequence(std::string_view bytes, std::size_t* next)
 {
     const auto byteAt = [bytes](std::size_t place) {
         return static_cast<unsigned>(static_cast<unsigned char>(bytes[place]));
     };
     const unsigned lead = byteAt(*next);
-    if (lead < 0x80) {
-        ++*next;
-        return lead;
-    }
     const std::size_t count = lead < 0xc2   ? 0
                               : lead < 0xe0 ? 2
                               : lead < 0xf0 ? 3
@@ -51,6 +47,15 @@ char32_t readUTF8(std::string_view bytes, std::size_t* next)
         return kNone;
     *next += count;
     return codePoint;
+}
+
+// The same for a character of any length.
+char32_t readUTF8(std::string_view bytes, std::size_t* next)
+{
+    const auto lead = static_cast<unsigned char>(bytes[*next]);
+    if (lead >= 0x80) return readSequence(bytes, next);
+    ++*next;
+    return lead;
 }
 
 // Reads the character that begins at `*next` and moves on behind it; a lone surrogate comes as it
@@ -77,6 +82,10 @@ void writeUTF16(char32_t codePoint, char16_t* dest)
 
 void writeUTF8(char32_t codePoint, char* dest)
 {
+    if (codePoint < 0x80) {
+        *dest = static_cast<char>(codePoint);
+        return;
+    }
     constexpr unsigned kLeads[] = {0, 0, 0xc0, 0xe0, 0xf0};
     const std::size_t count = byteCount(codePoint);
     for (std::size_t i = count - 1; i > 0; i--) {
