@@ -22,23 +22,22 @@ std::int16_t findSorted(const DynArray* array, ID id, std::uint32_t* outIndex)
     std::uint32_t high = array->itemCount - 1;
     while (low < high) {
         const std::uint32_t middle = low + (high - low) / 2;
-        // Which half goes on is a coin toss that no processor foresees, so both ends are computed
-        // without a jump.
         const ID found = idOf<ID>(data + middle * itemSize);
         if (found == id) {
             *outIndex = middle;
             return 0;
         }
-        const std::uint32_t goesUp = found < id ? UINT32_MAX : 0;
-        const std::uint32_t below = middle == 0 ? 0 : middle - 1;
-        low += (middle + 1 - low) & goesUp;
-        high = below + ((high - below) & goesUp);
+        if (found < id) {
+            low = middle + 1;
+        } else {
+            high = middle == 0 ? 0 : middle - 1;
+        }
     }
     if (idOf<ID>(data + low * itemSize) == id) {
         *outIndex = low;
         return 0;
     }
-    // One below the place that is left: whoever scans ahead from here cannot miss the ID.
+    // One below the remaining place: whoever scans forward from here cannot miss the ID.
     *outIndex = low == 0 ? 0 : low - 1;
     return kMemErrNotFound;
 }
@@ -58,20 +57,9 @@ std::int16_t memGetItemByUnsortedID(const DynArray* array, std::uint32_t id, voi
 {
     if (array->itemCount == 0) return kErrNothingUsable;
 
-    const std::size_t itemSize = array->itemSize;
-    std::uint8_t* item = array->data;
-    std::uint32_t left = array->itemCount;
-    const auto hasID = [id](const std::uint8_t* bytes) {
-        return static_cast<int>(idOf<std::uint32_t>(bytes) == id);
-    };
-    // Four at a time, with one jump for all of them.
-    for (; left >= 4; left -= 4, item += 4 * itemSize) {
-        if ((hasID(item) | hasID(item + itemSize) | hasID(item + 2 * itemSize) |
-             hasID(item + 3 * itemSize)) != 0)
-            break;
-    }
-    for (; left > 0; --left, item += itemSize) {
-        if (hasID(item) == 0) continue;
+    for (std::uint32_t i = 0; i < array->itemCount; ++i) {
+        std::uint8_t* const item = array->data + std::size_t{i} * array->itemSize;
+        if (idOf<std::uint32_t>(item) != id) continue;
         *outPtr = item;
         return 0;
     }
