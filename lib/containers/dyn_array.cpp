@@ -9,8 +9,6 @@
 using namespace pinorama;
 
 namespace {
-constexpr std::uint32_t kMaxWordwiseSize = 32;  // bytes of an item
-
 std::uint8_t* itemAt(const DynArray* array, std::uint32_t index)
 {
     return array->data + std::size_t{index} * array->itemSize;
@@ -37,23 +35,6 @@ const void* growFor(DynArray* array, const void* item)
                std::uint64_t{array->itemCount} + 1) != 0)
         return nullptr;
     return own ? array->data + offset : item;
-}
-
-// Copies one item; the two places may be the same. Small ones go word by word: they were usually
-// written field by field a moment ago, and a wider read would have to wait until those writes have
-// left the processor.
-void copyItem(std::uint8_t* place, const void* item, std::uint32_t itemSize)
-{
-    if (itemSize > kMaxWordwiseSize || itemSize % sizeof(std::uint32_t) != 0) {
-        std::memmove(place, item, itemSize);
-        return;
-    }
-    const auto* bytes = static_cast<const std::uint8_t*>(item);
-    for (std::uint32_t i = 0; i < itemSize; i += sizeof(std::uint32_t)) {
-        std::uint32_t word;
-        std::memcpy(&word, bytes + i, sizeof word);
-        std::memcpy(place + i, &word, sizeof word);
-    }
 }
 
 // Makes room for `n` items before item `index` and copies them in. There are enough free slots.
@@ -192,7 +173,8 @@ std::int16_t memAppendItem(DynArray* array, const void* item)
         item = growFor(array, item);
         if (item == nullptr) return kMemErrNoMemory;
     }
-    copyItem(itemAt(array, count), item, array->itemSize);
+    // The two places may be the same. An item of no bytes may have no place.
+    if (array->itemSize > 0) std::memmove(itemAt(array, count), item, array->itemSize);
     array->itemCount = count + 1;
     return 0;
 }
