@@ -1,5 +1,5 @@
-"""A private desktop for benches: a virtual screen, a window manager and a session bus, with folders of
-their own. Everything that is started is ended by its process."""
+"""A private desktop for benchmarks: a virtual screen, a window manager and a session bus, with their own
+folders. It ends every process that it starts."""
 
 import os
 import select
@@ -30,7 +30,7 @@ class Desktop:
             self._startBus()
             self.start(["openbox"])
             self._waitForManager()
-            # Prints the list again whenever a window is managed or gone.
+            # Prints the list again whenever a window is added or removed.
             self.windows = self.start(["stdbuf", "-oL", "xprop", "-root", "-spy", "_NET_CLIENT_LIST"],
                                       stdout=subprocess.PIPE)
             os.set_blocking(self.windows.stdout.fileno(), False)
@@ -86,8 +86,8 @@ class Desktop:
         self.start(["Xvfb", "-displayfd", str(writing), "-screen", "0", "1600x1200x24", "-nolisten", "tcp"],
                    pass_fds=[writing])
         os.close(writing)
-        with os.fdopen(reading) as answer:
-            self.environment["DISPLAY"] = ":" + answer.readline().strip()
+        with os.fdopen(reading) as reply:
+            self.environment["DISPLAY"] = ":" + reply.readline().strip()
 
     def _startBus(self):
         self.bus = self.start(["dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address"],
@@ -95,21 +95,21 @@ class Desktop:
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = self.bus.stdout.readline().decode().strip()
 
     def _waitForManager(self):
-        """A window manager that has started keeps a list, empty at first."""
+        """A window manager keeps a list once it has started; it is empty at first."""
         limit = time.monotonic() + PATIENCE
         while time.monotonic() < limit:
             try:
-                answer = subprocess.run(["xprop", "-root", "_NET_CLIENT_LIST"], env=self.environment,
+                reply = subprocess.run(["xprop", "-root", "_NET_CLIENT_LIST"], env=self.environment,
                                         capture_output=True, check=False).stdout
             except FileNotFoundError as error:
                 raise Missing("xprop") from error
-            if b"(WINDOW)" in answer:
+            if b"(WINDOW)" in reply:
                 return
             time.sleep(0.05)
         raise Missing("openbox")
 
     def _line(self, seconds):
-        """The list of windows after its next change; empty when none came."""
+        """The list of windows after its next change; empty if it did not change in time."""
         if not select.select([self.windows.stdout], [], [], max(seconds, 0))[0]:
             return b""
         lines = (self.windows.stdout.read() or b"").splitlines()
@@ -133,7 +133,7 @@ def end(process):
 
 
 def memory(process, key="Pss"):
-    """Bytes of memory of a process: its own and its share of what it has in common with others."""
+    """Bytes of memory of a process: its private memory and its share of shared memory."""
     with open(f"/proc/{process}/smaps_rollup", encoding="ascii") as file:
         for line in file:
             if line.startswith(key + ":"):
@@ -142,7 +142,7 @@ def memory(process, key="Pss"):
 
 
 def family(process):
-    """A process and all that it has started."""
+    """A process and its descendants."""
     found = [process]
     for child in children(process):
         found += family(child)
@@ -162,7 +162,7 @@ def processorTime(process):
 
 
 def wakeUps(process):
-    """How often the threads of a process have gone to sleep of their own will."""
+    """How many voluntary context switches the threads of a process have made."""
     count = 0
     for thread in os.listdir(f"/proc/{process}/task"):
         with open(f"/proc/{process}/task/{thread}/status", encoding="utf-8") as file:

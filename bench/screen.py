@@ -1,10 +1,10 @@
-"""What is seen on the screen of a bench's desktop: when it has come to rest."""
+"""Watches the screen of a benchmark's desktop until it stops changing."""
 
 import ctypes
 import time
 
-STRIP = (780, 380, 24, 430)  # through the middle of a window that is in the middle of the screen
-INTERVAL = 0.002  # seconds between two looks
+STRIP = (780, 380, 24, 430)  # through the middle of a centred window
+INTERVAL = 0.002  # seconds between two images
 ALL_PLANES = ctypes.c_ulong(0xFFFFFFFF)
 Z_PIXMAP = 2
 
@@ -27,7 +27,7 @@ class Screen:
         self.root = ctypes.c_ulong(self.x.XDefaultRootWindow(self.display))
 
     def lastChange(self, seconds):
-        """Watches the middle of the screen for a while: the seconds until it looked as at the end."""
+        """Watches the middle of the screen for a while; returns the seconds until its last change."""
         begin = time.monotonic()
         last = begin
         seen = self._strip()

@@ -1,4 +1,4 @@
-// The header of a CRW picture, which is told apart from TIFF.
+// The header of a CRW picture and its distinction from TIFF.
 
 #include "pictures/crw.h"
 #include "pictures/tiff_directory.h"

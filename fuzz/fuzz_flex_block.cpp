@@ -1,5 +1,5 @@
-// A variable-item array of any bytes, in a block exactly as large: nothing that reads or changes it
-// may look outside.
+// Reads and changes a variable-item array of arbitrary bytes in a block of exactly that size: no
+// function may access anything outside it.
 
 #include <cstddef>
 #include <cstdint>
@@ -30,7 +30,7 @@ void expect(bool holds)
     if (!holds) __builtin_trap();
 }
 
-// What a lookup hands out lies in the block: every byte is read.
+// Reads every byte that a lookup returns, so that one outside the block is noticed.
 void lookUp(const FlexDynArray* flex, std::uint32_t id, std::uint32_t type)
 {
     std::uint32_t location = 0;
@@ -53,7 +53,7 @@ bool lookUpEach(std::uint32_t id, std::uint32_t type, std::uint32_t, void*, void
     return true;
 }
 
-// Calls that change an array, each on one of its own, with and without an index.
+// Calls that change an array, each on its own copy, with and without an index.
 void change(const std::uint8_t* bytes, std::size_t size, std::uint32_t id, bool isIndexed)
 {
     for (int call = 0; call < 7; ++call) {
@@ -78,7 +78,7 @@ void change(const std::uint8_t* bytes, std::size_t size, std::uint32_t id, bool 
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    // Nothing can be made there, so that dumps go through the array and write no log.
+    // No log can be created there, so dumps read the array without writing.
     static const int homeless =
         setenv("HOME", "/dev/null", 1) | setenv("XDG_CONFIG_HOME", "/dev/null", 1);
     expect(homeless == 0);

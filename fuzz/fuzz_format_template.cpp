@@ -1,4 +1,4 @@
-// Templates from tables of texts: whatever they ask for, they get it from these arguments only.
+// Format templates from tables of texts. Whatever they request, they get these arguments only.
 
 #include <cstddef>
 #include <cstdint>

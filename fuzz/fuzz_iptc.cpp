@@ -10,7 +10,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     MemoryByteSource source({data, size});
     PictureProperties properties;
     readIptcRecord(ByteBlock(source), properties);
-    // No decoding makes more units than there are bytes, and none keeps a zero byte.
+    // A decoded text has no more units than bytes, and no zero.
     for (const auto& text : {decodeUndeclaredText({data, size}), decodeUTF8Text({data, size})}) {
         if (text.size() > size || text.find(u'\0') != text.npos) __builtin_trap();
     }

@@ -10,12 +10,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     MemoryByteSource source({data, size});
     const ByteBlock picture(source);
-    (void)isJpeg(picture);  // must stand any bytes, as the search must
+    (void)isJpeg(picture);  // must accept any bytes, like the search
     const JpegMetadata metadata = findJpegMetadata(picture);
     for (const ByteBlock& piece : metadata.photoshop) {
         (void)findPhotoshopResource(piece, kIptcResource);
     }
-    // What was found as Exif data has a TIFF header.
+    // Exif data begins with a TIFF header.
     if (!metadata.exif.isEmpty() && !TiffBlock::open(metadata.exif)) __builtin_trap();
     return 0;
 }

@@ -1,5 +1,5 @@
 // The preview of a JPEG picture: its headers, its embedded thumbnail, its decoding at a reduced
-// scale. The decoder itself is libjpeg-turbo; what is watched is how it is driven.
+// scale. The decoder itself is libjpeg-turbo; this tests the code that calls it.
 
 #include "pictures/pixels/embedded_jpegs.h"
 #include "pictures/pixels/jpeg_decode.h"
@@ -18,7 +18,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (const ByteBlock& stream : findEmbeddedJpegs(bytes).streams) {
         (void)jpegSize(stream);
     }
-    // Only what begins as a JPEG picture: the raw formats would lead into LibRaw.
+    // Only input that begins like a JPEG picture; for raw formats LibRaw would be called.
     if (size >= 2 && data[0] == 0xff && data[1] == 0xd8) {
         (void)makePreview(source, side, side);
     }

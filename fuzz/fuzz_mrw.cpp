@@ -8,7 +8,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     MemoryByteSource source({data, size});
     const ByteBlock picture(source);
-    (void)isMrw(picture);  // must stand any bytes, as the search must
+    (void)isMrw(picture);  // must accept any bytes, like the search
     if (findMrwTiff(picture).length() > size) __builtin_trap();
     return 0;
 }

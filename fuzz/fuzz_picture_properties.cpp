@@ -1,4 +1,4 @@
-// Whole pictures: whatever the bytes are, to properties and on to dictionaries.
+// Reads whole pictures of arbitrary bytes, to properties and on to dictionaries.
 
 #include "lib/objects/object.h"
 #include "location/property_dictionary.h"

@@ -1,6 +1,5 @@
-// Preferences: whatever a file holds, each of its values can be asked for. A value that is stored
-// is read back, and what else was there stays: in the file, or in one set aside when it was
-// damaged.
+// Preference files of arbitrary bytes: every value can be requested, a stored value can be read
+// back, and the other values stay, either in the file or, if that was damaged, in a copy of it.
 
 #include "base/utf8.h"
 #include "lib/prefs/preference_file.h"
@@ -23,15 +22,15 @@ namespace fs = std::filesystem;
 using nlohmann::json;
 
 constexpr char16_t kOurKey[] = u"ours";
-constexpr int kDeepest = 64;  // objects and lists within each other
-constexpr std::size_t kMostKeys = 16;
+constexpr int kMaxDepth = 64;  // objects and lists within each other
+constexpr std::size_t kMaxKeys = 16;
 
 void expect(bool isTrue)
 {
     if (!isTrue) __builtin_trap();
 }
 
-// A folder in memory, where a file costs no disk. It goes when the program ends.
+// A folder in memory, where files need no disk. It is removed when the program ends.
 class FolderInMemory {
 public:
     FolderInMemory()
@@ -87,7 +86,7 @@ void loadAll(const PreferenceFile& file, const json& values)
 {
     std::size_t count = 0;
     for (const auto& [key, value] : values.items()) {
-        if (++count > kMostKeys) return;
+        if (++count > kMaxKeys) return;
         const auto loaded = file.load(unitsOf(key));
         expect(loaded.has_value());
         if (value.is_string()) {
@@ -98,7 +97,7 @@ void loadAll(const PreferenceFile& file, const json& values)
     }
 }
 
-// Stores `value` and compares the file with `expected`, which holds all but our key.
+// Stores `value` and compares the file with `expected`, which contains everything but our key.
 void storeAndCompare(const PreferenceFile& file, const std::string& path,
                      const std::optional<PreferenceValue>& value, json expected)
 {
@@ -121,7 +120,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     fs::remove(aside);
 
     json values = json::parse(bytes, nullptr, false);
-    const bool isGood = values.is_object() && depthOf(values) <= kDeepest;
+    const bool isGood = values.is_object() && depthOf(values) <= kMaxDepth;
     if (!isGood) values = json::object();
     const PreferenceFile file(folder.path());
     loadAll(file, values);
@@ -130,7 +129,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     std::u16string text(size / 2, u'\0');
     std::memcpy(text.data(), data, text.size() * 2);
-    text = unitsOf(displayUTF8(text));  // halves of pairs are not kept
+    text = unitsOf(displayUTF8(text));  // lone surrogates are replaced
     storeAndCompare(file, path, text, values);
     expect(fs::exists(aside) == !isGood);
     if (!isGood) expect(readFile(aside) == bytes);

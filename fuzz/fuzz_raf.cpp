@@ -1,4 +1,4 @@
-// The place of the JPEG picture in a RAF picture.
+// The offset of the JPEG picture in a RAF picture.
 
 #include "pictures/raf.h"
 
@@ -8,7 +8,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     MemoryByteSource source({data, size});
     const ByteBlock picture(source);
-    (void)isRaf(picture);  // must stand any bytes, as the search must
+    (void)isRaf(picture);  // must accept any bytes, like the search
     if (findRafJpeg(picture).length() > size) __builtin_trap();
     return 0;
 }

@@ -1,4 +1,4 @@
-// A request as the reader takes it apart.
+// Decodes requests as the reader does.
 
 #include "reader/reader_protocol.h"
 
@@ -10,7 +10,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     const auto request = decodeRequest({data, size});
     if (!request) return 0;
-    // What is accepted says nothing beside what it is taken for.
+    // An accepted request contains nothing that its decoded form lacks.
     const auto bytes = encodeRequest(*request);
     if (!std::equal(bytes.begin(), bytes.end(), data, data + size)) __builtin_trap();
     if (request->descriptorCount < 1 || request->descriptorCount > kMostDescriptors) {

@@ -1,5 +1,5 @@
-// Tables of texts: whatever the rest of the file holds, an entry in front of it is found, and every
-// line that is skipped is named once.
+// Tables of texts: an entry at the start is found whatever follows it, and every skipped line is
+// reported once.
 
 #include <algorithm>
 #include <cstddef>
@@ -27,7 +27,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     expect(std::is_sorted(alone.damagedLines().begin(), alone.damagedLines().end()));
     for (const std::size_t line : alone.damagedLines()) expect(line >= 1 && line <= lines);
 
-    // A byte order mark counts at the start of a table only.
+    // A byte order mark is one at the start of a table only.
     const std::string_view rest = bytes.starts_with("\xef\xbb\xbf") ? bytes.substr(3) : bytes;
     const StringsTable behind("\"first\" = \"entry\";\n" + std::string(rest));
     expect(behind.find(u"first").has_value());

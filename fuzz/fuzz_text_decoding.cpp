@@ -1,4 +1,4 @@
-// Bytes of any origin as texts and back, and two such texts compared and searched.
+// Arbitrary bytes to texts and back, and two such texts compared and searched.
 
 #include <cstddef>
 #include <cstdint>
@@ -23,7 +23,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string_view form = input.substr(0, input.find('\0'));
     if (isUTF8 && form != std::string_view(bytes.get(), written)) __builtin_trap();
 
-    // The first third is looked for in the rest, with and without case.
+    // Searches the rest for the first third, with and without case.
     const std::u16string_view units = unitsOf(text.get());
     const StringHolder wanted(createString(units.substr(0, units.size() / 3)));
     const StringHolder rest(createString(units.substr(units.size() / 3)));

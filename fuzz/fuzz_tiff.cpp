@@ -1,4 +1,4 @@
-// A TIFF block and the GPS directory, taken from the first directory and from everywhere.
+// A TIFF block and its GPS directory, read from the first directory and from every offset.
 
 #include "pictures/exif_gps.h"
 
@@ -14,7 +14,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     PictureProperties properties;
     readGpsDirectory(*tiff, tiff->integerOf(entries[0]).value_or(0), properties);
     readGpsDirectory(*tiff, tiff->firstDirectory(), properties);
-    // A coordinate is a sum of magnitudes.
+    // A coordinate is a sum of non-negative numbers.
     if (properties.latitude && !(*properties.latitude >= 0.0)) __builtin_trap();
     return 0;
 }

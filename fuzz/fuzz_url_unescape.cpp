@@ -1,4 +1,4 @@
-// Escapes in addresses: what was decoded must survive being escaped and decoded again.
+// Unescapes addresses: a decoded text must survive being escaped and decoded again.
 
 #include <cstddef>
 #include <cstdint>

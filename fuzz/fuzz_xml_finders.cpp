@@ -1,4 +1,4 @@
-// Finding elements: the first line of the input is the tag, the rest the document.
+// Searches for XML elements: the first line of the input is the tag, the rest the document.
 
 #include <cstddef>
 #include <cstdint>
@@ -16,11 +16,11 @@ struct Visit {
     std::uint32_t count = 0;
 };
 
-// The walk and the search by number see the same elements.
+// The walk and the search by number find the same elements.
 void visit(TovStringRef item, void* context)
 {
     auto* visit = static_cast<Visit*>(context);
-    if (++visit->count > 16) return;  // searching by number begins anew each time
+    if (++visit->count > 16) return;  // each search by number starts from the beginning
     const StringHolder found(
         TovStringSimpleXMLParserFindNthData(visit->document, visit->tag, visit->count));
     if (!equalUnits(item, found.get())) __builtin_trap();

@@ -27,7 +27,7 @@ void writeJpegs(const std::filesystem::path& folder)
     write(folder, "progressive",
           test::jpegOfQuarters(40, 24, {.kind = test::JpegKind::progressive}));
     write(folder, "gray", test::jpegOfQuarters(40, 24, {.kind = test::JpegKind::gray}));
-    write(folder, "inks", test::jpegOfQuarters(40, 24, {.kind = test::JpegKind::cmykOfAdobe}));
+    write(folder, "cmyk", test::jpegOfQuarters(40, 24, {.kind = test::JpegKind::cmykOfAdobe}));
     write(folder, "thumbnail",
           test::jpegOfQuarters(60, 40, {.exif = test::exifWithThumbnail(6, thumbnail)}));
     write(folder, "tiff", test::exifWithThumbnail(8, thumbnail));
@@ -40,7 +40,7 @@ void writeRequests(const std::filesystem::path& folder)
     write(folder, "thumbnail", encodeRequest({ReaderTask::cachedThumbnail, 3, 1, {1, 2048}}));
 }
 
-void writeAnswers(const std::filesystem::path& folder)
+void writeReplies(const std::filesystem::path& folder)
 {
     PictureProperties properties;
     properties.hasGps = properties.hasIptc = true;
@@ -50,7 +50,8 @@ void writeAnswers(const std::filesystem::path& folder)
     properties.city = u"Rome";
     PreviewAnswer preview;
     preview.image = {2, 1, {0xff102030, 0x80402000}};
-    write(folder, "head", encodeAnswerHead({ReaderTask::properties, ReaderOutcome::found, 1, 40}));
+    write(folder, "header",
+          encodeAnswerHead({ReaderTask::properties, ReaderOutcome::found, 1, 40}));
     write(folder, "properties", encodeProperties(properties));
     write(folder, "preview", encodePreview(preview));
     preview.uri = "file:///a.jpg";
@@ -68,6 +69,6 @@ int main(int argc, char** argv)
     const std::filesystem::path folder = argv[1];
     writeJpegs(folder / "fuzz_jpeg_preview");
     writeRequests(folder / "fuzz_reader_request");
-    writeAnswers(folder / "fuzz_reader_answer");
+    writeReplies(folder / "fuzz_reader_reply");
     return 0;
 }

@@ -1,4 +1,4 @@
-// Runs a fuzzer over files, where no fuzzing compiler is at hand: fuzz_X FILE_OR_FOLDER...
+// Runs a fuzzer over files, for compilers without a fuzzer: fuzz_X FILE_OR_FOLDER...
 
 #include <algorithm>
 #include <cstddef>
@@ -18,7 +18,7 @@ bool replay(const std::filesystem::path& path)
     std::ifstream file(path, std::ios::binary);
     if (!file) return false;
     const std::vector<char> content(std::istreambuf_iterator<char>(file), {});
-    // A block of exactly the right size, so that a sanitizer sees a read behind its end.
+    // A block of exactly the right size, so that a sanitizer notices a read past its end.
     const auto block = std::make_unique<std::uint8_t[]>(content.size());
     std::copy(content.begin(), content.end(), block.get());
     LLVMFuzzerTestOneInput(block.get(), content.size());

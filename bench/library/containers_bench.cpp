@@ -1,5 +1,5 @@
-// The dynamic array beside std::vector. The items are the same bytes, and the work gives the same
-// answers.
+// The dynamic array beside std::vector. The items are the same bytes, and the work has the same
+// results.
 
 #include "bench/library/containers_bench.h"
 #include "lib/containers/dyn_array.h"
@@ -85,7 +85,7 @@ void appendVector(benchmark::State& state, std::uint32_t count)
     setItems(state, count);
 }
 
-// What growing by a fixed number of items costs any container.
+// The cost of growing by a fixed number of items, for any container.
 void appendVectorBy40(benchmark::State& state, std::uint32_t count)
 {
     for (auto _ : state) {
@@ -145,7 +145,7 @@ void searchSortedVector(benchmark::State& state, std::uint32_t count)
     const std::vector<std::uint32_t> ids = randomIDs(count);
     for (auto _ : state) {
         for (const std::uint32_t id : ids) {
-            // Newer versions of the benchmark library want nothing const to be kept.
+            // Newer versions of the benchmark library do not accept const objects.
             auto place =
                 std::lower_bound(both.items.begin(), both.items.end(), id,
                                  [](const Item& item, std::uint32_t key) { return item.id < key; });

@@ -1,5 +1,4 @@
-// What the benches of both containers share: the sizes, the IDs to look for, and how a bench gets
-// its name.
+// What the benchmarks of both containers share: sizes, the IDs to search for, and names.
 
 #pragma once
 
@@ -14,9 +13,9 @@ namespace bench {
 constexpr std::uint32_t kSeed = 6;
 constexpr std::uint32_t kItems = 100'000;
 constexpr std::uint32_t kFewItems = 1000;
-constexpr std::uint32_t kLookups = 50'000;  // per round; too many for a processor to learn
+constexpr std::uint32_t kLookups = 50'000;  // per round; too many for a branch predictor to learn
 
-// IDs to look for: half of them there, half missing.
+// IDs to search for: half of them exist.
 inline std::vector<std::uint32_t> randomIDs(std::uint32_t count)
 {
     std::mt19937 random(kSeed);
@@ -30,7 +29,7 @@ inline void setItems(benchmark::State& state, std::int64_t perRound)
     state.SetItemsProcessed(state.iterations() * perRound);
 }
 
-// Peers in one group do the same work: "group/who".
+// The contenders of a group do the same work: "group/contender".
 template <typename... Arguments>
 void add(const char* name, Arguments... arguments)
 {

@@ -1,5 +1,5 @@
-// The variable-item array beside what a C++ program would hold such items in. A peer that keeps
-// less (no order, no contiguous bytes) says so in its name.
+// The variable-item array beside the containers that a C++ program would use. The name of an
+// alternative says what it lacks (order, contiguous bytes).
 
 #include "bench/library/containers_bench.h"
 #include "lib/containers/flex_dyn_array.h"
@@ -28,7 +28,7 @@ using bench::randomIDs;
 using bench::setItems;
 
 namespace {
-// A variable item as a C++ program would hold it.
+// A variable item as a C++ program would store it.
 struct Record {
     std::uint32_t id;
     std::uint32_t type;
@@ -76,7 +76,7 @@ void appendFlex(benchmark::State& state)
 {
     const std::vector<Record> records = recordsOf(kItems / 2);
     for (auto _ : state) {
-        FlexHolder holder(records);  // newer versions of the benchmark library want nothing const
+        FlexHolder holder(records);  // newer versions of the benchmark library do not accept const
         benchmark::DoNotOptimize(holder.flex.data);
     }
     setItems(state, kItems);

@@ -1,6 +1,6 @@
 // The string family beside what a C++ program would use instead: icu::UnicodeString and QString for
 // texts, the standard library for reading numbers. Every group does the same work on the same data;
-// what a peer leaves out is said in its name.
+// the name of an alternative says what it omits.
 
 #include "lib/strings/string_holder.h"
 #include "lib/strings/tov_bytes.h"
@@ -25,7 +25,7 @@ using namespace pinorama;
 namespace {
 using icu::UnicodeString;
 
-// A page of text as a picture's description may hold it.
+// A page of text, as long as a picture's description may be.
 std::string pageOf(std::string_view sentence)
 {
     std::string page;
@@ -125,7 +125,7 @@ void compareUnitsICU(benchmark::State& state)
 }
 BENCHMARK(compareUnitsICU)->Name("compare/icu::UnicodeString, units only");
 
-// A word that stands at the end of a page only.
+// A word that occurs only at the end of a page.
 void searchTov(benchmark::State& state, const std::string& page, std::uint8_t caseFlag)
 {
     const StringHolder text = tov(page + "the end"), word = tov("the end");
@@ -313,7 +313,7 @@ BENCHMARK_CAPTURE(toUTF8Qt, mixed, kMixedPage)->Name("to UTF-8 beyond ASCII/QStr
 
 void readDoubleQt(benchmark::State& state)
 {
-    // toDouble takes nothing behind the number.
+    // toDouble accepts nothing after the number.
     const QString text = qt(kDouble.substr(0, kDouble.find(' ')));
     for (auto _ : state) benchmark::DoNotOptimize(text.toDouble());
 }

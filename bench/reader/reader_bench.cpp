@@ -1,11 +1,11 @@
-// What it costs to have the metadata of pictures read by a locked-in process instead of reading it
-// here: one by one, as the window does, and in batches. Prints a table in Markdown.
+// Measures the cost of reading the metadata of pictures in a sandboxed process instead of in this
+// one: one by one, as the window does, and in batches. Prints a table in Markdown.
 //
 // usage: reader_bench [--brief] [FILE...]
 //
 // Without files it takes those of the collection (PINORAMA_PICTURE_COLLECTION), and without a
-// collection a picture that it makes itself. Times are those that somebody waits, with the files in
-// memory; the median over all reads.
+// collection a picture that it makes itself. Times are medians of the elapsed time over
+// all reads, with the files in memory.
 
 #include "base/resource_folder.h"
 #include "pictures/picture_file.h"
@@ -32,7 +32,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using Files = std::vector<std::unique_ptr<PictureFile>>;
 
-constexpr std::size_t kMostFiles = 200;
+constexpr std::size_t kMaxFiles = 200;
 
 double microsecondsOf(const std::function<void()>& work)
 {
@@ -50,7 +50,7 @@ double median(std::vector<double> values)
 using Read = std::function<void(int)>;
 
 // The median time of one read over all files and rounds, for each of several ways to read. They
-// take turns at each file, so that what else runs on the machine meets all of them.
+// take turns at each file, so that other load on the machine affects all of them.
 std::vector<double> mediansOfEach(const Files& files, int rounds, const std::vector<Read>& ways)
 {
     std::vector<std::vector<double>> times(ways.size());
@@ -66,7 +66,7 @@ std::vector<double> mediansOfEach(const Files& files, int rounds, const std::vec
     return medians;
 }
 
-// The median over the rounds of the time that all files take together, for one of them.
+// The time per file if all files are read together; the median over the rounds.
 double medianOfAll(const Files& files, int rounds,
                    const std::function<void(const std::vector<int>&)>& read)
 {
@@ -117,7 +117,7 @@ int main(int argc, char** argv)
     Files files;
     for (const std::string& path : pathsOf(argc, argv, folder)) {
         auto file = std::make_unique<PictureFile>(path);
-        if (file->isOpen() && files.size() < kMostFiles) files.push_back(std::move(file));
+        if (file->isOpen() && files.size() < kMaxFiles) files.push_back(std::move(file));
     }
     if (files.empty()) {
         std::fputs("reader_bench: no file to read\n", stderr);

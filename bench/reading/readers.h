@@ -1,4 +1,4 @@
-// The ways to read where a picture was taken that are measured against each other.
+// The compared ways to read where a picture was taken.
 
 #pragma once
 
@@ -16,14 +16,14 @@ struct Reader {
     bool readsRaw;  // knows more than JPEG
 };
 
-// Opening a file, asking for its size, reading its first 64 KiB, closing it: what any reader has to
-// do at least. The others are measured in multiples of this.
+// The least that any reader must do: open a file, get its size, read its first 64 KiB, close it.
+// The others are measured in multiples of this.
 void readFloor(const std::string& path);
 
-// The floor, the project's reader, and the other libraries that were there when this was built.
+// The floor, our reader, and the other libraries that were installed for the build.
 std::vector<Reader> readers();
 
-// The names of libraries that were not there.
+// The names of libraries that were not installed.
 std::vector<std::string> missingReaders();
 
 }  // namespace bench

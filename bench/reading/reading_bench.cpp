@@ -1,5 +1,5 @@
-// How long it takes to read where a picture was taken, for the project's reader and for others, in
-// multiples of what reading the bytes costs. Prints a table in Markdown.
+// Measures how long our reader and others take to read where a picture was taken, in multiples of
+// the time to read the bytes. Prints a table in Markdown.
 //
 // usage: reading_bench [--brief] [small|large|raw FILE...]...
 //
@@ -32,7 +32,7 @@ using namespace pinorama;
 namespace {
 constexpr std::uint64_t kSmall = 100'000;       // bytes; a small JPEG picture is no larger
 constexpr std::uint64_t kLarge = 1'000'000;     // a large one no smaller
-constexpr std::size_t kMostFiles = 24;          // of each kind
+constexpr std::size_t kMaxFiles = 24;           // of each kind
 constexpr std::size_t kFilesForExiftool = 200;  // so that its start does not count much
 
 const char* const kKinds[] = {"small", "large", "raw"};
@@ -68,7 +68,7 @@ double timeOf(const bench::Reader& reader, const std::string& path, int repeats)
 }
 
 // Seconds per read of one file for each reader. The readers take turns, so that a change of the
-// processor's clock meets all of them.
+// processor's clock rate affects all of them.
 std::vector<double> timesOf(const std::vector<bench::Reader>& readers, const std::string& path,
                             bool isBrief)
 {
@@ -92,7 +92,7 @@ std::vector<double> timesOf(const std::vector<bench::Reader>& readers, const std
 }
 
 // Seconds of processor time per file of one run of exiftool over the files, again and again.
-// Nothing when it is not installed.
+// Nothing if it is not installed.
 std::optional<double> timeOfExiftool(const std::vector<std::string>& files, bool isBrief)
 {
     std::vector<std::string> arguments = {"exiftool", "-fast2", "-q", "-gps:all"};
@@ -140,10 +140,10 @@ Files filesOfCollection(const std::string& folder)
             }
         }
     }
-    // An even choice from all makers.
+    // An even selection from all makers.
     for (auto& [kind, paths] : files) {
         std::sort(paths.begin(), paths.end());
-        const std::size_t step = (paths.size() + kMostFiles - 1) / kMostFiles;
+        const std::size_t step = (paths.size() + kMaxFiles - 1) / kMaxFiles;
         std::vector<std::string> chosen;
         for (std::size_t index = 0; index < paths.size(); index += step) {
             chosen.push_back(paths[index]);

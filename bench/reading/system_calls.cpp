@@ -7,8 +7,8 @@
 #include <unistd.h>
 
 namespace {
-// Runs on from stop to stop and counts them until the child stops itself again; every system call
-// makes two stops, one in front of it and one behind it.
+// Continues from stop to stop and counts them until the child stops itself again. Every system call
+// causes two stops, one before it and one after it.
 std::optional<int> countStops(pid_t child)
 {
     int status = 0;
@@ -27,7 +27,7 @@ std::optional<int> watch(pid_t child)
     if (ptrace(PTRACE_SETOPTIONS, child, nullptr, PTRACE_O_TRACESYSGOOD | PTRACE_O_EXITKILL) != 0) {
         return std::nullopt;
     }
-    // The child first does nothing: its own stopping costs some calls too.
+    // First without any work, because stopping itself takes some calls as well.
     const std::optional<int> nothing = countStops(child);
     const std::optional<int> work = countStops(child);
     if (!nothing || !work) return std::nullopt;
@@ -39,7 +39,7 @@ std::optional<int> bench::countSystemCalls(const std::function<void()>& work)
 {
     const pid_t child = fork();
     if (child == 0) {
-        work();  // what is done only once is not counted
+        work();  // one-time work is not counted
         if (ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0) _exit(1);
         raise(SIGSTOP);
         raise(SIGSTOP);

@@ -1,4 +1,4 @@
-// How often a function asks the system for something.
+// Counts the system calls of a function.
 
 #pragma once
 
@@ -8,7 +8,7 @@
 namespace bench {
 
 // Runs `work` twice in a child process, watches the second run, and returns the number of its
-// system calls. Nothing where processes may not be watched.
+// system calls. Nothing where processes may not be traced.
 std::optional<int> countSystemCalls(const std::function<void()>& work);
 
 }  // namespace bench

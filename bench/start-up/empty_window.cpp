@@ -1,4 +1,4 @@
-// The floor of a program with a window: an empty one of the same toolkit.
+// The floor of a program with a window: an empty window of the same toolkit.
 
 #include <QApplication>
 #include <QWidget>

@@ -1,4 +1,4 @@
-// The floor of a window that shows a text: looking for a font is the larger part of it.
+// The floor of a window with a text: most of the time goes into finding a font.
 
 #include <QApplication>
 #include <QLabel>

@@ -20,7 +20,7 @@ constexpr int kLargeWidth = 6000;
 constexpr int kLargeHeight = 4000;
 constexpr int kThumbnailWidth = 160;
 constexpr int kThumbnailHeight = 107;
-constexpr int kMostNoise = 24;
+constexpr int kNoiseLevels = 24;
 constexpr std::uint32_t kSeed = 12345;
 
 std::string encode(int width, int height)
@@ -29,7 +29,7 @@ std::string encode(int width, int height)
     const auto fillRow = [&](int y, std::span<std::uint8_t> row) {
         for (std::size_t i = 0; i < row.size(); i++) {
             random = random * 1664525u + 1013904223u;
-            const int noise = static_cast<int>(random >> 16) % kMostNoise;
+            const int noise = static_cast<int>(random >> 16) % kNoiseLevels;
             const int slope = static_cast<int>(i / 3) * 100 / width + y * 100 / height;
             row[i] = static_cast<std::uint8_t>(slope + noise);
         }

@@ -1,11 +1,11 @@
-// How long it takes from a path to the window that shows it, preview included, beside what
+// Measures the time from a path to the painted window, preview included, beside the time that
 // libjpeg-turbo alone needs for the preview's pixels. Prints a table in Markdown.
 //
 // usage: window_bench [FILE...]
 //
 // Without files it takes the JPEG pictures and raw files of the collection
-// (PINORAMA_PICTURE_COLLECTION). The files are in memory. Times are those of a clock on the wall,
-// so that everything that runs beside it counts as well.
+// (PINORAMA_PICTURE_COLLECTION). The files are in memory. Times are wall-clock times,
+// so other load on the machine counts as well.
 
 #include "app/app_controller.h"
 #include "app/main_window.h"
@@ -38,7 +38,7 @@ constexpr unsigned kSide = 128;              // pixels of a preview
 constexpr int kLooks = 40;                   // at a picture of our own
 constexpr std::uint64_t kLarge = 1'000'000;  // pixels
 
-// Tells when a field has painted what it shows.
+// Notices when a field has been painted.
 class PaintWatch : public QObject {
 public:
     explicit PaintWatch(PictureField* field) : field_(field) { field->installEventFilter(this); }
@@ -56,7 +56,7 @@ private:
     bool hasPainted_ = false;
 };
 
-// Milliseconds until the window shows everything about a file; nothing when it never does.
+// Milliseconds until the window shows everything about a file; nothing if it never does.
 std::optional<double> look(AppController& controller, PaintWatch& watch, const std::string& path)
 {
     const StringHolder text(createPathText(path));
@@ -70,7 +70,7 @@ std::optional<double> look(AppController& controller, PaintWatch& watch, const s
     return static_cast<double>(timer.nsecsElapsed()) * 1e-6;
 }
 
-// Lets a decoded preview get into the cache, and the window come to rest.
+// Waits until a decoded preview is in the cache and the window is idle.
 void rest(int milliseconds)
 {
     QElapsedTimer timer;
@@ -100,7 +100,7 @@ void printRow(const char* name, const std::vector<double>& times, const std::vec
     }
 }
 
-// What libjpeg-turbo alone needs. No pixels when the file is no JPEG.
+// The time of libjpeg-turbo alone. No pixels if the file is not a JPEG stream.
 struct Floor {
     std::uint64_t pixels;
     double milliseconds;
@@ -134,7 +134,7 @@ std::vector<std::string> filesOfCollection()
     return files;
 }
 
-// One of our own pictures, looked at again and again; another one in between.
+// Selects one of our own pictures again and again, with another one in between.
 void measureOwn(AppController& controller, PaintWatch& watch, const test::TemporaryFolder& home,
                 const char* name, const std::string& path, const std::string& other, bool isCached,
                 bool decodes)
@@ -162,7 +162,7 @@ void measureFiles(AppController& controller, PaintWatch& watch,
     std::vector<double> ready;
     Decoded large;
     Decoded small;
-    Decoded others;  // no JPEG: nothing to compare with
+    Decoded others;  // not JPEG: nothing to compare with
     std::vector<double> second;
     std::size_t without = 0;
     for (const std::string& path : files) {

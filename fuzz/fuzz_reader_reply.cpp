@@ -1,4 +1,5 @@
-// An answer as the window takes it apart: a head, and the rest as the body of every kind.
+// Decodes replies of the reader as the window does: the header, and the rest as a body of each
+// kind.
 
 #include "reader/reader_protocol.h"
 
@@ -11,11 +12,11 @@ namespace {
 
 constexpr PixelSize kBox = {64, 64};
 
-void readHead(ByteView bytes, ReaderTask task)
+void readHeader(ByteView bytes, ReaderTask task)
 {
-    const std::size_t longest = longestBody(task, kBox);
-    const auto head = decodeAnswerHead(bytes, task, 1, longest);
-    if (head && head->bodyLength > longest) __builtin_trap();
+    const std::size_t maxLength = longestBody(task, kBox);
+    const auto header = decodeAnswerHead(bytes, task, 1, maxLength);
+    if (header && header->bodyLength > maxLength) __builtin_trap();
 }
 
 void readProperties(ByteView body)
@@ -42,10 +43,10 @@ void readPreview(ByteView body, PreviewKind kind)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const ByteView bytes(data, size);
-    const ByteView head = bytes.first(std::min(size, kAnswerHeadSize));
+    const ByteView header = bytes.first(std::min(size, kAnswerHeadSize));
     for (const ReaderTask task : {ReaderTask::hello, ReaderTask::properties,
                                   ReaderTask::picturePreview, ReaderTask::cachedThumbnail}) {
-        readHead(head, task);
+        readHeader(header, task);
     }
     readProperties(bytes);
     readPreview(bytes, PreviewKind::picture);
