@@ -57,8 +57,8 @@ std::int16_t memGetItemByUnsortedID(const DynArray* array, std::uint32_t id, voi
 {
     if (array->itemCount == 0) return kErrNothingUsable;
 
-    for (std::uint32_t i = 0; i < array->itemCount; ++i) {
-        std::uint8_t* const item = array->data + std::size_t{i} * array->itemSize;
+    std::uint8_t* item = array->data;
+    for (std::uint32_t i = 0; i < array->itemCount; ++i, item += array->itemSize) {
         if (idOf<std::uint32_t>(item) != id) continue;
         *outPtr = item;
         return 0;
