@@ -57,8 +57,9 @@ std::int16_t memGetItemByUnsortedID(const DynArray* array, std::uint32_t id, voi
 {
     if (array->itemCount == 0) return kErrNothingUsable;
 
+    const std::size_t itemSize = array->itemSize;
     std::uint8_t* item = array->data;
-    for (std::uint32_t i = 0; i < array->itemCount; ++i, item += array->itemSize) {
+    for (std::uint32_t left = array->itemCount; left > 0; --left, item += itemSize) {
         if (idOf<std::uint32_t>(item) != id) continue;
         *outPtr = item;
         return 0;
