@@ -14,8 +14,8 @@ constexpr PixelSize kBox = {64, 64};
 
 void readHeader(ByteView bytes, ReaderTask task)
 {
-    const std::size_t maxLength = longestBody(task, kBox);
-    const auto header = decodeAnswerHead(bytes, task, 1, maxLength);
+    const std::size_t maxLength = maxBodyLength(task, kBox);
+    const auto header = decodeReplyHeader(bytes, task, 1, maxLength);
     if (header && header->bodyLength > maxLength) __builtin_trap();
 }
 
@@ -43,7 +43,7 @@ void readPreview(ByteView body, PreviewKind kind)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const ByteView bytes(data, size);
-    const ByteView header = bytes.first(std::min(size, kAnswerHeadSize));
+    const ByteView header = bytes.first(std::min(size, kReplyHeaderSize));
     for (const ReaderTask task : {ReaderTask::hello, ReaderTask::properties,
                                   ReaderTask::picturePreview, ReaderTask::cachedThumbnail}) {
         readHeader(header, task);

@@ -48,10 +48,10 @@ void writeReplies(const std::filesystem::path& folder)
     properties.altitudeReference = 1;
     properties.latitudeReference = u"N";
     properties.city = u"Rome";
-    PreviewAnswer preview;
+    PreviewReply preview;
     preview.image = {2, 1, {0xff102030, 0x80402000}};
     write(folder, "header",
-          encodeAnswerHead({ReaderTask::properties, ReaderOutcome::found, 1, 40}));
+          encodeReplyHeader({ReaderTask::properties, ReplyOutcome::found, 1, 40}));
     write(folder, "properties", encodeProperties(properties));
     write(folder, "preview", encodePreview(preview));
     preview.uri = "file:///a.jpg";

@@ -25,8 +25,8 @@ std::optional<QPixmap> previewOf(const std::string& path, QSizeF ofSize, qreal r
         const PreviewResult result = reader.waitForPreview(kLongestWait);
         if (result.outcome == ReadOutcome::noReader) break;
         if (result.outcome != ReadOutcome::found) continue;
-        if (const std::optional<QImage> image = plan.imageOf(result.answer)) {
-            plan.store(result.answer);
+        if (const std::optional<QImage> image = plan.imageOf(result.reply)) {
+            plan.store(result.reply);
             return cuPictureOfPreview(*image, ofSize, ratio, asIcon);
         }
     }

@@ -22,7 +22,7 @@ ReaderClient& cuPictureReader();
 // and comes later, through LateProperties. Called once while a program with a window starts.
 void cuReadPicturesElsewhere();
 
-// Lets the reader's answers in while the event loop runs.
+// Lets the reader's replies in while the event loop runs.
 class ReaderEvents : public QObject {
     Q_OBJECT
 

@@ -23,7 +23,7 @@ struct PreviewLoader::Request {
 // A preview that took its time, until it is in the desktop's cache.
 struct PreviewLoader::Unstored {
     PreviewPlan plan;
-    PreviewAnswer answer;
+    PreviewReply reply;
 };
 
 PreviewLoader::PreviewLoader(QObject* parent) : QObject(parent)
@@ -38,7 +38,7 @@ PreviewLoader::PreviewLoader(QObject* parent) : QObject(parent)
     });
     storeTimer_.setSingleShot(true);
     connect(&storeTimer_, &QTimer::timeout, this, &PreviewLoader::store);
-    connect(ReaderEvents::instance(), &ReaderEvents::advanced, this, &PreviewLoader::takeAnswer);
+    connect(ReaderEvents::instance(), &ReaderEvents::advanced, this, &PreviewLoader::takeReply);
 }
 
 PreviewLoader::~PreviewLoader()
@@ -85,7 +85,7 @@ void PreviewLoader::startStep()
         cuPictureReader().startPreview(plan.file().descriptor(), plan.kind(), plan.box());
 }
 
-void PreviewLoader::takeAnswer()
+void PreviewLoader::takeReply()
 {
     ReaderClient& reader = cuPictureReader();
     if (!request_ || request_->ticket == 0) return;
@@ -102,8 +102,8 @@ void PreviewLoader::takeAnswer()
         return;
     }
     if (result->outcome == ReadOutcome::found) {
-        if (const std::optional<QImage> image = request_->plan.imageOf(result->answer)) {
-            keepForStoring(result->answer);
+        if (const std::optional<QImage> image = request_->plan.imageOf(result->reply)) {
+            keepForStoring(result->reply);
             finish(cuPictureOfPreview(*image, request_->size, request_->ratio, 0));
             return;
         }
@@ -122,18 +122,18 @@ void PreviewLoader::takeAnswer()
 }
 
 // Packing a thumbnail takes longer than showing the preview, so that it is shown first.
-void PreviewLoader::keepForStoring(PreviewAnswer& answer)
+void PreviewLoader::keepForStoring(PreviewReply& reply)
 {
-    if (!answer.wasDecoded) return;
+    if (!reply.wasDecoded) return;
     store();
-    unstored_ = std::make_unique<Unstored>(Unstored{std::move(request_->plan), std::move(answer)});
+    unstored_ = std::make_unique<Unstored>(Unstored{std::move(request_->plan), std::move(reply)});
     storeTimer_.start(kStoreDelay);
 }
 
 void PreviewLoader::store()
 {
     const std::unique_ptr<Unstored> unstored = std::move(unstored_);
-    if (unstored) unstored->plan.store(unstored->answer);
+    if (unstored) unstored->plan.store(unstored->reply);
 }
 
 // Ends the request, with the icon when there is no preview. The receiver may make the next one.

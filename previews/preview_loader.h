@@ -16,7 +16,7 @@
 
 namespace pinorama {
 
-struct PreviewAnswer;
+struct PreviewReply;
 
 class PreviewLoader : public QObject {
     Q_OBJECT
@@ -63,8 +63,8 @@ private:
 
     void startStep();
     void stopReading();
-    void takeAnswer();
-    void keepForStoring(PreviewAnswer& answer);
+    void takeReply();
+    void keepForStoring(PreviewReply& reply);
     void store();
     void finish(const std::optional<QPixmap>& preview);
     void show(const Request& request, const std::optional<QPixmap>& preview);

@@ -78,21 +78,21 @@ bool PreviewPlan::next()
     return true;
 }
 
-std::optional<QImage> PreviewPlan::imageOf(const PreviewAnswer& answer) const
+std::optional<QImage> PreviewPlan::imageOf(const PreviewReply& reply) const
 {
-    if (kind_ == PreviewKind::cachedThumbnail && !label_.matches(answer.uri, answer.mtime)) {
+    if (kind_ == PreviewKind::cachedThumbnail && !label_.matches(reply.uri, reply.mtime)) {
         return std::nullopt;
     }
-    return copyOf(answer.image);
+    return copyOf(reply.image);
 }
 
-void PreviewPlan::store(const PreviewAnswer& answer) const
+void PreviewPlan::store(const PreviewReply& reply) const
 {
     const int side = box_.width;
-    const bool fillsTheBox = answer.image.width == side || answer.image.height == side;
-    if (!answer.wasDecoded || box_.height != side || !fillsTheBox) return;
+    const bool fillsTheBox = reply.image.width == side || reply.image.height == side;
+    if (!reply.wasDecoded || box_.height != side || !fillsTheBox) return;
     cuStoreThumbnail(path_, picture_->attributes().modified, picture_->size(), side,
-                     imageOn(answer.image));
+                     imageOn(reply.image));
 }
 
 QPixmap cuPictureOfPreview(const QImage& preview, QSizeF size, qreal ratio, std::uint8_t asIcon)

@@ -15,7 +15,7 @@
 
 #include "pictures/picture_file.h"
 #include "previews/thumbnail_cache.h"
-#include "reader/preview_answer.h"
+#include "reader/preview_reply.h"
 
 namespace pinorama {
 
@@ -40,14 +40,14 @@ public:
     const PictureFile& file() const { return *file_; }
     PixelSize box() const { return box_; }
 
-    // The preview, when `answer` to the current step gives one: a thumbnail of another file, or
+    // The preview, when `reply` to the current step gives one: a thumbnail of another file, or
     // from before the file was changed last, gives none. When memory runs out it is null, which is
     // not the same: then there is nothing to show.
-    std::optional<QImage> imageOf(const PreviewAnswer& answer) const;
+    std::optional<QImage> imageOf(const PreviewReply& reply) const;
 
-    // Keeps the preview in the desktop's cache when `answer` took its time, so that it is there at
+    // Keeps the preview in the desktop's cache when `reply` took its time, so that it is there at
     // once the next time.
-    void store(const PreviewAnswer& answer) const;
+    void store(const PreviewReply& reply) const;
 
 private:
     std::string path_;

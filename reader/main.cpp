@@ -3,7 +3,7 @@
 
 #include "pictures/picture_properties.h"
 #include "reader/other_pictures.h"
-#include "reader/preview_answers.h"
+#include "reader/preview_replies.h"
 #include "reader/reader_limits.h"
 #include "reader/reader_process.h"
 #include "reader/reader_service.h"
@@ -36,7 +36,7 @@ int main()
     }
     loadPicturePlugins();
     if (!enterSandbox(readerRules(kReaderSocket))) return EXIT_FAILURE;
-    serveReader(kReaderSocket, {readPictureProperties, answerPreview});
+    serveReader(kReaderSocket, {readPictureProperties, previewReply});
     // Libraries would look for files while they clean up.
     _exit(EXIT_SUCCESS);
 }

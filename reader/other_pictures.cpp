@@ -46,7 +46,7 @@ void loadPicturePlugins()
     for (const char* format : kFormats) {
         QBuffer empty;
         empty.open(QIODevice::ReadOnly);
-        (void)QImageReader(&empty, format).canRead();  // the answer is no; asking loads the plug-in
+        (void)QImageReader(&empty, format).canRead();  // the reply is no; asking loads the plug-in
     }
 }
 

@@ -9,7 +9,7 @@ using namespace std::chrono_literals;
 
 constexpr int kMostDeaths = 2;          // a picture that two readers died of is given up
 constexpr int kMostFailedStarts = 2;    // then there is no reader
-constexpr int kDeathsBeforeAPause = 5;  // without a good answer in between
+constexpr int kDeathsBeforeAPause = 5;  // without a good reply in between
 constexpr auto kFirstPause = 100ms;     // doubled with every further death
 constexpr auto kLongestPause = 400ms;
 constexpr auto kWhenFull = 10ms;      // before another try to send
@@ -19,7 +19,7 @@ constexpr auto kWhenCrowded = 100ms;  // before another try to start
 ReaderClient::ReaderClient(ReaderLauncher launcher, ReaderLimits limits)
     : launcher_(std::move(launcher)),
       limits_(limits),
-      // Most answers fill a small part of it, and the rest is never touched.
+      // Most replies fill a small part of it, and the rest is never touched.
       chunk_(std::make_unique_for_overwrite<std::uint8_t[]>(kReadAtOnce))
 {
 }
@@ -117,7 +117,7 @@ void ReaderClient::startProcess()
     }
 }
 
-// Whoever looks through a disk that does not answer would leave a process there for each picture.
+// Whoever looks through a disk that does not reply would leave a process there for each picture.
 bool ReaderClient::hasRoomForProcess(Clock::time_point now)
 {
     if (lingeringReaders() < limits_.mostLingering) {
@@ -156,7 +156,7 @@ void ReaderClient::loseReader(Loss loss)
                                                                kLongestPause);
     }
     if (wasWorking && jobs_.front().hasCompany) {
-        // The answers to one request come together, so nobody knows which picture it was.
+        // The replies to one request come together, so nobody knows which picture it was.
         for (Job& job : jobs_) job.isAlone = job.isAlone || (job.isSent && job.hasCompany);
     } else if (wasWorking) {
         Job& job = jobs_.front();

@@ -1,5 +1,5 @@
 // Has pictures read by another process, and survives whatever becomes of it there: the reader is
-// killed when it is stuck or answers anything that cannot be an answer, and started again for the
+// killed when it is stuck or replies anything that cannot be a reply, and started again for the
 // next picture. A slow disk is not to blame for anything: its pictures are waited for, by whoever
 // has the time, or come through an event loop. Never waits longer than the limits say.
 
@@ -15,7 +15,7 @@
 #include <vector>
 
 #include "pictures/picture_properties.h"
-#include "reader/preview_answer.h"
+#include "reader/preview_reply.h"
 #include "reader/reader_process.h"
 #include "reader/reader_protocol.h"
 #include "reader/reader_watch.h"
@@ -59,7 +59,7 @@ struct PropertyResult {
 
 struct PreviewResult {
     ReadOutcome outcome = ReadOutcome::failed;
-    PreviewAnswer answer;  // as found
+    PreviewReply reply;  // as found
 };
 
 class ReaderClient {
@@ -161,7 +161,7 @@ private:
         bool isSent = false;
         bool hasCompany = false;  // was sent in a request for several pictures
         bool isAlone = false;     // is only sent in a request of its own
-        bool isGivenUp = false;   // nobody waits for the answer any more
+        bool isGivenUp = false;   // nobody waits for the reply any more
         int deaths = 0;           // readers that died while they had it
         int interruptions = 0;
     };
@@ -178,8 +178,8 @@ private:
     void becomeReady();
     void watchFront();
     bool receive();
-    bool takeAnswer();
-    bool finishFront(const ReaderAnswerHead& head, ByteView body);
+    bool takeReply();
+    bool finishFront(const ReplyHeader& header, ByteView body);
     void resendFrontLater();
     void finish(const Job& job, ReadOutcome outcome);
     void dropFront(ReadOutcome outcome);
@@ -201,12 +201,12 @@ private:
     Clock::time_point notBefore_{};     // of the next start
     Clock::time_point missingUntil_{};  // no reader is tried before
     Clock::time_point crowdedSince_ = Clock::time_point::max();  // while too many linger
-    int deathsInRow_ = 0;                                        // without an answer in between
+    int deathsInRow_ = 0;                                        // without a reply in between
     int failedStarts_ = 0;
     std::uint32_t nextNumber_ = 1;
     std::deque<Job> jobs_;                   // in the order in which they are answered
     std::unique_ptr<std::uint8_t[]> chunk_;  // what one read takes in
-    std::vector<std::uint8_t> input_;        // what has come of the next answers
+    std::vector<std::uint8_t> input_;        // what has come of the next replies
     std::size_t taken_ = 0;                  // bytes of `input_` that are done with
     std::uint32_t nextTicket_ = 1;
     std::uint32_t propertiesTicket_ = 0;

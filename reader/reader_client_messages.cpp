@@ -73,7 +73,7 @@ bool ReaderClient::receive()
         return false;
     }
     input_.insert(input_.end(), chunk_.get(), chunk_.get() + count);
-    while (takeAnswer()) {
+    while (takeReply()) {
     }
     if (taken_ != 0) {
         input_.erase(input_.begin(), input_.begin() + static_cast<std::ptrdiff_t>(taken_));
@@ -82,29 +82,29 @@ bool ReaderClient::receive()
     return count == static_cast<std::ptrdiff_t>(kReadAtOnce);
 }
 
-// Takes the next answer out of what has come. False when it is not complete, or none.
-bool ReaderClient::takeAnswer()
+// Takes the next reply out of what has come. False when it is not complete, or none.
+bool ReaderClient::takeReply()
 {
     const ByteView input = ByteView(input_).subspan(taken_);
-    if (input.size() < kAnswerHeadSize) return false;
-    const bool isAnswer = isReady_ && !jobs_.empty() && jobs_.front().isSent;
-    if (isReady_ && !isAnswer) {  // an answer that nobody asked for
+    if (input.size() < kReplyHeaderSize) return false;
+    const bool isReply = isReady_ && !jobs_.empty() && jobs_.front().isSent;
+    if (isReady_ && !isReply) {  // a reply that nobody asked for
         loseReader(Loss::died);
         return false;
     }
-    const ReaderTask task = isAnswer ? jobs_.front().task : ReaderTask::hello;
-    const std::uint32_t number = isAnswer ? jobs_.front().number : 0;
-    const std::size_t longest = isAnswer ? longestBody(task, jobs_.front().box) : 0;
-    const std::optional<ReaderAnswerHead> head =
-        decodeAnswerHead(input.first(kAnswerHeadSize), task, number, longest);
-    if (!head) {
+    const ReaderTask task = isReply ? jobs_.front().task : ReaderTask::hello;
+    const std::uint32_t number = isReply ? jobs_.front().number : 0;
+    const std::size_t longest = isReply ? maxBodyLength(task, jobs_.front().box) : 0;
+    const std::optional<ReplyHeader> header =
+        decodeReplyHeader(input.first(kReplyHeaderSize), task, number, longest);
+    if (!header) {
         loseReader(Loss::died);
         return false;
     }
-    const std::size_t length = kAnswerHeadSize + head->bodyLength;
+    const std::size_t length = kReplyHeaderSize + header->bodyLength;
     if (input.size() < length) return false;
-    if (isAnswer) {
-        if (!finishFront(*head, input.subspan(kAnswerHeadSize, head->bodyLength))) {
+    if (isReply) {
+        if (!finishFront(*header, input.subspan(kReplyHeaderSize, header->bodyLength))) {
             loseReader(Loss::died);
             return false;
         }
@@ -128,15 +128,15 @@ void ReaderClient::becomeReady()
 }
 
 // False when the body is not what was asked for.
-bool ReaderClient::finishFront(const ReaderAnswerHead& head, ByteView body)
+bool ReaderClient::finishFront(const ReplyHeader& header, ByteView body)
 {
     const Job& job = jobs_.front();
-    if (head.outcome == ReaderOutcome::interrupted) {
+    if (header.outcome == ReplyOutcome::interrupted) {
         if (job.interruptions >= kMostInterruptions) return false;
         resendFrontLater();
         return true;
     }
-    if (head.outcome == ReaderOutcome::found && job.task == ReaderTask::properties) {
+    if (header.outcome == ReplyOutcome::found && job.task == ReaderTask::properties) {
         std::optional<PictureProperties> properties = decodeProperties(body);
         if (!properties) return false;
         if (job.propertyResult != nullptr) {
@@ -144,13 +144,13 @@ bool ReaderClient::finishFront(const ReaderAnswerHead& head, ByteView body)
         } else if (!job.isGivenUp) {
             properties_ = PropertyResult{ReadOutcome::found, std::move(*properties)};
         }
-    } else if (head.outcome == ReaderOutcome::found) {
-        std::optional<PreviewAnswer> answer = decodePreview(body, kindOf(job.task), job.box);
-        if (!answer) return false;
-        if (!job.isGivenUp) preview_ = PreviewResult{ReadOutcome::found, std::move(*answer)};
+    } else if (header.outcome == ReplyOutcome::found) {
+        std::optional<PreviewReply> reply = decodePreview(body, kindOf(job.task), job.box);
+        if (!reply) return false;
+        if (!job.isGivenUp) preview_ = PreviewResult{ReadOutcome::found, std::move(*reply)};
     }
     deathsInRow_ = 0;
-    dropFront(head.outcome == ReaderOutcome::found ? ReadOutcome::found : ReadOutcome::nothing);
+    dropFront(header.outcome == ReplyOutcome::found ? ReadOutcome::found : ReadOutcome::nothing);
     return true;
 }
 

@@ -104,7 +104,7 @@ std::uint32_t ReaderClient::nextTicket()
     return ticket;
 }
 
-// What has not been sent is forgotten; the answer to what has been is passed over.
+// What has not been sent is forgotten; the reply to what has been is passed over.
 void ReaderClient::giveUp(bool (*isMeant)(const Job& job))
 {
     std::erase_if(jobs_, [isMeant](const Job& job) { return isMeant(job) && !job.isSent; });

@@ -20,7 +20,7 @@ namespace {
 constexpr const char* kProgramName = "pinorama-reader";
 
 // A killed process is gone at once, except one that sleeps in the kernel, on a network share that
-// does not answer for instance. That one is looked after again when the next one ends.
+// does not reply for instance. That one is looked after again when the next one ends.
 constexpr int kLongestWait = 50;  // milliseconds
 
 // Where libraries and sanitizers are told about, for programs that lie in unusual places.

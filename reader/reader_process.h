@@ -35,7 +35,7 @@ public:
     void dismiss() const;
 
     // Kills the process and waits until it is gone, 50 milliseconds at most. One that sleeps in the
-    // kernel, in a read that the disk does not answer, lingers until that ends.
+    // kernel, in a read that the disk does not reply, lingers until that ends.
     void end();
 
 private:

@@ -13,15 +13,15 @@
 namespace pinorama {
 namespace {
 
-constexpr std::uint32_t kRequestMark = 0x51526e50;  // "PnRQ"
-constexpr std::uint32_t kAnswerMark = 0x4e416e50;   // "PnAN"
+constexpr std::uint32_t kRequestMagic = 0x51526e50;  // "PnRQ"
+constexpr std::uint32_t kReplyMagic = 0x4e416e50;    // "PnAN"
 constexpr std::uint16_t kVersion = 1;
 
 constexpr std::size_t kNumberCount = 6;
 constexpr std::size_t kTextCount = 8;
-constexpr std::size_t kPropertyHead = 4;  // which values there are
+constexpr std::size_t kPropertyHeaderSize = 4;  // which values there are
 
-constexpr std::size_t kPreviewHead = 16;
+constexpr std::size_t kPreviewHeaderSize = 16;
 constexpr std::size_t kLongestURI = 3 * 4096 + 7;  // every byte of the longest path escaped
 constexpr std::size_t kLongestTime = 24;
 
@@ -138,7 +138,7 @@ std::string textOf(ByteView bytes)
 std::array<std::uint8_t, kRequestSize> encodeRequest(const ReaderRequest& request)
 {
     MessageWriter message;
-    message.put32(kRequestMark);
+    message.put32(kRequestMagic);
     message.put16(kVersion);
     message.put16(static_cast<std::uint16_t>(request.task));
     message.put32(request.number);
@@ -154,7 +154,7 @@ std::array<std::uint8_t, kRequestSize> encodeRequest(const ReaderRequest& reques
 std::optional<ReaderRequest> decodeRequest(ByteView bytes)
 {
     MessageReader message(bytes);
-    const bool isRequest = message.get32() == kRequestMark && message.get16() == kVersion;
+    const bool isRequest = message.get32() == kRequestMagic && message.get16() == kVersion;
     ReaderRequest request;
     request.task = static_cast<ReaderTask>(message.get16());
     request.number = message.get32();
@@ -168,52 +168,52 @@ std::optional<ReaderRequest> decodeRequest(ByteView bytes)
     return request;
 }
 
-std::array<std::uint8_t, kAnswerHeadSize> encodeAnswerHead(const ReaderAnswerHead& head)
+std::array<std::uint8_t, kReplyHeaderSize> encodeReplyHeader(const ReplyHeader& header)
 {
     MessageWriter message;
-    message.put32(kAnswerMark);
+    message.put32(kReplyMagic);
     message.put16(kVersion);
-    message.put16(static_cast<std::uint16_t>(head.task));
-    message.put16(static_cast<std::uint16_t>(head.outcome));
+    message.put16(static_cast<std::uint16_t>(header.task));
+    message.put16(static_cast<std::uint16_t>(header.outcome));
     message.put16(0);
-    message.put32(head.number);
-    message.put32(head.bodyLength);
-    std::array<std::uint8_t, kAnswerHeadSize> bytes;
+    message.put32(header.number);
+    message.put32(header.bodyLength);
+    std::array<std::uint8_t, kReplyHeaderSize> bytes;
     std::copy(message.bytes().begin(), message.bytes().end(), bytes.begin());
     return bytes;
 }
 
-std::optional<ReaderAnswerHead> decodeAnswerHead(ByteView bytes, ReaderTask task,
-                                                 std::uint32_t number, std::size_t longestBody)
+std::optional<ReplyHeader> decodeReplyHeader(ByteView bytes, ReaderTask task, std::uint32_t number,
+                                             std::size_t maxBodyLength)
 {
     MessageReader message(bytes);
-    const bool isAnswer = message.get32() == kAnswerMark && message.get16() == kVersion;
-    ReaderAnswerHead head;
-    head.task = static_cast<ReaderTask>(message.get16());
-    head.outcome = static_cast<ReaderOutcome>(message.get16());
+    const bool isReply = message.get32() == kReplyMagic && message.get16() == kVersion;
+    ReplyHeader header;
+    header.task = static_cast<ReaderTask>(message.get16());
+    header.outcome = static_cast<ReplyOutcome>(message.get16());
     const bool isPadded = message.get16() == 0;
-    head.number = message.get32();
-    head.bodyLength = message.get32();
-    if (!isAnswer || !isPadded || !message.isComplete()) return std::nullopt;
-    if (head.task != task || head.number != number) return std::nullopt;
-    if (head.outcome == ReaderOutcome::found) {
-        if (head.bodyLength > longestBody) return std::nullopt;
-        return head;
+    header.number = message.get32();
+    header.bodyLength = message.get32();
+    if (!isReply || !isPadded || !message.isComplete()) return std::nullopt;
+    if (header.task != task || header.number != number) return std::nullopt;
+    if (header.outcome == ReplyOutcome::found) {
+        if (header.bodyLength > maxBodyLength) return std::nullopt;
+        return header;
     }
-    const bool isKnown = head.outcome == ReaderOutcome::nothing ||
-                         (head.outcome == ReaderOutcome::interrupted && isPreview(head.task));
-    if (!isKnown || head.bodyLength != 0) return std::nullopt;
-    return head;
+    const bool isKnown = header.outcome == ReplyOutcome::nothing ||
+                         (header.outcome == ReplyOutcome::interrupted && isPreview(header.task));
+    if (!isKnown || header.bodyLength != 0) return std::nullopt;
+    return header;
 }
 
-std::size_t longestBody(ReaderTask task, PixelSize box)
+std::size_t maxBodyLength(ReaderTask task, PixelSize box)
 {
     if (task == ReaderTask::properties) {
-        return kPropertyHead + 8 * kNumberCount + kTextCount * (4 + 2 * kLongestText);
+        return kPropertyHeaderSize + 8 * kNumberCount + kTextCount * (4 + 2 * kLongestText);
     }
     if (!isPreview(task)) return 0;
     const std::size_t pixels = static_cast<std::size_t>(box.width) * box.height;
-    return kPreviewHead + kLongestURI + kLongestTime + 4 * pixels;
+    return kPreviewHeaderSize + kLongestURI + kLongestTime + 4 * pixels;
 }
 
 std::vector<std::uint8_t> encodeProperties(const PictureProperties& properties)
@@ -256,30 +256,30 @@ std::optional<PictureProperties> decodeProperties(ByteView body)
     return properties;
 }
 
-std::vector<std::uint8_t> encodePreview(const PreviewAnswer& answer)
+std::vector<std::uint8_t> encodePreview(const PreviewReply& reply)
 {
-    const std::string_view uri = std::string_view(answer.uri).substr(0, kLongestURI);
-    const std::string_view mtime = std::string_view(answer.mtime).substr(0, kLongestTime);
+    const std::string_view uri = std::string_view(reply.uri).substr(0, kLongestURI);
+    const std::string_view mtime = std::string_view(reply.mtime).substr(0, kLongestTime);
     MessageWriter message;
-    message.bytes().reserve(kPreviewHead + uri.size() + mtime.size() +
-                            4 * answer.image.pixels.size());
-    message.put32(static_cast<std::uint32_t>(answer.image.width));
-    message.put32(static_cast<std::uint32_t>(answer.image.height));
-    message.put16(answer.wasDecoded ? 1 : 0);
+    message.bytes().reserve(kPreviewHeaderSize + uri.size() + mtime.size() +
+                            4 * reply.image.pixels.size());
+    message.put32(static_cast<std::uint32_t>(reply.image.width));
+    message.put32(static_cast<std::uint32_t>(reply.image.height));
+    message.put16(reply.wasDecoded ? 1 : 0);
     message.put16(static_cast<std::uint16_t>(mtime.size()));
     message.put32(static_cast<std::uint32_t>(uri.size()));
     message.putBytes(uri);
     message.putBytes(mtime);
     if constexpr (std::endian::native == std::endian::little) {
-        message.putBytes({reinterpret_cast<const char*>(answer.image.pixels.data()),
-                          4 * answer.image.pixels.size()});
+        message.putBytes({reinterpret_cast<const char*>(reply.image.pixels.data()),
+                          4 * reply.image.pixels.size()});
     } else {
-        for (const std::uint32_t pixel : answer.image.pixels) message.put32(pixel);
+        for (const std::uint32_t pixel : reply.image.pixels) message.put32(pixel);
     }
     return std::move(message.bytes());
 }
 
-std::optional<PreviewAnswer> decodePreview(ByteView body, PreviewKind kind, PixelSize box)
+std::optional<PreviewReply> decodePreview(ByteView body, PreviewKind kind, PixelSize box)
 {
     MessageReader message(body);
     const std::uint32_t width = message.get32();
@@ -295,19 +295,19 @@ std::optional<PreviewAnswer> decodePreview(ByteView body, PreviewKind kind, Pixe
     }
     if (kind == PreviewKind::picture && (uriLength != 0 || mtimeLength != 0)) return std::nullopt;
 
-    PreviewAnswer answer;
-    answer.wasDecoded = wasDecoded == 1;
-    answer.uri = textOf(message.getBytes(uriLength));
-    answer.mtime = textOf(message.getBytes(mtimeLength));
+    PreviewReply reply;
+    reply.wasDecoded = wasDecoded == 1;
+    reply.uri = textOf(message.getBytes(uriLength));
+    reply.mtime = textOf(message.getBytes(mtimeLength));
     const std::size_t pixelCount = std::size_t{width} * height;
     if (message.hasFailed() || message.bytesLeft() != 4 * pixelCount) return std::nullopt;
-    answer.image.width = static_cast<std::int32_t>(width);
-    answer.image.height = static_cast<std::int32_t>(height);
-    answer.image.pixels.reserve(pixelCount);
+    reply.image.width = static_cast<std::int32_t>(width);
+    reply.image.height = static_cast<std::int32_t>(height);
+    reply.image.pixels.reserve(pixelCount);
     for (std::size_t i = 0; i < pixelCount; i++) {
-        answer.image.pixels.push_back(mendedPixel(message.get32()));
+        reply.image.pixels.push_back(mendedPixel(message.get32()));
     }
-    return answer;
+    return reply;
 }
 
 }  // namespace pinorama

@@ -3,8 +3,8 @@
 // length is known before it is read and never larger than what was asked for can be.
 //
 // A request of kRequestSize bytes carries as many open descriptors as it counts. Each is answered,
-// in order, by a head of kAnswerHeadSize bytes and a body whose length the head tells. The layouts
-// are in docs/formats.md.
+// in order, by a header of kReplyHeaderSize bytes and a body whose length the header tells. The
+// layouts are in docs/formats.md.
 
 #pragma once
 
@@ -16,12 +16,12 @@
 
 #include "pictures/byte_source.h"
 #include "pictures/picture_properties.h"
-#include "reader/preview_answer.h"
+#include "reader/preview_reply.h"
 
 namespace pinorama {
 
 constexpr std::size_t kRequestSize = 20;
-constexpr std::size_t kAnswerHeadSize = 20;
+constexpr std::size_t kReplyHeaderSize = 20;
 constexpr std::size_t kMostDescriptors = 64;        // in one request
 constexpr std::int32_t kLargestPreviewSide = 2048;  // pixels
 constexpr std::size_t kLongestText = 65536;         // UTF-16 units of one property
@@ -35,37 +35,37 @@ enum class ReaderTask : std::uint16_t {
 
 struct ReaderRequest {
     ReaderTask task = ReaderTask::properties;
-    std::uint32_t number = 0;           // of the first descriptor's answer; the others count on
+    std::uint32_t number = 0;           // of the first descriptor's reply; the others count on
     std::uint16_t descriptorCount = 0;  // previews: 1
     PixelSize box;                      // previews: 1 to kLargestPreviewSide; properties: {0, 0}
 };
 
-enum class ReaderOutcome : std::uint16_t {
+enum class ReplyOutcome : std::uint16_t {
     found,        // the body holds what was asked for
     nothing,      // the file has no such thing
     interrupted,  // a preview was given up because there is another request
 };
 
-struct ReaderAnswerHead {
+struct ReplyHeader {
     ReaderTask task = ReaderTask::properties;
-    ReaderOutcome outcome = ReaderOutcome::nothing;
+    ReplyOutcome outcome = ReplyOutcome::nothing;
     std::uint32_t number = 0;
     std::uint32_t bodyLength = 0;  // bytes; 0 unless found
 };
 
 std::array<std::uint8_t, kRequestSize> encodeRequest(const ReaderRequest& request);
-std::array<std::uint8_t, kAnswerHeadSize> encodeAnswerHead(const ReaderAnswerHead& head);
+std::array<std::uint8_t, kReplyHeaderSize> encodeReplyHeader(const ReplyHeader& header);
 
 // Nothing for anything but kRequestSize bytes of a request as described above.
 std::optional<ReaderRequest> decodeRequest(ByteView bytes);
 
-// Nothing for anything but kAnswerHeadSize bytes of an answer to `task` with that number, whose
-// body is not longer than `longestBody`.
-std::optional<ReaderAnswerHead> decodeAnswerHead(ByteView bytes, ReaderTask task,
-                                                 std::uint32_t number, std::size_t longestBody);
+// Nothing for anything but kReplyHeaderSize bytes of a reply to `task` with that number, whose
+// body is not longer than `maxBodyLength`.
+std::optional<ReplyHeader> decodeReplyHeader(ByteView bytes, ReaderTask task, std::uint32_t number,
+                                             std::size_t maxBodyLength);
 
-// The longest body that an answer can have; for previews in a box of that size.
-std::size_t longestBody(ReaderTask task, PixelSize box);
+// The longest body that a reply can have; for previews in a box of that size.
+std::size_t maxBodyLength(ReaderTask task, PixelSize box);
 
 // Properties. Longer texts are cut when they are written; what is read has to be whole: finite
 // numbers, texts without zero units, values only of dictionaries that are there, nothing left over.
@@ -74,7 +74,7 @@ std::optional<PictureProperties> decodeProperties(ByteView body);
 
 // Previews. What is read fits into `box` and has as many pixels as its size says; a pixel whose
 // colours exceed its alpha is mended. Only cached thumbnails tell of a file.
-std::vector<std::uint8_t> encodePreview(const PreviewAnswer& answer);
-std::optional<PreviewAnswer> decodePreview(ByteView body, PreviewKind kind, PixelSize box);
+std::vector<std::uint8_t> encodePreview(const PreviewReply& reply);
+std::optional<PreviewReply> decodePreview(ByteView body, PreviewKind kind, PixelSize box);
 
 }  // namespace pinorama

@@ -28,15 +28,15 @@ std::uint64_t sizeOf(int descriptor)
 
 // Answers on their way. Those to one request go out together, so that the other side wakes up once;
 // but none waits longer than a moment for another one.
-class Answers {
+class Replies {
 public:
-    explicit Answers(int socket) : socket_(socket) {}
+    explicit Replies(int socket) : socket_(socket) {}
 
     // False when the other side is gone.
-    bool add(const ReaderAnswerHead& head, const std::vector<std::uint8_t>& body)
+    bool add(const ReplyHeader& header, const std::vector<std::uint8_t>& body)
     {
-        const auto headBytes = encodeAnswerHead(head);
-        bytes_.insert(bytes_.end(), headBytes.begin(), headBytes.end());
+        const auto headerBytes = encodeReplyHeader(header);
+        bytes_.insert(bytes_.end(), headerBytes.begin(), headerBytes.end());
         bytes_.insert(bytes_.end(), body.begin(), body.end());
         const bool isDue = bytes_.size() >= kMostBytesTogether ||
                            std::chrono::steady_clock::now() - lastSent_ >= kLongestWait;
@@ -59,7 +59,7 @@ private:
 
 // What a task came to.
 struct Result {
-    ReaderOutcome outcome = ReaderOutcome::nothing;
+    ReplyOutcome outcome = ReplyOutcome::nothing;
     std::vector<std::uint8_t> body;
 };
 
@@ -72,7 +72,7 @@ Result propertiesOf(int descriptor, const ReaderTasks& tasks, SourceHolder* sour
     source->emplace(descriptor, sizeOf(descriptor));
     const std::optional<PictureProperties> properties = tasks.readProperties(**source);
     if (!properties) return {};
-    return {ReaderOutcome::found, encodeProperties(*properties)};
+    return {ReplyOutcome::found, encodeProperties(*properties)};
 }
 
 Result previewOf(int socket, int descriptor, const ReaderRequest& request, const ReaderTasks& tasks)
@@ -83,10 +83,10 @@ Result previewOf(int socket, int descriptor, const ReaderRequest& request, const
     const PreviewKind kind = request.task == ReaderTask::cachedThumbnail
                                  ? PreviewKind::cachedThumbnail
                                  : PreviewKind::picture;
-    const std::optional<PreviewAnswer> preview = tasks.makePreview(source, kind, request.box);
-    if (source.wasStopped()) return {ReaderOutcome::interrupted, {}};
+    const std::optional<PreviewReply> preview = tasks.makePreview(source, kind, request.box);
+    if (source.wasStopped()) return {ReplyOutcome::interrupted, {}};
     if (!preview) return {};
-    return {ReaderOutcome::found, encodePreview(*preview)};
+    return {ReplyOutcome::found, encodePreview(*preview)};
 }
 
 Result resultOf(int socket, int descriptor, const ReaderRequest& request, const ReaderTasks& tasks,
@@ -107,22 +107,22 @@ bool serveOne(int socket, const ReaderTasks& tasks, SourceHolder* source)
     if (!request || descriptors.size() != request->descriptorCount) return false;
 
     std::uint32_t number = request->number;
-    Answers answers(socket);
+    Replies replies(socket);
     for (DescriptorHolder& descriptor : descriptors) {
         const Result result = resultOf(socket, descriptor.get(), *request, tasks, source);
         descriptor = DescriptorHolder();
-        const ReaderAnswerHead head = {request->task, result.outcome, number,
-                                       static_cast<std::uint32_t>(result.body.size())};
-        if (!answers.add(head, result.body)) return false;
+        const ReplyHeader header = {request->task, result.outcome, number,
+                                    static_cast<std::uint32_t>(result.body.size())};
+        if (!replies.add(header, result.body)) return false;
         number++;
     }
-    return answers.send();
+    return replies.send();
 }
 }  // namespace
 
 void serveReader(int socket, const ReaderTasks& tasks)
 {
-    if (!sendAll(socket, encodeAnswerHead({ReaderTask::hello, ReaderOutcome::found, 0, 0}))) {
+    if (!sendAll(socket, encodeReplyHeader({ReaderTask::hello, ReplyOutcome::found, 0, 0}))) {
         return;
     }
     const auto source = std::make_unique_for_overwrite<SourceHolder>();

@@ -1,4 +1,4 @@
-// The reader's side: waits for requests, reads the pictures, answers. Knows neither how it was
+// The reader's side: waits for requests, reads the pictures, replies. Knows neither how it was
 // started nor whether it is locked in.
 
 #pragma once
@@ -8,14 +8,14 @@
 
 #include "pictures/byte_source.h"
 #include "pictures/picture_properties.h"
-#include "reader/preview_answer.h"
+#include "reader/preview_reply.h"
 
 namespace pinorama {
 
 struct ReaderTasks {
     std::function<std::optional<PictureProperties>(ByteSource& source)> readProperties;
     // Empty in a reader that makes no previews.
-    std::function<std::optional<PreviewAnswer>(ByteSource& source, PreviewKind kind, PixelSize box)>
+    std::function<std::optional<PreviewReply>(ByteSource& source, PreviewKind kind, PixelSize box)>
         makePreview;
 };
 

@@ -12,9 +12,9 @@ namespace pinorama {
 namespace {
 constexpr std::size_t kControlSize = CMSG_SPACE(sizeof(int) * kMostDescriptors);
 
-// Room for descriptors in a message, aligned as its head wants it.
+// Room for descriptors in a message, aligned as its header wants it.
 union ControlBuffer {
-    cmsghdr head;
+    cmsghdr header;
     char bytes[kControlSize];
 };
 

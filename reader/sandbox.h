@@ -1,5 +1,5 @@
 // Locks a process in that works on bytes from strangers: whatever goes wrong in it afterwards, it
-// can compute, take memory up to a limit, read what it was handed open, and answer over one socket.
+// can compute, take memory up to a limit, read what it was handed open, and reply over one socket.
 
 #pragma once
 
@@ -8,7 +8,7 @@
 namespace pinorama {
 
 struct SandboxRules {
-    // The connected socket that answers are written to. Descriptors are received from it, and
+    // The connected socket that replies are written to. Descriptors are received from it, and
     // nothing else is ever written to.
     int socket;
     // Bytes of address space that may be in use, those of now included. Not limited in a build with
@@ -19,7 +19,7 @@ struct SandboxRules {
 };
 
 // The bytes of address space that this process uses, for rules that allow it some more; 0 when the
-// system does not tell. The system needs longer for this answer than for a picture's properties.
+// system does not tell. The system needs longer for this reply than for a picture's properties.
 std::uint64_t addressSpaceInUse();
 
 // Locks this process in, for good and with all its threads:

@@ -15,7 +15,7 @@ constexpr std::uint64_t kMemory = std::uint64_t{512} << 20;
 // Standard streams, the socket, and a request's files.
 constexpr std::uint32_t kDescriptors = 4 + kMostDescriptors;
 
-void servePropertiesLockedIn(int socket)
+void serveSandboxedProperties(int socket)
 {
     if (!enterSandbox({socket, kMemory, kDescriptors})) return;
     serveReader(socket, {readPictureProperties, {}});
@@ -24,7 +24,7 @@ void servePropertiesLockedIn(int socket)
 
 ReaderProcess forkPropertyReader()
 {
-    return forkReader(servePropertiesLockedIn);
+    return forkReader(serveSandboxedProperties);
 }
 
 PropertySource makeSandboxedPropertySource()

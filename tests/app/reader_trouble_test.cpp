@@ -83,7 +83,7 @@ TEST_F(readerTrouble, noFaultOfTheReaderHarmsTheWindow)
     EXPECT_FALSE(fs::exists(harm()));
 }
 
-TEST_F(readerTrouble, theSameFaultsDoHarmWhereNothingIsLockedIn)
+TEST_F(readerTrouble, theSameFaultsDoHarmWithoutTheSandbox)
 {
     useReader(script("unlocked", "exec '" + faultyReader() + "' --without-sandbox"));
     for (const char* fault : {"write-file ", "start-program "}) {

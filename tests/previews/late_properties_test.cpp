@@ -30,7 +30,7 @@ protected:
                              arrivals_.push_back({ticket, result});
                          });
         cuPictureReader().stop();
-        // The reader answers one question before anything is measured.
+        // The reader serves one request before anything is measured.
         (void)cuPictureReader().readProperties(first_.descriptor());
     }
     ~LateProperties() override

@@ -15,7 +15,7 @@ using test::kCorners;
 using test::kSize;
 using test::quartersOf;
 
-// Holds the reader up, so that no answer comes as long as this is there.
+// Holds the reader up, so that no reply comes as long as this is there.
 class HeldReader {
 public:
     HeldReader()
@@ -73,7 +73,7 @@ protected:
     std::vector<Arrival> arrivals_;
 };
 
-TEST_F(PreviewLoader, answersThroughTheEventLoop)
+TEST_F(PreviewLoader, deliversThroughTheEventLoop)
 {
     const std::string path = picture();
     request(path, 2);
@@ -112,7 +112,7 @@ TEST_F(PreviewLoader, storesAPreviewThatIsLeftEarly)
     EXPECT_TRUE(std::filesystem::exists(cachePath("normal", "file://" + path)));
 }
 
-TEST_F(PreviewLoader, answersTheLastRequestOnly)
+TEST_F(PreviewLoader, deliversTheLastRequestOnly)
 {
     const std::string last = picture("b.jpg");
     request(picture("a.jpg"));
@@ -131,7 +131,7 @@ TEST_F(PreviewLoader, cancelsARequest)
     EXPECT_TRUE(arrivals_.empty());
 }
 
-TEST_F(PreviewLoader, answersWithAnIconWithoutAPreview)
+TEST_F(PreviewLoader, deliversTheIconWithoutAPreview)
 {
     request(folder_.file("missing.jpg"), 1.5);
     wait();
@@ -139,7 +139,7 @@ TEST_F(PreviewLoader, answersWithAnIconWithoutAPreview)
     EXPECT_EQ(arrivals_[0].picture.size(), QSize(192, 192));
 }
 
-TEST_F(PreviewLoader, answersWithAnIconForAFileThatIsNoPicture)
+TEST_F(PreviewLoader, deliversTheIconOfAFileThatIsNoPicture)
 {
     request(folder_.write("text.jpg", "no picture"));
     wait();
@@ -157,7 +157,7 @@ TEST_F(PreviewLoader, passesOverAThumbnailOfAnotherFile)
     EXPECT_TRUE(test::areNear(quartersOf(arrivals_[0].picture), kCorners));
 }
 
-TEST_F(PreviewLoader, answersWithNullAndNoIconWhenMemoryRunsOutForAPreview)
+TEST_F(PreviewLoader, deliversNullAndNoIconWhenMemoryRunsOutForAPreview)
 {
     const std::string path = picture();
     request(path);
@@ -219,7 +219,7 @@ TEST_F(PreviewLoader, startsAgainWhenAnotherOneTookThePlaceAndCancels)
     EXPECT_EQ(arrivals_[0].path, path);
 }
 
-TEST_F(PreviewLoader, tellsThatThereIsNoReaderAndAnswersNothing)
+TEST_F(PreviewLoader, reportsAMissingReaderAndDeliversNothing)
 {
     std::vector<std::string> told;
     QObject::connect(&loader_, &pinorama::PreviewLoader::readerMissing,
@@ -258,7 +258,7 @@ TEST_F(PreviewLoader, comesHoweverLongTheDiskTakes)
     EXPECT_FALSE(loader_.isLoading());
 }
 
-TEST_F(PreviewLoader, tellsOfAReaderThatIsStuckAndAnswersWithTheIcon)
+TEST_F(PreviewLoader, reportsAStuckReaderAndDeliversTheIcon)
 {
     std::vector<std::string> told;
     QObject::connect(&loader_, &pinorama::PreviewLoader::readerStuck, [&](const std::string& path) {

@@ -4,7 +4,7 @@
 // A file that ends with "SLOW", a blank and a number is read properly after so many milliseconds in
 // which the reader sleeps, as it would in a read that a disk does not answer yet.
 //
-// With the argument "--without-sandbox" it is not locked in, which shows that the faults are real.
+// With the argument "--without-sandbox" it is not sandboxed, which shows that the faults are real.
 // With "--slow-start" and a number it sleeps so many milliseconds before its first word.
 
 #include "pictures/picture_properties.h"
@@ -67,8 +67,8 @@ Fault faultOf(int descriptor)
 void sendMessage(const ReaderRequest& request, const std::vector<std::uint8_t>& body,
                  std::uint32_t claimedLength)
 {
-    (void)sendAll(kSocket, encodeAnswerHead({request.task, ReaderOutcome::found, request.number,
-                                             claimedLength}));
+    (void)sendAll(kSocket, encodeReplyHeader(
+                               {request.task, ReplyOutcome::found, request.number, claimedLength}));
     (void)sendAll(kSocket, body);
 }
 
@@ -80,10 +80,10 @@ void sendBody(const ReaderRequest& request, const std::vector<std::uint8_t>& bod
 void sendNothing(const ReaderRequest& request)
 {
     (void)sendAll(kSocket,
-                  encodeAnswerHead({request.task, ReaderOutcome::nothing, request.number, 0}));
+                  encodeReplyHeader({request.task, ReplyOutcome::nothing, request.number, 0}));
 }
 
-// A good answer of the kind that was asked for, carrying what a fault got hold of.
+// A good reply of the kind that was asked for, carrying what a fault got hold of.
 void sendLoot(const ReaderRequest& request, const Loot& loot)
 {
     if (!loot) {
@@ -94,9 +94,9 @@ void sendLoot(const ReaderRequest& request, const Loot& loot)
         properties.caption = loot;
         sendBody(request, encodeProperties(properties));
     } else {
-        PreviewAnswer answer;
-        answer.image = {1, 1, {0xff123456}};
-        sendBody(request, encodePreview(answer));
+        PreviewReply reply;
+        reply.image = {1, 1, {0xff123456}};
+        sendBody(request, encodePreview(reply));
     }
 }
 
@@ -180,7 +180,7 @@ int slownessOf(int descriptor)
     return at == std::string_view::npos ? 0 : std::atoi(bytes + at + 5);
 }
 
-void answerGarbage()
+void replyGarbage()
 {
     std::vector<std::uint8_t> bytes(4096);
     std::uint32_t state = 12345;
@@ -191,7 +191,7 @@ void answerGarbage()
     (void)sendAll(kSocket, bytes);
 }
 
-void answerTooMuch(const ReaderRequest& request)
+void replyTooMuch(const ReaderRequest& request)
 {
     const std::vector<std::uint8_t> flood(1 << 20);
     sendMessage(request, flood, std::numeric_limits<std::uint32_t>::max());
@@ -201,15 +201,15 @@ void answerTooMuch(const ReaderRequest& request)
 }
 
 // A preview larger than the box, which is well-formed otherwise.
-void answerLargePreview(const ReaderRequest& request)
+void replyLargePreview(const ReaderRequest& request)
 {
-    PreviewAnswer answer;
+    PreviewReply reply;
     const std::int32_t width = request.box.width + 1;
-    answer.image = {width, 1, std::vector<std::uint32_t>(static_cast<std::size_t>(width))};
-    sendBody(request, encodePreview(answer));
+    reply.image = {width, 1, std::vector<std::uint32_t>(static_cast<std::size_t>(width))};
+    sendBody(request, encodePreview(reply));
 }
 
-void answerNaN(const ReaderRequest& request)
+void replyNaN(const ReaderRequest& request)
 {
     PictureProperties properties;
     properties.hasGps = true;
@@ -239,16 +239,16 @@ void commit(const Fault& fault, const ReaderRequest& request)
     } else if (fault.name == "exit") {
         _exit(0);
     } else if (fault.name == "garbage") {
-        answerGarbage();
+        replyGarbage();
     } else if (fault.name == "too-much") {
-        answerTooMuch(request);
+        replyTooMuch(request);
     } else if (fault.name == "twice") {
         sendNothing(request);
         sendNothing(request);
     } else if (fault.name == "large-preview") {
-        answerLargePreview(request);
+        replyLargePreview(request);
     } else if (fault.name == "nan") {
-        answerNaN(request);
+        replyNaN(request);
     } else if (fault.name == "late") {
         spin(std::chrono::milliseconds(std::atoi(fault.argument.c_str())));
         sendLoot(request, text("late"));
@@ -256,9 +256,9 @@ void commit(const Fault& fault, const ReaderRequest& request)
         sendNothing(request);
         _exit(0);
     } else if (fault.name == "half") {
-        const auto head =
-            encodeAnswerHead({request.task, ReaderOutcome::found, request.number, 64});
-        (void)sendAll(kSocket, head);
+        const auto header =
+            encodeReplyHeader({request.task, ReplyOutcome::found, request.number, 64});
+        (void)sendAll(kSocket, header);
         for (;;) spin(std::chrono::hours(1));
     } else {
         sendNothing(request);
@@ -286,7 +286,7 @@ int main(int argc, char** argv)
     if (option == "--never-ready") spin(std::chrono::hours(1));
     if (option == "--slow-start" && argc > 2) sleepFor(std::atoi(argv[2]));
     if (option != "--without-sandbox" && !enterSandbox(readerRules(kSocket))) return 1;
-    (void)sendAll(kSocket, encodeAnswerHead({ReaderTask::hello, ReaderOutcome::found, 0, 0}));
+    (void)sendAll(kSocket, encodeReplyHeader({ReaderTask::hello, ReplyOutcome::found, 0, 0}));
 
     std::array<std::uint8_t, kRequestSize> bytes;
     std::vector<DescriptorHolder> descriptors;

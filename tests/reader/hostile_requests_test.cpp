@@ -1,4 +1,4 @@
-// The reader itself, asked by somebody who may send anything. It answers or it ends; it never goes
+// The reader itself, asked by somebody who may send anything. It replies or it ends; it never goes
 // wrong, and nothing that it is handed is waited for.
 
 #include "reader/reader_socket.h"
@@ -31,7 +31,7 @@ class Reader {
 public:
     explicit Reader(ReaderProcess process = test::realReader()()) : process_(std::move(process))
     {
-        EXPECT_EQ(receive(kAnswerHeadSize).size(), kAnswerHeadSize) << "its first word";
+        EXPECT_EQ(receive(kReplyHeaderSize).size(), kReplyHeaderSize) << "its first word";
     }
 
     pid_t id() const { return process_.id(); }
@@ -73,16 +73,17 @@ public:
         return false;
     }
 
-    // What it answers about one descriptor.
-    std::optional<ReaderOutcome> outcomeOf(ReaderTask task, int descriptor)
+    // What it replies about one descriptor.
+    std::optional<ReplyOutcome> outcomeOf(ReaderTask task, int descriptor)
     {
         const PixelSize box = task == ReaderTask::properties ? PixelSize{} : test::kBox;
         const ReaderRequest request = {task, ++number_, 1, box};
         if (send(request, std::span(&descriptor, 1)) != SendOutcome::sent) return std::nullopt;
-        const auto head =
-            decodeAnswerHead(receive(kAnswerHeadSize), task, number_, longestBody(task, box));
-        if (!head || receive(head->bodyLength).size() != head->bodyLength) return std::nullopt;
-        return head->outcome;
+        const auto header =
+            decodeReplyHeader(receive(kReplyHeaderSize), task, number_, maxBodyLength(task, box));
+        if (!header || receive(header->bodyLength).size() != header->bodyLength)
+            return std::nullopt;
+        return header->outcome;
     }
 
 private:
@@ -183,14 +184,13 @@ TEST(pinoramaReader, findsNothingInWhatIsNoPictureAndGoesOn)
         ASSERT_TRUE(row.descriptor);
         for (const ReaderTask task :
              {ReaderTask::properties, ReaderTask::picturePreview, ReaderTask::cachedThumbnail}) {
-            EXPECT_EQ(reader.outcomeOf(task, row.descriptor.get()), ReaderOutcome::nothing);
+            EXPECT_EQ(reader.outcomeOf(task, row.descriptor.get()), ReplyOutcome::nothing);
         }
-        EXPECT_EQ(reader.outcomeOf(ReaderTask::properties, good.descriptor()),
-                  ReaderOutcome::found);
+        EXPECT_EQ(reader.outcomeOf(ReaderTask::properties, good.descriptor()), ReplyOutcome::found);
     }
 }
 
-TEST(pinoramaReader, isLockedInBeforeItsFirstWord)
+TEST(pinoramaReader, isSandboxedBeforeItsFirstWord)
 {
     Reader program;
     Reader copy(forkPropertyReader());  // that of pinorama-info

@@ -23,7 +23,7 @@ using test::propertiesOf;
 using Clock = std::chrono::steady_clock;
 using Pictures = test::ReaderPictures;
 
-// Each fault, what a reader that is locked in makes of it, and whether it succeeds in one that is
+// Each fault, what a sandboxed reader makes of it, and whether it succeeds in one that is
 // not.
 const struct {
     const char* fault;
@@ -107,7 +107,7 @@ TEST(ReaderClient, noFaultOfTheReaderDoesHarmOrOutlivesIt)
     }
 }
 
-TEST(ReaderClient, theFaultsSucceedWhereNothingIsLockedIn)
+TEST(ReaderClient, theFaultsSucceedWithoutTheSandbox)
 {
     for (const auto& row : kFaults) {
         if (!row.succeedsOutside) continue;

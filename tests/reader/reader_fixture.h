@@ -96,9 +96,9 @@ inline void expectGoodPicture(pinorama::ReaderClient& client, const ReaderPictur
     EXPECT_EQ(properties.properties.latitude, 48.5);
     const pinorama::PreviewResult preview = previewOf(client, pictures.good());
     EXPECT_EQ(preview.outcome, pinorama::ReadOutcome::found);
-    EXPECT_EQ(preview.answer.image.width, 64);
-    EXPECT_EQ(preview.answer.image.height, 32);
-    EXPECT_TRUE(areNear(quartersOf(preview.answer.image), {kRed, kGreen, kBlue, kYellow}));
+    EXPECT_EQ(preview.reply.image.width, 64);
+    EXPECT_EQ(preview.reply.image.height, 32);
+    EXPECT_TRUE(areNear(quartersOf(preview.reply.image), {kRed, kGreen, kBlue, kYellow}));
 }
 
 // So that tests of readers that are stuck take less time.

@@ -80,30 +80,30 @@ TEST(decodeRequest, refusesEverythingElse)
     }
 }
 
-TEST(decodeAnswerHead, readsTheAnswerToTheRequestAndNoOther)
+TEST(decodeReplyHeader, readsTheReplyToTheRequestAndNoOther)
 {
-    const auto bytes = encodeAnswerHead({ReaderTask::picturePreview, ReaderOutcome::found, 8, 100});
-    const auto head = decodeAnswerHead(bytes, ReaderTask::picturePreview, 8, 100);
-    ASSERT_TRUE(head);
-    EXPECT_EQ(head->bodyLength, 100u);
-    EXPECT_FALSE(decodeAnswerHead(bytes, ReaderTask::picturePreview, 8, 99));
-    EXPECT_FALSE(decodeAnswerHead(bytes, ReaderTask::picturePreview, 9, 100));
-    EXPECT_FALSE(decodeAnswerHead(bytes, ReaderTask::properties, 8, 100));
-    EXPECT_FALSE(decodeAnswerHead(ByteView(bytes).first(19), ReaderTask::picturePreview, 8, 100));
+    const auto bytes = encodeReplyHeader({ReaderTask::picturePreview, ReplyOutcome::found, 8, 100});
+    const auto header = decodeReplyHeader(bytes, ReaderTask::picturePreview, 8, 100);
+    ASSERT_TRUE(header);
+    EXPECT_EQ(header->bodyLength, 100u);
+    EXPECT_FALSE(decodeReplyHeader(bytes, ReaderTask::picturePreview, 8, 99));
+    EXPECT_FALSE(decodeReplyHeader(bytes, ReaderTask::picturePreview, 9, 100));
+    EXPECT_FALSE(decodeReplyHeader(bytes, ReaderTask::properties, 8, 100));
+    EXPECT_FALSE(decodeReplyHeader(ByteView(bytes).first(19), ReaderTask::picturePreview, 8, 100));
 }
 
-TEST(decodeAnswerHead, onlyWhatWasFoundHasABody)
+TEST(decodeReplyHeader, onlyWhatWasFoundHasABody)
 {
-    const auto decode = [](ReaderTask task, ReaderOutcome outcome, std::uint32_t length) {
-        return decodeAnswerHead(encodeAnswerHead({task, outcome, 1, length}), task, 1, 1000)
+    const auto decode = [](ReaderTask task, ReplyOutcome outcome, std::uint32_t length) {
+        return decodeReplyHeader(encodeReplyHeader({task, outcome, 1, length}), task, 1, 1000)
             .has_value();
     };
-    EXPECT_TRUE(decode(ReaderTask::properties, ReaderOutcome::nothing, 0));
-    EXPECT_FALSE(decode(ReaderTask::properties, ReaderOutcome::nothing, 1));
-    EXPECT_TRUE(decode(ReaderTask::picturePreview, ReaderOutcome::interrupted, 0));
-    EXPECT_FALSE(decode(ReaderTask::picturePreview, ReaderOutcome::interrupted, 4));
-    EXPECT_FALSE(decode(ReaderTask::properties, ReaderOutcome::interrupted, 0));
-    EXPECT_FALSE(decode(ReaderTask::properties, static_cast<ReaderOutcome>(3), 0));
+    EXPECT_TRUE(decode(ReaderTask::properties, ReplyOutcome::nothing, 0));
+    EXPECT_FALSE(decode(ReaderTask::properties, ReplyOutcome::nothing, 1));
+    EXPECT_TRUE(decode(ReaderTask::picturePreview, ReplyOutcome::interrupted, 0));
+    EXPECT_FALSE(decode(ReaderTask::picturePreview, ReplyOutcome::interrupted, 4));
+    EXPECT_FALSE(decode(ReaderTask::properties, ReplyOutcome::interrupted, 0));
+    EXPECT_FALSE(decode(ReaderTask::properties, static_cast<ReplyOutcome>(3), 0));
 }
 
 TEST(decodeProperties, readsWhatEncodePropertiesWrites)
@@ -116,7 +116,7 @@ TEST(decodeProperties, readsWhatEncodePropertiesWrites)
     for (const PictureProperties& properties :
          {PictureProperties{}, onlyIptc, onlyGps, fullProperties()}) {
         const std::vector<std::uint8_t> body = encodeProperties(properties);
-        EXPECT_LE(body.size(), longestBody(ReaderTask::properties, {}));
+        EXPECT_LE(body.size(), maxBodyLength(ReaderTask::properties, {}));
         const std::optional<PictureProperties> decoded = decodeProperties(body);
         ASSERT_TRUE(decoded);
         EXPECT_TRUE(*decoded == properties);
@@ -160,7 +160,7 @@ TEST(decodeProperties, refusesWhatNoReaderWrites)
         std::vector<std::uint8_t> body;
     } rows[] = {
         {"nothing at all", {}},
-        {"half a head", {0, 0}},
+        {"half a header", {0, 0}},
         {"an unknown value", bodyOf(gps | 1u << 14, {})},
         {"a value without its dictionary", bodyOf(latitude, {0, 0, 0, 0, 0, 0, 0xf0, 0x3f})},
         {"the other dictionary", bodyOf(iptc | latitude, {0, 0, 0, 0, 0, 0, 0xf0, 0x3f})},
@@ -183,17 +183,17 @@ TEST(decodeProperties, refusesWhatNoReaderWrites)
     EXPECT_FALSE(decodeProperties(body));
 }
 
-PreviewAnswer somePreview()
+PreviewReply somePreview()
 {
-    PreviewAnswer answer;
-    answer.image = {3, 2, {0xffffffff, 0xff000000, 0x80400000, 0, 0xff123456, 0xff0000ff}};
-    answer.wasDecoded = true;
-    return answer;
+    PreviewReply reply;
+    reply.image = {3, 2, {0xffffffff, 0xff000000, 0x80400000, 0, 0xff123456, 0xff0000ff}};
+    reply.wasDecoded = true;
+    return reply;
 }
 
 TEST(decodePreview, readsWhatEncodePreviewWrites)
 {
-    const PreviewAnswer picture = somePreview();
+    const PreviewReply picture = somePreview();
     const auto decoded = decodePreview(encodePreview(picture), PreviewKind::picture, {3, 2});
     ASSERT_TRUE(decoded);
     EXPECT_EQ(decoded->image.width, 3);
@@ -201,7 +201,7 @@ TEST(decodePreview, readsWhatEncodePreviewWrites)
     EXPECT_EQ(decoded->image.pixels, picture.image.pixels);
     EXPECT_TRUE(decoded->wasDecoded);
 
-    PreviewAnswer thumbnail = somePreview();
+    PreviewReply thumbnail = somePreview();
     thumbnail.uri = "file:///a.jpg";
     thumbnail.mtime = "123";
     const auto cached =
@@ -235,26 +235,26 @@ TEST(decodePreview, refusesAPictureOfTheWrongSize)
 
 TEST(decodePreview, onlyAThumbnailTellsOfAFile)
 {
-    PreviewAnswer answer = somePreview();
-    answer.uri = "file:///a.jpg";
-    EXPECT_FALSE(decodePreview(encodePreview(answer), PreviewKind::picture, {3, 2}));
+    PreviewReply reply = somePreview();
+    reply.uri = "file:///a.jpg";
+    EXPECT_FALSE(decodePreview(encodePreview(reply), PreviewKind::picture, {3, 2}));
 }
 
 TEST(decodePreview, mendsColoursThatExceedTheirAlpha)
 {
-    PreviewAnswer answer;
-    answer.image = {3, 1, {0x00ffffff, 0x40ff2041, 0xffff80ff}};
-    const auto decoded = decodePreview(encodePreview(answer), PreviewKind::picture, {3, 1});
+    PreviewReply reply;
+    reply.image = {3, 1, {0x00ffffff, 0x40ff2041, 0xffff80ff}};
+    const auto decoded = decodePreview(encodePreview(reply), PreviewKind::picture, {3, 1});
     ASSERT_TRUE(decoded);
     EXPECT_EQ(decoded->image.pixels,
               (std::vector<std::uint32_t>{0x00000000, 0x40402040, 0xffff80ff}));
 }
 
-TEST(longestBody, boundsWhatIsEverRead)
+TEST(maxBodyLength, boundsWhatIsEverRead)
 {
-    EXPECT_LT(longestBody(ReaderTask::properties, {}), 2u << 20);
-    EXPECT_LT(longestBody(ReaderTask::picturePreview, {128, 128}), 80u << 10);
-    EXPECT_EQ(longestBody(ReaderTask::hello, {128, 128}), 0u);
+    EXPECT_LT(maxBodyLength(ReaderTask::properties, {}), 2u << 20);
+    EXPECT_LT(maxBodyLength(ReaderTask::picturePreview, {128, 128}), 80u << 10);
+    EXPECT_EQ(maxBodyLength(ReaderTask::hello, {128, 128}), 0u);
 }
 
 TEST(readerProtocol, changedBytesAreHarmless)

@@ -78,21 +78,21 @@ public:
     }
     bool saysHello() const
     {
-        return decodeAnswerHead(receive(kAnswerHeadSize), ReaderTask::hello, 0, 0).has_value();
+        return decodeReplyHeader(receive(kReplyHeaderSize), ReaderTask::hello, 0, 0).has_value();
     }
     // Its outcome, and its body in `body`; nothing when something else came.
-    std::optional<ReaderOutcome> nextAnswer(ReaderTask task, std::uint32_t number,
-                                            std::vector<std::uint8_t>* body) const
+    std::optional<ReplyOutcome> nextReply(ReaderTask task, std::uint32_t number,
+                                          std::vector<std::uint8_t>* body) const
     {
-        const auto head = decodeAnswerHead(receive(kAnswerHeadSize), task, number, 1 << 20);
-        if (!head) return std::nullopt;
-        *body = receive(head->bodyLength);
-        return head->outcome;
+        const auto header = decodeReplyHeader(receive(kReplyHeaderSize), task, number, 1 << 20);
+        if (!header) return std::nullopt;
+        *body = receive(header->bodyLength);
+        return header->outcome;
     }
-    std::optional<ReaderOutcome> nextOutcome(ReaderTask task, std::uint32_t number) const
+    std::optional<ReplyOutcome> nextOutcome(ReaderTask task, std::uint32_t number) const
     {
         std::vector<std::uint8_t> body;
-        return nextAnswer(task, number, &body);
+        return nextReply(task, number, &body);
     }
     bool hasEnded() const { return receive(1).empty(); }
 
@@ -114,16 +114,16 @@ std::optional<PictureProperties> tellSize(ByteSource& source)
 }
 
 // A preview that tells what was asked for: its colour is the first byte, its size the box.
-std::optional<PreviewAnswer> tellRequest(ByteSource& source, PreviewKind kind, PixelSize box)
+std::optional<PreviewReply> tellRequest(ByteSource& source, PreviewKind kind, PixelSize box)
 {
     const ByteView first = source.view(0, 1);
     if (first.empty()) return std::nullopt;
-    PreviewAnswer answer;
-    answer.image = {box.width, box.height, {}};
-    answer.image.pixels.assign(static_cast<std::size_t>(box.width) * box.height,
-                               0xff000000 | first[0]);
-    if (kind == PreviewKind::cachedThumbnail) answer.uri = "file:///a.jpg";
-    return answer;
+    PreviewReply reply;
+    reply.image = {box.width, box.height, {}};
+    reply.image.pixels.assign(static_cast<std::size_t>(box.width) * box.height,
+                              0xff000000 | first[0]);
+    if (kind == PreviewKind::cachedThumbnail) reply.uri = "file:///a.jpg";
+    return reply;
 }
 
 // Files of so many bytes.
@@ -139,7 +139,7 @@ private:
 };
 }  // namespace
 
-TEST(serveReader, answersEveryDescriptorOfARequestInItsOrder)
+TEST(serveReader, repliesToEveryDescriptorOfARequestInItsOrder)
 {
     const Files files;
     const ServedReader reader({tellSize, {}});
@@ -149,18 +149,18 @@ TEST(serveReader, answersEveryDescriptorOfARequestInItsOrder)
 
     const struct {
         std::uint32_t number;
-        ReaderOutcome outcome;
+        ReplyOutcome outcome;
         double size;
-    } rows[] = {{41, ReaderOutcome::found, 300},
-                {42, ReaderOutcome::nothing, 0},
-                {43, ReaderOutcome::found, 20},
-                {7, ReaderOutcome::found, 5}};
+    } rows[] = {{41, ReplyOutcome::found, 300},
+                {42, ReplyOutcome::nothing, 0},
+                {43, ReplyOutcome::found, 20},
+                {7, ReplyOutcome::found, 5}};
     for (const auto& row : rows) {
         SCOPED_TRACE(row.number);
         std::vector<std::uint8_t> body;
-        ASSERT_EQ(reader.nextAnswer(ReaderTask::properties, row.number, &body), row.outcome);
+        ASSERT_EQ(reader.nextReply(ReaderTask::properties, row.number, &body), row.outcome);
         const std::optional<PictureProperties> properties = decodeProperties(body);
-        EXPECT_EQ(properties.has_value(), row.outcome == ReaderOutcome::found);
+        EXPECT_EQ(properties.has_value(), row.outcome == ReplyOutcome::found);
         if (properties) {
             EXPECT_EQ(properties->latitude, row.size);
         }
@@ -173,8 +173,8 @@ TEST(serveReader, aTaskThatThrowsComesToNothingAndTheNextIsServed)
     const ServedReader reader({tellSize, {}});
     ASSERT_TRUE(reader.saysHello());
     reader.ask(ReaderTask::properties, 1, {files.ofSize(1), files.ofSize(2)});
-    EXPECT_EQ(reader.nextOutcome(ReaderTask::properties, 1), ReaderOutcome::nothing);
-    EXPECT_EQ(reader.nextOutcome(ReaderTask::properties, 2), ReaderOutcome::found);
+    EXPECT_EQ(reader.nextOutcome(ReaderTask::properties, 1), ReplyOutcome::nothing);
+    EXPECT_EQ(reader.nextOutcome(ReaderTask::properties, 2), ReplyOutcome::found);
 }
 
 TEST(serveReader, makesPreviewsOfBothKindsInTheirBox)
@@ -186,8 +186,8 @@ TEST(serveReader, makesPreviewsOfBothKindsInTheirBox)
         const bool isCached = task == ReaderTask::cachedThumbnail;
         reader.ask(task, 3, {files.ofSize(10)}, {6, 4});
         std::vector<std::uint8_t> body;
-        ASSERT_EQ(reader.nextAnswer(task, 3, &body), ReaderOutcome::found);
-        const std::optional<PreviewAnswer> preview = decodePreview(
+        ASSERT_EQ(reader.nextReply(task, 3, &body), ReplyOutcome::found);
+        const std::optional<PreviewReply> preview = decodePreview(
             body, isCached ? PreviewKind::cachedThumbnail : PreviewKind::picture, {6, 4});
         ASSERT_TRUE(preview);
         EXPECT_EQ(preview->image.width, 6);
@@ -203,7 +203,7 @@ TEST(serveReader, aPreviewThatCannotBeMadeComesToNothing)
     const ServedReader reader({tellSize, tellRequest});
     ASSERT_TRUE(reader.saysHello());
     reader.ask(ReaderTask::picturePreview, 1, {files.ofSize(0)}, {6, 4});
-    EXPECT_EQ(reader.nextOutcome(ReaderTask::picturePreview, 1), ReaderOutcome::nothing);
+    EXPECT_EQ(reader.nextOutcome(ReaderTask::picturePreview, 1), ReplyOutcome::nothing);
 }
 
 TEST(serveReader, aReaderThatMakesNoPreviewsSaysThatThereIsNone)
@@ -212,7 +212,7 @@ TEST(serveReader, aReaderThatMakesNoPreviewsSaysThatThereIsNone)
     const ServedReader reader({tellSize, {}});
     ASSERT_TRUE(reader.saysHello());
     reader.ask(ReaderTask::picturePreview, 1, {files.ofSize(10)}, {6, 4});
-    EXPECT_EQ(reader.nextOutcome(ReaderTask::picturePreview, 1), ReaderOutcome::nothing);
+    EXPECT_EQ(reader.nextOutcome(ReaderTask::picturePreview, 1), ReplyOutcome::nothing);
 }
 
 TEST(serveReader, aPreviewGivesWayToTheNextRequest)
@@ -220,14 +220,14 @@ TEST(serveReader, aPreviewGivesWayToTheNextRequest)
     const Files files;
     std::atomic<bool> isAtWork = false;
     const auto readOnAndOn = [&isAtWork](ByteSource& source, PreviewKind,
-                                         PixelSize) -> std::optional<PreviewAnswer> {
+                                         PixelSize) -> std::optional<PreviewReply> {
         const auto end = std::chrono::steady_clock::now() + kLongEnough;
         // Every piece is another read: each window is as long as a view can be.
         for (std::uint64_t piece = 1; std::chrono::steady_clock::now() < end; piece++) {
             if (source.view(piece % 3 * kLongestView, kLongestView).empty()) return std::nullopt;
             isAtWork = true;
         }
-        return PreviewAnswer{{1, 1, {0xff000000}}, false, {}, {}};
+        return PreviewReply{{1, 1, {0xff000000}}, false, {}, {}};
     };
     const ServedReader reader({tellSize, readOnAndOn});
     ASSERT_TRUE(reader.saysHello());
@@ -235,8 +235,8 @@ TEST(serveReader, aPreviewGivesWayToTheNextRequest)
     const auto end = std::chrono::steady_clock::now() + kLongEnough;
     while (!isAtWork && std::chrono::steady_clock::now() < end) std::this_thread::yield();
     reader.ask(ReaderTask::properties, 2, {files.ofSize(20)});
-    EXPECT_EQ(reader.nextOutcome(ReaderTask::picturePreview, 1), ReaderOutcome::interrupted);
-    EXPECT_EQ(reader.nextOutcome(ReaderTask::properties, 2), ReaderOutcome::found);
+    EXPECT_EQ(reader.nextOutcome(ReaderTask::picturePreview, 1), ReplyOutcome::interrupted);
+    EXPECT_EQ(reader.nextOutcome(ReaderTask::properties, 2), ReplyOutcome::found);
 }
 
 TEST(serveReader, endsAtWhatIsNoRequest)

@@ -17,7 +17,7 @@ namespace {
 using test::kHasSanitizers;
 using Pictures = test::ReaderPictures;
 
-TEST(makeSandboxedPropertySource, readsInALockedInCopyOfTheProgram)
+TEST(makeSandboxedPropertySource, readsInASandboxedCopyOfTheProgram)
 {
     const Pictures pictures;
     const PropertySource source = makeSandboxedPropertySource();
@@ -37,7 +37,7 @@ TEST(forkPropertyReader, mayTakeLittleOfTheMachine)
     const Pictures pictures;
     ReaderClient client(forkPropertyReader);
     const PictureFile good(pictures.good());
-    // It has locked itself in when it answers.
+    // It is sandboxed when it replies.
     ASSERT_EQ(client.readProperties(good.descriptor()).outcome, ReadOutcome::found);
     const std::string limits =
         test::readFile("/proc/" + std::to_string(client.processID()) + "/limits");

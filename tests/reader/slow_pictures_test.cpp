@@ -113,7 +113,7 @@ TEST(slowPictures, areInTheWayOfNoOther)
     }
 }
 
-TEST(slowPictures, thatWereGivenUpDoNotAnswer)
+TEST(slowPictures, thatWereGivenUpDeliverNothing)
 {
     const Pictures pictures;
     ReaderClient client(faultyReader());
@@ -246,7 +246,7 @@ TEST_F(slowDisk, isWaitedFor)
     EXPECT_EQ(client.processID(), reader);
 }
 
-TEST_F(slowDisk, thatNeverAnswersKeepsAFewProcessesAndNoMore)
+TEST_F(slowDisk, thatNeverRespondsKeepsAFewProcessesAndNoMore)
 {
     ReaderLimits limits = test::shortLimits();
     limits.mostLingering = 3;

@@ -5,11 +5,11 @@
 #include <optional>
 
 #include "pictures/byte_source.h"
-#include "reader/preview_answer.h"
+#include "reader/preview_reply.h"
 
 namespace pinorama {
 
 // Reads what `kind` asks for; nothing when the bytes have no such thing.
-std::optional<PreviewAnswer> answerPreview(ByteSource& source, PreviewKind kind, PixelSize box);
+std::optional<PreviewReply> previewReply(ByteSource& source, PreviewKind kind, PixelSize box);
 
 }  // namespace pinorama

@@ -1,5 +1,5 @@
 // What is asked about a file for its preview, and what comes back. Plain values, because question
-// and answer travel between processes.
+// and reply travel between processes.
 
 #pragma once
 
@@ -15,7 +15,7 @@ enum class PreviewKind : std::uint16_t {
     cachedThumbnail,  // the file is a thumbnail from the desktop's cache
 };
 
-struct PreviewAnswer {
+struct PreviewReply {
     PixelImage image;         // fits into the box that was asked for
     bool wasDecoded = false;  // the picture itself had to be decoded, which takes its time
     // Of a cached thumbnail: which file it shows, and when that was changed last. Empty otherwise.
