@@ -3,15 +3,17 @@
 #include <algorithm>
 #include <utility>
 
+#include <poll.h>
+
 namespace pinorama {
 namespace {
 using namespace std::chrono_literals;
 
-constexpr int kMostDeaths = 2;          // a picture that two readers died of is given up
-constexpr int kMostFailedStarts = 2;    // then there is no reader
+constexpr int kMaxDeaths = 2;           // a picture that two readers died of is given up
+constexpr int kMaxFailedStarts = 2;     // then there is no reader
 constexpr int kDeathsBeforeAPause = 5;  // without a good reply in between
 constexpr auto kFirstPause = 100ms;     // doubled with every further death
-constexpr auto kLongestPause = 400ms;
+constexpr auto kMaxPause = 400ms;
 constexpr auto kWhenFull = 10ms;      // before another try to send
 constexpr auto kWhenCrowded = 100ms;  // before another try to start
 }  // namespace
@@ -19,8 +21,7 @@ constexpr auto kWhenCrowded = 100ms;  // before another try to start
 ReaderClient::ReaderClient(ReaderLauncher launcher, ReaderLimits limits)
     : launcher_(std::move(launcher)),
       limits_(limits),
-      // Most replies fill a small part of it, and the rest is never touched.
-      chunk_(std::make_unique_for_overwrite<std::uint8_t[]>(kReadAtOnce))
+      jobs_([this](const ReaderJob& job) { watch_.begin(patienceOf(job), Clock::now()); })
 {
 }
 
@@ -35,9 +36,8 @@ void ReaderClient::stop()
     giveUpProperties();
     giveUpPreview();
     jobs_.clear();
-    input_.clear();
+    jobs_.disconnect();
     process_.end();
-    isReady_ = false;
     deathsInRow_ = failedStarts_ = 0;
     notBefore_ = missingUntil_ = {};
     crowdedSince_ = Clock::time_point::max();
@@ -46,10 +46,10 @@ void ReaderClient::stop()
 
 int ReaderClient::millisecondsLeft() const
 {
-    if (jobs_.empty() && (!process_ || isReady_)) return -1;
+    if (jobs_.isEmpty() && (!process_ || jobs_.isReady())) return -1;
     const Clock::time_point now = Clock::now();
     Clock::time_point when = notBefore_;
-    if (process_ && isReady_ && !jobs_.front().isSent) {
+    if (process_ && jobs_.isReady() && !jobs_.isFrontSent()) {
         when = now + kWhenFull;
     } else if (process_) {
         when = watch_.nextLook(now);
@@ -70,18 +70,145 @@ void ReaderClient::changed()
     if (onChange_) onChange_();
 }
 
-void ReaderClient::step()
+std::vector<PropertyResult> ReaderClient::readProperties(std::span<const int> descriptors,
+                                                         int alarm)
 {
-    // First what has come: a reader that died or talks out of turn gets no new picture.
-    while (process_ && receive()) {
+    const auto isOurs = [](const ReaderJob& job) { return job.propertyResult != nullptr; };
+    std::vector<PropertyResult> results(descriptors.size());
+    for (std::size_t i = 0; i < descriptors.size(); i++) {
+        jobs_.add(ReaderTask::properties, descriptors[i], {}, &results[i]);
     }
-    if (!process_ && !jobs_.empty()) startProcess();
-    sendJobs();
-    checkTime();
-    sendJobs();
+    waitWhile([&] { return jobs_.isWaitedFor(isOurs); }, Clock::time_point::max(), alarm);
+    jobs_.giveUpPlaces();  // what the alarm cut short must not be written to `results` later on
+    return results;
 }
 
-const ReaderPatience& ReaderClient::patienceOf(const Job& job) const
+PropertyResult ReaderClient::readProperties(int descriptor)
+{
+    std::vector<PropertyResult> results = readProperties(std::span(&descriptor, 1));
+    return std::move(results.front());
+}
+
+std::uint32_t ReaderClient::startProperties(int descriptor)
+{
+    giveUpProperties();
+    const std::uint32_t ticket = propertiesTicket_ = nextTicket();
+    jobs_.add(ReaderTask::properties, descriptor, {}, nullptr);
+    step();
+    changed();
+    return ticket;
+}
+
+void ReaderClient::giveUpProperties()
+{
+    jobs_.results().properties.reset();
+    propertiesTicket_ = 0;
+    jobs_.giveUp([](const ReaderJob& job) {
+        return job.task == ReaderTask::properties && job.propertyResult == nullptr;
+    });
+}
+
+std::optional<PropertyResult> ReaderClient::takeProperties()
+{
+    if (hasProperties()) propertiesTicket_ = 0;
+    return std::exchange(jobs_.results().properties, std::nullopt);
+}
+
+std::optional<PropertyResult> ReaderClient::waitForProperties(std::chrono::milliseconds max)
+{
+    waitWhile([this] { return !hasProperties() && propertiesTicket_ != 0; }, Clock::now() + max);
+    return takeProperties();
+}
+
+std::uint32_t ReaderClient::startPreview(int descriptor, PreviewKind kind, PixelSize box)
+{
+    giveUpPreview();
+    const std::uint32_t ticket = previewTicket_ = nextTicket();
+    jobs_.add(kind == PreviewKind::cachedThumbnail ? ReaderTask::cachedThumbnail
+                                                   : ReaderTask::picturePreview,
+              descriptor, box, nullptr);
+    step();
+    changed();
+    return ticket;
+}
+
+void ReaderClient::giveUpPreview()
+{
+    jobs_.results().preview.reset();
+    previewTicket_ = 0;
+    jobs_.giveUp([](const ReaderJob& job) { return job.task != ReaderTask::properties; });
+}
+
+std::optional<PreviewResult> ReaderClient::takePreview()
+{
+    if (hasPreview()) previewTicket_ = 0;
+    return std::exchange(jobs_.results().preview, std::nullopt);
+}
+
+PreviewResult ReaderClient::waitForPreview(std::chrono::milliseconds max)
+{
+    waitWhile([this] { return !hasPreview() && previewTicket_ != 0; }, Clock::now() + max);
+    const bool isLate = !hasPreview() && previewTicket_ != 0;
+    if (isLate) giveUpPreview();
+    return takePreview().value_or(
+        PreviewResult{isLate ? ReadOutcome::stuck : ReadOutcome::failed, {}});
+}
+
+std::uint32_t ReaderClient::nextTicket()
+{
+    const std::uint32_t ticket = nextTicket_++;
+    if (nextTicket_ == 0) nextTicket_ = 1;
+    return ticket;
+}
+
+void ReaderClient::waitWhile(const std::function<bool()>& isOpen, Clock::time_point end, int alarm)
+{
+    step();
+    while (isOpen()) {
+        const Clock::time_point now = Clock::now();
+        if (now >= end) break;
+        int wait = millisecondsLeft();
+        if (end != Clock::time_point::max()) {
+            const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - now).count();
+            if (wait < 0 || left < wait) wait = static_cast<int>(left);
+        }
+        // poll ignores a negative descriptor.
+        pollfd states[] = {{socket(), POLLIN, 0}, {alarm, POLLIN, 0}};
+        (void)poll(states, 2, wait);
+        step();
+        if ((states[1].revents & POLLIN) != 0) break;
+    }
+    changed();
+}
+
+void ReaderClient::step()
+{
+    // First what has come: a reader that died, or that sends what nobody asked for, gets no new
+    // picture.
+    while (process_ && receive()) {
+    }
+    if (!process_ && !jobs_.isEmpty()) startProcess();
+    send();
+    checkTime();
+    send();  // to the reader that checkTime may have started
+}
+
+// True when there may be more to receive.
+bool ReaderClient::receive()
+{
+    const ReaderJobs::Received received = jobs_.receive(socket());
+    if (received.wasFirstWord) failedStarts_ = 0;
+    if (received.wasReply) deathsInRow_ = 0;
+    if (received.isBroken) loseReader(Loss::died);
+    return received.isMore;
+}
+
+void ReaderClient::send()
+{
+    if (process_) jobs_.send(socket());
+}
+
+const ReaderPatience& ReaderClient::patienceOf(const ReaderJob& job) const
 {
     return job.task == ReaderTask::properties ? limits_.properties : limits_.preview;
 }
@@ -89,9 +216,9 @@ const ReaderPatience& ReaderClient::patienceOf(const Job& job) const
 // When others have waited long enough for the oldest job; never when it is not in their way.
 std::optional<ReaderClient::Clock::time_point> ReaderClient::whenFrontGivesWay() const
 {
-    if (!isReady_ || jobs_.size() < 2 || !jobs_.front().isSent) return std::nullopt;
-    const Job& front = jobs_.front();
-    const Job& next = jobs_[1];
+    if (!jobs_.isReady() || !jobs_.isFrontSent() || jobs_.all().size() < 2) return std::nullopt;
+    const ReaderJob& front = jobs_.all()[0];
+    const ReaderJob& next = jobs_.all()[1];
     const bool isPreview = front.task != ReaderTask::properties;
     // The reader stops making a preview by itself when another request comes. Properties that have
     // taken so long already are held up by a disk.
@@ -104,93 +231,88 @@ void ReaderClient::startProcess()
 {
     const Clock::time_point now = Clock::now();
     if (now < missingUntil_) {
-        dropAll(ReadOutcome::noReader);
+        jobs_.dropAll(ReadOutcome::noReader);
         return;
     }
     if (now < notBefore_ || !hasRoomForProcess(now)) return;
     process_ = launcher_();
-    isReady_ = false;
+    jobs_.disconnect();
     watch_.begin(limits_.start, now);
     if (!process_) {
         missingUntil_ = now + limits_.whenMissing;
-        dropAll(ReadOutcome::noReader);
+        jobs_.dropAll(ReadOutcome::noReader);
     }
 }
 
-// Whoever looks through a disk that does not reply would leave a process there for each picture.
+// Without a maximum, browsing a disk that does not respond would leave one process per picture.
 bool ReaderClient::hasRoomForProcess(Clock::time_point now)
 {
-    if (lingeringReaders() < limits_.mostLingering) {
+    if (lingeringReaders() < limits_.maxLingering) {
         crowdedSince_ = Clock::time_point::max();
         return true;
     }
     crowdedSince_ = std::min(crowdedSince_, now);
     notBefore_ = now + kWhenCrowded;
-    if (now - crowdedSince_ >= limits_.start.whole) dropAll(ReadOutcome::stuck);
+    if (now - crowdedSince_ >= limits_.start.whole) jobs_.dropAll(ReadOutcome::stuck);
     return false;
 }
 
-// The reader is gone, or has to go. Whatever it was working on is to blame, unless it may have died
-// just before the request came, or was only in the way.
+// The reader is gone, or has to go.
 void ReaderClient::loseReader(Loss loss)
 {
     process_.end();
-    input_.clear();
-    taken_ = 0;
     const Clock::time_point now = Clock::now();
-    if (!isReady_) {
-        forgetWhatWasSent();
-        if (loss == Loss::stuck || ++failedStarts_ >= kMostFailedStarts) {
-            failedStarts_ = 0;
-            missingUntil_ = now + limits_.whenMissing;
-            dropAll(ReadOutcome::noReader);
-        }
-        if (!jobs_.empty()) startProcess();
+    const bool wasReady = jobs_.isReady();
+    jobs_.disconnect();
+    if (!wasReady) {
+        loseStartingReader(loss, now);
         return;
     }
-    isReady_ = false;
-    const bool wasWorking = !jobs_.empty() && jobs_.front().isSent;
     if (loss != Loss::inTheWay && ++deathsInRow_ >= kDeathsBeforeAPause) {
         const int doublings = std::min(deathsInRow_ - kDeathsBeforeAPause, 5);
-        notBefore_ = now + std::min<std::chrono::milliseconds>(kFirstPause * (1 << doublings),
-                                                               kLongestPause);
+        notBefore_ =
+            now + std::min<std::chrono::milliseconds>(kFirstPause * (1 << doublings), kMaxPause);
     }
-    if (wasWorking && jobs_.front().hasCompany) {
-        // The replies to one request come together, so nobody knows which picture it was.
-        for (Job& job : jobs_) job.isAlone = job.isAlone || (job.isSent && job.hasCompany);
-    } else if (wasWorking) {
-        Job& job = jobs_.front();
-        job.deaths++;
-        if (loss == Loss::stuck) {
-            dropFront(ReadOutcome::stuck);
-        } else if (job.deaths >= kMostDeaths) {
-            dropFront(ReadOutcome::failed);
-        }
-    }
-    forgetWhatWasSent();
-    // The next picture shall not have to wait for the start.
+    const bool wasWorking = jobs_.isFrontSent();
+    if (wasWorking) blameFront(loss);
+    jobs_.sendAgain();
+    // So that the next picture does not have to wait for the start.
     if (wasWorking) startProcess();
 }
 
-// Whatever the reader had is sent again, to the next one.
-void ReaderClient::forgetWhatWasSent()
+// No job is to blame: none can have been read before the first word.
+void ReaderClient::loseStartingReader(Loss loss, Clock::time_point now)
 {
-    std::erase_if(jobs_, [](const Job& job) { return job.isGivenUp; });
-    for (Job& job : jobs_) job.isSent = false;
+    jobs_.sendAgain();
+    if (loss == Loss::stuck || ++failedStarts_ >= kMaxFailedStarts) {
+        failedStarts_ = 0;
+        missingUntil_ = now + limits_.whenMissing;
+        jobs_.dropAll(ReadOutcome::noReader);
+    }
+    if (!jobs_.isEmpty()) startProcess();
 }
 
-// The oldest job's turn begins, if it is with the reader.
-void ReaderClient::watchFront()
+// The oldest job is to blame for what happened to its reader, if the request was for this picture
+// alone. One death may be an accident, such as a reader that died just before the request came.
+void ReaderClient::blameFront(Loss loss)
 {
-    if (!isReady_ || jobs_.empty() || !jobs_.front().isSent) return;
-    watch_.begin(patienceOf(jobs_.front()), Clock::now());
+    ReaderJob& job = jobs_.front();
+    if (job.hasCompany) {
+        jobs_.separateBatch();
+        return;
+    }
+    job.deaths++;
+    if (loss == Loss::stuck) {
+        jobs_.dropFront(ReadOutcome::stuck);
+    } else if (job.deaths >= kMaxDeaths) {
+        jobs_.dropFront(ReadOutcome::failed);
+    }
 }
 
 void ReaderClient::checkTime()
 {
     if (!process_) return;
-    const bool isAtWork = !isReady_ || (!jobs_.empty() && jobs_.front().isSent);
-    if (!isAtWork) return;
+    if (jobs_.isReady() && !jobs_.isFrontSent()) return;  // idle
     const Clock::time_point now = Clock::now();
     if (watch_.isDue(now) && watch_.isStuck(now, process_.processorTime())) {
         loseReader(Loss::stuck);

@@ -1,23 +1,26 @@
-// Has pictures read by another process, and survives whatever becomes of it there: the reader is
-// killed when it is stuck or replies anything that cannot be a reply, and started again for the
-// next picture. A slow disk is not to blame for anything: its pictures are waited for, by whoever
-// has the time, or come through an event loop. Never waits longer than the limits say.
+// Has pictures read by another process and survives whatever happens to that: a reader that is
+// stuck or sends a malformed reply is killed, and another one started for the next picture. A slow
+// disk is no fault: whoever has the time waits for its pictures, and to others they come through an
+// event loop. Nothing here waits longer than the limits say.
+//
+//     ReaderClient client([] { return startReaderProgram(readerProgram()); });
+//     const PropertyResult place = client.readProperties(descriptor);  // waits
+//
+//     client.startPreview(descriptor, PreviewKind::picture, {256, 256});  // does not
+//     client.advance();  // from an event loop, when socket() or millisecondsLeft() says so
+//     if (client.hasPreview()) show(*client.takePreview());
 
 #pragma once
 
 #include <chrono>
 #include <cstdint>
-#include <deque>
 #include <functional>
-#include <memory>
 #include <optional>
 #include <span>
 #include <vector>
 
-#include "pictures/picture_properties.h"
-#include "reader/preview_reply.h"
+#include "reader/reader_jobs.h"
 #include "reader/reader_process.h"
-#include "reader/reader_protocol.h"
 #include "reader/reader_watch.h"
 
 namespace pinorama {
@@ -41,27 +44,22 @@ struct ReaderLimits {
     std::chrono::milliseconds whenMissing{5000};
     // Processes that were killed and do not end, because a disk keeps them: with so many no other
     // one is started.
-    std::size_t mostLingering = 8;
+    std::size_t maxLingering = 8;
 };
 
-enum class ReadOutcome {
-    found,
-    nothing,   // the file has no such thing
-    failed,    // the reader died of it or answered nonsense
-    stuck,     // the reader got nowhere with it and was killed
-    noReader,  // there is no reader, or it cannot start
-};
-
-struct PropertyResult {
-    ReadOutcome outcome = ReadOutcome::failed;
-    PictureProperties properties;  // as found
-};
-
-struct PreviewResult {
-    ReadOutcome outcome = ReadOutcome::failed;
-    PreviewReply reply;  // as found
-};
-
+// The reader is in one of four states, and every loss leads back to the first:
+//
+//   absent    No process. A job starts one, unless that has to wait: after deaths in a row, after
+//             failed starts, and while too many killed processes linger.
+//   starting  A process that has not said its first word. Requests are sent to it all the same.
+//             Limited by ReaderLimits::start.
+//   idle      Ready, and no request is with it. It may take any time.
+//   working   Has at least one request; the oldest one is limited by the patience for its task.
+//             Further requests make a preview give way, and properties that nobody waits for.
+//
+// A job that was sent when its reader was lost is sent again to the next one, unless it is to
+// blame. Whatever is pending may change whenever this waits or advances, so that a caller holds a
+// ticket and no reference.
 class ReaderClient {
 public:
     explicit ReaderClient(ReaderLauncher launcher, ReaderLimits limits = {});
@@ -72,7 +70,7 @@ public:
     // comes.
     void start();
 
-    // Tells the reader that nothing more will be asked, so that it ends while the caller goes on.
+    // Lets the reader end while the caller goes on: no request follows.
     void dismiss() { process_.dismiss(); }
 
     // Ends the reader. The next request starts another one, also when there was none to be had.
@@ -101,12 +99,12 @@ public:
     std::uint32_t propertiesTicket() const { return propertiesTicket_; }
 
     // The result of the last startProperties, once.
-    bool hasProperties() const { return properties_.has_value(); }
+    bool hasProperties() const { return jobs_.results().properties.has_value(); }
     std::optional<PropertyResult> takeProperties();
 
-    // Waits for the result of the last startProperties, and no longer than `most`. Nothing when it
-    // is still under way.
-    std::optional<PropertyResult> waitForProperties(std::chrono::milliseconds most);
+    // Waits for the result of the last startProperties, and no longer than `max`. Nothing if it is
+    // still under way.
+    std::optional<PropertyResult> waitForProperties(std::chrono::milliseconds max);
 
     // Asks for the preview of an open file, which has to stay open until the result is there. An
     // earlier one that is still under way is given up.
@@ -121,12 +119,12 @@ public:
     std::uint32_t previewTicket() const { return previewTicket_; }
 
     // The result of the last startPreview, once.
-    bool hasPreview() const { return preview_.has_value(); }
+    bool hasPreview() const { return jobs_.results().preview.has_value(); }
     std::optional<PreviewResult> takePreview();
 
-    // Waits for the result of the last startPreview, and no longer than `most`: then it is given up
+    // Waits for the result of the last startPreview, and no longer than `max`: then it is given up
     // and counts as stuck.
-    PreviewResult waitForPreview(std::chrono::milliseconds most = std::chrono::minutes(2));
+    PreviewResult waitForPreview(std::chrono::milliseconds max = std::chrono::minutes(2));
 
     // For an event loop: call advance() when `socket()` becomes readable or `millisecondsLeft()`
     // have passed (-1: never). `onChange` is called when one of the two may have changed, or a
@@ -142,77 +140,42 @@ public:
 private:
     using Clock = std::chrono::steady_clock;
 
-    static constexpr std::size_t kReadAtOnce = 64 * 1024;
-
-    // Why a reader is not gone on with.
+    // Why a reader is not kept.
     enum class Loss {
         died,
         inTheWay,  // others wait for it
         stuck,
     };
 
-    struct Job {
-        ReaderTask task;
-        std::uint32_t number;
-        int descriptor;
-        PixelSize box;
-        PropertyResult* propertyResult;  // of readProperties; null for what has a ticket
-        Clock::time_point sent{};
-        bool isSent = false;
-        bool hasCompany = false;  // was sent in a request for several pictures
-        bool isAlone = false;     // is only sent in a request of its own
-        bool isGivenUp = false;   // nobody waits for the reply any more
-        int deaths = 0;           // readers that died while they had it
-        int interruptions = 0;
-    };
-
-    void addJob(ReaderTask task, int descriptor, PixelSize box, PropertyResult* result);
     std::uint32_t nextTicket();
-    void giveUp(bool (*isMeant)(const Job& job));
-    const ReaderPatience& patienceOf(const Job& job) const;
+    const ReaderPatience& patienceOf(const ReaderJob& job) const;
     std::optional<Clock::time_point> whenFrontGivesWay() const;
     void startProcess();
     bool hasRoomForProcess(Clock::time_point now);
-    void sendJobs();
-    bool sendBatch(std::size_t first, std::size_t most);
-    void becomeReady();
-    void watchFront();
     bool receive();
-    bool takeReply();
-    bool finishFront(const ReplyHeader& header, ByteView body);
-    void resendFrontLater();
-    void finish(const Job& job, ReadOutcome outcome);
-    void dropFront(ReadOutcome outcome);
-    void dropAll(ReadOutcome outcome);
+    void send();
     void loseReader(Loss loss);
-    void forgetWhatWasSent();
+    void loseStartingReader(Loss loss, Clock::time_point now);
+    void blameFront(Loss loss);
     void checkTime();
     void step();
     void waitWhile(const std::function<bool()>& isOpen, Clock::time_point end, int alarm = -1);
-    bool isWaitedFor(bool (*isMeant)(const Job& job)) const;
     void changed();
 
     ReaderLauncher launcher_;
     ReaderLimits limits_;
     std::function<void()> onChange_;
     ReaderProcess process_;
-    bool isReady_ = false;              // the process has said its first word
     ReaderWatch watch_;                 // over the start, then over the oldest job
     Clock::time_point notBefore_{};     // of the next start
     Clock::time_point missingUntil_{};  // no reader is tried before
     Clock::time_point crowdedSince_ = Clock::time_point::max();  // while too many linger
     int deathsInRow_ = 0;                                        // without a reply in between
     int failedStarts_ = 0;
-    std::uint32_t nextNumber_ = 1;
-    std::deque<Job> jobs_;                   // in the order in which they are answered
-    std::unique_ptr<std::uint8_t[]> chunk_;  // what one read takes in
-    std::vector<std::uint8_t> input_;        // what has come of the next replies
-    std::size_t taken_ = 0;                  // bytes of `input_` that are done with
+    ReaderJobs jobs_;
     std::uint32_t nextTicket_ = 1;
     std::uint32_t propertiesTicket_ = 0;
-    std::optional<PropertyResult> properties_;
     std::uint32_t previewTicket_ = 0;
-    std::optional<PreviewResult> preview_;
 };
 
 }  // namespace pinorama

@@ -172,7 +172,7 @@ TEST(slowPictures, getNoOtherProcessWhereTooManyLinger)
 {
     const Pictures pictures;
     ReaderLimits limits = test::shortLimits();
-    limits.mostLingering = 0;
+    limits.maxLingering = 0;
     limits.start.whole = 300ms;
     int starts = 0;
     ReaderClient client(
@@ -249,7 +249,7 @@ TEST_F(slowDisk, isWaitedFor)
 TEST_F(slowDisk, thatNeverRespondsKeepsAFewProcessesAndNoMore)
 {
     ReaderLimits limits = test::shortLimits();
-    limits.mostLingering = 3;
+    limits.maxLingering = 3;
     limits.start.whole = 500ms;
     int starts = 0;
     ReaderClient client(
