@@ -108,7 +108,7 @@ TEST(spawnProgram, handsOnTheDescriptorsThatItIsGivenAndNoOther)
     EXPECT_EQ(spawnProgram({.arguments = {"/nowhere/program"}}), -1);
 }
 
-TEST(spawnProgram, blocksNoSignalAndKeepsApartWhatShallBe)
+TEST(spawnProgram, blocksNoSignalAndStartsAProgramApart)
 {
     // The first 16, blocked and ignored. The C library keeps some of the later ones for itself.
     const char* signals = "sed -nE 's/^Sig(Blk|Ign).*(....)$/\\2/p' /proc/self/status";

@@ -58,7 +58,7 @@ TEST(openDescriptor, isAboveTheStandardStreamsAndClosedInChildren)
     EXPECT_EQ(WEXITSTATUS(status), 0);
 }
 
-TEST(openDescriptor, tellsThatNoDescriptorIsLeft)
+TEST(openDescriptor, reportsThatNoDescriptorIsLeft)
 {
     rlimit earlier = {};
     ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &earlier), 0);

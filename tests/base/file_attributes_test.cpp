@@ -20,7 +20,7 @@ void setModified(const std::string& path, std::time_t seconds, long nanoseconds)
 }
 }  // namespace
 
-TEST(attributesOf, tellsSizeAndKind)
+TEST(attributesOf, givesSizeAndKind)
 {
     const test::TemporaryFolder folder;
     const std::string file = folder.write("a", "12345");
@@ -34,7 +34,7 @@ TEST(attributesOf, tellsSizeAndKind)
     EXPECT_FALSE(attributesOf("/dev/null")->isRegular);
 }
 
-TEST(attributesOf, tellsTheSameOfAnOpenFile)
+TEST(attributesOf, givesTheSameForAnOpenFile)
 {
     const test::TemporaryFolder folder;
     const std::string file = folder.write("a", "12345");
@@ -77,7 +77,7 @@ TEST(attributesOf, roundsDatesDownToWholeSeconds)
     EXPECT_EQ(attributesOf(file)->modified, -1);
 }
 
-TEST(attributesOf, tellsWhenAFileWasMadeWhereTheFileSystemKnows)
+TEST(attributesOf, givesTheCreationDateWhereTheFileSystemKeepsIt)
 {
     const test::TemporaryFolder folder;
     const std::time_t before = std::time(nullptr) - 1;

@@ -57,7 +57,7 @@ TEST(ReplacingFile, keepsTheOldContentUntilTheNewOneIsWhole)
     EXPECT_EQ(countOfItems(folder.path()), 1u);
 }
 
-TEST(ReplacingFile, leavesNothingWhenItIsGivenUp)
+TEST(ReplacingFile, leavesNothingWhenItIsAbandoned)
 {
     const test::TemporaryFolder folder;
     const std::string path = folder.write("a.kml", "old");
@@ -181,7 +181,7 @@ TEST(ReplacingFile, writesToADeviceDirectly)
     EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
 }
 
-TEST(ReplacingFile, writesToAnOpenFileBehindWhatIsInIt)
+TEST(ReplacingFile, appendsToAnOpenFile)
 {
     const test::TemporaryFolder folder;
     const std::string path = folder.write("all.txt", "before\n");
@@ -196,7 +196,7 @@ TEST(ReplacingFile, writesToAnOpenFileBehindWhatIsInIt)
     EXPECT_EQ(countOfItems(folder.path()), 2u);
 }
 
-TEST(ReplacingFile, waitsForTheReaderOfAFullPipeWhenItIsTold)
+TEST(ReplacingFile, waitsForTheReaderOfAFullPipeIfItMay)
 {
     const test::TemporaryFolder folder;
     const std::string pipe = folder.file("pipe");
@@ -265,7 +265,7 @@ TEST(ReplacingFile, aFileThatMayNotBeWrittenStays)
     EXPECT_EQ(test::readFile(path), "old");
 }
 
-TEST(ReplacingFile, tellsWhyItCannotBegin)
+TEST(ReplacingFile, reportsWhyItCannotBegin)
 {
     const test::TemporaryFolder folder;
     ASSERT_EQ(symlink("round", folder.file("round").c_str()), 0);
@@ -294,7 +294,7 @@ TEST(ReplacingFile, tellsWhyItCannotBegin)
     }
 }
 
-TEST(ReplacingFile, tellsThatTheDiskIsFull)
+TEST(ReplacingFile, reportsAFullDisk)
 {
     ReplacingFile file;
     ASSERT_TRUE(file.begin("/dev/full"));

@@ -103,7 +103,7 @@ TEST(makeFolders, makesWhatIsMissing)
     EXPECT_TRUE(makeFolders("/", 0700));
 }
 
-TEST(makeFolders, tellsWhyItCannot)
+TEST(makeFolders, reportsWhyItCannot)
 {
     const test::TemporaryFolder folder;
     folder.write("file", "");

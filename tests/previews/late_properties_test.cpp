@@ -135,7 +135,7 @@ TEST_F(LateProperties, giveWayToThoseOfTheNextPicture)
     EXPECT_EQ((properties ? *properties : arrivals_[0].result.properties).latitude, 10.25);
 }
 
-TEST_F(LateProperties, tellThatTheReaderWasStuck)
+TEST_F(LateProperties, reportAStuckReader)
 {
     ReaderLimits limits;
     limits.properties.silence = 1s;

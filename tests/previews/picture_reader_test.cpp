@@ -72,7 +72,7 @@ TEST_F(cuReadPicturesElsewhere, leavesPropertiesToTheReader)
     EXPECT_FALSE(hasProperties()) << "without a reader nobody does";
 }
 
-TEST_F(cuReadPicturesElsewhere, tellsWhatTheReaderFinds)
+TEST_F(cuReadPicturesElsewhere, showsWhatTheReaderFinds)
 {
     pinorama::cuReadPicturesElsewhere();
     EXPECT_TRUE(hasProperties());
@@ -86,7 +86,7 @@ TEST_F(ReaderEventsTest, areThoseOfTheApplication)
     EXPECT_EQ(ReaderEvents::instance()->parent(), QCoreApplication::instance());
 }
 
-TEST_F(ReaderEventsTest, letAPreviewInAndTellOfIt)
+TEST_F(ReaderEventsTest, receiveAPreviewAndReportIt)
 {
     int told = 0;
     QObject context;
@@ -98,7 +98,7 @@ TEST_F(ReaderEventsTest, letAPreviewInAndTellOfIt)
     EXPECT_GT(told, 0);
 }
 
-TEST_F(ReaderEventsTest, tellOfAPreviewThatCameWhileSomebodyWaitedForSomethingElse)
+TEST_F(ReaderEventsTest, reportAPreviewThatCameWhileSomebodyWaitedForSomethingElse)
 {
     bool isTold = false;
     QObject context;

@@ -52,12 +52,12 @@ TEST(cuMakePNG, keepsTheTexts)
     EXPECT_TRUE(read.textKeys().contains(QLatin1String("Empty")));
 }
 
-TEST(cuMakePNG, makesNothingOfNoPicture)
+TEST(cuMakePNG, isEmptyForANullImage)
 {
     EXPECT_TRUE(cuMakePNG(QImage(), {{"Software", "Pinorama"}}).isEmpty());
 }
 
-TEST(cuMakePNG, makesNothingOfAPictureTooLargeForTheLibraryAndPrintsNothing)
+TEST(cuMakePNG, isEmptyForAnImageThatTheLibraryRefusesAndPrintsNothing)
 {
     testing::internal::CaptureStderr();
     EXPECT_TRUE(cuMakePNG(QImage(1'000'001, 1, QImage::Format_RGB888), {}).isEmpty());

@@ -143,7 +143,7 @@ TEST(pinoramaReader, endsWithAnyBytes)
     }
 }
 
-TEST(pinoramaReader, endsWhenNobodyAsksAnyMore)
+TEST(pinoramaReader, endsWithItsClient)
 {
     const auto request = encodeRequest({ReaderTask::properties, 1, 1, {}});
     for (const std::size_t length : {std::size_t{0}, std::size_t{1}, request.size() - 1}) {
@@ -154,7 +154,7 @@ TEST(pinoramaReader, endsWhenNobodyAsksAnyMore)
     }
 }
 
-TEST(pinoramaReader, findsNothingInWhatIsNoPictureAndGoesOn)
+TEST(pinoramaReader, findsNothingInAFileThatIsNoPictureAndGoesOn)
 {
     const Pictures pictures;
     int ends[2];

@@ -243,7 +243,7 @@ TEST(ReaderClient, aReaderThatKeepsDyingIsStartedAfterAPause)
     expectGoodPicture(client, pictures);
 }
 
-TEST(ReaderClient, tellsThatThereIsNoReader)
+TEST(ReaderClient, reportsAMissingReader)
 {
     const Pictures pictures;
     int starts = 0;
@@ -298,7 +298,7 @@ TEST(ReaderClient, worksWithAnEventLoop)
     EXPECT_EQ(client.millisecondsLeft(), -1) << "nothing to wake up for";
 }
 
-TEST(ReaderClient, leavesNoProcessAndNoDescriptorBehind)
+TEST(ReaderClient, leavesNoProcessAndNoDescriptor)
 {
     const auto openDescriptors = [] {
         const std::filesystem::directory_iterator entries("/proc/self/fd");

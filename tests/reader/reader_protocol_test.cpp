@@ -233,7 +233,7 @@ TEST(decodePreview, refusesAPictureOfTheWrongSize)
     EXPECT_FALSE(decodePreview(empty, PreviewKind::picture, {128, 128}));
 }
 
-TEST(decodePreview, onlyAThumbnailTellsOfAFile)
+TEST(decodePreview, onlyAThumbnailNamesAFile)
 {
     PreviewReply reply = somePreview();
     reply.uri = "file:///a.jpg";

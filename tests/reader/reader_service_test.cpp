@@ -239,7 +239,7 @@ TEST(serveReader, aPreviewGivesWayToTheNextRequest)
     EXPECT_EQ(reader.nextOutcome(ReaderTask::properties, 2), ReplyOutcome::found);
 }
 
-TEST(serveReader, endsAtWhatIsNoRequest)
+TEST(serveReader, endsAtAMalformedRequest)
 {
     const Files files;
     const auto twoFiles = encodeRequest({ReaderTask::properties, 1, 2, {}});

@@ -96,7 +96,7 @@ std::set<int> callsWith(std::uint32_t wanted)
 }
 }  // namespace
 
-TEST(sandboxFilter, letsThroughWhatReadingNeeds)
+TEST(filterSystemCalls, allowsWhatReadingNeeds)
 {
     std::set<int> expected = {SYS_brk,
                               SYS_munmap,
@@ -142,7 +142,7 @@ TEST(sandboxFilter, letsThroughWhatReadingNeeds)
     EXPECT_EQ(callsWith(SECCOMP_RET_ALLOW), expected);
 }
 
-TEST(sandboxFilter, refusesLookingAroundAndEndsAllElse)
+TEST(filterSystemCalls, refusesToLookForFilesAndEndsAllElse)
 {
     std::set<int> refused = {SYS_openat,
                              SYS_newfstatat,
@@ -170,7 +170,7 @@ TEST(sandboxFilter, refusesLookingAroundAndEndsAllElse)
     EXPECT_EQ(callsWith(SECCOMP_RET_KILL_PROCESS).size(), kCallCount - known);
 }
 
-TEST(sandboxFilter, looksAtArguments)
+TEST(filterSystemCalls, checksArguments)
 {
     constexpr std::uint64_t kNone = 0xffffffff;
     constexpr std::uint64_t kWideNone = ~std::uint64_t{0};
@@ -210,7 +210,7 @@ TEST(sandboxFilter, looksAtArguments)
     }
 }
 
-TEST(sandboxFilter, endsCallsInTheWayOfAnotherArchitecture)
+TEST(filterSystemCalls, endsCallsOfOtherArchitectures)
 {
     seccomp_data call{};
     call.nr = SYS_read;

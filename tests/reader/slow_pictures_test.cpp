@@ -43,7 +43,7 @@ PropertyResult awaitedProperties(ReaderClient& client)
     return client.takeProperties().value_or(PropertyResult{});
 }
 
-TEST(slowPictures, areWaitedForByWhoHasTheTime)
+TEST(ReaderClient, waitsForASlowPicture)
 {
     const Pictures pictures;
     ReaderClient client(faultyReader(), test::shortLimits());
@@ -51,7 +51,7 @@ TEST(slowPictures, areWaitedForByWhoHasTheTime)
     EXPECT_EQ(previewOf(client, pictures.slow(700ms)).outcome, ReadOutcome::found);
 }
 
-TEST(slowPictures, comeLaterToWhoHasNot)
+TEST(ReaderClient, deliversASlowPictureLaterToACallerThatDoesNotWait)
 {
     const Pictures pictures;
     ReaderClient client(faultyReader());
@@ -70,7 +70,7 @@ TEST(slowPictures, comeLaterToWhoHasNot)
     EXPECT_EQ(client.processID(), reader) << "a slow disk was taken for a reader that is stuck";
 }
 
-TEST(slowPictures, areAsOthersWhenTheReaderStartsSlowly)
+TEST(ReaderClient, waitsForAReaderThatStartsSlowly)
 {
     const Pictures pictures;
     ReaderClient client(faultyReader({"--slow-start", "2600"}));
@@ -80,7 +80,7 @@ TEST(slowPictures, areAsOthersWhenTheReaderStartsSlowly)
     EXPECT_EQ(awaitedProperties(client).outcome, ReadOutcome::found);
 }
 
-TEST(slowPictures, thatNeverComeAreGivenUp)
+TEST(ReaderClient, givesUpAPictureThatNeverComes)
 {
     const Pictures pictures;
     ReaderClient client(faultyReader(), test::shortLimits());
@@ -95,7 +95,7 @@ TEST(slowPictures, thatNeverComeAreGivenUp)
     expectGoodPicture(client, pictures);
 }
 
-TEST(slowPictures, areInTheWayOfNoOther)
+TEST(ReaderClient, aSlowPictureDelaysNoOther)
 {
     const Pictures pictures;
     ReaderClient client(faultyReader());
@@ -113,7 +113,7 @@ TEST(slowPictures, areInTheWayOfNoOther)
     }
 }
 
-TEST(slowPictures, thatWereGivenUpDeliverNothing)
+TEST(ReaderClient, aSlowPictureThatWasGivenUpDeliversNothing)
 {
     const Pictures pictures;
     ReaderClient client(faultyReader());
@@ -129,7 +129,7 @@ TEST(slowPictures, thatWereGivenUpDeliverNothing)
     expectGoodPicture(client, pictures);
 }
 
-TEST(slowPictures, ofABatchAreWaitedForAndCostOnlyThemselves)
+TEST(ReaderClient, aSlowPictureOfABatchCostsOnlyItself)
 {
     const Pictures pictures;
     const PictureFile good(pictures.good());
@@ -146,7 +146,7 @@ TEST(slowPictures, ofABatchAreWaitedForAndCostOnlyThemselves)
     }
 }
 
-TEST(slowPictures, areNotWaitedForAnyMoreWhenTheAlarmSounds)
+TEST(ReaderClient, theAlarmEndsTheWaitForASlowPicture)
 {
     const Pictures pictures;
     ReaderClient client(faultyReader());
@@ -168,7 +168,7 @@ TEST(slowPictures, areNotWaitedForAnyMoreWhenTheAlarmSounds)
     expectGoodPicture(client, pictures);
 }
 
-TEST(slowPictures, getNoOtherProcessWhereTooManyLinger)
+TEST(ReaderClient, startsNoReaderWhileTooManyLinger)
 {
     const Pictures pictures;
     ReaderLimits limits = test::shortLimits();
@@ -210,7 +210,7 @@ TEST(ReaderProcess_processorTime, isThatOfTheProcess)
 }
 
 // The same with a disk that really takes its time.
-class slowDisk : public testing::Test {
+class ReaderClient_slowDisk : public testing::Test {
 protected:
     void SetUp() override
     {
@@ -232,7 +232,7 @@ protected:
     std::unique_ptr<test::SlowDisk> disk_;
 };
 
-TEST_F(slowDisk, isWaitedFor)
+TEST_F(ReaderClient_slowDisk, isWaitedFor)
 {
     ReaderClient client(realReader(), test::shortLimits());
     expectGoodPicture(client, pictures_);
@@ -246,7 +246,7 @@ TEST_F(slowDisk, isWaitedFor)
     EXPECT_EQ(client.processID(), reader);
 }
 
-TEST_F(slowDisk, thatNeverRespondsKeepsAFewProcessesAndNoMore)
+TEST_F(ReaderClient_slowDisk, thatNeverRespondsKeepsAFewProcessesAndNoMore)
 {
     ReaderLimits limits = test::shortLimits();
     limits.maxLingering = 3;
