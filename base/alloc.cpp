@@ -15,8 +15,8 @@ bool failsNow()
     return true;
 }
 
-// The C library may answer a request for 0 bytes with null, which callers could not tell from
-// failure.
+// The C library may answer a request for 0 bytes with null, which callers could not distinguish
+// from failure.
 std::size_t atLeastOneByte(std::size_t size)
 {
     return size == 0 ? 1 : size;

@@ -18,7 +18,7 @@ struct FileAttributes {
 };
 
 // The attributes of what is at `path`, at the end of any symbolic links. Nothing when there is no
-// such item or it cannot be looked at; errno tells why.
+// such item or it cannot be looked at; errno says why.
 std::optional<FileAttributes> attributesOf(const std::string& path);
 
 // The attributes of what is open under a descriptor.

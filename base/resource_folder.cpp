@@ -37,8 +37,8 @@ std::string programFolder()
 
 std::string resourceFolder()
 {
-    const char* told = std::getenv("PINORAMA_RESOURCES");
-    return told != nullptr && *told != '\0' ? told : resourceFolderOf(programFolder());
+    const char* set = std::getenv("PINORAMA_RESOURCES");
+    return set != nullptr && *set != '\0' ? set : resourceFolderOf(programFolder());
 }
 
 std::string documentFolder()

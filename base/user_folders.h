@@ -10,7 +10,7 @@
 
 namespace pinorama {
 
-// The home folder: HOME, else what the user database says; empty when neither tells.
+// The home folder: HOME, else what the user database says; empty if neither has one.
 std::string homeFolder();
 
 std::string configFolder();  // XDG_CONFIG_HOME, else ~/.config

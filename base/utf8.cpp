@@ -58,7 +58,7 @@ char32_t readUTF8(std::string_view bytes, std::size_t* next)
     return lead;
 }
 
-// Reads the character that begins at `*next` and moves on behind it; a lone surrogate comes as it
+// Reads the character that begins at `*next` and moves on past it; a lone surrogate comes as it
 // is.
 char32_t readUTF16(std::u16string_view units, std::size_t* next)
 {

@@ -17,7 +17,7 @@ std::int32_t countUnitsOfUTF8(std::string_view bytes);
 
 // Decodes UTF-8 into `dest` up to the first invalid byte and to the last character that fits: all
 // of valid UTF-8 when there is room for countUnitsOfUTF8(bytes) units. Returns the units written,
-// which are the text: what lies behind them in `dest` is left as it was.
+// which are the text: what follows them in `dest` is left as it was.
 [[nodiscard]] std::size_t decodeUTF8(std::string_view bytes, std::span<char16_t> dest);
 
 // The bytes of the UTF-8 form, or -1 when a surrogate stands alone.

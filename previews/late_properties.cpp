@@ -13,6 +13,8 @@
 
 namespace pinorama {
 namespace {
+// Long enough for the start of the reader and a disk that is awake, so that the window shows nearly
+// every picture in one step; short enough not to be felt as a hang.
 constexpr std::chrono::milliseconds kShortWait(500);
 }  // namespace
 
@@ -64,10 +66,12 @@ void LateProperties::takeResult()
         result = reader.takeProperties();
         if (!result) return;
     } else {
-        // The reader was stopped, or somebody else has asked it.
+        // The reader was stopped, or has been asked for other properties: the ticket is the
+        // client's no more, and no result will come for it.
         result = PropertyResult{ReadOutcome::failed, {}};
     }
     file_ = DescriptorHolder();
+    // Nothing of this picture is pending any more when the receiver asks for the next one.
     Q_EMIT arrived(std::exchange(ticket_, 0), *result);
 }
 

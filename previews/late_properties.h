@@ -1,5 +1,16 @@
-// The properties of pictures on slow disks. Whoever asks for properties waits a moment, in which
-// nearly all of them come; what takes longer arrives through the event loop.
+// The properties of pictures on slow disks. A caller waits for properties half a second, in which
+// nearly all come; the rest arrives through the event loop.
+//
+//     connect(late, &LateProperties::arrived, this, [this](std::uint32_t ticket, const auto&
+//     result) {
+//         if (ticket == shownTicket_) show(result);
+//     });
+//     const auto properties = late->read(descriptor);
+//     shownTicket_ = late->ticket();  // 0 if `properties` is all there will be
+//
+// At most one picture is pending. While it is, its descriptor stays open in a copy, because the
+// reader may die and the next one has to be sent it again; and the caller may not assume that the
+// picture it shows is still the one that arrives, hence the ticket.
 
 #pragma once
 
@@ -18,7 +29,7 @@ class LateProperties : public QObject {
     Q_OBJECT
 
 public:
-    // The one of the running application object, made when it is asked for first.
+    // The instance that belongs to the application object, made on first use.
     static LateProperties* instance();
 
     // Has the reader read the properties of an open picture, which stays the caller's, and waits
@@ -35,7 +46,8 @@ public:
     void giveUp();
 
 Q_SIGNALS:
-    // What came of the picture with that ticket, once. Comes from the event loop.
+    // The result for the picture with that ticket, once, from the event loop. A receiver may call
+    // read.
     void arrived(std::uint32_t ticket, const PropertyResult& result);
 
 private:

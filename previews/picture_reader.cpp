@@ -61,7 +61,7 @@ void ReaderEvents::rearm()
         notifier_ = std::make_unique<QSocketNotifier>(socket, QSocketNotifier::Read);
         connect(notifier_.get(), &QSocketNotifier::activated, this, &ReaderEvents::advance);
     }
-    // What came while somebody waited for something else is told of from the event loop.
+    // A result that came while a caller waited for another one is reported from the event loop.
     const bool hasResult = reader.hasPreview() || reader.hasProperties();
     const int left = hasResult ? 0 : reader.millisecondsLeft();
     if (left < 0) {

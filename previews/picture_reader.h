@@ -1,5 +1,8 @@
 // The process that reads pictures for this one, and its place in the event loop. This process never
-// looks into a picture itself.
+// parses a picture itself.
+//
+//     cuReadPicturesElsewhere();  // once, while the program starts
+//     connect(ReaderEvents::instance(), &ReaderEvents::advanced, this, &Loader::takeResult);
 
 #pragma once
 
@@ -22,17 +25,18 @@ ReaderClient& cuPictureReader();
 // and comes later, through LateProperties. Called once while a program with a window starts.
 void cuReadPicturesElsewhere();
 
-// Lets the reader's replies in while the event loop runs.
+// Receives the reader's replies while the event loop runs.
 class ReaderEvents : public QObject {
     Q_OBJECT
 
 public:
-    // The one of the running application object, made when it is asked for first.
+    // The instance that belongs to the application object, made on first use.
     static ReaderEvents* instance();
     ~ReaderEvents() override;
 
 Q_SIGNALS:
-    // The reader may have got further: a preview or properties have come, or are possible again.
+    // A preview or properties may have come, or the reader may have become free for others. Each
+    // receiver looks for its own ticket.
     void advanced();
 
 private:

@@ -9,7 +9,7 @@
 
 namespace pinorama {
 namespace {
-constexpr int kStoreDelay = 100;  // milliseconds
+constexpr int kStoreDelay = 100;  // milliseconds, in which the preview gets onto the screen
 }  // namespace
 
 struct PreviewLoader::Request {
@@ -52,7 +52,8 @@ void PreviewLoader::request(const std::string& path, PictureFile picture, QSizeF
     cancel();
     request_ = std::make_unique<Request>(Request{
         path, size, ratio, PreviewPlan(path, std::move(picture), cuPixelsOfPoints(size, ratio))});
-    // The properties of the same picture are asked for first; the preview would be in their way.
+    // The caller asks for the properties of the same picture next. A preview that the reader has
+    // begun would be in their way, so the first step waits for the event loop.
     timer_.start(0);
 }
 
@@ -90,7 +91,8 @@ void PreviewLoader::takeReply()
     ReaderClient& reader = cuPictureReader();
     if (!request_ || request_->ticket == 0) return;
     if (reader.previewTicket() != request_->ticket) {
-        // Somebody who waits for another preview has taken the place of this one.
+        // Another preview has taken the place of this one. If that has been taken, the reader is
+        // free again; otherwise this is called again when it is.
         if (reader.previewTicket() == 0) startStep();
         return;
     }
@@ -112,16 +114,15 @@ void PreviewLoader::takeReply()
         startStep();
         return;
     }
-    // The receiver may make the next request.
     const std::unique_ptr<Request> request = std::move(request_);
     if (result->outcome == ReadOutcome::stuck) {
         Q_EMIT readerStuck(request->path);
-        if (request_) return;
+        if (request_) return;  // the receiver has made the next request
     }
     show(*request, std::nullopt);
 }
 
-// Packing a thumbnail takes longer than showing the preview, so that it is shown first.
+// Compressing a thumbnail takes longer than showing the preview, so the preview is shown first.
 void PreviewLoader::keepForStoring(PreviewReply& reply)
 {
     if (!reply.wasDecoded) return;

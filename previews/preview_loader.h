@@ -1,5 +1,14 @@
 // Previews that arrive through the event loop, so that nobody waits for a large picture or a slow
 // disk.
+//
+//     connect(loader, &PreviewLoader::previewReady, this, &Window::showPreview);
+//     loader->request(path, size, ratio);
+//
+// A request goes through the steps of its PreviewPlan, one at a time. It waits for the timer before
+// the first step, then for the reader's reply to the current one, which it recognises by the
+// ticket: the reader makes one preview at a time, and a caller that waits for one (file_preview.h)
+// takes the place of this one, which starts its step again afterwards. Between the signals anything
+// may happen, so a request is moved out before its signal: the receiver may make the next one.
 
 #pragma once
 

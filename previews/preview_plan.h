@@ -1,5 +1,7 @@
 // The steps on the way to a file's preview: first the thumbnails that the desktop's cache may have,
-// then the file itself. Whoever carries the steps out reads each file and says what came of it.
+// then the file itself. The plan only says which: its user has each file read and passes the reply
+// on to imageOf. A picture file stays open from the first step to the last, so that a file that is
+// replaced meanwhile cannot get the preview of another.
 
 #pragma once
 

@@ -1,5 +1,5 @@
-// The thumbnails that programs share in the user's cache folder: PNG pictures that tell in texts of
-// their own which file they show.
+// The thumbnails that programs share in the user's cache folder: PNG pictures that name the file
+// that they show in text chunks.
 
 #pragma once
 
@@ -17,9 +17,9 @@ struct CachedThumbnail {
     std::string mtime;  // Thumb::MTime, seconds since 1970 in decimal digits
 };
 
-// Reads a PNG picture, scaled down to fit into `box`, with the two texts; nothing when it is none
-// or damaged, or larger than any size that thumbnails come in. Source: freedesktop.org Thumbnail
-// Managing Standard.
+// Reads a PNG picture, scaled down to fit into `box`, with the two texts; nothing for another
+// format, a damaged picture, or one larger than any size that thumbnails come in. Source:
+// freedesktop.org Thumbnail Managing Standard.
 std::optional<CachedThumbnail> readCachedThumbnail(ByteSource& source, PixelSize box);
 
 }  // namespace pinorama

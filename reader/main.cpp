@@ -1,5 +1,5 @@
-// pinorama-reader: reads pictures for the window, locked in. Started by the program only; what is
-// typed on a command line has no socket for it and ends it at once.
+// pinorama-reader: reads pictures for the window in a sandbox. The window starts it with a socket;
+// started from a command line it has none and ends at once.
 
 #include "pictures/picture_properties.h"
 #include "reader/other_pictures.h"

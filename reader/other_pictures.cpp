@@ -16,7 +16,7 @@ constexpr int kMostMegabytes = 256;
 constexpr const char* kFormats[] = {"png", "gif", "bmp",  "ppm",  "pgm", "pbm",
                                     "xpm", "ico", "webp", "tiff", "tga", "icns"};
 
-// The format that the first bytes tell, empty when it is none of those above.
+// The format that the first bytes show; empty if it is not one of those above.
 QByteArray formatOf(QIODevice& device)
 {
     const QByteArray format = QImageReader::imageFormat(&device);

@@ -1,4 +1,4 @@
-// Answers to what is asked about a file for its preview, whatever kind of picture it is.
+// The reader's work on previews: its own decoders first, then Qt's, then a reply for the client.
 
 #pragma once
 

@@ -1,5 +1,5 @@
-// What is asked about a file for its preview, and what comes back. Plain values, because question
-// and reply travel between processes.
+// What a client asks about a file for its preview, and what comes back: plain values, because they
+// travel between processes.
 
 #pragma once
 

@@ -20,10 +20,10 @@ namespace {
 constexpr const char* kProgramName = "pinorama-reader";
 
 // A killed process is gone at once, except one that sleeps in the kernel, on a network share that
-// does not reply for instance. That one is looked after again when the next one ends.
+// does not respond for instance. That one is waited for again when the next one ends.
 constexpr int kLongestWait = 50;  // milliseconds
 
-// Where libraries and sanitizers are told about, for programs that lie in unusual places.
+// Where libraries are found by programs in unusual places, and the options of sanitizers.
 constexpr const char* kInherited[] = {"LD_LIBRARY_PATH", "QT_PLUGIN_PATH", "ASAN_OPTIONS",
                                       "UBSAN_OPTIONS"};
 
@@ -158,8 +158,8 @@ ReaderProcess forkReader(const std::function<void(int socket)>& serve)
 
 std::string readerProgram()
 {
-    const char* told = std::getenv("PINORAMA_READER");
-    if (told != nullptr && *told != '\0') return told;
+    const char* set = std::getenv("PINORAMA_READER");
+    if (set != nullptr && *set != '\0') return set;
     const std::string folder = programFolder();
     std::string beside = folder + "/" + kProgramName;
     if (access(beside.c_str(), X_OK) == 0) return beside;

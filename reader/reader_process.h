@@ -1,4 +1,5 @@
-// The process that reads pictures: started, found and ended.
+// The process that reads pictures: how it is found, started and ended. Both ways to start one
+// return at once; the process says over its socket when it is ready.
 
 #pragma once
 
@@ -31,11 +32,11 @@ public:
     // The processor time that the process has had so far; 0 for one that is gone.
     std::chrono::nanoseconds processorTime() const;
 
-    // Tells the process that no request follows, so that it can end by itself meanwhile.
+    // Closes the way to the process: no request follows, so that it ends by itself.
     void dismiss() const;
 
     // Kills the process and waits until it is gone, 50 milliseconds at most. One that sleeps in the
-    // kernel, in a read that the disk does not reply, lingers until that ends.
+    // kernel, in a read that the disk does not answer, lingers until that ends.
     void end();
 
 private:

@@ -1,9 +1,9 @@
 // The messages between a program and the process that reads pictures for it. Numbers are little
-// endian. Every message is checked by the side that receives it as if an enemy had sent it: its
-// length is known before it is read and never larger than what was asked for can be.
+// endian. Each side checks what it receives as if an attacker had sent it: the length of a message
+// is known before it is read, and never more than a reply to this request can need.
 //
-// A request of kRequestSize bytes carries as many open descriptors as it counts. Each is answered,
-// in order, by a header of kReplyHeaderSize bytes and a body whose length the header tells. The
+// A request of kRequestSize bytes carries as many open descriptors as it counts. Each gets a reply,
+// in order: a header of kReplyHeaderSize bytes and a body whose length is in the header. The
 // layouts are in docs/formats.md.
 
 #pragma once
@@ -27,7 +27,7 @@ constexpr std::int32_t kLargestPreviewSide = 2048;  // pixels
 constexpr std::size_t kLongestText = 65536;         // UTF-16 units of one property
 
 enum class ReaderTask : std::uint16_t {
-    hello,  // no request: the reader's first word, once it is locked in
+    hello,  // no request: the reader's first word, once it is sandboxed
     properties,
     picturePreview,
     cachedThumbnail,
@@ -56,10 +56,10 @@ struct ReplyHeader {
 std::array<std::uint8_t, kRequestSize> encodeRequest(const ReaderRequest& request);
 std::array<std::uint8_t, kReplyHeaderSize> encodeReplyHeader(const ReplyHeader& header);
 
-// Nothing for anything but kRequestSize bytes of a request as described above.
+// Nothing unless the bytes are one well-formed request.
 std::optional<ReaderRequest> decodeRequest(ByteView bytes);
 
-// Nothing for anything but kReplyHeaderSize bytes of a reply to `task` with that number, whose
+// Nothing unless the bytes are the well-formed header of a reply to `task` with that number, whose
 // body is not longer than `maxBodyLength`.
 std::optional<ReplyHeader> decodeReplyHeader(ByteView bytes, ReaderTask task, std::uint32_t number,
                                              std::size_t maxBodyLength);
@@ -73,7 +73,7 @@ std::vector<std::uint8_t> encodeProperties(const PictureProperties& properties);
 std::optional<PictureProperties> decodeProperties(ByteView body);
 
 // Previews. What is read fits into `box` and has as many pixels as its size says; a pixel whose
-// colours exceed its alpha is mended. Only cached thumbnails tell of a file.
+// colours exceed its alpha is corrected. Only cached thumbnails name a file.
 std::vector<std::uint8_t> encodePreview(const PreviewReply& reply);
 std::optional<PreviewReply> decodePreview(ByteView body, PreviewKind kind, PixelSize box);
 

@@ -26,8 +26,8 @@ std::uint64_t sizeOf(int descriptor)
     return end < 0 ? 0 : static_cast<std::uint64_t>(end);
 }
 
-// Answers on their way. Those to one request go out together, so that the other side wakes up once;
-// but none waits longer than a moment for another one.
+// Replies to one request are sent together, so that the other side wakes up once; but none waits
+// for another one longer than a moment.
 class Replies {
 public:
     explicit Replies(int socket) : socket_(socket) {}
@@ -57,7 +57,7 @@ private:
     std::chrono::steady_clock::time_point lastSent_ = std::chrono::steady_clock::now();
 };
 
-// What a task came to.
+// The outcome of a task.
 struct Result {
     ReplyOutcome outcome = ReplyOutcome::nothing;
     std::vector<std::uint8_t> body;
@@ -95,7 +95,7 @@ try {
     if (request.task == ReaderTask::properties) return propertiesOf(descriptor, tasks, source);
     return previewOf(socket, descriptor, request, tasks);
 } catch (const std::exception&) {
-    return {};  // out of memory, most likely; it has been given back by now
+    return {};  // out of memory, most likely, which has been released again
 }
 
 bool serveOne(int socket, const ReaderTasks& tasks, SourceHolder* source)

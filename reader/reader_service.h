@@ -1,5 +1,6 @@
-// The reader's side: waits for requests, reads the pictures, replies. Knows neither how it was
-// started nor whether it is locked in.
+// The reader's side: waits for requests, reads the pictures, replies. It works the same in a
+// sandboxed process, in a test and in a fuzzer, because it knows neither how it was started nor
+// whether it is sandboxed.
 
 #pragma once
 
@@ -20,8 +21,8 @@ struct ReaderTasks {
 };
 
 // Says that the reader is ready and serves requests until the other side closes the socket or sends
-// something that is no request. A preview is given up as soon as another request comes: its bytes
-// seem to end.
+// a malformed request. As soon as another request comes a preview is given up: to its decoder the
+// file seems to end there, which every decoder can cope with.
 void serveReader(int socket, const ReaderTasks& tasks);
 
 }  // namespace pinorama

@@ -1,7 +1,12 @@
-// Tells a reader that is stuck from one that waits for a slow disk. A disk that has to start
-// turning, a memory card or a network share takes seconds and none of the processor; a parser that
-// a picture leads astray takes the processor; and what neither gets anywhere nor ends is given up
-// at last.
+// Distinguishes a reader that is stuck from one that waits for a slow disk. A disk that has to spin
+// up, a memory card or a network share takes seconds of the clock and none of the processor; a
+// parser in a loop takes the processor. A limit on the clock alone cannot have both: short, it
+// kills readers that wait for a disk; long, it lets a loop run. Each has a limit of its own here,
+// and a third one ends what stays below both.
+//
+//     watch.begin(patience, now);
+//     if (watch.isDue(now) && watch.isStuck(now, process.processorTime())) kill(process);
+//     sleepUntil(watch.nextLook(now));
 
 #pragma once
 
@@ -17,8 +22,8 @@ struct ReaderPatience {
     std::chrono::milliseconds whole;      // whatever it does
 };
 
-// Watches one piece of work at a time. Knows neither clocks nor processes: it is told what they
-// say.
+// Watches one piece of work at a time. It knows neither clocks nor processes: the caller passes in
+// their times.
 class ReaderWatch {
 public:
     using Time = std::chrono::steady_clock::time_point;
@@ -26,8 +31,8 @@ public:
     // Work begins.
     void begin(const ReaderPatience& patience, Time now);
 
-    // Whether it is time to look at the reader: at once, which tells where its processor time
-    // begins, and again from when the work may have taken too long.
+    // Whether to look at the reader: at once, to learn the processor time that it has had before,
+    // and again from when a limit may be over. Most work ends before that and costs one look.
     bool isDue(Time now) const;
 
     // Looks at the reader, which has had so much processor time in all. True when it is stuck. A

@@ -52,7 +52,7 @@ bool detachStandardStreams()
 }
 
 // Forbids every access to files by name that this kernel's Landlock knows. Without Landlock the
-// filter of system calls is the only lock.
+// filter of system calls alone keeps files out of reach.
 void forbidFiles()
 {
     constexpr std::uint64_t kRightsByVersion[] = {
@@ -66,7 +66,8 @@ void forbidFiles()
     constexpr int kNetworkVersion = 4;
     constexpr std::uint64_t kNetworkRights = 3;  // bind and connect
 
-    // The kernel's own record has grown; a header may know fewer fields than the kernel.
+    // Declared here, since the header that this is built with may be older than the kernel and know
+    // fewer fields.
     struct {
         std::uint64_t files;
         std::uint64_t network;
@@ -99,6 +100,9 @@ std::uint64_t addressSpaceInUse()
     return pages * static_cast<std::uint64_t>(sysconf(_SC_PAGESIZE));
 }
 
+// The order matters: /dev/null can be opened only before files are forbidden; no_new_privs is what
+// lets an ordinary user install Landlock and the filter; and the filter comes last, because it ends
+// a process that makes any of the other calls.
 bool enterSandbox(const SandboxRules& rules)
 {
     if (prctl(PR_SET_PDEATHSIG, SIGKILL) != 0) return false;

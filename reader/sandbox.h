@@ -1,5 +1,13 @@
-// Locks a process in that works on bytes from strangers: whatever goes wrong in it afterwards, it
-// can compute, take memory up to a limit, read what it was handed open, and reply over one socket.
+// The sandbox of a process that works on bytes from strangers: whatever goes wrong in it
+// afterwards, it can compute, take memory up to a limit, read the descriptors that it receives, and
+// reply over one socket.
+//
+//     loadPlugins();  // whatever opens a file comes first
+//     if (!enterSandbox({.socket = socket, .memory = addressSpaceInUse() + more, .descriptors =
+//     8}))
+//         return EXIT_FAILURE;
+//     serve(socket);
+//     _exit(EXIT_SUCCESS);  // cleaning up would look for files
 
 #pragma once
 
@@ -19,10 +27,11 @@ struct SandboxRules {
 };
 
 // The bytes of address space that this process uses, for rules that allow it some more; 0 when the
-// system does not tell. The system needs longer for this reply than for a picture's properties.
+// system does not tell. The system takes longer to say than reading the
+// properties of a picture takes.
 std::uint64_t addressSpaceInUse();
 
-// Locks this process in, for good and with all its threads:
+// Puts this process into the sandbox, for good and with all its threads:
 //
 //   - no file can be opened, made, renamed, removed or looked for (seccomp, and Landlock where the
 //     kernel has it)
@@ -32,11 +41,11 @@ std::uint64_t addressSpaceInUse();
 //   - the standard streams lead nowhere (standard error of a build with sanitizers aside)
 //   - no core dump; the process ends with its parent
 //
-// Looking for a file and the like fail with EPERM, since libraries do so in good faith; an attempt
-// at anything else ends the process. All descriptors above `socket` are closed.
+// Looking for a file and the like fail with EPERM, since libraries try it in good faith; every
+// other call ends the process (sandbox_calls.h). All descriptors above `socket` are closed.
 //
-// Returns false when one of these could not be had, Landlock aside; the process is then only partly
-// locked in and must not go on.
+// Returns false if one of these is not available, Landlock aside. The process is then only partly
+// sandboxed and must not go on.
 [[nodiscard]] bool enterSandbox(const SandboxRules& rules);
 
 }  // namespace pinorama

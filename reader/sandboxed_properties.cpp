@@ -10,7 +10,8 @@
 
 namespace pinorama {
 namespace {
-// Bytes of address space. The program itself takes a few megabytes of it, a test some more.
+// Bytes of address space, fixed because asking how many are in use takes longer than the work. The
+// program itself takes a few megabytes of it, a test some more.
 constexpr std::uint64_t kMemory = std::uint64_t{512} << 20;
 // Standard streams, the socket, and a request's files.
 constexpr std::uint32_t kDescriptors = 4 + kMostDescriptors;
