@@ -1,40 +1,32 @@
 #include "cli/batch_message.h"
 
+#include "base/descriptor.h"
+#include "base/message_bytes.h"
+
+#include <array>
 #include <cerrno>
-#include <cstring>
 #include <string_view>
 
 #include <sys/socket.h>
 
 namespace pinorama {
 namespace {
-struct RequestHeader {
-    std::uint64_t length;  // bytes of the paths, each with its zero byte
-};
+using Bytes = std::span<const std::uint8_t>;
 
-struct ResultHeader {
-    std::uint64_t outputLength;
-    std::uint64_t placemarksLength;
-    std::uint64_t diagnosticsLength;
-    std::uint64_t files;
-    std::uint64_t located;
-    std::uint64_t failed;
-};
+constexpr std::size_t kRequestHeaderSize = 8;  // the length of the paths that follow
 
-template <typename Header>
-std::string_view bytesOf(const Header& header)
+std::string textOf(Bytes bytes)
 {
-    return {reinterpret_cast<const char*>(&header), sizeof header};
+    return std::string(bytes.begin(), bytes.end());
 }
 
-bool receiveAll(int socket, char* bytes, std::size_t count)
+bool receiveAll(int socket, std::span<std::uint8_t> buffer)
 {
-    while (count > 0) {
-        const ssize_t received = recv(socket, bytes, count, MSG_WAITALL);
+    while (!buffer.empty()) {
+        const ssize_t received = recv(socket, buffer.data(), buffer.size(), MSG_WAITALL);
         if (received < 0 && errno == EINTR) continue;
         if (received <= 0) return false;
-        bytes += received;
-        count -= static_cast<std::size_t>(received);
+        buffer = buffer.subspan(static_cast<std::size_t>(received));
     }
     return true;
 }
@@ -42,63 +34,64 @@ bool receiveAll(int socket, char* bytes, std::size_t count)
 
 std::string encodePaths(std::span<const std::string> paths)
 {
-    RequestHeader header{};
-    for (const std::string& path : paths) header.length += path.size() + 1;
-    std::string message(bytesOf(header));
-    message.reserve(sizeof header + header.length);
+    std::uint64_t length = 0;
+    for (const std::string& path : paths) length += path.size() + 1;
+    MessageWriter header;
+    header.put64(length);
+    std::string message = textOf(header.bytes());
+    message.reserve(message.size() + length);
     for (const std::string& path : paths) message.append(path.c_str(), path.size() + 1);
     return message;
 }
 
 std::optional<std::vector<std::string>> receivePaths(int socket)
 {
-    RequestHeader header{};
-    if (!receiveAll(socket, reinterpret_cast<char*>(&header), sizeof header)) return std::nullopt;
-    std::string bytes(header.length, '\0');
-    if (!receiveAll(socket, bytes.data(), bytes.size())) return std::nullopt;
+    std::array<std::uint8_t, kRequestHeaderSize> header;
+    if (!receiveAll(socket, header)) return std::nullopt;
+    std::vector<std::uint8_t> bytes(MessageReader(header).get64());
+    if (!receiveAll(socket, bytes)) return std::nullopt;
+    const std::string_view texts(reinterpret_cast<const char*>(bytes.data()), bytes.size());
     std::vector<std::string> paths;
-    for (std::size_t at = 0; at < bytes.size(); at += paths.back().size() + 1) {
-        paths.emplace_back(bytes.c_str() + at);
+    for (std::size_t at = 0; at < texts.size(); at += paths.back().size() + 1) {
+        paths.emplace_back(texts.data() + at);
     }
     return paths;
 }
 
 bool sendResult(int socket, const BatchResult& result)
 {
-    const ResultHeader header = {
-        result.output.size(), result.placemarks.size(), result.diagnostics.size(),
-        result.files,         result.located,           result.failed};
-    std::string message(bytesOf(header));
-    message.append(result.output).append(result.placemarks).append(result.diagnostics);
-    std::string_view rest = message;
-    while (!rest.empty()) {
-        const ssize_t sent = send(socket, rest.data(), rest.size(), MSG_NOSIGNAL);
-        if (sent < 0 && errno == EINTR) continue;
-        if (sent < 0) return false;
-        rest.remove_prefix(static_cast<std::size_t>(sent));
-    }
-    return true;
+    MessageWriter message;
+    message.put64(result.output.size());
+    message.put64(result.placemarks.size());
+    message.put64(result.diagnostics.size());
+    message.put64(result.files);
+    message.put64(result.located);
+    message.put64(result.failed);
+    message.putBytes(result.output);
+    message.putBytes(result.placemarks);
+    message.putBytes(result.diagnostics);
+    return sendAll(socket, message.bytes());
 }
 
 std::optional<BatchResult> takeResult(std::string* received)
 {
-    ResultHeader header{};
-    if (received->size() < sizeof header) return std::nullopt;
-    std::memcpy(&header, received->data(), sizeof header);
-    const std::size_t length =
-        sizeof header + header.outputLength + header.placemarksLength + header.diagnosticsLength;
-    if (received->size() < length) return std::nullopt;
-
-    const std::string_view texts = std::string_view(*received).substr(sizeof header);
+    MessageReader message(
+        Bytes(reinterpret_cast<const std::uint8_t*>(received->data()), received->size()));
+    const std::uint64_t outputLength = message.get64();
+    const std::uint64_t placemarksLength = message.get64();
+    const std::uint64_t diagnosticsLength = message.get64();
     BatchResult result;
-    result.output = texts.substr(0, header.outputLength);
-    result.placemarks = texts.substr(header.outputLength, header.placemarksLength);
-    result.diagnostics =
-        texts.substr(header.outputLength + header.placemarksLength, header.diagnosticsLength);
-    result.files = header.files;
-    result.located = header.located;
-    result.failed = header.failed;
-    received->erase(0, length);
+    result.files = message.get64();
+    result.located = message.get64();
+    result.failed = message.get64();
+    const Bytes output = message.getBytes(outputLength);
+    const Bytes placemarks = message.getBytes(placemarksLength);
+    const Bytes diagnostics = message.getBytes(diagnosticsLength);
+    if (message.hasFailed()) return std::nullopt;  // not whole yet
+    result.output = textOf(output);
+    result.placemarks = textOf(placemarks);
+    result.diagnostics = textOf(diagnostics);
+    received->erase(0, received->size() - message.bytesLeft());
     return result;
 }
 

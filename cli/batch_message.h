@@ -1,6 +1,6 @@
 // Requests and replies between the program and its workers: batches of paths, and their results. A
-// worker is a forked copy of the program, so numbers have the layout of this machine, and both
-// sides trust each other.
+// worker is a forked copy of the program, so both sides trust each other. Numbers are little
+// endian, of 8 bytes.
 
 #pragma once
 
