@@ -6,7 +6,7 @@
 namespace {
 constexpr std::uint8_t kNativeNow = 1;
 
-// The items in use in bytes; a block is never longer than 32 bits tell.
+// The size of the items in use in bytes; that of a block always fits 32 bits.
 std::uint32_t usedBytesOf(const DynArray* array)
 {
     return array->itemCount * array->itemSize;

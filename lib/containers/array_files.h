@@ -13,7 +13,7 @@
 #include "lib/containers/flex_dyn_array.h"
 #include "lib/files/file_types.h"
 
-// Writes the items in use behind the end of the file.
+// Writes the items in use after the end of the file.
 std::int16_t memAppendFileContentsMMIO(ForkRef refNum, const DynArray* array);
 
 // Writes the items in use at `offset`.
@@ -30,7 +30,7 @@ std::int16_t memWriteToFileContentsMMIO(ForkRef refNum, const DynArray* array, s
                                                   std::uint32_t itemCount, std::uint32_t itemSize,
                                                   DynArray* array);
 
-// Writes the used bytes behind the end of the file.
+// Writes the used bytes after the end of the file.
 std::int16_t memAppendFlexArrayToFileMMIO(ForkRef refNum, const FlexDynArray* flex);
 
 // Writes the used bytes at `offset`.
@@ -47,11 +47,11 @@ std::int16_t memWriteFlexArrayToFileMMIO(ForkRef refNum, const FlexDynArray* fle
 [[nodiscard]] std::int16_t memGetFileContentsFlexMMIO(ForkRef refNum, std::int64_t offset,
                                                       std::uint32_t byteCount, FlexDynArray* flex);
 
-// Turns the three numbers of every item's head into the other byte order. Data are the caller's
-// business, utEndianSwapIntArray helps with them; an index is left alone and is to be built anew.
+// Swaps the bytes of the three numbers in every item's header. The caller converts the data
+// (utEndianSwapIntArray helps) and rebuilds the index, which this function leaves unchanged.
 //
-//   direction  1: the heads are in this machine's order now; any other value: in the other one.
+//   direction  1: the headers are in this machine's order now; any other value: in the other one.
 //
-// Returns 0, or 22003 at a head whose size runs past the used bytes by more than 12: the heads
-// before it are converted, it and what follows are not.
+// Returns 0, or 22003 at a header whose size runs past the used bytes by more than 12: the headers
+// before it are converted, it and those after it are not.
 std::int16_t memEndianConvertFlexDynArray(FlexDynArray* flex, std::uint8_t direction);

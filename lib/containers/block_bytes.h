@@ -10,8 +10,8 @@
 constexpr std::uint64_t kMaxBlockSize = UINT32_MAX;
 
 // Resizes `*block` (null: allocates) to `byteCount` bytes. An `isEmpty` block is freed and becomes
-// null, so that a container without room never holds a block that nobody would free.
-// Returns false and changes nothing when memory runs out or `byteCount` is above kMaxBlockSize.
+// null: a container with a capacity of 0 holds no block that somebody would have to free.
+// Returns false and changes nothing if memory runs out or `byteCount` is above kMaxBlockSize.
 [[nodiscard]] inline bool resizeBlock(std::uint8_t** block, std::uint64_t byteCount, bool isEmpty)
 {
     if (isEmpty) {
@@ -27,7 +27,7 @@ constexpr std::uint64_t kMaxBlockSize = UINT32_MAX;
 }
 
 // True when `bytes` points into the `blockSize` bytes at `block`. Such bytes move with the block,
-// so whoever copies them into the same container has to look here first.
+// so a function that copies them into the same container has to check this first.
 inline bool liesInBlock(const void* bytes, const std::uint8_t* block, std::uint64_t blockSize)
 {
     const auto distance =

@@ -24,8 +24,8 @@ std::int16_t growTo(DynArray* array, std::uint64_t capacity, std::uint64_t neede
     return memResizeMemory(array, static_cast<std::uint32_t>(amount));
 }
 
-// Makes room for one more item. Returns `item`, or where it is now when it lies in the block that
-// has moved; null when memory runs out.
+// Ensures capacity for one more item. Returns `item`, or its new address if it lies in the block
+// that has moved; null if memory runs out.
 const void* growFor(DynArray* array, const void* item)
 {
     const std::uint64_t blockSize = std::uint64_t{array->allocatedAmount} * array->itemSize;
@@ -42,8 +42,8 @@ void insertItems(DynArray* array, std::uint32_t index, std::uint32_t n, const vo
 {
     std::uint8_t* place = itemAt(array, index);
     const std::size_t inserted = std::size_t{n} * array->itemSize;
-    const std::size_t behind = std::size_t{array->itemCount - index} * array->itemSize;
-    if (behind > 0) std::memmove(place + inserted, place, behind);
+    const std::size_t following = std::size_t{array->itemCount - index} * array->itemSize;
+    if (following > 0) std::memmove(place + inserted, place, following);
     if (inserted > 0) std::memcpy(place, items, inserted);
     array->itemCount += n;
 }
@@ -202,7 +202,7 @@ std::int16_t memInsertMoreItems(DynArray* array, std::uint32_t index, std::uint3
 
     const StableItems stable(array, items, std::uint64_t{n} * array->itemSize);
     if (stable.failed()) return kMemErrNoMemory;
-    // Exactly sufficient room grows as well; pinned by
+    // The array grows even if its capacity is exactly sufficient. Intended; pinned by
     // memInsertMoreItems.growsEvenIfTheCapacityIsExactlySufficient.
     const std::uint64_t needed = std::uint64_t{array->itemCount} + n;
     if (array->allocatedAmount <= needed) {
@@ -216,8 +216,8 @@ std::int16_t memInsertMoreItems(DynArray* array, std::uint32_t index, std::uint3
 std::int16_t memDeleteOneItem(DynArray* array, std::uint32_t index)
 {
     if (index >= array->itemCount) return kMemErrNotFound;
-    const std::size_t behind = std::size_t{array->itemCount - index - 1} * array->itemSize;
-    if (behind > 0) std::memmove(itemAt(array, index), itemAt(array, index + 1), behind);
+    const std::size_t following = std::size_t{array->itemCount - index - 1} * array->itemSize;
+    if (following > 0) std::memmove(itemAt(array, index), itemAt(array, index + 1), following);
     --array->itemCount;
     return 0;
 }

@@ -2,15 +2,22 @@
 // that the record owns. This header makes, reads and changes arrays; dyn_array_search.h walks and
 // searches them, dyn_array_sort.h sorts them, container_dump.h writes them to the debug log.
 //
+//     DynArray array;
+//     if (memNewDynArray(&array, sizeof(Entry), 10) != 0) return kMemErrNoMemory;
+//     const std::int16_t status = memAppendItem(&array, &entry);
+//     void* first = nullptr;
+//     if (status == 0 && memGetItemPtr(&array, 0, &first) == 0) use(first);
+//     memFreeDynArray(&array);
+//
 // Counts, indexes and amounts are items; sizes are bytes. Items are opaque bytes except for the ID
 // operations, which take the first 4 (or 8) bytes of an item as its ID, in native byte order.
 // Every pointer into a block is borrowed until the next call that may move the block: append,
 // insert, resize, shrink, copy into.
 //
 // The count never exceeds the allocated amount, with one exception: memResizeMemory leaves the
-// count alone, and until the caller has lowered it items beyond the block must not be asked for.
-// A block holds at most 0xffffffff bytes, so that the 32-bit byte counts of the array files reach
-// all of it; what would need more fails like a lack of memory.
+// count unchanged, and until the caller has lowered it, items beyond the block must not be
+// accessed. A block holds at most 0xffffffff bytes, so that the 32-bit byte counts of the array
+// files reach all of it; what would need more fails like a lack of memory.
 
 #pragma once
 
@@ -22,14 +29,14 @@ struct DynArray {
     std::uint32_t itemSize;         // bytes per item, fixed at creation
     std::uint32_t allocatedAmount;  // items that the block can hold
     std::uint32_t itemCount;        // items in use, 0 to itemCount - 1
-    std::uint8_t* data;             // the items, back to back; null when nothing is allocated
+    std::uint8_t* data;             // the items, back to back; null if nothing is allocated
 };
 
 constexpr std::uint32_t kGrowthStep = 40;  // items per growth
 
-// Makes an array of `itemSize` bytes per item with room for `capacity` items; the room is not
-// cleared. What the record held before is overwritten, not freed. A capacity of 0 succeeds without
-// a block.
+// Makes an array of `itemSize` bytes per item with a capacity of `capacity` items; the block is not
+// cleared. The previous contents of the record are overwritten, not freed. A capacity of 0 succeeds
+// without a block.
 // Returns 0, or 22001 with a record of zeros.
 [[nodiscard]] std::int16_t memNewDynArray(DynArray* array, std::uint32_t itemSize,
                                           std::uint32_t capacity);
@@ -58,12 +65,12 @@ std::uint32_t memGetItemSize(const DynArray* array);
 std::uint32_t memGetItemCount(const DynArray* array);
 std::uint32_t memGetAllocatedAmount(const DynArray* array);
 
-// The address of item `index`, borrowed. Returns 0, or 22002 and a null pointer when there is no
+// The address of item `index`, borrowed. Returns 0, or 22002 and a null pointer if there is no
 // such item.
 std::int16_t memGetItemPtr(const DynArray* array, std::uint32_t index, void** outPtr);
 
-// Copies item `index` to `dest`, which has room for it.
-// Returns 0, or 22002 when there is no block or no such item.
+// Copies item `index` to `dest`, which must have space for it.
+// Returns 0, or 22002 if there is no block or no such item.
 std::int16_t memCopyItemData(const DynArray* array, std::uint32_t index, void* dest);
 
 // The ID of item `index`: its first 4 or 8 bytes. The index is not checked.
@@ -83,13 +90,13 @@ bool memSameData(const DynArray* array, std::uint32_t byteLength, const void* by
 [[nodiscard]] std::int16_t memInsertOneItem(DynArray* array, std::uint32_t index, const void* item);
 
 // Inserts copies of the `n` items at `items` before item `index`; they may lie in the array's own
-// block. The array grows by n + 40 items unless it has room for more than n: it grows even when the
-// room is exactly sufficient.
-// Returns 0, 22003 for an index beyond the count, 22001 with the record unchanged.
+// block. The array grows by n + 40 items unless it has capacity for more than n: it grows even if
+// the capacity is exactly sufficient. Returns 0, 22003 for an index beyond the count, 22001 with
+// the record unchanged.
 [[nodiscard]] std::int16_t memInsertMoreItems(DynArray* array, std::uint32_t index, std::uint32_t n,
                                               const void* items);
 
-// Deletes item `index`; the block is kept. Returns 0, or 22002 when there is no such item.
+// Deletes item `index`; the block is kept. Returns 0, or 22002 if there is no such item.
 std::int16_t memDeleteOneItem(DynArray* array, std::uint32_t index);
 
 // Deletes the last item; the block is kept. Returns 0, or -1 for an empty array.
@@ -100,7 +107,7 @@ std::int16_t memDeleteAllItems(DynArray* array);
 
 // Takes item `from` out and inserts it at `to`, an index in the array after the removal.
 // Returns 0 (also, without any look at the array, for equal indexes), 22001 with the record
-// unchanged, 22002 when there is no item `from`, and 22003 when `to` is beyond the count after the
+// unchanged, 22002 if there is no item `from`, and 22003 when `to` is beyond the count after the
 // removal: the item stays removed then.
 std::int16_t memMoveItemToNewIndex(DynArray* array, std::uint32_t from, std::uint32_t to);
 

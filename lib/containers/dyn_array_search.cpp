@@ -37,7 +37,7 @@ std::int16_t findSorted(const DynArray* array, ID id, std::uint32_t* outIndex)
         *outIndex = low;
         return 0;
     }
-    // One below the remaining place: whoever scans forward from here cannot miss the ID.
+    // One below the remaining index: a scan from here upward cannot miss the ID.
     *outIndex = low == 0 ? 0 : low - 1;
     return kMemErrNotFound;
 }

@@ -11,18 +11,18 @@
 using memWalkFn = bool (*)(std::uint32_t index, void* item, void* refCon1, void* refCon2);
 
 // Calls `callback` for each item from index 0 upward until it returns false. The two refCons are
-// handed through. Returns 0, or -1 for an empty array.
+// passed through unchanged. Returns 0, or -1 for an empty array.
 std::int16_t memWalkDynArray(const DynArray* array, void* refCon1, void* refCon2,
                              memWalkFn callback);
 
 // Finds the first item with the 32-bit ID `id`, whatever the order of the items.
-// Returns 0 and the item's address; 22002 and a null pointer when there is none; -1 for an empty
+// Returns 0 and the item's address; 22002 and a null pointer if there is none; -1 for an empty
 // array, with *outPtr left alone.
 std::int16_t memGetItemByUnsortedID(const DynArray* array, std::uint32_t id, void** outPtr);
 
 // Finds the index of the item with the 32-bit ID `id` in an array sorted ascending by ID (as
-// unsigned numbers). Among equal IDs it is the first that the halving meets.
-// Returns 0; 22002 when there is none, with *outIndex at or before the place where the ID would
+// unsigned numbers). Among equal IDs it is the first that the binary search meets.
+// Returns 0; 22002 if there is none, with *outIndex at or before the place where the ID would
 // belong (one below it, but never below 0), from where a scan ahead is safe; -1 for an empty array,
 // with *outIndex left alone.
 std::int16_t memGetItemIndexFromID(const DynArray* array, std::uint32_t id,

@@ -1,8 +1,15 @@
-// The variable-item array: data items of any length in one block, each behind a header that names
+// The variable-item array: data items of any length in one block, each after a header that names
 // it by an item ID and an item type, and an optional index from IDs to places in the block. This
 // header makes arrays and changes single items; flex_lookup.h finds, walks and checks, flex_runs.h
 // works on all items of an ID or of an array, flex_index.h builds the index, container_dump.h
 // writes arrays to the debug log.
+//
+//     FlexDynArray flex;
+//     if (memNewFlexDynArray(&flex, 0) != 0) return kMemErrNoMemory;
+//     const std::int16_t status = memChangeFlexData(&flex, itemID, itemType, size, data);
+//     void* stored = nullptr;
+//     if (status == 0 && memGetFlexDataInfo(&flex, itemID, itemType, &size, &stored) == 0)
+//     use(stored); memFreeFlexDynArray(&flex);
 //
 // Sizes, locations and totals are bytes. A location is the offset of an item's header from the
 // start of the block. Items are ordered by ascending item ID (unsigned) and a pair of ID and type
@@ -21,7 +28,7 @@
 struct FlexDynArray {
     std::uint32_t allocatedBytes;  // size of the block
     std::uint32_t usedBytes;       // bytes in use from the start of the block
-    std::uint8_t* data;            // the block; null when nothing is allocated
+    std::uint8_t* data;            // the block; null if nothing is allocated
     DynArray index;                // FlexIndexEntry items in ascending ID order, or empty
 };
 
@@ -52,7 +59,7 @@ std::uint32_t memGetFlexAllocatedAmount(const FlexDynArray* flex);
 // The used bytes; in spite of the name not a number of items.
 std::uint32_t memGetFlexCount(const FlexDynArray* flex);
 
-// Appends an item behind the last one, whatever the order of the IDs. `data` may lie in the array's
+// Appends an item after the last one, whatever the order of the IDs. `data` may lie in the array's
 // own block; it may be null for a size of 0. The index is not rebuilt.
 // The block grows unless more than size + 12 bytes are free: by 12 % of its size (product and
 // quotient in 32 bits, so beyond 357913941 bytes the product wraps) or by size * 2 + 24 bytes,
@@ -62,10 +69,10 @@ std::uint32_t memGetFlexCount(const FlexDynArray* flex);
                                                std::uint32_t itemType, std::uint32_t size,
                                                const void* data);
 
-// Sets the data of the item (itemID, itemType): replaces it when the item is there, else inserts
-// the item before the first larger ID, which is behind all items of its own ID. `data` may lie in
-// the array's own block; it may be null for a size of 0. When room is missing the block grows by
-// what the change adds plus 4096 bytes. An index is rebuilt unless an item was replaced with data
+// Sets the data of the item (itemID, itemType): replaces them if the item exists, else inserts the
+// item before the first larger ID, which is after all items of its own ID. `data` may lie in the
+// array's own block; it may be null for a size of 0. If the block is too small, it grows by the
+// bytes that the change adds plus 4096. An index is rebuilt unless an item was replaced with data
 // of the same size.
 // Returns 0, 22001 with the array unchanged, 22003 with the array unchanged when the item to
 // replace runs past the used bytes.

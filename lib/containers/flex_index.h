@@ -17,16 +17,16 @@ struct FlexIndexEntry {
 // An index built over an empty array counts as none.
 bool memHasFlexIndex(const FlexDynArray* flex);
 
-// Builds the index anew. Returns 0, or 22001 with no index: the array works without one. Entries
+// Rebuilds the index. Returns 0, or 22001 with no index: the array works without one. Entries
 // that find no memory beyond the first 2048 are left out, which makes lookups longer, not wrong.
 std::int16_t memBuildFlexIndex(FlexDynArray* flex);
 
 // The same for a caller who knows the number of different IDs; the number is not checked.
 std::int16_t memBuildFlexIndexNumItems(FlexDynArray* flex, std::uint32_t distinctIDCount);
 
-// Frees the index; its item size stays. Returns 0, or 22002 when there is no index to use.
+// Frees the index; its item size stays. Returns 0, or 22002 if there is no index to use.
 std::int16_t memRemoveFlexIndex(FlexDynArray* flex);
 
-// Builds the index anew when there is one, after a change of IDs or locations. Without memory the
+// Rebuilds the index when there is one, after a change of IDs or locations. Without memory the
 // array goes on without an index.
 void m2RefreshFlexIndex(FlexDynArray* flex);

@@ -1,6 +1,6 @@
-// One item of a variable-item array as it lies in the block: a header of 12 bytes and its data,
-// the next header directly behind, at any byte offset (docs/formats.md). Header fields are moved
-// with byte copies because nothing aligns them.
+// One item of a variable-item array in the block: a header of 12 bytes and its data, followed
+// directly by the next header at any byte offset (docs/formats.md). Header fields are copied byte
+// by byte because they are not aligned.
 //
 // Offsets are 64 bits wide: a damaged size field must not wrap round to a place inside the block.
 
@@ -14,7 +14,7 @@
 
 struct FlexHeader {
     std::uint32_t itemID;
-    std::uint32_t size;  // data bytes behind the header
+    std::uint32_t size;  // data bytes after the header
     std::uint32_t itemType;
 };
 

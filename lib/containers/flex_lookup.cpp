@@ -52,7 +52,7 @@ std::int16_t m2LookupFlexDataOffset(const FlexDynArray* flex, std::uint32_t item
         if (status != 0) return status;
     }
 
-    // A header that begins exactly 12 bytes before the end is not looked at. Intended; pinned by
+    // A header that begins exactly 12 bytes before the end is ignored. Intended; pinned by
     // m2LookupFlexDataOffset.neverFindsAnItemWithoutDataInLastPlace.
     for (std::uint64_t location = start; location + kFlexHeaderSize < flex->usedBytes;) {
         const FlexHeader header = readFlexHeader(flex, location);
@@ -112,7 +112,7 @@ std::int16_t memVerifyFlexDynArray(const FlexDynArray* flex)
 {
     std::uint32_t previousID = 0;
     std::uint32_t previousType = 0;
-    std::uint32_t typeInRun = 0;  // the previous type, but 0 behind the first item of an ID
+    std::uint32_t typeInRun = 0;  // the previous type, but 0 after the first item of an ID
     std::uint64_t location = 0;
     while (hasFlexHeaderAt(flex, location)) {
         const FlexHeader header = readFlexHeader(flex, location);

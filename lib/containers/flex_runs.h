@@ -1,5 +1,5 @@
-// Working on many items of a variable-item array at once: all items of one ID, which lie side by
-// side as one run, or all items of a whole array.
+// Works on many items of a variable-item array at once: on all items of one ID, which are
+// contiguous and called a run, or on all items of an array.
 
 #pragma once
 
@@ -9,7 +9,7 @@
 
 // Copies the first run of items with the ID `itemID`, headers included, into a new array. What
 // `dest` held before is overwritten, not freed; its allocated bytes are the length of the run.
-// Returns 0, 22002 with `dest` untouched when there is no such item, 22001 with `dest` zeroed.
+// Returns 0, 22002 with `dest` untouched if there is no such item, 22001 with `dest` zeroed.
 [[nodiscard]] std::int16_t memExtractFlexItemsForSpecificID(const FlexDynArray* source,
                                                             std::uint32_t itemID,
                                                             FlexDynArray* dest);
@@ -28,11 +28,11 @@
 std::int16_t memAdjustIDinFlexDynArray(FlexDynArray* flex, std::uint32_t newID);
 
 // Appends the used bytes of `source` to `dest`, whatever the order of the IDs, and frees `source`,
-// also when it was empty. Without more room than that `dest` grows by exactly the used bytes of
-// `source`; an index of `dest` is rebuilt. The two arrays are different ones.
+// even if it is empty. Unless more than that is free, `dest` grows by exactly the used bytes of
+// `source`. An index of `dest` is rebuilt. The two arrays must be different.
 // Returns 0, or 22001 with both arrays unchanged.
 [[nodiscard]] std::int16_t memAppendFlexDynArray(FlexDynArray* source, FlexDynArray* dest);
 
 // Deletes the first run of items with the ID `itemID`; the block is kept, an index rebuilt.
-// Returns 0, or 22002 when there is no such item.
+// Returns 0, or 22002 if there is no such item.
 std::int16_t memDeleteAllFlexData(FlexDynArray* flex, std::uint32_t itemID);

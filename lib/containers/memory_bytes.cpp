@@ -13,7 +13,7 @@ void memCopy(const void* source, void* dest, std::uint32_t byteCount)
     const auto* from = static_cast<const std::uint8_t*>(source);
     auto* to = static_cast<std::uint8_t*>(dest);
 
-    // Below the source (where the difference wraps) and behind it a block move gives the same
+    // Below the source (where the difference wraps) and after it a block move gives the same
     // bytes.
     const auto ahead =
         reinterpret_cast<std::uintptr_t>(to) - reinterpret_cast<std::uintptr_t>(from);

@@ -16,7 +16,7 @@ class DateParser;
 }
 
 // Whole minutes since 1960-01-01 00:00 on the clock of the source; 0 is no date. Dates before 1960
-// cannot be told and wrap around.
+// cannot be represented and wrap around.
 using VardenTime = std::uint32_t;
 
 // Seconds since 1904-01-01 00:00 UTC, 48 bits in two parts, and a fraction of 1/65536 second.
@@ -41,7 +41,7 @@ void convInit();
 void convMacTime2VardenTime(std::uint32_t macTime, VardenTime* out);
 
 // A date-time in UTC, moved to the local wall clock with the zone offset in force at that moment.
-// The fraction is never looked at: a time of nothing but a fraction is no date, and so is one whose
+// The fraction is ignored: a time of nothing but a fraction is no date, and so is one whose
 // local seconds come out as 0. Divides in 64 bits and keeps the low 32, so times before 1960 give
 // other numbers than convMacTime2VardenTime. A null time is no date.
 void convMacGMTTime2VardenTime(const UTCDateTime* time, VardenTime* out);

@@ -12,7 +12,7 @@
 #include "lib/files/file_types.h"
 #include "lib/objects/string.h"
 
-// The bytes of a Pascal string, and nothing behind them.
+// The bytes of a Pascal string, and nothing after them.
 std::int16_t debugAddToLog(const std::uint8_t* pString);
 
 // The decimal number and two blanks.
@@ -43,7 +43,7 @@ std::int16_t debugLogFilePath(const FSRef* ref, const char* text, std::int32_t n
 
 // The entry above, then six numbers as entries of their own: node flags, user privileges, owner and
 // group in hexadecimal, the user's access in hexadecimal, the mode in octal. They are 0 when the
-// file cannot be asked. lib/files/catalogue_facts.h tells their meaning.
+// file cannot be examined. lib/files/catalogue_facts.h defines them.
 std::int16_t debugLogFileInformation(const FSRef* ref, const char* text, std::int32_t number);
 
 // Date and time, then label, tab, number with two blanks, tab, detail, carriage return. Mind the

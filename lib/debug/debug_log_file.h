@@ -1,10 +1,16 @@
-// The file behind the debug log: opening it, the pieces that entries are put together from, closing
-// it. Most callers want the whole entries of debug_log.h.
+// The file of the debug log: opening it, writing the parts of an entry, closing it. Most callers
+// want the complete entries of debug_log.h.
 //
-// The log is "KVL Log.txt" in the user's desktop folder (docs/formats.md). Nothing is kept between
-// calls: whoever writes opens, writes and closes. Every piece is one append behind the end that the
-// file has at that moment, so pieces of two processes may alternate but never mix. What cannot be
-// written is left out without a word.
+// The log is "KVL Log.txt" in the user's desktop folder (docs/formats.md). Every part is one append
+// at the current end of the file, so the parts of two processes may alternate but never mix. A part
+// that cannot be written is left out silently. No state is kept between entries:
+//
+//     const ForkRef log = debugOpenLogfile();
+//     if (log == 0) return;
+//     debugWriteDateTime(log);
+//     debugWriteCString(log, "started");
+//     debugWriteReturn(log);
+//     debugCloseLogFile(log);
 
 #pragma once
 
@@ -39,5 +45,5 @@ void debugWriteAndReleaseCFString(ForkRef refNum, TovStringRef string);
 void debugWriteUInt64(ForkRef refNum, std::uint64_t value);
 void debugWriteSInt32(ForkRef refNum, std::int32_t value);
 
-// The date, a tab, the time with seconds, a tab; now, as the user's region writes them.
+// The current date, a tab, the time with seconds, a tab; in the format of the user's locale.
 void debugWriteDateTime(ForkRef refNum);

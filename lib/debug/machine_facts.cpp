@@ -14,7 +14,7 @@
 using namespace pinorama;
 
 namespace {
-// The number that `text` begins with, taken off it; 0 when there is none.
+// The number that `text` begins with, taken off it; 0 if there is none.
 std::int32_t takeNumber(std::string_view* text)
 {
     std::int32_t number = 0;
@@ -23,7 +23,7 @@ std::int32_t takeNumber(std::string_view* text)
     return number;
 }
 
-// What the system tells in one of its files, up to a size in which the first processor has its
+// The beginning of one of the system's files, up to a size in which the first processor has its
 // place. Such files have no length of their own, so they are read until they end.
 std::string beginningOf(const char* path)
 {
@@ -35,7 +35,7 @@ std::string beginningOf(const char* path)
     return text;
 }
 
-// Processors that change their clock tell the highest one in kHz.
+// For processors with a variable clock the system reports the maximum in kHz.
 std::int32_t highestClock()
 {
     const std::string text = beginningOf("/sys/devices/system/cpu/cpu0/cpufreq/cpuinfo_max_freq");

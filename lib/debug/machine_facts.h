@@ -1,4 +1,4 @@
-// What the debug log tells about the machine it was written on.
+// What the debug log says about the machine that it was written on.
 
 #pragma once
 
@@ -13,10 +13,10 @@ struct MachineFacts {
     std::int32_t systemFix;
     std::int32_t memory;      // MiB of physical memory
     std::int32_t processors;  // those that are switched on
-    std::int32_t clock;       // MHz of the first processor; 0 when the system does not tell
+    std::int32_t clock;       // MHz of the first processor; 0 if the system does not report it
 };
 
-// What the system does not tell is 0.
+// A fact that the system does not report is 0.
 MachineFacts machineFacts();
 
 // The first three numbers of a kernel release; missing ones are 0.

@@ -19,7 +19,7 @@ struct CatalogueFacts {
 };
 
 // The facts of the item at `path`, of a link itself rather than of what it leads to. All 0 when
-// there is no such item or it cannot be looked at.
+// there is no such item or it cannot be examined.
 CatalogueFacts catalogueFactsOf(const std::string& path);
 
 }  // namespace pinorama

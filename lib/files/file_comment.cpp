@@ -13,7 +13,7 @@ constexpr int kAttempts = 3;
 
 std::optional<std::string> pinorama::readFileComment(const std::string& path)
 {
-    // The comment may grow between the question for its size and the reading.
+    // The comment may grow between the two calls, for its size and for its bytes.
     for (int attempt = 0; attempt < kAttempts; ++attempt) {
         const ssize_t size = getxattr(path.c_str(), kAttribute, nullptr, 0);
         if (size < 0) return std::nullopt;

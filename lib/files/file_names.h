@@ -21,6 +21,6 @@ std::int32_t feCheckFileNameRef(HFSUniStr255* name);
 // Numbers begin with 1 even when the base alone is free. After 100 names that are taken the 100th
 // is returned although it exists. A null text reads "(null)".
 //
-// Returns a new text, null when memory runs out.
+// Returns a new text, null if memory runs out.
 [[nodiscard]] TovStringRef feGetUniqueFileName(const FSRef* parent, TovStringRef base,
                                                TovStringRef suffix);

@@ -18,14 +18,14 @@
 //
 //   outRef  receives the reference; untouched on failure.
 //
-// Returns 0, -108 when memory runs out, -43 when there is no such item, or another status.
+// Returns 0, -108 if memory runs out, -43 if there is no such item, or another status.
 // On the way of every picture that is read: one lstat when the path is absolute and no link.
 std::int32_t feMakeFSRefFromPath(TovStringRef path, FSRef* outRef);
 
 // The same from the path's bytes, for callers that have them.
 std::int32_t feMakeFSRefFromBytes(const char* path, FSRef* outRef);
 
-// Makes the reference of the child `name` of a folder. Returns 0, -43 when there is none, -37 for a
+// Makes the reference of the child `name` of a folder. Returns 0, -43 if there is none, -37 for a
 // name that no item can have ("", ".", ".." or with a slash), or another status; `outRef` is
 // untouched on failure.
 std::int32_t feMakeFSRefFromParent(const FSRef* parent, TovStringRef name, FSRef* outRef);
@@ -43,11 +43,11 @@ std::int32_t feGetParentRef(const FSRef* ref, FSRef* outParent);
 //
 //   pathStyle  0 is POSIX; no other style exists here.
 //
-// Null for an item that is gone, another style, and when memory runs out.
+// Null for an item that is gone, another style, and if memory runs out.
 [[nodiscard]] TovStringRef feGetPathFromFSRef(const FSRef* ref, std::int32_t pathStyle);
 
 // The name of an existing item as a new text; "/" for the root folder. Null for an item that is
-// gone and when memory runs out.
+// gone and if memory runs out.
 [[nodiscard]] TovStringRef feGetItemNameFromRef(const FSRef* ref);
 
 // True when the folder holds an item of that name, be it a link that leads nowhere.

@@ -42,15 +42,15 @@ std::int32_t feRenameFolder(const FSRef* ref, TovStringRef name, FSRef* outRef);
 // TovStringEndsWith looks at the first occurrence only, so "a.jpg.jpg" does not end with ".jpg".
 // Intended; pinned by feGetFirstFileInFolderWithSuffix.looksAtTheFirstOccurrenceOnly.
 //
-// Returns 0, or -1 when there is no such item and when memory runs out; `outRef` is untouched then.
+// Returns 0, or -1 if there is no such item and if memory runs out; `outRef` is untouched then.
 std::int32_t feGetFirstFileInFolderWithSuffix(const FSRef* folder, TovStringRef suffix,
                                               FSRef* outRef);
 
 // The sum of the sizes of a folder's direct items in bytes. Folders in it add nothing, links their
-// own size. What cannot be looked at is left out. 0 when memory runs out.
+// own size. What cannot be examined is left out. 0 if memory runs out.
 std::uint64_t feGetFolderSize(const FSRef* folder);
 
 // The path of a well-known folder as a new text. Only number 13 is known: the user's desktop
 // folder, which is made when missing. Null for every other number, for a folder that cannot be
-// made, and when memory runs out.
+// made, and if memory runs out.
 [[nodiscard]] TovStringRef feGetPathOfSpecialFolder(std::int32_t folderNumber);

@@ -1,9 +1,13 @@
-// Opening files and moving bytes in and out of them. A transfer is whole or an error: fewer bytes
-// than asked for give -192, never a partial success. Offsets and counts are bytes from the start of
-// the file; an open file is named by its descriptor, which is always above 2.
+// Opens files, reads and writes them. A transfer is complete or an error: fewer bytes than
+// requested give -192, never a partial success. Offsets and counts are bytes from the start of the
+// file; a ForkRef is the descriptor of an open file and always above 2.
 //
-// Only the data fork of a file exists here. Every status is 0 or a negative number of
-// base/status.h.
+// Files have a data fork only. Every status is 0 or a negative number of base/status.h.
+//
+//     ForkRef ref = 0;
+//     if (const std::int32_t status = feOpenExistingFileRef(&file, &ref, 0, 1)) return status;
+//     const ForkCloser closer(ref);
+//     return feReadFromFile(ref, 0, sizeof header, &header);
 
 #pragma once
 
@@ -28,7 +32,7 @@ std::int32_t feInitialize();
 //
 //   outForkRef  receives the open fork, which the caller closes with feCloseFork; 0 on failure.
 //
-// Returns 0, -108 when memory runs out, -43 when the folder does not exist, or another status.
+// Returns 0, -108 if memory runs out, -43 when the folder does not exist, or another status.
 std::int32_t feCreateAndOpenTextFile(TovStringRef path, ForkRef* outForkRef);
 
 // Opens an existing file.
@@ -36,7 +40,7 @@ std::int32_t feCreateAndOpenTextFile(TovStringRef path, ForkRef* outForkRef);
 //   outForkRef       receives the open fork, which the caller closes with feCloseFork; 0 on
 //                    failure.
 //   writePermission  exactly 1: read and write; any other value: read only.
-//   dataFork         exactly 1; any other value asks for a resource fork, which no file has.
+//   dataFork         exactly 1; any other value means a resource fork, which no file has.
 //
 // Returns 0, -1 for a resource fork, -36 for a folder, or another status.
 std::int32_t feOpenExistingFileRef(const FSRef* ref, ForkRef* outForkRef,
@@ -55,8 +59,8 @@ std::int32_t feReadFromFile(ForkRef forkRef, std::int64_t offset, std::uint32_t 
 std::int32_t feWriteToFile(ForkRef forkRef, std::int64_t offset, std::uint32_t count,
                            const void* buffer);
 
-// Writes `count` bytes behind the end that the file has at the moment of writing, whatever was read
-// or written before. Returns as feWriteToFile does.
+// Appends `count` bytes at the end that the file has at that moment, wherever it was read or
+// written before. Returns the statuses of feWriteToFile.
 std::int32_t feAppendToFile(ForkRef forkRef, std::uint32_t count, const void* buffer);
 
 // The length of an open file in bytes; 0 is stored on failure.

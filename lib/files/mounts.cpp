@@ -38,7 +38,7 @@ bool readDevice(std::string_view text, std::uint64_t* device)
     return true;
 }
 
-// Blanks, tabs, line feeds and backslashes stand as three octal digits behind a backslash.
+// Blanks, tabs, line feeds and backslashes are escaped as a backslash and three octal digits.
 std::string withoutEscapes(std::string_view field)
 {
     std::string text;

@@ -10,7 +10,7 @@
 namespace pinorama {
 
 struct Mount {
-    std::uint64_t device;  // as st_dev tells it
+    std::uint64_t device;  // as in st_dev
     std::string folder;    // where its root is
 };
 

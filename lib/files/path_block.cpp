@@ -16,7 +16,7 @@ PathBlock::PathBlock(const TovString* path)
     if (count >= 0) {
         const auto size = static_cast<std::size_t>(count);
         block_ = BlockHolder(baseAllocateZeroed(size + 2));
-        // All of it: it has been counted, and what had no room would be zero bytes.
+        // Encodes all of it: the block has the counted size, and any rest would be zero bytes.
         if (block_) (void)encodeUTF8(units, {static_cast<char*>(block_.get()), size});
         return;
     }

@@ -5,7 +5,7 @@
 #include "base/block_holder.h"
 #include "lib/objects/string.h"
 
-// Owns the bytes of a path with a terminator behind them. A path ends at its first zero byte.
+// Owns the bytes of a path with a terminator after them. A path ends at its first zero byte.
 class PathBlock {
 public:
     // A null text gives an empty path.

@@ -9,8 +9,8 @@
 
 // Deletes the item at a path in UTF-8 for good; a folder only when it is empty.
 //
-// Returns 0, or the status of a path that names no item. Whether the item could be deleted is not
-// told: 0 all the same.
+// Returns 0, or the status of a path that names no item. If the item cannot be deleted, the result
+// is 0 as well.
 std::int32_t feDeleteFileAtPath(const char* utf8Path);
 
 // Moves an item into the Trash of its volume under its name, with a number added when the name is

@@ -18,8 +18,8 @@
 void feMakeFastFSSpec(std::uint64_t volume, std::uint64_t parentNode, const std::uint8_t* pName,
                       FSSpec* outSpec);
 
-// The same, and tells whether the item exists. The specification is filled in any case, so that the
-// item can be made with it.
+// The same, and reports whether the item exists. The specification is filled in any case, so that
+// the item can be created with it.
 //
 // Returns 0, -43 when the folder or the item cannot be found, -37 for a name that no item can have,
 // or another status.
@@ -33,7 +33,7 @@ std::int32_t feMakeFSSpec(std::uint64_t volume, std::uint64_t parentNode, const 
 std::int32_t feMakeFSSpecFromFSRef(const FSRef* ref, FSSpec* outSpec);
 
 // Makes the reference of a node; untouched on failure. Returns 0, -43 when it cannot be found, or
-// -108 when memory runs out.
+// -108 if memory runs out.
 std::int32_t feMakeFSRefFromNodeID(std::uint64_t volume, std::uint64_t node, FSRef* outRef);
 
 // The node number of a folder; untouched on failure. Returns 0, -120 for what is no folder, -43
@@ -53,7 +53,7 @@ std::int32_t feGetVolRefAndDirIDFromPath(TovStringRef path, std::uint64_t* outVo
 [[nodiscard]] TovStringRef feGetPathCFString(std::uint64_t volume, std::uint64_t node);
 
 // The number of mounted volumes on the disk that the item is on, its own included; 0 is stored on
-// failure. Returns 0, the status of an item that is gone, or -108 when memory runs out.
+// failure. Returns 0, the status of an item that is gone, or -108 if memory runs out.
 std::int32_t feNumberOfVolumesOnDisk(const FSRef* ref, std::uint32_t* outCount);
 
 // Opens an existing file; arguments and statuses are those of feOpenExistingFileRef.

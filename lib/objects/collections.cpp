@@ -10,7 +10,7 @@ using namespace pinorama;
 namespace {
 constexpr std::int32_t kFirstCapacity = 8;  // items; doubled whenever they are used up
 
-// Makes room for one more item in the growing block of a collection.
+// Ensures capacity for one more item in the block of a collection.
 template <typename Item>
 bool makeRoom(Item*& items, std::int32_t count, std::int32_t& capacity)
 {

@@ -1,5 +1,5 @@
-// Arrays and dictionaries of objects. Both hold a reference of their own to what is put into them
-// and give it back when they go. Counts and indexes are items.
+// Arrays and dictionaries of objects. Both retain what is put into them and release it when they
+// are freed. Counts and indexes are items.
 
 #pragma once
 
@@ -30,11 +30,11 @@ struct TovDictionary : TovObject {
 using TovArrayRef = TovArray*;
 using TovDictionaryRef = TovDictionary*;
 
-// Returns a new empty array, or null when memory runs out.
+// Returns a new empty array, or null if memory runs out.
 [[nodiscard]] TovArrayRef TovArrayCreate();
 
 // Appends `value`, retaining it; a null value stands as a null element. Does nothing for a null
-// array or when memory runs out.
+// array or if memory runs out.
 void TovArrayAppend(TovArrayRef array, TovTypeRef value);
 
 // The number of elements; 0 for null.
@@ -43,7 +43,7 @@ std::int32_t TovArrayGetCount(TovArrayRef array);
 // The element at `index`, borrowed; null out of range and for a null array.
 TovTypeRef TovArrayGetValue(TovArrayRef array, std::int32_t index);
 
-// Returns a new empty dictionary, or null when memory runs out.
+// Returns a new empty dictionary, or null if memory runs out.
 [[nodiscard]] TovDictionaryRef TovDictionaryCreate();
 
 // Sets the value of a key, retaining both and replacing an earlier value; a null value removes the
@@ -52,7 +52,7 @@ TovTypeRef TovArrayGetValue(TovArrayRef array, std::int32_t index);
 // runs out.
 void TovDictionarySetValue(TovDictionaryRef dict, TovStringRef key, TovTypeRef value);
 
-// The value of a key, borrowed; null when there is none, and for a null dictionary or key.
+// The value of a key, borrowed; null if there is none, and for a null dictionary or key.
 TovTypeRef TovDictionaryGetValue(TovDictionaryRef dict, TovStringRef key);
 
 namespace pinorama {

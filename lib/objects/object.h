@@ -1,8 +1,12 @@
-// The reference-counted objects that texts, numbers, dates and collections are made of: the common
-// head of every object, its kind, and the count of its references.
+// What texts, numbers, dates and collections have in common: the header of every object with its
+// kind and the count of its references.
 //
 // Counts are plain integers: an object belongs to one thread. A new object has one reference, its
-// creator's. Debug builds stop the program when a reference is given back that nobody holds.
+// creator's. Debug builds abort if an object is released more often than it was retained.
+//
+//     const TovTypeRef value = TovNumberCreateSInt64(7);  // one reference, ours
+//     TovArrayAppend(array, value);                       // two: the array retains it
+//     uCFRelease(value);                                  // one: it lives as long as the array
 
 #pragma once
 
@@ -15,7 +19,7 @@ struct TovObject {
     mutable std::int32_t references;  // kSharedForever: never counted, never freed
 };
 
-// Any object, whatever its kind; null means none.
+// Any object, whatever its kind; null means no object.
 using TovTypeRef = const TovObject*;
 
 // The reference count of objects that live as long as the process (the two booleans, the shared
@@ -33,6 +37,6 @@ std::int32_t uCFGetRetainCount(TovTypeRef ref);
 
 namespace pinorama {
 // Gives one reference back and frees the object with the last one; null is ignored.
-// Everything above this room calls it by its public name, uCFRelease.
+// Callers outside lib/objects use its public name, uCFRelease.
 void releaseObject(TovTypeRef ref);
 }  // namespace pinorama

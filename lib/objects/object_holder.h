@@ -1,5 +1,9 @@
-// Owns one reference to an object while it is being worked on, and gives it back at the end of the
-// scope.
+// Owns one reference to an object, and releases it at the end of the scope unless it was taken.
+//
+//     StringHolder line(TovStringCreateMutable());
+//     if (!line) return kErrNoMemory;
+//     TovStringAppendCString(line.slot(), "text");
+//     *outLine = line.take();
 
 #pragma once
 
@@ -28,7 +32,7 @@ public:
     // The variable itself, for functions that change the handle they are given.
     Ref* slot() { return &ref_; }
 
-    // Hands the reference over to the caller.
+    // Passes the reference on to the caller.
     [[nodiscard]] Ref take() { return std::exchange(ref_, nullptr); }
 
 private:

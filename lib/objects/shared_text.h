@@ -1,5 +1,5 @@
-// Texts that are written in the program itself: they need no memory, are never freed, and may be
-// used like any other handle.
+// Texts that are literals of the program: they allocate nothing, are never freed, and may be used
+// like any other handle.
 
 #pragma once
 
@@ -16,7 +16,7 @@ template <std::size_t size>
 constexpr TovString sharedText(const char16_t (&literal)[size])
 {
     constexpr auto kLength = static_cast<std::int32_t>(size - 1);
-    // Nobody writes into the units of an immutable text.
+    // The cast is safe: no function writes to the units of an immutable text.
     return {{TovTypeID::string, kSharedForever},
             false,
             kLength,

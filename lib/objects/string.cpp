@@ -10,7 +10,7 @@
 using namespace pinorama;
 
 namespace {
-// One block holds the object and, right behind it, its first units.
+// One block contains the object and, directly after it, its first units.
 TovStringRef createWithCapacity(std::int32_t capacity, bool isMutable)
 {
     if (capacity < 0 || capacity > kMaxStringLength) return nullptr;

@@ -3,7 +3,7 @@
 // UTF-16 units.
 //
 // The library's callers use the TovString functions of lib/strings; this header is for those
-// functions and for the platform rooms.
+// functions and for the folders that work on raw units.
 
 #pragma once
 
@@ -26,7 +26,7 @@ namespace pinorama {
 // The longest text that is made; longer requests fail like a lack of memory.
 constexpr std::int32_t kMaxStringLength = 0x3fffffff;
 
-// Returns a new text with a copy of `units`, or null when memory runs out.
+// Returns a new text with a copy of `units`, or null if memory runs out.
 [[nodiscard]] TovStringRef createString(std::u16string_view units, bool isMutable = false);
 
 // Returns a new immutable text of `length` units, or null. The units are undefined until the caller
@@ -41,7 +41,8 @@ bool appendUnits(TovStringRef target, std::u16string_view units);
 // writes them all before the text is used again.
 [[nodiscard]] char16_t* extendUnits(TovStringRef target, std::int32_t added);
 
-// Makes room for `capacity` units in all, so that appends up to it move nothing. False as above.
+// Reserves capacity for `capacity` units in total, so that appending up to that length moves
+// nothing. False as above.
 bool reserveUnits(TovStringRef target, std::int32_t capacity);
 
 // The units of a text, borrowed until its next change; empty for null.

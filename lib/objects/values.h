@@ -25,17 +25,17 @@ using TovNumberRef = TovNumber*;
 using TovBooleanRef = TovBoolean*;
 using TovDateRef = TovDate*;
 
-// Returns a new integer number, or null when memory runs out.
+// Returns a new integer number, or null if memory runs out.
 [[nodiscard]] TovNumberRef TovNumberCreateSInt64(std::int64_t value);
 
-// Returns a new floating-point number, or null when memory runs out. Read as an integer it is
+// Returns a new floating-point number, or null if memory runs out. Read as an integer it is
 // truncated toward zero; beyond 64 bits it gives the nearest end of the range, and NaN gives 0.
 [[nodiscard]] TovNumberRef TovNumberCreateDouble(double value);
 
 // Returns one of the two shared booleans; releasing it is allowed and does nothing.
 [[nodiscard]] TovBooleanRef TovBooleanCreate(bool value);
 
-// Returns a new date from seconds since 2001-01-01 00:00 UTC, or null when memory runs out.
+// Returns a new date from seconds since 2001-01-01 00:00 UTC, or null if memory runs out.
 [[nodiscard]] TovDateRef TovDateCreate(double absoluteTime);
 
 // The date's seconds since 2001-01-01 00:00 UTC; 0.0 for null.

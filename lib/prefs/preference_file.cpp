@@ -97,7 +97,7 @@ pinorama::PreferenceValue valueOf(const json& value)
     return ForeignPreference();
 }
 
-// Sets or removes a key. False when nothing changes.
+// Sets or removes a key. False if nothing changes.
 bool change(json* values, const std::string& key, const std::optional<PreferenceValue>& value)
 {
     json changed;

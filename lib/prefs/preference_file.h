@@ -26,10 +26,10 @@ public:
     // `folder` is the application's own below the folder of all settings; empty: nothing is stored.
     explicit PreferenceFile(std::string folder) : folder_(std::move(folder)) {}
 
-    // The value of a key; nothing when there is none, or no file that can be read.
+    // The value of a key; nothing if there is none, or no file that can be read.
     std::optional<PreferenceValue> load(std::u16string_view key) const;
 
-    // Sets a key to a text or a number, or removes it when there is none. Everything else in the
+    // Sets a key to a text or a number, or removes it if there is none. Everything else in the
     // file stays. The file is replaced in one step and flushed; a half surrogate pair in a text
     // becomes U+FFFD.
     //

@@ -20,14 +20,14 @@ struct FormatDirective {
     bool showsForm = false;          // #
     bool fillsWithZeros = false;     // 0
     int width = 0;                   // fewest units to print
-    bool takesWidth = false;         // * : the next argument tells
+    bool takesWidth = false;         // * : the next argument is the width
     std::optional<int> precision;    // most units of a text, fewest digits of an integer, ...
-    bool takesPrecision = false;     // .* : the next argument tells
+    bool takesPrecision = false;     // .* : the next argument is the precision
     FormatWidth integerWidth = FormatWidth::bits32;
     bool isLong = false;      // l: the argument is a long, of which 32 bits are printed
     char16_t conversion = 0;  // 0: no directive that the library knows; prints as it stands
 };
 
-// Returns the first directive at or behind `from`, or nothing when only plain text is left. A
+// Returns the first directive at or after `from`, or nothing when only plain text is left. A
 // percent sign that begins no directive comes back with conversion 0.
 std::optional<FormatDirective> nextFormatDirective(std::u16string_view format, std::size_t from);

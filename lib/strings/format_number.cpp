@@ -51,7 +51,7 @@ void makeUpperCase(char* first, const char* last)
     });
 }
 
-// Puts a point behind the last digit before the exponent, when there is none yet.
+// Puts a point after the last digit before the exponent, if there is none yet.
 char* withPoint(char* first, char* last)
 {
     if (std::find(first, last, '.') != last) return last;

@@ -1,4 +1,4 @@
-// The printed form of one number as a format directive asks for it, in ASCII and without regard to
+// The printed form of one number for a format directive, in ASCII and without regard to
 // the locale.
 
 #pragma once
@@ -11,16 +11,16 @@
 // The pieces that a number is printed in: blanks, sign, zeros, digits. The digits lie in the
 // buffer.
 struct FormattedNumber {
-    std::string_view sign;    // "-", "+", " " or "", followed by "0x" where asked for
+    std::string_view sign;    // "-", "+", " " or "", followed by "0x" if the directive has #
     int zeros = 0;            // between the sign and the digits
     std::string_view digits;  // or "inf" and "nan"
     bool canFillWithZeros = false;
 };
 
-// The widest field and the highest precision of a number; a template that asks for more gets this.
+// The maximum width and precision of a number; a template that requests more gets this.
 constexpr int kMaxFormatPlaces = 1000;
 
-// Room for the digits of any double with the highest precision.
+// Space for the digits of any double with the maximum precision.
 struct FormatBuffer {
     char digits[kMaxFormatPlaces + 400];
 };

@@ -25,7 +25,7 @@ std::int32_t sizeOf(std::u16string_view units, Encoding encoding)
     return countBytesOfUTF8(units);
 }
 
-// A text that does not convert as a whole has no byte form, even when the trouble lies behind the
+// A text that does not convert completely has no byte form, even if the cause lies after the
 // U+0000 that ends it.
 ByteForm byteForm(TovStringRef string, Encoding preferred)
 {

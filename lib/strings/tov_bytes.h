@@ -24,16 +24,16 @@
 // Copies the units as they are, lone surrogates included.
 [[nodiscard]] TovStringRef TovStringFromUTF16(const char16_t* units, std::int32_t unitCount);
 
-// Decodes the MacRoman bytes behind the length byte. Null for null.
+// Decodes the MacRoman bytes after the length byte. Null for null.
 [[nodiscard]] TovStringRef TovStringFromPString(const std::uint8_t* pString);
 
 // The number of bytes of the UTF-8 form, without terminator; 0 for null, for an empty text and for
 // one that does not convert.
 std::uint32_t TovStringGetUTF8Size(TovStringRef string);
 
-// Writes the UTF-8 form to `dest`, which has room for TovStringGetUTF8Size bytes, and the number of
-// bytes to `outSize`. No terminator. When there is nothing to write only the 0 is stored. `outSize`
-// may be null; with a null `dest` nothing is written.
+// Writes the UTF-8 form to `dest`, which has space for TovStringGetUTF8Size bytes, and the number
+// of bytes to `outSize`. No terminator. When there is nothing to write only the 0 is stored.
+// `outSize` may be null; with a null `dest` nothing is written.
 void TovStringCopyToUTF8(TovStringRef string, char* dest, std::uint32_t* outSize);
 
 // The two below convert to MacRoman, or to UTF-8 when the text has a character that MacRoman lacks;

@@ -2,7 +2,7 @@
 // language; what stands in a text beside a number comes from the string tables.
 //
 // Byte counts are unsigned; K, M, G and T are 2^10, 2^20, 2^30 and 2^40 bytes. All results are new
-// texts; null when memory runs out.
+// texts; null if memory runs out.
 
 #pragma once
 
@@ -17,14 +17,14 @@ extern pinorama::NumberFormat* gThousandFormatter;
 extern pinorama::NumberFormat* gOneFractionDigitFormatter;
 
 // Makes the two formatters for the language that the environment names (LC_ALL, LC_NUMERIC, LANG).
-// Once at start-up, behind initStringBundle; called again it makes them anew. The functions that
+// Once at start-up, after initStringBundle; a further call makes them again. The functions that
 // need a formatter call it themselves when nobody has.
 void tovStringInitString();
 
 // The text of the numbered string table, as iuGetIndCFString has it.
 [[nodiscard]] TovStringRef TovStringGetFromTable(std::int16_t table, std::int16_t index);
 
-// The size with one decimal and the unit word of table 1001 right behind it: "1.5 MB" when the word
+// The size with one decimal and the unit word of table 1001 right after it: "1.5 MB" when the word
 // is " MB". M begins one KiB above 1 MiB, and G and T likewise, so that 1 MiB still reads 1,024.0
 // K.
 [[nodiscard]] TovStringRef TovStringMakeSizeString(std::uint64_t bytes);

@@ -13,7 +13,7 @@ constexpr std::uint16_t kTextFileUTF8 = 12;  // the one encoding that a text fil
 //
 //   path  the bytes of the path, NUL-terminated.
 //
-// Null for null, when the file cannot be read from first to last, and when memory runs out.
+// Null for null, when the file cannot be read from first to last, and if memory runs out.
 [[nodiscard]] TovStringRef TovStringFromFile(const char* path);
 
 // Writes the UTF-8 form of `string`, as TovStringCopyToUTF8 has it, over the beginning of the file
@@ -22,6 +22,6 @@ constexpr std::uint16_t kTextFileUTF8 = 12;  // the one encoding that a text fil
 //
 //   encoding  kTextFileUTF8; with any other value no byte is written, which is no failure.
 //
-// Returns 0, -108 when memory runs out, -192 when not everything could be written, or the status of
+// Returns 0, -108 if memory runs out, -192 when not everything could be written, or the status of
 // lib/files with which the file could not be opened.
 std::int16_t TovStringWriteToFile(TovStringRef string, TovStringRef path, std::uint16_t encoding);

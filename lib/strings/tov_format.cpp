@@ -37,7 +37,7 @@ double doubleOf(const FormatArgument& argument)
                                                          : static_cast<double>(argument.integer);
 }
 
-// Prints a template behind the end of a text. After the first failure nothing more is printed.
+// Prints a template after the end of a text. After the first failure nothing more is printed.
 class Renderer {
 public:
     Renderer(TovStringRef target, std::span<const FormatArgument> arguments)
@@ -97,7 +97,7 @@ private:
         return next_ < arguments_.size() ? &arguments_[next_++] : nullptr;
     }
 
-    // The argument that a * stands for; 0 when there is none.
+    // The argument that a * stands for; 0 if there is none.
     int takePlaces()
     {
         const FormatArgument* argument = nextArgument();
@@ -226,7 +226,7 @@ private:
 
 constexpr std::size_t kMaxArguments = 32;  // that a template of the program can take
 
-// The arguments that a template asks for, read one after the other.
+// The arguments of a template, read one after the other.
 class ArgumentList {
 public:
     ArgumentList(std::u16string_view format, std::va_list arguments)
@@ -238,7 +238,7 @@ public:
         }
         std::va_list list;
         va_copy(list, arguments);
-        // Behind a gap nobody knows where the next argument lies.
+        // After a gap the type, and so the place, of the next argument is unknown.
         while (count_ < kMaxArguments && types_[count_] != Type::unknown) {
             arguments_[count_] = read(types_[count_], list);
             count_++;

@@ -52,7 +52,7 @@ struct FormatArgument {
     };
 };
 
-// Returns a new immutable text, or null when memory runs out.
+// Returns a new immutable text, or null if memory runs out.
 [[nodiscard]] TovStringRef tovFormat(std::u16string_view format,
                                      std::span<const FormatArgument> arguments);
 [[nodiscard]] inline TovStringRef tovFormat(std::u16string_view format,
@@ -71,7 +71,7 @@ inline bool tovAppendFormat(TovStringRef* target, std::u16string_view format,
     return tovAppendFormat(target, format, std::span(arguments.begin(), arguments.size()));
 }
 
-// The same with the arguments that the template asks for, passed as to printf: the template must
+// The same with arguments passed as to printf: the template must
 // come from the program. Returns a new immutable text; null for a null template, and when memory
 // runs out. At most 32 arguments are taken. With l an argument may be an int or a long; only its
 // low 32 bits are printed.

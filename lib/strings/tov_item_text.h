@@ -12,7 +12,7 @@
 // MacRoman.
 //
 // Null when the array has no such item, and an item without data in last place counts as missing;
-// also for a null array and when memory runs out.
+// also for a null array and if memory runs out.
 [[nodiscard]] TovStringRef TovStringFromFlexDynArray(const FlexDynArray* array,
                                                      std::uint32_t itemID, std::uint32_t itemType,
                                                      std::uint8_t isUTF8);

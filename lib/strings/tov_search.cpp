@@ -58,7 +58,7 @@ bool endsWith(std::u16string_view text, std::u16string_view suffix, Case letterC
     return found.location >= 0 && std::cmp_equal(found.location + found.length, text.size());
 }
 
-// The index of the last full stop, or -1; index 0 is not looked at.
+// The index of the last full stop, or -1; index 0 is ignored.
 std::int32_t extensionDot(TovStringRef string)
 {
     const std::size_t found = unitsOf(string).rfind(u'.');

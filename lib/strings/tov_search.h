@@ -31,7 +31,7 @@ bool TovStringEndsWithCString(TovStringRef string, const char* suffix, std::uint
 // True when `sub` is found anywhere.
 bool TovStringContains(TovStringRef string, TovStringRef sub, std::uint8_t caseFlag);
 
-// The index of the first occurrence of `sub` at or after `start`; -1 when there is none and when
+// The index of the first occurrence of `sub` at or after `start`; -1 if there is none and when
 // `start` is negative or not below the length.
 std::int32_t TovStringPosition(TovStringRef string, TovStringRef sub, std::int32_t start,
                                std::uint8_t caseFlag);
@@ -42,15 +42,15 @@ std::int32_t TovStringCountCharAppearances(TovStringRef string, char16_t unit);
 // Returns a new text in which the low byte of `to` stands for every ASCII character `from`. This
 // happens in the UTF-8 form: beyond ASCII nothing is replaced, and a `to` beyond ASCII plants a
 // single byte, so that all bytes are then decoded as TovStringFromUTF8 does. Null for null, for a
-// text without a UTF-8 form (an empty one has none), and when memory runs out.
+// text without a UTF-8 form (an empty one has none), and if memory runs out.
 [[nodiscard]] TovStringRef TovStringReplaceCharacter(TovStringRef string, char16_t from,
                                                      char16_t to);
 
-// Returns a new text of what follows the last full stop, or null when there is none. The first
-// character is not looked at: ".jpg" has no extension, and "a." has an empty one. Slashes are
+// Returns a new text of what follows the last full stop, or null if there is none. The first
+// character is ignored: ".jpg" has no extension, and "a." has an empty one. Slashes are
 // characters like any other.
 [[nodiscard]] TovStringRef TovStringGetExtension(TovStringRef string);
 
 // Returns a new text of what stands before that full stop (immutable), or a mutable copy of the
-// whole text when there is none. Null for null.
+// whole text if there is none. Null for null.
 [[nodiscard]] TovStringRef TovStringStripExtension(TovStringRef string);

@@ -1,9 +1,15 @@
 // Text handles: making, releasing, measuring, reading and appending.
 //
-// A handle is a reference to a counted text of UTF-16 units, mutable or immutable; null means no
-// text and every function takes it. Lengths and indexes count UTF-16 units. Every handle that a
-// function returns is the caller's, to be given back with TovStringRelease or uCFRelease. When
-// memory runs out the result is null, and an append leaves its target as it was.
+// A handle is a reference to a counted text of UTF-16 units, mutable or immutable. Null means no
+// text, and every function accepts it. Lengths and indexes count UTF-16 units. The caller owns
+// every handle that a function returns, and releases it with TovStringRelease or uCFRelease. If
+// memory runs out, the result is null, and an append leaves its target unchanged.
+//
+//     TovStringRef line = TovStringCreateMutable();
+//     TovStringAppendCString(&line, "f/");
+//     TovStringAppendNumber(&line, 8);
+//     show(line);
+//     TovStringRelease(&line);  // also sets `line` to null
 
 #pragma once
 
@@ -49,12 +55,12 @@ std::int32_t TovStringGetCLength(const char* text);
 char16_t TovStringGetUniChar(TovStringRef string, std::int32_t index);
 
 // The decimal integer that the text begins with, after white space and a sign. Beyond 32 bits the
-// nearest end of the range; 0 when there is no digit.
+// nearest end of the range; 0 if there is no digit.
 std::int32_t TovStringGetIntValue(TovStringRef string);
 
 // The number that the text begins with, after white space and a sign: decimal digits with a point,
 // whatever the locale, and an optional exponent. No hexadecimal form and no words such as "inf".
-// 0.0 when there is no digit; a number too large for a double is an infinity.
+// 0.0 if there is no digit; a number too large for a double is an infinity.
 double TovStringGetDoubleValue(TovStringRef string);
 
 // The three below change the text that `target` points to. A null pointer or handle, an immutable

@@ -15,5 +15,5 @@
 
 // Returns a new text with every escape decoded; escapes that follow each other make up UTF-8.
 // Everything else stays, "+" included. Null for null, for a percent sign without two hexadecimal
-// digits, for escapes that are not valid UTF-8, and when memory runs out.
+// digits, for escapes that are not valid UTF-8, and if memory runs out.
 [[nodiscard]] TovStringRef TovStringConvertFromURL(TovStringRef text);

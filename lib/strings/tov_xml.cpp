@@ -18,7 +18,7 @@ public:
         closing_ = StringHolder(tovFormat(u"</%@>", {tag}));
     }
 
-    // Moves on to the next opening tag; false when there is none.
+    // Moves on to the next opening tag; false if there is none.
     bool advance()
     {
         opensAt_ = TovStringPosition(text_, opening_.get(), next_, kRespectCase);

@@ -14,8 +14,8 @@
 void TovStringAppendStringAsXMLTag(TovStringRef* target, TovStringRef value, TovStringRef tag);
 void TovStringAppendNumberAsXMLTag(TovStringRef* target, std::uint64_t value, TovStringRef tag);
 
-// Returns a new text of what stands between the first "<tag>" and the first "</tag>" behind it;
-// null when either is missing, for null, and when memory runs out. "<tag a='b'>" is another tag.
+// Returns a new text of what stands between the first "<tag>" and the first "</tag>" after it;
+// null when either is missing, for null, and if memory runs out. "<tag a='b'>" is another tag.
 [[nodiscard]] TovStringRef TovStringSimpleXMLParserFindData(TovStringRef text, TovStringRef tag);
 
 // The same for the n-th "<tag>", counted from 1. Elements within elements count as well, and only
@@ -27,10 +27,10 @@ void TovStringAppendNumberAsXMLTag(TovStringRef* target, std::uint64_t value, To
 //
 //   callback  gets the content as a text that is released when it returns; to keep it, it retains
 //             it. May be null: nothing happens then.
-//   context   handed through.
+//   context   passed through unchanged.
 //
-// The search goes on behind the opening tag, so that an element within one of the same name is seen
-// twice: as part of the outer content, which ends at the inner closing tag, and on its own.
+// The search continues after the opening tag, so that an element within one of the same name is
+// seen twice: as part of the outer content, which ends at the inner closing tag, and on its own.
 void TovStringSimpleXMLParserForEachItem(TovStringRef text, TovStringRef tag,
                                          void (*callback)(TovStringRef item, void* context),
                                          void* context);

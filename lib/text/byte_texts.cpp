@@ -17,8 +17,8 @@ TovStringRef pinorama::createStringFromUTF8(std::string_view bytes, std::int32_t
     if (unitCount < 0) return nullptr;
     TovStringRef string = createUnfilledString(unitCount);
     if (string == nullptr) return nullptr;
-    const std::span<char16_t> room(string->units, static_cast<std::size_t>(unitCount));
-    string->length = static_cast<std::int32_t>(decodeUTF8(bytes, room));
+    const std::span<char16_t> units(string->units, static_cast<std::size_t>(unitCount));
+    string->length = static_cast<std::int32_t>(decodeUTF8(bytes, units));
     return string;
 }
 

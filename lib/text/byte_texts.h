@@ -1,4 +1,4 @@
-// Texts made of bytes in the two encodings that the library reads.
+// Makes texts from bytes in the two encodings that the library reads.
 
 #pragma once
 
@@ -9,12 +9,12 @@
 
 namespace pinorama {
 
-// Return a new immutable text, or null for invalid UTF-8 and when memory runs out. The second one
-// is for whoever has counted already: `unitCount` is what countUnitsOfUTF8(bytes) gave.
+// Return a new immutable text, or null for invalid UTF-8 and if memory runs out. The second one is
+// for callers that have counted already: `unitCount` is the result of countUnitsOfUTF8(bytes).
 [[nodiscard]] TovStringRef createStringFromUTF8(std::string_view bytes);
 [[nodiscard]] TovStringRef createStringFromUTF8(std::string_view bytes, std::int32_t unitCount);
 
-// Returns a new immutable text, or null when memory runs out.
+// Returns a new immutable text, or null if memory runs out.
 [[nodiscard]] TovStringRef createStringFromMacRoman(std::string_view bytes);
 
 }  // namespace pinorama

@@ -48,7 +48,7 @@ class pinorama::DateParser {
 public:
     explicit DateParser(const char16_t* pattern) : pattern_(pattern) {}
 
-    // Null when memory runs out.
+    // Null if memory runs out.
     UDateFormat* format() const
     {
         if (!format_) format_.reset(open());
@@ -59,7 +59,7 @@ private:
     UDateFormat* open() const
     {
         // The fields are read as UTC and moved into the process's zone by the C library afterwards,
-        // so that this room and the display of dates can never disagree about a zone.
+        // so that reading and showing a date can never disagree about a zone.
         constexpr const char* kNeutralLocale = "";
         UErrorCode status = U_ZERO_ERROR;
         UDateFormat* format = udat_open(UDAT_PATTERN, UDAT_PATTERN, kNeutralLocale, u"GMT", -1,

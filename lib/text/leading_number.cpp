@@ -26,7 +26,7 @@ bool isWhiteSpace(char16_t unit)
            unit == 0x2028 || unit == 0x2029 || unit == 0x202f || unit == 0x205f || unit == 0x3000;
 }
 
-// Walks over the units of a text; behind the last one stands 0.
+// Steps through the units of a text; 0 follows the last one.
 struct Reader {
     std::u16string_view units;
     std::size_t next = 0;

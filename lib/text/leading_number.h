@@ -1,5 +1,5 @@
 // The number that a text begins with, read without regard to the locale. White space before it is
-// skipped and what follows it is not looked at.
+// skipped and what follows it is ignored.
 
 #pragma once
 
@@ -13,7 +13,7 @@ namespace pinorama {
 std::int32_t leadingInteger(std::u16string_view units);
 
 // A decimal number with an optional sign, point and exponent, to the nearest double. No hexadecimal
-// form, no "inf", no "nan". Too large a number gives an infinity; 0.0 when there is no digit.
+// form, no "inf", no "nan". Too large a number gives an infinity; 0.0 if there is no digit.
 double leadingDouble(std::u16string_view units);
 
 }  // namespace pinorama

@@ -12,7 +12,7 @@ using namespace pinorama;
 namespace {
 constexpr const char* kEnglish = "en";
 
-// The first variable that is set and not empty; empty when none is.
+// The first variable that is set and not empty; empty if none is.
 std::string_view firstSet(std::initializer_list<const char*> names)
 {
     for (const char* name : names) {
@@ -27,14 +27,14 @@ struct Name {
     std::string language, territory, modifier;
 };
 
-// Cuts `text` at the first `separator` and returns what stood behind it.
+// Cuts `text` at the first `separator` and returns what stood after it.
 std::string_view cutBehind(std::string_view& text, char separator)
 {
     const std::size_t at = text.find(separator);
     if (at == std::string_view::npos) return {};
-    const std::string_view behind = text.substr(at + 1);
+    const std::string_view rest = text.substr(at + 1);
     text = text.substr(0, at);
-    return behind;
+    return rest;
 }
 
 Name parse(std::string_view text)

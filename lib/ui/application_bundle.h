@@ -8,5 +8,5 @@
 constexpr char16_t kApplicationIdentifier[] = u"org.pinorama.Pinorama";
 
 // Makes the application's texts known as the main bundle and selects them for numbered lookups.
-// Reads nothing yet; once at start-up. Returns the bundle, null when memory runs out.
+// Reads nothing yet; once at start-up. Returns the bundle, null if memory runs out.
 void* iuRegisterApplicationBundle();

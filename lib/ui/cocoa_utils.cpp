@@ -57,7 +57,7 @@ bool hasDisplay()
 }
 
 // The absolute path of an item, with its name at the end: "name/" and "." have none there. Empty
-// when there is no such path.
+// if there is no such path.
 fs::path itemAt(const std::string& bytes)
 {
     std::error_code error;
@@ -98,10 +98,10 @@ bool flush(const fs::path& path)
 constexpr std::int16_t kDialogTable = 1100;  // texts marked "##"
 constexpr std::int16_t kWordTable = 1001;    // texts marked "+#"
 
-// The table that the marker at the beginning of `text` names; 0 when there is none.
+// The table that the marker at the beginning of `text` names; 0 if there is none.
 std::int16_t tableOfMarker(TovStringRef text)
 {
-    // The marker is looked for in the UTF-8 form, so a text that has none is no placeholder.
+    // The marker is searched for in the UTF-8 form, so a text without that form is no placeholder.
     if (TovStringGetLength(text) < 3 || TovStringGetUTF8Size(text) < 2) return 0;
     if (TovStringGetUniChar(text, 1) != u'#') return 0;
     switch (TovStringGetUniChar(text, 0)) {
@@ -131,7 +131,7 @@ TovStringRef cocoaUtils::translateADialogString(TovStringRef text)
     const StringHolder digits(TovStringCreateWithSubstring(text, 2, TovStringGetLength(text) - 2));
     const std::int32_t number = TovStringGetIntValue(digits.get());
     if (number == 0) return text;
-    // Tested before it is narrowed, so 65536 asks for text 0.
+    // Tested for 0 before it is narrowed, so 65536 means text 0.
     return iuGetIndCFString(table, static_cast<std::int16_t>(number));
 }
 

@@ -61,7 +61,7 @@ public:
     //   out
     //                   of the archive. What removing gives is not reported.
     //
-    // Returns the exit status of the archiver `bsdtar`: 0 is success; 127 when there is no
+    // Returns the exit status of the archiver `bsdtar`: 0 is success; 127 if there is no
     // archiver. 1 also for an archive that would be put in the source's own place, and with
     // `deleteOriginal` for one inside the source and one that does not hold all of it. Then
     // everything stays as it was.

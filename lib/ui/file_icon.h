@@ -8,7 +8,7 @@
 #include <string>
 
 // Returns the icon theme's icon for the kind of item at `path` (bytes as the system takes them): a
-// folder, a device, or a file of the type that its name tells; its content is never looked at. A
+// folder, a device, or a file of the type that its name indicates; its content is never read. A
 // missing item has the icon of its name, too.
 //
 //   size   points; the icon fills it as far as a square can.

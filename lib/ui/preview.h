@@ -15,7 +15,7 @@
 
 // Makes the preview of the file at `path` (absolute, in the bytes of the system) within `ofSize`
 // points at `ratio` device pixels per point; `asIcon` as below. Nothing when the file has no
-// preview; a null picture when memory runs out for one that it has.
+// preview; a null picture if memory runs out for one that it has.
 using PreviewService = std::function<std::optional<QPixmap>(const std::string& path, QSizeF ofSize,
                                                             qreal ratio, std::uint8_t asIcon)>;
 
@@ -32,6 +32,6 @@ void cuInstallPreviewService(PreviewService service);
 //   asIcon  nonzero puts a preview on a card of exactly `ofSize`, like the icon of a document.
 //
 // A missing file, one without a preview and one that cannot be read have their icon. Null also for
-// a size that is not positive, and when memory runs out for a preview that there is: the icon
+// a size that is not positive, and if memory runs out for a preview that there is: the icon
 // stands for files without one.
 QPixmap imageWithPreviewOfFileAtPath(TovStringRef path, QSizeF ofSize, std::uint8_t asIcon);

@@ -13,5 +13,5 @@ QString cuDisplayText(const TovString* string);
 // The text unit by unit, for places that compare or hand it on. Empty for null.
 QString cuTextUnits(const TovString* string);
 
-// Returns a new immutable text of the same units, or null when memory runs out.
+// Returns a new immutable text of the same units, or null if memory runs out.
 [[nodiscard]] TovStringRef cuCreateText(QStringView text);

@@ -54,7 +54,7 @@ Bundle* findBundle(std::u16string_view identifier)
     return nullptr;
 }
 
-// The user's languages. The list is made anew only when the environment has changed.
+// The user's languages. The list is made again only when the environment has changed.
 const std::vector<std::string>& currentLanguages()
 {
     static std::string seenEnvironment;
@@ -82,7 +82,7 @@ const StringsTable& tableOf(Bundle* bundle, const std::string& language, std::st
     if (const auto bytes = readWholeFile(path, kMaxTableSize)) {
         table.texts = StringsTable(*bytes);
     }
-    // Only now, so that a table is not kept without its texts when memory runs out.
+    // Only now, so that a table is not kept without its texts if memory runs out.
     return bundle->tables.emplace_back(std::move(table)).texts;
 }
 

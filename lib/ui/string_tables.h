@@ -1,11 +1,16 @@
 // The words that the program builds its texts from, looked up by number or by key in the tables of
 // a bundle: a folder with one folder per language, each with files of lines "key" = "value";.
 //
-// A key that the user's first language lacks is looked up in the next one: LANGUAGE=de_AT:fr asks
-// de_AT, de, fr and en in turn. A key that no language has comes back as the key itself, so a
-// missing text shows on screen by its key. Tables are read when a key is first looked up in them,
+// A key that the user's first language lacks is looked up in the next one: LANGUAGE=de_AT:fr means
+// de_AT, de, fr and en in turn. The text of a key that no language has is the key itself, so that a
+// missing text is visible on the screen. Tables are read when a key is first looked up in them,
 // once; one that cannot be read or is larger than 256 KiB holds nothing. Every text that comes back
 // is new and released by the caller.
+//
+//     iuRegisterBundle(identifier, "/usr/share/pinorama", true);
+//     initStringBundle(identifier);
+//     TovStringRef text = iuGetIndCFString(1001, 46);  // the text of "STR#1001:46"
+//     TovStringRelease(&text);
 
 #pragma once
 
@@ -25,7 +30,7 @@ extern void* gCFBundleRef;
 //
 // An identifier that is known already gets the new folder, and its tables are read anew.
 // Returns the bundle, which lives as long as the process; null for a null identifier or folder, and
-// when memory runs out.
+// if memory runs out.
 void* iuRegisterBundle(TovStringRef identifier, const char* resourceFolder, bool isMain);
 
 // Selects the bundle for numbered lookups.
@@ -34,16 +39,15 @@ void* iuRegisterBundle(TovStringRef identifier, const char* resourceFolder, bool
 void* initStringBundle(TovStringRef bundleIdentifier);
 
 // The text of the key "STR#table:index" in the table Localizable of the selected bundle, a negative
-// number with its minus sign. Null only when memory runs out.
+// number with its minus sign. Null only if memory runs out.
 [[nodiscard]] TovStringRef iuGetIndCFString(std::int16_t table, std::int16_t index);
 
 // The text of the key "index" in the table Localizable of the main bundle, whichever bundle is
-// selected. Null only when memory runs out.
+// selected. Null only if memory runs out.
 [[nodiscard]] TovStringRef iuGetIndKVLCFString(std::int16_t index);
 
 // True when the table Localizable of the main bundle has a text for the key ("11",
-// "STR#1001:46") in one of the user's languages. Looks it up, so that the tables that are asked for
-// it are read.
+// "STR#1001:46") in one of the user's languages. Reads the tables that it searches, if necessary.
 bool iuHasText(std::u16string_view key);
 
 // The text of a key in a named table of the main bundle.
@@ -53,15 +57,15 @@ bool iuHasText(std::u16string_view key);
 //   tableName     null and "" mean Localizable.
 //
 // A table of the user's own comes first; see iuSetUserTableFolder.
-// Null when there is neither a key nor a default value, and when memory runs out.
+// Null when there is neither a key nor a default value, and if memory runs out.
 [[nodiscard]] TovStringRef iuCopyLocalizedString(TovStringRef key, TovStringRef defaultValue,
                                                  const char* tableName);
 
-// Names a folder of tables of the user's own, `<folder>/<table>.strings`, which
-// iuCopyLocalizedString asks before the main bundle's tables, in every language. Null: there is
-// none (the start). A damaged line in such a table is skipped and named once on standard error.
-// `folder` is in the raw bytes of the system and copied. When memory runs out nothing changes.
+// Sets the folder of the user's own tables, `<folder>/<table>.strings`, which iuCopyLocalizedString
+// searches before the main bundle's tables, in every language. Null means no such folder, as at the
+// start. A malformed line in such a table is skipped and reported once on standard error.
+// `folder` is in the raw bytes of the system and copied. If memory runs out nothing changes.
 void iuSetUserTableFolder(const char* folder);
 
-// The identifier of the main bundle as a new text; null when there is no main bundle.
+// The identifier of the main bundle as a new text; null if there is no main bundle.
 [[nodiscard]] TovStringRef iuCopyMainBundleIdentifier();

@@ -13,7 +13,7 @@ namespace {
 constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf";
 
 // Walks over the bytes of a table. A failed step leaves the position anywhere inside the damaged
-// line; whoever asked goes on with skipLineAt.
+// line; the caller goes on with skipLineAt.
 class Scanner {
 public:
     explicit Scanner(std::string_view bytes) : bytes_(bytes) {}

@@ -21,7 +21,7 @@ enum class ViewText {
 // The number of items of a pop-up (a combo box, or a button with a menu); nothing for other views.
 std::optional<int> cuPopUpItemCount(const QWidget* view);
 
-// The text of that kind; nothing when the view has no such text. `item` is the index in a pop-up.
+// The text of that kind; nothing if the view has no such text. `item` is the index in a pop-up.
 std::optional<QString> cuViewText(const QWidget* view, ViewText kind, int item = 0);
 
 // Sets a text that the view has; what it has not is left alone.

@@ -44,7 +44,7 @@ std::optional<Tree> look(const fs::path& item)
     return tree;
 }
 
-// In a UTF-8 locale the archiver marks names as UTF-8, which every program understands. One that is
+// In a UTF-8 locale the archiver flags names as UTF-8, which every program understands. One that is
 // no UTF-8 would make an archive that cannot be read; without a locale its bytes stay as they are.
 std::string localeFor(const Tree& tree)
 {
@@ -66,7 +66,7 @@ struct Selection {
     std::string names;  // for standard input
 };
 
-// What the archiver finds in a selection or an archive: a line for each item, behind one that names
+// What the archiver finds in a selection or an archive: a line for each item, after one that names
 // the format. Nothing when it fails.
 std::optional<std::string> listOf(const std::vector<std::string>& selected,
                                   const std::string& locale, std::string_view input = {})

@@ -11,7 +11,7 @@
 // Packs a file, link or folder with everything in it, under its own name, into a new archive and
 // waits until that is done.
 //
-// Returns the exit status of the archiver; 127 when there is none. An archive of 0 may lack what
+// Returns the exit status of the archiver; 127 if there is none. An archive of 0 may lack what
 // the format cannot hold: pipes, sockets and devices.
 std::int32_t cuPackIntoZIP(const std::filesystem::path& item, const std::string& archive);
 
