@@ -3,8 +3,7 @@
 //
 //     FrameTracker tracker;
 //     AccessibilitySelection selection(tracker);
-//     timer.callOnTimeout([&] { show(selection.selectedPaths()); });  // empty until it has
-//     connected
+//     timer.callOnTimeout([&] { show(selection.selectedPaths()); });
 //
 // A call at rest costs one round trip: FrameTracker asks all windows which is active and, along
 // with that, revalidates what was read last.

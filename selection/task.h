@@ -1,11 +1,10 @@
 // A coroutine that waits for replies, and what it may hold while it waits.
 //
-//     Task<int> countItems(DBusQuery& query, Accessible view)  // values, or classes that outlive
-//     it
+//     Task<int> countItems(DBusQuery& query, Accessible view)  // owns its copy of `view`
 //     {
 //         const QDBusMessage getCount = childCountCall(view);
 //         const auto count = numberIn(co_await query.reply(getCount));
-//         co_return count.value_or(0);  // `view` is this coroutine's own copy and still there
+//         co_return count.value_or(0);
 //     }
 //
 // Anything can happen in the event loop during a co_await: programs leave the bus, windows close,
