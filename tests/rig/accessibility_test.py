@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Walks the real window over the accessibility bus, as a screen reader does: every control has a name,
-a role and a place in the order of the Tab key, every value can be read with its caption, every button
-says what it does.
+a role and a place in the tab order, every value can be read with its caption, every button has a
+description.
 
 usage: accessibility_test.py BIN_FOLDER"""
 
@@ -42,7 +42,7 @@ class AccessibilityTest(unittest.TestCase):
         report = cls.session.run([PROGRAM, "--print-and-save",
                                   os.path.join(cls.session.root, "window.png"), picture], 30)
         if report is None:
-            raise AssertionError("the program does not report what it shows")
+            raise AssertionError("the program does not print what it shows")
         cls.shown = dict(line.split(": ", 1) for line in report.replace("\n    ", " ").splitlines()
                          if ": " in line)
         cls.session.start([PROGRAM, picture])
@@ -68,7 +68,7 @@ class AccessibilityTest(unittest.TestCase):
             if role in controls and not each.labels():
                 self.assertTrue(name, f"{role} at {each.path}")
 
-    def testEveryValueIsReadWithItsCaption(self):
+    def testEveryValueHasItsCaptionAsLabel(self):
         for caption in FIELDS:
             with self.subTest(caption):
                 value = self.named(caption, "text")
@@ -78,21 +78,21 @@ class AccessibilityTest(unittest.TestCase):
         self.assertEqual(self.named("Coordinate", "text").text,
                          "N 47° 25' 15.5\"   E 10° 59' 7.0\"")
 
-    def testEveryControlSaysWhatItDoes(self):
+    def testEveryControlHasADescription(self):
         for name, role, description in CONTROLS:
             with self.subTest(name):
                 control = self.named(name, role)
                 self.assertEqual(control.description, description)
                 self.assertTrue(control.has(ENABLED, FOCUSABLE))
 
-    def testTheTabKeyReachesEveryControlInItsOrder(self):
+    def testTheTabKeyReachesEveryControlInOrder(self):
         self.desktop.activate(self.window)
         order = [(caption, "text") for caption in FIELDS]
         order += [(name, role) for name, role, _ in CONTROLS]
         for name, role in order:
             self.desktop.keys("Tab")
             control = self.named(name, role)
-            self.assertTrue(waitFor(lambda: control.has(FOCUSED), 5), f"{name} has not the focus")
+            self.assertTrue(waitFor(lambda: control.has(FOCUSED), 5), f"{name} does not have the focus")
 
     def testTheWindowManagerPlacesTheWindow(self):
         hints = self.session.run(["xprop", "-id", str(self.window), "WM_NORMAL_HINTS", "_NET_WM_STATE"])

@@ -1,4 +1,4 @@
-"""Programs as the accessibility bus shows them, asked one question at a time through gdbus."""
+"""Programs on the accessibility bus, read with one call of gdbus at a time."""
 
 import ast
 import re
@@ -14,17 +14,17 @@ class Accessible:
         self.session, self.bus, self.owner, self.path = session, bus, owner, path
 
     def call(self, method, *arguments):
-        answer = self.session.run(["gdbus", "call", "--address", self.bus, "--dest", self.owner,
-                                   "--object-path", self.path, "--method", method, *arguments])
-        if answer is None:
+        reply = self.session.run(["gdbus", "call", "--address", self.bus, "--dest", self.owner,
+                                  "--object-path", self.path, "--method", method, *arguments])
+        if reply is None:
             return None
-        # Python reads what gdbus writes but for the names of types and the marks of a variant.
-        answer = re.sub(r"(?<=[\[( ])(?:uint32|objectpath|@[a-z()]+) ", "", answer.strip())
-        return ast.literal_eval(re.sub(r"^\(<(.*)>,\)$", r"(\1,)", answer, flags=re.S))
+        # Without the names of types and the brackets of a variant, the output of gdbus is valid Python.
+        reply = re.sub(r"(?<=[\[( ])(?:uint32|objectpath|@[a-z()]+) ", "", reply.strip())
+        return ast.literal_eval(re.sub(r"^\(<(.*)>,\)$", r"(\1,)", reply, flags=re.S))
 
     def read(self, name, interface="Accessible"):
-        answer = self.call("org.freedesktop.DBus.Properties.Get", "org.a11y.atspi." + interface, name)
-        return answer[0] if answer else None
+        reply = self.call("org.freedesktop.DBus.Properties.Get", "org.a11y.atspi." + interface, name)
+        return reply[0] if reply else None
 
     @property
     def name(self):
@@ -36,35 +36,35 @@ class Accessible:
 
     @property
     def role(self):
-        answer = self.call("org.a11y.atspi.Accessible.GetRoleName")
-        return answer[0].removeprefix("push ") if answer else None
+        reply = self.call("org.a11y.atspi.Accessible.GetRoleName")
+        return reply[0].removeprefix("push ") if reply else None
 
     def has(self, *states):
-        answer = self.call("org.a11y.atspi.Accessible.GetState")
-        bits = answer[0][0] if answer else 0
+        reply = self.call("org.a11y.atspi.Accessible.GetState")
+        bits = reply[0][0] if reply else 0
         return all(bits >> state & 1 for state in states)
 
     @property
     def text(self):
-        answer = self.call("org.a11y.atspi.Text.GetText", "--", "0", "-1")
-        return answer[0] if answer else None
+        reply = self.call("org.a11y.atspi.Text.GetText", "--", "0", "-1")
+        return reply[0] if reply else None
 
     def place(self):
         """Left edge, top edge, width and height on the screen."""
-        answer = self.call("org.a11y.atspi.Component.GetExtents", "0")
-        return answer[0] if answer else None
+        reply = self.call("org.a11y.atspi.Component.GetExtents", "0")
+        return reply[0] if reply else None
 
     def at(self, reference):
         return Accessible(self.session, self.bus, *reference)
 
     def children(self):
-        answer = self.call("org.a11y.atspi.Accessible.GetChildren")
-        return [self.at(child) for child in answer[0]] if answer else []
+        reply = self.call("org.a11y.atspi.Accessible.GetChildren")
+        return [self.at(child) for child in reply[0]] if reply else []
 
     def labels(self):
-        """The objects that name this one."""
-        answer = self.call("org.a11y.atspi.Accessible.GetRelationSet")
-        return [self.at(target) for kind, targets in answer[0] if kind == 2 for target in targets]
+        """The objects that label this one."""
+        reply = self.call("org.a11y.atspi.Accessible.GetRelationSet")
+        return [self.at(target) for kind, targets in reply[0] if kind == 2 for target in targets]
 
     def everything(self):
         yield self
@@ -73,13 +73,13 @@ class Accessible:
 
 
 def accessibilityBus(session):
-    """The address of the bus; empty when there is none."""
-    answer = session.call("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus.GetAddress")
-    return ast.literal_eval(answer)[0] if answer else ""
+    """The address of the bus; empty if there is none."""
+    reply = session.call("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus.GetAddress")
+    return ast.literal_eval(reply)[0] if reply else ""
 
 
 def programNamed(session, name):
-    """The root object of a program that shows a window; None when there is none."""
+    """The root object of a program that shows a window; None if there is none."""
     desktop = Accessible(session, accessibilityBus(session), "org.a11y.atspi.Registry",
                          "/org/a11y/atspi/accessible/root")
     for each in desktop.children():

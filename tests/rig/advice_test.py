@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""A file manager made with Qt that was started while accessibility was off: the real window says so,
-switches it on when it is asked to, and follows the file manager once that was started again.
+"""A Qt file manager that was started while accessibility was off: the real window says so, switches
+accessibility on at the user's request, and follows the file manager after its restart.
 
 usage: advice_test.py BIN_FOLDER"""
 
@@ -25,7 +25,7 @@ def isEnabled(session):
                         "org.a11y.Status", "IsEnabled").strip() == "(<true>,)"
 
 
-class Surroundings:
+class Environment:
     """The real window and one file manager, with accessibility off."""
 
     def __init__(self, session, manager):
@@ -38,14 +38,14 @@ class Surroundings:
             os.makedirs(self.folder)
             with open(self.picture, "wb") as file:
                 file.write(b"x")
-        # The file manager is started before the accessibility bus, as far as it can tell: Qt 5 finds
-        # a bus that runs already by this mark of the display.
-        self.mark = session.run(["xprop", "-root", "-notype", "AT_SPI_BUS"]).partition('"')[2]
+        # The file manager must not find the accessibility bus, which runs already: Qt 5 looks for its
+        # address in this property of the display.
+        self.address = session.run(["xprop", "-root", "-notype", "AT_SPI_BUS"]).partition('"')[2]
         session.run(["xprop", "-root", "-remove", "AT_SPI_BUS"])
         self.startManager()
         session.run(["xprop", "-root", "-f", "AT_SPI_BUS", "8s", "-set", "AT_SPI_BUS",
-                     self.mark.rstrip('"\n')])
-        # The window itself is read over the same bus, whatever the desktop has set.
+                     self.address.rstrip('"\n')])
+        # The test reads the window over the same bus, whatever the desktop's setting.
         session.start([PROGRAM], extra={"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"})
         if not waitFor(lambda: programNamed(session, "Pinorama"), 30):
             raise RigError("the program is not on the accessibility bus")
@@ -81,16 +81,16 @@ class Surroundings:
 
 @contextlib.contextmanager
 def beside(name):
-    """The window beside the file manager of that name, in a session of their own."""
+    """The window beside the file manager of that name, in a new session."""
     with DesktopSession(accessibility=False) as session:
         if not accessibilityBus(session):
             raise RigError("there is no accessibility bus")
-        yield Surroundings(session, managerNamed(name))
+        yield Environment(session, managerNamed(name))
 
 
 @cases.add
-def saysNothingWithoutNeed(beside):
-    """Nautilus needs nothing."""
+def showsNoNoticeWithoutNeed(beside):
+    """Nautilus needs no setting."""
     with beside("nautilus") as around:
         require(not waitFor(lambda: around.named("Pinorama can follow"), 8), "there is a notice")
         around.select()
@@ -98,8 +98,8 @@ def saysNothingWithoutNeed(beside):
 
 
 @cases.add
-def saysItOnce(beside):
-    """A notice that was dismissed does not come again, and the check box takes it away."""
+def showsTheNoticeOnce(beside):
+    """A notice that was dismissed does not appear again, and the check box removes it."""
     with beside("pcmanfm-qt") as around:
         require(waitFor(lambda: around.named("Pinorama can follow the selection in PCManFM-Qt"), 20),
                 "the window does not say why it cannot follow")
@@ -109,26 +109,26 @@ def saysItOnce(beside):
         around.session.run(["xprop", "-root", "-remove", "AT_SPI_BUS"])
         second = around.session.start([*managerNamed("dolphin").command, around.folder])
         around.desktop.newWindow([second])
-        require(not waitFor(lambda: around.named("Pinorama can follow"), 8), "the notice came again")
+        require(not waitFor(lambda: around.named("Pinorama can follow"), 8), "the notice appeared again")
         around.session.end(second)
         require(not isEnabled(around.session),
-                "accessibility was switched on without being asked for")
+                "accessibility was switched on without a request")
 
 
 @cases.add
 def offersAndFollows(beside):
-    """The whole way of a user with Dolphin."""
+    """All steps of a user of Dolphin."""
     with beside("dolphin") as around:
         require(waitFor(lambda: around.named("Pinorama can follow the selection in Dolphin"), 20),
                 "the window does not say why it cannot follow")
         require(not isEnabled(around.session),
-                "accessibility was switched on without being asked for")
+                "accessibility was switched on without a request")
         around.press("Switch On")
         require(waitFor(lambda: isEnabled(around.session), 20), "accessibility is not on")
         require(waitFor(lambda: around.named("Accessibility is on. Restart Dolphin"), 20),
                 "the window does not say what comes next")
         around.press("Dismiss")
-        require(waitFor(lambda: not around.named("Accessibility is on"), 20), "the notice does not go")
+        require(waitFor(lambda: not around.named("Accessibility is on"), 20), "the notice does not disappear")
         around.session.end(around.process)
         around.startManager()
         around.select()

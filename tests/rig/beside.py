@@ -1,4 +1,4 @@
-"""A real file manager with the real window beside it: what the window shows is what counts."""
+"""A real file manager with the real window beside it. The tests check what the window shows."""
 
 import argparse
 import os
@@ -11,7 +11,7 @@ from running import need, programIn, run
 from session import DesktopSession, waitFor
 from window import Window
 
-LONG_ENOUGH = 1.2  # seconds, six questions: a window that changes would have changed by then
+LONG_ENOUGH = 1.2  # seconds, six queries: a window that changes would have changed by then
 TIME = 450  # seconds in all
 
 
@@ -38,7 +38,7 @@ class Beside(Follow):
                 f"the place is {self.shown.text('Coordinate')!r}, not {place!r}")
 
     def expectStill(self, path):
-        """The window goes on to show the picture."""
+        """The window still shows the picture."""
         time.sleep(LONG_ENOUGH)
         self.expectShown(path, 0)
 
@@ -46,18 +46,18 @@ class Beside(Follow):
         return os.path.join(self.pictures, name)
 
     def select(self, name):
-        self.desktop.activate(self.window)  # nothing may lie on it
+        self.desktop.activate(self.window)  # no other window may cover it
         self.selectNamed(self.window, self.pictures, name)
 
     def click(self):
-        """Gives the file manager the focus and lets nothing be selected."""
+        """Gives the file manager the focus and clears its selection."""
         self.desktop.activate(self.window)
         self.desktop.clickEmptySpace(self.window)
 
 
 def runBeside(cases, kind=Beside):
-    """Runs the cases of a test with the arguments BIN_FOLDER MANAGER [--case NAME]..., each on one object
-    of the `kind`."""
+    """Runs the cases of a test with the arguments BIN_FOLDER MANAGER [--case NAME]..., all on one object of
+    class `kind`."""
     parser = argparse.ArgumentParser()
     parser.add_argument("bin")
     parser.add_argument("manager")

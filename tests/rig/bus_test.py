@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Opens the real window in sessions that lack what it talks to: no accessibility bus, no session bus.
-It shows what it is given, stays quick, and writes nothing to the terminal.
+"""Opens the real window in sessions without an accessibility bus or without a session bus. It shows the
+picture of its argument, stays responsive, and writes nothing to the terminal.
 
 usage: bus_test.py BIN_FOLDER"""
 
@@ -15,8 +15,8 @@ from running import need, takeProgram
 from session import DesktopSession, waitFor
 
 PROGRAM = takeProgram()
-LISTENING = 6  # seconds, 30 questions
-MOST_TICKS = 0.1  # part of one processor
+LISTENING = 6  # seconds, 30 queries
+MAX_LOAD = 0.1  # part of one processor
 
 
 class BusTest(unittest.TestCase):
@@ -34,11 +34,11 @@ class BusTest(unittest.TestCase):
 
     def expectToBeWell(self, process, window):
         self.assertTrue(waitFor(lambda: self.catalogue.shownPlace(window) == (10.5, 60.5), 10),
-                        self.catalogue.addresses())
+                        self.catalogue.urls())
         before = ProcessorUse(process.pid).ticks
         time.sleep(LISTENING)
         used = (ProcessorUse(process.pid).ticks - before) / os.sysconf("SC_CLK_TCK") / LISTENING
-        self.assertLess(used, MOST_TICKS, "part of a processor that is used for nothing")
+        self.assertLess(used, MAX_LOAD, "the load of one processor without any work")
         with open(os.path.join(self.session.root, "pinorama.log"), errors="replace") as log:
             self.assertEqual(log.read(), "")
 

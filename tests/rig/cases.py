@@ -1,4 +1,4 @@
-"""The cases of a test that share their surroundings, which take longer to make than a case takes."""
+"""The cases of a test. They share one environment, because setting it up takes longer than a case."""
 
 import time
 
@@ -7,11 +7,11 @@ from session import RigError
 
 
 class Skip(Exception):
-    """The case cannot run here; says why."""
+    """The case cannot run here, for this reason."""
 
 
 class Wrong(Exception):
-    """What the case is about was wrong; says how."""
+    """The case has failed, in this way."""
 
 
 def require(condition, what):
@@ -20,7 +20,7 @@ def require(condition, what):
 
 
 class Cases:
-    """Functions of the surroundings, in the order in which they run; they raise what they have to say."""
+    """Functions of the environment, in the order in which they run; they raise Skip or Wrong."""
 
     def __init__(self, *cases):
         self.cases = list(cases)
@@ -33,16 +33,17 @@ class Cases:
     def names(self):
         return [case.__name__ for case in self.cases]
 
-    def run(self, title, surroundings, wanted=None):
-        """Runs the cases, or only those with the wanted names, and tells of each. Surroundings that fail
-        in a case make it wrong. Returns the exit status: skipped only when no case could run."""
+    def run(self, title, environment, wanted=None):
+        """Runs the cases, or only those with the wanted names, and prints the outcome of each. If the
+        environment fails in a case, the case fails. Returns the exit status: skipped only if no case
+        could run."""
         outcomes = []
         for case in self.cases:
             if wanted and case.__name__ not in wanted:
                 continue
             start = time.monotonic()
             try:
-                case(surroundings)
+                case(environment)
                 outcome = "ok"
             except Skip as reason:
                 outcome = f"skipped: {reason}"

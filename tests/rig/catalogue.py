@@ -1,5 +1,5 @@
-"""The address that the window's button for the catalogue opens: it tells the shown place also to those who
-cannot read the window."""
+"""The URL that the window's button for the catalogue opens. It contains the shown place, also for tests
+that cannot read the window."""
 
 import os
 
@@ -7,12 +7,12 @@ from session import waitFor
 
 
 class Catalogue:
-    """Takes the place of the program that opens addresses, and notes them: so the window tells where
-    the shown picture was taken also when there is no accessibility bus to read it on."""
+    """Replaces the program that opens URLs and records them. So a test knows which place the window shows
+    even without an accessibility bus to read it on."""
 
     def __init__(self, session):
         self.session = session
-        self.log = os.path.join(session.root, "addresses")
+        self.log = os.path.join(session.root, "opened-urls")
         folder = os.path.join(session.root, "programs")
         os.makedirs(folder)
         opener = os.path.join(folder, "xdg-open")
@@ -21,7 +21,7 @@ class Catalogue:
         os.chmod(opener, 0o755)
         session.environment["PATH"] = folder + ":" + session.environment["PATH"]
 
-    def addresses(self):
+    def urls(self):
         try:
             with open(self.log, encoding="utf-8") as log:
                 return log.read().splitlines()
@@ -29,12 +29,12 @@ class Catalogue:
             return []
 
     def shownPlace(self, window):
-        """Latitude and longitude of the shown picture; None when the button is off."""
-        before = len(self.addresses())
+        """Latitude and longitude of the shown picture; None if the button is disabled."""
+        before = len(self.urls())
         self.session.run(["xdotool", "windowactivate", "--sync", str(window), "key",
                           "--clearmodifiers", "alt+f"])
-        told = waitFor(lambda: self.addresses()[before:], 2)
-        if not told:
+        opened = waitFor(lambda: self.urls()[before:], 2)
+        if not opened:
             return None
-        words = dict(part.split("=") for part in told[0].split("&") if "=" in part)
+        words = dict(part.split("=") for part in opened[0].split("&") if "=" in part)
         return float(words["lat"]), float(words["long"])

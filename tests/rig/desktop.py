@@ -5,11 +5,11 @@ import time
 from session import RigError, waitFor
 
 PAUSE = 0.12  # seconds between two keys
-LOOKS, LOOK_STEP = 6, 0.05  # at a process that is to be at rest; seconds between two
+SAMPLES, SAMPLE_STEP = 6, 0.05  # of a process that should be idle; seconds between two
 
 
 class ProcessorUse:
-    """What the kernel says of a process right now: whether it waits, and the ticks that it used."""
+    """What the kernel reports about a process right now: whether it waits, and the ticks that it used."""
 
     def __init__(self, pid):
         try:
@@ -33,7 +33,7 @@ class Desktop:
         return [int(line) for line in found.split()]
 
     def newWindow(self, processes, before=(), seconds=20):
-        """Waits for a window of one of the processes that was not there before."""
+        """Waits for a new window, not among `before`, of one of the processes."""
         def find():
             windows = [window for process in processes for window in self.windowsOf(process)
                        if window not in before]
@@ -47,11 +47,11 @@ class Desktop:
         return window
 
     def windowNamed(self, pattern, seconds=30):
-        """Waits for a window whose title the regular expression fits."""
+        """Waits for a window whose title matches the regular expression."""
         found = waitFor(lambda: (self.xdotool("search", "--onlyvisible", "--name", pattern) or "").split(),
                         seconds)
         if not found:
-            raise RigError(f"no window {pattern} came")
+            raise RigError(f"no window {pattern} appeared")
         return int(found[0])
 
     def exists(self, window):
@@ -67,14 +67,14 @@ class Desktop:
         time.sleep(PAUSE)
 
     def settle(self, process, seconds=10):
-        """Waits until the process has dealt with the keys and clicks that were sent to it. Questions
-        that are put to it five times a second do not count."""
+        """Waits until the process has handled the keys and clicks that were sent to it. The queries that
+        it gets five times a second do not count."""
         def isAtRest():
             uses = []
-            for _ in range(LOOKS):
+            for _ in range(SAMPLES):
                 uses.append(ProcessorUse(process.pid))
-                time.sleep(LOOK_STEP)
-            return sum(use.waits for use in uses) >= LOOKS - 1 and uses[-1].ticks - uses[0].ticks <= 2
+                time.sleep(SAMPLE_STEP)
+            return sum(use.waits for use in uses) >= SAMPLES - 1 and uses[-1].ticks - uses[0].ticks <= 2
         return waitFor(isAtRest, seconds, 0)
 
     def resize(self, window, width, height):

@@ -15,8 +15,8 @@ from running import need, takeProgram
 from session import DesktopSession, waitFor
 
 PROGRAM = takeProgram()
-STEP = 0.2  # seconds between two movements of the hand
-PAUSE = 2  # seconds for windows to be where they were moved
+STEP = 0.2  # seconds between two movements of the mouse
+PAUSE = 2  # seconds until windows are where they were moved
 
 
 class DragTest(unittest.TestCase):
@@ -51,7 +51,7 @@ class DragTest(unittest.TestCase):
             self.mouse("mousemove", "--window", window, x, 100)
         for x in (200, 250, 300):
             self.mouse("mousemove", "--window", manager, x, 200)
-        # The folder asks what comes, and says only at a further movement that it takes it.
+        # The folder requests the formats first, and accepts the drag only at a further movement.
         for x in (310, 320, 330):
             time.sleep(PAUSE / 2)
             self.mouse("mousemove", "--window", manager, x, 200)

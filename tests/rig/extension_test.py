@@ -34,7 +34,7 @@ def needBinding(manager):
 
 
 def everyChange(follow):
-    """Every name, several and none, pushed the moment they are selected."""
+    """The extension pushes every name, several names and an empty selection."""
     seen = follow.walk(len(NAMES) + 1)
     if set(seen) != follow.expectedItems():
         raise Wrong(f"missing {follow.expectedItems() - set(seen)}")
@@ -45,8 +45,8 @@ def everyChange(follow):
 
 
 def secondWindow(follow):
-    """Opens a second window and selects in it; a push from before it is known counts for nothing, and
-    so the selection is changed until one was heard."""
+    """Opens a second window and selects an item in it. A push that arrives before the window is known is
+    ignored, so this changes the selection until one is accepted."""
     second = follow.open(follow.other, follow.desktop.windowsOf(follow.process))
     time.sleep(1.5)
     for trial in range(3):
@@ -67,7 +67,7 @@ def closeSecond(follow, second):
 
 
 def onlyForItsWindow(follow):
-    """A push answers for the window that it came from and for no other."""
+    """A push is valid only for the window that it came from."""
     follow.selectNamed(follow.window, follow.pictures, b"c.jpg")
     second = secondWindow(follow)
     try:
@@ -79,21 +79,21 @@ def onlyForItsWindow(follow):
 
 
 def whenTheMenuOpens(follow):
-    """Nemo asks its extensions only then."""
+    """Nemo calls its extensions only then."""
     follow.desktop.clickEmptySpace(follow.window)
     follow.desktop.keys("Home", follow.step, "Home", follow.step)
-    for _ in range(3):  # on a busy machine the news of the selection may come after the menu
+    for _ in range(3):  # on a busy machine the selection may change after the menu has opened
         follow.settle()
         follow.desktop.keys("Menu")
-        heard = follow.probe.waitUntil(lambda paths: len(paths) == 1, 3)
+        paths = follow.probe.waitUntil(lambda paths: len(paths) == 1, 3)
         follow.desktop.keys("Escape")
-        if heard:
+        if paths:
             return
-    raise Wrong(f"heard {follow.probe.paths()}")
+    raise Wrong(f"got {follow.probe.paths()}")
 
 
 def onlyFromItsWindow(follow):
-    """What changes by itself in a window in the background is not what the user has selected."""
+    """A change in a background window does not count as a selection of the user."""
     gone = os.path.join(follow.pictures, b"weg.jpg")
     with open(gone, "wb") as file:
         file.write(b"x")
@@ -111,7 +111,7 @@ def onlyFromItsWindow(follow):
 
 
 def onlyFromTheFileManager(follow):
-    """A push of any other program changes nothing, whatever it holds."""
+    """A push of any other program changes nothing, whatever it contains."""
     follow.selectNamed(follow.window, follow.pictures, b"c.jpg")
     title = (follow.desktop.xdotool("getwindowname", follow.window) or "").strip()
     for uris in ("['file://" + os.fsdecode(follow.pictures) + "/d.nef']", "[]", "['file:///%00']",
@@ -123,7 +123,7 @@ def onlyFromTheFileManager(follow):
 
 
 def quietAlone(follow):
-    """Without Pinorama the extension is quiet and the file manager goes on."""
+    """Without Pinorama the extension is quiet, and the file manager keeps running."""
     follow.desktop.keys("Home", follow.step)
     time.sleep(0.5)
     require(follow.process.poll() is None, "it ended")
@@ -133,10 +133,10 @@ def quietAlone(follow):
     require("pinorama_selection" not in messages and "Traceback" not in messages, f"it wrote {messages}")
 
 
-# What the extension tells on its own; Thunar's tells the selection of one change ago.
+# With the extension alone; Thunar's pushes the selection before the last change.
 ALONE = {"nautilus": [everyChange, onlyForItsWindow], "caja": [everyChange, onlyForItsWindow],
          "nemo": [whenTheMenuOpens], "thunar": []}
-# Together with the accessibility bus, as the window asks them.
+# Together with the accessibility bus, as the window uses them.
 TOGETHER = [names, noneAndSeveral, twoWindows, tabs, intoAFolderAndBack, onlyFromItsWindow,
             onlyFromTheFileManager]
 

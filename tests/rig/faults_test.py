@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Lets one real file manager, or the bus to it, fail beside the real window: the window stays usable,
-shows nothing wrong, follows again by itself, and writes nothing to the terminal.
+"""Makes one real file manager, or the bus to it, fail beside the real window: the window stays usable,
+shows nothing wrong, resumes following by itself, and writes nothing to the terminal.
 
 usage: faults_test.py BIN_FOLDER MANAGER [--case NAME]...
 
@@ -23,38 +23,38 @@ from window import Traffic
 
 RECOVERY = 3  # seconds until a file manager that is back is followed again
 SLACK = 3  # seconds for the keys, and for the test itself to see it on a busy machine
-LONGEST_ANSWER = 1.5  # seconds; 0.3 are the program's, the rest is a busy machine's
+MAX_RESPONSE_TIME = 1.5  # seconds; 0.3 for the program, the rest for a busy machine
 cases = Cases()
 
 
 class Faulty(Beside):
-    """A file manager with the window beside it, where something is going to fail."""
+    """A file manager with the window beside it, in an environment where something will fail."""
 
     def __init__(self, session, manager, program):
         super().__init__(session, manager, program)
         self.catalogue = Catalogue(session)
 
-    def longestAnswer(self, seconds):
-        """How long the window takes to answer at worst, asked again and again."""
+    def maxResponseTime(self, seconds):
+        """The maximum response time of the window over many calls."""
         end = time.monotonic() + seconds
         longest = 0
         while time.monotonic() < end:
             start = time.monotonic()
-            require(self.shown.text("Name") is not None, "the window does not answer")
+            require(self.shown.text("Name") is not None, "the window does not respond")
             longest = max(longest, time.monotonic() - start)
         return longest
 
-    def expectAnswers(self):
-        """The window answers in time, at least one time of three: the machine may stand still meanwhile."""
+    def expectResponsive(self):
+        """The window responds in time, at least once in three attempts: the machine may stall meanwhile."""
         for _ in range(3):
-            longest = self.longestAnswer(3.5)
-            if longest < LONGEST_ANSWER:
+            longest = self.maxResponseTime(3.5)
+            if longest < MAX_RESPONSE_TIME:
                 return
-        raise Wrong(f"the window took {longest:.2f} s to answer")
+        raise Wrong(f"the window took {longest:.2f} s to respond")
 
     def expectUsable(self):
-        """The window answers in time and, with nothing selected, goes on to show what it is given."""
-        self.expectAnswers()
+        """The window responds in time and, with nothing selected, shows a picture that is passed to it."""
+        self.expectResponsive()
         given = os.path.join(self.other, b"e.jpg")
         require(self.session.run([self.shown.program, os.fsdecode(given)]) is not None,
                 "the second start failed")
@@ -73,8 +73,8 @@ class Faulty(Beside):
         self.expectShown(self.picture(b"c.jpg"))
 
     def expectNothingOf(self, address, allowed=None):
-        """Goes to a folder that is none of the local files and selects what is in it. The window goes
-        on to show the picture of before, or one below the local folder `allowed`."""
+        """Opens a folder that is not on a local file system and selects its items. The window still shows
+        the previous picture, or one below the local folder `allowed`."""
         shown = self.picture("ü.jpg".encode())
         self.selectNamed(self.window, self.pictures, "ü.jpg".encode())
         self.desktop.keys(*self.manager.goTo)
@@ -90,7 +90,7 @@ class Faulty(Beside):
                 self.settle()
                 path = self.probe.paths()[0]
                 isAllowed = allowed and path.startswith(os.fsencode(allowed) + b"/")
-                require(path == shown or isAllowed, f"of {address} it makes {path}")
+                require(path == shown or isAllowed, f"for {address} it shows {path}")
                 self.desktop.keys(self.step)
 
     def startAgain(self):
@@ -100,7 +100,7 @@ class Faulty(Beside):
 
 @cases.add
 def stopped(faulty):
-    """A file manager that hangs: it is asked next to nothing, and followed again when it goes on."""
+    """A file manager that hangs gets hardly any calls, and is followed again when it continues."""
     faulty.select(b"c.jpg")
     bus = Traffic(faulty.session, accessibilityBus(faulty.session))
     try:
@@ -108,9 +108,9 @@ def stopped(faulty):
         window = bus.namesOf(faulty.shown.process)
         os.kill(faulty.process.pid, signal.SIGSTOP)
         try:
-            time.sleep(1)  # within this the question comes that is not answered
+            time.sleep(1)  # the call without a reply is made within this time
             count = bus.calls(window, 3, manager)
-            require(count <= 2, f"a file manager that does not answer was asked {count} times in 3 s")
+            require(count <= 2, f"a file manager that does not reply got {count} calls in 3 s")
             faulty.expectUsable()
         finally:
             os.kill(faulty.process.pid, signal.SIGCONT)
@@ -121,7 +121,7 @@ def stopped(faulty):
 
 @cases.add
 def killed(faulty):
-    """A file manager that dies, and one that comes."""
+    """A file manager that is killed, and another one that starts."""
     faulty.select(b"c.jpg")
     faulty.kill()
     faulty.expectStill(faulty.picture(b"c.jpg"))
@@ -132,18 +132,18 @@ def killed(faulty):
 
 @cases.add
 def startedLater(faulty):
-    """The window is there before any file manager."""
+    """The window opens before any file manager."""
     faulty.shown.close()
     faulty.kill()
     faulty.shown.open()
-    faulty.expectAnswers()
+    faulty.expectResponsive()
     faulty.startAgain()
     faulty.expectFollowing()
 
 
 @cases.add
 def vanishing(faulty):
-    """Pictures that are gone when the window would read them."""
+    """Pictures that are deleted before the window reads them."""
     names = [os.path.join(faulty.pictures, b"0 weg %d.jpg" % number) for number in range(6)]
     for name in names:
         faulty.write(name, 50.5, 50.5)
@@ -153,7 +153,7 @@ def vanishing(faulty):
         for name in names:
             faulty.desktop.xdotool("key", faulty.step)
             os.remove(name)
-        faulty.expectAnswers()
+        faulty.expectResponsive()
     finally:
         for name in names:
             with contextlib.suppress(FileNotFoundError):
@@ -165,7 +165,7 @@ def vanishing(faulty):
 
 @cases.add
 def trash(faulty):
-    """A folder that is none of the local files, with names that a local folder has too."""
+    """A folder that is not local, with names that a local folder has too."""
     command = faulty.manager.trash
     if not command:
         raise Skip("shows no Trash without a desktop's services")
@@ -190,7 +190,7 @@ def trash(faulty):
 
 
 class RemoteFolder(http.server.BaseHTTPRequestHandler):
-    """A folder on a server, as WebDAV tells it: c.jpg and e.jpg."""
+    """A folder on a WebDAV server: c.jpg and e.jpg."""
 
     def do_PROPFIND(self):
         self.rfile.read(int(self.headers.get("Content-Length", 0)))
@@ -230,7 +230,7 @@ class RemoteFolder(http.server.BaseHTTPRequestHandler):
 
 @cases.add
 def remoteFolder(faulty):
-    """A folder on a server is nowhere among the local files; its names may be."""
+    """A folder on a server is not a local folder, although a local one may have the same names."""
     if not faulty.manager.remote:
         raise Skip("reaches no server without a desktop's services")
     server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), RemoteFolder)
@@ -246,7 +246,7 @@ def remoteFolder(faulty):
 
 
 def followsBlindly(faulty):
-    """Without a bus to read the window on: its own button tells the place that it shows."""
+    """Checks the shown place with the window's button, without a bus to read the window on."""
     faulty.startAgain()
     wanted = faulty.places[faulty.picture(b"c.jpg")]
 
@@ -266,7 +266,7 @@ def followsBlindly(faulty):
 
 @cases.add
 def busStartedAgain(faulty):
-    """The accessibility bus dies, with and without what starts it, and comes again."""
+    """The accessibility bus is killed, with and without its launcher, and starts again."""
     faulty.select(b"a b.jpg")
     for alsoTheLauncher in (False, True):
         faulty.kill()
@@ -275,7 +275,7 @@ def busStartedAgain(faulty):
         time.sleep(LONG_ENOUGH)
         given = os.path.join(faulty.other, b"e.jpg")
         require(faulty.session.run([faulty.shown.program, os.fsdecode(given)]) is not None,
-                "the window does not take a file")
+                "the window does not accept a file")
         place = faulty.catalogue.shownPlace(faulty.shown.window)
         require(place == faulty.places[given], f"without the bus the window shows {place}")
         faulty.session.enableAccessibilityBus()
@@ -284,7 +284,7 @@ def busStartedAgain(faulty):
 
 @cases.add
 def quiet(faulty):
-    """Nothing was written to the terminal all the while."""
+    """The window has written nothing to the terminal."""
     text = faulty.shown.messages()
     require(not text.strip(), f"{len(text)} characters: {text[:2000]}")
 

@@ -1,5 +1,5 @@
-"""A real file manager over a folder of pictures with odd names, driven by keys and the mouse, and
-somebody who listens to what is selected in it: the probe, or the window itself."""
+"""A real file manager that shows a folder of pictures with odd names, driven by keys and the mouse, and an
+observer of what is selected in it: the probe, or the window itself."""
 
 import os
 import time
@@ -12,7 +12,7 @@ from probe import Probe
 NAMES = [b"a b.jpg", b"c.jpg", b"d.nef", "ü.jpg".encode(), "u\u0308d.jpg".encode(),
          b"x%20y&.jpg", b"h#;.jpg", b"line\nfeed.jpg", b"inv\xe4lid.jpg"]
 WIDE = (1380, 840)
-PATIENCE = 6  # seconds; a question is put five times a second, but the machine may be busy
+PATIENCE = 6  # seconds; a query runs five times a second, but the machine may be busy
 
 
 class Follow:
@@ -41,7 +41,7 @@ class Follow:
         folder = folder or self.pictures
         process = self.session.start([*self.manager.command, os.fsdecode(folder)],
                                      extra=self.manager.extra)
-        # In most file managers a second start hands the folder to the process that runs already.
+        # In most file managers a second start passes the folder to the running process.
         processes = [process]
         if self.process and self.process.poll() is None:
             processes.append(self.process)
@@ -56,8 +56,8 @@ class Follow:
         self.window = self.open()
         self.switchView(self.manager.firstView)
 
-    def askAnew(self):
-        """Puts a probe that knows nothing yet in the place of the one at work."""
+    def restartProbe(self):
+        """Replaces the probe by one that knows nothing yet."""
         self.probe.close()
         self.probe = Probe(self.session, self.probe.program)
 
@@ -86,16 +86,16 @@ class Follow:
         self.settle()
 
     def settle(self):
-        """Waits for the file manager to be done, and for two questions after that, so that an answer
-        is not one from on the way."""
+        """Waits until the file manager is idle, and for two queries after that, so that the result is not
+        an intermediate one."""
         self.desktop.settle(self.process)
         time.sleep(0.4)
 
     def expect(self, condition, what, seconds=PATIENCE):
-        answer = self.probe.waitUntil(condition, seconds)
-        if answer is None:
-            raise Wrong(f"expected {what}, heard {self.probe.paths()}")
-        return answer
+        paths = self.probe.waitUntil(condition, seconds)
+        if paths is None:
+            raise Wrong(f"expected {what}, got {self.probe.paths()}")
+        return paths
 
     def expectPath(self, path, seconds=PATIENCE):
         self.expect(lambda paths: paths == [path], path, seconds)
@@ -107,7 +107,7 @@ class Follow:
         self.expect(lambda paths: len(paths) != 1, "none or several", seconds)
 
     def walk(self, count):
-        """Goes through the items with the keyboard and returns the paths in the view's order."""
+        """Selects one item after the other with the keyboard; returns the paths in the view's order."""
         self.selectFirst()
         seen = []
         for _ in range(count):
@@ -121,19 +121,19 @@ class Follow:
         return {os.path.join(self.pictures, name) for name in NAMES} | {self.other + b"/"}
 
     def selectNamed(self, window, folder, name, steps=None):
-        """Goes on with the keyboard until `name` of `folder` is selected."""
+        """Moves the selection with the keyboard until `name` of `folder` is selected."""
         wanted = os.path.join(folder, name)
         for _ in range(2):  # a busy machine may need a second round
             self.desktop.clickEmptySpace(window)
             self.desktop.keys("Home", self.step, "Home")
             self.settle()
             for _ in range((steps or len(NAMES) + 1) + 1):
-                heard = self.probe.paths()
-                if heard == [wanted]:
-                    self.settle()  # a key that is on its way may still go on from it
+                current = self.probe.paths()
+                if current == [wanted]:
+                    self.settle()  # an earlier key may still move the selection
                     if self.probe.paths() == [wanted]:
                         return
                     continue
                 self.desktop.keys(self.step)
-                self.probe.waitUntil(lambda paths: paths and paths != heard, 1.5)
-        raise Wrong(f"never heard {wanted}, last {self.probe.paths()}")
+                self.probe.waitUntil(lambda paths: paths and paths != current, 1.5)
+        raise Wrong(f"{wanted} was never selected, last {self.probe.paths()}")

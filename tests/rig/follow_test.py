@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Drives one real file manager and checks what the selection source makes of it.
+"""Drives one real file manager and checks what the selection source returns.
 
 usage: follow_test.py PROBE MANAGER [--locale de_DE.UTF-8] [--case NAME]...
 
@@ -35,7 +35,7 @@ def names(follow):
 
 @cases.add
 def noneAndSeveral(follow):
-    """Nothing selected and all selected are not one path; the several come in the view's order."""
+    """Neither an empty selection nor several items give one path; several come in the view's order."""
     order = follow.walk(len(NAMES) + 1)
     follow.desktop.clickEmptySpace(follow.window)
     follow.expect(lambda paths: paths == [], "an empty selection")
@@ -43,11 +43,11 @@ def noneAndSeveral(follow):
     follow.expectPath(order[0])
     follow.desktop.keys("shift+" + follow.step)
     follow.expectNotOne()
-    if follow.manager.tellsSeveral:
+    if follow.manager.reportsSeveral:
         follow.expect(lambda paths: paths == order[:2], order[:2])
     follow.desktop.keys("ctrl+a")
     follow.expectNotOne()
-    if follow.manager.tellsSeveral:
+    if follow.manager.reportsSeveral:
         follow.expect(lambda paths: paths == order, order)
 
 
@@ -174,8 +174,8 @@ def intoAFolderAndBack(follow):
 
 @cases.add
 def scrolledOutOfView(follow):
-    """What is selected stays selected when the view is scrolled away from it, also for a program
-    that asks for the first time."""
+    """The selected item is still found after the view has been scrolled away from it, also by a probe that
+    queries for the first time."""
     many = os.path.join(follow.pictures, b"Viele")
     os.makedirs(many)
     for number in range(MANY):
@@ -196,7 +196,7 @@ def scrolledOutOfView(follow):
         follow.settle()
         time.sleep(1)
         follow.expectPath(path, 0)
-        follow.askAnew()
+        follow.restartProbe()
         follow.expectPath(path)
     finally:
         follow.kill()
@@ -206,7 +206,7 @@ def scrolledOutOfView(follow):
 
 @cases.add
 def vanishing(follow):
-    """A file that goes away between its selection and the next question."""
+    """A file that is deleted between its selection and the next query."""
     name = os.path.join(follow.pictures, b"weg.jpg")
     with open(name, "wb") as file:
         file.write(b"x")
@@ -218,7 +218,7 @@ def vanishing(follow):
 
 @cases.add
 def stopped(follow):
-    """A file manager that hangs holds nobody up for long, and is followed again when it is back."""
+    """A file manager that hangs does not block the query for long, and is followed again when it is back."""
     follow.selectNamed(follow.window, follow.pictures, b"c.jpg")
     follow.probe.stats()
     os.kill(follow.process.pid, signal.SIGSTOP)
@@ -228,15 +228,15 @@ def stopped(follow):
     finally:
         os.kill(follow.process.pid, signal.SIGCONT)
     if stats is None or stats[2] > 400000:
-        raise Wrong(f"a question took {stats and stats[2]} microseconds")
+        raise Wrong(f"a query took {stats and stats[2]} microseconds")
     if stats[1] > 20000:
-        raise Wrong(f"half of the questions took more than {stats[1]} microseconds")
+        raise Wrong(f"half of the queries took more than {stats[1]} microseconds")
     follow.expectPath(os.path.join(follow.pictures, b"c.jpg"), 3.5)
 
 
 @cases.add
 def killedAndStartedAgain(follow):
-    """A file manager that dies, and one that is started again."""
+    """A file manager that is killed and started again."""
     follow.selectNamed(follow.window, follow.pictures, b"c.jpg")
     follow.kill()
     follow.expect(lambda paths: paths == [], "nothing", 3)
@@ -247,7 +247,7 @@ def killedAndStartedAgain(follow):
 
 @cases.add
 def accessibilityBusStartedAgain(follow):
-    """The accessibility bus dies; a file manager that is started after that is followed."""
+    """After the accessibility bus was killed, a file manager that starts later is followed."""
     bus = follow.session.accessibilityBusProcesses()
     for pid in bus:
         os.kill(pid, signal.SIGKILL)
@@ -262,7 +262,7 @@ def accessibilityBusStartedAgain(follow):
 def desktopIcons(follow):
     """Icons on the desktop."""
     if not follow.manager.desktop:
-        raise Skip("draws no desktop icons, or not in a way that is followed")
+        raise Skip("draws no desktop icons, or none that can be followed")
     folder = os.path.join(follow.session.home.encode(), b"Desktop")
     for name in (b"auf dem Tisch.jpg", b"c.jpg"):
         with open(os.path.join(folder, name), "wb") as file:
@@ -279,27 +279,27 @@ def desktopIcons(follow):
             if follow.probe.waitUntil(
                     lambda paths: paths == [os.path.join(folder, b"auf dem Tisch.jpg")], 0.6):
                 return
-        raise Wrong(f"the icon was never heard of, last {follow.probe.paths()}")
+        raise Wrong(f"the icon was never selected, last {follow.probe.paths()}")
     finally:
         follow.session.end(process)
 
 
 @cases.add
 def quiet(follow):
-    """Nothing was written to the terminal all the while."""
+    """The probe has written nothing to standard error."""
     if follow.probe.messages().strip():
         raise Wrong(follow.probe.messages())
 
 
 def makeLocale(root, name):
-    """Makes a locale in a folder of the test's own; needs nothing to be generated on the system."""
+    """Generates a locale in a folder of the test; the system needs no generated locales."""
     folder = os.path.join(root, "locale")
     os.makedirs(folder, exist_ok=True)
     language, _, charset = name.partition(".")
     done = subprocess.run(["localedef", "-i", language, "-f", charset,
                            os.path.join(folder, name)], capture_output=True, check=False)
     if done.returncode > 1:
-        raise RigError(f"the locale {name} cannot be made: {done.stderr.decode().strip()}")
+        raise RigError(f"the locale {name} cannot be generated: {done.stderr.decode().strip()}")
     return folder
 
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Flies the real Marble from the real window, cold and warm, and reads over the session bus where it
-went.
+"""Shows places in the real Marble from the real window, first started and then running, and reads its
+position over the session bus.
 
 usage: globe_test.py BIN_FOLDER"""
 
@@ -45,22 +45,22 @@ class GlobeTest(unittest.TestCase):
         numbers = re.findall(r"-?\d+\.\d+|-?\d+", self.marble("center"))
         return [round(float(number), 3) for number in numbers[:2]]
 
-    def testAColdMarbleStartsAtThePlaceAndAWarmOneMovesThere(self):
+    def testMarbleStartsAtThePlaceAndARunningOneMovesThere(self):
         self.showPicture("south.jpg", -33.9, 18.4)
         self.pressGlobeButton()
         self.assertTrue(waitFor(lambda: self.marbleCentre() == [18.4, -33.9], 20),
                         f"a started Marble is at {self.marbleCentre()}")
 
-        # A second start hands its picture to the running window.
+        # A second start passes its picture to the running window.
         self.showPicture("west.jpg", 48.1, -11.5, distance=100)
         self.pressGlobeButton()
         self.assertTrue(waitFor(lambda: self.marbleCentre() == [-11.5, 48.1], 10),
                         f"the running Marble is at {self.marbleCentre()}")
-        # 100 km is within what every map theme allows, so the zoom is the one that was asked for.
+        # Every map theme allows 100 km, so the zoom is the requested one.
         self.assertTrue(waitFor(lambda: "1958" in self.marble("zoom"), 5), self.marble("zoom"))
 
     def complainsAbout(self, document, seconds):
-        """Whether a Marble that opens `document` says within that time that it cannot read it."""
+        """Whether a Marble that opens `document` reports within that time that it cannot read it."""
         extra = {"QTWEBENGINE_DISABLE_SANDBOX": "1"} if os.geteuid() == 0 else {}
         name = shutil.which("marble") or shutil.which("marble-qt")
         log = os.path.join(self.session.root, os.path.basename(name) + ".log")
@@ -86,10 +86,10 @@ class GlobeTest(unittest.TestCase):
         damaged = os.path.join(self.session.home, "damaged.kml")
         with open(damaged, "w") as file:
             file.write(text.replace("Tour", "To&ur"))
-        # The damaged one shows how long Marble takes to say so.
+        # The damaged one shows how long Marble takes to report that.
         start = time.monotonic()
         self.assertTrue(self.complainsAbout(damaged, 30),
-                        "this Marble does not say when it cannot read a document")
+                        "this Marble does not report that it cannot read a document")
         self.assertFalse(self.complainsAbout(document, 3 + 2 * (time.monotonic() - start)))
 
 

@@ -14,13 +14,13 @@ class Manager:
     viewSettings: dict = field(default_factory=dict)  # view without keys -> its line in settingsFile
     settingsFile: str = ""         # below the home folder; read at the start
     split: str = ""                # key that opens and closes a second pane; "" for none
-    newTab: tuple = ("ctrl+t",)    # keys that open a tab and go to it
+    newTab: tuple = ("ctrl+t",)    # keys that open a tab and switch to it
     extra: dict = field(default_factory=dict)  # environment
     desktop: list = None           # command that draws desktop icons
-    goTo: tuple = ("ctrl+l",)      # keys in front of an address to go to
-    trash: str = "trash:///"       # address of the Trash; "" when it shows none
+    goTo: tuple = ("ctrl+l",)      # keys to press before typing a URL to go to
+    trash: str = "trash:///"       # URL of the Trash; "" if it shows none
     remote: str = ""               # scheme of a folder on a WebDAV server
-    tellsSeveral: bool = False     # whether the paths of several selected items are told
+    reportsSeveral: bool = False   # whether it exposes the paths of several selected items
 
 
 ICONS = "Right"
@@ -28,16 +28,16 @@ LIST = "Down"
 
 MANAGERS = [
     Manager("nautilus", ["nautilus", "--new-window"], "nautilus",
-            views={"icons": (["ctrl+2"], ICONS), "list": (["ctrl+1"], LIST)}, tellsSeveral=True),
+            views={"icons": (["ctrl+2"], ICONS), "list": (["ctrl+1"], LIST)}, reportsSeveral=True),
     Manager("nemo", ["nemo", "--no-desktop"], "nemo",
             views={"icons": (["ctrl+1"], ICONS), "list": (["ctrl+2"], LIST),
                    "compact": (["ctrl+3"], LIST)},
-            split="F3", desktop=["nemo-desktop"], tellsSeveral=True),
+            split="F3", desktop=["nemo-desktop"], reportsSeveral=True),
     Manager("caja", ["caja", "--no-desktop", "--browser"], "caja",
             views={"icons": (["ctrl+1"], ICONS), "list": (["ctrl+2"], LIST),
                    "compact": (["ctrl+3"], LIST)},
             split="F3", desktop=["caja", "--force-desktop", "--no-default-window"],
-            tellsSeveral=True),
+            reportsSeveral=True),
     Manager("thunar", ["thunar"], "thunar",
             views={"icons": (["ctrl+1"], ICONS), "list": (["ctrl+2"], LIST),
                    "compact": (["ctrl+3"], LIST)},

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Opens places from the real window in a real browser and in a handler of the catalogue's addresses,
-and compares what arrives byte for byte. The browser talks to a server on this machine only.
+"""Opens places from the real window in a real browser and in a handler of the catalogue's URLs, and
+compares the received URLs byte for byte. The browser connects to a server on this machine only.
 
 usage: maps_test.py BIN_FOLDER"""
 
@@ -55,7 +55,7 @@ class MapsTest(unittest.TestCase):
         return os.path.join(self.session.home, ".local/share/applications")
 
     def install(self, name, types, script):
-        """A program that the desktop opens addresses of the given types with."""
+        """Installs a program that the desktop uses for URLs of the given types."""
         program = os.path.join(self.session.root, name + "-handler")
         with open(program, "w") as file:
             file.write("#!/bin/sh\n" + script + "\n")
@@ -77,9 +77,9 @@ class MapsTest(unittest.TestCase):
     def useService(self, template):
         folder = os.path.join(self.session.home, ".config/pinorama")
         os.makedirs(folder)
-        address = f"http://127.0.0.1:{self.server.server_address[1]}{template}"
+        url = f"http://127.0.0.1:{self.server.server_address[1]}{template}"
         with open(os.path.join(folder, "GPS.strings"), "w") as table:
-            table.write(f'"a1" = "Test map";\n"b1" = "{address}";\n"a2" = "a2";\n')
+            table.write(f'"a1" = "Test map";\n"b1" = "{url}";\n"a2" = "a2";\n')
 
     def showPicture(self, name, latitude, longitude):
         path = os.path.join(self.session.home, name)
@@ -107,7 +107,7 @@ class MapsTest(unittest.TestCase):
         self.assertEqual(self.requests(),
                          ["/map?ll=47.500000,8.500000&label=Z%C3%BCrich%20100%25&%20%231.jpg"])
 
-    def testTheCatalogueGetsItsAddress(self):
+    def testTheCatalogueGetsItsUrl(self):
         self.showPicture("north west.jpg", 48.1, -11.5)
         self.desktop.keys("alt+f")
         waitFor(lambda: os.path.exists(self.catalogueLog), 20)

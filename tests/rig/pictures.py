@@ -1,5 +1,5 @@
-"""Pictures for the desktop tests: one with mountains to see, and JPEG files with a position and nothing
-to see."""
+"""Pictures for the desktop tests: a photograph of mountains, and JPEG files that contain a position and no
+image."""
 
 import os
 import struct
@@ -21,7 +21,7 @@ def _degrees(value):
 
 def writePicture(path, latitude, longitude, direction=None, distance=None):
     """`latitude` and `longitude` are signed degrees; `distance` is in kilometres."""
-    # tag, type, count, bytes; values of more than four bytes go behind the directory
+    # tag, type, count, bytes; values of more than four bytes follow the directory
     entries = [
         (0x0001, 2, 2, (b"S" if latitude < 0 else b"N") + b"\0"),
         (0x0002, 5, 3, _degrees(abs(latitude))),
@@ -37,13 +37,13 @@ def writePicture(path, latitude, longitude, direction=None, distance=None):
     start = 8 + 2 + 12 + 4  # header, first directory with one entry
     gps = struct.pack("<H", len(entries))
     data = b""
-    behind = start + 2 + 12 * len(entries) + 4
+    dataStart = start + 2 + 12 * len(entries) + 4
     for tag, kind, count, value in entries:
         gps += struct.pack("<HHI", tag, kind, count)
         if len(value) <= 4:
             gps += value.ljust(4, b"\0")
         else:
-            gps += struct.pack("<I", behind + len(data))
+            gps += struct.pack("<I", dataStart + len(data))
             data += value
     gps += struct.pack("<I", 0) + data
     tiff = b"II*\0" + struct.pack("<IHHHIII", 8, 1, 0x8825, 4, 1, start, 0) + gps

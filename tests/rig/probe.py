@@ -1,5 +1,5 @@
-"""The real selection source at work: selection_probe asks it five times a second, and this listens
-to what it hears."""
+"""Runs selection_probe, which queries the real selection source five times a second, and collects its
+output."""
 
 import os
 import subprocess
@@ -14,7 +14,7 @@ class Probe:
         self.program = program
         self.log = os.path.join(session.root, "selection_probe.log")
         self.process = session.start([program, *options], stdin=subprocess.PIPE, stdout=subprocess.PIPE)
-        self.heard = []  # (moment, list of paths)
+        self.received = []  # (time, list of paths)
         self.statsLine = None
         self.changed = threading.Condition()
         self.reader = threading.Thread(target=self._read, daemon=True)
@@ -27,21 +27,21 @@ class Probe:
                 if words[0] == "paths":
                     paths = [urllib.parse.unquote_to_bytes(word) for word in words[1:]
                              if word != "-"]
-                    self.heard.append((time.monotonic(), paths))
+                    self.received.append((time.monotonic(), paths))
                 elif words[0] == "stats":
                     self.statsLine = [int(word) for word in words[1:]]
                 self.changed.notify_all()
 
     def paths(self):
         with self.changed:
-            return self.heard[-1][1] if self.heard else []
+            return self.received[-1][1] if self.received else []
 
     def waitUntil(self, condition, seconds):
-        """Waits until `condition` holds of the newest answer; returns that answer or None."""
+        """Waits until `condition` is true of the latest paths; returns these or None."""
         end = time.monotonic() + seconds
         with self.changed:
             while True:
-                newest = self.heard[-1][1] if self.heard else []
+                newest = self.received[-1][1] if self.received else []
                 if condition(newest):
                     return newest
                 left = end - time.monotonic()
@@ -49,22 +49,22 @@ class Probe:
                     return None
                 self.changed.wait(left)
 
-    def tell(self, command):
+    def send(self, command):
         self.process.stdin.write(command.encode() + b"\n")
         self.process.stdin.flush()
 
     def stats(self):
-        """(questions, median microseconds, longest, processor microseconds per second) since the
-        last time."""
+        """The number of queries since the last time, the median and the maximum of their durations in
+        microseconds, and the processor time per second in microseconds."""
         with self.changed:
             self.statsLine = None
-        self.tell("stats")
+        self.send("stats")
         with self.changed:
             self.changed.wait_for(lambda: self.statsLine is not None, 5)
             return self.statsLine
 
     def messages(self):
-        """What the program has written to the terminal."""
+        """What the program has written to standard error."""
         with open(self.log, encoding="utf-8", errors="replace") as log:
             return log.read()
 

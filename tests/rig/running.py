@@ -1,6 +1,5 @@
-"""How a desktop test begins and ends. Its exit status is 0 when everything was right, 1 when something was
-wrong or the surroundings failed on the way, and 77, with the reason printed, when nothing could be
-tried."""
+"""How a desktop test begins and ends. Its exit status is 0 if it passed, 1 if something was wrong or the
+environment failed during the test, and 77, with the reason printed, if it could not run at all."""
 
 import os
 import shutil
@@ -13,8 +12,8 @@ WRONG, SKIPPED = 1, 77
 
 
 def takeProgram():
-    """The window's program in BIN_FOLDER, the first argument. That is taken away: what is left is for
-    unittest."""
+    """Returns the window's program in BIN_FOLDER, the first argument, and removes that argument: the rest
+    is for unittest."""
     if len(sys.argv) < 2:
         sys.exit(f"usage: {os.path.basename(sys.argv[0])} BIN_FOLDER")
     return programIn(sys.argv.pop(1))
@@ -25,14 +24,14 @@ def programIn(folder):
 
 
 def skip(reason):
-    """Ends a test that has tried nothing yet."""
+    """Ends a test that has not begun yet."""
     print("skipped:", reason)
     sys.exit(SKIPPED)
 
 
 def need(*programs):
-    """Skips the test unless there is what every session is made of, and these programs. Of those in a
-    tuple one is enough."""
+    """Skips the test unless the programs of every session and these are installed. Of those in a tuple, one
+    is enough."""
     missing = []
     for program in (*PROGRAMS, *programs):
         names = (program,) if isinstance(program, str) else program
@@ -43,13 +42,13 @@ def need(*programs):
 
 
 def run(test, seconds):
-    """Ends with the exit status that `test` returns. Surroundings that cannot be made are no reason to
-    skip: what they are made of is there. After that many seconds the test is wrong wherever it is."""
+    """Exits with the status that `test` returns. An environment that cannot be set up is no reason to skip,
+    since all of its programs are installed. After that many seconds the test fails wherever it is."""
     def onAlarm(*_):
-        sys.exit(f"not done after {seconds} seconds")
+        sys.exit(f"not finished after {seconds} seconds")
     signal.signal(signal.SIGALRM, onAlarm)
     signal.alarm(seconds)
     try:
         sys.exit(test())
     except RigError as error:
-        sys.exit(f"the surroundings could not be made: {error}")
+        sys.exit(f"the environment could not be set up: {error}")

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""What a desktop test's exit status says of it, tried on small tests that need no desktop."""
+"""The exit status of a desktop test, tested with small tests that need no desktop."""
 
 import os
 import subprocess
@@ -44,40 +44,40 @@ def hangs(_):
 
 
 class DesktopTest(unittest.TestCase):
-    def expect(self, status, said, test):
-        """The small test ends with the status and has said this."""
+    def expect(self, status, printed, test):
+        """The small test exits with this status and has printed this."""
         done = subprocess.run([sys.executable, "-B", "-c", BEGINNING + test], text=True, timeout=50,
                               cwd=os.path.dirname(os.path.abspath(__file__)), check=False,
                               stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
-        self.assertIn(said, done.stdout)
+        self.assertIn(printed, done.stdout)
         self.assertEqual(done.returncode, status, done.stdout)
         return done.stdout
 
-    def expectOfCases(self, status, said, *wanted):
-        return self.expect(status, said, CASES + f"run(lambda: cases.run('it', None, {wanted}), 3)")
+    def expectOfCases(self, status, printed, *wanted):
+        return self.expect(status, printed, CASES + f"run(lambda: cases.run('it', None, {wanted}), 3)")
 
-    def testIsSkippedWithItsReasonWhenAProgramIsMissing(self):
+    def testIsSkippedWithTheReasonIfAProgramIsMissing(self):
         self.expect(77, "skipped: no-such-program, neither or nor not installed\n",
                     "need('sh', 'no-such-program', ('sh', 'neither'), ('neither', 'nor'))")
         self.expect(0, "it goes on", "need('sh', ('neither', 'sh')); print('it goes on')")
 
-    def testNeedsWhatEverySessionNeeds(self):
+    def testNeedsTheProgramsOfEverySession(self):
         self.expect(77, "skipped: no-such-program not installed\n",
                     "running.PROGRAMS = ('no-such-program',); need()")
 
-    def testIsRightWhenEveryCaseThatCouldRunIs(self):
+    def testPassesIfEveryCaseThatCouldRunPasses(self):
         self.expectOfCases(0, "it: right: ok (", "right")
         self.expectOfCases(0, "it: notHere: skipped: a reason (", "right", "notHere")
 
-    def testIsSkippedWhenNoCaseCouldRun(self):
+    def testIsSkippedIfNoCaseCouldRun(self):
         self.expectOfCases(77, "it: notHere: skipped: a reason (", "notHere")
 
-    def testIsWrongWhenOneCaseIs(self):
+    def testFailsIfOneCaseFails(self):
         self.expectOfCases(1, "it: wrong: WRONG: numbers differ (", "right", "notHere", "wrong")
 
-    def testIsWrongWhenTheSurroundingsFail(self):
+    def testFailsIfTheEnvironmentFails(self):
         self.expectOfCases(1, "it: fails: WRONG: something ended (", "right", "fails")
-        self.expect(1, "the surroundings could not be made: no display",
+        self.expect(1, "the environment could not be set up: no display",
                     "def test():\n    raise RigError('no display')\nrun(test, 3)")
         for begin in ("setUp", "testIt", "tearDown"):
             self.expect(1, "RigError: something ended",
@@ -85,11 +85,11 @@ class DesktopTest(unittest.TestCase):
                         f"    def {begin}(self):\n        raise RigError('something ended')\n"
                         "need()\nunittest.main()")
 
-    def testIsWrongWhenACaseIsBroken(self):
+    def testFailsIfACaseRaisesAnythingElse(self):
         self.expectOfCases(1, "AttributeError", "right", "broken")
 
-    def testIsWrongWhenItsTimeIsOver(self):
-        self.expectOfCases(1, "not done after 3 seconds", "right", "hangs")
+    def testFailsIfItsTimeIsUp(self):
+        self.expectOfCases(1, "not finished after 3 seconds", "right", "hangs")
 
 
 if __name__ == "__main__":

@@ -1,6 +1,6 @@
-"""A desktop of its own for tests: a virtual display, a window manager, a session bus, the
-accessibility bus and an empty home folder. Everything that was started ends again, each process by
-its own id, also when a test fails or the run is interrupted."""
+"""A private desktop for tests: a virtual display, a window manager, a session bus, the accessibility
+bus and an empty home folder. Every process that was started is ended, by its own id, even if a test
+fails or the run is interrupted."""
 
 import contextlib
 import ctypes
@@ -14,10 +14,10 @@ import time
 
 PR_SET_PDEATHSIG = 1
 SCREEN = "1400x900x24"
-# What a session is made of, and what tests ask and move it with.
+# The programs that a session consists of, and those that tests control it with.
 PROGRAMS = ("Xvfb", "openbox", "xdotool", "xprop", "dbus-daemon",
             "dbus-update-activation-environment", "gdbus")
-LONGEST_LOOK = 3  # seconds that one look at something takes on a busy machine
+MAX_STEP = 3  # seconds that one check of a condition counts for at most
 BUS_WITHOUT_SERVICES = """<busconfig>
   <type>session</type>
   <listen>unix:tmpdir={}</listen>
@@ -31,30 +31,30 @@ BUS_WITHOUT_SERVICES = """<busconfig>
 
 
 class RigError(Exception):
-    """The surroundings of a test could not be made; the test itself has said nothing."""
+    """The environment of a test could not be set up, so that the test has no result."""
 
 
 def waitFor(condition, seconds, step=0.1):
-    """Asks `condition` until it is true or the time is up; returns its last answer. A machine that stands
-    still meanwhile uses up little of the time."""
+    """Evaluates `condition` until it is true or the time is up, and returns its last value. If the machine
+    stalls meanwhile, that uses up little of the time."""
     left = seconds
     while True:
         isLast = left <= 0
         start = time.monotonic()
-        answer = condition()
-        if answer or isLast:
-            return answer
+        value = condition()
+        if value or isLast:
+            return value
         time.sleep(step)
-        left -= min(time.monotonic() - start, LONGEST_LOOK)
+        left -= min(time.monotonic() - start, MAX_STEP)
 
 
 def endWithTheTest():
-    """In a process that the rig starts: it ends also when the test is killed and cleans nothing up."""
+    """Runs in a process that the rig starts: makes it end even if the test is killed before it cleans up."""
     ctypes.CDLL(None).prctl(PR_SET_PDEATHSIG, signal.SIGTERM)
 
 
 def endProcess(process, seconds=3):
-    """Ends one process that the rig started: asks, waits, then insists."""
+    """Ends one process that the rig started: terminates it, waits, then kills it."""
     if process.poll() is None:
         process.send_signal(signal.SIGCONT)
         process.terminate()
@@ -66,7 +66,7 @@ def endProcess(process, seconds=3):
 
 
 class DesktopSession:
-    """Use as a context manager. `environment` is what every program of the session runs in."""
+    """A context manager. `environment` is the environment of every program of the session."""
 
     def __init__(self, locale="C.UTF-8", accessibility=True, prepare=None,
                  services=True):
@@ -74,7 +74,7 @@ class DesktopSession:
         self.home = os.path.join(self.root, "Nutzer")
         self.processes = []
         self.locale = locale
-        self.prepare = prepare  # makes the locale in a folder and returns that folder
+        self.prepare = prepare  # generates the locale in a folder and returns that folder
         self.accessibility = accessibility
         self.services = services  # whether the session bus starts programs, such as the other bus
         self.environment = None
@@ -129,12 +129,12 @@ class DesktopSession:
             self.enableAccessibilityBus()
 
     def isManaged(self):
-        """Whether the window manager is done with starting: windows that come earlier stay hidden."""
-        told = self.run(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK", "_NET_CLIENT_LIST"])
-        return told is not None and "window id" in told and "not found" not in told
+        """Whether the window manager has started: windows that open earlier stay hidden."""
+        output = self.run(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK", "_NET_CLIENT_LIST"])
+        return output is not None and "window id" in output and "not found" not in output
 
     def _writeSettings(self):
-        """Tests may run as the root user, which Nemo treats as special otherwise."""
+        """Makes Nemo treat the root user, as whom tests may run, like any other."""
         folder = os.path.join(self.home, ".config", "glib-2.0", "settings")
         os.makedirs(folder)
         with open(os.path.join(folder, "keyfile"), "w", encoding="utf-8") as settings:
@@ -146,8 +146,8 @@ class DesktopSession:
                     "tcp"],
                    pass_fds=[writer])
         os.close(writer)
-        with os.fdopen(reader) as answer:
-            number = answer.readline().strip()
+        with os.fdopen(reader) as output:
+            number = output.readline().strip()
         if not number:
             raise RigError("Xvfb did not start")
         self.environment["DISPLAY"] = ":" + number
@@ -165,11 +165,11 @@ class DesktopSession:
         if not address:
             raise RigError("dbus-daemon did not start")
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = address
-        # Services that the bus starts on demand need the same surroundings.
+        # Services that the bus starts on demand need the same environment.
         self.run(["dbus-update-activation-environment", "--all"])
 
     def enableAccessibilityBus(self):
-        """Starts the accessibility bus and says whether Qt programs shall speak on it."""
+        """Starts the accessibility bus, and sets whether Qt programs connect to it."""
         value = "true" if self.accessibility else "false"
         properties = "org.freedesktop.DBus.Properties."
 
@@ -177,8 +177,8 @@ class DesktopSession:
             bus = ("org.a11y.Bus", "/org/a11y/bus")
             self.call(*bus, "org.a11y.Bus.GetAddress")
             self.call(*bus, properties + "Set", "org.a11y.Status", "IsEnabled", f"<{value}>")
-            told = self.call(*bus, properties + "Get", "org.a11y.Status", "IsEnabled") or ""
-            return value in told
+            reply = self.call(*bus, properties + "Get", "org.a11y.Status", "IsEnabled") or ""
+            return value in reply
         if not waitFor(isSet, 40):
             raise RigError("the accessibility bus did not start")
 
@@ -200,7 +200,7 @@ class DesktopSession:
         self.processes.remove(process)
 
     def run(self, command, seconds=10):
-        """Runs a short command and returns what it printed; None when it failed."""
+        """Runs a short command and returns its output; None if it fails."""
         try:
             done = subprocess.run(command, env=self.environment, cwd=self.home, timeout=seconds,
                                   stdin=subprocess.DEVNULL, capture_output=True, check=False)
@@ -214,31 +214,31 @@ class DesktopSession:
                          "--method", method, *arguments])
 
     def strays(self):
-        """Processes that a bus started on demand: they carry this session's home folder."""
-        mark = ("HOME=" + self.home).encode()
+        """The processes that a bus started on demand: this session's home folder is in their environment."""
+        home = ("HOME=" + self.home).encode()
         for entry in os.listdir("/proc"):
             if not entry.isdigit() or int(entry) == os.getpid():
                 continue
             try:
                 with open(f"/proc/{entry}/environ", "rb") as environment:
-                    if mark in environment.read().split(b"\0"):
+                    if home in environment.read().split(b"\0"):
                         yield int(entry)
             except OSError:
                 continue
 
-    def straysNamed(self, mark):
-        """Those of them that have `mark` in their command line."""
+    def straysNamed(self, name):
+        """Those of them that have `name` in their command line."""
         found = []
         for pid in self.strays():
             with contextlib.suppress(OSError), open(f"/proc/{pid}/cmdline", "rb") as line:
-                if mark in line.read():
+                if name in line.read():
                     found.append(pid)
         return found
 
     def accessibilityBusProcesses(self, alsoTheLauncher=True):
-        """The accessibility bus and, if asked for, what starts it."""
-        marks = [b"accessibility.conf", *([b"at-spi-bus-launcher"] if alsoTheLauncher else [])]
-        found = [self.straysNamed(mark) for mark in marks]
+        """The processes of the accessibility bus and, on request, of its launcher."""
+        names = [b"accessibility.conf", *([b"at-spi-bus-launcher"] if alsoTheLauncher else [])]
+        found = [self.straysNamed(name) for name in names]
         if not all(found):
             raise RigError("the accessibility bus of the session was not found")
         return [pid for pids in found for pid in pids]

@@ -1,6 +1,6 @@
-"""The program itself beside a file manager, and what its window shows, read over the accessibility
-bus as a screen reader reads it. It answers the same questions as the probe, so that the cases of a
-file manager can be checked with either."""
+"""The program itself beside a file manager, and what its window shows, read over the accessibility bus as
+by a screen reader. It has the methods of the probe, so that the cases of a file manager can run with
+either."""
 
 import json
 import os
@@ -10,7 +10,7 @@ from accessible import CHECKED, programNamed
 from desktop import Desktop
 from session import RigError, waitFor
 
-STEP = 0.05  # seconds between two looks
+STEP = 0.05  # seconds between two checks
 CHECK_BOX = "Follow the selection in the file manager"
 FIELDS = ("Name", "Size", "Coordinate")
 
@@ -36,7 +36,7 @@ class Window:
             if name in (*FIELDS, CHECK_BOX) and each.role in ("text", "check box"):
                 self.parts[name] = each
         if len(self.parts) != len(FIELDS) + 1:
-            raise RigError(f"of the window's parts there are only {list(self.parts)}")
+            raise RigError(f"the window has only these parts: {list(self.parts)}")
 
     def find(self):
         """The window on the screen."""
@@ -54,9 +54,9 @@ class Window:
         return self.parts[field].text
 
     def shownPath(self):
-        """The whole path of the shown file as the window tells it; empty when there is none."""
-        told = self.parts["Name"].description or ""
-        return told if told.startswith("/") else ""  # a hint stands there before the first file
+        """The absolute path of the shown file, from the window's description; empty if there is none."""
+        description = self.parts["Name"].description or ""
+        return description if description.startswith("/") else ""  # before the first file it is a hint
 
     def follows(self):
         return self.parts[CHECK_BOX].has(CHECKED)
@@ -68,7 +68,7 @@ class Window:
                           str(left + height // 2), str(top + height // 2), "click", "1"])
 
     def preference(self):
-        """The stored value of "finderSync"; None when nothing is stored."""
+        """The stored value of "finderSync"; None if nothing is stored."""
         path = os.path.join(self.session.home, ".config", "org.pinorama.Pinorama",
                             "preferences.json")
         try:
@@ -78,7 +78,7 @@ class Window:
             return None
 
     def paths(self):
-        """The shown file in a list, as its exact bytes: the one file that is displayed so."""
+        """The shown file in a list, as its exact bytes: those of the one file with this display name."""
         shown = self.shownPath()
         if not shown:
             return []
@@ -96,7 +96,7 @@ class Window:
         return byDisplay
 
     def waitUntil(self, condition, seconds):
-        """Waits until `condition` holds of what is shown; returns that or None."""
+        """Waits until `condition` is true of the shown paths; returns these or None."""
         paths = None
 
         def holds():
@@ -106,13 +106,13 @@ class Window:
         return paths if waitFor(holds, seconds, STEP) else None
 
     def messages(self):
-        """What the program has written to the terminal."""
+        """What the program has written to standard error."""
         with open(self.log, encoding="utf-8", errors="replace") as log:
             return log.read()
 
 
 class Traffic:
-    """Counts the calls that one process makes on a bus while it is open."""
+    """Counts the calls of a process on a bus, until it is closed."""
 
     def __init__(self, session, address):
         self.session = session
@@ -123,21 +123,21 @@ class Traffic:
                                          stdout=output)
 
     def namesOf(self, process):
-        """The process's connections to the bus."""
-        names = self.ask("ListNames") or ""
+        """The names of the process's connections to the bus."""
+        names = self.callBus("ListNames") or ""
         unique = [word.strip("'[](),") for word in names.split()]
         return {name for name in unique if name.startswith(":") and
-                self.ask("GetConnectionUnixProcessID", name) == f"(uint32 {process.pid},)"}
+                self.callBus("GetConnectionUnixProcessID", name) == f"(uint32 {process.pid},)"}
 
-    def ask(self, method, *arguments):
-        answer = self.session.run(["gdbus", "call", "--address", self.address, "--dest",
-                                   "org.freedesktop.DBus", "--object-path", "/org/freedesktop/DBus",
-                                   "--method", "org.freedesktop.DBus." + method, *arguments])
-        return answer and answer.strip()
+    def callBus(self, method, *arguments):
+        reply = self.session.run(["gdbus", "call", "--address", self.address, "--dest",
+                                  "org.freedesktop.DBus", "--object-path", "/org/freedesktop/DBus",
+                                  "--method", "org.freedesktop.DBus." + method, *arguments])
+        return reply and reply.strip()
 
     def calls(self, names, seconds, to=None):
-        """How many method calls the connections make within that time from now; `to` counts those to
-        certain connections only."""
+        """How many method calls the connections make within that time from now. With `to`, only the calls
+        to these connections count."""
         start = os.path.getsize(self.log)
         time.sleep(seconds)
         with open(self.log, "rb") as log:

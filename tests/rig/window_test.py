@@ -20,7 +20,7 @@ cases = Cases(follow_test.names)
 
 @cases.add
 def oneFile(beside):
-    """The one selected picture is shown, with its place; the switch is on from the beginning."""
+    """The window shows the one selected picture, with its place; the check box is on from the beginning."""
     require(beside.shown.follows(), "the check box is not on at first")
     require(beside.shown.preference() is None, "the default was stored")
     for name in (b"c.jpg", "ü.jpg".encode()):
@@ -30,7 +30,7 @@ def oneFile(beside):
 
 @cases.add
 def severalAndNone(beside):
-    """Several and none leave the window as it is."""
+    """An empty selection and several items leave the window unchanged."""
     beside.select(b"c.jpg")
     beside.desktop.keys("ctrl+a")
     beside.expectStill(beside.picture(b"c.jpg"))
@@ -42,7 +42,7 @@ def severalAndNone(beside):
 
 @cases.add
 def folder(beside):
-    """A folder counts as a file does."""
+    """The window shows a folder as it shows a file."""
     beside.select(b"c.jpg")
     beside.select(b"Andere/")
     for field, text in (("Name", "Andere"), ("Size", "n.a."), ("Coordinate", "")):
@@ -52,14 +52,14 @@ def folder(beside):
 
 @cases.add
 def behindOurWindow(beside):
-    """The file manager's window that was active last counts while our own window has the focus."""
+    """While our own window has the focus, the file manager's window that was active last counts."""
     second = beside.open(beside.other, beside.desktop.windowsOf(beside.process))
     try:
         beside.selectNamed(second, beside.other, b"c.jpg", 3)
         beside.select(b"a b.jpg")
         beside.desktop.activate(beside.shown.window)
         beside.expectStill(beside.picture(b"a b.jpg"))
-        # Changed and left again at once; Qt programs also take a key without having the focus.
+        # The selection changes and the focus leaves at once; Qt programs also accept a key without focus.
         key = ["key", beside.step]
         if beside.manager.toolkit == "Qt":
             key = ["key", "--window", beside.window, beside.step]
@@ -80,7 +80,7 @@ def behindOurWindow(beside):
 
 @cases.add
 def closedWindow(beside):
-    """The window follows also while it is closed, so that it is right when it comes back."""
+    """A closed window keeps following, so that it is current when it opens again."""
     beside.select(b"c.jpg")
     beside.desktop.activate(beside.shown.window)
     beside.desktop.keys("alt+F4")
@@ -90,14 +90,14 @@ def closedWindow(beside):
     beside.select(b"a b.jpg")
     require(beside.session.run([beside.shown.program]) is not None, "the second start failed")
     require(waitFor(lambda: beside.desktop.windowsOf(beside.shown.process), 10),
-            "the window did not come back")
+            "the window did not open again")
     beside.shown.window = beside.shown.find()
     beside.expectShown(beside.picture(b"a b.jpg"))
 
 
 @cases.add
 def switchedOff(beside):
-    """Without its check mark the window asks nobody anything, and shows only what it is given."""
+    """Without its check mark the window makes no calls, and shows only pictures that are passed to it."""
     beside.select(b"c.jpg")
     buses = [Traffic(beside.session, address)
              for address in (beside.session.environment["DBUS_SESSION_BUS_ADDRESS"],
@@ -106,14 +106,14 @@ def switchedOff(beside):
         accessibility = buses[1]
         names = accessibility.namesOf(beside.shown.process)
         require(waitFor(lambda: accessibility.calls(names, 1) >= 5, 5),
-                "with the check mark there are not five questions a second")
+                "with the check mark there are fewer than five queries a second")
 
         beside.shown.switchFollowing()
         require(waitFor(lambda: not beside.shown.follows(), 5), "the check box is still on")
         require(beside.shown.preference() == "0", f"stored is {beside.shown.preference()!r}")
-        # What is on the way ends, then it is quiet.
+        # Pending calls end, then there are no further ones.
         left = waitFor(lambda: names - accessibility.namesOf(beside.shown.process), 10)
-        require(left, "the connection that asks the file manager is still there")
+        require(left, "the connection to the accessibility bus is still open")
         beside.click()
         beside.desktop.keys("Home", beside.step)
         names = [bus.namesOf(beside.shown.process) for bus in buses]
@@ -139,7 +139,7 @@ def switchedOff(beside):
 
 @cases.add
 def survivesARestart(beside):
-    """The switch is as it was left, off and on."""
+    """The check box keeps its state, off and on."""
     beside.shown.switchFollowing()
     require(waitFor(lambda: not beside.shown.follows(), 5), "the check box is still on")
     beside.shown.close()
@@ -148,7 +148,7 @@ def survivesARestart(beside):
     beside.click()
     beside.desktop.keys("Home", beside.step)
     time.sleep(LONG_ENOUGH)
-    require(beside.shown.paths() == [], f"it follows all the same: {beside.shown.paths()}")
+    require(beside.shown.paths() == [], f"it follows nevertheless: {beside.shown.paths()}")
 
     beside.shown.switchFollowing()
     require(waitFor(beside.shown.follows, 5), "the check box is still off")
@@ -162,13 +162,13 @@ def survivesARestart(beside):
 @cases.add
 def desktopIcons(beside):
     """Icons on the desktop."""
-    beside.desktop.xdotool("windowmove", beside.shown.window, 0, 0)  # out of the way of the mouse
+    beside.desktop.xdotool("windowmove", beside.shown.window, 0, 0)  # away from the mouse
     follow_test.desktopIcons(beside)
 
 
 @cases.add
 def quiet(beside):
-    """Nothing was written to the terminal all the while."""
+    """The window has written nothing to the terminal."""
     require(not beside.shown.messages().strip(), beside.shown.messages())
 
 
