@@ -220,7 +220,7 @@ TEST(icons, haveTheSizeOfTheirFolder)
     }
 }
 
-TEST(screenshots, haveTheSizeThatTheMetainfoTells)
+TEST(screenshots, haveTheSizeThatTheMetainfoDeclares)
 {
     const std::string metainfo = documentOf("packaging/org.pinorama.Pinorama.metainfo.xml.in");
     for (const std::string name : {"window-light.png", "window-dark.png"}) {
@@ -233,7 +233,7 @@ TEST(screenshots, haveTheSizeThatTheMetainfoTells)
     }
 }
 
-TEST(documents, countWhatThereIs)
+TEST(documents, stateTheRightNumbers)
 {
     const std::string readme = documentOf("README.md");
     const auto said = [&readme](const char* pattern) {
@@ -276,7 +276,7 @@ std::string listIn(const std::string& document, const std::string& name)
 }
 }  // namespace
 
-TEST(flatpakManifest, asksForNoMoreThanItExplains)
+TEST(flatpakManifest, requestsNoPermissionWithoutAReason)
 {
     const std::string asked =
         listIn(documentOf("packaging/flatpak/org.pinorama.Pinorama.yml"), "finish-args");

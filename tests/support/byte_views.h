@@ -1,4 +1,4 @@
-// Bytes that a test keeps in a std::string, as the readers of pictures take them and give them.
+// Converts between a test's std::string and the byte views of the picture readers.
 
 #pragma once
 
@@ -8,7 +8,7 @@
 
 namespace test {
 
-// The bytes of `bytes`, which has to outlive the view.
+// A view of `bytes`, which must outlive it.
 inline pinorama::ByteView viewOf(const std::string& bytes)
 {
     return {reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()};

@@ -1,5 +1,5 @@
-// The picture collection: real files of many cameras with the record that each must give, and
-// damaged ones. It lies outside this tree, where PINORAMA_PICTURE_COLLECTION says.
+// The picture collection: real files of many cameras, each with its expected record, and damaged
+// files. It is not in this tree; PINORAMA_PICTURE_COLLECTION names its folder.
 
 #pragma once
 
@@ -15,14 +15,14 @@ struct CollectedPicture {
     std::string path;         // where it lies
     nlohmann::json expected;  // what expected.json says about it
 
-    // Damaged files have no right answer: reading them must only end.
+    // There is no correct result for a damaged file: reading it must only end.
     bool isAdvisory() const { return expected.value("advisory", false); }
 
     // True when the value of a field is a matter of opinion.
     bool isAmbiguous(const std::string& field) const;
 };
 
-// The pictures that expected.json in `folder` names; empty when it cannot be read.
+// The pictures that expected.json in `folder` lists; empty if it cannot be read.
 std::vector<CollectedPicture> picturesOf(const std::string& folder);
 
 }  // namespace test

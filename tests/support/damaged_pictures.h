@@ -1,5 +1,5 @@
-// Pictures that somebody has damaged: well-formed ones of every container, changed by a seeded
-// generator. The same numbers give the same bytes on every machine.
+// Damaged pictures: well-formed ones of every container, changed by a seeded generator. The same
+// seed gives the same bytes on every machine.
 
 #pragma once
 
@@ -18,8 +18,8 @@ struct NamedPicture {
 // raw, RAF, MRW, CRW.
 std::vector<NamedPicture> soundPictures();
 
-// The picture with bits turned, bytes overwritten with extreme values, blocks moved, doubled and
-// cut out, or its end cut off, one to a dozen times.
+// The picture after one to twelve changes: flipped bits, bytes overwritten with extreme values,
+// blocks moved, duplicated or removed, the end cut off.
 std::string damaged(std::string bytes, std::uint32_t seed);
 
 }  // namespace test

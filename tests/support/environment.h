@@ -1,5 +1,4 @@
-// The surroundings of a test: environment variables that are put back, and folders that go away
-// again.
+// The environment of a test: variables that are restored, and folders that are removed.
 
 #pragma once
 
@@ -10,7 +9,7 @@
 namespace test {
 
 // Sets an environment variable (null: removes it) until the end of the scope. The time zone and the
-// locale that the C library keeps are read anew on both occasions.
+// locale of the C library are read again at both times.
 class ScopedVariable {
 public:
     ScopedVariable(std::string name, const char* value);
@@ -23,7 +22,7 @@ private:
     std::optional<std::string> earlier_;
 };
 
-// An empty folder of its own that is removed with everything in it at the end of the scope.
+// A new empty folder, which is removed with everything in it at the end of the scope.
 class TemporaryFolder {
 public:
     TemporaryFolder();
@@ -47,7 +46,7 @@ private:
 std::string readFile(const std::string& path);
 
 // The folder of the picture collection (environment variable PINORAMA_PICTURE_COLLECTION), or
-// nothing when it is unset; tests then say so and count as skipped.
+// nothing if it is unset; tests are then skipped.
 std::optional<std::string> pictureCollection();
 
 }  // namespace test

@@ -1,5 +1,5 @@
-// The event loop for tests that wait for something. How long they wait says nothing about the
-// program: a machine that tests may stand still for many seconds.
+// The event loop for tests that wait for something. The limits are no measure of the program's
+// speed: a busy machine may stall for many seconds.
 
 #pragma once
 
@@ -11,7 +11,7 @@ namespace test {
 
 constexpr int kPatience = 30'000;  // milliseconds
 
-// Runs the event loop until `isTrue` or until there is no hope any more; what it is in the end.
+// Runs the event loop until `isTrue` returns true or kPatience has passed; returns its last result.
 template <typename Predicate>
 bool waitUntil(Predicate isTrue)
 {
@@ -23,8 +23,8 @@ bool waitUntil(Predicate isTrue)
     return isTrue();
 }
 
-// Runs the event loop for that time, so that what should not happen may show. It is made up of many
-// short turns, of which a machine that stands still spoils only one.
+// Runs the event loop for that time, so that something that must not happen could happen. Counts
+// many short turns instead of the time, so that a stalling machine spoils only one of them.
 inline void goOnFor(int milliseconds)
 {
     constexpr int kTurn = 20;  // milliseconds

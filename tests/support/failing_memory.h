@@ -1,5 +1,5 @@
-// Calls that run out of memory at each of their requests in turn. Those of the standard library's
-// containers count in programs that are linked with pinorama_test_failing_new.
+// Makes each memory request of a call fail in turn. In programs that link
+// pinorama_test_failing_new, this includes the requests of the standard library's containers.
 
 #pragma once
 
@@ -13,15 +13,15 @@
 namespace test {
 
 // Calls `call` with its first request for memory failing, then with its second, and so on until a
-// call needs no more requests. `hasFailed(result)` has to be true for each call but the last one,
-// and false for that. `call` contains no assertion, whose memory would count.
+// call needs no more requests. `hasFailed(result)` must be true for every call but the last one,
+// and false for that. `call` must contain no assertions, because their memory would count.
 //
 // Returns how many requests have failed.
 template <typename Call, typename HasFailed>
 std::uint64_t failEachRequest(Call call, HasFailed hasFailed)
 {
-    constexpr std::uint64_t kMost = 10000;
-    for (std::uint64_t nth = 1; nth <= kMost; nth++) {
+    constexpr std::uint64_t kMaxRequests = 10000;
+    for (std::uint64_t nth = 1; nth <= kMaxRequests; nth++) {
         pinorama::baseFailAllocation(nth);
         const auto result = call();
         const bool ranOut = pinorama::baseAllocationHasFailed();
@@ -30,10 +30,10 @@ std::uint64_t failEachRequest(Call call, HasFailed hasFailed)
         if (!ranOut) return nth - 1;
     }
     ADD_FAILURE() << "it never ends";
-    return kMost;
+    return kMaxRequests;
 }
 
-// The same for a function that makes a text, or null when memory runs out.
+// The same for a function that returns a new text, or null if memory runs out.
 template <typename Make>
 std::uint64_t failEachRequest(Make make)
 {

@@ -1,4 +1,4 @@
-// Whole outputs compared byte for byte with files of tests/golden.
+// Compares complete outputs byte for byte with the files of tests/golden.
 
 #pragma once
 

@@ -1,4 +1,4 @@
-// Items with a picture's name that are no picture, or hard to get at.
+// Items that have a picture's name but are no picture, or cannot be opened normally.
 
 #pragma once
 
@@ -18,14 +18,14 @@ struct HostileItem {
     bool isRegular;       // a regular file, with a size
 };
 
-// Makes them in a folder: a pipe, a device, a socket, a folder, links that lead nowhere, a file of
-// 8 TiB, names that are too long or no UTF-8, and what is not there at all.
+// Creates them in a folder: a pipe, a device, a socket, a folder, dangling links, a file of 8 TiB,
+// names that are too long or not UTF-8, and the path of an item that does not exist.
 std::vector<HostileItem> hostileItems(const TemporaryFolder& folder);
 
 // A file with a raw picture's name that is as large as its file system allows, at most 8 TiB.
 std::string hugeFile(const TemporaryFolder& folder);
 
-// A name of 255 bytes, the longest, with the ending ".jpg".
+// A name of 255 bytes, the maximum, with the extension ".jpg".
 std::string longestName();
 
 }  // namespace test

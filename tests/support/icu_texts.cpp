@@ -21,7 +21,7 @@ struct ConverterCloser {
     void operator()(UConverter* converter) const { ucnv_close(converter); }
 };
 
-// Stops at what it cannot convert, instead of putting a replacement there.
+// Makes a conversion fail at a character that it cannot convert, instead of replacing it.
 UConverter* macRoman()
 {
     static const std::unique_ptr<UConverter, ConverterCloser> converter = [] {

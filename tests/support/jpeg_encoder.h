@@ -19,8 +19,8 @@ struct JpegEncoding {
     std::string exif{};      // a TIFF block; empty: none
 };
 
-// Encodes the rows that `fillRow` makes: it is given the number of a row, from the top and from 0,
-// and the room for its samples, `channels` for each pixel.
+// Encodes the rows that `fillRow` writes. Its arguments are the number of the row, from the top and
+// from 0, and the buffer for its samples, `channels` for each pixel.
 std::string encodeJpeg(const JpegEncoding& encoding,
                        const std::function<void(int y, std::span<std::uint8_t> row)>& fillRow);
 

@@ -1,5 +1,5 @@
-// JPEG pictures with something to see in them, for tests of previews: four corners of different
-// colours, so that a turned or mirrored picture is told from the upright one.
+// JPEG pictures for tests of previews, with four corners of different colours, which distinguish a
+// rotated or mirrored picture from the upright one.
 
 #pragma once
 
@@ -12,7 +12,7 @@
 
 namespace test {
 
-// How a test picture is written.
+// How a test picture is encoded.
 enum class JpegKind { baseline, progressive, gray, cmykOfAdobe, cmyk };
 
 struct JpegOptions {
@@ -21,7 +21,7 @@ struct JpegOptions {
     std::uint32_t corners[4] = {0xffff0000, 0xff00ff00, 0xff0000ff, 0xffffff00};
 };
 
-// The colours of the corners, named as they lie in the stored picture of default options.
+// The colours of the corners, named after their corner in a picture with default options.
 constexpr std::uint32_t kRed = 0xffff0000;     // top left
 constexpr std::uint32_t kGreen = 0xff00ff00;   // top right
 constexpr std::uint32_t kBlue = 0xff0000ff;    // bottom left

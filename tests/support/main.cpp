@@ -1,5 +1,5 @@
-// Every test program starts in surroundings of its own: an empty home folder that goes away at the
-// end, the time zone UTC, English texts.
+// Every test program starts in an environment of its own: an empty home folder that is removed at
+// the end, the time zone UTC, English texts.
 
 #include "tests/support/environment.h"
 

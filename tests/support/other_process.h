@@ -1,4 +1,4 @@
-// Work in a process of its own: what it does there to its rights, limits and mounts ends with it.
+// Runs work in a child process: changes of its rights, limits and mounts end with it.
 
 #pragma once
 
@@ -6,16 +6,16 @@
 
 namespace test {
 
-// What a child returns when the machine does not let it set up what it needs; tests then say so and
-// count as skipped.
+// The status of a child that this machine does not allow to set up what it needs; the test is then
+// skipped.
 constexpr int kCannotTest = 77;
 
 // The status that `work` ends with in a child; -1 when it crashed. Failed expectations of the child
 // are printed but not counted, so let `work` return testing::Test::HasFailure().
 int inChild(const std::function<int()>& work);
 
-// Root may read and write everything, so a child that must not is somebody else. True when it is,
-// or never was root.
+// Makes a child that runs as root another user, because root may read and write everything. True if
+// the child is not root afterwards.
 bool becomeNobody();
 
 }  // namespace test

@@ -1,4 +1,4 @@
-// A second volume to try on what happens between volumes.
+// A second volume, for tests of what happens between volumes.
 
 #pragma once
 
@@ -13,8 +13,8 @@
 
 namespace test {
 
-// The volume in memory that Linux machines have beside that of the temporary files, with a folder
-// of its own to work in. One test at a time has it; what the test leaves there goes away again.
+// The volume in memory that Linux machines have besides that of the temporary files, with a folder
+// for the test. One test at a time uses it; everything that the test leaves there is removed.
 class OtherVolume {
 public:
     OtherVolume() : lock_(open(kTop, O_RDONLY | O_DIRECTORY | O_CLOEXEC))
@@ -38,7 +38,7 @@ public:
     OtherVolume(const OtherVolume&) = delete;
     OtherVolume& operator=(const OtherVolume&) = delete;
 
-    // False when the machine has no such volume, or somebody's Trash on it.
+    // False if the machine has no such volume, or if there is a Trash on it already.
     bool isUsable() const { return isUsable_; }
 
     // The folder to work in, a direct child of the volume's top folder, and its name.

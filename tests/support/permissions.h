@@ -1,5 +1,5 @@
-// Running as somebody who may not do everything. The system forbids root nothing, so a test of a
-// refusal looks at files as another user does.
+// Runs a part of a test with fewer permissions. The system refuses root nothing, so a test of a
+// refusal accesses files as another user.
 
 #pragma once
 
@@ -8,8 +8,8 @@
 
 namespace test {
 
-// Makes the file accesses of this thread those of the user nobody until the end of the scope, when
-// root runs the tests; else nothing changes.
+// If root runs the tests, this thread accesses files as the user nobody until the end of the scope;
+// otherwise nothing changes.
 class WithoutPrivileges {
 public:
     WithoutPrivileges() : earlier_(setfsuid(geteuid() == 0 ? kNobody : geteuid())) {}

@@ -1,5 +1,5 @@
-// Pictures for tests, made byte by byte: JPEG and raw containers around a TIFF block and an IPTC
-// record that say what a test wants them to say. All results are bytes in a std::string.
+// Builds pictures byte by byte: JPEG and raw containers with a TIFF block and an IPTC record whose
+// values the test chooses. All results are bytes in a std::string.
 
 #pragma once
 
@@ -58,7 +58,7 @@ struct TiffParts {
 // A TIFF block: header, first directory, GPS directory.
 std::string tiffBlock(const TiffParts& parts);
 
-// What a picture says about its place. Absent values are not written.
+// The place in a picture's metadata. Absent values are not written.
 struct PictureFields {
     std::optional<double> lat{};  // degrees, written as whole degrees, minutes and 1/10000 seconds
     std::optional<std::string> latRef{};
@@ -81,7 +81,7 @@ struct PictureFields {
     ByteOrder order = ByteOrder::little;
 };
 
-// A picture that says all of it.
+// A picture with all of these values.
 PictureFields everyField(ByteOrder order);
 
 // The values of a GPS directory.
@@ -103,8 +103,7 @@ std::string jpegSegment(std::uint8_t marker, std::string_view content);
 std::string exifSegment(std::string_view tiff);
 std::string photoshopSegment(std::string_view resources);
 
-// A JPEG picture of 8 x 8 grey points with `segments` in front of its picture data. Decoders
-// accept it.
+// A JPEG picture of 8 x 8 grey pixels with `segments` before its image data. Decoders accept it.
 std::string jpegPicture(std::initializer_list<std::string_view> segments);
 
 // A whole JPEG picture, for instance pictureWithGps({.lat = 48.1, .latRef = "N"}).

@@ -1,4 +1,4 @@
-// Runs a program as a person would, and tells what came of it.
+// Runs a program as a user would, and returns its output and exit status.
 
 #pragma once
 

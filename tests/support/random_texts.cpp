@@ -88,7 +88,7 @@ std::string inHexadecimal(std::string_view bytes)
     return testing::PrintToString(bytes);
 }
 
-// Of `length` elements at most; where a character no longer fits stands a letter.
+// At most `length` elements; a letter takes the place of a character that no longer fits.
 template <typename Text, typename Add>
 Text mixed(Random& random, std::size_t length, const std::vector<unsigned>& kinds, Add add)
 {
@@ -113,7 +113,7 @@ void forMixes(unsigned kindCount, Add add, const std::function<void(const Text&)
         for (unsigned kind = 0; kind < kindCount; kind++) {
             if ((mix >> kind & 1) != 0) kinds.push_back(kind);
         }
-        for (std::size_t length = mix % stride; length <= test::kLongestRandomText;
+        for (std::size_t length = mix % stride; length <= test::kMaxRandomTextLength;
              length += stride) {
             const Text text = mixed<Text>(random, length, kinds, add);
             check(text);

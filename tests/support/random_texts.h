@@ -1,6 +1,6 @@
-// Random texts and bytes for tests of functions that have to be right for all of them: every mix of
-// kinds of characters, in every length. They depend on kRandomTextSeed alone. And a room that
-// notices what a function writes into it, and beside it.
+// Random texts and bytes for tests of functions that must be correct for all of them: every mix of
+// kinds of characters, in every length. They depend on kRandomTextSeed alone. Also a buffer that
+// detects what a function writes into it and next to it.
 
 #pragma once
 
@@ -17,13 +17,13 @@
 namespace test {
 
 constexpr std::uint32_t kRandomTextSeed = 20081;
-constexpr std::size_t kLongestRandomText = 200;  // units, or bytes
+constexpr std::size_t kMaxRandomTextLength = 200;  // units, or bytes
 
-// Calls `check` with texts of ASCII letters, marks of XML and addresses, control characters,
-// U+0000, Latin-1, MacRoman, two bytes of UTF-8, three bytes, pairs and lone surrogates: each of
-// the 1023 mixes of these in each length from 0 to kLongestRandomText units. A `stride` above 1 is
-// for slow functions: of each mix only every stride-th length, beginning with another one each
-// time.
+// Calls `check` with texts of ASCII letters, special characters of XML and URLs, control
+// characters, U+0000, Latin-1, MacRoman, two bytes of UTF-8, three bytes, pairs and lone
+// surrogates: each of the 1023 mixes of these in each length from 0 to kMaxRandomTextLength units.
+// A `stride` above 1 is for slow functions: of each mix only every stride-th length, beginning with
+// another one each time.
 //
 // Stops at the first text whose check fails, and prints it with the seed.
 void forRandomTexts(const std::function<void(const std::u16string& text)>& check,
@@ -34,8 +34,8 @@ void forRandomTexts(const std::function<void(const std::u16string& text)>& check
 void forRandomBytes(const std::function<void(const std::string& bytes)>& check,
                     std::size_t stride = 1);
 
-// What `write(dest)` puts into a room of exactly `count` elements. An element in the room that
-// stays as it was and one beside it that does not are failures.
+// What `write(dest)` writes into a buffer of exactly `count` elements. An element of the buffer
+// that stays unchanged, and one next to the buffer that changes, are failures.
 template <typename Element, typename Write>
 std::basic_string<Element> writtenInto(std::size_t count, Write write)
 {

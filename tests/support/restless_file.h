@@ -1,4 +1,4 @@
-// A file that never stays the same.
+// A file that changes all the time.
 
 #pragma once
 
@@ -8,8 +8,8 @@
 
 namespace test {
 
-// Lets another process cut the file short, let it grow, replace it, take it away and put it back,
-// over and over, until the end of the scope. `bytes` is what it is now and then.
+// Makes another process truncate, extend, replace, remove and restore the file, over and over,
+// until the end of the scope. `bytes` is its content now and then.
 class RestlessFile {
 public:
     RestlessFile(std::string path, const std::string& bytes);

@@ -1,4 +1,4 @@
-// A session bus of the test's own.
+// A private session bus for a test.
 
 #pragma once
 
@@ -6,9 +6,8 @@
 
 namespace test {
 
-// Starts a dbus-daemon and sets DBUS_SESSION_BUS_ADDRESS; at the end of the scope both are undone.
-// Make it before anything connects to the session bus, because programs remember their first
-// connection.
+// Starts a dbus-daemon and sets DBUS_SESSION_BUS_ADDRESS until the end of the scope. Create it
+// before anything connects to the session bus, because libraries keep their first connection.
 class SessionBus {
 public:
     SessionBus();
@@ -16,7 +15,7 @@ public:
     SessionBus(const SessionBus&) = delete;
     SessionBus& operator=(const SessionBus&) = delete;
 
-    // False when no daemon could be started; tests then say so and count as skipped.
+    // False if no daemon could be started; tests are then skipped.
     bool isRunning() const { return daemon_ > 0; }
 
 private:

@@ -25,13 +25,13 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using File = test::SlowDisk::File;
 
-constexpr unsigned kLongestLife = 100;  // seconds; nobody sleeps on a disk of ours for ever
-constexpr std::size_t kLongestRequest = 1 << 20;
+constexpr unsigned kMaxLifetime = 100;  // seconds; no process waits for a disk of ours for ever
+constexpr std::size_t kMaxRequestSize = 1 << 20;
 constexpr std::uint64_t kLongValid = 3600;  // seconds
 constexpr std::uint64_t kFirstFile = 2;     // the number of the first file; 1 is the folder
 
-// The side of the disk: answers what the kernel asks for. One request stands in one message, one
-// answer too (linux/fuse.h).
+// The server of the file system: replies to the kernel's requests. Each request and each reply is
+// one message (linux/fuse.h).
 class Server {
 public:
     Server(int device, std::vector<File> files)
@@ -41,7 +41,7 @@ public:
 
     [[noreturn]] void serve()
     {
-        std::vector<char> message(kLongestRequest);
+        std::vector<char> message(kMaxRequestSize);
         for (;;) {
             pollfd state = {device_, POLLIN, 0};
             (void)poll(&state, 1, waiting_.empty() ? -1 : 10);
@@ -175,7 +175,7 @@ private:
         }
         case FUSE_OPEN:
         case FUSE_OPENDIR: {
-            // Else opening a file that somebody waits for would wait, too.
+            // Otherwise opening a file while another process waits for its bytes would wait too.
             fuse_open_out opened = {};
             opened.open_flags = FOPEN_KEEP_CACHE;
             return answerRecord(head.unique, opened);
@@ -213,8 +213,8 @@ test::SlowDisk::SlowDisk(std::string folder, std::vector<File> files) : folder_(
     if (isMounted) server_ = fork();
     if (server_ == 0) {
         prctl(PR_SET_PDEATHSIG, SIGKILL);
-        (void)alarm(kLongestLife);
-        // Nothing that is open in the other process may stay open because of this one.
+        (void)alarm(kMaxLifetime);
+        // A descriptor that this process inherits must not stay open after the other one closes it.
         constexpr int kDevice = STDERR_FILENO + 1;
         if (dup2(device, kDevice) != kDevice) _exit(1);
         closefrom(kDevice + 1);

@@ -1,5 +1,4 @@
-// A disk that takes its time, as one does that has to start turning, a memory card, or a share on
-// the network.
+// A slow disk, such as one that has to spin up, a memory card, or a network share.
 
 #pragma once
 
@@ -10,9 +9,9 @@
 
 namespace test {
 
-// A file system of another process, mounted for this process and those that it starts. Names, sizes
-// and folders are told at once, as from a folder that somebody has just listed; the bytes of a file
-// come only after a while. Who sleeps there cannot be killed until they come.
+// A file system in another process, mounted for this process and those that it starts. Names, sizes
+// and folders come at once, as from a folder that has just been listed; the bytes of a file come
+// only after a while. A process that waits for them cannot be killed until they come.
 class SlowDisk {
 public:
     static constexpr int kNever = -1;
@@ -25,12 +24,12 @@ public:
 
     // Mounts the disk over `folder`, an empty folder of the caller's.
     SlowDisk(std::string folder, std::vector<File> files);
-    // Takes it away; whoever waits for bytes gets an error.
+    // Unmounts it; a process that waits for bytes gets an error.
     ~SlowDisk();
     SlowDisk(const SlowDisk&) = delete;
     SlowDisk& operator=(const SlowDisk&) = delete;
 
-    // False where nothing of the kind may be mounted.
+    // False if this machine does not allow such a mount.
     bool isUsable() const { return server_ > 0; }
 
     std::string file(const std::string& name) const { return folder_ + "/" + name; }

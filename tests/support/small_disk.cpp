@@ -8,7 +8,7 @@
 #include <fstream>
 
 namespace {
-// Who is not root may mount in a user namespace, in which he stays who he is.
+// A process that is not root may mount in a user namespace, in which it keeps its user ID.
 bool enterUserNamespace()
 {
     const std::string user = std::to_string(geteuid());

@@ -1,4 +1,4 @@
-// A disk that is soon full.
+// A disk that is full soon.
 
 #pragma once
 
@@ -6,18 +6,18 @@
 
 namespace test {
 
-// Makes what is mounted from now on visible to this process and those that it starts alone. False
-// when the machine does not allow it.
+// Makes later mounts visible only to this process and those that it starts. False if the machine
+// does not allow it.
 bool enterMountNamespace();
 
-// Puts an empty disk of 64 kilobytes in place of a folder, for this process alone: it is gone with
-// it, or after leaveSmallDisk. False when the machine does not allow it.
+// Mounts an empty disk of 64 kilobytes over a folder, for this process only, until it ends or calls
+// leaveSmallDisk. False if the machine does not allow it.
 bool mountSmallDisk(const std::string& folder);
 
-// Takes the disk away again.
+// Unmounts the disk.
 void leaveSmallDisk(const std::string& folder);
 
-// Writes into the file "filler" on the disk until not one byte more fits.
+// Writes to the file "filler" on the disk until it is full to the last byte.
 void fillDisk(const std::string& folder);
 
 }  // namespace test

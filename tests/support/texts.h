@@ -1,4 +1,4 @@
-// Texts for tests: made from and compared as UTF-8 literals.
+// Texts for tests, made from UTF-8 literals and compared with them.
 
 #pragma once
 
@@ -19,8 +19,8 @@ Text text(std::string_view utf8);
 // A new mutable text from UTF-8.
 Text mutableText(std::string_view utf8);
 
-// The content as UTF-8 (U+FFFD for lone surrogates); nothing for null, so that a null result and an
-// empty text stay apart.
+// The content as UTF-8 (U+FFFD for lone surrogates); nothing for null, which distinguishes a null
+// result from an empty text.
 std::optional<std::string> utf8(const TovString* string);
 
 // The same for a result that the test owns; the text is released.

@@ -1,4 +1,4 @@
-// The toolkit for tests of windows: drawn into memory, one application object for all tests of a
+// Qt for tests of windows: it draws into memory and has one application object for all tests of a
 // program.
 
 #pragma once

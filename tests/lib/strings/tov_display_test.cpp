@@ -25,7 +25,7 @@ constexpr std::uint64_t kKiB = 1024;
 constexpr std::uint64_t kMiB = 1024 * kKiB;
 constexpr std::uint64_t kGiB = 1024 * kMiB;
 constexpr std::uint64_t kTiB = 1024 * kGiB;
-constexpr std::uint64_t kMost = std::numeric_limits<std::uint64_t>::max();
+constexpr std::uint64_t kMaxCount = std::numeric_limits<std::uint64_t>::max();
 
 // Unit words of the test's own, and formatters of the given language.
 class Words {
@@ -94,7 +94,7 @@ TEST(TovStringMakeSizeString, hasOneDecimalAndTheUnitWord)
         {"megas", 1049600, "1.0 mega"},
         {"gigas", 1610612736, "1.5 giga"},
         {"teras", 5 * kTiB / 2, "2.5 tera"},
-        {"most", kMost, "16,777,216.0 tera"},
+        {"most", kMaxCount, "16,777,216.0 tera"},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
@@ -162,7 +162,7 @@ TEST(makeSmallSizeString, truncates)
         {5000000000, "4 G"},
         {kTiB, "1024 G"},
         {kTiB + kKiB, "1 T"},
-        {kMost, "16777215 T"},
+        {kMaxCount, "16777215 T"},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.bytes);
@@ -212,7 +212,7 @@ TEST(TovMakeNumberStringWithSeparators, worksBeforeTheFormattersAreMade)
 TEST(TovMakeNumberString, printsPlainDigits)
 {
     EXPECT_EQ(takeUTF8(TovMakeNumberString(0)), "0");
-    EXPECT_EQ(takeUTF8(TovMakeNumberString(kMost)), "18446744073709551615");
+    EXPECT_EQ(takeUTF8(TovMakeNumberString(kMaxCount)), "18446744073709551615");
 }
 
 TEST(TovStringMakePaddedNumberString, padsSingleDigitsOnly)
