@@ -10,7 +10,7 @@ namespace pinorama {
 namespace {
 constexpr char kEndOfHeader[] = "\nENDHDR\n";
 constexpr int kBytesOfPixel = 4;
-constexpr int kLargestSide = 4096;  // pixels
+constexpr int kMaxSide = 4096;  // pixels
 
 // "WIDTH 32" -> 32; 0 when there is no such line.
 int numberOf(const QByteArrayList& header, const QByteArray& key)
@@ -34,7 +34,7 @@ QImage readDrawing(const QString& file)
     const int height = numberOf(header, "HEIGHT");
     const QByteArray pixels = bytes.mid(headerSize + qsizetype(sizeof kEndOfHeader) - 1);
     if (numberOf(header, "DEPTH") != kBytesOfPixel || numberOf(header, "MAXVAL") != 255 ||
-        width <= 0 || width > kLargestSide || height <= 0 || height > kLargestSide ||
+        width <= 0 || width > kMaxSide || height <= 0 || height > kMaxSide ||
         pixels.size() != qsizetype(width) * height * kBytesOfPixel) {
         return {};
     }

@@ -48,8 +48,8 @@ ExportDialog::ExportDialog(const QString& fileName, std::function<void(const QSt
     setNameFilter(tr("KML files (*.kml)"));
     setDefaultSuffix(kSuffix);
     selectFile(fileName);
-    // A dialog of the desktop's own reports its end like this, and only this; it has asked about the
-    // name that it gives.
+    // A dialog of the desktop's own reports its end like this, and only this; it has asked about
+    // the name that it gives.
     connect(this, &QFileDialog::fileSelected, this, [this](const QString& file) {
         const QString whole = withSuffix(file);
         if (whole == file || !QFileInfo::exists(whole)) {

@@ -10,7 +10,7 @@
 
 namespace pinorama {
 namespace {
-constexpr int kMostLetters = 30;  // of a file's name, about; a longer one would widen the window
+constexpr int kMaxLetters = 30;  // of a file's name, about; a longer one would widen the window
 
 void remove(ExportNotice* notice)
 {
@@ -25,7 +25,7 @@ void ExportNotice::sayFailure(const QString& file, int error)
 {
     const QFontMetrics letters = fontMetrics();
     const QString name = letters.elidedText(QFileInfo(file).fileName(), Qt::ElideMiddle,
-                                            kMostLetters * letters.averageCharWidth());
+                                            kMaxLetters * letters.averageCharWidth());
     QString reason;
     switch (error) {
     case ENOSPC:

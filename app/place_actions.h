@@ -4,8 +4,8 @@
 
 #pragma once
 
-#include "desktop/url_opener.h"
 #include "desktop/globe_programs.h"
+#include "desktop/url_opener.h"
 #include "location/file_info_record.h"
 
 #include <QObject>

@@ -63,8 +63,8 @@ std::string resolvedPath(const char* path)
 
 std::string pathBehindLinks(std::string path)
 {
-    constexpr int kMostLinks = 40;  // as many as the system follows
-    for (int links = 0; links <= kMostLinks; links++) {
+    constexpr int kMaxLinks = 40;  // as many as the system follows
+    for (int links = 0; links <= kMaxLinks; links++) {
         struct stat facts = {};
         if (lstat(path.c_str(), &facts) != 0 || !S_ISLNK(facts.st_mode)) return path;
         const std::string own = absolutePath(path);

@@ -15,7 +15,7 @@
 
 namespace pinorama {
 namespace {
-constexpr std::size_t kLargestSettings = 64 * 1024;  // bytes of user-dirs.dirs
+constexpr std::size_t kMaxSettingsSize = 64 * 1024;  // bytes of user-dirs.dirs
 constexpr std::string_view kBlanks = " \t\r";
 
 std::string withoutLastSlashes(std::string path)
@@ -76,7 +76,7 @@ std::string desktopOfLine(std::string_view line)
 
 std::string desktopInSettings()
 {
-    const auto settings = readWholeFile(configFolder() + "/user-dirs.dirs", kLargestSettings);
+    const auto settings = readWholeFile(configFolder() + "/user-dirs.dirs", kMaxSettingsSize);
     if (!settings) return {};
     std::string found;
     std::string_view rest = *settings;

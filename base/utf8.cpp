@@ -4,7 +4,7 @@
 
 namespace pinorama {
 namespace {
-constexpr std::size_t kLargestCount = std::numeric_limits<std::int32_t>::max() / 2;
+constexpr std::size_t kMaxByteCount = std::numeric_limits<std::int32_t>::max() / 2;
 constexpr char32_t kNone = 0xffffffff;
 constexpr char32_t kReplacement = 0xfffd;
 
@@ -98,7 +98,7 @@ void writeUTF8(char32_t codePoint, char* dest)
 
 std::int32_t countUnitsOfUTF8(std::string_view bytes)
 {
-    if (bytes.size() > kLargestCount) return -1;
+    if (bytes.size() > kMaxByteCount) return -1;
     std::size_t units = 0;
     std::size_t next = 0;
     while (next < bytes.size()) {
@@ -131,7 +131,7 @@ std::int32_t countBytesOfUTF8(std::u16string_view units)
         if (isSurrogate(codePoint)) return -1;
         bytes += byteCount(codePoint);
     }
-    return bytes <= kLargestCount ? static_cast<std::int32_t>(bytes) : -1;
+    return bytes <= kMaxByteCount ? static_cast<std::int32_t>(bytes) : -1;
 }
 
 std::size_t encodeUTF8(std::u16string_view units, std::span<char> dest)

@@ -15,7 +15,7 @@
 
 namespace pinorama {
 namespace {
-constexpr std::size_t kMaxFilesInTurn = kMostDescriptors;
+constexpr std::size_t kMaxFilesInTurn = kMaxDescriptors;
 constexpr int kTick = 100;  // milliseconds between two updates of the progress, at most
 
 std::vector<std::string> nextBatch(FolderWalk* walk, std::size_t maxCount)
@@ -34,7 +34,7 @@ std::size_t batchSize()
 {
     rlimit limit{};
     if (getrlimit(RLIMIT_NOFILE, &limit) != 0) return 1;
-    return std::clamp<std::size_t>(limit.rlim_cur / 2, 1, kMostDescriptors);
+    return std::clamp<std::size_t>(limit.rlim_cur / 2, 1, kMaxDescriptors);
 }
 
 // Prints each file as soon as it has been read. A signal also ends the wait for a slow disk.

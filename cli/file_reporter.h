@@ -59,7 +59,7 @@ public:
 
     // Reads the files and returns a report on each, in their order.
     //
-    //   paths  at most kMostDescriptors, in the raw bytes of the system.
+    //   paths  at most kMaxDescriptors, in the raw bytes of the system.
     //   alarm  see ReaderClient::readProperties; -1 for none.
     std::vector<FileReport> report(std::span<const std::string> paths, int alarm = -1);
 

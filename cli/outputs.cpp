@@ -74,7 +74,8 @@ void Outputs::print(std::string_view text)
     progress_.clear();
     if (writeAll(STDOUT_FILENO, text)) return;
     printError_ = errno;
-    if (!readerHasGone()) printDiagnostic(std::string("standard output: ") + std::strerror(printError_));
+    if (!readerHasGone())
+        printDiagnostic(std::string("standard output: ") + std::strerror(printError_));
 }
 
 void Outputs::printDiagnostics(std::string_view lines)

@@ -13,7 +13,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     // An accepted request contains nothing that its decoded form lacks.
     const auto bytes = encodeRequest(*request);
     if (!std::equal(bytes.begin(), bytes.end(), data, data + size)) __builtin_trap();
-    if (request->descriptorCount < 1 || request->descriptorCount > kMostDescriptors) {
+    if (request->descriptorCount < 1 || request->descriptorCount > kMaxDescriptors) {
         __builtin_trap();
     }
     return 0;

@@ -18,8 +18,8 @@
 //          gpsSaveKML (globe/kml_file.h) hands over names that are safe. An empty name is a name.
 [[nodiscard]] TovStringRef gpsMakeKMLDocument(const fileInfoRecord* info, TovStringRef name);
 
-// Appends the opening of the document, up to and including the two styles, to the mutable `*document`.
-// Without a name the document is called "Pinorama Export.kml".
+// Appends the opening of the document, up to and including the two styles, to the mutable
+// `*document`. Without a name the document is called "Pinorama Export.kml".
 void gpsInsertKmlHeader(TovStringRef* document, TovStringRef name);
 
 // Appends the placemark of one picture. The name stands in it twice, as it is.

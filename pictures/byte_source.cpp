@@ -39,7 +39,7 @@ ByteView FileByteSource::load(std::uint64_t offset, std::size_t length)
     }
 
     const std::uint64_t aligned = offset - offset % kWindowAlignment;
-    const bool fits = offset - aligned + length <= kLongestView;
+    const bool fits = offset - aligned + length <= kMaxViewLength;
     const std::uint64_t start = fits ? aligned : offset;
     const std::size_t needed = static_cast<std::size_t>(offset - start) + length;
     const std::span<std::uint8_t> buffer(movingBytes_.data(), std::max(needed, kUsualWindow));
@@ -55,7 +55,7 @@ std::size_t FileByteSource::readInto(std::span<std::uint8_t> buffer, std::uint64
     const auto wanted =
         static_cast<std::size_t>(std::min<std::uint64_t>(buffer.size(), size_ - offset));
     std::size_t done = 0;
-    while (done < wanted && readCount_ < kMostReads) {
+    while (done < wanted && readCount_ < kMaxReads) {
         ++readCount_;
         const ssize_t count = pread(descriptor_, buffer.data() + done, wanted - done,
                                     static_cast<off_t>(offset + done));

@@ -14,7 +14,7 @@ namespace pinorama {
 using ByteView = std::span<const std::uint8_t>;
 
 // The longest view that can be asked for: a JPEG segment at its largest fits into it.
-constexpr std::size_t kLongestView = 65536;
+constexpr std::size_t kMaxViewLength = 65536;
 
 // The bytes of one picture. Two windows onto them are held: the start of the file, which stays, and
 // one that follows the requests.
@@ -27,10 +27,10 @@ public:
     std::uint64_t size() const { return size_; }
 
     // The bytes from `offset` on: all `length` of them, or an empty view when they lie outside the
-    // picture, are more than kLongestView or cannot be read. Borrowed until the next call.
+    // picture, are more than kMaxViewLength or cannot be read. Borrowed until the next call.
     ByteView view(std::uint64_t offset, std::size_t length)
     {
-        if (offset > size_ || length > size_ - offset || length > kLongestView) return {};
+        if (offset > size_ || length > size_ - offset || length > kMaxViewLength) return {};
         if (const std::uint8_t* bytes = start_.find(offset, length)) return {bytes, length};
         if (const std::uint8_t* bytes = moving_.find(offset, length)) return {bytes, length};
         return load(offset, length);
@@ -71,14 +71,14 @@ private:
 
 // The bytes of an open file. It is read and never mapped: a file that somebody cuts short meanwhile
 // gives an empty view and not a signal. The first 64 KiB come with one read, which for most
-// pictures is the only one; after kMostReads reads nothing more is read.
+// pictures is the only one; after kMaxReads reads nothing more is read.
 //
 // An object is 128 KiB large, so that reading allocates nothing.
 class FileByteSource final : public ByteSource {
 public:
     // A picture whose metadata is spread over more reads than this is not looked through any
     // further, so that a file made to keep the reader busy costs some milliseconds and no more.
-    static constexpr int kMostReads = 256;
+    static constexpr int kMaxReads = 256;
 
     // `descriptor` is open for reading and stays the caller's; its file position is left alone.
     // `size` is the size of the file when it was opened.
@@ -93,8 +93,8 @@ private:
 
     const int descriptor_;
     int readCount_ = 0;
-    std::array<std::uint8_t, kLongestView> startBytes_;
-    std::array<std::uint8_t, kLongestView> movingBytes_;
+    std::array<std::uint8_t, kMaxViewLength> startBytes_;
+    std::array<std::uint8_t, kMaxViewLength> movingBytes_;
 };
 
 // A part of a picture that offsets count from and that no offset may leave: a segment, a directory

@@ -13,7 +13,7 @@ namespace {
 constexpr std::size_t kRationalSize = 8;
 
 // Texts are a letter or a short note; what is longer is cut.
-constexpr std::uint64_t kLongestText = 4096;  // bytes
+constexpr std::uint64_t kMaxTextLength = 4096;  // bytes
 
 struct Part {
     double value;
@@ -71,7 +71,7 @@ std::optional<double> coordinateOf(const TiffBlock& tiff, const TiffEntry& entry
 std::optional<std::u16string> textOf(const TiffEntry& entry)
 {
     if (entry.type != TiffType::ascii && entry.type != TiffType::utf8) return std::nullopt;
-    const ByteView bytes = entry.value.view(0, std::min(entry.value.length(), kLongestText));
+    const ByteView bytes = entry.value.view(0, std::min(entry.value.length(), kMaxTextLength));
     std::u16string text = decodeUndeclaredText(bytes);
     return text.empty() ? std::nullopt : std::optional(std::move(text));
 }

@@ -12,7 +12,7 @@ constexpr std::size_t kHeaderSize = 5;  // marker, record, dataset, two bytes of
 
 // A length with the highest bit set is not the length but the number of bytes that hold it.
 constexpr std::uint16_t kIsExtended = 0x8000;
-constexpr std::size_t kLongestExtension = 4;
+constexpr std::size_t kMaxExtensionLength = 4;
 
 struct Dataset {
     std::uint8_t record;
@@ -29,7 +29,7 @@ std::optional<Dataset> readDataset(const ByteBlock& block, std::uint64_t positio
     std::uint64_t length = bigEndian16(&header[3]);
     if ((length & kIsExtended) != 0) {
         const std::uint64_t bytes = length & ~std::uint64_t{kIsExtended};
-        if (bytes > kLongestExtension) return std::nullopt;
+        if (bytes > kMaxExtensionLength) return std::nullopt;
         length = 0;
         for (std::uint8_t byte : block.view(dataset.end, static_cast<std::size_t>(bytes))) {
             length = length << 8 | byte;
@@ -72,7 +72,7 @@ void readIptcRecord(const ByteBlock& record, PictureProperties& properties)
         if (declaresUTF8(*dataset)) isUTF8 = true;
         std::optional<std::u16string>* field = fieldOf(properties, *dataset);
         if (field == nullptr || field->has_value()) continue;
-        const auto length = std::min<std::uint64_t>(dataset->data.length(), kLongestView);
+        const auto length = std::min<std::uint64_t>(dataset->data.length(), kMaxViewLength);
         const ByteView bytes = dataset->data.view(0, static_cast<std::size_t>(length));
         *field = isUTF8 ? decodeUTF8Text(bytes) : decodeUndeclaredText(bytes);
     }

@@ -22,7 +22,7 @@ constexpr std::uint8_t kPhotoshopName[] = {'P', 'h', 'o', 't', 'o', 's', 'h',
                                            'o', 'p', ' ', '3', '.', '0', 0};
 
 // Foreign bytes and fill bytes that are stepped over in a whole picture.
-constexpr std::uint64_t kMostForeignBytes = 65536;
+constexpr std::uint64_t kMaxForeignBytes = 65536;
 
 // Markers that stand alone: TEM, the restart markers, another start of image.
 bool standsAlone(std::uint8_t marker)
@@ -69,7 +69,7 @@ private:
             if (isAfterPrefix && byte[0] != kPrefix && byte[0] != 0) return byte[0];
             // A second prefix is a fill byte; a zero after it makes it ordinary data.
             if (byte[0] != kPrefix || isAfterPrefix) {
-                if (++foreignBytes_ > kMostForeignBytes) return std::nullopt;
+                if (++foreignBytes_ > kMaxForeignBytes) return std::nullopt;
             }
             isAfterPrefix = byte[0] == kPrefix;
         }

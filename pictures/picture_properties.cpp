@@ -18,7 +18,7 @@ constexpr std::uint16_t kIptcTag = 0x83bb;
 constexpr std::uint16_t kGpsTag = 0x8825;
 
 // Resources that are spread over several segments are put together up to this size.
-constexpr std::uint64_t kMostJoinedBytes = 1 << 20;
+constexpr std::uint64_t kMaxJoinedBytes = 1 << 20;
 
 // Only the first directory is looked at: the others are smaller copies and other images. The GPS
 // directory is read also where another pointer shares its offset, as in pictures of Windows phones.
@@ -48,7 +48,7 @@ void readPhotoshop(const std::vector<ByteBlock>& pieces, PictureProperties& prop
     std::vector<std::uint8_t> joined;
     for (const ByteBlock& piece : pieces) {
         const ByteView bytes = piece.view(0, static_cast<std::size_t>(piece.length()));
-        if (joined.size() + bytes.size() > kMostJoinedBytes) break;
+        if (joined.size() + bytes.size() > kMaxJoinedBytes) break;
         joined.insert(joined.end(), bytes.begin(), bytes.end());
     }
     MemoryByteSource source(joined);

@@ -10,7 +10,7 @@
 
 namespace pinorama {
 namespace {
-constexpr std::chrono::seconds kLongestWait(3);  // for one file
+constexpr std::chrono::seconds kMaxWait(3);  // for one file
 
 std::optional<QPixmap> previewOf(const std::string& path, QSizeF ofSize, qreal ratio,
                                  std::uint8_t asIcon)
@@ -22,7 +22,7 @@ std::optional<QPixmap> previewOf(const std::string& path, QSizeF ofSize, qreal r
     PreviewPlan plan(path, PictureFile(path), box);
     while (plan.next()) {
         (void)reader.startPreview(plan.file().descriptor(), plan.kind(), plan.box());
-        const PreviewResult result = reader.waitForPreview(kLongestWait);
+        const PreviewResult result = reader.waitForPreview(kMaxWait);
         if (result.outcome == ReadOutcome::noReader) break;
         if (result.outcome != ReadOutcome::found) continue;
         if (const std::optional<QImage> image = plan.imageOf(result.reply)) {

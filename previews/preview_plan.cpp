@@ -17,7 +17,7 @@ constexpr qreal kCardFrame = 1.0 / 24;
 
 int pixelsOf(qreal points, qreal ratio)
 {
-    return static_cast<int>(std::clamp<qreal>(std::round(points * ratio), 1, kLargestPreviewSide));
+    return static_cast<int>(std::clamp<qreal>(std::round(points * ratio), 1, kMaxPreviewSide));
 }
 
 // The image on the memory of `pixels`, which has to outlive it.

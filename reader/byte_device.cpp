@@ -23,7 +23,7 @@ qint64 ByteDevice::readData(char* dest, qint64 wanted)
     while (done < wanted) {
         const qint64 position = pos() + done;
         const qint64 count =
-            std::min({wanted - done, size() - position, static_cast<qint64>(kLongestView)});
+            std::min({wanted - done, size() - position, static_cast<qint64>(kMaxViewLength)});
         if (count <= 0) break;
         const ByteView bytes =
             source_.view(static_cast<std::uint64_t>(position), static_cast<std::size_t>(count));

@@ -8,7 +8,7 @@
 
 namespace pinorama {
 namespace {
-constexpr int kLargestSide = 1024;  // pixels, of the size named xx-large
+constexpr int kMaxSide = 1024;  // pixels, of the size named xx-large
 
 }  // namespace
 
@@ -18,7 +18,7 @@ std::optional<CachedThumbnail> readCachedThumbnail(ByteSource& source, PixelSize
     ByteDevice device(source);
     QImageReader reader(&device, "png");
     const QSize size = reader.size();
-    if (size.isEmpty() || size.width() > kLargestSide || size.height() > kLargestSide) {
+    if (size.isEmpty() || size.width() > kMaxSide || size.height() > kMaxSide) {
         return std::nullopt;
     }
     const QImage image = reader.read();

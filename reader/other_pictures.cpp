@@ -12,7 +12,7 @@
 
 namespace pinorama {
 namespace {
-constexpr int kMostMegabytes = 256;
+constexpr int kMaxMegabytes = 256;
 constexpr const char* kFormats[] = {"png", "gif", "bmp",  "ppm",  "pgm", "pbm",
                                     "xpm", "ico", "webp", "tiff", "tga", "icns"};
 
@@ -56,7 +56,7 @@ std::optional<PixelImage> decodeOtherPicture(ByteSource& source, PixelSize box)
     const QByteArray format = formatOf(device);
     if (format.isEmpty()) return std::nullopt;
 
-    QImageReader::setAllocationLimit(kMostMegabytes);
+    QImageReader::setAllocationLimit(kMaxMegabytes);
     QImageReader reader(&device, format);
     reader.setAutoTransform(false);
     const Orientation orientation = orientationOf(reader.transformation());

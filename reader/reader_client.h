@@ -109,7 +109,7 @@ public:
     // Asks for the preview of an open file, which has to stay open until the result is there. An
     // earlier one that is still under way is given up.
     //
-    //   box  1 to kLargestPreviewSide pixels each way.
+    //   box  1 to kMaxPreviewSide pixels each way.
     //
     // Returns the ticket of this preview.
     std::uint32_t startPreview(int descriptor, PreviewKind kind, PixelSize box);

@@ -59,7 +59,7 @@ void ReaderJobs::send(int socket)
     while (next < jobs_.size()) {
         if (jobs_[next].isSent) {
             next++;
-        } else if (!sendBatch(socket, next, kMostDescriptors)) {
+        } else if (!sendBatch(socket, next, kMaxDescriptors)) {
             return;
         }
     }

@@ -15,7 +15,7 @@ inline SandboxRules readerRules(int socket)
         // top of the libraries.
         .memory = addressSpaceInUse() + (std::uint64_t{640} << 20),
         // Standard streams, the socket, the files of one request.
-        .descriptors = 4 + kMostDescriptors,
+        .descriptors = 4 + kMaxDescriptors,
     };
 }
 

@@ -21,7 +21,7 @@ constexpr const char* kProgramName = "pinorama-reader";
 
 // A killed process is gone at once, except one that sleeps in the kernel, on a network share that
 // does not respond for instance. That one is waited for again when the next one ends.
-constexpr int kLongestWait = 50;  // milliseconds
+constexpr int kMaxWait = 50;  // milliseconds
 
 // Where libraries are found by programs in unusual places, and the options of sanitizers.
 constexpr const char* kInherited[] = {"LD_LIBRARY_PATH", "QT_PLUGIN_PATH", "ASAN_OPTIONS",
@@ -47,7 +47,7 @@ void waitForEnd(pid_t process)
     const DescriptorHolder descriptor(static_cast<int>(syscall(SYS_pidfd_open, process, 0u)));
     pollfd state = {descriptor.get(), POLLIN, 0};
     // Without a descriptor of it the time is all there is to wait for.
-    while (poll(&state, descriptor ? 1 : 0, kLongestWait) < 0 && errno == EINTR) {
+    while (poll(&state, descriptor ? 1 : 0, kMaxWait) < 0 && errno == EINTR) {
     }
 }
 

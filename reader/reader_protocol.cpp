@@ -22,8 +22,8 @@ constexpr std::size_t kTextCount = 8;
 constexpr std::size_t kPropertyHeaderSize = 4;  // which values there are
 
 constexpr std::size_t kPreviewHeaderSize = 16;
-constexpr std::size_t kLongestURI = 3 * 4096 + 7;  // every byte of the longest path escaped
-constexpr std::size_t kLongestTime = 24;
+constexpr std::size_t kMaxUriLength = 3 * 4096 + 7;  // every byte of the longest path escaped
+constexpr std::size_t kMaxTimeLength = 24;
 
 bool isPreview(ReaderTask task)
 {
@@ -32,7 +32,7 @@ bool isPreview(ReaderTask task)
 
 bool isSide(std::int32_t length)
 {
-    return length >= 1 && length <= kLargestPreviewSide;
+    return length >= 1 && length <= kMaxPreviewSide;
 }
 
 bool isSensible(const ReaderRequest& request)
@@ -42,7 +42,7 @@ bool isSensible(const ReaderRequest& request)
                isSide(request.box.height);
     }
     return request.task == ReaderTask::properties && request.descriptorCount >= 1 &&
-           request.descriptorCount <= kMostDescriptors && request.box == PixelSize{};
+           request.descriptorCount <= kMaxDescriptors && request.box == PixelSize{};
 }
 
 // Calls `visit(isOfGps, value)` for every value of a picture's properties, in the order of the
@@ -82,7 +82,7 @@ void putValue(MessageWriter* message, std::int64_t value)
 
 void putValue(MessageWriter* message, const std::u16string& text)
 {
-    const std::size_t length = std::min(text.size(), kLongestText);
+    const std::size_t length = std::min(text.size(), kMaxTextLength);
     message->put32(static_cast<std::uint32_t>(length));
     for (std::size_t i = 0; i < length; i++) message->put16(text[i]);
 }
@@ -102,7 +102,7 @@ bool getValue(MessageReader* message, std::optional<std::int64_t>* value)
 bool getValue(MessageReader* message, std::optional<std::u16string>* value)
 {
     const std::uint32_t length = message->get32();
-    if (length > kLongestText) return false;
+    if (length > kMaxTextLength) return false;
     const ByteView bytes = message->getBytes(std::size_t{2} * length);
     std::u16string& text = value->emplace();
     text.reserve(bytes.size() / 2);
@@ -209,11 +209,11 @@ std::optional<ReplyHeader> decodeReplyHeader(ByteView bytes, ReaderTask task, st
 std::size_t maxBodyLength(ReaderTask task, PixelSize box)
 {
     if (task == ReaderTask::properties) {
-        return kPropertyHeaderSize + 8 * kNumberCount + kTextCount * (4 + 2 * kLongestText);
+        return kPropertyHeaderSize + 8 * kNumberCount + kTextCount * (4 + 2 * kMaxTextLength);
     }
     if (!isPreview(task)) return 0;
     const std::size_t pixels = static_cast<std::size_t>(box.width) * box.height;
-    return kPreviewHeaderSize + kLongestURI + kLongestTime + 4 * pixels;
+    return kPreviewHeaderSize + kMaxUriLength + kMaxTimeLength + 4 * pixels;
 }
 
 std::vector<std::uint8_t> encodeProperties(const PictureProperties& properties)
@@ -258,8 +258,8 @@ std::optional<PictureProperties> decodeProperties(ByteView body)
 
 std::vector<std::uint8_t> encodePreview(const PreviewReply& reply)
 {
-    const std::string_view uri = std::string_view(reply.uri).substr(0, kLongestURI);
-    const std::string_view mtime = std::string_view(reply.mtime).substr(0, kLongestTime);
+    const std::string_view uri = std::string_view(reply.uri).substr(0, kMaxUriLength);
+    const std::string_view mtime = std::string_view(reply.mtime).substr(0, kMaxTimeLength);
     MessageWriter message;
     message.bytes().reserve(kPreviewHeaderSize + uri.size() + mtime.size() +
                             4 * reply.image.pixels.size());
@@ -290,7 +290,7 @@ std::optional<PreviewReply> decodePreview(ByteView body, PreviewKind kind, Pixel
     if (message.hasFailed() || !isSide(box.width) || !isSide(box.height)) return std::nullopt;
     if (width < 1 || width > static_cast<std::uint32_t>(box.width)) return std::nullopt;
     if (height < 1 || height > static_cast<std::uint32_t>(box.height)) return std::nullopt;
-    if (wasDecoded > 1 || uriLength > kLongestURI || mtimeLength > kLongestTime) {
+    if (wasDecoded > 1 || uriLength > kMaxUriLength || mtimeLength > kMaxTimeLength) {
         return std::nullopt;
     }
     if (kind == PreviewKind::picture && (uriLength != 0 || mtimeLength != 0)) return std::nullopt;

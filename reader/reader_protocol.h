@@ -22,9 +22,9 @@ namespace pinorama {
 
 constexpr std::size_t kRequestSize = 20;
 constexpr std::size_t kReplyHeaderSize = 20;
-constexpr std::size_t kMostDescriptors = 64;        // in one request
-constexpr std::int32_t kLargestPreviewSide = 2048;  // pixels
-constexpr std::size_t kLongestText = 65536;         // UTF-16 units of one property
+constexpr std::size_t kMaxDescriptors = 64;     // in one request
+constexpr std::int32_t kMaxPreviewSide = 2048;  // pixels
+constexpr std::size_t kMaxTextLength = 65536;   // UTF-16 units of one property
 
 enum class ReaderTask : std::uint16_t {
     hello,  // no request: the reader's first word, once it is sandboxed
@@ -37,7 +37,7 @@ struct ReaderRequest {
     ReaderTask task = ReaderTask::properties;
     std::uint32_t number = 0;           // of the first descriptor's reply; the others count on
     std::uint16_t descriptorCount = 0;  // previews: 1
-    PixelSize box;                      // previews: 1 to kLargestPreviewSide; properties: {0, 0}
+    PixelSize box;                      // previews: 1 to kMaxPreviewSide; properties: {0, 0}
 };
 
 enum class ReplyOutcome : std::uint16_t {

@@ -17,8 +17,8 @@
 namespace pinorama {
 namespace {
 
-constexpr std::size_t kMostBytesTogether = 32 * 1024;
-constexpr std::chrono::milliseconds kLongestWait(5);
+constexpr std::size_t kMaxBatchSize = 32 * 1024;
+constexpr std::chrono::milliseconds kMaxWait(5);
 
 std::uint64_t sizeOf(int descriptor)
 {
@@ -38,8 +38,8 @@ public:
         const auto headerBytes = encodeReplyHeader(header);
         bytes_.insert(bytes_.end(), headerBytes.begin(), headerBytes.end());
         bytes_.insert(bytes_.end(), body.begin(), body.end());
-        const bool isDue = bytes_.size() >= kMostBytesTogether ||
-                           std::chrono::steady_clock::now() - lastSent_ >= kLongestWait;
+        const bool isDue = bytes_.size() >= kMaxBatchSize ||
+                           std::chrono::steady_clock::now() - lastSent_ >= kMaxWait;
         return !isDue || send();
     }
 

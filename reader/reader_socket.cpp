@@ -10,7 +10,7 @@
 
 namespace pinorama {
 namespace {
-constexpr std::size_t kControlSize = CMSG_SPACE(sizeof(int) * kMostDescriptors);
+constexpr std::size_t kControlSize = CMSG_SPACE(sizeof(int) * kMaxDescriptors);
 
 // Room for descriptors in a message, aligned as its header wants it.
 union ControlBuffer {
@@ -59,7 +59,7 @@ ssize_t receivePart(int socket, std::span<std::uint8_t> buffer, std::vector<Desc
 
 SendOutcome sendRequest(int socket, ByteView request, std::span<const int> descriptors)
 {
-    if (descriptors.empty() || descriptors.size() > kMostDescriptors) {
+    if (descriptors.empty() || descriptors.size() > kMaxDescriptors) {
         return SendOutcome::impossible;
     }
     ControlBuffer control = {};

@@ -14,7 +14,7 @@ namespace {
 // program itself takes a few megabytes of it, a test some more.
 constexpr std::uint64_t kMemory = std::uint64_t{512} << 20;
 // Standard streams, the socket, and a request's files.
-constexpr std::uint32_t kDescriptors = 4 + kMostDescriptors;
+constexpr std::uint32_t kDescriptors = 4 + kMaxDescriptors;
 
 void serveSandboxedProperties(int socket)
 {

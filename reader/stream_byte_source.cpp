@@ -16,7 +16,7 @@ StreamByteSource::StreamByteSource(int descriptor, std::uint64_t size,
 
 ByteView StreamByteSource::load(std::uint64_t offset, std::size_t length)
 {
-    if (length > kLongestView) return {};
+    if (length > kMaxViewLength) return {};
     if (wasStopped_ || (mayGoOn_ && !mayGoOn_())) {
         wasStopped_ = true;
         start_ = moving_ = {};

@@ -26,8 +26,8 @@ private:
     const int descriptor_;
     const std::function<bool()> mayGoOn_;
     bool wasStopped_ = false;
-    std::array<std::uint8_t, kLongestView> startBytes_;
-    std::array<std::uint8_t, kLongestView> movingBytes_;
+    std::array<std::uint8_t, kMaxViewLength> startBytes_;
+    std::array<std::uint8_t, kMaxViewLength> movingBytes_;
 };
 
 }  // namespace pinorama

@@ -9,10 +9,10 @@
 namespace pinorama {
 namespace {
 // Cameras write fewer than ten; a loop of directories ends here too.
-constexpr std::size_t kMostDirectories = 24;
-constexpr std::size_t kMostSubdirectories = 8;
+constexpr std::size_t kMaxDirectories = 24;
+constexpr std::size_t kMaxSubdirectories = 8;
 
-constexpr std::uint32_t kMostPixelsPerSide = 1u << 20;
+constexpr std::uint32_t kMaxPixelsPerSide = 1u << 20;
 constexpr std::uint32_t kJpegOld = 6;  // values of the tag Compression
 constexpr std::uint32_t kJpeg = 7;
 
@@ -50,7 +50,7 @@ public:
     }
 
 private:
-    bool mayGoOn() const { return directoryCount_ < kMostDirectories; }
+    bool mayGoOn() const { return directoryCount_ < kMaxDirectories; }
 
     // Returns the offset of the directory that is chained to this one, 0 for none.
     std::uint64_t readDirectory(std::uint64_t offset, bool isFirst, bool mayHaveSubdirectories)
@@ -69,7 +69,7 @@ private:
 
     void readSubdirectories(const TiffEntry& entry)
     {
-        const std::size_t count = std::min<std::size_t>(entry.count, kMostSubdirectories);
+        const std::size_t count = std::min<std::size_t>(entry.count, kMaxSubdirectories);
         for (std::size_t i = 0; i < count && mayGoOn(); i++) {
             const ByteView bytes = entry.value.view(4 * i, 4);
             if (bytes.empty()) return;
@@ -81,7 +81,7 @@ private:
     {
         const std::uint32_t columns = numberOf(entries.width).value_or(0);
         const std::uint32_t rows = numberOf(entries.height).value_or(0);
-        if (columns > kMostPixelsPerSide || rows > kMostPixelsPerSide) return;
+        if (columns > kMaxPixelsPerSide || rows > kMaxPixelsPerSide) return;
         const PixelSize size = {static_cast<std::int32_t>(columns),
                                 static_cast<std::int32_t>(rows)};
         if (std::int64_t{size.width} * size.height >

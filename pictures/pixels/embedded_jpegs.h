@@ -11,8 +11,8 @@
 namespace pinorama {
 
 struct EmbeddedJpegs {
-    Orientation orientation = 1;     // of the picture, and so of every stream in it
-    PixelSize picture;               // the largest size that a directory states; {0, 0} if none does
+    Orientation orientation = 1;  // of the picture, and so of every stream in it
+    PixelSize picture;            // the largest size that a directory states; {0, 0} if none does
     std::vector<ByteBlock> streams;  // unchecked, in the order of the directories
 };
 

@@ -13,12 +13,12 @@
 
 namespace pinorama {
 namespace {
-constexpr long kMostMemory = 320L << 20;  // bytes; a progressive picture of 100 megapixels
-constexpr int kMostScans = 64;            // passes; real progressive pictures have about ten
-constexpr std::int64_t kMostPixels = std::int64_t{1} << 30;
-constexpr std::int64_t kMostWork = std::int64_t{1} << 32;  // pixels times passes
-constexpr int kCoarsestScale = 8;                          // the picture at 1/8
-constexpr std::uint32_t kGray = 0xff808080;                // what stands for missing rows
+constexpr long kMaxMemory = 320L << 20;  // bytes; a progressive picture of 100 megapixels
+constexpr int kMaxScans = 64;            // passes; real progressive pictures have about ten
+constexpr std::int64_t kMaxPixels = std::int64_t{1} << 30;
+constexpr std::int64_t kMaxWork = std::int64_t{1} << 32;  // pixels times passes
+constexpr int kCoarsestScale = 8;                         // the picture at 1/8
+constexpr std::uint32_t kGray = 0xff808080;               // what stands for missing rows
 constexpr std::uint32_t kOpaque = 0xff000000;
 
 // libjpeg-turbo writes our pixels itself when it knows their byte order.
@@ -75,7 +75,7 @@ boolean fillBuffer(j_decompress_ptr info)
     SourceManager* manager = managerOf(info);
     const std::uint64_t left = manager->bytes.length() - manager->position;
     const ByteView view = manager->bytes.view(
-        manager->position, static_cast<std::size_t>(std::min<std::uint64_t>(left, kLongestView)));
+        manager->position, static_cast<std::size_t>(std::min<std::uint64_t>(left, kMaxViewLength)));
     manager->position += view.size();
     manager->base.next_input_byte = view.empty() ? kEnd : view.data();
     manager->base.bytes_in_buffer = view.empty() ? std::size(kEnd) : view.size();
@@ -139,7 +139,7 @@ bool readHeader(Decoding* decoding)
 {
     jpeg_decompress_struct* info = &decoding->info;
     jpeg_create_decompress(info);
-    info->mem->max_memory_to_use = kMostMemory;
+    info->mem->max_memory_to_use = kMaxMemory;
     info->src = &decoding->source.base;
     return jpeg_read_header(info, TRUE) == JPEG_HEADER_OK;
 }
@@ -180,8 +180,8 @@ bool readScans(jpeg_decompress_struct* info)
         const int event = jpeg_consume_input(info);
         if (event == JPEG_REACHED_EOI) break;
         if (event == JPEG_SCAN_COMPLETED && needsMeansOnly && hasAllMeans(*info)) break;
-        if (info->input_scan_number > kMostScans) return false;
-        if (info->input_scan_number * pixelCount > kMostWork) return false;
+        if (info->input_scan_number > kMaxScans) return false;
+        if (info->input_scan_number * pixelCount > kMaxWork) return false;
     }
     return true;
 }
@@ -190,7 +190,7 @@ bool startDecoding(Decoding* decoding, PixelSize box)
 {
     jpeg_decompress_struct* info = &decoding->info;
     if (!readHeader(decoding)) return false;
-    if (std::int64_t{info->image_width} * info->image_height > kMostPixels) return false;
+    if (std::int64_t{info->image_width} * info->image_height > kMaxPixels) return false;
     decoding->wanted = fitInto(sizeOf(*info), box);
     if (decoding->wanted.width == 0) return false;
     chooseScale(info, decoding->wanted);

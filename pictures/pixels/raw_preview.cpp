@@ -11,7 +11,7 @@
 
 namespace pinorama {
 namespace {
-constexpr std::uint64_t kLargestOffset = INT64_MAX;
+constexpr std::uint64_t kMaxOffset = INT64_MAX;
 constexpr std::uint32_t kOpaque = 0xff000000;
 
 // LibRaw 0.20 wants this of every stream, 0.21 when it is built for old video formats, and later
@@ -28,7 +28,7 @@ public:
     explicit SourceStream(ByteSource& bytes) : bytes_(bytes) {}
 
     int valid() override { return 1; }
-    INT64 size() override { return static_cast<INT64>(std::min(bytes_.size(), kLargestOffset)); }
+    INT64 size() override { return static_cast<INT64>(std::min(bytes_.size(), kMaxOffset)); }
     INT64 tell() override { return position_; }
     int eof() override { return position_ >= size(); }
     int lock() override { return 1; }
@@ -90,7 +90,7 @@ private:
         const auto left = static_cast<std::uint64_t>(size() - position_);
         return bytes_.view(
             static_cast<std::uint64_t>(position_),
-            static_cast<std::size_t>(std::min<std::uint64_t>({wanted, left, kLongestView})));
+            static_cast<std::size_t>(std::min<std::uint64_t>({wanted, left, kMaxViewLength})));
     }
 
     ByteSource& bytes_;

@@ -33,7 +33,7 @@ using namespace pinorama;
 
 namespace {
 constexpr int kGap = 12;          // points
-constexpr int kMostWidth = 1500;  // points
+constexpr int kMaxWidth = 1500;   // points
 constexpr int kSettling = 300;    // milliseconds
 constexpr int kNoticeStates = 3;  // the offer, and both ends of it
 
@@ -69,7 +69,7 @@ public:
         std::vector<QPoint> places;
         for (const QPixmap& view : views_) {
             const QSize size = view.deviceIndependentSize().toSize();
-            if (at.x() > kGap && at.x() + size.width() > kMostWidth) at = {kGap, below + kGap};
+            if (at.x() > kGap && at.x() + size.width() > kMaxWidth) at = {kGap, below + kGap};
             places.push_back(at);
             width = std::max(width, at.x() + size.width() + kGap);
             below = std::max(below, at.y() + size.height());

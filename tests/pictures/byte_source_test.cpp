@@ -63,10 +63,10 @@ TEST(ByteSource_view, isWholeOrEmpty)
 
 TEST(ByteSource_view, hasAGreatestLengthInMemoryToo)
 {
-    const std::string bytes = patternOf(kLongestView + 1);
+    const std::string bytes = patternOf(kMaxViewLength + 1);
     MemoryByteSource source(viewOf(bytes));
-    EXPECT_EQ(source.view(1, kLongestView).size(), kLongestView);
-    EXPECT_TRUE(source.view(0, kLongestView + 1).empty());
+    EXPECT_EQ(source.view(1, kMaxViewLength).size(), kMaxViewLength);
+    EXPECT_TRUE(source.view(0, kMaxViewLength + 1).empty());
 }
 
 TEST(FileByteSource, takesOneReadForTheFirst64KiB)
@@ -112,7 +112,7 @@ TEST(FileByteSource, answersEveryPlaceAndLength)
         ASSERT_EQ(textOf(source.view(last, length)), bytes.substr(last));
         EXPECT_TRUE(source.view(last + 1, length).empty());
     }
-    EXPECT_TRUE(source.view(0, kLongestView + 1).empty());
+    EXPECT_TRUE(source.view(0, kMaxViewLength + 1).empty());
 }
 
 TEST(FileByteSource, aFileCutShortMeanwhileGivesEmptyViews)
@@ -138,8 +138,8 @@ TEST(FileByteSource, stopsReadingAfterItsLimit)
     for (std::uint64_t offset = 0; offset < 100000000; offset += 100000) {
         if (!source.view(offset, 1).empty()) ++answered;
     }
-    EXPECT_EQ(answered, FileByteSource::kMostReads);
-    EXPECT_EQ(source.readCount(), FileByteSource::kMostReads);
+    EXPECT_EQ(answered, FileByteSource::kMaxReads);
+    EXPECT_EQ(source.readCount(), FileByteSource::kMaxReads);
 }
 
 TEST(FileByteSource, whatCannotBeReadGivesEmptyViews)

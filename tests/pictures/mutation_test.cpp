@@ -160,7 +160,7 @@ TEST(readPictureProperties, aFileMadeToKeepTheReaderBusyIsGivenUp)
     // Segments of the largest size, one behind the other: each needs a read of its own.
     const std::string segment = test::jpegSegment(0xe2, std::string(65533, 'x'));
     std::string picture = "\xff\xd8";
-    for (int count = 0; count < FileByteSource::kMostReads + 20; ++count) picture += segment;
+    for (int count = 0; count < FileByteSource::kMaxReads + 20; ++count) picture += segment;
     picture += test::exifSegment(test::tiffWithGps({.lat = 48.1}));
 
     const test::TemporaryFolder folder;
@@ -170,6 +170,6 @@ TEST(readPictureProperties, aFileMadeToKeepTheReaderBusyIsGivenUp)
     close(descriptor);
     ASSERT_TRUE(properties);
     EXPECT_FALSE(properties->hasGps);
-    EXPECT_EQ(source.readCount(), FileByteSource::kMostReads);
+    EXPECT_EQ(source.readCount(), FileByteSource::kMaxReads);
     EXPECT_TRUE(readFromMemory(picture)->hasGps);
 }

@@ -37,7 +37,7 @@ PictureProperties fullProperties()
     properties.hasIptc = true;
     properties.city = u"K\u00f6ln";
     properties.state = u"\U0001F4F7";
-    properties.country = std::u16string(kLongestText, u'x');
+    properties.country = std::u16string(kMaxTextLength, u'x');
     properties.caption = u"\xd800 alone";
     return properties;
 }
@@ -46,8 +46,8 @@ TEST(decodeRequest, readsWhatEncodeRequestWrites)
 {
     for (const ReaderRequest& request :
          {kPropertyRequest, kPreviewRequest,
-          ReaderRequest{ReaderTask::cachedThumbnail, UINT32_MAX, 1, {1, kLargestPreviewSide}},
-          ReaderRequest{ReaderTask::properties, 0, kMostDescriptors, {}}}) {
+          ReaderRequest{ReaderTask::cachedThumbnail, UINT32_MAX, 1, {1, kMaxPreviewSide}},
+          ReaderRequest{ReaderTask::properties, 0, kMaxDescriptors, {}}}) {
         const std::optional<ReaderRequest> decoded = decodeRequest(encodeRequest(request));
         ASSERT_TRUE(decoded);
         EXPECT_TRUE(*decoded == request);
@@ -60,12 +60,12 @@ TEST(decodeRequest, refusesEverythingElse)
         {ReaderTask::hello, 1, 1, {}},
         {static_cast<ReaderTask>(4), 1, 1, {}},
         {ReaderTask::properties, 1, 0, {}},
-        {ReaderTask::properties, 1, kMostDescriptors + 1, {}},
+        {ReaderTask::properties, 1, kMaxDescriptors + 1, {}},
         {ReaderTask::properties, 1, 1, {1, 1}},
         {ReaderTask::picturePreview, 1, 0, {128, 128}},
         {ReaderTask::picturePreview, 1, 2, {128, 128}},
         {ReaderTask::picturePreview, 1, 1, {0, 128}},
-        {ReaderTask::picturePreview, 1, 1, {128, kLargestPreviewSide + 1}},
+        {ReaderTask::picturePreview, 1, 1, {128, kMaxPreviewSide + 1}},
     };
     for (const ReaderRequest& row : rows) EXPECT_FALSE(decodeRequest(encodeRequest(row)));
 
@@ -127,12 +127,12 @@ TEST(decodeProperties, readsWhatEncodePropertiesWrites)
 TEST(encodeProperties, leavesOutWhatCannotBeSent)
 {
     PictureProperties properties = fullProperties();
-    properties.country = std::u16string(kLongestText + 1, u'x');
+    properties.country = std::u16string(kMaxTextLength + 1, u'x');
     properties.latitude = std::numeric_limits<double>::quiet_NaN();
     properties.altitude = std::numeric_limits<double>::infinity();
     const std::optional<PictureProperties> decoded = decodeProperties(encodeProperties(properties));
     ASSERT_TRUE(decoded);
-    EXPECT_EQ(decoded->country, std::u16string(kLongestText, u'x'));
+    EXPECT_EQ(decoded->country, std::u16string(kMaxTextLength, u'x'));
     EXPECT_FALSE(decoded->latitude);
     EXPECT_FALSE(decoded->altitude);
     EXPECT_EQ(decoded->imageDirection, 359.99);
@@ -176,7 +176,7 @@ TEST(decodeProperties, refusesWhatNoReaderWrites)
 
     PictureProperties longText;
     longText.hasIptc = true;
-    longText.city = std::u16string(kLongestText, u'x');
+    longText.city = std::u16string(kMaxTextLength, u'x');
     std::vector<std::uint8_t> body = encodeProperties(longText);
     body.insert(body.end(), {'x', 0});
     body[4]++;  // one unit more than a text may have, and all there

@@ -224,14 +224,15 @@ TEST(serveReader, aPreviewGivesWayToTheNextRequest)
         const auto end = std::chrono::steady_clock::now() + kLongEnough;
         // Every piece is another read: each window is as long as a view can be.
         for (std::uint64_t piece = 1; std::chrono::steady_clock::now() < end; piece++) {
-            if (source.view(piece % 3 * kLongestView, kLongestView).empty()) return std::nullopt;
+            if (source.view(piece % 3 * kMaxViewLength, kMaxViewLength).empty())
+                return std::nullopt;
             isAtWork = true;
         }
         return PreviewReply{{1, 1, {0xff000000}}, false, {}, {}};
     };
     const ServedReader reader({tellSize, readOnAndOn});
     ASSERT_TRUE(reader.saysHello());
-    reader.ask(ReaderTask::picturePreview, 1, {files.ofSize(3 * kLongestView)}, {6, 4});
+    reader.ask(ReaderTask::picturePreview, 1, {files.ofSize(3 * kMaxViewLength)}, {6, 4});
     const auto end = std::chrono::steady_clock::now() + kLongEnough;
     while (!isAtWork && std::chrono::steady_clock::now() < end) std::this_thread::yield();
     reader.ask(ReaderTask::properties, 2, {files.ofSize(20)});
