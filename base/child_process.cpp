@@ -102,7 +102,7 @@ public:
         sigset_t defaults;
         sigemptyset(&none);
         sigemptyset(&defaults);
-        sigaddset(&defaults, SIGPIPE);
+        for (const int number : {SIGPIPE, SIGXFSZ}) sigaddset(&defaults, number);
         if (isApart) sigfillset(&defaults);
         const int group = isApart ? POSIX_SPAWN_SETPGROUP : 0;
         const int flags = POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF | group;

@@ -42,7 +42,7 @@ struct ProgramStart {
     // descriptor, which is above 2. Every other one is closed.
     std::vector<int> descriptors{};
     // In a process group of its own, so that what is typed in a terminal does not reach it, and
-    // with every signal at its default, not SIGPIPE alone.
+    // with every signal at its default, not SIGPIPE and SIGXFSZ alone.
     bool isApart = false;
 };
 

@@ -8,19 +8,22 @@
 #include "tests/support/picture_builder.h"
 
 #include <gtest/gtest.h>
-#include <poll.h>
+#include <sys/mman.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <cstdlib>
 #include <optional>
 #include <string>
+#include <thread>
 #include <vector>
 
 using namespace pinorama;
+using namespace std::chrono_literals;
 
 namespace {
 using Texts = std::vector<std::string>;
@@ -59,37 +62,38 @@ ReaderProcess forkGenerousReader()
     });
 }
 
-// Launches readers that show in a pipe that they have ended by themselves.
+// Launches readers that show in shared memory that they have ended by themselves; they keep no
+// descriptor but their socket.
 class WatchedReaders {
 public:
-    WatchedReaders() { EXPECT_EQ(pipe(ends_), 0); }
-    ~WatchedReaders()
-    {
-        close(ends_[0]);
-        close(ends_[1]);
-    }
-    WatchedReaders(const WatchedReaders&) = delete;
-    WatchedReaders& operator=(const WatchedReaders&) = delete;
-
     ReaderLauncher launcher()
     {
         return [this] {
             launched_++;
-            return forkReader([end = ends_[1]](int socket) {
+            return forkReader([ended = ended_](int socket) {
                 serveReader(socket, {readPictureProperties, {}});
-                (void)!write(end, "", 1);
+                ended->store(true);
             });
         };
     }
     int launched() const { return launched_; }
-    bool hasEnded(int milliseconds) const
+    bool hasEnded(std::chrono::milliseconds limit) const
     {
-        pollfd ended{ends_[0], POLLIN, 0};
-        return poll(&ended, 1, milliseconds) == 1;
+        const auto end = std::chrono::steady_clock::now() + limit;
+        while (!ended_->load() && std::chrono::steady_clock::now() < end) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
+        return ended_->load();
     }
 
 private:
-    int ends_[2] = {-1, -1};
+    using Flag = std::atomic<bool>;
+    static_assert(Flag::is_always_lock_free, "works between processes");
+
+    // Unmapped when the test program ends.
+    Flag* ended_ =
+        new (mmap(nullptr, sizeof(Flag), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0))
+            Flag(false);
     int launched_ = 0;
 };
 }  // namespace
@@ -169,7 +173,7 @@ TEST(FileReporter, startsTheReaderForPicturesAndDismissesItAfterTheOnlyOne)
         EXPECT_EQ(readers.launched(), row.launched);
         EXPECT_EQ(reporter.report(row.paths).size(), row.paths.size());
         EXPECT_EQ(readers.launched(), row.launched);
-        EXPECT_EQ(readers.hasEnded(row.isDismissed ? 10000 : 50), row.isDismissed);
+        EXPECT_EQ(readers.hasEnded(row.isDismissed ? 10s : 50ms), row.isDismissed);
     }
 }
 
