@@ -1,5 +1,6 @@
 #include "cli/worker_pool.h"
 
+#include "base/child_process.h"
 #include "cli/batch_message.h"
 #include "cli/diagnostic.h"
 
@@ -10,9 +11,7 @@
 
 #include <poll.h>
 #include <sched.h>
-#include <sys/prctl.h>
 #include <sys/socket.h>
-#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -22,25 +21,13 @@ constexpr std::size_t kMaxBatchesPerWorker = 4;  // dispatched, or with a result
 constexpr std::size_t kMaxQueuedBatches = 2;     // of one worker: the current one and the next
 constexpr std::size_t kReceiveSize = 65536;
 
-// Closes all descriptors except the standard streams and `kept`.
-void closeOthers(int kept)
-{
-    const auto first = static_cast<unsigned>(kept);
-    if (kept > STDERR_FILENO + 1) syscall(SYS_close_range, STDERR_FILENO + 1, first - 1, 0u);
-    syscall(SYS_close_range, first + 1, ~0u, 0u);
-}
-
 // The main function of a worker. It ends when its parent closes the socket or dies. Signals from
 // the terminal are for the parent; they stay blocked here as they are there.
-[[noreturn]] void runWorker(int socket, pid_t parent, const WorkerPool::Work& work)
+void runWorker(int socket, const WorkerPool::Work& work)
 {
-    prctl(PR_SET_PDEATHSIG, SIGKILL);
-    if (getppid() != parent) _exit(1);
-    closeOthers(socket);
     while (const auto paths = receivePaths(socket)) {
-        if (!sendResult(socket, work(*paths))) break;
+        if (!sendResult(socket, work(*paths))) return;
     }
-    _exit(0);
 }
 }  // namespace
 
@@ -100,9 +87,7 @@ bool WorkerPool::start(Worker* worker)
     if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0) return false;
     worker->socket = DescriptorHolder(ends[0]);
     DescriptorHolder theirs(ends[1]);
-    const pid_t parent = getpid();
-    worker->process = fork();
-    if (worker->process == 0) runWorker(theirs.get(), parent, work_);
+    worker->process = forkProcess(theirs.get(), [this](int socket) { runWorker(socket, work_); });
     if (worker->process < 0) worker->socket = DescriptorHolder();
     return worker->process > 0;
 }
