@@ -1,4 +1,4 @@
-# How every target of the project is compiled, and the libraries that the rooms add their sources to.
+# How every target of the project is compiled, and the libraries that the folders add their sources to.
 
 include(GNUInstallDirs)
 
@@ -22,7 +22,7 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 include(CheckPIESupported)
 check_pie_supported(LANGUAGES CXX)
 
-# What is found here is seen by every room, and by a project that has this one as a subdirectory.
+# What is found here is seen by every folder, and by a project that has this one as a subdirectory.
 set(CMAKE_FIND_PACKAGE_TARGETS_GLOBAL ON)
 if(PINORAMA_WITH_QT)
     find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets DBus LinguistTools)
@@ -88,7 +88,7 @@ if(PINORAMA_FUZZ)
 endif()
 
 # pinorama_add_library(NAME) makes the static library pinorama_NAME, known to others as pinorama::NAME.
-# The rooms add their sources to it with target_sources.
+# The folders add their sources to it with target_sources.
 function(pinorama_add_library name)
     add_library(pinorama_${name} STATIC)
     add_library(pinorama::${name} ALIAS pinorama_${name})
@@ -97,7 +97,7 @@ function(pinorama_add_library name)
         PRIVATE $<BUILD_INTERFACE:pinorama_warnings>)
 endfunction()
 
-# pinorama_add_qt_library(NAME) makes such a library for a room that stands on Qt.
+# pinorama_add_qt_library(NAME) makes such a library for a folder that stands on Qt.
 function(pinorama_add_qt_library name)
     pinorama_add_library(${name})
     set_target_properties(pinorama_${name} PROPERTIES AUTOMOC ON AUTOUIC ON)

@@ -125,9 +125,9 @@ std::optional<double> timeOfExiftool(const std::vector<std::string>& files, bool
 Files filesOfCollection(const std::string& folder)
 {
     Files files;
-    for (const char* room : {"jpeg-gps", "jpeg-iptc", "jpeg-plain", "raw"}) {
-        for (const auto& entry : std::filesystem::directory_iterator(folder + "/" + room)) {
-            const bool isRaw = std::string(room) == "raw";
+    for (const char* name : {"jpeg-gps", "jpeg-iptc", "jpeg-plain", "raw"}) {
+        for (const auto& entry : std::filesystem::directory_iterator(folder + "/" + name)) {
+            const bool isRaw = std::string(name) == "raw";
             const std::uint64_t size = entry.is_regular_file() ? entry.file_size() : 0;
             if (size == 0) continue;
             const std::string path = entry.path().string();

@@ -125,8 +125,8 @@ std::vector<std::string> filesOfCollection()
     std::vector<std::string> files;
     const std::optional<std::string> collection = test::pictureCollection();
     if (!collection) return files;
-    for (const char* room : {"jpeg-gps", "jpeg-iptc", "jpeg-plain", "raw"}) {
-        for (const auto& entry : std::filesystem::directory_iterator(*collection + "/" + room)) {
+    for (const char* name : {"jpeg-gps", "jpeg-iptc", "jpeg-plain", "raw"}) {
+        for (const auto& entry : std::filesystem::directory_iterator(*collection + "/" + name)) {
             if (entry.is_regular_file()) files.push_back(entry.path().string());
         }
     }

@@ -4,7 +4,7 @@
 set -u
 cd "$1" || exit 1
 
-rooms=$(find . -maxdepth 1 -type d -name '[a-z]*' ! -name build -printf '%f|')
+folders=$(find . -maxdepth 1 -type d -name '[a-z]*' ! -name build -printf '%f|')
 names=$(mktemp) || exit 1
 trap 'rm -f "$names"' EXIT
 find . -path ./build -prune -o -path ./.git -prune -o -type f -printf '%f\n' >"$names"
@@ -27,7 +27,7 @@ for document in ./*.md docs/*.md; do
         echo "$document names $name, which is not there"
         failures=$((failures + 1))
     done < <(grep -oE '`[^` ]+`' "$document" | tr -d '`' |
-        grep -E "^(${rooms%|})/[A-Za-z0-9_./-]+\$|^[a-z0-9_-]+\.(cpp|h|sh|py|ui|cmake|in)\$" | sort -u)
+        grep -E "^(${folders%|})/[A-Za-z0-9_./-]+\$|^[a-z0-9_-]+\.(cpp|h|sh|py|ui|cmake|in)\$" | sort -u)
 done
 [ $count -gt 0 ] || echo "the documents name no file"
 [ $count -gt 0 ] && [ $failures -eq 0 ]
