@@ -17,7 +17,7 @@ QString withSuffix(const QString& name)
     return name.endsWith(suffix, Qt::CaseInsensitive) ? name : name + suffix;
 }
 
-// Asks whether to replace a file, and calls `replace` when the answer is yes.
+// Asks whether to replace a file, and calls `replace` if the user says yes.
 void ask(const QString& file, QWidget* parent, const std::function<void()>& replace)
 {
     // In the toolkit's words, which it has in every language; a constant, because they are none of
@@ -29,8 +29,8 @@ void ask(const QString& file, QWidget* parent, const std::function<void()>& repl
     question->setAttribute(Qt::WA_DeleteOnClose);
     question->setDefaultButton(QMessageBox::No);
     question->setTextFormat(Qt::PlainText);
-    QObject::connect(question, &QMessageBox::finished, question, [replace](int answer) {
-        if (answer == QMessageBox::Yes) replace();
+    QObject::connect(question, &QMessageBox::finished, question, [replace](int choice) {
+        if (choice == QMessageBox::Yes) replace();
     });
     question->open();
 }

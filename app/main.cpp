@@ -59,14 +59,14 @@ bool hasDisplay(const std::vector<std::string>& arguments)
            std::ranges::any_of(arguments, choosesPlatform);
 }
 
-int complainOfUsage(const std::string& error)
+int printUsageError(const std::string& error)
 {
     std::fprintf(stderr, "pinorama: %s\n%s", error.c_str(), shortUsage().c_str());
     return kWrongUsage;
 }
 
 // The window shows what is known of a path, whether there is a file or not; a terminal can say it.
-void complainOfMissing(const std::string& path)
+void printMissing(const std::string& path)
 {
     struct stat facts = {};
     if (stat(path.c_str(), &facts) == 0) return;
@@ -148,7 +148,7 @@ int main(int argc, char** argv)
     if (atOnce && atOnce->version) return std::puts("pinorama " PINORAMA_VERSION) < 0;
 
     if (!hasDisplay(all)) {
-        if (!atOnce) return complainOfUsage(error);
+        if (!atOnce) return printUsageError(error);
         std::fputs("pinorama: no display; pinorama-info prints the same in a terminal\n", stderr);
         return kFailed;
     }
@@ -162,7 +162,7 @@ int main(int argc, char** argv)
 
     const std::vector<std::string> arguments(argv + std::min(argc, 1), argv + argc);
     const auto line = parseCommandLine(arguments, &error);
-    if (!line) return complainOfUsage(error);
-    if (!line->paths.empty()) complainOfMissing(line->paths.back());
+    if (!line) return printUsageError(error);
+    if (!line->paths.empty()) printMissing(line->paths.back());
     return run(*line);
 }

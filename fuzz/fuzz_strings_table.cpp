@@ -29,8 +29,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     // A byte order mark is one at the start of a table only.
     const std::string_view rest = bytes.starts_with("\xef\xbb\xbf") ? bytes.substr(3) : bytes;
-    const StringsTable behind("\"first\" = \"entry\";\n" + std::string(rest));
-    expect(behind.find(u"first").has_value());
-    expect(behind.size() >= alone.size());
+    const StringsTable after("\"first\" = \"entry\";\n" + std::string(rest));
+    expect(after.find(u"first").has_value());
+    expect(after.size() >= alone.size());
     return 0;
 }

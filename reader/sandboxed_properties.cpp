@@ -1,12 +1,11 @@
 #include "reader/sandboxed_properties.h"
 
-#include "reader/reader_client.h"
+#include "pictures/picture_properties.h"
 #include "reader/reader_protocol.h"
 #include "reader/reader_service.h"
 #include "reader/sandbox.h"
 
-#include <memory>
-#include <utility>
+#include <cstdint>
 
 namespace pinorama {
 namespace {
@@ -26,17 +25,6 @@ void serveSandboxedProperties(int socket)
 ReaderProcess forkPropertyReader()
 {
     return forkReader(serveSandboxedProperties);
-}
-
-PropertySource makeSandboxedPropertySource()
-{
-    const auto client = std::make_shared<ReaderClient>(forkPropertyReader);
-    client->start();
-    return [client](int descriptor, std::uint64_t /*size*/) -> std::optional<PictureProperties> {
-        PropertyResult result = client->readProperties(descriptor);
-        if (result.outcome != ReadOutcome::found) return std::nullopt;
-        return std::move(result.properties);
-    };
 }
 
 }  // namespace pinorama

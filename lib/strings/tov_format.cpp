@@ -102,8 +102,8 @@ private:
     {
         const FormatArgument* argument = nextArgument();
         if (argument == nullptr || !isNumeric(*argument)) return 0;
-        constexpr std::int64_t kMost = std::numeric_limits<int>::max();
-        return static_cast<int>(std::clamp<std::int64_t>(integerOf(*argument), -kMost, kMost));
+        constexpr std::int64_t kMax = std::numeric_limits<int>::max();
+        return static_cast<int>(std::clamp<std::int64_t>(integerOf(*argument), -kMax, kMax));
     }
 
     void print(FormatDirective directive)

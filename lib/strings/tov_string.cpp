@@ -101,8 +101,8 @@ std::int32_t TovStringGetLength(TovStringRef string)
 std::int32_t TovStringGetCLength(const char* text)
 {
     if (text == nullptr) return 0;
-    constexpr std::size_t kMost = std::numeric_limits<std::int32_t>::max();
-    return static_cast<std::int32_t>(std::min(std::strlen(text), kMost));
+    constexpr std::size_t kMax = std::numeric_limits<std::int32_t>::max();
+    return static_cast<std::int32_t>(std::min(std::strlen(text), kMax));
 }
 
 char16_t TovStringGetUniChar(TovStringRef string, std::int32_t index)

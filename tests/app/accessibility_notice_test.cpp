@@ -87,16 +87,16 @@ TEST_F(AccessibilityNoticeTest, saysPlainlyWhatToDo)
 
 TEST_F(AccessibilityNoticeTest, asksBeforeAnythingIsSwitchedOn)
 {
-    int wishes = 0;
+    int requests = 0;
     AccessibilityNotice shown(QStringLiteral("Dolphin"));
-    QObject::connect(&shown, &AccessibilityNotice::switchWanted, [&wishes] { wishes++; });
+    QObject::connect(&shown, &AccessibilityNotice::switchWanted, [&requests] { requests++; });
     shown.show();
     QCoreApplication::processEvents();
-    EXPECT_EQ(wishes, 0);
+    EXPECT_EQ(requests, 0);
     auto* button = shown.findChild<QPushButton*>(QStringLiteral("switchAccessibilityButton"));
     button->click();
     button->click();
-    EXPECT_EQ(wishes, 1);
+    EXPECT_EQ(requests, 1);
 }
 
 TEST_F(AccessibilityNoticeTest, tellsToRestartTheFileManagerOnceItIsOn)

@@ -42,9 +42,9 @@ protected:
         return nullptr;
     }
 
-    // Types a name and presses the button; a question is answered with `answer`. Returns the text
+    // Types a name and presses the button; a question is answered with `choice`. Returns the text
     // of the question.
-    std::string type(const std::string& name, QMessageBox::StandardButton answer = QMessageBox::Yes)
+    std::string type(const std::string& name, QMessageBox::StandardButton choice = QMessageBox::Yes)
     {
         if (dialog() == nullptr) controller.exportKMLButton->click();
         std::string asked;
@@ -55,7 +55,7 @@ protected:
         static_cast<QDialog*>(dialog())->accept();
         if (QMessageBox* box = question()) {
             asked = box->text().toStdString();
-            box->button(answer)->click();
+            box->button(choice)->click();
         }
         QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -109,7 +109,7 @@ TEST_F(ExportDialogTest, aDialogOfTheDesktopKnowsNothingOfTheSuffix)
 {
     (void)folder.write("trip.jpg.kml", "an earlier place");
     const QString chosen = QString::fromStdString(folder.file("trip.jpg"));
-    for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
+    for (const auto choice : {QMessageBox::No, QMessageBox::Yes}) {
         controller.exportKMLButton->click();
         ASSERT_NE(dialog(), nullptr);
         // So it ends, with what the user has chosen there.
@@ -117,7 +117,7 @@ TEST_F(ExportDialogTest, aDialogOfTheDesktopKnowsNothingOfTheSuffix)
         ASSERT_TRUE(test::waitUntil([] { return question() != nullptr; }));
         EXPECT_NE(question()->text().indexOf(QLatin1String("trip.jpg.kml")), -1);
         EXPECT_EQ(test::readFile(folder.file("trip.jpg.kml")), "an earlier place");
-        question()->button(answer)->click();
+        question()->button(choice)->click();
         dialog()->reject();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }

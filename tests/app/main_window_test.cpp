@@ -50,7 +50,7 @@ std::vector<std::string> tabOrder(QWidget* window)
     return names;
 }
 
-// What stands behind the '&' of a text; 0 for none.
+// What stands after the '&' of a text; 0 for none.
 char16_t mnemonicOf(const QString& text)
 {
     const qsizetype at = text.indexOf(QLatin1Char('&'));

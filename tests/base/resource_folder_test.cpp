@@ -16,14 +16,14 @@ TEST(programFolder, isTheFolderOfThisTest)
 
 TEST(resourceFolder, isWhatTheEnvironmentSays)
 {
-    const test::ScopedVariable told("PINORAMA_RESOURCES", "/somewhere/else");
+    const test::ScopedVariable variable("PINORAMA_RESOURCES", "/somewhere/else");
     EXPECT_EQ(resourceFolder(), "/somewhere/else");
 }
 
 TEST(resourceFolder, liesBesideTheBuildTreesPrograms)
 {
     for (const char* unset : {static_cast<const char*>(nullptr), ""}) {
-        const test::ScopedVariable told("PINORAMA_RESOURCES", unset);
+        const test::ScopedVariable variable("PINORAMA_RESOURCES", unset);
         EXPECT_EQ(resourceFolder(), programFolder() + "/../resources");
         EXPECT_TRUE(std::filesystem::exists(resourceFolder() + "/strings/en/Localizable.strings"));
     }

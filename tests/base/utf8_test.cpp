@@ -61,7 +61,7 @@ TEST(decodeUTF8, refusesWhatIsNotUTF8)
         {"beyond the last", "\xf4\x90\x80\x80"},
         {"five bytes", "\xf8\x88\x80\x80\x80"},
         {"never a byte", "\xff"},
-        {"behind a long run of ASCII", "0123456789abcdefghijklmnopqrstuvwxyz\x80"},
+        {"after a long run of ASCII", "0123456789abcdefghijklmnopqrstuvwxyz\x80"},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);

@@ -224,7 +224,7 @@ TEST(gpsFillInfoFromProperties, needsTwoCoordinatesThatAreNotZero)
         SCOPED_TRACE(row.name);
         Properties properties;
         properties.number("Latitude", row.latitude).number("Longitude", row.longitude);
-        // Everything behind the decision is read all the same.
+        // Everything after the decision is read all the same.
         properties.number("Altitude", 12)
             .number("ImgDirection", 90)
             .string("Satellites", "tilt:30");

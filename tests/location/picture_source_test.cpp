@@ -167,7 +167,7 @@ TEST(gpsCopyImageProperties, acceptsRegularFilesOnly)
         {"an empty file", folder.write("empty.jpg", ""), false},
         {"a text", folder.write("text.jpg", "no picture"), false},
         {"no path", "", false},
-        {"a picture's path with a zero byte behind it", picture + '\0' + ".jpg", false},
+        {"a picture's path with a zero byte after it", picture + '\0' + ".jpg", false},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);

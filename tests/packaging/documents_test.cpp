@@ -67,7 +67,7 @@ std::pair<int, int> sizeOfPng(const std::string& path)
 {
     const std::string png = documentOf(path);
     if (png.size() < 24 || png.substr(1, 3) != "PNG") return {};
-    // Both stand behind the first chunk's length and name, big-endian.
+    // Both stand after the first chunk's length and name, big-endian.
     const auto number = [&](std::size_t at) {
         int value = 0;
         for (std::size_t i = at; i < at + 4; ++i)
@@ -124,10 +124,10 @@ TEST(documentsOfTheWindow, bashCompletesOptionsAndActions)
         {"common beginning", "pinorama --service", 1, "--service-text --service"},
         {"all actions", "pinorama --action ''", 2, "home donate quit"},
         {"one action", "pinorama --action ho", 2, "home"},
-        {"behind the equals sign", "pinorama --action =", 2, "home donate quit"},
-        {"begun behind the equals sign", "pinorama --action = d", 3, "donate"},
+        {"after the equals sign", "pinorama --action =", 2, "home donate quit"},
+        {"begun after the equals sign", "pinorama --action = d", 3, "donate"},
         {"an option's own text", "pinorama --service-text --he", 2, ""},
-        {"behind the two dashes", "pinorama -- --he", 2, ""},
+        {"after the two dashes", "pinorama -- --he", 2, ""},
         {"a file", "pinorama pho", 1, ""},
     };
     for (const auto& row : rows) {

@@ -90,7 +90,7 @@ std::vector<Translation> translationsIn(const std::string& path)
     return all;
 }
 
-// What stands behind the '&' of a text; 0 for none.
+// What stands after the '&' of a text; 0 for none.
 char16_t mnemonicOf(const QString& text)
 {
     const qsizetype at = text.indexOf(QLatin1Char('&'));

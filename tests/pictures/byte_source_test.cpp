@@ -51,7 +51,7 @@ TEST(ByteSource_view, isWholeOrEmpty)
         {"end", 8, 2, "89"},
         {"nothing at the end", 10, 0, ""},
         {"one byte too many", 8, 3, ""},
-        {"behind the end", 11, 0, ""},
+        {"after the end", 11, 0, ""},
         {"an offset whose end would wrap around", UINT64_MAX, 2, ""},
         {"a length that would wrap around", 2, SIZE_MAX, ""},
     };
@@ -81,7 +81,7 @@ TEST(FileByteSource, takesOneReadForTheFirst64KiB)
     EXPECT_EQ(source.readCount(), 1);
     EXPECT_EQ(textOf(source.view(65000, 537)), bytes.substr(65000, 537));
     EXPECT_EQ(source.readCount(), 2);
-    // What stands near it comes from the same window, in front as well as behind.
+    // What stands near it comes from the same window, before it as well as after it.
     EXPECT_EQ(textOf(source.view(64000, 1000)), bytes.substr(64000, 1000));
     EXPECT_EQ(textOf(source.view(70000, 1000)), bytes.substr(70000, 1000));
     EXPECT_EQ(source.readCount(), 2);

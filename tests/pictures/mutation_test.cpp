@@ -93,7 +93,7 @@ private:
 
 std::optional<PictureProperties> readFromMemory(const std::string& bytes)
 {
-    // A block of exactly the right size: a string keeps a byte behind its end.
+    // A block of exactly the right size: a string keeps a byte after its end.
     const auto copy = std::make_unique<std::uint8_t[]>(bytes.size());
     std::copy(bytes.begin(), bytes.end(), copy.get());
     MemoryByteSource source({copy.get(), bytes.size()});
@@ -157,7 +157,7 @@ TEST(readPictureProperties, readsAFileAndMemoryAlike)
 
 TEST(readPictureProperties, aFileMadeToKeepTheReaderBusyIsGivenUp)
 {
-    // Segments of the largest size, one behind the other: each needs a read of its own.
+    // Segments of the largest size, one after the other: each needs a read of its own.
     const std::string segment = test::jpegSegment(0xe2, std::string(65533, 'x'));
     std::string picture = "\xff\xd8";
     for (int count = 0; count < FileByteSource::kMaxReads + 20; ++count) picture += segment;

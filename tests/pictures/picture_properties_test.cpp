@@ -228,7 +228,7 @@ TEST(readPictureProperties, readsAGpsDirectoryThatAnotherPointerShares)
 
 TEST(readPictureProperties, offsetsEndWithTheSegment)
 {
-    // A cut Exif segment: its GPS directory would lie in the segment behind it.
+    // A cut Exif segment: its GPS directory would lie in the segment after it.
     const std::string tiff = test::tiffWithGps(kEverything);
     const std::string picture = test::jpegPicture(
         {test::exifSegment(tiff.substr(0, 26)), test::jpegSegment(0xe2, tiff.substr(26 + 4))});

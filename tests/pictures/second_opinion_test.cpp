@@ -180,25 +180,25 @@ std::optional<json> readInChild(const std::string& path)
     if (child == 0) {
         alarm(20);
         Exiv2::LogMsg::setLevel(Exiv2::LogMsg::mute);
-        const std::string answer = readWithExiv2(path).dump();
+        const std::string text = readWithExiv2(path).dump();
         std::size_t done = 0;
-        while (done < answer.size()) {
-            const ssize_t count = write(ends[1], answer.data() + done, answer.size() - done);
+        while (done < text.size()) {
+            const ssize_t count = write(ends[1], text.data() + done, text.size() - done);
             if (count <= 0) break;
             done += static_cast<std::size_t>(count);
         }
-        _exit(done == answer.size() ? 0 : 1);
+        _exit(done == text.size() ? 0 : 1);
     }
     close(ends[1]);
-    std::string answer;
+    std::string text;
     char buffer[4096];
     for (ssize_t count; (count = read(ends[0], buffer, sizeof buffer)) > 0;) {
-        answer.append(buffer, static_cast<std::size_t>(count));
+        text.append(buffer, static_cast<std::size_t>(count));
     }
     close(ends[0]);
     int status = -1;
     if (child < 0 || waitpid(child, &status, 0) != child || status != 0) return std::nullopt;
-    return json::parse(answer);
+    return json::parse(text);
 }
 
 std::optional<json> readWithOurs(const std::string& path)
@@ -230,7 +230,7 @@ const struct {
 } kKnownDifferences[] = {
     {"hostile/ev2__exiv2-bug444.jpg",
      {"caption"},
-     "damaged record: Exiv2 searches for the next dataset behind it"},
+     "damaged record: Exiv2 searches for the next dataset after it"},
     {"hostile/ev2__exiv2-bug800-PHUT.jpg",
      {"city", "country", "state"},
      "resource 0x0404 of another program: its number means something only to that program"},

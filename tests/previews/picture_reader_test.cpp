@@ -88,14 +88,14 @@ TEST_F(ReaderEventsTest, areThoseOfTheApplication)
 
 TEST_F(ReaderEventsTest, receiveAPreviewAndReportIt)
 {
-    int told = 0;
+    int reported = 0;
     QObject context;
-    QObject::connect(ReaderEvents::instance(), &ReaderEvents::advanced, &context, [&told] {
-        if (cuPictureReader().hasPreview()) told++;
+    QObject::connect(ReaderEvents::instance(), &ReaderEvents::advanced, &context, [&reported] {
+        if (cuPictureReader().hasPreview()) reported++;
     });
     startPreview();
     EXPECT_EQ(previewFromTheEventLoop(), ReadOutcome::found);
-    EXPECT_GT(told, 0);
+    EXPECT_GT(reported, 0);
 }
 
 TEST_F(ReaderEventsTest, reportAPreviewThatCameWhileSomebodyWaitedForSomethingElse)

@@ -221,19 +221,19 @@ TEST_F(PreviewLoader, startsAgainWhenAnotherOneTookThePlaceAndCancels)
 
 TEST_F(PreviewLoader, reportsAMissingReaderAndDeliversNothing)
 {
-    std::vector<std::string> told;
+    std::vector<std::string> reported;
     QObject::connect(&loader_, &pinorama::PreviewLoader::readerMissing,
-                     [&](const std::string& path) { told.push_back(path); });
+                     [&](const std::string& path) { reported.push_back(path); });
     const std::string path = picture();
     {
         const test::ScopedVariable reader("PINORAMA_READER", "/nowhere/pinorama-reader");
         cuPictureReader().stop();
         request(path);
-        EXPECT_TRUE(test::waitUntil([&] { return !told.empty(); }));
+        EXPECT_TRUE(test::waitUntil([&] { return !reported.empty(); }));
         settle();
     }
-    ASSERT_EQ(told.size(), 1u);
-    EXPECT_EQ(told[0], path);
+    ASSERT_EQ(reported.size(), 1u);
+    EXPECT_EQ(reported[0], path);
     EXPECT_TRUE(arrivals_.empty());
 
     cuPictureReader().stop();
@@ -260,9 +260,9 @@ TEST_F(PreviewLoader, comesHoweverLongTheDiskTakes)
 
 TEST_F(PreviewLoader, reportsAStuckReaderAndDeliversTheIcon)
 {
-    std::vector<std::string> told;
+    std::vector<std::string> reported;
     QObject::connect(&loader_, &pinorama::PreviewLoader::readerStuck, [&](const std::string& path) {
-        told.push_back(path);
+        reported.push_back(path);
         EXPECT_TRUE(arrivals_.empty());
     });
     ReaderLimits limits;
@@ -280,8 +280,8 @@ TEST_F(PreviewLoader, reportsAStuckReaderAndDeliversTheIcon)
     cuPictureReader().setLimits({});
     ASSERT_EQ(arrivals_.size(), 1u);
     EXPECT_EQ(arrivals_[0].picture.size(), QSize(128, 128));
-    ASSERT_EQ(told.size(), 1u);
-    EXPECT_EQ(told[0], path);
+    ASSERT_EQ(reported.size(), 1u);
+    EXPECT_EQ(reported[0], path);
 }
 
 TEST_F(PreviewLoader, settlesForTheIcon)

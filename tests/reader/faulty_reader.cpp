@@ -171,11 +171,12 @@ void sleepFor(int milliseconds)
 // How long a file wants to be waited for, in milliseconds.
 int slownessOf(int descriptor)
 {
-    constexpr off_t kLongest = 32;
-    char bytes[kLongest + 1] = {};
+    constexpr off_t kMaxLength = 32;
+    char bytes[kMaxLength + 1] = {};
     const off_t size = lseek(descriptor, 0, SEEK_END);
-    if (pread(descriptor, bytes, kLongest, size > kLongest ? size - kLongest : 0) <= 0) return 0;
-    const std::string_view end(bytes, kLongest);
+    if (pread(descriptor, bytes, kMaxLength, size > kMaxLength ? size - kMaxLength : 0) <= 0)
+        return 0;
+    const std::string_view end(bytes, kMaxLength);
     const std::size_t at = end.rfind("SLOW ");
     return at == std::string_view::npos ? 0 : std::atoi(bytes + at + 5);
 }

@@ -373,7 +373,7 @@ TEST(startReaderProgram, handsOnNothingButTheSocket)
 TEST(readerProgram, liesBesideTheProgramUnlessToldOtherwise)
 {
     EXPECT_EQ(readerProgram(), programFolder() + "/pinorama-reader");
-    const test::ScopedVariable told("PINORAMA_READER", "/elsewhere/reader");
+    const test::ScopedVariable variable("PINORAMA_READER", "/elsewhere/reader");
     EXPECT_EQ(readerProgram(), "/elsewhere/reader");
 }
 }  // namespace

@@ -1,4 +1,4 @@
-// The locked-in copy of a program that reads for it.
+// The sandboxed copy of a program that reads for it.
 
 #include "reader/sandboxed_properties.h"
 
@@ -17,19 +17,19 @@ namespace {
 using test::kHasSanitizers;
 using Pictures = test::ReaderPictures;
 
-TEST(makeSandboxedPropertySource, readsInASandboxedCopyOfTheProgram)
+TEST(forkPropertyReader, readsInASandboxedCopyOfTheProgram)
 {
     const Pictures pictures;
-    const PropertySource source = makeSandboxedPropertySource();
+    ReaderClient client(forkPropertyReader);
     const PictureFile good(pictures.good());
     for (int i = 0; i < 3; i++) {
-        const std::optional<PictureProperties> properties = source(good.descriptor(), good.size());
-        ASSERT_TRUE(properties);
-        EXPECT_EQ(properties->latitude, 48.5);
-        EXPECT_EQ(properties->longitudeReference, u"E");
+        const PropertyResult result = client.readProperties(good.descriptor());
+        ASSERT_EQ(result.outcome, ReadOutcome::found);
+        EXPECT_EQ(result.properties.latitude, 48.5);
+        EXPECT_EQ(result.properties.longitudeReference, u"E");
     }
     const PictureFile other(pictures.secret());
-    EXPECT_FALSE(source(other.descriptor(), other.size()));
+    EXPECT_EQ(client.readProperties(other.descriptor()).outcome, ReadOutcome::nothing);
 }
 
 TEST(forkPropertyReader, mayTakeLittleOfTheMachine)
@@ -56,18 +56,22 @@ TEST(forkPropertyReader, mayTakeLittleOfTheMachine)
     EXPECT_LT(std::stoi(hardLimitOf("Max open files")), 100);
 }
 
-TEST(makeSandboxedPropertySource, agreesWithReadingInThisProcess)
+TEST(forkPropertyReader, agreesWithReadingInThisProcess)
 {
     const std::optional<std::string> collection = test::pictureCollection();
     if (!collection) GTEST_SKIP() << "PINORAMA_PICTURE_COLLECTION is not set";
-    const PropertySource source = makeSandboxedPropertySource();
+    ReaderClient client(forkPropertyReader);
     int found = 0;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(*collection)) {
         const PictureFile file(entry.path().string());
         if (!file.isOpen()) continue;
         FileByteSource bytes(file.descriptor(), file.size());
         const std::optional<PictureProperties> here = readPictureProperties(bytes);
-        EXPECT_EQ(source(file.descriptor(), file.size()), here) << entry.path();
+        const PropertyResult there = client.readProperties(file.descriptor());
+        EXPECT_EQ(there.outcome, here ? ReadOutcome::found : ReadOutcome::nothing) << entry.path();
+        if (here) {
+            EXPECT_EQ(there.properties, *here) << entry.path();
+        }
         if (here) found++;
     }
     EXPECT_GT(found, 300);

@@ -73,7 +73,7 @@ std::string test::exifWithThumbnail(int orientation, const std::string& thumbnai
     if (thumbnail.empty()) return block + first;
 
     const auto second = static_cast<std::uint32_t>(firstDirectory + first.size());
-    const auto linkPlace = 2 + 12 * fields.size();  // behind the count and the entries
+    const auto linkPlace = 2 + 12 * fields.size();  // after the count and the entries
     first.replace(linkPlace, 4, bytes32(order, second));
     const auto directoryOf = [&](std::uint32_t thumbnailOffset) {
         return tiffDirectory(

@@ -50,7 +50,7 @@ std::string tiffDirectory(ByteOrder order, std::uint32_t offset,
 
 struct TiffParts {
     ByteOrder order = ByteOrder::little;
-    std::uint16_t number = 42;        // behind the byte order; raw formats have their own
+    std::uint16_t number = 42;        // after the byte order; raw formats have their own
     std::vector<TiffField> fields{};  // of the first directory, the GPS pointer aside
     std::vector<TiffField> gps{};     // empty: no GPS directory and no pointer to it
 };

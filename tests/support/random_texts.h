@@ -49,7 +49,7 @@ std::basic_string<Element> writtenInto(std::size_t count, Write write)
         const auto isFill = [fill](Element element) { return element == fill; };
         EXPECT_TRUE(std::all_of(room.data(), dest, isFill)) << "written in front of the room";
         EXPECT_TRUE(std::all_of(dest + count, dest + count + kGuards, isFill))
-            << "written behind the room of " << count;
+            << "written after the room of " << count;
         written[turn].assign(dest, count);
     }
     // What was not written is what the room was filled with.

@@ -51,9 +51,9 @@ public:
             const ssize_t count = read(device_, message.data(), message.size());
             if (count < 0 && (errno == EINTR || errno == ENOENT || errno == EAGAIN)) continue;
             if (count < static_cast<ssize_t>(sizeof(fuse_in_header))) _exit(0);
-            fuse_in_header head;
-            std::memcpy(&head, message.data(), sizeof head);
-            handle(head, message.data() + sizeof head);
+            fuse_in_header header;
+            std::memcpy(&header, message.data(), sizeof header);
+            handle(header, message.data() + sizeof header);
         }
     }
 
@@ -73,18 +73,18 @@ private:
         return record;
     }
 
-    void answer(std::uint64_t unique, std::string_view body, int error = 0) const
+    void reply(std::uint64_t unique, std::string_view body, int error = 0) const
     {
-        fuse_out_header head = {static_cast<std::uint32_t>(sizeof head + body.size()), -error,
-                                unique};
-        iovec parts[] = {{&head, sizeof head}, {const_cast<char*>(body.data()), body.size()}};
+        fuse_out_header header = {static_cast<std::uint32_t>(sizeof header + body.size()), -error,
+                                  unique};
+        iovec parts[] = {{&header, sizeof header}, {const_cast<char*>(body.data()), body.size()}};
         (void)!writev(device_, parts, 2);
     }
 
     template <typename Record>
-    void answerRecord(std::uint64_t unique, const Record& record) const
+    void replyRecord(std::uint64_t unique, const Record& record) const
     {
-        answer(unique, {reinterpret_cast<const char*>(&record), sizeof record});
+        reply(unique, {reinterpret_cast<const char*>(&record), sizeof record});
     }
 
     fuse_attr attributesOf(std::uint64_t node) const
@@ -107,19 +107,19 @@ private:
         greeting.minor = std::min<std::uint32_t>(hello.minor, FUSE_KERNEL_MINOR_VERSION);
         greeting.max_readahead = hello.max_readahead;
         greeting.max_write = 4096;
-        answerRecord(unique, greeting);
+        replyRecord(unique, greeting);
     }
 
     void lookUp(std::uint64_t unique, const std::string& name) const
     {
         const auto found = std::find_if(files_.begin(), files_.end(),
                                         [&](const File& file) { return file.name == name; });
-        if (found == files_.end()) return answer(unique, {}, ENOENT);
+        if (found == files_.end()) return reply(unique, {}, ENOENT);
         fuse_entry_out entry = {};
         entry.nodeid = kFirstFile + static_cast<std::uint64_t>(found - files_.begin());
         entry.entry_valid = entry.attr_valid = kLongValid;
         entry.attr = attributesOf(entry.nodeid);
-        answerRecord(unique, entry);
+        replyRecord(unique, entry);
     }
 
     void list(std::uint64_t unique, const fuse_read_in& range) const
@@ -138,7 +138,7 @@ private:
             if (entries.size() + bytes.size() > range.size) break;
             entries += bytes;
         }
-        answer(unique, entries);
+        reply(unique, entries);
     }
 
     void readBytes(std::uint64_t unique, std::size_t file, const fuse_read_in& range)
@@ -157,38 +157,39 @@ private:
             if (waiting.due > Clock::now()) return false;
             const std::string_view bytes = files_[waiting.file].bytes;
             const std::size_t start = std::min<std::size_t>(waiting.range.offset, bytes.size());
-            answer(waiting.unique, bytes.substr(start, waiting.range.size));
+            reply(waiting.unique, bytes.substr(start, waiting.range.size));
             return true;
         });
     }
 
-    void handle(const fuse_in_header& head, const char* body)
+    void handle(const fuse_in_header& header, const char* body)
     {
-        switch (head.opcode) {
-        case FUSE_INIT: return greet(head.unique, recordIn<fuse_init_in>(body));
-        case FUSE_LOOKUP: return lookUp(head.unique, body);
+        switch (header.opcode) {
+        case FUSE_INIT: return greet(header.unique, recordIn<fuse_init_in>(body));
+        case FUSE_LOOKUP: return lookUp(header.unique, body);
         case FUSE_GETATTR: {
             fuse_attr_out attributes = {};
             attributes.attr_valid = kLongValid;
-            attributes.attr = attributesOf(head.nodeid);
-            return answerRecord(head.unique, attributes);
+            attributes.attr = attributesOf(header.nodeid);
+            return replyRecord(header.unique, attributes);
         }
         case FUSE_OPEN:
         case FUSE_OPENDIR: {
             // Otherwise opening a file while another process waits for its bytes would wait too.
             fuse_open_out opened = {};
             opened.open_flags = FOPEN_KEEP_CACHE;
-            return answerRecord(head.unique, opened);
+            return replyRecord(header.unique, opened);
         }
         case FUSE_READ:
-            return readBytes(head.unique, head.nodeid - kFirstFile, recordIn<fuse_read_in>(body));
-        case FUSE_READDIR: return list(head.unique, recordIn<fuse_read_in>(body));
+            return readBytes(header.unique, header.nodeid - kFirstFile,
+                             recordIn<fuse_read_in>(body));
+        case FUSE_READDIR: return list(header.unique, recordIn<fuse_read_in>(body));
         case FUSE_RELEASE:
-        case FUSE_RELEASEDIR: return answer(head.unique, {});
+        case FUSE_RELEASEDIR: return reply(header.unique, {});
         case FUSE_FORGET:
         case FUSE_BATCH_FORGET:
-        case FUSE_INTERRUPT: return;  // nothing to answer
-        default: return answer(head.unique, {}, ENOSYS);
+        case FUSE_INTERRUPT: return;  // nothing to reply to
+        default: return reply(header.unique, {}, ENOSYS);
         }
     }
 

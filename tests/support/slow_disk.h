@@ -19,7 +19,7 @@ public:
     struct File {
         std::string name;
         std::string bytes;
-        int wait;  // milliseconds from the first read to its answer, or kNever
+        int wait;  // milliseconds from the first read to its reply, or kNever
     };
 
     // Mounts the disk over `folder`, an empty folder of the caller's.

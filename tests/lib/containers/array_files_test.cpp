@@ -56,7 +56,7 @@ TEST(memAppendFileContentsMMIO, writesTheItemsInUseAfterTheEnd)
     const std::uint32_t item = 9;
     ASSERT_EQ(memAppendItem(&roomy, &item), 0);
     EXPECT_EQ(memAppendFileContentsMMIO(file.fork.get(), &roomy), 0);
-    EXPECT_EQ(file.content().size(), 6u + 12 + 4) << "not the room behind the items";
+    EXPECT_EQ(file.content().size(), 6u + 12 + 4) << "not the room after the items";
 
     const test::Array empty;
     EXPECT_EQ(memAppendFileContentsMMIO(file.fork.get(), &empty), 0);
@@ -259,7 +259,7 @@ TEST(memEndianConvertFlexDynArray, stopsAtAHeaderWhoseDataRunTooFar)
         std::uint32_t size;
         std::int16_t status;
     } rows[] = {
-        // The second item's data begins behind 12 + 12 bytes at the end of the used bytes.
+        // The second item's data begins after 12 + 12 bytes at the end of the used bytes.
         {"fits", 0, 0},
         {"runs over by 12", 12, 0},
         {"runs over by 24", 24, 0},

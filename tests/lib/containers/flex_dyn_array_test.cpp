@@ -254,8 +254,8 @@ TEST(memChangeFlexData, insertsInIdOrderAndReplaces)
     } rows[] = {
         {"between", 5, 1, "five", {start[0], start[1], {5, 1, "five"}, start[2]}},
         {"in front", 1, 9, "one", {{1, 9, "one"}, start[0], start[1], start[2]}},
-        {"behind", 8, 1, "eight", {start[0], start[1], start[2], {8, 1, "eight"}}},
-        {"new type goes behind its ID", 3, 0, "x", {start[0], start[1], {3, 0, "x"}, start[2]}},
+        {"after", 8, 1, "eight", {start[0], start[1], start[2], {8, 1, "eight"}}},
+        {"new type goes after its ID", 3, 0, "x", {start[0], start[1], {3, 0, "x"}, start[2]}},
         {"new type of the last ID", 7, 0, "x", {start[0], start[1], start[2], {7, 0, "x"}}},
         {"same size", 3, 2, "less", {start[0], {3, 2, "less"}, start[2]}},
         {"longer", 3, 1, "three times", {{3, 1, "three times"}, start[1], start[2]}},

@@ -148,7 +148,7 @@ TEST(memAdjustIDinFlexDynArray, allowsAnItemToRunPastTheUsedBytesBy12)
     } rows[] = {
         {"fits", 8, 0, 5},
         {"location + size at the end", 20, 0, 5},
-        {"location + size 12 behind the end", 32, 0, 5},
+        {"location + size 12 after the end", 32, 0, 5},
         {"one more", 33, kMemErrBadPosition, 2},
         {"wraps", UINT32_MAX, kMemErrBadPosition, 2},
         {"wraps to the start", UINT32_MAX - 12, kMemErrBadPosition, 2},

@@ -14,7 +14,7 @@ test::LogFolder::LogFolder() : variable_("HOME", home_.path().c_str()) {}
 
 std::string test::LogFolder::log() const
 {
-    // A stamp stands at the beginning or behind the end of an entry or of a banner.
+    // A stamp stands at the beginning or after the end of an entry or of a banner.
     const std::regex stamp("(\\d+/\\d+/\\d+)\t(\\d+:\\d\\d:\\d\\d [AP]M)\t");
     return std::regex_replace(readFile(logPath()), stamp, "DATE\tTIME\t");
 }

@@ -19,7 +19,7 @@ public:
     // The whole log, its dates and times written as "DATE" and "TIME".
     std::string log() const;
 
-    // The same behind the banner, which must be there exactly once and in front.
+    // The same after the banner, which must be there exactly once and in front.
     std::string entries() const;
 
     // Makes a log without a banner, as any file that is there already.

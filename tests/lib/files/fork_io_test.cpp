@@ -388,7 +388,7 @@ TEST(feCopyFileData, copiesRanges)
         {"nothing beyond the end", 100, 0, 100, 0, "....."},
         {"all", 0, 10, 0, 0, "0123456789"},
         {"middle", 2, 3, 1, 0, ".234."},
-        {"behind the end", 9, 1, 5, 0, ".....9"},
+        {"after the end", 9, 1, 5, 0, ".....9"},
         {"one past the end", 1, 10, 0, kErrShortTransfer, "....."},
         {"beyond the end", 50, 1, 0, kErrShortTransfer, "....."},
         {"before the source's start", -1, 1, 0, kErrBadArgument, "....."},

@@ -32,7 +32,7 @@ TEST(feGetFileModificationDate, countsWholeSecondsSince1904InUTC)
         {"2000", 946684800, 0, 3029529600u},
         {"fraction is dropped", 946684800, 999999999, 3029529600u},
         {"last second that fits", 2212122495, 0, 4294967295u},
-        {"low 32 bits behind it", 2212122496, 0, 0u},
+        {"low 32 bits after it", 2212122496, 0, 0u},
         {"half a second before 1970", -1, 500000000, 2082844799u},
     };
     for (const auto& row : rows) {

@@ -33,7 +33,7 @@ TEST(createPathText, keepsBytesThatAreNotUTF8AsLoneUnits)
         {"encoded surrogate", "\xed\xa0\x80", u"\xdced\xdca0\xdc80"},
         {"bad byte between good characters", "\xc3\xa4\xff\xc3\xb6", u"\u00e4\xdcff\u00f6"},
         // The second half of this character, U+DCF7, would stand for a byte if it stood alone.
-        {"bad byte behind a character with such a half", "\xf0\x9f\x93\xb7\xff",
+        {"bad byte after a character with such a half", "\xf0\x9f\x93\xb7\xff",
          u"\U0001f4f7\xdcff"},
         {"empty", "", u""},
     };

@@ -103,7 +103,7 @@ TEST(TovStringFromUTF8, decodesAllOfInvalidUTF8AsMacRoman)
         std::string bytes;
         const char* expected;
     } rows[] = {
-        {"lone byte behind valid UTF-8", "\u00e9\x8e", "√©é"},
+        {"lone byte after valid UTF-8", "\u00e9\x8e", "√©é"},
         {"cut off", "\xe2\x82", "‚Ç"},
         {"overlong", "\xc0\x80", "¿Ä"},
         {"encoded surrogate", "\xed\xa0\x80", "Ì†Ä"},
@@ -161,7 +161,7 @@ TEST(TovStringCopyToUTF8, writesNothingForALoneSurrogate)
 {
     EXPECT_EQ(copiedUTF8(fromUnits({u"a\xd800", 2}).get()), "");
     EXPECT_EQ(copiedUTF8(fromUnits({u"\xdc00\x61", 2}).get()), "");
-    EXPECT_EQ(copiedUTF8(fromUnits({u"a\0\xd800", 3}).get()), "") << "even behind the end";
+    EXPECT_EQ(copiedUTF8(fromUnits({u"a\0\xd800", 3}).get()), "") << "even after the end";
 }
 
 TEST(TovStringCopyToUTF8, toleratesNullPointers)

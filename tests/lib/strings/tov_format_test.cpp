@@ -167,7 +167,7 @@ TEST(tovFormat, alignsAndPads)
         std::string expected;
     } rows[] = {
         {"zeros", u"%02i", {7}, "07"},
-        {"zeros behind the sign", u"%05i", {-42}, "-0042"},
+        {"zeros after the sign", u"%05i", {-42}, "-0042"},
         {"blanks", u"%5i", {-42}, "  -42"},
         {"left", u"%-5i|", {-42}, "-42  |"},
         {"plus", u"%+i", {42}, "+42"},

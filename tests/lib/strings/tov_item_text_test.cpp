@@ -15,7 +15,7 @@ namespace {
 constexpr std::uint32_t kID = 5;
 constexpr std::uint32_t kType = 7;
 
-// An array with one item, and another behind it so that the first may be empty.
+// An array with one item, and another after it so that the first may be empty.
 class OneItem {
 public:
     explicit OneItem(std::string_view bytes)

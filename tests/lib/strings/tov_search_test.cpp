@@ -247,7 +247,7 @@ TEST(TovStringGetExtension, isWhatFollowsTheLastDot)
         {"empty", "", std::nullopt, ""},
         {"one character", "a", std::nullopt, "a"},
         {"one dot", ".", std::nullopt, "."},
-        {"slash behind the dot", "a.b/c", "b/c", "a"},
+        {"slash after the dot", "a.b/c", "b/c", "a"},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);

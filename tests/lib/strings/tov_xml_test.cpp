@@ -120,7 +120,7 @@ TEST(TovStringSimpleXMLParserFindData, findsTheFirstElement)
         {"other case", "<A>x</A>", std::nullopt},
         {"not closed", "<a>x", std::nullopt},
         {"closed before", "</a><a>x", std::nullopt},
-        {"closed before and behind", "</a><a>x</a>", "x"},
+        {"closed before and after", "</a><a>x</a>", "x"},
         {"empty text", "", std::nullopt},
     };
     const auto tag = text("a");

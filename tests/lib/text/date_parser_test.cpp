@@ -57,7 +57,7 @@ TEST(createDateFromText, readsThePattern)
         {"colons", u"yyyy:MM:d HH:mm:ss", u"2008:12:24 18:30:00", kChristmasEve},
         {"colons, date only", u"yyyy:MM:d", u"2008:12:25", kChristmasDay},
         {"a single-digit day", u"yyyy:MM:d", u"2008:12:5", kChristmasDay - 20 * 86400},
-        {"text behind the match", u"yyyy:MM:d", u"2008:12:25 and more", kChristmasDay},
+        {"text after the match", u"yyyy:MM:d", u"2008:12:25 and more", kChristmasDay},
         {"leap day", u"yyyy:MM:d", u"2008:02:29", 1204243200},
         {"no such leap day", u"yyyy:MM:d", u"2009:02:29", std::nullopt},
         {"no such month", u"yyyy:MM:d", u"2008:13:01", std::nullopt},

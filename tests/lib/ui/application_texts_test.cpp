@@ -55,7 +55,7 @@ TEST_P(application_texts, haveTheUnitWords)
         const auto word = test::takeUTF8(iuGetIndCFString(1001, index));
         EXPECT_NE(word, "STR#1001:" + std::to_string(index));
         EXPECT_NE(word, "");
-        // The four unit words stand right behind a number; the word for bytes gets its blank there.
+        // The four unit words stand right after a number; the word for bytes gets its blank there.
         const bool hasBlank = word->starts_with(' ') || word->starts_with("\u00a0");
         EXPECT_EQ(hasBlank, index != 93);
     }

@@ -170,7 +170,7 @@ TEST(compressToZIPFile, failureKeepsTheSourceAndLeavesNothing)
     EXPECT_NE(compress(folder.file("missing.jpg"), folder.file("out.zip"), true), 0);
     EXPECT_FALSE(fs::exists(folder.file("out.zip")));
     EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), fs::directory_iterator()), 1)
-        << "nothing unfinished stays behind";
+        << "nothing unfinished is left after";
 }
 
 TEST(compressToZIPFile, failureKeepsAnArchiveThatWasThere)
