@@ -54,6 +54,7 @@ int ReaderClient::millisecondsLeft() const
     } else if (process_) {
         when = watch_.nextLook(now);
         if (const auto givesWay = whenFrontGivesWay()) when = std::min(when, *givesWay);
+        if (const auto end = whenTurnsEnd()) when = std::min(when, *end);
     }
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(when - now);
     return static_cast<int>(std::max(left, 0ms).count());
@@ -309,17 +310,43 @@ void ReaderClient::blameFront(Loss loss)
     }
 }
 
+// When a job that was interrupted has had its time in all of its turns; never without interruption,
+// when its one turn is watched.
+std::optional<ReaderClient::Clock::time_point> ReaderClient::whenTurnsEnd() const
+{
+    if (!jobs_.isReady() || !jobs_.isFrontSent()) return std::nullopt;
+    const ReaderJob& front = jobs_.all().front();
+    if (front.interruptions == 0) return std::nullopt;
+    return front.firstSent + patienceOf(front).whole;
+}
+
 void ReaderClient::checkTime()
 {
     if (!process_) return;
-    if (jobs_.isReady() && !jobs_.isFrontSent()) return;  // idle
     const Clock::time_point now = Clock::now();
-    if (watch_.isDue(now) && watch_.isStuck(now, process_.processorTime())) {
+    if (jobs_.isReady() && !jobs_.isFrontSent()) {
+        checkSending(now);
+        return;
+    }
+    fullSince_ = Clock::time_point::max();
+    const auto turnsEnd = whenTurnsEnd();
+    const bool isWatchedOut = watch_.isDue(now) && watch_.isStuck(now, process_.processorTime());
+    if (isWatchedOut || (turnsEnd && now >= *turnsEnd)) {
         loseReader(Loss::stuck);
         return;
     }
     const auto givesWay = whenFrontGivesWay();
     if (givesWay && now >= *givesWay) loseReader(Loss::inTheWay);
+}
+
+// The reader has no request. If there is one that it does not take, somebody has to end that: a
+// reader that replies without reading would fill its socket and keep the window waiting for good.
+void ReaderClient::checkSending(Clock::time_point now)
+{
+    fullSince_ = jobs_.isEmpty() ? Clock::time_point::max() : std::min(fullSince_, now);
+    if (jobs_.isEmpty() || now - fullSince_ < patienceOf(jobs_.front()).silence) return;
+    fullSince_ = Clock::time_point::max();
+    loseReader(Loss::stuck);
 }
 
 }  // namespace pinorama

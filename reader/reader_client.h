@@ -54,8 +54,11 @@ struct ReaderLimits {
 //   starting  A process that has not said its first word. Requests are sent to it all the same.
 //             Limited by ReaderLimits::start.
 //   idle      Ready, and no request is with it. It may take any time.
-//   working   Has at least one request; the oldest one is limited by the patience for its task.
-//             Further requests make a preview give way, and properties that nobody waits for.
+//   working   Has at least one request; the oldest one is limited by the patience for its task, in
+//             all of its turns together. Further requests make a preview give way, and properties
+//             that nobody waits for.
+//
+// An idle reader that takes no request is limited too: it is lost after the patience's silence.
 //
 // A job that was sent when its reader was lost is sent again to the next one, unless it is to
 // blame. Whatever is pending may change whenever this waits or advances, so that a caller holds a
@@ -157,7 +160,9 @@ private:
     void loseReader(Loss loss);
     void loseStartingReader(Loss loss, Clock::time_point now);
     void blameFront(Loss loss);
+    std::optional<Clock::time_point> whenTurnsEnd() const;
     void checkTime();
+    void checkSending(Clock::time_point now);
     void step();
     void waitWhile(const std::function<bool()>& isOpen, Clock::time_point end, int alarm = -1);
     void changed();
@@ -170,6 +175,7 @@ private:
     Clock::time_point notBefore_{};     // of the next start
     Clock::time_point missingUntil_{};  // no reader is tried before
     Clock::time_point crowdedSince_ = Clock::time_point::max();  // while too many linger
+    Clock::time_point fullSince_ = Clock::time_point::max();     // while a request cannot be sent
     int deathsInRow_ = 0;                                        // without a reply in between
     int failedStarts_ = 0;
     ReaderJobs jobs_;

@@ -95,6 +95,7 @@ bool ReaderJobs::sendBatch(int socket, std::size_t first, std::size_t max)
         jobs_[i].isSent = true;
         jobs_[i].hasCompany = descriptors.size() > 1;
         jobs_[i].sent = now;
+        if (jobs_[i].interruptions == 0) jobs_[i].firstSent = now;
     }
     if (first == 0) beginTurn();
     return true;
@@ -151,7 +152,7 @@ void ReaderJobs::becomeReady(int socket)
     isReady_ = true;
     // The time of what it has been sent already begins now.
     for (ReaderJob& job : jobs_) {
-        if (job.isSent) job.sent = Clock::now();
+        if (job.isSent) job.sent = job.firstSent = Clock::now();
     }
     beginTurn();
     send(socket);

@@ -48,6 +48,7 @@ struct ReaderJob {
     PixelSize box;
     PropertyResult* propertyResult;  // where the result goes; null: to ReaderJobs::results()
     std::chrono::steady_clock::time_point sent{};
+    std::chrono::steady_clock::time_point firstSent{};  // before the first interruption
     bool isSent = false;
     bool hasCompany = false;  // was sent in a request for several pictures
     bool isAlone = false;     // is only sent in a request of its own

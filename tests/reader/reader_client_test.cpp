@@ -1,17 +1,22 @@
 #include "reader/reader_client.h"
 
+#include "base/descriptor.h"
+#include "reader/reader_protocol.h"
 #include "reader/reader_service.h"
+#include "reader/reader_socket.h"
 #include "reader/sandboxed_properties.h"
 #include "tests/reader/reader_fixture.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <csignal>
 #include <filesystem>
 #include <string>
 
 #include <fcntl.h>
+#include <sys/ioctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -168,6 +173,69 @@ TEST(ReaderClient, aPictureThatWasSentToAReaderThatNeverGotReadyIsSentToTheNextO
     });
     EXPECT_EQ(propertiesOf(client, pictures.good()).outcome, ReadOutcome::found);
     EXPECT_EQ(starts, 2);
+}
+
+// Replies to each request as it comes in, but leaves it in the socket, which fills up.
+void replyWithoutReading(int socket)
+{
+    (void)sendAll(socket, encodeReplyHeader({ReaderTask::hello, ReplyOutcome::found, 0, 0}));
+    for (std::uint32_t number = 1;; number++) {
+        int queued = 0;
+        while (ioctl(socket, FIONREAD, &queued) == 0 &&
+               static_cast<std::size_t>(queued) < number * kRequestSize) {
+            usleep(100);
+        }
+        const auto reply =
+            encodeReplyHeader({ReaderTask::properties, ReplyOutcome::nothing, number, 0});
+        if (!sendAll(socket, reply)) return;
+    }
+}
+
+TEST(ReaderClient, losesAReaderThatTakesNoRequests)
+{
+    const Pictures pictures;
+    int starts = 0;
+    ReaderClient client(
+        [&starts] {
+            return forkReader([isFirst = ++starts == 1](int socket) {
+                if (isFirst) replyWithoutReading(socket);
+                serveReader(socket, {readPictureProperties, {}});
+            });
+        },
+        {.properties = {.processor = 1s, .silence = 500ms, .whole = 5s}});
+    const auto start = Clock::now();
+    ReadOutcome outcome = ReadOutcome::nothing;
+    for (int i = 0; i < 10000 && outcome == ReadOutcome::nothing; i++) {
+        outcome = propertiesOf(client, pictures.good()).outcome;
+    }
+    EXPECT_EQ(outcome, ReadOutcome::found) << "of the second reader";
+    EXPECT_EQ(starts, 2);
+    EXPECT_LT(Clock::now() - start, 10s);
+}
+
+TEST(ReaderClient, anInterruptedPreviewHasItsTimeOnce)
+{
+    const Pictures pictures;
+    ReaderClient client(
+        [] {
+            return forkReader([](int socket) {
+                (void)sendAll(socket,
+                              encodeReplyHeader({ReaderTask::hello, ReplyOutcome::found, 0, 0}));
+                std::array<std::uint8_t, kRequestSize> bytes;
+                std::vector<DescriptorHolder> descriptors;
+                while (receiveRequest(socket, bytes, &descriptors)) {
+                    usleep(200'000);
+                    const std::uint32_t number = decodeRequest(bytes)->number;
+                    (void)sendAll(socket,
+                                  encodeReplyHeader({ReaderTask::picturePreview,
+                                                     ReplyOutcome::interrupted, number, 0}));
+                }
+            });
+        },
+        {.preview = {.processor = 1s, .silence = 1s, .whole = 1s}});
+    const auto start = Clock::now();
+    EXPECT_EQ(previewOf(client, pictures.good()).outcome, ReadOutcome::stuck);
+    EXPECT_LT(Clock::now() - start, 4s);
 }
 
 TEST(ReaderClient, aPreviewGivesWayToProperties)
