@@ -149,7 +149,13 @@ bool AppController::acceptPath(TovStringRef path)
 bool AppController::applicationOpenFile(TovStringRef path)
 {
     showMainWindow();
+    if (path != nullptr) intake_.keepOpened();
     return updateValuesForNewPath(path);
+}
+
+void AppController::openPath(const std::string& path)
+{
+    intake_.open(path);
 }
 
 void AppController::openFile(const QMimeData* pasteboard)

@@ -105,7 +105,11 @@ public:
     PictureReading& reading() { return reading_; }
 
     // Brings the window forward and shows a file. Returns what updateValuesForNewPath does.
+    // The file stays until the selection in the file manager changes.
     bool applicationOpenFile(TovStringRef path);
+
+    // The same for a path in the bytes of the system.
+    void openPath(const std::string& path);
 
     // Brings the window forward and, when the pasteboard holds a plain text that is not empty,
     // shows the file whose path that text is, as it stands.

@@ -6,6 +6,7 @@
 #include "lib/strings/string_holder.h"
 #include "lib/ui/qt_text.h"
 
+#include <QCheckBox>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -17,20 +18,44 @@ namespace pinorama {
 PathIntake::PathIntake(MainWindow& window, SelectionSource* selection)
     : window_(window), selection_(selection)
 {
-    connect(&window_, &MainWindow::fileDropped, this, &PathIntake::pathOpened);
+    connect(&window_, &MainWindow::fileDropped, this, &PathIntake::open);
+    connect(window_.syncCheckbox, &QCheckBox::toggled, this, [this] { keepsOpened_ = false; });
+}
+
+void PathIntake::keepOpened()
+{
+    keepsOpened_ = true;
+    // A selection that was seen before the box was unchecked says nothing about the one of now.
+    if (window_.syncCheckbox->checkState() != Qt::Checked) seen_.reset();
+}
+
+void PathIntake::open(const std::string& path)
+{
+    keepOpened();
+    Q_EMIT pathOpened(path);
+}
+
+// The selection; empty as long as it is the one beside which a file was opened.
+std::vector<std::string> PathIntake::selectedPaths()
+{
+    if (selection_ == nullptr) return {};
+    std::vector<std::string> selected = selection_->selectedPaths();
+    if (!selection_->isKnown()) return {};
+    if (keepsOpened_) keepsOpened_ = !seen_ || *seen_ == selected;
+    seen_ = selected;
+    return keepsOpened_ ? std::vector<std::string>() : selected;
 }
 
 void PathIntake::passSelection()
 {
-    if (selection_ == nullptr || window_.syncCheckbox->checkState() != Qt::Checked) return;
-    const std::vector<std::string> selected = selection_->selectedPaths();
+    if (window_.syncCheckbox->checkState() != Qt::Checked) return;
+    const std::vector<std::string> selected = selectedPaths();
     if (selected.size() == 1) Q_EMIT pathFound(selected.front());
 }
 
 TovArrayRef PathIntake::copySelection()
 {
-    if (selection_ == nullptr) return nullptr;
-    const std::vector<std::string> selected = selection_->selectedPaths();
+    const std::vector<std::string> selected = selectedPaths();
     if (selected.empty()) return nullptr;
     ObjectHolder<TovArrayRef> paths(TovArrayCreate());
     for (const std::string& path : selected) {
@@ -47,6 +72,7 @@ void PathIntake::passText(const QMimeData* pasteboard)
     const QString text = pasteboard->text();
     if (text.isEmpty()) return;
     const StringHolder path(cuCreateText(text));
+    keepOpened();
     Q_EMIT pathFound(pathBytes(path.get()));
 }
 
@@ -58,9 +84,8 @@ void PathIntake::askForPicture(const std::string& beside)
     auto* dialog = new QFileDialog(&window_, tr("Open Picture"), folder);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFile);
-    connect(dialog, &QFileDialog::fileSelected, this, [this](const QString& file) {
-        Q_EMIT pathOpened(QFile::encodeName(file).toStdString());
-    });
+    connect(dialog, &QFileDialog::fileSelected, this,
+            [this](const QString& file) { open(QFile::encodeName(file).toStdString()); });
     dialog->open();
 }
 

@@ -9,7 +9,9 @@
 
 #include <QObject>
 
+#include <optional>
 #include <string>
+#include <vector>
 
 class QMimeData;
 
@@ -32,8 +34,17 @@ public:
     // Returns a new array of the selected paths as texts; null when there is none.
     [[nodiscard]] TovArrayRef copySelection();
 
+    // A file was opened on purpose. Until the selection changes, both of the above find nothing, so
+    // that the file stays in the window. Several and none are changes; a selection that is not
+    // known is none, nor is the first one that becomes known. Checking the box ends it too.
+    void keepOpened();
+
+    // Passes a path on as opened by the user, and keeps it.
+    void open(const std::string& path);
+
     // Passes the path on that the plain text of a pasteboard is, as it stands: no file list and no
-    // URL. An empty text and a null pasteboard are passed over.
+    // URL. It is kept like a file that was opened. An empty text and a null pasteboard are passed
+    // over.
     void passText(const QMimeData* pasteboard);
 
     // Asks the user for a picture.
@@ -49,8 +60,12 @@ Q_SIGNALS:
     void pathOpened(const std::string& path);
 
 private:
+    std::vector<std::string> selectedPaths();
+
     MainWindow& window_;
     SelectionSource* selection_;
+    bool keepsOpened_ = false;
+    std::optional<std::vector<std::string>> seen_;  // the last selection that was known
 };
 
 }  // namespace pinorama

@@ -11,12 +11,6 @@
 namespace pinorama {
 
 namespace {
-void openPath(AppController& controller, const std::string& path)
-{
-    controller.showMainWindow();
-    controller.showPath(path);
-}
-
 void openText(AppController& controller, const QString& text)
 {
     QMimeData pasteboard;
@@ -42,7 +36,7 @@ void connectRequests(ApplicationBus& bus, AppController& controller)
     QObject::connect(&bus, &ApplicationBus::fileOpened, &controller,
                      [&controller](const QByteArray& path, const QByteArray& token) {
                          useActivationToken(token);
-                         openPath(controller, path.toStdString());
+                         controller.openPath(path.toStdString());
                      });
     QObject::connect(&bus, &ApplicationBus::textSent, &controller,
                      [&controller](const QString& text) { openText(controller, text); });
@@ -63,7 +57,7 @@ void carryOut(AppController& controller, const CommandLine& line)
     } else if (line.serviceText) {
         openText(controller, QString::fromStdString(*line.serviceText));
     } else if (!line.paths.empty()) {
-        openPath(controller, line.paths.back());
+        controller.openPath(line.paths.back());
     } else if (!line.service) {
         controller.showMainWindow();
     }

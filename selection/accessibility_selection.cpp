@@ -17,30 +17,35 @@ AccessibilitySelection::AccessibilitySelection(FrameTracker& tracker) : tracker_
 
 std::vector<std::string> AccessibilitySelection::selectedPaths()
 {
+    isKnown_ = false;
     if (!tracker_.isReady()) return {};
     DBusQuery query(tracker_.bus(), kSelectionDeadline);
     auto paths = query.valueUntil(findPaths(query), Clock::now() + kSelectionDeadline);
-    if (paths) return std::move(*paths);
-    for (const QString& service : query.servicesWithoutReply()) tracker_.pause(service);
-    return {};
+    if (!paths) {
+        for (const QString& service : query.servicesWithoutReply()) tracker_.pause(service);
+        return {};
+    }
+    isKnown_ = paths->has_value();
+    return std::move(*paths).value_or(std::vector<std::string>());
 }
 
-Task<std::vector<std::string>> AccessibilitySelection::findPaths(DBusQuery& query)
+Task<std::optional<std::vector<std::string>>> AccessibilitySelection::findPaths(DBusQuery& query)
 {
     const SharedFrame frame = co_await tracker_.findLatestFrame(query);
-    std::vector<std::string> paths;
+    std::optional<std::vector<std::string>> paths;
     if (frame) paths = co_await pathsIn(query, frame);
     co_return paths;
 }
 
-Task<std::vector<std::string>> AccessibilitySelection::pathsIn(DBusQuery& query, SharedFrame frame)
+Task<std::optional<std::vector<std::string>>> AccessibilitySelection::pathsIn(DBusQuery& query,
+                                                                              SharedFrame frame)
 {
     tracker_.revalidateAlong(frame);
     if (!frame->isStale() && !tracker_.hasRevalidated(frame)) co_await frame->revalidate(query);
     if (frame->isStale()) {
         if (frame->cost() > kMaxReadTime) {
             tracker_.readInEventLoop(frame);
-            co_return std::vector<std::string>();
+            co_return std::nullopt;
         }
         // A reading that began earlier must not overwrite this one.
         tracker_.cancelReading(frame);
@@ -49,10 +54,10 @@ Task<std::vector<std::string>> AccessibilitySelection::pathsIn(DBusQuery& query,
         // The paths that were just revalidated will do until that reading ends.
         tracker_.readInEventLoop(frame);
     }
-    std::vector<std::string> paths = frame->paths();
+    std::optional<std::vector<std::string>> paths = frame->paths();
     // A file may have been deleted since it was selected.
     const auto isGone = [](const std::string& path) { return !existingItem(path).has_value(); };
-    if (std::any_of(paths.begin(), paths.end(), isGone)) paths.clear();
+    if (paths && std::any_of(paths->begin(), paths->end(), isGone)) paths.reset();
     co_return paths;
 }
 

@@ -11,6 +11,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -30,13 +31,17 @@ public:
 
     std::vector<std::string> selectedPaths() override;
 
-    // The same as a part of a longer query, for the window that was active last.
-    Task<std::vector<std::string>> pathsIn(DBusQuery& query, SharedFrame frame);
+    bool isKnown() const override { return isKnown_; }
+
+    // The same as a part of a longer query, for the window that was active last. Nothing if the
+    // selection is not known.
+    Task<std::optional<std::vector<std::string>>> pathsIn(DBusQuery& query, SharedFrame frame);
 
 private:
-    Task<std::vector<std::string>> findPaths(DBusQuery& query);
+    Task<std::optional<std::vector<std::string>>> findPaths(DBusQuery& query);
 
     FrameTracker& tracker_;
+    bool isKnown_ = false;
 };
 
 // The time limit of one query for the selection, all its calls together.

@@ -49,20 +49,24 @@ ExtensionSelection::ExtensionSelection(FrameTracker& tracker)
 std::vector<std::string> ExtensionSelection::selectedPaths()
 {
     setListening(true);
+    isKnown_ = false;
     if (!tracker_.isReady()) return {};
     DBusQuery query(tracker_.bus(), kSelectionDeadline);
     auto paths = query.valueUntil(findPaths(query), Clock::now() + kSelectionDeadline);
-    if (paths) return std::move(*paths);
-    for (const QString& program : query.servicesWithoutReply()) tracker_.pause(program);
-    return {};
+    if (!paths) {
+        for (const QString& program : query.servicesWithoutReply()) tracker_.pause(program);
+        return {};
+    }
+    isKnown_ = paths->has_value();
+    return std::move(*paths).value_or(std::vector<std::string>());
 }
 
-Task<std::vector<std::string>> ExtensionSelection::findPaths(DBusQuery& query)
+Task<std::optional<std::vector<std::string>>> ExtensionSelection::findPaths(DBusQuery& query)
 {
     const SharedFrame frame = co_await tracker_.findLatestFrame(query);
     std::optional<std::vector<std::string>> paths;
     if (frame) paths = co_await pathsIn(query, frame);
-    co_return paths.value_or(std::vector<std::string>());
+    co_return paths;
 }
 
 Task<std::optional<std::vector<std::string>>> ExtensionSelection::pathsIn(DBusQuery& query,

@@ -29,6 +29,7 @@ public:
     explicit ExtensionSelection(FrameTracker& tracker);
 
     std::vector<std::string> selectedPaths() override;
+    bool isKnown() const override { return isKnown_; }
 
     // The same as a part of a longer query, for the window that was active last. Nothing if no
     // extension has pushed the selection of this window.
@@ -38,9 +39,10 @@ public:
     void setListening(bool isListening) { pushes_.setListening(isListening); }
 
 private:
-    Task<std::vector<std::string>> findPaths(DBusQuery& query);
+    Task<std::optional<std::vector<std::string>>> findPaths(DBusQuery& query);
 
     FrameTracker& tracker_;
+    bool isKnown_ = false;
     SelectionPushes pushes_;
 };
 

@@ -20,17 +20,15 @@ struct FileManagerSelection::Parts {
     AccessibilitySelection accessibility{tracker};
     QTimer sleep;
 
-    Task<std::vector<std::string>> findPaths(DBusQuery& query)
+    bool isKnown = false;
+
+    Task<std::optional<std::vector<std::string>>> findPaths(DBusQuery& query)
     {
-        std::vector<std::string> paths;
+        std::optional<std::vector<std::string>> paths;
         const SharedFrame frame = co_await tracker.findLatestFrame(query);
         if (!frame) co_return paths;
-        auto pushed = co_await extension.pathsIn(query, frame);
-        if (pushed) {
-            paths = std::move(*pushed);
-        } else {
-            paths = co_await accessibility.pathsIn(query, frame);
-        }
+        paths = co_await extension.pathsIn(query, frame);
+        if (!paths) paths = co_await accessibility.pathsIn(query, frame);
         co_return paths;
     }
 };
@@ -48,12 +46,21 @@ std::vector<std::string> FileManagerSelection::selectedPaths()
 {
     parts_->sleep.start(kSleepAfter);
     parts_->extension.setListening(true);
+    parts_->isKnown = false;
     if (!parts_->tracker.isReady()) return {};
     DBusQuery query(parts_->tracker.bus(), kSelectionDeadline);
     auto paths = query.valueUntil(parts_->findPaths(query), Clock::now() + kSelectionDeadline);
-    if (paths) return std::move(*paths);
-    for (const QString& service : query.servicesWithoutReply()) parts_->tracker.pause(service);
-    return {};
+    if (!paths) {
+        for (const QString& service : query.servicesWithoutReply()) parts_->tracker.pause(service);
+        return {};
+    }
+    parts_->isKnown = paths->has_value();
+    return std::move(*paths).value_or(std::vector<std::string>());
+}
+
+bool FileManagerSelection::isKnown() const
+{
+    return parts_->isKnown;
 }
 
 }  // namespace pinorama

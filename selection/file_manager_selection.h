@@ -27,6 +27,8 @@ public:
     // manager is called any more.
     std::vector<std::string> selectedPaths() override;
 
+    bool isKnown() const override;
+
 private:
     struct Parts;
     std::unique_ptr<Parts> parts_;

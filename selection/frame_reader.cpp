@@ -31,7 +31,7 @@ void FrameReader::forget()
     isStale_ = true;
     layout_ = std::make_shared<FrameLayout>();
     pane_ = 0;
-    paths_.clear();
+    paths_.reset();
     item_ = {};
     validators_.clear();
     cost_ = 1s;
@@ -133,14 +133,16 @@ Task<Done> FrameReader::read(DBusQuery& query)
 
 void FrameReader::store(const SelectedItems& selected)
 {
-    paths_.clear();
-    if (selected.path) paths_.push_back(*selected.path);
+    std::vector<std::string> paths;
+    if (selected.path) paths.push_back(*selected.path);
     for (const NamedItem& item : selected.items) {
-        if (item.path) paths_.push_back(*item.path);
+        if (item.path) paths.push_back(*item.path);
     }
     // If one of the items has no path, showing the others would show a selection that is not there.
     const std::size_t count = selected.path ? 1 : selected.items.size();
-    if (paths_.size() != count) paths_.clear();
+    if (paths.size() != count) paths.clear();
+    paths_.reset();
+    if (count != 1 || !paths.empty()) paths_ = std::move(paths);
     item_ = selected.items.size() == 1 ? selected.items.front().item : Accessible{};
     validators_ = selected.validators;
     // Another title mostly means another folder, also where the view still shows the same names.

@@ -14,6 +14,7 @@
 #include <sys/types.h>
 
 #include <chrono>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -80,8 +81,10 @@ public:
     std::chrono::microseconds cost() const { return cost_; }
     void setCost(std::chrono::microseconds cost) { cost_ = cost; }
 
-    // The paths of the last reading, in the order of the view.
-    const std::vector<std::string>& paths() const { return paths_; }
+    // The paths of the last reading, in the order of the view; empty also if one of several items
+    // has no path. Nothing if the selection is not known: it has not been read since the view was
+    // found, or the only item has no path.
+    const std::optional<std::vector<std::string>>& paths() const { return paths_; }
 
     // Forgets the view and everything read from it, because the window's structure has changed. A
     // reading that waits for a reply ends when it gets it.
@@ -108,7 +111,7 @@ private:
     Accessible touched_;  // the item or view of the last focus or selection event
     Accessible item_;     // the selected item of the last reading, if there was exactly one
     Validators validators_;
-    std::vector<std::string> paths_;
+    std::optional<std::vector<std::string>> paths_;
 };
 
 }  // namespace pinorama

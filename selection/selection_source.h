@@ -20,6 +20,10 @@ public:
     // if no file manager replies, or if the deadline passes: 300 ms in all, however many calls it
     // takes. Never throws, reports nothing.
     virtual std::vector<std::string> selectedPaths() = 0;
+
+    // Whether the last selectedPaths() found out what is selected. If not, its empty result does
+    // not mean that nothing is: a file manager did not reply, or its window is still being read.
+    virtual bool isKnown() const { return true; }
 };
 
 }  // namespace pinorama

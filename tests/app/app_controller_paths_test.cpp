@@ -11,6 +11,8 @@
 #include <QTimer>
 #include <QUrl>
 
+#include <functional>
+
 using namespace pinorama;
 
 namespace {
@@ -136,6 +138,37 @@ TEST_F(updateSelection, showsASingleSelectedItem)
     controller.fileSizeField->setText(QStringLiteral("untouched"));
     controller.updateSelection();
     EXPECT_EQ(shown(controller.fileSizeField), "untouched") << "the same selection again";
+}
+
+TEST_F(updateSelection, keepsWhatWasOpenedUntilTheSelectionChanges)
+{
+    const std::string opened = folder.write("opened.jpg", "");
+    QMimeData text;
+    text.setText(QString::fromStdString(opened));
+    QMimeData files;
+    files.setData(QStringLiteral("text/uri-list"),
+                  QByteArray::fromStdString(fileURIOfPath(opened) + "\r\n"));
+    const struct {
+        const char* name;
+        std::function<void()> open;
+    } rows[] = {
+        {"a file of the desktop",
+         [&] { (void)controller.applicationOpenFile(test::text(opened).get()); }},
+        {"a file in bytes", [&] { controller.openPath(opened); }},
+        {"a text", [&] { controller.openFile(&text); }},
+        {"a drop", [&] { drop(controller.myWindow, files); }},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        selection.paths = {folder.write("a.jpg", "")};
+        controller.updateSelection();
+        row.open();
+        for (int tick = 0; tick < 3; tick++) controller.updateSelection();
+        EXPECT_EQ(shown(controller.fileNameField), "opened.jpg");
+        selection.paths = {folder.write("b.jpg", "")};
+        controller.updateSelection();
+        EXPECT_EQ(shown(controller.fileNameField), "b.jpg");
+    }
 }
 
 TEST_F(updateSelection, severalAndNoneKeepWhatIsShown)

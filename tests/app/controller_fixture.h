@@ -31,7 +31,10 @@ public:
         return paths;
     }
 
+    bool isKnown() const override { return !isUnknown; }
+
     std::vector<std::string> paths;
+    bool isUnknown = false;
     int questions = 0;
 };
 

@@ -79,4 +79,89 @@ TEST_F(PathIntake, passesADroppedFileOnAsOpened)
     EXPECT_TRUE(found_.empty());
 }
 
+TEST_F(PathIntake, keepsWhatWasOpenedUntilTheSelectionChanges)
+{
+    const struct {
+        const char* name;
+        Paths before, after;
+        bool isPassed;
+    } rows[] = {
+        {"the same file", {"/a.jpg"}, {"/a.jpg"}, false},
+        {"another file", {"/a.jpg"}, {"/b.jpg"}, true},
+        {"a first file", {}, {"/a.jpg"}, true},
+        {"one of several", {"/a.jpg", "/b.jpg"}, {"/a.jpg"}, true},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        selection_.paths = row.before;
+        intake_.passSelection();
+        found_.clear();
+        intake_.keepOpened();
+        intake_.passSelection();
+        EXPECT_EQ(found_, Paths());
+        EXPECT_EQ(intake_.copySelection(), nullptr);
+        selection_.paths = row.after;
+        intake_.passSelection();
+        EXPECT_EQ(found_, row.isPassed ? row.after : Paths());
+    }
+}
+
+TEST_F(PathIntake, aSelectionOfSeveralOrNoneInBetweenIsAChange)
+{
+    for (const Paths& between : {Paths{}, Paths{"/a.jpg", "/b.jpg"}}) {
+        selection_.paths = {"/a.jpg"};
+        intake_.passSelection();
+        intake_.keepOpened();
+        selection_.paths = between;
+        intake_.passSelection();
+        found_.clear();
+        selection_.paths = {"/a.jpg"};
+        intake_.passSelection();
+        EXPECT_EQ(found_, Paths{"/a.jpg"});
+    }
+}
+
+// A file manager that is busy for a moment has not changed its selection.
+TEST_F(PathIntake, aSelectionThatIsNotKnownIsNoChange)
+{
+    selection_.paths = {"/a.jpg"};
+    intake_.passSelection();
+    found_.clear();
+    intake_.keepOpened();
+    for (const bool isUnknown : {true, false}) {
+        selection_.isUnknown = isUnknown;
+        selection_.paths = isUnknown ? Paths() : Paths{"/a.jpg"};
+        intake_.passSelection();
+    }
+    EXPECT_EQ(found_, Paths());
+}
+
+// The program starts with a file before any file manager has replied.
+TEST_F(PathIntake, theFirstSelectionThatIsKnownAfterwardsIsNoChange)
+{
+    intake_.keepOpened();
+    selection_.isUnknown = true;
+    intake_.passSelection();
+    selection_.isUnknown = false;
+    selection_.paths = {"/a.jpg"};
+    intake_.passSelection();
+    intake_.passSelection();
+    EXPECT_EQ(found_, Paths());
+    selection_.paths = {"/b.jpg"};
+    intake_.passSelection();
+    EXPECT_EQ(found_, Paths{"/b.jpg"});
+}
+
+TEST_F(PathIntake, showsTheSelectionAgainWhenTheUserAsksToFollowIt)
+{
+    selection_.paths = {"/a.jpg"};
+    intake_.passSelection();
+    found_.clear();
+    intake_.keepOpened();
+    window_.syncCheckbox->setChecked(false);
+    window_.syncCheckbox->setChecked(true);
+    intake_.passSelection();
+    EXPECT_EQ(found_, Paths{"/a.jpg"});
+}
+
 }  // namespace pinorama::tests

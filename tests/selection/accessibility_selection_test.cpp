@@ -156,6 +156,29 @@ TEST_F(AccessibilitySelectionTest, isEmptyIfTheFileIsGone)
     EXPECT_EQ(source_->selectedPaths(), Paths());
 }
 
+TEST_F(AccessibilitySelectionTest, knowsWhetherNothingIsSelectedOrNothingIsKnown)
+{
+    follow(Kind::selection, "nemo", 3);
+    EXPECT_EQ(source_->selectedPaths(), Paths());
+    EXPECT_FALSE(source_->isKnown()) << "it has not even connected";
+    EXPECT_TRUE(waitFor([&] { return source_->selectedPaths().empty() && source_->isKnown(); }))
+        << "nothing is selected";
+    manager_->select({0, 1});
+    manager_->change(kFirstItem, [](test::FakeObject& item) { item.name = "elsewhere.jpg"; });
+    manager_->emitEvent(FakeFileManager::kView, "SelectionChanged", "", 0);
+    test::goOnFor(200);
+    EXPECT_TRUE(findsPaths({}) && source_->isKnown()) << "several, one of them without a path";
+    manager_->select({0});
+    EXPECT_TRUE(waitFor([&] { return source_->selectedPaths().empty() && !source_->isKnown(); }))
+        << "one without a path";
+    manager_->select({1});
+    EXPECT_TRUE(findsPaths({picture(1)}) && source_->isKnown());
+    manager_->setReplying(false);
+    EXPECT_EQ(source_->selectedPaths(), Paths());
+    EXPECT_FALSE(source_->isKnown()) << "it does not reply";
+    manager_->setReplying(true);
+}
+
 TEST_F(AccessibilitySelectionTest, getFiveQuestionsAllAtOnceWhileNothingChanges)
 {
     follow(Kind::selection, "nemo", 12);

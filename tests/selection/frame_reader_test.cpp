@@ -67,7 +67,7 @@ TEST_F(FrameReaderTest, readLeavesAWindowForgottenThatWasForgottenMeanwhile)
     frame_->forget();
     ASSERT_TRUE(query_.runUntil(Clock::now() + kLimit));
     EXPECT_FALSE(frame_->isFound());
-    EXPECT_EQ(frame_->paths(), std::vector<std::string>());
+    EXPECT_EQ(frame_->paths(), std::nullopt);
 }
 
 TEST_F(FrameReaderTest, readLeavesAStatusBarForgottenThatWasForgottenMeanwhile)
@@ -83,7 +83,7 @@ TEST_F(FrameReaderTest, readLeavesAStatusBarForgottenThatWasForgottenMeanwhile)
     frame_->forget();
     ASSERT_TRUE(query_.runUntil(Clock::now() + kLimit));
     EXPECT_FALSE(frame_->isFound());
-    EXPECT_EQ(frame_->paths(), std::vector<std::string>());
+    EXPECT_EQ(frame_->paths(), std::nullopt);
 }
 
 TEST_F(FrameReaderTest, revalidateComparesTheRepliesWithTheValidatorsThatItSent)
