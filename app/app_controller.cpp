@@ -23,11 +23,20 @@
 #include <QSignalBlocker>
 
 #include <filesystem>
+#include <optional>
 #include <utility>
 
 namespace pinorama {
 namespace {
 constexpr int kSelectionInterval = 200;  // milliseconds
+
+// The facts of what is at `path`: of the picture that is open, else of whatever it is.
+fileFacts factsOf(const PictureFile& picture, const std::string& path)
+{
+    if (picture.isOpen()) return gpsMakeFileFacts(picture.attributes());
+    const std::optional<FileAttributes> attributes = attributesOf(path);
+    return attributes ? gpsMakeFileFacts(*attributes) : fileFacts{};
+}
 
 // A window with its views in it.
 std::unique_ptr<MainWindow> furnished(std::unique_ptr<MainWindow> window)
@@ -210,8 +219,7 @@ bool AppController::show(const std::string& path, TovStringRef text)
 
     PictureFile picture(path);
     fields_.showName(path, text);
-    fields_.showFacts(picture.isOpen() ? gpsMakeFileFacts(picture.attributes())
-                                       : gpsReadFileFacts(text));
+    fields_.showFacts(factsOf(picture, path));
     const bool isAccepted = acceptPath(text);
     if (isAccepted) {
         gpsPrepareInfoRecord(&info);
