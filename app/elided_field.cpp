@@ -1,8 +1,14 @@
 #include "app/elided_field.h"
 
+#include "app/shown_text.h"
+
+#include <QClipboard>
+#include <QContextMenuEvent>
 #include <QFocusEvent>
+#include <QGuiApplication>
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QPainter>
 #include <QStyle>
 #include <QToolTip>
@@ -29,6 +35,12 @@ ElidedField::ElidedField(QWidget* parent) : QLineEdit(parent)
     setPalette(seeThrough);
 }
 
+void ElidedField::setText(const QString& text)
+{
+    text_ = text;
+    QLineEdit::setText(shownText(text));
+}
+
 QSize ElidedField::sizeHint() const
 {
     // The words in an empty line are not to be cut.
@@ -46,7 +58,7 @@ bool ElidedField::event(QEvent* event)
     if (event->type() == QEvent::ToolTip && !toolTip().isEmpty()) {
         // Markup in a file name is part of the name.
         const QString shown = QLatin1String("<p style='white-space:pre-wrap'>") +
-                              toolTip().toHtmlEscaped() + QLatin1String("</p>");
+                              shownText(toolTip()).toHtmlEscaped() + QLatin1String("</p>");
         QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), shown, this);
         return true;
     }
@@ -57,6 +69,25 @@ bool ElidedField::event(QEvent* event)
         return false;
     }
     return QLineEdit::event(event);
+}
+
+void ElidedField::contextMenuEvent(QContextMenuEvent* event)
+{
+    QMenu* menu = createStandardContextMenu();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    // Of a line that cannot be changed the first item copies.
+    if (QAction* copy = menu->actions().value(0)) {
+        copy->disconnect(this);
+        connect(copy, &QAction::triggered, this, &ElidedField::copySelection);
+    }
+    menu->popup(event->globalPos());
+}
+
+void ElidedField::keyPressEvent(QKeyEvent* event)
+{
+    if (!event->matches(QKeySequence::Copy)) return QLineEdit::keyPressEvent(event);
+    copySelection();
+    event->accept();
 }
 
 void ElidedField::paintEvent(QPaintEvent* event)
@@ -83,6 +114,13 @@ void ElidedField::focusOutEvent(QFocusEvent* event)
         return;
     deselect();
     setCursorPosition(0);
+}
+
+void ElidedField::copySelection() const
+{
+    if (!hasSelectedText()) return;
+    const bool isAll = selectedText() == displayText();
+    QGuiApplication::clipboard()->setText(isAll ? text_ : selectedText());
 }
 
 QRect ElidedField::textRect() const

@@ -1,6 +1,7 @@
 // A read-only line whose text is elided in the middle while it is too long for its place, so that
 // both the beginning and the ending of a file name stay readable. With the focus in it the whole
-// text is there to walk through, select and copy.
+// text is there to walk through, select and copy. Only a text that is too long to be laid out is
+// cut for showing (shownText); who copies all that is shown gets the whole text as it was set.
 
 #pragma once
 
@@ -10,20 +11,30 @@ namespace pinorama {
 
 class ElidedField : public QLineEdit {
     Q_OBJECT
+    Q_PROPERTY(QString text READ text WRITE setText)
 
 public:
     explicit ElidedField(QWidget* parent = nullptr);
+
+    // The whole text as it was set, however much of it is shown.
+    QString text() const { return text_; }
+    void setText(const QString& text);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
 protected:
     bool event(QEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
+    void copySelection() const;
     QRect textRect() const;
+
+    QString text_;
 };
 
 }  // namespace pinorama

@@ -1,13 +1,17 @@
 #include "app/wrapped_field.h"
 
+#include "app/shown_text.h"
+
 #include <QContextMenuEvent>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QMimeData>
 #include <QScrollBar>
 #include <QTextLayout>
 
 #include <algorithm>
+#include <memory>
 
 namespace pinorama {
 namespace {
@@ -48,7 +52,9 @@ WrappedField::WrappedField(QWidget* parent) : QPlainTextEdit(parent)
 
 void WrappedField::setText(const QString& text)
 {
-    if (text != toPlainText()) setPlainText(text);
+    if (text == text_) return;
+    text_ = text;
+    setPlainText(shownText(text));
 }
 
 void WrappedField::setMaximumLines(int lines)
@@ -71,7 +77,7 @@ QSize WrappedField::sizeHint() const
 
 QSize WrappedField::minimumSizeHint() const
 {
-    const int lines = std::clamp(linesNeeded(), 1, maximumLines_);
+    const int lines = std::clamp(lines_, 1, maximumLines_);
     return {fontMetrics().averageCharWidth() * kSmallestWidth,
             lines * fontMetrics().lineSpacing() + 1};
 }
@@ -85,6 +91,17 @@ bool WrappedField::event(QEvent* event)
         return event->isAccepted();
     }
     return QPlainTextEdit::event(event);
+}
+
+QMimeData* WrappedField::createMimeDataFromSelection() const
+{
+    const QTextCursor selection = textCursor();
+    const int end = document()->characterCount() - 1;  // there is one paragraph end more
+    if (selection.selectionStart() > 0 || selection.selectionEnd() < end)
+        return QPlainTextEdit::createMimeDataFromSelection();
+    auto whole = std::make_unique<QMimeData>();
+    whole->setText(text_);
+    return whole.release();
 }
 
 void WrappedField::contextMenuEvent(QContextMenuEvent* event)
@@ -158,10 +175,11 @@ int WrappedField::linesNeeded() const
 
 void WrappedField::adaptHeight()
 {
+    lines_ = linesNeeded();
     const int wanted = minimumSizeHint().height();
     // Without a scroll bar a text that fits must not be scrolled by the caret either.
-    setVerticalScrollBarPolicy(linesNeeded() <= maximumLines_ ? Qt::ScrollBarAlwaysOff
-                                                              : Qt::ScrollBarAsNeeded);
+    setVerticalScrollBarPolicy(lines_ <= maximumLines_ ? Qt::ScrollBarAlwaysOff
+                                                       : Qt::ScrollBarAsNeeded);
     const int largest = isGrowing_ ? QWIDGETSIZE_MAX : wanted;
     if (minimumHeight() == wanted && maximumHeight() == largest) return;
     setMinimumHeight(wanted);

@@ -1,7 +1,8 @@
-// A read-only text that wraps, in the middle of a word if need be, and is as high as its text:
-// nothing of it is ever cut. A text of many lines scrolls. It can be selected and copied with the
-// mouse and with the keyboard, and is a text with a caption (its buddy) to a screen reader. Actions
-// that are added to it stand first in its context menu.
+// A read-only text that wraps, in the middle of a word if need be, and is as high as its text. A
+// text of many lines scrolls, and one that is too long to be laid out is cut for showing
+// (shownText). It can be selected and copied with the mouse and with the keyboard, and is a text
+// with a caption (its buddy) to a screen reader. Who copies all that is shown gets the whole text
+// as it was set. Actions that are added to it stand first in its context menu.
 
 #pragma once
 
@@ -20,7 +21,8 @@ class WrappedField : public QPlainTextEdit {
 public:
     explicit WrappedField(QWidget* parent = nullptr);
 
-    QString text() const { return toPlainText(); }
+    // The whole text as it was set, however much of it is shown.
+    QString text() const { return text_; }
     void setText(const QString& text);
 
     int maximumLines() const { return maximumLines_; }
@@ -34,6 +36,7 @@ public:
 
 protected:
     bool event(QEvent* event) override;
+    QMimeData* createMimeDataFromSelection() const override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
@@ -44,6 +47,8 @@ private:
     int linesNeeded() const;
     void adaptHeight();
 
+    QString text_;
+    int lines_ = 1;  // as many as linesNeeded() found last
     int maximumLines_ = 4;
     bool isGrowing_ = false;
     bool isLaidOut_ = false;

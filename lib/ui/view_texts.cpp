@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMetaObject>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTextEdit>
@@ -45,10 +46,20 @@ std::optional<QString> placeholderText(const QWidget* view)
     return std::nullopt;
 }
 
+// A field for text may have a property of its own for its text, for instance to show it otherwise
+// than it is. Null unless it does; a line always has one.
+const char* textProperty(const QWidget* view)
+{
+    const bool isLine = qobject_cast<const QLineEdit*>(view) != nullptr;
+    const bool isPlain = qobject_cast<const QPlainTextEdit*>(view) != nullptr;
+    if (!isLine && !isPlain) return nullptr;
+    return view->metaObject()->indexOfProperty("text") >= 0 ? "text" : nullptr;
+}
+
 std::optional<QString> valueText(const QWidget* view)
 {
     if (const auto* label = qobject_cast<const QLabel*>(view)) return label->text();
-    if (const auto* line = qobject_cast<const QLineEdit*>(view)) return line->text();
+    if (const char* property = textProperty(view)) return view->property(property).toString();
     if (const auto* plain = qobject_cast<const QPlainTextEdit*>(view)) return plain->toPlainText();
     if (const auto* rich = qobject_cast<const QTextEdit*>(view)) return rich->toPlainText();
     if (const auto* button = qobject_cast<const QAbstractButton*>(view)) return button->text();
@@ -88,9 +99,9 @@ void setValueText(QWidget* view, const QString& text)
 {
     if (auto* label = qobject_cast<QLabel*>(view)) {
         label->setText(text);
-    } else if (auto* line = qobject_cast<QLineEdit*>(view)) {
-        line->setText(text);
-        line->setCursorPosition(0);
+    } else if (const char* property = textProperty(view)) {
+        view->setProperty(property, text);
+        if (auto* line = qobject_cast<QLineEdit*>(view)) line->setCursorPosition(0);
     } else if (auto* plain = qobject_cast<QPlainTextEdit*>(view)) {
         plain->setPlainText(text);
     } else if (auto* rich = qobject_cast<QTextEdit*>(view)) {

@@ -1,7 +1,9 @@
-// The fields of the window by themselves: nothing of a text is ever cut, all of it can be copied.
+// The fields of the window by themselves: what they show of a text, and that all of it can be
+// copied.
 
 #include "app/elided_field.h"
 #include "app/pop_up_menu.h"
+#include "app/shown_text.h"
 #include "app/wrapped_field.h"
 #include "tests/support/toolkit.h"
 
@@ -9,9 +11,13 @@
 #include <QAbstractItemView>
 #include <QAccessible>
 #include <QClipboard>
+#include <QContextMenuEvent>
+#include <QHelpEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QScrollBar>
 #include <QSignalSpy>
+#include <QToolTip>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 
@@ -128,6 +134,32 @@ TEST(WrappedField, isReadAndCopiedWithTheKeyboard)
     EXPECT_FALSE(window.field->textCursor().hasSelection());
 }
 
+TEST(WrappedField, showsNoMoreThanAMaximumOfItsText)
+{
+    FieldWindow<WrappedField> window(200);
+    const QString text = QStringLiteral("a\u05d0").repeated(32000);
+    window.field->setText(text);
+    EXPECT_EQ(window.field->toPlainText(), shownText(text));
+    EXPECT_LT(window.field->toPlainText().size(), 2100);
+    EXPECT_EQ(window.field->text(), text);
+}
+
+TEST(WrappedField, givesItsWholeTextToTheClipboard)
+{
+    FieldWindow<WrappedField> window(200);
+    const QString text = QStringLiteral("word ").repeated(13000);
+    window.field->setText(text);
+    window.field->setFocus(Qt::TabFocusReason);
+    press(window.field, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), text);
+
+    QTextCursor firstWord(window.field->document());
+    firstWord.setPosition(4, QTextCursor::KeepAnchor);
+    window.field->setTextCursor(firstWord);
+    press(window.field, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("word"));
+}
+
 TEST(WrappedField, isATextToAScreenReader)
 {
     FieldWindow<WrappedField> window(200);
@@ -167,6 +199,54 @@ TEST(ElidedField, givesItsWholeTextToTheClipboardAndTheScreenReader)
     window.field->clearFocus();
     EXPECT_FALSE(window.field->hasSelectedText());
     EXPECT_EQ(window.field->cursorPosition(), 0);
+}
+
+TEST(ElidedField, showsNoMoreThanAMaximumOfItsText)
+{
+    FieldWindow<ElidedField> window(200);
+    const QString text = QStringLiteral("a\u05d0").repeated(32000);
+    window.field->setText(text);
+    EXPECT_EQ(window.field->displayText(), shownText(text));
+    EXPECT_LT(window.field->displayText().size(), 2100);
+    EXPECT_EQ(window.field->text(), text);
+
+    window.field->selectAll();
+    press(window.field, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), text);
+    window.field->setSelection(0, 2);
+    press(window.field, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), text.first(2));
+}
+
+TEST(ElidedField, copiesItsWholeTextFromTheContextMenu)
+{
+    FieldWindow<ElidedField> window(200);
+    const QString text = QStringLiteral("x").repeated(5000);
+    window.field->setText(text);
+    window.field->selectAll();
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(5, 5), QPoint(5, 5));
+    QCoreApplication::sendEvent(window.field, &event);
+    const auto* menu = window.field->findChild<QMenu*>();
+    ASSERT_NE(menu, nullptr);
+    QAction* copy = menu->actions().value(0);
+    EXPECT_TRUE(copy->text().contains(QLatin1String("Copy")));
+    QGuiApplication::clipboard()->clear();
+    copy->trigger();
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), text);
+    for (QMenu* open : window.field->findChildren<QMenu*>()) open->close();
+}
+
+TEST(ElidedField, cutsItsToolTipForShowing)
+{
+    FieldWindow<ElidedField> window(200);
+    const QString path = QLatin1Char('/') + QStringLiteral("a\u05d0").repeated(32000);
+    window.field->setToolTip(path);
+    QHelpEvent event(QEvent::ToolTip, QPoint(5, 5), window.field->mapToGlobal(QPoint(5, 5)));
+    QCoreApplication::sendEvent(window.field, &event);
+    EXPECT_LT(QToolTip::text().size(), 2200);
+    EXPECT_TRUE(QToolTip::text().contains(shownText(path)));
+    EXPECT_EQ(window.field->toolTip(), path);
+    QToolTip::hideText();
 }
 
 TEST(PopUpMenu, opensItsListInsteadOfWalkingThroughCommands)

@@ -8,6 +8,7 @@ namespace {
 using namespace std::string_literals;
 
 constexpr test::ByteOrder kBig = test::ByteOrder::big;
+constexpr std::size_t kMaxShortDataset = 32767;  // bytes
 
 // A value in hundredths.
 test::Rational hundredths(double value)
@@ -169,8 +170,11 @@ std::string test::tiffWithGps(const PictureFields& fields)
 
 std::string test::iptcDataset(std::uint8_t record, std::uint8_t dataset, std::string_view data)
 {
-    return std::string{0x1c, static_cast<char>(record), static_cast<char>(dataset)} +
-           bytes16(kBig, static_cast<std::uint16_t>(data.size())) + std::string(data);
+    const std::string begin{0x1c, static_cast<char>(record), static_cast<char>(dataset)};
+    if (data.size() > kMaxShortDataset)
+        return begin + bytes16(kBig, 0x8004) +
+               bytes32(kBig, static_cast<std::uint32_t>(data.size())) + std::string(data);
+    return begin + bytes16(kBig, static_cast<std::uint16_t>(data.size())) + std::string(data);
 }
 
 std::string test::iptcRecord(const PictureFields& fields)
@@ -235,6 +239,17 @@ std::string test::pictureWithGps(const PictureFields& fields)
     const std::string resources =
         iptc.empty() ? iptc : photoshopSegment(photoshopResource(0x0404, iptc));
     return jpegPicture({exifSegment(tiffWithGps(fields)), resources});
+}
+
+std::string test::pictureWithLongTexts(const std::string& text)
+{
+    const auto segmentOf = [](const PictureFields& fields) {
+        return photoshopSegment(photoshopResource(0x0404, iptcRecord(fields)));
+    };
+    const PictureFields place{.lat = 48.1, .latRef = "N", .lon = 11.5, .lonRef = "E"};
+    return jpegPicture({exifSegment(tiffWithGps(place)), segmentOf({.city = text}),
+                        segmentOf({.state = text}), segmentOf({.country = text}),
+                        segmentOf({.caption = text})});
 }
 
 std::string test::rafPicture(std::string_view jpeg)

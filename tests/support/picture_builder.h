@@ -90,7 +90,7 @@ std::vector<TiffField> gpsFields(const PictureFields& fields);
 // A TIFF block with those values; empty fields give a first directory without GPS pointer.
 std::string tiffWithGps(const PictureFields& fields);
 
-// IPTC-IIM: one dataset, and the record with the texts of `fields` (empty when there are none).
+// IPTC-IIM: one dataset (with an extended length where it needs one), and the record with the texts of `fields` (empty when there are none).
 std::string iptcDataset(std::uint8_t record, std::uint8_t dataset, std::string_view data);
 std::string iptcRecord(const PictureFields& fields);
 
@@ -108,6 +108,10 @@ std::string jpegPicture(std::initializer_list<std::string_view> segments);
 
 // A whole JPEG picture, for instance pictureWithGps({.lat = 48.1, .latRef = "N"}).
 std::string pictureWithGps(const PictureFields& fields);
+
+// A JPEG picture with a place, whose city, state, country and caption are all `text` of at most
+// 65,480 bytes, each in a segment of its own.
+std::string pictureWithLongTexts(const std::string& text);
 
 // Raw containers: a RAF file around a JPEG picture, a MRW file around a TIFF block, an empty CRW
 // file.

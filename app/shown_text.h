@@ -1,0 +1,19 @@
+// The form in which the window shows a text that somebody else wrote: one of a picture, the name of
+// a file, what another program sent. Laying a text out takes time that grows with the square of its
+// length, and every byte of it may be hostile. Lengths are UTF-16 units.
+
+#pragma once
+
+#include <QString>
+
+namespace pinorama {
+
+// No text of the window is shown with more; IPTC allows 2,000 bytes for its longest one.
+inline constexpr qsizetype kMaxShownLength = 2000;
+
+// `text` itself if it may be shown as it stands. A longer text ends in an ellipsis after its last
+// whole character (grapheme) within kMaxShownLength; only one that has more than 64 units itself
+// may be cut.
+QString shownText(const QString& text);
+
+}  // namespace pinorama

@@ -1,0 +1,54 @@
+#include "app/shown_text.h"
+
+#include <gtest/gtest.h>
+
+using namespace pinorama;
+
+namespace {
+QString filledUp(const QString& end, qsizetype length)
+{
+    return QString(length - end.size(), QLatin1Char('x')) + end;
+}
+
+constexpr QChar kEllipsis(0x2026);
+}  // namespace
+
+TEST(shownText, leavesATextAloneThatIsShortEnough)
+{
+    for (const QString& text :
+         {QString(), QStringLiteral("Rome"), filledUp(QStringLiteral("end"), kMaxShownLength)})
+        EXPECT_EQ(shownText(text), text);
+}
+
+TEST(shownText, cutsALongerTextAtItsMaximum)
+{
+    const QString most = filledUp(QStringLiteral("end"), kMaxShownLength);
+    EXPECT_EQ(shownText(most + QLatin1Char('x')), most + kEllipsis);
+    EXPECT_EQ(shownText(most.repeated(40)), most + kEllipsis);
+}
+
+TEST(shownText, keepsCharactersWhole)
+{
+    const QString family = QStringLiteral("\U0001f468\u200d\U0001f469\u200d\U0001f467");
+    for (const QString& character :
+         {QStringLiteral("e\u0301\u0323"), QStringLiteral("\U0001f600"), family,
+          QStringLiteral("\U0001f1e9\U0001f1ea"), QStringLiteral("\r\n")}) {
+        for (qsizetype beyond = 1; beyond < character.size(); beyond++) {
+            const QString before(kMaxShownLength + beyond - character.size(), QLatin1Char('x'));
+            EXPECT_EQ(shownText(before + character + QStringLiteral("more")), before + kEllipsis)
+                << character.toStdString() << " from " << beyond;
+        }
+    }
+}
+
+TEST(shownText, cutsACharacterWithoutEndButNoCodePoint)
+{
+    const QString marks = QStringLiteral("e") + QString(65000, QChar(0x0301));
+    EXPECT_EQ(shownText(marks), marks.first(kMaxShownLength) + kEllipsis);
+    const QString joined =
+        QStringLiteral("x\U0001f468\u200d") + QStringLiteral("\U0001f468\u200d").repeated(20000);
+    const QString shown = shownText(joined);
+    EXPECT_GE(shown.size(), kMaxShownLength - 64);
+    EXPECT_LE(shown.size(), kMaxShownLength + 1);
+    EXPECT_TRUE(shown.isValidUtf16());
+}
