@@ -1,6 +1,7 @@
 #include "app/export_notice.h"
 
 #include "app/main_window.h"
+#include "app/shown_text.h"
 
 #include <QFileInfo>
 #include <QFontMetrics>
@@ -24,7 +25,7 @@ ExportNotice::ExportNotice(QWidget* parent) : Notice(QStringLiteral("exportNotic
 void ExportNotice::sayFailure(const QString& file, int error)
 {
     const QFontMetrics letters = fontMetrics();
-    const QString name = letters.elidedText(QFileInfo(file).fileName(), Qt::ElideMiddle,
+    const QString name = letters.elidedText(shownText(QFileInfo(file).fileName()), Qt::ElideMiddle,
                                             kMaxLetters * letters.averageCharWidth());
     QString reason;
     switch (error) {

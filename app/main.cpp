@@ -9,6 +9,7 @@
 #include "app/requests.h"
 #include "app/translations.h"
 #include "app/window_report.h"
+#include "base/printable.h"
 #include "desktop/application_bus.h"
 #include "previews/picture_reader.h"
 #include "selection/accessibility_advice.h"
@@ -59,9 +60,16 @@ bool hasDisplay(const std::vector<std::string>& arguments)
            std::ranges::any_of(arguments, choosesPlatform);
 }
 
+// Prints a line. What was typed, and the name of a file, may be any bytes.
+void printDiagnostic(const std::string& what)
+{
+    std::fprintf(stderr, "pinorama: %s\n", printable(what).c_str());
+}
+
 int printUsageError(const std::string& error)
 {
-    std::fprintf(stderr, "pinorama: %s\n%s", error.c_str(), shortUsage().c_str());
+    printDiagnostic(error);
+    std::fputs(shortUsage().c_str(), stderr);
     return kWrongUsage;
 }
 
@@ -70,7 +78,7 @@ void printMissing(const std::string& path)
 {
     struct stat facts = {};
     if (stat(path.c_str(), &facts) == 0) return;
-    std::fprintf(stderr, "pinorama: %s: %s\n", path.c_str(), std::strerror(errno));
+    printDiagnostic(path + ": " + std::strerror(errno));
 }
 
 // Prints and saves what the window shows, as soon as the place and the preview are there.
@@ -85,9 +93,7 @@ void reportWhenComplete(AppController& controller, const std::string& picture)
                          if (waits) return;
                          std::fputs(windowReport(window).c_str(), stdout);
                          const bool isSaved = saveWindowPicture(window, picture);
-                         if (!isSaved)
-                             std::fprintf(stderr, "pinorama: %s: the image cannot be saved\n",
-                                          picture.c_str());
+                         if (!isSaved) printDiagnostic(picture + ": the image cannot be saved");
                          QCoreApplication::exit(isSaved ? 0 : kFailed);
                      });
     timer->start(kReadingInterval);
@@ -105,7 +111,7 @@ int run(const CommandLine& line)
     // A report is of a window of its own. What others ask for from now on waits for the event loop.
     if (!line.printAndSave && bus.claim() == ApplicationBus::Claim::takenByAnother) {
         if (handOver(bus, line)) return 0;
-        std::fputs("pinorama: the running program does not answer\n", stderr);
+        printDiagnostic("the running program does not answer");
         return kFailed;
     }
     std::unique_ptr<MainWindow> window;
@@ -149,7 +155,7 @@ int main(int argc, char** argv)
 
     if (!hasDisplay(all)) {
         if (!atOnce) return printUsageError(error);
-        std::fputs("pinorama: no display; pinorama-info prints the same in a terminal\n", stderr);
+        printDiagnostic("no display; pinorama-info prints the same in a terminal");
         return kFailed;
     }
     // GTK's theme for the toolkit ends a program that has no display server to draw with.

@@ -1,5 +1,7 @@
 #include "app/reading_notice.h"
 
+#include "app/shown_text.h"
+
 #include <QAccessible>
 
 namespace pinorama {
@@ -43,7 +45,7 @@ void ReadingNotice::say(const QString& words)
     setText(words);
     setCursorPosition(0);
     setToolTip(words);
-    setAccessibleName(words);
+    setAccessibleName(shownText(words));
     setVisible(true);
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);

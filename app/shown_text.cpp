@@ -1,8 +1,11 @@
 #include "app/shown_text.h"
 
+#include "base/printable.h"
+
 #include <QTextBoundaryFinder>
 
 #include <algorithm>
+#include <utility>
 
 namespace pinorama {
 namespace {
@@ -21,12 +24,27 @@ qsizetype lastBoundary(const QString& text)
     if (boundary >= kMaxShownLength - kMaxCharacterLength) return boundary;
     return text[kMaxShownLength].isLowSurrogate() ? kMaxShownLength - 1 : kMaxShownLength;
 }
+
+// Line breaks and tabs are laid out and do no harm.
+bool mayBeShown(QChar unit)
+{
+    return !isDisplayControl(unit.unicode()) || unit == QLatin1Char('\n') ||
+           unit == QLatin1Char('\r') || unit == QLatin1Char('\t');
+}
+
+QString withoutControls(QString text)
+{
+    for (qsizetype i = 0; i < text.size(); i++) {
+        if (!mayBeShown(std::as_const(text)[i])) text[i] = QChar::ReplacementCharacter;
+    }
+    return text;
+}
 }  // namespace
 
 QString shownText(const QString& text)
 {
-    if (text.size() <= kMaxShownLength) return text;
-    return text.first(lastBoundary(text)) + kEllipsis;
+    if (text.size() <= kMaxShownLength) return withoutControls(text);
+    return withoutControls(text.first(lastBoundary(text))) + kEllipsis;
 }
 
 }  // namespace pinorama

@@ -13,7 +13,9 @@ inline constexpr qsizetype kMaxShownLength = 2000;
 
 // `text` itself if it may be shown as it stands. A longer text ends in an ellipsis after its last
 // whole character (grapheme) within kMaxShownLength; only one that has more than 64 units itself
-// may be cut.
+// may be cut. A control character, and one that overrides, embeds or isolates a direction
+// (isDisplayControl), is shown as U+FFFD, so that a name reads as it is written; line breaks and
+// tabs stay.
 QString shownText(const QString& text);
 
 }  // namespace pinorama

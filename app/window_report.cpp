@@ -2,10 +2,12 @@
 
 #include "app/main_window.h"
 #include "app/reading_notice.h"
+#include "base/printable.h"
 #include "lib/ui/view_texts.h"
 
 #include <QFile>
 #include <QPixmap>
+#include <QStringList>
 
 namespace pinorama {
 namespace {
@@ -14,12 +16,17 @@ struct NamedField {
     const QWidget* field;
 };
 
-void appendLine(QString* report, const char* name, const QString& text)
+void appendLine(std::string* report, const char* name, const QString& text)
 {
+    *report += name;
+    *report += ": ";
     // Further lines of a text are indented, so that only a name begins a line.
-    *report += QLatin1String(name) + QLatin1String(": ") +
-               QString(text).replace(QLatin1Char('\n'), QLatin1String("\n    ")) +
-               QLatin1Char('\n');
+    const QStringList lines = text.split(QLatin1Char('\n'));
+    for (qsizetype i = 0; i < lines.size(); i++) {
+        if (i > 0) *report += "\n    ";
+        appendPrintable(lines[i].toStdString(), report);
+    }
+    *report += '\n';
 }
 
 QString stateOf(const QWidget* control)
@@ -30,7 +37,7 @@ QString stateOf(const QWidget* control)
 
 std::string windowReport(const MainWindow& window)
 {
-    QString report;
+    std::string report;
     for (const auto& [name, field] :
          std::initializer_list<NamedField>{{"Name", window.fileNameField},
                                            {"Size", window.fileSizeField},
@@ -65,7 +72,7 @@ std::string windowReport(const MainWindow& window)
                window.syncCheckbox->isChecked() ? QStringLiteral("on") : QStringLiteral("off"));
     const auto* notice = window.findChild<ReadingNotice*>();
     if (notice != nullptr && !notice->isHidden()) appendLine(&report, "Notice", notice->text());
-    return report.toStdString();
+    return report;
 }
 
 bool saveWindowPicture(MainWindow& window, const std::string& path)

@@ -1,5 +1,6 @@
 #include "cli/batch_work.h"
 
+#include "base/printable.h"
 #include "cli/csv_line.h"
 #include "cli/diagnostic.h"
 #include "cli/json_line.h"
@@ -70,6 +71,10 @@ void BatchWork::appendOutput(const FileReport& report, std::string* out) const
         break;
     case Output::webAddress:
     case Output::catalogueAddress:
+        if (report.address.empty()) break;
+        appendPrintable(report.address, out);  // the template is data that anybody may edit
+        *out += '\n';
+        break;
     case Output::script:
         if (!report.address.empty()) *out += report.address + '\n';
         break;

@@ -1,12 +1,41 @@
 #include "cli/csv_line.h"
 
+#include "base/printable.h"
 #include "cli/report_fields.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <iterator>
 
 namespace pinorama {
 namespace {
+constexpr std::string_view kReplacement = "\xef\xbf\xbd";  // U+FFFD
+
+bool isDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+// True for a sign and digits, possibly in metres, as the program writes altitudes and directions.
+bool isSignedNumber(std::string_view text)
+{
+    if (text.ends_with(" m")) text.remove_suffix(2);
+    return text.size() > 1 && (text[0] == '-' || text[0] == '+') && isDigit(text[1]) &&
+           std::all_of(text.begin() + 1, text.end(), [](char c) { return isDigit(c) || c == '.'; });
+}
+
+// True for a text that spreadsheets may run. Some take wide characters for the usual ones, and some
+// skip white space.
+bool isFormula(std::string_view text)
+{
+    constexpr std::string_view kBeginnings[] = {"=",  "+",      "-",      "@",      "\t",    "\r",
+                                                "\n", "\uff1d", "\uff0b", "\uff0d", "\uff20"};
+    return std::any_of(std::begin(kBeginnings), std::end(kBeginnings),
+                       [text](std::string_view begin) { return text.starts_with(begin); }) &&
+           !isSignedNumber(text);
+}
+
 // Writes the fields of one row.
 class RowWriter {
 public:
@@ -16,16 +45,11 @@ public:
     void add(std::string_view, std::string_view text)
     {
         separate();
-        if (text.find_first_of("\",\r\n") == std::string_view::npos) {
-            *out_ += text;
-            return;
-        }
-        *out_ += '"';
-        for (const char c : text) {
-            if (c == '"') *out_ += '"';
-            *out_ += c;
-        }
-        *out_ += '"';
+        const bool isQuoted = text.find_first_of("\",\r\n") != std::string_view::npos;
+        if (isQuoted) *out_ += '"';
+        if (isFormula(text)) *out_ += '\'';
+        for (std::size_t i = 0; i < text.size(); i++) i += addCharacter(text, i);
+        if (isQuoted) *out_ += '"';
     }
     void add(std::string_view key, const std::optional<std::string>& text)
     {
@@ -46,6 +70,25 @@ public:
     void addNothing(std::string_view) { separate(); }
 
 private:
+    // Adds the character at `at`, or what stands for it; returns how many bytes more than one it
+    // has. Line breaks and tabs stay, except for a lone CR: on a terminal it would begin the line
+    // anew.
+    std::size_t addCharacter(std::string_view text, std::size_t at)
+    {
+        const char c = text[at];
+        const bool isLoneReturn = c == '\r' && !text.substr(at + 1).starts_with('\n');
+        const DisplayControl control = displayControlAt(text, at);
+        if (c == '"') *out_ += '"';
+        if (isLoneReturn) {
+            *out_ += '\n';
+        } else if (control && c != '\n' && c != '\r' && c != '\t') {
+            *out_ += kReplacement;
+            return control.length - 1;
+        } else {
+            *out_ += c;
+        }
+        return 0;
+    }
     void separate()
     {
         if (!isFirst_) *out_ += ',';

@@ -1,5 +1,9 @@
 // Reports as comma-separated values (RFC 4180): the fields of the JSON object as columns, lines
 // that end in CR LF. What is null in JSON is an empty field; numbers read back exactly.
+//
+// People open this in spreadsheets and print it on terminals, so texts are made harmless: one that
+// begins as a formula does gets an apostrophe in front, and characters that control a display
+// become U+FFFD. JSON has the texts as they are.
 
 #pragma once
 

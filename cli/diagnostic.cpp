@@ -1,7 +1,7 @@
 #include "cli/diagnostic.h"
 
+#include "base/printable.h"
 #include "base/utf8.h"
-#include "cli/printable.h"
 #include "lib/files/path_text.h"
 #include "lib/strings/string_holder.h"
 

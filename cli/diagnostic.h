@@ -7,7 +7,8 @@
 
 namespace pinorama {
 
-// Appends a line: the name of the program and `what`, without control characters.
+// Appends a line: the name of the program and `what`, which may be any bytes, as appendPrintable
+// has it.
 void appendDiagnostic(std::string_view what, std::string* out);
 
 // A path in the bytes of the system as valid UTF-8, with U+FFFD for malformed bytes.

@@ -1,9 +1,9 @@
 #include "cli/json_line.h"
 
 #include "base/ascii.h"
+#include "base/printable.h"
 #include "cli/report_fields.h"
 
-#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <string_view>
@@ -73,24 +73,21 @@ private:
     void addText(std::string_view text)
     {
         *out_ += '"';
-        while (!text.empty()) {
-            const auto special = std::find_if(text.begin(), text.end(), isSpecial);
-            const auto plain = static_cast<std::size_t>(special - text.begin());
-            out_->append(text.substr(0, plain));
-            if (plain == text.size()) break;
-            addEscape(*special);
-            text.remove_prefix(plain + 1);
+        std::size_t plain = 0;  // where what is not yet written begins
+        for (std::size_t i = 0; i < text.size(); i++) {
+            const DisplayControl control = displayControlAt(text, i);
+            if (!control && text[i] != '"' && text[i] != '\\') continue;
+            out_->append(text.substr(plain, i - plain));
+            addEscape(control ? control.character : static_cast<unsigned char>(text[i]));
+            i += control ? control.length - 1 : 0;
+            plain = i + 1;
         }
+        out_->append(text.substr(plain));
         *out_ += '"';
     }
-    static bool isSpecial(char c)
+    void addEscape(char32_t character)
     {
-        const auto byte = static_cast<unsigned char>(c);
-        return byte < 0x20 || byte == 0x7f || c == '"' || c == '\\';
-    }
-    void addEscape(char c)
-    {
-        switch (c) {
+        switch (character) {
         case '"': *out_ += "\\\""; return;
         case '\\': *out_ += "\\\\"; return;
         case '\n': *out_ += "\\n"; return;
@@ -98,10 +95,8 @@ private:
         case '\t': *out_ += "\\t"; return;
         default: break;
         }
-        const auto byte = static_cast<unsigned char>(c);
-        *out_ += "\\u00";
-        *out_ += kLowerHexDigits[byte >> 4];
-        *out_ += kLowerHexDigits[byte & 0x0f];
+        *out_ += "\\u";
+        for (const int shift : {12, 8, 4, 0}) *out_ += kLowerHexDigits[character >> shift & 0x0f];
     }
 
     std::string* out_;

@@ -1,6 +1,6 @@
 // A report as one line of JSON (RFC 8259): an object that always has the same keys in the same
 // order. Numbers are written so that they read back exactly; NaN and infinity, which JSON lacks,
-// become null.
+// become null. Every text keeps its value: characters that control a display are escaped.
 
 #pragma once
 

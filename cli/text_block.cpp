@@ -1,6 +1,6 @@
 #include "cli/text_block.h"
 
-#include "cli/printable.h"
+#include "base/printable.h"
 
 #include <string_view>
 

@@ -1,6 +1,7 @@
 #include "lib/ui/string_tables.h"
 
 #include "base/memory_guard.h"
+#include "base/printable.h"
 #include "base/whole_file.h"
 #include "lib/text/locale.h"
 #include "lib/ui/strings_table.h"
@@ -108,7 +109,7 @@ const StringsTable& userTableOf(std::string_view name)
     }
     for (const std::size_t line : table.texts.damagedLines()) {
         std::fprintf(stderr, "%s: %s:%zu: malformed line skipped, expected \"key\" = \"value\";\n",
-                     program_invocation_short_name, path.c_str(), line);
+                     program_invocation_short_name, printable(path).c_str(), line);
     }
     return gUserTables.tables.emplace_back(std::move(table)).texts;
 }

@@ -5,6 +5,7 @@
 #include "app/requests.h"
 #include "desktop/application_bus.h"
 #include "tests/app/controller_fixture.h"
+#include "tests/support/picture_builder.h"
 #include "tests/support/session_bus.h"
 
 #include <QDBusConnectionInterface>
@@ -184,6 +185,26 @@ TEST(program, aPictureOfTheWindowThatCannotBeWrittenIsStatus1)
     EXPECT_EQ(result.status, 1);
     EXPECT_TRUE(result.err.ends_with("pinorama: /missing/window.png: the image cannot be saved\n"))
         << result.err;
+}
+
+TEST(program, letsNoTextControlTheTerminal)
+{
+    const test::TemporaryFolder folder;
+    const std::string caption = "\x1b[31m\u009b2J\x7f";
+    const std::string picture =
+        folder.write("\x1b[1m\u202egpj.jpg",
+                     test::pictureWithGps(
+                         {.lat = 1, .latRef = "N", .lon = 1, .lonRef = "E", .caption = caption}));
+    for (const std::string& path : {picture, picture + "missing\x9b.jpg"}) {
+        const test::ProgramResult result =
+            run({"--print-and-save", folder.file("window.png"), path});
+        for (const std::string& printed : {result.out, result.err}) {
+            for (const char* control : {"\x1b", "\u009b", "\x7f", "\u202e", "jpgmissing\x9b"})
+                EXPECT_EQ(printed.find(control), std::string::npos) << printed;
+        }
+        EXPECT_NE(result.out.find("Name: \ufffd[1m\ufffdgpj.jpg"), std::string::npos) << result.out;
+    }
+    EXPECT_EQ(run({"--\x1b[31m"}).err.find('\x1b'), std::string::npos);
 }
 
 TEST(program, saysThatAFileIsMissingAndShowsWhatIsKnownOfIt)

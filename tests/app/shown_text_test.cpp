@@ -27,6 +27,22 @@ TEST(shownText, cutsALongerTextAtItsMaximum)
     EXPECT_EQ(shownText(most.repeated(40)), most + kEllipsis);
 }
 
+TEST(shownText, showsWhatWouldChangeTheOrderOfOthers)
+{
+    EXPECT_EQ(shownText(QStringLiteral("a\u202egpj.exe")), QStringLiteral("a\ufffdgpj.exe"));
+    EXPECT_EQ(shownText(QStringLiteral("\u2067a\u2069\u202bb\u202c")),
+              QStringLiteral("\ufffda\ufffd\ufffdb\ufffd"));
+    EXPECT_EQ(shownText(QStringLiteral("\u05d0\u200f1\u200e")),
+              QStringLiteral("\u05d0\u200f1\u200e"));
+}
+
+TEST(shownText, showsControlCharacters)
+{
+    EXPECT_EQ(shownText(QStringLiteral("\u001b[m\u009b\u007f")),
+              QStringLiteral("\ufffd[m\ufffd\ufffd"));
+    EXPECT_EQ(shownText(QStringLiteral("a\r\nb\tc")), QStringLiteral("a\r\nb\tc"));
+}
+
 TEST(shownText, keepsCharactersWhole)
 {
     const QString family = QStringLiteral("\U0001f468\u200d\U0001f469\u200d\U0001f467");

@@ -54,6 +54,44 @@ TEST(appendCsvLine, quotesFieldsThatNeedIt)
               "\"1,024.0 TB\",m,c,\"N 48\u00b0 6' 0.0\"\"\",,\r\n");
 }
 
+TEST(appendCsvLine, letsNoTextControlATerminal)
+{
+    FileReport report{};
+    report.path = "/\x1b[31m\u009b2J\u202egpj.exe";
+    report.name = "a\rb\r\nc\td\x7f";
+    EXPECT_EQ(rowOf(report),
+              "/\ufffd[31m\ufffd2J\ufffdgpj.exe,\"a\nb\r\nc\td\ufffd\","
+              "false,,,,,,,,,,,,,,,,,,,,\r\n");
+}
+
+TEST(appendCsvLine, letsNoTextBeAFormula)
+{
+    const struct {
+        const char* text;
+        const char* cell;
+    } rows[] = {
+        {"=1+1", "'=1+1"},
+        {"+1+1", "'+1+1"},
+        {"-2+3", "'-2+3"},
+        {"-1 cmd", "'-1 cmd"},
+        {"@SUM(A1)", "'@SUM(A1)"},
+        {"=\"a\"", "\"'=\"\"a\"\"\""},
+        {"\t=1", "'\t=1"},
+        {"\r=1", "\"'\n=1\""},
+        {"\uff1d1", "'\uff1d1"},
+        {"-", "'-"},
+        {"a=1", "a=1"},
+        {"-4 m", "-4 m"},
+        {"-271.3", "-271.3"},
+        {"+5", "+5"},
+    };
+    for (const auto& row : rows) {
+        FileReport report{};
+        report.path = row.text;
+        EXPECT_EQ(rowOf(report), row.cell + std::string(",,false,,,,,,,,,,,,,,,,,,,,\r\n"));
+    }
+}
+
 TEST(appendCsvLine, leavesMissingFieldsEmpty)
 {
     FileReport report{};

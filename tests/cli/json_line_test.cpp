@@ -115,6 +115,15 @@ TEST(appendJsonLine, escapesControlCharactersAndQuotes)
     EXPECT_EQ(ordered_json::parse(line)["name"], report.name);
 }
 
+TEST(appendJsonLine, escapesWhatControlsADisplayAndKeepsItsValue)
+{
+    FileReport report = munich();
+    report.name = "a\u009b2J\u0080\u202egpj.exe\u2069\u00a0";
+    const std::string line = lineOf(report);
+    EXPECT_NE(line.find("a\\u009b2J\\u0080\\u202egpj.exe\\u2069\u00a0"), line.npos) << line;
+    EXPECT_EQ(ordered_json::parse(line)["name"], report.name);
+}
+
 TEST(appendJsonLine, appends)
 {
     std::string lines = "x";

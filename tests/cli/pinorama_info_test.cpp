@@ -54,6 +54,26 @@ protected:
 };
 }  // namespace
 
+TEST_F(pinoramaInfo, letsNoTextControlTheTerminal)
+{
+    const std::string caption = "\x1b[31m\u009b2J\u202e\x7f";
+    const std::string picture =
+        folder_.write("\x1b[1m\u202egpj.jpg",
+                      test::pictureWithGps(
+                          {.lat = 1, .latRef = "N", .lon = 1, .lonRef = "E", .caption = caption}));
+    for (const char* option : {"-q", "--json", "--csv", "--web=1", "--search", "--\x1b[31m\x9b"}) {
+        const test::ProgramResult result =
+            run({option, picture, folder_.file("missing\x1b\x9b.jpg"), folder_.path() + "/\x1b"});
+        for (const std::string& printed : {result.out, result.err}) {
+            for (const char* control : {"\x1b", "\u009b", "\x7f", "\u202e", "\x1b\x9b", "m\x9b"})
+                EXPECT_EQ(printed.find(control), std::string::npos) << option << ": " << printed;
+        }
+    }
+    const auto objects = objectsOf(run({"--json", picture}).out);
+    ASSERT_EQ(objects.size(), 1u);
+    EXPECT_EQ(objects[0]["description"], caption);
+}
+
 TEST_F(pinoramaInfo, writesALineForEveryField)
 {
     const timespec times[2] = {{1229428800, 0}, {1229428800, 0}};  // 2008-12-16 12:00 UTC
