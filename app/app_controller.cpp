@@ -1,6 +1,7 @@
 #include "app/app_controller.h"
 
 #include "app/about_box.h"
+#include "app/file_dialogs.h"
 #include "app/finder_sync.h"
 #include "app/main_window.h"
 #include "base/file_attributes.h"
@@ -120,6 +121,7 @@ void AppController::connectMenu()
 
 bool AppController::init()
 {
+    refuseForeignDialogs();
     QApplication::setQuitOnLastWindowClosed(applicationShouldTerminateAfterLastWindowClosed());
     iuRegisterApplicationBundle();
     const StringHolder identifier(createString(kApplicationIdentifier));
