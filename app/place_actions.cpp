@@ -96,7 +96,7 @@ void PlaceActions::openService(std::int32_t itemIndex)
     if (itemIndex < 0 || itemIndex >= menu->count()) return;
     const StringHolder title(cuCreateText(menu->itemText(itemIndex)));
     const StringHolder urlTemplate(appCopyServiceTemplate(title.get()));
-    const StringHolder url(appMakeWebServiceURL(urlTemplate.get(), &shown_.info, shown_.path));
+    const StringHolder url(appMakeSafeWebServiceURL(urlTemplate.get(), &shown_.info, shown_.path));
     openURL(url.get());
 }
 

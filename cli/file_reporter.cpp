@@ -95,7 +95,7 @@ std::string addressOf(const fileInfoRecord& record, TovStringRef path, const Rep
 {
     switch (options.output) {
     case Output::webAddress:
-        return takeUTF8(appMakeWebServiceURL(options.serviceTemplate.get(), &record, path));
+        return takeUTF8(appMakeSafeWebServiceURL(options.serviceTemplate.get(), &record, path));
     case Output::catalogueAddress: return takeUTF8(appMakeCatalogueURL(&record));
     case Output::script: return scriptOf(record);
     default: return {};

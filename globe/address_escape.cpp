@@ -12,12 +12,22 @@ namespace {
 // RFC 2396: the unreserved marks, and the characters that are reserved (section 2.2).
 constexpr std::string_view kLegalInAddress = "-_.!~*'();/?:@&=+$,";
 static_assert(kLegalInAddress.starts_with(kUnreservedRFC2396));
+
+TovStringRef createEscaped(std::u16string_view name, std::string_view marks)
+{
+    return baseGuardMemory([&]() -> TovStringRef {
+        const std::string escaped = percentEscaped(displayUTF8(name), marks);
+        return createString(std::u16string(escaped.begin(), escaped.end()));
+    });
+}
 }  // namespace
 
 TovStringRef gpsEscapeForAddress(std::u16string_view name)
 {
-    return baseGuardMemory([&]() -> TovStringRef {
-        const std::string escaped = percentEscaped(displayUTF8(name), kLegalInAddress);
-        return createString(std::u16string(escaped.begin(), escaped.end()));
-    });
+    return createEscaped(name, kLegalInAddress);
+}
+
+TovStringRef gpsEscapeForAddressValue(std::u16string_view name)
+{
+    return createEscaped(name, kUnreservedRFC3986);
 }

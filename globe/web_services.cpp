@@ -29,6 +29,28 @@ bool isMissing(TovStringRef title, TovStringRef key)
 {
     return title == nullptr || TovStringCompare(title, key, 0) == 0;
 }
+
+using Escape = TovStringRef (*)(std::u16string_view name);
+
+TovStringRef fillIn(TovStringRef urlTemplate, const fileInfoRecord* info, TovStringRef path,
+                    Escape escape)
+{
+    if (urlTemplate == nullptr || info == nullptr) return nullptr;
+    const std::u16string_view format = unitsOf(urlTemplate);
+    const double latitude = signedLatitude(*info);
+    const double longitude = signedLongitude(*info);
+    switch (TovStringCountCharAppearances(urlTemplate, u'%')) {
+    case 2: return tovFormat(format, {latitude, longitude});
+    case 3: {
+        const StringHolder name(gpsCopyFileName(path));
+        if (!name) return nullptr;
+        const StringHolder escaped(escape(unitsOf(name.get())));
+        if (!escaped) return nullptr;
+        return tovFormat(format, {latitude, longitude, escaped.get()});
+    }
+    default: return nullptr;
+    }
+}
 }  // namespace
 
 TovStringRef appCopyServiceTitle(std::int32_t number)
@@ -55,21 +77,13 @@ TovStringRef appCopyServiceTemplate(TovStringRef title)
 TovStringRef appMakeWebServiceURL(TovStringRef urlTemplate, const fileInfoRecord* info,
                                   TovStringRef path)
 {
-    if (urlTemplate == nullptr || info == nullptr) return nullptr;
-    const std::u16string_view format = unitsOf(urlTemplate);
-    const double latitude = signedLatitude(*info);
-    const double longitude = signedLongitude(*info);
-    switch (TovStringCountCharAppearances(urlTemplate, u'%')) {
-    case 2: return tovFormat(format, {latitude, longitude});
-    case 3: {
-        const StringHolder name(gpsCopyFileName(path));
-        if (!name) return nullptr;
-        const StringHolder escaped(gpsEscapeForAddress(unitsOf(name.get())));
-        if (!escaped) return nullptr;
-        return tovFormat(format, {latitude, longitude, escaped.get()});
-    }
-    default: return nullptr;
-    }
+    return fillIn(urlTemplate, info, path, gpsEscapeForAddress);
+}
+
+TovStringRef appMakeSafeWebServiceURL(TovStringRef urlTemplate, const fileInfoRecord* info,
+                                      TovStringRef path)
+{
+    return fillIn(urlTemplate, info, path, gpsEscapeForAddressValue);
 }
 
 TovStringRef appMakeCatalogueURL(const fileInfoRecord* info)

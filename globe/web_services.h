@@ -34,6 +34,11 @@
 [[nodiscard]] TovStringRef appMakeWebServiceURL(TovStringRef urlTemplate,
                                                 const fileInfoRecord* info, TovStringRef path);
 
+// The same with a name that is escaped as one value, so that "x&q=0,0.jpg" adds no parameter to the
+// address. For every address that is opened or printed.
+[[nodiscard]] TovStringRef appMakeSafeWebServiceURL(TovStringRef urlTemplate,
+                                                    const fileInfoRecord* info, TovStringRef path);
+
 // Returns a new text: the address by which the cataloguing program finds the pictures within 2000 m
 // of the location. Null for null and when memory runs out.
 [[nodiscard]] TovStringRef appMakeCatalogueURL(const fileInfoRecord* info);

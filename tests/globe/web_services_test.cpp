@@ -112,6 +112,21 @@ TEST(appMakeWebServiceURL, withThreeConversionsTheThirdIsTheName)
     EXPECT_EQ(address("%f,%f,%@", info, "/folder.jpg/"), "1.000000,2.000000,folder.jpg");
 }
 
+TEST(appMakeSafeWebServiceURL, noNameAddsAParameter)
+{
+    const fileInfoRecord info = place(1, 'N', 2, 'E');
+    const auto safe = [&](std::string_view urlTemplate, std::string_view path) {
+        return takeUTF8(appMakeSafeWebServiceURL(text(urlTemplate).get(), &info, text(path).get()))
+            .value_or("null");
+    };
+    EXPECT_EQ(safe("%.0f,%.0f&q=%@", "/a/x)&q=0,0(&ll=1,1.jpg"),
+              "1,2&q=x%29%26q%3D0%2C0%28%26ll%3D1%2C1.jpg");
+    EXPECT_EQ(safe("%.0f,%.0f,%@", "/My Photo+#?:@;$!*'~-_.jpg"),
+              "1,2,My%20Photo%2B%23%3F%3A%40%3B%24%21%2A%27~-_.jpg");
+    EXPECT_EQ(safe("%.0f,%.0f", "/a&b"), "1,2");
+    EXPECT_EQ(safe("%f", "/a&b"), "null");
+}
+
 TEST(appMakeWebServiceURL, anyOtherNumberOfPercentSignsGivesNoAddress)
 {
     const fileInfoRecord info = place(1, 'N', 2, 'E');
