@@ -36,8 +36,8 @@ static_assert(!SafeAcrossSuspension<std::span<const int>>);
 static_assert(!SafeAcrossSuspension<std::reference_wrapper<const QString>>);
 
 // The captures of a lambda die with it, also while the coroutine that it started still waits.
-const auto kHoldsNothing = [] {};
-const auto kHoldsSomething = [number = 1] { (void)number; };
+[[maybe_unused]] const auto kHoldsNothing = [] {};
+[[maybe_unused]] const auto kHoldsSomething = [number = 1] { (void)number; };
 static_assert(SafeAcrossSuspension<decltype(kHoldsNothing)&>);
 static_assert(!SafeAcrossSuspension<decltype(kHoldsSomething)&>);
 
