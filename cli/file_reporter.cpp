@@ -1,6 +1,5 @@
 #include "cli/file_reporter.h"
 
-#include "base/descriptor.h"
 #include "base/status.h"
 #include "base/time_zone.h"
 #include "base/utf8.h"
@@ -15,8 +14,6 @@
 #include "location/file_facts.h"
 #include "location/metadata_reader.h"
 #include "location/property_dictionary.h"
-
-#include <fcntl.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -160,7 +157,7 @@ std::vector<FileReport> FileReporter::report(std::span<const std::string> paths,
     descriptors.reserve(paths.size());
     for (std::size_t i = 0; i < paths.size(); i++) {
         files.push_back(open(paths[i], &reports[i]));
-        if (files[i].descriptor) descriptors.push_back(files[i].descriptor.get());
+        if (files[i].picture.isOpen()) descriptors.push_back(files[i].picture.descriptor());
     }
     // The reader starts while the formatters are created.
     if (!descriptors.empty()) reader_.start();
@@ -174,7 +171,7 @@ std::vector<FileReport> FileReporter::report(std::span<const std::string> paths,
     for (std::size_t i = 0; i < paths.size(); i++) {
         fileInfoRecord record{};
         gpsPrepareInfoRecord(&record);
-        fillPlace(files[i], files[i].descriptor ? replies[next++] : PropertyResult{}, &record,
+        fillPlace(files[i], files[i].picture.isOpen() ? replies[next++] : PropertyResult{}, &record,
                   &reports[i]);
         gpsReleaseInfoRecord(&record);
     }
@@ -186,8 +183,8 @@ FileReport FileReporter::report(const std::string& path, fileInfoRecord* record)
     FileReport report{};
     const OpenFile file = open(path, &report);
     PropertyResult reply;
-    const int descriptor = file.descriptor.get();
-    if (file.descriptor) reply = reader_.readProperties({&descriptor, 1}, -1).front();
+    const int descriptor = file.picture.descriptor();
+    if (file.picture.isOpen()) reply = reader_.readProperties({&descriptor, 1}, -1).front();
     fillFileFields(file, &report);
     fillPlace(file, reply, record, &report);
     return report;
@@ -199,19 +196,13 @@ FileReporter::OpenFile FileReporter::open(const std::string& path, FileReport* r
 {
     OpenFile file;
     file.path = StringHolder(createPathText(path));
-    int openError = 0;
     report->isAccepted = accepted_.accepts(path);
-    if (report->isAccepted) {
-        file.descriptor = DescriptorHolder(openDescriptor(path.c_str(), O_RDONLY));
-        if (!file.descriptor) openError = errno;
-    }
-    file.attributes = file.descriptor ? attributesOf(file.descriptor.get()) : attributesOf(path);
+    if (report->isAccepted) file.picture = PictureFile(path);
+    file.attributes = file.picture.isOpen() ? file.picture.attributes() : attributesOf(path);
     if (!file.attributes) {
         report->error = std::strerror(errno);
-    } else if (!file.attributes->isRegular) {
-        file.descriptor = DescriptorHolder();
-    } else if (openError != 0) {
-        report->error = std::strerror(openError);
+    } else if (file.attributes->isRegular && file.picture.error() != 0) {
+        report->error = std::strerror(file.picture.error());
     }
     return file;
 }
@@ -248,11 +239,11 @@ void FileReporter::fillPlace(const OpenFile& file, const PropertyResult& reply,
     std::int32_t result = kErrNothingUsable;
     if (!file.attributes) {
         result = statusOfMissing(file.path.get());
-    } else if (file.descriptor && reply.outcome == Outcome::failed) {
+    } else if (file.picture.isOpen() && reply.outcome == Outcome::failed) {
         report->error = "reading the picture failed";
-    } else if (file.descriptor && reply.outcome == Outcome::stuck) {
+    } else if (file.picture.isOpen() && reply.outcome == Outcome::stuck) {
         report->error = "reading the picture took too long";
-    } else if (file.descriptor && reply.outcome == Outcome::noReader) {
+    } else if (file.picture.isOpen() && reply.outcome == Outcome::noReader) {
         report->error = "pictures cannot be read safely on this system";
     } else if (reply.outcome == Outcome::found) {
         const ObjectHolder<TovDictionaryRef> properties(createPropertyDictionary(reply.properties));

@@ -5,7 +5,6 @@
 
 #pragma once
 
-#include "base/descriptor.h"
 #include "base/file_attributes.h"
 #include "cli/accepted_names.h"
 #include "cli/file_report.h"
@@ -13,6 +12,7 @@
 #include "lib/strings/string_holder.h"
 #include "location/file_facts.h"
 #include "location/file_info_record.h"
+#include "pictures/picture_file.h"
 #include "reader/reader_client.h"
 #include "reader/sandboxed_properties.h"
 
@@ -70,7 +70,7 @@ private:
     // A file while its report is being made.
     struct OpenFile {
         StringHolder path{};
-        DescriptorHolder descriptor{};  // of a camera picture that is a regular file
+        PictureFile picture{};  // open if it is a camera picture
         std::optional<FileAttributes> attributes{};
     };
 

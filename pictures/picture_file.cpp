@@ -2,36 +2,48 @@
 
 #include <cerrno>
 #include <optional>
+#include <utility>
 
 #include <fcntl.h>
-#include <sys/stat.h>
+#include <unistd.h>
 
 namespace pinorama {
 namespace {
-int openForReading(const std::string& path)
+constexpr char kOwnDescriptors[] = "/proc/self/fd/";
+
+// Opens for reading what `item` stands for, whatever has its path by now.
+DescriptorHolder openItem(const DescriptorHolder& item, const std::string& path)
 {
-    // A zero byte would silently name another file.
-    if (path.find('\0') != std::string::npos) return -1;
-    // What was a file may be a pipe by now; openDescriptor does not wait for its writer.
-    const int descriptor = openDescriptor(path.c_str(), O_RDONLY | O_NOFOLLOW);
-    if (descriptor >= 0 || errno != ELOOP) return descriptor;
-    // A link may lead to a device, whose opening alone can do something: a tape rewinds, a board on
-    // a serial port starts again. Looking first takes a fifth of the time for a picture, and only
-    // who owns the machine can put a device here without a link.
-    struct stat status;
-    if (stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return -1;
-    return openDescriptor(path.c_str(), O_RDONLY);
+    const std::string link = kOwnDescriptors + std::to_string(item.get());
+    DescriptorHolder file(openDescriptor(link.c_str(), O_RDONLY));
+    if (file || errno != ENOENT || access(kOwnDescriptors, F_OK) == 0) return file;
+    // Without /proc there is only the path. What was a file may be a pipe by now; openDescriptor
+    // does not wait for its writer.
+    file = DescriptorHolder(openDescriptor(path.c_str(), O_RDONLY));
+    const auto attributes = file ? attributesOf(file.get()) : std::nullopt;
+    return attributes && attributes->isRegular ? std::move(file) : DescriptorHolder();
 }
 }  // namespace
 
-PictureFile::PictureFile(const std::string& path) : descriptor_(openForReading(path))
+// Opening alone can do something: a pipe's writer goes on and loses what it writes, a tape rewinds,
+// a board on a serial port starts again. So the item is looked at first, through a descriptor that
+// does not open it (O_PATH), and that descriptor is then opened: an item never changes its kind.
+PictureFile::PictureFile(const std::string& path)
 {
-    if (!descriptor_) return;
-    const std::optional<FileAttributes> attributes = attributesOf(descriptor_.get());
-    if (attributes && attributes->isRegular) {
+    // A zero byte would silently name another file.
+    if (path.find('\0') != std::string::npos) {
+        error_ = ENOENT;
+        return;
+    }
+    const DescriptorHolder item(openDescriptor(path.c_str(), O_PATH));
+    std::optional<FileAttributes> attributes;
+    if (item) attributes = attributesOf(item.get());
+    if (attributes && !attributes->isRegular) return;
+    if (attributes) descriptor_ = openItem(item, path);
+    if (descriptor_) {
         attributes_ = *attributes;
     } else {
-        descriptor_ = DescriptorHolder();
+        error_ = errno;
     }
 }
 

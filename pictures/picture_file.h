@@ -19,11 +19,14 @@ public:
     PictureFile() = default;
 
     // Opens the file at `path`, following symbolic links. A pipe, a device or a folder of that name
-    // does not count as open, and is not touched where a link leads to it.
+    // is looked at and not opened.
     explicit PictureFile(const std::string& path);
 
     bool isOpen() const { return static_cast<bool>(descriptor_); }
     int descriptor() const { return descriptor_.get(); }  // -1 when not open
+
+    // The errno of why there is no open file; 0 if it is open, and for an item of another kind.
+    int error() const { return error_; }
 
     // As they were when the file was opened; zero when it is not open.
     const FileAttributes& attributes() const { return attributes_; }
@@ -32,6 +35,7 @@ public:
 private:
     DescriptorHolder descriptor_;
     FileAttributes attributes_{};
+    int error_ = 0;
 };
 
 }  // namespace pinorama

@@ -9,8 +9,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <chrono>
 
+#include <fcntl.h>
 #include <sys/inotify.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -52,7 +54,11 @@ TEST(PictureFile, opensNothingButFiles)
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        EXPECT_EQ(PictureFile(row.path).isOpen(), row.isOpened);
+        {
+            const Watch watch(row.path);
+            EXPECT_EQ(PictureFile(row.path).isOpen(), row.isOpened);
+            EXPECT_EQ(watch.sawAnOpening(), row.isOpened);
+        }
         const std::string link = row.path + ".link.jpg";
         ASSERT_EQ(symlink(row.path.c_str(), link.c_str()), 0);
         const Watch watch(row.path);
@@ -78,6 +84,30 @@ TEST(PictureFile, knowsTheFactsOfTheFileThatItHasOpen)
 
     EXPECT_FALSE(PictureFile().isOpen());
     EXPECT_EQ(PictureFile(folder.file("none.jpg")).attributes(), FileAttributes{});
+}
+
+TEST(PictureFile, leavesAPipeToItsReader)
+{
+    const test::TemporaryFolder folder;
+    const std::string pipe = folder.file("pipe.jpg");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    EXPECT_FALSE(PictureFile(pipe).isOpen());
+    // Nobody has it open, so that a writer that does not wait finds no reader.
+    const DescriptorHolder writer(openDescriptor(pipe.c_str(), O_WRONLY));
+    EXPECT_FALSE(writer);
+    EXPECT_EQ(errno, ENXIO);
+}
+
+TEST(PictureFile, saysWhyItIsNotOpen)
+{
+    const test::TemporaryFolder folder;
+    EXPECT_EQ(PictureFile(folder.write("a.jpg", "x")).error(), 0);
+    EXPECT_EQ(PictureFile(folder.path()).error(), 0);
+    EXPECT_EQ(PictureFile(folder.file("none.jpg")).error(), ENOENT);
+    EXPECT_EQ(PictureFile(std::string("a\0b", 3)).error(), ENOENT);
+    EXPECT_EQ(PictureFile(folder.file("a.jpg/b.jpg")).error(), ENOTDIR);
+    ASSERT_EQ(symlink("circle.jpg", folder.file("circle.jpg").c_str()), 0);
+    EXPECT_EQ(PictureFile(folder.file("circle.jpg")).error(), ELOOP);
 }
 
 TEST(PictureFile, ofEveryHostileItemIsAFileOrNotOpen)
