@@ -8,6 +8,9 @@
 #include <QMimeData>
 #include <QTimer>
 
+#include <functional>
+#include <utility>
+
 namespace pinorama {
 
 namespace {
@@ -24,22 +27,55 @@ void runAction(AppController& controller, const QString& action)
     if (action == QLatin1String("donate")) controller.donate();
     if (action == QLatin1String("quit")) QCoreApplication::quit();
 }
+
+// Does what other programs ask for, once for a burst of requests: showing a file takes milliseconds
+// and asking for it microseconds, so a program that asks without pause would keep the window busy.
+// Of what was asked until the event loop has nothing else to do only the last is looked at.
+class LastRequest : public QObject {
+public:
+    explicit LastRequest(AppController& controller) : QObject(&controller), controller_(controller)
+    {
+        timer_.setSingleShot(true);
+        connect(&timer_, &QTimer::timeout, this, &LastRequest::carryOutLast);
+    }
+
+    // The window is wanted, with `content` or with what it shows.
+    void take(const QByteArray& token, std::function<void()> content)
+    {
+        if (!token.isEmpty()) token_ = token;
+        if (content) content_ = std::move(content);
+        timer_.start(0);
+    }
+
+private:
+    void carryOutLast()
+    {
+        useActivationToken(std::exchange(token_, {}));
+        const auto content = std::exchange(content_, {});
+        content ? content() : controller_.showMainWindow();
+    }
+
+    AppController& controller_;
+    QTimer timer_;
+    QByteArray token_;
+    std::function<void()> content_;
+};
 }  // namespace
 
 void connectRequests(ApplicationBus& bus, AppController& controller)
 {
-    QObject::connect(&bus, &ApplicationBus::activated, &controller,
-                     [&controller](const QByteArray& token) {
-                         useActivationToken(token);
-                         controller.showMainWindow();
+    auto* last = new LastRequest(controller);
+    QObject::connect(&bus, &ApplicationBus::activated, last,
+                     [last](const QByteArray& token) { last->take(token, {}); });
+    QObject::connect(
+        &bus, &ApplicationBus::fileOpened, last,
+        [last, &controller](const QByteArray& path, const QByteArray& token) {
+            last->take(token, [&controller, path] { controller.openPath(path.toStdString()); });
+        });
+    QObject::connect(&bus, &ApplicationBus::textSent, last,
+                     [last, &controller](const QString& text) {
+                         last->take({}, [&controller, text] { openText(controller, text); });
                      });
-    QObject::connect(&bus, &ApplicationBus::fileOpened, &controller,
-                     [&controller](const QByteArray& path, const QByteArray& token) {
-                         useActivationToken(token);
-                         controller.openPath(path.toStdString());
-                     });
-    QObject::connect(&bus, &ApplicationBus::textSent, &controller,
-                     [&controller](const QString& text) { openText(controller, text); });
     QObject::connect(&bus, &ApplicationBus::actionActivated, &controller,
                      [&controller](const QString& action) { runAction(controller, action); });
 }

@@ -11,7 +11,8 @@ class AppController;
 class ApplicationBus;
 struct CommandLine;
 
-// Lets `controller` do what arrives over the bus. Both live until the program ends.
+// Lets `controller` do what arrives over the bus; of a burst of files and texts only the last is
+// shown. Both live until the program ends.
 void connectRequests(ApplicationBus& bus, AppController& controller);
 
 // True when what the command line asks of the first instance brings the window to the screen.

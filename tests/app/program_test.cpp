@@ -84,6 +84,26 @@ protected:
 };
 }  // namespace
 
+TEST(connectRequests, looksAtTheLastOfABurstOnly)
+{
+    AppController controller;
+    ASSERT_TRUE(controller.init());
+    ApplicationBus bus{QDBusConnection(QStringLiteral("none"))};
+    connectRequests(bus, controller);
+    int shown = 0;
+    QObject::connect(controller.fileNameField, &QLineEdit::textChanged, [&shown] { shown++; });
+    for (int i = 0; i < 10'000; i++)
+        Q_EMIT bus.fileOpened("/missing/" + QByteArray::number(i) + ".jpg", {});
+    Q_EMIT bus.activated({});
+    QCoreApplication::processEvents();
+    EXPECT_EQ(shown, 1);
+    EXPECT_EQ(controller.fileNameField->text(), QStringLiteral("9999.jpg"));
+    EXPECT_TRUE(controller.myWindow->isVisible());
+    Q_EMIT bus.textSent(QStringLiteral("/missing/text.jpg"));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(shown, 2);
+}
+
 TEST(program, helpAndVersionNeedNoDisplay)
 {
     const test::ScopedVariable noDisplay("QT_QPA_PLATFORM", nullptr);
