@@ -1,10 +1,14 @@
 #include "base/replacing_file.h"
 
+#include "base/folder_listing.h"
 #include "base/item_path.h"
 
 #include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
+#include <cstdlib>
+#include <ctime>
 #include <string>
 
 #include <fcntl.h>
@@ -17,6 +21,8 @@ constexpr std::size_t kPendingBytes = 65536;
 constexpr int kMaxNames = 100;  // unfinished files of earlier programs in the same place
 constexpr std::size_t kMaxNameLength = 255;  // bytes
 constexpr mode_t kAllPermissions = 07777;
+constexpr time_t kAbandonedAfter = 600;  // seconds
+constexpr std::string_view kUnfinished = ".new";
 
 // A path beside `target`. If its name and the suffix together are too long, the name is cut between
 // two letters.
@@ -27,6 +33,41 @@ std::string pathBeside(const std::string& target, const std::string& suffix)
     const auto isInsideLetter = [&] { return (name[length] & 0xC0) == 0x80; };
     while (length > 0 && length < name.size() && isInsideLetter()) length--;
     return target.substr(0, target.size() - name.size() + length) + suffix;
+}
+
+bool isDigits(std::string_view text)
+{
+    return !text.empty() && text.size() <= 10 &&
+           text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+// True for a file that nobody has written to for kAbandonedAfter, and that is no link. Its process
+// may run on another machine that shares the folder, so that none is there says too little.
+bool isAbandoned(const std::string& path)
+{
+    struct stat facts = {};
+    return lstat(path.c_str(), &facts) == 0 && S_ISREG(facts.st_mode) &&
+           facts.st_uid == geteuid() && time(nullptr) - facts.st_mtime > kAbandonedAfter;
+}
+
+// Removes the unfinished files of `target` that killed programs left.
+void removeAbandoned(const std::string& target)
+{
+    // A name that had to be cut for its suffix is too rare to look for.
+    const std::string_view stem = nameOf(target);
+    const std::string folder = target.substr(0, target.size() - stem.size());
+    for (const std::string& name : namesInFolder(folder.empty() ? "." : folder)) {
+        std::string_view rest = name;
+        if (!rest.starts_with(stem) || !rest.ends_with(kUnfinished)) continue;
+        rest.remove_prefix(stem.size());
+        if (rest.size() <= kUnfinished.size() || rest[0] != '.') continue;
+        rest = rest.substr(1, rest.size() - 1 - kUnfinished.size());
+        if (!isDigits(rest)) continue;
+        const auto process =
+            static_cast<pid_t>(std::strtoll(std::string(rest).c_str(), nullptr, 10));
+        const bool isAlive = process <= 0 || kill(process, 0) == 0 || errno != ESRCH;
+        if (!isAlive && isAbandoned(folder + name)) unlink((folder + name).c_str());
+    }
 }
 
 bool isLink(const std::string& path)
@@ -63,13 +104,20 @@ bool ReplacingFile::begin(const std::string& path)
     if (options_.ownMode) return beginUnfinished(*options_.ownMode);
 
     struct stat status = {};
-    if (stat(target_.c_str(), &status) != 0) return errno == ENOENT && beginUnfinished(0666);
+    if (stat(target_.c_str(), &status) != 0) return errno == ENOENT && beginShared();
     if (!S_ISREG(status.st_mode) || isLink(target_)) return beginDirectly();
     // A file that may not be written is not replaced either.
     if (faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0) return false;
-    if (!beginUnfinished(0666)) return false;
+    if (!beginShared()) return false;
     (void)fchmod(file_.get(), status.st_mode & kAllPermissions);
     return true;
+}
+
+// Begins a file in a folder of the user's, where what is left of others would be in the way.
+bool ReplacingFile::beginShared()
+{
+    removeAbandoned(target_);
+    return beginUnfinished(0666);
 }
 
 bool ReplacingFile::beginDirectly()

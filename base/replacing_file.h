@@ -51,6 +51,8 @@ public:
     //   - A device or a pipe cannot be replaced and is written directly. So is a file that a
     //     process holds open and that is named as such (/dev/stdout, /dev/fd/3): the new content
     //     is appended to it.
+    //   - What killed programs left of the same file is removed if no process has the number in its
+    //     name and nobody has written to it for ten minutes.
     //
     // This and the next two return false with errno set and remove what they made of the file.
     bool begin(const std::string& path);
@@ -71,6 +73,7 @@ public:
 
 private:
     bool beginDirectly();
+    bool beginShared();
     bool beginUnfinished(mode_t mode);
     bool flush();
     bool makeDurable();

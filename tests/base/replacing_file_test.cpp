@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -173,6 +174,35 @@ TEST(ReplacingFile, removesWhatAKilledProgramLeftWhereWritersTakeTurns)
     EXPECT_EQ(test::readFile(folder.file("a.json")), "new");
     EXPECT_EQ(test::readFile(other), "kept");
     EXPECT_EQ(countOfItems(folder.path()), 2u);
+}
+
+TEST(ReplacingFile, removesWhatAKilledProgramLeftLongAgo)
+{
+    constexpr const char* kNobody = "2147483646";  // more than a process number can be
+    const test::TemporaryFolder folder;
+    const timespec longAgo[2] = {{1000000000, 0}, {1000000000, 0}};
+    const auto leave = [&](const std::string& name, bool isOld) {
+        const std::string path = folder.write(name, "part");
+        if (isOld) {
+            EXPECT_EQ(utimensat(AT_FDCWD, path.c_str(), longAgo, 0), 0);
+        }
+        return path;
+    };
+    const std::string nobody = std::string(".") + kNobody;
+    const std::string abandoned = leave("a.kml" + nobody + ".new", true);
+    const std::string fresh = leave("a.kml.2147483645.new", false);
+    const std::vector<std::string> kept = {
+        leave("a.kml." + std::to_string(getppid()) + ".new", true),
+        leave("b.kml" + nobody + ".new", true),
+        leave("a.kml" + nobody + ".new.txt", true),
+        leave("a.kml.x" + nobody + ".new", true),
+        leave("a.kml..new", true),
+        leave("a.kml.new", true),
+        fresh,
+    };
+    EXPECT_TRUE(replace(folder.file("a.kml"), "new"));
+    EXPECT_FALSE(std::filesystem::exists(abandoned));
+    for (const std::string& path : kept) EXPECT_TRUE(std::filesystem::exists(path)) << path;
 }
 
 TEST(ReplacingFile, writesToADeviceDirectly)
