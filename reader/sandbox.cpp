@@ -106,6 +106,8 @@ std::uint64_t addressSpaceInUse()
 bool enterSandbox(const SandboxRules& rules)
 {
     if (prctl(PR_SET_PDEATHSIG, SIGKILL) != 0) return false;
+    // No other program of the user attaches to it, reads its memory or takes its descriptors.
+    if (prctl(PR_SET_DUMPABLE, 0, 0, 0, 0) != 0) return false;
     if (!detachStandardStreams()) return false;
     if (syscall(SYS_close_range, static_cast<unsigned>(rules.socket) + 1, ~0u, 0u) != 0) {
         return false;

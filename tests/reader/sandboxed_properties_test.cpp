@@ -4,12 +4,18 @@
 
 #include "reader/reader_client.h"
 #include "tests/reader/reader_fixture.h"
+#include "tests/support/other_process.h"
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <filesystem>
 #include <sstream>
 #include <string>
+
+#include <fcntl.h>
+#include <sys/prctl.h>
+#include <unistd.h>
 
 using namespace pinorama;
 
@@ -54,6 +60,26 @@ TEST(forkPropertyReader, mayTakeLittleOfTheMachine)
     }
     EXPECT_EQ(hardLimitOf("Max core file size"), "0");
     EXPECT_LT(std::stoi(hardLimitOf("Max open files")), 100);
+}
+
+TEST(forkPropertyReader, isClosedToOtherProgramsOfTheUser)
+{
+    const Pictures pictures;
+    const PictureFile good(pictures.good());  // before the rights to it are gone
+    const int status = test::inChild([&] {
+        if (!test::becomeNobody()) return test::kCannotTest;
+        // Being nobody has made this process one that may not be dumped, and its child with it.
+        EXPECT_EQ(prctl(PR_SET_DUMPABLE, 1, 0, 0, 0), 0);
+        ReaderClient client(forkPropertyReader);
+        EXPECT_EQ(client.readProperties(good.descriptor()).outcome, ReadOutcome::found);
+        const std::string secret = "/proc/" + std::to_string(client.processID()) + "/environ";
+        const DescriptorHolder opened(openDescriptor(secret.c_str(), O_RDONLY));
+        EXPECT_FALSE(opened);
+        EXPECT_EQ(errno, EACCES);
+        return testing::Test::HasFailure() ? 1 : 0;
+    });
+    if (status == test::kCannotTest) GTEST_SKIP() << "everything here runs as root";
+    EXPECT_EQ(status, 0);
 }
 
 TEST(forkPropertyReader, agreesWithReadingInThisProcess)
