@@ -47,8 +47,7 @@ DisplayControl displayControlAt(std::string_view text, std::size_t at)
 
 void appendPrintable(std::string_view text, std::string* out)
 {
-    std::string valid;
-    if (countUnitsOfUTF8(text) < 0) text = valid = withoutMalformedBytes(text);
+    if (countUnitsOfUTF8(text) < 0) return appendPrintable(withoutMalformedBytes(text), out);
     for (std::size_t i = 0; i < text.size(); i++) {
         const DisplayControl control = displayControlAt(text, i);
         if (!control) {

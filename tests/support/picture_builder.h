@@ -90,7 +90,8 @@ std::vector<TiffField> gpsFields(const PictureFields& fields);
 // A TIFF block with those values; empty fields give a first directory without GPS pointer.
 std::string tiffWithGps(const PictureFields& fields);
 
-// IPTC-IIM: one dataset (with an extended length where it needs one), and the record with the texts of `fields` (empty when there are none).
+// IPTC-IIM: one dataset (with an extended length where it needs one), and the record with the texts
+// of `fields` (empty when there are none).
 std::string iptcDataset(std::uint8_t record, std::uint8_t dataset, std::string_view data);
 std::string iptcRecord(const PictureFields& fields);
 
