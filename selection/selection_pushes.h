@@ -7,8 +7,9 @@
 //     Push(in as uris, in s windowTitle)
 //
 // An empty title takes back the last push: the selection is no longer known. Every program of the
-// session can call this, so a push counts only if its sender's process, which the bus knows, is a
-// file manager; and its paths are only compared here, never opened.
+// session can call this, so a push counts only if its sender's process, which the bus knows, runs
+// the program of a file manager (push_sender.h); and its paths are only compared here, never
+// opened.
 //
 //     SelectionPushes pushes(QDBusConnection::sessionBus(), [&] { return tracker.lastFrame(); });
 //     pushes.setListening(true);
@@ -32,6 +33,7 @@
 
 #include "selection/dbus_query.h"
 #include "selection/file_manager_kind.h"
+#include "selection/push_sender.h"
 
 namespace pinorama {
 
@@ -58,7 +60,7 @@ public:
     using FrameInFront = std::function<std::shared_ptr<FrameReader>()>;
 
     explicit SelectionPushes(const QDBusConnection& bus, FrameInFront frameInFront,
-                             KindOfProcess kindOfProcess = fileManagerKindOfProcess);
+                             KindOfProcess kindOfProcess = fileManagerKindOfSender);
     ~SelectionPushes() override;
 
     // Whether pushes are accepted. If not, the extensions do not find this program on the bus, and
