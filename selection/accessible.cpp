@@ -93,6 +93,11 @@ QDBusMessage attributesCall(const Accessible& object)
     return methodCall(object, kAccessible, "GetAttributes");
 }
 
+QDBusMessage relationsCall(const Accessible& object)
+{
+    return methodCall(object, kAccessible, "GetRelationSet");
+}
+
 QDBusMessage childrenCall(const Accessible& object)
 {
     return methodCall(object, kAccessible, "GetChildren");
@@ -262,6 +267,34 @@ std::optional<Extents> extentsIn(const QDBusMessage& reply)
     *argument >> extents.left >> extents.top >> extents.size.width >> extents.size.height;
     argument->endStructure();
     return extents;
+}
+
+std::optional<Accessible> treeParentIn(const QDBusMessage& reply)
+{
+    constexpr std::uint32_t kNodeChildOf = 7;
+    const auto argument = structured(reply, "a(ua(so))");
+    if (!argument) return std::nullopt;
+    std::optional<Accessible> parent;
+    argument->beginArray();
+    while (!argument->atEnd()) {
+        std::uint32_t kind = 0;
+        argument->beginStructure();
+        *argument >> kind;
+        argument->beginArray();
+        while (!argument->atEnd()) {
+            Accessible target;
+            QDBusObjectPath path;
+            argument->beginStructure();
+            *argument >> target.service >> path;
+            argument->endStructure();
+            target.path = path.path();
+            if (kind == kNodeChildOf && !parent) parent = target;
+        }
+        argument->endArray();
+        argument->endStructure();
+    }
+    argument->endArray();
+    return parent;
 }
 
 bool hasAttribute(const QDBusMessage& reply, const QString& name, const QString& value)

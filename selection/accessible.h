@@ -90,6 +90,7 @@ QDBusMessage nameCall(const Accessible& object);
 QDBusMessage descriptionCall(const Accessible& object);
 QDBusMessage interfacesCall(const Accessible& object);
 QDBusMessage attributesCall(const Accessible& object);
+QDBusMessage relationsCall(const Accessible& object);
 QDBusMessage childrenCall(const Accessible& object);
 QDBusMessage parentCall(const Accessible& object);
 QDBusMessage childCountCall(const Accessible& object);
@@ -123,6 +124,10 @@ struct Extents {
     Size size;
 };
 std::optional<Extents> extentsIn(const QDBusMessage& reply);
+
+// The object that is the parent of this one in a tree, by the relations in a reply; the tree itself
+// for a row on its first level. Nothing if there is no such relation.
+std::optional<Accessible> treeParentIn(const QDBusMessage& reply);
 
 // Whether the attributes in a reply contain `name` with `value`.
 bool hasAttribute(const QDBusMessage& reply, const QString& name, const QString& value);

@@ -173,10 +173,16 @@ std::vector<std::string> foldersShown(const FolderHints& hints,
                 result.push_back(folder);
         }
     };
+    // Another folder of that name may be shown, with other pictures of the same names.
+    const auto confirmed = [&](std::vector<std::string> folders) {
+        if (isWatched)
+            std::erase_if(folders, [&](const std::string& folder) { return !isWatched(folder); });
+        return folders;
+    };
     add(finder.fromLocations());
     add(finder.fromRows());
-    if (result.empty()) add(finder.fromRowsInAnyNamedFolder());
-    add(finder.fromTitle());
+    if (result.empty()) add(confirmed(finder.fromRowsInAnyNamedFolder()));
+    add(confirmed(finder.fromTitle()));
     return result;
 }
 

@@ -37,6 +37,9 @@ struct FolderHints {
 // - `isWatched` says whether the file manager watches a folder for changes; watched folders come
 //   first among those found from one kind of hint. May be empty.
 //
+// - The title alone, and a row that begins with an unknown name, are guesses. They count only if
+//   `isWatched` confirms them.
+//
 // Folders whose name is part of the title come before all others of the same kind.
 std::vector<std::string> foldersShown(const FolderHints& hints,
                                       const std::vector<NamedFolder>& namedFolders,

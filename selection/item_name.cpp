@@ -3,6 +3,7 @@
 #include <dirent.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <array>
 #include <functional>
 #include <memory>
@@ -116,6 +117,14 @@ std::optional<std::string> nameOfShownItem(const std::vector<std::string>& names
         if (found != nullptr) return *found;
     }
     return std::nullopt;
+}
+
+std::pair<std::size_t, std::size_t> itemCounts(const std::string& folder)
+{
+    const std::vector<std::string> names = namesIn(folder);
+    const auto shown = std::count_if(
+        names.begin(), names.end(), [](const std::string& name) { return !name.starts_with('.'); });
+    return {static_cast<std::size_t>(shown), names.size()};
 }
 
 std::optional<std::string> existingItem(std::string path)

@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace pinorama {
@@ -31,6 +32,10 @@ std::optional<std::string> pathOfShownItem(const std::string& folder, const QStr
 // The same rules without a file system: the one of `names` (raw bytes) that is shown as `shown`.
 std::optional<std::string> nameOfShownItem(const std::vector<std::string>& names,
                                            const QString& shown);
+
+// The number of items in a folder, without and with those whose names begin with a point. Counts at
+// most 100,000.
+std::pair<std::size_t, std::size_t> itemCounts(const std::string& folder);
 
 // The path of an item, with a slash at its end if it is a folder or a link to one; nothing if there
 // is no such item. Slashes at the end of `path` are ignored.

@@ -1,5 +1,6 @@
 #include "selection/selected_items.h"
 
+#include "selection/item_name.h"
 #include "selection/status_text.h"
 
 #include <QDBusConnection>
@@ -12,6 +13,7 @@ namespace {
 constexpr std::size_t kMaxSelected = 64;      // items whose paths are reported
 constexpr std::size_t kMaxScanned = 20000;    // items of a view that are asked one by one
 constexpr std::size_t kMaxPendingCalls = 64;  // that wait for a reply at the same time
+constexpr std::uint32_t kMaxColumns = 24;     // of a list
 
 Validator nameValidator(const Accessible& object, const QString& name)
 {
@@ -110,21 +112,80 @@ Task<SelectedItems> SelectedItemsReader::readTable(DBusQuery& query, View view)
         selected.validators.push_back(countValidator(selectedRowCountCall(view.object),
                                                      static_cast<std::uint32_t>(rows->size())));
     }
+    if (rows->empty()) co_return selected;
+    const QDBusMessage getColumnCount = columnCountCall(view.object);
+    const auto columnCount = numberIn(co_await query.reply(getColumnCount));
     for (const int row : *rows) {
-        std::optional<NamedItem> cell;
-        // The names are not always in the first column; others hold icons, sizes and dates.
-        for (int column = 0; column < 4; column++) {
-            const QDBusMessage getCell = cellCall(view.object, row, column);
-            const auto object = objectIn(co_await query.reply(getCell));
-            if (!object) continue;
-            NamedItem candidate = co_await named(query, *object);
-            const bool isItem = candidate.path.has_value();
-            if (!cell || isItem) cell = std::move(candidate);
-            if (isItem) break;
-        }
-        selected.items.push_back(cell.value_or(NamedItem{}));
+        NamedItem item = co_await rowItem(
+            query, view, row, static_cast<int>(std::min(columnCount.value_or(1), kMaxColumns)));
+        selected.items.push_back(std::move(item));
     }
     co_return selected;
+}
+
+// The item of a row. In a tree it is in the folder of the row above it in the tree, and among the
+// results of a search in the folder that another of its cells names.
+Task<NamedItem> SelectedItemsReader::rowItem(DBusQuery& query, View view, int row, int columnCount)
+{
+    std::vector<QDBusMessage> cellCalls;
+    for (int column = 0; column < columnCount; column++)
+        cellCalls.push_back(cellCall(view.object, row, column));
+    const auto cells = co_await query.replies(cellCalls);
+    std::vector<Accessible> objects;
+    std::vector<QDBusMessage> calls;
+    for (const QDBusMessage& cell : cells) {
+        objects.push_back(objectIn(cell).value_or(Accessible{}));
+        calls.push_back(nameCall(objects.back()));
+        calls.push_back(relationsCall(objects.back()));
+    }
+    const auto replies = co_await query.replies(calls);
+    std::optional<std::string> folder;
+    std::optional<Accessible> parent;
+    bool isElsewhere = false;
+    for (std::size_t i = 0; i < objects.size(); i++) {
+        WindowFolder::Cell cell = folder_.cell(textIn(replies[2 * i]).value_or(QString()));
+        if (cell.kind == WindowFolder::CellKind::location) folder = std::move(cell.folder);
+        if (cell.kind == WindowFolder::CellKind::elsewhere) isElsewhere = true;
+        if (!parent) parent = treeParentIn(replies[2 * i + 1]);
+    }
+    if (!folder && parent && *parent != view.object) {
+        folder = co_await folderOfRow(query, view, *parent);
+        isElsewhere = isElsewhere || !folder;
+    }
+    std::optional<NamedItem> found;
+    // The names are not always in the first column; others hold icons, sizes and dates.
+    for (std::size_t i = 0; i < std::min<std::size_t>(objects.size(), 4); i++) {
+        NamedItem candidate = co_await named(query, objects[i], folder.value_or(std::string()));
+        const bool isItem = candidate.path.has_value();
+        if (!found || isItem) found = std::move(candidate);
+        if (isItem) break;
+    }
+    NamedItem item = found.value_or(NamedItem{});
+    if (isElsewhere) item.path.reset();
+    co_return item;
+}
+
+// The folder of the rows below `parent`, itself a row; nothing if it cannot be told.
+Task<std::optional<std::string>> SelectedItemsReader::folderOfRow(DBusQuery& query, View view,
+                                                                  Accessible parent)
+{
+    constexpr std::size_t kMaxLevels = 32;
+    std::vector<Accessible> parents;
+    while (parent != view.object) {
+        if (parents.size() == kMaxLevels) co_return std::nullopt;
+        parents.push_back(parent);
+        const QDBusMessage getRelations = relationsCall(parent);
+        const auto next = treeParentIn(co_await query.reply(getRelations));
+        if (!next) co_return std::nullopt;
+        parent = *next;
+    }
+    std::string folder;
+    for (std::size_t i = parents.size(); i > 0; i--) {
+        const NamedItem item = co_await named(query, parents[i - 1], folder);
+        if (!item.path || !item.path->ends_with('/')) co_return std::nullopt;
+        folder = item.path->substr(0, item.path->size() - 1);
+    }
+    co_return folder;
 }
 
 Task<SelectedItems> SelectedItemsReader::readStatus(DBusQuery& query)
@@ -180,6 +241,7 @@ Task<SelectedItems> SelectedItemsReader::readStates(DBusQuery& query, View view,
             if (objectIn(itsReplies[1]) != view.object) continue;
             if (!has(statesIn(itsReplies[0]).value_or(0), State::selected)) continue;
             NamedItem item = co_await named(query, candidate);
+            item = co_await certain(query, view, item);
             selected.items.push_back(std::move(item));
             co_return selected;
         }
@@ -187,9 +249,37 @@ Task<SelectedItems> SelectedItemsReader::readStates(DBusQuery& query, View view,
     const std::vector<Accessible> found = co_await scan(query, view);
     for (const Accessible& object : found) {
         NamedItem item = co_await named(query, object);
+        if (found.size() == 1) item = co_await certain(query, view, item);
         selected.items.push_back(std::move(item));
     }
     co_return selected;
+}
+
+// Dolphin does not say which items belong to an expanded folder. If the view has not as many items
+// as the folder, one that has its name for itself and is in the folder is the right one; of two
+// with one name nobody can say.
+Task<NamedItem> SelectedItemsReader::certain(DBusQuery& query, View view, NamedItem item)
+{
+    if (manager_ != FileManager::dolphin || !item.path) co_return item;
+    const auto counts = folder_.itemCounts();
+    const QDBusMessage getCount = childCountCall(view.object);
+    const auto count = numberIn(co_await query.reply(getCount));
+    if (counts && (count == counts->first || count == counts->second)) co_return item;
+
+    item.path = folder_.pathInFirst(item.name);
+    const QDBusMessage getChildren = childrenCall(view.object);
+    const auto items = objectsIn(co_await query.reply(getChildren), kMaxScanned);
+    if (!items) item.path.reset();
+    std::size_t namesakes = 0;
+    for (std::size_t first = 0; item.path && first < items->size(); first += kMaxPendingCalls) {
+        std::vector<QDBusMessage> calls;
+        for (std::size_t i = first; i < std::min(first + kMaxPendingCalls, items->size()); i++)
+            calls.push_back(nameCall((*items)[i]));
+        const auto replies = co_await query.replies(calls);
+        for (const QDBusMessage& reply : replies) namesakes += textIn(reply) == item.name ? 1 : 0;
+        if (namesakes > 1) item.path.reset();
+    }
+    co_return item;
 }
 
 Task<std::vector<Accessible>> SelectedItemsReader::scan(DBusQuery& query, View view)
@@ -221,7 +311,7 @@ Task<std::vector<Accessible>> SelectedItemsReader::scan(DBusQuery& query, View v
     co_return selected;
 }
 
-Task<NamedItem> SelectedItemsReader::named(DBusQuery& query, Accessible item)
+Task<NamedItem> SelectedItemsReader::named(DBusQuery& query, Accessible item, std::string folder)
 {
     NamedItem named;
     if (item.isNull()) co_return named;
@@ -233,13 +323,14 @@ Task<NamedItem> SelectedItemsReader::named(DBusQuery& query, Accessible item)
     named.part = item;
     named.name = *name;
     named.reportsSelected = has(statesIn(replies[1]).value_or(0), State::selected);
-    named.path = folder_.pathOf(*name);
-    if (!named.path) named = co_await namedInside(query, named);
+    named.path = pathOf(folder, *name);
+    if (!named.path) named = co_await namedInside(query, named, folder);
     co_return named;
 }
 
 // An item that consists of several objects has its name in one of them.
-Task<NamedItem> SelectedItemsReader::namedInside(DBusQuery& query, NamedItem item)
+Task<NamedItem> SelectedItemsReader::namedInside(DBusQuery& query, NamedItem item,
+                                                 std::string folder)
 {
     constexpr int kMaxDepth = 6;
     constexpr std::size_t kMaxParts = 16;  // on one level
@@ -257,7 +348,7 @@ Task<NamedItem> SelectedItemsReader::namedInside(DBusQuery& query, NamedItem ite
         for (std::size_t i = 0; i < level.size(); i++) {
             const auto name = textIn(names[i]);
             if (!name || name->isEmpty()) continue;
-            auto path = folder_.pathOf(*name);
+            auto path = pathOf(folder, *name);
             if (!path) continue;
             item.part = level[i];
             item.name = *name;
@@ -266,6 +357,12 @@ Task<NamedItem> SelectedItemsReader::namedInside(DBusQuery& query, NamedItem ite
         }
     }
     co_return item;
+}
+
+std::optional<std::string> SelectedItemsReader::pathOf(const std::string& folder,
+                                                       const QString& name)
+{
+    return folder.empty() ? folder_.pathOf(name) : pathOfShownItem(folder, name);
 }
 
 }  // namespace pinorama

@@ -62,9 +62,14 @@ private:
     Task<SelectedItems> readStates(DBusQuery& query, View view, std::vector<Accessible> likely);
     Task<SelectedItems> readStatus(DBusQuery& query);
     Task<std::vector<Accessible>> scan(DBusQuery& query, View view);
-    Task<NamedItem> named(DBusQuery& query, Accessible item);
+    Task<NamedItem> rowItem(DBusQuery& query, View view, int row, int columnCount);
+    Task<std::optional<std::string>> folderOfRow(DBusQuery& query, View view, Accessible parent);
+    Task<NamedItem> certain(DBusQuery& query, View view, NamedItem item);
 
-    Task<NamedItem> namedInside(DBusQuery& query, NamedItem item);
+    // An item of a folder; of the window's folder if that is empty.
+    Task<NamedItem> named(DBusQuery& query, Accessible item, std::string folder = {});
+    Task<NamedItem> namedInside(DBusQuery& query, NamedItem item, std::string folder);
+    std::optional<std::string> pathOf(const std::string& folder, const QString& name);
 
     FileManager manager_;
     SharedLayout layout_;

@@ -10,6 +10,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "selection/dbus_query.h"
@@ -36,8 +37,26 @@ public:
     void note(const std::string& folder) { noted_ = folder; }
 
     // The path of the item that the window shows by this name, in the likeliest folder that has
-    // such an item. That folder becomes the likeliest.
+    // such an item. That folder becomes the likeliest. Nothing if two folders have such an item and
+    // cannot be told apart.
     std::optional<std::string> pathOf(const QString& name);
+
+    // What a cell beside a name says about the folder of that item. Results of a search come from
+    // several folders, and have their location in a column: Thunar shows it below the parent of the
+    // folder in which the search began, Nemo as a whole path. Other cells say nothing.
+    enum class CellKind { other, location, elsewhere };
+    struct Cell {
+        CellKind kind = CellKind::other;
+        std::string folder = {};  // of a location
+    };
+    Cell cell(const QString& text) const;
+
+    // The number of items in the likeliest folder, without and with the hidden ones; nothing if no
+    // folder is known.
+    std::optional<std::pair<std::size_t, std::size_t>> itemCounts() const;
+
+    // The path of the item in the likeliest folder alone.
+    std::optional<std::string> pathInFirst(const QString& name) const;
 
 private:
     using Rows = std::vector<std::vector<RowButton>>;
@@ -46,7 +65,10 @@ private:
     pid_t process_;
     bool isDesktop_;
     std::string noted_;
+    QString title_;
     std::vector<std::string> likely_;  // folders that the window may show, the likeliest first
+    std::string last_;      // the likeliest of them when there was one; a search begins there
+    SharedLayout foundIn_;  // in which that folder was found
     Clock::time_point readAt_;
 };
 

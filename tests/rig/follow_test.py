@@ -173,6 +173,64 @@ def intoAFolderAndBack(follow):
 
 
 @cases.add
+def expandedFolder(follow):
+    """Two pictures of one name, one of them in a folder that is open within the list."""
+    if not follow.manager.expand:
+        raise Skip("no folder can be opened within a list")
+    follow.switchView("list")
+    try:
+        order = follow.walk(len(NAMES) + 1)
+        if order[0] != follow.other + b"/":
+            raise Wrong(f"the folder is not the first item: {order[0]}")
+        follow.selectFirst()
+        follow.desktop.keys(follow.manager.expand)
+        time.sleep(1)
+        inside = [os.path.join(follow.other, name) for name in (b"c.jpg", b"e.jpg")]
+        expected = [[path] for path in [order[0], *inside, *order[1:]]]
+        if not follow.manager.tellsFolders:
+            upper = os.path.join(follow.pictures, b"c.jpg")
+            expected = [[] if path[0] in (upper, *inside) else path for path in expected]
+        for paths in expected:
+            follow.settle()
+            follow.expect(lambda now, paths=paths: now == paths, paths)
+            follow.desktop.keys("Down")
+    finally:
+        follow.kill()
+        follow.start()
+
+
+@cases.add
+def resultsOfASearch(follow):
+    """Two pictures of one name in different folders, found by a search."""
+    if follow.manager.findsLocations is None:
+        raise Skip("not searched")
+    follow.switchView("list")
+    follow.selectNamed(follow.window, follow.pictures, b"d.nef")
+    try:
+        follow.desktop.keys("ctrl+f")
+        time.sleep(1)
+        follow.desktop.xdotool("type", "--delay", 60, "c.jpg")
+        follow.desktop.keys("Return")
+        time.sleep(2)
+        follow.desktop.clickEmptySpace(follow.window, 0.6)
+        follow.desktop.keys("Home")
+        seen = []
+        for _ in range(3):  # the first key may only select the first of the two
+            follow.settle()
+            time.sleep(1.5)
+            seen += follow.probe.paths()
+            follow.desktop.keys("Down")
+        both = {os.path.join(folder, b"c.jpg") for folder in (follow.pictures, follow.other)}
+        if follow.manager.findsLocations and set(seen) != both:
+            raise Wrong(f"expected {both}, got {seen}")
+        if not follow.manager.findsLocations and seen:
+            raise Wrong(f"expected nothing, got {seen}")
+    finally:
+        follow.kill()
+        follow.start()
+
+
+@cases.add
 def scrolledOutOfView(follow):
     """The selected item is still found after the view has been scrolled away from it, also by a probe that
     queries for the first time."""

@@ -16,6 +16,9 @@ class Manager:
     split: str = ""                # key that opens and closes a second pane; "" for none
     newTab: tuple = ("ctrl+t",)    # keys that open a tab and switch to it
     extra: dict = field(default_factory=dict)  # environment
+    expand: str = ""               # key that opens a folder within the list view; "" for none
+    tellsFolders: bool = True      # whether the items of such a folder can be told from the others
+    findsLocations: bool = None    # whether results of a search show their folders; None: not tested
     desktop: list = None           # command that draws desktop icons
     goTo: tuple = ("ctrl+l",)      # keys to press before typing a URL to go to
     trash: str = "trash:///"       # URL of the Trash; "" if it shows none
@@ -32,16 +35,18 @@ MANAGERS = [
     Manager("nemo", ["nemo", "--no-desktop"], "nemo",
             views={"icons": (["ctrl+1"], ICONS), "list": (["ctrl+2"], LIST),
                    "compact": (["ctrl+3"], LIST)},
-            split="F3", desktop=["nemo-desktop"], reportsSeveral=True),
+            split="F3", expand="Right", findsLocations=True, desktop=["nemo-desktop"],
+            reportsSeveral=True),
     Manager("caja", ["caja", "--no-desktop", "--browser"], "caja",
             views={"icons": (["ctrl+1"], ICONS), "list": (["ctrl+2"], LIST),
                    "compact": (["ctrl+3"], LIST)},
-            split="F3", desktop=["caja", "--force-desktop", "--no-default-window"],
+            split="F3", expand="shift+Right", findsLocations=False,
+            desktop=["caja", "--force-desktop", "--no-default-window"],
             reportsSeveral=True),
     Manager("thunar", ["thunar"], "thunar",
             views={"icons": (["ctrl+1"], ICONS), "list": (["ctrl+2"], LIST),
                    "compact": (["ctrl+3"], LIST)},
-            split="F3"),
+            split="F3", findsLocations=True),
     Manager("pcmanfm", ["pcmanfm", "-n"], "pcmanfm",
             views={"icons": (["ctrl+1"], ICONS), "compact": (["ctrl+2"], LIST),
                    "list": (["ctrl+4"], LIST)},
@@ -56,7 +61,8 @@ MANAGERS = [
     Manager("dolphin", ["dolphin", "--new-window"], "dolphin", "Qt",
             views={"icons": (["ctrl+1"], ICONS), "compact": (["ctrl+2"], LIST),
                    "list": (["ctrl+3"], LIST)},
-            split="F3", trash="trash:/", remote="webdav"),
+            split="F3", expand="Right", tellsFolders=False, trash="trash:/",
+            remote="webdav"),
 ]
 
 

@@ -9,6 +9,8 @@
 
 #include <QDeadlineTimer>
 
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <functional>
 #include <memory>
@@ -41,13 +43,18 @@ protected:
     }
 
     // Starts a file manager that shows this number of pictures, and follows it.
-    void follow(Kind kind, const char* process, int count)
+    // `names` are those of the items that it shows, if they are others.
+    void follow(Kind kind, const char* process, int count, std::vector<QString> names = {})
     {
+        if (names.empty()) names = pictureNames(count);
+        source_.reset();
+        tracker_.reset();
+        manager_.reset();
         // Creating thousands of files takes long, and only those that are selected must exist.
         for (int i = 0; i < count; i++) {
             if (i < 12 || i == count - 1) folder_.write(std::to_string(i) + ".jpg", "x");
         }
-        manager_ = std::make_unique<FakeFileManager>(kind, folder_.path(), pictureNames(count));
+        manager_ = std::make_unique<FakeFileManager>(kind, folder_.path(), names);
         tracker_ =
             std::make_unique<FrameTracker>([process](pid_t) { return fileManagerKind(process); });
         source_ = std::make_unique<AccessibilitySelection>(*tracker_);
@@ -134,6 +141,98 @@ TEST_F(AccessibilitySelectionTest, readsTheNameInTheStatusBar)
     EXPECT_TRUE(findsPaths({}));
     setStatus("\"3.jpg\" (1 byte) JPEG image");
     EXPECT_TRUE(findsPaths({picture(3)}));
+}
+
+TEST_F(AccessibilitySelectionTest, readsARowOfATreeInTheFolderOfItsParents)
+{
+    ASSERT_EQ(mkdir(folder_.file("A").c_str(), 0700), 0);
+    ASSERT_EQ(mkdir(folder_.file("A/B").c_str(), 0700), 0);
+    const Paths pictures = {folder_.write("A/B/0.jpg", "x"), folder_.write("A/0.jpg", "x"),
+                            folder_.write("0.jpg", "x")};
+    follow(Kind::table, "nemo", 0, {"A", "B", "0.jpg", "0.jpg", "0.jpg"});
+    const int parents[] = {FakeFileManager::kView, kFirstItem, kFirstItem + 1, kFirstItem,
+                           FakeFileManager::kView};
+    for (int i = 0; i < 5; i++) {
+        manager_->change(kFirstItem + i,
+                         [&](test::FakeObject& row) { row.treeParent = parents[i]; });
+    }
+    for (int i = 0; i < 3; i++) {
+        manager_->select({2 + i});
+        EXPECT_TRUE(findsPaths({pictures[static_cast<std::size_t>(i)]}));
+    }
+}
+
+TEST_F(AccessibilitySelectionTest, givesNoPathForARowOfATreeWhoseParentIsUnknown)
+{
+    folder_.write("0.jpg", "x");
+    follow(Kind::table, "caja", 1, {"0.jpg", "0.jpg"});
+    manager_->select({0});
+    ASSERT_TRUE(findsPaths({picture(0)}));
+    manager_->change(kFirstItem + 1, [](test::FakeObject& row) { row.treeParent = 999; });
+    manager_->select({1});
+    EXPECT_TRUE(waitFor([&] { return source_->selectedPaths().empty() && !source_->isKnown(); }));
+}
+
+// As Nemo and Thunar show what a search has found.
+TEST_F(AccessibilitySelectionTest, readsAResultOfASearchAtItsLocation)
+{
+    ASSERT_EQ(mkdir(folder_.file("A").c_str(), 0700), 0);
+    const Paths pictures = {folder_.write("0.jpg", "x"), folder_.write("A/0.jpg", "x")};
+    const QString folder = QString::fromStdString(folder_.path());
+    const QString name = folder.mid(folder.lastIndexOf('/') + 1);
+    const struct {
+        const char* manager;
+        QString title, upper, lower;
+    } rows[] = {{"nemo", "Search in \"" + folder + "\"", folder, folder + "/A"},
+                {"thunar", name + " - Thunar", name, name + "/A"}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.manager);
+        follow(Kind::table, row.manager, 0, {"0.jpg", "0.jpg"});
+        manager_->select({0});
+        ASSERT_TRUE(findsPaths({pictures[0]})) << "the folder, before the search";
+        manager_->change(kFrame, [&](test::FakeObject& frame) { frame.name = row.title; });
+        manager_->change(FakeFileManager::kLocation,
+                         [](test::FakeObject& entry) { entry.states = 0; });
+        manager_->select({});
+        manager_->addCell(0, row.upper);
+        manager_->addCell(1, row.lower);
+        ASSERT_TRUE(findsPaths({}));
+        for (int i = 1; i >= 0; i--) {
+            manager_->select({i});
+            EXPECT_TRUE(findsPaths({pictures[static_cast<std::size_t>(i)]}));
+        }
+    }
+}
+
+TEST_F(AccessibilitySelectionTest, givesNoPathForAnItemOfTheTrashOrOfAHiddenLocation)
+{
+    follow(Kind::table, "nemo", 1);
+    manager_->select({0});
+    ASSERT_TRUE(findsPaths({picture(0)}));
+    manager_->change(FakeFileManager::kLocation, [](test::FakeObject& entry) { entry.states = 0; });
+    manager_->change(kFrame, [](test::FakeObject& frame) { frame.name = "Trash"; });
+    EXPECT_TRUE(waitFor([&] { return source_->selectedPaths().empty(); }));
+    manager_->addCell(0, QString::fromStdString(folder_.path()));
+    for (int i = 0; i < 8; i++) {
+        EXPECT_EQ(source_->selectedPaths(), Paths());
+        test::goOnFor(200);
+    }
+}
+
+TEST_F(AccessibilitySelectionTest, givesNoPathForOneOfTwoNamesakes)
+{
+    ASSERT_EQ(mkdir(folder_.file("A").c_str(), 0700), 0);
+    folder_.write("A/0.jpg", "x");
+    follow(Kind::states, "dolphin", 2, {"A", "0.jpg", "0.jpg", "1.jpg"});
+    manager_->select({3});
+    EXPECT_TRUE(findsPaths({picture(1)}));
+    for (const int place : {1, 2}) {
+        manager_->select({place});
+        EXPECT_TRUE(
+            waitFor([&] { return source_->selectedPaths().empty() && !source_->isKnown(); }));
+    }
+    manager_->select({3});
+    EXPECT_TRUE(findsPaths({picture(1)}));
 }
 
 // The changes above and below come without an event, so only revalidation can find them.

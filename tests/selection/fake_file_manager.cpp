@@ -40,6 +40,30 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, Reference& refere
 
 using Attributes = QMap<QString, QString>;
 
+constexpr int kFirstCell = 1000000;  // beyond all items
+
+// A relation of an object to others, as it is marshalled.
+struct Relation {
+    uint kind = 0;
+    QList<Reference> targets;
+};
+
+QDBusArgument& operator<<(QDBusArgument& argument, const Relation& relation)
+{
+    argument.beginStructure();
+    argument << relation.kind << relation.targets;
+    argument.endStructure();
+    return argument;
+}
+
+const QDBusArgument& operator>>(const QDBusArgument& argument, Relation& relation)
+{
+    argument.beginStructure();
+    argument >> relation.kind >> relation.targets;
+    argument.endStructure();
+    return argument;
+}
+
 constexpr States only(State state)
 {
     return States{1} << static_cast<unsigned>(state);
@@ -76,6 +100,7 @@ QDBusConnection newConnection(const char* purpose)
 }  // namespace
 
 Q_DECLARE_METATYPE(Reference)
+Q_DECLARE_METATYPE(Relation)
 
 // Receives all calls to a connection, for any object.
 class test::FakeFileManager::Responder : public QDBusVirtualObject {
@@ -100,6 +125,8 @@ test::FakeFileManager::FakeFileManager(Kind kind, const std::string& folder,
 {
     qDBusRegisterMetaType<Reference>();
     qDBusRegisterMetaType<QList<Reference>>();
+    qDBusRegisterMetaType<Relation>();
+    qDBusRegisterMetaType<QList<Relation>>();
     qDBusRegisterMetaType<Attributes>();
 
     const States shown = only(State::showing) | only(State::visible);
@@ -109,12 +136,14 @@ test::FakeFileManager::FakeFileManager(Kind kind, const std::string& folder,
     add(2, {.role = Role::panel, .states = shown, .parent = kFrame});
     add(kLocation,
         {.role = Role::text, .states = shown, .name = QString::fromStdString(folder), .parent = 2});
-    const char* access = kind == Kind::states ? "Table" : "Selection";
+    QStringList interfaces;
+    if (kind == Kind::selection || kind == Kind::table)
+        interfaces.append("org.a11y.atspi.Selection");
+    if (kind == Kind::states || kind == Kind::table) interfaces.append("org.a11y.atspi.Table");
     const bool isOpaque = kind == Kind::statusBar;
     add(kView, {.role = isOpaque ? Role::directoryPane : Role::layeredPane,
                 .states = shown,
-                .interfaces = isOpaque ? QStringList()
-                                       : QStringList("org.a11y.atspi." + QLatin1String(access)),
+                .interfaces = interfaces,
                 .parent = 2});
     if (kind == Kind::statusBar)
         add(kStatusBar, {.role = Role::statusBar, .states = shown, .name = "2 items", .parent = 2});
@@ -183,6 +212,14 @@ void test::FakeFileManager::change(int number, const std::function<void(FakeObje
 {
     const std::lock_guard lock(mutex_);
     what(objects_[number]);
+}
+
+void test::FakeFileManager::addCell(int place, const QString& text)
+{
+    const std::lock_guard lock(mutex_);
+    const int number = kFirstCell + static_cast<int>(objects_.size());
+    objects_[number] = {.role = Role::tableCell, .name = text, .parent = kView};
+    objects_[kFirstItem + place].cells.push_back(number);
 }
 
 void test::FakeFileManager::emitEvent(int number, const char* member, const char* detail, int value)
@@ -328,6 +365,24 @@ QDBusMessage test::FakeFileManager::replyTo(const QDBusMessage& call)
         const bool isThere = static_cast<std::size_t>(first) < object.selected.size();
         value =
             at(object.children, isThere ? object.selected[static_cast<std::size_t>(first)] : -1);
+    } else if (what == "GetRelationSet") {
+        constexpr uint kNodeChildOf = 7;
+        QList<Relation> relations;
+        if (object.treeParent >= 0)
+            relations.append(
+                {kNodeChildOf, {{service(), QDBusObjectPath(pathOf(object.treeParent))}}});
+        value = QVariant::fromValue(relations);
+    } else if (what == "NColumns") {
+        const auto row = objects_.find(kFirstItem);
+        value = row == objects_.end() ? 1 : static_cast<int>(row->second.cells.size()) + 1;
+    } else if (what == "NSelectedRows") {
+        value = static_cast<int>(object.selected.size());
+    } else if (what == "GetSelectedRows") {
+        value = QVariant::fromValue(QList<int>(object.selected.begin(), object.selected.end()));
+    } else if (what == "GetAccessibleAt") {
+        const int column = call.arguments().value(1).toInt();
+        const int row = object.children.at(static_cast<std::size_t>(first));
+        value = column == 0 ? reference(row) : at(objects_[row].cells, column - 1);
     } else if (what == "GetSize") {
         return call.createReply({800, 600});
     } else {

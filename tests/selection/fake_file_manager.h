@@ -28,6 +28,8 @@ struct FakeObject {
     int parent = 0;
     std::vector<int> children = {};
     std::vector<int> selected = {};  // indexes of children, in the order of the view
+    std::vector<int> cells = {};     // of a row of a list, without the first, which is the row
+    int treeParent = -1;             // the row above it in a tree, or the tree; -1 for none
 };
 
 class FakeFileManager {
@@ -40,7 +42,7 @@ public:
     static constexpr int kFirstItem = 100;
 
     // How the view reports what is selected in it.
-    enum class Kind { selection, states, statusBar };
+    enum class Kind { selection, table, states, statusBar };
 
     // Connects to the session bus, which serves as the accessibility bus as well, with a window
     // that shows `folder` and items of these names. Nothing is selected.
@@ -57,6 +59,9 @@ public:
 
     // Changes an object without an event.
     void change(int number, const std::function<void(FakeObject&)>& what);
+
+    // Adds a cell with this text to the row of an item.
+    void addCell(int place, const QString& text);
 
     // Emits the event `member` of the interface org.a11y.atspi.Event.Object about an object.
     void emitEvent(int number, const char* member, const char* detail, int value);

@@ -180,3 +180,21 @@ TEST_F(foldersShown, aTitleMayBeThePathOrANamedFolder)
     hints.title = QStringLiteral("Home - File Manager");
     EXPECT_THAT(shown(hints), ElementsAre(home_.path()));
 }
+
+TEST_F(foldersShown, aGuessCountsOnlyIfTheFolderIsWatched)
+{
+    FolderHints title;
+    title.title = QStringLiteral("Home - File Manager");
+    FolderHints unknownStart;
+    unknownStart.title = QStringLiteral("Reise");
+    unknownStart.rows = {
+        {{QStringLiteral("?")}, {QStringLiteral("Bilder")}, {QStringLiteral("Reise")}}};
+    isWatched_ = [](const std::string&) { return false; };
+    EXPECT_THAT(shown(title), IsEmpty());
+    EXPECT_THAT(shown(unknownStart), IsEmpty());
+    isWatched_ = [&](const std::string& folder) {
+        return folder == home_.path() || folder == home_.file("Bilder/Reise");
+    };
+    EXPECT_THAT(shown(title), ElementsAre(home_.path()));
+    EXPECT_THAT(shown(unknownStart), ElementsAre(home_.file("Bilder/Reise")));
+}

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
 #include <QDBusConnection>
 
 #include <chrono>
@@ -97,5 +99,22 @@ TEST_F(FrameReaderTest, revalidateComparesTheRepliesWithTheValidatorsThatItSent)
     ASSERT_EQ(frame_->paths(), std::vector<std::string>{folder_.file("a.jpg")});
     ASSERT_TRUE(query_.runUntil(Clock::now() + kLimit));
     EXPECT_EQ(frame_->paths(), std::vector<std::string>{folder_.file("a.jpg")});
+}
+
+// As two memory cards have them, in the two panes of one window.
+TEST_F(FrameReaderTest, readFindsNoPathInTwoFoldersOfOneName)
+{
+    find(Kind::selection, "nemo");
+    manager_->select({0});
+    const std::string name = folder_.path().substr(folder_.path().rfind('/'));
+    ASSERT_EQ(mkdir(folder_.file(name.substr(1)).c_str(), 0700), 0);
+    frame_->noteFolder(folder_.path() + name);
+    frame_->markStale();
+    readWithAnotherQuery();
+    EXPECT_EQ(frame_->paths(), std::vector<std::string>{folder_.file("a.jpg")});
+    folder_.write(name.substr(1) + "/a.jpg", "x");
+    frame_->markStale();
+    readWithAnotherQuery();
+    EXPECT_EQ(frame_->paths(), std::nullopt);
 }
 }  // namespace

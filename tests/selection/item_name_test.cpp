@@ -106,3 +106,12 @@ TEST(existingItem, ignoresSlashesAtTheEnd)
     EXPECT_FALSE(existingItem(folder.file("b.jpg")));
     EXPECT_FALSE(existingItem(""));
 }
+
+TEST(itemCounts, countsWithoutAndWithHiddenItems)
+{
+    const test::TemporaryFolder folder;
+    EXPECT_EQ(itemCounts(folder.path()), (std::pair<std::size_t, std::size_t>(0, 0)));
+    for (const char* name : {"a.jpg", "b.jpg", ".c.jpg"}) folder.write(name, "x");
+    EXPECT_EQ(itemCounts(folder.path()), (std::pair<std::size_t, std::size_t>(2, 3)));
+    EXPECT_EQ(itemCounts(folder.file("none")), (std::pair<std::size_t, std::size_t>(0, 0)));
+}
