@@ -21,7 +21,7 @@ FrameReader::FrameReader(Accessible frame, const FileManagerKind& kind, pid_t pr
       kind_(kind),
       process_(process),
       layout_(std::make_shared<FrameLayout>()),
-      folder_(process, isDesktop)
+      folder_(kind.manager, process, isDesktop)
 {
 }
 

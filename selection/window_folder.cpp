@@ -3,6 +3,7 @@
 #include "base/user_folders.h"
 #include "selection/item_name.h"
 #include "selection/named_folders.h"
+#include "selection/open_locations.h"
 #include "selection/watched_folders.h"
 
 #include <algorithm>
@@ -59,6 +60,13 @@ Task<bool> WindowFolder::read(DBusQuery& query, QString title, SharedLayout layo
         co_return true;
     }
     title_ = title;
+    if (manager_ == FileManager::nautilus) {
+        const auto uris = co_await openLocations(query, process_);
+        if (uris) {
+            likely_ = foldersOfWindow(title, *uris);
+            co_return true;
+        }
+    }
     FolderHints hints;
     hints.title = title;
     std::vector<QDBusMessage> calls;

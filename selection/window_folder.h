@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "selection/dbus_query.h"
+#include "selection/file_manager_kind.h"
 #include "selection/folder_choice.h"
 #include "selection/frame_walk.h"
 
@@ -24,7 +25,10 @@ public:
     using OutlivesItsTasks = void;  // it is a member of the reader that calls it
 
     // A desktop always shows the user's desktop folder, so it needs no call.
-    WindowFolder(pid_t process, bool isDesktop) : process_(process), isDesktop_(isDesktop) {}
+    WindowFolder(FileManager manager, pid_t process, bool isDesktop)
+        : manager_(manager), process_(process), isDesktop_(isDesktop)
+    {
+    }
 
     // Reads the window with this title. Returns false if the window no longer has the structure of
     // `layout`; the folder stays as it was read before.
@@ -62,6 +66,7 @@ private:
     using Rows = std::vector<std::vector<RowButton>>;
     Task<std::optional<Rows>> readRows(DBusQuery& query, SharedLayout layout);
 
+    FileManager manager_;
     pid_t process_;
     bool isDesktop_;
     std::string noted_;

@@ -128,6 +128,7 @@ test::FakeFileManager::FakeFileManager(Kind kind, const std::string& folder,
     qDBusRegisterMetaType<Relation>();
     qDBusRegisterMetaType<QList<Relation>>();
     qDBusRegisterMetaType<Attributes>();
+    qDBusRegisterMetaType<QMap<QString, QStringList>>();
 
     const States shown = only(State::showing) | only(State::visible);
     const auto size = static_cast<int>(names.size());
@@ -212,6 +213,17 @@ void test::FakeFileManager::change(int number, const std::function<void(FakeObje
 {
     const std::lock_guard lock(mutex_);
     what(objects_[number]);
+}
+
+void test::FakeFileManager::publishWindows(const std::vector<QStringList>& windows)
+{
+    {
+        const std::lock_guard lock(mutex_);
+        windows_.clear();
+        for (const QStringList& tabs : windows)
+            windows_.insert(QStringLiteral("/window/%1").arg(windows_.size() + 1), tabs);
+    }
+    bus_.registerService("org.freedesktop.FileManager1");
 }
 
 void test::FakeFileManager::addCell(int place, const QString& text)
@@ -372,6 +384,8 @@ QDBusMessage test::FakeFileManager::replyTo(const QDBusMessage& call)
             relations.append(
                 {kNodeChildOf, {{service(), QDBusObjectPath(pathOf(object.treeParent))}}});
         value = QVariant::fromValue(relations);
+    } else if (what == "OpenWindowsWithLocations") {
+        value = QVariant::fromValue(windows_);
     } else if (what == "NColumns") {
         const auto row = objects_.find(kFirstItem);
         value = row == objects_.end() ? 1 : static_cast<int>(row->second.cells.size()) + 1;

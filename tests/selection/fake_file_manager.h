@@ -5,8 +5,10 @@
 #pragma once
 
 #include <QDBusConnection>
+#include <QMap>
 #include <QObject>
 #include <QString>
+#include <QStringList>
 #include <QThread>
 
 #include <functional>
@@ -60,6 +62,9 @@ public:
     // Changes an object without an event.
     void change(int number, const std::function<void(FakeObject&)>& what);
 
+    // Publishes the addresses of all tabs of each window, as org.freedesktop.FileManager1.
+    void publishWindows(const std::vector<QStringList>& windows);
+
     // Adds a cell with this text to the row of an item.
     void addCell(int place, const QString& text);
 
@@ -108,7 +113,8 @@ private:
     std::string pausesOn_;  // a call; empty for none
     std::string leavesOn_;
     bool isConnected_ = true;
-    std::vector<QString> others_;  // programs that it lists too
+    QMap<QString, QStringList> windows_;  // that are published
+    std::vector<QString> others_;         // programs that it lists too
 
     QDBusConnection bus_;
     QDBusConnection registry_;

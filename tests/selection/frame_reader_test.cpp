@@ -1,5 +1,6 @@
 #include "selection/frame_reader.h"
 
+#include "base/file_uri.h"
 #include "selection/file_manager_kind.h"
 #include "tests/selection/fake_file_manager.h"
 #include "tests/support/environment.h"
@@ -7,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <QDBusConnection>
 
@@ -41,7 +43,7 @@ protected:
                                                      std::vector<QString>{QStringLiteral("a.jpg")});
         frame_ = std::make_unique<FrameReader>(
             Accessible{manager_->service(), QStringLiteral("/org/a11y/atspi/accessible/1")},
-            *fileManagerKind(process), 1, false);
+            *fileManagerKind(process), process_, false);
         DBusQuery query(QDBusConnection::sessionBus(), kLimit);
         query.start(frame_->findAndRead(query));
         ASSERT_TRUE(query.runUntil(Clock::now() + kLimit));
@@ -55,6 +57,7 @@ protected:
         ASSERT_TRUE(query.runUntil(Clock::now() + kLimit));
     }
 
+    pid_t process_ = 1;
     test::TemporaryFolder folder_;
     std::unique_ptr<FakeFileManager> manager_;
     std::unique_ptr<FrameReader> frame_;
@@ -116,5 +119,48 @@ TEST_F(FrameReaderTest, readFindsNoPathInTwoFoldersOfOneName)
     frame_->markStale();
     readWithAnotherQuery();
     EXPECT_EQ(frame_->paths(), std::nullopt);
+}
+
+TEST_F(FrameReaderTest, readTakesTheFoldersThatNautilusPublishes)
+{
+    process_ = getpid();
+    find(Kind::selection, "nautilus");
+    manager_->select({0});
+    readWithAnotherQuery();
+    ASSERT_EQ(frame_->paths(), std::vector<std::string>{folder_.file("a.jpg")})
+        << "it publishes none: its path bar";
+
+    ASSERT_EQ(mkdir(folder_.file("Pictures").c_str(), 0700), 0);
+    const std::string other = folder_.write("Pictures/a.jpg", "x");
+    const QString folder = QString::fromStdString(fileURIOfPath(folder_.path()));
+    const QString trash = QStringLiteral("trash:///");
+    const struct {
+        const char* name;
+        std::vector<QStringList> windows;
+        std::optional<std::vector<std::string>> paths;
+    } rows[] = {
+        {"one window", {{folder}}, {{folder_.file("a.jpg")}}},
+        {"the one with its title", {{folder}, {folder, folder + "/Pictures"}}, {{other}}},
+        {"not the Trash", {{trash}}, std::nullopt},
+        {"perhaps the Trash", {{trash}, {folder}}, std::nullopt},
+        {"no window", {}, std::nullopt},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        manager_->publishWindows(row.windows);
+        frame_->markStale();
+        readWithAnotherQuery();
+        EXPECT_EQ(frame_->paths(), row.paths);
+    }
+}
+
+TEST_F(FrameReaderTest, readIgnoresTheFoldersOfAnotherProcess)
+{
+    find(Kind::selection, "nautilus");
+    manager_->publishWindows({{QStringLiteral("file:///")}});
+    manager_->select({0});
+    frame_->markStale();
+    readWithAnotherQuery();
+    EXPECT_EQ(frame_->paths(), std::vector<std::string>{folder_.file("a.jpg")});
 }
 }  // namespace

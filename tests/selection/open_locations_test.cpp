@@ -1,0 +1,42 @@
+#include "selection/open_locations.h"
+
+#include "base/file_uri.h"
+#include "tests/support/environment.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+using namespace pinorama;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+QString uri(const std::string& path)
+{
+    return QString::fromStdString(fileURIOfPath(path));
+}
+}  // namespace
+
+TEST(foldersOfWindow, chooseByTheTitleAmongTheTabsOfAllWindows)
+{
+    const test::TemporaryFolder home;
+    for (const char* name : {"card", "card/100CANON", "cards/100CANON"})
+        std::filesystem::create_directories(home.file(name));
+    const QString top = uri(home.path());
+    const QString card = uri(home.file("card"));
+    const QString first = uri(home.file("card/100CANON"));
+    const QString second = uri(home.file("cards/100CANON"));
+    const QString search = QStringLiteral("x-nautilus-search://1/");
+
+    EXPECT_THAT(foldersOfWindow("Home", {top}), ElementsAre(home.path())) << "the only window";
+    EXPECT_THAT(foldersOfWindow("card", {top, card}), ElementsAre(home.file("card")));
+    EXPECT_THAT(foldersOfWindow("100CANON", {first, top, second}),
+                ElementsAre(home.file("card/100CANON"), home.file("cards/100CANON")));
+    EXPECT_THAT(foldersOfWindow("Home", {top, top}), ElementsAre(home.path()));
+    EXPECT_THAT(foldersOfWindow("Search for \u201ccard\u201d", {search, card}), IsEmpty());
+    EXPECT_THAT(foldersOfWindow("Search for \u201cx\u201d", {search}), IsEmpty());
+    EXPECT_THAT(foldersOfWindow("Trash", {QStringLiteral("trash:///"), top}), IsEmpty());
+    EXPECT_THAT(foldersOfWindow("card", {}), IsEmpty());
+}
