@@ -51,7 +51,13 @@ Task<SelectedItems> SelectedItemsReader::read(DBusQuery& query, View view,
     SelectedItems selected;
     switch (view.access) {
     case ViewAccess::selection: selected = co_await readSelection(query, view); break;
-    case ViewAccess::table: selected = co_await readTable(query, view); break;
+    case ViewAccess::table: {
+        selected = co_await readTable(query, view);
+        const bool isQt = manager_ == FileManager::dolphin || manager_ == FileManager::pcmanfmQt;
+        if (isQt && selected.isKnown && selected.items.empty())
+            selected = co_await readQt6(query, view);
+        break;
+    }
     case ViewAccess::states: selected = co_await readStates(query, view, likely); break;
     case ViewAccess::opaque: selected = co_await readStatus(query); break;
     }
@@ -95,6 +101,24 @@ Task<SelectedItems> SelectedItemsReader::readSelection(DBusQuery& query, View vi
         named.validators.insert(named.validators.end(), selected.validators.begin(),
                                 selected.validators.end());
         if (named.path) co_return named;
+    }
+    co_return selected;
+}
+
+// The views of Qt 6 report no selected rows, but have the Selection interface. Some of them count
+// each cell of a row, of which one has a name that is an item of the folder.
+Task<SelectedItems> SelectedItemsReader::readQt6(DBusQuery& query, View view)
+{
+    SelectedItems selected = co_await readSelection(query, view);
+    const QDBusMessage getColumnCount = columnCountCall(view.object);
+    const auto columnCount = numberIn(co_await query.reply(getColumnCount));
+    const auto isItem = [](const NamedItem& item) { return item.path.has_value(); };
+    if (selected.items.size() > 1 && selected.items.size() == columnCount &&
+        std::count_if(selected.items.begin(), selected.items.end(), isItem) == 1)
+        std::erase_if(selected.items, [&](const NamedItem& item) { return !isItem(item); });
+    if (selected.items.size() == 1) {
+        NamedItem item = co_await certain(query, view, selected.items.front());
+        selected.items = {std::move(item)};
     }
     co_return selected;
 }

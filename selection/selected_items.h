@@ -58,6 +58,7 @@ public:
 
 private:
     Task<SelectedItems> readSelection(DBusQuery& query, View view);
+    Task<SelectedItems> readQt6(DBusQuery& query, View view);
     Task<SelectedItems> readTable(DBusQuery& query, View view);
     Task<SelectedItems> readStates(DBusQuery& query, View view, std::vector<Accessible> likely);
     Task<SelectedItems> readStatus(DBusQuery& query);

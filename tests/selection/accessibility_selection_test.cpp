@@ -162,6 +162,36 @@ TEST_F(AccessibilitySelectionTest, readsARowOfATreeInTheFolderOfItsParents)
     }
 }
 
+// As the views of Dolphin 25 and PCManFM-Qt 2.1.
+TEST_F(AccessibilitySelectionTest, readsTheSelectionOfAQt6ViewThatReportsNoRows)
+{
+    for (const char* process : {"dolphin", "pcmanfm-qt"}) {
+        SCOPED_TRACE(process);
+        follow(Kind::table, process, 4);
+        manager_->change(FakeFileManager::kView,
+                         [](test::FakeObject& view) { view.hidesRows = true; });
+        manager_->select({2});
+        EXPECT_TRUE(findsPaths({picture(2)}));
+        manager_->select({1, 3});
+        EXPECT_TRUE(findsPaths({picture(1), picture(3)}));
+        manager_->select({});
+        EXPECT_TRUE(findsPaths({}));
+        manager_->select({0});
+        EXPECT_TRUE(findsPaths({picture(0)}));
+    }
+}
+
+// The detailed list of PCManFM-Qt 2.1 counts each cell of the row.
+TEST_F(AccessibilitySelectionTest, readsTheCellsOfOneQt6RowAsOneItem)
+{
+    follow(Kind::table, "pcmanfm-qt", 1, {"0.jpg", "JPEG image", "1 byte"});
+    manager_->change(FakeFileManager::kView, [](test::FakeObject& view) { view.hidesRows = true; });
+    manager_->addCell(0, "JPEG image");
+    manager_->addCell(0, "1 byte");
+    manager_->select({0, 1, 2});
+    EXPECT_TRUE(findsPaths({picture(0)}));
+}
+
 TEST_F(AccessibilitySelectionTest, givesNoPathForARowOfATreeWhoseParentIsUnknown)
 {
     folder_.write("0.jpg", "x");

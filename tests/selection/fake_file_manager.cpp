@@ -390,9 +390,11 @@ QDBusMessage test::FakeFileManager::replyTo(const QDBusMessage& call)
         const auto row = objects_.find(kFirstItem);
         value = row == objects_.end() ? 1 : static_cast<int>(row->second.cells.size()) + 1;
     } else if (what == "NSelectedRows") {
-        value = static_cast<int>(object.selected.size());
+        value = object.hidesRows ? 0 : static_cast<int>(object.selected.size());
     } else if (what == "GetSelectedRows") {
-        value = QVariant::fromValue(QList<int>(object.selected.begin(), object.selected.end()));
+        QList<int> rows;
+        if (!object.hidesRows) rows = QList<int>(object.selected.begin(), object.selected.end());
+        value = QVariant::fromValue(rows);
     } else if (what == "GetAccessibleAt") {
         const int column = call.arguments().value(1).toInt();
         const int row = object.children.at(static_cast<std::size_t>(first));
