@@ -33,6 +33,11 @@ ElidedField::ElidedField(QWidget* parent) : QLineEdit(parent)
     QPalette seeThrough;
     seeThrough.setBrush(QPalette::Base, Qt::NoBrush);
     setPalette(seeThrough);
+
+    // A line may be cleared and set in other ways too.
+    connect(this, &QLineEdit::textChanged, this, [this](const QString& shown) {
+        if (shown != shownText(text_)) text_ = shown;
+    });
 }
 
 void ElidedField::setText(const QString& text)
@@ -119,7 +124,7 @@ void ElidedField::focusOutEvent(QFocusEvent* event)
 void ElidedField::copySelection() const
 {
     if (!hasSelectedText()) return;
-    const bool isAll = selectedText() == displayText();
+    const bool isAll = selectedText() == QLineEdit::text();
     QGuiApplication::clipboard()->setText(isAll ? text_ : selectedText());
 }
 

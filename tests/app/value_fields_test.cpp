@@ -218,6 +218,17 @@ TEST(ElidedField, showsNoMoreThanAMaximumOfItsText)
     EXPECT_EQ(QGuiApplication::clipboard()->text(), text.first(2));
 }
 
+TEST(ElidedField, hasTheTextThatItWasGivenAsALine)
+{
+    ElidedField field;
+    QLineEdit* line = &field;
+    field.setText(QStringLiteral("x").repeated(5000));
+    line->clear();
+    EXPECT_EQ(field.text(), QString());
+    line->setText(QStringLiteral("Rome"));
+    EXPECT_EQ(field.text(), QStringLiteral("Rome"));
+}
+
 TEST(ElidedField, copiesItsWholeTextFromTheContextMenu)
 {
     FieldWindow<ElidedField> window(200);
