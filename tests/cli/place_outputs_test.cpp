@@ -185,7 +185,7 @@ TEST_F(pinoramaInfoWebServices, printsTheAddressOfAService)
 {
     const test::ProgramResult one = run({"--web", "1", located_});
     EXPECT_EQ(one.status, 0);
-    EXPECT_EQ(one.out, "https://x.example/?q=-48.500000,11.250000&n=a%20&%20b.jpg\n");
+    EXPECT_EQ(one.out, "https://x.example/?q=-48.500000,11.250000&n=a%20%26%20b.jpg\n");
     EXPECT_EQ(one.err, "");
     EXPECT_EQ(run({"--web=2", located_, plain_, located_}).out,
               "geo:-48.500000,11.250000\ngeo:-48.500000,11.250000\n");
