@@ -255,9 +255,11 @@ Task<SelectedItems> SelectedItemsReader::readStates(DBusQuery& query, View view,
              [isOne](const QDBusMessage& reply) { return DolphinWindow::boolIn(reply) == isOne; },
              true});
         if (isOne == false) co_return selected;
-        // The selected item nearly always has the focus as well.
-        for (const Accessible& candidate : likely) {
-            if (candidate.isNull() || !isOne) continue;
+        // The selected item nearly always has the focus as well. Dolphin says only a moment after a
+        // second one was added that there are several, so the item before it is asked too.
+        for (std::size_t i = 0; isOne && i < likely.size(); i++) {
+            const Accessible candidate = likely[i];
+            if (candidate.isNull() || (i > 0 && candidate == likely.front())) continue;
             const std::vector<QDBusMessage> itsCalls =
                 callList(statesCall(candidate), parentCall(candidate));
             const auto itsReplies = co_await query.replies(itsCalls);
@@ -265,10 +267,13 @@ Task<SelectedItems> SelectedItemsReader::readStates(DBusQuery& query, View view,
             if (objectIn(itsReplies[1]) != view.object) continue;
             if (!has(statesIn(itsReplies[0]).value_or(0), State::selected)) continue;
             NamedItem item = co_await named(query, candidate);
-            item = co_await certain(query, view, item);
             selected.items.push_back(std::move(item));
-            co_return selected;
         }
+        if (selected.items.size() == 1) {
+            NamedItem item = co_await certain(query, view, selected.items.front());
+            selected.items = {std::move(item)};
+        }
+        if (!selected.items.empty()) co_return selected;
     }
     const std::vector<Accessible> found = co_await scan(query, view);
     for (const Accessible& object : found) {

@@ -192,6 +192,24 @@ TEST_F(AccessibilitySelectionTest, readsTheCellsOfOneQt6RowAsOneItem)
     EXPECT_TRUE(findsPaths({picture(0)}));
 }
 
+// Dolphin says only a third of a second after the key that no longer one item is selected.
+TEST_F(AccessibilitySelectionTest, doesNotTakeASecondItemForTheOnlyOne)
+{
+    follow(Kind::states, "dolphin", 4);
+    manager_->claimOneSelected();
+    manager_->select({2});
+    ASSERT_TRUE(findsPaths({picture(2)}));
+    manager_->select({1, 2});
+    manager_->emitEvent(kFirstItem + 1, "StateChanged", "focused", 1);
+    for (int tick = 0; tick < 10; tick++) {
+        EXPECT_NE(source_->selectedPaths(), Paths{picture(1)});
+        test::goOnFor(50);
+    }
+    manager_->select({1});
+    manager_->emitEvent(kFirstItem + 1, "StateChanged", "focused", 1);
+    EXPECT_TRUE(findsPaths({picture(1)}));
+}
+
 TEST_F(AccessibilitySelectionTest, givesNoPathForARowOfATreeWhoseParentIsUnknown)
 {
     folder_.write("0.jpg", "x");

@@ -1,5 +1,6 @@
 #include "tests/selection/fake_file_manager.h"
 
+#include <QCoreApplication>
 #include <QDBusArgument>
 #include <QDBusMessage>
 #include <QDBusMetaType>
@@ -226,6 +227,12 @@ void test::FakeFileManager::publishWindows(const std::vector<QStringList>& windo
     bus_.registerService("org.freedesktop.FileManager1");
 }
 
+void test::FakeFileManager::claimOneSelected()
+{
+    bus_.registerService(
+        QStringLiteral("org.kde.dolphin-%1").arg(QCoreApplication::applicationPid()));
+}
+
 void test::FakeFileManager::addCell(int place, const QString& text)
 {
     const std::lock_guard lock(mutex_);
@@ -331,6 +338,14 @@ QDBusMessage test::FakeFileManager::replyTo(const QDBusMessage& call)
     const QString what = memberOf(call);
     calls_.push_back(describe(call));
 
+    if (call.path().startsWith(QLatin1String("/dolphin/"))) {
+        if (!call.path().endsWith(QLatin1String("_1")))
+            return call.createErrorReply("org.freedesktop.DBus.Error.UnknownObject", "none");
+        if (!isProperty) return call.createReply(true);
+        const QVariant property =
+            what == "windowTitle" ? QVariant(QStringLiteral("Pictures")) : QVariant(true);
+        return call.createReply(QVariant::fromValue(QDBusVariant(property)));
+    }
     const auto found = objects_.find(number);
     if (found == objects_.end())
         return call.createErrorReply("org.freedesktop.DBus.Error.UnknownObject", "gone");

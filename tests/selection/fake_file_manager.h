@@ -66,6 +66,10 @@ public:
     // Publishes the addresses of all tabs of each window, as org.freedesktop.FileManager1.
     void publishWindows(const std::vector<QStringList>& windows);
 
+    // Replies as the first window of Dolphin in this process, with the title "Pictures", whether
+    // exactly one item is selected: whatever the view says.
+    void claimOneSelected();
+
     // Adds a cell with this text to the row of an item.
     void addCell(int place, const QString& text);
 
