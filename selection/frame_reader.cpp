@@ -143,7 +143,9 @@ void FrameReader::store(const SelectedItems& selected)
     if (paths.size() != count) paths.clear();
     paths_.reset();
     if (count != 1 || !paths.empty()) paths_ = std::move(paths);
-    item_ = selected.items.size() == 1 ? selected.items.front().item : Accessible{};
+    // Of several it stays, because Dolphin may still say that there is only one.
+    if (selected.items.size() <= 1)
+        item_ = selected.items.empty() ? Accessible{} : selected.items.front().item;
     validators_ = selected.validators;
     // Another title mostly means another folder, also where the view still shows the same names.
     validators_.push_back({nameCall(frame_), [title = title_](const QDBusMessage& reply) {

@@ -109,7 +109,7 @@ private:
     std::chrono::microseconds cost_ = std::chrono::seconds(1);
     Accessible focused_;  // the item that got the focus last
     Accessible touched_;  // the item or view of the last focus or selection event
-    Accessible item_;     // the selected item of the last reading, if there was exactly one
+    Accessible item_;     // the selected item of the last reading that did not find several
     Validators validators_;
     std::optional<std::vector<std::string>> paths_;
 };
