@@ -84,7 +84,8 @@ Task<bool> WindowFolder::read(DBusQuery& query, QString title, SharedLayout layo
         hints.locations.push_back(*text);
     }
     likely_ = foldersShown(hints, {}, {});
-    if (!noted_.empty()) likely_.push_back(noted_);
+    if (!noted_.empty() && std::find(likely_.begin(), likely_.end(), noted_) == likely_.end())
+        likely_.push_back(noted_);
     if (likely_.empty()) {
         auto rows = co_await readRows(query, layout);
         if (!rows) co_return false;

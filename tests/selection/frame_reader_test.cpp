@@ -104,6 +104,16 @@ TEST_F(FrameReaderTest, revalidateComparesTheRepliesWithTheValidatorsThatItSent)
     EXPECT_EQ(frame_->paths(), std::vector<std::string>{folder_.file("a.jpg")});
 }
 
+TEST_F(FrameReaderTest, readFindsThePathInAFolderThatIsKnownTwice)
+{
+    find(Kind::selection, "nemo");
+    manager_->select({0});
+    frame_->noteFolder(folder_.path());
+    frame_->markStale();
+    readWithAnotherQuery();
+    EXPECT_EQ(frame_->paths(), std::vector<std::string>{folder_.file("a.jpg")});
+}
+
 // As two memory cards have them, in the two panes of one window.
 TEST_F(FrameReaderTest, readFindsNoPathInTwoFoldersOfOneName)
 {
