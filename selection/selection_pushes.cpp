@@ -18,7 +18,7 @@ constexpr qsizetype kMaxTitleLength = 4096;          // UTF-16 units
 constexpr std::size_t kMaxProcesses = 32;
 constexpr std::size_t kMaxPendingPushes = 256;
 
-const QString kService = QStringLiteral("org.pinorama.Selection1");
+const QString kService = QStringLiteral("org.pinorama.Pinorama.Selection");
 const QString kObject = QStringLiteral("/org/pinorama/Selection");
 
 std::vector<std::string> pathsOf(const QStringList& uris)

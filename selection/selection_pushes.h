@@ -1,8 +1,8 @@
 // Receives the selection of a window from the extensions in file managers (packaging/extensions),
 // which push it when it changes.
 //
-// Service org.pinorama.Selection1, object /org/pinorama/Selection, interface
-// org.pinorama.Selection1:
+// Service org.pinorama.Pinorama.Selection, object /org/pinorama/Selection, interface
+// org.pinorama.Pinorama.Selection:
 //
 //     Push(in as uris, in s windowTitle)
 //
@@ -53,7 +53,7 @@ struct PushedSelection {
 
 class SelectionPushes : public QObject, protected QDBusContext {
     Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "org.pinorama.Selection1")
+    Q_CLASSINFO("D-Bus Interface", "org.pinorama.Pinorama.Selection")
 
 public:
     using KindOfProcess = std::function<const FileManagerKind*(pid_t)>;

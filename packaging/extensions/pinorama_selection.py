@@ -8,7 +8,7 @@ Without Pinorama on the session bus it does nothing."""
 import gi
 from gi.repository import Gio, GLib, GObject
 
-SERVICE = "org.pinorama.Selection1"
+SERVICE = "org.pinorama.Pinorama.Selection"
 OBJECT = "/org/pinorama/Selection"
 MOST_URIS = 64  # Pinorama reads one; any further ones only show that there are several
 

@@ -116,8 +116,8 @@ def onlyFromTheFileManager(follow):
     title = (follow.desktop.xdotool("getwindowname", follow.window) or "").strip()
     for uris in ("['file://" + os.fsdecode(follow.pictures) + "/d.nef']", "[]", "['file:///%00']",
                  "['" + 20000 * "x" + "']", "[" + ",".join(5000 * ["'file:///'"]) + "]"):
-        follow.session.call("org.pinorama.Selection1", "/org/pinorama/Selection",
-                            "org.pinorama.Selection1.Push", uris, title)
+        follow.session.call("org.pinorama.Pinorama.Selection", "/org/pinorama/Selection",
+                            "org.pinorama.Pinorama.Selection.Push", uris, title)
     time.sleep(0.5)
     follow.expectPath(os.path.join(follow.pictures, b"c.jpg"), 0.5)
 

@@ -19,7 +19,7 @@ using namespace pinorama;
 using test::Program;
 
 namespace {
-const QString kService = QStringLiteral("org.pinorama.Selection1");
+const QString kService = QStringLiteral("org.pinorama.Pinorama.Selection");
 
 // The test process counts as a file manager while isFileManager_ is true.
 class SelectionPushesTest : public testing::Test {
@@ -205,7 +205,7 @@ TEST_F(SelectionPushesTest, exportsTheInterfaceThatTheExtensionsCall)
         QStringLiteral("org.freedesktop.DBus.Introspectable"), QStringLiteral("Introspect")));
     ASSERT_TRUE(test::waitUntil([&] { return call.isFinished(); }));
     const QString xml = call.reply().arguments().value(0).toString();
-    for (const char* part : {"<interface name=\"org.pinorama.Selection1\">",
+    for (const char* part : {"<interface name=\"org.pinorama.Pinorama.Selection\">",
                              "<method name=\"Push\">", "type=\"as\"", "type=\"s\""}) {
         EXPECT_TRUE(xml.contains(QString::fromLatin1(part))) << part << xml.toStdString();
     }
