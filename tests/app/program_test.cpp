@@ -348,7 +348,7 @@ TEST_F(EndUnlessUsed, leavesAProgramWhoseWindowWasClosedRunning)
         SCOPED_TRACE(row.name);
         EXPECT_FALSE(ends([&] {
             row.ask();
-            EXPECT_TRUE(controller.myWindow->isVisible());
+            EXPECT_TRUE(test::waitUntil([this] { return controller.myWindow->isVisible(); }));
             controller.myWindow->close();
         }));
         EXPECT_FALSE(controller.myWindow->isVisible());
