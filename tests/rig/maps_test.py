@@ -105,7 +105,7 @@ class MapsTest(unittest.TestCase):
         self.showPicture("Zürich 100%& #1.jpg", 47.5, 8.5)
         self.openTestMap()
         self.assertEqual(self.requests(),
-                         ["/map?ll=47.500000,8.500000&label=Z%C3%BCrich%20100%25&%20%231.jpg"])
+                         ["/map?ll=47.500000,8.500000&label=Z%C3%BCrich%20100%25%26%20%231.jpg"])
 
     def testTheCatalogueGetsItsUrl(self):
         self.showPicture("north west.jpg", 48.1, -11.5)
