@@ -12,7 +12,7 @@ import unittest
 from desktop import Desktop
 from pictures import writePicture
 from running import need, takeProgram
-from session import DesktopSession, waitFor
+from session import DesktopSession, descendants, waitFor
 
 PROGRAM = takeProgram()
 
@@ -39,6 +39,8 @@ class MapsTest(unittest.TestCase):
         self.addCleanup(self.server.shutdown)
         self.session = DesktopSession()
         self.session.__enter__()
+        # The browser, which hides its environment, must end with the session as well.
+        self.addCleanup(lambda: self.assertEqual(descendants(), set()))
         self.addCleanup(self.session.close)
         self.desktop = Desktop(self.session)
         self.catalogueLog = os.path.join(self.session.root, "catalogue")

@@ -13,6 +13,7 @@ import tempfile
 import time
 
 PR_SET_PDEATHSIG = 1
+PR_SET_CHILD_SUBREAPER = 36
 SCREEN = "1400x900x24"
 # The programs that a session consists of, and those that tests control it with.
 PROGRAMS = ("Xvfb", "openbox", "xdotool", "xprop", "dbus-daemon",
@@ -53,6 +54,26 @@ def endWithTheTest():
     ctypes.CDLL(None).prctl(PR_SET_PDEATHSIG, signal.SIGTERM)
 
 
+def descendants():
+    """The processes that this one started, directly or not. Ended children are reaped and left out."""
+    children = {}
+    for entry in filter(str.isdigit, os.listdir("/proc")):
+        with contextlib.suppress(OSError), open(f"/proc/{entry}/stat", "rb") as stat:
+            state, parent = stat.read().rpartition(b")")[2].split()[:2]
+            children.setdefault(int(parent), []).append((int(entry), state))
+    found, left = set(), [os.getpid()]
+    while left:
+        parent = left.pop()
+        for pid, state in children.get(parent, ()):
+            if state != b"Z":
+                found.add(pid)
+                left.append(pid)
+            elif parent == os.getpid():
+                with contextlib.suppress(ChildProcessError):
+                    os.waitpid(pid, os.WNOHANG)
+    return found
+
+
 def endProcess(process, seconds=3):
     """Ends one process that the rig started: terminates it, waits, then kills it."""
     if process.poll() is None:
@@ -79,9 +100,13 @@ class DesktopSession:
         self.services = services  # whether the session bus starts programs, such as the other bus
         self.environment = None
         self.windowManager = None
+        self.olderProcesses = set()
 
     def __enter__(self):
         signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
+        # A process whose parent ends becomes a child of the test, so that none gets lost.
+        ctypes.CDLL(None).prctl(PR_SET_CHILD_SUBREAPER, 1)
+        self.olderProcesses = descendants()
         try:
             self._start()
         except BaseException:
@@ -250,12 +275,15 @@ class DesktopSession:
                 if stream is not None:
                     stream.close()
         self.processes = []
+        # A browser overwrites the environment by which `strays` finds it.
+        def remaining():
+            return {*self.strays(), *descendants()} - self.olderProcesses
         for sign in (signal.SIGTERM, signal.SIGKILL):
-            for stray in self.strays():
+            for stray in remaining():
                 try:
                     os.kill(stray, sign)
                 except ProcessLookupError:
                     pass
-            if waitFor(lambda: not list(self.strays()), 2):
+            if waitFor(lambda: not remaining(), 2):
                 break
         shutil.rmtree(self.root, ignore_errors=True)
