@@ -10,7 +10,7 @@ import sys
 import time
 
 from cases import Cases, Wrong, require
-from follow import NAMES, Follow
+from follow import Follow
 from follow_test import intoAFolderAndBack, names, noneAndSeveral, tabs, twoWindows
 from managers import managerNamed
 from probe import Probe
@@ -35,11 +35,11 @@ def needBinding(manager):
 
 def everyChange(follow):
     """The extension pushes every name, several names and an empty selection."""
-    seen = follow.walk(len(NAMES) + 1)
+    seen = follow.walk(len(follow.names) + 1)
     if set(seen) != follow.expectedItems():
         raise Wrong(f"missing {follow.expectedItems() - set(seen)}")
     follow.desktop.keys("ctrl+a")
-    follow.expect(lambda paths: paths and len(paths) == len(NAMES) + 1, "all of them")
+    follow.expect(lambda paths: paths and len(paths) == len(follow.names) + 1, "all of them")
     follow.desktop.clickEmptySpace(follow.window)
     follow.expect(lambda paths: paths == [], "an empty selection")
 

@@ -10,7 +10,8 @@ from pictures import writePicture
 from probe import Probe
 
 NAMES = [b"a b.jpg", b"c.jpg", b"d.nef", "ü.jpg".encode(), "u\u0308d.jpg".encode(),
-         b"x%20y&.jpg", b"h#;.jpg", b"line\nfeed.jpg", b"inv\xe4lid.jpg"]
+         b"x%20y&.jpg", b"h#;.jpg", b"line\nfeed.jpg"]
+MALFORMED = b"inv\xe4lid.jpg"
 WIDE = (1380, 840)
 PATIENCE = 6  # seconds; a query runs five times a second, but the machine may be busy
 
@@ -25,7 +26,8 @@ class Follow:
         self.other = os.path.join(self.pictures, b"Andere")
         os.makedirs(self.other)
         self.places = {}  # path of a picture -> latitude and longitude
-        for number, name in enumerate(NAMES):
+        self.names = [*NAMES, *([] if manager.isSince(manager.hidesMalformed) else [MALFORMED])]
+        for number, name in enumerate(self.names):
             self.write(os.path.join(self.pictures, name), 10.5 + number, 60.5 + number)
         for number, name in enumerate((b"c.jpg", b"e.jpg")):
             self.write(os.path.join(self.other, name), 40.5 + number, 20.5 + number)
@@ -118,7 +120,7 @@ class Follow:
         return seen
 
     def expectedItems(self):
-        return {os.path.join(self.pictures, name) for name in NAMES} | {self.other + b"/"}
+        return {os.path.join(self.pictures, name) for name in self.names} | {self.other + b"/"}
 
     def selectNamed(self, window, folder, name, steps=None):
         """Moves the selection with the keyboard until `name` of `folder` is selected."""
@@ -127,7 +129,7 @@ class Follow:
             self.desktop.clickEmptySpace(window)
             self.desktop.keys("Home", self.step, "Home")
             self.settle()
-            for _ in range((steps or len(NAMES) + 1) + 1):
+            for _ in range((steps or len(self.names) + 1) + 1):
                 current = self.probe.paths()
                 if current == [wanted]:
                     self.settle()  # an earlier key may still move the selection

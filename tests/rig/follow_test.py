@@ -13,7 +13,7 @@ import subprocess
 import time
 
 from cases import Cases, Skip, Wrong
-from follow import NAMES, Follow
+from follow import MALFORMED, Follow
 from managers import managerNamed
 from probe import Probe
 from running import need, run
@@ -27,16 +27,38 @@ cases = Cases()
 @cases.add
 def names(follow):
     """Every name, also the odd ones, as its exact bytes."""
-    seen = follow.walk(len(NAMES) + 1)
+    seen = follow.walk(len(follow.names) + 1)
     if set(seen) != follow.expectedItems():
         raise Wrong(f"missing {follow.expectedItems() - set(seen)}, too many "
                     f"{set(seen) - follow.expectedItems()}")
 
 
 @cases.add
+def malformedName(follow):
+    """A name that the file manager hides because it is not UTF-8: no path, and never that of another file."""
+    if MALFORMED in follow.names:
+        raise Skip("one of the names")
+    path = os.path.join(follow.pictures, MALFORMED)
+    follow.write(path, 30.5, 30.5)
+    time.sleep(1.5)
+    try:
+        follow.selectFirst()
+        seen = []
+        for _ in range(len(follow.names) + 2):
+            follow.settle()
+            seen.append(follow.probe.paths())
+            follow.desktop.keys(follow.step)
+        if seen.count([]) != 1 or {paths[0] for paths in seen if paths} != follow.expectedItems():
+            raise Wrong(f"expected every other item and nothing once, got {seen}")
+    finally:
+        os.remove(path)
+        time.sleep(1.5)
+
+
+@cases.add
 def noneAndSeveral(follow):
     """Neither an empty selection nor several items give one path; several come in the view's order."""
-    order = follow.walk(len(NAMES) + 1)
+    order = follow.walk(len(follow.names) + 1)
     follow.desktop.clickEmptySpace(follow.window)
     follow.expect(lambda paths: paths == [], "an empty selection")
     follow.selectFirst()
@@ -60,7 +82,7 @@ def otherViews(follow):
     try:
         for view in views:
             follow.switchView(view)
-            seen = follow.walk(len(NAMES) + 1)
+            seen = follow.walk(len(follow.names) + 1)
             if set(seen) != follow.expectedItems():
                 raise Wrong(f"{view}: missing {follow.expectedItems() - set(seen)}")
     finally:
@@ -179,7 +201,7 @@ def expandedFolder(follow):
         raise Skip("no folder can be opened within a list")
     follow.switchView("list")
     try:
-        order = follow.walk(len(NAMES) + 1)
+        order = follow.walk(len(follow.names) + 1)
         if order[0] != follow.other + b"/":
             raise Wrong(f"the folder is not the first item: {order[0]}")
         follow.selectFirst()
@@ -241,7 +263,7 @@ def scrolledOutOfView(follow):
             file.write(b"x")
     follow.settle()
     try:
-        follow.selectNamed(follow.window, many, b"", len(NAMES) + 2)
+        follow.selectNamed(follow.window, many, b"", len(follow.names) + 2)
         follow.desktop.keys("Return")
         time.sleep(1)
         follow.settle()
@@ -255,6 +277,10 @@ def scrolledOutOfView(follow):
         time.sleep(1)
         follow.expectPath(path, 0)
         follow.restartProbe()
+        if follow.manager.isSince(follow.manager.hidesUnseen):
+            time.sleep(2)
+            follow.expect(lambda paths: paths == [], "nothing", 0)
+            follow.desktop.keys("shift+" + follow.step, "shift+Left" if follow.step == "Right" else "shift+Up")
         follow.expectPath(path)
     finally:
         follow.kill()
@@ -269,7 +295,7 @@ def vanishing(follow):
     with open(name, "wb") as file:
         file.write(b"x")
     time.sleep(1.5)
-    follow.selectNamed(follow.window, follow.pictures, b"weg.jpg", len(NAMES) + 2)
+    follow.selectNamed(follow.window, follow.pictures, b"weg.jpg", len(follow.names) + 2)
     os.remove(name)
     follow.expect(lambda paths: paths != [name], "anything but the file that is gone", 2)
 

@@ -1,5 +1,7 @@
 """The seven file managers: how each is started and which keys do what in it."""
 
+import re
+import subprocess
 from dataclasses import dataclass, field
 
 
@@ -24,6 +26,19 @@ class Manager:
     trash: str = "trash:///"       # URL of the Trash; "" if it shows none
     remote: str = ""               # scheme of a folder on a WebDAV server
     reportsSeveral: bool = False   # whether it exposes the paths of several selected items
+    hidesMalformed: tuple = ()     # the version from which on it hides names that are not UTF-8
+    hidesUnseen: tuple = ()        # the version from which on it hides names that are scrolled out of view
+
+    def isSince(self, version):
+        """Whether the installed one is of that version or a later one; False for ()."""
+        return bool(version) and self.version() >= version
+
+    def version(self):
+        """That of the installed package, as numbers."""
+        done = subprocess.run(["dpkg-query", "-W", "-f", "${Version}", self.name], capture_output=True,
+                              check=True, text=True)
+        upstream = re.sub(r"^\d+:", "", done.stdout)
+        return tuple(int(number) for number in re.findall(r"\d+", upstream.partition("-")[0]))
 
 
 ICONS = "Right"
@@ -31,7 +46,8 @@ LIST = "Down"
 
 MANAGERS = [
     Manager("nautilus", ["nautilus", "--new-window"], "nautilus",
-            views={"icons": (["ctrl+2"], ICONS), "list": (["ctrl+1"], LIST)}, reportsSeveral=True),
+            views={"icons": (["ctrl+2"], ICONS), "list": (["ctrl+1"], LIST)}, reportsSeveral=True,
+            hidesUnseen=(48,)),
     Manager("nemo", ["nemo", "--no-desktop"], "nemo",
             views={"icons": (["ctrl+1"], ICONS), "list": (["ctrl+2"], LIST),
                    "compact": (["ctrl+3"], LIST)},
@@ -46,7 +62,7 @@ MANAGERS = [
     Manager("thunar", ["thunar"], "thunar",
             views={"icons": (["ctrl+1"], ICONS), "list": (["ctrl+2"], LIST),
                    "compact": (["ctrl+3"], LIST)},
-            split="F3", findsLocations=True),
+            split="F3", findsLocations=True, hidesMalformed=(4, 20)),
     Manager("pcmanfm", ["pcmanfm", "-n"], "pcmanfm",
             views={"icons": (["ctrl+1"], ICONS), "compact": (["ctrl+2"], LIST),
                    "list": (["ctrl+4"], LIST)},
