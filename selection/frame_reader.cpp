@@ -57,7 +57,7 @@ bool FrameReader::isDue(Clock::time_point now) const
 
 Task<Done> FrameReader::findAndRead(DBusQuery& query)
 {
-    FrameLayout found = co_await walkFrame(query, frame_);
+    FrameLayout found = co_await walkFrame(query, frame_, kind_.manager);
     layout_ = std::make_shared<FrameLayout>(std::move(found));
     pane_ = 0;
     isFound_ = !layout_->views.empty();

@@ -20,6 +20,7 @@ struct Node {
     std::vector<Accessible> ancestors = {};  // from the frame down to its parent
     int depth = 0;
     bool isUnderStatusBar = false;
+    bool isUnderScrollPane = false;
     Role role = Role::filler;
     States states = 0;
 };
@@ -78,7 +79,10 @@ class Walk {
 public:
     using OutlivesItsTasks = void;  // it is a local variable of the task that awaits them
 
-    Walk(DBusQuery& query, Accessible frame) : query_(query), frame_(std::move(frame)) {}
+    Walk(DBusQuery& query, Accessible frame, FileManager manager)
+        : query_(query), frame_(std::move(frame)), manager_(manager)
+    {
+    }
 
     Task<FrameLayout> run()
     {
@@ -117,7 +121,8 @@ private:
                 nodes.push_back({.object = child,
                                  .ancestors = containers[i].ancestors,
                                  .depth = containers[i].depth + 1,
-                                 .isUnderStatusBar = containers[i].isUnderStatusBar});
+                                 .isUnderStatusBar = containers[i].isUnderStatusBar,
+                                 .isUnderScrollPane = containers[i].role == Role::scrollPane});
                 nodes.back().ancestors.push_back(containers[i].object);
             }
             nodes = co_await withRolesAndStates(nodes);
@@ -167,8 +172,26 @@ private:
             break;
         default: break;
         }
+        if (manager_ == FileManager::pcmanfm && node.role == Role::panel && node.isUnderScrollPane)
+            co_await addBarePanel(node);
         if (mayBeView(node.role) && co_await isView(node)) co_return std::nullopt;
         co_return node;
+    }
+
+    // The icons and the compact list of PCManFM 1.4 (GTK 3) are a panel without any objects in it.
+    Task<Done> addBarePanel(Node node)
+    {
+        const std::vector<QDBusMessage> calls =
+            callList(childCountCall(node.object), sizeCall(node.object));
+        const std::vector<QDBusMessage> replies = co_await query_.replies(calls);
+        const auto size = sizeIn(replies[1]);
+        if (!size || numberIn(replies[0]) != 0U) co_return {};
+        candidates_.push_back({.object = node.object,
+                               .size = *size,
+                               .depth = node.depth,
+                               .ancestors = node.ancestors,
+                               .focusIndicators = {node.object}});
+        co_return {};
     }
 
     Task<bool> isView(Node node)
@@ -228,6 +251,7 @@ private:
 
     DBusQuery& query_;
     Accessible frame_;
+    FileManager manager_;
     FrameLayout layout_;
     std::vector<View> candidates_;
     std::size_t objectCount_ = 0;
@@ -266,9 +290,9 @@ std::vector<View> chooseViews(std::vector<View> candidates)
     return views;
 }
 
-Task<FrameLayout> walkFrame(DBusQuery& query, Accessible frame)
+Task<FrameLayout> walkFrame(DBusQuery& query, Accessible frame, FileManager manager)
 {
-    Walk walk(query, std::move(frame));
+    Walk walk(query, std::move(frame), manager);
     FrameLayout layout = co_await walk.run();
     co_return layout;
 }

@@ -143,6 +143,17 @@ TEST_F(AccessibilitySelectionTest, readsTheNameInTheStatusBar)
     EXPECT_TRUE(findsPaths({picture(3)}));
 }
 
+TEST_F(AccessibilitySelectionTest, readsTheStatusBarBelowABarePanelOfPCManFM)
+{
+    constexpr int kScrollPane = 2;  // the container of the view
+    follow(Kind::statusBar, "pcmanfm", 2);
+    manager_->change(kScrollPane, [](test::FakeObject& pane) { pane.role = Role::scrollPane; });
+    manager_->change(FakeFileManager::kView,
+                     [](test::FakeObject& view) { view.role = Role::panel; });
+    manager_->change(kStatusBar, [](test::FakeObject& bar) { bar.name = "\"1.jpg\" (1 byte)"; });
+    EXPECT_TRUE(findsPaths({picture(1)}));
+}
+
 TEST_F(AccessibilitySelectionTest, readsARowOfATreeInTheFolderOfItsParents)
 {
     ASSERT_EQ(mkdir(folder_.file("A").c_str(), 0700), 0);
