@@ -1,5 +1,6 @@
 #include "selection/frame_reader.h"
 
+#include "selection/item_name.h"
 #include "selection/view_choice.h"
 
 #include <QDBusConnection>
@@ -138,6 +139,12 @@ void FrameReader::store(const SelectedItems& selected)
     for (const NamedItem& item : selected.items) {
         if (item.path) paths.push_back(*item.path);
     }
+    // Newer versions of GTK 4 do not name an item that has been scrolled out of view. It is still
+    // the same object.
+    if (paths.empty() && selected.items.size() == 1 && selected.items.front().name.isEmpty() &&
+        selected.items.front().item == item_ && paths_ && paths_->size() == 1 &&
+        existingItem(paths_->front()))
+        paths = *paths_;
     // If one of the items has no path, showing the others would show a selection that is not there.
     const std::size_t count = selected.path ? 1 : selected.items.size();
     if (paths.size() != count) paths.clear();

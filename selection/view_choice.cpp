@@ -56,8 +56,20 @@ Task<std::size_t> paneInUse(DBusQuery& query, std::vector<View> views, Accessibl
 Task<std::optional<std::size_t>> viewInFront(DBusQuery& query, Accessible frame,
                                              std::vector<View> views, std::size_t before)
 {
-    const QDBusMessage getExtents = extentsCall(views.front().object);
-    const auto extents = extentsIn(co_await query.reply(getExtents));
+    auto calls =
+        callsFor(views, [](const View& view) { return childCountCall(view.ancestors.back()); });
+    calls.push_back(statesCall(frame));
+    calls.push_back(extentsCall(views.front().object));
+    const auto replies = co_await query.replies(calls);
+    // Newer versions of GTK 4 say what is showing. They find no children in the container of a view
+    // that is behind another tab, and may find that container at a point where the other tab is.
+    if (has(statesIn(replies[views.size()]).value_or(0), State::showing)) {
+        for (std::size_t i = 0; i < views.size(); i++) {
+            if (numberIn(replies[i]).value_or(0) > 0) co_return i;
+        }
+        co_return std::nullopt;
+    }
+    const auto extents = extentsIn(replies.back());
     if (!extents || extents->size.area() == 0) co_return std::nullopt;
     // GTK 4 creates the object of an item only when a client first asks for it, and finds nothing
     // at its place before. The edges of the view are mostly free of items, so they are tried first.

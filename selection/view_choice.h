@@ -23,9 +23,10 @@ Task<bool> haveFoundSizes(DBusQuery& query, std::vector<View> views);
 Task<std::size_t> paneInUse(DBusQuery& query, std::vector<View> views, Accessible touched,
                             std::size_t before);
 
-// The index, among the views of all tabs, of the one in front: the view that contains the object at
-// some point of the window. `before` if no object is found there; nothing if the tab in front has
-// none of the views.
+// The index, among the views of all tabs of a GTK 4 window, of the one in front: the view whose
+// container still has it as a child, or, in older versions of GTK 4, the one that contains the
+// object at some point of the window. `before` if no object is found there; nothing if the tab in
+// front has none of the views.
 Task<std::optional<std::size_t>> viewInFront(DBusQuery& query, Accessible frame,
                                              std::vector<View> views, std::size_t before);
 

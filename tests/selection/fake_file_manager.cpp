@@ -16,6 +16,7 @@ namespace {
 
 constexpr const char* kRoot = "/org/a11y/atspi/accessible/root";
 constexpr const char* kPrefix = "/org/a11y/atspi/accessible/";
+constexpr const char* kGtk4Prefix = "/org/example/a11y/";
 
 // A reference to an object, as it is marshalled.
 struct Reference {
@@ -70,14 +71,9 @@ constexpr States only(State state)
     return States{1} << static_cast<unsigned>(state);
 }
 
-QString pathOf(int number)
-{
-    return number == 0 ? QString::fromLatin1(kRoot) : kPrefix + QString::number(number);
-}
-
 int numberOf(const QString& path)
 {
-    return path.mid(QString::fromLatin1(kPrefix).size()).toInt();
+    return path.mid(path.lastIndexOf(u'/') + 1).toInt();
 }
 
 QString memberOf(const QDBusMessage& call)
@@ -122,7 +118,8 @@ test::FakeFileManager::FakeFileManager(Kind kind, const std::string& folder,
                                        const std::vector<QString>& names)
     : bus_(newConnection("program")),
       registry_(newConnection("registry")),
-      service_(bus_.baseService())
+      service_(bus_.baseService()),
+      prefix_(QString::fromLatin1(kPrefix))
 {
     qDBusRegisterMetaType<Reference>();
     qDBusRegisterMetaType<QList<Reference>>();
@@ -192,6 +189,22 @@ test::FakeFileManager::~FakeFileManager()
 QString test::FakeFileManager::service() const
 {
     return service_;
+}
+
+Accessible test::FakeFileManager::object(int number) const
+{
+    return {service_, pathOf(number)};
+}
+
+QString test::FakeFileManager::pathOf(int number) const
+{
+    return number == 0 ? QString::fromLatin1(kRoot) : prefix_ + QString::number(number);
+}
+
+void test::FakeFileManager::useObjectsOfGtk4()
+{
+    const std::lock_guard lock(mutex_);
+    prefix_ = QString::fromLatin1(kGtk4Prefix);
 }
 
 void test::FakeFileManager::add(int number, FakeObject object)

@@ -54,8 +54,12 @@ public:
     FakeFileManager(const FakeFileManager&) = delete;
     FakeFileManager& operator=(const FakeFileManager&) = delete;
 
-    // Its name on the bus.
+    // Its name on the bus, and one of its objects.
     QString service() const;
+    pinorama::Accessible object(int number) const;
+
+    // From here on the paths of its objects are like those of GTK 4.
+    void useObjectsOfGtk4();
 
     // Selects the items with these indexes and no others, without an event.
     void select(const std::vector<int>& places);
@@ -105,6 +109,7 @@ public:
 private:
     class Responder;
 
+    QString pathOf(int number) const;
     void add(int number, FakeObject object);
     QDBusMessage replyTo(const QDBusMessage& call);
     void take(const QDBusMessage& call);
@@ -124,6 +129,7 @@ private:
     QDBusConnection bus_;
     QDBusConnection registry_;
     const QString service_;
+    QString prefix_;  // of the paths of its objects
     std::unique_ptr<Responder> responder_;
     std::unique_ptr<Responder> registrar_;
     QThread thread_;

@@ -41,13 +41,18 @@ protected:
         (void)folder_.write("a.jpg", "x");
         manager_ = std::make_unique<FakeFileManager>(kind, folder_.path(),
                                                      std::vector<QString>{QStringLiteral("a.jpg")});
-        frame_ = std::make_unique<FrameReader>(
-            Accessible{manager_->service(), QStringLiteral("/org/a11y/atspi/accessible/1")},
-            *fileManagerKind(process), process_, false);
+        if (isGtk4_) manager_->useObjectsOfGtk4();
+        frame_ = std::make_unique<FrameReader>(manager_->object(FakeFileManager::kFrame),
+                                               *fileManagerKind(process), process_, false);
+        findAgain();
+        ASSERT_TRUE(frame_->isFound());
+    }
+
+    void findAgain()
+    {
         DBusQuery query(QDBusConnection::sessionBus(), kLimit);
         query.start(frame_->findAndRead(query));
         ASSERT_TRUE(query.runUntil(Clock::now() + kLimit));
-        ASSERT_TRUE(frame_->isFound());
     }
 
     void readWithAnotherQuery()
@@ -58,6 +63,7 @@ protected:
     }
 
     pid_t process_ = 1;
+    bool isGtk4_ = false;
     test::TemporaryFolder folder_;
     std::unique_ptr<FakeFileManager> manager_;
     std::unique_ptr<FrameReader> frame_;
@@ -162,6 +168,51 @@ TEST_F(FrameReaderTest, readTakesTheFoldersThatNautilusPublishes)
         readWithAnotherQuery();
         EXPECT_EQ(frame_->paths(), row.paths);
     }
+}
+
+// As in Nautilus 48, whose tabs behind the one in front still reply as if they were visible.
+TEST_F(FrameReaderTest, readForgetsAViewWhoseGtk4ContainerIsNoLongerInFront)
+{
+    constexpr int kTab = 2;  // the container of the view
+    isGtk4_ = true;
+    find(Kind::selection, "nautilus");
+    manager_->select({0});
+    frame_->markStale();
+    readWithAnotherQuery();
+    EXPECT_EQ(frame_->paths(), std::vector<std::string>{folder_.file("a.jpg")});
+
+    std::vector<int> children;
+    manager_->change(kTab, [&](test::FakeObject& tab) { tab.children.swap(children); });
+    frame_->markStale();
+    readWithAnotherQuery();
+    EXPECT_FALSE(frame_->isFound());
+    findAgain();
+    EXPECT_FALSE(frame_->isFound());
+
+    manager_->change(kTab, [&](test::FakeObject& tab) { tab.children.swap(children); });
+    findAgain();
+    EXPECT_EQ(frame_->paths(), std::vector<std::string>{folder_.file("a.jpg")});
+}
+
+// As in Nautilus 48.
+TEST_F(FrameReaderTest, readKeepsThePathOfAnItemThatLosesItsNameWhenItIsScrolledOutOfView)
+{
+    find(Kind::selection, "nautilus");
+    const auto rename = [this](const char* name) {
+        manager_->change(FakeFileManager::kFirstItem,
+                         [name](test::FakeObject& item) { item.name = QLatin1String(name); });
+        frame_->markStale();
+        readWithAnotherQuery();
+    };
+    manager_->select({0});
+    rename("");
+    EXPECT_EQ(frame_->paths(), std::nullopt) << "it has never had a name";
+    rename("a.jpg");
+    rename("");
+    EXPECT_EQ(frame_->paths(), std::vector<std::string>{folder_.file("a.jpg")});
+    ASSERT_EQ(unlink(folder_.file("a.jpg").c_str()), 0);
+    rename("");
+    EXPECT_EQ(frame_->paths(), std::nullopt);
 }
 
 TEST_F(FrameReaderTest, readIgnoresTheFoldersOfAnotherProcess)
