@@ -13,20 +13,45 @@
 #include <QMimeData>
 #include <QStandardPaths>
 
+#include <utility>
+
 namespace pinorama {
 
 PathIntake::PathIntake(MainWindow& window, SelectionSource* selection)
     : window_(window), selection_(selection)
 {
     connect(&window_, &MainWindow::fileDropped, this, &PathIntake::open);
-    connect(window_.syncCheckbox, &QCheckBox::toggled, this, [this] { keepsOpened_ = false; });
+    connect(window_.syncCheckbox, &QCheckBox::toggled, this, [this] {
+        keepsOpened_ = false;
+        if (!follows()) listen(false);
+    });
+}
+
+PathIntake::~PathIntake()
+{
+    listen(false);
+}
+
+bool PathIntake::follows() const
+{
+    return window_.syncCheckbox->checkState() == Qt::Checked;
+}
+
+void PathIntake::listen(bool listens)
+{
+    if (selection_ == nullptr || std::exchange(listens_, listens) == listens) return;
+    selection_->setListener(!listens ? SelectionSource::Listener()
+                                     : [this](const std::vector<std::string>& selected) {
+                                           // Nobody toggles a box that becomes mixed.
+                                           if (follows()) passOne(unlessKept(selected));
+                                       });
 }
 
 void PathIntake::keepOpened()
 {
     keepsOpened_ = true;
     // A selection that was seen before the box was unchecked says nothing about the one of now.
-    if (window_.syncCheckbox->checkState() != Qt::Checked) seen_.reset();
+    if (!follows()) seen_.reset();
 }
 
 void PathIntake::open(const std::string& path)
@@ -39,8 +64,12 @@ void PathIntake::open(const std::string& path)
 std::vector<std::string> PathIntake::selectedPaths()
 {
     if (selection_ == nullptr) return {};
-    std::vector<std::string> selected = selection_->selectedPaths();
-    if (!selection_->isKnown()) return {};
+    const std::vector<std::string> selected = selection_->selectedPaths();
+    return selection_->isKnown() ? unlessKept(selected) : std::vector<std::string>();
+}
+
+std::vector<std::string> PathIntake::unlessKept(const std::vector<std::string>& selected)
+{
     if (keepsOpened_) keepsOpened_ = !seen_ || *seen_ == selected;
     seen_ = selected;
     return keepsOpened_ ? std::vector<std::string>() : selected;
@@ -48,9 +77,13 @@ std::vector<std::string> PathIntake::selectedPaths()
 
 void PathIntake::passSelection()
 {
-    if (window_.syncCheckbox->checkState() != Qt::Checked) return;
-    const std::vector<std::string> selected = selectedPaths();
-    if (selected.size() == 1) Q_EMIT pathFound(selected.front());
+    listen(follows());
+    if (follows()) passOne(selectedPaths());
+}
+
+void PathIntake::passOne(const std::vector<std::string>& paths)
+{
+    if (paths.size() == 1) Q_EMIT pathFound(paths.front());
 }
 
 TovArrayRef PathIntake::copySelection()

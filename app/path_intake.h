@@ -26,9 +26,11 @@ public:
     // Connects the window, which has its views and lives longer; so does the selection, which may
     // be null for nothing ever.
     PathIntake(MainWindow& window, SelectionSource* selection);
+    ~PathIntake() override;
 
     // Passes the file on that is selected in the file manager, when it is exactly one and the check
-    // box is on.
+    // box is on. From then on, and as long as the box is on, a change that a file manager reports
+    // is passed on at once.
     void passSelection();
 
     // Returns a new array of the selected paths as texts; null when there is none.
@@ -60,10 +62,15 @@ Q_SIGNALS:
     void pathOpened(const std::string& path);
 
 private:
+    bool follows() const;
+    void listen(bool listens);
     std::vector<std::string> selectedPaths();
+    std::vector<std::string> unlessKept(const std::vector<std::string>& selected);
+    void passOne(const std::vector<std::string>& paths);
 
     MainWindow& window_;
     SelectionSource* selection_;
+    bool listens_ = false;
     bool keepsOpened_ = false;
     std::optional<std::vector<std::string>> seen_;  // the last selection that was known
 };

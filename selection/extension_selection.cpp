@@ -44,6 +44,7 @@ ExtensionSelection::ExtensionSelection(FrameTracker& tracker)
         const PushedSelection* pushed = pushes_.lastOf(process);
         if (pushed != nullptr && Clock::now() - pushed->at > kMaxSkew) pushes_.forget(process);
     });
+    connect(&pushes_, &SelectionPushes::pushed, this, &ExtensionSelection::pushed);
 }
 
 std::vector<std::string> ExtensionSelection::selectedPaths()

@@ -38,6 +38,10 @@ public:
     // Whether pushes are accepted; if not, the extensions do not find this program on the bus.
     void setListening(bool isListening) { pushes_.setListening(isListening); }
 
+Q_SIGNALS:
+    // An extension has pushed a selection, or has taken back the last one.
+    void pushed();
+
 private:
     Task<std::optional<std::vector<std::string>>> findPaths(DBusQuery& query);
 

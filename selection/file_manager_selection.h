@@ -9,17 +9,22 @@
 
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "selection/file_manager_kind.h"
 #include "selection/selection_source.h"
 
 namespace pinorama {
 
 class FileManagerSelection : public SelectionSource {
 public:
-    FileManagerSelection();
+    // Returns the kind of a process, or null if it is no file manager. Tests pass their own.
+    using KindOfProcess = std::function<const FileManagerKind*(pid_t)>;
+
+    explicit FileManagerSelection(KindOfProcess kindOfProcess = fileManagerKindOfProcess);
     ~FileManagerSelection() override;
 
     // Needs an event loop between the calls, which finds the windows of the file managers. Two
@@ -28,6 +33,11 @@ public:
     std::vector<std::string> selectedPaths() override;
 
     bool isKnown() const override;
+
+    // Reports are the events of the accessibility bus, the pushes of extensions, and the end of a
+    // reading that took too long to be waited for. There is one look at a time: selectedPaths()
+    // cancels the one that waits for replies.
+    void setListener(Listener listener) override;
 
 private:
     struct Parts;

@@ -148,6 +148,7 @@ Task<Done> FrameTracker::scanWindows(DBusQuery& query, QString service)
             hasAttribute(replies[1], QStringLiteral("window-type"), QStringLiteral("desktop"));
         list_.addFrame(service, std::make_shared<FrameReader>(object, *manager->kind,
                                                               manager->process, isDesktop));
+        Q_EMIT changeReported();
     }
     co_return {};
 }
@@ -196,7 +197,10 @@ void FrameTracker::startWalking(const SharedFrame& frame)
     if (walk_ || !list_.beginWalk(frame, Clock::now())) return;
     walk_ = std::make_unique<DBusQuery>(bus_.bus(), kReplyTimeout);
     walk_->start(frame->findAndRead(*walk_));
-    walk_->continueInEventLoop([this, frame] { walk_.reset(); });  // `frame` outlives the walk
+    walk_->continueInEventLoop([this, frame] {  // `frame` outlives the walk
+        walk_.reset();
+        if (frame->isFound()) Q_EMIT changeReported();
+    });
 }
 
 void FrameTracker::readInEventLoop(const SharedFrame& frame)
@@ -204,10 +208,12 @@ void FrameTracker::readInEventLoop(const SharedFrame& frame)
     if (walk_) return;
     walk_ = std::make_unique<DBusQuery>(bus_.bus(), kReplyTimeout);
     readInLoop_ = frame;
+    const auto before = frame->paths();
     walk_->start(frame->read(*walk_));
-    walk_->continueInEventLoop([this, frame] {
+    walk_->continueInEventLoop([this, frame, before] {
         readInLoop_.reset();
         walk_.reset();
+        if (frame->isStale() || frame->paths() != before) Q_EMIT changeReported();
     });
 }
 
@@ -238,7 +244,7 @@ void FrameTracker::ping(const QString& service)
         watcher->deleteLater();
         if (!bus_.isReady()) return;
         if (reply.type() == QDBusMessage::ReplyMessage) {
-            (void)list_.setPaused(service, false);
+            if (list_.setPaused(service, false)) Q_EMIT changeReported();
         } else if (list_.manager(service)) {
             ping(service);
         }
@@ -264,6 +270,7 @@ void FrameTracker::onEventReceived(const QString& service, const QString& path,
     }
     if (event == Event::selection || event == Event::focus)
         Q_EMIT selectionMayHaveChanged(manager->process);
+    Q_EMIT changeReported();
 }
 
 }  // namespace pinorama

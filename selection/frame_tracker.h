@@ -73,6 +73,11 @@ Q_SIGNALS:
     // The selection of a window of the process may have changed.
     void selectionMayHaveChanged(pid_t process);
 
+    // findLatestFrame() or the window that it finds may have something new: a file manager sent an
+    // event or replies again, a window was found, or a reading in the event loop found another
+    // selection.
+    void changeReported();
+
 private:
     Task<Done> scanPrograms(DBusQuery& query);
     Task<Done> scanWindows(DBusQuery& query, QString service);

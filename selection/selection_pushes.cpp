@@ -98,9 +98,9 @@ void SelectionPushes::keep(pid_t process, PushedSelection pushed)
 {
     if (!isListening_ || kindOfProcess_(process) == nullptr) return;
     pushed_.erase(process);
-    if (pushed.windowTitle.isEmpty()) return;
     if (pushed_.size() >= kMaxProcesses) pushed_.clear();
-    pushed_.emplace(process, std::move(pushed));
+    if (!pushed.windowTitle.isEmpty()) pushed_.emplace(process, std::move(pushed));
+    Q_EMIT this->pushed();
 }
 
 }  // namespace pinorama

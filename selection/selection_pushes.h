@@ -76,6 +76,10 @@ public:
 public Q_SLOTS:
     Q_SCRIPTABLE Q_NOREPLY void Push(const QStringList& uris, const QString& windowTitle);
 
+Q_SIGNALS:
+    // A file manager has pushed a selection, or has taken back its last one.
+    void pushed();
+
 private:
     void keep(pid_t process, PushedSelection pushed);
 

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,16 @@ public:
     // Whether the last selectedPaths() found out what is selected. If not, its empty result does
     // not mean that nothing is: a file manager did not reply, or its window is still being read.
     virtual bool isKnown() const { return true; }
+
+    // Receives the selection, as selectedPaths() returns it.
+    using Listener = std::function<void(const std::vector<std::string>& paths)>;
+
+    // Looks at the selection also between two calls of selectedPaths(), each time that a file
+    // manager reports a change, and gives the listener what it finds. It does not look for an empty
+    // listener, nor if selectedPaths() was not called lately. A look finds what selectedPaths()
+    // would, but lets the event loop run while it waits for replies. If the selection is not known,
+    // the listener is not called. A source that receives no reports never calls it.
+    virtual void setListener(Listener) {}
 };
 
 }  // namespace pinorama

@@ -18,6 +18,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace test {
@@ -33,9 +34,12 @@ public:
 
     bool isKnown() const override { return !isUnknown; }
 
+    void setListener(Listener heard) override { listener = std::move(heard); }
+
     std::vector<std::string> paths;
     bool isUnknown = false;
     int questions = 0;
+    Listener listener;
 };
 
 class RecordingOpener final : public pinorama::UrlOpener {

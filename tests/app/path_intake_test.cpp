@@ -49,6 +49,60 @@ TEST_F(PathIntake, asksNobodyWhileTheCheckBoxIsOff)
     EXPECT_TRUE(found_.empty());
 }
 
+TEST_F(PathIntake, passesAReportedSelectionOfOneOn)
+{
+    EXPECT_FALSE(selection_.listener);
+    intake_.passSelection();
+    ASSERT_TRUE(selection_.listener);
+    for (const Paths& reported : {Paths{}, Paths{"/a.jpg", "/b.jpg"}, Paths{"/\xff.jpg"}})
+        selection_.listener(reported);
+    EXPECT_EQ(found_, Paths{"/\xff.jpg"});
+    EXPECT_EQ(selection_.questions, 1);
+}
+
+TEST_F(PathIntake, listensToNobodyWhileTheCheckBoxIsOff)
+{
+    window_.syncCheckbox->setTristate(true);
+    for (const Qt::CheckState state : {Qt::Unchecked, Qt::PartiallyChecked}) {
+        window_.syncCheckbox->setCheckState(Qt::Checked);
+        intake_.passSelection();
+        ASSERT_TRUE(selection_.listener);
+        const auto listener = selection_.listener;
+        window_.syncCheckbox->setCheckState(state);
+        listener({"/a.jpg"});
+        intake_.passSelection();
+        EXPECT_FALSE(selection_.listener);
+    }
+    intake_.passSelection();
+    window_.syncCheckbox->setCheckState(Qt::Checked);
+    intake_.passSelection();
+    window_.syncCheckbox->setCheckState(Qt::Unchecked);
+    EXPECT_FALSE(selection_.listener);
+    EXPECT_TRUE(found_.empty());
+}
+
+TEST_F(PathIntake, keepsWhatWasOpenedFromReportsToo)
+{
+    selection_.paths = {"/a.jpg"};
+    intake_.passSelection();
+    intake_.keepOpened();
+    found_.clear();
+    selection_.listener({"/a.jpg"});
+    EXPECT_EQ(found_, Paths());
+    selection_.listener({"/b.jpg"});
+    EXPECT_EQ(found_, Paths{"/b.jpg"});
+}
+
+TEST_F(PathIntake, listensUntilItIsDestroyed)
+{
+    {
+        pinorama::PathIntake shortLived(window_, &selection_);
+        shortLived.passSelection();
+        EXPECT_TRUE(selection_.listener);
+    }
+    EXPECT_FALSE(selection_.listener);
+}
+
 TEST_F(PathIntake, livesWithoutASelection)
 {
     pinorama::PathIntake alone(window_, nullptr);

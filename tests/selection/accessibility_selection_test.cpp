@@ -325,7 +325,8 @@ TEST_F(AccessibilitySelectionTest, knowsWhetherNothingIsSelectedOrNothingIsKnown
     manager_->change(kFirstItem, [](test::FakeObject& item) { item.name = "elsewhere.jpg"; });
     manager_->emitEvent(FakeFileManager::kView, "SelectionChanged", "", 0);
     test::goOnFor(200);
-    EXPECT_TRUE(findsPaths({}) && source_->isKnown()) << "several, one of them without a path";
+    EXPECT_TRUE(waitFor([&] { return source_->selectedPaths().empty() && source_->isKnown(); }))
+        << "several, one of them without a path";
     manager_->select({0});
     EXPECT_TRUE(waitFor([&] { return source_->selectedPaths().empty() && !source_->isKnown(); }))
         << "one without a path";
