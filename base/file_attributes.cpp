@@ -16,6 +16,7 @@ std::optional<FileAttributes> attributesAt(int descriptor, const char* path, int
     }
     FileAttributes attributes{};
     attributes.isRegular = S_ISREG(found.stx_mode);
+    attributes.type = found.stx_mode & S_IFMT;
     attributes.size = found.stx_size;
     attributes.modified = found.stx_mtime.tv_sec;
     if ((found.stx_mask & STATX_BTIME) != 0) attributes.created = found.stx_btime.tv_sec;

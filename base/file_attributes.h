@@ -13,6 +13,7 @@ struct FileAttributes {
     std::uint64_t size;                   // bytes; meaningful for regular files
     std::int64_t modified;                // whole seconds since 1970 UTC, rounded down
     std::optional<std::int64_t> created;  // the same; some file systems keep none
+    std::uint32_t type = 0;               // the bits S_IFMT of its mode, as stat(2) gives them
 
     friend bool operator==(const FileAttributes&, const FileAttributes&) = default;
 };

@@ -1,8 +1,7 @@
 #include "pictures/picture_file.h"
 
 #include <cerrno>
-#include <optional>
-#include <utility>
+#include <climits>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -36,15 +35,18 @@ PictureFile::PictureFile(const std::string& path)
         return;
     }
     const DescriptorHolder item(openDescriptor(path.c_str(), O_PATH));
-    std::optional<FileAttributes> attributes;
-    if (item) attributes = attributesOf(item.get());
-    if (attributes && !attributes->isRegular) return;
-    if (attributes) descriptor_ = openItem(item, path);
-    if (descriptor_) {
-        attributes_ = *attributes;
-    } else {
-        error_ = errno;
-    }
+    if (item) item_ = attributesOf(item.get());
+    if (item_ && !item_->isRegular) return;
+    if (item_) descriptor_ = openItem(item, path);
+    if (!descriptor_) error_ = errno;
+}
+
+std::string PictureFile::realPath() const
+{
+    char path[PATH_MAX];
+    const std::string link = kOwnDescriptors + std::to_string(descriptor());
+    const ssize_t length = isOpen() ? readlink(link.c_str(), path, sizeof path) : 0;
+    return {path, length > 0 ? static_cast<std::size_t>(length) : 0};
 }
 
 }  // namespace pinorama

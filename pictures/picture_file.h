@@ -6,7 +6,9 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "base/descriptor.h"
 #include "base/file_attributes.h"
@@ -22,6 +24,15 @@ public:
     // is looked at and not opened.
     explicit PictureFile(const std::string& path);
 
+    // Takes over what another process has opened in the same way.
+    //
+    //   descriptor  of the file; none if it is not open.
+    //   item        as below; there is one if there is a descriptor.
+    PictureFile(DescriptorHolder descriptor, const std::optional<FileAttributes>& item, int error)
+        : descriptor_(std::move(descriptor)), item_(item), error_(error)
+    {
+    }
+
     bool isOpen() const { return static_cast<bool>(descriptor_); }
     int descriptor() const { return descriptor_.get(); }  // -1 when not open
 
@@ -29,12 +40,20 @@ public:
     int error() const { return error_; }
 
     // As they were when the file was opened; zero when it is not open.
-    const FileAttributes& attributes() const { return attributes_; }
-    std::uint64_t size() const { return attributes_.size; }  // bytes
+    FileAttributes attributes() const { return isOpen() ? *item_ : FileAttributes{}; }
+    std::uint64_t size() const { return attributes().size; }  // bytes
+
+    // The attributes of whatever is at the path, opened or not; nothing if it could not be looked
+    // at.
+    const std::optional<FileAttributes>& item() const { return item_; }
+
+    // The path of the open file, free of links. The kernel knows it, so that no disk is asked.
+    // Empty when the file is not open, or without /proc.
+    std::string realPath() const;
 
 private:
     DescriptorHolder descriptor_;
-    FileAttributes attributes_{};
+    std::optional<FileAttributes> item_;
     int error_ = 0;
 };
 

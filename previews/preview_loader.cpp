@@ -14,6 +14,7 @@ constexpr int kStoreDelay = 100;  // milliseconds, in which the preview gets ont
 
 struct PreviewLoader::Request {
     std::string path;
+    std::uint32_t type;  // of what is at the path
     QSizeF size;
     qreal ratio;
     PreviewPlan plan;
@@ -50,8 +51,9 @@ PreviewLoader::~PreviewLoader()
 void PreviewLoader::request(const std::string& path, PictureFile picture, QSizeF size, qreal ratio)
 {
     cancel();
-    request_ = std::make_unique<Request>(Request{
-        path, size, ratio, PreviewPlan(path, std::move(picture), cuPixelsOfPoints(size, ratio))});
+    const std::uint32_t type = picture.item() ? picture.item()->type : 0;
+    PreviewPlan plan(path, std::move(picture), cuPixelsOfPoints(size, ratio));
+    request_ = std::make_unique<Request>(Request{path, type, size, ratio, std::move(plan)});
     // The caller asks for the properties of the same picture next. A preview that the reader has
     // begun would be in their way, so the first step waits for the event loop.
     timer_.start(0);
@@ -147,7 +149,8 @@ void PreviewLoader::finish(const std::optional<QPixmap>& preview)
 void PreviewLoader::show(const Request& request, const std::optional<QPixmap>& preview)
 {
     Q_EMIT previewReady(
-        request.path, preview ? *preview : cuIconOfItem(request.path, request.size, request.ratio));
+        request.path,
+        preview ? *preview : cuIconOfType(request.path, request.type, request.size, request.ratio));
 }
 
 }  // namespace pinorama

@@ -53,6 +53,8 @@ PreviewPlan::PreviewPlan(std::string path, PictureFile picture, PixelSize box)
         isFinished_ = true;
         return;
     }
+    isInCache_ = cuIsInThumbnailCache(path_, picture_->realPath());
+    if (isInCache_) return;
     for (ThumbnailPlace& place : cuThumbnailPlaces(path_, picture_->attributes().modified,
                                                    std::max(box.width, box.height))) {
         places_.push_back(std::move(place));
@@ -90,7 +92,7 @@ void PreviewPlan::store(const PreviewReply& reply) const
 {
     const int side = box_.width;
     const bool fillsTheBox = reply.image.width == side || reply.image.height == side;
-    if (!reply.wasDecoded || box_.height != side || !fillsTheBox) return;
+    if (isInCache_ || !reply.wasDecoded || box_.height != side || !fillsTheBox) return;
     cuStoreThumbnail(path_, picture_->attributes().modified, picture_->size(), side,
                      imageOn(reply.image));
 }

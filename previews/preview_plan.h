@@ -60,6 +60,7 @@ private:
     std::unique_ptr<PictureFile> thumbnail_;
     const PictureFile* file_ = nullptr;
     PreviewKind kind_ = PreviewKind::picture;
+    bool isInCache_ = false;
     bool isFinished_ = false;
 };
 

@@ -45,16 +45,6 @@ bool isInside(const std::string& path, const std::string& folder)
     return path.compare(0, folder.size() + 1, folder + "/") == 0;
 }
 
-bool isInCache(const std::string& path, const std::string& cache)
-{
-    if (isInside(path, cache)) return true;
-    std::error_code error;
-    const std::filesystem::path realPath = std::filesystem::canonical(path, error);
-    if (error) return false;
-    const std::filesystem::path realCache = std::filesystem::canonical(cache, error);
-    return !error && isInside(realPath.string(), realCache.string());
-}
-
 std::string fileName(const std::string& uri)
 {
     return QCryptographicHash::hash(QByteArrayView(uri.data(), static_cast<qsizetype>(uri.size())),
@@ -86,10 +76,20 @@ bool ThumbnailLabel::matches(std::string_view uriText, std::string_view mtimeTex
     return uriText == uri && mtimeText == std::to_string(mtime);
 }
 
+bool cuIsInThumbnailCache(const std::string& path, const std::string& realPath)
+{
+    const std::string cache = thumbnailFolder();
+    if (cache.empty()) return false;
+    if (isInside(path, cache)) return true;
+    std::error_code error;
+    const std::filesystem::path realCache = std::filesystem::canonical(cache, error);
+    return !error && isInside(realPath, realCache.string());
+}
+
 std::vector<ThumbnailPlace> cuThumbnailPlaces(const std::string& path, std::int64_t mtime, int side)
 {
     const std::string cache = thumbnailFolder();
-    if (cache.empty() || path.empty() || path.front() != '/' || isInCache(path, cache)) return {};
+    if (cache.empty() || path.empty() || path.front() != '/') return {};
 
     std::vector<std::string> uris = {uriOf(path, kPlainForGLib)};
     if (const std::string other = uriOf(path, kPlainForQt); other != uris[0]) uris.push_back(other);
@@ -107,7 +107,7 @@ void cuStoreThumbnail(const std::string& path, std::int64_t mtime, std::uint64_t
                       const QImage& image)
 {
     const std::string cache = thumbnailFolder();
-    if (cache.empty() || path.empty() || path.front() != '/' || isInCache(path, cache)) return;
+    if (cache.empty() || path.empty() || path.front() != '/') return;
     if (image.isNull() || image.width() > side || image.height() > side) return;
     for (const Size& size : kSizes) {
         if (size.side != side) continue;

@@ -28,18 +28,24 @@ struct ThumbnailPlace {
     ThumbnailLabel label;
 };
 
+// Whether a file is itself in the cache: of such a one there are no thumbnails. Asks nothing of the
+// file's disk.
+//
+//   path, realPath  absolute, in the bytes of the system; the second is free of links, and empty if
+//                   it is not known.
+bool cuIsInThumbnailCache(const std::string& path, const std::string& realPath);
+
 // The places where a thumbnail of the file at `path` may be that is at least `side` large each way,
 // the smallest first. Two for each size, because desktops do not agree on which characters a URI
-// escapes. None when the file itself is in the cache.
+// escapes. Asks nothing of the file's disk.
 //
-//   path   absolute, in the bytes of the system.
+//   path   absolute, in the bytes of the system; not in the cache itself.
 std::vector<ThumbnailPlace> cuThumbnailPlaces(const std::string& path, std::int64_t mtime,
                                               int side);
 
 // Stores `image`, which fits into side x side, as a thumbnail of the file at `path`, readable by
-// the user alone. Does nothing when `side` is none of the sizes that thumbnails come in, when the
-// file is in the cache itself, or when it cannot be written; nobody else ever sees a half-written
-// one.
+// the user alone. Does nothing when `side` is none of the sizes that thumbnails come in, or when it
+// cannot be written; nobody else ever sees a half-written one.
 void cuStoreThumbnail(const std::string& path, std::int64_t mtime, std::uint64_t fileSize, int side,
                       const QImage& image);
 

@@ -19,11 +19,9 @@ using namespace pinorama;
 namespace {
 constexpr int kMaxPixels = 4096;  // per side of an icon
 
-QString typeOfSpecialItem(const std::string& path)
+QString nameOfSpecialType(std::uint32_t type)
 {
-    struct stat status;
-    if (stat(path.c_str(), &status) != 0) return {};
-    switch (status.st_mode & S_IFMT) {
+    switch (type) {
     case S_IFDIR: return QStringLiteral("inode/directory");
     case S_IFCHR: return QStringLiteral("inode/chardevice");
     case S_IFBLK: return QStringLiteral("inode/blockdevice");
@@ -33,10 +31,10 @@ QString typeOfSpecialItem(const std::string& path)
     }
 }
 
-QMimeType typeOfItem(const std::string& path)
+QMimeType typeOfItem(const std::string& path, std::uint32_t type)
 {
     const QMimeDatabase types;
-    const QString special = typeOfSpecialItem(path);
+    const QString special = nameOfSpecialType(type);
     if (!special.isEmpty()) return types.mimeTypeForName(special);
     const ObjectHolder<TovStringRef> name(createPathText(path.substr(path.rfind('/') + 1)));
     const QList<QMimeType> found = types.mimeTypesForFileName(cuDisplayText(name.get()));
@@ -95,6 +93,13 @@ void drawIcon(QPainter* painter, const QIcon& icon, const QRect& square)
 
 QPixmap cuIconOfItem(const std::string& path, QSizeF size, qreal ratio)
 {
+    struct stat status = {};
+    const bool isThere = stat(path.c_str(), &status) == 0;
+    return cuIconOfType(path, isThere ? status.st_mode & S_IFMT : 0, size, ratio);
+}
+
+QPixmap cuIconOfType(const std::string& path, std::uint32_t type, QSizeF size, qreal ratio)
+{
     const QSizeF pixels = size * ratio;
     if (!(pixels.width() > 0 && pixels.height() > 0)) return {};
     const int width = std::clamp(
@@ -107,7 +112,7 @@ QPixmap cuIconOfItem(const std::string& path, QSizeF size, qreal ratio)
     result.fill(Qt::transparent);
     QPainter painter(&result);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-    drawIcon(&painter, themeIcon(typeOfItem(path)),
+    drawIcon(&painter, themeIcon(typeOfItem(path, type)),
              QRect((width - side) / 2, (height - side) / 2, side, side));
     painter.end();
     result.setDevicePixelRatio(ratio);

@@ -32,6 +32,9 @@ TEST(attributesOf, givesSizeAndKind)
     EXPECT_EQ(attributesOf(empty)->size, 0u);
     EXPECT_FALSE(attributesOf(folder.path())->isRegular);
     EXPECT_FALSE(attributesOf("/dev/null")->isRegular);
+    EXPECT_EQ(attributesOf(file)->type, static_cast<std::uint32_t>(S_IFREG));
+    EXPECT_EQ(attributesOf(folder.path())->type, static_cast<std::uint32_t>(S_IFDIR));
+    EXPECT_EQ(attributesOf("/dev/null")->type, static_cast<std::uint32_t>(S_IFCHR));
 }
 
 TEST(attributesOf, givesTheSameForAnOpenFile)

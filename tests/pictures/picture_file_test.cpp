@@ -11,6 +11,7 @@
 
 #include <cerrno>
 #include <chrono>
+#include <filesystem>
 
 #include <fcntl.h>
 #include <sys/inotify.h>
@@ -84,6 +85,43 @@ TEST(PictureFile, knowsTheFactsOfTheFileThatItHasOpen)
 
     EXPECT_FALSE(PictureFile().isOpen());
     EXPECT_EQ(PictureFile(folder.file("none.jpg")).attributes(), FileAttributes{});
+}
+
+TEST(PictureFile, knowsWhatIsAtThePathEvenIfItIsNotOpened)
+{
+    const test::TemporaryFolder folder;
+    const std::string path = folder.write("a.jpg", "twelve bytes");
+    EXPECT_EQ(PictureFile(path).item(), attributesOf(path));
+    EXPECT_EQ(PictureFile(folder.path()).item(), attributesOf(folder.path()));
+    EXPECT_EQ(PictureFile(folder.path()).attributes(), FileAttributes{});
+    EXPECT_EQ(PictureFile("/dev/null").item()->type, static_cast<std::uint32_t>(S_IFCHR));
+    EXPECT_EQ(PictureFile(folder.file("none.jpg")).item(), std::nullopt);
+    EXPECT_EQ(PictureFile().item(), std::nullopt);
+}
+
+TEST(PictureFile, knowsWhereTheOpenFileReallyIs)
+{
+    const test::TemporaryFolder folder;
+    const std::string path = folder.write("a.jpg", "twelve bytes");
+    ASSERT_EQ(symlink("a.jpg", folder.file("link.jpg").c_str()), 0);
+    const std::string real = std::filesystem::canonical(path).string();
+    EXPECT_EQ(PictureFile(path).realPath(), real);
+    EXPECT_EQ(PictureFile(folder.file("link.jpg")).realPath(), real);
+    EXPECT_EQ(PictureFile(folder.path()).realPath(), "");
+}
+
+TEST(PictureFile, takesOverWhatAnotherProcessHasOpened)
+{
+    const test::TemporaryFolder folder;
+    const std::string path = folder.write("a.jpg", "twelve bytes");
+    const PictureFile taken(DescriptorHolder(openDescriptor(path.c_str(), O_RDONLY)),
+                            attributesOf(path), 0);
+    EXPECT_TRUE(taken.isOpen());
+    EXPECT_EQ(taken.size(), 12u);
+    const PictureFile none(DescriptorHolder(), std::nullopt, ENOENT);
+    EXPECT_FALSE(none.isOpen());
+    EXPECT_EQ(none.error(), ENOENT);
+    EXPECT_EQ(none.attributes(), FileAttributes{});
 }
 
 TEST(PictureFile, leavesAPipeToItsReader)

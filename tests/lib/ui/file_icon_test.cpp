@@ -9,6 +9,8 @@
 
 #include <filesystem>
 
+#include <sys/stat.h>
+
 using namespace pinorama;
 
 namespace {
@@ -58,6 +60,11 @@ TEST(cuIconOfItem, comesFromTheThemeForTheTypeOfTheName)
         EXPECT_TRUE(test::isNear(image.pixel(64, 64), row.color)) << row.path;
         EXPECT_TRUE(test::isNear(image.pixel(10, 120), row.color)) << row.path;
     }
+    // The type that is given counts, whatever is at the path.
+    EXPECT_EQ(cuIconOfType("/nowhere/a.html", S_IFDIR, QSizeF(64, 64), 2).toImage(),
+              cuIconOfItem("/", QSizeF(64, 64), 2).toImage());
+    EXPECT_EQ(cuIconOfType("/", 0, QSizeF(64, 64), 2).toImage(),
+              cuIconOfItem("/nowhere/a", QSizeF(64, 64), 2).toImage());
     QIcon::setThemeName(QStringLiteral("no such theme"));
 }
 }  // namespace
