@@ -84,7 +84,8 @@ int reportOnFiles(const Options& options, StringHolder serviceTemplate)
     const auto start = std::chrono::steady_clock::now();
     BatchWork work({.output = options.output,
                     .serviceTemplate = std::move(serviceTemplate),
-                    .placemarks = !options.kmlPath.empty()});
+                    .placemarks = !options.kmlPath.empty(),
+                    .isRaw = options.isRaw});
     const bool isBatch = options.recursive || options.files.size() > kMaxFilesInTurn;
     if (!isBatch) work.expect(options.files);
     bool isBrokenPipe = false;

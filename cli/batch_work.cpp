@@ -34,7 +34,8 @@ void BatchResult::add(BatchResult following)
     failed += following.failed;
 }
 
-BatchWork::BatchWork(ReportOptions options) : output_(options.output), reporter_(std::move(options))
+BatchWork::BatchWork(ReportOptions options)
+    : output_(options.output), isRaw_(options.isRaw), reporter_(std::move(options))
 {
 }
 
@@ -63,7 +64,7 @@ void BatchWork::appendOutput(const FileReport& report, std::string* out) const
 {
     switch (output_) {
     case Output::json: appendJsonLine(report, out); break;
-    case Output::csv: appendCsvLine(report, out); break;
+    case Output::csv: appendCsvLine(report, isRaw_, out); break;
     case Output::text:
         if (!report.error.empty()) break;
         *out += kSeparator;
@@ -82,10 +83,10 @@ void BatchWork::appendOutput(const FileReport& report, std::string* out) const
     }
 }
 
-std::string beginningOfOutput(Output output)
+std::string beginningOfOutput(const Options& options)
 {
     std::string beginning;
-    if (output == Output::csv) appendCsvHeader(&beginning);
+    if (options.output == Output::csv) appendCsvHeader(options.isRaw, &beginning);
     return beginning;
 }
 

@@ -38,11 +38,12 @@ private:
     void appendOutput(const FileReport& report, std::string* out) const;
 
     Output output_;
+    bool isRaw_;
     FileReporter reporter_;
 };
 
 // The output before that of the first batch.
-std::string beginningOfOutput(Output output);
+std::string beginningOfOutput(const Options& options);
 
 // An empty line before each text block. Outputs drops the first one.
 constexpr char kSeparator = '\n';

@@ -63,9 +63,9 @@ public:
     {
         value ? addNumber(*value) : addNothing(key);
     }
-    void add(std::string_view key, double value)
+    void add(std::string_view key, const std::optional<double>& value)
     {
-        std::isfinite(value) ? addNumber(value) : addNothing(key);
+        value&& std::isfinite(*value) ? addNumber(*value) : addNothing(key);
     }
     void addNothing(std::string_view) { separate(); }
 
@@ -124,17 +124,17 @@ private:
 };
 }  // namespace
 
-void appendCsvHeader(std::string* out)
+void appendCsvHeader(bool isRaw, std::string* out)
 {
     HeaderWriter header(out);
-    visitFields(FileReport{}, header);
+    visitColumns(FileReport{}, isRaw, header);
     header.close();
 }
 
-void appendCsvLine(const FileReport& report, std::string* out)
+void appendCsvLine(const FileReport& report, bool isRaw, std::string* out)
 {
     RowWriter row(out);
-    visitFields(report, row);
+    visitColumns(report, isRaw, row);
     row.close();
 }
 

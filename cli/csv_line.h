@@ -1,5 +1,6 @@
-// Reports as comma-separated values (RFC 4180): the fields of the JSON object as columns, lines
-// that end in CR LF. What is null in JSON is an empty field; numbers read back exactly.
+// Reports as comma-separated values (RFC 4180): first where and when a picture was taken, with
+// signed degrees and times in ISO 8601, then its texts and its file. Lines end in CR LF. What a
+// picture does not have is an empty field; numbers read back exactly.
 //
 // People open this in spreadsheets and print it on terminals, so texts are made harmless: one that
 // begins as a formula does gets an apostrophe in front, and characters that control a display
@@ -14,9 +15,11 @@
 namespace pinorama {
 
 // Appends the first row, which has the names of the columns.
-void appendCsvHeader(std::string* out);
+//
+//   isRaw  with further columns for the fields of the record and the texts of the window.
+void appendCsvHeader(bool isRaw, std::string* out);
 
 // Appends the row of one report.
-void appendCsvLine(const FileReport& report, std::string* out);
+void appendCsvLine(const FileReport& report, bool isRaw, std::string* out);
 
 }  // namespace pinorama

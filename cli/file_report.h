@@ -9,6 +9,12 @@
 
 namespace pinorama {
 
+// Where a picture was taken, with signs.
+struct Position {
+    double latitude;   // degrees, -90 to 90, negative in the south
+    double longitude;  // degrees, -180 to 180, negative in the west
+};
+
 // The place of a picture, as in fileInfoRecord.
 struct PlaceReport {
     std::int32_t result;  // 0 if a usable position was found, else the reader's status
@@ -35,6 +41,14 @@ struct FileReport {
     std::string sizeText;
     std::string modified;
     std::string created;
+    // What tables and documents get: numbers only where the picture has them, times in ISO 8601.
+    std::optional<Position> position;          // a usable position that is on the Earth
+    std::optional<double> altitude;            // metres, negative below sea level
+    std::optional<double> heading;             // degrees, the direction of view
+    std::optional<std::int64_t> takenInstant;  // seconds since 1970; without an offset as if in UTC
+    std::string taken;         // empty if the picture does not say; so are the two below
+    std::string modifiedTime;  // of the file
+    std::string createdTime;
     // The texts of a usable position. Empty without one, and where the window shows nothing either.
     std::string coordinate;
     std::string altitudeText;

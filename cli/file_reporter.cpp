@@ -3,6 +3,7 @@
 #include "base/status.h"
 #include "base/time_zone.h"
 #include "base/utf8.h"
+#include "cli/iso_time.h"
 #include "globe/fly_to.h"
 #include "globe/kml_document.h"
 #include "globe/web_services.h"
@@ -17,6 +18,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cmath>
 #include <cstring>
 #include <iterator>
 #include <utility>
@@ -80,12 +82,36 @@ void fillPosition(const fileInfoRecord& record, FileReport* report)
     report->direction = takeUTF8(gpsMakeDirectionText(record));
 }
 
+// Files can contain any number. What is not on the Earth would be drawn somewhere else by every
+// program that reads it.
+std::optional<Position> positionOf(const fileInfoRecord& record)
+{
+    const Position position{signedLatitude(record), signedLongitude(record)};
+    const bool isOnEarth =
+        std::abs(position.latitude) <= 90.0 && std::abs(position.longitude) <= 180.0;
+    return isOnEarth ? std::optional(position) : std::nullopt;
+}
+
+std::optional<double> finite(std::optional<double> number)
+{
+    return number && std::isfinite(*number) ? number : std::nullopt;
+}
+
+void fillMeasures(const PictureProperties& properties, const fileInfoRecord& record,
+                  FileReport* report)
+{
+    if (properties.hasGps && properties.altitude) report->altitude = finite(record.altitude);
+    if (properties.hasGps) report->heading = finite(properties.imageDirection);
+    if (!properties.taken) return;
+    report->taken = isoTime(*properties.taken, properties.takenOffset);
+    if (report->taken.empty()) return;
+    report->takenInstant = *properties.taken - properties.takenOffset.value_or(0) * 60;
+}
+
 std::string scriptOf(const fileInfoRecord& record)
 {
-    const double latitude = record.refLatti == 'S' ? -record.latti : record.latti;
-    const double longitude = record.refLongi == 'W' ? -record.longi : record.longi;
-    return takeUTF8(
-        gpsMakeFlyToScript(latitude, longitude, record.azimuth, record.tilt, record.distance));
+    return takeUTF8(gpsMakeFlyToScript(signedLatitude(record), signedLongitude(record),
+                                       record.azimuth, record.tilt, record.distance));
 }
 
 std::string addressOf(const fileInfoRecord& record, TovStringRef path, const ReportOptions& options)
@@ -227,6 +253,9 @@ void FileReporter::fillFileFields(const OpenFile& file, FileReport* report)
     if (!showsFields(options_.output)) return;
     report->name = takeUTF8(gpsCopyFileName(file.path.get()));
     fillFacts(file.attributes ? gpsMakeFileFacts(*file.attributes) : fileFacts{}, report);
+    if (!file.attributes) return;
+    report->modifiedTime = isoTime(file.attributes->modified, 0);
+    if (file.attributes->created) report->createdTime = isoTime(*file.attributes->created, 0);
 }
 
 // Fills in the result of reading a file.
@@ -248,10 +277,12 @@ void FileReporter::fillPlace(const OpenFile& file, const PropertyResult& reply,
     } else if (reply.outcome == Outcome::found) {
         const ObjectHolder<TovDictionaryRef> properties(createPropertyDictionary(reply.properties));
         result = gpsFillInfoFromProperties(properties.get(), record);
+        fillMeasures(reply.properties, *record, report);
     }
     report->place = placeOf(result, *record);
     if (result != kErrNone) return;
 
+    report->position = positionOf(*record);
     if (showsFields(options_.output)) fillPosition(*record, report);
     report->address = addressOf(*record, file.path.get(), options_);
     if (options_.placemarks) report->placemark = placemarkOf(*record, file.path.get());

@@ -29,6 +29,7 @@ struct ReportOptions {
     Output output = Output::text;
     StringHolder serviceTemplate{};  // of the web service, for Output::webAddress
     bool placemarks = false;
+    bool isRaw = false;  // for Output::csv
 };
 
 // Nobody waits at a window here, so a slow disk has more time than there.

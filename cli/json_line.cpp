@@ -41,12 +41,12 @@ public:
         addKey(key);
         addNumber(*value);
     }
-    void add(std::string_view key, double value)
+    void add(std::string_view key, const std::optional<double>& value)
     {
-        if (!std::isfinite(value)) return addNothing(key);
+        if (!value || !std::isfinite(*value)) return addNothing(key);
         addKey(key);
         const std::size_t start = out_->size();
-        addNumber(value);
+        addNumber(*value);
         // A whole number keeps its fraction, so that readers see the same type in every line.
         if (out_->find_first_of(".e", start) == std::string::npos) *out_ += ".0";
     }

@@ -23,6 +23,7 @@ struct Options {
     Output output = Output::text;
     std::int32_t webService = 0;  // for Output::webAddress, from 1
     std::string kmlPath{};        // raw bytes; empty for no document
+    bool isRaw = false;           // for Output::csv: the raw fields as well
     bool recursive = false;
     bool quiet = false;
     bool help = false;

@@ -11,7 +11,10 @@
 namespace pinorama {
 
 Outputs::Outputs(const Options& options, bool showsProgress)
-    : output_(options.output), kmlPath_(options.kmlPath), progress_(showsProgress)
+    : options_(options),
+      output_(options.output),
+      kmlPath_(options.kmlPath),
+      progress_(showsProgress)
 {
 }
 
@@ -21,7 +24,7 @@ bool Outputs::begin()
         failKml();
         return false;
     }
-    print(beginningOfOutput(output_));
+    print(beginningOfOutput(options_));
     return !areLost();
 }
 

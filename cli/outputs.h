@@ -20,6 +20,7 @@ namespace pinorama {
 
 class Outputs {
 public:
+    // The options are borrowed.
     Outputs(const Options& options, bool showsProgress);
 
     // Writes what comes before the first file. False if nothing can be written.
@@ -52,6 +53,7 @@ private:
     void printDiagnostics(std::string_view lines);
     void failKml();
 
+    const Options& options_;
     const Output output_;
     const std::string kmlPath_;
     KmlCollection kml_{};

@@ -2,6 +2,7 @@
 
 #include "pictures/crw.h"
 #include "pictures/exif_gps.h"
+#include "pictures/exif_time.h"
 #include "pictures/iptc_record.h"
 #include "pictures/jpeg_segments.h"
 #include "pictures/mrw.h"
@@ -15,6 +16,7 @@ namespace pinorama {
 namespace {
 
 constexpr std::uint16_t kIptcTag = 0x83bb;
+constexpr std::uint16_t kExifTag = 0x8769;
 constexpr std::uint16_t kGpsTag = 0x8825;
 
 // Resources that are spread over several segments are put together up to this size.
@@ -24,12 +26,13 @@ constexpr std::uint64_t kMaxJoinedBytes = 1 << 20;
 // directory is read also where another pointer shares its offset, as in pictures of Windows phones.
 void readTiff(const TiffBlock& tiff, PictureProperties& properties)
 {
-    enum { iptc, gps };
-    TiffEntry entries[] = {{kIptcTag}, {kGpsTag}};
+    enum { iptc, exif, gps };
+    TiffEntry entries[] = {{kIptcTag}, {kExifTag}, {kGpsTag}};
     tiff.findEntries(tiff.firstDirectory(), entries);
     if (const auto offset = tiff.integerOf(entries[gps])) {
         readGpsDirectory(tiff, *offset, properties);
     }
+    readExifTime(tiff, tiff.integerOf(entries[exif]), tiff.integerOf(entries[gps]), properties);
     // What the Photoshop resources of a JPEG picture say comes first.
     if (!properties.hasIptc) readIptcRecord(entries[iptc].value, properties);
 }

@@ -1,5 +1,5 @@
-// What a picture's own metadata says about where it was taken and what it shows: the position of
-// the Exif GPS directory and the place texts of the IPTC record.
+// What a picture's own metadata says about where and when it was taken and what it shows: the
+// position of the Exif GPS directory, the time of Exif and the place texts of the IPTC record.
 //
 // The values are as the file has them: no range check, no rounding. They are plain, so that they
 // can be read in another process than the one that shows them.
@@ -28,6 +28,11 @@ struct PictureProperties {
     std::optional<std::u16string> longitudeReference;
     std::optional<std::u16string> destinationDistanceReference;
     std::optional<std::u16string> satellites;
+
+    // Seconds since 1970-01-01 00:00 on the clock that dated the picture, and the minutes that this
+    // clock was ahead of UTC, if they are known (pictures/exif_time.h).
+    std::optional<std::int64_t> taken;
+    std::optional<std::int64_t> takenOffset;
 
     bool hasIptc = false;  // there is an IPTC record, whatever stands in it
     std::optional<std::u16string> city;

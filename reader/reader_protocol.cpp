@@ -17,7 +17,7 @@ constexpr std::uint32_t kRequestMagic = 0x51526e50;  // "PnRQ"
 constexpr std::uint32_t kReplyMagic = 0x4e416e50;    // "PnAN"
 constexpr std::uint16_t kVersion = 1;
 
-constexpr std::size_t kNumberCount = 6;
+constexpr std::size_t kNumberCount = 8;
 constexpr std::size_t kTextCount = 8;
 constexpr std::size_t kPropertyHeaderSize = 4;  // which values there are
 
@@ -45,25 +45,30 @@ bool isSensible(const ReaderRequest& request)
            request.descriptorCount <= kMaxDescriptors && request.box == PixelSize{};
 }
 
-// Calls `visit(isOfGps, value)` for every value of a picture's properties, in the order of the
-// message. The bit of a value is its place in this order.
+// Calls `visit(hasHome, value)` for every value of a picture's properties, in the order of the
+// message. The bit of a value is its place in this order. A value without a home, the directory or
+// record that it belongs to, cannot be there.
 template <typename Properties, typename Visitor>
 void visitValues(Properties& properties, Visitor visit)
 {
-    visit(true, properties.latitude);
-    visit(true, properties.longitude);
-    visit(true, properties.altitude);
-    visit(true, properties.altitudeReference);
-    visit(true, properties.destinationDistance);
-    visit(true, properties.imageDirection);
-    visit(true, properties.latitudeReference);
-    visit(true, properties.longitudeReference);
-    visit(true, properties.destinationDistanceReference);
-    visit(true, properties.satellites);
-    visit(false, properties.city);
-    visit(false, properties.state);
-    visit(false, properties.country);
-    visit(false, properties.caption);
+    const bool gps = properties.hasGps;
+    const bool iptc = properties.hasIptc;
+    visit(gps, properties.latitude);
+    visit(gps, properties.longitude);
+    visit(gps, properties.altitude);
+    visit(gps, properties.altitudeReference);
+    visit(gps, properties.destinationDistance);
+    visit(gps, properties.imageDirection);
+    visit(gps, properties.latitudeReference);
+    visit(gps, properties.longitudeReference);
+    visit(gps, properties.destinationDistanceReference);
+    visit(gps, properties.satellites);
+    visit(iptc, properties.city);
+    visit(iptc, properties.state);
+    visit(iptc, properties.country);
+    visit(iptc, properties.caption);
+    visit(true, properties.taken);
+    visit(properties.taken.has_value(), properties.takenOffset);
 }
 
 constexpr std::uint32_t kHasGps = 1u << 30;
@@ -221,8 +226,7 @@ std::vector<std::uint8_t> encodeProperties(const PictureProperties& properties)
     std::uint32_t flags = (properties.hasGps ? kHasGps : 0) | (properties.hasIptc ? kHasIptc : 0);
     std::uint32_t bit = 1;
     MessageWriter values;
-    visitValues(properties, [&](bool isOfGps, const auto& value) {
-        const bool hasHome = isOfGps ? properties.hasGps : properties.hasIptc;
+    visitValues(properties, [&](bool hasHome, const auto& value) {
         if (hasHome && canBeSent(value)) {
             flags |= bit;
             putValue(&values, *value);
@@ -245,11 +249,10 @@ std::optional<PictureProperties> decodeProperties(ByteView body)
     properties.hasIptc = (flags & kHasIptc) != 0;
     bool isSound = (flags & ~(kHasGps | kHasIptc | kValues)) == 0;
     std::uint32_t bit = 1;
-    visitValues(properties, [&](bool isOfGps, auto& value) {
+    visitValues(properties, [&](bool hasHome, auto& value) {
         const bool isThere = (flags & bit) != 0;
         bit <<= 1;
         if (!isSound || !isThere) return;
-        const bool hasHome = isOfGps ? properties.hasGps : properties.hasIptc;
         isSound = hasHome && getValue(&message, &value);
     });
     if (!isSound || !message.isComplete()) return std::nullopt;

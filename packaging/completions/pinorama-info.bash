@@ -11,7 +11,7 @@ _pinorama_info()
     done
     if [[ $word == -* ]]; then
         local IFS=$'\n'
-        COMPREPLY=($(compgen -W $'--recursive\n--json\n--csv\n--kml\n--web\n--search\n--print-script\n--quiet\n--help\n--version' -- "$word"))
+        COMPREPLY=($(compgen -W $'--recursive\n--json\n--csv\n--raw\n--kml\n--web\n--search\n--print-script\n--quiet\n--help\n--version' -- "$word"))
     fi
 }
 

@@ -44,6 +44,9 @@ FileReport munich()
     report.coordinate = "N 48";
     report.altitudeText = "-12 m";
     report.direction = "271.3";
+    report.position = Position{48.1, -11.5};
+    report.taken = "2026-05-03T14:03:22";
+    report.modifiedTime = "2026-05-04T00:00:00Z";
     return report;
 }
 }  // namespace
@@ -56,7 +59,9 @@ TEST(appendJsonLine, writesAllKeysInTheirOrder)
               R"("distance":1000.0,"azimuth":271.26,"tilt":0.0,"city":"München","state":null,)"
               R"("country":"","description":"two\nlines","size":18446744073709551615,)"
               R"("sizeText":"16,777,216.0 TB","modified":"m","created":"c","coordinate":"N 48",)"
-              R"("altitudeText":"-12 m","direction":"271.3"})"
+              R"("altitudeText":"-12 m","direction":"271.3","latitude":48.1,"longitude":-11.5,)"
+              R"("taken":"2026-05-03T14:03:22","modifiedTime":"2026-05-04T00:00:00Z",)"
+              R"("createdTime":null})"
               "\n");
 }
 

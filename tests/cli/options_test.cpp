@@ -174,7 +174,7 @@ TEST(readOptions, canBeCalledAgain)
 TEST(fullUsage, explainsEveryOption)
 {
     for (const char* option :
-         {"-r, --recursive", "--json", "--csv", "--kml DEST", "--web N", "--search",
+         {"-r, --recursive", "--json", "--csv", "--raw", "--kml DEST", "--web N", "--search",
           "--print-script", "-q, --quiet", "-h, --help", "-v, --version", "FILE..."}) {
         EXPECT_NE(fullUsage().find(option), std::string::npos) << option;
     }

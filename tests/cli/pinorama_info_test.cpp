@@ -134,10 +134,11 @@ TEST_F(pinoramaInfo, writesOneObjectPerFileWithTheKeysInOrder)
     const std::vector<ordered_json> objects = objectsOf(result.out);
     ASSERT_EQ(objects.size(), 3u);
     const std::vector<std::string> keys = {
-        "path",     "name",     "accepted",   "result",       "latti",    "longi",
-        "refLatti", "refLongi", "altitude",   "distance",     "azimuth",  "tilt",
-        "city",     "state",    "country",    "description",  "size",     "sizeText",
-        "modified", "created",  "coordinate", "altitudeText", "direction"};
+        "path",      "name",     "accepted",     "result",       "latti",     "longi",
+        "refLatti",  "refLongi", "altitude",     "distance",     "azimuth",   "tilt",
+        "city",      "state",    "country",      "description",  "size",      "sizeText",
+        "modified",  "created",  "coordinate",   "altitudeText", "direction", "latitude",
+        "longitude", "taken",    "modifiedTime", "createdTime"};
     for (const ordered_json& object : objects) {
         std::vector<std::string> found;
         for (const auto& [key, value] : object.items()) found.push_back(key);
@@ -165,6 +166,52 @@ TEST_F(pinoramaInfo, printsThePlaceOfAPicture)
     EXPECT_EQ(object["coordinate"], "N 48\u00b0 7' 30.0\"   E 11\u00b0 30' 0.0\"");
     EXPECT_EQ(object["altitudeText"], "520 m");
     EXPECT_EQ(object["direction"], "271.3");
+}
+
+TEST_F(pinoramaInfo, printsSignedDegreesAndTimesThatAnyProgramReads)
+{
+    const std::string canyon =
+        folder_.write("canyon.jpg", test::pictureWithGps({.lat = 36.25,
+                                                          .latRef = "N",
+                                                          .lon = 112.125,
+                                                          .lonRef = "W",
+                                                          .altitude = 7,
+                                                          .altitudeRef = 1,
+                                                          .taken = "2026:05:03 14:03:22",
+                                                          .takenOffset = "-07:00"}));
+    const std::string cape = folder_.write(
+        "cape.jpg", test::pictureWithGps({.lat = 33.5, .latRef = "S", .lon = 18.5, .lonRef = "E"}));
+    const std::string nowhere = folder_.write(
+        "nowhere.jpg",
+        test::pictureWithGps({.lat = 95.0, .latRef = "N", .lon = 11.0, .lonRef = "E"}));
+    const timespec times[2] = {{1229428800, 0}, {1229428800, 0}};  // 2008-12-16 12:00 UTC
+    for (const std::string& path : {canyon, cape, plain_, nowhere}) {
+        ASSERT_EQ(utimensat(AT_FDCWD, path.c_str(), times, 0), 0);
+    }
+    const Variables elsewhere = {{"TZ", "Asia/Tokyo"}, {"LC_ALL", "de_DE.UTF-8"}};
+    const auto objects = objectsOf(run({"--json", canyon, cape, plain_, nowhere}, elsewhere).out);
+    ASSERT_EQ(objects.size(), 4u);
+    EXPECT_EQ(objects[0]["latitude"], 36.25);
+    EXPECT_EQ(objects[0]["longitude"], -112.125);
+    EXPECT_EQ(objects[0]["longi"], 112.125);
+    EXPECT_EQ(objects[0]["taken"], "2026-05-03T14:03:22-07:00");
+    EXPECT_EQ(objects[0]["modifiedTime"], "2008-12-16T12:00:00Z");
+    EXPECT_EQ(objects[1]["latitude"], -33.5);
+    EXPECT_EQ(objects[1]["longitude"], 18.5);
+    EXPECT_TRUE(objects[1]["taken"].is_null());
+    for (const std::size_t i : {2, 3}) {
+        EXPECT_TRUE(objects[i]["latitude"].is_null()) << i;
+        EXPECT_TRUE(objects[i]["longitude"].is_null()) << i;
+    }
+    const std::string table = run({"--csv", canyon, cape, plain_}, elsewhere).out;
+    EXPECT_NE(table.find(canyon + ",36.25,-112.125,-7,,2026-05-03T14:03:22-07:00,canyon.jpg,"),
+              std::string::npos)
+        << table;
+    EXPECT_NE(table.find(cape + ",-33.5,18.5,,,,cape.jpg,"), std::string::npos) << table;
+    EXPECT_NE(table.find(plain_ + ",,,,,,plain.JPG,"), std::string::npos) << table;
+    EXPECT_EQ(table.find("1000"), std::string::npos) << table;
+    EXPECT_NE(run({"--csv", "--raw", canyon}).out.find(",true,0,36.25,112.125,N,W,1000,"),
+              std::string::npos);
 }
 
 TEST_F(pinoramaInfo, keepsNothingOfThePreviousFile)

@@ -34,6 +34,8 @@ PictureProperties fullProperties()
     properties.longitudeReference = u"";
     properties.destinationDistanceReference = u"K";
     properties.satellites = u"tilt:45.5";
+    properties.taken = -1;
+    properties.takenOffset = -210;
     properties.hasIptc = true;
     properties.city = u"K\u00f6ln";
     properties.state = u"\U0001F4F7";
@@ -161,7 +163,8 @@ TEST(decodeProperties, refusesWhatNoReaderWrites)
     } rows[] = {
         {"nothing at all", {}},
         {"half a header", {0, 0}},
-        {"an unknown value", bodyOf(gps | 1u << 14, {})},
+        {"an unknown value", bodyOf(gps | 1u << 16, {})},
+        {"an offset of no time", bodyOf(gps | 1u << 15, {0, 0, 0, 0, 0, 0, 0, 0})},
         {"a value without its dictionary", bodyOf(latitude, {0, 0, 0, 0, 0, 0, 0xf0, 0x3f})},
         {"the other dictionary", bodyOf(iptc | latitude, {0, 0, 0, 0, 0, 0, 0xf0, 0x3f})},
         {"NaN", bodyOf(gps | latitude, {1, 0, 0, 0, 0, 0, 0xf0, 0x7f})},

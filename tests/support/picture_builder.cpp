@@ -96,18 +96,25 @@ std::string test::tiffDirectory(ByteOrder order, std::uint32_t offset,
 std::string test::tiffBlock(const TiffParts& parts)
 {
     constexpr std::uint32_t kFirst = 8;
+    constexpr std::uint16_t kExifPointer = 0x8769;
+    constexpr std::uint16_t kGpsPointer = 0x8825;
+    const auto directoryOf = [&](const std::vector<TiffField>& fields, std::size_t offset) {
+        return tiffDirectory(parts.order, static_cast<std::uint32_t>(offset), fields);
+    };
     std::vector<TiffField> fields = parts.fields;
-    std::string gps;
-    if (!parts.gps.empty()) {
-        // The pointer's value does not change the length of the directory it stands in.
-        fields.push_back(longField(parts.order, 0x8825, 0));
-        const auto offset =
-            static_cast<std::uint32_t>(kFirst + tiffDirectory(parts.order, kFirst, fields).size());
-        fields.back() = longField(parts.order, 0x8825, offset);
-        gps = tiffDirectory(parts.order, offset, parts.gps);
+    // The values of the pointers do not change the length of the directory they stand in.
+    if (!parts.exif.empty()) fields.push_back(longField(parts.order, kExifPointer, 0));
+    if (!parts.gps.empty()) fields.push_back(longField(parts.order, kGpsPointer, 0));
+    std::size_t end = kFirst + directoryOf(fields, kFirst).size();
+    std::string others;
+    for (std::size_t i = parts.fields.size(); i < fields.size(); i++) {
+        const std::uint16_t tag = fields[i].tag;
+        fields[i] = longField(parts.order, tag, static_cast<std::uint32_t>(end));
+        others += directoryOf(tag == kExifPointer ? parts.exif : parts.gps, end);
+        end = kFirst + directoryOf(fields, kFirst).size() + others.size();
     }
     return (parts.order == kBig ? "MM" : "II") + bytes16(parts.order, parts.number) +
-           bytes32(parts.order, kFirst) + tiffDirectory(parts.order, kFirst, fields) + gps;
+           bytes32(parts.order, kFirst) + directoryOf(fields, kFirst) + others;
 }
 
 test::PictureFields test::everyField(ByteOrder order)
@@ -152,16 +159,20 @@ std::vector<test::TiffField> test::gpsFields(const PictureFields& fields)
         gps.push_back(byteField(5, std::string(1, static_cast<char>(*fields.altitudeRef))));
     }
     addNumber(6, fields.altitude);
+    if (!fields.gpsTime.empty()) gps.push_back(rationalField(fields.order, 7, fields.gpsTime));
     addText(8, fields.satellites);
     addNumber(17, fields.imgDirection);
     addText(25, fields.destDistanceRef);
     addNumber(26, fields.destDistance);
+    addText(29, fields.gpsDate);
     return gps;
 }
 
 std::string test::tiffWithGps(const PictureFields& fields)
 {
     TiffParts parts{.order = fields.order, .gps = gpsFields(fields)};
+    if (fields.taken) parts.exif.push_back(asciiField(0x9003, *fields.taken));
+    if (fields.takenOffset) parts.exif.push_back(asciiField(0x9011, *fields.takenOffset));
     if (fields.orientation) {
         parts.fields.push_back(shortField(fields.order, 0x0112, *fields.orientation));
     }

@@ -53,9 +53,10 @@ struct TiffParts {
     std::uint16_t number = 42;        // after the byte order; raw formats have their own
     std::vector<TiffField> fields{};  // of the first directory, the GPS pointer aside
     std::vector<TiffField> gps{};     // empty: no GPS directory and no pointer to it
+    std::vector<TiffField> exif{};    // the same for the Exif directory
 };
 
-// A TIFF block: header, first directory, GPS directory.
+// A TIFF block: header, first directory, GPS directory, Exif directory.
 std::string tiffBlock(const TiffParts& parts);
 
 // The place in a picture's metadata. Absent values are not written.
@@ -71,6 +72,10 @@ struct PictureFields {
     std::optional<std::string> satellites{};
     std::optional<double> imgDirection{};  // degrees, in hundredths
     std::optional<std::uint16_t> orientation{};
+    std::optional<std::string> taken{};        // "2026:05:03 14:03:22"
+    std::optional<std::string> takenOffset{};  // "+02:00"
+    std::optional<std::string> gpsDate{};      // "2026:05:03"
+    std::vector<Rational> gpsTime{};           // hour, minute, second
 
     // IPTC texts, declared as UTF-8.
     std::optional<std::string> city{};
