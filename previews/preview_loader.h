@@ -38,9 +38,9 @@ public:
     // Returns at once; the work begins when the event loop runs again.
     //
     //   path     absolute, in the bytes of the system.
-    //   picture  the file, open; one that is not open has its icon. The path is not looked at
-    //   again. size     points, as for imageWithPreviewOfFileAtPath. ratio    device pixels per
-    //   point.
+    //   picture  the file; one that is not open has its icon. The path is not looked at again.
+    //   size     points, as for imageWithPreviewOfFileAtPath.
+    //   ratio    device pixels per point.
     void request(const std::string& path, PictureFile picture, QSizeF size, qreal ratio);
 
     // Gives up the request that is under way: nothing comes of it.
