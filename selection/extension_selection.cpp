@@ -91,9 +91,8 @@ Task<std::optional<std::vector<std::string>>> ExtensionSelection::pathsIn(DBusQu
         co_return std::nullopt;
     }
     pushed->isConfirmed = true;
-    if (frame->kind().manager == FileManager::thunar) {
-        // Thunar calls its extensions before it applies a change, so they push the selection before
-        // the last change. The folder is right nevertheless.
+    if (frame->kind().pushesTooEarly) {
+        // The folder is right nevertheless.
         if (!pushed->paths.empty()) frame->noteFolder(folderOf(pushed->paths.front()));
         co_return std::nullopt;
     }

@@ -1,5 +1,7 @@
 #include "selection/file_manager_kind.h"
 
+#include "selection/managers/kinds.h"
+
 #include <algorithm>
 #include <array>
 #include <cctype>
@@ -10,16 +12,8 @@ namespace pinorama {
 namespace {
 
 // The kernel keeps 15 bytes of a process name; all of these are shorter.
-constexpr std::array kKinds = {
-    FileManagerKind{FileManager::nautilus, "nautilus", "Nautilus", Toolkit::gtk4, false},
-    FileManagerKind{FileManager::nemo, "nemo", "Nemo", Toolkit::gtk3, false},
-    FileManagerKind{FileManager::nemo, "nemo-desktop", "Nemo", Toolkit::gtk3, true},
-    FileManagerKind{FileManager::caja, "caja", "Caja", Toolkit::gtk3, false},
-    FileManagerKind{FileManager::thunar, "thunar", "Thunar", Toolkit::gtk3, false},
-    FileManagerKind{FileManager::pcmanfm, "pcmanfm", "PCManFM", Toolkit::gtk2, false},
-    FileManagerKind{FileManager::pcmanfmQt, "pcmanfm-qt", "PCManFM-Qt", Toolkit::qt, false},
-    FileManagerKind{FileManager::dolphin, "dolphin", "Dolphin", Toolkit::qt, false},
-};
+constexpr std::array kKinds = {&kNautilus, &kNemo,    &kNemoDesktop, &kCaja,
+                               &kThunar,   &kPCManFM, &kPCManFMQt,   &kDolphin};
 
 bool equalIgnoringCase(std::string_view a, std::string_view b)
 {
@@ -32,10 +26,10 @@ bool equalIgnoringCase(std::string_view a, std::string_view b)
 const FileManagerKind* fileManagerKind(std::string_view process)
 {
     const auto* kind =
-        std::find_if(kKinds.begin(), kKinds.end(), [process](const FileManagerKind& candidate) {
-            return equalIgnoringCase(candidate.process, process);
+        std::find_if(kKinds.begin(), kKinds.end(), [process](const FileManagerKind* candidate) {
+            return equalIgnoringCase(candidate->process, process);
         });
-    return kind == kKinds.end() ? nullptr : kind;
+    return kind == kKinds.end() ? nullptr : *kind;
 }
 
 const FileManagerKind* fileManagerKindOfProcess(pid_t process)

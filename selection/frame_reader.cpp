@@ -21,8 +21,9 @@ FrameReader::FrameReader(Accessible frame, const FileManagerKind& kind, pid_t pr
     : frame_(std::move(frame)),
       kind_(kind),
       process_(process),
+      window_(kind.makeWindow(process)),
       layout_(std::make_shared<FrameLayout>()),
-      folder_(kind.manager, process, isDesktop)
+      folder_(window_->locationColumn(), process, isDesktop)
 {
 }
 
@@ -58,11 +59,11 @@ bool FrameReader::isDue(Clock::time_point now) const
 
 Task<Done> FrameReader::findAndRead(DBusQuery& query)
 {
-    FrameLayout found = co_await walkFrame(query, frame_, kind_.manager);
+    FrameLayout found = co_await walkFrame(query, frame_, *window_);
     layout_ = std::make_shared<FrameLayout>(std::move(found));
     pane_ = 0;
     isFound_ = !layout_->views.empty();
-    if (kind_.manager == FileManager::dolphin) co_await dolphin_.find(query, frame_, process_);
+    co_await window_->prepare(query, frame_);
     markStale();
     if (isFound_) co_await read(query);
     co_return {};
@@ -87,8 +88,15 @@ Task<Done> FrameReader::read(DBusQuery& query)
     }
     if (wasStale || *title != title_ || start - folder_.readAt() >= kMaxFolderAge) {
         title_ = *title;
-        const bool isSame = co_await folder_.read(query, *title, layout);
+        bool isSame = true;
+        const auto published = co_await window_->publishedFolders(query, *title);
         if (layout_ != layout) co_return {};
+        if (published && !folder_.isDesktop()) {
+            folder_.take(*title, *published);
+        } else {
+            isSame = co_await folder_.read(query, *title, layout);
+            if (layout_ != layout) co_return {};
+        }
         if (!isSame) {
             forget();
             co_return {};
@@ -102,25 +110,28 @@ Task<Done> FrameReader::read(DBusQuery& query)
             co_return {};
         }
     }
-    if (isGtk4Object(frame_)) {
-        if (wasStale) {
-            const auto inFront = co_await viewInFront(query, frame_, layout->views, pane_);
-            if (layout_ != layout) co_return {};
-            if (!inFront) {
-                forget();
-                co_return {};
-            }
-            pane_ = *inFront;
-        }
-    } else if (layout->views.size() > 1) {
-        pane_ = co_await paneInUse(query, layout->views, touched_, pane_);
+    const ManagerWindow::Situation situation = {.frame = frame_,
+                                                .views = layout->views,
+                                                .touched = touched_,
+                                                .before = pane_,
+                                                .hasChanged = wasStale};
+    const auto place = co_await window_->viewInUse(query, situation);
+    if (layout_ != layout) co_return {};
+    if (!place) {
+        forget();
+        co_return {};
     }
+    pane_ = *place;
 
     const View view = layout->views[std::min(pane_, layout->views.size() - 1)];
     const std::vector<Accessible> likely = {focused_, item_};
-    SelectedItemsReader reader(kind_.manager, layout, folder_, dolphin_);
-    const SelectedItems selected = co_await reader.read(query, view, likely);
+    ItemReader reader(layout, folder_);
+    SelectedItems selected = co_await window_->selectedItems(query, reader, view, likely);
     if (layout_ != layout) co_return {};
+    if (selected.items.size() == 1) {
+        for (Validator& validator : validatorsOf(selected.items.front(), view))
+            selected.validators.push_back(std::move(validator));
+    }
     if (!selected.isKnown) {
         // The view is gone: the user switched to another tab or another kind of view.
         forget();

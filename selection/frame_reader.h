@@ -14,15 +14,16 @@
 #include <sys/types.h>
 
 #include <chrono>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "selection/accessible.h"
 #include "selection/dbus_query.h"
-#include "selection/dolphin_window.h"
 #include "selection/file_manager_kind.h"
 #include "selection/frame_walk.h"
+#include "selection/manager_window.h"
 #include "selection/selected_items.h"
 #include "selection/validator.h"
 #include "selection/window_folder.h"
@@ -96,13 +97,13 @@ private:
     Accessible frame_;
     const FileManagerKind& kind_;
     pid_t process_;
+    std::unique_ptr<ManagerWindow> window_;  // never null
 
     bool isFound_ = false;
     SharedLayout layout_;   // never null; replaced, never changed, so that a reading notices
     std::size_t pane_ = 0;  // the view that has or had the focus
     QString title_;
     WindowFolder folder_;
-    DolphinWindow dolphin_;
 
     bool isStale_ = true;
     Clock::time_point readAt_;

@@ -116,8 +116,7 @@ Task<Done> FrameTracker::scanPrograms(DBusQuery& query)
         }
         const FileManagerKind* kind = kindOfProcess_(process);
         if (!list_.identify(unknown[i], process, kind) || kind == nullptr) continue;
-        // If the user selects all items, a change of a name is the only event that Dolphin sends.
-        bus_.listenTo(unknown[i], kind->manager == FileManager::dolphin);
+        bus_.listenTo(unknown[i], kind->reportsByNames);
     }
     // A copy: programs come and go while each of them is scanned.
     const std::vector<QString> services = list_.managers();
@@ -141,11 +140,8 @@ Task<Done> FrameTracker::scanWindows(DBusQuery& query, QString service)
         if (!manager) co_return {};
         const auto role = static_cast<Role>(numberIn(replies[0]).value_or(0));
         if (role != Role::frame && role != Role::window && role != Role::filler) continue;
-        // The one program whose window is a filler, without a frame, draws the desktop in it.
-        const bool isDesktop =
-            manager->kind->isDesktop || role == Role::filler ||
-            hasAttribute(replies[1], QStringLiteral("is-desktop"), QStringLiteral("true")) ||
-            hasAttribute(replies[1], QStringLiteral("window-type"), QStringLiteral("desktop"));
+        const bool isDesktop = manager->kind->isDesktop(role, replies[1]);
+        if (role == Role::filler && !isDesktop) continue;
         list_.addFrame(service, std::make_shared<FrameReader>(object, *manager->kind,
                                                               manager->process, isDesktop));
         Q_EMIT changeReported();

@@ -1,5 +1,7 @@
 #include "selection/frame_walk.h"
 
+#include "selection/manager_window.h"
+
 #include <QStringList>
 
 #include <algorithm>
@@ -20,7 +22,7 @@ struct Node {
     std::vector<Accessible> ancestors = {};  // from the frame down to its parent
     int depth = 0;
     bool isUnderStatusBar = false;
-    bool isUnderScrollPane = false;
+    Role container = Role::frame;  // its parent
     Role role = Role::filler;
     States states = 0;
 };
@@ -79,8 +81,8 @@ class Walk {
 public:
     using OutlivesItsTasks = void;  // it is a local variable of the task that awaits them
 
-    Walk(DBusQuery& query, Accessible frame, FileManager manager)
-        : query_(query), frame_(std::move(frame)), manager_(manager)
+    Walk(DBusQuery& query, Accessible frame, ManagerWindow& window)
+        : query_(query), frame_(std::move(frame)), window_(window)
     {
     }
 
@@ -122,7 +124,7 @@ private:
                                  .ancestors = containers[i].ancestors,
                                  .depth = containers[i].depth + 1,
                                  .isUnderStatusBar = containers[i].isUnderStatusBar,
-                                 .isUnderScrollPane = containers[i].role == Role::scrollPane});
+                                 .container = containers[i].role});
                 nodes.back().ancestors.push_back(containers[i].object);
             }
             nodes = co_await withRolesAndStates(nodes);
@@ -172,25 +174,28 @@ private:
             break;
         default: break;
         }
-        if (manager_ == FileManager::pcmanfm && node.role == Role::panel && node.isUnderScrollPane)
-            co_await addBarePanel(node);
+        if (window_.opaqueness(node.role, node.container) != ManagerWindow::Opaqueness::no) {
+            co_await addOpaqueView(node);
+            co_return node;
+        }
         if (mayBeView(node.role) && co_await isView(node)) co_return std::nullopt;
         co_return node;
     }
 
-    // The icons and the compact list of PCManFM 1.4 (GTK 3) are a panel without any objects in it.
-    Task<Done> addBarePanel(Node node)
+    // It may contain one panel without items, or a list, which chooseViews() prefers to it.
+    Task<Done> addOpaqueView(Node node)
     {
         const std::vector<QDBusMessage> calls =
-            callList(childCountCall(node.object), sizeCall(node.object));
+            callList(childCountCall(node.object), childCall(node.object, 0), sizeCall(node.object));
         const std::vector<QDBusMessage> replies = co_await query_.replies(calls);
-        const auto size = sizeIn(replies[1]);
-        if (!size || numberIn(replies[0]) != 0U) co_return {};
-        candidates_.push_back({.object = node.object,
-                               .size = *size,
-                               .depth = node.depth,
-                               .ancestors = node.ancestors,
-                               .focusIndicators = {node.object}});
+        const bool mustBeEmpty =
+            window_.opaqueness(node.role, node.container) == ManagerWindow::Opaqueness::ifEmpty;
+        const auto size = sizeIn(replies[2]);
+        if (!size || (mustBeEmpty && numberIn(replies[0]) != 0U)) co_return {};
+        View view = {.object = node.object, .size = *size, .depth = node.depth};
+        view.ancestors = node.ancestors;
+        view.focusIndicators = {objectIn(replies[1]).value_or(node.object)};
+        candidates_.push_back(std::move(view));
         co_return {};
     }
 
@@ -211,14 +216,6 @@ private:
         view.focusIndicators = {node.object, node.ancestors.back()};
         if (node.ancestors.size() > 1)
             view.focusIndicators.push_back(node.ancestors[node.ancestors.size() - 2]);
-        if (node.role == Role::directoryPane) {
-            const QDBusMessage getChild = childCall(node.object, 0);
-            // It contains one panel without items, or a list, which chooseViews() prefers to it.
-            const auto inside = objectIn(co_await query_.reply(getChild));
-            if (inside) view.focusIndicators = {*inside};
-            candidates_.push_back(view);
-            co_return false;
-        }
         if (offers("Selection")) {
             view.access = offers("Table") ? ViewAccess::table : ViewAccess::selection;
         } else if (offers("Table")) {
@@ -251,7 +248,7 @@ private:
 
     DBusQuery& query_;
     Accessible frame_;
-    FileManager manager_;
+    ManagerWindow& window_;
     FrameLayout layout_;
     std::vector<View> candidates_;
     std::size_t objectCount_ = 0;
@@ -290,9 +287,9 @@ std::vector<View> chooseViews(std::vector<View> candidates)
     return views;
 }
 
-Task<FrameLayout> walkFrame(DBusQuery& query, Accessible frame, FileManager manager)
+Task<FrameLayout> walkFrame(DBusQuery& query, Accessible frame, ManagerWindow& window)
 {
-    Walk walk(query, std::move(frame), manager);
+    Walk walk(query, std::move(frame), window);
     FrameLayout layout = co_await walk.run();
     co_return layout;
 }

@@ -2,7 +2,7 @@
 // files and everything that shows the folder. A window is walked once; the layout is valid until
 // the structure of the window changes.
 //
-//     FrameLayout layout = co_await walkFrame(query, frame, FileManager::thunar);
+//     FrameLayout layout = co_await walkFrame(query, frame, window);
 //     if (layout.views.empty()) co_return {};  // no window that shows files
 
 #pragma once
@@ -14,9 +14,10 @@
 
 #include "selection/accessible.h"
 #include "selection/dbus_query.h"
-#include "selection/file_manager_kind.h"
 
 namespace pinorama {
+
+class ManagerWindow;
 
 // How the selection of a view can be read.
 enum class ViewAccess {
@@ -63,11 +64,10 @@ using SharedLayout = std::shared_ptr<const FrameLayout>;
 // Walks one window. Visits at most `kMaxObjects` objects, with at most 64 calls in flight, so that
 // the file manager stays responsive.
 constexpr std::size_t kMaxObjects = 2000;
-Task<FrameLayout> walkFrame(DBusQuery& query, Accessible frame, FileManager manager);
+Task<FrameLayout> walkFrame(DBusQuery& query, Accessible frame, ManagerWindow& window);
 
 // Whether an object belongs to GTK 4, whose object paths begin with the name of the application;
-// the other toolkits' begin with /org/a11y/. GTK 4 does not report what is showing, and keeps the
-// views of all tabs.
+// the other toolkits' begin with /org/a11y/. Older versions of GTK 4 do not report what is showing.
 bool isGtk4Object(const Accessible& object);
 
 // Chooses the view of the files among everything that looks like a list of items: the largest, and

@@ -3,7 +3,6 @@
 #include "base/user_folders.h"
 #include "selection/item_name.h"
 #include "selection/named_folders.h"
-#include "selection/open_locations.h"
 #include "selection/watched_folders.h"
 
 #include <algorithm>
@@ -52,6 +51,13 @@ bool isIn(const std::string& path, const std::string& folder)
 }
 }  // namespace
 
+void WindowFolder::take(const QString& title, std::vector<std::string> published)
+{
+    readAt_ = Clock::now();
+    title_ = title;
+    likely_ = std::move(published);
+}
+
 Task<bool> WindowFolder::read(DBusQuery& query, QString title, SharedLayout layout)
 {
     readAt_ = Clock::now();
@@ -60,13 +66,6 @@ Task<bool> WindowFolder::read(DBusQuery& query, QString title, SharedLayout layo
         co_return true;
     }
     title_ = title;
-    if (manager_ == FileManager::nautilus) {
-        const auto uris = co_await openLocations(query, process_);
-        if (uris) {
-            likely_ = foldersOfWindow(title, *uris);
-            co_return true;
-        }
-    }
     FolderHints hints;
     hints.title = title;
     std::vector<QDBusMessage> calls;
@@ -91,7 +90,7 @@ Task<bool> WindowFolder::read(DBusQuery& query, QString title, SharedLayout layo
         if (!rows) co_return false;
         hints.rows = std::move(*rows);
         likely_ = foldersShown(hints, namedFolders(), foldersWatchedBy(process_));
-        // Nemo has a path bar for each pane, of which this layout knows the one that was seen
+        // There may be a path bar for each pane, of which this layout knows the one that was seen
         // first.
         if (likely_.empty() && foundIn_ == layout) co_return false;
     }
@@ -166,11 +165,14 @@ WindowFolder::Cell WindowFolder::cell(const QString& text) const
     std::string folder;
     if (isWhole) {
         const bool isShown = !likely_.empty() && path == likely_.front();
-        if (!isShown && !(isIn(path, root) && isQuoted(title_, belowHome(root))))
-            return {CellKind::elsewhere};
+        const bool isFound = column_ == LocationColumn::wholePath && isIn(path, root) &&
+                             isQuoted(title_, belowHome(root));
+        if (!isShown && !isFound) return {CellKind::elsewhere};
         folder = path;
     } else {
-        if (!isIn(path, name) || !title_.startsWith(QString::fromStdString(name))) return {};
+        if (column_ != LocationColumn::belowParent || !isIn(path, name) ||
+            !title_.startsWith(QString::fromStdString(name)))
+            return {};
         folder = parentOf(root) + '/' + path;
     }
     const auto item = existingItem(folder);

@@ -14,21 +14,34 @@
 #include <vector>
 
 #include "selection/dbus_query.h"
-#include "selection/file_manager_kind.h"
 #include "selection/folder_choice.h"
 #include "selection/frame_walk.h"
 
 namespace pinorama {
 
+// How a list of results of a search shows the folder of an item, in a column beside its name.
+enum class LocationColumn {
+    none,
+    wholePath,
+    belowParent,  // of the folder in which the search began
+};
+
 class WindowFolder {
 public:
     using OutlivesItsTasks = void;  // it is a member of the reader that calls it
 
-    // A desktop always shows the user's desktop folder, so it needs no call.
-    WindowFolder(FileManager manager, pid_t process, bool isDesktop)
-        : manager_(manager), process_(process), isDesktop_(isDesktop)
+    // `column` is that of its lists. A desktop always shows the user's desktop folder, so it needs
+    // no call.
+    WindowFolder(LocationColumn column, pid_t process, bool isDesktop)
+        : column_(column), process_(process), isDesktop_(isDesktop)
     {
     }
+
+    // Whether the folder depends on what the window shows.
+    bool isDesktop() const { return isDesktop_; }
+
+    // Takes the folders that the file manager publishes for the window with this title.
+    void take(const QString& title, std::vector<std::string> published);
 
     // Reads the window with this title. Returns false if the window no longer has the structure of
     // `layout`; the folder stays as it was read before.
@@ -46,8 +59,7 @@ public:
     std::optional<std::string> pathOf(const QString& name);
 
     // What a cell beside a name says about the folder of that item. Results of a search come from
-    // several folders, and have their location in a column: Thunar shows it below the parent of the
-    // folder in which the search began, Nemo as a whole path. Other cells say nothing.
+    // several folders, and may have their location in a column. Other cells say nothing.
     enum class CellKind { other, location, elsewhere };
     struct Cell {
         CellKind kind = CellKind::other;
@@ -66,7 +78,7 @@ private:
     using Rows = std::vector<std::vector<RowButton>>;
     Task<std::optional<Rows>> readRows(DBusQuery& query, SharedLayout layout);
 
-    FileManager manager_;
+    LocationColumn column_;
     pid_t process_;
     bool isDesktop_;
     std::string noted_;

@@ -17,8 +17,10 @@ TEST(fileManagerKind, knowsTheSevenFileManagersOnly)
         SCOPED_TRACE(process);
         EXPECT_EQ(fileManagerKind(process), nullptr);
     }
-    EXPECT_EQ(fileManagerKind("Thunar")->manager, FileManager::thunar);
-    EXPECT_TRUE(fileManagerKind("nemo-desktop")->isDesktop);
+    EXPECT_EQ(fileManagerKind("Thunar"), fileManagerKind("thunar"));
+    EXPECT_TRUE(fileManagerKind("nemo-desktop")->isDesktop(Role::frame, {}));
+    EXPECT_FALSE(fileManagerKind("nemo")->isDesktop(Role::frame, {}));
+    EXPECT_TRUE(fileManagerKind("pcmanfm-qt")->isDesktop(Role::filler, {}));
 }
 
 TEST(fileManagerKindOfProcess, isNullForOtherAndMissingProcesses)

@@ -1,4 +1,4 @@
-#include "selection/open_locations.h"
+#include "selection/managers/nautilus.h"
 
 #include "base/file_uri.h"
 #include "tests/support/environment.h"

@@ -1,0 +1,61 @@
+#include "selection/item_reader.h"
+
+#include "selection/item_name.h"
+
+#include <vector>
+
+namespace pinorama {
+
+Task<NamedItem> ItemReader::named(DBusQuery& query, Accessible item, std::string folder)
+{
+    NamedItem named;
+    if (item.isNull()) co_return named;
+    const auto calls = callList(nameCall(item), statesCall(item));
+    const auto replies = co_await query.replies(calls);
+    const auto name = textIn(replies[0]);
+    if (!name) co_return named;
+    named.item = item;
+    named.part = item;
+    named.name = *name;
+    named.reportsSelected = has(statesIn(replies[1]).value_or(0), State::selected);
+    named.path = pathOf(folder, *name);
+    if (!named.path) named = co_await namedInside(query, named, folder);
+    co_return named;
+}
+
+// An item that consists of several objects has its name in one of them.
+Task<NamedItem> ItemReader::namedInside(DBusQuery& query, NamedItem item, std::string folder)
+{
+    constexpr int kMaxDepth = 6;
+    constexpr std::size_t kMaxParts = 16;  // on one level
+    std::vector<Accessible> level = {item.item};
+    for (int depth = 0; depth < kMaxDepth && !level.empty(); depth++) {
+        const auto childCalls = callsFor(level, childrenCall);
+        const auto childLists = co_await query.replies(childCalls);
+        level.clear();
+        for (const QDBusMessage& list : childLists) {
+            for (Accessible& child : objectsIn(list, kMaxParts).value_or(std::vector<Accessible>{}))
+                if (!child.isNull() && level.size() < kMaxParts) level.push_back(std::move(child));
+        }
+        const auto nameCalls = callsFor(level, nameCall);
+        const auto names = co_await query.replies(nameCalls);
+        for (std::size_t i = 0; i < level.size(); i++) {
+            const auto name = textIn(names[i]);
+            if (!name || name->isEmpty()) continue;
+            auto path = pathOf(folder, *name);
+            if (!path) continue;
+            item.part = level[i];
+            item.name = *name;
+            item.path = std::move(path);
+            co_return item;
+        }
+    }
+    co_return item;
+}
+
+std::optional<std::string> ItemReader::pathOf(const std::string& folder, const QString& name)
+{
+    return folder.empty() ? folder_.pathOf(name) : pathOfShownItem(folder, name);
+}
+
+}  // namespace pinorama

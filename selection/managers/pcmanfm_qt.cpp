@@ -1,0 +1,71 @@
+// PCManFM-Qt, tried with 1.2 (Qt 5) and 2.1 (Qt 6).
+//
+// View: 1.2 has the Table interface only, and the states of the items tell what is selected. In 2.1
+// the icons report no selected rows but a selection, and the detailed list reports rows, while its
+// selection counts every cell.
+//
+// Folder: from the location entry or the path buttons.
+//
+// Desktop: a window that is a filler, without a frame.
+
+#include "selection/manager_window.h"
+#include "selection/managers/kinds.h"
+#include "selection/qt_views.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace pinorama {
+namespace {
+
+class PCManFMQtWindow : public ManagerWindow {
+public:
+    using ManagerWindow::ManagerWindow;
+
+    Task<SelectedItems> selectedItems(DBusQuery& query, ItemReader& reader, View view,
+                                      std::vector<Accessible>) override
+    {
+        SelectedItems selected;
+        if (view.access == ViewAccess::states) {
+            selected = co_await readStates(query, reader, view);
+        } else {
+            selected = co_await readRowsOrQt6(query, reader, view);
+        }
+        co_return selected;
+    }
+
+private:
+    static Task<SelectedItems> readStates(DBusQuery& query, ItemReader& reader, View view)
+    {
+        SelectedItems selected;
+        if (!reader.layout()->statusTexts.empty()) {
+            selected = co_await readStatus(query, reader);
+            co_return selected;
+        }
+        if (!co_await isQtViewShowing(query, view)) co_return selected;
+        selected.isKnown = true;
+        // Every item has one child per column, shown or not; the first of them has the name.
+        const QDBusMessage getColumnCount = columnCountCall(view.object);
+        const auto columns = numberIn(co_await query.reply(getColumnCount));
+        const std::size_t step = std::max<std::size_t>(columns.value_or(1), 1);
+        const std::vector<Accessible> found = co_await itemsThatReportSelected(query, view, step);
+        for (const Accessible& object : found) {
+            NamedItem item = co_await reader.named(query, object);
+            selected.items.push_back(std::move(item));
+        }
+        co_return selected;
+    }
+};
+}  // namespace
+
+constinit const FileManagerKind kPCManFMQt = {
+    .process = "pcmanfm-qt",
+    .name = "PCManFM-Qt",
+    .toolkit = Toolkit::qt,
+    .makeWindow = [](pid_t process) -> std::unique_ptr<ManagerWindow> {
+        return std::make_unique<PCManFMQtWindow>(process);
+    },
+    .isDesktop = [](Role role, const QDBusMessage&) { return role == Role::filler; },
+};
+
+}  // namespace pinorama
