@@ -27,6 +27,7 @@ constexpr const char* kEvents[] = {
     "window:destroy",
 };
 constexpr const char* kNameEvent = "object:property-change:accessible-name";
+constexpr const char* kActivityEvent = "object:state-changed:active";
 
 QString busName()
 {
@@ -94,14 +95,16 @@ void AccessibilityBus::open(const QString& address)
     Q_EMIT connected();
 }
 
-void AccessibilityBus::listenTo(const QString& service, bool alsoToNames)
+void AccessibilityBus::listenTo(const QString& service, Further further)
 {
     const QString object = QStringLiteral("org.a11y.atspi.Event.Object");
     bus().connect(service, QString(), object, QStringLiteral("SelectionChanged"), this,
                   SLOT(onEvent(QDBusMessage)));
     // GTK 4 sends the changes of all states, whoever subscribed to what. The match rules keep those
     // that are not listed here on the bus, so that this process does not wake up for them.
-    for (const char* state : {"selected", "focused"}) {
+    std::vector<const char*> states = {"selected", "focused"};
+    if (further.activity) states.push_back("active");
+    for (const char* state : states) {
         bus().connect(service, QString(), object, QStringLiteral("StateChanged"),
                       {QString::fromLatin1(state)}, QString(), this, SLOT(onEvent(QDBusMessage)));
     }
@@ -111,7 +114,8 @@ void AccessibilityBus::listenTo(const QString& service, bool alsoToNames)
                       SLOT(onEvent(QDBusMessage)));
     }
     std::vector<const char*> events(std::begin(kEvents), std::end(kEvents));
-    if (alsoToNames) {
+    if (further.activity) events.push_back(kActivityEvent);
+    if (further.names) {
         events.push_back(kNameEvent);
         bus().connect(service, QString(), object, QStringLiteral("PropertyChange"),
                       {QStringLiteral("accessible-name")}, QString(), this,
@@ -132,7 +136,8 @@ void AccessibilityBus::onEvent(const QDBusMessage& message)
     const QString detail = arguments.value(0).toString();
     const bool isOn = arguments.value(1).toInt() != 0;
     Event event = Event::selection;
-    if (message.interface().endsWith(QLatin1String(".Window"))) {
+    if (message.interface().endsWith(QLatin1String(".Window")) ||
+        detail == QLatin1String("active")) {
         event = Event::window;
     } else if (detail == QLatin1String("focused")) {
         event = Event::focus;

@@ -32,9 +32,16 @@ public:
     // Closes the connection. The bus then drops all subscriptions of this program.
     void close();
 
-    // Subscribes to a program's events about selections, focus and windows and, with `alsoToNames`,
-    // about the names of its objects.
-    void listenTo(const QString& service, bool alsoToNames);
+    // Events that only some programs need, because every event that somebody subscribes to costs
+    // the program time, and this one too.
+    struct Further {
+        bool names = false;     // the names of objects
+        bool activity = false;  // the state of windows, for programs that send no event of a window
+    };
+
+    // Subscribes to a program's events about selections, the focus and windows, and to further
+    // ones.
+    void listenTo(const QString& service, Further further);
 
 Q_SIGNALS:
     void connected();

@@ -160,7 +160,7 @@ void FrameReader::store(const SelectedItems& selected)
     const std::size_t count = selected.path ? 1 : selected.items.size();
     if (paths.size() != count) paths.clear();
     paths_.reset();
-    if (count != 1 || !paths.empty()) paths_ = std::move(paths);
+    if (count != 1 || !paths.empty()) paths_.emplace(std::move(paths));
     // Of several it stays, because Dolphin may still say that there is only one.
     if (selected.items.size() <= 1)
         item_ = selected.items.empty() ? Accessible{} : selected.items.front().item;

@@ -116,7 +116,8 @@ Task<Done> FrameTracker::scanPrograms(DBusQuery& query)
         }
         const FileManagerKind* kind = kindOfProcess_(process);
         if (!list_.identify(unknown[i], process, kind) || kind == nullptr) continue;
-        bus_.listenTo(unknown[i], kind->reportsByNames);
+        bus_.listenTo(unknown[i],
+                      {.names = kind->reportsByNames, .activity = kind->activatesSilently});
     }
     // A copy: programs come and go while each of them is scanned.
     const std::vector<QString> services = list_.managers();

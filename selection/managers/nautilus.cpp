@@ -185,6 +185,7 @@ constinit const FileManagerKind kNautilus = {
         return std::make_unique<NautilusWindow>(process);
     },
     .isDesktop = isNoDesktop,
+    .activatesSilently = true,
 };
 
 }  // namespace pinorama

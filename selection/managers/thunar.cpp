@@ -38,6 +38,8 @@ constinit const FileManagerKind kThunar = {
         return std::make_unique<ThunarWindow>(process);
     },
     .isDesktop = isNoDesktop,
+    // In the view of icons a change of the status bar's name is the only event that Thunar sends.
+    .reportsByNames = true,
     .pushesTooEarly = true,
 };
 

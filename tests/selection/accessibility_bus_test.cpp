@@ -31,9 +31,9 @@ protected:
         ASSERT_TRUE(test::waitUntil([this] { return bus_.isReady(); }));
     }
 
-    void listen(bool alsoToNames)
+    void listen(AccessibilityBus::Further further)
     {
-        bus_.listenTo(program_->service(), alsoToNames);
+        bus_.listenTo(program_->service(), further);
         // When the bus has replied to a later call, it has handled the subscriptions.
         const QDBusReply<QString> id = bus_.bus().call(QDBusMessage::createMethodCall(
             "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "GetId"));
@@ -50,6 +50,7 @@ protected:
         program_->emitEvent(6, "StateChanged", "selected", 0);
         program_->emitEvent(7, "TextChanged", "insert", 0);
         program_->emitEvent(8, "ChildrenChanged", "add", 0);
+        program_->emitEvent(1, "StateChanged", "active", 1);
         program_->emitEvent(9, "SelectionChanged", "", 0);
     }
 
@@ -67,7 +68,7 @@ protected:
 
 TEST_F(AccessibilityBusListenTo, receivesEventsOfSelectionsAndTheFocusOnly)
 {
-    listen(false);
+    listen({});
     emitEverything();
     ASSERT_TRUE(
         test::waitUntil([this] { return !received_.empty() && received_.back().object == 9; }));
@@ -78,7 +79,7 @@ TEST_F(AccessibilityBusListenTo, receivesEventsOfSelectionsAndTheFocusOnly)
 
 TEST_F(AccessibilityBusListenTo, receivesEventsOfNamesOnRequest)
 {
-    listen(true);
+    listen({.names = true});
     emitEverything();
     ASSERT_TRUE(
         test::waitUntil([this] { return !received_.empty() && received_.back().object == 9; }));
@@ -88,13 +89,25 @@ TEST_F(AccessibilityBusListenTo, receivesEventsOfNamesOnRequest)
                                                 {9, Event::selection, false}}));
 }
 
+TEST_F(AccessibilityBusListenTo, receivesTheActivityOfWindowsOnRequest)
+{
+    listen({.activity = true});
+    emitEverything();
+    ASSERT_TRUE(
+        test::waitUntil([this] { return !received_.empty() && received_.back().object == 9; }));
+    EXPECT_EQ(received_, (std::vector<Received>{{2, Event::focus, true},
+                                                {6, Event::selection, false},
+                                                {1, Event::window, true},
+                                                {9, Event::selection, false}}));
+}
+
 TEST_F(AccessibilityBusListenTo, receivesNoEventsOfOtherPrograms)
 {
     const FakeFileManager listened(FakeFileManager::Kind::selection, "/", {});
-    bus_.listenTo(listened.service(), true);
+    bus_.listenTo(listened.service(), {.names = true, .activity = true});
     emitEverything();
     program_->waitUntilSent();
-    listen(false);
+    listen({});
     program_->emitEvent(9, "SelectionChanged", "", 0);
     ASSERT_TRUE(test::waitUntil([this] { return !received_.empty(); }));
     EXPECT_EQ(received_, (std::vector<Received>{{9, Event::selection, false}}));

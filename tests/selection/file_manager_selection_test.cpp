@@ -207,6 +207,23 @@ TEST_F(FileManagerSelectionTest, doesNotLookWhileNobodyAsks)
     EXPECT_EQ(received_, std::vector<std::string>());
 }
 
+// Its view of icons sends no event about the selection, but the status bar that names it does.
+TEST_F(FileManagerSelectionTest, looksWhenANameChangesInThunar)
+{
+    FileManagerSelection source([](pid_t) { return fileManagerKind("thunar"); });
+    std::vector<Paths> heard;
+    source.setListener([&](const Paths& paths) { heard.push_back(paths); });
+    manager_.select({1});
+    const QDeadlineTimer limit(test::kPatience);
+    while (source.selectedPaths() != Paths{picture(1)} && !limit.hasExpired()) test::goOnFor(40);
+    test::goOnFor(200);
+    manager_.select({2});
+    heard.clear();
+    manager_.emitEvent(kView, "PropertyChange", "accessible-name", 0);
+    EXPECT_TRUE(test::waitUntil([&] { return !heard.empty(); }));
+    EXPECT_EQ(heard, std::vector<Paths>{{picture(2)}});
+}
+
 // It replies to no call for a while, so its programs are left alone until one reply arrives.
 TEST_F(FileManagerSelectionTest, looksWhenAProgramRepliesAgain)
 {
