@@ -149,8 +149,10 @@ pid_t forkProcess(int descriptor, const std::function<void(int descriptor)>& wor
     const pid_t process = fork();
     if (process != 0) return process;
 
-    // The parent may have ended before the signal of its death was asked for.
-    const bool isReady = prctl(PR_SET_PDEATHSIG, SIGKILL) == 0 && getppid() == parent &&
+    // The parent may have ended before the signal of its death was asked for. From a PID namespace
+    // of its own the copy does not see it.
+    const bool hasParent = getppid() == parent || getppid() == 0;
+    const bool isReady = prctl(PR_SET_PDEATHSIG, SIGKILL) == 0 && hasParent &&
                          dup2(descriptor, kForkedDescriptor) == kForkedDescriptor &&
                          syscall(SYS_close_range, kForkedDescriptor + 1u, ~0u, 0u) == 0;
     if (isReady) work(kForkedDescriptor);

@@ -1,5 +1,5 @@
-// pinorama-reader: reads pictures for the window in a sandbox. The window starts it with a socket;
-// started from a command line it has none and ends at once.
+// pinorama-reader: reads pictures for the window in a sandbox, each in a process of its own. The
+// window starts it with a socket; started from a command line it has none and ends at once.
 
 #include "pictures/picture_properties.h"
 #include "reader/other_pictures.h"
@@ -7,6 +7,8 @@
 #include "reader/reader_limits.h"
 #include "reader/reader_process.h"
 #include "reader/reader_service.h"
+#include "reader/reader_zygote.h"
+#include "reader/rehearsal.h"
 #include "reader/sandbox.h"
 
 #include <cstdio>
@@ -36,7 +38,11 @@ int main()
     }
     loadPicturePlugins();
     if (!enterSandbox(readerRules(kReaderSocket))) return EXIT_FAILURE;
-    serveReader(kReaderSocket, {readPictureProperties, previewReply});
+    serveInChildren(kReaderSocket, [](int socket) {
+        if (!enterChildSandbox(socket)) return;
+        (void)rehearse();
+        servePicture(socket, {readPictureProperties, previewReply});
+    });
     // Libraries would look for files while they clean up.
     _exit(EXIT_SUCCESS);
 }

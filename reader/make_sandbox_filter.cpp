@@ -1,4 +1,4 @@
-// Writes the filter of system calls as a source: compiles the table in sandbox_calls.h with
+// Writes the filters of system calls as a source: compiles the tables in sandbox_calls.h with
 // libseccomp, which knows for each architecture the numbers of the calls, in which half of an
 // argument to look first, and the second set of calls that x86-64 has. Runs when the program is
 // built, since compiling takes longer than reading a picture does.
@@ -11,15 +11,20 @@
 #include "reader/sandbox_calls.h"
 #include "reader/sandbox_filter.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <initializer_list>
 #include <memory>
 #include <vector>
 
 #include <linux/filter.h>
+#include <linux/sched.h>
 #include <seccomp.h>
 #include <sys/mman.h>
+#include <sys/prctl.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
 namespace pinorama {
@@ -29,6 +34,14 @@ constexpr std::uint32_t kSomeSocket = 0x5a5a0001;
 constexpr std::uint32_t kSomeProcess = 0x5a5a0002;
 
 constexpr std::uint32_t kTree = 2;
+
+// Flags of clone that fork sets, and the place that they have among the arguments.
+constexpr std::uint64_t kForkFlags = CSIGNAL | CLONE_CHILD_SETTID | CLONE_CHILD_CLEARTID;
+#if defined(__s390__) || defined(__CRIS__)
+constexpr unsigned kFlagsOfClone = 1;
+#else
+constexpr unsigned kFlagsOfClone = 0;
+#endif
 
 struct FilterReleaser {
     void operator()(void* filter) const { seccomp_release(filter); }
@@ -74,6 +87,12 @@ public:
         case CallRule::withSanitizers:
             if (kHasSanitizers) allow(call.number);
             break;
+        case CallRule::forkOnly:
+            allow(call.number, {argumentHasNone(kFlagsOfClone, ~kForkFlags)});
+            break;
+        case CallRule::localOnly: allow(call.number, {argumentIs(0, AF_UNIX)}); break;
+        case CallRule::killOnly: allow(call.number, {argumentIs(1, SIGKILL)}); break;
+        case CallRule::deathOnly: allow(call.number, {argumentIs(0, PR_SET_PDEATHSIG)}); break;
         }
     }
 
@@ -125,6 +144,20 @@ std::vector<sock_filter> makeProgram()
     return filter.program();
 }
 
+std::vector<sock_filter> makeForkingProgram()
+{
+    const auto hasOtherRules = [](int number) {
+        return std::any_of(std::begin(kForkingCalls), std::end(kForkingCalls),
+                           [number](const SandboxCall& call) { return call.number == number; });
+    };
+    Filter filter;
+    for (const SandboxCall& call : kSandboxCalls) {
+        if (!hasOtherRules(call.number)) filter.add(call);
+    }
+    for (const SandboxCall& call : kForkingCalls) filter.add(call);
+    return filter.program();
+}
+
 const char* operandOf(const sock_filter& code)
 {
     if (code.k == kSomeSocket) return "socket";
@@ -144,21 +177,28 @@ bool isUsable(const std::vector<sock_filter>& program)
     return sockets > 0 && processes > 0 && program.size() <= kMaxBpfInstructions;
 }
 
-void write(const std::vector<sock_filter>& program, std::FILE* file)
+// Writes one of the filters, as a variable of that name.
+void write(const std::vector<sock_filter>& program, const char* name, std::FILE* file)
 {
-    std::fputs(
-        "#include \"reader/sandbox_filter.h\"\n\n"
-        "namespace pinorama {\n\n"
-        "using enum BpfInstruction::Operand;\n\n"
-        "const BpfInstruction kSandboxFilter[] = {\n",
-        file);
+    std::fprintf(file, "\nstatic constexpr BpfInstruction %sCodes[] = {\n", name);
     for (const sock_filter& code : program) {
         std::fprintf(file, "    {{%u, %u, %u, %#x}, %s},\n", unsigned{code.code}, unsigned{code.jt},
                      unsigned{code.jf}, unsigned{code.k}, operandOf(code));
     }
-    std::fprintf(file,
-                 "};\nconst std::size_t kSandboxFilterLength = %zu;\n\n}  // namespace pinorama\n",
-                 program.size());
+    std::fprintf(file, "};\nconst std::span<const BpfInstruction> %s(%sCodes);\n", name, name);
+}
+
+void write(const std::vector<sock_filter>& reading, const std::vector<sock_filter>& forking,
+           std::FILE* file)
+{
+    std::fputs(
+        "#include \"reader/sandbox_filter.h\"\n\n"
+        "namespace pinorama {\n\n"
+        "using enum BpfInstruction::Operand;\n",
+        file);
+    write(reading, "kSandboxFilter", file);
+    write(forking, "kForkingFilter", file);
+    std::fputs("\n}  // namespace pinorama\n", file);
 }
 }  // namespace
 }  // namespace pinorama
@@ -171,8 +211,9 @@ int main(int argc, char** argv)
         std::fputs("usage: make_sandbox_filter FILE\n", stderr);
         return 2;
     }
-    const std::vector<sock_filter> program = makeProgram();
-    if (!isUsable(program)) {
+    const std::vector<sock_filter> reading = makeProgram();
+    const std::vector<sock_filter> forking = makeForkingProgram();
+    if (!isUsable(reading) || !isUsable(forking)) {
         std::fputs("make_sandbox_filter: libseccomp makes no usable filter\n", stderr);
         return 1;
     }
@@ -181,6 +222,6 @@ int main(int argc, char** argv)
         std::perror(argv[1]);
         return 1;
     }
-    write(program, file);
+    write(reading, forking, file);
     return std::fclose(file) == 0 ? 0 : 1;
 }

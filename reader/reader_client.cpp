@@ -14,14 +14,16 @@ constexpr int kMaxFailedStarts = 2;     // then there is no reader
 constexpr int kDeathsBeforeAPause = 5;  // without a good reply in between
 constexpr auto kFirstPause = 100ms;     // doubled with every further death
 constexpr auto kMaxPause = 400ms;
+constexpr int kMaxCrashes = 8;        // of pictures in one reader
 constexpr auto kWhenFull = 10ms;      // before another try to send
 constexpr auto kWhenCrowded = 100ms;  // before another try to start
 }  // namespace
 
 ReaderClient::ReaderClient(ReaderLauncher launcher, ReaderLimits limits)
-    : launcher_(std::move(launcher)),
-      limits_(limits),
-      jobs_([this](const ReaderJob& job) { watch_.begin(patienceOf(job), Clock::now()); })
+    : launcher_(std::move(launcher)), limits_(limits), jobs_([this](const ReaderJob& job) {
+          watch_.begin(patienceOf(job), Clock::now());
+          atTurn_ = process_.processorTime();
+      })
 {
 }
 
@@ -38,7 +40,7 @@ void ReaderClient::stop()
     jobs_.clear();
     jobs_.disconnect();
     process_.end();
-    deathsInRow_ = failedStarts_ = 0;
+    deathsInRow_ = failedStarts_ = crashes_ = 0;
     notBefore_ = missingUntil_ = {};
     crowdedSince_ = Clock::time_point::max();
     changed();
@@ -55,6 +57,8 @@ int ReaderClient::millisecondsLeft() const
         when = watch_.nextLook(now);
         if (const auto givesWay = whenFrontGivesWay()) when = std::min(when, *givesWay);
         if (const auto end = whenTurnsEnd()) when = std::min(when, *end);
+        const bool isStuck = !jobs_.isEmpty() && jobs_.all().front().isStuck;
+        if (isStuck) when = *jobs_.all().front().stopRequested + limits_.giveWay;
     }
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(when - now);
     return static_cast<int>(std::max(left, 0ms).count());
@@ -190,8 +194,10 @@ void ReaderClient::step()
     }
     if (!process_ && !jobs_.isEmpty()) startProcess();
     send();
+    stopFront();
     checkTime();
     send();  // to the reader that checkTime may have started
+    replaceCrashedReader();
 }
 
 // True when there may be more to receive.
@@ -200,6 +206,7 @@ bool ReaderClient::receive()
     const ReaderJobs::Received received = jobs_.receive(socket());
     if (received.wasFirstWord) failedStarts_ = 0;
     if (received.wasReply) deathsInRow_ = 0;
+    crashes_ += received.failures;
     if (received.isBroken) loseReader(Loss::died);
     return received.isMore;
 }
@@ -214,6 +221,14 @@ const ReaderPatience& ReaderClient::patienceOf(const ReaderJob& job) const
     return job.task == ReaderTask::properties ? limits_.properties : limits_.preview;
 }
 
+// A reader that reports what the picture costs takes some time itself to do so, which is no sign of
+// life.
+std::chrono::nanoseconds ReaderClient::processorTime() const
+{
+    const auto reported = jobs_.reportedTime();
+    return reported ? atTurn_ + *reported : process_.processorTime();
+}
+
 // When others have waited long enough for the oldest job; never when it is not in their way.
 std::optional<ReaderClient::Clock::time_point> ReaderClient::whenFrontGivesWay() const
 {
@@ -224,8 +239,36 @@ std::optional<ReaderClient::Clock::time_point> ReaderClient::whenFrontGivesWay()
     // The reader stops making a preview by itself when another request comes. Properties that have
     // taken so long already are held up by a disk.
     if (isPreview && next.isSent) return next.sent + limits_.giveWay;
-    if (!isPreview && front.isGivenUp) return front.sent + limits_.giveWay;
+    if (!isPreview && front.isGivenUp) {
+        return front.stopRequested.value_or(front.sent) + limits_.giveWay;
+    }
     return std::nullopt;
+}
+
+// Nobody waits for the oldest job: why should the reader?
+void ReaderClient::stopFront()
+{
+    if (!process_ || !jobs_.isReady() || !jobs_.isFrontSent()) return;
+    const ReaderJob& front = jobs_.front();
+    if (front.isGivenUp && !front.stopRequested) (void)jobs_.stopFront(socket());
+}
+
+// The oldest job took too long. A reader that still does what it is told survives that.
+void ReaderClient::stopStuckFront(Clock::time_point now)
+{
+    ReaderJob& front = jobs_.front();
+    if (!front.stopRequested && jobs_.stopFront(socket())) {
+        front.isStuck = true;
+    } else if (!front.isStuck || now >= *front.stopRequested + limits_.giveWay) {
+        loseReader(Loss::stuck);
+    }
+}
+
+void ReaderClient::replaceCrashedReader()
+{
+    if (crashes_ < kMaxCrashes || !jobs_.isEmpty()) return;
+    process_.end();
+    startProcess();
 }
 
 void ReaderClient::startProcess()
@@ -237,6 +280,7 @@ void ReaderClient::startProcess()
     }
     if (now < notBefore_ || !hasRoomForProcess(now)) return;
     process_ = launcher_();
+    crashes_ = 0;
     jobs_.disconnect();
     watch_.begin(limits_.start, now);
     if (!process_) {
@@ -330,10 +374,10 @@ void ReaderClient::checkTime()
     }
     fullSince_ = Clock::time_point::max();
     const auto turnsEnd = whenTurnsEnd();
-    const bool isWatchedOut = watch_.isDue(now) && watch_.isStuck(now, process_.processorTime());
+    const bool isWatchedOut = watch_.isDue(now) && watch_.isStuck(now, processorTime());
     if (isWatchedOut || (turnsEnd && now >= *turnsEnd)) {
-        loseReader(Loss::stuck);
-        return;
+        if (jobs_.isReady()) return stopStuckFront(now);
+        return loseReader(Loss::stuck);
     }
     const auto givesWay = whenFrontGivesWay();
     if (givesWay && now >= *givesWay) loseReader(Loss::inTheWay);

@@ -38,7 +38,8 @@ struct ReaderLimits {
     ReaderPatience preview{.processor = std::chrono::seconds(10),
                            .silence = std::chrono::seconds(20),
                            .whole = std::chrono::seconds(60)};
-    // For what nobody waits for any more, and for a preview that another request waits for.
+    // For giving up what nobody waits for any more or what is stuck, and for a preview that another
+    // request waits for.
     std::chrono::milliseconds giveWay{150};
     // Before a reader that cannot start is tried again.
     std::chrono::milliseconds whenMissing{5000};
@@ -55,14 +56,16 @@ struct ReaderLimits {
 //             Limited by ReaderLimits::start.
 //   idle      Ready, and no request is with it. It may take any time.
 //   working   Has at least one request; the oldest one is limited by the patience for its task, in
-//             all of its turns together. Further requests make a preview give way, and properties
-//             that nobody waits for.
+//             all of its turns together. When that is over, or nobody waits for it any more, the
+//             reader is asked to give it up, and lost if it does not. Further requests make a
+//             preview give way.
 //
 // An idle reader that takes no request is limited too: it is lost after the patience's silence.
 //
 // A job that was sent when its reader was lost is sent again to the next one, unless it is to
-// blame. Whatever is pending may change whenever this waits or advances, so that a caller holds a
-// ticket and no reference.
+// blame. A reader in which pictures have died several times is replaced when it is idle: its
+// processes share their layout in memory, which nobody shall learn by trying. Whatever is pending
+// may change whenever this waits or advances, so that a caller holds a ticket and no reference.
 class ReaderClient {
 public:
     explicit ReaderClient(ReaderLauncher launcher, ReaderLimits limits = {});
@@ -152,7 +155,11 @@ private:
 
     std::uint32_t nextTicket();
     const ReaderPatience& patienceOf(const ReaderJob& job) const;
+    std::chrono::nanoseconds processorTime() const;
     std::optional<Clock::time_point> whenFrontGivesWay() const;
+    void stopFront();
+    void stopStuckFront(Clock::time_point now);
+    void replaceCrashedReader();
     void startProcess();
     bool hasRoomForProcess(Clock::time_point now);
     bool receive();
@@ -171,13 +178,15 @@ private:
     ReaderLimits limits_;
     std::function<void()> onChange_;
     ReaderProcess process_;
-    ReaderWatch watch_;                 // over the start, then over the oldest job
-    Clock::time_point notBefore_{};     // of the next start
-    Clock::time_point missingUntil_{};  // no reader is tried before
+    ReaderWatch watch_;                  // over the start, then over the oldest job
+    std::chrono::nanoseconds atTurn_{};  // processor time of the reader as this turn began
+    Clock::time_point notBefore_{};      // of the next start
+    Clock::time_point missingUntil_{};   // no reader is tried before
     Clock::time_point crowdedSince_ = Clock::time_point::max();  // while too many linger
     Clock::time_point fullSince_ = Clock::time_point::max();     // while a request cannot be sent
     int deathsInRow_ = 0;                                        // without a reply in between
     int failedStarts_ = 0;
+    int crashes_ = 0;  // of processes of one picture, in this reader
     ReaderJobs jobs_;
     std::uint32_t nextTicket_ = 1;
     std::uint32_t propertiesTicket_ = 0;

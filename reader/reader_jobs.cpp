@@ -9,6 +9,7 @@ namespace pinorama {
 namespace {
 constexpr std::size_t kReadAtOnce = 64 * 1024;
 constexpr int kMaxInterruptions = 32;  // of one preview
+constexpr int kMaxReports = 1000;      // in one turn; there are five a second
 
 PreviewKind kindOf(ReaderTask task)
 {
@@ -138,7 +139,10 @@ bool ReaderJobs::takeReply(int socket, Received* received)
         becomeReady(socket);
         received->wasFirstWord = true;
     } else if (finishFront(*header, input.subspan(kReplyHeaderSize, header->bodyLength))) {
-        received->wasReply = received->wasReply || header->outcome != ReplyOutcome::interrupted;
+        const bool isOwn =
+            header->outcome == ReplyOutcome::found || header->outcome == ReplyOutcome::nothing;
+        received->wasReply = received->wasReply || isOwn;
+        if (header->outcome == ReplyOutcome::failed) received->failures++;
     } else {
         received->isBroken = true;
         return false;
@@ -159,8 +163,10 @@ void ReaderJobs::becomeReady(int socket)
 }
 
 // The oldest job's turn begins, if it is with the reader.
-void ReaderJobs::beginTurn() const
+void ReaderJobs::beginTurn()
 {
+    reportedTime_.reset();
+    reports_ = 0;
     if (isReady_ && isFrontSent()) onTurn_(jobs_.front());
 }
 
@@ -168,12 +174,14 @@ void ReaderJobs::beginTurn() const
 bool ReaderJobs::finishFront(const ReplyHeader& header, ByteView body)
 {
     const ReaderJob& job = jobs_.front();
-    if (header.outcome == ReplyOutcome::interrupted) {
-        if (job.interruptions >= kMaxInterruptions) return false;
-        sendFrontLater();
-        return true;
+    switch (header.outcome) {
+    case ReplyOutcome::atWork: reportedTime_ = decodeReport(body); return ++reports_ <= kMaxReports;
+    case ReplyOutcome::interrupted: return finishInterrupted();
+    case ReplyOutcome::failed: dropFront(ReadOutcome::failed); return true;
+    case ReplyOutcome::nothing: dropFront(ReadOutcome::nothing); return true;
+    case ReplyOutcome::found: break;
     }
-    if (header.outcome == ReplyOutcome::found && job.task == ReaderTask::properties) {
+    if (job.task == ReaderTask::properties) {
         std::optional<PictureProperties> properties = decodeProperties(body);
         if (!properties) return false;
         if (job.propertyResult != nullptr) {
@@ -181,12 +189,26 @@ bool ReaderJobs::finishFront(const ReplyHeader& header, ByteView body)
         } else if (!job.isGivenUp) {
             results_.properties = PropertyResult{ReadOutcome::found, std::move(*properties)};
         }
-    } else if (header.outcome == ReplyOutcome::found) {
+    } else {
         std::optional<PreviewReply> reply = decodePreview(body, kindOf(job.task), job.box);
         if (!reply) return false;
         if (!job.isGivenUp) results_.preview = PreviewResult{ReadOutcome::found, std::move(*reply)};
     }
-    dropFront(header.outcome == ReplyOutcome::found ? ReadOutcome::found : ReadOutcome::nothing);
+    dropFront(ReadOutcome::found);
+    return true;
+}
+
+// The reader gave the job up: on request, or a preview for the sake of another request. False if
+// neither can be.
+bool ReaderJobs::finishInterrupted()
+{
+    const ReaderJob& job = jobs_.front();
+    if (job.stopRequested) {
+        dropFront(job.isStuck ? ReadOutcome::stuck : ReadOutcome::failed);
+        return true;
+    }
+    if (job.task == ReaderTask::properties || job.interruptions >= kMaxInterruptions) return false;
+    sendFrontLater();
     return true;
 }
 
@@ -203,6 +225,14 @@ void ReaderJobs::sendFrontLater()
     jobs_.push_back(job);
 }
 
+bool ReaderJobs::stopFront(int socket)
+{
+    const ReaderRequest request = {ReaderTask::giveUp, jobs_.front().number, 0, {}};
+    if (sendRequest(socket, encodeRequest(request), {}) != SendOutcome::sent) return false;
+    jobs_.front().stopRequested = Clock::now();
+    return true;
+}
+
 void ReaderJobs::disconnect()
 {
     isReady_ = false;
@@ -213,7 +243,11 @@ void ReaderJobs::disconnect()
 void ReaderJobs::sendAgain()
 {
     std::erase_if(jobs_, [](const ReaderJob& job) { return job.isGivenUp; });
-    for (ReaderJob& job : jobs_) job.isSent = false;
+    for (ReaderJob& job : jobs_) {
+        job.isSent = job.isStuck = false;
+        job.stopRequested.reset();
+    }
+    beginTurn();
 }
 
 void ReaderJobs::separateBatch()

@@ -53,7 +53,9 @@ struct ReaderJob {
     bool hasCompany = false;  // was sent in a request for several pictures
     bool isAlone = false;     // is only sent in a request of its own
     bool isGivenUp = false;   // nobody waits for the reply any more
-    int deaths = 0;           // readers that died while they had it
+    bool isStuck = false;     // took too long
+    std::optional<std::chrono::steady_clock::time_point> stopRequested{};
+    int deaths = 0;  // readers that died while they had it
     int interruptions = 0;
 };
 
@@ -73,6 +75,7 @@ public:
         bool isBroken = false;  // the reader is gone, or what it sent is malformed
         bool wasFirstWord = false;
         bool wasReply = false;
+        int failures = 0;  // processes of one picture that died
     };
 
     // `onTurn` is called when the reader begins with the oldest job, as far as can be known here.
@@ -100,6 +103,11 @@ public:
     // Takes in what has come.
     Received receive(int socket);
 
+    // Asks the reader to give the oldest job up, which it has. False if that cannot be sent now.
+    bool stopFront(int socket);
+    // The processor time that the oldest job has cost in this turn, if the reader reports that.
+    std::optional<std::chrono::nanoseconds> reportedTime() const { return reportedTime_; }
+
     // Another reader takes the place of this one: it has not said its first word.
     void disconnect();
     // Whatever that reader had is sent again.
@@ -119,9 +127,10 @@ public:
 private:
     bool sendBatch(int socket, std::size_t first, std::size_t max);
     bool takeReply(int socket, Received* received);
-    void beginTurn() const;
+    void beginTurn();
     void becomeReady(int socket);
     bool finishFront(const ReplyHeader& header, ByteView body);
+    bool finishInterrupted();
     void sendFrontLater();
     void finish(const ReaderJob& job, ReadOutcome outcome);
 
@@ -129,6 +138,8 @@ private:
     std::deque<ReaderJob> jobs_;  // in the order of the replies
     std::uint32_t nextNumber_ = 1;
     bool isReady_ = false;
+    std::optional<std::chrono::nanoseconds> reportedTime_{};
+    int reports_ = 0;                        // in this turn
     std::unique_ptr<std::uint8_t[]> chunk_;  // what one read takes in
     std::vector<std::uint8_t> input_;        // the beginning of the next replies
     std::size_t taken_ = 0;                  // bytes of `input_` that are done with

@@ -1,4 +1,4 @@
-// What the process that reads pictures may use.
+// What pinorama-reader and all its processes may use, each for itself.
 
 #pragma once
 
@@ -14,8 +14,10 @@ inline SandboxRules readerRules(int socket)
         // A progressive picture of 100 megapixels or another kind of picture of 64, and LibRaw, on
         // top of the libraries.
         .memory = addressSpaceInUse() + (std::uint64_t{640} << 20),
-        // Standard streams, the socket, the files of one request.
-        .descriptors = 4 + kMaxDescriptors,
+        // Standard streams, the socket, the files of two requests, one of them read ahead, and both
+        // ends of the sockets to two processes.
+        .descriptors = 8 + 2 * kMaxDescriptors,
+        .mayFork = true,
     };
 }
 

@@ -10,6 +10,7 @@
 #include <utility>
 
 #include <poll.h>
+#include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
@@ -18,10 +19,6 @@
 namespace pinorama {
 namespace {
 constexpr const char* kProgramName = "pinorama-reader";
-
-// A killed process is gone at once, except one that sleeps in the kernel, on a network share that
-// does not respond for instance. That one is waited for again when the next one ends.
-constexpr int kMaxWait = 50;  // milliseconds
 
 // Where libraries are found by programs in unusual places, and the options of sanitizers.
 constexpr const char* kInherited[] = {"LD_LIBRARY_PATH", "QT_PLUGIN_PATH", "ASAN_OPTIONS",
@@ -42,12 +39,12 @@ void collectEnded()
 }
 
 // Waits until a process has ended, a while at most.
-void waitForEnd(pid_t process)
+void waitForEnd(pid_t process, std::chrono::milliseconds max)
 {
     const DescriptorHolder descriptor(static_cast<int>(syscall(SYS_pidfd_open, process, 0u)));
     pollfd state = {descriptor.get(), POLLIN, 0};
     // Without a descriptor of it the time is all there is to wait for.
-    while (poll(&state, descriptor ? 1 : 0, kMaxWait) < 0 && errno == EINTR) {
+    while (poll(&state, descriptor ? 1 : 0, static_cast<int>(max.count())) < 0 && errno == EINTR) {
     }
 }
 
@@ -103,14 +100,23 @@ void ReaderProcess::dismiss() const
     if (socket_) (void)shutdown(socket_.get(), SHUT_WR);
 }
 
-void ReaderProcess::end()
+void ReaderProcess::limitProcessorTime(std::chrono::seconds max) const
+{
+    const auto seconds = static_cast<rlim_t>(max.count());
+    const rlimit limit = {seconds, seconds};
+    if (process_ > 0) (void)prlimit(process_, RLIMIT_CPU, &limit, nullptr);
+}
+
+// A killed process is gone at once, except one that sleeps in the kernel, on a network share that
+// does not respond for instance. That one is waited for again when the next one ends.
+void ReaderProcess::end(std::chrono::milliseconds maxWait)
 {
     socket_ = DescriptorHolder();
     const pid_t process = std::exchange(process_, -1);
     if (process <= 0) return;
     kill(process, SIGKILL);
     if (waitpid(process, nullptr, WNOHANG) != 0) return;
-    waitForEnd(process);
+    if (maxWait.count() > 0) waitForEnd(process, maxWait);
     endedProcesses().push_back(process);
     collectEnded();
 }

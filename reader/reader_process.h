@@ -35,9 +35,12 @@ public:
     // Closes the way to the process: no request follows, so that it ends by itself.
     void dismiss() const;
 
-    // Kills the process and waits until it is gone, 50 milliseconds at most. One that sleeps in the
+    // Has the system kill the process once it has had that much processor time in all.
+    void limitProcessorTime(std::chrono::seconds max) const;
+
+    // Kills the process and waits until it is gone, `maxWait` at most. One that sleeps in the
     // kernel, in a read that the disk does not answer, lingers until that ends.
-    void end();
+    void end(std::chrono::milliseconds maxWait = std::chrono::milliseconds(50));
 
 private:
     pid_t process_ = -1;

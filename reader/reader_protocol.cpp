@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::uint32_t kRequestMagic = 0x51526e50;  // "PnRQ"
 constexpr std::uint32_t kReplyMagic = 0x4e416e50;    // "PnAN"
-constexpr std::uint16_t kVersion = 1;
+constexpr std::uint16_t kVersion = 2;
 
 constexpr std::size_t kNumberCount = 8;
 constexpr std::size_t kTextCount = 8;
@@ -41,8 +41,23 @@ bool isSensible(const ReaderRequest& request)
         return request.descriptorCount == 1 && isSide(request.box.width) &&
                isSide(request.box.height);
     }
+    if (request.box != PixelSize{}) return false;
+    if (request.task == ReaderTask::giveUp) return request.descriptorCount == 0;
     return request.task == ReaderTask::properties && request.descriptorCount >= 1 &&
-           request.descriptorCount <= kMaxDescriptors && request.box == PixelSize{};
+           request.descriptorCount <= kMaxDescriptors;
+}
+
+// The length that the body of a reply has at most; nothing for an outcome that is none.
+std::optional<std::size_t> maxLengthOf(ReplyOutcome outcome, std::size_t whenFound)
+{
+    switch (outcome) {
+    case ReplyOutcome::found: return whenFound;
+    case ReplyOutcome::atWork: return kReportSize;
+    case ReplyOutcome::nothing:
+    case ReplyOutcome::interrupted:
+    case ReplyOutcome::failed: return 0;
+    }
+    return std::nullopt;
 }
 
 // Calls `visit(hasHome, value)` for every value of a picture's properties, in the order of the
@@ -201,13 +216,11 @@ std::optional<ReplyHeader> decodeReplyHeader(ByteView bytes, ReaderTask task, st
     header.bodyLength = message.get32();
     if (!isReply || !isPadded || !message.isComplete()) return std::nullopt;
     if (header.task != task || header.number != number) return std::nullopt;
-    if (header.outcome == ReplyOutcome::found) {
-        if (header.bodyLength > maxBodyLength) return std::nullopt;
-        return header;
+    const std::optional<std::size_t> maxLength = maxLengthOf(header.outcome, maxBodyLength);
+    if (!maxLength || header.bodyLength > *maxLength) return std::nullopt;
+    if (header.outcome == ReplyOutcome::atWork && header.bodyLength != kReportSize) {
+        return std::nullopt;
     }
-    const bool isKnown = header.outcome == ReplyOutcome::nothing ||
-                         (header.outcome == ReplyOutcome::interrupted && isPreview(header.task));
-    if (!isKnown || header.bodyLength != 0) return std::nullopt;
     return header;
 }
 
@@ -219,6 +232,21 @@ std::size_t maxBodyLength(ReaderTask task, PixelSize box)
     if (!isPreview(task)) return 0;
     const std::size_t pixels = static_cast<std::size_t>(box.width) * box.height;
     return kPreviewHeaderSize + kMaxUriLength + kMaxTimeLength + 4 * pixels;
+}
+
+std::array<std::uint8_t, kReportSize> encodeReport(std::chrono::nanoseconds processorTime)
+{
+    MessageWriter message;
+    message.put64(static_cast<std::uint64_t>(processorTime.count()));
+    std::array<std::uint8_t, kReportSize> bytes;
+    std::copy(message.bytes().begin(), message.bytes().end(), bytes.begin());
+    return bytes;
+}
+
+std::chrono::nanoseconds decodeReport(ByteView body)
+{
+    constexpr std::uint64_t kMaxTime = std::chrono::nanoseconds(std::chrono::hours(24)).count();
+    return std::chrono::nanoseconds(std::min(MessageReader(body).get64(), kMaxTime));
 }
 
 std::vector<std::uint8_t> encodeProperties(const PictureProperties& properties)

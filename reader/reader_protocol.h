@@ -3,12 +3,14 @@
 // is known before it is read, and never more than a reply to this request can need.
 //
 // A request of kRequestSize bytes carries as many open descriptors as it counts. Each gets a reply,
-// in order: a header of kReplyHeaderSize bytes and a body whose length is in the header. The
-// layouts are in docs/formats.md.
+// in order: a header of kReplyHeaderSize bytes and a body whose length is in the header. While a
+// picture takes its time the reader reports now and then what it has cost so far. The layouts are
+// in docs/formats.md.
 
 #pragma once
 
 #include <array>
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -22,6 +24,7 @@ namespace pinorama {
 
 constexpr std::size_t kRequestSize = 20;
 constexpr std::size_t kReplyHeaderSize = 20;
+constexpr std::size_t kReportSize = 8;          // the body of a report
 constexpr std::size_t kMaxDescriptors = 64;     // in one request
 constexpr std::int32_t kMaxPreviewSide = 2048;  // pixels
 constexpr std::size_t kMaxTextLength = 65536;   // UTF-16 units of one property
@@ -31,26 +34,29 @@ enum class ReaderTask : std::uint16_t {
     properties,
     picturePreview,
     cachedThumbnail,
+    giveUp,  // nobody needs the reply of that number any more; has no descriptor and no reply
 };
 
 struct ReaderRequest {
     ReaderTask task = ReaderTask::properties;
     std::uint32_t number = 0;           // of the first descriptor's reply; the others count on
-    std::uint16_t descriptorCount = 0;  // previews: 1
-    PixelSize box;                      // previews: 1 to kMaxPreviewSide; properties: {0, 0}
+    std::uint16_t descriptorCount = 0;  // previews: 1; giveUp: 0
+    PixelSize box;                      // previews: 1 to kMaxPreviewSide; otherwise {0, 0}
 };
 
 enum class ReplyOutcome : std::uint16_t {
     found,        // the body holds what was asked for
     nothing,      // the file has no such thing
-    interrupted,  // a preview was given up because there is another request
+    interrupted,  // was given up: a preview because there is another request, or as requested
+    failed,       // the process that had this one picture died, or replied with something else
+    atWork,       // no reply yet: the body holds the processor time that the picture has cost
 };
 
 struct ReplyHeader {
     ReaderTask task = ReaderTask::properties;
     ReplyOutcome outcome = ReplyOutcome::nothing;
     std::uint32_t number = 0;
-    std::uint32_t bodyLength = 0;  // bytes; 0 unless found
+    std::uint32_t bodyLength = 0;  // bytes; 0 unless found or atWork
 };
 
 std::array<std::uint8_t, kRequestSize> encodeRequest(const ReaderRequest& request);
@@ -66,6 +72,11 @@ std::optional<ReplyHeader> decodeReplyHeader(ByteView bytes, ReaderTask task, st
 
 // The longest body that a reply can have; for previews in a box of that size.
 std::size_t maxBodyLength(ReaderTask task, PixelSize box);
+
+// The body of a report, of kReportSize bytes. Any such bytes are one; what is read is never longer
+// than a day.
+std::array<std::uint8_t, kReportSize> encodeReport(std::chrono::nanoseconds processorTime);
+std::chrono::nanoseconds decodeReport(ByteView body);
 
 // Properties. Longer texts are cut when they are written; what is read has to be whole: finite
 // numbers, texts without zero units, values only of dictionaries that are there, nothing left over.

@@ -105,6 +105,7 @@ bool serveOne(int socket, const ReaderTasks& tasks, SourceHolder* source)
     if (!receiveRequest(socket, bytes, &descriptors)) return false;
     const std::optional<ReaderRequest> request = decodeRequest(bytes);
     if (!request || descriptors.size() != request->descriptorCount) return false;
+    if (request->task == ReaderTask::giveUp) return true;  // replied to by now
 
     std::uint32_t number = request->number;
     Replies replies(socket);
@@ -128,6 +129,12 @@ void serveReader(int socket, const ReaderTasks& tasks)
     const auto source = std::make_unique_for_overwrite<SourceHolder>();
     while (serveOne(socket, tasks, source.get())) {
     }
+}
+
+void servePicture(int socket, const ReaderTasks& tasks)
+{
+    const auto source = std::make_unique_for_overwrite<SourceHolder>();
+    (void)serveOne(socket, tasks, source.get());
 }
 
 }  // namespace pinorama

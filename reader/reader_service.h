@@ -25,4 +25,7 @@ struct ReaderTasks {
 // file seems to end there, which every decoder can cope with.
 void serveReader(int socket, const ReaderTasks& tasks);
 
+// Serves one request, without a first word; what the process of one picture does.
+void servePicture(int socket, const ReaderTasks& tasks);
+
 }  // namespace pinorama

@@ -59,21 +59,21 @@ ssize_t receivePart(int socket, std::span<std::uint8_t> buffer, std::vector<Desc
 
 SendOutcome sendRequest(int socket, ByteView request, std::span<const int> descriptors)
 {
-    if (descriptors.empty() || descriptors.size() > kMaxDescriptors) {
-        return SendOutcome::impossible;
-    }
+    if (descriptors.size() > kMaxDescriptors) return SendOutcome::impossible;
     ControlBuffer control = {};
     iovec place = {const_cast<std::uint8_t*>(request.data()), request.size()};
     msghdr message = {};
     message.msg_iov = &place;
     message.msg_iovlen = 1;
-    message.msg_control = control.bytes;
-    message.msg_controllen = CMSG_SPACE(descriptors.size_bytes());
-    cmsghdr* part = CMSG_FIRSTHDR(&message);
-    part->cmsg_level = SOL_SOCKET;
-    part->cmsg_type = SCM_RIGHTS;
-    part->cmsg_len = CMSG_LEN(descriptors.size_bytes());
-    std::memcpy(CMSG_DATA(part), descriptors.data(), descriptors.size_bytes());
+    if (!descriptors.empty()) {
+        message.msg_control = control.bytes;
+        message.msg_controllen = CMSG_SPACE(descriptors.size_bytes());
+        cmsghdr* part = CMSG_FIRSTHDR(&message);
+        part->cmsg_level = SOL_SOCKET;
+        part->cmsg_type = SCM_RIGHTS;
+        part->cmsg_len = CMSG_LEN(descriptors.size_bytes());
+        std::memcpy(CMSG_DATA(part), descriptors.data(), descriptors.size_bytes());
+    }
     ssize_t count = 0;
     do {
         count = sendmsg(socket, &message, MSG_NOSIGNAL | MSG_DONTWAIT);

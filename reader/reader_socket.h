@@ -19,7 +19,8 @@ enum class SendOutcome {
     impossible,  // one of the descriptors cannot be sent
 };
 
-// Sends a request with open descriptors, which stay the caller's. Waits for nothing.
+// Sends a request with at most kMaxDescriptors open descriptors, which stay the caller's. Waits for
+// nothing.
 SendOutcome sendRequest(int socket, ByteView request, std::span<const int> descriptors);
 
 // Waits for a request of `size` bytes and fills `request` and `outDescriptors` with it. Every

@@ -115,7 +115,14 @@ bool enterSandbox(const SandboxRules& rules)
     if (!setLimits(rules)) return false;
     if (prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0) return false;
     forbidFiles();
-    return filterSystemCalls(rules.socket);
+    return filterSystemCalls(rules.socket, rules.mayFork);
+}
+
+bool enterChildSandbox(int socket)
+{
+    // Those up to the socket, and the picture.
+    const auto descriptors = static_cast<rlim_t>(socket) + 2;
+    return setLimit(RLIMIT_NOFILE, descriptors + kOwnDescriptors) && filterSystemCalls(socket);
 }
 
 }  // namespace pinorama

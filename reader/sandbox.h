@@ -24,6 +24,9 @@ struct SandboxRules {
     std::uint64_t memory;
     // Descriptors that may be open at a time, those below `socket` included.
     std::uint32_t descriptors;
+    // Whether the process may fork others. It has to read nothing from strangers itself, and each
+    // that it forks has to go on with enterChildSandbox.
+    bool mayFork = false;
 };
 
 // The bytes of address space that this process uses, for rules that allow it some more; 0 when the
@@ -36,8 +39,8 @@ std::uint64_t addressSpaceInUse();
 //   - no file can be opened, made, renamed, removed or looked for (seccomp, and Landlock where the
 //     kernel has it)
 //   - no socket can be made, no process or thread started, no program executed, no other process
-//     touched (seccomp); privileges cannot grow (no_new_privs)
-//   - nothing can be written except to the socket; memory cannot be made executable
+//     touched (seccomp), except as rules.mayFork says; privileges cannot grow (no_new_privs)
+//   - nothing can be written except to sockets that it has; memory cannot be made executable
 //   - the standard streams lead nowhere (standard error of a build with sanitizers aside)
 //   - no core dump; the process ends with its parent
 //
@@ -47,5 +50,11 @@ std::uint64_t addressSpaceInUse();
 // Returns false if one of these is not available, Landlock aside. The process is then only partly
 // sandboxed and must not go on.
 [[nodiscard]] bool enterSandbox(const SandboxRules& rules);
+
+// The sandbox of a process that was forked in that of its parent (forkReader), for good: it has the
+// one descriptor that it receives from `socket`, writes to nothing else, and forks nothing.
+//
+// Returns false if that is not available.
+[[nodiscard]] bool enterChildSandbox(int socket);
 
 }  // namespace pinorama

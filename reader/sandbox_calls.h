@@ -1,5 +1,7 @@
 // The system calls that a sandboxed process may make, each with its reason. A call that is not here
-// ends the process. Compiled by make_sandbox_filter.cpp, and part of no program.
+// ends the process. A process that reads pictures has the first table alone; one that forks those
+// and reads none has the second one besides. Compiled by make_sandbox_filter.cpp, and part of no
+// program.
 
 #pragma once
 
@@ -18,6 +20,10 @@ enum class CallRule : std::uint8_t {
     notExecutable,   // allowed for mprotect without PROT_EXEC
     refused,         // fails with EPERM; for what libraries try in good faith and do without
     withSanitizers,  // allowed in a build with sanitizers
+    forkOnly,        // allowed for a copy of the process: with memory and names of its own
+    localOnly,       // allowed for sockets of this machine
+    killOnly,        // allowed if the signal is SIGKILL
+    deathOnly,       // allowed for prctl, to die with the parent
 };
 
 struct SandboxCall {
@@ -109,6 +115,32 @@ constexpr SandboxCall kSandboxCalls[] = {
     {SCMP_SYS(pipe), CallRule::withSanitizers},
     {SCMP_SYS(pipe2), CallRule::withSanitizers},
     {SCMP_SYS(write), CallRule::withSanitizers},
+};
+
+// What a process does besides that forks others to read pictures. A call that is in the first table
+// as well has the rules of this one instead.
+constexpr SandboxCall kForkingCalls[] = {
+    // To start a process and prepare it.
+    {SCMP_SYS(clone), CallRule::forkOnly},           // fork
+    {SCMP_SYS(set_robust_list), CallRule::allowed},  // the C library after it has forked
+    {SCMP_SYS(rseq), CallRule::allowed},             // the same
+    {SCMP_SYS(getppid), CallRule::allowed},          // whether the parent lives
+    {SCMP_SYS(prctl), CallRule::deathOnly},          // so that it dies with that
+    {SCMP_SYS(setpgid), CallRule::refused},          // a group of its own, which it has not here
+    {SCMP_SYS(socketpair), CallRule::localOnly},     // the way to it
+    {SCMP_SYS(dup2), CallRule::allowed},             // its end has a number that is known
+    {SCMP_SYS(dup3), CallRule::allowed},             // dup2, on architectures without it
+    {SCMP_SYS(close_range), CallRule::allowed},      // it has no other descriptors
+    {SCMP_SYS(prlimit64), CallRule::allowed},        // its limits, which cannot grow
+    {SCMP_SYS(seccomp), CallRule::allowed},          // its filter, which only takes away
+
+    // To hand it a picture, take its reply and end it. There is no socket to a stranger.
+    {SCMP_SYS(sendmsg), CallRule::allowed},
+    {SCMP_SYS(sendto), CallRule::allowed},
+    {SCMP_SYS(recvmsg), CallRule::allowed},
+    {SCMP_SYS(recvfrom), CallRule::allowed},
+    {SCMP_SYS(kill), CallRule::killOnly},
+    {SCMP_SYS(wait4), CallRule::allowed},
 };
 
 }  // namespace pinorama

@@ -20,13 +20,12 @@ sock_filter completed(const BpfInstruction& instruction, int socket)
 }
 }  // namespace
 
-bool filterSystemCalls(int socket)
+bool filterSystemCalls(int socket, bool mayFork)
 {
+    const std::span<const BpfInstruction> program = mayFork ? kForkingFilter : kSandboxFilter;
     std::array<sock_filter, kMaxBpfInstructions> codes;
-    for (std::size_t i = 0; i < kSandboxFilterLength; i++) {
-        codes[i] = completed(kSandboxFilter[i], socket);
-    }
-    const sock_fprog filter = {static_cast<unsigned short>(kSandboxFilterLength), codes.data()};
+    for (std::size_t i = 0; i < program.size(); i++) codes[i] = completed(program[i], socket);
+    const sock_fprog filter = {static_cast<unsigned short>(program.size()), codes.data()};
     return syscall(SYS_seccomp, SECCOMP_SET_MODE_FILTER, 0u, &filter) == 0;
 }
 

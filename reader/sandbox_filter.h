@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 
 #include <linux/filter.h>
 
@@ -21,10 +22,12 @@ constexpr bool kHasSanitizers = false;
 // Puts the calling process under the filter, for good: what the table does not allow fails with
 // EPERM or ends the process.
 //
-//   socket  the descriptor that the table's rules for the socket are about.
+//   socket   the descriptor that the table's rules for the socket are about.
+//   mayFork  whether to allow the calls of the second table, too. A process that is forked may put
+//            itself under the filter without them.
 //
 // Returns false when the kernel has no such filter.
-[[nodiscard]] bool filterSystemCalls(int socket);
+[[nodiscard]] bool filterSystemCalls(int socket, bool mayFork = false);
 
 // An instruction of the filter, for the kernel's Berkeley Packet Filter.
 struct BpfInstruction {
@@ -37,7 +40,7 @@ struct BpfInstruction {
 
 constexpr std::size_t kMaxBpfInstructions = 512;
 
-extern const BpfInstruction kSandboxFilter[];
-extern const std::size_t kSandboxFilterLength;
+extern const std::span<const BpfInstruction> kSandboxFilter;
+extern const std::span<const BpfInstruction> kForkingFilter;
 
 }  // namespace pinorama

@@ -1,5 +1,6 @@
 // Measures the cost of reading the metadata of pictures in a sandboxed process instead of in this
-// one: one by one, as the window does, and in batches. Prints a table in Markdown.
+// one: one by one, as the window does, and in batches; and what it costs that pinorama-reader reads
+// each picture in a process of its own. Prints tables in Markdown.
 //
 // usage: reader_bench [--brief] [FILE...]
 //
@@ -22,6 +23,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <thread>
 #include <vector>
 
 #include <unistd.h>
@@ -33,6 +35,8 @@ using Clock = std::chrono::steady_clock;
 using Files = std::vector<std::unique_ptr<PictureFile>>;
 
 constexpr std::size_t kMaxFiles = 200;
+// Between two pictures that a person selects: time enough for the reader to prepare for the next.
+constexpr auto kPause = std::chrono::milliseconds(20);
 
 double microsecondsOf(const std::function<void()>& work)
 {
@@ -49,14 +53,17 @@ double median(std::vector<double> values)
 
 using Read = std::function<void(int)>;
 
-// The median time of one read over all files and rounds, for each of several ways to read. They
-// take turns at each file, so that other load on the machine affects all of them.
-std::vector<double> mediansOfEach(const Files& files, int rounds, const std::vector<Read>& ways)
+// The median time of one read over all files and rounds, for each of several ways to read, with a
+// pause before each. They take turns at each file, so that other load on the machine affects all of
+// them.
+std::vector<double> mediansOfEach(const Files& files, int rounds, const std::vector<Read>& ways,
+                                  std::chrono::milliseconds pause = {})
 {
     std::vector<std::vector<double>> times(ways.size());
     for (int round = 0; round < rounds; round++) {
         for (const auto& file : files) {
             for (std::size_t way = 0; way < ways.size(); way++) {
+                std::this_thread::sleep_for(pause);
                 times[way].push_back(microsecondsOf([&] { ways[way](file->descriptor()); }));
             }
         }
@@ -101,6 +108,20 @@ std::vector<std::string> pathsOf(int argc, char** argv, const test::TemporaryFol
         return paths;
     }
     return {folder.write("picture.jpg", test::pictureWithGps({.lat = 48.1, .latRef = "N"}))};
+}
+
+// One by one at the pace of a person, beside a reader that is one process for all pictures.
+void printPace(const Files& files, int rounds, const Read& program, const Read& copy)
+{
+    const std::vector<double> times =
+        mediansOfEach(files, rounds, {readHere, copy, program}, kPause);
+    std::printf("\nThe same with a pause of %lld milliseconds before each picture.\n\n",
+                static_cast<long long>(kPause.count()));
+    std::printf("| way | time | ratio |\n|---|---|---|\n");
+    std::printf("| read in this process | %.1f | %.2f |\n", times[0], times[0] / times[1]);
+    std::printf("| one process for all pictures | %.1f | 1 |\n", times[1]);
+    std::printf("| pinorama-reader, a process for each picture | %.1f | %.2f |\n", times[2],
+                times[2] / times[1]);
 }
 
 void printLine(const char* way, double microseconds, double here)
@@ -152,6 +173,7 @@ int main(int argc, char** argv)
     }
     printLine("forked copy, one by one", oneByOne[1], here);
     printLine("forked copy, in batches", medianOfAll(files, rounds, inBatches(copy)), here);
+    if (hasProgram) printPace(files, std::max(rounds / 10, 1), through(program), through(copy));
     std::printf("\nForking a copy: %.0f microseconds.\n", start);
     return 0;
 }

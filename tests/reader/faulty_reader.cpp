@@ -4,7 +4,9 @@
 // A file that ends with "SLOW", a blank and a number is read properly after so many milliseconds in
 // which the reader sleeps, as it would in a read that a disk does not answer yet.
 //
-// With the argument "--without-sandbox" it is not sandboxed, which shows that the faults are real.
+// As the real one it reads each picture in a process of its own, which is the one that does harm.
+// With the argument "--alone" it is a single process for all pictures: a reader that is taken over
+// as a whole. With "--without-sandbox" it is not sandboxed, which shows that the faults are real.
 // With "--slow-start" and a number it sleeps so many milliseconds before its first word.
 
 #include "pictures/picture_properties.h"
@@ -13,6 +15,7 @@
 #include "reader/reader_process.h"
 #include "reader/reader_protocol.h"
 #include "reader/reader_socket.h"
+#include "reader/reader_zygote.h"
 #include "reader/sandbox.h"
 #include "reader/stream_byte_source.h"
 
@@ -220,6 +223,19 @@ void replyNaN(const ReaderRequest& request)
     sendBody(request, body);
 }
 
+// A good reply of its own making to this request and to each that comes afterwards, whatever
+// picture that is for.
+void poison(ReaderRequest request)
+{
+    std::array<std::uint8_t, kRequestSize> bytes;
+    std::vector<DescriptorHolder> descriptors;
+    for (;;) {
+        sendLoot(request, text("poison"));
+        if (!receiveRequest(kSocket, bytes, &descriptors)) _exit(1);
+        request = decodeRequest(bytes).value_or(request);
+    }
+}
+
 void commit(const Fault& fault, const ReaderRequest& request)
 {
     const std::map<std::string, std::function<Loot()>> thefts = {
@@ -253,6 +269,13 @@ void commit(const Fault& fault, const ReaderRequest& request)
     } else if (fault.name == "late") {
         spin(std::chrono::milliseconds(std::atoi(fault.argument.c_str())));
         sendLoot(request, text("late"));
+    } else if (fault.name == "poison") {
+        poison(request);
+    } else if (fault.name == "name-itself") {
+        sendLoot(request, text(std::to_string(getpid())));
+    } else if (fault.name == "burn-afterwards") {
+        sendLoot(request, text(std::to_string(getpid())));
+        for (;;) spin(std::chrono::hours(1));
     } else if (fault.name == "die-afterwards") {
         sendNothing(request);
         _exit(0);
@@ -278,32 +301,55 @@ void readProperly(int descriptor, const ReaderRequest& request)
     if (!preview) return sendNothing(request);
     sendBody(request, encodePreview({std::move(preview->image), preview->wasDecoded, {}, {}}));
 }
+
+// Serves one request. False if there is none.
+bool serveNext()
+{
+    std::array<std::uint8_t, kRequestSize> bytes;
+    std::vector<DescriptorHolder> descriptors;
+    if (!receiveRequest(kSocket, bytes, &descriptors)) return false;
+    std::optional<ReaderRequest> request = decodeRequest(bytes);
+    if (!request) return false;
+    for (const DescriptorHolder& descriptor : descriptors) {
+        const Fault fault = faultOf(descriptor.get());
+        if (fault.name.empty()) {
+            sleepFor(slownessOf(descriptor.get()));
+            readProperly(descriptor.get(), *request);
+        } else {
+            commit(fault, *request);
+        }
+        request->number++;
+    }
+    return true;
+}
+
+void serveAlone()
+{
+    (void)sendAll(kSocket, encodeReplyHeader({ReaderTask::hello, ReplyOutcome::found, 0, 0}));
+    while (serveNext()) {
+    }
+}
 }  // namespace
 
 int main(int argc, char** argv)
 {
-    const std::string_view option = argc > 1 ? argv[1] : "";
-    if (option == "--exit-at-once") return 1;
-    if (option == "--never-ready") spin(std::chrono::hours(1));
-    if (option == "--slow-start" && argc > 2) sleepFor(std::atoi(argv[2]));
-    if (option != "--without-sandbox" && !enterSandbox(readerRules(kSocket))) return 1;
-    (void)sendAll(kSocket, encodeReplyHeader({ReaderTask::hello, ReplyOutcome::found, 0, 0}));
-
-    std::array<std::uint8_t, kRequestSize> bytes;
-    std::vector<DescriptorHolder> descriptors;
-    while (receiveRequest(kSocket, bytes, &descriptors)) {
-        std::optional<ReaderRequest> request = decodeRequest(bytes);
-        if (!request) return 1;
-        for (const DescriptorHolder& descriptor : descriptors) {
-            const Fault fault = faultOf(descriptor.get());
-            if (fault.name.empty()) {
-                sleepFor(slownessOf(descriptor.get()));
-                readProperly(descriptor.get(), *request);
-            } else {
-                commit(fault, *request);
-            }
-            request->number++;
-        }
+    const std::vector<std::string_view> options(argv + 1, argv + argc);
+    const auto has = [&options](std::string_view option) {
+        return std::find(options.begin(), options.end(), option) != options.end();
+    };
+    if (has("--exit-at-once")) return 1;
+    if (has("--never-ready")) spin(std::chrono::hours(1));
+    if (has("--slow-start")) sleepFor(std::atoi(argv[argc - 1]));
+    const bool isSandboxed = !has("--without-sandbox");
+    SandboxRules rules = readerRules(kSocket);
+    rules.mayFork = !has("--alone");
+    if (isSandboxed && !enterSandbox(rules)) return 1;
+    if (has("--alone")) {
+        serveAlone();
+        _exit(0);
     }
+    serveInChildren(kSocket, [isSandboxed](int socket) {
+        if (!isSandboxed || enterChildSandbox(socket)) (void)serveNext();
+    });
     _exit(0);
 }

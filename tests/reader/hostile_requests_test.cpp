@@ -22,6 +22,7 @@
 using namespace pinorama;
 
 namespace {
+using test::statusLine;
 using Pictures = test::ReaderPictures;
 
 constexpr int kPatience = 30'000;  // milliseconds
@@ -90,15 +91,6 @@ private:
     ReaderProcess process_;
     std::uint32_t number_ = 0;
 };
-
-std::string statusLine(pid_t process, const std::string& name)
-{
-    std::ifstream file("/proc/" + std::to_string(process) + "/status");
-    for (std::string line; std::getline(file, line);) {
-        if (line.starts_with(name + ":\t")) return line.substr(name.size() + 2);
-    }
-    return {};
-}
 
 TEST(pinoramaReader, endsWithABadRequest)
 {

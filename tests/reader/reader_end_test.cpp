@@ -81,7 +81,7 @@ TEST(ReaderClient_stop, aReaderThatWasMissingIsTriedAgainAtOnce)
 TEST(ReaderClient_stop, endsThePauseAfterManyDeaths)
 {
     const Pictures pictures;
-    ReaderClient client(faultyReader());
+    ReaderClient client(faultyReader({"--alone"}));
     const std::string crash = pictures.withFault("crash");
     for (int i = 0; i < 4; i++) (void)propertiesOf(client, crash);
     client.start();

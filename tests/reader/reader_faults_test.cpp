@@ -7,6 +7,7 @@
 #include <csignal>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -81,13 +82,13 @@ private:
     pid_t process_;
 };
 
-TEST(ReaderClient, noFaultOfTheReaderDoesHarmOrOutlivesIt)
+void expectNoHarm(const std::vector<std::string>& arguments)
 {
     for (const auto& row : kFaults) {
         SCOPED_TRACE(row.fault);
         const Victim victim;
         const Pictures pictures;
-        ReaderClient client(faultyReader(), test::shortLimits());
+        ReaderClient client(faultyReader(arguments), test::shortLimits());
         expectGoodPicture(client, pictures);
         const std::string fault =
             pictures.withFault(lineFor(row.fault, pictures, victim.process()));
@@ -105,6 +106,16 @@ TEST(ReaderClient, noFaultOfTheReaderDoesHarmOrOutlivesIt)
         EXPECT_FALSE(std::filesystem::exists(pictures.harm()));
         EXPECT_EQ(waitpid(victim.process(), nullptr, WNOHANG), 0) << "the other process is gone";
     }
+}
+
+TEST(ReaderClient, noFaultOfAPictureDoesHarmOrOutlivesIt)
+{
+    expectNoHarm({});
+}
+
+TEST(ReaderClient, noFaultOfTheReaderDoesHarmOrOutlivesIt)
+{
+    expectNoHarm({"--alone"});
 }
 
 TEST(ReaderClient, theFaultsSucceedWithoutTheSandbox)

@@ -12,6 +12,10 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -99,6 +103,44 @@ inline void expectGoodPicture(pinorama::ReaderClient& client, const ReaderPictur
     EXPECT_EQ(preview.reply.image.width, 64);
     EXPECT_EQ(preview.reply.image.height, 32);
     EXPECT_TRUE(areNear(quartersOf(preview.reply.image), {kRed, kGreen, kBlue, kYellow}));
+}
+
+// The processes that `parent` has started and that are not gone yet.
+inline std::vector<pid_t> childrenOf(pid_t parent)
+{
+    std::vector<pid_t> children;
+    for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
+        const pid_t process = std::atoi(entry.path().filename().c_str());
+        // "PID (NAME) STATE PARENT ...", where the name may contain anything.
+        const std::string line = process > 0 ? readFile(entry.path() / "stat") : "";
+        const std::size_t end = line.rfind(") ");
+        if (end == std::string::npos || line[end + 2] == 'Z') continue;
+        if (std::atoi(line.c_str() + end + 4) == parent) children.push_back(process);
+    }
+    return children;
+}
+
+// What /proc says about a process under that name; empty if it says nothing.
+inline std::string statusLine(pid_t process, const std::string& name)
+{
+    std::ifstream file("/proc/" + std::to_string(process) + "/status");
+    for (std::string line; std::getline(file, line);) {
+        if (line.starts_with(name + ":\t")) return line.substr(name.size() + 2);
+    }
+    return {};
+}
+
+// The hard limit of a resource, by its name in /proc/PID/limits.
+inline std::string hardLimitOf(pid_t process, const std::string& resource)
+{
+    const std::string limits = readFile("/proc/" + std::to_string(process) + "/limits");
+    const std::size_t at = limits.find(resource);
+    if (at == std::string::npos) return {};
+    std::istringstream row(limits.substr(at + resource.size()));
+    std::string soft;
+    std::string hard;
+    row >> soft >> hard;
+    return hard;
 }
 
 // So that tests of readers that are stuck take less time.

@@ -49,7 +49,8 @@ TEST(decodeRequest, readsWhatEncodeRequestWrites)
     for (const ReaderRequest& request :
          {kPropertyRequest, kPreviewRequest,
           ReaderRequest{ReaderTask::cachedThumbnail, UINT32_MAX, 1, {1, kMaxPreviewSide}},
-          ReaderRequest{ReaderTask::properties, 0, kMaxDescriptors, {}}}) {
+          ReaderRequest{ReaderTask::properties, 0, kMaxDescriptors, {}},
+          ReaderRequest{ReaderTask::giveUp, 9, 0, {}}}) {
         const std::optional<ReaderRequest> decoded = decodeRequest(encodeRequest(request));
         ASSERT_TRUE(decoded);
         EXPECT_TRUE(*decoded == request);
@@ -60,7 +61,9 @@ TEST(decodeRequest, refusesEverythingElse)
 {
     const ReaderRequest rows[] = {
         {ReaderTask::hello, 1, 1, {}},
-        {static_cast<ReaderTask>(4), 1, 1, {}},
+        {static_cast<ReaderTask>(5), 1, 1, {}},
+        {ReaderTask::giveUp, 1, 1, {}},
+        {ReaderTask::giveUp, 1, 0, {1, 1}},
         {ReaderTask::properties, 1, 0, {}},
         {ReaderTask::properties, 1, kMaxDescriptors + 1, {}},
         {ReaderTask::properties, 1, 1, {1, 1}},
@@ -94,7 +97,7 @@ TEST(decodeReplyHeader, readsTheReplyToTheRequestAndNoOther)
     EXPECT_FALSE(decodeReplyHeader(ByteView(bytes).first(19), ReaderTask::picturePreview, 8, 100));
 }
 
-TEST(decodeReplyHeader, onlyWhatWasFoundHasABody)
+TEST(decodeReplyHeader, onlyWhatWasFoundAndReportsHaveABody)
 {
     const auto decode = [](ReaderTask task, ReplyOutcome outcome, std::uint32_t length) {
         return decodeReplyHeader(encodeReplyHeader({task, outcome, 1, length}), task, 1, 1000)
@@ -104,8 +107,22 @@ TEST(decodeReplyHeader, onlyWhatWasFoundHasABody)
     EXPECT_FALSE(decode(ReaderTask::properties, ReplyOutcome::nothing, 1));
     EXPECT_TRUE(decode(ReaderTask::picturePreview, ReplyOutcome::interrupted, 0));
     EXPECT_FALSE(decode(ReaderTask::picturePreview, ReplyOutcome::interrupted, 4));
-    EXPECT_FALSE(decode(ReaderTask::properties, ReplyOutcome::interrupted, 0));
-    EXPECT_FALSE(decode(ReaderTask::properties, static_cast<ReplyOutcome>(3), 0));
+    EXPECT_TRUE(decode(ReaderTask::properties, ReplyOutcome::interrupted, 0));
+    EXPECT_TRUE(decode(ReaderTask::properties, ReplyOutcome::failed, 0));
+    EXPECT_FALSE(decode(ReaderTask::properties, ReplyOutcome::failed, 1));
+    EXPECT_TRUE(decode(ReaderTask::properties, ReplyOutcome::atWork, kReportSize));
+    EXPECT_FALSE(decode(ReaderTask::properties, ReplyOutcome::atWork, kReportSize - 1));
+    EXPECT_FALSE(decode(ReaderTask::properties, ReplyOutcome::atWork, kReportSize + 1));
+    EXPECT_FALSE(decode(ReaderTask::properties, static_cast<ReplyOutcome>(5), 0));
+}
+
+TEST(decodeReport, readsATimeOfADayAtMost)
+{
+    using namespace std::chrono_literals;
+    EXPECT_EQ(decodeReport(encodeReport(0ns)), 0ns);
+    EXPECT_EQ(decodeReport(encodeReport(1234567890123ns)), 1234567890123ns);
+    EXPECT_EQ(decodeReport(encodeReport(25h)), 24h);
+    EXPECT_EQ(decodeReport(std::vector<std::uint8_t>(kReportSize, 0xff)), 24h);
 }
 
 TEST(decodeProperties, readsWhatEncodePropertiesWrites)

@@ -5,14 +5,19 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstdint>
 #include <cstring>
 #include <set>
+#include <span>
 #include <vector>
 
 #include <linux/audit.h>
+#include <linux/sched.h>
 #include <linux/seccomp.h>
 #include <sys/mman.h>
+#include <sys/prctl.h>
+#include <sys/socket.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -35,13 +40,15 @@ std::uint32_t valueOf(const BpfInstruction& instruction)
     return instruction.code.k;
 }
 
-// What the filter says about a call; every kind of instruction that libseccomp makes is known here.
-std::uint32_t verdict(const seccomp_data& call)
+using Program = std::span<const BpfInstruction>;
+
+// What a filter says about a call; every kind of instruction that libseccomp makes is known here.
+std::uint32_t verdict(const seccomp_data& call, Program program = kSandboxFilter)
 {
     std::uint32_t accumulator = 0;
     std::size_t at = 0;
-    while (at < kSandboxFilterLength) {
-        const BpfInstruction& instruction = kSandboxFilter[at++];
+    while (at < program.size()) {
+        const BpfInstruction& instruction = program[at++];
         const sock_filter& code = instruction.code;
         const std::uint32_t value = valueOf(instruction);
         bool jumps = false;
@@ -67,30 +74,31 @@ std::uint32_t verdict(const seccomp_data& call)
 std::uint32_t nativeArchitecture()
 {
     // The first instruction that compares anything compares the architecture.
-    for (std::size_t i = 0; i < kSandboxFilterLength; i++) {
-        const sock_filter& code = kSandboxFilter[i].code;
+    for (const BpfInstruction& instruction : kSandboxFilter) {
+        const sock_filter& code = instruction.code;
         if (code.code == (BPF_JMP | BPF_JEQ | BPF_K)) return code.k;
     }
     return 0;
 }
 
-std::uint32_t verdict(int number, const std::vector<std::uint64_t>& arguments)
+std::uint32_t verdict(int number, const std::vector<std::uint64_t>& arguments,
+                      Program program = kSandboxFilter)
 {
     seccomp_data call{};
     call.nr = number;
     call.arch = nativeArchitecture();
     for (std::size_t i = 0; i < arguments.size(); i++) call.args[i] = arguments[i];
-    return verdict(call);
+    return verdict(call, program);
 }
 
 // Arguments that no rule is about.
 const std::vector<std::uint64_t> kAnyArguments(6, 77);
 
-std::set<int> callsWith(std::uint32_t wanted)
+std::set<int> callsWith(std::uint32_t wanted, Program program = kSandboxFilter)
 {
     std::set<int> calls;
     for (int number = 0; number < kCallCount; number++) {
-        if (verdict(number, kAnyArguments) == wanted) calls.insert(number);
+        if (verdict(number, kAnyArguments, program) == wanted) calls.insert(number);
     }
     return calls;
 }
@@ -168,6 +176,49 @@ TEST(filterSystemCalls, refusesToLookForFilesAndEndsAllElse)
     EXPECT_EQ(callsWith(kRefused), refused);
     const std::size_t known = callsWith(SECCOMP_RET_ALLOW).size() + refused.size();
     EXPECT_EQ(callsWith(SECCOMP_RET_KILL_PROCESS).size(), kCallCount - known);
+}
+
+TEST(filterSystemCalls, allowsAReaderToForkAndLittleElse)
+{
+    std::set<int> more;
+    for (const int call : callsWith(SECCOMP_RET_ALLOW, kForkingFilter)) {
+        if (verdict(call, kAnyArguments) != SECCOMP_RET_ALLOW) more.insert(call);
+    }
+    std::set<int> expected = {SYS_clone,   SYS_set_robust_list, SYS_rseq,    SYS_getppid,
+                              SYS_dup3,    SYS_close_range,     SYS_seccomp, SYS_prlimit64,
+                              SYS_sendmsg, SYS_sendto,          SYS_recvmsg, SYS_recvfrom,
+                              SYS_wait4};
+#ifdef SYS_dup2
+    expected.insert(SYS_dup2);
+#endif
+    EXPECT_EQ(more, expected);
+
+    constexpr std::uint64_t kFork = CLONE_CHILD_SETTID | CLONE_CHILD_CLEARTID | SIGCHLD;
+    const struct {
+        const char* name;
+        int number;
+        std::vector<std::uint64_t> arguments;
+        bool isAllowed;
+    } rows[] = {
+        {"fork", SYS_clone, {kFork}, true},
+        {"start a thread", SYS_clone, {kFork | CLONE_VM | CLONE_THREAD}, false},
+        {"enter a namespace", SYS_clone, {kFork | CLONE_NEWUSER}, false},
+        {"fork otherwise", SYS_clone3, {}, false},
+        {"run a program", SYS_execve, {}, false},
+        {"sockets of this machine", SYS_socketpair, {AF_UNIX}, true},
+        {"sockets of the network", SYS_socketpair, {AF_INET}, false},
+        {"another socket", SYS_socket, {AF_UNIX}, false},
+        {"end", SYS_kill, {kProcess, SIGKILL}, true},
+        {"signal", SYS_kill, {kProcess, SIGTERM}, false},
+        {"die with the parent", SYS_prctl, {PR_SET_PDEATHSIG}, true},
+        {"become dumpable", SYS_prctl, {PR_SET_DUMPABLE}, false},
+        {"write", SYS_write, {kSocket + 1}, false},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(verdict(row.number, row.arguments, kForkingFilter),
+                  row.isAllowed ? SECCOMP_RET_ALLOW : SECCOMP_RET_KILL_PROCESS)
+            << row.name;
+    }
 }
 
 TEST(filterSystemCalls, checksArguments)

@@ -45,14 +45,8 @@ TEST(forkPropertyReader, mayTakeLittleOfTheMachine)
     const PictureFile good(pictures.good());
     // It is sandboxed when it replies.
     ASSERT_EQ(client.readProperties(good.descriptor()).outcome, ReadOutcome::found);
-    const std::string limits =
-        test::readFile("/proc/" + std::to_string(client.processID()) + "/limits");
-    const auto hardLimitOf = [&limits](const std::string& resource) {
-        std::istringstream row(limits.substr(limits.find(resource) + resource.size()));
-        std::string soft;
-        std::string hard;
-        row >> soft >> hard;
-        return hard;
+    const auto hardLimitOf = [&client](const std::string& resource) {
+        return test::hardLimitOf(client.processID(), resource);
     };
     if (!kHasSanitizers) {
         EXPECT_EQ(hardLimitOf("Max address space"), std::to_string(512u << 20));

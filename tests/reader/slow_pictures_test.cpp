@@ -1,5 +1,7 @@
 // Pictures on disks that take their time: they are waited for, and stand in nobody's way.
 
+#include "reader/reader_zygote.h"
+#include "reader/sandboxed_properties.h"
 #include "tests/reader/reader_fixture.h"
 #include "tests/support/slow_disk.h"
 
@@ -89,9 +91,20 @@ TEST(ReaderClient, givesUpAPictureThatNeverComes)
     const auto start = Clock::now();
     EXPECT_EQ(propertiesOf(client, anHourLong(pictures)).outcome, ReadOutcome::stuck);
     EXPECT_GE(Clock::now() - start, 1490ms);
-    EXPECT_NE(client.processID(), reader);
     expectGoodPicture(client, pictures);
     EXPECT_EQ(previewOf(client, anHourLong(pictures)).outcome, ReadOutcome::stuck);
+    expectGoodPicture(client, pictures);
+    EXPECT_EQ(client.processID(), reader) << "the reader went with its picture";
+}
+
+TEST(ReaderClient, givesUpAReaderThatNeverReplies)
+{
+    const Pictures pictures;
+    ReaderClient client(faultyReader({"--alone"}), test::shortLimits());
+    expectGoodPicture(client, pictures);
+    const pid_t reader = client.processID();
+    EXPECT_EQ(propertiesOf(client, anHourLong(pictures)).outcome, ReadOutcome::stuck);
+    EXPECT_NE(client.processID(), reader);
     expectGoodPicture(client, pictures);
 }
 
@@ -248,6 +261,29 @@ TEST_F(ReaderClient_slowDisk, isWaitedFor)
 
 TEST_F(ReaderClient_slowDisk, thatNeverRespondsKeepsAFewProcessesAndNoMore)
 {
+    int starts = 0;
+    ReaderClient client(
+        [&starts] {
+            starts++;
+            return realReader()();
+        },
+        test::shortLimits());
+    expectGoodPicture(client, pictures_);
+    for (int i = 0; i < kDeadPictures; i++) {
+        const PictureFile dead(disk_->file(deadPicture(i)));
+        EXPECT_EQ(client.readProperties(dead.descriptor()).outcome, ReadOutcome::stuck);
+        EXPECT_LE(test::childrenOf(client.processID()).size(), kMaxChildren);
+    }
+    EXPECT_EQ(test::childrenOf(client.processID()).size(), kMaxChildren)
+        << "the disk keeps none of them";
+    EXPECT_EQ(starts, 1);
+    disk_.reset();
+    expectGoodPicture(client, pictures_);
+}
+
+// The same with readers that read pictures themselves.
+TEST_F(ReaderClient_slowDisk, thatNeverRespondsKeepsAFewReadersAndNoMore)
+{
     ReaderLimits limits = test::shortLimits();
     limits.maxLingering = 3;
     limits.start.whole = 500ms;
@@ -255,10 +291,9 @@ TEST_F(ReaderClient_slowDisk, thatNeverRespondsKeepsAFewProcessesAndNoMore)
     ReaderClient client(
         [&starts] {
             starts++;
-            return realReader()();
+            return forkPropertyReader();
         },
         limits);
-    expectGoodPicture(client, pictures_);
     for (int i = 0; i < kDeadPictures; i++) {
         const PictureFile dead(disk_->file(deadPicture(i)));
         EXPECT_EQ(client.readProperties(dead.descriptor()).outcome, ReadOutcome::stuck);
@@ -269,6 +304,6 @@ TEST_F(ReaderClient_slowDisk, thatNeverRespondsKeepsAFewProcessesAndNoMore)
     const auto end = Clock::now() + 30s;
     while (lingeringReaders() > 0 && Clock::now() < end) usleep(10'000);
     EXPECT_EQ(lingeringReaders(), 0u);
-    expectGoodPicture(client, pictures_);
+    EXPECT_EQ(propertiesOf(client, pictures_.good()).outcome, ReadOutcome::found);
 }
 }  // namespace
