@@ -5,6 +5,8 @@
 
 #include <array>
 #include <cerrno>
+#include <cmath>
+#include <limits>
 #include <string_view>
 
 #include <sys/socket.h>
@@ -14,6 +16,9 @@ namespace {
 using Bytes = std::span<const std::uint8_t>;
 
 constexpr std::size_t kRequestHeaderSize = 8;  // the length of the paths that follow
+
+constexpr std::size_t kPointSize = 34;
+constexpr double kNoAltitude = std::numeric_limits<double>::quiet_NaN();
 
 std::string textOf(Bytes bytes)
 {
@@ -67,6 +72,14 @@ bool sendResult(int socket, const BatchResult& result)
     message.put64(result.files);
     message.put64(result.located);
     message.put64(result.failed);
+    message.put64(result.track.size());
+    for (const TrackPoint& point : result.track) {
+        message.put64(static_cast<std::uint64_t>(point.instant));
+        message.put16(point.isInUTC ? 1 : 0);
+        message.putDouble(point.position.latitude);
+        message.putDouble(point.position.longitude);
+        message.putDouble(point.altitude.value_or(kNoAltitude));
+    }
     message.putBytes(result.output);
     message.putBytes(result.placemarks);
     message.putBytes(result.diagnostics);
@@ -84,6 +97,17 @@ std::optional<BatchResult> takeResult(std::string* received)
     result.files = message.get64();
     result.located = message.get64();
     result.failed = message.get64();
+    const std::uint64_t points = message.get64();
+    if (message.hasFailed() || points > message.bytesLeft() / kPointSize) return std::nullopt;
+    for (std::uint64_t i = 0; i < points; i++) {
+        TrackPoint& point = result.track.emplace_back();
+        point.instant = static_cast<std::int64_t>(message.get64());
+        point.isInUTC = message.get16() != 0;
+        point.position.latitude = message.getDouble();
+        point.position.longitude = message.getDouble();
+        const double altitude = message.getDouble();
+        if (!std::isnan(altitude)) point.altitude = altitude;
+    }
     const Bytes output = message.getBytes(outputLength);
     const Bytes placemarks = message.getBytes(placemarksLength);
     const Bytes diagnostics = message.getBytes(diagnosticsLength);

@@ -85,7 +85,8 @@ int reportOnFiles(const Options& options, StringHolder serviceTemplate)
     BatchWork work({.output = options.output,
                     .serviceTemplate = std::move(serviceTemplate),
                     .placemarks = !options.kmlPath.empty(),
-                    .isRaw = options.isRaw});
+                    .isRaw = options.isRaw,
+                    .hasTrack = options.hasTrack});
     const bool isBatch = options.recursive || options.files.size() > kMaxFilesInTurn;
     if (!isBatch) work.expect(options.files);
     bool isBrokenPipe = false;

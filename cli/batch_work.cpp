@@ -3,8 +3,10 @@
 #include "base/printable.h"
 #include "cli/csv_line.h"
 #include "cli/diagnostic.h"
+#include "cli/geojson_feature.h"
 #include "cli/json_line.h"
 #include "cli/text_block.h"
+#include "globe/kml_places.h"
 
 #include <utility>
 
@@ -17,6 +19,24 @@ bool isFolder(const FileReport& report)
     struct stat status;
     return !report.size && report.error.empty() && stat(report.path.c_str(), &status) == 0 &&
            S_ISDIR(status.st_mode);
+}
+
+void appendPlacemark(const FileReport& report, std::string* out)
+{
+    if (!report.position || !report.place) return;
+    const PlaceReport& place = *report.place;
+    appendKmlPlace(
+        {.name = report.name,
+         .path = report.path,
+         .caption = place.description ? std::string_view(*place.description) : std::string_view(),
+         .taken = report.taken,
+         .latitude = report.position->latitude,
+         .longitude = report.position->longitude,
+         .altitude = report.altitude,
+         .heading = report.heading,
+         .distance = place.distance,
+         .tilt = place.tilt},
+        out);
 }
 }  // namespace
 
@@ -32,10 +52,14 @@ void BatchResult::add(BatchResult following)
     files += following.files;
     located += following.located;
     failed += following.failed;
+    track.insert(track.end(), following.track.begin(), following.track.end());
 }
 
 BatchWork::BatchWork(ReportOptions options)
-    : output_(options.output), isRaw_(options.isRaw), reporter_(std::move(options))
+    : output_(options.output),
+      isRaw_(options.isRaw),
+      hasTrack_(options.hasTrack),
+      reporter_(std::move(options))
 {
 }
 
@@ -45,6 +69,9 @@ BatchResult BatchWork::process(std::span<const std::string> paths, int alarm)
     for (const FileReport& report : reporter_.report(paths, alarm)) {
         appendOutput(report, &result.output);
         result.placemarks += report.placemark;
+        if (hasTrack_) {
+            if (const auto point = trackPointOf(report)) result.track.push_back(*point);
+        }
         if (!report.error.empty()) {
             appendDiagnostic(report.path + ": " + report.error, &result.diagnostics);
             result.failed++;
@@ -67,9 +94,12 @@ void BatchWork::appendOutput(const FileReport& report, std::string* out) const
     case Output::csv: appendCsvLine(report, isRaw_, out); break;
     case Output::text:
         if (!report.error.empty()) break;
-        *out += kSeparator;
+        *out += separatorOf(output_);
         appendTextBlock(report, out);
         break;
+    case Output::kml: appendPlacemark(report, out); break;
+    case Output::geojson: appendGeoJsonFeature(report, out); break;
+    case Output::gpx: appendGpxWaypoint(report, out); break;
     case Output::webAddress:
     case Output::catalogueAddress:
         if (report.address.empty()) break;
@@ -86,8 +116,38 @@ void BatchWork::appendOutput(const FileReport& report, std::string* out) const
 std::string beginningOfOutput(const Options& options)
 {
     std::string beginning;
-    if (options.output == Output::csv) appendCsvHeader(options.isRaw, &beginning);
+    switch (options.output) {
+    case Output::csv: appendCsvHeader(options.isRaw, &beginning); break;
+    case Output::kml: appendKmlBeginning(&beginning); break;
+    case Output::geojson: appendGeoJsonBeginning(&beginning); break;
+    case Output::gpx: appendGpxBeginning(&beginning); break;
+    default: break;
+    }
     return beginning;
+}
+
+std::string endOfOutput(const Options& options, std::vector<TrackPoint> track)
+{
+    std::string end;
+    switch (options.output) {
+    case Output::kml: appendKmlEnd(&end); break;
+    case Output::geojson: appendGeoJsonEnd(&end); break;
+    case Output::gpx:
+        appendGpxTrack(std::move(track), &end);
+        appendGpxEnd(&end);
+        break;
+    default: break;
+    }
+    return end;
+}
+
+std::string_view separatorOf(Output output)
+{
+    switch (output) {
+    case Output::text: return "\n";
+    case Output::geojson: return kFeatureSeparator;
+    default: return {};
+    }
 }
 
 }  // namespace pinorama

@@ -4,10 +4,13 @@
 #pragma once
 
 #include "cli/file_reporter.h"
+#include "cli/gpx_document.h"
 
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace pinorama {
 
@@ -15,6 +18,7 @@ struct BatchResult {
     std::string output{};       // for standard output
     std::string placemarks{};   // for the KML document
     std::string diagnostics{};  // for standard error
+    std::vector<TrackPoint> track{};
     std::uint64_t files = 0;
     std::uint64_t located = 0;  // with a usable position
     std::uint64_t failed = 0;   // could not be read
@@ -39,13 +43,16 @@ private:
 
     Output output_;
     bool isRaw_;
+    bool hasTrack_;
     FileReporter reporter_;
 };
 
-// The output before that of the first batch.
+// The output before that of the first batch, and after that of the last one.
 std::string beginningOfOutput(const Options& options);
+std::string endOfOutput(const Options& options, std::vector<TrackPoint> track);
 
-// An empty line before each text block. Outputs drops the first one.
-constexpr char kSeparator = '\n';
+// What stands before the output of each file; Outputs drops the first one. An empty line between
+// text blocks; empty where nothing separates them.
+std::string_view separatorOf(Output output);
 
 }  // namespace pinorama

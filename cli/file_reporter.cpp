@@ -105,7 +105,8 @@ void fillMeasures(const PictureProperties& properties, const fileInfoRecord& rec
     if (!properties.taken) return;
     report->taken = isoTime(*properties.taken, properties.takenOffset);
     if (report->taken.empty()) return;
-    report->takenInstant = *properties.taken - properties.takenOffset.value_or(0) * 60;
+    const std::int64_t instant = *properties.taken - properties.takenOffset.value_or(0) * 60;
+    if (!isoTime(instant, 0).empty()) report->takenInstant = instant;
 }
 
 std::string scriptOf(const fileInfoRecord& record)
@@ -143,6 +144,11 @@ constexpr std::u16string_view kNeededTexts[] = {u"STR#1001:46", u"STR#1001:3", u
 bool showsFields(Output output)
 {
     return output == Output::text || output == Output::json || output == Output::csv;
+}
+
+bool isPlaceDocument(Output output)
+{
+    return output == Output::kml || output == Output::geojson || output == Output::gpx;
 }
 
 bool prepareTexts()
@@ -250,8 +256,9 @@ void FileReporter::fillFacts(const fileFacts& facts, FileReport* report)
 void FileReporter::fillFileFields(const OpenFile& file, FileReport* report)
 {
     report->path = utf8Of(file.path.get());
-    if (!showsFields(options_.output)) return;
+    if (!showsFields(options_.output) && !isPlaceDocument(options_.output)) return;
     report->name = takeUTF8(gpsCopyFileName(file.path.get()));
+    if (!showsFields(options_.output)) return;
     fillFacts(file.attributes ? gpsMakeFileFacts(*file.attributes) : fileFacts{}, report);
     if (!file.attributes) return;
     report->modifiedTime = isoTime(file.attributes->modified, 0);

@@ -29,7 +29,8 @@ struct ReportOptions {
     Output output = Output::text;
     StringHolder serviceTemplate{};  // of the web service, for Output::webAddress
     bool placemarks = false;
-    bool isRaw = false;  // for Output::csv
+    bool isRaw = false;     // for Output::csv
+    bool hasTrack = false;  // for Output::gpx
 };
 
 // Nobody waits at a window here, so a slow disk has more time than there.
@@ -40,6 +41,10 @@ inline constexpr ReaderLimits kReportReaderLimits = {
 
 // True for the outputs that contain every field.
 bool showsFields(Output output);
+
+// True for the documents of places: they have the name and the place of a file and no texts of the
+// window.
+bool isPlaceDocument(Output output);
 
 // Loads the texts and the time zone that the fields need; while files are open there may be no
 // descriptor left for either. False if a text is missing.

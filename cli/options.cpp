@@ -6,6 +6,8 @@
 #include <array>
 #include <charconv>
 #include <cstring>
+#include <string_view>
+#include <utility>
 
 namespace pinorama {
 namespace {
@@ -20,10 +22,24 @@ void choose(Reading& reading, Output output)
 {
     if (reading.hasOutput && reading.options->output != output) {
         reading.error =
-            "only one of --json, --csv, --web, --search and --print-script can be given";
+            "only one of --format, --json, --csv, --web, --search and --print-script can be given";
     }
     reading.hasOutput = true;
     reading.options->output = output;
+}
+
+void chooseFormat(Reading& reading, const char* value)
+{
+    constexpr std::pair<std::string_view, Output> kFormats[] = {{"json", Output::json},
+                                                                {"csv", Output::csv},
+                                                                {"kml", Output::kml},
+                                                                {"geojson", Output::geojson},
+                                                                {"gpx", Output::gpx}};
+    for (const auto& [name, output] : kFormats) {
+        if (name == value) return choose(reading, output);
+    }
+    reading.error =
+        std::string("--format needs json, csv, kml, geojson or gpx, not '") + value + '\'';
 }
 
 void chooseWebService(Reading& reading, const char* value)
@@ -56,12 +72,16 @@ struct OptionRow {
 constexpr OptionRow kRows[] = {
     {'r', "recursive", nullptr, "read all pictures in the folders and their subfolders",
      [](Reading& reading, const char*) { reading.options->recursive = true; }},
+    {0, "format", "NAME", "print json, csv, or a document of places: kml, geojson, gpx",
+     chooseFormat},
     {0, "json", nullptr, "print one JSON object per file, each on its own line",
      [](Reading& reading, const char*) { choose(reading, Output::json); }},
     {0, "csv", nullptr, "print a table with signed degrees (CSV)",
      [](Reading& reading, const char*) { choose(reading, Output::csv); }},
     {0, "raw", nullptr, "add the fields of the record as they are to the table",
      [](Reading& reading, const char*) { reading.options->isRaw = true; }},
+    {0, "track", nullptr, "add a track in the order of time to a GPX document",
+     [](Reading& reading, const char*) { reading.options->hasTrack = true; }},
     {0, "kml", "DEST", "write a KML document of the places to the file DEST", chooseDocument},
     {0, "web", "N", "print the address of each place in web service N", chooseWebService},
     {0, "search", nullptr, "print the address of the catalogue search for each place",

@@ -13,6 +13,9 @@ enum class Output : std::uint8_t {
     text,              // a line for every field, an empty line between two files
     json,              // an object
     csv,               // a row
+    kml,               // for located pictures only: a placemark of one document,
+    geojson,           // the same: a feature of one document,
+    gpx,               // the same: a waypoint of one document
     webAddress,        // for located pictures only: the address of a web service,
     catalogueAddress,  // the same: the address of the cataloguing program,
     script,            // the same: the script that flies a globe program there
@@ -24,6 +27,7 @@ struct Options {
     std::int32_t webService = 0;  // for Output::webAddress, from 1
     std::string kmlPath{};        // raw bytes; empty for no document
     bool isRaw = false;           // for Output::csv: the raw fields as well
+    bool hasTrack = false;        // for Output::gpx: a track as well
     bool recursive = false;
     bool quiet = false;
     bool help = false;

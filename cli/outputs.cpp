@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <utility>
 
 #include <unistd.h>
 
@@ -33,6 +34,7 @@ void Outputs::write(const BatchResult& result)
     print(result.output);
     if (!kmlPath_.empty() && !kmlHasFailed_ && !kml_.add(result.placemarks)) failKml();
     if (!result.diagnostics.empty()) printDiagnostics(result.diagnostics);
+    track_.insert(track_.end(), result.track.begin(), result.track.end());
     counts_.files += result.files;
     counts_.located += result.located;
     counts_.failed += result.failed;
@@ -53,6 +55,8 @@ void Outputs::reportFolder(const std::string& path, const std::string& why)
 
 void Outputs::finish()
 {
+    isFirst_ = false;
+    print(endOfOutput(options_, std::move(track_)));
     if (!kmlPath_.empty() && !kmlHasFailed_ && !kml_.finish()) failKml();
     progress_.clear();
 }
@@ -69,8 +73,9 @@ bool Outputs::readerHasGone() const
 
 void Outputs::print(std::string_view text)
 {
-    if (isFirst_ && output_ == Output::text && text.starts_with(kSeparator)) {
-        text.remove_prefix(1);
+    const std::string_view separator = separatorOf(output_);
+    if (isFirst_ && !separator.empty() && text.starts_with(separator)) {
+        text.remove_prefix(separator.size());
         isFirst_ = false;
     }
     if (text.empty() || printError_ != 0) return;

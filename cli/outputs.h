@@ -15,6 +15,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace pinorama {
 
@@ -33,7 +34,7 @@ public:
     // Reports a folder that cannot be read, and counts it as failed.
     void reportFolder(const std::string& path, const std::string& why);
 
-    // Completes the document with what it contains so far.
+    // Completes the documents with what it contains so far.
     void finish();
 
     // True if nothing that follows could be written anywhere.
@@ -60,6 +61,7 @@ private:
     bool kmlHasFailed_ = false;
     bool isFirst_ = true;  // nothing has been printed
     int printError_ = 0;   // an errno
+    std::vector<TrackPoint> track_{};
     WorkCounts counts_{};
     ProgressLine progress_;
 };

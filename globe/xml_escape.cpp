@@ -1,6 +1,7 @@
 #include "globe/xml_escape.h"
 
 #include "base/memory_guard.h"
+#include "base/printable.h"
 
 #include <string>
 
@@ -56,3 +57,44 @@ TovStringRef gpsEscapeForXML(std::u16string_view text)
         return createString(escaped);
     });
 }
+
+namespace pinorama {
+namespace {
+void appendCharacter(std::string_view text, std::string* out)
+{
+    switch (text.front()) {
+    case '&': *out += "&amp;"; return;
+    case '<': *out += "&lt;"; return;
+    case '>': *out += "&gt;"; return;
+    case '"': *out += "&quot;"; return;
+    default: break;
+    }
+    // The two that no document can hold (XML 1.0, section 2.2).
+    const bool isNoCharacter = text == "\xef\xbf\xbe" || text == "\xef\xbf\xbf";
+    *out += isNoCharacter ? "\ufffd" : text;
+}
+
+std::size_t lengthOfCharacter(char first)
+{
+    const auto byte = static_cast<unsigned char>(first);
+    return byte < 0x80 ? 1 : byte < 0xe0 ? 2 : byte < 0xf0 ? 3 : 4;
+}
+}  // namespace
+
+void appendXmlText(std::string_view text, std::string* out)
+{
+    for (std::size_t i = 0; i < text.size();) {
+        if (const DisplayControl control = displayControlAt(text, i)) {
+            const char32_t c = control.character;
+            const bool isAllowed = c >= 0x20 || c == '\t' || c == '\n' || c == '\r';
+            *out += isAllowed ? "&#" + std::to_string(static_cast<unsigned>(c)) + ';' : "\ufffd";
+            i += control.length;
+            continue;
+        }
+        const std::size_t length = lengthOfCharacter(text[i]);
+        appendCharacter(text.substr(i, length), out);
+        i += length;
+    }
+}
+
+}  // namespace pinorama

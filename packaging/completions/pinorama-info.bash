@@ -9,9 +9,13 @@ _pinorama_info()
             return  # files only, which is what bash offers by itself
         fi
     done
+    if [[ $COMP_CWORD -gt 1 && ${COMP_WORDS[COMP_CWORD - 1]} == --format ]]; then
+        COMPREPLY=($(compgen -W 'json csv kml geojson gpx' -- "$word"))
+        return
+    fi
     if [[ $word == -* ]]; then
         local IFS=$'\n'
-        COMPREPLY=($(compgen -W $'--recursive\n--json\n--csv\n--raw\n--kml\n--web\n--search\n--print-script\n--quiet\n--help\n--version' -- "$word"))
+        COMPREPLY=($(compgen -W $'--recursive\n--format\n--json\n--csv\n--raw\n--track\n--kml\n--web\n--search\n--print-script\n--quiet\n--help\n--version' -- "$word"))
     fi
 }
 

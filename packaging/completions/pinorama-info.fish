@@ -1,9 +1,11 @@
 # Completion of pinorama-info for fish.
 
 complete -c pinorama-info -l recursive -s r -d 'Read all pictures in folders'
+complete -c pinorama-info -l format -x -a 'json csv kml geojson gpx' -d 'Print in a format'
 complete -c pinorama-info -l json -d 'Print one JSON object per file'
 complete -c pinorama-info -l csv -d 'Print a table (CSV)'
 complete -c pinorama-info -l raw -d 'Add the raw fields to the table'
+complete -c pinorama-info -l track -d 'Add a track to a GPX document'
 complete -c pinorama-info -l kml -r -d 'Write a KML document of the places'
 complete -c pinorama-info -l web -x -d 'Print the address in a web service'
 complete -c pinorama-info -l search -d 'Print the address of the catalogue search'

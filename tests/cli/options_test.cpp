@@ -69,6 +69,11 @@ TEST(readOptions, takesTheOutput)
         {{"a"}, Output::text},
         {{"--csv", "a"}, Output::csv},
         {{"--json", "--json", "a"}, Output::json},
+        {{"--format", "json", "a"}, Output::json},
+        {{"--format=csv", "--csv", "a"}, Output::csv},
+        {{"--format", "kml", "a"}, Output::kml},
+        {{"--format", "geojson", "a"}, Output::geojson},
+        {{"--format", "gpx", "--track", "a"}, Output::gpx},
         {{"--web", "3", "a"}, Output::webAddress},
         {{"--search", "a"}, Output::catalogueAddress},
         {{"--print-script", "a"}, Output::script},
@@ -152,9 +157,15 @@ TEST(readOptions, explainsWhatIsWrong)
         {"a number that is too large",
          {"--web=99999999999", "a"},
          "--web needs the number of a web service, not '99999999999'"},
+        {"an unknown format",
+         {"--format=shp", "a"},
+         "--format needs json, csv, kml, geojson or gpx, not 'shp'"},
+        {"two formats",
+         {"--format=kml", "--json", "a"},
+         "only one of --format, --json, --csv, --web, --search and --print-script can be given"},
         {"two outputs",
          {"--json", "--csv", "a.jpg"},
-         "only one of --json, --csv, --web, --search and --print-script can be given"},
+         "only one of --format, --json, --csv, --web, --search and --print-script can be given"},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
@@ -173,9 +184,9 @@ TEST(readOptions, canBeCalledAgain)
 
 TEST(fullUsage, explainsEveryOption)
 {
-    for (const char* option :
-         {"-r, --recursive", "--json", "--csv", "--raw", "--kml DEST", "--web N", "--search",
-          "--print-script", "-q, --quiet", "-h, --help", "-v, --version", "FILE..."}) {
+    for (const char* option : {"-r, --recursive", "--format NAME", "--json", "--csv", "--raw",
+                               "--track", "--kml DEST", "--web N", "--search", "--print-script",
+                               "-q, --quiet", "-h, --help", "-v, --version", "FILE..."}) {
         EXPECT_NE(fullUsage().find(option), std::string::npos) << option;
     }
     EXPECT_EQ(fullUsage().rfind(shortUsage(), 0), 0u);

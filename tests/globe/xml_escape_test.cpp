@@ -59,3 +59,24 @@ TEST(gpsEscapeForXML, isNullWhenMemoryRunsOut)
     const test::Text escaped(gpsEscapeForXML(text));
     EXPECT_EQ(unitsOf(escaped.get()).size(), 200u);
 }
+
+TEST(appendXmlText, writesMarkupAndControlsAsEntities)
+{
+    const struct {
+        const char* name;
+        std::string text;
+        const char* expected;
+    } rows[] = {
+        {"nothing", "", ""},
+        {"plain", "caf\u00e9 \U0001f4f7", "caf\u00e9 \U0001f4f7"},
+        {"markup", "<a b=\"c\"> & d", "&lt;a b=&quot;c&quot;&gt; &amp; d"},
+        {"line breaks", "a\tb\nc\rd", "a&#9;b&#10;c&#13;d"},
+        {"what XML cannot hold", std::string("a\0b\x1b[2J\uffff", 10), "a\ufffdb\ufffd[2J\ufffd"},
+        {"what a terminal would obey", "\u009b2J\u202e\x7f", "&#155;2J&#8238;&#127;"},
+    };
+    for (const auto& row : rows) {
+        std::string out = "x";
+        pinorama::appendXmlText(row.text, &out);
+        EXPECT_EQ(out, std::string("x") + row.expected) << row.name;
+    }
+}
