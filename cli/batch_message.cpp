@@ -80,6 +80,14 @@ bool sendResult(int socket, const BatchResult& result)
         message.putDouble(point.position.longitude);
         message.putDouble(point.altitude.value_or(kNoAltitude));
     }
+    message.put64(result.hits.size());
+    for (const Hit& hit : result.hits) {
+        message.putDouble(hit.metres);
+        message.put64(hit.path.size());
+        message.put64(hit.text.size());
+        message.putBytes(hit.path);
+        message.putBytes(hit.text);
+    }
     message.putBytes(result.output);
     message.putBytes(result.placemarks);
     message.putBytes(result.diagnostics);
@@ -107,6 +115,15 @@ std::optional<BatchResult> takeResult(std::string* received)
         point.position.longitude = message.getDouble();
         const double altitude = message.getDouble();
         if (!std::isnan(altitude)) point.altitude = altitude;
+    }
+    const std::uint64_t hits = message.get64();
+    for (std::uint64_t i = 0; i < hits && !message.hasFailed(); i++) {
+        Hit& hit = result.hits.emplace_back();
+        hit.metres = message.getDouble();
+        const std::uint64_t pathLength = message.get64();
+        const std::uint64_t textLength = message.get64();
+        hit.path = textOf(message.getBytes(pathLength));
+        hit.text = textOf(message.getBytes(textLength));
     }
     const Bytes output = message.getBytes(outputLength);
     const Bytes placemarks = message.getBytes(placemarksLength);

@@ -79,14 +79,16 @@ bool missesAddress(const Options& options, const WorkCounts& counts)
 }
 }  // namespace
 
-int reportOnFiles(const Options& options, StringHolder serviceTemplate)
+int reportOnFiles(const Options& options, StringHolder serviceTemplate, PlaceFilter filter)
 {
     const auto start = std::chrono::steady_clock::now();
     BatchWork work({.output = options.output,
                     .serviceTemplate = std::move(serviceTemplate),
                     .placemarks = !options.kmlPath.empty(),
                     .isRaw = options.isRaw,
-                    .hasTrack = options.hasTrack});
+                    .hasTrack = options.hasTrack,
+                    .isSorted = options.isSorted()},
+                   std::move(filter));
     const bool isBatch = options.recursive || options.files.size() > kMaxFilesInTurn;
     if (!isBatch) work.expect(options.files);
     bool isBrokenPipe = false;

@@ -9,6 +9,7 @@
 #pragma once
 
 #include "cli/options.h"
+#include "cli/place_filter.h"
 #include "lib/strings/string_holder.h"
 
 namespace pinorama {
@@ -21,9 +22,10 @@ constexpr int kStoppedBySignal = 128;  // plus its number
 // Writes the reports on all files, in their order, and the KML document. A few files are read one
 // after the other; folders and many files on all processors.
 //
+//   filter           of a search; empty for none.
 //   serviceTemplate  the address of the web service that the options name; null for other outputs.
 //
 // Returns the exit status.
-int reportOnFiles(const Options& options, StringHolder serviceTemplate);
+int reportOnFiles(const Options& options, StringHolder serviceTemplate, PlaceFilter filter = {});
 
 }  // namespace pinorama

@@ -8,6 +8,7 @@
 #include "cli/text_block.h"
 #include "globe/kml_places.h"
 
+#include <iterator>
 #include <utility>
 
 #include <sys/stat.h>
@@ -52,13 +53,17 @@ void BatchResult::add(BatchResult following)
     files += following.files;
     located += following.located;
     failed += following.failed;
+    hits.insert(hits.end(), std::make_move_iterator(following.hits.begin()),
+                std::make_move_iterator(following.hits.end()));
     track.insert(track.end(), following.track.begin(), following.track.end());
 }
 
-BatchWork::BatchWork(ReportOptions options)
+BatchWork::BatchWork(ReportOptions options, PlaceFilter filter)
     : output_(options.output),
       isRaw_(options.isRaw),
       hasTrack_(options.hasTrack),
+      isSorted_(options.isSorted),
+      filter_(std::move(filter)),
       reporter_(std::move(options))
 {
 }
@@ -66,12 +71,8 @@ BatchWork::BatchWork(ReportOptions options)
 BatchResult BatchWork::process(std::span<const std::string> paths, int alarm)
 {
     BatchResult result;
-    for (const FileReport& report : reporter_.report(paths, alarm)) {
-        appendOutput(report, &result.output);
-        result.placemarks += report.placemark;
-        if (hasTrack_) {
-            if (const auto point = trackPointOf(report)) result.track.push_back(*point);
-        }
+    for (FileReport& report : reporter_.report(paths, alarm)) {
+        if (!filter_ || filter_(&report)) addOutput(report, &result);
         if (!report.error.empty()) {
             appendDiagnostic(report.path + ": " + report.error, &result.diagnostics);
             result.failed++;
@@ -87,11 +88,24 @@ BatchResult BatchWork::process(std::span<const std::string> paths, int alarm)
     return result;
 }
 
+void BatchWork::addOutput(const FileReport& report, BatchResult* result) const
+{
+    if (isSorted_ && report.nearness) {
+        Hit& hit = result->hits.emplace_back(Hit{report.nearness->metres, report.path});
+        appendOutput(report, &hit.text);
+    } else {
+        appendOutput(report, &result->output);
+    }
+    result->placemarks += report.placemark;
+    if (!hasTrack_) return;
+    if (const auto point = trackPointOf(report)) result->track.push_back(*point);
+}
+
 void BatchWork::appendOutput(const FileReport& report, std::string* out) const
 {
     switch (output_) {
     case Output::json: appendJsonLine(report, out); break;
-    case Output::csv: appendCsvLine(report, isRaw_, out); break;
+    case Output::csv: appendCsvLine(report, {isRaw_, report.nearness.has_value()}, out); break;
     case Output::text:
         if (!report.error.empty()) break;
         *out += separatorOf(output_);
@@ -117,7 +131,9 @@ std::string beginningOfOutput(const Options& options)
 {
     std::string beginning;
     switch (options.output) {
-    case Output::csv: appendCsvHeader(options.isRaw, &beginning); break;
+    case Output::csv:
+        appendCsvHeader({options.isRaw, !options.nearPlace.empty()}, &beginning);
+        break;
     case Output::kml: appendKmlBeginning(&beginning); break;
     case Output::geojson: appendGeoJsonBeginning(&beginning); break;
     case Output::gpx: appendGpxBeginning(&beginning); break;

@@ -5,6 +5,7 @@
 
 #include "cli/file_reporter.h"
 #include "cli/gpx_document.h"
+#include "cli/place_filter.h"
 
 #include <cstdint>
 #include <span>
@@ -14,11 +15,19 @@
 
 namespace pinorama {
 
+// What is printed about a picture once it is known where it belongs.
+struct Hit {
+    double metres;       // from the place of the search
+    std::string path{};  // as the report has it
+    std::string text{};
+};
+
 struct BatchResult {
     std::string output{};       // for standard output
     std::string placemarks{};   // for the KML document
     std::string diagnostics{};  // for standard error
     std::vector<TrackPoint> track{};
+    std::vector<Hit> hits{};  // instead of the output, if the search is sorted
     std::uint64_t files = 0;
     std::uint64_t located = 0;  // with a usable position
     std::uint64_t failed = 0;   // could not be read
@@ -29,7 +38,8 @@ struct BatchResult {
 
 class BatchWork {
 public:
-    explicit BatchWork(ReportOptions options);
+    // Only reports that pass the filter are printed; all are counted.
+    explicit BatchWork(ReportOptions options, PlaceFilter filter = {});
 
     // See FileReporter.
     void expect(std::span<const std::string> paths) { reporter_.expect(paths); }
@@ -39,11 +49,14 @@ public:
     BatchResult process(std::span<const std::string> paths, int alarm = -1);
 
 private:
+    void addOutput(const FileReport& report, BatchResult* result) const;
     void appendOutput(const FileReport& report, std::string* out) const;
 
     Output output_;
     bool isRaw_;
     bool hasTrack_;
+    bool isSorted_;
+    PlaceFilter filter_;
     FileReporter reporter_;
 };
 

@@ -124,17 +124,17 @@ private:
 };
 }  // namespace
 
-void appendCsvHeader(bool isRaw, std::string* out)
+void appendCsvHeader(CsvColumns columns, std::string* out)
 {
     HeaderWriter header(out);
-    visitColumns(FileReport{}, isRaw, header);
+    visitColumns(FileReport{}, columns, header);
     header.close();
 }
 
-void appendCsvLine(const FileReport& report, bool isRaw, std::string* out)
+void appendCsvLine(const FileReport& report, CsvColumns columns, std::string* out)
 {
     RowWriter row(out);
-    visitColumns(report, isRaw, row);
+    visitColumns(report, columns, row);
     row.close();
 }
 

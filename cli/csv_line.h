@@ -14,12 +14,16 @@
 
 namespace pinorama {
 
+// The columns beside those that every table has.
+struct CsvColumns {
+    bool isRaw = false;        // the fields of the record and the texts of the window
+    bool hasNearness = false;  // distance and bearing from the place of a search
+};
+
 // Appends the first row, which has the names of the columns.
-//
-//   isRaw  with further columns for the fields of the record and the texts of the window.
-void appendCsvHeader(bool isRaw, std::string* out);
+void appendCsvHeader(CsvColumns columns, std::string* out);
 
 // Appends the row of one report.
-void appendCsvLine(const FileReport& report, bool isRaw, std::string* out);
+void appendCsvLine(const FileReport& report, CsvColumns columns, std::string* out);
 
 }  // namespace pinorama

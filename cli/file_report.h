@@ -3,17 +3,14 @@
 
 #pragma once
 
+#include "nearby/place_circle.h"
+#include "nearby/position.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
 
 namespace pinorama {
-
-// Where a picture was taken, with signs.
-struct Position {
-    double latitude;   // degrees, -90 to 90, negative in the south
-    double longitude;  // degrees, -180 to 180, negative in the west
-};
 
 // The place of a picture, as in fileInfoRecord.
 struct PlaceReport {
@@ -49,6 +46,7 @@ struct FileReport {
     std::string taken;         // empty if the picture does not say; so are the two below
     std::string modifiedTime;  // of the file
     std::string createdTime;
+    std::optional<Nearness> nearness;  // to the place of a search
     // The texts of a usable position. Empty without one, and where the window shows nothing either.
     std::string coordinate;
     std::string altitudeText;

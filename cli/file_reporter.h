@@ -31,6 +31,7 @@ struct ReportOptions {
     bool placemarks = false;
     bool isRaw = false;     // for Output::csv
     bool hasTrack = false;  // for Output::gpx
+    bool isSorted = false;  // by the distance from the place of a search
 };
 
 // Nobody waits at a window here, so a slow disk has more time than there.

@@ -41,6 +41,7 @@ void appendGeoJsonFeature(const FileReport& report, std::string* out)
     object.add("altitude", report.altitude);
     object.add("direction", report.heading);
     object.add("taken", textOrNothing(report.taken));
+    if (report.nearness) visitNearness(report, object);
     const PlaceReport none{};
     const PlaceReport& place = report.place ? *report.place : none;
     object.add("city", place.city);

@@ -60,6 +60,12 @@ void chooseDocument(Reading& reading, const char* value)
     if (*value == '\0') reading.error = "--kml needs a file name";
 }
 
+void chooseText(Reading& reading, const char* need, const char* value, std::string* out)
+{
+    *out = value;
+    if (*value == '\0') reading.error = need;
+}
+
 // Everything about one option.
 struct OptionRow {
     char letter;  // 0 if it has only its name
@@ -82,6 +88,19 @@ constexpr OptionRow kRows[] = {
      [](Reading& reading, const char*) { reading.options->isRaw = true; }},
     {0, "track", nullptr, "add a track in the order of time to a GPX document",
      [](Reading& reading, const char*) { reading.options->hasTrack = true; }},
+    {0, "near", "PLACE",
+     "print only pictures within 2000 m of LAT,LON or of a picture, nearest first",
+     [](Reading& reading, const char* value) {
+         chooseText(reading, "--near needs a place", value, &reading.options->nearPlace);
+     }},
+    {0, "within", "FILE", "print only pictures inside the polygons of a GeoJSON file",
+     [](Reading& reading, const char* value) {
+         chooseText(reading, "--within needs a file name", value, &reading.options->areaPath);
+     }},
+    {0, "no-position", nullptr, "print only pictures that have no position",
+     [](Reading& reading, const char*) { reading.options->withoutPosition = true; }},
+    {0, "as-found", nullptr, "print the pictures near a place as soon as they are found",
+     [](Reading& reading, const char*) { reading.options->asFound = true; }},
     {0, "kml", "DEST", "write a KML document of the places to the file DEST", chooseDocument},
     {0, "web", "N", "print the address of each place in web service N", chooseWebService},
     {0, "search", nullptr, "print the address of the catalogue search for each place",
@@ -166,6 +185,10 @@ bool readOptions(int argc, char** argv, Options* options, std::string* outError)
         return false;
     }
     options->files.assign(argv + optind, argv + argc);
+    if (options->withoutPosition && (!options->nearPlace.empty() || !options->areaPath.empty())) {
+        *outError = "--no-position can be given neither with --near nor with --within";
+        return false;
+    }
     if (!options->kmlPath.empty() && !reading.hasOutput) options->output = Output::nothing;
     if (options->help || options->version || !options->files.empty()) return true;
     *outError = options->recursive ? "no folder given" : "no file given";

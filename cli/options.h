@@ -24,10 +24,14 @@ enum class Output : std::uint8_t {
 
 struct Options {
     Output output = Output::text;
-    std::int32_t webService = 0;  // for Output::webAddress, from 1
-    std::string kmlPath{};        // raw bytes; empty for no document
-    bool isRaw = false;           // for Output::csv: the raw fields as well
-    bool hasTrack = false;        // for Output::gpx: a track as well
+    std::int32_t webService = 0;   // for Output::webAddress, from 1
+    std::string kmlPath{};         // raw bytes; empty for no document
+    bool isRaw = false;            // for Output::csv: the raw fields as well
+    bool hasTrack = false;         // for Output::gpx: a track as well
+    std::string nearPlace{};       // the value of --near, empty for none
+    std::string areaPath{};        // raw bytes; empty for none
+    bool withoutPosition = false;  // only pictures that have none
+    bool asFound = false;          // not sorted by distance
     bool recursive = false;
     bool quiet = false;
     bool help = false;
@@ -35,7 +39,13 @@ struct Options {
     std::vector<std::string> files{};  // raw bytes, in the order given
 
     // A document of one placemark, as the window exports it.
-    bool isSingleExport() const { return !kmlPath.empty() && !recursive && files.size() == 1; }
+    bool isSingleExport() const
+    {
+        return !kmlPath.empty() && !recursive && files.size() == 1 && !isSearch();
+    }
+    bool isSearch() const { return !nearPlace.empty() || !areaPath.empty() || withoutPosition; }
+    // The nearest pictures come first, so that nothing is printed before all have been read.
+    bool isSorted() const { return !nearPlace.empty() && !asFound; }
 };
 
 // Reads the arguments of main. Options may come between the files; "--" ends them.

@@ -3,8 +3,10 @@
 #include "base/descriptor.h"
 #include "cli/diagnostic.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <tuple>
 #include <utility>
 
 #include <unistd.h>
@@ -34,6 +36,7 @@ void Outputs::write(const BatchResult& result)
     print(result.output);
     if (!kmlPath_.empty() && !kmlHasFailed_ && !kml_.add(result.placemarks)) failKml();
     if (!result.diagnostics.empty()) printDiagnostics(result.diagnostics);
+    hits_.insert(hits_.end(), result.hits.begin(), result.hits.end());
     track_.insert(track_.end(), result.track.begin(), result.track.end());
     counts_.files += result.files;
     counts_.located += result.located;
@@ -55,6 +58,10 @@ void Outputs::reportFolder(const std::string& path, const std::string& why)
 
 void Outputs::finish()
 {
+    std::sort(hits_.begin(), hits_.end(), [](const Hit& a, const Hit& b) {
+        return std::tie(a.metres, a.path) < std::tie(b.metres, b.path);
+    });
+    for (const Hit& hit : hits_) print(hit.text);
     isFirst_ = false;
     print(endOfOutput(options_, std::move(track_)));
     if (!kmlPath_.empty() && !kmlHasFailed_ && !kml_.finish()) failKml();

@@ -62,6 +62,7 @@ private:
     bool isFirst_ = true;  // nothing has been printed
     int printError_ = 0;   // an errno
     std::vector<TrackPoint> track_{};
+    std::vector<Hit> hits_{};
     WorkCounts counts_{};
     ProgressLine progress_;
 };

@@ -5,6 +5,7 @@
 
 #pragma once
 
+#include "cli/csv_line.h"
 #include "cli/file_report.h"
 
 #include <optional>
@@ -27,6 +28,15 @@ inline std::optional<double> longitudeOf(const FileReport& report)
 inline std::optional<std::string> textOrNothing(const std::string& text)
 {
     return text.empty() ? std::nullopt : std::optional(text);
+}
+
+// Visits how a picture lies from the place of a search. The record has its own distance.
+template <typename Fields>
+void visitNearness(const FileReport& report, Fields& fields)
+{
+    using Number = std::optional<double>;
+    fields.add("metres", report.nearness ? Number(report.nearness->metres) : Number());
+    fields.add("bearing", report.nearness ? Number(report.nearness->bearing) : Number());
 }
 
 // Visits the numbers of the record that have no other column in the table. Its altitude is left
@@ -95,14 +105,13 @@ void visitFields(const FileReport& report, Fields& fields)
     fields.add("taken", textOrNothing(report.taken));
     fields.add("modifiedTime", textOrNothing(report.modifiedTime));
     fields.add("createdTime", textOrNothing(report.createdTime));
+    if (report.nearness) visitNearness(report, fields);
 }
 
 // The same for the columns of the table.
 //
-//   isRaw  with the fields of the record and the texts of the window, where they differ from the
-//          other columns.
 template <typename Fields>
-void visitColumns(const FileReport& report, bool isRaw, Fields& fields)
+void visitColumns(const FileReport& report, CsvColumns columns, Fields& fields)
 {
     fields.add("path", std::string_view(report.path));
     fields.add("latitude", latitudeOf(report));
@@ -110,6 +119,7 @@ void visitColumns(const FileReport& report, bool isRaw, Fields& fields)
     fields.add("altitude", report.altitude);
     fields.add("direction", report.heading);
     fields.add("taken", textOrNothing(report.taken));
+    if (columns.hasNearness) visitNearness(report, fields);
     fields.add("name", std::string_view(report.name));
     const PlaceReport none{};
     const PlaceReport& place = report.place ? *report.place : none;
@@ -120,7 +130,7 @@ void visitColumns(const FileReport& report, bool isRaw, Fields& fields)
     fields.add("size", report.size);
     fields.add("modified", textOrNothing(report.modifiedTime));
     fields.add("created", textOrNothing(report.createdTime));
-    if (!isRaw) return;
+    if (!columns.isRaw) return;
     fields.add("accepted", report.isAccepted);
     visitRecord(report, fields);
     fields.add("sizeText", std::string_view(report.sizeText));

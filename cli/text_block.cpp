@@ -2,6 +2,7 @@
 
 #include "base/printable.h"
 
+#include <cmath>
 #include <string_view>
 
 namespace pinorama {
@@ -17,6 +18,11 @@ void appendLine(std::string_view caption, std::string_view value, std::string* o
         appendPrintable(value, out);
     }
     *out += '\n';
+}
+
+std::string rounded(double number)
+{
+    return std::to_string(std::llround(number));
 }
 
 std::string_view textOr(const std::optional<std::string>& text)
@@ -35,6 +41,10 @@ void appendTextBlock(const FileReport& report, std::string* out)
     appendLine("Coordinate", report.coordinate, out);
     appendLine("Altitude", report.altitudeText, out);
     appendLine("Direction", report.direction, out);
+    if (report.nearness) {
+        appendLine("Distance", rounded(report.nearness->metres) + " m", out);
+        appendLine("Bearing", rounded(report.nearness->bearing) + "\u00b0", out);
+    }
     const PlaceReport none{};
     const PlaceReport& place = report.place ? *report.place : none;
     appendLine("City", textOr(place.city), out);

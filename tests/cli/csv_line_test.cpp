@@ -13,14 +13,14 @@ namespace {
 std::string rowOf(const FileReport& report, bool isRaw = false)
 {
     std::string row;
-    appendCsvLine(report, isRaw, &row);
+    appendCsvLine(report, {.isRaw = isRaw}, &row);
     return row;
 }
 
 std::string headerOf(bool isRaw)
 {
     std::string header;
-    appendCsvHeader(isRaw, &header);
+    appendCsvHeader({.isRaw = isRaw}, &header);
     return header;
 }
 
