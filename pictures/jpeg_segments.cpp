@@ -21,6 +21,8 @@ constexpr std::uint64_t kExifHeader = 6;
 constexpr std::uint8_t kPhotoshopName[] = {'P', 'h', 'o', 't', 'o', 's', 'h',
                                            'o', 'p', ' ', '3', '.', '0', 0};
 
+constexpr char kXmpName[] = "http://ns.adobe.com/xap/1.0/";  // and its zero byte
+
 // Foreign bytes and fill bytes that are stepped over in a whole picture.
 constexpr std::uint64_t kMaxForeignBytes = 65536;
 
@@ -79,6 +81,11 @@ private:
     std::uint64_t position_ = 2;  // after the start of the image
     std::uint64_t foreignBytes_ = 0;
 };
+
+bool isXmp(const ByteBlock& content)
+{
+    return content.beginsWith({reinterpret_cast<const std::uint8_t*>(kXmpName), sizeof kXmpName});
+}
 }  // namespace
 
 bool isJpeg(const ByteBlock& picture)
@@ -87,7 +94,7 @@ bool isJpeg(const ByteBlock& picture)
     return picture.beginsWith(kStart);
 }
 
-JpegMetadata findJpegMetadata(const ByteBlock& jpeg)
+JpegMetadata findJpegMetadata(const ByteBlock& jpeg, WithXmp withXmp)
 {
     JpegMetadata found;
     Segments segments(jpeg);
@@ -96,6 +103,9 @@ JpegMetadata findJpegMetadata(const ByteBlock& jpeg)
         if (segment->marker == kApp1 && found.exif.isEmpty() && content.beginsWith(kExifName)) {
             const ByteBlock tiff = content.from(kExifHeader);
             if (TiffBlock::open(tiff)) found.exif = tiff;
+        } else if (segment->marker == kApp1 && withXmp == WithXmp::yes && found.xmp.isEmpty() &&
+                   isXmp(content)) {
+            found.xmp = content.from(sizeof kXmpName);
         } else if (segment->marker == kApp13 && content.beginsWith(kPhotoshopName)) {
             found.photoshop.push_back(content.from(sizeof kPhotoshopName));
         }

@@ -15,7 +15,11 @@ struct JpegMetadata {
     // The pieces of the Photoshop resources (APP13), in order: 64 KiB is the end of a segment but
     // not of the resources.
     std::vector<ByteBlock> photoshop;
+    // The XMP packet of the first segment (APP1) that has one, where it is asked for; else empty.
+    ByteBlock xmp{};
 };
+
+enum class WithXmp : bool { no, yes };
 
 // True when `picture` begins as JPEG does.
 bool isJpeg(const ByteBlock& picture);
@@ -23,7 +27,7 @@ bool isJpeg(const ByteBlock& picture);
 // Looks through the segments of the first image in `jpeg` up to its picture data. As decoders do,
 // it steps over fill bytes and a little foreign matter between segments; a segment that claims to
 // go on after the end is cut there.
-// Source: ITU-T T.81, Annex B; Exif 2.32, 4.7.
-JpegMetadata findJpegMetadata(const ByteBlock& jpeg);
+// Source: ITU-T T.81, Annex B; Exif 2.32, 4.7; XMP Specification, Part 3, 1.1.3.
+JpegMetadata findJpegMetadata(const ByteBlock& jpeg, WithXmp withXmp = WithXmp::no);
 
 }  // namespace pinorama

@@ -1,84 +1,27 @@
 #include "pictures/picture_properties.h"
 
 #include "pictures/crw.h"
-#include "pictures/exif_gps.h"
-#include "pictures/exif_time.h"
-#include "pictures/iptc_record.h"
-#include "pictures/jpeg_segments.h"
+#include "pictures/first_image.h"
 #include "pictures/mrw.h"
-#include "pictures/photoshop_resources.h"
 #include "pictures/raf.h"
-#include "pictures/tiff_directory.h"
-
-#include <vector>
 
 namespace pinorama {
-namespace {
-
-constexpr std::uint16_t kIptcTag = 0x83bb;
-constexpr std::uint16_t kExifTag = 0x8769;
-constexpr std::uint16_t kGpsTag = 0x8825;
-
-// Resources that are spread over several segments are put together up to this size.
-constexpr std::uint64_t kMaxJoinedBytes = 1 << 20;
-
-// Only the first directory is looked at: the others are smaller copies and other images. The GPS
-// directory is read also where another pointer shares its offset, as in pictures of Windows phones.
-void readTiff(const TiffBlock& tiff, PictureProperties& properties)
-{
-    enum { iptc, exif, gps };
-    TiffEntry entries[] = {{kIptcTag}, {kExifTag}, {kGpsTag}};
-    tiff.findEntries(tiff.firstDirectory(), entries);
-    if (const auto offset = tiff.integerOf(entries[gps])) {
-        readGpsDirectory(tiff, *offset, properties);
-    }
-    readExifTime(tiff, tiff.integerOf(entries[exif]), tiff.integerOf(entries[gps]), properties);
-    // What the Photoshop resources of a JPEG picture say comes first.
-    if (!properties.hasIptc) readIptcRecord(entries[iptc].value, properties);
-}
-
-void readIptcResource(const ByteBlock& resources, PictureProperties& properties)
-{
-    readIptcRecord(findPhotoshopResource(resources, kIptcResource), properties);
-}
-
-void readPhotoshop(const std::vector<ByteBlock>& pieces, PictureProperties& properties)
-{
-    if (pieces.size() == 1) {
-        readIptcResource(pieces.front(), properties);
-        return;
-    }
-    std::vector<std::uint8_t> joined;
-    for (const ByteBlock& piece : pieces) {
-        const ByteView bytes = piece.view(0, static_cast<std::size_t>(piece.length()));
-        if (joined.size() + bytes.size() > kMaxJoinedBytes) break;
-        joined.insert(joined.end(), bytes.begin(), bytes.end());
-    }
-    MemoryByteSource source(joined);
-    readIptcResource(ByteBlock(source), properties);
-}
-
-void readJpeg(const ByteBlock& jpeg, PictureProperties& properties)
-{
-    const JpegMetadata metadata = findJpegMetadata(jpeg);
-    if (!metadata.photoshop.empty()) readPhotoshop(metadata.photoshop, properties);
-    if (const auto tiff = TiffBlock::open(metadata.exif)) readTiff(*tiff, properties);
-}
-}  // namespace
 
 std::optional<PictureProperties> readPictureProperties(ByteSource& source)
 {
     const ByteBlock picture(source);
     PictureProperties properties;
     if (isJpeg(picture)) {
-        readJpeg(picture, properties);
+        readJpegImage(picture, properties);
     } else if (isRaf(picture)) {
         const ByteBlock jpeg = findRafJpeg(picture);
-        if (isJpeg(jpeg)) readJpeg(jpeg, properties);
+        if (isJpeg(jpeg)) readJpegImage(jpeg, properties);
     } else if (isMrw(picture)) {
-        if (const auto tiff = TiffBlock::open(findMrwTiff(picture))) readTiff(*tiff, properties);
+        if (const auto tiff = TiffBlock::open(findMrwTiff(picture))) {
+            readTiffImage(*tiff, properties);
+        }
     } else if (const auto tiff = TiffBlock::open(picture)) {
-        readTiff(*tiff, properties);
+        readTiffImage(*tiff, properties);
     } else if (!isCrw(picture)) {
         return std::nullopt;
     }
