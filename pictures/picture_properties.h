@@ -15,6 +15,34 @@
 
 namespace pinorama {
 
+// Where a value was found.
+enum class ValueSource : std::uint8_t {
+    exif,
+    iptc,
+    xmp,        // in the picture
+    quickTime,  // the position of a video
+    sidecar,    // XMP in a file beside the picture
+};
+constexpr std::uint8_t kValueSourceCount = 5;
+
+// The sources of those values of a picture that can have several. That of a value which is absent
+// means nothing.
+struct ValueSources {
+    ValueSource position = ValueSource::exif;  // of latitude and longitude, with their references
+    ValueSource altitude = ValueSource::exif;
+    ValueSource direction = ValueSource::exif;
+    ValueSource city = ValueSource::iptc;
+    ValueSource state = ValueSource::iptc;
+    ValueSource country = ValueSource::iptc;
+    ValueSource caption = ValueSource::iptc;
+
+    static constexpr ValueSources all(ValueSource source)
+    {
+        return {source, source, source, source, source, source, source};
+    }
+    friend bool operator==(const ValueSources&, const ValueSources&) = default;
+};
+
 struct PictureProperties {
     bool hasGps = false;             // the first image has a GPS directory, whatever stands in it
     std::optional<double> latitude;  // decimal degrees without sign; so is longitude
@@ -39,6 +67,8 @@ struct PictureProperties {
     std::optional<std::u16string> state;
     std::optional<std::u16string> country;
     std::optional<std::u16string> caption;
+
+    ValueSources sources{};
 
     friend bool operator==(const PictureProperties&, const PictureProperties&) = default;
 };
