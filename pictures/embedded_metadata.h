@@ -1,0 +1,33 @@
+// The pieces of metadata that a container holds, still as bytes.
+
+#pragma once
+
+#include <optional>
+
+#include "pictures/byte_source.h"
+
+namespace pinorama {
+
+// A position as videos state it.
+struct StatedPlace {
+    double latitude = 0.0;  // decimal degrees, negative in the south; so is longitude in the west
+    double longitude = 0.0;
+    std::optional<double> altitude{};  // metres, negative below sea level
+
+    friend bool operator==(const StatedPlace&, const StatedPlace&) = default;
+};
+
+// Whatever a container does not have is empty.
+struct EmbeddedMetadata {
+    ByteBlock exif;                      // a TIFF block
+    ByteBlock gps;                       // a TIFF block whose first directory is that of the GPS
+    ByteBlock iptc;                      // an IPTC-IIM record
+    ByteBlock xmp;                       // an XMP packet, perhaps with something after it
+    std::optional<StatedPlace> place{};  // outside of the standards for pictures
+};
+
+// The TIFF block in an Exif part: `part` itself, or what follows the letters "Exif" and two bytes
+// in it. Empty when there is none.
+ByteBlock tiffInExifPart(const ByteBlock& part);
+
+}  // namespace pinorama
