@@ -17,6 +17,14 @@ void setVariable(const std::string& name, const char* value)
     }
     tzset();
 }
+
+// An empty variable counts as none.
+std::optional<std::string> valueOf(const char* name)
+{
+    const char* value = std::getenv(name);
+    if (value == nullptr || *value == '\0') return std::nullopt;
+    return value;
+}
 }  // namespace
 
 test::ScopedVariable::ScopedVariable(std::string name, const char* value) : name_(std::move(name))
@@ -66,7 +74,10 @@ std::string test::readFile(const std::string& path)
 
 std::optional<std::string> test::pictureCollection()
 {
-    const char* folder = std::getenv("PINORAMA_PICTURE_COLLECTION");
-    if (folder == nullptr || *folder == '\0') return std::nullopt;
-    return folder;
+    return valueOf("PINORAMA_PICTURE_COLLECTION");
+}
+
+std::optional<std::string> test::formatCollection()
+{
+    return valueOf("PINORAMA_FORMAT_COLLECTION");
 }

@@ -49,4 +49,7 @@ std::string readFile(const std::string& path);
 // nothing if it is unset; tests are then skipped.
 std::optional<std::string> pictureCollection();
 
+// The same for the collection of further formats (PINORAMA_FORMAT_COLLECTION).
+std::optional<std::string> formatCollection();
+
 }  // namespace test

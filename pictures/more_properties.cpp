@@ -1,0 +1,115 @@
+#include "pictures/more_properties.h"
+
+#include "pictures/crw.h"
+#include "pictures/embedded_metadata.h"
+#include "pictures/exif_gps.h"
+#include "pictures/first_image.h"
+#include "pictures/gif_blocks.h"
+#include "pictures/iptc_record.h"
+#include "pictures/iso_media.h"
+#include "pictures/merged_properties.h"
+#include "pictures/mrw.h"
+#include "pictures/png_chunks.h"
+#include "pictures/psd_resources.h"
+#include "pictures/raf.h"
+#include "pictures/webp_chunks.h"
+#include "pictures/x3f.h"
+#include "pictures/xmp_packet.h"
+
+#include <cmath>
+#include <utility>
+
+namespace pinorama {
+namespace {
+
+// The containers that do nothing but hold the pieces.
+constexpr struct {
+    bool (*isOne)(const ByteBlock& file);
+    EmbeddedMetadata (*find)(const ByteBlock& file);
+} kContainers[] = {
+    {isIsoMedia, findIsoMetadata}, {isPng, findPngMetadata}, {isWebp, findWebpMetadata},
+    {isGif, findGifMetadata},      {isPsd, findPsdMetadata},
+};
+
+PictureProperties propertiesOfPlace(const StatedPlace& place)
+{
+    PictureProperties properties;
+    properties.latitude = std::abs(place.latitude);
+    properties.latitudeReference = place.latitude < 0.0 ? u"S" : u"N";
+    properties.longitude = std::abs(place.longitude);
+    properties.longitudeReference = place.longitude < 0.0 ? u"W" : u"E";
+    if (place.altitude) {
+        properties.altitude = std::abs(*place.altitude);
+        properties.altitudeReference = *place.altitude < 0.0 ? 1 : 0;
+    }
+    return properties;
+}
+
+// What has been read of a file, and where its XMP is.
+struct Reading {
+    PictureProperties properties{};
+    ByteBlock xmp{};
+    std::optional<StatedPlace> place{};
+
+    void takeTiff(const ByteBlock& block)
+    {
+        if (const auto tiff = TiffBlock::open(block)) xmp = readTiffImage(*tiff, properties);
+    }
+    void takeJpeg(const ByteBlock& block)
+    {
+        if (isJpeg(block)) xmp = readJpegImage(block, properties, WithXmp::yes);
+    }
+    void take(const EmbeddedMetadata& metadata)
+    {
+        readIptcRecord(metadata.iptc, properties);
+        takeTiff(metadata.exif);
+        const auto gps = TiffBlock::open(metadata.gps);
+        if (gps) readGpsDirectory(*gps, gps->firstDirectory(), properties);
+        if (!metadata.xmp.isEmpty()) xmp = metadata.xmp;
+        place = metadata.place;
+    }
+};
+
+std::optional<Reading> readFile(const ByteBlock& file)
+{
+    Reading reading;
+    for (const auto& container : kContainers) {
+        if (!container.isOne(file)) continue;
+        reading.take(container.find(file));
+        return reading;
+    }
+    if (isJpeg(file)) {
+        reading.takeJpeg(file);
+    } else if (isRaf(file)) {
+        reading.takeJpeg(findRafJpeg(file));
+    } else if (isX3f(file)) {
+        reading.takeJpeg(findX3fJpeg(file));
+    } else if (isMrw(file)) {
+        reading.takeTiff(findMrwTiff(file));
+    } else if (TiffBlock::open(file)) {
+        reading.takeTiff(file);
+    } else if (!isCrw(file)) {
+        return std::nullopt;
+    }
+    return reading;
+}
+}  // namespace
+
+std::optional<PictureProperties> readMoreProperties(ByteSource& source, std::string_view language)
+{
+    const ByteBlock file(source);
+    std::optional<Reading> reading = readFile(file);
+    if (!reading) return readXmp(file, language);
+    PictureProperties& properties = reading->properties;
+    if (!reading->xmp.isEmpty()) {
+        if (const auto xmp = readXmp(reading->xmp, language)) {
+            addMissing(properties, *xmp, ValueSource::xmp);
+        }
+    }
+    if (reading->place) {
+        addMissing(properties, propertiesOfPlace(*reading->place), ValueSource::quickTime);
+    }
+    return std::move(properties);
+}
+
+}  // namespace pinorama
