@@ -4,9 +4,9 @@
 #include "app/file_dialogs.h"
 #include "app/finder_sync.h"
 #include "app/main_window.h"
-#include "base/file_attributes.h"
 #include "base/file_uri.h"
 #include "base/resource_folder.h"
+#include "base/status.h"
 #include "lib/conv/time_conversions.h"
 #include "lib/files/path_text.h"
 #include "lib/strings/string_holder.h"
@@ -15,7 +15,6 @@
 #include "lib/ui/application_bundle.h"
 #include "lib/ui/string_tables.h"
 #include "location/accepted_types.h"
-#include "location/file_facts.h"
 #include "location/metadata_reader.h"
 
 #include <QAction>
@@ -24,20 +23,11 @@
 #include <QSignalBlocker>
 
 #include <filesystem>
-#include <optional>
 #include <utility>
 
 namespace pinorama {
 namespace {
 constexpr int kSelectionInterval = 200;  // milliseconds
-
-// The facts of what is at `path`: of the picture that is open, else of whatever it is.
-fileFacts factsOf(const PictureFile& picture, const std::string& path)
-{
-    if (picture.isOpen()) return gpsMakeFileFacts(picture.attributes());
-    const std::optional<FileAttributes> attributes = attributesOf(path);
-    return attributes ? gpsMakeFileFacts(*attributes) : fileFacts{};
-}
 
 // A window with its views in it.
 std::unique_ptr<MainWindow> furnished(std::unique_ptr<MainWindow> window)
@@ -63,6 +53,14 @@ AppController::AppController(SelectionSource* selection, UrlOpener* opener,
     connect(&intake_, &PathIntake::pathOpened, this, [this](const std::string& path) {
         showMainWindow();
         showPath(path);
+    });
+    connect(&reading_, &PictureReading::looked, this,
+            [this](const PictureFile& file) { fields_.showItem(path_, file.item()); });
+    connect(&reading_, &PictureReading::opened, this, &AppController::showOpened);
+    connect(&reading_, &PictureReading::openerMissing, this, [this] {
+        showNoPlaceYet();
+        fields_.showInsteadOfPreview(
+            tr("Files cannot be opened: the program pinorama-opener does not start."));
     });
     connect(&reading_, &PictureReading::previewRead, this,
             [this](const QPixmap& preview) { fields_.showPreview(preview); });
@@ -217,24 +215,38 @@ bool AppController::show(const std::string& path, TovStringRef text)
     TovStringRelease(&lastPath);
     lastPath = text;
     path_ = path;
-    reading_.begin(path);
-
-    PictureFile picture(path);
-    fields_.showName(path, text);
-    fields_.showFacts(factsOf(picture, path));
+    fields_.showName(text);
     const bool isAccepted = acceptPath(text);
-    if (isAccepted) {
-        gpsPrepareInfoRecord(&info);
-        showPlaceRead(reading_.readPlace(picture, &info));
-    } else {
+    if (!isAccepted) {
         fields_.clearPosition();
         fields_.clearPlaceTexts();
         actions_.setEnabled(false);
     }
+    // Nearly always the file is opened, and showOpened called, before this returns.
+    reading_.begin(path);
+    if (!reading_.hasLooked()) fields_.clearItem();
+    if (reading_.isOpening()) showNoPlaceYet();
+    return isAccepted;
+}
+
+// Shows the file, whose place is not known, as one without a position.
+void AppController::showNoPlaceYet()
+{
+    if (!acceptPath(lastPath)) return;
+    gpsPrepareInfoRecord(&info);
+    showPlaceRead(kErrNothingUsable);
+}
+
+// The file that is shown has been opened, or cannot be.
+void AppController::showOpened()
+{
+    if (acceptPath(lastPath)) {
+        gpsPrepareInfoRecord(&info);
+        showPlaceRead(reading_.readPlace(&info));
+    }
     // It comes through the event loop: the texts are there at once, and while the selection moves
     // on quickly only the last picture is drawn.
-    reading_.requestPreview(std::move(picture));
-    return isAccepted;
+    reading_.requestPreview();
 }
 
 // Shows what reading the place has come to, `status`, which has filled the record.

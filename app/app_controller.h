@@ -90,10 +90,10 @@ public:
     //
     //   path  read only. Null and the path that is shown already do nothing at all.
     //
-    // A place that a slow disk does not give within half a second is shown when it comes, unless
-    // another path is shown by then. Until then the window says that it is still reading, and shows
-    // the picture as one without a position: coordinate, altitude and direction are empty, the
-    // place texts those of the picture before.
+    // What a slow disk does not give at once is shown when it comes, unless another path is shown
+    // by then. Until then the window says that it is still reading, or that the file does not
+    // answer, leaves size and dates empty, and shows the picture as one without a position:
+    // coordinate, altitude and direction are empty, the place texts those of the picture before.
     //
     // Returns true when the path is new and its type accepted, with or without a location.
     bool updateValuesForNewPath(TovStringRef path);
@@ -147,6 +147,8 @@ private:
     void connectOutlets();
     void connectMenu();
     bool show(const std::string& path, TovStringRef text);
+    void showNoPlaceYet();
+    void showOpened();
     void showPlaceRead(std::int32_t status);
 
     std::unique_ptr<MainWindow> window_;

@@ -5,7 +5,7 @@
 #include "lib/ui/cocoa_utils.h"
 #include "lib/ui/qt_text.h"
 #include "location/coordinate_text.h"
-#include "location/file_name.h"
+#include "location/file_facts.h"
 
 namespace pinorama {
 namespace {
@@ -16,19 +16,28 @@ void showOwned(QWidget* field, TovStringRef text)
 }
 }  // namespace
 
-void FileFields::showName(const std::string& path, TovStringRef text)
+void FileFields::showName(TovStringRef path)
 {
-    showOwned(window_.fileNameField, gpsCopyFileName(text));
-    window_.fileNameField->setToolTip(cuDisplayText(text));
+    showOwned(window_.fileNameField, gpsCopyFileName(path));
+    window_.fileNameField->setToolTip(cuDisplayText(path));
     window_.fileIconField->clear();
-    window_.fileIconField->setFile(path);
+    window_.fileIconField->setFile({});
 }
 
-void FileFields::showFacts(const fileFacts& facts)
+void FileFields::showItem(const std::string& path, const std::optional<FileAttributes>& item)
 {
+    const fileFacts facts = item ? gpsMakeFileFacts(*item) : fileFacts{};
+    window_.fileIconField->setFile(item ? path : std::string());
     showOwned(window_.fileSizeField, gpsMakeFileSizeText(facts));
     showOwned(window_.fileModificationDateField, gpsMakeModifiedText(facts));
     showOwned(window_.fileCreationDateField, gpsMakeCreatedText(facts));
+}
+
+void FileFields::clearItem()
+{
+    for (QWidget* field :
+         {window_.fileSizeField, window_.fileModificationDateField, window_.fileCreationDateField})
+        cocoaUtils::setStringValue(field, nullptr);
 }
 
 void FileFields::showPreview(const QPixmap& preview)

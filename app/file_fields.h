@@ -3,9 +3,10 @@
 
 #pragma once
 
-#include "location/file_facts.h"
+#include "base/file_attributes.h"
 #include "location/file_info_record.h"
 
+#include <optional>
 #include <string>
 
 class QPixmap;
@@ -21,13 +22,14 @@ public:
     explicit FileFields(MainWindow& window) : window_(window) {}
 
     // Shows the name, with the whole path as its tool tip, and no preview yet.
-    //
-    //   path  absolute, in the bytes of the system; it is what a drag of the preview carries.
-    //   text  the same as a text.
-    void showName(const std::string& path, TovStringRef text);
+    void showName(TovStringRef path);
 
-    // Shows the size and the dates, as they are written for a file that is missing too.
-    void showFacts(const fileFacts& facts);
+    // Shows the size and the dates of what is at the path, as they are written for a file that is
+    // missing too, and lets the preview be dragged if there is something.
+    void showItem(const std::string& path, const std::optional<FileAttributes>& item);
+
+    // Empties size and dates: they are not known yet.
+    void clearItem();
 
     // Shows a preview or, in its place, a few words on why there is none.
     void showPreview(const QPixmap& preview);

@@ -11,6 +11,7 @@
 #include "app/window_report.h"
 #include "base/printable.h"
 #include "desktop/application_bus.h"
+#include "previews/picture_opener.h"
 #include "previews/picture_reader.h"
 #include "selection/accessibility_advice.h"
 #include "selection/file_manager_selection.h"
@@ -27,15 +28,15 @@
 #include <cstring>
 #include <memory>
 
-#include <sys/stat.h>
-
 namespace pinorama {
 namespace {
 constexpr int kWrongUsage = 2;
 constexpr int kFailed = 1;
 constexpr std::chrono::seconds kServicePatience{30};  // until somebody asks for the window
 constexpr int kReadingPatience = 90000;  // milliseconds, longer than the reader is given
-constexpr int kReadingInterval = 50;     // milliseconds
+// For saying that a file is missing. A disk that does not answer is left to the window.
+constexpr std::chrono::milliseconds kOpenPatience(500);
+constexpr int kReadingInterval = 50;  // milliseconds
 
 bool isSet(const char* variable)
 {
@@ -76,9 +77,11 @@ int printUsageError(const std::string& error)
 // The window shows what is known of a path, whether there is a file or not; a terminal can say it.
 void printMissing(const std::string& path)
 {
-    struct stat facts = {};
-    if (stat(path.c_str(), &facts) == 0) return;
-    printDiagnostic(path + ": " + std::strerror(errno));
+    OpenerClient& opener = cuPictureOpener();
+    opener.request(path);
+    const bool isMissing = opener.wait(kOpenPatience) == OpenStage::done && !opener.file().item();
+    if (isMissing) printDiagnostic(path + ": " + std::strerror(opener.file().error()));
+    opener.giveUp();
 }
 
 // Prints and saves what the window shows, as soon as the place and the preview are there.

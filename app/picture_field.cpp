@@ -8,16 +8,11 @@
 #include <QMouseEvent>
 #include <QPainter>
 
-#include <filesystem>
-#include <system_error>
-
 namespace pinorama {
 
 std::unique_ptr<QMimeData> PictureField::dragData() const
 {
-    // Not QFile: a name that is no UTF-8 has no QString.
-    std::error_code error;
-    if (!file_.starts_with('/') || !std::filesystem::exists(file_, error)) return nullptr;
+    if (!file_.starts_with('/')) return nullptr;
     auto carried = std::make_unique<QMimeData>();
     // The raw bytes of the path: a name may be no UTF-8.
     carried->setData(QStringLiteral("text/uri-list"),

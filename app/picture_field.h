@@ -22,7 +22,8 @@ public:
     // The file that is dragged, an absolute path in the bytes of the system; empty for none.
     void setFile(const std::string& path) { file_ = path; }
 
-    // What a drag carries: the file's address. Null when there is no such file.
+    // What a drag carries: the file's address. Null for none. It is not looked at again: a disk may
+    // not answer, and whoever gets the address finds out.
     std::unique_ptr<QMimeData> dragData() const;
 
 protected:

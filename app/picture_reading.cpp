@@ -4,18 +4,35 @@
 #include "app/reading_notice.h"
 #include "location/metadata_reader.h"
 #include "previews/late_properties.h"
+#include "previews/picture_opener.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace pinorama {
 namespace {
+using Clock = std::chrono::steady_clock;
+
 constexpr QSizeF kPreviewSize(128, 128);  // points
 // A large picture takes its time on any disk; the window need not say so at once.
 constexpr int kSlowPreview = 1500;  // milliseconds
+// A picture that comes within this time needs no words; they would only flicker.
+constexpr std::chrono::milliseconds kNoWords(500);
+// A disk that was asleep needs some seconds; then it still does answer.
+constexpr int kSilence = 3000;  // milliseconds
 }  // namespace
 
 PictureReading::PictureReading(MainWindow& window) : window_(window)
 {
+    stillReading_.setSingleShot(true);
+    connect(&stillReading_, &QTimer::timeout, this, &PictureReading::sayStillReading);
+    silence_.setSingleShot(true);
+    connect(&silence_, &QTimer::timeout, this,
+            [this] { notice().sayNotAnswering(window_.fileNameField->text()); });
+    connect(OpenerEvents::instance(), &OpenerEvents::advanced, this, [this] {
+        if (isOpening_) asked_ = Clock::now();  // nobody has waited for this
+        takeOpened();
+    });
     connect(LateProperties::instance(), &LateProperties::arrived, this, &PictureReading::takePlace);
     connect(&previews_, &PreviewLoader::previewReady, this, &PictureReading::takePreview);
     connect(&previews_, &PreviewLoader::readerMissing, this, &PictureReading::takeReaderMissing);
@@ -33,26 +50,61 @@ void PictureReading::begin(const std::string& path)
     if (awaitedPlace_ != 0) LateProperties::instance()->giveUp();
     awaitedPlace_ = 0;
     slowPreview_.stop();
+    stillReading_.stop();
+    silence_.stop();
     if (notice_ != nullptr) notice_->forget();
+
+    picture_ = {};
+    hasLooked_ = false;
+    isOpening_ = true;
+    begun_ = asked_ = Clock::now();
+    cuPictureOpener().request(path);
+    (void)cuPictureOpener().wait(patience_);
+    takeOpened();
+    if (!isOpening_) return;
+    awaitSlowFile();
+    silence_.start(kSilence);
 }
 
-std::int32_t PictureReading::readPlace(const PictureFile& picture, fileInfoRecord* info)
+// Takes in how far the opener is with the file.
+void PictureReading::takeOpened()
 {
-    const std::int32_t status = readInfoRecord(picture, info);
+    OpenerClient& opener = cuPictureOpener();
+    const OpenStage stage = opener.stage();
+    const bool isDone = stage == OpenStage::done || stage == OpenStage::noOpener;
+    if (!isOpening_ || (!isDone && stage != OpenStage::looked)) return;
+    if (!std::exchange(hasLooked_, true)) Q_EMIT looked(opener.file());
+    if (!isDone) return;
+    picture_ = opener.take();
+    isOpening_ = false;
+    silence_.stop();
+    if (stage == OpenStage::noOpener) {
+        Q_EMIT openerMissing();
+    } else {
+        Q_EMIT opened();
+    }
+    endReading();
+}
+
+std::int32_t PictureReading::readPlace(fileInfoRecord* info)
+{
+    LateProperties::instance()->setPatience(patienceLeft());
+    const std::int32_t status = readInfoRecord(picture_, info);
     awaitedPlace_ = LateProperties::instance()->ticket();
-    if (awaitedPlace_ != 0) sayStillReading();
+    if (awaitedPlace_ != 0) awaitSlowFile();
     return status;
 }
 
-void PictureReading::requestPreview(PictureFile picture)
+void PictureReading::requestPreview()
 {
     slowPreview_.start(kSlowPreview);
-    previews_.request(path_, std::move(picture), kPreviewSize, window_.devicePixelRatioF());
+    previews_.request(path_, std::exchange(picture_, {}), kPreviewSize,
+                      window_.devicePixelRatioF());
 }
 
 bool PictureReading::isGoingOn() const
 {
-    return awaitedPlace_ != 0 || previews_.isLoading();
+    return isOpening_ || awaitedPlace_ != 0 || previews_.isLoading();
 }
 
 void PictureReading::takePlace(std::uint32_t ticket, const PropertyResult& result)
@@ -88,10 +140,32 @@ void PictureReading::takeReaderStuck(const std::string& path)
     if (path == path_) sayNotRead();
 }
 
+// What is left of the time in which the window waits.
+std::chrono::milliseconds PictureReading::patienceLeft() const
+{
+    const auto left =
+        patience_ - std::chrono::floor<std::chrono::milliseconds>(Clock::now() - asked_);
+    return std::max(left, std::chrono::milliseconds(0));
+}
+
+// Says that the file takes its time as soon as that is worth a word.
+void PictureReading::awaitSlowFile()
+{
+    const auto left =
+        kNoWords - std::chrono::floor<std::chrono::milliseconds>(Clock::now() - begun_);
+    if (left.count() > 0) {
+        stillReading_.start(left);
+    } else {
+        sayStillReading();
+    }
+}
+
 // Takes "still reading" back once nothing is to come any more.
 void PictureReading::endReading()
 {
-    if (notice_ != nullptr && !isGoingOn()) notice_->endReading();
+    if (isGoingOn()) return;
+    stillReading_.stop();
+    if (notice_ != nullptr) notice_->endReading();
 }
 
 void PictureReading::sayStillReading()
@@ -101,6 +175,7 @@ void PictureReading::sayStillReading()
 
 void PictureReading::sayNotRead()
 {
+    stillReading_.stop();
     notice().sayNotRead(window_.fileNameField->text());
 }
 

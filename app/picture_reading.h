@@ -1,11 +1,13 @@
-// What is still to come of the picture that is shown: its preview always, and its place when a slow
-// disk does not give it within half a second. Each arrives through the event loop, and is dropped
-// when another file is shown by then. Meanwhile a line at the foot of the window says what is going
-// on.
+// The way of one file into the window: it is looked at, opened, its place is read, then its
+// preview, each by another process. The first three nearly always come at once. What a slow disk
+// does not give in that time arrives through the event loop, as the preview always does, and is
+// dropped when another file is shown by then. Meanwhile a line at the foot of the window says what
+// is going on.
 //
-//   reading.begin(path);                              // nothing of the file before comes any more
-//   const auto status = reading.readPlace(picture, &info);
-//   reading.requestPreview(std::move(picture));
+//   reading.begin(path);   // nothing of the file before comes any more
+//   // when it is opened:
+//   const auto status = reading.readPlace(&info);
+//   reading.requestPreview();
 
 #pragma once
 
@@ -18,6 +20,7 @@
 #include <QPixmap>
 #include <QTimer>
 
+#include <chrono>
 #include <cstdint>
 #include <string>
 
@@ -33,23 +36,42 @@ public:
     // The window, which has its views, lives longer.
     explicit PictureReading(MainWindow& window);
 
+    // How long the window waits for a file and its place together, before it goes on and shows them
+    // when they come. Nearly every picture takes less, and so appears in one step. The window has
+    // to answer within a tenth of a second, and ending a reader may take half of that.
+    static constexpr std::chrono::milliseconds kPatience{40};
+    void setPatience(std::chrono::milliseconds patience) { patience_ = patience; }
+
     // Another file is shown: forgets what was to come of the one before, so that nothing waits for
-    // it.
+    // it, and has this one opened. `looked` and `opened` come before this returns, or later if the
+    // disk takes its time.
     //
     //   path  absolute, in the bytes of the system.
     void begin(const std::string& path);
 
-    // Reads the place as readInfoRecord does, and returns what it returns. When the place takes its
-    // time, that is -1 and an untouched record, and `placeRead` comes later.
-    std::int32_t readPlace(const PictureFile& picture, fileInfoRecord* info);
+    // Whether `looked` has come, and whether `opened` is still to come.
+    bool hasLooked() const { return hasLooked_; }
+    bool isOpening() const { return isOpening_; }
 
-    // Asks for the preview, in the size of its field.
-    void requestPreview(PictureFile picture);
+    // Reads the place of the file that was opened as readInfoRecord does, and returns what it
+    // returns. When the place takes its time, that is -1 and an untouched record, and `placeRead`
+    // comes later.
+    std::int32_t readPlace(fileInfoRecord* info);
 
-    // Whether the place or the preview is still to come.
+    // Asks for the preview of the file that was opened, in the size of its field. It is not read
+    // afterwards.
+    void requestPreview();
+
+    // Whether the file, the place or the preview is still to come.
     bool isGoingOn() const;
 
 Q_SIGNALS:
+    // Once for each file: it is known what is at the path.
+    void looked(const PictureFile& file);
+    // Once for each file, after that: it is open, or cannot be opened.
+    void opened();
+    // Instead of both: files cannot be opened, the program pinorama-opener is missing.
+    void openerMissing();
     // The place has come after all.
     void placeRead(const PictureProperties& properties);
     // The preview, else the icon of the file's kind.
@@ -66,7 +88,10 @@ public Q_SLOTS:
     void takeReaderStuck(const std::string& path);
 
 private:
+    void takeOpened();
+    std::chrono::milliseconds patienceLeft() const;
     void endReading();
+    void awaitSlowFile();
     void sayStillReading();
     void sayNotRead();
     ReadingNotice& notice();
@@ -74,6 +99,14 @@ private:
     MainWindow& window_;
     PreviewLoader previews_;
     std::string path_;
+    PictureFile picture_;  // from `opened` on, until its preview is asked for
+    std::chrono::milliseconds patience_ = kPatience;
+    std::chrono::steady_clock::time_point begun_{};  // of the file
+    std::chrono::steady_clock::time_point asked_{};  // from when on the window waits
+    QTimer stillReading_;                            // runs out when the window has to say so
+    bool hasLooked_ = false;
+    bool isOpening_ = false;
+    QTimer silence_;                   // runs out when a file has not been opened for long
     std::uint32_t awaitedPlace_ = 0;   // the ticket of the place that is to come; 0 for none
     QTimer slowPreview_;               // runs out when a preview has taken long
     ReadingNotice* notice_ = nullptr;  // the window's; null until it is needed

@@ -26,6 +26,12 @@ void ReadingNotice::sayNotRead(const QString& name)
     say(tr("%1 could not be read.").arg(name));
 }
 
+void ReadingNotice::sayNotAnswering(const QString& name)
+{
+    isStillReading_ = true;
+    say(tr("%1 does not answer.").arg(name));
+}
+
 void ReadingNotice::endReading()
 {
     if (isStillReading_) forget();

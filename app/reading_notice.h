@@ -1,5 +1,6 @@
-// A line at the foot of the window that says that a picture is still being read, or that it could
-// not be. It is hidden, and takes no room, while there is nothing to say.
+// A line at the foot of the window that says that a picture is still being read, that it could not
+// be, or that its disk does not answer. It is hidden, and takes no room, while there is nothing to
+// say.
 
 #pragma once
 
@@ -18,8 +19,10 @@ public:
     // Each shows the line; `name` is the file name of the picture.
     void sayStillReading(const QString& name);
     void sayNotRead(const QString& name);
+    void sayNotAnswering(const QString& name);
 
-    // The reading is over: takes back that it goes on. That it has failed stays.
+    // The reading is over: takes back that it goes on, or that nothing answers. That it has failed
+    // stays.
     void endReading();
 
     // Nothing is to be said any more, as another file is shown.

@@ -5,18 +5,12 @@
 #include <QCoreApplication>
 #include <QPointer>
 
-#include <chrono>
 #include <utility>
 
 #include <fcntl.h>
 #include <unistd.h>
 
 namespace pinorama {
-namespace {
-// Long enough for the start of the reader and a disk that is awake, so that the window shows nearly
-// every picture in one step; short enough not to be felt as a hang.
-constexpr std::chrono::milliseconds kShortWait(500);
-}  // namespace
 
 LateProperties* LateProperties::instance()
 {
@@ -39,7 +33,7 @@ std::optional<PictureProperties> LateProperties::read(int descriptor)
     file_ = DescriptorHolder(fcntl(descriptor, F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
     ReaderClient& reader = cuPictureReader();
     const std::uint32_t ticket = reader.startProperties(file_.get());
-    std::optional<PropertyResult> result = reader.waitForProperties(kShortWait);
+    std::optional<PropertyResult> result = reader.waitForProperties(patience_);
     if (!result) {
         ticket_ = ticket;
         return std::nullopt;

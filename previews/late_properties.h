@@ -1,5 +1,5 @@
-// The properties of pictures on slow disks. A caller waits for properties half a second, in which
-// nearly all come; the rest arrives through the event loop.
+// The properties of pictures on slow disks. A caller waits for properties a moment, in which nearly
+// all come; the rest arrives through the event loop.
 //
 //     connect(late, &LateProperties::arrived, this, [this](std::uint32_t ticket, const auto&
 //     result) {
@@ -16,6 +16,7 @@
 
 #include <QObject>
 
+#include <chrono>
 #include <cstdint>
 #include <optional>
 
@@ -32,8 +33,11 @@ public:
     // The instance that belongs to the application object, made on first use.
     static LateProperties* instance();
 
+    // How long the next ones are waited for; half a second at first.
+    void setPatience(std::chrono::milliseconds patience) { patience_ = patience; }
+
     // Has the reader read the properties of an open picture, which stays the caller's, and waits
-    // for them half a second at most; an earlier picture that is still being read is given up.
+    // for them so long at most; an earlier picture that is still being read is given up.
     //
     // Nothing when there are none, when reading failed, and when it still goes on: then ticket() is
     // not 0, and `arrived` comes as soon as it is known.
@@ -54,6 +58,7 @@ private:
     LateProperties();
     void takeResult();
 
+    std::chrono::milliseconds patience_{500};
     DescriptorHolder file_;  // open as long as the reader may be asked for it again
     std::uint32_t ticket_ = 0;
 };

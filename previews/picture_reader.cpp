@@ -3,6 +3,7 @@
 #include "location/picture_source.h"
 #include "previews/file_preview.h"
 #include "previews/late_properties.h"
+#include "previews/picture_opener.h"
 
 #include <QCoreApplication>
 #include <QPointer>
@@ -19,6 +20,7 @@ ReaderClient& cuPictureReader()
 void cuReadPicturesElsewhere()
 {
     cuPictureReader().start();
+    cuPictureOpener().start();
     cuInstallFilePreviews();
     installPropertySource([](int descriptor, std::uint64_t /*size*/) {
         return LateProperties::instance()->read(descriptor);

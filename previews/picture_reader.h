@@ -20,9 +20,10 @@ namespace pinorama {
 // The reader of this process; started by the first request, or by cuReadPicturesElsewhere.
 ReaderClient& cuPictureReader();
 
-// Starts the reader, without waiting for it, and has the properties and previews of pictures read
-// by it from now on. What a slow disk keeps longer than half a second counts as no picture at first
-// and comes later, through LateProperties. Called once while a program with a window starts.
+// Starts the reader and an opener, without waiting for them, and has the properties and previews of
+// pictures read by it from now on. What a slow disk keeps longer than half a second counts as no
+// picture at first and comes later, through LateProperties. Called once while a program with a
+// window starts.
 void cuReadPicturesElsewhere();
 
 // Receives the reader's replies while the event loop runs.

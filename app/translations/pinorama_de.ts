@@ -42,6 +42,10 @@
 <context>
     <name>pinorama::AppController</name>
     <message>
+        <source>Files cannot be opened: the program pinorama-opener does not start.</source>
+        <translation>Dateien können nicht geöffnet werden: Das Programm pinorama-opener startet nicht.</translation>
+    </message>
+    <message>
         <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
         <translation>Bilder können nicht gelesen werden: Das Programm pinorama-reader startet nicht.</translation>
     </message>
@@ -246,6 +250,10 @@
     <message>
         <source>%1 could not be read.</source>
         <translation>%1 konnte nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>%1 does not answer.</source>
+        <translation>%1 antwortet nicht.</translation>
     </message>
 </context>
 </TS>

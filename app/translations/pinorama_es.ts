@@ -42,6 +42,10 @@
 <context>
     <name>pinorama::AppController</name>
     <message>
+        <source>Files cannot be opened: the program pinorama-opener does not start.</source>
+        <translation>No se pueden abrir los archivos: el programa pinorama-opener no se inicia.</translation>
+    </message>
+    <message>
         <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
         <translation>No se pueden leer las fotos: el programa pinorama-reader no se inicia.</translation>
     </message>
@@ -246,6 +250,10 @@
     <message>
         <source>%1 could not be read.</source>
         <translation>No se pudo leer %1.</translation>
+    </message>
+    <message>
+        <source>%1 does not answer.</source>
+        <translation>%1 no responde.</translation>
     </message>
 </context>
 </TS>

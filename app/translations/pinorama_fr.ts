@@ -42,6 +42,10 @@
 <context>
     <name>pinorama::AppController</name>
     <message>
+        <source>Files cannot be opened: the program pinorama-opener does not start.</source>
+        <translation>Impossible d’ouvrir les fichiers&#xa0;: le programme pinorama-opener ne démarre pas.</translation>
+    </message>
+    <message>
         <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
         <translation>Impossible de lire les photos&#xa0;: le programme pinorama-reader ne démarre pas.</translation>
     </message>
@@ -246,6 +250,10 @@
     <message>
         <source>%1 could not be read.</source>
         <translation>%1 n’a pas pu être lu.</translation>
+    </message>
+    <message>
+        <source>%1 does not answer.</source>
+        <translation>%1 ne répond pas.</translation>
     </message>
 </context>
 </TS>

@@ -42,6 +42,10 @@
 <context>
     <name>pinorama::AppController</name>
     <message>
+        <source>Files cannot be opened: the program pinorama-opener does not start.</source>
+        <translation>Impossibile aprire i file: il programma pinorama-opener non si avvia.</translation>
+    </message>
+    <message>
         <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
         <translation>Impossibile leggere le foto: il programma pinorama-reader non si avvia.</translation>
     </message>
@@ -246,6 +250,10 @@
     <message>
         <source>%1 could not be read.</source>
         <translation>Non è stato possibile leggere %1.</translation>
+    </message>
+    <message>
+        <source>%1 does not answer.</source>
+        <translation>%1 non risponde.</translation>
     </message>
 </context>
 </TS>

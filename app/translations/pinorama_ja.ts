@@ -42,6 +42,10 @@
 <context>
     <name>pinorama::AppController</name>
     <message>
+        <source>Files cannot be opened: the program pinorama-opener does not start.</source>
+        <translation>ファイルを開けません。プログラム pinorama-opener を起動できません。</translation>
+    </message>
+    <message>
         <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
         <translation>写真を読み込めません。プログラム pinorama-reader を起動できません。</translation>
     </message>
@@ -246,6 +250,10 @@
     <message>
         <source>%1 could not be read.</source>
         <translation>%1 を読み込めませんでした。</translation>
+    </message>
+    <message>
+        <source>%1 does not answer.</source>
+        <translation>%1 が応答しません。</translation>
     </message>
 </context>
 </TS>

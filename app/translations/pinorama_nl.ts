@@ -42,6 +42,10 @@
 <context>
     <name>pinorama::AppController</name>
     <message>
+        <source>Files cannot be opened: the program pinorama-opener does not start.</source>
+        <translation>Bestanden kunnen niet worden geopend: het programma pinorama-opener start niet.</translation>
+    </message>
+    <message>
         <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
         <translation>Foto’s kunnen niet worden gelezen: het programma pinorama-reader start niet.</translation>
     </message>
@@ -246,6 +250,10 @@
     <message>
         <source>%1 could not be read.</source>
         <translation>%1 kon niet worden gelezen.</translation>
+    </message>
+    <message>
+        <source>%1 does not answer.</source>
+        <translation>%1 reageert niet.</translation>
     </message>
 </context>
 </TS>

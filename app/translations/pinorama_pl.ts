@@ -42,6 +42,10 @@
 <context>
     <name>pinorama::AppController</name>
     <message>
+        <source>Files cannot be opened: the program pinorama-opener does not start.</source>
+        <translation>Nie można otwierać plików: program pinorama-opener się nie uruchamia.</translation>
+    </message>
+    <message>
         <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
         <translation>Nie można odczytać zdjęć: program pinorama-reader się nie uruchamia.</translation>
     </message>
@@ -246,6 +250,10 @@
     <message>
         <source>%1 could not be read.</source>
         <translation>Nie udało się odczytać pliku %1.</translation>
+    </message>
+    <message>
+        <source>%1 does not answer.</source>
+        <translation>Plik %1 nie odpowiada.</translation>
     </message>
 </context>
 </TS>

@@ -42,6 +42,10 @@
 <context>
     <name>pinorama::AppController</name>
     <message>
+        <source>Files cannot be opened: the program pinorama-opener does not start.</source>
+        <translation>Não é possível abrir os arquivos: o programa pinorama-opener não inicia.</translation>
+    </message>
+    <message>
         <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
         <translation>Não é possível ler as fotos: o programa pinorama-reader não inicia.</translation>
     </message>
@@ -246,6 +250,10 @@
     <message>
         <source>%1 could not be read.</source>
         <translation>Não foi possível ler %1.</translation>
+    </message>
+    <message>
+        <source>%1 does not answer.</source>
+        <translation>%1 não responde.</translation>
     </message>
 </context>
 </TS>

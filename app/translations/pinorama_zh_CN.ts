@@ -42,6 +42,10 @@
 <context>
     <name>pinorama::AppController</name>
     <message>
+        <source>Files cannot be opened: the program pinorama-opener does not start.</source>
+        <translation>无法打开文件：程序 pinorama-opener 无法启动。</translation>
+    </message>
+    <message>
         <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
         <translation>无法读取照片：程序 pinorama-reader 无法启动。</translation>
     </message>
@@ -246,6 +250,10 @@
     <message>
         <source>%1 could not be read.</source>
         <translation>无法读取 %1。</translation>
+    </message>
+    <message>
+        <source>%1 does not answer.</source>
+        <translation>%1 没有响应。</translation>
     </message>
 </context>
 </TS>

@@ -17,6 +17,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <string>
 #include <utility>
 #include <vector>
@@ -59,6 +60,8 @@ protected:
         controller.applicationWillFinishLaunching();
         controller.awakeFromNib();
         controller.gUpdateTimer->stop();
+        // On a busy machine too nearly every picture is there at once.
+        controller.reading().setPatience(std::chrono::milliseconds(500));
     }
 
     // Shows a file; what updateValuesForNewPath returned.

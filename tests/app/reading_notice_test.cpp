@@ -38,6 +38,18 @@ TEST_F(ReadingNoticeTest, saysThatItGoesOnUntilItIsOver)
     EXPECT_EQ(words(), "");
 }
 
+TEST_F(ReadingNoticeTest, takesBackThatAFileDoesNotAnswer)
+{
+    notice.sayStillReading(kName);
+    notice.sayNotAnswering(kName);
+    EXPECT_EQ(words(), "a.jpg does not answer.");
+    notice.sayStillReading(kName);
+    EXPECT_EQ(words(), "Still reading a.jpg...");
+    notice.sayNotAnswering(kName);
+    notice.endReading();
+    EXPECT_EQ(words(), "");
+}
+
 TEST_F(ReadingNoticeTest, keepsSayingThatReadingHasFailed)
 {
     notice.sayStillReading(kName);
@@ -79,6 +91,9 @@ TEST_F(ReadingNoticeTest, hasWordsInEveryLanguage)
         translated.sayNotRead(kName);
         EXPECT_TRUE(translated.text().contains(kName));
         EXPECT_FALSE(translated.text().contains(QLatin1String("could")));
+        translated.sayNotAnswering(kName);
+        EXPECT_TRUE(translated.text().contains(kName));
+        EXPECT_FALSE(translated.text().contains(QLatin1String("answer.")));
         QCoreApplication::removeTranslator(&translator);
     }
 }

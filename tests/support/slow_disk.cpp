@@ -24,8 +24,10 @@
 namespace {
 using Clock = std::chrono::steady_clock;
 using File = test::SlowDisk::File;
+using Step = test::SlowDisk::Step;
 
 constexpr unsigned kMaxLifetime = 100;  // seconds; no process waits for a disk of ours for ever
+constexpr unsigned kMaxHang = 15;       // seconds
 constexpr std::size_t kMaxRequestSize = 1 << 20;
 constexpr std::uint64_t kLongValid = 3600;  // seconds
 constexpr std::uint64_t kFirstFile = 2;     // the number of the first file; 1 is the folder
@@ -35,7 +37,7 @@ constexpr std::uint64_t kFirstFile = 2;     // the number of the first file; 1 i
 class Server {
 public:
     Server(int device, std::vector<File> files)
-        : device_(device), files_(std::move(files)), firstReads_(files_.size())
+        : device_(device), files_(std::move(files)), firstRequests_(files_.size())
     {
     }
 
@@ -58,10 +60,9 @@ public:
     }
 
 private:
-    struct WaitingRead {
-        std::uint64_t unique;
-        std::size_t file;
-        fuse_read_in range;
+    struct Waiting {
+        fuse_in_header header;
+        std::string body;
         Clock::time_point due;
     };
 
@@ -141,28 +142,56 @@ private:
         reply(unique, entries);
     }
 
-    void readBytes(std::uint64_t unique, std::size_t file, const fuse_read_in& range)
+    void readBytes(std::uint64_t unique, std::size_t file, const fuse_read_in& range) const
     {
-        const Clock::time_point now = Clock::now();
-        if (!firstReads_[file]) firstReads_[file] = now;
-        if (files_[file].wait == test::SlowDisk::kNever) return;
-        waiting_.push_back({unique, file, range,
-                            *firstReads_[file] + std::chrono::milliseconds(files_[file].wait)});
-        answerWhatIsDue();
+        const std::string_view bytes = files_[file].bytes;
+        const std::size_t start = std::min<std::size_t>(range.offset, bytes.size());
+        reply(unique, bytes.substr(start, range.size));
+    }
+
+    // The file that a request is about, if it is one that takes its time for such a request.
+    std::optional<std::size_t> slowFileOf(const fuse_in_header& header, const char* body) const
+    {
+        Step step = Step::read;
+        std::size_t file = header.nodeid - kFirstFile;
+        switch (header.opcode) {
+        case FUSE_LOOKUP:
+            step = Step::look;
+            file = 0;
+            while (file < files_.size() && files_[file].name != body) file++;
+            break;
+        case FUSE_GETATTR: step = Step::look; break;
+        case FUSE_OPEN: step = Step::open; break;
+        case FUSE_READ: break;
+        default: return std::nullopt;
+        }
+        if (file >= files_.size() || files_[file].step != step) return std::nullopt;
+        return file;
     }
 
     void answerWhatIsDue()
     {
-        std::erase_if(waiting_, [this](const WaitingRead& waiting) {
+        std::erase_if(waiting_, [this](const Waiting& waiting) {
             if (waiting.due > Clock::now()) return false;
-            const std::string_view bytes = files_[waiting.file].bytes;
-            const std::size_t start = std::min<std::size_t>(waiting.range.offset, bytes.size());
-            reply(waiting.unique, bytes.substr(start, waiting.range.size));
+            answer(waiting.header, waiting.body.data());
             return true;
         });
     }
 
     void handle(const fuse_in_header& header, const char* body)
+    {
+        const std::optional<std::size_t> slow = slowFileOf(header, body);
+        if (!slow) return answer(header, body);
+        const int wait = files_[*slow].wait;
+        auto& first = firstRequests_[*slow];
+        if (!first) first = Clock::now();
+        if (wait == test::SlowDisk::kNever) return;
+        waiting_.push_back({header, std::string(body, header.len - sizeof header),
+                            *first + std::chrono::milliseconds(wait)});
+        answerWhatIsDue();
+    }
+
+    void answer(const fuse_in_header& header, const char* body) const
     {
         switch (header.opcode) {
         case FUSE_INIT: return greet(header.unique, recordIn<fuse_init_in>(body));
@@ -184,6 +213,7 @@ private:
             return readBytes(header.unique, header.nodeid - kFirstFile,
                              recordIn<fuse_read_in>(body));
         case FUSE_READDIR: return list(header.unique, recordIn<fuse_read_in>(body));
+        case FUSE_FLUSH:
         case FUSE_RELEASE:
         case FUSE_RELEASEDIR: return reply(header.unique, {});
         case FUSE_FORGET:
@@ -197,8 +227,8 @@ private:
 
     int device_;
     std::vector<File> files_;
-    std::vector<std::optional<Clock::time_point>> firstReads_;
-    std::vector<WaitingRead> waiting_;
+    std::vector<std::optional<Clock::time_point>> firstRequests_;  // that take their time
+    std::vector<Waiting> waiting_;
 };
 }  // namespace
 
@@ -230,4 +260,24 @@ test::SlowDisk::~SlowDisk()
     kill(server_, SIGKILL);
     (void)waitpid(server_, nullptr, 0);
     (void)umount2(folder_.c_str(), MNT_DETACH);
+}
+
+void test::SlowDisk::hang() const
+{
+    kill(server_, SIGSTOP);
+    // A test that it keeps after all is not kept for ever.
+    const pid_t server = server_;
+    const pid_t between = fork();
+    if (between == 0) {
+        if (fork() != 0) _exit(0);
+        (void)sleep(kMaxHang);
+        kill(server, SIGCONT);
+        _exit(0);
+    }
+    (void)waitpid(between, nullptr, 0);
+}
+
+void test::SlowDisk::recover() const
+{
+    kill(server_, SIGCONT);
 }

@@ -16,10 +16,18 @@ class SlowDisk {
 public:
     static constexpr int kNever = -1;
 
+    // What takes its time.
+    enum class Step {
+        look,  // whether there is such a file, and its attributes
+        open,
+        read,
+    };
+
     struct File {
         std::string name;
         std::string bytes;
-        int wait;  // milliseconds from the first read to its reply, or kNever
+        int wait;  // milliseconds from the first such request to its reply, or kNever
+        Step step = Step::read;
     };
 
     // Mounts the disk over `folder`, an empty folder of the caller's.
@@ -31,6 +39,10 @@ public:
 
     // False if this machine does not allow such a mount.
     bool isUsable() const { return server_ > 0; }
+
+    // Lets the whole disk stand still, for a quarter of a minute at most, and go on.
+    void hang() const;
+    void recover() const;
 
     std::string file(const std::string& name) const { return folder_ + "/" + name; }
 
