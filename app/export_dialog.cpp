@@ -1,7 +1,9 @@
 #include "app/export_dialog.h"
 
 #include "app/shown_text.h"
+#include "base/item_path.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -11,6 +13,9 @@
 namespace pinorama {
 namespace {
 const QString kSuffix = QStringLiteral("kml");
+// The title and the button have the same texts in every language.
+const QString kTitle = QStringLiteral("Export to KML Format (for Google Earth...)");
+const QString kButton = QStringLiteral("Export");
 
 // "trip 2009.jpg" -> "trip 2009.jpg.kml"; "trip.KML" stays.
 QString withSuffix(const QString& name)
@@ -39,28 +44,49 @@ void ask(const QString& file, QWidget* parent, const std::function<void()>& repl
 }
 }  // namespace
 
+PortalQuestion exportQuestion(const QString& fileName)
+{
+    // The name of the filter without the patterns.
+    const QString filter = ExportDialog::tr("KML files (*.kml)");
+    return {.title = kTitle,
+            .isForSaving = true,
+            .acceptLabel = kButton,
+            .name = fileName,
+            .filterName = filter.left(filter.lastIndexOf(QLatin1Char('('))).trimmed(),
+            .filterPattern = QStringLiteral("*.kml")};
+}
+
+void saveAsChosen(const std::string& path, QWidget* window,
+                  const std::function<void(const std::string& path)>& save)
+{
+    const QString name = QFile::decodeName(path.c_str());
+    const QString wholeName = withSuffix(name);
+    const std::string whole =
+        wholeName == name ? path : path + wholeName.mid(name.size()).toStdString();
+    if (whole == path || !itemExists(whole)) {
+        save(whole);
+    } else {
+        ask(wholeName, window, [save, whole] { save(whole); });
+    }
+}
+
 ExportDialog::ExportDialog(const QString& fileName, std::function<void(const QString& file)> save,
                            QWidget* parent)
-    // The title and the button have the same texts in every language.
-    : QFileDialog(parent, QStringLiteral("Export to KML Format (for Google Earth...)")),
-      save_(std::move(save))
+    : QFileDialog(parent, kTitle), save_(std::move(save))
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setAcceptMode(QFileDialog::AcceptSave);
-    setLabelText(QFileDialog::Accept, QStringLiteral("Export"));
+    setLabelText(QFileDialog::Accept, kButton);
     setNameFilter(tr("KML files (*.kml)"));
     setDefaultSuffix(kSuffix);
     selectFile(fileName);
     // A dialog of the desktop's own reports its end like this, and only this; it has asked about
     // the name that it gives.
     connect(this, &QFileDialog::fileSelected, this, [this](const QString& file) {
-        const QString whole = withSuffix(file);
-        if (whole == file || !QFileInfo::exists(whole)) {
-            save_(whole);
-        } else {
-            // This dialog closes now.
-            ask(whole, parentWidget(), [save = save_, whole] { save(whole); });
-        }
+        // This dialog closes now.
+        saveAsChosen(
+            QFile::encodeName(file).toStdString(), parentWidget(),
+            [save = save_](const std::string& path) { save(QFile::decodeName(path.c_str())); });
     });
 }
 

@@ -1,14 +1,30 @@
-// The dialog that asks where to save a place. The file that comes out of it ends in ".kml", and the
-// user has agreed to replace whatever has that name.
+// The dialogs that ask where to save a place: that of the desktop's portal, else one of the
+// toolkit. The file that comes out of them ends in ".kml", and the user has agreed to replace
+// whatever has that name.
 
 #pragma once
+
+#include "desktop/portal_chooser.h"
 
 #include <QFileDialog>
 #include <QString>
 
 #include <functional>
+#include <string>
 
 namespace pinorama {
+
+// What the portal is to ask, with `fileName` as its proposal; the texts are those of the dialog.
+PortalQuestion exportQuestion(const QString& fileName);
+
+// Saves under a name that a dialog of another process has given, which has asked about replacing
+// what has that very name.
+//
+//   path    in the bytes of the system; gets the suffix if that is missing, and then the user is
+//           asked again if there is such a file.
+//   window  of a question; it outlives that.
+void saveAsChosen(const std::string& path, QWidget* window,
+                  const std::function<void(const std::string& path)>& save);
 
 class ExportDialog : public QFileDialog {
     Q_OBJECT

@@ -1,7 +1,7 @@
-// Where the window's dialogs come from. The dialogs of GTK, which the toolkit takes on GNOME, Xfce,
-// Cinnamon and MATE if its theme for them is installed, run in the window's process and draw a
-// preview of the selected file there with gdk-pixbuf: pictures would be decoded outside the
-// sandbox.
+// Where the window's dialogs come from if the desktop has no portal (desktop/portal_chooser.h). The
+// dialogs of GTK, which the toolkit takes on GNOME, Xfce, Cinnamon and MATE if its theme for them
+// is installed, run in the window's process and draw a preview of the selected file there with
+// gdk-pixbuf: pictures would be decoded outside the sandbox.
 
 #pragma once
 

@@ -1,6 +1,7 @@
 #include "app/path_intake.h"
 
 #include "app/main_window.h"
+#include "base/item_path.h"
 #include "lib/files/path_text.h"
 #include "lib/objects/object_holder.h"
 #include "lib/strings/string_holder.h"
@@ -9,7 +10,6 @@
 #include <QCheckBox>
 #include <QFile>
 #include <QFileDialog>
-#include <QFileInfo>
 #include <QMimeData>
 #include <QStandardPaths>
 
@@ -20,6 +20,8 @@ namespace pinorama {
 PathIntake::PathIntake(MainWindow& window, SelectionSource* selection)
     : window_(window), selection_(selection)
 {
+    connect(&portal_, &PortalChooser::chosen, this, &PathIntake::open);
+    connect(&portal_, &PortalChooser::unavailable, this, &PathIntake::askWithTheToolkit);
     connect(&window_, &MainWindow::fileDropped, this, &PathIntake::open);
     connect(window_.syncCheckbox, &QCheckBox::toggled, this, [this] {
         keepsOpened_ = false;
@@ -111,10 +113,19 @@ void PathIntake::passText(const QMimeData* pasteboard)
 
 void PathIntake::askForPicture(const std::string& beside)
 {
-    const QString folder = beside.empty()
-                               ? QStandardPaths::writableLocation(QStandardPaths::PicturesLocation)
-                               : QFileInfo(QFile::decodeName(beside.c_str())).path();
-    auto* dialog = new QFileDialog(&window_, tr("Open Picture"), folder);
+    folder_ =
+        beside.empty()
+            ? QFile::encodeName(QStandardPaths::writableLocation(QStandardPaths::PicturesLocation))
+                  .toStdString()
+            : folderOf(beside);
+    portal_.ask(
+        {.title = tr("Open Picture"), .parent = portalParent(window_.winId()), .folder = folder_});
+}
+
+void PathIntake::askWithTheToolkit()
+{
+    auto* dialog =
+        new QFileDialog(&window_, tr("Open Picture"), QFile::decodeName(folder_.c_str()));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFile);
     connect(dialog, &QFileDialog::fileSelected, this,

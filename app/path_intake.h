@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include "desktop/portal_chooser.h"
 #include "lib/objects/collections.h"
 #include "selection/selection_source.h"
 
@@ -67,9 +68,12 @@ private:
     std::vector<std::string> selectedPaths();
     std::vector<std::string> unlessKept(const std::vector<std::string>& selected);
     void passOne(const std::vector<std::string>& paths);
+    void askWithTheToolkit();
 
     MainWindow& window_;
     SelectionSource* selection_;
+    PortalChooser portal_;
+    std::string folder_;  // in which the portal begins
     bool listens_ = false;
     bool keepsOpened_ = false;
     std::optional<std::vector<std::string>> seen_;  // the last selection that was known

@@ -33,6 +33,12 @@ PlaceActions::PlaceActions(MainWindow& window, UrlOpener& opener, Shown shown)
             window_.unsetCursor();
         }
     });
+    connect(&portal_, &PortalChooser::unavailable, this, &PlaceActions::askWithTheToolkit);
+    connect(&portal_, &PortalChooser::chosen, this, [this](const std::string& path) {
+        saveAsChosen(path, &window_, [this, exported = export_](const std::string& whole) {
+            save(whole, exported);
+        });
+    });
     gpsSetGlobeLink([this](const GlobeView& view) { globes_.show(view); });
 }
 
@@ -116,16 +122,28 @@ void PlaceActions::exportKML()
     const StringHolder name(gpsCopyFileName(shown_.path));
     const StringHolder proposed(appMakeKMLFileName(name.get()));
     // The dialog leaves the event loop running, so the selection may move on meanwhile: copies.
+    export_ = {shown_.info, cuTextUnits(name.get()), cuDisplayText(proposed.get())};
+    PortalQuestion question = exportQuestion(export_.proposedName);
+    question.parent = portalParent(window_.winId());
+    portal_.ask(question);
+}
+
+void PlaceActions::askWithTheToolkit()
+{
     auto* dialog = new ExportDialog(
-        cuDisplayText(proposed.get()),
-        [this, info = shown_.info, pictureName = cuTextUnits(name.get())](const QString& file) {
-            const StringHolder title(cuCreateText(pictureName));
-            const bool isSaved =
-                gpsSaveKML(QFile::encodeName(file).toStdString(), info, title.get());
-            showExportResult(window_, file, isSaved ? 0 : errno);
+        export_.proposedName,
+        [this, exported = export_](const QString& file) {
+            save(QFile::encodeName(file).toStdString(), exported);
         },
         &window_);
     dialog->open();
+}
+
+void PlaceActions::save(const std::string& path, const Export& exported)
+{
+    const StringHolder title(cuCreateText(exported.pictureName));
+    const bool isSaved = gpsSaveKML(path, exported.info, title.get());
+    showExportResult(window_, QFile::decodeName(path.c_str()), isSaved ? 0 : errno);
 }
 
 void PlaceActions::flyGlobe()

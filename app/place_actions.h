@@ -5,12 +5,15 @@
 #pragma once
 
 #include "desktop/globe_programs.h"
+#include "desktop/portal_chooser.h"
 #include "desktop/url_opener.h"
 #include "location/file_info_record.h"
 
 #include <QObject>
+#include <QString>
 
 #include <cstdint>
+#include <string>
 
 namespace pinorama {
 
@@ -59,6 +62,15 @@ public Q_SLOTS:
     void copyDecimalDegrees();
 
 private:
+    // What is to be exported, as it was when the user asked for that.
+    struct Export {
+        fileInfoRecord info{};  // its texts are null
+        QString pictureName;
+        QString proposedName;
+    };
+
+    void askWithTheToolkit();
+    void save(const std::string& path, const Export& exported);
     void connectControls();
     void connectCopying();
     void openURL(TovStringRef url);
@@ -67,6 +79,8 @@ private:
     UrlOpener& opener_;
     Shown shown_;
     GlobePrograms globes_;
+    PortalChooser portal_;
+    Export export_;  // what the portal asks about
 };
 
 }  // namespace pinorama
