@@ -7,23 +7,11 @@
 
 namespace pinorama {
 
-Task<SelectedItems> readQt6(DBusQuery& query, ItemReader& reader, View view)
-{
-    SelectedItems selected = co_await readSelection(query, reader, view);
-    const QDBusMessage getColumnCount = columnCountCall(view.object);
-    const auto columnCount = numberIn(co_await query.reply(getColumnCount));
-    const auto isItem = [](const NamedItem& item) { return item.path.has_value(); };
-    if (selected.items.size() > 1 && selected.items.size() == columnCount &&
-        std::count_if(selected.items.begin(), selected.items.end(), isItem) == 1)
-        std::erase_if(selected.items, [&](const NamedItem& item) { return !isItem(item); });
-    co_return selected;
-}
-
-Task<SelectedItems> readRowsOrQt6(DBusQuery& query, ItemReader& reader, View view)
+Task<SelectedItems> readRowsOrSelection(DBusQuery& query, ItemReader& reader, View view)
 {
     SelectedItems selected = co_await readTable(query, reader, view);
     if (selected.isKnown && selected.items.empty())
-        selected = co_await readQt6(query, reader, view);
+        selected = co_await readSelection(query, reader, view);
     co_return selected;
 }
 

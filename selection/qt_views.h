@@ -17,12 +17,8 @@ namespace pinorama {
 constexpr std::size_t kMaxPendingCalls = 64;  // that wait for a reply at the same time
 constexpr std::size_t kMaxScanned = 20000;    // items of a view that are asked one by one
 
-// Reads the Selection interface of a view of Qt 6. Some views count each cell of a row as selected,
-// of which one has a name that is an item of the folder.
-Task<SelectedItems> readQt6(DBusQuery& query, ItemReader& reader, View view);
-
 // Reads a view with both interfaces: the rows, or the selection if there are none.
-Task<SelectedItems> readRowsOrQt6(DBusQuery& query, ItemReader& reader, View view);
+Task<SelectedItems> readRowsOrSelection(DBusQuery& query, ItemReader& reader, View view);
 
 // Whether a view of Qt is showing. It has that state in every tab, its container only in the tab in
 // front.

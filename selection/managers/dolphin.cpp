@@ -87,7 +87,7 @@ Task<SelectedItems> DolphinWindow::selectedItems(DBusQuery& query, ItemReader& r
     if (view.access == ViewAccess::states) {
         selected = co_await readStates(query, reader, view, likely);
     } else {
-        selected = co_await readRowsOrQt6(query, reader, view);
+        selected = co_await readRowsOrSelection(query, reader, view);
         if (selected.items.size() == 1) {
             NamedItem item = co_await certain(query, reader, view, selected.items.front());
             selected.items = {std::move(item)};

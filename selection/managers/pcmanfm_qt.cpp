@@ -29,12 +29,27 @@ public:
         if (view.access == ViewAccess::states) {
             selected = co_await readStates(query, reader, view);
         } else {
-            selected = co_await readRowsOrQt6(query, reader, view);
+            selected = co_await readRowsOrSelection(query, reader, view);
+            if (selected.items.size() > 1) selected = co_await withoutCells(query, view, selected);
         }
         co_return selected;
     }
 
 private:
+    // If each cell of one row is counted, keeps the one whose name is an item of the folder.
+    static Task<SelectedItems> withoutCells(DBusQuery& query, View view, SelectedItems selected)
+    {
+        const QDBusMessage getColumnCount = columnCountCall(view.object);
+        const auto columnCount = numberIn(co_await query.reply(getColumnCount));
+        const auto isItem = [](const NamedItem& item) { return item.path.has_value(); };
+        const auto isMissing = [](const NamedItem& item) { return item.item.isNull(); };
+        std::vector<NamedItem>& items = selected.items;
+        if (items.size() == columnCount && std::none_of(items.begin(), items.end(), isMissing) &&
+            std::count_if(items.begin(), items.end(), isItem) == 1)
+            std::erase_if(items, [&](const NamedItem& item) { return !isItem(item); });
+        co_return selected;
+    }
+
     static Task<SelectedItems> readStates(DBusQuery& query, ItemReader& reader, View view)
     {
         SelectedItems selected;

@@ -43,11 +43,11 @@ def malformedName(follow):
     time.sleep(1.5)
     try:
         follow.selectFirst()
-        seen = []
-        for _ in range(len(follow.names) + 2):
-            follow.settle()
-            seen.append(follow.probe.paths())
+        seen = [[follow.expectOne()]]
+        for _ in range(len(follow.names) + 1):
             follow.desktop.keys(follow.step)
+            paths = follow.probe.waitUntil(lambda paths: len(paths) == 1 and paths not in seen, 3)
+            seen.append(paths or follow.probe.paths())
         if seen.count([]) != 1 or {paths[0] for paths in seen if paths} != follow.expectedItems():
             raise Wrong(f"expected every other item and nothing once, got {seen}")
     finally:
@@ -67,10 +67,14 @@ def noneAndSeveral(follow):
     follow.expectNotOne()
     if follow.manager.reportsSeveral:
         follow.expect(lambda paths: paths == order[:2], order[:2])
+    follow.settle()
+    follow.expectNotOne(0)
     follow.desktop.keys("ctrl+a")
     follow.expectNotOne()
     if follow.manager.reportsSeveral:
         follow.expect(lambda paths: paths == order, order)
+    follow.settle()
+    follow.expectNotOne(0)
 
 
 @cases.add

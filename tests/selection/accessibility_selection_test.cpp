@@ -204,6 +204,25 @@ TEST_F(AccessibilitySelectionTest, readsTheCellsOfOneQt6RowAsOneItem)
 }
 
 // Dolphin says only a third of a second after the key that no longer one item is selected.
+// Its columns of icons are then as many as the selected items.
+TEST_F(AccessibilitySelectionTest, takesNoItemOfSeveralForACellOfTheOnlyOne)
+{
+    for (const char* process : {"dolphin", "pcmanfm-qt"}) {
+        SCOPED_TRACE(process);
+        follow(Kind::table, process, 2);
+        manager_->addCell(0, "1 byte");
+        manager_->change(FakeFileManager::kView, [](test::FakeObject& view) {
+            view.hidesRows = true;
+            view.hidesLater = true;
+        });
+        manager_->select({0});
+        EXPECT_TRUE(findsPaths({picture(0)}));
+        manager_->select({1, 0});
+        EXPECT_TRUE(findsPaths({}));
+        EXPECT_TRUE(source_->isKnown());
+    }
+}
+
 TEST_F(AccessibilitySelectionTest, doesNotTakeASecondItemForTheOnlyOne)
 {
     follow(Kind::states, "dolphin", 4);

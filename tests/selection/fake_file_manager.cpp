@@ -402,7 +402,8 @@ QDBusMessage test::FakeFileManager::replyTo(const QDBusMessage& call)
     } else if (what == "GetChildAtIndex") {
         value = at(object.children, first);
     } else if (what == "GetSelectedChild") {
-        const bool isThere = static_cast<std::size_t>(first) < object.selected.size();
+        const bool isThere = static_cast<std::size_t>(first) < object.selected.size() &&
+                             !(object.hidesLater && first > 0);
         value =
             at(object.children, isThere ? object.selected[static_cast<std::size_t>(first)] : -1);
     } else if (what == "GetRelationSet") {
