@@ -5,6 +5,7 @@ import os
 import time
 
 from cases import require
+from desktop import Desktop
 from follow import Follow
 from managers import managerNamed
 from running import need, programIn, run
@@ -23,8 +24,8 @@ def shownPlace(latitude, longitude):
 class Beside(Follow):
     """A file manager with the window beside it."""
 
-    def __init__(self, session, manager, program):
-        super().__init__(session, manager, Window(session, program))
+    def __init__(self, session, manager, program, desktop=None):
+        super().__init__(session, manager, Window(session, program, desktop), desktop)
         self.shown = self.probe
 
     def expectShown(self, path, seconds=3):
@@ -55,9 +56,9 @@ class Beside(Follow):
         self.desktop.clickEmptySpace(self.window)
 
 
-def runBeside(cases, kind=Beside):
+def runBeside(cases, kind=Beside, session=DesktopSession, desktop=Desktop, programs=()):
     """Runs the cases of a test with the arguments BIN_FOLDER MANAGER [--case NAME]..., all on one object of
-    class `kind`."""
+    class `kind`, in a session of class `session` that `desktop` controls and that needs `programs`."""
     parser = argparse.ArgumentParser()
     parser.add_argument("bin")
     parser.add_argument("manager")
@@ -66,9 +67,9 @@ def runBeside(cases, kind=Beside):
     manager = managerNamed(arguments.manager)
 
     def test():
-        need(manager.command[0], "dbus-monitor")
-        with DesktopSession() as session:
-            beside = kind(session, manager, programIn(arguments.bin))
+        need(manager.command[0], "dbus-monitor", *programs)
+        with session() as started:
+            beside = kind(started, manager, programIn(arguments.bin), desktop(started))
             beside.shown.open()
             beside.start()
             return cases.run(manager.name, beside, arguments.case)

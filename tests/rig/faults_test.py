@@ -30,8 +30,8 @@ cases = Cases()
 class Faulty(Beside):
     """A file manager with the window beside it, in an environment where something will fail."""
 
-    def __init__(self, session, manager, program):
-        super().__init__(session, manager, program)
+    def __init__(self, session, manager, program, desktop):
+        super().__init__(session, manager, program, desktop)
         self.catalogue = Catalogue(session)
 
     def maxResponseTime(self, seconds):

@@ -17,11 +17,11 @@ PATIENCE = 6  # seconds; a query runs five times a second, but the machine may b
 
 
 class Follow:
-    def __init__(self, session, manager, probe):
+    def __init__(self, session, manager, probe, desktop=None):
         self.session = session
         self.manager = manager
         self.probe = probe
-        self.desktop = Desktop(session)
+        self.desktop = desktop or Desktop(session)
         self.pictures = os.path.join(session.home.encode(), b"Bilder")
         self.other = os.path.join(self.pictures, b"Andere")
         os.makedirs(self.other)

@@ -147,11 +147,14 @@ class DesktopSession:
         self._writeSettings()
         self._startDisplay()
         self._startBus()
+        self._startWindowManager()
+        if self.services:
+            self.enableAccessibilityBus()
+
+    def _startWindowManager(self):
         self.windowManager = self.start(["openbox", "--sm-disable"])
         if not waitFor(self.isManaged, 30):
             raise RigError("openbox did not start")
-        if self.services:
-            self.enableAccessibilityBus()
 
     def isManaged(self):
         """Whether the window manager has started: windows that open earlier stay hidden."""

@@ -16,9 +16,10 @@ FIELDS = ("Name", "Size", "Coordinate")
 
 
 class Window:
-    def __init__(self, session, program):
+    def __init__(self, session, program, desktop=None):
         self.session = session
         self.program = program
+        self.desktop = desktop or Desktop(session)
         self.log = os.path.join(session.root, "pinorama.log")
         self.process = None
 
@@ -41,7 +42,7 @@ class Window:
     def find(self):
         """The window on the screen."""
         try:
-            return Desktop(self.session).windowNamed("^Pinorama$")
+            return self.desktop.windowNamed("^Pinorama$")
         except RigError as error:
             raise RigError(f"{error}: {self.messages()}") from error
 

@@ -1,0 +1,53 @@
+#!/usr/bin/env python3
+"""Drives one real file manager and the real window beside it on a Wayland compositor, both as Wayland clients.
+
+usage: wayland_test.py BIN_FOLDER MANAGER [--case NAME]...
+
+Every case that could not run is named with its reason."""
+
+import os
+
+import window_test
+from beside import runBeside
+from cases import Cases
+from running import skip
+from session import waitFor
+from wayland import SwayDesktop, SwaySession
+
+cases = Cases(window_test.oneFile, window_test.severalAndNone, window_test.folder)
+
+
+@cases.add
+def windowInFront(beside):
+    """Our own window in front changes nothing."""
+    beside.select(b"c.jpg")
+    beside.desktop.activate(beside.shown.window)
+    beside.expectStill(beside.picture(b"c.jpg"))
+
+
+@cases.add
+def twoWindows(beside):
+    """Of two windows with pictures of equal names, the one that was active last counts."""
+    beside.select(b"c.jpg")
+    second = beside.open(beside.other, beside.desktop.windowsOf(beside.process))
+    try:
+        beside.selectNamed(second, beside.other, b"c.jpg", 3)
+        beside.desktop.activate(beside.window)
+        beside.expectShown(beside.picture(b"c.jpg"))
+        beside.desktop.activate(second)
+        beside.expectShown(os.path.join(beside.other, b"c.jpg"))
+        beside.desktop.activate(beside.shown.window)
+        beside.expectStill(os.path.join(beside.other, b"c.jpg"))
+    finally:
+        beside.desktop.activate(second)
+        beside.desktop.keys("ctrl+w")
+        waitFor(lambda: not beside.desktop.exists(second), 3)
+        beside.desktop.activate(beside.window)
+
+
+cases.add(window_test.quiet)
+
+if __name__ == "__main__":
+    if os.geteuid() == 0:
+        skip("sway does not start for root")
+    runBeside(cases, session=SwaySession, desktop=SwayDesktop, programs=["sway", "swaymsg"])
