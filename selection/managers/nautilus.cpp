@@ -97,11 +97,12 @@ Task<std::optional<std::size_t>> viewInFront(DBusQuery& query, Accessible frame,
 {
     auto calls =
         callsFor(views, [](const View& view) { return childCountCall(view.ancestors.back()); });
-    calls.push_back(statesCall(frame));
+    calls.push_back(statesCall(views.front().object));
     calls.push_back(extentsCall(views.front().object));
     const auto replies = co_await query.replies(calls);
-    // Newer versions of GTK 4 say what is showing. They find no children in the container of a view
-    // that is behind another tab, and may find that container at a point where the other tab is.
+    // Newer versions of GTK 4 say what is showing; older ones say it of the window only. They find
+    // no children in the container of a view that is behind another tab, and may find that
+    // container at a point where the other tab is.
     if (has(statesIn(replies[views.size()]).value_or(0), State::showing)) {
         for (std::size_t i = 0; i < views.size(); i++) {
             if (numberIn(replies[i]).value_or(0) > 0) co_return i;

@@ -12,6 +12,7 @@
 
 #include <QDBusConnection>
 
+#include <algorithm>
 #include <chrono>
 #include <memory>
 #include <string>
@@ -192,6 +193,24 @@ TEST_F(FrameReaderTest, readForgetsAViewWhoseGtk4ContainerIsNoLongerInFront)
     manager_->change(kTab, [&](test::FakeObject& tab) { tab.children.swap(children); });
     findAgain();
     EXPECT_EQ(frame_->paths(), std::vector<std::string>{folder_.file("a.jpg")});
+}
+
+// As in Nautilus 43, where the window is showing but no view ever says so.
+TEST_F(FrameReaderTest, readLooksWhatIsAtAPointOfTheWindowIfTheViewsDoNotSayThatTheyAreShowing)
+{
+    isGtk4_ = true;
+    find(Kind::selection, "nautilus");
+    manager_->change(FakeFileManager::kView, [](test::FakeObject& view) {
+        view.states &= ~(States{1} << static_cast<unsigned>(State::showing));
+    });
+    (void)manager_->takeCalls();
+    frame_->markStale();
+    readWithAnotherQuery();
+    const std::vector<std::string> calls = manager_->takeCalls();
+    EXPECT_NE(std::find(calls.begin(), calls.end(),
+                        std::to_string(FakeFileManager::kView) + " GetExtents"),
+              calls.end());
+    EXPECT_FALSE(frame_->isFound()) << "the stand-in has no objects at points";
 }
 
 // As in Nautilus 48.
