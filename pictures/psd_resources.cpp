@@ -28,11 +28,14 @@ EmbeddedMetadata findPsdMetadata(const ByteBlock& psd)
     const std::uint64_t start = kHeaderSize + 4 + bigEndian32(coloursLength.data());
     const ByteView length = psd.view(start, 4);
     if (length.empty()) return metadata;
-    const std::uint64_t wanted = bigEndian32(length.data());
-    const ByteBlock resources = psd.part(start + 4, wanted).part(0, kMaxResources);
-    metadata.iptc = findPhotoshopResource(resources, kIptcResource);
-    metadata.exif = tiffInExifPart(findPhotoshopResource(resources, kExifResource));
-    metadata.xmp = findPhotoshopResource(resources, kXmpResource);
+    const std::uint64_t end = bigEndian32(length.data());
+    const ByteBlock resources = psd.part(start + 4, end).part(0, kMaxResources);
+    enum { iptc, exif, xmp };
+    PhotoshopResource wanted[] = {{kIptcResource}, {kExifResource}, {kXmpResource}};
+    findPhotoshopResources(resources, wanted);
+    metadata.iptc = wanted[iptc].data;
+    metadata.exif = tiffInExifPart(wanted[exif].data);
+    metadata.xmp = wanted[xmp].data;
     return metadata;
 }
 
