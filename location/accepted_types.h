@@ -11,3 +11,14 @@
 // begins no extension, so ".jpg" has none. Slashes at the end of a path do not count: a folder is
 // judged by its name like a file. TIFF, PNG, HEIC and every other type are refused, and so is null.
 bool gpsIsAcceptedPath(TovStringRef path);
+
+namespace pinorama {
+
+// The same for the further kinds of files that are read for whoever asks for them: pictures of
+// telephones, TIFF, PNG and others, more raw formats, videos.
+bool isPathOfMoreKinds(TovStringRef path);
+
+// True for those of them that are videos.
+bool isPathOfVideo(TovStringRef path);
+
+}  // namespace pinorama

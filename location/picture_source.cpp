@@ -1,16 +1,31 @@
 #include "location/picture_source.h"
 
+#include "base/user_language.h"
+#include "pictures/more_properties.h"
+
 #include <utility>
 
 using namespace pinorama;
 
 namespace {
+bool gReadsMoreKinds = false;
+
 PropertySource& currentSource()
 {
     static PropertySource source;
     return source;
 }
 }  // namespace
+
+void pinorama::setReadsMoreKinds(bool isOn)
+{
+    gReadsMoreKinds = isOn;
+}
+
+bool pinorama::readsMoreKinds()
+{
+    return gReadsMoreKinds;
+}
 
 void pinorama::installPropertySource(PropertySource source)
 {
@@ -24,5 +39,6 @@ std::optional<PictureProperties> pinorama::propertiesOf(const PictureFile& pictu
         return source(picture.descriptor(), picture.size());
     }
     FileByteSource bytes(picture.descriptor(), picture.size());
-    return readPictureProperties(bytes);
+    return gReadsMoreKinds ? readMoreProperties(bytes, userLanguage())
+                           : readPictureProperties(bytes);
 }

@@ -19,6 +19,11 @@ namespace pinorama {
 // a program while it starts, and by tests.
 void installPropertySource(PropertySource source);
 
+// Whether more kinds of files are to be read, and XMP in all of them (pictures/more_properties.h).
+// At first they are not. A source that has pictures read elsewhere looks here itself.
+void setReadsMoreKinds(bool isOn);
+bool readsMoreKinds();
+
 // Reads the properties of an open picture. Nothing when the file is not open, is no picture or
 // cannot be read. Throws std::bad_alloc when memory runs out.
 std::optional<PictureProperties> propertiesOf(const PictureFile& picture);

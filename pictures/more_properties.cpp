@@ -112,4 +112,12 @@ std::optional<PictureProperties> readMoreProperties(ByteSource& source, std::str
     return std::move(properties);
 }
 
+std::function<std::optional<PictureProperties>(ByteSource& source)> moreReaderFor(
+    std::string language)
+{
+    return [language = std::move(language)](ByteSource& source) {
+        return readMoreProperties(source, language);
+    };
+}
+
 }  // namespace pinorama

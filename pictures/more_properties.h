@@ -3,7 +3,9 @@
 
 #pragma once
 
+#include <functional>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "pictures/picture_properties.h"
@@ -17,10 +19,14 @@ namespace pinorama {
 //   language  of the user, see readXmp.
 //
 // What Exif and IPTC do not say is taken from XMP, and what that does not say either from what a
-// video says; `sources` tell which it was. Less than a megabyte is read of a file in one of the
-// further formats, however large it is.
+// video says; `sources` tell which it was. Of a file in boxes, chunks or resources less than
+// a megabyte is read, however large it is.
 //
 // Damaged parts count as absent. Returns nothing when the bytes are none of these files.
 std::optional<PictureProperties> readMoreProperties(ByteSource& source, std::string_view language);
+
+// The same with the language of a user who stays the same.
+std::function<std::optional<PictureProperties>(ByteSource& source)> moreReaderFor(
+    std::string language);
 
 }  // namespace pinorama

@@ -23,6 +23,7 @@ void cuReadPicturesElsewhere()
     cuPictureOpener().start();
     cuInstallFilePreviews();
     installPropertySource([](int descriptor, std::uint64_t /*size*/) {
+        cuPictureReader().setReadsMore(readsMoreKinds());
         return LateProperties::instance()->read(descriptor);
     });
 }

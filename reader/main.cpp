@@ -1,6 +1,8 @@
 // pinorama-reader: reads pictures for the window in a sandbox, each in a process of its own. The
 // window starts it with a socket; started from a command line it has none and ends at once.
 
+#include "base/user_language.h"
+#include "pictures/more_properties.h"
 #include "pictures/picture_properties.h"
 #include "reader/other_pictures.h"
 #include "reader/preview_replies.h"
@@ -41,7 +43,7 @@ int main()
     serveInChildren(kReaderSocket, [](int socket) {
         if (!enterChildSandbox(socket)) return;
         (void)rehearse();
-        servePicture(socket, {readPictureProperties, previewReply});
+        servePicture(socket, {readPictureProperties, previewReply, moreReaderFor(userLanguage())});
     });
     // Libraries would look for files while they clean up.
     _exit(EXIT_SUCCESS);

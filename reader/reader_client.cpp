@@ -81,7 +81,7 @@ std::vector<PropertyResult> ReaderClient::readProperties(std::span<const int> de
     const auto isOurs = [](const ReaderJob& job) { return job.propertyResult != nullptr; };
     std::vector<PropertyResult> results(descriptors.size());
     for (std::size_t i = 0; i < descriptors.size(); i++) {
-        jobs_.add(ReaderTask::properties, descriptors[i], {}, &results[i]);
+        jobs_.add(propertyTask_, descriptors[i], {}, &results[i]);
     }
     waitWhile([&] { return jobs_.isWaitedFor(isOurs); }, Clock::time_point::max(), alarm);
     jobs_.giveUpPlaces();  // what the alarm cut short must not be written to `results` later on
@@ -98,7 +98,7 @@ std::uint32_t ReaderClient::startProperties(int descriptor)
 {
     giveUpProperties();
     const std::uint32_t ticket = propertiesTicket_ = nextTicket();
-    jobs_.add(ReaderTask::properties, descriptor, {}, nullptr);
+    jobs_.add(propertyTask_, descriptor, {}, nullptr);
     step();
     changed();
     return ticket;
@@ -109,7 +109,7 @@ void ReaderClient::giveUpProperties()
     jobs_.results().properties.reset();
     propertiesTicket_ = 0;
     jobs_.giveUp([](const ReaderJob& job) {
-        return job.task == ReaderTask::properties && job.propertyResult == nullptr;
+        return asksForProperties(job.task) && job.propertyResult == nullptr;
     });
 }
 
@@ -141,7 +141,7 @@ void ReaderClient::giveUpPreview()
 {
     jobs_.results().preview.reset();
     previewTicket_ = 0;
-    jobs_.giveUp([](const ReaderJob& job) { return job.task != ReaderTask::properties; });
+    jobs_.giveUp([](const ReaderJob& job) { return !asksForProperties(job.task); });
 }
 
 std::optional<PreviewResult> ReaderClient::takePreview()
@@ -218,7 +218,7 @@ void ReaderClient::send()
 
 const ReaderPatience& ReaderClient::patienceOf(const ReaderJob& job) const
 {
-    return job.task == ReaderTask::properties ? limits_.properties : limits_.preview;
+    return asksForProperties(job.task) ? limits_.properties : limits_.preview;
 }
 
 // A reader that reports what the picture costs takes some time itself to do so, which is no sign of
@@ -235,7 +235,7 @@ std::optional<ReaderClient::Clock::time_point> ReaderClient::whenFrontGivesWay()
     if (!jobs_.isReady() || !jobs_.isFrontSent() || jobs_.all().size() < 2) return std::nullopt;
     const ReaderJob& front = jobs_.all()[0];
     const ReaderJob& next = jobs_.all()[1];
-    const bool isPreview = front.task != ReaderTask::properties;
+    const bool isPreview = !asksForProperties(front.task);
     // The reader stops making a preview by itself when another request comes. Properties that have
     // taken so long already are held up by a disk.
     if (isPreview && next.isSent) return next.sent + limits_.giveWay;

@@ -85,6 +85,13 @@ public:
     // Other limits for what begins from now on.
     void setLimits(const ReaderLimits& limits) { limits_ = limits; }
 
+    // Whether properties that are asked for from now on are those of more kinds of files, and out
+    // of XMP as well (pictures/more_properties.h). At first they are not.
+    void setReadsMore(bool isOn)
+    {
+        propertyTask_ = isOn ? ReaderTask::moreProperties : ReaderTask::properties;
+    }
+
     // Reads the properties of the pictures that are open under `descriptors` and waits for them. A
     // preview that is under way gives way and goes on afterwards.
     //
@@ -188,6 +195,7 @@ private:
     int failedStarts_ = 0;
     int crashes_ = 0;  // of processes of one picture, in this reader
     ReaderJobs jobs_;
+    ReaderTask propertyTask_ = ReaderTask::properties;
     std::uint32_t nextTicket_ = 1;
     std::uint32_t propertiesTicket_ = 0;
     std::uint32_t previewTicket_ = 0;

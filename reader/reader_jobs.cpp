@@ -72,7 +72,7 @@ bool ReaderJobs::sendBatch(int socket, std::size_t first, std::size_t max)
 {
     ReaderRequest request = {jobs_[first].task, jobs_[first].number, 0, jobs_[first].box};
     std::vector<int> descriptors;
-    if (request.task != ReaderTask::properties || jobs_[first].isAlone) max = 1;
+    if (!asksForProperties(request.task) || jobs_[first].isAlone) max = 1;
     for (std::size_t i = first; i < jobs_.size() && descriptors.size() < max; i++) {
         const bool isApart = i > first && jobs_[i].isAlone;
         const bool belongs = jobs_[i].task == request.task && !jobs_[i].isSent && !isApart &&
@@ -181,7 +181,7 @@ bool ReaderJobs::finishFront(const ReplyHeader& header, ByteView body)
     case ReplyOutcome::nothing: dropFront(ReadOutcome::nothing); return true;
     case ReplyOutcome::found: break;
     }
-    if (job.task == ReaderTask::properties) {
+    if (asksForProperties(job.task)) {
         std::optional<PictureProperties> properties = decodeProperties(body);
         if (!properties) return false;
         if (job.propertyResult != nullptr) {
@@ -207,7 +207,7 @@ bool ReaderJobs::finishInterrupted()
         dropFront(job.isStuck ? ReadOutcome::stuck : ReadOutcome::failed);
         return true;
     }
-    if (job.task == ReaderTask::properties || job.interruptions >= kMaxInterruptions) return false;
+    if (asksForProperties(job.task) || job.interruptions >= kMaxInterruptions) return false;
     sendFrontLater();
     return true;
 }
@@ -261,7 +261,7 @@ void ReaderJobs::finish(const ReaderJob& job, ReadOutcome outcome)
         job.propertyResult->outcome = outcome;
     } else if (job.isGivenUp || outcome == ReadOutcome::found) {
         return;  // nobody waits for it, or it has been kept already
-    } else if (job.task == ReaderTask::properties) {
+    } else if (asksForProperties(job.task)) {
         results_.properties = PropertyResult{outcome, {}};
     } else {
         results_.preview = PreviewResult{outcome, {}};

@@ -2,6 +2,7 @@
 
 #include "base/child_process.h"
 #include "base/resource_folder.h"
+#include "base/user_language.h"
 
 #include <cerrno>
 #include <csignal>
@@ -53,6 +54,10 @@ std::vector<std::string> readerEnvironment()
     // One thread, no files of locales and zones to look for.
     std::vector<std::string> environment = {"LC_ALL=C", "TZ=UTC0", "OMP_NUM_THREADS=1",
                                             "QT_LOGGING_RULES=*=false"};
+    // Not for messages, since the locale is C: of captions in several languages it is the user's
+    // that counts.
+    const std::string language = userLanguage();
+    if (!language.empty()) environment.push_back("LANGUAGE=" + language);
     for (const char* name : kInherited) {
         const char* value = std::getenv(name);
         if (value != nullptr) environment.push_back(std::string(name) + "=" + value);

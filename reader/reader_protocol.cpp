@@ -20,6 +20,7 @@ constexpr std::uint16_t kVersion = 2;
 constexpr std::size_t kNumberCount = 8;
 constexpr std::size_t kTextCount = 8;
 constexpr std::size_t kPropertyHeaderSize = 4;  // which values there are
+constexpr std::size_t kSourcesSize = 8;
 
 constexpr std::size_t kPreviewHeaderSize = 16;
 constexpr std::size_t kMaxUriLength = 3 * 4096 + 7;  // every byte of the longest path escaped
@@ -43,7 +44,7 @@ bool isSensible(const ReaderRequest& request)
     }
     if (request.box != PixelSize{}) return false;
     if (request.task == ReaderTask::giveUp) return request.descriptorCount == 0;
-    return request.task == ReaderTask::properties && request.descriptorCount >= 1 &&
+    return asksForProperties(request.task) && request.descriptorCount >= 1 &&
            request.descriptorCount <= kMaxDescriptors;
 }
 
@@ -86,9 +87,39 @@ void visitValues(Properties& properties, Visitor visit)
     visit(properties.taken.has_value(), properties.takenOffset);
 }
 
+constexpr std::uint32_t kHasSources = 1u << 29;
 constexpr std::uint32_t kHasGps = 1u << 30;
 constexpr std::uint32_t kHasIptc = 1u << 31;
 constexpr std::uint32_t kValues = (1u << (kNumberCount + kTextCount)) - 1;
+
+// Sources as a number: a byte for each, that of the position lowest.
+std::uint64_t numberOfSources(const ValueSources& sources)
+{
+    std::uint64_t number = 0;
+    int shift = 0;
+    for (const ValueSource source :
+         {sources.position, sources.altitude, sources.direction, sources.city, sources.state,
+          sources.country, sources.caption}) {
+        number |= std::uint64_t{static_cast<std::uint8_t>(source)} << shift;
+        shift += 8;
+    }
+    return number;
+}
+
+// Nothing if the number stands for no sources.
+std::optional<ValueSources> sourcesOfNumber(std::uint64_t number)
+{
+    ValueSources sources;
+    for (ValueSource* source :
+         {&sources.position, &sources.altitude, &sources.direction, &sources.city, &sources.state,
+          &sources.country, &sources.caption}) {
+        const auto value = static_cast<std::uint8_t>(number & 0xff);
+        if (value >= kValueSourceCount) return std::nullopt;
+        *source = static_cast<ValueSource>(value);
+        number >>= 8;
+    }
+    return number == 0 ? std::optional(sources) : std::nullopt;
+}
 
 void putValue(MessageWriter* message, double value)
 {
@@ -226,8 +257,9 @@ std::optional<ReplyHeader> decodeReplyHeader(ByteView bytes, ReaderTask task, st
 
 std::size_t maxBodyLength(ReaderTask task, PixelSize box)
 {
-    if (task == ReaderTask::properties) {
-        return kPropertyHeaderSize + 8 * kNumberCount + kTextCount * (4 + 2 * kMaxTextLength);
+    if (asksForProperties(task)) {
+        return kPropertyHeaderSize + kSourcesSize + 8 * kNumberCount +
+               kTextCount * (4 + 2 * kMaxTextLength);
     }
     if (!isPreview(task)) return 0;
     const std::size_t pixels = static_cast<std::size_t>(box.width) * box.height;
@@ -261,6 +293,10 @@ std::vector<std::uint8_t> encodeProperties(const PictureProperties& properties)
         }
         bit <<= 1;
     });
+    if (properties.sources != ValueSources{}) {
+        flags |= kHasSources;
+        values.put64(numberOfSources(properties.sources));
+    }
     MessageWriter message;
     message.put32(flags);
     std::vector<std::uint8_t> bytes = std::move(message.bytes());
@@ -275,7 +311,7 @@ std::optional<PictureProperties> decodeProperties(ByteView body)
     const std::uint32_t flags = message.get32();
     properties.hasGps = (flags & kHasGps) != 0;
     properties.hasIptc = (flags & kHasIptc) != 0;
-    bool isSound = (flags & ~(kHasGps | kHasIptc | kValues)) == 0;
+    bool isSound = (flags & ~(kHasGps | kHasIptc | kHasSources | kValues)) == 0;
     std::uint32_t bit = 1;
     visitValues(properties, [&](bool hasHome, auto& value) {
         const bool isThere = (flags & bit) != 0;
@@ -283,6 +319,11 @@ std::optional<PictureProperties> decodeProperties(ByteView body)
         if (!isSound || !isThere) return;
         isSound = hasHome && getValue(&message, &value);
     });
+    if (isSound && (flags & kHasSources) != 0) {
+        const std::optional<ValueSources> sources = sourcesOfNumber(message.get64());
+        isSound = sources.has_value();
+        if (sources) properties.sources = *sources;
+    }
     if (!isSound || !message.isComplete()) return std::nullopt;
     return properties;
 }

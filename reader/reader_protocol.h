@@ -35,7 +35,13 @@ enum class ReaderTask : std::uint16_t {
     picturePreview,
     cachedThumbnail,
     giveUp,  // nobody needs the reply of that number any more; has no descriptor and no reply
+    moreProperties,  // of more kinds of files, and out of XMP (pictures/more_properties.h)
 };
+
+constexpr bool asksForProperties(ReaderTask task)
+{
+    return task == ReaderTask::properties || task == ReaderTask::moreProperties;
+}
 
 struct ReaderRequest {
     ReaderTask task = ReaderTask::properties;

@@ -67,10 +67,11 @@ struct Result {
 // protection would touch each page of its buffers, which most pictures fill to a small part.
 using SourceHolder = std::optional<FileByteSource>;
 
-Result propertiesOf(int descriptor, const ReaderTasks& tasks, SourceHolder* source)
+Result propertiesOf(int descriptor, const ReaderTasks::PropertyReader& read, SourceHolder* source)
 {
+    if (!read) return {};
     source->emplace(descriptor, sizeOf(descriptor));
-    const std::optional<PictureProperties> properties = tasks.readProperties(**source);
+    const std::optional<PictureProperties> properties = read(**source);
     if (!properties) return {};
     return {ReplyOutcome::found, encodeProperties(*properties)};
 }
@@ -92,7 +93,11 @@ Result previewOf(int socket, int descriptor, const ReaderRequest& request, const
 Result resultOf(int socket, int descriptor, const ReaderRequest& request, const ReaderTasks& tasks,
                 SourceHolder* source)
 try {
-    if (request.task == ReaderTask::properties) return propertiesOf(descriptor, tasks, source);
+    if (asksForProperties(request.task)) {
+        const bool isMore = request.task == ReaderTask::moreProperties;
+        return propertiesOf(descriptor, isMore ? tasks.readMoreProperties : tasks.readProperties,
+                            source);
+    }
     return previewOf(socket, descriptor, request, tasks);
 } catch (const std::exception&) {
     return {};  // out of memory, most likely, which has been released again

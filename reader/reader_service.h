@@ -14,10 +14,14 @@
 namespace pinorama {
 
 struct ReaderTasks {
-    std::function<std::optional<PictureProperties>(ByteSource& source)> readProperties;
+    using PropertyReader = std::function<std::optional<PictureProperties>(ByteSource& source)>;
+
+    PropertyReader readProperties;
     // Empty in a reader that makes no previews.
     std::function<std::optional<PreviewReply>(ByteSource& source, PreviewKind kind, PixelSize box)>
         makePreview;
+    // For ReaderTask::moreProperties. Empty in a reader that finds none.
+    PropertyReader readMoreProperties{};
 };
 
 // Says that the reader is ready and serves requests until the other side closes the socket or sends

@@ -187,7 +187,7 @@ bool Zygote::takeMessage()
         waiting_.push_back({single, std::move(file)});
         single.number++;
     }
-    const bool isInTheWay = work_ && work_->request.task != ReaderTask::properties;
+    const bool isInTheWay = work_ && !asksForProperties(work_->request.task);
     return !isInTheWay || finish(ReplyOutcome::interrupted);
 }
 
@@ -228,7 +228,7 @@ bool Zygote::report()
 bool Zygote::begin()
 {
     const ReaderRequest& request = waiting_.front().request;
-    const bool isPreview = request.task != ReaderTask::properties;
+    const bool isPreview = !asksForProperties(request.task);
     if (isPreview && waiting_.size() > 1) return finishFront(ReplyOutcome::interrupted);
     const int file = waiting_.front().file.get();
     for (int attempt = 0; attempt < 2; attempt++) {

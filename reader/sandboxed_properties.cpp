@@ -1,5 +1,7 @@
 #include "reader/sandboxed_properties.h"
 
+#include "base/user_language.h"
+#include "pictures/more_properties.h"
 #include "pictures/picture_properties.h"
 #include "reader/reader_protocol.h"
 #include "reader/reader_service.h"
@@ -18,7 +20,7 @@ constexpr std::uint32_t kDescriptors = 4 + kMaxDescriptors;
 void serveSandboxedProperties(int socket)
 {
     if (!enterSandbox({socket, kMemory, kDescriptors})) return;
-    serveReader(socket, {readPictureProperties, {}});
+    serveReader(socket, {readPictureProperties, {}, moreReaderFor(userLanguage())});
 }
 }  // namespace
 

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <string>
 
 using namespace pinorama;
@@ -85,4 +86,28 @@ TEST(gpsIsAcceptedPath, looksAtTheLastExtensionOfTheLastComponent)
 TEST(gpsIsAcceptedPath, refusesNull)
 {
     EXPECT_FALSE(gpsIsAcceptedPath(nullptr));
+}
+
+TEST(isPathOfMoreKinds, acceptsWhatElseCanBeRead)
+{
+    for (const char* extension : {"heic", "heif", "hif",  "avif", "cr3", "jxl", "mov",  "mp4",
+                                  "rw2",  "srw",  "3fr",  "iiq",  "erf", "gpr", "x3f",  "tif",
+                                  "tiff", "png",  "webp", "gif",  "psd", "jpe", "jfif", "mpo"}) {
+        SCOPED_TRACE(extension);
+        std::string upper = extension;
+        for (char& c : upper) c = static_cast<char>(std::toupper(c));
+        for (const std::string& spelling : {std::string(extension), upper}) {
+            const auto path = text("/pictures/photo." + spelling);
+            EXPECT_TRUE(isPathOfMoreKinds(path.get()));
+            EXPECT_FALSE(gpsIsAcceptedPath(path.get()));
+            EXPECT_EQ(isPathOfVideo(path.get()), upper == "MOV" || upper == "MP4");
+        }
+    }
+    for (const char* name :
+         {"a.jpg", "a.nef", "a.txt", "a.xmp", "heic", ".heic", "a.heic.txt", ""}) {
+        SCOPED_TRACE(name);
+        EXPECT_FALSE(isPathOfMoreKinds(text(name).get()));
+        EXPECT_FALSE(isPathOfVideo(text(name).get()));
+    }
+    EXPECT_FALSE(isPathOfMoreKinds(nullptr));
 }

@@ -5,6 +5,7 @@
 #include "lib/objects/values.h"
 #include "location/metadata_reader.h"
 #include "location/property_keys.h"
+#include "tests/support/container_builder.h"
 #include "tests/support/environment.h"
 #include "tests/support/failing_memory.h"
 #include "tests/support/picture_builder.h"
@@ -237,6 +238,27 @@ TEST(installPropertySource, replacesAndRestoresReading)
     installPropertySource({});
     EXPECT_FALSE(Dictionary(copyProperties(path)));
     EXPECT_TRUE(Dictionary(copyProperties(folder.write("b.jpg", test::pictureWithGps(kFields)))));
+}
+
+TEST(setReadsMoreKinds, decidesWhetherMoreIsRead)
+{
+    const test::TemporaryFolder folder;
+    const std::string xmp = test::xmpPacket("photoshop:City='Rome'");
+    const std::string jpeg = folder.write("a.jpg", test::jpegPicture({test::xmpSegment(xmp)}));
+    const std::string png = folder.write("a.png", test::pngFile({test::pngXmpChunk(xmp)}));
+    const auto cityOf = [](const std::string& path) -> std::u16string {
+        const auto properties = propertiesOf(PictureFile(path));
+        return properties ? properties->city.value_or(u"none") : u"no picture";
+    };
+    EXPECT_FALSE(readsMoreKinds()) << "off at first";
+    EXPECT_EQ(cityOf(jpeg), u"none");
+    EXPECT_EQ(cityOf(png), u"no picture");
+    setReadsMoreKinds(true);
+    EXPECT_TRUE(readsMoreKinds());
+    EXPECT_EQ(cityOf(jpeg), u"Rome");
+    EXPECT_EQ(cityOf(png), u"Rome");
+    setReadsMoreKinds(false);
+    EXPECT_EQ(cityOf(jpeg), u"none");
 }
 
 TEST(gpsCopyImageProperties, isNullOrWholeWhenMemoryRunsOut)

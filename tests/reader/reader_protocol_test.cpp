@@ -61,7 +61,7 @@ TEST(decodeRequest, refusesEverythingElse)
 {
     const ReaderRequest rows[] = {
         {ReaderTask::hello, 1, 1, {}},
-        {static_cast<ReaderTask>(5), 1, 1, {}},
+        {static_cast<ReaderTask>(6), 1, 1, {}},
         {ReaderTask::giveUp, 1, 1, {}},
         {ReaderTask::giveUp, 1, 0, {1, 1}},
         {ReaderTask::properties, 1, 0, {}},
@@ -141,6 +141,41 @@ TEST(decodeProperties, readsWhatEncodePropertiesWrites)
         EXPECT_TRUE(*decoded == properties);
     }
     EXPECT_TRUE(std::signbit(*decodeProperties(encodeProperties(fullProperties()))->longitude));
+}
+
+TEST(decodeRequest, takesThoseForMorePropertiesLikeThoseForProperties)
+{
+    EXPECT_TRUE(decodeRequest(encodeRequest({ReaderTask::moreProperties, 1, kMaxDescriptors, {}})));
+    EXPECT_FALSE(decodeRequest(encodeRequest({ReaderTask::moreProperties, 1, 0, {}})));
+    EXPECT_FALSE(decodeRequest(encodeRequest({ReaderTask::moreProperties, 1, 1, {1, 1}})));
+}
+
+TEST(decodeProperties, readsWhereValuesComeFrom)
+{
+    PictureProperties properties = fullProperties();
+    properties.sources = {.position = ValueSource::quickTime,
+                          .altitude = ValueSource::xmp,
+                          .direction = ValueSource::exif,
+                          .city = ValueSource::sidecar,
+                          .state = ValueSource::iptc,
+                          .country = ValueSource::xmp,
+                          .caption = ValueSource::sidecar};
+    std::vector<std::uint8_t> body = encodeProperties(properties);
+    EXPECT_LE(body.size(), maxBodyLength(ReaderTask::moreProperties, {}));
+    const std::optional<PictureProperties> decoded = decodeProperties(body);
+    ASSERT_TRUE(decoded);
+    EXPECT_EQ(*decoded, properties);
+    // They take up nothing where they are as they are in Exif and IPTC.
+    EXPECT_EQ(encodeProperties(fullProperties()).size(), body.size() - 8);
+
+    std::vector<std::uint8_t> unknown = body;
+    unknown[body.size() - 8] = kValueSourceCount;
+    EXPECT_FALSE(decodeProperties(unknown));
+    std::vector<std::uint8_t> eighth = body;
+    eighth[body.size() - 1] = 1;
+    EXPECT_FALSE(decodeProperties(eighth));
+    body.pop_back();
+    EXPECT_FALSE(decodeProperties(body));
 }
 
 TEST(encodeProperties, leavesOutWhatCannotBeSent)

@@ -167,6 +167,24 @@ TEST(serveReader, repliesToEveryDescriptorOfARequestInItsOrder)
     }
 }
 
+TEST(serveReader, readsMoreOnlyWhereItIsAskedTo)
+{
+    const Files files;
+    const auto nothing = [](ByteSource&) { return std::optional<PictureProperties>(); };
+    const ServedReader reader({nothing, {}, tellSize});
+    ASSERT_TRUE(reader.saysHello());
+    reader.ask(ReaderTask::properties, 1, {files.ofSize(20)});
+    EXPECT_EQ(reader.nextOutcome(ReaderTask::properties, 1), ReplyOutcome::nothing);
+    reader.ask(ReaderTask::moreProperties, 2, {files.ofSize(20), files.ofSize(30)});
+    EXPECT_EQ(reader.nextOutcome(ReaderTask::moreProperties, 2), ReplyOutcome::found);
+    EXPECT_EQ(reader.nextOutcome(ReaderTask::moreProperties, 3), ReplyOutcome::found);
+
+    const ServedReader other({tellSize, {}});
+    ASSERT_TRUE(other.saysHello());
+    other.ask(ReaderTask::moreProperties, 1, {files.ofSize(20)});
+    EXPECT_EQ(other.nextOutcome(ReaderTask::moreProperties, 1), ReplyOutcome::nothing);
+}
+
 TEST(serveReader, aTaskThatThrowsComesToNothingAndTheNextIsServed)
 {
     const Files files;

@@ -2,13 +2,16 @@
 
 #include "reader/sandboxed_properties.h"
 
+#include "pictures/more_properties.h"
 #include "reader/reader_client.h"
 #include "tests/reader/reader_fixture.h"
+#include "tests/support/container_builder.h"
 #include "tests/support/other_process.h"
 
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <chrono>
 #include <filesystem>
 #include <sstream>
 #include <string>
@@ -95,5 +98,46 @@ TEST(forkPropertyReader, agreesWithReadingInThisProcess)
         if (here) found++;
     }
     EXPECT_GT(found, 300);
+}
+
+TEST(forkPropertyReader, readsMoreKindsOfFilesWhereItIsAskedTo)
+{
+    const test::TemporaryFolder folder;
+    const std::string tiff = test::tiffWithGps({.lat = 48.5, .latRef = "N", .lon = 2.25});
+    const std::string heic = test::heifFile({.items = {{"Exif", test::heifExif(tiff)}}});
+    const PictureFile picture(folder.write("a.heic", heic));
+    ReaderClient client(forkPropertyReader);
+    EXPECT_EQ(client.readProperties(picture.descriptor()).outcome, ReadOutcome::nothing);
+    client.setReadsMore(true);
+    const PropertyResult more = client.readProperties(picture.descriptor());
+    ASSERT_EQ(more.outcome, ReadOutcome::found);
+    EXPECT_EQ(more.properties.latitude, 48.5);
+    (void)client.startProperties(picture.descriptor());
+    EXPECT_EQ(client.waitForProperties(std::chrono::seconds(20))->outcome, ReadOutcome::found);
+    client.setReadsMore(false);
+    EXPECT_EQ(client.readProperties(picture.descriptor()).outcome, ReadOutcome::nothing);
+}
+
+TEST(forkPropertyReader, readsTheFormatCollectionAsThisProcessDoes)
+{
+    const std::optional<std::string> collection = test::formatCollection();
+    if (!collection) GTEST_SKIP() << "PINORAMA_FORMAT_COLLECTION is not set";
+    const test::ScopedVariable language("LANGUAGE", "en");
+    ReaderClient client(forkPropertyReader);
+    client.setReadsMore(true);
+    int found = 0;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(*collection)) {
+        const PictureFile file(entry.path().string());
+        if (!file.isOpen()) continue;
+        FileByteSource bytes(file.descriptor(), file.size());
+        const std::optional<PictureProperties> here = readMoreProperties(bytes, "en");
+        const PropertyResult there = client.readProperties(file.descriptor());
+        EXPECT_EQ(there.outcome, here ? ReadOutcome::found : ReadOutcome::nothing) << entry.path();
+        if (here) {
+            EXPECT_EQ(there.properties, *here) << entry.path();
+        }
+        if (here) found++;
+    }
+    EXPECT_GT(found, 50);
 }
 }  // namespace
