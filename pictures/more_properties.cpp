@@ -16,7 +16,9 @@
 #include "pictures/x3f.h"
 #include "pictures/xmp_packet.h"
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
 namespace pinorama {
@@ -70,6 +72,16 @@ struct Reading {
     }
 };
 
+// True for what a document of XML can begin with: a tag, a byte-order mark, a zero byte of UTF-16,
+// blanks. Of any other file nothing more is read.
+bool mayBeXml(const ByteBlock& file)
+{
+    static constexpr std::uint8_t kFirst[] = {'<', 0xef, 0xfe, 0xff, 0, ' ', '\t', '\r', '\n'};
+    const ByteView start = file.view(0, 1);
+    return !start.empty() &&
+           std::find(std::begin(kFirst), std::end(kFirst), start[0]) != std::end(kFirst);
+}
+
 std::optional<Reading> readFile(const ByteBlock& file)
 {
     Reading reading;
@@ -99,7 +111,7 @@ std::optional<PictureProperties> readMoreProperties(ByteSource& source, std::str
 {
     const ByteBlock file(source);
     std::optional<Reading> reading = readFile(file);
-    if (!reading) return readXmp(file, language);
+    if (!reading) return mayBeXml(file) ? readXmp(file, language) : std::nullopt;
     PictureProperties& properties = reading->properties;
     if (!reading->xmp.isEmpty()) {
         if (const auto xmp = readXmp(reading->xmp, language)) {

@@ -175,6 +175,15 @@ TEST(readMoreProperties, refusesWhatIsNoneOfThem)
     }
 }
 
+TEST(readMoreProperties, readsOnlyTheStartOfAnyOtherFile)
+{
+    const test::TemporaryFolder folder;
+    const PictureFile file(folder.write("a.mov", std::string(1 << 20, 'x')));
+    FileByteSource source(file.descriptor(), file.size());
+    EXPECT_FALSE(readMoreProperties(source, "en"));
+    EXPECT_LE(source.readCount(), 2);
+}
+
 TEST(readMoreProperties, readsLittleOfALongVideo)
 {
     // Four gigabytes of film, as a hole, then where it was taken.
