@@ -1,5 +1,6 @@
 // Writes the seeds of the picture fuzzers, one file per case, into FOLDER/fuzz_X/.
 
+#include "tests/support/container_builder.h"
 #include "tests/support/picture_builder.h"
 
 #include <cstdio>
@@ -52,6 +53,56 @@ void writeSeeds(const Writer& writer, const std::string& suffix, test::ByteOrder
         write(fuzzer, "mrw", test::mrwPicture(tiff));
     }
 }
+
+// The further kinds of files; all of them are seeds of the fuzzer of whole files, too.
+void writeMoreSeeds(const Writer& writer)
+{
+    const std::string tiff = test::tiffWithGps(test::everyField(test::ByteOrder::big));
+    const std::string xmp = test::xmpPacket(
+        "exif:GPSLatitude='33,51.4S' exif:GPSLongitude='151,12.9E' exif:GPSAltitude='125/10'"
+        " exif:GPSAltitudeRef='1' photoshop:City='R&#xf4;me &amp; more'",
+        "<dc:description><rdf:Alt><rdf:li xml:lang='x-default'>one</rdf:li>"
+        "<rdf:li xml:lang='de'>eins</rdf:li></rdf:Alt></dc:description>"
+        "<Iptc4xmpExt:LocationCreated><rdf:Bag><rdf:li rdf:parseType='Resource'>"
+        "<Iptc4xmpExt:CountryName><![CDATA[Italy]]></Iptc4xmpExt:CountryName>"
+        "</rdf:li></rdf:Bag></Iptc4xmpExt:LocationCreated>");
+    const auto write = [&](const char* fuzzer, const char* name, const std::string& bytes) {
+        writer.write(fuzzer, name, bytes);
+        writer.write("fuzz_more_properties", name, bytes);
+    };
+    const test::HeifItem exif{"Exif", test::heifExif(tiff)};
+    const test::HeifItem mime{"mime", xmp, "application/rdf+xml"};
+    write("fuzz_iso_media", "heic", test::heifFile({.items = {exif, mime}}));
+    write("fuzz_iso_media", "heic-wide",
+          test::heifFile({.items = {exif, mime},
+                          .infoVersion = 3,
+                          .locationVersion = 2,
+                          .baseOffsetSize = 8,
+                          .isMetaLast = true}));
+    write("fuzz_iso_media", "heic-idat", test::heifFile({.items = {exif}, .isDataInMeta = true}));
+    write("fuzz_iso_media", "cr3", test::cr3File(tiff, tiff, xmp));
+    write("fuzz_iso_media", "jxl", test::jxlFile(tiff, xmp));
+    const std::string place = "+48.8584+002.2945+330.0/";
+    write("fuzz_iso_media", "mov-key", test::quickTimeFile(test::placeAsKey(place)));
+    write("fuzz_iso_media", "mov-text", test::quickTimeFile(test::placeAsUserText(place)));
+    write("fuzz_iso_media", "mov-item", test::quickTimeFile(test::placeAsItem(place)));
+    write("fuzz_iso_media", "mov-loci", test::quickTimeFile(test::placeAsLoci(48.5, -2.5, 3)));
+    write("fuzz_png", "png", test::pngFile({test::pngChunk("eXIf", tiff), test::pngXmpChunk(xmp)}));
+    write("fuzz_webp", "webp",
+          test::webpFile({test::webpChunk("EXIF", tiff), test::webpChunk("XMP ", xmp)}));
+    write("fuzz_gif", "gif", test::gifFile(xmp, true));
+    write(
+        "fuzz_psd", "psd",
+        test::psdFile(test::photoshopResource(0x0422, tiff) + test::photoshopResource(0x0424, xmp) +
+                      test::photoshopResource(
+                          0x0404, test::iptcRecord(test::everyField(test::ByteOrder::big)))));
+    write("fuzz_x3f", "x3f", test::x3fFile(test::jpegPicture({test::exifSegment(tiff)})));
+    write("fuzz_xmp", "xmp", xmp);
+    writer.write("fuzz_xml", "xmp", xmp);
+    writer.write("fuzz_xml", "pieces",
+                 "<?xml version='1.0'?><!-- c --><a xmlns='b' xmlns:c='d' c:e=\"&lt;&#65;\">"
+                 "<![CDATA[f]]><c:g/>&quot;</a>");
+}
 }  // namespace
 
 int main(int argc, char** argv)
@@ -75,6 +126,7 @@ int main(int argc, char** argv)
     for (const char* fuzzer : {"fuzz_picture_properties", "fuzz_crw"}) {
         writer.write(fuzzer, "crw", test::crwPicture());
     }
+    writeMoreSeeds(writer);
     writer.write("fuzz_iptc", "declared", iptc);
     writer.write("fuzz_iptc", "windows", test::iptcDataset(2, 90, "M\xfcnchen \x96 Mitte"));
     writer.write("fuzz_iptc", "macroman", test::iptcDataset(2, 120, "Sk\x8cne"));
