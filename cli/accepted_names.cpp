@@ -3,6 +3,7 @@
 #include "lib/files/path_text.h"
 #include "lib/strings/string_holder.h"
 #include "location/accepted_types.h"
+#include "location/picture_source.h"
 
 namespace pinorama {
 namespace {
@@ -21,7 +22,9 @@ bool AcceptedNames::accepts(std::string_view path)
     if (found != known_.end()) return found->second;
     if (known_.size() == kMaxKnownExtensions) known_.clear();
     const StringHolder example(createPathText("a" + std::string(extension)));
-    return known_.emplace(extension, gpsIsAcceptedPath(example.get())).first->second;
+    const bool isAccepted =
+        gpsIsAcceptedPath(example.get()) || (readsMoreKinds() && isPathOfMoreKinds(example.get()));
+    return known_.emplace(extension, isAccepted).first->second;
 }
 
 }  // namespace pinorama

@@ -11,7 +11,8 @@ namespace pinorama {
 
 class AcceptedNames {
 public:
-    // What gpsIsAcceptedPath returns for this name or path, which is in the bytes of the system.
+    // What gpsIsAcceptedPath returns for this name or path, which is in the bytes of the system;
+    // while more kinds of files are read (location/picture_source.h), they are accepted as well.
     bool accepts(std::string_view path);
 
 private:

@@ -5,6 +5,7 @@
 #include "cli/outputs.h"
 #include "cli/stop_signals.h"
 #include "cli/worker_pool.h"
+#include "location/picture_source.h"
 
 #include <algorithm>
 #include <chrono>
@@ -29,12 +30,13 @@ std::vector<std::string> nextBatch(FolderWalk* walk, std::size_t maxCount)
     return paths;
 }
 
-// The files of a batch are open at the same time, and a few others.
-std::size_t batchSize()
+// The files of a batch are open at the same time, with their sidecars where those are read, and a
+// few others.
+std::size_t batchSize(bool hasSidecars)
 {
     rlimit limit{};
     if (getrlimit(RLIMIT_NOFILE, &limit) != 0) return 1;
-    return std::clamp<std::size_t>(limit.rlim_cur / 2, 1, kMaxDescriptors);
+    return std::clamp<std::size_t>(limit.rlim_cur / (hasSidecars ? 4 : 2), 1, kMaxDescriptors);
 }
 
 // Prints each file as soon as it has been read. A signal also ends the wait for a slow disk.
@@ -54,7 +56,7 @@ void workInParallel(FolderWalk* walk, BatchWork* work, StopSignals* signals, Out
     work->warmUp();
     WorkerPool workers(usableProcessors(),
                        [work](std::span<const std::string> paths) { return work->process(paths); });
-    const std::size_t maxCount = batchSize();
+    const std::size_t maxCount = batchSize(readsMoreKinds());
     bool isWalking = true;
     while (signals->caught() == 0 && !outputs->areLost()) {
         while (isWalking && workers.hasRoom()) {

@@ -29,12 +29,25 @@ struct PlaceReport {
     std::optional<std::string> description;
 };
 
+// Where the values of a picture come from: "exif", "iptc", "xmp", "quicktime" or "sidecar". Nothing
+// for a value that it does not have.
+struct SourceReport {
+    std::optional<std::string> position{};
+    std::optional<std::string> altitude{};
+    std::optional<std::string> direction{};
+    std::optional<std::string> city{};
+    std::optional<std::string> state{};
+    std::optional<std::string> country{};
+    std::optional<std::string> description{};
+};
+
 struct FileReport {
     std::string path;
     std::string name;
-    bool isAccepted;                    // a camera picture by its extension
-    std::optional<PlaceReport> place;   // nothing if it is not accepted
-    std::optional<std::uint64_t> size;  // bytes; nothing unless a regular file
+    bool isAccepted;                       // a camera picture by its extension
+    std::optional<PlaceReport> place;      // nothing if it is not accepted
+    std::optional<SourceReport> source{};  // nothing unless more is read
+    std::optional<std::uint64_t> size;     // bytes; nothing unless a regular file
     std::string sizeText;
     std::string modified;
     std::string created;

@@ -4,6 +4,7 @@
 #include "base/time_zone.h"
 #include "base/utf8.h"
 #include "cli/iso_time.h"
+#include "cli/source_report.h"
 #include "globe/fly_to.h"
 #include "globe/kml_document.h"
 #include "globe/web_services.h"
@@ -14,7 +15,10 @@
 #include "location/coordinate_text.h"
 #include "location/file_facts.h"
 #include "location/metadata_reader.h"
+#include "location/picture_source.h"
 #include "location/property_dictionary.h"
+#include "pictures/merged_properties.h"
+#include "pictures/sidecar_file.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -161,6 +165,7 @@ FileReporter::FileReporter(ReportOptions options, ReaderLauncher launcher,
                            const ReaderLimits& limits)
     : options_(std::move(options)), reader_(std::move(launcher), limits)
 {
+    reader_.setReadsMore(readsMoreKinds());
 }
 
 void FileReporter::expect(std::span<const std::string> paths)
@@ -189,7 +194,7 @@ std::vector<FileReport> FileReporter::report(std::span<const std::string> paths,
     descriptors.reserve(paths.size());
     for (std::size_t i = 0; i < paths.size(); i++) {
         files.push_back(open(paths[i], &reports[i]));
-        if (files[i].picture.isOpen()) descriptors.push_back(files[i].picture.descriptor());
+        addDescriptors(files[i], &descriptors);
     }
     // The reader starts while the formatters are created.
     if (!descriptors.empty()) reader_.start();
@@ -199,12 +204,11 @@ std::vector<FileReport> FileReporter::report(std::span<const std::string> paths,
     if (!descriptors.empty()) replies = reader_.readProperties(descriptors, alarm);
     // The reader ends while its reply is formatted.
     if (isOnlyFile_) reader_.dismiss();
-    std::size_t next = 0;
+    std::span<PropertyResult> left = replies;
     for (std::size_t i = 0; i < paths.size(); i++) {
         fileInfoRecord record{};
         gpsPrepareInfoRecord(&record);
-        fillPlace(files[i], files[i].picture.isOpen() ? replies[next++] : PropertyResult{}, &record,
-                  &reports[i]);
+        fillPlace(files[i], takeReply(files[i], &left), &record, &reports[i]);
         gpsReleaseInfoRecord(&record);
     }
     return reports;
@@ -214,12 +218,40 @@ FileReport FileReporter::report(const std::string& path, fileInfoRecord* record)
 {
     FileReport report{};
     const OpenFile file = open(path, &report);
-    PropertyResult reply;
-    const int descriptor = file.picture.descriptor();
-    if (file.picture.isOpen()) reply = reader_.readProperties({&descriptor, 1}, -1).front();
+    std::vector<int> descriptors;
+    addDescriptors(file, &descriptors);
+    std::vector<PropertyResult> replies;
+    if (!descriptors.empty()) replies = reader_.readProperties(descriptors, -1);
+    std::span<PropertyResult> left = replies;
     fillFileFields(file, &report);
-    fillPlace(file, reply, record, &report);
+    fillPlace(file, takeReply(file, &left), record, &report);
     return report;
+}
+
+void FileReporter::addDescriptors(const OpenFile& file, std::vector<int>* descriptors)
+{
+    if (file.picture.isOpen()) descriptors->push_back(file.picture.descriptor());
+    if (file.sidecar.isOpen()) descriptors->push_back(file.sidecar.descriptor());
+}
+
+// Takes the replies on a picture and its sidecar off the front of all replies, as one.
+PropertyResult FileReporter::takeReply(const OpenFile& file, std::span<PropertyResult>* replies)
+{
+    const auto takeFront = [replies] {
+        PropertyResult reply = std::move(replies->front());
+        *replies = replies->subspan(1);
+        return reply;
+    };
+    PropertyResult reply = file.picture.isOpen() ? takeFront() : PropertyResult{};
+    if (!file.sidecar.isOpen()) return reply;
+    const PropertyResult sidecar = takeFront();
+    const bool isRead =
+        reply.outcome == ReadOutcome::found || reply.outcome == ReadOutcome::nothing;
+    if (isRead && sidecar.outcome == ReadOutcome::found) {
+        reply.outcome = ReadOutcome::found;
+        addMissing(reply.properties, sidecar.properties, ValueSource::sidecar);
+    }
+    return reply;
 }
 
 // Opens a camera picture, and reads the attributes of any file. Errors are reported from here: for
@@ -230,6 +262,10 @@ FileReporter::OpenFile FileReporter::open(const std::string& path, FileReport* r
     file.path = StringHolder(createPathText(path));
     report->isAccepted = accepted_.accepts(path);
     if (report->isAccepted) file.picture = PictureFile(path);
+    if (readsMoreKinds()) {
+        report->source.emplace();
+        if (file.picture.isOpen()) file.sidecar = openSidecar(path);
+    }
     file.attributes = file.picture.isOpen() ? file.picture.attributes() : attributesOf(path);
     if (!file.attributes) {
         report->error = std::strerror(errno);
@@ -285,6 +321,7 @@ void FileReporter::fillPlace(const OpenFile& file, const PropertyResult& reply,
         const ObjectHolder<TovDictionaryRef> properties(createPropertyDictionary(reply.properties));
         result = gpsFillInfoFromProperties(properties.get(), record);
         fillMeasures(reply.properties, *record, report);
+        if (readsMoreKinds()) report->source = sourceReportOf(reply.properties);
     }
     report->place = placeOf(result, *record);
     if (result != kErrNone) return;

@@ -78,6 +78,7 @@ private:
     struct OpenFile {
         StringHolder path{};
         PictureFile picture{};  // open if it is a camera picture
+        PictureFile sidecar{};  // open if more is read, and the picture has one
         std::optional<FileAttributes> attributes{};
     };
 
@@ -88,6 +89,8 @@ private:
     };
 
     OpenFile open(const std::string& path, FileReport* report);
+    static void addDescriptors(const OpenFile& file, std::vector<int>* descriptors);
+    static PropertyResult takeReply(const OpenFile& file, std::span<PropertyResult>* replies);
     void fillFileFields(const OpenFile& file, FileReport* report);
     void fillFacts(const fileFacts& facts, FileReport* report);
     void fillPlace(const OpenFile& file, const PropertyResult& reply, fileInfoRecord* record,

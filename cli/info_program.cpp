@@ -8,6 +8,7 @@
 #include "cli/kml_export.h"
 #include "globe/web_services.h"
 #include "lib/ui/application_bundle.h"
+#include "location/picture_source.h"
 
 #include <cerrno>
 #include <csignal>
@@ -116,6 +117,7 @@ int runInfoProgram(int argc, char** argv, const FilterMaker& makeFilter)
     if (options.version) return print("pinorama-info " PINORAMA_VERSION "\n");
 
     if (options.isSearch() && !makeFilter) return becomeSearchProgram(argv);
+    setReadsMoreKinds(options.readsMore);
     if (wouldReplaceAPicture(options.kmlPath)) {
         printDiagnostic(shownPath(options.kmlPath) + ": a KML document never replaces a picture");
         return kWrongUsage;

@@ -78,6 +78,8 @@ struct OptionRow {
 constexpr OptionRow kRows[] = {
     {'r', "recursive", nullptr, "read all pictures in the folders and their subfolders",
      [](Reading& reading, const char*) { reading.options->recursive = true; }},
+    {0, "more", nullptr, "read more kinds of files (HEIC, PNG, MP4 and others), XMP and sidecars",
+     [](Reading& reading, const char*) { reading.options->readsMore = true; }},
     {0, "format", "NAME", "print json, csv, or a document of places: kml, geojson, gpx",
      chooseFormat},
     {0, "json", nullptr, "print one JSON object per file, each on its own line",

@@ -32,6 +32,7 @@ struct Options {
     std::string areaPath{};        // raw bytes; empty for none
     bool withoutPosition = false;  // only pictures that have none
     bool asFound = false;          // not sorted by distance
+    bool readsMore = false;        // more kinds of files, XMP and sidecars
     bool recursive = false;
     bool quiet = false;
     bool help = false;

@@ -64,7 +64,7 @@ void visitRecord(const FileReport& report, Fields& fields)
 
 // Calls fields.add(key, value) for each field of an object, with a text, an optional text, a bool,
 // an int32, an optional uint64 or an optional double, and fields.addNothing(key) for a field that
-// files of this kind lack.
+// files of this kind lack. The sources of values follow where more kinds of files are read.
 template <typename Fields>
 void visitFields(const FileReport& report, Fields& fields)
 {
@@ -106,6 +106,14 @@ void visitFields(const FileReport& report, Fields& fields)
     fields.add("modifiedTime", textOrNothing(report.modifiedTime));
     fields.add("createdTime", textOrNothing(report.createdTime));
     if (report.nearness) visitNearness(report, fields);
+    if (!report.source) return;
+    fields.add("source", report.source->position);
+    fields.add("altitudeSource", report.source->altitude);
+    fields.add("directionSource", report.source->direction);
+    fields.add("citySource", report.source->city);
+    fields.add("stateSource", report.source->state);
+    fields.add("countrySource", report.source->country);
+    fields.add("descriptionSource", report.source->description);
 }
 
 // The same for the columns of the table.

@@ -1,6 +1,7 @@
 # Completion of pinorama-info for fish.
 
 complete -c pinorama-info -l recursive -s r -d 'Read all pictures in folders'
+complete -c pinorama-info -l more -d 'Read more kinds of files, XMP and sidecars'
 complete -c pinorama-info -l format -x -a 'json csv kml geojson gpx' -d 'Print in a format'
 complete -c pinorama-info -l json -d 'Print one JSON object per file'
 complete -c pinorama-info -l csv -d 'Print a table (CSV)'

@@ -65,6 +65,19 @@ TEST(appendJsonLine, writesAllKeysInTheirOrder)
               "\n");
 }
 
+TEST(appendJsonLine, writesTheSourcesOfValuesWhereMoreIsRead)
+{
+    FileReport report = munich();
+    EXPECT_FALSE(ordered_json::parse(lineOf(report)).contains("source"));
+    report.source = SourceReport{.position = "exif", .city = "sidecar"};
+    const std::string line = lineOf(report);
+    EXPECT_TRUE(line.ends_with(R"(,"source":"exif","altitudeSource":null,"directionSource":null,)"
+                               R"("citySource":"sidecar","stateSource":null,"countrySource":null,)"
+                               R"("descriptionSource":null})"
+                               "\n"))
+        << line;
+}
+
 TEST(appendJsonLine, writesNullForThePlaceOfARefusedFile)
 {
     FileReport report = munich();

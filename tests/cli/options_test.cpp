@@ -48,6 +48,12 @@ TEST(readOptions, findsOptionsBetweenFiles)
     }
 }
 
+TEST(readOptions, readsMoreOnlyOnRequest)
+{
+    EXPECT_FALSE(read({"a"}).options.readsMore);
+    EXPECT_TRUE(read({"--more", "a"}).options.readsMore);
+}
+
 TEST(readOptions, takesEverythingAfterTwoDashesAsFiles)
 {
     const Outcome outcome = read({"--json", "--", "--json", "-x.jpg"});
