@@ -3,6 +3,7 @@
 #include "cli/batch_work.h"
 #include "cli/folder_walk.h"
 #include "cli/outputs.h"
+#include "cli/path_list.h"
 #include "cli/stop_signals.h"
 #include "cli/worker_pool.h"
 #include "location/picture_source.h"
@@ -28,6 +29,17 @@ std::vector<std::string> nextBatch(FolderWalk* walk, std::size_t maxCount)
         paths.push_back(*std::move(path));
     }
     return paths;
+}
+
+// The files of the command line, then those of the list.
+FolderWalk::StartSource startsOf(const Options& options, std::optional<PathList>* list, int alarm)
+{
+    return [&options, list, alarm, next = std::size_t{0}]() mutable -> std::optional<std::string> {
+        if (next < options.files.size()) return options.files[next++];
+        if (options.listPath.empty()) return std::nullopt;
+        if (!*list) list->emplace(options.listPath, options.listEnd, alarm);
+        return (*list)->next();
+    };
 }
 
 // The files of a batch are open at the same time, with their sidecars where those are read, and a
@@ -91,7 +103,9 @@ int reportOnFiles(const Options& options, StringHolder serviceTemplate, PlaceFil
                     .hasTrack = options.hasTrack,
                     .isSorted = options.isSorted()},
                    std::move(filter));
-    const bool isBatch = options.recursive || options.files.size() > kMaxFilesInTurn;
+    const bool isBatch = options.recursive || options.progress || !options.listPath.empty() ||
+                         options.files.size() > kMaxFilesInTurn;
+    const bool hasSummary = (options.recursive || options.progress) && !options.quiet;
     if (!isBatch) work.expect(options.files);
     bool isBrokenPipe = false;
     int status = kSuccess;
@@ -99,16 +113,18 @@ int reportOnFiles(const Options& options, StringHolder serviceTemplate, PlaceFil
         StopSignals signals;
         Outputs outputs(options, isBatch && !options.quiet);
         if (!outputs.begin()) return kSomeFileFailed;
-        FolderWalk walk(options.files, options.recursive,
+        std::optional<PathList> list;
+        FolderWalk walk(startsOf(options, &list, signals.descriptor()), options.recursive,
                         [&outputs](const std::string& path, const std::string& why) {
                             outputs.reportFolder(path, why);
                         });
         (isBatch ? workInParallel : workInTurn)(&walk, &work, &signals, &outputs);
+        if (list && !list->error().empty()) outputs.reportFailure(list->error());
         outputs.finish();
 
         const WorkCounts& counts = outputs.counts();
         if (missesAddress(options, counts)) outputs.printDiagnostic("no position");
-        if (options.recursive && !options.quiet) {
+        if (hasSummary) {
             const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
             const char* stopped = signals.caught() != 0 ? "stopped: " : "";
             outputs.printDiagnostic(stopped + summaryText(counts, time.count()));

@@ -36,8 +36,17 @@ unsigned char typeOf(int folder, const char* name, int flags)
 }
 }  // namespace
 
-FolderWalk::FolderWalk(std::vector<std::string> starts, bool recursive, OnError onError)
+FolderWalk::FolderWalk(StartSource starts, bool recursive, OnError onError)
     : starts_(std::move(starts)), recursive_(recursive), onError_(std::move(onError))
+{
+}
+
+FolderWalk::FolderWalk(std::vector<std::string> starts, bool recursive, OnError onError)
+    : FolderWalk(
+          [starts = std::move(starts), next = std::size_t{0}]() mutable {
+              return next < starts.size() ? std::optional(starts[next++]) : std::nullopt;
+          },
+          recursive, std::move(onError))
 {
 }
 
@@ -45,8 +54,9 @@ std::optional<std::string> FolderWalk::next()
 {
     while (true) {
         if (levels_.empty()) {
-            if (nextStart_ == starts_.size()) return std::nullopt;
-            path_ = starts_[nextStart_++];
+            std::optional<std::string> start = starts_();
+            if (!start) return std::nullopt;
+            path_ = *std::move(start);
             if (!recursive_ || !isFolder(path_)) return path_;
             enter(true);
             continue;

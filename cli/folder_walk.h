@@ -23,8 +23,12 @@ public:
     // Called for a folder that cannot be read, with its path and the reason.
     using OnError = std::function<void(const std::string& path, const std::string& why)>;
 
-    // Walks through `starts` in their order. A start that is not a folder is returned as it is; so
-    // is a folder if `recursive` is false.
+    // Gives the next start; nothing after the last one.
+    using StartSource = std::function<std::optional<std::string>()>;
+
+    // Walks through the starts in their order. A start that is not a folder is returned as it is;
+    // so is a folder if `recursive` is false.
+    FolderWalk(StartSource starts, bool recursive, OnError onError);
     FolderWalk(std::vector<std::string> starts, bool recursive, OnError onError);
 
     // The next path: a start as it was given, followed by the names below it. The names in a folder
@@ -46,8 +50,7 @@ private:
     bool list(int descriptor, Listing* listing);
     void addName(int folder, const char* name, unsigned char type, Listing* listing);
 
-    std::vector<std::string> starts_;
-    std::size_t nextStart_ = 0;
+    StartSource starts_;
     bool recursive_;
     OnError onError_;
     AcceptedNames accepted_;

@@ -109,6 +109,14 @@ constexpr OptionRow kRows[] = {
      [](Reading& reading, const char*) { choose(reading, Output::catalogueAddress); }},
     {0, "print-script", nullptr, "print the script that flies a globe program to each place",
      [](Reading& reading, const char*) { choose(reading, Output::script); }},
+    {0, "files-from", "FILE", "read the names of further files from FILE, - for standard input",
+     [](Reading& reading, const char* value) {
+         chooseText(reading, "--files-from needs a file name", value, &reading.options->listPath);
+     }},
+    {'0', "null", nullptr, "a zero byte ends each name in that FILE, not the end of the line",
+     [](Reading& reading, const char*) { reading.options->listEnd = '\0'; }},
+    {0, "progress", nullptr, "show progress and summary also without -r",
+     [](Reading& reading, const char*) { reading.options->progress = true; }},
     {'q', "quiet", nullptr, "show neither progress nor summary",
      [](Reading& reading, const char*) { reading.options->quiet = true; }},
     {'h', "help", nullptr, "print this text",
@@ -192,7 +200,10 @@ bool readOptions(int argc, char** argv, Options* options, std::string* outError)
         return false;
     }
     if (!options->kmlPath.empty() && !reading.hasOutput) options->output = Output::nothing;
-    if (options->help || options->version || !options->files.empty()) return true;
+    if (options->help || options->version || !options->files.empty() ||
+        !options->listPath.empty()) {
+        return true;
+    }
     *outError = options->recursive ? "no folder given" : "no file given";
     return false;
 }

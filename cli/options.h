@@ -33,6 +33,9 @@ struct Options {
     bool withoutPosition = false;  // only pictures that have none
     bool asFound = false;          // not sorted by distance
     bool readsMore = false;        // more kinds of files, XMP and sidecars
+    std::string listPath{};  // of a list of further files, "-" for standard input; empty for none
+    char listEnd = '\n';     // ends a path in the list
+    bool progress = false;   // on a terminal, also without -r
     bool recursive = false;
     bool quiet = false;
     bool help = false;
@@ -42,7 +45,8 @@ struct Options {
     // A document of one placemark, as the window exports it.
     bool isSingleExport() const
     {
-        return !kmlPath.empty() && !recursive && files.size() == 1 && !isSearch();
+        return !kmlPath.empty() && !recursive && files.size() == 1 && listPath.empty() &&
+               !isSearch();
     }
     bool isSearch() const { return !nearPlace.empty() || !areaPath.empty() || withoutPosition; }
     // The nearest pictures come first, so that nothing is printed before all have been read.

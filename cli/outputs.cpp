@@ -50,10 +50,15 @@ void Outputs::printDiagnostic(std::string_view what)
     printDiagnostics(line);
 }
 
+void Outputs::reportFailure(std::string_view what)
+{
+    printDiagnostic(what);
+    counts_.failed++;
+}
+
 void Outputs::reportFolder(const std::string& path, const std::string& why)
 {
-    printDiagnostic(shownPath(path) + ": " + why);
-    counts_.failed++;
+    reportFailure(shownPath(path) + ": " + why);
 }
 
 void Outputs::finish()

@@ -31,7 +31,9 @@ public:
     void write(const BatchResult& result);
 
     void printDiagnostic(std::string_view what);
-    // Reports a folder that cannot be read, and counts it as failed.
+    // Reports something that cannot be read, and counts it as failed.
+    void reportFailure(std::string_view what);
+    // The same for a folder.
     void reportFolder(const std::string& path, const std::string& why);
 
     // Completes the documents with what it contains so far.

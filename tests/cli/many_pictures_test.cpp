@@ -242,6 +242,16 @@ TEST_F(pinoramaInfoWithManyPictures, showsProgressOnATerminal)
         << program.err();
 }
 
+TEST_F(pinoramaInfoWithManyPictures, showsProgressOfFilesOnRequest)
+{
+    test::RunningProgram program({"--json", "--progress", names_[0], names_[1]},
+                                 test::RunningProgram::Errors::terminal);
+    EXPECT_EQ(program.finish(), 0);
+    EXPECT_NE(program.err().find("pinorama-info: 2 pictures, 1 with a position"), std::string::npos)
+        << program.err();
+    EXPECT_EQ(pathsIn(program.out()).size(), 2u);
+}
+
 TEST_F(pinoramaInfoWithManyPictures, showsNoProgressIfQuiet)
 {
     test::RunningProgram program({"-r", "--json", "-q", tree_->path()},
