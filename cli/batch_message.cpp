@@ -25,6 +25,18 @@ std::string textOf(Bytes bytes)
     return std::string(bytes.begin(), bytes.end());
 }
 
+void putText(const std::string& text, MessageWriter* message)
+{
+    message->put64(text.size());
+    message->putBytes(text);
+}
+
+std::string getText(MessageReader* message)
+{
+    const std::uint64_t length = message->get64();
+    return textOf(message->getBytes(length));
+}
+
 bool receiveAll(int socket, std::span<std::uint8_t> buffer)
 {
     while (!buffer.empty()) {
@@ -69,6 +81,7 @@ bool sendResult(int socket, const BatchResult& result)
     message.put64(result.output.size());
     message.put64(result.placemarks.size());
     message.put64(result.diagnostics.size());
+    message.put64(result.items);
     message.put64(result.files);
     message.put64(result.located);
     message.put64(result.failed);
@@ -83,25 +96,35 @@ bool sendResult(int socket, const BatchResult& result)
     message.put64(result.hits.size());
     for (const Hit& hit : result.hits) {
         message.putDouble(hit.metres);
-        message.put64(hit.path.size());
-        message.put64(hit.text.size());
-        message.putBytes(hit.path);
-        message.putBytes(hit.text);
+        putText(hit.path, &message);
+        putText(hit.text, &message);
+    }
+    message.put64(result.subfolders.size());
+    for (const std::string& folder : result.subfolders) putText(folder, &message);
+    message.put64(result.changes.size());
+    for (const auto& [folder, block] : result.changes) {
+        putText(folder, &message);
+        putText(block, &message);
     }
     message.putBytes(result.output);
     message.putBytes(result.placemarks);
     message.putBytes(result.diagnostics);
-    return sendAll(socket, message.bytes());
+    MessageWriter length;
+    length.put64(message.bytes().size());
+    return sendAll(socket, length.bytes()) && sendAll(socket, message.bytes());
 }
 
 std::optional<BatchResult> takeResult(std::string* received)
 {
     MessageReader message(
         Bytes(reinterpret_cast<const std::uint8_t*>(received->data()), received->size()));
+    const std::uint64_t length = message.get64();
+    if (message.hasFailed() || length > message.bytesLeft()) return std::nullopt;  // not whole yet
     const std::uint64_t outputLength = message.get64();
     const std::uint64_t placemarksLength = message.get64();
     const std::uint64_t diagnosticsLength = message.get64();
     BatchResult result;
+    result.items = message.get64();
     result.files = message.get64();
     result.located = message.get64();
     result.failed = message.get64();
@@ -120,15 +143,22 @@ std::optional<BatchResult> takeResult(std::string* received)
     for (std::uint64_t i = 0; i < hits && !message.hasFailed(); i++) {
         Hit& hit = result.hits.emplace_back();
         hit.metres = message.getDouble();
-        const std::uint64_t pathLength = message.get64();
-        const std::uint64_t textLength = message.get64();
-        hit.path = textOf(message.getBytes(pathLength));
-        hit.text = textOf(message.getBytes(textLength));
+        hit.path = getText(&message);
+        hit.text = getText(&message);
+    }
+    const std::uint64_t subfolders = message.get64();
+    for (std::uint64_t i = 0; i < subfolders && !message.hasFailed(); i++) {
+        result.subfolders.push_back(getText(&message));
+    }
+    const std::uint64_t changes = message.get64();
+    for (std::uint64_t i = 0; i < changes && !message.hasFailed(); i++) {
+        std::string folder = getText(&message);
+        result.changes.emplace_back(std::move(folder), getText(&message));
     }
     const Bytes output = message.getBytes(outputLength);
     const Bytes placemarks = message.getBytes(placemarksLength);
     const Bytes diagnostics = message.getBytes(diagnosticsLength);
-    if (message.hasFailed()) return std::nullopt;  // not whole yet
+    if (message.hasFailed()) return std::nullopt;
     result.output = textOf(output);
     result.placemarks = textOf(placemarks);
     result.diagnostics = textOf(diagnostics);

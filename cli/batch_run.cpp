@@ -31,26 +31,6 @@ std::vector<std::string> nextBatch(FolderWalk* walk, std::size_t maxCount)
     return paths;
 }
 
-// The files of the command line, then those of the list.
-FolderWalk::StartSource startsOf(const Options& options, std::optional<PathList>* list, int alarm)
-{
-    return [&options, list, alarm, next = std::size_t{0}]() mutable -> std::optional<std::string> {
-        if (next < options.files.size()) return options.files[next++];
-        if (options.listPath.empty()) return std::nullopt;
-        if (!*list) list->emplace(options.listPath, options.listEnd, alarm);
-        return (*list)->next();
-    };
-}
-
-// The files of a batch are open at the same time, with their sidecars where those are read, and a
-// few others.
-std::size_t batchSize(bool hasSidecars)
-{
-    rlimit limit{};
-    if (getrlimit(RLIMIT_NOFILE, &limit) != 0) return 1;
-    return std::clamp<std::size_t>(limit.rlim_cur / (hasSidecars ? 4 : 2), 1, kMaxDescriptors);
-}
-
 // Prints each file as soon as it has been read. A signal also ends the wait for a slow disk.
 void workInTurn(FolderWalk* walk, BatchWork* work, StopSignals* signals, Outputs* outputs)
 {
@@ -68,7 +48,7 @@ void workInParallel(FolderWalk* walk, BatchWork* work, StopSignals* signals, Out
     work->warmUp();
     WorkerPool workers(usableProcessors(),
                        [work](std::span<const std::string> paths) { return work->process(paths); });
-    const std::size_t maxCount = batchSize(readsMoreKinds());
+    const std::size_t maxCount = filesAtOnce();
     bool isWalking = true;
     while (signals->caught() == 0 && !outputs->areLost()) {
         while (isWalking && workers.hasRoom()) {
@@ -83,6 +63,12 @@ void workInParallel(FolderWalk* walk, BatchWork* work, StopSignals* signals, Out
     }
 }
 
+bool isBatch(const Options& options)
+{
+    return options.recursive || options.progress || !options.listPath.empty() ||
+           options.files.size() > kMaxFilesInTurn;
+}
+
 // Whoever asks for the address of a picture gets one or an error.
 bool missesAddress(const Options& options, const WorkCounts& counts)
 {
@@ -93,38 +79,49 @@ bool missesAddress(const Options& options, const WorkCounts& counts)
 }
 }  // namespace
 
-int reportOnFiles(const Options& options, StringHolder serviceTemplate, PlaceFilter filter)
+FolderWalk::StartSource startsOf(const Options& options, std::optional<PathList>* list, int alarm)
+{
+    return [&options, list, alarm, next = std::size_t{0}]() mutable -> std::optional<std::string> {
+        if (next < options.files.size()) return options.files[next++];
+        if (options.listPath.empty()) return std::nullopt;
+        if (!*list) list->emplace(options.listPath, options.listEnd, alarm);
+        return (*list)->next();
+    };
+}
+
+std::size_t filesAtOnce()
+{
+    rlimit limit{};
+    if (getrlimit(RLIMIT_NOFILE, &limit) != 0) return 1;
+    // A picture is open together with its sidecar where those are read.
+    return std::clamp<std::size_t>(limit.rlim_cur / (readsMoreKinds() ? 4 : 2), 1, kMaxDescriptors);
+}
+
+ReportOptions reportOptionsOf(const Options& options, StringHolder serviceTemplate)
+{
+    return {.output = options.output,
+            .serviceTemplate = std::move(serviceTemplate),
+            .placemarks = !options.kmlPath.empty(),
+            .isRaw = options.isRaw,
+            .hasTrack = options.hasTrack,
+            .isSorted = options.isSorted()};
+}
+
+int reportBy(const Options& options, const ReportWork& work)
 {
     const auto start = std::chrono::steady_clock::now();
-    BatchWork work({.output = options.output,
-                    .serviceTemplate = std::move(serviceTemplate),
-                    .placemarks = !options.kmlPath.empty(),
-                    .isRaw = options.isRaw,
-                    .hasTrack = options.hasTrack,
-                    .isSorted = options.isSorted()},
-                   std::move(filter));
-    const bool isBatch = options.recursive || options.progress || !options.listPath.empty() ||
-                         options.files.size() > kMaxFilesInTurn;
-    const bool hasSummary = (options.recursive || options.progress) && !options.quiet;
-    if (!isBatch) work.expect(options.files);
     bool isBrokenPipe = false;
     int status = kSuccess;
     {
         StopSignals signals;
-        Outputs outputs(options, isBatch && !options.quiet);
+        Outputs outputs(options, isBatch(options) && !options.quiet);
         if (!outputs.begin()) return kSomeFileFailed;
-        std::optional<PathList> list;
-        FolderWalk walk(startsOf(options, &list, signals.descriptor()), options.recursive,
-                        [&outputs](const std::string& path, const std::string& why) {
-                            outputs.reportFolder(path, why);
-                        });
-        (isBatch ? workInParallel : workInTurn)(&walk, &work, &signals, &outputs);
-        if (list && !list->error().empty()) outputs.reportFailure(list->error());
+        work(signals, outputs);
         outputs.finish();
 
         const WorkCounts& counts = outputs.counts();
         if (missesAddress(options, counts)) outputs.printDiagnostic("no position");
-        if (hasSummary) {
+        if ((options.recursive || options.progress) && !options.quiet) {
             const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
             const char* stopped = signals.caught() != 0 ? "stopped: " : "";
             outputs.printDiagnostic(stopped + summaryText(counts, time.count()));
@@ -138,6 +135,21 @@ int reportOnFiles(const Options& options, StringHolder serviceTemplate, PlaceFil
     // A shell expects this end of a program whose pipe was closed. All outputs are complete by now.
     if (isBrokenPipe) raise(SIGPIPE);
     return status;
+}
+
+int reportOnFiles(const Options& options, StringHolder serviceTemplate, PlaceFilter filter)
+{
+    BatchWork work(reportOptionsOf(options, std::move(serviceTemplate)), std::move(filter));
+    if (!isBatch(options)) work.expect(options.files);
+    return reportBy(options, [&](StopSignals& signals, Outputs& outputs) {
+        std::optional<PathList> list;
+        FolderWalk walk(startsOf(options, &list, signals.descriptor()), options.recursive,
+                        [&outputs](const std::string& path, const std::string& why) {
+                            outputs.reportFolder(path, why);
+                        });
+        (isBatch(options) ? workInParallel : workInTurn)(&walk, &work, &signals, &outputs);
+        if (list && !list->error().empty()) outputs.reportFailure(list->error());
+    });
 }
 
 }  // namespace pinorama

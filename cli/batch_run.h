@@ -8,9 +8,17 @@
 
 #pragma once
 
+#include "cli/file_reporter.h"
+#include "cli/folder_walk.h"
 #include "cli/options.h"
+#include "cli/outputs.h"
+#include "cli/path_list.h"
 #include "cli/place_filter.h"
+#include "cli/stop_signals.h"
 #include "lib/strings/string_holder.h"
+
+#include <functional>
+#include <optional>
 
 namespace pinorama {
 
@@ -27,5 +35,24 @@ constexpr int kStoppedBySignal = 128;  // plus its number
 //
 // Returns the exit status.
 int reportOnFiles(const Options& options, StringHolder serviceTemplate, PlaceFilter filter = {});
+
+// The parts of that, for a run that goes through the files in another way.
+
+// What happens between the beginning and the end of the outputs.
+using ReportWork = std::function<void(StopSignals& signals, Outputs& outputs)>;
+
+// Begins and ends the outputs around `work`, and returns the exit status.
+int reportBy(const Options& options, const ReportWork& work);
+
+ReportOptions reportOptionsOf(const Options& options, StringHolder serviceTemplate);
+
+// The files of the command line, then those of the list, which is opened when it comes to them. The
+// arguments are borrowed.
+//
+//   alarm  ends the waiting for a list when it becomes readable.
+FolderWalk::StartSource startsOf(const Options& options, std::optional<PathList>* list, int alarm);
+
+// How many files a process may have open at the same time, besides a few others.
+std::size_t filesAtOnce();
 
 }  // namespace pinorama

@@ -43,10 +43,7 @@ void appendPlacemark(const FileReport& report, std::string* out)
 
 void BatchResult::add(BatchResult following)
 {
-    if (files == 0) {
-        *this = std::move(following);
-        return;
-    }
+    items += following.items;
     output += following.output;
     placemarks += following.placemarks;
     diagnostics += following.diagnostics;
@@ -55,6 +52,10 @@ void BatchResult::add(BatchResult following)
     failed += following.failed;
     hits.insert(hits.end(), std::make_move_iterator(following.hits.begin()),
                 std::make_move_iterator(following.hits.end()));
+    subfolders.insert(subfolders.end(), std::make_move_iterator(following.subfolders.begin()),
+                      std::make_move_iterator(following.subfolders.end()));
+    changes.insert(changes.end(), std::make_move_iterator(following.changes.begin()),
+                   std::make_move_iterator(following.changes.end()));
     track.insert(track.end(), following.track.begin(), following.track.end());
 }
 
@@ -90,8 +91,9 @@ BatchResult BatchWork::process(std::span<const std::string> paths, int alarm)
 
 void BatchWork::addOutput(const FileReport& report, BatchResult* result) const
 {
-    if (isSorted_ && report.nearness) {
-        Hit& hit = result->hits.emplace_back(Hit{report.nearness->metres, report.path});
+    if (isSorted_) {
+        const double metres = report.nearness ? report.nearness->metres : 0.0;
+        Hit& hit = result->hits.emplace_back(Hit{metres, report.path});
         appendOutput(report, &hit.text);
     } else {
         appendOutput(report, &result->output);

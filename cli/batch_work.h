@@ -11,13 +11,14 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace pinorama {
 
 // What is printed about a picture once it is known where it belongs.
 struct Hit {
-    double metres;       // from the place of the search
+    double metres;       // from the place of the search; 0 without one
     std::string path{};  // as the report has it
     std::string text{};
 };
@@ -28,6 +29,10 @@ struct BatchResult {
     std::string diagnostics{};  // for standard error
     std::vector<TrackPoint> track{};
     std::vector<Hit> hits{};  // instead of the output, if the search is sorted
+    // Of a search through folders: what to go through as well, and the new blocks of the index.
+    std::vector<std::string> subfolders{};
+    std::vector<std::pair<std::string, std::string>> changes{};
+    std::uint64_t items = 0;  // of the batch that are done
     std::uint64_t files = 0;
     std::uint64_t located = 0;  // with a usable position
     std::uint64_t failed = 0;   // could not be read

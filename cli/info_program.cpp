@@ -64,7 +64,7 @@ bool wouldReplaceAPicture(const std::string& path)
     return attributes && attributes->isRegular && AcceptedNames().accepts(path);
 }
 
-int report(const Options& options, PlaceFilter filter)
+int report(const Options& options, const Search& search)
 {
     StringHolder serviceTemplate;
     if (options.output == Output::webAddress) {
@@ -80,7 +80,8 @@ int report(const Options& options, PlaceFilter filter)
                         ": the program's texts are missing");
         return kSomeFileFailed;
     }
-    return reportOnFiles(options, std::move(serviceTemplate), std::move(filter));
+    if (options.isSearch()) return search(options, std::move(serviceTemplate));
+    return reportOnFiles(options, std::move(serviceTemplate));
 }
 
 // Returns only if the program cannot be started.
@@ -101,7 +102,7 @@ std::string searchProgram()
     return folder + "/../" PINORAMA_LIBEXEC_DIR "/pinorama-search";
 }
 
-int runInfoProgram(int argc, char** argv, const FilterMaker& makeFilter)
+int runInfoProgram(int argc, char** argv, const Search& search)
 {
     holdStandardStreams();
     // A limit on the size of files is then reported as an error of writing.
@@ -116,7 +117,7 @@ int runInfoProgram(int argc, char** argv, const FilterMaker& makeFilter)
     if (options.help) return print(fullUsage());
     if (options.version) return print("pinorama-info " PINORAMA_VERSION "\n");
 
-    if (options.isSearch() && !makeFilter) return becomeSearchProgram(argv);
+    if (options.isSearch() && !search) return becomeSearchProgram(argv);
     setReadsMoreKinds(options.readsMore);
     if (wouldReplaceAPicture(options.kmlPath)) {
         printDiagnostic(shownPath(options.kmlPath) + ": a KML document never replaces a picture");
@@ -126,16 +127,11 @@ int runInfoProgram(int argc, char** argv, const FilterMaker& makeFilter)
     // Without TZ the C library checks the file of the time zone for every date.
     (void)setenv("TZ", ":/etc/localtime", 0);
     iuRegisterApplicationBundle();
-    PlaceFilter filter;
-    if (options.isSearch() && !makeFilter(options, &filter, &error)) {
-        printDiagnostic(error);
-        return kWrongUsage;
-    }
-    if (!options.isSingleExport()) return report(options, std::move(filter));
+    if (!options.isSingleExport()) return report(options, search);
     const int status = exportOne(options);
     options.kmlPath.clear();
     const bool isDone = status != kSuccess || options.output == Output::nothing;
-    return isDone ? status : report(options, std::move(filter));
+    return isDone ? status : report(options, search);
 }
 
 }  // namespace pinorama

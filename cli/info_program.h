@@ -5,26 +5,22 @@
 #pragma once
 
 #include "cli/options.h"
-#include "cli/place_filter.h"
+#include "lib/strings/string_holder.h"
 
 #include <functional>
 #include <string>
 
 namespace pinorama {
 
-// Makes the filter of a search.
-//
-//   outError  receives the error message if the result is false.
-//
-// Returns false for a place or an area that is malformed or cannot be read.
-using FilterMaker =
-    std::function<bool(const Options& options, PlaceFilter* outFilter, std::string* outError)>;
+// Does a search and returns its exit status. It gets the options and the template of the web
+// service that they name, which is null for other outputs.
+using Search = std::function<int(const Options& options, StringHolder serviceTemplate)>;
 
-// Runs the program with the arguments of main. Without a maker of filters, pinorama-search takes
-// its place for a search.
+// Runs the program with the arguments of main. Without a search, pinorama-search takes the place of
+// the program to do it.
 //
 // Returns the exit status.
-int runInfoProgram(int argc, char** argv, const FilterMaker& makeFilter = {});
+int runInfoProgram(int argc, char** argv, const Search& search = {});
 
 // The path of pinorama-search: the one beside the running program, else the one under the install
 // prefix.

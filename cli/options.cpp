@@ -101,8 +101,15 @@ constexpr OptionRow kRows[] = {
      }},
     {0, "no-position", nullptr, "print only pictures that have no position",
      [](Reading& reading, const char*) { reading.options->withoutPosition = true; }},
-    {0, "as-found", nullptr, "print the pictures near a place as soon as they are found",
+    {0, "as-found", nullptr, "print the pictures of a search as soon as they are found",
      [](Reading& reading, const char*) { reading.options->asFound = true; }},
+    {0, "index", "FILE",
+     "remember what a search with -r finds out in FILE, not in the cache folder",
+     [](Reading& reading, const char* value) {
+         chooseText(reading, "--index needs a file name", value, &reading.options->indexPath);
+     }},
+    {0, "no-index", nullptr, "neither use nor write what searches remember",
+     [](Reading& reading, const char*) { reading.options->noIndex = true; }},
     {0, "kml", "DEST", "write a KML document of the places to the file DEST", chooseDocument},
     {0, "web", "N", "print the address of each place in web service N", chooseWebService},
     {0, "search", nullptr, "print the address of the catalogue search for each place",

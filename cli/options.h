@@ -33,6 +33,8 @@ struct Options {
     bool withoutPosition = false;  // only pictures that have none
     bool asFound = false;          // not sorted by distance
     bool readsMore = false;        // more kinds of files, XMP and sidecars
+    std::string indexPath{};       // raw bytes; empty for the one in the cache folder
+    bool noIndex = false;
     std::string listPath{};  // of a list of further files, "-" for standard input; empty for none
     char listEnd = '\n';     // ends a path in the list
     bool progress = false;   // on a terminal, also without -r
@@ -49,8 +51,9 @@ struct Options {
                !isSearch();
     }
     bool isSearch() const { return !nearPlace.empty() || !areaPath.empty() || withoutPosition; }
-    // The nearest pictures come first, so that nothing is printed before all have been read.
-    bool isSorted() const { return !nearPlace.empty() && !asFound; }
+    // The nearest pictures come first, and folders are searched in no order, so that nothing is
+    // printed before all have been read.
+    bool isSorted() const { return isSearch() && !asFound && (!nearPlace.empty() || recursive); }
 };
 
 // Reads the arguments of main. Options may come between the files; "--" ends them.

@@ -26,7 +26,9 @@ constexpr std::size_t kReceiveSize = 65536;
 void runWorker(int socket, const WorkerPool::Work& work)
 {
     while (const auto paths = receivePaths(socket)) {
-        if (!sendResult(socket, work(*paths))) return;
+        BatchResult result = work(*paths);
+        result.items = paths->size();
+        if (!sendResult(socket, result)) return;
     }
 }
 }  // namespace
@@ -174,7 +176,7 @@ bool WorkerPool::receive(Worker* worker)
             if (worker->queue.empty()) return false;
             Batch* batch = worker->queue.front();
             worker->queue.pop_front();
-            batch->done += result->files;
+            batch->done += result->items;
             batch->isDispatched = false;
             batch->result.add(*std::move(result));
         }

@@ -3,14 +3,12 @@
 #include "base/descriptor.h"
 #include "cli/diagnostic.h"
 #include "cli/file_reporter.h"
-#include "nearby/place_area.h"
 
 #include <array>
 #include <cerrno>
 #include <charconv>
 #include <cmath>
 #include <cstring>
-#include <memory>
 #include <utility>
 #include <vector>
 
@@ -118,30 +116,33 @@ std::optional<PlaceCircle> readNearPlace(const std::string& value, std::string* 
     return PlaceCircle(*centre, *radius);
 }
 
-bool makeSearchFilter(const Options& options, PlaceFilter* outFilter, std::string* outError)
+std::optional<SearchFilter> SearchFilter::make(const Options& options, std::string* outError)
 {
-    std::optional<PlaceCircle> circle;
+    SearchFilter filter;
+    filter.withoutPosition_ = options.withoutPosition;
     if (!options.nearPlace.empty()) {
-        circle = readNearPlace(options.nearPlace, outError);
-        if (!circle) return false;
+        filter.circle_ = readNearPlace(options.nearPlace, outError);
+        if (!filter.circle_) return std::nullopt;
     }
-    // A filter is copied into functions, an area is large.
-    std::shared_ptr<PlaceArea> area;
-    if (!options.areaPath.empty()) {
-        area = std::make_shared<PlaceArea>();
-        if (!readArea(options.areaPath, area.get(), outError)) return false;
+    if (!options.areaPath.empty() &&
+        !readArea(options.areaPath, &filter.area_.emplace(), outError)) {
+        return std::nullopt;
     }
-    if (options.withoutPosition) {
-        *outFilter = [](FileReport* report) {
-            return report->isAccepted && report->error.empty() && !report->position;
-        };
-        return true;
-    }
-    *outFilter = [circle, area](FileReport* report) {
-        if (!report->position || (area && !area->contains(*report->position))) return false;
-        if (circle) report->nearness = circle->measure(*report->position);
-        return !circle || report->nearness.has_value();
-    };
+    return filter;
+}
+
+bool SearchFilter::matches(const std::optional<Position>& position) const
+{
+    if (withoutPosition_) return !position;
+    if (!position || (area_ && !area_->contains(*position))) return false;
+    return !circle_ || circle_->measure(*position).has_value();
+}
+
+bool SearchFilter::operator()(FileReport* report) const
+{
+    if (withoutPosition_ && (!report->isAccepted || !report->error.empty())) return false;
+    if (!matches(report->position)) return false;
+    if (circle_) report->nearness = circle_->measure(*report->position);
     return true;
 }
 

@@ -4,6 +4,7 @@
 
 #include "cli/options.h"
 #include "cli/place_filter.h"
+#include "nearby/place_area.h"
 #include "nearby/place_circle.h"
 
 #include <optional>
@@ -18,7 +19,24 @@ namespace pinorama {
 // read or has no position; `outError` then receives the error message.
 std::optional<PlaceCircle> readNearPlace(const std::string& value, std::string* outError);
 
-// See FilterMaker in cli/info_program.h.
-bool makeSearchFilter(const Options& options, PlaceFilter* outFilter, std::string* outError);
+class SearchFilter {
+public:
+    // Reads the place and the area of the options. Nothing for one that is malformed or cannot be
+    // read; `outError` then receives the error message.
+    static std::optional<SearchFilter> make(const Options& options, std::string* outError);
+
+    // Whether a camera picture with this position, or without one, is printed.
+    bool matches(const std::optional<Position>& position) const;
+
+    // See PlaceFilter.
+    bool operator()(FileReport* report) const;
+
+private:
+    SearchFilter() = default;
+
+    std::optional<PlaceCircle> circle_{};
+    std::optional<PlaceArea> area_{};
+    bool withoutPosition_ = false;
+};
 
 }  // namespace pinorama
