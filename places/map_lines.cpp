@@ -1,0 +1,220 @@
+#include "places/map_lines.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+#include <utility>
+
+using namespace pinorama;
+
+namespace {
+constexpr std::uint16_t kStoredLand = 0;
+constexpr std::uint16_t kStoredBorder = 1;
+
+// The least degrees in a pixel for which the first two of the stored maps will do: drawings of
+// 1:110 and 1:50 million at 96 pixels to the inch.
+constexpr double kCoarseEnough[] = {0.2, 0.06};
+
+struct StoredLine {
+    double west, south, east, north;  // in the units of its map
+    std::uint32_t first, count;       // byte in "MPTS", points
+    std::uint16_t kind;
+};
+
+StoredLine readLine(const std::uint8_t* item)
+{
+    const auto side = [item](int at) { return static_cast<double>(loadSigned32(item + at)); };
+    return {side(0),           side(4),           side(8),          side(12),
+            load32(item + 16), load32(item + 20), load16(item + 24)};
+}
+
+// Reads numbers of seven bits to the byte, the lowest first, whose lowest bit is the sign.
+class Numbers {
+public:
+    explicit Numbers(std::span<const std::uint8_t> bytes) : rest_(bytes) {}
+
+    std::optional<std::int64_t> next()
+    {
+        std::uint64_t value = 0;
+        for (int shift = 0; shift < 35; shift += 7) {
+            if (rest_.empty()) return std::nullopt;
+            const std::uint8_t byte = rest_.front();
+            rest_ = rest_.subspan(1);
+            value |= std::uint64_t{byte & 0x7fU} << shift;
+            if (byte < 0x80) {
+                const auto half = static_cast<std::int64_t>(value >> 1);
+                return (value & 1) != 0 ? -half - 1 : half;
+            }
+        }
+        return std::nullopt;
+    }
+
+private:
+    std::span<const std::uint8_t> rest_;
+};
+
+// The points of a line, shifted by whole turns; as many as there are in a damaged file.
+std::vector<MapPoint> readPoints(const PlaceData& data, const StoredLine& line, double units,
+                                 double shift)
+{
+    const std::span<const std::uint8_t> bytes = data.mapPoints.bytes();
+    std::vector<MapPoint> points;
+    if (line.first >= bytes.size()) return points;
+    Numbers numbers(bytes.subspan(line.first));
+    points.reserve(std::min<std::size_t>(line.count, bytes.size() / 2));
+    std::int64_t x = 0, y = 0;
+    for (std::uint32_t index = 0; index < line.count; ++index) {
+        const auto dx = numbers.next();
+        const auto dy = numbers.next();
+        if (!dx || !dy) break;
+        x += *dx;
+        y += *dy;
+        points.push_back({static_cast<double>(x) / units + shift, static_cast<double>(y) / units});
+    }
+    return points;
+}
+
+// Leaves out points that are hardly away from the one before; the last one stays.
+void thin(std::vector<MapPoint>& points, double least)
+{
+    if (points.size() < 3) return;
+    std::size_t kept = 1;
+    for (std::size_t index = 1; index < points.size(); ++index) {
+        const MapPoint& before = points[kept - 1];
+        const bool isFar = std::abs(points[index].x - before.x) >= least ||
+                           std::abs(points[index].y - before.y) >= least;
+        if (isFar || index + 1 == points.size()) points[kept++] = points[index];
+    }
+    points.resize(kept);
+}
+
+// Cuts off what lies beyond one side of the box (Sutherland and Hodgman).
+template <typename Inside, typename Cross>
+std::vector<MapPoint> cutOff(const std::vector<MapPoint>& points, Inside isInside, Cross cross)
+{
+    std::vector<MapPoint> rest;
+    rest.reserve(points.size() + 8);
+    for (std::size_t index = 0; index < points.size(); ++index) {
+        const MapPoint& before = points[index == 0 ? points.size() - 1 : index - 1];
+        const MapPoint& point = points[index];
+        if (isInside(before) != isInside(point)) rest.push_back(cross(before, point));
+        if (isInside(point)) rest.push_back(point);
+    }
+    return rest;
+}
+
+std::vector<MapPoint> clip(std::vector<MapPoint> points, const MapBox& box)
+{
+    const auto atX = [](double x) {
+        return [x](const MapPoint& a, const MapPoint& b) {
+            return MapPoint{x, a.y + (b.y - a.y) * (x - a.x) / (b.x - a.x)};
+        };
+    };
+    const auto atY = [](double y) {
+        return [y](const MapPoint& a, const MapPoint& b) {
+            return MapPoint{a.x + (b.x - a.x) * (y - a.y) / (b.y - a.y), y};
+        };
+    };
+    points = cutOff(
+        points, [&](const MapPoint& p) { return p.x >= box.west; }, atX(box.west));
+    points = cutOff(
+        points, [&](const MapPoint& p) { return p.x <= box.east; }, atX(box.east));
+    points = cutOff(
+        points, [&](const MapPoint& p) { return p.y >= box.south; }, atY(box.south));
+    points = cutOff(
+        points, [&](const MapPoint& p) { return p.y <= box.north; }, atY(box.north));
+    return points;
+}
+
+bool meetsBox(const MapPoint& a, const MapPoint& b, const MapBox& box)
+{
+    return std::max(a.x, b.x) >= box.west && std::min(a.x, b.x) <= box.east &&
+           std::max(a.y, b.y) >= box.south && std::min(a.y, b.y) <= box.north;
+}
+
+// Land is stored cut at 180 degrees and at the south pole; there is no coast along the cut.
+bool isCut(const MapPoint& a, const MapPoint& b, double shift)
+{
+    constexpr double kClose = 0.02;
+    const double x = std::abs(a.x - shift);
+    return (x > 180 - kClose && std::abs(a.x - b.x) < kClose) || (a.y < -89 && b.y < -89);
+}
+
+// Appends the runs of a line that meet the box.
+void addRuns(std::vector<MapLine>& lines, MapLineKind kind, const std::vector<MapPoint>& points,
+             const MapBox& box, double shift)
+{
+    const bool isClosed = kind == MapLineKind::coast;
+    const std::size_t sides = isClosed ? points.size() : points.size() - 1;
+    std::vector<MapPoint> run;
+    const auto finish = [&] {
+        if (run.size() > 1) lines.push_back({kind, std::move(run)});
+        run.clear();
+    };
+    for (std::size_t index = 0; index < sides; ++index) {
+        const MapPoint& a = points[index];
+        const MapPoint& b = points[(index + 1) % points.size()];
+        if (!meetsBox(a, b, box) || (isClosed && isCut(a, b, shift))) {
+            finish();
+            continue;
+        }
+        if (run.empty()) run.push_back(a);
+        run.push_back(b);
+    }
+    finish();
+}
+
+std::size_t levelFor(double degreesPerPixel, std::size_t count)
+{
+    std::size_t level = 0;
+    for (const double least : kCoarseEnough) {
+        if (degreesPerPixel < least) ++level;
+    }
+    return std::min(level, count - 1);
+}
+
+bool isUsable(const MapBox& box, double degreesPerPixel)
+{
+    const bool isBox = box.west < box.east && box.east - box.west <= 360 && box.south < box.north;
+    return isBox && std::abs(box.west) <= 360 && std::abs(box.east) <= 360 && degreesPerPixel > 0 &&
+           std::isfinite(degreesPerPixel) && std::isfinite(box.south) && std::isfinite(box.north);
+}
+}  // namespace
+
+std::vector<MapLine> pinorama::mapLines(const PlaceData& data, const MapBox& box,
+                                        double degreesPerPixel)
+{
+    std::vector<MapLine> lines;
+    if (!isUsable(box, degreesPerPixel) || data.mapLevels.count() == 0) return lines;
+    const std::uint8_t* level =
+        data.mapLevels.item(levelFor(degreesPerPixel, data.mapLevels.count()));
+    const double units = load32(level);
+    const std::uint32_t first = load32(level + 4);
+    const std::uint32_t count = load32(level + 8);
+    if (units == 0 || !data.mapLines.has(first, count)) return lines;
+
+    const double margin = 2 * degreesPerPixel;
+    const MapBox wide{box.west - margin, box.south - margin, box.east + margin, box.north + margin};
+    for (std::uint32_t index = first; index < first + count; ++index) {
+        const StoredLine line = readLine(data.mapLines.item(index));
+        if (line.kind != kStoredLand && line.kind != kStoredBorder) continue;
+        const double size = std::max(line.east - line.west, line.north - line.south);
+        if (line.kind == kStoredLand && size / units < degreesPerPixel) continue;
+        for (const double shift : {-360.0, 0.0, 360.0}) {
+            const MapPoint southWest{line.west / units + shift, line.south / units};
+            const MapPoint northEast{line.east / units + shift, line.north / units};
+            if (!meetsBox(southWest, northEast, wide)) continue;
+            std::vector<MapPoint> points = readPoints(data, line, units, shift);
+            thin(points, degreesPerPixel / 2);
+            if (points.size() < 2) continue;
+            if (line.kind == kStoredBorder) {
+                addRuns(lines, MapLineKind::border, points, wide, shift);
+                continue;
+            }
+            addRuns(lines, MapLineKind::coast, points, wide, shift);
+            points = clip(std::move(points), wide);
+            if (points.size() > 2) lines.push_back({MapLineKind::land, std::move(points)});
+        }
+    }
+    return lines;
+}

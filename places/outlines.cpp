@@ -1,0 +1,104 @@
+#include "places/outlines.h"
+
+#include <cmath>
+#include <limits>
+
+using namespace pinorama;
+
+namespace {
+constexpr std::int32_t kFullTurn = 36000000;  // 360 degrees
+
+struct Ring {
+    std::int32_t west, south, east, north;
+    std::uint32_t first, count;  // vertices
+    std::uint16_t owner;         // the number of an area or a sea
+};
+
+Ring readRing(const std::uint8_t* item)
+{
+    return {loadSigned32(item),      loadSigned32(item + 4), loadSigned32(item + 8),
+            loadSigned32(item + 12), load32(item + 16),      load32(item + 20),
+            load16(item + 24)};
+}
+
+bool isInBox(const Ring& ring, StoredPoint point)
+{
+    return point.x >= ring.west && point.x <= ring.east && point.y >= ring.south &&
+           point.y <= ring.north;
+}
+
+// Counts the sides that a line from the point to the east crosses. Differences and products of
+// damaged vertices are computed in 64 bits and in floating point, where nothing overflows.
+bool isInside(const Ring& ring, const PlaceSection& vertices, StoredPoint point)
+{
+    if (ring.count < 3 || !vertices.has(ring.first, ring.count)) return false;
+    const std::uint8_t* vertex = vertices.item(ring.first);
+    const std::uint8_t* last = vertex + (std::size_t{ring.count} - 1) * 8;
+    std::int64_t x = loadSigned32(last);
+    std::int64_t y = loadSigned32(last + 4);
+    bool inside = false;
+    for (std::uint32_t index = 0; index < ring.count; ++index, vertex += 8) {
+        const std::int64_t nextX = loadSigned32(vertex);
+        const std::int64_t nextY = loadSigned32(vertex + 4);
+        if ((y > point.y) != (nextY > point.y)) {
+            const auto along = static_cast<double>(point.y - y) / static_cast<double>(nextY - y);
+            const double crossing = static_cast<double>(x) + along * static_cast<double>(nextX - x);
+            if (point.x < crossing) inside = !inside;
+        }
+        x = nextX;
+        y = nextY;
+    }
+    return inside;
+}
+
+double boxSize(const Ring& ring)
+{
+    return (static_cast<double>(ring.east) - ring.west) *
+           (static_cast<double>(ring.north) - ring.south);
+}
+}  // namespace
+
+StoredPoint pinorama::storedPoint(double latitude, double longitude)
+{
+    return {static_cast<std::int32_t>(std::lround(longitude * kStoredUnit)),
+            static_cast<std::int32_t>(std::lround(latitude * kStoredUnit))};
+}
+
+std::optional<std::uint16_t> pinorama::areaAt(const PlaceData& data, StoredPoint point)
+{
+    std::optional<std::uint16_t> found;
+    double smallest = std::numeric_limits<double>::infinity();
+    const std::size_t count = data.rings.count();
+    // The rings of an area stand together.
+    for (std::size_t index = 0; index < count;) {
+        const std::uint16_t owner = load16(data.rings.item(index) + 24);
+        bool inside = false;
+        double size = 0;
+        for (; index < count; ++index) {
+            const Ring ring = readRing(data.rings.item(index));
+            if (ring.owner != owner) break;
+            if (!isInBox(ring, point) || !isInside(ring, data.vertices, point)) continue;
+            inside = !inside;
+            if (inside) size = boxSize(ring);
+        }
+        if (inside && size < smallest) {
+            smallest = size;
+            found = owner;
+        }
+    }
+    return found;
+}
+
+std::optional<std::uint16_t> pinorama::seaAt(const PlaceData& data, StoredPoint point)
+{
+    const StoredPoint turned{point.x + kFullTurn, point.y};
+    for (std::size_t index = 0; index < data.seaRings.count(); ++index) {
+        const Ring ring = readRing(data.seaRings.item(index));
+        for (const StoredPoint candidate : {point, turned}) {
+            if (isInBox(ring, candidate) && isInside(ring, data.seaVertices, candidate)) {
+                return ring.owner;
+            }
+        }
+    }
+    return std::nullopt;
+}
