@@ -53,9 +53,22 @@ struct Record {
     std::uint8_t zone;
 };
 
-double populationOf(std::uint8_t sizeByte)
+// The radius of a town by the stored size of its population.
+double radiusOf(std::uint8_t size)
 {
-    return std::exp2(sizeByte / 10.0);
+    static const std::array<double, 256> radii = [] {
+        std::array<double, 256> all{};
+        for (std::size_t index = 0; index < all.size(); ++index) {
+            all[index] = townRadius(std::exp2(static_cast<double>(index) / 10));
+        }
+        return all;
+    }();
+    return radii[size];
+}
+
+bool isIn(const std::uint8_t* tree, std::string_view country)
+{
+    return country.empty() || country == std::string_view(reinterpret_cast<const char*>(tree), 2);
 }
 
 Tree readTree(const std::uint8_t* item)
@@ -64,7 +77,7 @@ Tree readTree(const std::uint8_t* item)
     return {{reinterpret_cast<const char*>(item), 2},
             load16(item + 2),
             load16(item + 4),
-            townRadius(populationOf(item[6])),
+            radiusOf(item[6]),
             load32(item + 8),
             load32(item + 12),
             {coordinate(16), coordinate(20), coordinate(24)},
@@ -74,7 +87,7 @@ Tree readTree(const std::uint8_t* item)
 Record readRecord(const std::uint8_t* item)
 {
     return {load24(item) / kAngleSteps * 360 - 90, load24(item + 3) / kAngleSteps * 360 - 180,
-            load24(item + 6), townRadius(populationOf(item[9])), item[10]};
+            load24(item + 6), radiusOf(item[9]), item[10]};
 }
 
 // One search through the trees. The towns of a tree are a k-d tree over x, y and z in turn: the
@@ -100,7 +113,7 @@ public:
     {
         if (!data_.towns.has(tree.first, tree.count)) return;
         tree_ = tree;
-        searchRange(tree.first, tree.count, 0);
+        searchRange(tree.first, tree.count, 0, {});
     }
 
     bool hasFound() const { return hasFound_; }
@@ -109,8 +122,9 @@ public:
     double distance() const { return distance_; }
 
 private:
-    // As deep as the logarithm of the count.
-    void searchRange(std::uint32_t first, std::uint32_t count, int axis)
+    // Searches a range whose towns all lie at least `apart` from the point on each axis. As deep as
+    // the logarithm of the count.
+    void searchRange(std::uint32_t first, std::uint32_t count, int axis, const Vector& apart)
     {
         if (count == 0) return;
         const std::uint32_t before = count / 2;
@@ -118,16 +132,20 @@ private:
         const Vector where = unitVector(town.latitude, town.longitude);
         consider(town, arc(chord(from_, where)));
 
-        const double past = from_[axis] - where[axis];
         const std::uint32_t after = count - before - 1;
         const int next = (axis + 1) % 3;
-        const auto searchBefore = [&] { searchRange(first, before, next); };
-        const auto searchAfter = [&] { searchRange(first + before + 1, after, next); };
-        past < 0 ? searchBefore() : searchAfter();
-        // Nothing beyond the dividing plane is nearer than the plane.
-        const double bound = std::abs(past) * kEarthRadius;
+        const double past = from_[axis] - where[axis];
+        const bool isBefore = past < 0;
+        Vector beyond = apart;
+        beyond[axis] = past;
+        const auto search = [&](bool inFirstHalf, const Vector& distances) {
+            inFirstHalf ? searchRange(first, before, next, distances)
+                        : searchRange(first + before + 1, after, next, distances);
+        };
+        search(isBefore, apart);
+        const double bound = arc(chord(beyond, {}));
         if (bound > limit_ || !canImprove(bound - tree_.largestRadius)) return;
-        past < 0 ? searchAfter() : searchBefore();
+        search(!isBefore, beyond);
     }
 
     void consider(const Record& town, double distance)
@@ -182,9 +200,9 @@ std::optional<FoundTown> pinorama::findTown(const PlaceData& data, double latitu
     std::size_t nearest = count;
     double nearestBound = std::numeric_limits<double>::infinity();
     for (std::size_t index = 0; index < count; ++index) {
-        const Tree tree = readTree(data.trees.item(index));
-        if (!country.empty() && tree.country != country) continue;
-        const double bound = search.lowerBound(tree);
+        const std::uint8_t* item = data.trees.item(index);
+        if (!isIn(item, country)) continue;
+        const double bound = search.lowerBound(readTree(item));
         if (bound > limit || bound >= nearestBound) continue;
         nearestBound = bound;
         nearest = index;
@@ -192,8 +210,9 @@ std::optional<FoundTown> pinorama::findTown(const PlaceData& data, double latitu
     if (nearest == count) return std::nullopt;
     search.searchTree(readTree(data.trees.item(nearest)));
     for (std::size_t index = 0; index < count; ++index) {
-        const Tree tree = readTree(data.trees.item(index));
-        if (index == nearest || (!country.empty() && tree.country != country)) continue;
+        const std::uint8_t* item = data.trees.item(index);
+        if (index == nearest || !isIn(item, country)) continue;
+        const Tree tree = readTree(item);
         const double bound = search.lowerBound(tree);
         if (bound <= limit && search.canImprove(bound)) search.searchTree(tree);
     }
