@@ -51,6 +51,7 @@ while read -r target folder links; do
         ICU::*) may_use "$folder" ICU || complain "$target links ICU" ;;
         *JPEG::*) may_use "$folder" libjpeg-turbo || complain "$target links libjpeg-turbo" ;;
         *PNG::*) may_use "$folder" libpng || complain "$target links libpng" ;;
+        *GEOGRAPHICLIB*) may_use "$folder" GeographicLib || complain "$target links GeographicLib" ;;
         *LibRaw*) may_use "$folder" LibRaw || complain "$target links LibRaw" ;;
         *GeographicLib*) may_use "$folder" GeographicLib || complain "$target links GeographicLib" ;;
         SQLite::*) may_use "$folder" SQLite || complain "$target links SQLite" ;;
