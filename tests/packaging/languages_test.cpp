@@ -115,7 +115,7 @@ TEST(languages, areAtLeastTheTenOfTheManual)
 
 TEST(languages, haveTablesWithTheSameKeysAndConversions)
 {
-    for (const std::string name : {"Localizable", "GPS"}) {
+    for (const std::string name : {"Localizable", "GPS", "Places"}) {
         const auto textOf = [&](const std::string& language) {
             return test::readFile(
                 pathOf("resources/strings/" + language + "/" + name + ".strings"));

@@ -1,0 +1,31 @@
+// A place in words, one line for a person: "Near Ushuaia, Argentina", "8 km SE of Grävenwiesbach,
+// Germany", "South Atlantic Ocean, 412 km from Tristan da Cunha".
+//
+// The texts are in the table "Places" of the main bundle, in the user's language; countries are
+// named by ICU, towns as the places file has them, numbers as the user's locale writes them.
+
+#pragma once
+
+#include "lib/objects/string.h"
+#include "places/place_finder.h"
+
+namespace pinorama {
+
+// Returns a new text: the place in words; null if memory runs out and for a place without country
+// and sea.
+//
+// A point is near a town up to 3.5 km from its centre, and up to the edge of a large one; further
+// away the distance is given in whole kilometres, from 1000 on in tens. A town that the name of its
+// country begins with stands alone: "Near Singapore". At sea the name of an island state or group
+// takes the place of the town's.
+[[nodiscard]] TovStringRef createPlaceText(const Place& place);
+
+// Returns a new text: the nearest of the sixteen points of the compass, "SSE", in the letters of
+// the user's language. Degrees clockwise from north. Null for infinity and what is no number, and
+// if memory runs out.
+[[nodiscard]] TovStringRef createCompassText(double degrees);
+
+// The table of these texts.
+constexpr const char* kPlacesTable = "Places";
+
+}  // namespace pinorama
