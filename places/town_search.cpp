@@ -26,7 +26,8 @@ Vector unitVector(double latitude, double longitude)
 
 double chord(const Vector& a, const Vector& b)
 {
-    return std::hypot(a[0] - b[0], a[1] - b[1], a[2] - b[2]);
+    const double x = a[0] - b[0], y = a[1] - b[1], z = a[2] - b[2];
+    return std::sqrt(x * x + y * y + z * z);
 }
 
 // Kilometres along the surface between two points whose unit vectors are `length` apart.
@@ -106,6 +107,8 @@ public:
         const double nearest = chord(from_, tree.centre) - tree.reach;
         return (nearest <= 0 ? 0 : arc(nearest)) - tree.largestRadius;
     }
+
+    double distanceToCentre(const Tree& tree) const { return chord(from_, tree.centre); }
 
     bool canImprove(double bound) const { return bound < best_; }
 
@@ -196,15 +199,16 @@ std::optional<FoundTown> pinorama::findTown(const PlaceData& data, double latitu
 {
     Search search(data, unitVector(latitude, longitude), limit);
     const std::size_t count = data.trees.count();
-    // The most promising tree first: what it gives rules out most of the others.
+    // The tree around the nearest centre first: what it gives rules out most of the others.
     std::size_t nearest = count;
-    double nearestBound = std::numeric_limits<double>::infinity();
+    double nearestCentre = std::numeric_limits<double>::infinity();
     for (std::size_t index = 0; index < count; ++index) {
         const std::uint8_t* item = data.trees.item(index);
         if (!isIn(item, country)) continue;
-        const double bound = search.lowerBound(readTree(item));
-        if (bound > limit || bound >= nearestBound) continue;
-        nearestBound = bound;
+        const Tree tree = readTree(item);
+        const double centre = search.distanceToCentre(tree);
+        if (centre >= nearestCentre) continue;
+        nearestCentre = centre;
         nearest = index;
     }
     if (nearest == count) return std::nullopt;
