@@ -24,7 +24,7 @@ set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PINORAMA_PACKAGE_NAME pinorama)
 set(CPACK_DEBIAN_PINORAMA_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PINORAMA_PACKAGE_RECOMMENDS
-    "at-spi2-core, libqt6svg6, qt6-translations-l10n, qt6-wayland, shared-mime-info")
+    "at-spi2-core, libqt6svg6, pinorama-places, qt6-translations-l10n, qt6-wayland, shared-mime-info")
 set(CPACK_DEBIAN_PINORAMA_PACKAGE_SUGGESTS "marble, qt6-image-formats-plugins")
 set(CPACK_COMPONENT_PINORAMA_DESCRIPTION
     "show where the picture selected in the file manager was taken
@@ -38,6 +38,26 @@ From the window you can fly a globe program to the place, save it as a
 KML placemark, open it in web maps, and search a picture catalogue for
 everything taken nearby. pinorama-info prints the same facts in a
 terminal, for one picture or for many.")
+
+# What places are looked up in is larger than the program, and changes less often.
+install(FILES copyright-places RENAME copyright COMPONENT places EXCLUDE_FROM_ALL
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/pinorama-places")
+install(FILES "${changelog}" "${program_changelog}" COMPONENT places EXCLUDE_FROM_ALL
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/pinorama-places")
+install(FILES lintian-overrides-places RENAME pinorama-places COMPONENT places EXCLUDE_FROM_ALL
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/lintian/overrides")
+set(CPACK_DEBIAN_PLACES_PACKAGE_NAME pinorama-places)
+set(CPACK_DEBIAN_PLACES_PACKAGE_SOURCE pinorama)
+set(CPACK_DEBIAN_PLACES_PACKAGE_ARCHITECTURE all)
+set(CPACK_DEBIAN_PLACES_PACKAGE_ENHANCES pinorama)
+set(CPACK_COMPONENT_PLACES_DESCRIPTION
+    "places of the world for Pinorama
+Pinorama shows where the picture selected in the file manager was taken.
+With this package it does so in words, too, without asking anybody: \"8 km
+SE of Grävenwiesbach, Germany\".
+
+The package contains countries, 166,000 towns, seas, time zones, coasts and
+borders, from GeoNames, country-coder and Natural Earth.")
 
 # pinorama_file_manager_package(NAME TITLE FOLDER BINDING GAIN) makes the package NAME-pinorama with the
 # extension for one file manager. BINDING is the package with its Python binding, FOLDER the place where
