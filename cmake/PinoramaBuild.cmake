@@ -10,7 +10,6 @@ if(PROJECT_IS_TOP_LEVEL)
         set(CMAKE_BUILD_TYPE Release)
     endif()
 
-    set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME pinorama)
     set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
     find_program(PINORAMA_CCACHE ccache)
     if(PINORAMA_CCACHE)

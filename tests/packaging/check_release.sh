@@ -8,7 +8,7 @@ tree=$1
 copy=$(mktemp -d)
 trap 'rm -rf "$copy"' EXIT
 metainfo=packaging/org.pinorama.Pinorama.metainfo.xml.in
-(cd "$tree" && cp --parents CMakeLists.txt CHANGELOG.md packaging/changelog.Debian $metainfo \
+(cd "$tree" && cp --parents CMakeLists.txt CHANGELOG.md debian/changelog $metainfo \
     scripts/release "$copy")
 cd "$copy"
 export GIT_CONFIG_GLOBAL=/dev/null GIT_CONFIG_SYSTEM=/dev/null
@@ -18,7 +18,7 @@ record() {
 }
 git init -q
 # Pretends that it is the day of the release, whatever state the tree is in.
-day=$(date -u -d "$(sed -n '1,/^ -- /s/^ -- .*>  //p' packaging/changelog.Debian)" +%F)
+day=$(date -u -d "$(sed -n '1,/^ -- /s/^ -- .*>  //p' debian/changelog)" +%F)
 sed -i "0,/^## /s/^\(## [^ ]*\) .*/\1 ($day)/" CHANGELOG.md
 record "As on the day of a release"
 
@@ -55,8 +55,8 @@ restore() {
 accepts "all agree"
 accepts "all agree, draft" --draft
 
-sed -i '1s/([^)]*)/(9.8.7-1)/' packaging/changelog.Debian
-complains "another version in the Debian changelog" packaging/changelog.Debian --draft
+sed -i '1s/([^)]*)/(9.8.7-1)/' debian/changelog
+complains "another version in the Debian changelog" debian/changelog --draft
 
 sed -i '0,/^## /s/^## [^ ]*/## 9.8.7/' CHANGELOG.md
 complains "another version in CHANGELOG.md" CHANGELOG.md --draft

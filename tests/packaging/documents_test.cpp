@@ -254,16 +254,35 @@ TEST(documents, stateTheRightNumbers)
 
 TEST(documents, nameThePackagesOfTheFileManagers)
 {
-    const std::string packages = documentOf("packaging/DebianPackage.cmake");
-    const std::regex made("\\npinorama_file_manager_package\\(([a-z]+) ");
+    const std::string control = documentOf("debian/control");
+    const std::regex package("\nPackage: ([a-z]+-pinorama)\n");
     int count = 0;
-    for (std::sregex_iterator match(packages.begin(), packages.end(), made), end; match != end;
+    for (std::sregex_iterator match(control.begin(), control.end(), package), end; match != end;
          ++match, ++count) {
-        const std::string name = (*match)[1].str() + "-pinorama";
+        const std::string name = (*match)[1];
         for (const char* document : {"docs/file-managers.md", "packaging/man/pinorama.1"})
             EXPECT_NE(documentOf(document).find(name), std::string::npos) << document << name;
     }
     EXPECT_EQ(count, 4);
+}
+
+TEST(debianControl, asksForWhatTheScriptsInstall)
+{
+    const std::string control = documentOf("debian/control");
+    const std::string installed = "\n" + documentOf("scripts/packages.txt");
+    std::smatch list;
+    ASSERT_TRUE(std::regex_search(control, list, std::regex("\nBuild-Depends:\n((?: .*\n)+)")));
+    const std::string needed = list[1];
+    const std::regex first("\n? ([a-z0-9.+-]+)[^\n]*,");
+    int count = 0;
+    for (std::sregex_iterator match(needed.begin(), needed.end(), first), end; match != end;
+         ++match) {
+        const std::string name = (*match)[1];
+        if (name == "debhelper-compat") continue;  // packs, does not build
+        ++count;
+        EXPECT_NE(installed.find("\n" + name + "\n"), std::string::npos) << name;
+    }
+    EXPECT_GT(count, 10);
 }
 
 namespace {

@@ -119,6 +119,13 @@ TEST_F(Package, keepsTheThumbnailOfAPictureBeyondASCII)
     EXPECT_EQ(thumbnails[0].stem().string(), hash.toHex().toStdString());
 }
 
+TEST_F(Package, tellsTheSessionBusWhereItsProgramIs)
+{
+    const std::string service =
+        test::readFile(installed_->file("usr/share/dbus-1/services/org.pinorama.Pinorama.service"));
+    EXPECT_NE(service.find("\nExec=/usr/bin/pinorama --service\n"), std::string::npos) << service;
+}
+
 TEST_F(Package, exportsTheGoldenPlacemark)
 {
     const std::string exported = folder_.file("out.kml");
