@@ -22,6 +22,13 @@ QString librariesAsLines()
                "nlohmann-json (MIT)<br>libseccomp (LGPL-2.1)")
         .arg(QLatin1String(qVersion()));
 }
+
+// A link to the home page; nothing if there is none.
+QString homePageAsParagraph()
+{
+    if constexpr (!PINORAMA_SHOWS_HOME) return {};
+    return QStringLiteral("<p><a href=\"" PINORAMA_HOME_URL "\">" PINORAMA_HOME_URL "</a></p>");
+}
 }  // namespace
 
 void appShowAboutBox(QWidget* parent)
@@ -35,9 +42,9 @@ void appShowAboutBox(QWidget* parent)
     box->setTextFormat(Qt::RichText);
     box->setText(QStringLiteral("<b>Pinorama " PINORAMA_VERSION "</b>"));
     box->setInformativeText(
-        QStringLiteral("<p>%1</p><p><a href=\"" PINORAMA_HOME_URL "\">" PINORAMA_HOME_URL
-                       "</a></p><p>%2</p><p>%3<br>%4</p>")
+        QStringLiteral("<p>%1</p>%2<p>%3</p><p>%4<br>%5</p>")
             .arg(AboutBox::tr("Shows where the picture selected in the file manager was taken."),
+                 homePageAsParagraph(),
                  AboutBox::tr("Free software under the GNU General Public License, version 3 or "
                               "later. It comes with no warranty."),
                  AboutBox::tr("Made with these libraries:"), librariesAsLines()));

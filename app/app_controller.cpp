@@ -115,6 +115,9 @@ void AppController::connectMenu()
     connect(myWindow->homePageAction, &QAction::triggered, this, &AppController::poweredBySkallion);
     connect(myWindow->donateAction, &QAction::triggered, this, &AppController::donate);
     connect(myWindow->aboutAction, &QAction::triggered, this, &AppController::showAboutBox);
+    // A build without such a page offers none.
+    myWindow->homePageAction->setVisible(PINORAMA_SHOWS_HOME);
+    myWindow->donateAction->setVisible(PINORAMA_SHOWS_DONATION);
 }
 
 bool AppController::init()

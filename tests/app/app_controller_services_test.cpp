@@ -3,10 +3,12 @@
 #include "tests/app/controller_fixture.h"
 
 #include <QAction>
+#include <QMessageBox>
 #include <QPushButton>
 
 #include <filesystem>
 #include <optional>
+#include <string_view>
 
 using namespace pinorama;
 
@@ -98,10 +100,27 @@ TEST_F(searchInSkallion, opensTheCataloguesAddress)
     EXPECT_EQ(opener.addresses, (std::vector<std::string>{address, address}));
 }
 
+TEST_F(openPages, areOfferedOnlyIfTheyAreThere)
+{
+    const auto isThere = [](std::string_view address) {
+        return address.find(".example") == std::string_view::npos && !address.empty();
+    };
+    EXPECT_EQ(controller.myWindow->homePageAction->isVisible(), isThere(PINORAMA_HOME_URL));
+    EXPECT_EQ(controller.myWindow->donateAction->isVisible(), isThere(PINORAMA_DONATION_URL));
+    controller.showAboutBox();
+    const auto* box = controller.myWindow->findChild<QMessageBox*>(QStringLiteral("aboutBox"));
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(box->informativeText().contains(QLatin1String(PINORAMA_HOME_URL)),
+              isThere(PINORAMA_HOME_URL));
+}
+
 TEST_F(openPages, ofTheMaker)
 {
     controller.donate();
     controller.poweredBySkallion();
+    // They are hidden, and then not to be triggered, in a build without these pages.
+    controller.myWindow->donateAction->setVisible(true);
+    controller.myWindow->homePageAction->setVisible(true);
     controller.myWindow->donateAction->trigger();
     controller.myWindow->homePageAction->trigger();
     EXPECT_EQ(opener.addresses,

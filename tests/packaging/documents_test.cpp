@@ -223,7 +223,7 @@ TEST(icons, haveTheSizeOfTheirFolder)
 TEST(screenshots, haveTheSizeThatTheMetainfoDeclares)
 {
     const std::string metainfo = documentOf("packaging/org.pinorama.Pinorama.metainfo.xml.in");
-    for (const std::string name : {"window-light.png", "window-dark.png"}) {
+    for (const std::string name : {"window-light.png", "tour-raw.png", "window-dark.png"}) {
         std::smatch match;
         ASSERT_TRUE(std::regex_search(
             metainfo, match,
