@@ -8,8 +8,8 @@ tree=$1
 copy=$(mktemp -d)
 trap 'rm -rf "$copy"' EXIT
 metainfo=packaging/org.pinorama.Pinorama.metainfo.xml.in
-(cd "$tree" && cp --parents CMakeLists.txt CHANGELOG.md debian/changelog $metainfo \
-    scripts/release "$copy")
+(cd "$tree" && cp --parents CMakeLists.txt CHANGELOG.md README.md debian/changelog $metainfo \
+    packaging/rpm/pinorama.spec packaging/arch/PKGBUILD scripts/release "$copy")
 cd "$copy"
 export GIT_CONFIG_GLOBAL=/dev/null GIT_CONFIG_SYSTEM=/dev/null
 record() {
@@ -57,6 +57,15 @@ accepts "all agree, draft" --draft
 
 sed -i '1s/([^)]*)/(9.8.7-1)/' debian/changelog
 complains "another version in the Debian changelog" debian/changelog --draft
+
+sed -i 's/^Version: .*/Version: 9.8.7/' packaging/rpm/pinorama.spec
+complains "another version in the RPM specification" packaging/rpm/pinorama.spec --draft
+
+sed -i 's/^pkgver=.*/pkgver=9.8.7/' packaging/arch/PKGBUILD
+complains "another version in the PKGBUILD" packaging/arch/PKGBUILD --draft
+
+sed -i 's/pinorama-[0-9.]*[.]tar/pinorama-9.8.7.tar/' README.md
+complains "another archive in README.md" "README.md, archive" --draft
 
 sed -i '0,/^## /s/^## [^ ]*/## 9.8.7/' CHANGELOG.md
 complains "another version in CHANGELOG.md" CHANGELOG.md --draft
