@@ -170,6 +170,11 @@ void AppController::openPath(const std::string& path)
     intake_.open(path);
 }
 
+void AppController::showReported(const std::string& path)
+{
+    intake_.passReported(path);
+}
+
 void AppController::openFile(const QMimeData* pasteboard)
 {
     showMainWindow();

@@ -111,6 +111,10 @@ public:
     // The same for a path in the bytes of the system.
     void openPath(const std::string& path);
 
+    // Shows a file that another program reports as selected in it; the window stays where it is.
+    // Nothing while the check box is off.
+    void showReported(const std::string& path);
+
     // Brings the window forward and, when the pasteboard holds a plain text that is not empty,
     // shows the file whose path that text is, as it stands.
     void openFile(const QMimeData* pasteboard);

@@ -29,6 +29,7 @@ constexpr std::array kFlags = {
 constexpr std::array kSettings = {
     Setting{"--service-text", &CommandLine::serviceText},
     Setting{"--action", &CommandLine::action},
+    Setting{"--show", &CommandLine::show},
     Setting{"--print-and-save", &CommandLine::printAndSave},
 };
 
@@ -86,6 +87,11 @@ std::optional<CommandLine> parseCommandLine(const std::vector<std::string>& argu
             return std::nullopt;
         }
     }
+    if (line.show && line.show->empty()) {
+        *outError = "option '--show' needs the name of a file";
+        return std::nullopt;
+    }
+    if (line.show) line.show = absolutePath(*line.show);
     if (line.action &&
         std::find(kActions.begin(), kActions.end(), *line.action) == kActions.end()) {
         *outError = "unknown action '" + *line.action + "'";
@@ -111,6 +117,9 @@ std::string usageText()
            "  --service              wait for requests on the session bus, without a window\n"
            "  --action NAME          home, donate: open that web page; quit: end the running "
            "program\n"
+           "  --show FILE            show FILE in the open window and leave the window where it "
+           "is;\n"
+           "                         without an open window, do nothing\n"
            "  --print-and-save FILE  print what the window shows, save an image of it to FILE, and "
            "exit\n"
            "  -h, --help             print this text\n"

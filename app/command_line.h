@@ -12,8 +12,9 @@ struct CommandLine {
     bool help = false;
     bool version = false;
     bool service = false;  // wait for the first request on the session bus, without a window
-    std::optional<std::string> serviceText;   // a plain text sent by another program
-    std::optional<std::string> action;        // of the desktop entry: home, donate, quit
+    std::optional<std::string> serviceText;  // a plain text sent by another program
+    std::optional<std::string> action;       // of the desktop entry: home, donate, quit
+    std::optional<std::string> show;  // absolute: a file for the open window, if there is one
     std::optional<std::string> printAndSave;  // print what the window shows, save it to this file
     std::vector<std::string> paths;           // absolute
 };

@@ -108,6 +108,14 @@ void setWindowIcon()
     QApplication::setWindowIcon(drawnIcon(QStringLiteral("icon"), {16, 32, 48, 64}));
 }
 
+int showInOther(const std::string& path)
+{
+    ApplicationBus bus(QDBusConnection::sessionBus());
+    if (showInOpenWindow(bus, path)) return 0;
+    printDiagnostic("the running program does not answer");
+    return kFailed;
+}
+
 int run(const CommandLine& line)
 {
     ApplicationBus bus(QDBusConnection::sessionBus());
@@ -156,6 +164,12 @@ int main(int argc, char** argv)
     if (atOnce && atOnce->help) return std::fputs(usageText().c_str(), stdout) < 0;
     if (atOnce && atOnce->version) return std::puts("pinorama " PINORAMA_VERSION) < 0;
 
+    if (atOnce && atOnce->show) {
+        // A file manager in a terminal may have no display either.
+        const QCoreApplication application(argc, argv);
+        return showInOther(*atOnce->show);
+    }
+
     if (!hasDisplay(all)) {
         if (!atOnce) return printUsageError(error);
         printDiagnostic("no display; pinorama-info prints the same in a terminal");
@@ -172,6 +186,7 @@ int main(int argc, char** argv)
     const std::vector<std::string> arguments(argv + std::min(argc, 1), argv + argc);
     const auto line = parseCommandLine(arguments, &error);
     if (!line) return printUsageError(error);
+    if (line->show) return showInOther(*line->show);
     if (!line->paths.empty()) printMissing(line->paths.back());
     return run(*line);
 }

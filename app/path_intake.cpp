@@ -100,6 +100,13 @@ TovArrayRef PathIntake::copySelection()
     return paths.take();
 }
 
+void PathIntake::passReported(const std::string& path)
+{
+    if (!follows()) return;
+    keepOpened();
+    Q_EMIT pathFound(path);
+}
+
 void PathIntake::passText(const QMimeData* pasteboard)
 {
     // QMimeData::hasText would make a text of a list of files too.

@@ -45,6 +45,10 @@ public:
     // Passes a path on as opened by the user, and keeps it.
     void open(const std::string& path);
 
+    // Passes a path on that another program reports as selected in it, unless the check box is off.
+    // It is kept like a file that was opened, and leaves the window where it is.
+    void passReported(const std::string& path);
+
     // Passes the path on that the plain text of a pasteboard is, as it stands: no file list and no
     // URL. It is kept like a file that was opened. An empty text and a null pasteboard are passed
     // over.

@@ -39,26 +39,41 @@ public:
         connect(&timer_, &QTimer::timeout, this, &LastRequest::carryOutLast);
     }
 
+    // A file is reported: the window stays where it is.
+    void report(const QByteArray& path)
+    {
+        reported_ = path;
+        timer_.start(0);
+    }
+
     // The window is wanted, with `content` or with what it shows.
     void take(const QByteArray& token, std::function<void()> content)
     {
         if (!token.isEmpty()) token_ = token;
         if (content) content_ = std::move(content);
+        isWanted_ = true;
+        reported_.clear();  // it came before
         timer_.start(0);
     }
 
 private:
     void carryOutLast()
     {
-        useActivationToken(std::exchange(token_, {}));
-        const auto content = std::exchange(content_, {});
-        content ? content() : controller_.showMainWindow();
+        const QByteArray reported = std::exchange(reported_, {});
+        if (std::exchange(isWanted_, false)) {
+            useActivationToken(std::exchange(token_, {}));
+            const auto content = std::exchange(content_, {});
+            content ? content() : controller_.showMainWindow();
+        }
+        if (!reported.isEmpty()) controller_.showReported(reported.toStdString());
     }
 
     AppController& controller_;
     QTimer timer_;
     QByteArray token_;
     std::function<void()> content_;
+    bool isWanted_ = false;
+    QByteArray reported_;  // empty for none
 };
 }  // namespace
 
@@ -72,6 +87,8 @@ void connectRequests(ApplicationBus& bus, AppController& controller)
         [last, &controller](const QByteArray& path, const QByteArray& token) {
             last->take(token, [&controller, path] { controller.openPath(path.toStdString()); });
         });
+    QObject::connect(&bus, &ApplicationBus::fileReported, last,
+                     [last](const QByteArray& path) { last->report(path); });
     QObject::connect(&bus, &ApplicationBus::textSent, last,
                      [last, &controller](const QString& text) {
                          last->take({}, [&controller, text] { openText(controller, text); });
@@ -109,6 +126,11 @@ void endUnlessUsed(ApplicationBus& bus, AppController& controller,
     QObject::connect(&bus, &ApplicationBus::fileOpened, timer, &QTimer::stop);
     QObject::connect(&bus, &ApplicationBus::textSent, timer, &QTimer::stop);
     timer->start(patience);
+}
+
+bool showInOpenWindow(ApplicationBus& bus, const std::string& path)
+{
+    return bus.showInOther(path) != ApplicationBus::Delivery::noReply;
 }
 
 bool handOver(ApplicationBus& bus, const CommandLine& line)

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <chrono>
+#include <string>
 
 namespace pinorama {
 
@@ -27,6 +28,12 @@ void carryOut(AppController& controller, const CommandLine& line);
 // keeps nothing waiting. Both arguments live until the program ends.
 void endUnlessUsed(ApplicationBus& bus, AppController& controller,
                    std::chrono::milliseconds patience);
+
+// Shows a file in the window of the running instance, which stays where it is. If there is none,
+// nothing happens: a file manager in a terminal asks for this with every move of its cursor, and
+// the user who has closed the window does not want it back. False when the instance does not
+// answer.
+bool showInOpenWindow(ApplicationBus& bus, const std::string& path);
 
 // Asks the running instance to do what the command line asks for, and lets it come to the front.
 // False when it does not answer.

@@ -2,6 +2,9 @@
 
 #include "base/file_uri.h"
 
+#include <QDBusError>
+
+#include <climits>
 #include <optional>
 #include <string>
 
@@ -26,6 +29,14 @@ std::optional<std::string> pathOf(const QString& uri)
 {
     if (uri.size() > kMaxUriLength) return std::nullopt;
     return pathOfFileURI(uri.toStdString());
+}
+
+// The path itself, unless it is longer than the system allows.
+std::optional<std::string> plainPath(const QString& path)
+{
+    std::string bytes = path.toStdString();
+    if (bytes.size() >= PATH_MAX || bytes.find('\0') != std::string::npos) return std::nullopt;
+    return bytes;
 }
 }  // namespace
 
@@ -56,6 +67,18 @@ void ApplicationAdaptor::ActivateAction(const QString& action, const QVariantLis
 void PinoramaAdaptor::OpenText(const QString& text)
 {
     Q_EMIT bus_->textSent(text.size() <= kMaxServiceTextLength ? text : QString());
+}
+
+void ReportAdaptor::Show(const QString& file, const QDBusMessage& call)
+{
+    const std::optional<std::string> path = file.startsWith(u'/') ? plainPath(file) : pathOf(file);
+    if (path) {
+        Q_EMIT bus_->fileReported(QByteArray::fromStdString(*path));
+        return;
+    }
+    call.setDelayedReply(true);
+    (void)connection_.send(call.createErrorReply(
+        QDBusError::InvalidArgs, QStringLiteral("neither an absolute path nor a file URI")));
 }
 
 }  // namespace pinorama

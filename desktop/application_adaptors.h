@@ -1,4 +1,4 @@
-// The two D-Bus interfaces of ApplicationBus. They check the arguments of each call and emit the
+// The D-Bus interfaces of ApplicationBus. They check the arguments of each call and emit the
 // signal of ApplicationBus that belongs to it.
 
 #pragma once
@@ -44,6 +44,27 @@ public Q_SLOTS:
 
 private:
     ApplicationBus* bus_;
+};
+
+class ReportAdaptor : public QDBusAbstractAdaptor {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.pinorama.Pinorama")
+
+public:
+    // Replies over `connection`.
+    ReportAdaptor(ApplicationBus* bus, const QDBusConnection& connection)
+        : QDBusAbstractAdaptor(bus), bus_(bus), connection_(connection)
+    {
+    }
+
+public Q_SLOTS:
+    // Accepts an absolute path and the URI of a local file; anything else gets the error
+    // org.freedesktop.DBus.Error.InvalidArgs. `call` is the message itself, no argument.
+    void Show(const QString& file, const QDBusMessage& call);
+
+private:
+    ApplicationBus* bus_;
+    QDBusConnection connection_;
 };
 
 }  // namespace pinorama

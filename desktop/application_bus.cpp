@@ -4,6 +4,7 @@
 #include "desktop/application_adaptors.h"
 
 #include <QDBusConnectionInterface>
+#include <QDBusError>
 #include <QDBusMessage>
 #include <QStringList>
 
@@ -16,6 +17,7 @@ const QString kName = QStringLiteral("org.pinorama.Pinorama");
 const QString kObject = QStringLiteral("/org/pinorama/Pinorama");
 const QString kApplicationInterface = QStringLiteral("org.freedesktop.Application");
 const QString kOwnInterface = QStringLiteral("org.pinorama.Pinorama1");
+const QString kReportInterface = QStringLiteral("org.pinorama.Pinorama");
 constexpr std::chrono::milliseconds kReplyTimeout = std::chrono::seconds(5);
 constexpr char kTokenVariable[] = "XDG_ACTIVATION_TOKEN";
 constexpr char kStartupVariable[] = "DESKTOP_STARTUP_ID";
@@ -25,6 +27,11 @@ bool isPlausibleToken(const QByteArray& token)
 {
     return !token.isEmpty() && token.size() <= kMaxTokenLength &&
            std::all_of(token.begin(), token.end(), [](char c) { return c > ' ' && c <= '~'; });
+}
+
+bool isReply(const QDBusMessage& message)
+{
+    return message.type() == QDBusMessage::ReplyMessage;
 }
 
 QVariantMap platformDataOf(const QByteArray& token)
@@ -41,6 +48,7 @@ ApplicationBus::ApplicationBus(const QDBusConnection& connection, QObject* paren
 {
     new ApplicationAdaptor(this);
     new PinoramaAdaptor(this);
+    new ReportAdaptor(this, connection_);
 }
 
 ApplicationBus::~ApplicationBus()
@@ -66,35 +74,50 @@ ApplicationBus::Claim ApplicationBus::claim()
 
 bool ApplicationBus::activateOther(const QByteArray& token)
 {
-    return callOther(kApplicationInterface, QStringLiteral("Activate"), {platformDataOf(token)});
+    return isReply(
+        callOther(kApplicationInterface, QStringLiteral("Activate"), {platformDataOf(token)}));
 }
 
 bool ApplicationBus::openInOther(const std::vector<std::string>& paths, const QByteArray& token)
 {
     QStringList uris;
     for (const std::string& path : paths) uris << QString::fromStdString(fileURIOfPath(path));
-    return callOther(kApplicationInterface, QStringLiteral("Open"), {uris, platformDataOf(token)});
+    return isReply(
+        callOther(kApplicationInterface, QStringLiteral("Open"), {uris, platformDataOf(token)}));
 }
 
 bool ApplicationBus::sendTextToOther(const QString& text)
 {
-    return callOther(kOwnInterface, QStringLiteral("OpenText"), {text});
+    return isReply(callOther(kOwnInterface, QStringLiteral("OpenText"), {text}));
 }
 
 bool ApplicationBus::runActionInOther(const QString& action, const QByteArray& token)
 {
-    return callOther(kApplicationInterface, QStringLiteral("ActivateAction"),
-                     {action, QVariantList(), platformDataOf(token)});
+    return isReply(callOther(kApplicationInterface, QStringLiteral("ActivateAction"),
+                             {action, QVariantList(), platformDataOf(token)}));
 }
 
-bool ApplicationBus::callOther(const QString& interface, const QString& method,
-                               const QVariantList& arguments)
+ApplicationBus::Delivery ApplicationBus::showInOther(const std::string& path)
+{
+    if (!connection_.isConnected()) return Delivery::nobody;
+    const QString uri = QString::fromStdString(fileURIOfPath(path));
+    const QDBusMessage reply = callOther(kReportInterface, QStringLiteral("Show"), {uri});
+    if (isReply(reply)) return Delivery::delivered;
+    // The second is the bus's answer to calls that must not start the program.
+    const bool hasNoOwner =
+        QDBusError(reply).type() == QDBusError::ServiceUnknown ||
+        reply.errorName() == QLatin1String("org.freedesktop.DBus.Error.NameHasNoOwner");
+    return hasNoOwner ? Delivery::nobody : Delivery::noReply;
+}
+
+QDBusMessage ApplicationBus::callOther(const QString& interface, const QString& method,
+                                       const QVariantList& arguments)
 {
     QDBusMessage call = QDBusMessage::createMethodCall(kName, kObject, interface, method);
     call.setArguments(arguments);
     call.setAutoStartService(false);
     const auto timeout = static_cast<int>(kReplyTimeout.count());
-    return connection_.call(call, QDBus::Block, timeout).type() == QDBusMessage::ReplyMessage;
+    return connection_.call(call, QDBus::Block, timeout);
 }
 
 QByteArray activationTokenOfStarter()

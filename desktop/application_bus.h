@@ -6,6 +6,8 @@
 //   org.freedesktop.Application   Activate, Open, ActivateAction (Desktop Entry Specification,
 //                                 D-Bus Activation)
 //   org.pinorama.Pinorama1        OpenText(s): a plain text, used as a path without any change
+//   org.pinorama.Pinorama         Show(s): an absolute path or file URI, for programs that report
+//                                 what is selected in them; the window stays where it is
 //
 // Every program of the session can call these, so all arguments are checked and bounded before they
 // are passed on. Without a session bus the program runs on its own. At start-up:
@@ -19,6 +21,7 @@
 
 #include <QByteArray>
 #include <QDBusConnection>
+#include <QDBusMessage>
 #include <QObject>
 #include <QString>
 #include <QVariantMap>
@@ -44,13 +47,18 @@ public:
     // if the bus started this process to deliver a message, that message is the first event.
     Claim claim();
 
-    // The four calls below go to the instance that owns the name, and block for 5 seconds at most.
+    // The calls below go to the instance that owns the name, and block for 5 seconds at most.
     // `token` allows that instance to raise its window, and may be empty. False if it does not
     // reply.
     bool activateOther(const QByteArray& token);
     bool openInOther(const std::vector<std::string>& paths, const QByteArray& token);
     bool sendTextToOther(const QString& text);
     bool runActionInOther(const QString& action, const QByteArray& token);
+
+    // The same for a file that the other instance shows without coming to the front. `nobody` if
+    // there is no such instance, or no session bus.
+    enum class Delivery { delivered, nobody, noReply };
+    Delivery showInOther(const std::string& path);
 
 Q_SIGNALS:
     // Another program asks for the window.
@@ -59,6 +67,9 @@ Q_SIGNALS:
     // Another program asks for files. `path` is the last of them, absolute, in raw bytes.
     void fileOpened(const QByteArray& path, const QByteArray& token);
 
+    // Another program reports that a file is selected in it. `path` is absolute, in raw bytes.
+    void fileReported(const QByteArray& path);
+
     // Another program sent a plain text, which may be empty.
     void textSent(const QString& text);
 
@@ -66,7 +77,8 @@ Q_SIGNALS:
     void actionActivated(const QString& action, const QByteArray& token);
 
 private:
-    bool callOther(const QString& interface, const QString& method, const QVariantList& arguments);
+    QDBusMessage callOther(const QString& interface, const QString& method,
+                           const QVariantList& arguments);
 
     QDBusConnection connection_;
     bool hasName_ = false;

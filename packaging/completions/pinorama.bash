@@ -17,9 +17,9 @@ _pinorama()
     fi
     if [[ $before == --action ]]; then
         COMPREPLY=($(compgen -W $'home\ndonate\nquit' -- "$word"))
-    elif [[ $word == -* && $before != --service-text && $before != --print-and-save ]]; then
+    elif [[ $word == -* && $before != --service-text && $before != --print-and-save && $before != --show ]]; then
         COMPREPLY=($(compgen -W \
-            $'--service-text\n--service\n--action\n--print-and-save\n--help\n--version' -- "$word"))
+            $'--service-text\n--service\n--action\n--show\n--print-and-save\n--help\n--version' -- "$word"))
     fi
 }
 

@@ -65,6 +65,18 @@ TEST(parseCommandLine, fileURIsArePathsToo)
               (std::vector<std::string>{"/a b.jpg", "/c"}));
 }
 
+TEST(parseCommandLine, theFileToShowBecomesAbsolute)
+{
+    const WorkingFolder inside("/");
+    EXPECT_EQ(parse({"--show", "a b.jpg"})->show, "/a b.jpg");
+    EXPECT_EQ(parse({"--show=/\xff.jpg"})->show, "/\xff.jpg");
+    EXPECT_EQ(parse({"--show", "file:///a%20b.jpg"})->show, "/a b.jpg");
+    EXPECT_EQ(parse({"--show", "-x"})->show, "/-x");
+    EXPECT_EQ(parse({"/a.jpg"})->show, std::nullopt);
+    EXPECT_EQ(errorOf({"--show"}), "option '--show' needs a value");
+    EXPECT_EQ(errorOf({"--show", ""}), "option '--show' needs the name of a file");
+}
+
 TEST(parseCommandLine, optionsEndAtTwoDashes)
 {
     EXPECT_EQ(pathsOf({"--", "/-x", "/--help"}), (std::vector<std::string>{"/-x", "/--help"}));

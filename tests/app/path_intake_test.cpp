@@ -126,6 +126,28 @@ TEST_F(PathIntake, passesAPlainTextOnAsItStands)
     EXPECT_EQ(found_, Paths{" /a b%20.jpg\n"});
 }
 
+TEST_F(PathIntake, keepsAReportedFileUntilTheSelectionChanges)
+{
+    selection_.paths = {"/a.jpg"};
+    intake_.passSelection();
+    intake_.passReported("/\xff.jpg");
+    intake_.passSelection();
+    intake_.passReported("/c.jpg");
+    intake_.passSelection();
+    EXPECT_EQ(found_, (Paths{"/a.jpg", "/\xff.jpg", "/c.jpg"}));
+    selection_.paths = {"/b.jpg"};
+    intake_.passSelection();
+    EXPECT_EQ(found_.back(), "/b.jpg");
+    EXPECT_TRUE(opened_.empty());
+}
+
+TEST_F(PathIntake, passesNoReportedFileOnWhileTheCheckBoxIsOff)
+{
+    window_.syncCheckbox->setChecked(false);
+    intake_.passReported("/a.jpg");
+    EXPECT_TRUE(found_.empty());
+}
+
 TEST_F(PathIntake, passesADroppedFileOnAsOpened)
 {
     Q_EMIT window_.fileDropped("/\xff.jpg");

@@ -3,6 +3,7 @@
 
 #include "tests/support/program.h"
 #include "app/requests.h"
+#include "base/file_uri.h"
 #include "desktop/application_bus.h"
 #include "tests/app/controller_fixture.h"
 #include "tests/support/picture_builder.h"
@@ -102,6 +103,37 @@ TEST(connectRequests, looksAtTheLastOfABurstOnly)
     Q_EMIT bus.textSent(QStringLiteral("/missing/text.jpg"));
     QCoreApplication::processEvents();
     EXPECT_EQ(shown, 2);
+}
+
+TEST(connectRequests, showsAReportedFileAndLeavesTheWindowWhereItIs)
+{
+    AppController controller;
+    ASSERT_TRUE(controller.init());
+    controller.syncCheckbox->setChecked(true);
+    ApplicationBus bus{QDBusConnection(QStringLiteral("none"))};
+    connectRequests(bus, controller);
+    for (int i = 0; i < 10'000; i++)
+        Q_EMIT bus.fileReported("/missing/" + QByteArray::number(i) + ".jpg");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(controller.fileNameField->text(), QStringLiteral("9999.jpg"));
+    EXPECT_FALSE(controller.myWindow->isVisible());
+    Q_EMIT bus.fileReported("/missing/reported.jpg");
+    Q_EMIT bus.fileOpened("/missing/opened.jpg", {});
+    QCoreApplication::processEvents();
+    EXPECT_EQ(controller.fileNameField->text(), QStringLiteral("opened.jpg"));
+    EXPECT_TRUE(controller.myWindow->isVisible());
+    Q_EMIT bus.fileOpened("/missing/opened.jpg", {});
+    Q_EMIT bus.fileReported("/missing/reported.jpg");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(controller.fileNameField->text(), QStringLiteral("reported.jpg"));
+}
+
+TEST(program, showNeedsNoDisplayAndStartsNothing)
+{
+    const test::ScopedVariable noDisplay("QT_QPA_PLATFORM", nullptr);
+    const test::ProgramResult result = run({"--show", "/a.jpg"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.out + result.err, "");
 }
 
 TEST(program, helpAndVersionNeedNoDisplay)
@@ -274,6 +306,22 @@ TEST_F(RunningInstance, showsTheLastFileOfASecondStart)
     EXPECT_EQ(second({QStringLiteral("a.jpg"), QStringLiteral("b #%20.jpg")}), 0);
     EXPECT_EQ(test::utf8(controller.lastPath), folder.file("b #%20.jpg"));
     EXPECT_TRUE(controller.myWindow->isVisible());
+}
+
+TEST_F(RunningInstance, showsTheFileThatASecondStartReports)
+{
+    ASSERT_FALSE(controller.myWindow->isVisible());
+    const std::string picture = folder.write("\xff a%20.jpg", "x");
+    EXPECT_EQ(second({QStringLiteral("--show"), QStringLiteral("b.jpg")}), 0);
+    EXPECT_EQ(shown(controller.fileNameField), "b.jpg");
+    EXPECT_EQ(second({QStringLiteral("--show"),
+                      QString::fromStdString(pinorama::fileURIOfPath(picture))}),
+              0);
+    EXPECT_TRUE(shown(controller.fileNameField).ends_with(" a%20.jpg"));
+    EXPECT_FALSE(controller.myWindow->isVisible());
+    controller.syncCheckbox->setChecked(false);
+    EXPECT_EQ(second({QStringLiteral("--show"), QStringLiteral("b.jpg")}), 0);
+    EXPECT_TRUE(shown(controller.fileNameField).ends_with(" a%20.jpg"));
 }
 
 TEST_F(RunningInstance, takesTheTextOfASecondStartAsItStands)

@@ -27,6 +27,8 @@ protected:
                          [this](const QByteArray& path, const QByteArray& token) {
                              events_ << "opened " + path + " " + token;
                          });
+        QObject::connect(&bus_, &ApplicationBus::fileReported,
+                         [this](const QByteArray& path) { events_ << "reported " + path; });
         QObject::connect(&bus_, &ApplicationBus::textSent, [this](const QString& text) {
             events_ << "text " + QByteArray::number(text.size()) + " " + text.left(20).toUtf8();
         });
@@ -52,6 +54,8 @@ protected:
     {
         return call("org.freedesktop.Application", "Open", {uris, data});
     }
+
+    QDBusMessage show(const QString& file) { return call("org.pinorama.Pinorama", "Show", {file}); }
 
     Program program_{QStringLiteral("first")};
     Program second_{QStringLiteral("second")};
@@ -116,6 +120,32 @@ TEST_F(ApplicationBusTest, activateActionPassesTheNameOnUnlessItIsTooLong)
     call("org.freedesktop.Application", "ActivateAction",
          {QString(65, QLatin1Char('x')), QVariantList(), QVariantMap()});
     EXPECT_EQ(events_, QByteArrayList{"action quit"});
+}
+
+TEST_F(ApplicationBusTest, showReportsAnAbsolutePathOrAFileURI)
+{
+    for (const char* file : {"/a b%20.jpg", "file:///a%20b.jpg", "file:///%e4%FF.jpg", "/\xc3\xbc"})
+        EXPECT_EQ(show(QString::fromUtf8(file)).type(), QDBusMessage::ReplyMessage) << file;
+    EXPECT_EQ(events_, (QByteArrayList{"reported /a b%20.jpg", "reported /a b.jpg",
+                                       "reported /\xe4\xff.jpg", "reported /\xc3\xbc"}));
+}
+
+TEST_F(ApplicationBusTest, showRefusesEverythingElse)
+{
+    const QString longPath = QString(4096, QLatin1Char('x'));
+    for (const QString& file :
+         {QString(), QStringLiteral("a.jpg"), QStringLiteral("./a.jpg"), QStringLiteral("~/a.jpg"),
+          QStringLiteral("https://example.org/a.jpg"), QStringLiteral("trash:///a.jpg"),
+          QStringLiteral("file:a.jpg"), QStringLiteral("file://elsewhere.example/a.jpg"),
+          QStringLiteral("file:///a%00.jpg"), QChar(u'/') + longPath,
+          QStringLiteral("file:///") + longPath, QString(1 << 20, QLatin1Char('/'))}) {
+        const QDBusMessage reply = show(file);
+        EXPECT_EQ(reply.errorName(), QStringLiteral("org.freedesktop.DBus.Error.InvalidArgs"))
+            << file.left(40).toStdString();
+        EXPECT_FALSE(reply.errorMessage().isEmpty());
+    }
+    EXPECT_EQ(call("org.pinorama.Pinorama", "Show", {5}).type(), QDBusMessage::ErrorMessage);
+    EXPECT_TRUE(events_.isEmpty());
 }
 
 TEST_F(ApplicationBusTest, aCallWithWrongArgumentsGetsAnError)
