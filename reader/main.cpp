@@ -4,6 +4,7 @@
 #include "base/user_language.h"
 #include "pictures/more_properties.h"
 #include "pictures/picture_properties.h"
+#include "reader/namespaces.h"
 #include "reader/other_pictures.h"
 #include "reader/preview_replies.h"
 #include "reader/reader_limits.h"
@@ -39,7 +40,9 @@ int main()
         return EXIT_FAILURE;
     }
     loadPicturePlugins();
-    if (!enterSandbox(readerRules(kReaderSocket))) return EXIT_FAILURE;
+    bool hasNamespaces = false;
+    if (!enterSandbox(readerRules(kReaderSocket), &hasNamespaces)) return EXIT_FAILURE;
+    const ReaderProcess keeper = hasNamespaces ? forkNamespaceKeeper() : ReaderProcess();
     serveInChildren(kReaderSocket, [](int socket) {
         if (!enterChildSandbox(socket)) return;
         (void)rehearse();

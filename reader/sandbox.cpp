@@ -1,13 +1,14 @@
 #include "reader/sandbox.h"
 
+#include "reader/file_ban.h"
+#include "reader/namespaces.h"
 #include "reader/sandbox_filter.h"
 
 #include <algorithm>
 #include <csignal>
-#include <iterator>
 
 #include <fcntl.h>
-#include <linux/landlock.h>
+#include <linux/capability.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/syscall.h>
@@ -36,6 +37,14 @@ bool setLimits(const SandboxRules& rules)
     return setLimit(RLIMIT_CORE, 0) && setLimit(RLIMIT_NOFILE, rules.descriptors + kOwnDescriptors);
 }
 
+// Those that root has, or whoever made a user namespace.
+bool dropCapabilities()
+{
+    __user_cap_header_struct header = {_LINUX_CAPABILITY_VERSION_3, 0};
+    const __user_cap_data_struct none[_LINUX_CAPABILITY_U32S_3] = {};
+    return syscall(SYS_capset, &header, none) == 0;
+}
+
 // What is written to the standard streams goes nowhere, and nothing can be read from them.
 // Sanitizers report to standard error.
 bool detachStandardStreams()
@@ -49,40 +58,6 @@ bool detachStandardStreams()
     }
     if (nowhere > STDERR_FILENO) close(nowhere);
     return isDetached;
-}
-
-// Forbids every access to files by name that this kernel's Landlock knows. Without Landlock the
-// filter of system calls alone keeps files out of reach.
-void forbidFiles()
-{
-    constexpr std::uint64_t kRightsByVersion[] = {
-        0,
-        (1ull << 13) - 1,  // 1: read, write, execute, make and remove of every kind
-        (1ull << 14) - 1,  // 2: move between folders
-        (1ull << 15) - 1,  // 3: truncate
-        (1ull << 15) - 1,  // 4: network
-        (1ull << 16) - 1,  // 5: device commands
-    };
-    constexpr int kNetworkVersion = 4;
-    constexpr std::uint64_t kNetworkRights = 3;  // bind and connect
-
-    // Declared here, since the header that this is built with may be older than the kernel and know
-    // fewer fields.
-    struct {
-        std::uint64_t files;
-        std::uint64_t network;
-    } rules = {};
-    const long version = syscall(SYS_landlock_create_ruleset, nullptr, std::size_t{0},
-                                 LANDLOCK_CREATE_RULESET_VERSION);
-    if (version < 1) return;
-    constexpr long kNewest = std::size(kRightsByVersion) - 1;
-    rules.files = kRightsByVersion[version < kNewest ? version : kNewest];
-    rules.network = version >= kNetworkVersion ? kNetworkRights : 0;
-    const std::size_t size = version >= kNetworkVersion ? sizeof rules : sizeof rules.files;
-    const long ruleset = syscall(SYS_landlock_create_ruleset, &rules, size, 0u);
-    if (ruleset < 0) return;
-    (void)syscall(SYS_landlock_restrict_self, static_cast<int>(ruleset), 0u);
-    close(static_cast<int>(ruleset));
 }
 }  // namespace
 
@@ -100,21 +75,24 @@ std::uint64_t addressSpaceInUse()
     return pages * static_cast<std::uint64_t>(sysconf(_SC_PAGESIZE));
 }
 
-// The order matters: /dev/null can be opened only before files are forbidden; no_new_privs is what
-// lets an ordinary user install Landlock and the filter; and the filter comes last, because it ends
-// a process that makes any of the other calls.
-bool enterSandbox(const SandboxRules& rules)
+// The order matters: /dev/null can be opened only before the root is empty and files are forbidden;
+// a process that enters namespaces gets capabilities in them, and may be dumped again; no_new_privs
+// is what lets an ordinary user install Landlock and the filter; and the filter comes last, because
+// it ends a process that makes any of the other calls.
+bool enterSandbox(const SandboxRules& rules, bool* outHasNamespaces)
 {
+    if (!detachStandardStreams()) return false;
+    if (outHasNamespaces != nullptr) *outHasNamespaces = enterNamespaces();
+    if (!dropCapabilities()) return false;
     if (prctl(PR_SET_PDEATHSIG, SIGKILL) != 0) return false;
     // No other program of the user attaches to it, reads its memory or takes its descriptors.
     if (prctl(PR_SET_DUMPABLE, 0, 0, 0, 0) != 0) return false;
-    if (!detachStandardStreams()) return false;
     if (syscall(SYS_close_range, static_cast<unsigned>(rules.socket) + 1, ~0u, 0u) != 0) {
         return false;
     }
     if (!setLimits(rules)) return false;
     if (prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0) return false;
-    forbidFiles();
+    (void)forbidFiles();  // without Landlock the filter alone keeps files out of reach
     return filterSystemCalls(rules.socket, rules.mayFork);
 }
 

@@ -42,14 +42,17 @@ std::uint64_t addressSpaceInUse();
 //     touched (seccomp), except as rules.mayFork says; privileges cannot grow (no_new_privs)
 //   - nothing can be written except to sockets that it has; memory cannot be made executable
 //   - the standard streams lead nowhere (standard error of a build with sanitizers aside)
-//   - no core dump; the process ends with its parent
+//   - no core dump, no capabilities; the process ends with its parent
 //
 // Looking for a file and the like fail with EPERM, since libraries try it in good faith; every
 // other call ends the process (sandbox_calls.h). All descriptors above `socket` are closed.
 //
-// Returns false if one of these is not available, Landlock aside. The process is then only partly
-// sandboxed and must not go on.
-[[nodiscard]] bool enterSandbox(const SandboxRules& rules);
+//   outHasNamespaces  null, or the process also enters namespaces where the system lets it, and
+//                     this receives whether it has: then forkNamespaceKeeper has to come next.
+//
+// Returns false if one of these is not available, Landlock and namespaces aside. The process is
+// then only partly sandboxed and must not go on.
+[[nodiscard]] bool enterSandbox(const SandboxRules& rules, bool* outHasNamespaces = nullptr);
 
 // The sandbox of a process that was forked in that of its parent (forkReader), for good: it has the
 // one descriptor that it receives from `socket`, writes to nothing else, and forks nothing.

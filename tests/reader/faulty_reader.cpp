@@ -6,11 +6,14 @@
 //
 // As the real one it reads each picture in a process of its own, which is the one that does harm.
 // With the argument "--alone" it is a single process for all pictures: a reader that is taken over
-// as a whole. With "--without-sandbox" it is not sandboxed, which shows that the faults are real.
+// as a whole. With "--without-sandbox" it is not sandboxed, which shows that the faults are real;
+// with "--file-ban-only" or "--namespaces-only" it has one of the locks.
 // With "--slow-start" and a number it sleeps so many milliseconds before its first word.
 
 #include "pictures/picture_properties.h"
 #include "pictures/pixels/picture_preview.h"
+#include "reader/file_ban.h"
+#include "reader/namespaces.h"
 #include "reader/reader_limits.h"
 #include "reader/reader_process.h"
 #include "reader/reader_protocol.h"
@@ -33,6 +36,7 @@
 #include <netinet/in.h>
 #include <poll.h>
 #include <sys/mman.h>
+#include <sys/prctl.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -340,10 +344,18 @@ int main(int argc, char** argv)
     if (has("--exit-at-once")) return 1;
     if (has("--never-ready")) spin(std::chrono::hours(1));
     if (has("--slow-start")) sleepFor(std::atoi(argv[argc - 1]));
-    const bool isSandboxed = !has("--without-sandbox");
+    const bool hasOneLock = has("--file-ban-only") || has("--namespaces-only");
+    const bool isSandboxed = !has("--without-sandbox") && !hasOneLock;
     SandboxRules rules = readerRules(kSocket);
     rules.mayFork = !has("--alone");
-    if (isSandboxed && !enterSandbox(rules)) return 1;
+    bool hasNamespaces = false;
+    if (isSandboxed && !enterSandbox(rules, rules.mayFork ? &hasNamespaces : nullptr)) return 1;
+    if (has("--namespaces-only")) hasNamespaces = enterNamespaces();
+    if (has("--file-ban-only")) {
+        (void)prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
+        (void)forbidFiles();
+    }
+    const ReaderProcess keeper = hasNamespaces ? forkNamespaceKeeper() : ReaderProcess();
     if (has("--alone")) {
         serveAlone();
         _exit(0);

@@ -105,7 +105,18 @@ inline void expectGoodPicture(pinorama::ReaderClient& client, const ReaderPictur
     EXPECT_TRUE(areNear(quartersOf(preview.reply.image), {kRed, kGreen, kBlue, kYellow}));
 }
 
-// The processes that `parent` has started and that are not gone yet.
+// What /proc says about a process under that name; empty if it says nothing.
+inline std::string statusLine(pid_t process, const std::string& name)
+{
+    std::ifstream file("/proc/" + std::to_string(process) + "/status");
+    for (std::string line; std::getline(file, line);) {
+        if (line.starts_with(name + ":\t")) return line.substr(name.size() + 2);
+    }
+    return {};
+}
+
+// The processes that `parent` has started and that are not gone yet, without the one that keeps its
+// PID namespace.
 inline std::vector<pid_t> childrenOf(pid_t parent)
 {
     std::vector<pid_t> children;
@@ -115,19 +126,10 @@ inline std::vector<pid_t> childrenOf(pid_t parent)
         const std::string line = process > 0 ? readFile(entry.path() / "stat") : "";
         const std::size_t end = line.rfind(") ");
         if (end == std::string::npos || line[end + 2] == 'Z') continue;
-        if (std::atoi(line.c_str() + end + 4) == parent) children.push_back(process);
+        if (std::atoi(line.c_str() + end + 4) != parent) continue;
+        if (!statusLine(process, "NSpid").ends_with("\t1")) children.push_back(process);
     }
     return children;
-}
-
-// What /proc says about a process under that name; empty if it says nothing.
-inline std::string statusLine(pid_t process, const std::string& name)
-{
-    std::ifstream file("/proc/" + std::to_string(process) + "/status");
-    for (std::string line; std::getline(file, line);) {
-        if (line.starts_with(name + ":\t")) return line.substr(name.size() + 2);
-    }
-    return {};
 }
 
 // The hard limit of a resource, by its name in /proc/PID/limits.
