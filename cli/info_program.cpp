@@ -9,6 +9,7 @@
 #include "globe/web_services.h"
 #include "lib/ui/application_bundle.h"
 #include "location/picture_source.h"
+#include "reader/sandbox_locks.h"
 
 #include <cerrno>
 #include <csignal>
@@ -28,6 +29,17 @@ void printDiagnostic(const std::string& what)
     std::string line;
     appendDiagnostic(what, &line);
     std::fputs(line.c_str(), stderr);
+}
+
+// What stands around pinorama-reader here besides the filter of system calls, without which it does
+// not start.
+std::string sandboxLines()
+{
+    const SandboxLocks locks = findSandboxLocks();
+    const std::string landlock =
+        locks.landlock > 0 ? "version " + std::to_string(locks.landlock) : std::string("none");
+    const char* namespaces = locks.namespaces ? "yes" : "none, users may not make them here";
+    return "Landlock: " + landlock + "\nnamespaces: " + namespaces + "\n";
 }
 
 // Occupies the descriptors of closed standard streams, so that no file of ours gets one of them.
@@ -115,7 +127,10 @@ int runInfoProgram(int argc, char** argv, const Search& search)
         return kWrongUsage;
     }
     if (options.help) return print(fullUsage());
-    if (options.version) return print("pinorama-info " PINORAMA_VERSION "\n");
+    if (options.version) {
+        const std::string locks = options.verbose ? sandboxLines() : std::string();
+        return print("pinorama-info " PINORAMA_VERSION "\n" + locks);
+    }
 
     if (options.isSearch() && !search) return becomeSearchProgram(argv);
     setReadsMoreKinds(options.readsMore);

@@ -130,6 +130,8 @@ constexpr OptionRow kRows[] = {
      [](Reading& reading, const char*) { reading.options->help = true; }},
     {'v', "version", nullptr, "print the version",
      [](Reading& reading, const char*) { reading.options->version = true; }},
+    {0, "verbose", nullptr, "with --version: say which locks the sandbox has here",
+     [](Reading& reading, const char*) { reading.options->verbose = true; }},
 };
 constexpr std::size_t kRowCount = std::size(kRows);
 constexpr std::size_t kHelpColumn = 22;

@@ -42,6 +42,7 @@ struct Options {
     bool quiet = false;
     bool help = false;
     bool version = false;
+    bool verbose = false;
     std::vector<std::string> files{};  // raw bytes, in the order given
 
     // A document of one placemark, as the window exports it.

@@ -130,6 +130,8 @@ TEST(readOptions, needsNoFileForHelpAndVersion)
     for (const char* option : {"--version", "-v"}) {
         EXPECT_TRUE(read({option}).isRight);
         EXPECT_TRUE(read({option}).options.version);
+        EXPECT_FALSE(read({option}).options.verbose);
+        EXPECT_TRUE(read({option, "--verbose"}).options.verbose);
     }
 }
 

@@ -1,5 +1,6 @@
 // Runs the whole program as a process.
 
+#include "reader/sandbox_locks.h"
 #include "tests/support/environment.h"
 #include "tests/support/picture_builder.h"
 #include "tests/support/program.h"
@@ -391,6 +392,18 @@ TEST_F(pinoramaInfo, printsHelpAndVersion)
         EXPECT_EQ(version.status, 0);
         EXPECT_EQ(version.out, "pinorama-info " PINORAMA_VERSION "\n");
     }
+}
+
+TEST_F(pinoramaInfo, saysWhichLocksTheSandboxHas)
+{
+    const test::ProgramResult version = run({"--version", "--verbose"});
+    EXPECT_EQ(version.status, 0);
+    const SandboxLocks locks = findSandboxLocks();
+    const std::string landlock =
+        locks.landlock > 0 ? "version " + std::to_string(locks.landlock) : "none";
+    EXPECT_EQ(version.out,
+              "pinorama-info " PINORAMA_VERSION "\nLandlock: " + landlock + "\nnamespaces: " +
+                  (locks.namespaces ? "yes" : "none, users may not make them here") + "\n");
 }
 
 TEST_F(pinoramaInfo, takesFilesAfterTwoDashes)
