@@ -207,6 +207,7 @@ bool ReaderClient::receive()
     if (received.wasFirstWord) failedStarts_ = 0;
     if (received.wasReply) deathsInRow_ = 0;
     crashes_ += received.failures;
+    failureCount_ += received.failures;
     if (received.isBroken) loseReader(Loss::died);
     return received.isMore;
 }

@@ -150,6 +150,9 @@ public:
     // For tests and measurements: the process that reads now, -1 for none.
     pid_t processID() const { return process_.id(); }
 
+    // For tests: pictures whose own process died or replied with something else, in all readers.
+    int failureCount() const { return failureCount_; }
+
 private:
     using Clock = std::chrono::steady_clock;
 
@@ -194,6 +197,7 @@ private:
     int deathsInRow_ = 0;                                        // without a reply in between
     int failedStarts_ = 0;
     int crashes_ = 0;  // of processes of one picture, in this reader
+    int failureCount_ = 0;
     ReaderJobs jobs_;
     ReaderTask propertyTask_ = ReaderTask::properties;
     std::uint32_t nextTicket_ = 1;

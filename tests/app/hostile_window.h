@@ -65,12 +65,14 @@ protected:
     bool showsInTime(const std::string& path, const std::string& what = {})
     {
         const pid_t before = cuPictureReader().processID();
+        const int failuresBefore = cuPictureReader().failureCount();
         const bool isInTime = isQuickOfThree(path);
         const bool hasPicture = waitUntil([this] {
             return !controller.reading().isGoingOn() &&
                    !controller.fileIconField->pixmap().isNull();
         });
-        if (cuPictureReader().processID() != before) {
+        if (cuPictureReader().processID() != before ||
+            cuPictureReader().failureCount() != failuresBefore) {
             readersLost_++;
             std::printf("a reader was lost with %s (%s)\n", path.c_str(), what.c_str());
         }

@@ -15,6 +15,9 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
 #include <functional>
 #include <sstream>
 #include <string>
@@ -371,6 +374,42 @@ TEST(serveInChildren, passesOnWhatBelongsToThePictureAndNothingElse)
         EXPECT_EQ(propertiesOf(client, pictures.good()).outcome, row.expected);
         EXPECT_EQ(client.processID(), first) << "the client found it, not the reader";
     }
+}
+
+// Pictures that take their process over and good ones by turns, for as long as one likes.
+TEST(pinoramaReader, endurance)
+{
+    const char* set = std::getenv("PINORAMA_ENDURANCE_PICTURES");
+    const int count = set == nullptr ? 40 : std::atoi(set);
+    const Pictures pictures;
+    ReaderClient client(faultyReader());
+    const std::vector<std::string> faults = {"open-file " + pictures.secret(),
+                                             "write-file " + pictures.harm(),
+                                             "open-socket",
+                                             "start-program " + pictures.harm(),
+                                             "make-executable",
+                                             "allocate",
+                                             "crash",
+                                             "exit",
+                                             "garbage",
+                                             "too-much",
+                                             "twice",
+                                             "nan",
+                                             "poison",
+                                             "burn-afterwards",
+                                             "die-afterwards"};
+    expectGoodPicture(client, pictures);
+    for (int i = 0; i < count; i++) {
+        const std::string& fault = faults[static_cast<std::size_t>(i) % faults.size()];
+        SCOPED_TRACE(fault);
+        (void)propertiesOf(client, pictures.withFault(fault));
+        expectGoodPicture(client, pictures);
+        ASSERT_LE(childrenOf(client.processID()).size(), kMaxChildren);
+        ASSERT_FALSE(testing::Test::HasFailure()) << "after " << i << " pictures";
+    }
+    EXPECT_FALSE(std::filesystem::exists(pictures.harm()));
+    EXPECT_TRUE(waitUntil([&] { return busyChildrenOf(client.processID()).empty(); }));
+    std::printf("%d pictures that did harm, %d processes lost\n", count, client.failureCount());
 }
 
 TEST(rehearse, readsItsPicture)
