@@ -58,10 +58,9 @@ protected:
         }
         (void)home_.write("plain.jpg", test::jpegPicture({}));
         (void)home_.write("Pictures/plain.jpg", test::jpegPicture({}));
-        (void)home_.write("Pictures/tower.jpg", test::pictureWithGps({.lat = 48.8585,
-                                                                      .latRef = "N",
-                                                                      .lon = 2.2946,
-                                                                      .lonRef = "E"}));
+        (void)home_.write(
+            "Pictures/tower.jpg",
+            test::pictureWithGps({.lat = 48.8585, .latRef = "N", .lon = 2.2946, .lonRef = "E"}));
     }
 
     test::ProgramResult run(const std::string& command) const
