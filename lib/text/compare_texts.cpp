@@ -5,6 +5,7 @@
 #include <unicode/unorm.h>
 
 #include <algorithm>
+#include <cstdint>
 
 using namespace pinorama;
 

@@ -3,6 +3,7 @@
 #include <unicode/ucnv.h>
 #include <unicode/ustring.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <memory>
 
