@@ -129,6 +129,7 @@ void PreviewLoader::keepForStoring(PreviewReply& reply)
 {
     if (!reply.wasDecoded) return;
     store();
+    request_->plan.close();
     unstored_ = std::make_unique<Unstored>(Unstored{std::move(request_->plan), std::move(reply)});
     storeTimer_.start(kStoreDelay);
 }

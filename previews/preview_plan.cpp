@@ -47,7 +47,10 @@ PixelSize cuPixelsOfPoints(QSizeF size, qreal ratio)
 }
 
 PreviewPlan::PreviewPlan(std::string path, PictureFile picture, PixelSize box)
-    : path_(std::move(path)), box_(box), picture_(std::make_unique<PictureFile>(std::move(picture)))
+    : path_(std::move(path)),
+      box_(box),
+      picture_(std::make_unique<PictureFile>(std::move(picture))),
+      attributes_(picture_->attributes())
 {
     if (!picture_->isOpen()) {
         isFinished_ = true;
@@ -55,8 +58,8 @@ PreviewPlan::PreviewPlan(std::string path, PictureFile picture, PixelSize box)
     }
     isInCache_ = cuIsInThumbnailCache(path_, picture_->realPath());
     if (isInCache_) return;
-    for (ThumbnailPlace& place : cuThumbnailPlaces(path_, picture_->attributes().modified,
-                                                   std::max(box.width, box.height))) {
+    for (ThumbnailPlace& place :
+         cuThumbnailPlaces(path_, attributes_.modified, std::max(box.width, box.height))) {
         places_.push_back(std::move(place));
     }
 }
@@ -93,8 +96,7 @@ void PreviewPlan::store(const PreviewReply& reply) const
     const int side = box_.width;
     const bool fillsTheBox = reply.image.width == side || reply.image.height == side;
     if (isInCache_ || !reply.wasDecoded || box_.height != side || !fillsTheBox) return;
-    cuStoreThumbnail(path_, picture_->attributes().modified, picture_->size(), side,
-                     imageOn(reply.image));
+    cuStoreThumbnail(path_, attributes_.modified, attributes_.size, side, imageOn(reply.image));
 }
 
 QPixmap cuPictureOfPreview(const QImage& preview, QSizeF size, qreal ratio, std::uint8_t asIcon)

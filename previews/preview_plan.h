@@ -42,6 +42,10 @@ public:
     const PictureFile& file() const { return *file_; }
     PixelSize box() const { return box_; }
 
+    // Closes the picture: nothing of it is read any more, and `store` needs only its facts. A disk
+    // may stop to answer, and closing a file asks it.
+    void close() { *picture_ = {}; }
+
     // The preview, when `reply` to the current step gives one: a thumbnail of another file, or
     // from before the file was changed last, gives none. When memory runs out it is null, which is
     // not the same: then there is nothing to show.
@@ -55,6 +59,7 @@ private:
     std::string path_;
     PixelSize box_;
     std::unique_ptr<PictureFile> picture_;  // `file_` points to it or to the thumbnail
+    FileAttributes attributes_;             // of the picture
     std::deque<ThumbnailPlace> places_;
     ThumbnailLabel label_;
     std::unique_ptr<PictureFile> thumbnail_;
