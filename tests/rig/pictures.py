@@ -50,3 +50,16 @@ def writePicture(path, latitude, longitude, direction=None, distance=None):
     exif = b"Exif\0\0" + tiff
     with open(path, "wb") as picture:
         picture.write(b"\xff\xd8\xff\xe1" + struct.pack(">H", len(exif) + 2) + exif + b"\xff\xd9")
+
+
+def writeTexts(path, text):
+    """A JPEG file without an image or a position whose four IPTC texts are `text`, of 32,767 bytes at most
+    and 65,000 in all."""
+    value = text.encode()
+    dataSets = b"\x1c\x01\x5a\x00\x03\x1b%G"  # the texts are UTF-8
+    for number in (90, 95, 101, 120):  # city, state, country, caption
+        dataSets += struct.pack(">BBBH", 0x1c, 2, number, len(value)) + value
+    resource = b"8BIM" + struct.pack(">HHI", 0x0404, 0, len(dataSets)) + dataSets
+    body = b"Photoshop 3.0\0" + resource + b"\0" * (len(resource) % 2)
+    with open(path, "wb") as picture:
+        picture.write(b"\xff\xd8\xff\xed" + struct.pack(">H", len(body) + 2) + body + b"\xff\xd9")

@@ -26,6 +26,10 @@ class Window:
     def open(self, *pictures):
         """Starts the program and finds the parts of its window."""
         self.process = self.session.start([self.program, *pictures])
+        self.findParts()
+
+    def findParts(self):
+        """Finds the parts of the window of a program that was started."""
         self.window = self.find()
         root = waitFor(lambda: programNamed(self.session, "Pinorama"), 30, STEP)
         if not root:
