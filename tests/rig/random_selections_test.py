@@ -60,7 +60,8 @@ class Walk(Follow):
         self.desktop.keys("ctrl+c")
         self.desktop.settle(self.process, 5)
         text = self.session.run(["xclip", "-selection", "clipboard", "-target", "text/uri-list", "-out"], 5)
-        uris = [line for line in (text or "").split() if line.startswith("file://")]
+        # PCManFM copies the final zero byte too.
+        uris = [line for line in (text or "").rstrip("\0").split() if line.startswith("file://")]
         return [urllib.parse.unquote_to_bytes(uri[len("file://"):]).rstrip(b"/") for uri in uris]
 
     def press(self, view):
