@@ -32,7 +32,7 @@ class Desktop:
         found = self.xdotool("search", "--onlyvisible", "--pid", process.pid) or ""
         return [int(line) for line in found.split()]
 
-    def newWindow(self, processes, before=(), seconds=20):
+    def newWindow(self, processes, before=(), seconds=40):
         """Waits for a new window, not among `before`, of one of the processes."""
         def find():
             windows = [window for process in processes for window in self.windowsOf(process)

@@ -5,6 +5,14 @@ import subprocess
 from dataclasses import dataclass, field
 
 
+def versionOf(package):
+    """The version of an installed package, as numbers."""
+    done = subprocess.run(["dpkg-query", "-W", "-f", "${Version}", package], capture_output=True, check=True,
+                          text=True)
+    upstream = re.sub(r"^\d+:", "", done.stdout)
+    return tuple(int(number) for number in re.findall(r"\d+", upstream.partition("-")[0]))
+
+
 @dataclass
 class Manager:
     name: str
@@ -31,14 +39,7 @@ class Manager:
 
     def isSince(self, version):
         """Whether the installed one is of that version or a later one; False for ()."""
-        return bool(version) and self.version() >= version
-
-    def version(self):
-        """That of the installed package, as numbers."""
-        done = subprocess.run(["dpkg-query", "-W", "-f", "${Version}", self.name], capture_output=True,
-                              check=True, text=True)
-        upstream = re.sub(r"^\d+:", "", done.stdout)
-        return tuple(int(number) for number in re.findall(r"\d+", upstream.partition("-")[0]))
+        return bool(version) and versionOf(self.name) >= version
 
 
 ICONS = "Right"

@@ -1,5 +1,5 @@
-"""A private desktop as in session.py, on a Wayland compositor without a display: sway. No X server runs in it, so
-that every program is a Wayland client."""
+"""A private desktop as in session.py, on a Wayland compositor without a display. No X server runs in it, so that
+every program is a Wayland client."""
 
 import json
 import os
@@ -11,8 +11,82 @@ from session import DesktopSession, RigError, waitFor
 from wayland_input import VirtualInput
 
 SCREEN = (1400, 900)
-SOCKET = "wayland-1"  # the first that sway takes in a new folder
-CONFIGURATION = """xwayland disable
+
+
+class WaylandSession(DesktopSession):
+    """A context manager. `input` is its keyboard and its mouse."""
+
+    socket = "wayland-1"  # in XDG_RUNTIME_DIR
+    input = None
+
+    def _startDisplay(self):
+        self.environment.update({
+            "GDK_BACKEND": "wayland",
+            "QT_QPA_PLATFORM": "wayland",
+            "XDG_SESSION_TYPE": "wayland",
+            "WAYLAND_DISPLAY": self.socket,
+        })
+
+    def _startWindowManager(self):
+        self.windowManager = self.startCompositor()
+        if not waitFor(self.isManaged, 40):
+            raise RigError(f"{self.windowManager.args[0]} did not start")
+        try:
+            self.input = self.makeInput(os.path.join(self.environment["XDG_RUNTIME_DIR"], self.socket))
+        except OSError as error:
+            raise RigError(f"no keys on {self.windowManager.args[0]}: {error}") from error
+
+    def close(self):
+        if self.input:
+            self.input.close()
+        super().close()
+
+
+class WaylandDesktop(Desktop):
+    """Windows, keys and the mouse. A window is known by the compositor's name for it; windows() returns a
+    dictionary of "pid", "title", "x", "y", "width", "height" and "focused" for each of these names."""
+
+    def xdotool(self, *arguments):
+        raise RigError(f"there is no X server for xdotool {arguments}")
+
+    def windowsOf(self, process):
+        return [window for window, facts in self.windows().items() if facts["pid"] == process.pid]
+
+    def windowNamed(self, pattern, seconds=30):
+        found = waitFor(lambda: [window for window, facts in self.windows().items()
+                                 if re.search(pattern, facts["title"])], seconds)
+        if not found:
+            raise RigError(f"no window {pattern} appeared")
+        return found[0]
+
+    def exists(self, window):
+        return window in self.windows()
+
+    def sizeOf(self, window):
+        facts = self.windows().get(window)
+        return (facts["width"], facts["height"]) if facts else (0, 0)
+
+    def activate(self, window):
+        self.focus(window)
+        waitFor(lambda: self.windows().get(window, {}).get("focused"), 3, 0.05)
+        time.sleep(PAUSE)
+
+    def resize(self, window, width, height):
+        self.place(window, 4, 24, width, height)
+        time.sleep(0.4)
+
+    def click(self, window, x, y, button=1):
+        facts = self.windows()[window]
+        self.session.input.click(facts["x"] + x, facts["y"] + y)
+        time.sleep(PAUSE)
+
+    def keys(self, *keys):
+        for key in keys:
+            self.session.input.press(key.split("+"))
+            time.sleep(PAUSE)
+
+
+SWAY_CONFIGURATION = """xwayland disable
 default_border none
 default_floating_border none
 focus_follows_mouse no
@@ -22,52 +96,32 @@ for_window [app_id=".*"] floating enable
 """
 
 
-class SwaySession(DesktopSession):
-    """A context manager. `input` is its keyboard and its mouse."""
+class SwaySession(WaylandSession):
+    """sway refuses to run for root."""
 
-    input = None
-
-    def _startDisplay(self):
-        self.environment.update({
-            "GDK_BACKEND": "wayland",
-            "QT_QPA_PLATFORM": "wayland",
-            "XDG_SESSION_TYPE": "wayland",
-            "WAYLAND_DISPLAY": SOCKET,
-            "SWAYSOCK": os.path.join(self.root, "sway.sock"),
-        })
-
-    def _startWindowManager(self):
+    def startCompositor(self):
+        self.environment["SWAYSOCK"] = os.path.join(self.root, "sway.sock")
         path = os.path.join(self.root, "sway.conf")
         with open(path, "w", encoding="utf-8") as configuration:
-            configuration.write(CONFIGURATION.format(*SCREEN))
-        self.windowManager = self.start(["sway", "-c", path], extra={
+            configuration.write(SWAY_CONFIGURATION.format(*SCREEN))
+        return self.start(["sway", "-c", path], extra={
             "WLR_BACKENDS": "headless", "WLR_LIBINPUT_NO_DEVICES": "1", "WLR_RENDERER": "pixman"})
-        if not waitFor(self.isManaged, 30):
-            raise RigError("sway did not start")
-        try:
-            self.input = VirtualInput(os.path.join(self.environment["XDG_RUNTIME_DIR"], SOCKET), SCREEN)
-        except OSError as error:
-            raise RigError(f"no keys on sway: {error}") from error
 
     def isManaged(self):
         return self.run(["swaymsg", "-t", "get_version"]) is not None
 
-    def close(self):
-        if self.input:
-            self.input.close()
-        super().close()
+    def makeInput(self, path):
+        return VirtualInput(path, SCREEN)
 
 
-class SwayDesktop(Desktop):
-    """Windows, keys and the mouse; a window is known by sway's number for it."""
-
+class SwayDesktop(WaylandDesktop):
     def windows(self):
-        """The windows by their numbers, as sway describes them."""
         found = {}
 
         def visit(node):
             if node.get("pid") and not node.get("nodes"):
-                found[node["id"]] = node
+                found[node["id"]] = {**node["rect"], "pid": node["pid"], "title": node.get("name") or "",
+                                     "focused": node["focused"]}
             for child in node.get("nodes", []) + node.get("floating_nodes", []):
                 visit(child)
         tree = self.session.run(["swaymsg", "-r", "-t", "get_tree"])
@@ -75,45 +129,9 @@ class SwayDesktop(Desktop):
             visit(json.loads(tree))
         return found
 
-    def command(self, window, what):
-        self.session.run(["swaymsg", f"[con_id={window}] {what}"])
+    def focus(self, window):
+        self.session.run(["swaymsg", f"[con_id={window}] focus"])
 
-    def xdotool(self, *arguments):
-        raise RigError(f"there is no X server for xdotool {arguments}")
-
-    def windowsOf(self, process):
-        return [window for window, node in self.windows().items() if node["pid"] == process.pid]
-
-    def windowNamed(self, pattern, seconds=30):
-        found = waitFor(lambda: [window for window, node in self.windows().items()
-                                 if re.search(pattern, node.get("name") or "")], seconds)
-        if not found:
-            raise RigError(f"no window {pattern} appeared")
-        return found[0]
-
-    def exists(self, window):
-        return window in self.windows()
-
-    def sizeOf(self, window):
-        place = self.windows().get(window, {}).get("rect", {})
-        return place.get("width", 0), place.get("height", 0)
-
-    def activate(self, window):
-        self.command(window, "focus")
-        waitFor(lambda: self.windows().get(window, {}).get("focused"), 3, 0.05)
-        time.sleep(PAUSE)
-
-    def resize(self, window, width, height):
-        self.command(window, f"resize set {width} {height}")
-        self.command(window, "move absolute position 4 24")
-        time.sleep(0.4)
-
-    def click(self, window, x, y, button=1):
-        place = self.windows()[window]["rect"]
-        self.session.input.click(place["x"] + x, place["y"] + y)
-        time.sleep(PAUSE)
-
-    def keys(self, *keys):
-        for key in keys:
-            self.session.input.press(key.split("+"))
-            time.sleep(PAUSE)
+    def place(self, window, x, y, width, height):
+        self.session.run(["swaymsg", f"[con_id={window}] resize set {width} {height}"])
+        self.session.run(["swaymsg", f"[con_id={window}] move absolute position {x} {y}"])

@@ -153,3 +153,28 @@ class VirtualInput:
 
     def close(self):
         self.connection.close()
+
+
+class FakeInput:
+    """The same by org_kde_kwin_fake_input, which KWin has."""
+
+    def __init__(self, path):
+        self.connection = Connection(path)
+        self.fake = self.connection.bind("org_kde_kwin_fake_input", 4)
+        self.connection.send(self.fake, 0, _text("tests") + _text("tests"))
+        self.connection.sync()
+
+    def press(self, names):
+        for isPressed in (1, 0):
+            for name in names if isPressed else reversed(names):
+                self.connection.send(self.fake, 10, _words(CODES[name], isPressed))
+        self.connection.sync()
+
+    def click(self, x, y):
+        self.connection.send(self.fake, 9, struct.pack("<ii", int(x) * 256, int(y) * 256))
+        for isPressed in (1, 0):
+            self.connection.send(self.fake, 2, _words(LEFT_BUTTON, isPressed))
+        self.connection.sync()
+
+    def close(self):
+        self.connection.close()

@@ -1,19 +1,26 @@
 #!/usr/bin/env python3
 """Drives one real file manager and the real window beside it on a Wayland compositor, both as Wayland clients.
 
-usage: wayland_test.py BIN_FOLDER MANAGER [--case NAME]...
+usage: wayland_test.py COMPOSITOR BIN_FOLDER MANAGER [--case NAME]...
+
+COMPOSITOR is sway or kwin.
 
 Every case that could not run is named with its reason."""
 
 import os
+import sys
 
 import window_test
 from beside import runBeside
 from cases import Cases
-from running import skip
+from managers import versionOf
+from running import need, skip
 from session import waitFor
 from wayland import SwayDesktop, SwaySession
+from wayland_kwin import KWinDesktop, KWinSession
 
+COMPOSITORS = {"sway": (SwaySession, SwayDesktop, ["sway", "swaymsg"]),
+               "kwin": (KWinSession, KWinDesktop, ["kwin_wayland"])}
 cases = Cases(window_test.oneFile, window_test.severalAndNone, window_test.folder)
 
 
@@ -48,6 +55,11 @@ def twoWindows(beside):
 cases.add(window_test.quiet)
 
 if __name__ == "__main__":
-    if os.geteuid() == 0:
+    compositor = sys.argv.pop(1)
+    sessionClass, desktopClass, programs = COMPOSITORS[compositor]
+    need(*programs)
+    if compositor == "sway" and os.geteuid() == 0:
         skip("sway does not start for root")
-    runBeside(cases, session=SwaySession, desktop=SwayDesktop, programs=["sway", "swaymsg"])
+    if compositor == "kwin" and versionOf("kwin-wayland") < (6,):
+        skip("KWin 5 has other scripts for its windows")
+    runBeside(cases, session=sessionClass, desktop=desktopClass, programs=programs)
