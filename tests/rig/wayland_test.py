@@ -3,7 +3,7 @@
 
 usage: wayland_test.py COMPOSITOR BIN_FOLDER MANAGER [--case NAME]...
 
-COMPOSITOR is sway or kwin.
+COMPOSITOR is sway, kwin or gnome.
 
 Every case that could not run is named with its reason."""
 
@@ -17,10 +17,12 @@ from managers import versionOf
 from running import need, skip
 from session import waitFor
 from wayland import SwayDesktop, SwaySession
+from wayland_gnome import GnomeDesktop, GnomeSession
 from wayland_kwin import KWinDesktop, KWinSession
 
 COMPOSITORS = {"sway": (SwaySession, SwayDesktop, ["sway", "swaymsg"]),
-               "kwin": (KWinSession, KWinDesktop, ["kwin_wayland"])}
+               "kwin": (KWinSession, KWinDesktop, ["kwin_wayland"]),
+               "gnome": (GnomeSession, GnomeDesktop, ["gnome-shell"])}
 cases = Cases(window_test.oneFile, window_test.severalAndNone, window_test.folder)
 
 
@@ -62,4 +64,6 @@ if __name__ == "__main__":
         skip("sway does not start for root")
     if compositor == "kwin" and versionOf("kwin-wayland") < (6,):
         skip("KWin 5 has other scripts for its windows")
+    if compositor == "gnome" and versionOf("gnome-shell") < (48,):
+        skip("no version of GNOME Shell before 48 has been tried")
     runBeside(cases, session=sessionClass, desktop=desktopClass, programs=programs)
