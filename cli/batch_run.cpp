@@ -2,6 +2,7 @@
 
 #include "cli/batch_work.h"
 #include "cli/folder_walk.h"
+#include "cli/folder_watch.h"
 #include "cli/outputs.h"
 #include "cli/path_list.h"
 #include "cli/stop_signals.h"
@@ -65,17 +66,40 @@ void workInParallel(FolderWalk* walk, BatchWork* work, StopSignals* signals, Out
 
 bool isBatch(const Options& options)
 {
-    return options.recursive || options.progress || !options.listPath.empty() ||
+    return options.watch || options.recursive || options.progress || !options.listPath.empty() ||
            options.files.size() > kMaxFilesInTurn;
 }
 
 // Whoever asks for the address of a picture gets one or an error.
 bool missesAddress(const Options& options, const WorkCounts& counts)
 {
+    if (options.watch) return false;
     const bool isAddress = options.output == Output::webAddress ||
                            options.output == Output::catalogueAddress ||
                            options.output == Output::script;
     return isAddress && !options.recursive && counts.located == 0 && counts.failed == 0;
+}
+
+// Prints each picture that arrives in the folders.
+int reportOnArrivals(const Options& options, StringHolder serviceTemplate, PlaceFilter filter)
+{
+    BatchWork work(reportOptionsOf(options, std::move(serviceTemplate)), std::move(filter));
+    work.warmUp();
+    return reportBy(options, [&](StopSignals& signals, Outputs& outputs) {
+        FolderWatch watch(options.recursive,
+                          [&outputs](const std::string& path, const std::string& why) {
+                              outputs.reportFolder(path, why);
+                          });
+        std::optional<PathList> list;
+        const FolderWalk::StartSource starts = startsOf(options, &list, signals.descriptor());
+        while (const auto start = starts()) watch.add(*start);
+        while (signals.caught() == 0 && !outputs.areLost()) {
+            const auto path = watch.next(signals.descriptor());
+            if (!path) break;
+            outputs.write(work.process(std::span(&*path, 1), signals.descriptor()));
+            outputs.updateProgress();
+        }
+    });
 }
 }  // namespace
 
@@ -139,6 +163,8 @@ int reportBy(const Options& options, const ReportWork& work)
 
 int reportOnFiles(const Options& options, StringHolder serviceTemplate, PlaceFilter filter)
 {
+    if (options.watch)
+        return reportOnArrivals(options, std::move(serviceTemplate), std::move(filter));
     BatchWork work(reportOptionsOf(options, std::move(serviceTemplate)), std::move(filter));
     if (!isBatch(options)) work.expect(options.files);
     return reportBy(options, [&](StopSignals& signals, Outputs& outputs) {

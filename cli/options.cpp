@@ -122,6 +122,8 @@ constexpr OptionRow kRows[] = {
      }},
     {'0', "null", nullptr, "a zero byte ends each name in that FILE, not the end of the line",
      [](Reading& reading, const char*) { reading.options->listEnd = '\0'; }},
+    {0, "watch", nullptr, "print each picture that arrives in the folders, until Ctrl-C",
+     [](Reading& reading, const char*) { reading.options->watch = true; }},
     {0, "progress", nullptr, "show progress and summary also without -r",
      [](Reading& reading, const char*) { reading.options->progress = true; }},
     {'q', "quiet", nullptr, "show neither progress nor summary",
@@ -213,7 +215,7 @@ bool readOptions(int argc, char** argv, Options* options, std::string* outError)
         !options->listPath.empty()) {
         return true;
     }
-    *outError = options->recursive ? "no folder given" : "no file given";
+    *outError = options->recursive || options->watch ? "no folder given" : "no file given";
     return false;
 }
 

@@ -37,6 +37,7 @@ struct Options {
     bool noIndex = false;
     std::string listPath{};  // of a list of further files, "-" for standard input; empty for none
     char listEnd = '\n';     // ends a path in the list
+    bool watch = false;      // pictures that arrive in the folders, and no others
     bool progress = false;   // on a terminal, also without -r
     bool recursive = false;
     bool quiet = false;
@@ -49,12 +50,15 @@ struct Options {
     bool isSingleExport() const
     {
         return !kmlPath.empty() && !recursive && files.size() == 1 && listPath.empty() &&
-               !isSearch();
+               !isSearch() && !watch;
     }
     bool isSearch() const { return !nearPlace.empty() || !areaPath.empty() || withoutPosition; }
     // The nearest pictures come first, and folders are searched in no order, so that nothing is
     // printed before all have been read.
-    bool isSorted() const { return isSearch() && !asFound && (!nearPlace.empty() || recursive); }
+    bool isSorted() const
+    {
+        return isSearch() && !asFound && !watch && (!nearPlace.empty() || recursive);
+    }
 };
 
 // Reads the arguments of main. Options may come between the files; "--" ends them.

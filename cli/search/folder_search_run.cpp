@@ -75,7 +75,7 @@ int searchPictures(const Options& options, StringHolder serviceTemplate)
         return kWrongUsage;
     }
     const auto filter = std::make_shared<const SearchFilter>(*std::move(made));
-    if (!options.recursive) {
+    if (!options.recursive || options.watch) {
         return reportOnFiles(options, std::move(serviceTemplate),
                              [filter](FileReport* report) { return (*filter)(report); });
     }

@@ -15,7 +15,7 @@ _pinorama_info()
     fi
     if [[ $word == -* ]]; then
         local IFS=$'\n'
-        COMPREPLY=($(compgen -W $'--recursive\n--more\n--format\n--json\n--csv\n--raw\n--track\n--near\n--within\n--no-position\n--as-found\n--index\n--no-index\n--kml\n--web\n--search\n--print-script\n--files-from\n--null\n--progress\n--quiet\n--help\n--version\n--verbose' -- "$word"))
+        COMPREPLY=($(compgen -W $'--recursive\n--more\n--format\n--json\n--csv\n--raw\n--track\n--near\n--within\n--no-position\n--as-found\n--index\n--no-index\n--kml\n--web\n--search\n--print-script\n--files-from\n--null\n--watch\n--progress\n--quiet\n--help\n--version\n--verbose' -- "$word"))
     fi
 }
 

@@ -19,6 +19,7 @@ complete -c pinorama-info -l search -d 'Print the address of the catalogue searc
 complete -c pinorama-info -l print-script -d 'Print the script that flies a globe to the place'
 complete -c pinorama-info -l files-from -r -d 'Read names of files from a list'
 complete -c pinorama-info -l null -s 0 -d 'Names in the list end with a zero byte'
+complete -c pinorama-info -l watch -d 'Print pictures that arrive in folders'
 complete -c pinorama-info -l progress -d 'Show progress also without -r'
 complete -c pinorama-info -l quiet -s q -d 'Show no progress and no summary'
 complete -c pinorama-info -l help -s h -d 'Print a short explanation'

@@ -173,6 +173,7 @@ TEST(readOptions, explainsWhatIsWrong)
          "only one of --format, --json, --csv, --web, --search and --print-script can be given"},
         {"no place", {"--near", "", "a"}, "--near needs a place"},
         {"no area", {"--within=", "a"}, "--within needs a file name"},
+        {"nothing to watch", {"--watch"}, "no folder given"},
         {"no list", {"--files-from=", "a"}, "--files-from needs a file name"},
         {"a place and none",
          {"--no-position", "--near=1,2", "a"},
@@ -199,11 +200,11 @@ TEST(readOptions, canBeCalledAgain)
 TEST(fullUsage, explainsEveryOption)
 {
     for (const char* option :
-         {"-r, --recursive", "--format NAME", "--json",        "--csv",      "--raw",
-          "--track",         "--kml DEST",    "--web N",       "--search",   "--print-script",
-          "--near PLACE",    "--within FILE", "--no-position", "--as-found", "--files-from FILE",
-          "-0, --null",      "--progress",    "-q, --quiet",   "-h, --help", "-v, --version",
-          "FILE..."}) {
+         {"-r, --recursive", "--format NAME", "--json",        "--csv",       "--raw",
+          "--track",         "--kml DEST",    "--web N",       "--search",    "--print-script",
+          "--near PLACE",    "--within FILE", "--no-position", "--as-found",  "--files-from FILE",
+          "-0, --null",      "--watch",       "--progress",    "-q, --quiet", "-h, --help",
+          "-v, --version",   "FILE..."}) {
         EXPECT_NE(fullUsage().find(option), std::string::npos) << option;
     }
     EXPECT_EQ(fullUsage().rfind(shortUsage(), 0), 0u);
