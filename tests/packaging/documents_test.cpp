@@ -285,6 +285,22 @@ TEST(debianControl, asksForWhatTheScriptsInstall)
     EXPECT_GT(count, 10);
 }
 
+TEST(debianControl, asksForEveryLibraryButThoseOfTests)
+{
+    const std::string control = documentOf("debian/control");
+    std::istringstream lines(documentOf("scripts/packages.txt"));
+    int count = 0;
+    for (std::string name; std::getline(lines, name);) {
+        if (!name.ends_with("-dev")) continue;
+        const bool isForTests = name == "libbenchmark-dev" || name == "libexiv2-dev" ||
+                                name == "libgmock-dev" || name == "libgtest-dev";
+        ++count;
+        EXPECT_EQ(std::regex_search(control, std::regex("\n " + name + "[ ,]")), !isForTests)
+            << name;
+    }
+    EXPECT_GT(count, 10);
+}
+
 namespace {
 // The lines of a list that is named at the start of a line.
 std::string listIn(const std::string& document, const std::string& name)
@@ -326,6 +342,6 @@ TEST(flatpakManifest, namesTheCommitOfEverySource)
         const std::regex regex(pattern);
         return std::distance(std::sregex_iterator(manifest.begin(), manifest.end(), regex), {});
     };
-    EXPECT_EQ(countOf("type: git\n"), 3);
-    EXPECT_EQ(countOf("type: git\n +url: https://.*\n +tag: .*\n +commit: [0-9a-f]{40}\n"), 3);
+    EXPECT_EQ(countOf("type: git\n"), 4);
+    EXPECT_EQ(countOf("type: git\n +url: https://.*\n +tag: .*\n +commit: [0-9a-f]{40}\n"), 4);
 }
