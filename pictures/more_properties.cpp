@@ -121,7 +121,7 @@ std::optional<PictureProperties> readMoreProperties(ByteSource& source, std::str
     if (reading->place) {
         addMissing(properties, propertiesOfPlace(*reading->place), ValueSource::quickTime);
     }
-    return std::move(properties);
+    return std::optional<PictureProperties>(std::move(properties));
 }
 
 std::function<std::optional<PictureProperties>(ByteSource& source)> moreReaderFor(

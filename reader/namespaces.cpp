@@ -62,9 +62,10 @@ bool enterNamespaces()
 ReaderProcess forkNamespaceKeeper()
 {
     return forkReader([](int socket) {
+        if (!enterChildSandbox(socket)) return;
         std::array<std::uint8_t, 1> byte;
         std::vector<DescriptorHolder> descriptors;
-        if (enterChildSandbox(socket)) (void)receiveRequest(socket, byte, &descriptors);
+        (void)receiveRequest(socket, byte, &descriptors);
     });
 }
 

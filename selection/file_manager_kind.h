@@ -36,7 +36,8 @@ struct FileManagerKind {
     // Whether some changes of its selection are reported as changes of names only.
     bool reportsByNames = false;
 
-    // Whether its windows send no event of a window when they are activated, but change their state.
+    // Whether its windows send no event of a window when they are activated, but change their
+    // state.
     bool activatesSilently = false;
 
     // Whether its extensions are called before it applies a change, so that they push the selection

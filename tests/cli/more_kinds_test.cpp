@@ -18,7 +18,7 @@ using Arguments = std::vector<std::string>;
 // The objects that the program prints.
 std::vector<json> objectsOf(Arguments arguments)
 {
-    arguments.insert(arguments.begin(), {PINORAMA_INFO, "--json", "-q"});
+    arguments.insert(arguments.begin(), {"--json", "-q"});
     test::RunningProgram program(arguments);
     (void)program.finish();  // the status is that of files that cannot be read
     std::vector<json> objects;

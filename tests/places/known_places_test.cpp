@@ -1,7 +1,7 @@
 // The file that is shipped, on the tables of places that people know and of points near borders.
 
-#include "places/map_lines.h"
 #include "tests/places/known_places.h"
+#include "places/map_lines.h"
 #include "tests/places/land.h"
 
 #include <gtest/gtest.h>
