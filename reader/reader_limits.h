@@ -14,9 +14,10 @@ inline SandboxRules readerRules(int socket)
         // A progressive picture of 100 megapixels or another kind of picture of 64, and LibRaw, on
         // top of the libraries.
         .memory = addressSpaceInUse() + (std::uint64_t{640} << 20),
-        // Standard streams, the socket, the files of two requests, one of them read ahead, and both
-        // ends of the sockets to two processes.
-        .descriptors = 8 + 2 * kMaxDescriptors,
+        // Standard streams, sockets, the files of two requests; and more, because nobody can send a
+        // descriptor while all processes of the user have more on their way than the sender may
+        // have open.
+        .descriptors = 4096,
         .mayFork = true,
     };
 }
