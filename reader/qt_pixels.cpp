@@ -2,18 +2,27 @@
 
 #include <QImage>
 
+#include <algorithm>
+
 namespace pinorama {
+namespace {
+constexpr int kBandPixels = 16 * 1024;  // from 64 k on Qt takes several threads
+}  // namespace
 
 PixelImage scaledPixels(const QImage& image, PixelSize box)
 {
     const PixelSize size = {image.width(), image.height()};
     RowScaler scaler(size, fitInto(size, box));
-    for (int y = 0; y < image.height(); y++) {
-        // Row by row, because a large image as a whole would be converted by several threads, which
-        // this process cannot start any more.
-        const QImage row =
-            image.copy(0, y, image.width(), 1).convertToFormat(QImage::Format_ARGB32_Premultiplied);
-        scaler.addRow(reinterpret_cast<const std::uint32_t*>(row.constScanLine(0)));
+    // In bands, because a large image as a whole would be converted by several threads, which this
+    // process cannot start any more. A band is not a single row: one that is narrow and tall has
+    // millions of them.
+    const int rows = std::max(kBandPixels / std::max(image.width(), 1), 1);
+    for (int top = 0; top < image.height(); top += rows) {
+        const QImage band = image.copy(0, top, image.width(), std::min(rows, image.height() - top))
+                                .convertToFormat(QImage::Format_ARGB32_Premultiplied);
+        for (int y = 0; y < band.height(); y++) {
+            scaler.addRow(reinterpret_cast<const std::uint32_t*>(band.constScanLine(y)));
+        }
     }
     return scaler.take(0);
 }
