@@ -45,7 +45,7 @@ protected:
     void write(const std::string& name, const std::string& bytes, int later = 0) const
     {
         const std::string path = tree_.write(name, bytes);
-        const time_t time = std::time(nullptr) - 3600 + later;
+        const time_t time = anHourAgo_ + later;
         const timespec times[2] = {{time, 0}, {time, 0}};
         ASSERT_EQ(utimensat(AT_FDCWD, path.c_str(), times, 0), 0);
     }
@@ -71,6 +71,7 @@ protected:
         return names;
     }
 
+    const time_t anHourAgo_ = std::time(nullptr) - 3600;
     const test::TemporaryFolder tree_;
     const test::TemporaryFolder cache_;
     const std::string index_ = cache_.file("index.sqlite");
