@@ -33,7 +33,7 @@ bool isInside(const Ring& ring, const PlaceSection& vertices, StoredPoint point)
 {
     if (ring.count < 3 || !vertices.has(ring.first, ring.count)) return false;
     const std::uint8_t* vertex = vertices.item(ring.first);
-    const std::uint8_t* last = vertex + (std::size_t{ring.count} - 1) * 8;
+    const std::uint8_t* last = vertex + static_cast<std::size_t>(ring.count - 1) * 8;
     std::int64_t x = loadSigned32(last);
     std::int64_t y = loadSigned32(last + 4);
     bool inside = false;

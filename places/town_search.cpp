@@ -176,7 +176,8 @@ private:
 std::string zoneName(const PlaceData& data, const Tree& tree, std::uint8_t zone)
 {
     if (zone >= tree.zoneCount) return {};
-    const std::uint8_t* number = data.zoneLists.item(std::size_t{tree.firstZone} + zone);
+    const std::uint8_t* number =
+        data.zoneLists.item(static_cast<std::size_t>(tree.firstZone + zone));
     return number == nullptr ? std::string()
                              : std::string(PlaceData::fixedText(data.zones, load16(number)));
 }
