@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "cli/place_report.h"
 #include "nearby/place_circle.h"
 #include "nearby/position.h"
 
@@ -59,7 +60,8 @@ struct FileReport {
     std::string taken;         // empty if the picture does not say; so are the two below
     std::string modifiedTime;  // of the file
     std::string createdTime;
-    std::optional<Nearness> nearness;  // to the place of a search
+    std::optional<Nearness> nearness;      // to the place of a search
+    std::optional<NamedPlace> namedPlace;  // for the outputs that name places
     // The texts of a usable position. Empty without one, and where the window shows nothing either.
     std::string coordinate;
     std::string altitudeText;

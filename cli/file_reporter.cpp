@@ -155,6 +155,11 @@ bool isPlaceDocument(Output output)
     return output == Output::kml || output == Output::geojson || output == Output::gpx;
 }
 
+bool namesPlaces(Output output)
+{
+    return output == Output::text || output == Output::json;
+}
+
 bool prepareTexts()
 {
     (void)utcOffsetAt(0);
@@ -183,6 +188,7 @@ void FileReporter::warmUp()
     FileReport nothing{};
     fillFacts({.size = 0}, &nothing);
     fillPosition({}, &nothing);
+    if (namesPlaces(options_.output)) (void)namePlace(places_, 0, 0);
 }
 
 std::vector<FileReport> FileReporter::report(std::span<const std::string> paths, int alarm)
@@ -303,7 +309,7 @@ void FileReporter::fillFileFields(const OpenFile& file, FileReport* report)
 
 // Fills in the result of reading a file.
 void FileReporter::fillPlace(const OpenFile& file, const PropertyResult& reply,
-                             fileInfoRecord* record, FileReport* report) const
+                             fileInfoRecord* record, FileReport* report)
 {
     using Outcome = ReadOutcome;
     if (!report->isAccepted) return;
@@ -327,6 +333,10 @@ void FileReporter::fillPlace(const OpenFile& file, const PropertyResult& reply,
     if (result != kErrNone) return;
 
     report->position = positionOf(*record);
+    if (report->position && namesPlaces(options_.output)) {
+        const Position& position = *report->position;
+        report->namedPlace = namePlace(places_, position.latitude, position.longitude);
+    }
     if (showsFields(options_.output)) fillPosition(*record, report);
     report->address = addressOf(*record, file.path.get(), options_);
     if (options_.placemarks) report->placemark = placemarkOf(*record, file.path.get());

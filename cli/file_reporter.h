@@ -13,6 +13,7 @@
 #include "location/file_facts.h"
 #include "location/file_info_record.h"
 #include "pictures/picture_file.h"
+#include "places/place_finder.h"
 #include "reader/reader_client.h"
 #include "reader/sandboxed_properties.h"
 
@@ -46,6 +47,9 @@ bool showsFields(Output output);
 // True for the documents of places: they have the name and the place of a file and no texts of the
 // window.
 bool isPlaceDocument(Output output);
+
+// True for the outputs that say a place in words.
+bool namesPlaces(Output output);
 
 // Loads the texts and the time zone that the fields need; while files are open there may be no
 // descriptor left for either. False if a text is missing.
@@ -94,9 +98,10 @@ private:
     void fillFileFields(const OpenFile& file, FileReport* report);
     void fillFacts(const fileFacts& facts, FileReport* report);
     void fillPlace(const OpenFile& file, const PropertyResult& reply, fileInfoRecord* record,
-                   FileReport* report) const;
+                   FileReport* report);
 
     ReportOptions options_;
+    PlaceFinder places_{placesFile()};
     ReaderClient reader_;
     AcceptedNames accepted_;
     bool isOnlyFile_ = false;

@@ -41,6 +41,7 @@ void appendTextBlock(const FileReport& report, std::string* out)
     appendLine("Coordinate", report.coordinate, out);
     appendLine("Altitude", report.altitudeText, out);
     appendLine("Direction", report.direction, out);
+    if (report.namedPlace) appendLine("Place", report.namedPlace->words, out);
     if (report.nearness) {
         appendLine("Distance", rounded(report.nearness->metres) + " m", out);
         appendLine("Bearing", rounded(report.nearness->bearing) + "\u00b0", out);

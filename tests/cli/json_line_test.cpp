@@ -47,6 +47,14 @@ FileReport munich()
     report.position = Position{48.1, -11.5};
     report.taken = "2026-05-03T14:03:22";
     report.modifiedTime = "2026-05-04T00:00:00Z";
+    report.namedPlace = NamedPlace{.words = "Near M\u00fcnchen, Germany",
+                                   .country = "DE",
+                                   .countryName = "Germany",
+                                   .sea = "",
+                                   .zone = "Europe/Berlin",
+                                   .town = "M\u00fcnchen",
+                                   .distance = 1200.0,
+                                   .bearing = 45.0};
     return report;
 }
 }  // namespace
@@ -61,7 +69,9 @@ TEST(appendJsonLine, writesAllKeysInTheirOrder)
               R"("sizeText":"16,777,216.0 TB","modified":"m","created":"c","coordinate":"N 48",)"
               R"("altitudeText":"-12 m","direction":"271.3","latitude":48.1,"longitude":-11.5,)"
               R"("taken":"2026-05-03T14:03:22","modifiedTime":"2026-05-04T00:00:00Z",)"
-              R"("createdTime":null})"
+              R"("createdTime":null,"place":{"words":"Near München, Germany","country":"DE",)"
+              R"("countryName":"Germany","sea":null,"town":"München","distance":1200.0,)"
+              R"("bearing":45.0,"zone":"Europe/Berlin"}})"
               "\n");
 }
 
@@ -93,6 +103,15 @@ TEST(appendJsonLine, writesNullForThePlaceOfARefusedFile)
     }
     EXPECT_EQ(object["sizeText"], "16,777,216.0 TB");
     EXPECT_EQ(object.size(), ordered_json::parse(lineOf(munich())).size());
+}
+
+TEST(appendJsonLine, writesNullForAPlaceWithoutAName)
+{
+    FileReport report = munich();
+    report.namedPlace.reset();
+    const ordered_json object = ordered_json::parse(lineOf(report));
+    ASSERT_TRUE(object.contains("place"));
+    EXPECT_TRUE(object["place"].is_null());
 }
 
 TEST(appendJsonLine, writesNullForNaNAndInfinity)

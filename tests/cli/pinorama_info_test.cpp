@@ -10,6 +10,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <filesystem>
 #include <nlohmann/json.hpp>
 #include <sstream>
 #include <string>
@@ -139,12 +140,43 @@ TEST_F(pinoramaInfo, writesOneObjectPerFileWithTheKeysInOrder)
         "refLatti",  "refLongi", "altitude",     "distance",     "azimuth",   "tilt",
         "city",      "state",    "country",      "description",  "size",      "sizeText",
         "modified",  "created",  "coordinate",   "altitudeText", "direction", "latitude",
-        "longitude", "taken",    "modifiedTime", "createdTime"};
+        "longitude", "taken",    "modifiedTime", "createdTime",  "place"};
     for (const ordered_json& object : objects) {
         std::vector<std::string> found;
         for (const auto& [key, value] : object.items()) found.push_back(key);
         EXPECT_EQ(found, keys);
     }
+}
+
+TEST_F(pinoramaInfo, namesThePlaceOfAPicture)
+{
+    const ordered_json place = objectsOf(run({"--json", located_}).out).at(0)["place"];
+    EXPECT_EQ(place["country"], "DE");
+    EXPECT_EQ(place["countryName"], "Germany");
+    EXPECT_TRUE(place["sea"].is_null());
+    EXPECT_EQ(place["zone"], "Europe/Berlin");
+    ASSERT_TRUE(place["town"].is_string());
+    EXPECT_LT(place["distance"].get<double>(), 10000);
+    const std::string words = place["words"];
+    EXPECT_NE(words.find(place["town"].get<std::string>() + ", Germany"), std::string::npos)
+        << words;
+    EXPECT_NE(run({located_}).out.find("\nPlace:        " + words + "\n"), std::string::npos);
+    EXPECT_TRUE(objectsOf(run({"--json", plain_}).out).at(0)["place"].is_null());
+    EXPECT_EQ(run({plain_}).out.find("Place:"), std::string::npos);
+}
+
+TEST_F(pinoramaInfo, doesWithoutThePlacesFile)
+{
+    const test::TemporaryFolder resources;
+    std::filesystem::create_directory_symlink(PINORAMA_SOURCE_FOLDER "/resources/strings",
+                                              resources.file("strings"));
+    const test::ScopedVariable variable("PINORAMA_RESOURCES", resources.path().c_str());
+    const test::ProgramResult result = run({"--json", located_});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.err, "");
+    const ordered_json object = objectsOf(result.out).at(0);
+    EXPECT_EQ(object["result"], 0);
+    EXPECT_TRUE(object["place"].is_null());
 }
 
 TEST_F(pinoramaInfo, printsThePlaceOfAPicture)

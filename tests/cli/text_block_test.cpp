@@ -33,3 +33,14 @@ TEST(appendTextBlock, writesOneLinePerField)
               "Country:\n"
               "Caption:      two lines\n");
 }
+
+TEST(appendTextBlock, writesThePlaceInWordsIfItHasAny)
+{
+    FileReport report{};
+    report.namedPlace = NamedPlace{};
+    report.namedPlace->words = "Near Rome, Italy";
+    std::string block;
+    appendTextBlock(report, &block);
+    EXPECT_NE(block.find("Direction:\nPlace:        Near Rome, Italy\nCity:\n"), std::string::npos)
+        << block;
+}
