@@ -81,6 +81,8 @@ constinit const FileManagerKind kPCManFMQt = {
         return std::make_unique<PCManFMQtWindow>(process);
     },
     .isDesktop = [](Role role, const QDBusMessage&) { return role == Role::filler; },
+    // The status bar changes half a second after the selection.
+    .reportsByNames = true,
 };
 
 }  // namespace pinorama
