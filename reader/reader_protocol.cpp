@@ -270,7 +270,7 @@ std::array<std::uint8_t, kReportSize> encodeReport(std::chrono::nanoseconds proc
 {
     MessageWriter message;
     message.put64(static_cast<std::uint64_t>(processorTime.count()));
-    std::array<std::uint8_t, kReportSize> bytes;
+    std::array<std::uint8_t, kReportSize> bytes{};
     std::copy(message.bytes().begin(), message.bytes().end(), bytes.begin());
     return bytes;
 }

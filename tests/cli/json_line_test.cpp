@@ -81,10 +81,10 @@ TEST(appendJsonLine, writesTheSourcesOfValuesWhereMoreIsRead)
     EXPECT_FALSE(ordered_json::parse(lineOf(report)).contains("source"));
     report.source = SourceReport{.position = "exif", .city = "sidecar"};
     const std::string line = lineOf(report);
-    EXPECT_TRUE(line.ends_with(R"(,"source":"exif","altitudeSource":null,"directionSource":null,)"
-                               R"("citySource":"sidecar","stateSource":null,"countrySource":null,)"
-                               R"("descriptionSource":null})"
-                               "\n"))
+    EXPECT_NE(line.find(R"(,"source":"exif","altitudeSource":null,"directionSource":null,)"
+                        R"("citySource":"sidecar","stateSource":null,"countrySource":null,)"
+                        R"("descriptionSource":null)"),
+              std::string::npos)
         << line;
 }
 
