@@ -108,10 +108,18 @@ void setWindowIcon()
     QApplication::setWindowIcon(drawnIcon(QStringLiteral("icon"), {16, 32, 48, 64}));
 }
 
+// The connection is closed at the end: Qt's thread for it would go on with the bus's messages while
+// the program ends, and complain that types are gone.
 int showInOther(const std::string& path)
 {
-    ApplicationBus bus(QDBusConnection::sessionBus());
-    if (showInOpenWindow(bus, path)) return 0;
+    const QString name = QStringLiteral("show");
+    bool isShown = false;
+    {
+        ApplicationBus bus(QDBusConnection::connectToBus(QDBusConnection::SessionBus, name));
+        isShown = showInOpenWindow(bus, path);
+    }
+    QDBusConnection::disconnectFromBus(name);
+    if (isShown) return 0;
     printDiagnostic("the running program does not answer");
     return kFailed;
 }
