@@ -159,8 +159,8 @@ void FrameReader::store(const SelectedItems& selected)
     // If one of the items has no path, showing the others would show a selection that is not there.
     const std::size_t count = selected.path ? 1 : selected.items.size();
     if (paths.size() != count) paths.clear();
-    paths_.reset();
-    if (count != 1 || !paths.empty()) paths_.emplace(std::move(paths));
+    const bool isKnown = count != 1 || !paths.empty();
+    paths_ = isKnown ? std::optional(std::move(paths)) : std::nullopt;
     // Of several it stays, because Dolphin may still say that there is only one.
     if (selected.items.size() <= 1)
         item_ = selected.items.empty() ? Accessible{} : selected.items.front().item;
