@@ -431,7 +431,10 @@ TEST(serveInChildren, aProcessThatDiesBeforeItsPictureIsReplaced)
             return spare.size() == 1;
         }));
         kill(spare.front(), SIGKILL);
-        ASSERT_TRUE(waitUntil([&] { return childrenOf(client.processID()).empty(); }));
+        ASSERT_TRUE(waitUntil([&] {
+            const std::vector<pid_t> left = childrenOf(client.processID());
+            return std::find(left.begin(), left.end(), spare.front()) == left.end();
+        }));
     }
 }
 
