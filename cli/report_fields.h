@@ -11,6 +11,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 namespace pinorama {
 
@@ -39,27 +40,40 @@ void visitNearness(const FileReport& report, Fields& fields)
     fields.add("bearing", report.nearness ? Number(report.nearness->bearing) : Number());
 }
 
-// Visits the numbers of the record that have no other column in the table. Its altitude is left
-// out: it is that column, but for the 0 of a picture without one.
-template <typename Fields>
-void visitRecord(const FileReport& report, Fields& fields)
+// Visits one value of the place; nothing if there is no place.
+template <typename Fields, typename Value>
+void visitOfPlace(const FileReport& report, Fields& fields, const char* key,
+                  Value PlaceReport::*value)
 {
     if (!report.place) {
-        for (const char* key :
-             {"result", "latti", "longi", "refLatti", "refLongi", "distance", "azimuth", "tilt"}) {
-            fields.addNothing(key);
-        }
-        return;
+        fields.addNothing(key);
+    } else if constexpr (std::is_same_v<Value, double>) {
+        fields.add(key, std::optional((*report.place).*value));
+    } else if constexpr (std::is_same_v<Value, std::string>) {
+        fields.add(key, std::string_view((*report.place).*value));
+    } else {
+        fields.add(key, (*report.place).*value);
     }
-    const PlaceReport& place = *report.place;
-    fields.add("result", place.result);
-    fields.add("latti", std::optional(place.latitude));
-    fields.add("longi", std::optional(place.longitude));
-    fields.add("refLatti", std::string_view(place.latitudeLetter));
-    fields.add("refLongi", std::string_view(place.longitudeLetter));
-    fields.add("distance", std::optional(place.distance));
-    fields.add("azimuth", std::optional(place.azimuth));
-    fields.add("tilt", std::optional(place.tilt));
+}
+
+enum class WithAltitude { no, yes };
+
+// Visits the numbers of the record. The table leaves out the altitude: it is a column already, but
+// for the 0 of a picture without one.
+template <typename Fields>
+void visitRecord(const FileReport& report, Fields& fields, WithAltitude withAltitude)
+{
+    visitOfPlace(report, fields, "result", &PlaceReport::result);
+    visitOfPlace(report, fields, "latti", &PlaceReport::latitude);
+    visitOfPlace(report, fields, "longi", &PlaceReport::longitude);
+    visitOfPlace(report, fields, "refLatti", &PlaceReport::latitudeLetter);
+    visitOfPlace(report, fields, "refLongi", &PlaceReport::longitudeLetter);
+    if (withAltitude == WithAltitude::yes) {
+        visitOfPlace(report, fields, "altitude", &PlaceReport::altitude);
+    }
+    visitOfPlace(report, fields, "distance", &PlaceReport::distance);
+    visitOfPlace(report, fields, "azimuth", &PlaceReport::azimuth);
+    visitOfPlace(report, fields, "tilt", &PlaceReport::tilt);
 }
 
 // Calls fields.add(key, value) for each field of an object, with a text, an optional text, a bool,
@@ -71,28 +85,11 @@ void visitFields(const FileReport& report, Fields& fields)
     fields.add("path", std::string_view(report.path));
     fields.add("name", std::string_view(report.name));
     fields.add("accepted", report.isAccepted);
-    if (report.place) {
-        const PlaceReport& place = *report.place;
-        fields.add("result", place.result);
-        fields.add("latti", std::optional(place.latitude));
-        fields.add("longi", std::optional(place.longitude));
-        fields.add("refLatti", std::string_view(place.latitudeLetter));
-        fields.add("refLongi", std::string_view(place.longitudeLetter));
-        fields.add("altitude", std::optional(place.altitude));
-        fields.add("distance", std::optional(place.distance));
-        fields.add("azimuth", std::optional(place.azimuth));
-        fields.add("tilt", std::optional(place.tilt));
-        fields.add("city", place.city);
-        fields.add("state", place.state);
-        fields.add("country", place.country);
-        fields.add("description", place.description);
-    } else {
-        for (const char* key :
-             {"result", "latti", "longi", "refLatti", "refLongi", "altitude", "distance", "azimuth",
-              "tilt", "city", "state", "country", "description"}) {
-            fields.addNothing(key);
-        }
-    }
+    visitRecord(report, fields, WithAltitude::yes);
+    visitOfPlace(report, fields, "city", &PlaceReport::city);
+    visitOfPlace(report, fields, "state", &PlaceReport::state);
+    visitOfPlace(report, fields, "country", &PlaceReport::country);
+    visitOfPlace(report, fields, "description", &PlaceReport::description);
     fields.add("size", report.size);
     fields.add("sizeText", std::string_view(report.sizeText));
     fields.add("modified", std::string_view(report.modified));
@@ -140,7 +137,7 @@ void visitColumns(const FileReport& report, CsvColumns columns, Fields& fields)
     fields.add("created", textOrNothing(report.createdTime));
     if (!columns.isRaw) return;
     fields.add("accepted", report.isAccepted);
-    visitRecord(report, fields);
+    visitRecord(report, fields, WithAltitude::no);
     fields.add("sizeText", std::string_view(report.sizeText));
     fields.add("modifiedText", std::string_view(report.modified));
     fields.add("createdText", std::string_view(report.created));
