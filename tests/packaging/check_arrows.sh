@@ -53,7 +53,6 @@ while read -r target folder links; do
         *PNG::*) may_use "$folder" libpng || complain "$target links libpng" ;;
         *GEOGRAPHICLIB*) may_use "$folder" GeographicLib || complain "$target links GeographicLib" ;;
         *LibRaw*) may_use "$folder" LibRaw || complain "$target links LibRaw" ;;
-        *GeographicLib*) may_use "$folder" GeographicLib || complain "$target links GeographicLib" ;;
         SQLite::*) may_use "$folder" SQLite || complain "$target links SQLite" ;;
         nlohmann_json::*) may_use "$folder" nlohmann-json || complain "$target links nlohmann-json" ;;
         *) complain "$target links $link, of which the table says nothing" ;;
