@@ -8,7 +8,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <limits>
 
 #include <sys/stat.h>
@@ -29,18 +28,13 @@ PlacesFile smallWorld()
 
 class PlaceFinderFile : public ::testing::Test {
 protected:
-    std::string write(const std::vector<std::uint8_t>& bytes)
+    std::string write(const std::vector<std::uint8_t>& bytes) const
     {
-        const std::string path = ::testing::TempDir() + "places_finder_test.bin";
-        std::ofstream(path, std::ios::binary)
-            .write(reinterpret_cast<const char*>(bytes.data()),
-                   static_cast<std::streamsize>(bytes.size()));
-        return path;
+        return folder_.write("places.bin",
+                             {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
     }
-    void TearDown() override
-    {
-        std::filesystem::remove(::testing::TempDir() + "places_finder_test.bin");
-    }
+
+    test::TemporaryFolder folder_;
 };
 }  // namespace
 
@@ -121,7 +115,7 @@ TEST_F(PlaceFinderFile, opensTheFileForTheFirstPlaceOnly)
 TEST_F(PlaceFinderFile, findsNothingInOtherFiles)
 {
     EXPECT_FALSE(PlaceFinder("/nonexistent/places.bin").find(5, 5));
-    EXPECT_FALSE(PlaceFinder(::testing::TempDir()).find(5, 5));
+    EXPECT_FALSE(PlaceFinder(folder_.path()).find(5, 5));
     EXPECT_FALSE(PlaceFinder("/dev/zero").find(5, 5));
     EXPECT_FALSE(PlaceFinder(write({})).find(5, 5));
     EXPECT_FALSE(PlaceFinder(write(std::vector<std::uint8_t>(7 * 1024 * 1024))).find(5, 5));
@@ -132,8 +126,7 @@ TEST_F(PlaceFinderFile, findsNothingInOtherFiles)
 
 TEST_F(PlaceFinderFile, doesNotWaitForAPipe)
 {
-    const std::string path = ::testing::TempDir() + "places_finder_test.pipe";
+    const std::string path = folder_.file("pipe");
     ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
     EXPECT_FALSE(PlaceFinder(path).find(5, 5));
-    std::filesystem::remove(path);
 }
