@@ -269,7 +269,7 @@ TEST_F(OpenerClient, neverHasMoreThanFour)
     disks[0].reset();
     EXPECT_TRUE(goesOnUntil([this] { return client_.stage() == OpenStage::done; }));
     EXPECT_EQ(textOf(client_.file()), "home");
-    EXPECT_EQ(client_.countAtWork(), 2u);
+    EXPECT_TRUE(goesOnUntil([this] { return client_.countAtWork() == 2; }));  // the other disks
 }
 
 TEST_F(OpenerClient, goesOnWhenTheDiskDoes)
