@@ -82,6 +82,15 @@ class Follow:
         self.desktop.keys(*keys)
         time.sleep(0.8)
 
+    def search(self, text):
+        """Shows what a search below the open folder finds."""
+        self.desktop.keys("ctrl+f")
+        time.sleep(1)
+        self.desktop.xdotool("type", "--delay", 60, text)
+        self.desktop.keys("Return")
+        time.sleep(2)
+        self.desktop.clickEmptySpace(self.window, 0.6)
+
     def selectFirst(self):
         self.desktop.clickEmptySpace(self.window)
         self.desktop.keys("Home", self.step, "Home")

@@ -233,12 +233,7 @@ def resultsOfASearch(follow):
     follow.switchView("list")
     follow.selectNamed(follow.window, follow.pictures, b"d.nef")
     try:
-        follow.desktop.keys("ctrl+f")
-        time.sleep(1)
-        follow.desktop.xdotool("type", "--delay", 60, "c.jpg")
-        follow.desktop.keys("Return")
-        time.sleep(2)
-        follow.desktop.clickEmptySpace(follow.window, 0.6)
+        follow.search("c.jpg")
         follow.desktop.keys("Home")
         seen = []
         for _ in range(3):  # the first key may only select the first of the two

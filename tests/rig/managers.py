@@ -28,6 +28,7 @@ class Manager:
     extra: dict = field(default_factory=dict)  # environment
     expand: str = ""               # key that opens a folder within the list view; "" for none
     tellsFolders: bool = True      # whether the items of such a folder can be told from the others
+    searches: bool = False         # whether Ctrl+F searches the open folder and those below it
     findsLocations: bool = None    # whether results of a search show their folders; None: not tested
     desktop: list = None           # command that draws desktop icons
     goTo: tuple = ("ctrl+l",)      # keys to press before typing a URL to go to
@@ -48,22 +49,22 @@ LIST = "Down"
 MANAGERS = [
     Manager("nautilus", ["nautilus", "--new-window"], "nautilus",
             views={"icons": (["ctrl+2"], ICONS), "list": (["ctrl+1"], LIST)}, reportsSeveral=True,
-            hidesUnseen=(48,)),
+            searches=True, hidesUnseen=(48,)),
     Manager("nemo", ["nemo", "--no-desktop"], "nemo",
             views={"icons": (["ctrl+1"], ICONS), "list": (["ctrl+2"], LIST),
                    "compact": (["ctrl+3"], LIST)},
-            split="F3", expand="Right", findsLocations=True, desktop=["nemo-desktop"],
+            split="F3", expand="Right", searches=True, findsLocations=True, desktop=["nemo-desktop"],
             reportsSeveral=True),
     Manager("caja", ["caja", "--no-desktop", "--browser"], "caja",
             views={"icons": (["ctrl+1"], ICONS), "list": (["ctrl+2"], LIST),
                    "compact": (["ctrl+3"], LIST)},
-            split="F3", expand="shift+Right", findsLocations=False,
+            split="F3", expand="shift+Right", searches=True, findsLocations=False,
             desktop=["caja", "--force-desktop", "--no-default-window"],
             reportsSeveral=True),
     Manager("thunar", ["thunar"], "thunar",
             views={"icons": (["ctrl+1"], ICONS), "list": (["ctrl+2"], LIST),
                    "compact": (["ctrl+3"], LIST)},
-            split="F3", findsLocations=True, hidesMalformed=(4, 20)),
+            split="F3", searches=True, findsLocations=True, hidesMalformed=(4, 20)),
     Manager("pcmanfm", ["pcmanfm", "-n"], "pcmanfm",
             views={"icons": (["ctrl+1"], ICONS), "compact": (["ctrl+2"], LIST),
                    "list": (["ctrl+4"], LIST)},
@@ -78,7 +79,7 @@ MANAGERS = [
     Manager("dolphin", ["dolphin", "--new-window"], "dolphin", "Qt",
             views={"icons": (["ctrl+1"], ICONS), "compact": (["ctrl+2"], LIST),
                    "list": (["ctrl+3"], LIST)},
-            split="F3", expand="Right", tellsFolders=False, trash="trash:/",
+            split="F3", expand="Right", searches=True, tellsFolders=False, trash="trash:/",
             remote="webdav"),
 ]
 
