@@ -1,5 +1,6 @@
 #include "app/place_actions.h"
 
+#include "app/copy_menu.h"
 #include "app/export_dialog.h"
 #include "app/export_notice.h"
 #include "app/main_window.h"
@@ -22,7 +23,11 @@
 namespace pinorama {
 
 PlaceActions::PlaceActions(MainWindow& window, UrlOpener& opener, Shown shown)
-    : window_(window), opener_(opener), shown_(shown), globes_(opener)
+    : window_(window),
+      opener_(opener),
+      shown_(shown),
+      globes_(opener),
+      copyMenu_(new CopyMenu(shown.info, shown.path, &window))
 {
     connectControls();
     connectCopying();
@@ -71,6 +76,10 @@ void PlaceActions::connectCopying()
         connect(coordinate, &WrappedField::textChanged, action,
                 [coordinate, action] { action->setEnabled(!coordinate->text().isEmpty()); });
     }
+    window_.gpsCoordinateField->addAction(copyMenu_->menuAction());
+    const QList<QAction*> items = window_.pictureMenu->actions();
+    window_.pictureMenu->insertMenu(items.value(items.indexOf(window_.copyDecimalAction) + 1),
+                                    copyMenu_);
 }
 
 void PlaceActions::setEnabled(bool enabled)
@@ -84,6 +93,7 @@ void PlaceActions::setEnabled(bool enabled)
                             window_.exportKMLAction, window_.webServicesAction}) {
         action->setEnabled(enabled);
     }
+    copyMenu_->setHasPlace(enabled);
     window_.geoTagField->setVisible(enabled);
 }
 

@@ -1,5 +1,5 @@
 // What one can do with the place of the picture that is shown: open it in a map service or in the
-// cataloguing program, fly a globe program to it, export it, and copy its coordinate. The buttons
+// cataloguing program, fly a globe program to it, export it, and copy it. The buttons
 // and menu items of the window lead here.
 
 #pragma once
@@ -17,6 +17,7 @@
 
 namespace pinorama {
 
+class CopyMenu;
 class MainWindow;
 
 class PlaceActions : public QObject {
@@ -80,7 +81,8 @@ private:
     Shown shown_;
     GlobePrograms globes_;
     PortalChooser portal_;
-    Export export_;  // what the portal asks about
+    CopyMenu* copyMenu_;  // the window's
+    Export export_;       // what the portal asks about
 };
 
 }  // namespace pinorama

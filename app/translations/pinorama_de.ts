@@ -51,6 +51,41 @@
     </message>
 </context>
 <context>
+    <name>pinorama::CopyMenu</name>
+    <message>
+        <source>Copy &amp;It As</source>
+        <extracomment>The menu of the forms in which a place can be copied</extracomment>
+        <translation>Kop&amp;ieren als</translation>
+    </message>
+    <message>
+        <source>As Shown</source>
+        <translation>Wie angezeigt</translation>
+    </message>
+    <message>
+        <source>Decimal Degrees</source>
+        <translation>Dezimalgrad</translation>
+    </message>
+    <message>
+        <source>Degrees and Decimal Minutes</source>
+        <translation>Grad und Dezimalminuten</translation>
+    </message>
+    <message>
+        <source>geo: Address</source>
+        <extracomment>An address that begins with &quot;geo:&quot;, which map programs take</extracomment>
+        <translation>geo:-Adresse</translation>
+    </message>
+    <message>
+        <source>Place in Words</source>
+        <extracomment>Copies &quot;Near Ushuaia, Argentina&quot;</extracomment>
+        <translation>Ort in Worten</translation>
+    </message>
+    <message>
+        <source>Link to %1</source>
+        <extracomment>%1 is a map service, such as OpenStreetMap</extracomment>
+        <translation>Link zu %1</translation>
+    </message>
+</context>
+<context>
     <name>pinorama::ExportDialog</name>
     <message>
         <source>KML files (*.kml)</source>

@@ -51,6 +51,41 @@
     </message>
 </context>
 <context>
+    <name>pinorama::CopyMenu</name>
+    <message>
+        <source>Copy &amp;It As</source>
+        <extracomment>The menu of the forms in which a place can be copied</extracomment>
+        <translation>Co&amp;pia come</translation>
+    </message>
+    <message>
+        <source>As Shown</source>
+        <translation>Come mostrato</translation>
+    </message>
+    <message>
+        <source>Decimal Degrees</source>
+        <translation>Gradi decimali</translation>
+    </message>
+    <message>
+        <source>Degrees and Decimal Minutes</source>
+        <translation>Gradi e minuti decimali</translation>
+    </message>
+    <message>
+        <source>geo: Address</source>
+        <extracomment>An address that begins with &quot;geo:&quot;, which map programs take</extracomment>
+        <translation>Indirizzo geo:</translation>
+    </message>
+    <message>
+        <source>Place in Words</source>
+        <extracomment>Copies &quot;Near Ushuaia, Argentina&quot;</extracomment>
+        <translation>Luogo in parole</translation>
+    </message>
+    <message>
+        <source>Link to %1</source>
+        <extracomment>%1 is a map service, such as OpenStreetMap</extracomment>
+        <translation>Collegamento a %1</translation>
+    </message>
+</context>
+<context>
     <name>pinorama::ExportDialog</name>
     <message>
         <source>KML files (*.kml)</source>

@@ -51,6 +51,41 @@
     </message>
 </context>
 <context>
+    <name>pinorama::CopyMenu</name>
+    <message>
+        <source>Copy &amp;It As</source>
+        <extracomment>The menu of the forms in which a place can be copied</extracomment>
+        <translation>形式を選んでコピー(&amp;I)</translation>
+    </message>
+    <message>
+        <source>As Shown</source>
+        <translation>表示どおり</translation>
+    </message>
+    <message>
+        <source>Decimal Degrees</source>
+        <translation>10 進数の度</translation>
+    </message>
+    <message>
+        <source>Degrees and Decimal Minutes</source>
+        <translation>度と 10 進数の分</translation>
+    </message>
+    <message>
+        <source>geo: Address</source>
+        <extracomment>An address that begins with &quot;geo:&quot;, which map programs take</extracomment>
+        <translation>geo: アドレス</translation>
+    </message>
+    <message>
+        <source>Place in Words</source>
+        <extracomment>Copies &quot;Near Ushuaia, Argentina&quot;</extracomment>
+        <translation>言葉で表した場所</translation>
+    </message>
+    <message>
+        <source>Link to %1</source>
+        <extracomment>%1 is a map service, such as OpenStreetMap</extracomment>
+        <translation>%1 へのリンク</translation>
+    </message>
+</context>
+<context>
     <name>pinorama::ExportDialog</name>
     <message>
         <source>KML files (*.kml)</source>

@@ -51,6 +51,41 @@
     </message>
 </context>
 <context>
+    <name>pinorama::CopyMenu</name>
+    <message>
+        <source>Copy &amp;It As</source>
+        <extracomment>The menu of the forms in which a place can be copied</extracomment>
+        <translation>Kopiëren a&amp;ls</translation>
+    </message>
+    <message>
+        <source>As Shown</source>
+        <translation>Zoals getoond</translation>
+    </message>
+    <message>
+        <source>Decimal Degrees</source>
+        <translation>Decimale graden</translation>
+    </message>
+    <message>
+        <source>Degrees and Decimal Minutes</source>
+        <translation>Graden en decimale minuten</translation>
+    </message>
+    <message>
+        <source>geo: Address</source>
+        <extracomment>An address that begins with &quot;geo:&quot;, which map programs take</extracomment>
+        <translation>geo:-adres</translation>
+    </message>
+    <message>
+        <source>Place in Words</source>
+        <extracomment>Copies &quot;Near Ushuaia, Argentina&quot;</extracomment>
+        <translation>Plaats in woorden</translation>
+    </message>
+    <message>
+        <source>Link to %1</source>
+        <extracomment>%1 is a map service, such as OpenStreetMap</extracomment>
+        <translation>Koppeling naar %1</translation>
+    </message>
+</context>
+<context>
     <name>pinorama::ExportDialog</name>
     <message>
         <source>KML files (*.kml)</source>

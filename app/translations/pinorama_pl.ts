@@ -51,6 +51,41 @@
     </message>
 </context>
 <context>
+    <name>pinorama::CopyMenu</name>
+    <message>
+        <source>Copy &amp;It As</source>
+        <extracomment>The menu of the forms in which a place can be copied</extracomment>
+        <translation>Kopiuj &amp;jako</translation>
+    </message>
+    <message>
+        <source>As Shown</source>
+        <translation>Tak jak wyświetlono</translation>
+    </message>
+    <message>
+        <source>Decimal Degrees</source>
+        <translation>Stopnie dziesiętne</translation>
+    </message>
+    <message>
+        <source>Degrees and Decimal Minutes</source>
+        <translation>Stopnie i minuty dziesiętne</translation>
+    </message>
+    <message>
+        <source>geo: Address</source>
+        <extracomment>An address that begins with &quot;geo:&quot;, which map programs take</extracomment>
+        <translation>Adres geo:</translation>
+    </message>
+    <message>
+        <source>Place in Words</source>
+        <extracomment>Copies &quot;Near Ushuaia, Argentina&quot;</extracomment>
+        <translation>Miejsce w słowach</translation>
+    </message>
+    <message>
+        <source>Link to %1</source>
+        <extracomment>%1 is a map service, such as OpenStreetMap</extracomment>
+        <translation>Łącze do %1</translation>
+    </message>
+</context>
+<context>
     <name>pinorama::ExportDialog</name>
     <message>
         <source>KML files (*.kml)</source>

@@ -1,47 +1,16 @@
 // Positions in UTM and MGRS, and back by GeographicLib.
 
 #include "places/grids/grid_texts.h"
+#include "tests/places/grid_readers.h"
 #include "tests/places/sphere.h"
 
 #include <gtest/gtest.h>
 
-#include <GeographicLib/MGRS.hpp>
-#include <GeographicLib/UTMUPS.hpp>
-
-#include <algorithm>
 #include <limits>
 #include <random>
-#include <sstream>
+#include <string>
 
 using namespace pinorama;
-
-namespace {
-Position readUtm(const std::string& text)
-{
-    int zone = 0;
-    char band = 0;
-    double easting = 0, northing = 0;
-    std::istringstream(text) >> zone >> band >> easting >> northing;
-    Position position{};
-    GeographicLib::UTMUPS::Reverse(zone, band >= 'N', easting, northing, position.latitude,
-                                   position.longitude);
-    return position;
-}
-
-// The middle of the square that the text names.
-Position readMgrs(std::string text)
-{
-    text.erase(std::remove(text.begin(), text.end(), ' '), text.end());
-    int zone = 0, digits = 0;
-    bool isNorth = false;
-    double easting = 0, northing = 0;
-    GeographicLib::MGRS::Reverse(text, zone, isNorth, easting, northing, digits);
-    Position position{};
-    GeographicLib::UTMUPS::Reverse(zone, isNorth, easting, northing, position.latitude,
-                                   position.longitude);
-    return position;
-}
-}  // namespace
 
 // The numbers are those of Krueger's series, computed apart from GeographicLib.
 TEST(utmText, namesZoneBandAndMetres)
