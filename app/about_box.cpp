@@ -23,6 +23,14 @@ QString librariesAsLines()
         .arg(QLatin1String(qVersion()));
 }
 
+// Where the places come from and what the sources ask for. Names, in every language.
+QString sourcesOfPlacesAsLines()
+{
+    return QStringLiteral(
+        "GeoNames (CC BY 4.0), <a href=\"https://www.geonames.org\">www.geonames.org</a><br>"
+        "country-coder (ISC)<br>Natural Earth (public domain), world-atlas (ISC)");
+}
+
 // A link to the home page; nothing if there is none.
 QString homePageAsParagraph()
 {
@@ -42,12 +50,13 @@ void appShowAboutBox(QWidget* parent)
     box->setTextFormat(Qt::RichText);
     box->setText(QStringLiteral("<b>Pinorama " PINORAMA_VERSION "</b>"));
     box->setInformativeText(
-        QStringLiteral("<p>%1</p>%2<p>%3</p><p>%4<br>%5</p>")
+        QStringLiteral("<p>%1</p>%2<p>%3</p><p>%4<br>%5</p><p>%6<br>%7</p>")
             .arg(AboutBox::tr("Shows where the picture selected in the file manager was taken."),
                  homePageAsParagraph(),
                  AboutBox::tr("Free software under the GNU General Public License, version 3 or "
                               "later. It comes with no warranty."),
-                 AboutBox::tr("Made with these libraries:"), librariesAsLines()));
+                 AboutBox::tr("Made with these libraries:"), librariesAsLines(),
+                 AboutBox::tr("Places and map are made from:"), sourcesOfPlacesAsLines()));
     box->setTextInteractionFlags(Qt::TextBrowserInteraction);
     box->setStandardButtons(QMessageBox::Close);
     box->open();

@@ -43,6 +43,7 @@ AppController::AppController(SelectionSource* selection, UrlOpener* opener,
     : window_(furnished(std::move(window))),
       opener_(opener != nullptr ? *opener : desktopOpener_),
       fields_(*window_),
+      place_(*window_),
       reading_(*window_),
       actions_(*window_, opener_, {info, lastPath}),
       intake_(*window_, selection)
@@ -228,6 +229,7 @@ bool AppController::show(const std::string& path, TovStringRef text)
     if (!isAccepted) {
         fields_.clearPosition();
         fields_.clearPlaceTexts();
+        place_.clear();
         actions_.setEnabled(false);
     }
     // Nearly always the file is opened, and showOpened called, before this returns.
@@ -267,7 +269,12 @@ void AppController::showPlaceRead(std::int32_t status)
     const bool hasPlace = info.latti != 0.0 || info.longi != 0.0;
     // Without a place its texts stay as they are: they may be those of the picture before. With one
     // coordinate of zero the actions are there although nothing new was shown.
-    if (!hasPlace) fields_.clearPosition();
+    if (hasPlace) {
+        place_.show(info);
+    } else {
+        fields_.clearPosition();
+        place_.clear();
+    }
     actions_.setEnabled(hasPlace);
 }
 

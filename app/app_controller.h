@@ -12,6 +12,7 @@
 #include "app/path_intake.h"
 #include "app/picture_reading.h"
 #include "app/place_actions.h"
+#include "app/place_fields.h"
 #include "desktop/url_opener.h"
 #include "lib/objects/collections.h"
 #include "lib/objects/string.h"
@@ -160,6 +161,7 @@ private:
     DesktopUrlOpener desktopOpener_;
     UrlOpener& opener_;
     FileFields fields_;
+    PlaceFields place_;
     PictureReading reading_;
     PlaceActions actions_;
     PathIntake intake_;

@@ -40,6 +40,7 @@ std::string windowReport(const MainWindow& window)
     std::string report;
     for (const auto& [name, field] :
          std::initializer_list<NamedField>{{"Name", window.fileNameField},
+                                           {"Place", window.placeField},
                                            {"Size", window.fileSizeField},
                                            {"Modified", window.fileModificationDateField},
                                            {"Created", window.fileCreationDateField},

@@ -33,7 +33,7 @@ WrappedField::WrappedField(QWidget* parent) : QPlainTextEdit(parent)
 {
     setReadOnly(true);
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    setFocusPolicy(Qt::StrongFocus);
+    setFocusPolicy(Qt::ClickFocus);
     setTabChangesFocus(true);
     setFrameShape(QFrame::NoFrame);
     setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
@@ -55,6 +55,8 @@ void WrappedField::setText(const QString& text)
     if (text == text_) return;
     text_ = text;
     setPlainText(shownText(text));
+    // With nothing in it the field is no stop on the way through the window.
+    setFocusPolicy(text.isEmpty() ? Qt::ClickFocus : Qt::StrongFocus);
 }
 
 void WrappedField::setMaximumLines(int lines)

@@ -19,6 +19,10 @@
         <source>Made with these libraries:</source>
         <translation>Bibliothèques utilisées&#xa0;:</translation>
     </message>
+    <message>
+        <source>Places and map are made from:</source>
+        <translation>Sources des lieux et de la carte&#xa0;:</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::AccessibilityNotice</name>
@@ -260,6 +264,11 @@
     <message>
         <source>Pinorama &amp;Manual</source>
         <translation>&amp;Manuel de Pinorama</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <extracomment>What a screen reader says before the place in words.</extracomment>
+        <translation>Lieu</translation>
     </message>
 </context>
 <context>

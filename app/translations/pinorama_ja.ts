@@ -19,6 +19,10 @@
         <source>Made with these libraries:</source>
         <translation>使用しているライブラリ:</translation>
     </message>
+    <message>
+        <source>Places and map are made from:</source>
+        <translation>地名と地図の出典:</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::AccessibilityNotice</name>
@@ -260,6 +264,11 @@
     <message>
         <source>Pinorama &amp;Manual</source>
         <translation>Pinorama マニュアル(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <extracomment>What a screen reader says before the place in words.</extracomment>
+        <translation>場所</translation>
     </message>
 </context>
 <context>

@@ -19,6 +19,10 @@
         <source>Made with these libraries:</source>
         <translation>Gebruikte bibliotheken:</translation>
     </message>
+    <message>
+        <source>Places and map are made from:</source>
+        <translation>Bronnen van de plaatsen en de kaart:</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::AccessibilityNotice</name>
@@ -260,6 +264,11 @@
     <message>
         <source>Pinorama &amp;Manual</source>
         <translation>&amp;Handleiding van Pinorama</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <extracomment>What a screen reader says before the place in words.</extracomment>
+        <translation>Plaats</translation>
     </message>
 </context>
 <context>

@@ -19,6 +19,10 @@
         <source>Made with these libraries:</source>
         <translation>使用的库：</translation>
     </message>
+    <message>
+        <source>Places and map are made from:</source>
+        <translation>地名和地图的来源：</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::AccessibilityNotice</name>
@@ -260,6 +264,11 @@
     <message>
         <source>Pinorama &amp;Manual</source>
         <translation>Pinorama 手册(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <extracomment>What a screen reader says before the place in words.</extracomment>
+        <translation>地点</translation>
     </message>
 </context>
 <context>

@@ -144,6 +144,7 @@ TEST_F(MainWindowTest, theTabKeyGoesFromTopToBottom)
     EXPECT_TRUE(showPicture("picture.jpg", kEverything));
     controller.showMainWindow();
     std::vector<std::string> expected(std::begin(kTextFields), std::end(kTextFields));
+    expected.insert(expected.begin() + 1, "placeField");
     for (const char* control : {"webServicesMenu", "showInGEButton", "searchInTovButton",
                                 "exportKMLButton", "syncCheckbox"})
         expected.emplace_back(control);
@@ -263,7 +264,7 @@ TEST_F(MainWindowTest, closingIsNotQuittingAndQuitIsInTheMenu)
         controller.myWindow->pictureMenu->actions().contains(controller.myWindow->quitAction));
 }
 
-TEST_F(MainWindowTest, theAboutBoxTellsVersionLicenceAndLibraries)
+TEST_F(MainWindowTest, theAboutBoxTellsVersionLicenceLibrariesAndSourcesOfPlaces)
 {
     controller.showMainWindow();
     controller.myWindow->aboutAction->trigger();
@@ -276,5 +277,7 @@ TEST_F(MainWindowTest, theAboutBoxTellsVersionLicenceAndLibraries)
     for (const char* library :
          {"Qt ", "ICU", "LibRaw", "libjpeg-turbo", "nlohmann-json", "libseccomp"})
         EXPECT_TRUE(words.contains(QLatin1String(library))) << library;
+    for (const char* source : {"GeoNames (CC BY 4.0)", "country-coder (ISC)", "Natural Earth"})
+        EXPECT_TRUE(words.contains(QLatin1String(source))) << source;
     box->close();
 }

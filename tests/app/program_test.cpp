@@ -178,7 +178,7 @@ TEST(program, printsWhatTheWindowShowsAndSavesItsPicture)
         run({"--print-and-save", folder.file("window.png"), "/missing.jpg",
              PINORAMA_SAMPLES "/Westernmost evening.jpg"});
     EXPECT_EQ(result.status, 0) << result.err;
-    for (const char* line : {"Name: Westernmost evening.jpg\n",
+    for (const char* line : {"Name: Westernmost evening.jpg\n", "\nPlace: Near Azoia, Portugal\n",
                              "\nCoordinate: N 38\xC2\xB0 46' 49.4\"   W 9\xC2\xB0 29' 56.0\"\n",
                              "\nAltitude: 140 m\n", "\nDirection: 271.3\n", "\nCity: Colares\n",
                              "\nCaption: Cabo da Roca, where the land ends and the sea begins.\n",

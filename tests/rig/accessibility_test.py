@@ -88,6 +88,7 @@ class AccessibilityTest(unittest.TestCase):
     def testTheTabKeyReachesEveryControlInOrder(self):
         self.desktop.activate(self.window)
         order = [(caption, "text") for caption in FIELDS]
+        order.insert(1, ("Place", "text"))
         order += [(name, role) for name, role, _ in CONTROLS]
         for name, role in order:
             self.desktop.keys("Tab")
