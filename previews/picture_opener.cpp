@@ -15,16 +15,17 @@ OpenerEvents* OpenerEvents::instance()
 {
     static QPointer<OpenerEvents> events;
     if (!events) {
-        events = new OpenerEvents;
+        events = new OpenerEvents(cuPictureOpener());
         events->setParent(QCoreApplication::instance());
     }
     return events;
 }
 
-OpenerEvents::OpenerEvents() : notifier_(cuPictureOpener().descriptor(), QSocketNotifier::Read)
+OpenerEvents::OpenerEvents(OpenerClient& opener)
+    : notifier_(opener.descriptor(), QSocketNotifier::Read)
 {
-    connect(&notifier_, &QSocketNotifier::activated, this, [this] {
-        cuPictureOpener().advance();
+    connect(&notifier_, &QSocketNotifier::activated, this, [this, &opener] {
+        opener.advance();
         Q_EMIT advanced();
     });
 }

@@ -17,21 +17,23 @@ namespace pinorama {
 // The openers of this process; started by the first request, or by cuReadPicturesElsewhere.
 OpenerClient& cuPictureOpener();
 
-// Takes in what the openers send while the event loop runs.
+// Takes in what openers send while the event loop runs.
 class OpenerEvents : public QObject {
     Q_OBJECT
 
 public:
-    // The instance that belongs to the application object, made on first use.
+    // The events of cuPictureOpener(). They belong to the application object and are made on first
+    // use.
     static OpenerEvents* instance();
+
+    // Those of other openers, which live longer.
+    explicit OpenerEvents(OpenerClient& opener);
 
 Q_SIGNALS:
     // The stage of what is wanted may have changed.
     void advanced();
 
 private:
-    OpenerEvents();
-
     QSocketNotifier notifier_;
 };
 

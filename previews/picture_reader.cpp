@@ -32,29 +32,28 @@ ReaderEvents* ReaderEvents::instance()
 {
     static QPointer<ReaderEvents> events;
     if (!events) {
-        events = new ReaderEvents;
+        events = new ReaderEvents(cuPictureReader());
         events->setParent(QCoreApplication::instance());
     }
     return events;
 }
 
-ReaderEvents::ReaderEvents()
+ReaderEvents::ReaderEvents(ReaderClient& reader) : reader_(reader)
 {
     timer_.setSingleShot(true);
     connect(&timer_, &QTimer::timeout, this, &ReaderEvents::advance);
-    cuPictureReader().setChangeHandler([this] { rearm(); });
+    reader_.setChangeHandler([this] { rearm(); });
     rearm();
 }
 
 ReaderEvents::~ReaderEvents()
 {
-    cuPictureReader().setChangeHandler({});
+    reader_.setChangeHandler({});
 }
 
 void ReaderEvents::rearm()
 {
-    const ReaderClient& reader = cuPictureReader();
-    const int socket = reader.socket();
+    const int socket = reader_.socket();
     if (notifier_ && notifier_->socket() != socket) {
         // It may be the one that is calling.
         notifier_->setEnabled(false);
@@ -65,8 +64,8 @@ void ReaderEvents::rearm()
         connect(notifier_.get(), &QSocketNotifier::activated, this, &ReaderEvents::advance);
     }
     // A result that came while a caller waited for another one is reported from the event loop.
-    const bool hasResult = reader.hasPreview() || reader.hasProperties();
-    const int left = hasResult ? 0 : reader.millisecondsLeft();
+    const bool hasResult = reader_.hasPreview() || reader_.hasProperties();
+    const int left = hasResult ? 0 : reader_.millisecondsLeft();
     if (left < 0) {
         timer_.stop();
     } else {
@@ -76,7 +75,7 @@ void ReaderEvents::rearm()
 
 void ReaderEvents::advance()
 {
-    cuPictureReader().advance();
+    reader_.advance();
     Q_EMIT advanced();
 }
 

@@ -26,13 +26,17 @@ ReaderClient& cuPictureReader();
 // window starts.
 void cuReadPicturesElsewhere();
 
-// Receives the reader's replies while the event loop runs.
+// Receives a reader's replies while the event loop runs.
 class ReaderEvents : public QObject {
     Q_OBJECT
 
 public:
-    // The instance that belongs to the application object, made on first use.
+    // The events of cuPictureReader(). They belong to the application object and are made on first
+    // use.
     static ReaderEvents* instance();
+
+    // Those of another reader, which lives longer.
+    explicit ReaderEvents(ReaderClient& reader);
     ~ReaderEvents() override;
 
 Q_SIGNALS:
@@ -41,10 +45,10 @@ Q_SIGNALS:
     void advanced();
 
 private:
-    ReaderEvents();
     void rearm();
     void advance();
 
+    ReaderClient& reader_;
     QTimer timer_;
     std::unique_ptr<QSocketNotifier> notifier_;
 };
