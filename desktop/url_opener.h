@@ -17,12 +17,16 @@ public:
     // Hands `url` (complete, percent-encoded, ASCII only) to its handler without a shell. Does not
     // report whether a handler is installed or what it does with the URL.
     virtual void open(const QByteArray& url) = 0;
+
+    // Whether a program takes such a URL. True where that is not known.
+    virtual bool isTaken(const QByteArray& /*url*/) const { return true; }
 };
 
 // Asks the desktop. A malformed URL, or one without a scheme, is dropped.
 class DesktopUrlOpener final : public UrlOpener {
 public:
     void open(const QByteArray& url) override;
+    bool isTaken(const QByteArray& url) const override;
 };
 
 }  // namespace pinorama

@@ -1,0 +1,103 @@
+// Which addresses programs of the desktop take, by lists in folders of the test's own.
+
+#include "desktop/scheme_handlers.h"
+#include "desktop/url_opener.h"
+#include "tests/support/environment.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+using namespace pinorama;
+
+namespace {
+class hasSchemeHandler : public testing::Test {
+protected:
+    // Writes a file at a path below the test's folder.
+    void write(const std::string& path, std::string_view bytes)
+    {
+        std::filesystem::create_directories(
+            std::filesystem::path(folder_.file(path)).parent_path());
+        (void)folder_.write(path, bytes);
+    }
+    void install(const std::string& name)
+    {
+        write(name, "[Desktop Entry]\nType=Application\nName=Catalogue\nExec=true %u\n");
+    }
+
+    const test::TemporaryFolder folder_;
+    const test::ScopedVariable config_{"XDG_CONFIG_HOME", folder_.file("config").c_str()};
+    const test::ScopedVariable configs_{"XDG_CONFIG_DIRS", folder_.file("configs").c_str()};
+    const test::ScopedVariable data_{"XDG_DATA_HOME", folder_.file("data").c_str()};
+    const test::ScopedVariable datas_{"XDG_DATA_DIRS", folder_.file("system").c_str()};
+    const test::ScopedVariable desktop_{"XDG_CURRENT_DESKTOP", "Odd:GNOME"};
+};
+
+constexpr std::string_view kDefault =
+    "[Default Applications]\nx-scheme-handler/skallion=catalogue.desktop;\n";
+}  // namespace
+
+TEST_F(hasSchemeHandler, findsNoneWithoutLists)
+{
+    EXPECT_FALSE(pinorama::hasSchemeHandler("skallion"));
+    EXPECT_FALSE(pinorama::hasSchemeHandler(""));
+}
+
+TEST_F(hasSchemeHandler, readsEveryList)
+{
+    install("system/applications/catalogue.desktop");
+    for (const char* list :
+         {"config/mimeapps.list", "config/gnome-mimeapps.list", "configs/mimeapps.list",
+          "data/applications/mimeapps.list", "system/applications/odd-mimeapps.list"}) {
+        SCOPED_TRACE(list);
+        write(list, kDefault);
+        EXPECT_TRUE(pinorama::hasSchemeHandler("skallion"));
+        EXPECT_FALSE(pinorama::hasSchemeHandler("skall"));
+        std::filesystem::remove(folder_.file(list));
+        EXPECT_FALSE(pinorama::hasSchemeHandler("skallion"));
+    }
+    write("system/applications/mimeinfo.cache",
+          "[MIME Cache]\nx-scheme-handler/other=a.desktop;\n"
+          "x-scheme-handler/skallion=gone.desktop;catalogue.desktop;");
+    EXPECT_TRUE(pinorama::hasSchemeHandler("skallion"));
+    EXPECT_FALSE(pinorama::hasSchemeHandler("other")) << "its entry is gone";
+}
+
+TEST_F(hasSchemeHandler, findsEntriesInSubfolders)
+{
+    install("data/applications/maker/new-catalogue.desktop");
+    write("config/mimeapps.list",
+          "[Added Associations]\nx-scheme-handler/skallion = maker-new-catalogue.desktop ;\n");
+    EXPECT_TRUE(pinorama::hasSchemeHandler("skallion"));
+}
+
+TEST_F(hasSchemeHandler, passesOverWhatTheUserHasRemoved)
+{
+    install("system/applications/catalogue.desktop");
+    write("system/applications/mimeinfo.cache",
+          "[MIME Cache]\nx-scheme-handler/skallion=catalogue.desktop;\n");
+    write("config/mimeapps.list",
+          "[Removed Associations]\nx-scheme-handler/skallion=catalogue.desktop;\n");
+    EXPECT_FALSE(pinorama::hasSchemeHandler("skallion"));
+}
+
+TEST_F(hasSchemeHandler, survivesListsThatAreNone)
+{
+    write("config/mimeapps.list", std::string(1000, '\0') + "x-scheme-handler/skallion\n=\n;=;");
+    write("data/applications/mimeinfo.cache",
+          "x-scheme-handler/skallion=../a.desktop;-a--;/;;-;\n");
+    EXPECT_FALSE(pinorama::hasSchemeHandler("skallion"));
+}
+
+TEST_F(hasSchemeHandler, saysWhatTheOpenerTakes)
+{
+    const DesktopUrlOpener opener;
+    EXPECT_FALSE(opener.isTaken("skallion://find/gps/"));
+    install("system/applications/catalogue.desktop");
+    write("config/mimeapps.list", kDefault);
+    EXPECT_TRUE(opener.isTaken("skallion://find/gps/"));
+    EXPECT_TRUE(opener.isTaken("SKALLION:x"));
+    EXPECT_FALSE(opener.isTaken("no address"));
+}
