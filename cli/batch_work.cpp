@@ -5,6 +5,7 @@
 #include "cli/diagnostic.h"
 #include "cli/geojson_feature.h"
 #include "cli/json_line.h"
+#include "cli/list_entry.h"
 #include "cli/text_block.h"
 #include "globe/kml_places.h"
 
@@ -72,8 +73,10 @@ BatchWork::BatchWork(ReportOptions options, PlaceFilter filter)
 BatchResult BatchWork::process(std::span<const std::string> paths, int alarm)
 {
     BatchResult result;
-    for (FileReport& report : reporter_.report(paths, alarm)) {
-        if (!filter_ || filter_(&report)) addOutput(report, &result);
+    std::vector<FileReport> reports = reporter_.report(paths, alarm);
+    for (std::size_t i = 0; i < reports.size(); i++) {
+        FileReport& report = reports[i];
+        if (!filter_ || filter_(&report)) addOutput(report, paths[i], &result);
         if (!report.error.empty()) {
             appendDiagnostic(report.path + ": " + report.error, &result.diagnostics);
             result.failed++;
@@ -89,21 +92,23 @@ BatchResult BatchWork::process(std::span<const std::string> paths, int alarm)
     return result;
 }
 
-void BatchWork::addOutput(const FileReport& report, BatchResult* result) const
+void BatchWork::addOutput(const FileReport& report, std::string_view path,
+                          BatchResult* result) const
 {
     if (isSorted_) {
         const double metres = report.nearness ? report.nearness->metres : 0.0;
         Hit& hit = result->hits.emplace_back(Hit{metres, report.path});
-        appendOutput(report, &hit.text);
+        appendOutput(report, path, &hit.text);
     } else {
-        appendOutput(report, &result->output);
+        appendOutput(report, path, &result->output);
     }
     result->placemarks += report.placemark;
     if (!hasTrack_) return;
     if (const auto point = trackPointOf(report)) result->track.push_back(*point);
 }
 
-void BatchWork::appendOutput(const FileReport& report, std::string* out) const
+void BatchWork::appendOutput(const FileReport& report, std::string_view path,
+                             std::string* out) const
 {
     switch (output_) {
     case Output::json: appendJsonLine(report, out); break;
@@ -116,6 +121,7 @@ void BatchWork::appendOutput(const FileReport& report, std::string* out) const
     case Output::kml: appendPlacemark(report, out); break;
     case Output::geojson: appendGeoJsonFeature(report, out); break;
     case Output::gpx: appendGpxWaypoint(report, out); break;
+    case Output::list: appendListEntry(report, path, out); break;
     case Output::webAddress:
     case Output::catalogueAddress:
         if (report.address.empty()) break;

@@ -54,8 +54,8 @@ public:
     BatchResult process(std::span<const std::string> paths, int alarm = -1);
 
 private:
-    void addOutput(const FileReport& report, BatchResult* result) const;
-    void appendOutput(const FileReport& report, std::string* out) const;
+    void addOutput(const FileReport& report, std::string_view path, BatchResult* result) const;
+    void appendOutput(const FileReport& report, std::string_view path, std::string* out) const;
 
     Output output_;
     bool isRaw_;

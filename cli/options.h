@@ -16,6 +16,7 @@ enum class Output : std::uint8_t {
     kml,               // for located pictures only: a placemark of one document,
     geojson,           // the same: a feature of one document,
     gpx,               // the same: a waypoint of one document
+    list,              // the path and the position between zero bytes
     webAddress,        // for located pictures only: the address of a web service,
     catalogueAddress,  // the same: the address of the cataloguing program,
     script,            // the same: the script that flies a globe program there

@@ -185,7 +185,7 @@ TEST_F(placeFormats, areTheSameForFilesAndFolders)
 {
     std::vector<std::string> files = {folder_.file("1 canyon.jpg"), folder_.file(kCape),
                                       folder_.file("3 clock.jpg"), folder_.file("4 plain.jpg")};
-    for (const char* format : {"json", "csv", "kml", "geojson", "gpx"}) {
+    for (const char* format : {"json", "csv", "kml", "geojson", "gpx", "list"}) {
         SCOPED_TRACE(format);
         std::vector<std::string> command = {PINORAMA_INFO, "--track", "--format", format};
         command.insert(command.end(), files.begin(), files.end());

@@ -147,6 +147,30 @@ TEST_F(placeSearch, worksForEveryOutput)
     EXPECT_EQ(count, 3);
 }
 
+TEST_F(placeSearch, listsThePathsInTheBytesOfTheSystem)
+{
+    const std::string odd = folder_.write("i line\nand \xff.jpg", pictureAt(0.5, 10.0));
+    std::istringstream fields(run({"--near", "0.5,10,600", "--format", "list"}).out);
+    Texts found;
+    for (std::string field; std::getline(fields, field, '\0');) found.push_back(field);
+    ASSERT_EQ(found.size(), 15u);
+    EXPECT_EQ(Texts(found.begin(), found.begin() + 4),
+              (Texts{folder_.file("c first.jpg"), "0.5", "10", "0"}));
+    EXPECT_EQ(found[5], odd);
+    EXPECT_EQ(found[10], folder_.file("d second.jpg"));
+    EXPECT_EQ(found[11], "0.495");
+    EXPECT_NEAR(std::stod(found[13]), 552.88, 0.01);
+    EXPECT_EQ(found[14], "180");
+}
+
+TEST_F(placeSearch, listsPicturesWithoutAPositionWithEmptyFields)
+{
+    using namespace std::string_literals;
+    EXPECT_EQ(run({"--no-position", "--format", "list"}).out,
+              folder_.file("f plain.jpg") + "\0\0\0\0\0"s + folder_.file("g no picture.jpg") +
+                  "\0\0\0\0\0"s);
+}
+
 TEST_F(placeSearch, explainsWhatItCannotSearch)
 {
     const std::string plain = folder_.file("f plain.jpg");
