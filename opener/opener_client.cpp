@@ -1,63 +1,52 @@
 #include "opener/opener_client.h"
 
-#include "base/child_process.h"
-#include "base/resource_folder.h"
-#include "opener/opener_service.h"
+#include "opener/opener_socket.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
-#include <cstdlib>
 #include <utility>
 
 #include <poll.h>
 #include <sys/epoll.h>
-#include <sys/socket.h>
+#include <sys/eventfd.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 namespace pinorama {
 namespace {
-constexpr const char* kProgramName = "pinorama-opener";
 constexpr int kMaxDeaths = 2;  // of openers over one path: it is not to blame for the first
 
-// Where libraries are found by programs in unusual places, and the options of sanitizers.
-constexpr const char* kInherited[] = {"LD_LIBRARY_PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS"};
+// Messages of one opener that are taken in at once: a folder of many files has thousands.
+constexpr int kMaxAtOnce = 8;
+
+void watch(int events, int descriptor)
+{
+    epoll_event event = {};
+    event.events = EPOLLIN;
+    (void)epoll_ctl(events, EPOLL_CTL_ADD, descriptor, &event);
+}
+
+// What is known of a file that is not open yet.
+PictureFile fileOf(const OpenReply& looked)
+{
+    return {DescriptorHolder(), looked.item, looked.error};
+}
+
+// Whether two requests want the same, whatever their numbers.
+bool isSame(const OpenRequest& one, const OpenRequest& other)
+{
+    return one.task == other.task && one.paths == other.paths && one.shown == other.shown;
+}
 }  // namespace
 
-OpenerProcess startOpenerProgram(const std::string& path)
-{
-    int ends[2];
-    if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends) != 0) return {};
-    DescriptorHolder near(ends[0]);
-    const DescriptorHolder far(ends[1]);
-    ProgramStart start = {.arguments = {path.find('/') == path.npos ? "./" + path : path},
-                          .environment = {"LC_ALL=C"},
-                          .descriptors = {kNullDevice, kNullDevice, kOwnDescriptor, far.get()},
-                          .isApart = true};
-    static_assert(kOpenerSocket == 3, "comes after the standard streams");
-    for (const char* name : kInherited) {
-        const char* value = std::getenv(name);
-        if (value != nullptr) start.environment.push_back(std::string(name) + "=" + value);
-    }
-    const pid_t process = spawnProgram(std::move(start));
-    if (process < 0) return {};
-    return {process, std::move(near)};
-}
-
-std::string openerProgram()
-{
-    const char* set = std::getenv("PINORAMA_OPENER");
-    if (set != nullptr && *set != '\0') return set;
-    const std::string folder = programFolder();
-    std::string beside = folder + "/" + kProgramName;
-    if (access(beside.c_str(), X_OK) == 0) return beside;
-    return folder + "/../" PINORAMA_LIBEXEC_DIR "/" + kProgramName;
-}
-
 OpenerClient::OpenerClient(OpenerLauncher launcher)
-    : launcher_(std::move(launcher)), events_(epoll_create1(EPOLL_CLOEXEC))
+    : launcher_(std::move(launcher)),
+      events_(epoll_create1(EPOLL_CLOEXEC)),
+      news_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)),
+      file_(std::make_shared<OpenerQuestion>())
 {
+    watch(events_.get(), news_.get());
 }
 
 OpenerClient::~OpenerClient()
@@ -73,65 +62,106 @@ void OpenerClient::start()
 void OpenerClient::stop()
 {
     giveUp();
+    for (const auto& question : questions_) {
+        if (const SharedQuestion left = question.lock()) settle(*left, OpenStage::noOpener);
+    }
+    questions_.clear();
     while (!openers_.empty()) lose(openers_.size() - 1);
+    passNewsOn();
 }
 
 void OpenerClient::request(const std::string& path)
 {
     giveUp();
-    path_ = path;
-    deaths_ = 0;
+    OpenerQuestion& file = *file_;
+    file.request_ = {.paths = {path}};
+    file.deaths_ = 0;
     // A zero byte would silently name another file.
-    if (path.empty() || path.find('\0') != path.npos) {
-        return settle(OpenStage::done, {DescriptorHolder(), std::nullopt, ENOENT});
+    const bool isNone = path.empty() || path.find('\0') != path.npos;
+    if (isNone || path.size() > kMaxOpenPath) {
+        file.stage_ = OpenStage::done;
+        file.file_ = {DescriptorHolder(), std::nullopt, isNone ? ENOENT : ENAMETOOLONG};
+        return;
     }
-    if (path.size() > kMaxOpenPath) {
-        return settle(OpenStage::done, {DescriptorHolder(), std::nullopt, ENAMETOOLONG});
-    }
-    settle(OpenStage::waiting);
-    advance();  // openers may have come back meanwhile
-    if (stage_ == OpenStage::waiting && number_ == 0) ask();
+    file.stage_ = OpenStage::waiting;
+    takeIn();  // openers may have come back meanwhile
+    if (file.stage_ == OpenStage::waiting && file.number_ == 0) ask(file);
+    passNewsOn();
+}
+
+std::shared_ptr<OpenerQuestion> OpenerClient::ask(OpenRequest request,
+                                                  OpenerQuestion::TakeNames take)
+{
+    auto question = std::make_shared<OpenerQuestion>(std::move(request), std::move(take));
+    question->stage_ = OpenStage::waiting;
+    takeIn();
+    questions_.push_back(question);
+    ask(*question);
+    passNewsOn();
+    return question;
 }
 
 void OpenerClient::giveUp()
 {
-    number_ = 0;
-    settle(OpenStage::none);
+    file_->number_ = 0;
+    file_->stage_ = OpenStage::none;
+    file_->file_ = {};
 }
 
 PictureFile OpenerClient::take()
 {
-    PictureFile file = std::move(file_);
+    PictureFile file = std::move(file_->file_);
     giveUp();
     return file;
 }
 
-bool OpenerClient::isOver() const
-{
-    return stage_ != OpenStage::waiting && stage_ != OpenStage::looked;
-}
-
-void OpenerClient::settle(OpenStage stage, PictureFile file)
-{
-    stage_ = stage;
-    file_ = std::move(file);
-}
-
 OpenStage OpenerClient::wait(std::chrono::milliseconds max)
 {
+    return wait(*file_, max);
+}
+
+// Replies to other questions may arrive meanwhile, which the event loop has to notice.
+OpenStage OpenerClient::wait(const OpenerQuestion& question, std::chrono::milliseconds max)
+{
+    std::uint64_t news = 0;
+    owesNews_ = read(news_.get(), &news, sizeof news) > 0 || owesNews_;
+    waitedFor_ = &question;
     const auto end = std::chrono::steady_clock::now() + max;
-    while (!isOver()) {
+    while (!question.isOver()) {
         const auto left =
             std::chrono::ceil<std::chrono::milliseconds>(end - std::chrono::steady_clock::now());
         if (left.count() <= 0) break;
         pollfd state = {events_.get(), POLLIN, 0};
         (void)poll(&state, 1, static_cast<int>(left.count()));
-        advance();
+        takeIn();
     }
-    return stage_;
+    waitedFor_ = nullptr;
+    passNewsOn();
+    return question.stage();
 }
 
 void OpenerClient::advance()
+{
+    std::uint64_t news = 0;
+    (void)read(news_.get(), &news, sizeof news);
+    takeIn();
+    owesNews_ = false;
+}
+
+void OpenerClient::settle(OpenerQuestion& question, OpenStage stage)
+{
+    question.stage_ = stage;
+    if (&question != waitedFor_) owesNews_ = true;
+}
+
+// Makes the event loop call advance().
+void OpenerClient::passNewsOn()
+{
+    const std::uint64_t one = 1;
+    if (std::exchange(owesNews_, false)) (void)write(news_.get(), &one, sizeof one);
+}
+
+void OpenerClient::takeIn()
 {
     for (std::size_t i = openers_.size(); i > 0; i--) receive(i - 1);
     endSurplus();
@@ -144,6 +174,26 @@ std::size_t OpenerClient::countAtWork() const
         std::ranges::count_if(openers_, [](const auto& opener) { return opener->number != 0; }));
 }
 
+// All that somebody wants to know, the file first.
+std::vector<std::shared_ptr<OpenerQuestion>> OpenerClient::questions() const
+{
+    std::vector<SharedQuestion> all = {file_};
+    for (const auto& weak : questions_) {
+        if (auto question = weak.lock()) all.push_back(std::move(question));
+    }
+    return all;
+}
+
+// Those that its reply is for.
+std::vector<std::shared_ptr<OpenerQuestion>> OpenerClient::questionsOf(const Opener& opener) const
+{
+    std::vector<SharedQuestion> all = questions();
+    std::erase_if(all, [&](const auto& question) {
+        return opener.number == 0 || question->number_ != opener.number;
+    });
+    return all;
+}
+
 // An opener without a request, started if there may be one more; null if there is none.
 OpenerClient::Opener* OpenerClient::idleOpener()
 {
@@ -153,9 +203,7 @@ OpenerClient::Opener* OpenerClient::idleOpener()
     if (openers_.size() >= kMaxOpeners) return nullptr;
     OpenerProcess process = launcher_();
     if (process.process < 0) return nullptr;
-    epoll_event event = {};
-    event.events = EPOLLIN;
-    (void)epoll_ctl(events_.get(), EPOLL_CTL_ADD, process.socket.get(), &event);
+    watch(events_.get(), process.socket.get());
     openers_.push_back(std::make_unique<Opener>());
     openers_.back()->process = std::move(process);
     return openers_.back().get();
@@ -179,88 +227,128 @@ std::vector<std::uint64_t> OpenerClient::fileSystemsToLeaveAlone() const
     return devices;
 }
 
-// Has an opener look at what is wanted, or waits until one comes back.
-void OpenerClient::ask()
+// Lets the question wait for an opener that has the same request already, if there is one.
+bool OpenerClient::joins(OpenerQuestion& question)
 {
     for (const auto& opener : openers_) {
-        if (opener->number == 0 || opener->path != path_) continue;
-        number_ = opener->number;
-        if (opener->hasLooked)
-            settle(OpenStage::looked, std::move(opener->looked));
-        else
-            settle(OpenStage::waiting);
-        return;
+        if (opener->number == 0 || opener->hasNamed || !isSame(opener->request, question.request_))
+            continue;
+        question.number_ = opener->number;
+        question.stage_ = opener->looked ? OpenStage::looked : OpenStage::waiting;
+        if (opener->looked) question.file_ = fileOf(*opener->looked);
+        return true;
     }
-    OpenRequest request = {
-        .number = nextNumber_++, .leftAlone = fileSystemsToLeaveAlone(), .path = path_};
+    return false;
+}
+
+// Has an opener look at what is wanted, or waits until one comes back.
+void OpenerClient::ask(OpenerQuestion& question)
+{
+    if (joins(question)) return;
+    OpenRequest request = question.request_;
+    request.number = nextNumber_++;
+    request.leftAlone = fileSystemsToLeaveAlone();
     if (nextNumber_ == 0) nextNumber_ = 1;
     Opener* const opener = idleOpener();
     if (opener == nullptr) {
-        return settle(openers_.size() >= kMaxOpeners ? OpenStage::leftAlone : OpenStage::noOpener);
+        const bool isFull = openers_.size() >= kMaxOpeners;
+        question.stage_ = isFull ? OpenStage::leftAlone : OpenStage::noOpener;
+        return;
     }
-    settle(OpenStage::waiting);
-    number_ = opener->number = request.number;
-    opener->path = path_;
-    opener->device = 0;
-    opener->hasLooked = false;
+    question.stage_ = OpenStage::waiting;
+    question.file_ = {};
+    question.number_ = opener->number = request.number;
     // One that is gone is seen to be when it is heard the next time.
     (void)sendOpenMessage(opener->process.socket.get(), messageOf(request));
+    opener->request = std::move(request);
+    opener->device = 0;
+    opener->looked.reset();
+    opener->hasNamed = false;
 }
 
 // Takes in what an opener has sent.
 void OpenerClient::receive(std::size_t index)
 {
     Opener& opener = *openers_[index];
-    while (true) {
+    for (int i = 0; i < kMaxAtOnce; i++) {
         OpenMessage message = receiveOpenMessage(opener.process.socket.get(), false);
         if (message.outcome == OpenMessage::Outcome::none) return;
         std::optional<OpenReply> reply;
         if (message.outcome == OpenMessage::Outcome::received) reply = openReplyIn(message.bytes);
-        if (!reply || reply->number != opener.number || opener.number == 0) return lose(index);
-        take(opener, *reply, std::move(message.descriptor));
+        const bool isSound = reply && reply->number == opener.number && opener.number != 0 &&
+                             (reply->event != OpenEvent::facts ||
+                              reply->facts.size() == opener.request.paths.size());
+        if (!isSound) return lose(index);
+        take(opener, std::move(*reply), std::move(message.descriptor));
     }
 }
 
 void OpenerClient::take(Opener& opener, OpenReply reply, DescriptorHolder descriptor)
 {
-    const bool isWanted = opener.number == number_;
+    const std::vector<SharedQuestion> wanted = questionsOf(opener);
+    bool isLast = true;
     switch (reply.event) {
     case OpenEvent::entering: opener.device = reply.device; return;
     case OpenEvent::leftAlone:
         // It has not waited for anything, and so nobody else has waited for it.
         opener.number = 0;
-        if (!isWanted) return;
-        number_ = 0;
-        return settle(OpenStage::leftAlone);
+        for (const SharedQuestion& question : wanted) {
+            question->number_ = 0;
+            settle(*question, OpenStage::leftAlone);
+        }
+        return;
     case OpenEvent::looked:
-        opener.hasLooked = true;
-        opener.looked = PictureFile(DescriptorHolder(), reply.item, reply.error);
+        isLast = !reply.isOpen;
+        opener.looked = reply;
+        for (const SharedQuestion& question : wanted) {
+            question->file_ = fileOf(reply);
+            settle(*question, OpenStage::looked);
+        }
         break;
-    case OpenEvent::opened: {
-        const auto item = isWanted ? file_.item() : std::nullopt;
-        // Without room for one more descriptor the system leaves it out.
-        const int error = descriptor ? 0 : EMFILE;
-        if (isWanted) file_ = PictureFile(std::move(descriptor), item, error);
+    case OpenEvent::opened:
+        for (const SharedQuestion& question : wanted) {
+            // Without room for one more descriptor the system leaves it out.
+            const int error = descriptor ? 0 : EMFILE;
+            const auto item = question->file_.item();
+            question->file_ = PictureFile(std::move(descriptor), item, error);
+        }
+        break;
+    case OpenEvent::facts:
+        for (const SharedQuestion& question : wanted) question->facts_ = reply.facts;
+        break;
+    case OpenEvent::names:
+        isLast = reply.isLast;
+        opener.hasNamed = true;
+        for (const SharedQuestion& question : wanted) {
+            question->hasNames_ = true;
+            if (question->takeNames_) question->takeNames_(reply.names);
+        }
+        break;
+    case OpenEvent::count:
+        for (const SharedQuestion& question : wanted) question->count_ = reply.count;
         break;
     }
+    if (!isLast) return;
+    for (const SharedQuestion& question : wanted) {
+        question->number_ = 0;
+        settle(*question, OpenStage::done);
     }
-    const bool isLast = reply.event == OpenEvent::opened || !reply.isOpen;
-    if (isWanted && reply.event == OpenEvent::looked) {
-        settle(OpenStage::looked, std::move(opener.looked));
-    }
-    if (isWanted && isLast) {
-        number_ = 0;
-        stage_ = OpenStage::done;
-    }
-    if (isLast) finish(opener);
+    finish(opener);
 }
 
 // An opener has come back: what waits for one may go on.
 void OpenerClient::finish(Opener& opener)
 {
     opener.number = 0;
-    opener.looked = {};
-    if (stage_ == OpenStage::leftAlone) ask();
+    opener.looked.reset();
+    askThoseLeftAlone();
+}
+
+void OpenerClient::askThoseLeftAlone()
+{
+    for (const SharedQuestion& question : questions()) {
+        if (question->stage_ == OpenStage::leftAlone) ask(*question);
+    }
 }
 
 // Lets an opener go, and has another one do what it had to do.
@@ -271,19 +359,20 @@ void OpenerClient::lose(std::size_t index)
     kill(opener->process.process, SIGKILL);
     ended_.push_back(opener->process.process);
     collectEnded();
-    if (number_ != 0 && opener->number == number_) {
-        number_ = 0;
-        settle(OpenStage::waiting);
-        if (++deaths_ >= kMaxDeaths) return settle(OpenStage::noOpener);
-        ask();
-    } else if (opener->number != 0 && stage_ == OpenStage::leftAlone) {
-        ask();
+    for (const SharedQuestion& question : questionsOf(*opener)) {
+        question->number_ = 0;
+        question->file_ = {};
+        const bool isOver = ++question->deaths_ >= kMaxDeaths || question->hasNames_;
+        settle(*question, isOver ? OpenStage::noOpener : OpenStage::waiting);
+        if (!isOver) ask(*question);
     }
+    if (opener->number != 0) askThoseLeftAlone();
 }
 
 // One idle opener is enough.
 void OpenerClient::endSurplus()
 {
+    std::erase_if(questions_, [](const auto& question) { return question.expired(); });
     bool isOneIdle = false;
     for (std::size_t i = 0; i < openers_.size(); i++) {
         if (openers_[i]->number != 0) continue;

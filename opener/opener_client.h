@@ -1,15 +1,18 @@
-// Opens files for a process that must never wait for a disk: an opener, a process of its own, looks
-// at the file, opens it and hands the descriptor over. What a file system that hangs keeps is an
-// opener.
+// Looks at files and folders for a process that must never wait for a disk: an opener, a process of
+// its own, looks at them, opens a file and hands the descriptor over. What a file system that hangs
+// keeps is an opener.
 //
 //     client.request("/media/card/a.jpg");
 //     if (client.wait(500ms) == OpenStage::done) use(client.take());
 //     // else it comes later: call advance() when descriptor() is readable
 //
+// One file is wanted at a time. Beside it there may be any number of questions about folders
+// (OpenerQuestion), each as long as its owner keeps it.
+//
 // An opener is in one of three states:
 //
 //   idle   It waits for a request. One is kept, so that the usual file takes microseconds.
-//   busy   It has the request that is wanted.
+//   busy   It has a request that is wanted.
 //   stuck  It has one that nobody wants any more. Nothing can end it while the system keeps it, so
 //          it is left to come back; what it brings then is thrown away.
 //
@@ -20,44 +23,21 @@
 #pragma once
 
 #include "opener/opener_protocol.h"
+#include "opener/opener_question.h"
+#include "opener/opener_start.h"
 #include "pictures/picture_file.h"
 
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include <sys/types.h>
 
 namespace pinorama {
-
-enum class OpenStage {
-    none,       // nothing is wanted
-    waiting,    // nothing is known yet
-    leftAlone,  // not even asked for: its file system keeps other openers
-    looked,     // known what is there; its bytes have not come
-    done,       // all is known
-    noOpener,   // there is no opener, or it cannot start
-};
-
-// An opener that was started: its process, and the socket to it.
-struct OpenerProcess {
-    pid_t process = -1;  // the caller's to wait for; -1 if it could not be started
-    DescriptorHolder socket{};
-};
-
-using OpenerLauncher = std::function<OpenerProcess()>;
-
-// Starts the program `path` with the socket kOpenerSocket and no other descriptors but standard
-// streams, in a process group of its own.
-OpenerProcess startOpenerProgram(const std::string& path);
-
-// The path of the program pinorama-opener: what the environment variable PINORAMA_OPENER says, else
-// the one beside the running program, else the one under the install prefix.
-std::string openerProgram();
 
 class OpenerClient {
 public:
@@ -81,11 +61,11 @@ public:
     void giveUp();
 
     // How far it is with what is wanted.
-    OpenStage stage() const { return stage_; }
+    OpenStage stage() const { return file_->stage(); }
 
     // What is wanted: from OpenStage::looked on its item() is known; it is open, if it can be, when
     // it is done.
-    const PictureFile& file() const { return file_; }
+    const PictureFile& file() const { return file_->file_; }
 
     // Hands the file over. Nothing is wanted afterwards.
     PictureFile take();
@@ -93,6 +73,12 @@ public:
     // Waits until nothing more will come of it soon: it is done, left alone, or without an opener;
     // no longer than `max`.
     OpenStage wait(std::chrono::milliseconds max);
+
+    // Asks about items of folders. The question is given up when the caller lets go of it.
+    std::shared_ptr<OpenerQuestion> ask(OpenRequest request, OpenerQuestion::TakeNames take = {});
+
+    // Waits for a question as wait() does for the file.
+    OpenStage wait(const OpenerQuestion& question, std::chrono::milliseconds max);
 
     // For an event loop: call advance() when this is readable.
     int descriptor() const { return events_.get(); }
@@ -103,20 +89,27 @@ public:
     std::size_t count() const { return openers_.size(); }
 
 private:
+    using SharedQuestion = std::shared_ptr<OpenerQuestion>;
+
     struct Opener {
         OpenerProcess process;
         std::uint32_t number = 0;  // of its request; 0 when it is idle
-        std::string path;          // of its request
-        std::uint64_t device = 0;  // where it is; 0 if it is not known
-        PictureFile looked;        // what it has found out so far
-        bool hasLooked = false;
+        OpenRequest request;
+        std::uint64_t device = 0;         // where it is; 0 if it is not known
+        std::optional<OpenReply> looked;  // what it has found out so far
+        bool hasNamed = false;            // whether it has sent names, which it does not do again
     };
 
-    bool isOver() const;
-    void settle(OpenStage stage, PictureFile file = {});
+    std::vector<SharedQuestion> questions() const;
+    std::vector<SharedQuestion> questionsOf(const Opener& opener) const;
     Opener* idleOpener();
     std::vector<std::uint64_t> fileSystemsToLeaveAlone() const;
-    void ask();
+    void ask(OpenerQuestion& question);
+    void askThoseLeftAlone();
+    bool joins(OpenerQuestion& question);
+    void settle(OpenerQuestion& question, OpenStage stage);
+    void takeIn();
+    void passNewsOn();
     void receive(std::size_t index);
     void take(Opener& opener, OpenReply reply, DescriptorHolder descriptor);
     void finish(Opener& opener);
@@ -125,16 +118,16 @@ private:
     void collectEnded();
 
     OpenerLauncher launcher_;
-    DescriptorHolder events_;  // readable when a socket of one of the openers is
+    DescriptorHolder events_;  // readable when a socket of one of the openers is, or news_
+    DescriptorHolder news_;    // readable when somebody else than who waited has news
     std::vector<std::unique_ptr<Opener>> openers_;
     std::vector<pid_t> ended_;  // to be waited for
     std::uint32_t nextNumber_ = 1;
+    const OpenerQuestion* waitedFor_ = nullptr;
+    bool owesNews_ = false;  // of other questions, to the event loop
 
-    std::string path_;
-    std::uint32_t number_ = 0;  // with which an opener has it; 0 if none has
-    OpenStage stage_ = OpenStage::none;
-    PictureFile file_;
-    int deaths_ = 0;  // of openers that had it
+    SharedQuestion file_;                                   // never null
+    std::vector<std::weak_ptr<OpenerQuestion>> questions_;  // the others
 };
 
 }  // namespace pinorama

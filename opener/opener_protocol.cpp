@@ -2,79 +2,47 @@
 
 #include "base/message_bytes.h"
 
-#include <cerrno>
-#include <cstring>
-
-#include <fcntl.h>
-#include <sys/socket.h>
-#include <unistd.h>
+#include <algorithm>
+#include <climits>
+#include <string_view>
+#include <utility>
 
 namespace pinorama {
 namespace {
-// Number, count of file systems and the file systems, path.
-constexpr std::size_t kMaxMessage = 4 + 2 + 8 * kMaxLeftAlone + kMaxOpenPath;
-
-// Room for a descriptor in a message, aligned as its header wants it.
-union ControlBuffer {
-    cmsghdr header;
-    char bytes[CMSG_SPACE(sizeof(int))];
-};
-
 // Which parts of FileAttributes a reply has.
 enum : std::uint16_t { kHasItem = 1, kIsRegular = 2, kHasCreated = 4, kIsOpen = 8, kAllParts = 15 };
 
-void takeDescriptor(msghdr* message, DescriptorHolder* out)
-{
-    const cmsghdr* part = CMSG_FIRSTHDR(message);
-    if (part == nullptr || part->cmsg_level != SOL_SOCKET || part->cmsg_type != SCM_RIGHTS ||
-        part->cmsg_len != CMSG_LEN(sizeof(int))) {
-        return;
-    }
-    int descriptor = -1;
-    std::memcpy(&descriptor, CMSG_DATA(part), sizeof descriptor);
-    if (descriptor > STDERR_FILENO) {
-        *out = DescriptorHolder(descriptor);
-        return;
-    }
-    // Without standard streams it has the place of one.
-    *out = DescriptorHolder(fcntl(descriptor, F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
-    (void)close(descriptor);
-}
-}  // namespace
+// What is true of an item.
+enum : std::uint16_t { kIsKnown = 1, kIsThere = 2, kIsFolder = 4, kAllFacts = 7 };
 
-std::vector<std::uint8_t> messageOf(const OpenRequest& request)
+void putTexts(MessageWriter& message, const std::vector<std::string>& texts)
 {
-    MessageWriter message;
-    message.put32(request.number);
-    message.put16(static_cast<std::uint16_t>(request.leftAlone.size()));
-    for (const std::uint64_t device : request.leftAlone) message.put64(device);
-    message.putBytes(request.path);
-    return std::move(message.bytes());
+    for (const std::string& text : texts) {
+        message.putBytes(text);
+        message.putBytes(std::string_view("\0", 1));
+    }
 }
 
-std::optional<OpenRequest> openRequestIn(std::span<const std::uint8_t> message)
+// The texts in the rest of a message, a zero byte after each. Nothing if one is empty or longer
+// than `maxEach` bytes, or all of them than `maxAll`.
+std::optional<std::vector<std::string>> textsIn(MessageReader& message, std::size_t maxEach,
+                                                std::size_t maxAll)
 {
-    MessageReader reader(message);
-    OpenRequest request;
-    request.number = reader.get32();
-    const std::uint16_t count = reader.get16();
-    if (count > kMaxLeftAlone) return std::nullopt;
-    for (int i = 0; i < count; i++) request.leftAlone.push_back(reader.get64());
-    const std::size_t used = 4 + 2 + 8 * std::size_t{count};
-    if (reader.hasFailed() || message.size() <= used || message.size() - used > kMaxOpenPath) {
-        return std::nullopt;
+    const std::span<const std::uint8_t> bytes = message.getBytes(message.bytesLeft());
+    if (bytes.size() > maxAll || (!bytes.empty() && bytes.back() != 0)) return std::nullopt;
+    std::vector<std::string> texts;
+    for (auto begin = bytes.begin(); begin != bytes.end();) {
+        const auto end = std::find(begin, bytes.end(), 0);
+        if (begin == end || end - begin > static_cast<std::ptrdiff_t>(maxEach)) return std::nullopt;
+        texts.emplace_back(begin, end);
+        begin = end + 1;
     }
-    const std::span<const std::uint8_t> path = message.subspan(used);
-    request.path.assign(path.begin(), path.end());
-    return request;
+    return texts;
 }
 
-std::vector<std::uint8_t> messageOf(const OpenReply& reply)
+void putLook(MessageWriter& message, const OpenReply& reply)
 {
     const FileAttributes item = reply.item.value_or(FileAttributes{});
-    MessageWriter message;
-    message.put32(reply.number);
-    message.put16(static_cast<std::uint16_t>(reply.event));
     message.put16(static_cast<std::uint16_t>(
         (reply.item ? kHasItem : 0) | (item.isRegular ? kIsRegular : 0) |
         (item.created ? kHasCreated : 0) | (reply.isOpen ? kIsOpen : 0)));
@@ -84,6 +52,105 @@ std::vector<std::uint8_t> messageOf(const OpenReply& reply)
     message.put64(static_cast<std::uint64_t>(item.modified));
     message.put64(static_cast<std::uint64_t>(item.created.value_or(0)));
     message.put32(item.type);
+}
+
+bool takeLook(MessageReader& message, OpenReply* out)
+{
+    const std::uint16_t parts = message.get16();
+    out->device = message.get64();
+    out->error = static_cast<std::int32_t>(message.get32());
+    FileAttributes item{};
+    item.isRegular = (parts & kIsRegular) != 0;
+    item.size = message.get64();
+    item.modified = static_cast<std::int64_t>(message.get64());
+    const auto created = static_cast<std::int64_t>(message.get64());
+    if ((parts & kHasCreated) != 0) item.created = created;
+    item.type = message.get32();
+    if ((parts & kHasItem) != 0) out->item = item;
+    out->isOpen = (parts & kIsOpen) != 0;
+    // What is open is a regular file.
+    return parts <= kAllParts && (!out->isOpen || (out->item && item.isRegular));
+}
+
+bool takeFacts(MessageReader& message, OpenReply* out)
+{
+    const std::uint16_t count = message.get16();
+    if (count > kMaxOpenPaths) return false;
+    for (int i = 0; i < count; i++) {
+        const std::uint16_t parts = message.get16();
+        if (parts > kAllFacts) return false;
+        ItemFacts facts = {(parts & kIsKnown) != 0, (parts & kIsThere) != 0,
+                           (parts & kIsFolder) != 0, 0, 0};
+        facts.device = message.get64();
+        facts.inode = message.get64();
+        out->facts.push_back(facts);
+    }
+    return true;
+}
+}  // namespace
+
+std::vector<std::uint8_t> messageOf(const OpenRequest& request)
+{
+    MessageWriter message;
+    message.put32(request.number);
+    message.put16(static_cast<std::uint16_t>(request.task));
+    message.put16(static_cast<std::uint16_t>(request.leftAlone.size()));
+    for (const std::uint64_t device : request.leftAlone) message.put64(device);
+    message.put16(static_cast<std::uint16_t>(request.shown.size()));
+    message.putBytes(request.shown);
+    putTexts(message, request.paths);
+    return std::move(message.bytes());
+}
+
+std::optional<OpenRequest> openRequestIn(std::span<const std::uint8_t> message)
+{
+    MessageReader reader(message);
+    OpenRequest request;
+    request.number = reader.get32();
+    const std::uint16_t task = reader.get16();
+    request.task = static_cast<OpenTask>(task);
+    const std::uint16_t count = reader.get16();
+    if (count > kMaxLeftAlone) return std::nullopt;
+    for (int i = 0; i < count; i++) request.leftAlone.push_back(reader.get64());
+    const std::uint16_t length = reader.get16();
+    const std::span<const std::uint8_t> shown = reader.getBytes(length);
+    request.shown.assign(shown.begin(), shown.end());
+    auto paths = textsIn(reader, kMaxOpenPath, kMaxPathBytes);
+    const bool isKnown = task >= static_cast<std::uint16_t>(OpenTask::open) &&
+                         task <= static_cast<std::uint16_t>(OpenTask::count);
+    if (reader.hasFailed() || !isKnown || length > kMaxShownName || !paths || paths->empty())
+        return std::nullopt;
+    if (paths->size() > (request.task == OpenTask::facts ? kMaxOpenPaths : 1)) return std::nullopt;
+    request.paths = std::move(*paths);
+    return request;
+}
+
+std::vector<std::uint8_t> messageOf(const OpenReply& reply)
+{
+    MessageWriter message;
+    message.put32(reply.number);
+    message.put16(static_cast<std::uint16_t>(reply.event));
+    switch (reply.event) {
+    case OpenEvent::facts:
+        message.put16(static_cast<std::uint16_t>(reply.facts.size()));
+        for (const ItemFacts& facts : reply.facts) {
+            message.put16(static_cast<std::uint16_t>((facts.isKnown ? kIsKnown : 0) |
+                                                     (facts.isThere ? kIsThere : 0) |
+                                                     (facts.isFolder ? kIsFolder : 0)));
+            message.put64(facts.device);
+            message.put64(facts.inode);
+        }
+        break;
+    case OpenEvent::names:
+        message.put16(reply.isLast ? 1 : 0);
+        putTexts(message, reply.names);
+        break;
+    case OpenEvent::count:
+        message.put32(reply.count.shown);
+        message.put32(reply.count.all);
+        break;
+    default: putLook(message, reply);
+    }
     return std::move(message.bytes());
 }
 
@@ -93,72 +160,30 @@ std::optional<OpenReply> openReplyIn(std::span<const std::uint8_t> message)
     OpenReply reply;
     reply.number = reader.get32();
     const std::uint16_t event = reader.get16();
-    const std::uint16_t parts = reader.get16();
     reply.event = static_cast<OpenEvent>(event);
-    reply.device = reader.get64();
-    reply.error = static_cast<std::int32_t>(reader.get32());
-    FileAttributes item{};
-    item.isRegular = (parts & kIsRegular) != 0;
-    item.size = reader.get64();
-    item.modified = static_cast<std::int64_t>(reader.get64());
-    const auto created = static_cast<std::int64_t>(reader.get64());
-    if ((parts & kHasCreated) != 0) item.created = created;
-    item.type = reader.get32();
-    if ((parts & kHasItem) != 0) reply.item = item;
-    reply.isOpen = (parts & kIsOpen) != 0;
-    const bool isKnown = event >= static_cast<std::uint16_t>(OpenEvent::entering) &&
-                         event <= static_cast<std::uint16_t>(OpenEvent::opened);
-    // What is open is a regular file.
-    const bool isSound = !reply.isOpen || (reply.item && item.isRegular);
-    if (!reader.isComplete() || !isKnown || parts > kAllParts || !isSound) {
-        return std::nullopt;
+    bool isSound = true;
+    switch (reply.event) {
+    case OpenEvent::entering:
+    case OpenEvent::leftAlone:
+    case OpenEvent::looked:
+    case OpenEvent::opened: isSound = takeLook(reader, &reply); break;
+    case OpenEvent::facts: isSound = takeFacts(reader, &reply); break;
+    case OpenEvent::names: {
+        const std::uint16_t isLast = reader.get16();
+        auto names = textsIn(reader, NAME_MAX, kMaxNameBytes);
+        isSound = isLast <= 1 && names;
+        reply.isLast = isLast == 1;
+        if (names) reply.names = std::move(*names);
+        break;
     }
+    case OpenEvent::count:
+        reply.count.shown = reader.get32();
+        reply.count.all = reader.get32();
+        break;
+    default: isSound = false;
+    }
+    if (!reader.isComplete() || !isSound) return std::nullopt;
     return reply;
-}
-
-bool sendOpenMessage(int socket, std::span<const std::uint8_t> message, int descriptor)
-{
-    ControlBuffer control = {};
-    iovec place = {const_cast<std::uint8_t*>(message.data()), message.size()};
-    msghdr header = {};
-    header.msg_iov = &place;
-    header.msg_iovlen = 1;
-    if (descriptor >= 0) {
-        header.msg_control = control.bytes;
-        header.msg_controllen = sizeof control.bytes;
-        cmsghdr* part = CMSG_FIRSTHDR(&header);
-        part->cmsg_level = SOL_SOCKET;
-        part->cmsg_type = SCM_RIGHTS;
-        part->cmsg_len = CMSG_LEN(sizeof descriptor);
-        std::memcpy(CMSG_DATA(part), &descriptor, sizeof descriptor);
-    }
-    ssize_t count = 0;
-    do {
-        count = sendmsg(socket, &header, MSG_NOSIGNAL | MSG_DONTWAIT);
-    } while (count < 0 && errno == EINTR);
-    return count == static_cast<ssize_t>(message.size());
-}
-
-OpenMessage receiveOpenMessage(int socket, bool waits)
-{
-    OpenMessage received;
-    received.bytes.resize(kMaxMessage + 1);  // one more, so that a longer one is seen
-    ControlBuffer control = {};
-    iovec place = {received.bytes.data(), received.bytes.size()};
-    msghdr header = {};
-    header.msg_iov = &place;
-    header.msg_iovlen = 1;
-    header.msg_control = control.bytes;
-    header.msg_controllen = sizeof control.bytes;
-    ssize_t count = 0;
-    do {
-        count = recvmsg(socket, &header, MSG_CMSG_CLOEXEC | (waits ? 0 : MSG_DONTWAIT));
-    } while (count < 0 && errno == EINTR);
-    if (count < 0 && (errno == EAGAIN || errno == EWOULDBLOCK)) return received;
-    received.outcome = count > 0 ? OpenMessage::Outcome::received : OpenMessage::Outcome::gone;
-    received.bytes.resize(count > 0 ? static_cast<std::size_t>(count) : 0);
-    if (count > 0) takeDescriptor(&header, &received.descriptor);
-    return received;
 }
 
 }  // namespace pinorama

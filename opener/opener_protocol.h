@@ -2,17 +2,21 @@
 // same build: a packet each, on a socket that keeps packets apart. What is not exactly as below is
 // malformed.
 //
-// A request is a path. Its replies come in this order:
+// A request is a task and the paths that it is about. Its replies come in this order:
 //
 //   entering   once for each file system on the way, before anything is asked of it
 //   leftAlone  instead of the rest: the next one is among those that are to be left alone
 //   looked     what is at the path, or why that cannot be known
 //   opened     with the descriptor, when the first bytes have been read; only if `looked` says so
+//
+// The last two are those of OpenTask::open. The others have one reply of their own instead: `facts`
+// for all paths, in which those on a file system that is left alone are not known; `count`; and
+// `names` as often as it takes.
 
 #pragma once
 
-#include "base/descriptor.h"
 #include "base/file_attributes.h"
+#include "opener/item_facts.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -23,16 +27,38 @@
 
 namespace pinorama {
 
-constexpr std::size_t kMaxOpenPath = 4095;  // bytes; the system takes no longer paths
-constexpr std::size_t kMaxLeftAlone = 4;    // file systems
+constexpr std::size_t kMaxOpenPath = 4095;       // bytes; the system takes no longer paths
+constexpr std::size_t kMaxLeftAlone = 4;         // file systems
+constexpr std::size_t kMaxOpenPaths = 256;       // in a request
+constexpr std::size_t kMaxPathBytes = 64 << 10;  // of all paths in a request, and a byte for each
+constexpr std::size_t kMaxShownName = 1024;      // bytes
+constexpr std::size_t kMaxNameBytes = 32 << 10;  // of all names in a reply, and a byte for each
 
-struct OpenRequest {
-    std::uint32_t number = 0;                // by which its replies are recognised
-    std::vector<std::uint64_t> leftAlone{};  // devices of file systems (mount_list.h)
-    std::string path{};                      // 1 to kMaxOpenPath bytes of the system
+enum class OpenTask : std::uint16_t {
+    open = 1,  // opens a file
+    facts,     // what is at each of the paths
+    names,     // the names in a folder that may be shown as `shown`
+    count,     // how many items a folder has
 };
 
-enum class OpenEvent : std::uint16_t { entering = 1, leftAlone, looked, opened };
+struct OpenRequest {
+    std::uint32_t number = 0;  // by which its replies are recognised
+    OpenTask task = OpenTask::open;
+    std::vector<std::uint64_t> leftAlone{};  // devices of file systems (mount_list.h)
+    // Each of 1 to kMaxOpenPath bytes of the system, none of them zero. One, but for `facts`.
+    std::vector<std::string> paths{};
+    std::string shown{};  // for `names`: UTF-8, as mayBeShownAs() takes it
+};
+
+enum class OpenEvent : std::uint16_t {
+    entering = 1,
+    leftAlone,
+    looked,
+    opened,
+    facts,
+    names,
+    count
+};
 
 struct OpenReply {
     std::uint32_t number = 0;  // of the request
@@ -41,6 +67,10 @@ struct OpenReply {
     std::int32_t error = 0;                // looked: errno, as PictureFile::error
     std::optional<FileAttributes> item{};  // looked: what is at the path
     bool isOpen = false;                   // looked: `opened` follows
+    std::vector<ItemFacts> facts{};        // facts: one for each path
+    std::vector<std::string> names{};      // names: 0 or more
+    bool isLast = true;                    // names: no others follow
+    FolderCount count{};                   // count
 };
 
 std::vector<std::uint8_t> messageOf(const OpenRequest& request);
@@ -49,18 +79,5 @@ std::vector<std::uint8_t> messageOf(const OpenReply& reply);
 // Nothing for a malformed message.
 std::optional<OpenRequest> openRequestIn(std::span<const std::uint8_t> message);
 std::optional<OpenReply> openReplyIn(std::span<const std::uint8_t> message);
-
-// Sends one message, with a descriptor if that is not -1. False when the other side is gone or
-// takes no more.
-bool sendOpenMessage(int socket, std::span<const std::uint8_t> message, int descriptor = -1);
-
-struct OpenMessage {
-    enum class Outcome { received, none, gone } outcome = Outcome::none;
-    std::vector<std::uint8_t> bytes{};
-    DescriptorHolder descriptor{};
-};
-
-// Receives one message. `none` only if it does not wait and there is none.
-OpenMessage receiveOpenMessage(int socket, bool waits);
 
 }  // namespace pinorama

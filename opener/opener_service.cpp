@@ -1,7 +1,9 @@
 #include "opener/opener_service.h"
 
+#include "opener/item_facts.h"
 #include "opener/mount_list.h"
 #include "opener/opener_protocol.h"
+#include "opener/opener_socket.h"
 #include "pictures/picture_file.h"
 
 #include <algorithm>
@@ -10,36 +12,108 @@ namespace pinorama {
 namespace {
 constexpr std::size_t kFirstBytes = 4096;  // a page; the kernel reads on by itself
 
-// Serves one request. False when the other side is gone.
-bool serve(int socket, const OpenRequest& request)
-{
-    OpenReply reply{.number = request.number};
-    bool isHeard = true;
-    const auto enter = [&](std::uint64_t device) {
-        const auto& leftAlone = request.leftAlone;
-        const bool isLeftAlone =
-            std::find(leftAlone.begin(), leftAlone.end(), device) != leftAlone.end();
-        reply.event = isLeftAlone ? OpenEvent::leftAlone : OpenEvent::entering;
-        reply.device = device;
-        isHeard = sendOpenMessage(socket, messageOf(reply));
-        return isHeard && !isLeftAlone;
-    };
-    if (!followPath(request.path, MountList::current(), enter)) return isHeard;
+// Serves one request.
+class Service {
+public:
+    Service(int socket, const OpenRequest& request)
+        : socket_(socket), request_(request), mounts_(MountList::current())
+    {
+    }
 
-    const PictureFile file(request.path);
-    reply = {.number = request.number,
-             .event = OpenEvent::looked,
-             .error = file.error(),
-             .item = file.item(),
-             .isOpen = file.isOpen()};
-    isHeard = sendOpenMessage(socket, messageOf(reply));
-    if (!isHeard || !file.isOpen()) return isHeard;
+    // False when the other side is gone.
+    bool serve()
+    {
+        if (request_.task == OpenTask::facts) {
+            sendFacts();
+            return isHeard_;
+        }
+        if (!reaches(request_.paths.front())) {
+            if (isHeard_) send({.event = OpenEvent::leftAlone, .device = device_});
+            return isHeard_;
+        }
+        switch (request_.task) {
+        case OpenTask::names: sendNames(); break;
+        case OpenTask::count:
+            send({.event = OpenEvent::count, .count = countItemsIn(request_.paths.front())});
+            break;
+        default: open();
+        }
+        return isHeard_;
+    }
 
-    char bytes[kFirstBytes];
-    (void)readAt(file.descriptor(), 0, bytes, sizeof bytes);  // whoever reads on sees the error
-    reply = {.number = request.number, .event = OpenEvent::opened};
-    return sendOpenMessage(socket, messageOf(reply), file.descriptor());
-}
+private:
+    void send(OpenReply reply, int descriptor = -1)
+    {
+        reply.number = request_.number;
+        // Names are more than a socket holds, so this waits for the window to take them.
+        isHeard_ = sendOpenMessage(socket_, messageOf(reply), descriptor, WhenFull::wait);
+    }
+
+    // Says which file systems the path leads into. False before one that is to be left alone, and
+    // when nobody listens.
+    bool reaches(const std::string& path)
+    {
+        return followPath(path, mounts_, [this](std::uint64_t device) {
+            const auto& leftAlone = request_.leftAlone;
+            const bool isLeftAlone =
+                std::find(leftAlone.begin(), leftAlone.end(), device) != leftAlone.end();
+            const bool isNew = !std::exchange(hasEntered_, true) || device != device_;
+            device_ = device;
+            if (!isLeftAlone && isNew) send({.event = OpenEvent::entering, .device = device});
+            return isHeard_ && !isLeftAlone;
+        });
+    }
+
+    void open()
+    {
+        const PictureFile file(request_.paths.front());
+        send({.event = OpenEvent::looked,
+              .error = file.error(),
+              .item = file.item(),
+              .isOpen = file.isOpen()});
+        if (!isHeard_ || !file.isOpen()) return;
+        char bytes[kFirstBytes];
+        (void)readAt(file.descriptor(), 0, bytes, sizeof bytes);  // whoever reads on sees the error
+        send({.event = OpenEvent::opened}, file.descriptor());
+    }
+
+    void sendFacts()
+    {
+        OpenReply reply{.event = OpenEvent::facts};
+        for (const std::string& path : request_.paths) {
+            const bool isReached = reaches(path);
+            if (!isHeard_) return;
+            reply.facts.push_back(isReached ? factsOfItem(path) : ItemFacts{});
+        }
+        send(std::move(reply));
+    }
+
+    void sendNames()
+    {
+        OpenReply part{.event = OpenEvent::names, .isLast = false};
+        std::size_t size = 0;
+        eachNameIn(request_.paths.front(), [&](std::string_view name) {
+            if (!mayBeShownAs(name, request_.shown)) return true;
+            if (size + name.size() + 1 > kMaxNameBytes) {
+                send(part);
+                part.names.clear();
+                size = 0;
+            }
+            part.names.emplace_back(name);
+            size += name.size() + 1;
+            return isHeard_;
+        });
+        part.isLast = true;
+        if (isHeard_) send(std::move(part));
+    }
+
+    int socket_;
+    const OpenRequest& request_;
+    MountList mounts_;
+    bool hasEntered_ = false;
+    std::uint64_t device_ = 0;  // that was entered last, or is left alone
+    bool isHeard_ = true;
+};
 }  // namespace
 
 void serveOpener(int socket)
@@ -48,7 +122,7 @@ void serveOpener(int socket)
         const OpenMessage message = receiveOpenMessage(socket, true);
         if (message.outcome != OpenMessage::Outcome::received) return;
         const std::optional<OpenRequest> request = openRequestIn(message.bytes);
-        if (!request || !serve(socket, *request)) return;
+        if (!request || !Service(socket, *request).serve()) return;
     }
 }
 

@@ -1,5 +1,7 @@
 #include "opener/opener_protocol.h"
 
+#include "opener/opener_socket.h"
+
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
@@ -37,25 +39,45 @@ FileAttributes someItem()
 
 TEST(openRequestIn, givesWhatWasSent)
 {
-    const OpenRequest sent = {.number = 7, .leftAlone = {1, 0x100000002}, .path = "/a \xFC.jpg"};
+    const OpenRequest sent = {.number = 7, .leftAlone = {1, 0x100000002}, .paths = {"/a \xFC.jpg"}};
     const std::optional<OpenRequest> request = openRequestIn(messageOf(sent));
     ASSERT_TRUE(request);
     EXPECT_EQ(request->number, 7u);
     EXPECT_EQ(request->leftAlone, sent.leftAlone);
-    EXPECT_EQ(request->path, sent.path);
+    EXPECT_EQ(request->paths, sent.paths);
 }
 
 TEST(openRequestIn, refusesWhatIsMalformed)
 {
     const std::vector<std::uint8_t> whole =
-        messageOf(OpenRequest{.number = 7, .leftAlone = {1, 2}, .path = "/"});
+        messageOf(OpenRequest{.number = 7, .leftAlone = {1, 2}, .paths = {"/"}});
     for (std::size_t size = 0; size < whole.size(); size++) {
         EXPECT_FALSE(openRequestIn(std::span(whole).first(size))) << size;
     }
-    EXPECT_TRUE(openRequestIn(messageOf(OpenRequest{.path = std::string(kMaxOpenPath, 'a')})));
-    EXPECT_FALSE(openRequestIn(messageOf(OpenRequest{.path = std::string(kMaxOpenPath + 1, 'a')})));
+    EXPECT_TRUE(openRequestIn(messageOf(OpenRequest{.paths = {std::string(kMaxOpenPath, 'a')}})));
+    EXPECT_FALSE(
+        openRequestIn(messageOf(OpenRequest{.paths = {std::string(kMaxOpenPath + 1, 'a')}})));
     EXPECT_FALSE(openRequestIn(messageOf(
-        OpenRequest{.leftAlone = std::vector<std::uint64_t>(kMaxLeftAlone + 1), .path = "/"})));
+        OpenRequest{.leftAlone = std::vector<std::uint64_t>(kMaxLeftAlone + 1), .paths = {"/"}})));
+}
+
+TEST(openRequestIn, takesAsManyPathsAsTheTaskHas)
+{
+    const std::vector<std::string> two = {"/a", "/b"};
+    const auto facts = openRequestIn(messageOf(OpenRequest{.task = OpenTask::facts, .paths = two}));
+    ASSERT_TRUE(facts);
+    EXPECT_EQ(facts->paths, two);
+    EXPECT_EQ(facts->task, OpenTask::facts);
+    EXPECT_FALSE(openRequestIn(messageOf(OpenRequest{.task = OpenTask::names, .paths = two})));
+    EXPECT_FALSE(openRequestIn(messageOf(OpenRequest{.task = OpenTask::facts})));
+    EXPECT_FALSE(openRequestIn(messageOf(OpenRequest{
+        .task = OpenTask::facts, .paths = std::vector<std::string>(kMaxOpenPaths + 1, "/")})));
+    const auto names = openRequestIn(
+        messageOf(OpenRequest{.task = OpenTask::names, .paths = {"/"}, .shown = "\u00e4.jpg"}));
+    ASSERT_TRUE(names);
+    EXPECT_EQ(names->shown, "\u00e4.jpg");
+    EXPECT_FALSE(openRequestIn(messageOf(OpenRequest{
+        .task = OpenTask::names, .paths = {"/"}, .shown = std::string(kMaxShownName + 1, 'a')})));
 }
 
 TEST(openReplyIn, givesWhatWasSent)
@@ -69,6 +91,12 @@ TEST(openReplyIn, givesWhatWasSent)
         {.number = 4, .event = OpenEvent::looked, .error = EACCES, .item = undated},
         {.number = 5, .event = OpenEvent::looked, .error = ENOENT},
         {.number = 6, .event = OpenEvent::opened},
+        {.number = 7,
+         .event = OpenEvent::facts,
+         .facts = {{true, true, true, 0x800013, 0x9e7e}, {true, true, false, 5, 6}, {}}},
+        {.number = 8, .event = OpenEvent::names, .names = {"a", "\xE4"}, .isLast = false},
+        {.number = 9, .event = OpenEvent::names},
+        {.number = 10, .event = OpenEvent::count, .count = {7, 8}},
     };
     for (const OpenReply& sent : rows) {
         const std::optional<OpenReply> reply = openReplyIn(messageOf(sent));
@@ -79,6 +107,10 @@ TEST(openReplyIn, givesWhatWasSent)
         EXPECT_EQ(reply->error, sent.error);
         EXPECT_EQ(reply->item, sent.item);
         EXPECT_EQ(reply->isOpen, sent.isOpen);
+        EXPECT_EQ(reply->facts, sent.facts);
+        EXPECT_EQ(reply->names, sent.names);
+        EXPECT_EQ(reply->isLast, sent.isLast);
+        EXPECT_EQ(reply->count, sent.count);
     }
 }
 
@@ -91,13 +123,40 @@ TEST(openReplyIn, refusesWhatIsMalformed)
     whole.push_back(0);
     EXPECT_FALSE(openReplyIn(whole)) << "too long";
     EXPECT_FALSE(openReplyIn(messageOf(OpenReply{.event = OpenEvent{0}})));
-    EXPECT_FALSE(openReplyIn(messageOf(OpenReply{.event = OpenEvent{5}})));
+    EXPECT_FALSE(openReplyIn(messageOf(OpenReply{.event = OpenEvent{8}})));
     EXPECT_FALSE(openReplyIn(messageOf(OpenReply{.event = OpenEvent::looked, .isOpen = true})))
         << "open, and there is nothing";
     FileAttributes folder = someItem();
     folder.isRegular = false;
     EXPECT_FALSE(openReplyIn(
         messageOf(OpenReply{.event = OpenEvent::looked, .item = folder, .isOpen = true})));
+}
+
+TEST(openReplyIn, refusesNamesAndFactsThatNoOpenerSends)
+{
+    const OpenReply rows[] = {
+        {.event = OpenEvent::names, .names = {std::string(256, 'a')}},
+        {.event = OpenEvent::names, .names = {""}},
+        {.event = OpenEvent::names, .names = std::vector<std::string>(400, std::string(99, 'a'))},
+        {.event = OpenEvent::facts, .facts = std::vector<ItemFacts>(kMaxOpenPaths + 1)},
+    };
+    for (const OpenReply& row : rows) EXPECT_FALSE(openReplyIn(messageOf(row)));
+    std::vector<std::uint8_t> names =
+        messageOf(OpenReply{.event = OpenEvent::names, .names = {"a"}});
+    EXPECT_TRUE(openReplyIn(names));
+    names.pop_back();
+    EXPECT_FALSE(openReplyIn(names)) << "cut off";
+}
+
+TEST(receiveOpenMessage, endsWithOneThatIsTooLong)
+{
+    const Sockets sockets;
+    const std::vector<std::uint8_t> longest(kMaxOpenMessage);
+    EXPECT_TRUE(sendOpenMessage(sockets.near.get(), longest));
+    EXPECT_EQ(receiveOpenMessage(sockets.far.get(), true).bytes.size(), kMaxOpenMessage);
+    EXPECT_TRUE(
+        sendOpenMessage(sockets.near.get(), std::vector<std::uint8_t>(kMaxOpenMessage + 1)));
+    EXPECT_EQ(receiveOpenMessage(sockets.far.get(), true).outcome, OpenMessage::Outcome::gone);
 }
 
 TEST(receiveOpenMessage, bringsTheDescriptorAlong)
