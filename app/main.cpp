@@ -11,7 +11,7 @@
 #include "app/window_report.h"
 #include "base/printable.h"
 #include "desktop/application_bus.h"
-#include "previews/picture_opener.h"
+#include "opener/events/picture_opener.h"
 #include "previews/picture_reader.h"
 #include "selection/accessibility_advice.h"
 #include "selection/file_manager_selection.h"

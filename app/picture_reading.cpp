@@ -3,8 +3,8 @@
 #include "app/main_window.h"
 #include "app/reading_notice.h"
 #include "location/metadata_reader.h"
+#include "opener/events/picture_opener.h"
 #include "previews/late_properties.h"
-#include "previews/picture_opener.h"
 
 #include <algorithm>
 #include <utility>

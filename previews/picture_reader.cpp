@@ -1,9 +1,9 @@
 #include "previews/picture_reader.h"
 
 #include "location/picture_source.h"
+#include "opener/events/picture_opener.h"
 #include "previews/file_preview.h"
 #include "previews/late_properties.h"
-#include "previews/picture_opener.h"
 
 #include <QCoreApplication>
 #include <QPointer>

@@ -3,7 +3,7 @@
 
 #include "tests/support/hostile_items.h"
 #include "base/file_uri.h"
-#include "previews/picture_opener.h"
+#include "opener/events/picture_opener.h"
 #include "tests/app/hostile_window.h"
 #include "tests/support/damaged_pictures.h"
 #include "tests/support/restless_file.h"

@@ -2,7 +2,7 @@
 // card that was pulled out, a disk that dies.
 
 #include "app/reading_notice.h"
-#include "previews/picture_opener.h"
+#include "opener/events/picture_opener.h"
 #include "tests/app/hostile_window.h"
 #include "tests/support/slow_disk.h"
 

@@ -2,7 +2,7 @@
 
 #include "app/reading_notice.h"
 #include "base/resource_folder.h"
-#include "previews/picture_opener.h"
+#include "opener/events/picture_opener.h"
 #include "tests/app/hostile_window.h"
 #include "tests/support/slow_disk.h"
 

@@ -1,4 +1,4 @@
-#include "previews/picture_opener.h"
+#include "opener/events/picture_opener.h"
 
 #include <QCoreApplication>
 #include <QPointer>
