@@ -70,11 +70,11 @@ void OpenerClient::stop()
     passNewsOn();
 }
 
-void OpenerClient::request(const std::string& path)
+void OpenerClient::request(const std::string& path, OpenTask task)
 {
     giveUp();
     OpenerQuestion& file = *file_;
-    file.request_ = {.paths = {path}};
+    file.request_ = {.task = task, .paths = {path}};
     file.deaths_ = 0;
     // A zero byte would silently name another file.
     const bool isNone = path.empty() || path.find('\0') != path.npos;

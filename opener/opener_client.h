@@ -55,9 +55,10 @@ public:
     // Ends all openers, without waiting for them, and gives up what is wanted.
     void stop();
 
-    // Wants the file at `path`, in the bytes of the system; what was wanted before is given up. An
-    // opener that has the same path already is not asked again.
-    void request(const std::string& path);
+    // Wants the file at `path`, in the bytes of the system, or with OpenTask::sidecar the XMP beside
+    // it; what was wanted before is given up. An opener that has the same request already is not
+    // asked again. Without a sidecar it is done, and the file not open.
+    void request(const std::string& path, OpenTask task = OpenTask::open);
     void giveUp();
 
     // How far it is with what is wanted.

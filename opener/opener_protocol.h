@@ -6,12 +6,12 @@
 //
 //   entering   once for each file system on the way, before anything is asked of it
 //   leftAlone  instead of the rest: the next one is among those that are to be left alone
-//   looked     what is at the path, or why that cannot be known
+//   looked     what is there, or why that cannot be known
 //   opened     with the descriptor, when the first bytes have been read; only if `looked` says so
 //
-// The last two are those of OpenTask::open. The others have one reply of their own instead: `facts`
-// for all paths, in which those on a file system that is left alone are not known; `count`; and
-// `names` as often as it takes.
+// The last two are those of OpenTask::open and OpenTask::sidecar. The others have one reply of
+// their own instead: `facts` for all paths, in which those on a file system that is left alone are
+// not known; `count`; and `names` as often as it takes.
 
 #pragma once
 
@@ -36,6 +36,7 @@ constexpr std::size_t kMaxNameBytes = 32 << 10;  // of all names in a reply, and
 
 enum class OpenTask : std::uint16_t {
     open = 1,  // opens a file
+    sidecar,   // opens the XMP beside the picture at the path (pictures/sidecar_file.h)
     facts,     // what is at each of the paths
     names,     // the names in a folder that may be shown as `shown`
     count,     // how many items a folder has
@@ -65,7 +66,7 @@ struct OpenReply {
     OpenEvent event = OpenEvent::entering;
     std::uint64_t device = 0;              // entering, leftAlone
     std::int32_t error = 0;                // looked: errno, as PictureFile::error
-    std::optional<FileAttributes> item{};  // looked: what is at the path
+    std::optional<FileAttributes> item{};  // looked: what is there
     bool isOpen = false;                   // looked: `opened` follows
     std::vector<ItemFacts> facts{};        // facts: one for each path
     std::vector<std::string> names{};      // names: 0 or more

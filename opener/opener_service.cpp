@@ -5,12 +5,25 @@
 #include "opener/opener_protocol.h"
 #include "opener/opener_socket.h"
 #include "pictures/picture_file.h"
+#include "pictures/sidecar_file.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <string>
+#include <vector>
+
+#include <unistd.h>
 
 namespace pinorama {
 namespace {
 constexpr std::size_t kFirstBytes = 4096;  // a page; the kernel reads on by itself
+
+// Whether there is anything of that name; a link is not followed.
+bool isThere(const std::string& path)
+{
+    char target = 0;
+    return readlink(path.c_str(), &target, sizeof target) >= 0 || errno == EINVAL;
+}
 
 // Serves one request.
 class Service {
@@ -27,8 +40,12 @@ public:
             sendFacts();
             return isHeard_;
         }
+        if (request_.task == OpenTask::sidecar) {
+            openSidecar();
+            return isHeard_;
+        }
         if (!reaches(request_.paths.front())) {
-            if (isHeard_) send({.event = OpenEvent::leftAlone, .device = device_});
+            sendLeftAlone();
             return isHeard_;
         }
         switch (request_.task) {
@@ -36,7 +53,7 @@ public:
         case OpenTask::count:
             send({.event = OpenEvent::count, .count = countItemsIn(request_.paths.front())});
             break;
-        default: open();
+        default: send(PictureFile(request_.paths.front()));
         }
         return isHeard_;
     }
@@ -64,9 +81,28 @@ private:
         });
     }
 
-    void open()
+    void sendLeftAlone()
     {
-        const PictureFile file(request_.paths.front());
+        if (isHeard_) send({.event = OpenEvent::leftAlone, .device = device_});
+    }
+
+    // The first that can be opened of the paths where the sidecar may be. They are all in one
+    // folder, which is entered for the first of them.
+    void openSidecar()
+    {
+        PictureFile file;
+        const std::vector<std::string> paths = sidecarPaths(request_.paths.front());
+        for (const std::string& path : paths) {
+            if (&path != &paths.front() && !isThere(path)) continue;
+            if (!reaches(path)) return sendLeftAlone();
+            file = PictureFile(path);
+            if (file.isOpen()) break;
+        }
+        send(file);
+    }
+
+    void send(const PictureFile& file)
+    {
         send({.event = OpenEvent::looked,
               .error = file.error(),
               .item = file.item(),

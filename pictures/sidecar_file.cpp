@@ -8,24 +8,29 @@ namespace {
 constexpr std::string_view kEndings[] = {".xmp", ".XMP", ".Xmp", ".xMp",
                                          ".xmP", ".XMp", ".XmP", ".xMP"};
 
-PictureFile openWithEnding(const std::string& start)
+void addWithEndings(const std::string& start, std::vector<std::string>* paths)
 {
-    for (const std::string_view ending : kEndings) {
-        PictureFile file(start + std::string(ending));
-        if (file.isOpen()) return file;
-    }
-    return {};
+    for (const std::string_view ending : kEndings) paths->push_back(start + std::string(ending));
 }
 }  // namespace
 
-PictureFile openSidecar(const std::string& path)
+std::vector<std::string> sidecarPaths(const std::string& path)
 {
-    PictureFile file = openWithEnding(path);
-    if (file.isOpen()) return file;
+    std::vector<std::string> paths;
+    addWithEndings(path, &paths);
     const std::size_t name = path.rfind('/') + 1;  // 0 without a folder
     const std::size_t dot = path.rfind('.');
-    const bool hasExtension = dot != path.npos && dot > name;
-    return hasExtension ? openWithEnding(path.substr(0, dot)) : PictureFile();
+    if (dot != path.npos && dot > name) addWithEndings(path.substr(0, dot), &paths);
+    return paths;
+}
+
+PictureFile openSidecar(const std::string& path)
+{
+    for (const std::string& sidecar : sidecarPaths(path)) {
+        PictureFile file(sidecar);
+        if (file.isOpen()) return file;
+    }
+    return {};
 }
 
 }  // namespace pinorama

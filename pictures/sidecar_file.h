@@ -4,14 +4,19 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "pictures/picture_file.h"
 
 namespace pinorama {
 
-// Opens the sidecar of the picture at `path`: "IMG.CR2.xmp" beside "IMG.CR2", else "IMG.xmp". The
-// ending is found in upper and lower case and in any mixture. Not open if there is no such file, or
-// if `path` has no extension to replace and no file of the longer name.
+// The paths at which the sidecar of the picture at `path` may be, in the order in which they count:
+// "IMG.CR2.xmp" beside "IMG.CR2", then "IMG.xmp", each with its ending in lower and upper case and
+// in any mixture. Of a path without an extension to replace only the longer names.
+std::vector<std::string> sidecarPaths(const std::string& path);
+
+// Opens the sidecar of the picture at `path`, the first of them that is a regular file. Not open if
+// there is none.
 PictureFile openSidecar(const std::string& path);
 
 }  // namespace pinorama

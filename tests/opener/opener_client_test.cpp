@@ -121,6 +121,29 @@ TEST_F(OpenerClient, saysWhatIsNoFileAndWhy)
     }
 }
 
+TEST_F(OpenerClient, opensTheSidecarOfAPicture)
+{
+    const std::string path = folder_.write("IMG.CR2", "picture");
+    const auto sidecar = [&] {
+        client_.request(path, OpenTask::sidecar);
+        EXPECT_EQ(client_.wait(kPatience), OpenStage::done);
+        return client_.take();
+    };
+    EXPECT_FALSE(sidecar().isOpen());
+    EXPECT_EQ(sidecar().error(), ENOENT);
+    std::filesystem::create_directory(folder_.file("IMG.xmp"));
+    EXPECT_FALSE(sidecar().isOpen()) << "a folder";
+    folder_.write("IMG.XMP", "of both");
+    EXPECT_EQ(textOf(sidecar()), "of both");
+    std::filesystem::create_directory(folder_.file("elsewhere"));
+    folder_.write("elsewhere/b.txt", "of the raw picture");
+    ASSERT_EQ(symlink("elsewhere/b.txt", folder_.file("IMG.CR2.xmp").c_str()), 0);
+    EXPECT_EQ(textOf(sidecar()), "of the raw picture");
+    EXPECT_EQ(after(path), OpenStage::done);
+    EXPECT_EQ(textOf(client_.take()), "picture");
+    EXPECT_EQ(client_.count(), 1u);
+}
+
 TEST_F(OpenerClient, forgetsWhatIsGivenUp)
 {
     client_.request(folder_.write("a.jpg", "a"));
@@ -247,6 +270,31 @@ TEST_F(OpenerClient, leavesAFileSystemAloneThatKeepsTwo)
         EXPECT_EQ(textOf(client_.file()), "home");
         EXPECT_EQ(client_.countAtWork(), 2u);
     }
+}
+
+TEST_F(OpenerClient, noticesASidecarThatLeadsToAFileSystemToLeaveAlone)
+{
+    const std::string home = folder_.write("home.jpg", "home");
+    const auto hanging = disk("disk");
+    if (!hanging->isUsable()) GTEST_SKIP() << "no disk may be mounted here";
+    ASSERT_EQ(symlink("disk/good.jpg", folder_.file("home.jpg.xmp").c_str()), 0);
+    EXPECT_EQ(after(hanging->file("read.jpg"), kShort), OpenStage::looked);
+    EXPECT_EQ(after(hanging->file("open.jpg"), kShort), OpenStage::waiting);
+    client_.request(home, OpenTask::sidecar);
+    EXPECT_EQ(client_.wait(kPatience), OpenStage::leftAlone);
+    EXPECT_EQ(client_.countAtWork(), 2u);
+    EXPECT_EQ(after(home), OpenStage::done);
+    EXPECT_EQ(textOf(client_.file()), "home");
+}
+
+TEST_F(OpenerClient, doesNotTakeASidecarForItsPicture)
+{
+    const auto slow = disk("disk");
+    if (!slow->isUsable()) GTEST_SKIP() << "no disk may be mounted here";
+    EXPECT_EQ(after(slow->file("late.jpg"), 100ms), OpenStage::looked);
+    client_.request(slow->file("late.jpg"), OpenTask::sidecar);
+    EXPECT_EQ(client_.wait(kPatience), OpenStage::done);
+    EXPECT_FALSE(client_.file().isOpen());
 }
 
 TEST_F(OpenerClient, neverHasMoreThanFour)

@@ -72,6 +72,14 @@ TEST(openRequestIn, takesAsManyPathsAsTheTaskHas)
     EXPECT_FALSE(openRequestIn(messageOf(OpenRequest{.task = OpenTask::facts})));
     EXPECT_FALSE(openRequestIn(messageOf(OpenRequest{
         .task = OpenTask::facts, .paths = std::vector<std::string>(kMaxOpenPaths + 1, "/")})));
+    const auto sidecar =
+        openRequestIn(messageOf(OpenRequest{.task = OpenTask::sidecar, .paths = {"/a"}}));
+    ASSERT_TRUE(sidecar);
+    EXPECT_EQ(sidecar->task, OpenTask::sidecar);
+    for (const std::uint16_t task : {0, 6}) {
+        EXPECT_FALSE(openRequestIn(
+            messageOf(OpenRequest{.task = static_cast<OpenTask>(task), .paths = {"/"}})));
+    }
     const auto names = openRequestIn(
         messageOf(OpenRequest{.task = OpenTask::names, .paths = {"/"}, .shown = "\u00e4.jpg"}));
     ASSERT_TRUE(names);

@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <string>
+#include <vector>
 
 #include <unistd.h>
 
@@ -21,6 +23,16 @@ std::string contentFor(const std::string& path)
     return content.substr(0, static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
 }
 }  // namespace
+
+TEST(sidecarPaths, beginWithTheLongerNames)
+{
+    const std::vector<std::string> paths = sidecarPaths("/a.b/IMG.CR2");
+    ASSERT_EQ(paths.size(), 16u);
+    EXPECT_EQ(paths[0], "/a.b/IMG.CR2.xmp");
+    EXPECT_EQ(paths[1], "/a.b/IMG.CR2.XMP");
+    EXPECT_EQ(paths[8], "/a.b/IMG.xmp");
+    EXPECT_EQ(sidecarPaths("/a.b/IMG").size(), 8u) << "the dot is in the folder's name";
+}
 
 TEST(openSidecar, findsBothNamesInAnyCase)
 {
