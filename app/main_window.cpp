@@ -74,12 +74,9 @@ void MainWindow::furnish()
     setupUi(this);
     webServicesMenu->makeFirstItemTheTitle();
 
-    // The marker keeps its place while it is hidden, so that nothing moves when it comes.
-    QSizePolicy policy = geoTagField->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    geoTagField->setSizePolicy(policy);
     geoTagField->setMinimumSize(kMarkerSize, kMarkerSize);
     geoTagField->setVisible(false);
+    placeMap->setMarker(geoTagField);
     showMarker();
     quietCaptions();
     for (QMenu* menu : {pictureMenu, helpMenu})

@@ -15,6 +15,9 @@ class PlaceFields {
 public:
     // The window, which has its views, lives longer.
     explicit PlaceFields(MainWindow& window) : window_(window), places_(placesFile()) {}
+    PlaceFields(const PlaceFields&) = delete;
+    PlaceFields& operator=(const PlaceFields&) = delete;
+    ~PlaceFields();
 
     // Shows what is known of the position of `info`, which counts as one even if a coordinate is
     // zero. A position that is not on the Earth is shown as none.

@@ -270,6 +270,11 @@
         <extracomment>What a screen reader says before the place in words.</extracomment>
         <translation>Ort</translation>
     </message>
+    <message>
+        <source>A click shows more of the surroundings, or less</source>
+        <extracomment>Of the small map.</extracomment>
+        <translation>Ein Klick zeigt mehr oder weniger von der Umgebung</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::Notice</name>

@@ -270,6 +270,11 @@
         <extracomment>What a screen reader says before the place in words.</extracomment>
         <translation>Lugar</translation>
     </message>
+    <message>
+        <source>A click shows more of the surroundings, or less</source>
+        <extracomment>Of the small map.</extracomment>
+        <translation>Un clic muestra más o menos de los alrededores</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::Notice</name>

@@ -270,6 +270,11 @@
         <extracomment>What a screen reader says before the place in words.</extracomment>
         <translation>場所</translation>
     </message>
+    <message>
+        <source>A click shows more of the surroundings, or less</source>
+        <extracomment>Of the small map.</extracomment>
+        <translation>クリックすると表示範囲が変わります</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::Notice</name>

@@ -270,6 +270,11 @@
         <extracomment>What a screen reader says before the place in words.</extracomment>
         <translation>地点</translation>
     </message>
+    <message>
+        <source>A click shows more of the surroundings, or less</source>
+        <extracomment>Of the small map.</extracomment>
+        <translation>点击可显示更大或更小的范围</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::Notice</name>

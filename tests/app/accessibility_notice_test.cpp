@@ -203,7 +203,8 @@ TEST_F(AccessibilityNoticeTest, showsAllItsWordsInEveryLanguage)
         std::set<QChar> keys;
         for (const QAbstractButton* button :
              translated.myWindow->findChildren<QAbstractButton*>()) {
-            if (button->objectName().startsWith(QLatin1String("qt_"))) continue;
+            if (button->objectName().startsWith(QLatin1String("qt_")) || button->text().isEmpty())
+                continue;
             EXPECT_GE(button->width(), button->minimumSizeHint().width());
             const QString text = button->text();
             const qsizetype at = text.indexOf(u'&');

@@ -194,7 +194,7 @@ TEST_F(AppControllerHabits, everyTextFollowsTheFontOfTheSystem)
     std::map<QWidget*, int> heights;
     for (QWidget* widget :
          controller.myWindow->centralWidget()->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
-        if (widget != controller.fileIconField && widget != controller.geoTagField)
+        if (widget != controller.fileIconField && widget != controller.myWindow->placeMap)
             heights[widget] = widget->sizeHint().height();
     }
     EXPECT_GE(heights.size(), 27u);

@@ -93,7 +93,8 @@ void expectMnemonicsToDiffer(MainWindow* window)
         EXPECT_FALSE(inMenu.contains(0));
     }
     for (const QAbstractButton* button : window->findChildren<QAbstractButton*>()) {
-        if (button->objectName().startsWith(QLatin1String("qt_"))) continue;
+        if (button->objectName().startsWith(QLatin1String("qt_")) || button->text().isEmpty())
+            continue;
         EXPECT_TRUE(used.insert(mnemonicOf(button->text())).second) << button->text().toStdString();
     }
     EXPECT_FALSE(used.contains(0));
@@ -145,8 +146,8 @@ TEST_F(MainWindowTest, theTabKeyGoesFromTopToBottom)
     controller.showMainWindow();
     std::vector<std::string> expected(std::begin(kTextFields), std::end(kTextFields));
     expected.insert(expected.begin() + 1, "placeField");
-    for (const char* control : {"webServicesMenu", "showInGEButton", "searchInTovButton",
-                                "exportKMLButton", "syncCheckbox"})
+    for (const char* control : {"placeMap", "webServicesMenu", "showInGEButton",
+                                "searchInTovButton", "exportKMLButton", "syncCheckbox"})
         expected.emplace_back(control);
     EXPECT_EQ(tabOrder(controller.myWindow), expected);
 }

@@ -41,8 +41,7 @@ void expectEverythingToBeShown(const MainWindow& window)
     const auto views = window.contentView->findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
     EXPECT_GT(views.size(), 25);
     for (const QWidget* view : views) {
-        EXPECT_EQ(view->isVisible(), view != window.geoTagField)
-            << view->objectName().toStdString();
+        EXPECT_EQ(view->isVisible(), view != window.placeMap) << view->objectName().toStdString();
     }
     EXPECT_TRUE(window.mainMenu->isVisible());
 }

@@ -22,6 +22,7 @@ FIELDS = ["Name", "Size", "Modified", "Created", "Coordinate", "Altitude", "Dire
           "State", "Country", "Caption"]
 # Name, role and description of each control below them.
 CONTROLS = [
+    ("7 km SSW of Grainau, Germany", "button", "A click shows more of the surroundings, or less"),
     ("Map Services", "combo box", "Opens the location in a web map"),
     ("Show in Globe", "button", "Flies the globe program to the location"),
     ("Find in Skallion", "button", "Finds all catalogued pictures taken within 2000 m"),
