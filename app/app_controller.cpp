@@ -3,7 +3,10 @@
 #include "app/about_box.h"
 #include "app/file_dialogs.h"
 #include "app/finder_sync.h"
+#include "app/foot_line.h"
 #include "app/main_window.h"
+#include "app/picture_words.h"
+#include "app/shown_text.h"
 #include "base/file_uri.h"
 #include "base/resource_folder.h"
 #include "base/status.h"
@@ -55,19 +58,33 @@ AppController::AppController(SelectionSource* selection, UrlOpener* opener,
         showMainWindow();
         showPath(path);
     });
-    connect(&reading_, &PictureReading::looked, this,
-            [this](const PictureFile& file) { fields_.showItem(path_, file.item()); });
+    connect(&intake_, &PathIntake::severalSelected, this, [this](bool areSeveral) {
+        if (areSeveral)
+            footLine(*window_).say(FootLine::Topic::selection, wordsOfSeveral());
+        else if (auto* line = window_->findChild<FootLine*>())
+            line->takeBack(FootLine::Topic::selection);
+    });
+    connect(&reading_, &PictureReading::looked, this, [this](const PictureFile& file) {
+        fields_.showItem(path_, file.item());
+        if (file.item()) sayOfPicture(wordsOfKind(*file.item(), nameInWords(), isRead_));
+    });
     connect(&reading_, &PictureReading::opened, this, &AppController::showOpened);
     connect(&reading_, &PictureReading::openerMissing, this, [this] {
         showNoPlaceYet();
-        fields_.showInsteadOfPreview(
-            tr("Files cannot be opened: the program pinorama-opener does not start."));
+        const QString words =
+            tr("Files cannot be opened: the program pinorama-opener does not start.");
+        fields_.showInsteadOfPreview(words);
+        sayOfPicture(words);
     });
-    connect(&reading_, &PictureReading::previewRead, this,
-            [this](const QPixmap& preview) { fields_.showPreview(preview); });
+    connect(&reading_, &PictureReading::previewRead, this, [this](const QPixmap& preview) {
+        fields_.showPreview(preview);
+        sayIfNoPlace();
+    });
     connect(&reading_, &PictureReading::readerMissing, this, [this] {
-        fields_.showInsteadOfPreview(
-            tr("Pictures cannot be read: the program pinorama-reader does not start."));
+        const QString words =
+            tr("Pictures cannot be read: the program pinorama-reader does not start.");
+        fields_.showInsteadOfPreview(words);
+        sayOfPicture(words);
     });
     connect(&reading_, &PictureReading::placeRead, this,
             [this](const PictureProperties& properties) {
@@ -225,7 +242,9 @@ bool AppController::show(const std::string& path, TovStringRef text)
     lastPath = text;
     path_ = path;
     fields_.showName(text);
+    forgetPicture(*window_);
     const bool isAccepted = acceptPath(text);
+    isRead_ = isAccepted;
     if (!isAccepted) {
         fields_.clearPosition();
         fields_.clearPlaceTexts();
@@ -250,6 +269,8 @@ void AppController::showNoPlaceYet()
 // The file that is shown has been opened, or cannot be.
 void AppController::showOpened()
 {
+    const int error = reading_.openError();
+    if (error != 0) sayOfPicture(wordsOfOpenError(error, nameInWords()));
     if (acceptPath(lastPath)) {
         gpsPrepareInfoRecord(&info);
         showPlaceRead(reading_.readPlace(&info));
@@ -266,16 +287,41 @@ void AppController::showPlaceRead(std::int32_t status)
         fields_.showPlace(info);
         gpsReleaseInfoRecord(&info);
     }
-    const bool hasPlace = info.latti != 0.0 || info.longi != 0.0;
     // Without a place its texts stay as they are: they may be those of the picture before. With one
     // coordinate of zero the actions are there although nothing new was shown.
-    if (hasPlace) {
+    if (hasPlace()) {
         place_.show(info);
     } else {
         fields_.clearPosition();
         place_.clear();
     }
-    actions_.setEnabled(hasPlace);
+    actions_.setEnabled(hasPlace());
+}
+
+// Whether the accepted file that was shown last has a place.
+bool AppController::hasPlace() const
+{
+    return info.latti != 0.0 || info.longi != 0.0;
+}
+
+QString AppController::nameInWords() const
+{
+    return shownName(window_->fileNameField->text(), window_->fontMetrics());
+}
+
+// Says something of the file that is shown; nothing if the words are empty.
+void AppController::sayOfPicture(const QString& words)
+{
+    if (!words.isEmpty()) footLine(*window_).say(FootLine::Topic::picture, words);
+}
+
+// Everything has come of the file that is shown: says that it has no place, unless it has been said
+// why there is none.
+void AppController::sayIfNoPlace()
+{
+    if (!isRead_ || hasPlace() || reading_.hasFailed()) return;
+    const auto* line = window_->findChild<FootLine*>();
+    if (line == nullptr || !line->says(FootLine::Topic::picture)) sayOfPicture(wordsOfNoPlace());
 }
 
 void AppController::setupWebMenu()

@@ -155,9 +155,14 @@ private:
     void showNoPlaceYet();
     void showOpened();
     void showPlaceRead(std::int32_t status);
+    bool hasPlace() const;
+    QString nameInWords() const;
+    void sayOfPicture(const QString& words);
+    void sayIfNoPlace();
 
     std::unique_ptr<MainWindow> window_;
-    std::string path_;  // the bytes of lastPath
+    std::string path_;     // the bytes of lastPath
+    bool isRead_ = false;  // whether files of its type are read
     DesktopUrlOpener desktopOpener_;
     UrlOpener& opener_;
     FileFields fields_;

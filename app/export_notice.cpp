@@ -4,15 +4,12 @@
 #include "app/shown_text.h"
 
 #include <QFileInfo>
-#include <QFontMetrics>
 
 #include <cerrno>
 #include <cstring>
 
 namespace pinorama {
 namespace {
-constexpr int kMaxLetters = 30;  // of a file's name, about; a longer one would widen the window
-
 void remove(ExportNotice* notice)
 {
     notice->hide();
@@ -24,9 +21,7 @@ ExportNotice::ExportNotice(QWidget* parent) : Notice(QStringLiteral("exportNotic
 
 void ExportNotice::sayFailure(const QString& file, int error)
 {
-    const QFontMetrics letters = fontMetrics();
-    const QString name = letters.elidedText(shownText(QFileInfo(file).fileName()), Qt::ElideMiddle,
-                                            kMaxLetters * letters.averageCharWidth());
+    const QString name = shownName(QFileInfo(file).fileName(), fontMetrics());
     QString reason;
     switch (error) {
     case ENOSPC:

@@ -1,31 +1,13 @@
 #include "app/notice.h"
 
+#include "app/whole_words.h"
+
 #include <QAccessible>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 namespace pinorama {
-namespace {
-void fit(QLabel* words)
-{
-    words->setFixedHeight(words->heightForWidth(words->width()));
-}
-
-// Words that are shown whole, however narrow the window is, and take no more room than that.
-class WholeWords : public QLabel {
-public:
-    using QLabel::QLabel;
-
-protected:
-    void resizeEvent(QResizeEvent* event) override
-    {
-        QLabel::resizeEvent(event);
-        fit(this);
-    }
-};
-}  // namespace
 
 Notice::Notice(const QString& name, QWidget* parent)
     : QFrame(parent),
@@ -37,9 +19,6 @@ Notice::Notice(const QString& name, QWidget* parent)
     words_->setObjectName(name + QStringLiteral("Words"));
     dismissButton_->setObjectName(name + QStringLiteral("DismissButton"));
     setFrameShape(QFrame::StyledPanel);
-    words_->setWordWrap(true);
-    words_->setTextFormat(Qt::PlainText);
-    words_->setTextInteractionFlags(Qt::TextSelectableByMouse);
 
     buttons_->addStretch();
     buttons_->addWidget(dismissButton_);
@@ -64,11 +43,9 @@ void Notice::showEvent(QShowEvent* event)
 
 void Notice::say(const QString& words)
 {
-    words_->setText(words);
+    words_->say(words);
     setAccessibleName(words);
-    if (!isVisible()) return;
-    fit(words_);
-    announce();
+    if (isVisible()) announce();
 }
 
 // A screen reader reads it out and leaves the focus where it is.

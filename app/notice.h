@@ -8,10 +8,11 @@
 #include <QString>
 
 class QHBoxLayout;
-class QLabel;
 class QPushButton;
 
 namespace pinorama {
+
+class WholeWords;
 
 class Notice : public QFrame {
     Q_OBJECT
@@ -37,7 +38,7 @@ protected:
 private:
     void announce();
 
-    QLabel* words_;
+    WholeWords* words_;
     QHBoxLayout* buttons_;
     QPushButton* dismissButton_;
 };

@@ -25,7 +25,10 @@ PathIntake::PathIntake(MainWindow& window, SelectionSource* selection)
     connect(&window_, &MainWindow::fileDropped, this, &PathIntake::open);
     connect(window_.syncCheckbox, &QCheckBox::toggled, this, [this] {
         keepsOpened_ = false;
-        if (!follows()) listen(false);
+        if (!follows()) {
+            listen(false);
+            Q_EMIT severalSelected(false);
+        }
     });
 }
 
@@ -85,6 +88,7 @@ void PathIntake::passSelection()
 
 void PathIntake::passOne(const std::vector<std::string>& paths)
 {
+    Q_EMIT severalSelected(paths.size() > 1);
     if (paths.size() == 1) Q_EMIT pathFound(paths.front());
 }
 

@@ -66,6 +66,10 @@ Q_SIGNALS:
     void pathFound(const std::string& path);
     void pathOpened(const std::string& path);
 
+    // Whether several files are selected now, of which none is passed on. Comes with every look at
+    // the selection.
+    void severalSelected(bool areSeveral);
+
 private:
     bool follows() const;
     void listen(bool listens);

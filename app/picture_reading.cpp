@@ -107,6 +107,11 @@ bool PictureReading::isGoingOn() const
     return isOpening_ || awaitedPlace_ != 0 || previews_.isLoading();
 }
 
+bool PictureReading::hasFailed() const
+{
+    return notice_ != nullptr && notice_->saysFailure();
+}
+
 void PictureReading::takePlace(std::uint32_t ticket, const PropertyResult& result)
 {
     if (ticket == 0 || ticket != awaitedPlace_) return;

@@ -53,6 +53,13 @@ public:
     bool hasLooked() const { return hasLooked_; }
     bool isOpening() const { return isOpening_; }
 
+    // Once `opened` has come and until the preview is asked for: the errno of why the file could
+    // not be opened; 0 if it is open, and for an item of another kind.
+    int openError() const { return picture_.error(); }
+
+    // Whether the window says that the file could not be read.
+    bool hasFailed() const;
+
     // Reads the place of the file that was opened as readInfoRecord does, and returns what it
     // returns. When the place takes its time, that is -1 and an untouched record, and `placeRead`
     // comes later.

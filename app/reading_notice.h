@@ -25,6 +25,9 @@ public:
     // stays.
     void endReading();
 
+    // Whether it says that reading has failed.
+    bool saysFailure() const { return !isHidden() && !isStillReading_; }
+
     // Nothing is to be said any more, as another file is shown.
     void forget();
 

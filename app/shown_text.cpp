@@ -11,6 +11,7 @@ namespace pinorama {
 namespace {
 constexpr QChar kEllipsis(0x2026);
 constexpr qsizetype kMaxCharacterLength = 64;
+constexpr int kMaxNameLetters = 30;
 
 // Where to cut a text that is longer than kMaxShownLength.
 qsizetype lastBoundary(const QString& text)
@@ -45,6 +46,12 @@ QString shownText(const QString& text)
 {
     if (text.size() <= kMaxShownLength) return withoutControls(text);
     return withoutControls(text.first(lastBoundary(text))) + kEllipsis;
+}
+
+QString shownName(const QString& name, const QFontMetrics& letters)
+{
+    return letters.elidedText(shownText(name), Qt::ElideMiddle,
+                              kMaxNameLetters * letters.averageCharWidth());
 }
 
 }  // namespace pinorama

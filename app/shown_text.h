@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include <QFontMetrics>
 #include <QString>
 
 namespace pinorama {
@@ -17,5 +18,9 @@ inline constexpr qsizetype kMaxShownLength = 2000;
 // (isDisplayControl), is shown as U+FFFD, so that a name reads as it is written; line breaks and
 // tabs stay.
 QString shownText(const QString& text);
+
+// The name of a file within a sentence: elided in the middle if it has more than about 30 letters,
+// so that it does not widen the window.
+QString shownName(const QString& name, const QFontMetrics& letters);
 
 }  // namespace pinorama

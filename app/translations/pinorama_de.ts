@@ -305,4 +305,42 @@
         <translation>%1 antwortet nicht.</translation>
     </message>
 </context>
+<context>
+    <name>pinorama::PictureWords</name>
+    <message>
+        <source>%1 is a folder.</source>
+        <extracomment>The foot of the window; so are the others. %1 is the name of the file that is shown</extracomment>
+        <translation>%1 ist ein Ordner.</translation>
+    </message>
+    <message>
+        <source>%1 is no file that can be read.</source>
+        <extracomment>A pipe or a device</extracomment>
+        <translation>%1 ist keine Datei, die sich lesen lässt.</translation>
+    </message>
+    <message>
+        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
+        <translation>Dateien dieser Art werden nicht gelesen, nur JPEG und Rohdateien von Kameras.</translation>
+    </message>
+    <message>
+        <source>There is no file %1.</source>
+        <translation>Es gibt keine Datei %1.</translation>
+    </message>
+    <message>
+        <source>You are not allowed to read %1.</source>
+        <translation>Sie dürfen %1 nicht lesen.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2.</source>
+        <extracomment>%2 is the system&apos;s reason, such as &quot;Input/output error&quot;</extracomment>
+        <translation>%1 kann nicht geöffnet werden: %2.</translation>
+    </message>
+    <message>
+        <source>This picture does not say where it was taken.</source>
+        <translation>Dieses Bild verrät nicht, wo es aufgenommen wurde.</translation>
+    </message>
+    <message>
+        <source>Several files are selected; the window shows one at a time.</source>
+        <translation>Mehrere Dateien sind ausgewählt; das Fenster zeigt immer nur eine.</translation>
+    </message>
+</context>
 </TS>

@@ -305,4 +305,42 @@
         <translation>%1 no responde.</translation>
     </message>
 </context>
+<context>
+    <name>pinorama::PictureWords</name>
+    <message>
+        <source>%1 is a folder.</source>
+        <extracomment>The foot of the window; so are the others. %1 is the name of the file that is shown</extracomment>
+        <translation>%1 es una carpeta.</translation>
+    </message>
+    <message>
+        <source>%1 is no file that can be read.</source>
+        <extracomment>A pipe or a device</extracomment>
+        <translation>%1 no es un archivo que se pueda leer.</translation>
+    </message>
+    <message>
+        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
+        <translation>Los archivos de este tipo no se leen: solo JPEG y los archivos RAW de las cámaras.</translation>
+    </message>
+    <message>
+        <source>There is no file %1.</source>
+        <translation>No hay ningún archivo %1.</translation>
+    </message>
+    <message>
+        <source>You are not allowed to read %1.</source>
+        <translation>No tiene permiso para leer %1.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2.</source>
+        <extracomment>%2 is the system&apos;s reason, such as &quot;Input/output error&quot;</extracomment>
+        <translation>No se puede abrir %1: %2.</translation>
+    </message>
+    <message>
+        <source>This picture does not say where it was taken.</source>
+        <translation>Esta foto no indica dónde se tomó.</translation>
+    </message>
+    <message>
+        <source>Several files are selected; the window shows one at a time.</source>
+        <translation>Hay varios archivos seleccionados; la ventana muestra uno cada vez.</translation>
+    </message>
+</context>
 </TS>

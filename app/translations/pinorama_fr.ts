@@ -305,4 +305,42 @@
         <translation>%1 ne répond pas.</translation>
     </message>
 </context>
+<context>
+    <name>pinorama::PictureWords</name>
+    <message>
+        <source>%1 is a folder.</source>
+        <extracomment>The foot of the window; so are the others. %1 is the name of the file that is shown</extracomment>
+        <translation>%1 est un dossier.</translation>
+    </message>
+    <message>
+        <source>%1 is no file that can be read.</source>
+        <extracomment>A pipe or a device</extracomment>
+        <translation>%1 n’est pas un fichier lisible.</translation>
+    </message>
+    <message>
+        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
+        <translation>Les fichiers de ce type ne sont pas lus : seuls le sont JPEG et les fichiers bruts des appareils photo.</translation>
+    </message>
+    <message>
+        <source>There is no file %1.</source>
+        <translation>Il n’y a pas de fichier %1.</translation>
+    </message>
+    <message>
+        <source>You are not allowed to read %1.</source>
+        <translation>Vous n’avez pas le droit de lire %1.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2.</source>
+        <extracomment>%2 is the system&apos;s reason, such as &quot;Input/output error&quot;</extracomment>
+        <translation>Impossible d’ouvrir %1 : %2.</translation>
+    </message>
+    <message>
+        <source>This picture does not say where it was taken.</source>
+        <translation>Cette photo n’indique pas où elle a été prise.</translation>
+    </message>
+    <message>
+        <source>Several files are selected; the window shows one at a time.</source>
+        <translation>Plusieurs fichiers sont sélectionnés ; la fenêtre n’en montre qu’un à la fois.</translation>
+    </message>
+</context>
 </TS>

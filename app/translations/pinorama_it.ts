@@ -305,4 +305,42 @@
         <translation>%1 non risponde.</translation>
     </message>
 </context>
+<context>
+    <name>pinorama::PictureWords</name>
+    <message>
+        <source>%1 is a folder.</source>
+        <extracomment>The foot of the window; so are the others. %1 is the name of the file that is shown</extracomment>
+        <translation>%1 è una cartella.</translation>
+    </message>
+    <message>
+        <source>%1 is no file that can be read.</source>
+        <extracomment>A pipe or a device</extracomment>
+        <translation>%1 non è un file leggibile.</translation>
+    </message>
+    <message>
+        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
+        <translation>I file di questo tipo non vengono letti: solo JPEG e i file RAW delle fotocamere.</translation>
+    </message>
+    <message>
+        <source>There is no file %1.</source>
+        <translation>Non c’è nessun file %1.</translation>
+    </message>
+    <message>
+        <source>You are not allowed to read %1.</source>
+        <translation>Non è consentito leggere %1.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2.</source>
+        <extracomment>%2 is the system&apos;s reason, such as &quot;Input/output error&quot;</extracomment>
+        <translation>Impossibile aprire %1: %2.</translation>
+    </message>
+    <message>
+        <source>This picture does not say where it was taken.</source>
+        <translation>Questa foto non indica dove è stata scattata.</translation>
+    </message>
+    <message>
+        <source>Several files are selected; the window shows one at a time.</source>
+        <translation>Sono selezionati più file; la finestra ne mostra uno alla volta.</translation>
+    </message>
+</context>
 </TS>

@@ -305,4 +305,42 @@
         <translation>%1 が応答しません。</translation>
     </message>
 </context>
+<context>
+    <name>pinorama::PictureWords</name>
+    <message>
+        <source>%1 is a folder.</source>
+        <extracomment>The foot of the window; so are the others. %1 is the name of the file that is shown</extracomment>
+        <translation>%1 はフォルダーです。</translation>
+    </message>
+    <message>
+        <source>%1 is no file that can be read.</source>
+        <extracomment>A pipe or a device</extracomment>
+        <translation>%1 は読み込めるファイルではありません。</translation>
+    </message>
+    <message>
+        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
+        <translation>この種類のファイルは読み込みません。読み込むのは JPEG とカメラの RAW ファイルです。</translation>
+    </message>
+    <message>
+        <source>There is no file %1.</source>
+        <translation>%1 というファイルはありません。</translation>
+    </message>
+    <message>
+        <source>You are not allowed to read %1.</source>
+        <translation>%1 を読み込む権限がありません。</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2.</source>
+        <extracomment>%2 is the system&apos;s reason, such as &quot;Input/output error&quot;</extracomment>
+        <translation>%1 を開けません: %2。</translation>
+    </message>
+    <message>
+        <source>This picture does not say where it was taken.</source>
+        <translation>この写真には撮影場所が記録されていません。</translation>
+    </message>
+    <message>
+        <source>Several files are selected; the window shows one at a time.</source>
+        <translation>複数のファイルが選択されています。このウィンドウは一度に 1 つだけ表示します。</translation>
+    </message>
+</context>
 </TS>

@@ -305,4 +305,42 @@
         <translation>%1 reageert niet.</translation>
     </message>
 </context>
+<context>
+    <name>pinorama::PictureWords</name>
+    <message>
+        <source>%1 is a folder.</source>
+        <extracomment>The foot of the window; so are the others. %1 is the name of the file that is shown</extracomment>
+        <translation>%1 is een map.</translation>
+    </message>
+    <message>
+        <source>%1 is no file that can be read.</source>
+        <extracomment>A pipe or a device</extracomment>
+        <translation>%1 is geen bestand dat kan worden gelezen.</translation>
+    </message>
+    <message>
+        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
+        <translation>Bestanden van dit type worden niet gelezen, alleen JPEG en de raw-bestanden van camera’s.</translation>
+    </message>
+    <message>
+        <source>There is no file %1.</source>
+        <translation>Er is geen bestand %1.</translation>
+    </message>
+    <message>
+        <source>You are not allowed to read %1.</source>
+        <translation>U mag %1 niet lezen.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2.</source>
+        <extracomment>%2 is the system&apos;s reason, such as &quot;Input/output error&quot;</extracomment>
+        <translation>%1 kan niet worden geopend: %2.</translation>
+    </message>
+    <message>
+        <source>This picture does not say where it was taken.</source>
+        <translation>Deze foto vertelt niet waar hij is gemaakt.</translation>
+    </message>
+    <message>
+        <source>Several files are selected; the window shows one at a time.</source>
+        <translation>Er zijn meerdere bestanden geselecteerd; het venster toont er één tegelijk.</translation>
+    </message>
+</context>
 </TS>

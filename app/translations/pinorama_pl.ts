@@ -305,4 +305,42 @@
         <translation>Plik %1 nie odpowiada.</translation>
     </message>
 </context>
+<context>
+    <name>pinorama::PictureWords</name>
+    <message>
+        <source>%1 is a folder.</source>
+        <extracomment>The foot of the window; so are the others. %1 is the name of the file that is shown</extracomment>
+        <translation>%1 to folder.</translation>
+    </message>
+    <message>
+        <source>%1 is no file that can be read.</source>
+        <extracomment>A pipe or a device</extracomment>
+        <translation>%1 nie jest plikiem, który można odczytać.</translation>
+    </message>
+    <message>
+        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
+        <translation>Pliki tego typu nie są odczytywane: tylko JPEG i surowe pliki z aparatów.</translation>
+    </message>
+    <message>
+        <source>There is no file %1.</source>
+        <translation>Nie ma pliku %1.</translation>
+    </message>
+    <message>
+        <source>You are not allowed to read %1.</source>
+        <translation>Nie masz uprawnień do odczytu pliku %1.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2.</source>
+        <extracomment>%2 is the system&apos;s reason, such as &quot;Input/output error&quot;</extracomment>
+        <translation>Nie można otworzyć pliku %1: %2.</translation>
+    </message>
+    <message>
+        <source>This picture does not say where it was taken.</source>
+        <translation>To zdjęcie nie zawiera miejsca wykonania.</translation>
+    </message>
+    <message>
+        <source>Several files are selected; the window shows one at a time.</source>
+        <translation>Zaznaczono kilka plików; okno pokazuje tylko jeden naraz.</translation>
+    </message>
+</context>
 </TS>

@@ -305,4 +305,42 @@
         <translation>%1 não responde.</translation>
     </message>
 </context>
+<context>
+    <name>pinorama::PictureWords</name>
+    <message>
+        <source>%1 is a folder.</source>
+        <extracomment>The foot of the window; so are the others. %1 is the name of the file that is shown</extracomment>
+        <translation>%1 é uma pasta.</translation>
+    </message>
+    <message>
+        <source>%1 is no file that can be read.</source>
+        <extracomment>A pipe or a device</extracomment>
+        <translation>%1 não é um arquivo que possa ser lido.</translation>
+    </message>
+    <message>
+        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
+        <translation>Arquivos deste tipo não são lidos: apenas JPEG e os arquivos RAW das câmeras.</translation>
+    </message>
+    <message>
+        <source>There is no file %1.</source>
+        <translation>Não há nenhum arquivo %1.</translation>
+    </message>
+    <message>
+        <source>You are not allowed to read %1.</source>
+        <translation>Você não tem permissão para ler %1.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2.</source>
+        <extracomment>%2 is the system&apos;s reason, such as &quot;Input/output error&quot;</extracomment>
+        <translation>Não é possível abrir %1: %2.</translation>
+    </message>
+    <message>
+        <source>This picture does not say where it was taken.</source>
+        <translation>Esta foto não informa onde foi tirada.</translation>
+    </message>
+    <message>
+        <source>Several files are selected; the window shows one at a time.</source>
+        <translation>Há vários arquivos selecionados; a janela mostra um de cada vez.</translation>
+    </message>
+</context>
 </TS>

@@ -305,4 +305,42 @@
         <translation>%1 没有响应。</translation>
     </message>
 </context>
+<context>
+    <name>pinorama::PictureWords</name>
+    <message>
+        <source>%1 is a folder.</source>
+        <extracomment>The foot of the window; so are the others. %1 is the name of the file that is shown</extracomment>
+        <translation>%1 是文件夹。</translation>
+    </message>
+    <message>
+        <source>%1 is no file that can be read.</source>
+        <extracomment>A pipe or a device</extracomment>
+        <translation>%1 不是可以读取的文件。</translation>
+    </message>
+    <message>
+        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
+        <translation>不读取此类文件：只读取 JPEG 和相机的原始文件。</translation>
+    </message>
+    <message>
+        <source>There is no file %1.</source>
+        <translation>没有文件 %1。</translation>
+    </message>
+    <message>
+        <source>You are not allowed to read %1.</source>
+        <translation>您没有读取 %1 的权限。</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2.</source>
+        <extracomment>%2 is the system&apos;s reason, such as &quot;Input/output error&quot;</extracomment>
+        <translation>无法打开 %1：%2。</translation>
+    </message>
+    <message>
+        <source>This picture does not say where it was taken.</source>
+        <translation>这张照片没有记录拍摄地点。</translation>
+    </message>
+    <message>
+        <source>Several files are selected; the window shows one at a time.</source>
+        <translation>选中了多个文件；窗口一次只显示一个。</translation>
+    </message>
+</context>
 </TS>

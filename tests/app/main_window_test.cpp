@@ -200,6 +200,8 @@ TEST_F(MainWindowTest, nothingMovesWhenTheMarkerComes)
 {
     EXPECT_TRUE(showPicture("none.jpg", {}));
     controller.showMainWindow();
+    // Its foot says then that there is no place.
+    ASSERT_TRUE(test::waitUntil([this] { return !controller.reading().isGoingOn(); }));
     QCoreApplication::processEvents();
     const QPoint button = controller.showInGEButton->pos();
     const QPoint preview = controller.fileIconField->pos();

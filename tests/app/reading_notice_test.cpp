@@ -121,7 +121,7 @@ TEST_F(ReadingNoticeInWindowTest, standsAtItsFootAndTakesNeitherRoomNorFocusWith
     EXPECT_EQ(line->text(), QLatin1String("a.jpg could not be read."));
     EXPECT_EQ(controller.myWindow->focusWidget(), focus);
 
-    EXPECT_FALSE(show(folder.write("notes.txt", "text")));
+    EXPECT_TRUE(showPicture("b.jpg", {.lat = 1, .latRef = "N", .lon = 2, .lonRef = "E"}));
     EXPECT_FALSE(line->isVisible());
     EXPECT_TRUE(test::waitUntil([&] { return controller.syncCheckbox->geometry() == checkBox; }));
 }
