@@ -49,6 +49,7 @@ AppController::AppController(SelectionSource* selection, UrlOpener* opener,
       place_(*window_),
       reading_(*window_),
       actions_(*window_, opener_, {info, lastPath}),
+      moreKinds_(*window_),
       intake_(*window_, selection)
 {
     connectOutlets();
@@ -66,7 +67,10 @@ AppController::AppController(SelectionSource* selection, UrlOpener* opener,
     });
     connect(&reading_, &PictureReading::looked, this, [this](const PictureFile& file) {
         fields_.showItem(path_, file.item());
-        if (file.item()) sayOfPicture(wordsOfKind(*file.item(), nameInWords(), isRead_));
+        if (!file.item()) return;
+        // What could be read is offered instead.
+        const bool isReadable = isRead_ || moreKinds_.isOffering();
+        sayOfPicture(wordsOfKind(*file.item(), nameInWords(), isReadable));
     });
     connect(&reading_, &PictureReading::opened, this, &AppController::showOpened);
     connect(&reading_, &PictureReading::openerMissing, this, [this] {
@@ -91,6 +95,9 @@ AppController::AppController(SelectionSource* selection, UrlOpener* opener,
                 gpsPrepareInfoRecord(&info);
                 showPlaceRead(fillInfoRecord(properties, &info));
             });
+    connect(&moreKinds_, &MoreKinds::switched, this, [this] {
+        if (lastPath != nullptr) (void)show(std::string(path_), TovStringGetCopy(lastPath));
+    });
 }
 
 AppController::~AppController()
@@ -154,6 +161,7 @@ bool AppController::init()
 void AppController::applicationWillFinishLaunching()
 {
     appRegisterFinderSyncDefault();
+    moreKinds_.load();
     // The default may show only now. It is shown and not stored.
     const QSignalBlocker blocker(syncCheckbox);
     syncCheckbox->setChecked(appLoadFinderSync());
@@ -234,6 +242,12 @@ bool AppController::showPath(const std::string& path)
     return show(path, createPathText(path));
 }
 
+// True for the accepted types, and for more of them if the user has asked for that.
+bool AppController::reads(TovStringRef path)
+{
+    return acceptPath(path) || moreKinds_.reads(path);
+}
+
 // Shows the file at `path`; `text` is the same as a text, which becomes lastPath. The picture is
 // opened once: its facts, its place and its preview are those of one file.
 bool AppController::show(const std::string& path, TovStringRef text)
@@ -243,11 +257,13 @@ bool AppController::show(const std::string& path, TovStringRef text)
     path_ = path;
     fields_.showName(text);
     forgetPicture(*window_);
-    const bool isAccepted = acceptPath(text);
+    moreKinds_.offerFor(text);
+    const bool isAccepted = reads(text);
     isRead_ = isAccepted;
     if (!isAccepted) {
         fields_.clearPosition();
         fields_.clearPlaceTexts();
+        moreKinds_.showSources(nullptr);
         place_.clear();
         actions_.setEnabled(false);
     }
@@ -261,7 +277,7 @@ bool AppController::show(const std::string& path, TovStringRef text)
 // Shows the file, whose place is not known, as one without a position.
 void AppController::showNoPlaceYet()
 {
-    if (!acceptPath(lastPath)) return;
+    if (!reads(lastPath)) return;
     gpsPrepareInfoRecord(&info);
     showPlaceRead(kErrNothingUsable);
 }
@@ -271,7 +287,7 @@ void AppController::showOpened()
 {
     const int error = reading_.openError();
     if (error != 0) sayOfPicture(wordsOfOpenError(error, nameInWords()));
-    if (acceptPath(lastPath)) {
+    if (reads(lastPath)) {
         gpsPrepareInfoRecord(&info);
         showPlaceRead(reading_.readPlace(&info));
     }
@@ -285,6 +301,7 @@ void AppController::showPlaceRead(std::int32_t status)
 {
     if (status == 0) {
         fields_.showPlace(info);
+        moreKinds_.showSources(&reading_.sources());
         gpsReleaseInfoRecord(&info);
     }
     // Without a place its texts stay as they are: they may be those of the picture before. With one
@@ -293,6 +310,7 @@ void AppController::showPlaceRead(std::int32_t status)
         place_.show(info);
     } else {
         fields_.clearPosition();
+        moreKinds_.showSources(nullptr);
         place_.clear();
     }
     actions_.setEnabled(hasPlace());

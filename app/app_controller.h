@@ -9,6 +9,7 @@
 #pragma once
 
 #include "app/file_fields.h"
+#include "app/more_kinds.h"
 #include "app/path_intake.h"
 #include "app/picture_reading.h"
 #include "app/place_actions.h"
@@ -151,6 +152,7 @@ public Q_SLOTS:
 private:
     void connectOutlets();
     void connectMenu();
+    bool reads(TovStringRef path);
     bool show(const std::string& path, TovStringRef text);
     void showNoPlaceYet();
     void showOpened();
@@ -169,6 +171,7 @@ private:
     PlaceFields place_;
     PictureReading reading_;
     PlaceActions actions_;
+    MoreKinds moreKinds_;
     PathIntake intake_;
 };
 

@@ -1,5 +1,5 @@
-// The one preference of the program, "finderSync": whether the window follows the selection in the
-// file manager. The registered default is "1"; it is never stored.
+// The preference "finderSync": whether the window follows the selection in the file manager. The
+// registered default is "1"; it is never stored.
 
 #pragma once
 

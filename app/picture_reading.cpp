@@ -2,8 +2,12 @@
 
 #include "app/main_window.h"
 #include "app/reading_notice.h"
+#include "base/memory_guard.h"
+#include "base/status.h"
 #include "location/metadata_reader.h"
+#include "location/picture_source.h"
 #include "opener/events/picture_opener.h"
+#include "pictures/merged_properties.h"
 #include "previews/late_properties.h"
 
 #include <algorithm>
@@ -27,11 +31,18 @@ PictureReading::PictureReading(MainWindow& window) : window_(window)
     stillReading_.setSingleShot(true);
     connect(&stillReading_, &QTimer::timeout, this, &PictureReading::sayStillReading);
     silence_.setSingleShot(true);
-    connect(&silence_, &QTimer::timeout, this,
-            [this] { notice().sayNotAnswering(window_.fileNameField->text()); });
+    connect(&silence_, &QTimer::timeout, this, [this] {
+        const QString name = window_.fileNameField->text();
+        if (isOpeningSidecar_)
+            notice().saySidecarNotAnswering(name);
+        else
+            notice().sayNotAnswering(name);
+    });
     connect(OpenerEvents::instance(), &OpenerEvents::advanced, this, [this] {
         if (isOpening_) asked_ = Clock::now();  // nobody has waited for this
         takeOpened();
+        takeSidecarFile();
+        if (!previews_.isLoading()) readLateSidecar();
     });
     connect(LateProperties::instance(), &LateProperties::arrived, this, &PictureReading::takePlace);
     connect(&previews_, &PreviewLoader::previewReady, this, &PictureReading::takePreview);
@@ -49,6 +60,8 @@ void PictureReading::begin(const std::string& path)
     previews_.cancel();
     if (awaitedPlace_ != 0) LateProperties::instance()->giveUp();
     awaitedPlace_ = 0;
+    forgetSidecar();
+    sources_ = {};
     slowPreview_.stop();
     stillReading_.stop();
     silence_.stop();
@@ -88,11 +101,105 @@ void PictureReading::takeOpened()
 
 std::int32_t PictureReading::readPlace(fileInfoRecord* info)
 {
-    LateProperties::instance()->setPatience(patienceLeft());
-    const std::int32_t status = readInfoRecord(picture_, info);
+    if (readsMoreKinds() && picture_.isOpen()) {
+        isOpeningSidecar_ = true;
+        silence_.start(kSilence);
+        cuPictureOpener().request(path_, OpenTask::sidecar);
+    }
+    std::optional<PictureProperties> properties = read(picture_, patienceLeft());
+    if (awaitedPlace_ == 0 && isOpeningSidecar_) {
+        (void)cuPictureOpener().wait(patienceLeft());
+        takeSidecarFile();
+        const auto more = readSidecar(patienceLeft());
+        if (isSidecarToCome()) ofPicture_ = properties.value_or(PictureProperties{});
+        if (more) {
+            if (!properties) properties.emplace();
+            addMissing(*properties, *more, ValueSource::sidecar);
+        }
+    }
+    if (awaitedPlace_ != 0 || isSidecarToCome()) awaitSlowFile();
+    if (!properties) return kErrNothingUsable;
+    sources_ = properties->sources;
+    return fillInfoRecord(*properties, info);
+}
+
+// The properties of an open file. When they take longer, nothing, and they are to come.
+std::optional<PictureProperties> PictureReading::read(const PictureFile& file,
+                                                      std::chrono::milliseconds patience)
+{
+    LateProperties::instance()->setPatience(patience);
+    std::optional<PictureProperties> properties =
+        baseGuardMemory([&] { return propertiesOf(file); });
     awaitedPlace_ = LateProperties::instance()->ticket();
-    if (awaitedPlace_ != 0) awaitSlowFile();
-    return status;
+    return properties;
+}
+
+// The properties of the sidecar, if it is there and gives them at once. Otherwise it is read after
+// the preview, which does not depend on it.
+std::optional<PictureProperties> PictureReading::readSidecar(std::chrono::milliseconds patience)
+{
+    if (!sidecar_.isOpen()) return std::nullopt;
+    std::optional<PictureProperties> properties = read(sidecar_, patience);
+    if (awaitedPlace_ == 0) {
+        sidecar_ = {};
+    } else {
+        LateProperties::instance()->giveUp();
+        awaitedPlace_ = 0;
+    }
+    return properties;
+}
+
+// Takes in how far the opener is with the sidecar.
+void PictureReading::takeSidecarFile()
+{
+    OpenerClient& opener = cuPictureOpener();
+    const OpenStage stage = opener.stage();
+    if (!isOpeningSidecar_ || (stage != OpenStage::done && stage != OpenStage::noOpener)) return;
+    sidecar_ = opener.take();
+    isOpeningSidecar_ = false;
+    silence_.stop();
+}
+
+// Reads the sidecar once everything else is there.
+void PictureReading::readLateSidecar()
+{
+    if (awaitedPlace_ != 0) return;
+    if (!sidecar_.isOpen()) return endReading();
+    const auto properties = read(sidecar_, std::chrono::milliseconds(0));
+    isReadingSidecar_ = awaitedPlace_ != 0;
+    if (isReadingSidecar_) return;
+    takeLateSidecar(properties ? PropertyResult{ReadOutcome::found, *properties}
+                               : PropertyResult{ReadOutcome::nothing, {}});
+}
+
+void PictureReading::takeLateSidecar(const PropertyResult& result)
+{
+    PictureProperties properties = std::move(ofPicture_);
+    forgetSidecar();
+    if (result.outcome == ReadOutcome::stuck || result.outcome == ReadOutcome::failed) {
+        stillReading_.stop();
+        notice().saySidecarNotRead(window_.fileNameField->text());
+        return;
+    }
+    endReading();
+    if (result.outcome != ReadOutcome::found) return;
+    const PictureProperties before = properties;
+    addMissing(properties, result.properties, ValueSource::sidecar);
+    if (properties == before) return;  // it says nothing that is not shown
+    sources_ = properties.sources;
+    Q_EMIT placeRead(properties);
+}
+
+void PictureReading::forgetSidecar()
+{
+    if (isOpeningSidecar_) {
+        cuPictureOpener().giveUp();
+        silence_.stop();
+    }
+    isOpeningSidecar_ = false;
+    isReadingSidecar_ = false;
+    sidecar_ = {};
+    ofPicture_ = {};
 }
 
 void PictureReading::requestPreview()
@@ -104,7 +211,7 @@ void PictureReading::requestPreview()
 
 bool PictureReading::isGoingOn() const
 {
-    return isOpening_ || awaitedPlace_ != 0 || previews_.isLoading();
+    return isOpening_ || awaitedPlace_ != 0 || isSidecarToCome() || previews_.isLoading();
 }
 
 bool PictureReading::hasFailed() const
@@ -116,26 +223,35 @@ void PictureReading::takePlace(std::uint32_t ticket, const PropertyResult& resul
 {
     if (ticket == 0 || ticket != awaitedPlace_) return;
     awaitedPlace_ = 0;
+    if (isReadingSidecar_) return takeLateSidecar(result);
     if (result.outcome == ReadOutcome::stuck || result.outcome == ReadOutcome::failed) {
+        forgetSidecar();
         // Its preview would only be stuck as well.
         sayNotRead();
         previews_.settleForIcon();
         return;
     }
+    if (isSidecarToCome()) ofPicture_ = result.properties;
+    if (result.outcome == ReadOutcome::found) {
+        sources_ = result.properties.sources;
+        Q_EMIT placeRead(result.properties);
+    }
+    if (!previews_.isLoading()) readLateSidecar();
     endReading();
-    if (result.outcome == ReadOutcome::found) Q_EMIT placeRead(result.properties);
 }
 
 void PictureReading::takePreview(const std::string& path, const QPixmap& preview)
 {
     if (path != path_) return;
     Q_EMIT previewRead(preview);
+    readLateSidecar();
     endReading();
 }
 
 void PictureReading::takeReaderMissing(const std::string& path)
 {
     if (path != path_) return;
+    forgetSidecar();
     Q_EMIT readerMissing();
     endReading();
 }

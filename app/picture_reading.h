@@ -4,6 +4,9 @@
 // dropped when another file is shown by then. Meanwhile a line at the foot of the window says what
 // is going on.
 //
+// When more kinds of files are read, a picture may have a sidecar as well. That is looked for, and
+// opened, after the picture, and read at once or after the preview: nothing else waits for it.
+//
 //   reading.begin(path);   // nothing of the file before comes any more
 //   // when it is opened:
 //   const auto status = reading.readPlace(&info);
@@ -13,6 +16,7 @@
 
 #include "location/file_info_record.h"
 #include "pictures/picture_file.h"
+#include "pictures/picture_properties.h"
 #include "previews/preview_loader.h"
 #include "reader/reader_client.h"
 
@@ -22,6 +26,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace pinorama {
@@ -62,14 +67,18 @@ public:
 
     // Reads the place of the file that was opened as readInfoRecord does, and returns what it
     // returns. When the place takes its time, that is -1 and an untouched record, and `placeRead`
-    // comes later.
+    // comes later. When only its sidecar does, it is what the picture says by itself, and
+    // `placeRead` comes later if the sidecar says more.
     std::int32_t readPlace(fileInfoRecord* info);
+
+    // Where the values of the place come from that was read last.
+    const ValueSources& sources() const { return sources_; }
 
     // Asks for the preview of the file that was opened, in the size of its field. It is not read
     // afterwards.
     void requestPreview();
 
-    // Whether the file, the place or the preview is still to come.
+    // Whether the file, the place, the sidecar or the preview is still to come.
     bool isGoingOn() const;
 
 Q_SIGNALS:
@@ -96,6 +105,14 @@ public Q_SLOTS:
 
 private:
     void takeOpened();
+    std::optional<PictureProperties> read(const PictureFile& file,
+                                          std::chrono::milliseconds patience);
+    std::optional<PictureProperties> readSidecar(std::chrono::milliseconds patience);
+    void takeSidecarFile();
+    void readLateSidecar();
+    void takeLateSidecar(const PropertyResult& result);
+    bool isSidecarToCome() const { return isOpeningSidecar_ || sidecar_.isOpen(); }
+    void forgetSidecar();
     std::chrono::milliseconds patienceLeft() const;
     void endReading();
     void awaitSlowFile();
@@ -113,8 +130,13 @@ private:
     QTimer stillReading_;                            // runs out when the window has to say so
     bool hasLooked_ = false;
     bool isOpening_ = false;
-    QTimer silence_;                   // runs out when a file has not been opened for long
-    std::uint32_t awaitedPlace_ = 0;   // the ticket of the place that is to come; 0 for none
+    QTimer silence_;                  // runs out when a file has not been opened for long
+    std::uint32_t awaitedPlace_ = 0;  // the ticket of the place that is to come; 0 for none
+    bool isOpeningSidecar_ = false;
+    PictureFile sidecar_;            // from when it is opened until it is read
+    bool isReadingSidecar_ = false;  // the place that is to come is that of the sidecar
+    PictureProperties ofPicture_;    // what the picture says, while its sidecar is to come
+    ValueSources sources_;
     QTimer slowPreview_;               // runs out when a preview has taken long
     ReadingNotice* notice_ = nullptr;  // the window's; null until it is needed
 };

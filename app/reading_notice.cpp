@@ -32,6 +32,18 @@ void ReadingNotice::sayNotAnswering(const QString& name)
     say(tr("%1 does not answer.").arg(name));
 }
 
+void ReadingNotice::saySidecarNotRead(const QString& name)
+{
+    isStillReading_ = false;
+    say(tr("The XMP file beside %1 could not be read.").arg(name));
+}
+
+void ReadingNotice::saySidecarNotAnswering(const QString& name)
+{
+    isStillReading_ = true;
+    say(tr("The XMP file beside %1 does not answer.").arg(name));
+}
+
 void ReadingNotice::endReading()
 {
     if (isStillReading_) forget();

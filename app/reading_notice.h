@@ -20,6 +20,9 @@ public:
     void sayStillReading(const QString& name);
     void sayNotRead(const QString& name);
     void sayNotAnswering(const QString& name);
+    // The same of the file beside it that says more about it.
+    void saySidecarNotRead(const QString& name);
+    void saySidecarNotAnswering(const QString& name);
 
     // The reading is over: takes back that it goes on, or that nothing answers. That it has failed
     // stays.

@@ -275,6 +275,10 @@
         <extracomment>Of the small map.</extracomment>
         <translation>Ein Klick zeigt mehr oder weniger von der Umgebung</translation>
     </message>
+    <message>
+        <source>&amp;Read More Kinds of Files</source>
+        <translation>Mehr Dateiarten &amp;lesen</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::Notice</name>
@@ -303,6 +307,14 @@
     <message>
         <source>%1 does not answer.</source>
         <translation>%1 antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>The XMP file beside %1 could not be read.</source>
+        <translation>Die XMP-Datei neben %1 konnte nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>The XMP file beside %1 does not answer.</source>
+        <translation>Die XMP-Datei neben %1 antwortet nicht.</translation>
     </message>
 </context>
 <context>
@@ -341,6 +353,44 @@
     <message>
         <source>Several files are selected; the window shows one at a time.</source>
         <translation>Mehrere Dateien sind ausgewählt; das Fenster zeigt immer nur eine.</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::MoreKinds</name>
+    <message>
+        <source>From Exif</source>
+        <translation>Aus Exif</translation>
+    </message>
+    <message>
+        <source>From IPTC</source>
+        <translation>Aus IPTC</translation>
+    </message>
+    <message>
+        <source>From XMP in the file</source>
+        <translation>Aus XMP in der Datei</translation>
+    </message>
+    <message>
+        <source>From the video</source>
+        <translation>Aus dem Video</translation>
+    </message>
+    <message>
+        <source>From the XMP file beside it</source>
+        <translation>Aus der XMP-Datei daneben</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::MoreKindsNotice</name>
+    <message>
+        <source>Read Them</source>
+        <translation>Lesen</translation>
+    </message>
+    <message>
+        <source>%1 pictures can be read, too.</source>
+        <translation>%1-Bilder können auch gelesen werden.</translation>
+    </message>
+    <message>
+        <source>%1 videos can be read, too.</source>
+        <translation>%1-Videos können auch gelesen werden.</translation>
     </message>
 </context>
 </TS>

@@ -275,6 +275,10 @@
         <extracomment>Of the small map.</extracomment>
         <translation>Un clic muestra más o menos de los alrededores</translation>
     </message>
+    <message>
+        <source>&amp;Read More Kinds of Files</source>
+        <translation>Leer más &amp;tipos de archivos</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::Notice</name>
@@ -303,6 +307,14 @@
     <message>
         <source>%1 does not answer.</source>
         <translation>%1 no responde.</translation>
+    </message>
+    <message>
+        <source>The XMP file beside %1 could not be read.</source>
+        <translation>No se pudo leer el archivo XMP contiguo a %1.</translation>
+    </message>
+    <message>
+        <source>The XMP file beside %1 does not answer.</source>
+        <translation>El archivo XMP contiguo a %1 no responde.</translation>
     </message>
 </context>
 <context>
@@ -341,6 +353,44 @@
     <message>
         <source>Several files are selected; the window shows one at a time.</source>
         <translation>Hay varios archivos seleccionados; la ventana muestra uno cada vez.</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::MoreKinds</name>
+    <message>
+        <source>From Exif</source>
+        <translation>De Exif</translation>
+    </message>
+    <message>
+        <source>From IPTC</source>
+        <translation>De IPTC</translation>
+    </message>
+    <message>
+        <source>From XMP in the file</source>
+        <translation>De XMP en el archivo</translation>
+    </message>
+    <message>
+        <source>From the video</source>
+        <translation>Del vídeo</translation>
+    </message>
+    <message>
+        <source>From the XMP file beside it</source>
+        <translation>Del archivo XMP contiguo</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::MoreKindsNotice</name>
+    <message>
+        <source>Read Them</source>
+        <translation>Leerlas</translation>
+    </message>
+    <message>
+        <source>%1 pictures can be read, too.</source>
+        <translation>También se pueden leer fotos %1.</translation>
+    </message>
+    <message>
+        <source>%1 videos can be read, too.</source>
+        <translation>También se pueden leer vídeos %1.</translation>
     </message>
 </context>
 </TS>

@@ -275,6 +275,10 @@
         <extracomment>Of the small map.</extracomment>
         <translation>Un clic montre plus ou moins des environs</translation>
     </message>
+    <message>
+        <source>&amp;Read More Kinds of Files</source>
+        <translation>Lire d’autres &amp;types de fichiers</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::Notice</name>
@@ -303,6 +307,14 @@
     <message>
         <source>%1 does not answer.</source>
         <translation>%1 ne répond pas.</translation>
+    </message>
+    <message>
+        <source>The XMP file beside %1 could not be read.</source>
+        <translation>Le fichier XMP voisin de %1 n’a pas pu être lu.</translation>
+    </message>
+    <message>
+        <source>The XMP file beside %1 does not answer.</source>
+        <translation>Le fichier XMP voisin de %1 ne répond pas.</translation>
     </message>
 </context>
 <context>
@@ -341,6 +353,44 @@
     <message>
         <source>Several files are selected; the window shows one at a time.</source>
         <translation>Plusieurs fichiers sont sélectionnés ; la fenêtre n’en montre qu’un à la fois.</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::MoreKinds</name>
+    <message>
+        <source>From Exif</source>
+        <translation>D’après Exif</translation>
+    </message>
+    <message>
+        <source>From IPTC</source>
+        <translation>D’après IPTC</translation>
+    </message>
+    <message>
+        <source>From XMP in the file</source>
+        <translation>D’après XMP dans le fichier</translation>
+    </message>
+    <message>
+        <source>From the video</source>
+        <translation>D’après la vidéo</translation>
+    </message>
+    <message>
+        <source>From the XMP file beside it</source>
+        <translation>D’après le fichier XMP voisin</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::MoreKindsNotice</name>
+    <message>
+        <source>Read Them</source>
+        <translation>Les lire</translation>
+    </message>
+    <message>
+        <source>%1 pictures can be read, too.</source>
+        <translation>Les photos %1 peuvent aussi être lues.</translation>
+    </message>
+    <message>
+        <source>%1 videos can be read, too.</source>
+        <translation>Les vidéos %1 peuvent aussi être lues.</translation>
     </message>
 </context>
 </TS>

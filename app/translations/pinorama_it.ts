@@ -275,6 +275,10 @@
         <extracomment>Of the small map.</extracomment>
         <translation>Un clic mostra più o meno dei dintorni</translation>
     </message>
+    <message>
+        <source>&amp;Read More Kinds of Files</source>
+        <translation>Leggi altri &amp;tipi di file</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::Notice</name>
@@ -303,6 +307,14 @@
     <message>
         <source>%1 does not answer.</source>
         <translation>%1 non risponde.</translation>
+    </message>
+    <message>
+        <source>The XMP file beside %1 could not be read.</source>
+        <translation>Non è stato possibile leggere il file XMP accanto a %1.</translation>
+    </message>
+    <message>
+        <source>The XMP file beside %1 does not answer.</source>
+        <translation>Il file XMP accanto a %1 non risponde.</translation>
     </message>
 </context>
 <context>
@@ -341,6 +353,44 @@
     <message>
         <source>Several files are selected; the window shows one at a time.</source>
         <translation>Sono selezionati più file; la finestra ne mostra uno alla volta.</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::MoreKinds</name>
+    <message>
+        <source>From Exif</source>
+        <translation>Da Exif</translation>
+    </message>
+    <message>
+        <source>From IPTC</source>
+        <translation>Da IPTC</translation>
+    </message>
+    <message>
+        <source>From XMP in the file</source>
+        <translation>Da XMP nel file</translation>
+    </message>
+    <message>
+        <source>From the video</source>
+        <translation>Dal video</translation>
+    </message>
+    <message>
+        <source>From the XMP file beside it</source>
+        <translation>Dal file XMP accanto</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::MoreKindsNotice</name>
+    <message>
+        <source>Read Them</source>
+        <translation>Leggi</translation>
+    </message>
+    <message>
+        <source>%1 pictures can be read, too.</source>
+        <translation>Anche le foto %1 possono essere lette.</translation>
+    </message>
+    <message>
+        <source>%1 videos can be read, too.</source>
+        <translation>Anche i video %1 possono essere letti.</translation>
     </message>
 </context>
 </TS>

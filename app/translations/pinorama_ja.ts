@@ -275,6 +275,10 @@
         <extracomment>Of the small map.</extracomment>
         <translation>クリックすると表示範囲が変わります</translation>
     </message>
+    <message>
+        <source>&amp;Read More Kinds of Files</source>
+        <translation>ほかの種類のファイルも読み取る(&amp;R)</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::Notice</name>
@@ -303,6 +307,14 @@
     <message>
         <source>%1 does not answer.</source>
         <translation>%1 が応答しません。</translation>
+    </message>
+    <message>
+        <source>The XMP file beside %1 could not be read.</source>
+        <translation>%1 の隣の XMP ファイルを読み込めませんでした。</translation>
+    </message>
+    <message>
+        <source>The XMP file beside %1 does not answer.</source>
+        <translation>%1 の隣の XMP ファイルが応答しません。</translation>
     </message>
 </context>
 <context>
@@ -341,6 +353,44 @@
     <message>
         <source>Several files are selected; the window shows one at a time.</source>
         <translation>複数のファイルが選択されています。このウィンドウは一度に 1 つだけ表示します。</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::MoreKinds</name>
+    <message>
+        <source>From Exif</source>
+        <translation>Exif から</translation>
+    </message>
+    <message>
+        <source>From IPTC</source>
+        <translation>IPTC から</translation>
+    </message>
+    <message>
+        <source>From XMP in the file</source>
+        <translation>ファイル内の XMP から</translation>
+    </message>
+    <message>
+        <source>From the video</source>
+        <translation>動画から</translation>
+    </message>
+    <message>
+        <source>From the XMP file beside it</source>
+        <translation>隣の XMP ファイルから</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::MoreKindsNotice</name>
+    <message>
+        <source>Read Them</source>
+        <translation>読み取る</translation>
+    </message>
+    <message>
+        <source>%1 pictures can be read, too.</source>
+        <translation>%1 の写真も読み取れます。</translation>
+    </message>
+    <message>
+        <source>%1 videos can be read, too.</source>
+        <translation>%1 の動画も読み取れます。</translation>
     </message>
 </context>
 </TS>

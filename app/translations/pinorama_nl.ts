@@ -275,6 +275,10 @@
         <extracomment>Of the small map.</extracomment>
         <translation>Een klik toont meer of minder van de omgeving</translation>
     </message>
+    <message>
+        <source>&amp;Read More Kinds of Files</source>
+        <translation>Meer &amp;bestandssoorten lezen</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::Notice</name>
@@ -303,6 +307,14 @@
     <message>
         <source>%1 does not answer.</source>
         <translation>%1 reageert niet.</translation>
+    </message>
+    <message>
+        <source>The XMP file beside %1 could not be read.</source>
+        <translation>Het XMP-bestand naast %1 kon niet worden gelezen.</translation>
+    </message>
+    <message>
+        <source>The XMP file beside %1 does not answer.</source>
+        <translation>Het XMP-bestand naast %1 reageert niet.</translation>
     </message>
 </context>
 <context>
@@ -341,6 +353,44 @@
     <message>
         <source>Several files are selected; the window shows one at a time.</source>
         <translation>Er zijn meerdere bestanden geselecteerd; het venster toont er één tegelijk.</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::MoreKinds</name>
+    <message>
+        <source>From Exif</source>
+        <translation>Uit Exif</translation>
+    </message>
+    <message>
+        <source>From IPTC</source>
+        <translation>Uit IPTC</translation>
+    </message>
+    <message>
+        <source>From XMP in the file</source>
+        <translation>Uit XMP in het bestand</translation>
+    </message>
+    <message>
+        <source>From the video</source>
+        <translation>Uit de video</translation>
+    </message>
+    <message>
+        <source>From the XMP file beside it</source>
+        <translation>Uit het XMP-bestand ernaast</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::MoreKindsNotice</name>
+    <message>
+        <source>Read Them</source>
+        <translation>Lezen</translation>
+    </message>
+    <message>
+        <source>%1 pictures can be read, too.</source>
+        <translation>%1-foto’s kunnen ook worden gelezen.</translation>
+    </message>
+    <message>
+        <source>%1 videos can be read, too.</source>
+        <translation>%1-video’s kunnen ook worden gelezen.</translation>
     </message>
 </context>
 </TS>

@@ -275,6 +275,10 @@
         <extracomment>Of the small map.</extracomment>
         <translation>Kliknięcie pokazuje więcej lub mniej okolicy</translation>
     </message>
+    <message>
+        <source>&amp;Read More Kinds of Files</source>
+        <translation>Czytaj więcej &amp;rodzajów plików</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::Notice</name>
@@ -303,6 +307,14 @@
     <message>
         <source>%1 does not answer.</source>
         <translation>Plik %1 nie odpowiada.</translation>
+    </message>
+    <message>
+        <source>The XMP file beside %1 could not be read.</source>
+        <translation>Nie udało się odczytać pliku XMP obok pliku %1.</translation>
+    </message>
+    <message>
+        <source>The XMP file beside %1 does not answer.</source>
+        <translation>Plik XMP obok pliku %1 nie odpowiada.</translation>
     </message>
 </context>
 <context>
@@ -341,6 +353,44 @@
     <message>
         <source>Several files are selected; the window shows one at a time.</source>
         <translation>Zaznaczono kilka plików; okno pokazuje tylko jeden naraz.</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::MoreKinds</name>
+    <message>
+        <source>From Exif</source>
+        <translation>Z Exif</translation>
+    </message>
+    <message>
+        <source>From IPTC</source>
+        <translation>Z IPTC</translation>
+    </message>
+    <message>
+        <source>From XMP in the file</source>
+        <translation>Z XMP w pliku</translation>
+    </message>
+    <message>
+        <source>From the video</source>
+        <translation>Z filmu</translation>
+    </message>
+    <message>
+        <source>From the XMP file beside it</source>
+        <translation>Z pliku XMP obok</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::MoreKindsNotice</name>
+    <message>
+        <source>Read Them</source>
+        <translation>Czytaj</translation>
+    </message>
+    <message>
+        <source>%1 pictures can be read, too.</source>
+        <translation>Zdjęcia %1 też można odczytać.</translation>
+    </message>
+    <message>
+        <source>%1 videos can be read, too.</source>
+        <translation>Filmy %1 też można odczytać.</translation>
     </message>
 </context>
 </TS>

@@ -275,6 +275,10 @@
         <extracomment>Of the small map.</extracomment>
         <translation>Um clique mostra mais ou menos dos arredores</translation>
     </message>
+    <message>
+        <source>&amp;Read More Kinds of Files</source>
+        <translation>Ler mais &amp;tipos de arquivos</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::Notice</name>
@@ -303,6 +307,14 @@
     <message>
         <source>%1 does not answer.</source>
         <translation>%1 não responde.</translation>
+    </message>
+    <message>
+        <source>The XMP file beside %1 could not be read.</source>
+        <translation>Não foi possível ler o arquivo XMP ao lado de %1.</translation>
+    </message>
+    <message>
+        <source>The XMP file beside %1 does not answer.</source>
+        <translation>O arquivo XMP ao lado de %1 não responde.</translation>
     </message>
 </context>
 <context>
@@ -341,6 +353,44 @@
     <message>
         <source>Several files are selected; the window shows one at a time.</source>
         <translation>Há vários arquivos selecionados; a janela mostra um de cada vez.</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::MoreKinds</name>
+    <message>
+        <source>From Exif</source>
+        <translation>Do Exif</translation>
+    </message>
+    <message>
+        <source>From IPTC</source>
+        <translation>Do IPTC</translation>
+    </message>
+    <message>
+        <source>From XMP in the file</source>
+        <translation>Do XMP no arquivo</translation>
+    </message>
+    <message>
+        <source>From the video</source>
+        <translation>Do vídeo</translation>
+    </message>
+    <message>
+        <source>From the XMP file beside it</source>
+        <translation>Do arquivo XMP ao lado</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::MoreKindsNotice</name>
+    <message>
+        <source>Read Them</source>
+        <translation>Ler</translation>
+    </message>
+    <message>
+        <source>%1 pictures can be read, too.</source>
+        <translation>Fotos %1 também podem ser lidas.</translation>
+    </message>
+    <message>
+        <source>%1 videos can be read, too.</source>
+        <translation>Vídeos %1 também podem ser lidos.</translation>
     </message>
 </context>
 </TS>

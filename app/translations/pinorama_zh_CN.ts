@@ -275,6 +275,10 @@
         <extracomment>Of the small map.</extracomment>
         <translation>点击可显示更大或更小的范围</translation>
     </message>
+    <message>
+        <source>&amp;Read More Kinds of Files</source>
+        <translation>读取更多类型的文件(&amp;R)</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::Notice</name>
@@ -303,6 +307,14 @@
     <message>
         <source>%1 does not answer.</source>
         <translation>%1 没有响应。</translation>
+    </message>
+    <message>
+        <source>The XMP file beside %1 could not be read.</source>
+        <translation>无法读取 %1 旁边的 XMP 文件。</translation>
+    </message>
+    <message>
+        <source>The XMP file beside %1 does not answer.</source>
+        <translation>%1 旁边的 XMP 文件没有响应。</translation>
     </message>
 </context>
 <context>
@@ -341,6 +353,44 @@
     <message>
         <source>Several files are selected; the window shows one at a time.</source>
         <translation>选中了多个文件；窗口一次只显示一个。</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::MoreKinds</name>
+    <message>
+        <source>From Exif</source>
+        <translation>来自 Exif</translation>
+    </message>
+    <message>
+        <source>From IPTC</source>
+        <translation>来自 IPTC</translation>
+    </message>
+    <message>
+        <source>From XMP in the file</source>
+        <translation>来自文件中的 XMP</translation>
+    </message>
+    <message>
+        <source>From the video</source>
+        <translation>来自视频</translation>
+    </message>
+    <message>
+        <source>From the XMP file beside it</source>
+        <translation>来自旁边的 XMP 文件</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::MoreKindsNotice</name>
+    <message>
+        <source>Read Them</source>
+        <translation>读取</translation>
+    </message>
+    <message>
+        <source>%1 pictures can be read, too.</source>
+        <translation>也可以读取 %1 照片。</translation>
+    </message>
+    <message>
+        <source>%1 videos can be read, too.</source>
+        <translation>也可以读取 %1 视频。</translation>
     </message>
 </context>
 </TS>

@@ -50,6 +50,18 @@ TEST_F(ReadingNoticeTest, takesBackThatAFileDoesNotAnswer)
     EXPECT_EQ(words(), "");
 }
 
+TEST_F(ReadingNoticeTest, tellsAPictureFromTheFileBesideIt)
+{
+    notice.saySidecarNotAnswering(kName);
+    EXPECT_EQ(words(), "The XMP file beside a.jpg does not answer.");
+    notice.endReading();
+    EXPECT_EQ(words(), "");
+    notice.saySidecarNotRead(kName);
+    EXPECT_EQ(words(), "The XMP file beside a.jpg could not be read.");
+    notice.endReading();
+    EXPECT_EQ(words(), "The XMP file beside a.jpg could not be read.");
+}
+
 TEST_F(ReadingNoticeTest, keepsSayingThatReadingHasFailed)
 {
     notice.sayStillReading(kName);
@@ -92,6 +104,12 @@ TEST_F(ReadingNoticeTest, hasWordsInEveryLanguage)
         EXPECT_TRUE(translated.text().contains(kName));
         EXPECT_FALSE(translated.text().contains(QLatin1String("could")));
         translated.sayNotAnswering(kName);
+        EXPECT_TRUE(translated.text().contains(kName));
+        EXPECT_FALSE(translated.text().contains(QLatin1String("answer.")));
+        translated.saySidecarNotRead(kName);
+        EXPECT_TRUE(translated.text().contains(kName));
+        EXPECT_FALSE(translated.text().contains(QLatin1String("could")));
+        translated.saySidecarNotAnswering(kName);
         EXPECT_TRUE(translated.text().contains(kName));
         EXPECT_FALSE(translated.text().contains(QLatin1String("answer.")));
         QCoreApplication::removeTranslator(&translator);

@@ -10,6 +10,7 @@
 // with "--file-ban-only" or "--namespaces-only" it has one of the locks.
 // With "--slow-start" and a number it sleeps so many milliseconds before its first word.
 
+#include "pictures/more_properties.h"
 #include "pictures/picture_properties.h"
 #include "pictures/pixels/picture_preview.h"
 #include "reader/file_ban.h"
@@ -95,7 +96,7 @@ void sendLoot(const ReaderRequest& request, const Loot& loot)
 {
     if (!loot) {
         sendNothing(request);
-    } else if (request.task == ReaderTask::properties) {
+    } else if (asksForProperties(request.task)) {
         PictureProperties properties;
         properties.hasIptc = true;
         properties.caption = loot;
@@ -297,8 +298,10 @@ void readProperly(int descriptor, const ReaderRequest& request)
 {
     const auto size = static_cast<std::uint64_t>(lseek(descriptor, 0, SEEK_END));
     StreamByteSource source(descriptor, size);
-    if (request.task == ReaderTask::properties) {
-        const auto properties = readPictureProperties(source);
+    if (asksForProperties(request.task)) {
+        const auto properties = request.task == ReaderTask::properties
+                                    ? readPictureProperties(source)
+                                    : readMoreProperties(source, "");
         return properties ? sendBody(request, encodeProperties(*properties)) : sendNothing(request);
     }
     std::optional<Preview> preview = makePreview(source, request.box.width, request.box.height);
