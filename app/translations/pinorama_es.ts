@@ -76,7 +76,7 @@
     <message>
         <source>geo: Address</source>
         <extracomment>An address that begins with &quot;geo:&quot;, which map programs take</extracomment>
-        <translation>Dirección geo:</translation>
+        <translation>Dirección «geo:»</translation>
     </message>
     <message>
         <source>Place in Words</source>
