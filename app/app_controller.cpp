@@ -59,6 +59,12 @@ AppController::AppController(SelectionSource* selection, UrlOpener* opener,
         showMainWindow();
         showPath(path);
     });
+    connect(&actions_, &PlaceActions::nearbyChosen, this, [this](const std::string& path) {
+        if (!myWindow->isVisible()) showMainWindow();
+        intake_.keepOpened();
+        showPath(path);
+    });
+    connect(&actions_, &PlaceActions::nearbyOpened, this, &AppController::openPath);
     connect(&intake_, &PathIntake::severalSelected, this, [this](bool areSeveral) {
         if (areSeveral)
             footLine(*window_).say(FootLine::Topic::selection, wordsOfSeveral());

@@ -4,10 +4,12 @@
 #include "app/export_dialog.h"
 #include "app/export_notice.h"
 #include "app/main_window.h"
+#include "app/nearby/nearby_window.h"
 #include "globe/fly_to.h"
 #include "globe/google_earth_connector.h"
 #include "globe/kml_file.h"
 #include "globe/web_services.h"
+#include "lib/files/path_text.h"
 #include "lib/strings/string_holder.h"
 #include "lib/ui/qt_text.h"
 #include "location/coordinate_text.h"
@@ -119,7 +121,20 @@ void PlaceActions::openService(std::int32_t itemIndex)
 void PlaceActions::openCatalogue()
 {
     const StringHolder url(appMakeCatalogueURL(&shown_.info));
-    openURL(url.get());
+    if (!url) return;
+    const QByteArray address = cuTextUnits(url.get()).toUtf8();
+    opener_.isTaken(address) ? opener_.open(address) : findNearby();
+}
+
+void PlaceActions::findNearby()
+{
+    if (!nearby_) {
+        nearby_ = std::make_unique<NearbyWindow>(opener_);
+        connect(nearby_.get(), &NearbyWindow::chosen, this, &PlaceActions::nearbyChosen);
+        connect(nearby_.get(), &NearbyWindow::opened, this, &PlaceActions::nearbyOpened);
+    }
+    nearby_->search(pathBytes(shown_.path),
+                    {signedLatitude(shown_.info), signedLongitude(shown_.info)});
 }
 
 void PlaceActions::openURL(TovStringRef url)

@@ -13,12 +13,14 @@
 #include <QString>
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
 namespace pinorama {
 
 class CopyMenu;
 class MainWindow;
+class NearbyWindow;
 
 class PlaceActions : public QObject {
     Q_OBJECT
@@ -46,7 +48,8 @@ public Q_SLOTS:
     // item included; an item that is no service does nothing.
     void openService(std::int32_t itemIndex);
 
-    // Asks the cataloguing program for the pictures nearby.
+    // Asks the cataloguing program for the pictures nearby; where there is none, shows them in a
+    // window of its own.
     void openCatalogue();
 
     // Asks the user where to save the location as a KML file. What is written is the picture that
@@ -62,6 +65,11 @@ public Q_SLOTS:
     void copyCoordinate();
     void copyDecimalDegrees();
 
+Q_SIGNALS:
+    // The user chose a picture in that window, or opened it, which brings the main window forward.
+    void nearbyChosen(const std::string& path);
+    void nearbyOpened(const std::string& path);
+
 private:
     // What is to be exported, as it was when the user asked for that.
     struct Export {
@@ -75,14 +83,16 @@ private:
     void connectControls();
     void connectCopying();
     void openURL(TovStringRef url);
+    void findNearby();
 
     MainWindow& window_;
     UrlOpener& opener_;
     Shown shown_;
     GlobePrograms globes_;
     PortalChooser portal_;
-    CopyMenu* copyMenu_;  // the window's
-    Export export_;       // what the portal asks about
+    CopyMenu* copyMenu_;                    // the window's
+    Export export_;                         // what the portal asks about
+    std::unique_ptr<NearbyWindow> nearby_;  // null until it is needed
 };
 
 }  // namespace pinorama

@@ -393,4 +393,84 @@
         <translation>%1-Videos können auch gelesen werden.</translation>
     </message>
 </context>
+<context>
+    <name>pinorama::NearbyModel</name>
+    <message>
+        <source>same place</source>
+        <translation>gleiche Stelle</translation>
+    </message>
+    <message>
+        <source>%1 m %2</source>
+        <extracomment>%1 is a distance, %2 a point of the compass: 350 m NE</extracomment>
+        <translation>%1&#xa0;m %2</translation>
+    </message>
+    <message>
+        <source>%1 km %2</source>
+        <extracomment>%1 is a distance, %2 a point of the compass: 1.2 km NE</extracomment>
+        <translation>%1&#xa0;km %2</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::NearbyWindow</name>
+    <message>
+        <source>&amp;Stop</source>
+        <extracomment>Button: ends the search</extracomment>
+        <translation>&amp;Abbrechen</translation>
+    </message>
+    <message>
+        <source>Pictures Nearby</source>
+        <extracomment>Title of the window</extracomment>
+        <translation>Bilder in der Nähe</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <extracomment>Context menu: opens the picture in the program for it</extracomment>
+        <translation>Ö&amp;ffnen</translation>
+    </message>
+    <message>
+        <source>Within %1 m of %2</source>
+        <extracomment>Above the pictures that were found; %2 is the name of a file</extracomment>
+        <translation>Im Umkreis von %1&#xa0;m um %2</translation>
+    </message>
+    <message>
+        <source>Finds the pictures taken within %1 m, in this folder, those beside it and the Pictures folder</source>
+        <extracomment>Tool tip of the button Find in Skallion where there is no Skallion</extracomment>
+        <translation>Findet die Bilder im Umkreis von %1&#xa0;m in diesem Ordner, den Ordnern daneben und im Bilderordner</translation>
+    </message>
+    <message>
+        <source>Searching...</source>
+        <translation>Suche läuft...</translation>
+    </message>
+    <message>
+        <source>Searching... Pictures found so far: %1</source>
+        <translation>Suche läuft... Bisher gefundene Bilder: %1</translation>
+    </message>
+    <message>
+        <source>Stopped. Pictures found until then: %1</source>
+        <translation>Abgebrochen. Bis dahin gefundene Bilder: %1</translation>
+    </message>
+    <message>
+        <source>The search ended too early. Pictures found until then: %1</source>
+        <translation>Die Suche endete vorzeitig. Bis dahin gefundene Bilder: %1</translation>
+    </message>
+    <message>
+        <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
+        <translation>Bilder können nicht durchsucht werden: Das Programm pinorama-search startet nicht.</translation>
+    </message>
+    <message>
+        <source>Pictures found: %1. The nearest %2 are shown.</source>
+        <translation>Gefundene Bilder: %1. Gezeigt werden die nächsten %2.</translation>
+    </message>
+    <message>
+        <source>Pictures found: %1</source>
+        <translation>Gefundene Bilder: %1</translation>
+    </message>
+    <message>
+        <source>No other picture within %1 m was found in these folders:
+%2</source>
+        <extracomment>%2 is a list of folders</extracomment>
+        <translation>Im Umkreis von %1&#xa0;m gibt es kein anderes Bild in diesen Ordnern:
+%2</translation>
+    </message>
+</context>
 </TS>

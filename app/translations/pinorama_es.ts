@@ -393,4 +393,84 @@
         <translation>También se pueden leer vídeos %1.</translation>
     </message>
 </context>
+<context>
+    <name>pinorama::NearbyModel</name>
+    <message>
+        <source>same place</source>
+        <translation>mismo lugar</translation>
+    </message>
+    <message>
+        <source>%1 m %2</source>
+        <extracomment>%1 is a distance, %2 a point of the compass: 350 m NE</extracomment>
+        <translation>%1&#xa0;m %2</translation>
+    </message>
+    <message>
+        <source>%1 km %2</source>
+        <extracomment>%1 is a distance, %2 a point of the compass: 1.2 km NE</extracomment>
+        <translation>%1&#xa0;km %2</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::NearbyWindow</name>
+    <message>
+        <source>&amp;Stop</source>
+        <extracomment>Button: ends the search</extracomment>
+        <translation>&amp;Detener</translation>
+    </message>
+    <message>
+        <source>Pictures Nearby</source>
+        <extracomment>Title of the window</extracomment>
+        <translation>Fotos cercanas</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <extracomment>Context menu: opens the picture in the program for it</extracomment>
+        <translation>&amp;Abrir</translation>
+    </message>
+    <message>
+        <source>Within %1 m of %2</source>
+        <extracomment>Above the pictures that were found; %2 is the name of a file</extracomment>
+        <translation>A menos de %1&#xa0;m de %2</translation>
+    </message>
+    <message>
+        <source>Finds the pictures taken within %1 m, in this folder, those beside it and the Pictures folder</source>
+        <extracomment>Tool tip of the button Find in Skallion where there is no Skallion</extracomment>
+        <translation>Busca las fotos tomadas a menos de %1&#xa0;m en esta carpeta, las contiguas y la carpeta Imágenes</translation>
+    </message>
+    <message>
+        <source>Searching...</source>
+        <translation>Buscando...</translation>
+    </message>
+    <message>
+        <source>Searching... Pictures found so far: %1</source>
+        <translation>Buscando... Fotos encontradas hasta ahora: %1</translation>
+    </message>
+    <message>
+        <source>Stopped. Pictures found until then: %1</source>
+        <translation>Detenido. Fotos encontradas hasta entonces: %1</translation>
+    </message>
+    <message>
+        <source>The search ended too early. Pictures found until then: %1</source>
+        <translation>La búsqueda terminó antes de tiempo. Fotos encontradas hasta entonces: %1</translation>
+    </message>
+    <message>
+        <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
+        <translation>No se pueden buscar fotos: el programa pinorama-search no se inicia.</translation>
+    </message>
+    <message>
+        <source>Pictures found: %1. The nearest %2 are shown.</source>
+        <translation>Fotos encontradas: %1. Se muestran las %2 más cercanas.</translation>
+    </message>
+    <message>
+        <source>Pictures found: %1</source>
+        <translation>Fotos encontradas: %1</translation>
+    </message>
+    <message>
+        <source>No other picture within %1 m was found in these folders:
+%2</source>
+        <extracomment>%2 is a list of folders</extracomment>
+        <translation>No se encontró ninguna otra foto a menos de %1&#xa0;m en estas carpetas:
+%2</translation>
+    </message>
+</context>
 </TS>

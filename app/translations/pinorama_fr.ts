@@ -393,4 +393,84 @@
         <translation>Les vidéos %1 peuvent aussi être lues.</translation>
     </message>
 </context>
+<context>
+    <name>pinorama::NearbyModel</name>
+    <message>
+        <source>same place</source>
+        <translation>même endroit</translation>
+    </message>
+    <message>
+        <source>%1 m %2</source>
+        <extracomment>%1 is a distance, %2 a point of the compass: 350 m NE</extracomment>
+        <translation>%1&#xa0;m %2</translation>
+    </message>
+    <message>
+        <source>%1 km %2</source>
+        <extracomment>%1 is a distance, %2 a point of the compass: 1.2 km NE</extracomment>
+        <translation>%1&#xa0;km %2</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::NearbyWindow</name>
+    <message>
+        <source>&amp;Stop</source>
+        <extracomment>Button: ends the search</extracomment>
+        <translation>&amp;Arrêter</translation>
+    </message>
+    <message>
+        <source>Pictures Nearby</source>
+        <extracomment>Title of the window</extracomment>
+        <translation>Photos à proximité</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <extracomment>Context menu: opens the picture in the program for it</extracomment>
+        <translation>&amp;Ouvrir</translation>
+    </message>
+    <message>
+        <source>Within %1 m of %2</source>
+        <extracomment>Above the pictures that were found; %2 is the name of a file</extracomment>
+        <translation>À moins de %1&#xa0;m de %2</translation>
+    </message>
+    <message>
+        <source>Finds the pictures taken within %1 m, in this folder, those beside it and the Pictures folder</source>
+        <extracomment>Tool tip of the button Find in Skallion where there is no Skallion</extracomment>
+        <translation>Trouve les photos prises à moins de %1&#xa0;m dans ce dossier, les dossiers voisins et le dossier Images</translation>
+    </message>
+    <message>
+        <source>Searching...</source>
+        <translation>Recherche en cours...</translation>
+    </message>
+    <message>
+        <source>Searching... Pictures found so far: %1</source>
+        <translation>Recherche en cours... Photos trouvées jusqu’ici&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Stopped. Pictures found until then: %1</source>
+        <translation>Arrêté. Photos trouvées jusque-là&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>The search ended too early. Pictures found until then: %1</source>
+        <translation>La recherche s’est terminée trop tôt. Photos trouvées jusque-là&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
+        <translation>Impossible de rechercher des photos&#xa0;: le programme pinorama-search ne démarre pas.</translation>
+    </message>
+    <message>
+        <source>Pictures found: %1. The nearest %2 are shown.</source>
+        <translation>Photos trouvées&#xa0;: %1. Les %2 plus proches sont affichées.</translation>
+    </message>
+    <message>
+        <source>Pictures found: %1</source>
+        <translation>Photos trouvées&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>No other picture within %1 m was found in these folders:
+%2</source>
+        <extracomment>%2 is a list of folders</extracomment>
+        <translation>Aucune autre photo à moins de %1&#xa0;m n’a été trouvée dans ces dossiers&#xa0;:
+%2</translation>
+    </message>
+</context>
 </TS>

@@ -393,4 +393,84 @@
         <translation>Anche i video %1 possono essere letti.</translation>
     </message>
 </context>
+<context>
+    <name>pinorama::NearbyModel</name>
+    <message>
+        <source>same place</source>
+        <translation>stesso punto</translation>
+    </message>
+    <message>
+        <source>%1 m %2</source>
+        <extracomment>%1 is a distance, %2 a point of the compass: 350 m NE</extracomment>
+        <translation>%1&#xa0;m %2</translation>
+    </message>
+    <message>
+        <source>%1 km %2</source>
+        <extracomment>%1 is a distance, %2 a point of the compass: 1.2 km NE</extracomment>
+        <translation>%1&#xa0;km %2</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::NearbyWindow</name>
+    <message>
+        <source>&amp;Stop</source>
+        <extracomment>Button: ends the search</extracomment>
+        <translation>&amp;Interrompi</translation>
+    </message>
+    <message>
+        <source>Pictures Nearby</source>
+        <extracomment>Title of the window</extracomment>
+        <translation>Foto nelle vicinanze</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <extracomment>Context menu: opens the picture in the program for it</extracomment>
+        <translation>&amp;Apri</translation>
+    </message>
+    <message>
+        <source>Within %1 m of %2</source>
+        <extracomment>Above the pictures that were found; %2 is the name of a file</extracomment>
+        <translation>Entro %1&#xa0;m da %2</translation>
+    </message>
+    <message>
+        <source>Finds the pictures taken within %1 m, in this folder, those beside it and the Pictures folder</source>
+        <extracomment>Tool tip of the button Find in Skallion where there is no Skallion</extracomment>
+        <translation>Trova le foto scattate entro %1&#xa0;m in questa cartella, in quelle accanto e nella cartella Immagini</translation>
+    </message>
+    <message>
+        <source>Searching...</source>
+        <translation>Ricerca in corso...</translation>
+    </message>
+    <message>
+        <source>Searching... Pictures found so far: %1</source>
+        <translation>Ricerca in corso... Foto trovate finora: %1</translation>
+    </message>
+    <message>
+        <source>Stopped. Pictures found until then: %1</source>
+        <translation>Interrotta. Foto trovate fino a quel momento: %1</translation>
+    </message>
+    <message>
+        <source>The search ended too early. Pictures found until then: %1</source>
+        <translation>La ricerca è terminata in anticipo. Foto trovate fino a quel momento: %1</translation>
+    </message>
+    <message>
+        <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
+        <translation>Impossibile cercare le foto: il programma pinorama-search non si avvia.</translation>
+    </message>
+    <message>
+        <source>Pictures found: %1. The nearest %2 are shown.</source>
+        <translation>Foto trovate: %1. Vengono mostrate le %2 più vicine.</translation>
+    </message>
+    <message>
+        <source>Pictures found: %1</source>
+        <translation>Foto trovate: %1</translation>
+    </message>
+    <message>
+        <source>No other picture within %1 m was found in these folders:
+%2</source>
+        <extracomment>%2 is a list of folders</extracomment>
+        <translation>Nessun’altra foto entro %1&#xa0;m è stata trovata in queste cartelle:
+%2</translation>
+    </message>
+</context>
 </TS>

@@ -393,4 +393,84 @@
         <translation>%1 の動画も読み取れます。</translation>
     </message>
 </context>
+<context>
+    <name>pinorama::NearbyModel</name>
+    <message>
+        <source>same place</source>
+        <translation>同じ場所</translation>
+    </message>
+    <message>
+        <source>%1 m %2</source>
+        <extracomment>%1 is a distance, %2 a point of the compass: 350 m NE</extracomment>
+        <translation>%2 %1&#xa0;m</translation>
+    </message>
+    <message>
+        <source>%1 km %2</source>
+        <extracomment>%1 is a distance, %2 a point of the compass: 1.2 km NE</extracomment>
+        <translation>%2 %1&#xa0;km</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::NearbyWindow</name>
+    <message>
+        <source>&amp;Stop</source>
+        <extracomment>Button: ends the search</extracomment>
+        <translation>中止(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Pictures Nearby</source>
+        <extracomment>Title of the window</extracomment>
+        <translation>近くの写真</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <extracomment>Context menu: opens the picture in the program for it</extracomment>
+        <translation>開く(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Within %1 m of %2</source>
+        <extracomment>Above the pictures that were found; %2 is the name of a file</extracomment>
+        <translation>%2 から %1&#xa0;m 以内</translation>
+    </message>
+    <message>
+        <source>Finds the pictures taken within %1 m, in this folder, those beside it and the Pictures folder</source>
+        <extracomment>Tool tip of the button Find in Skallion where there is no Skallion</extracomment>
+        <translation>このフォルダーと隣のフォルダー、ピクチャフォルダーから %1&#xa0;m 以内で撮影された写真を検索します</translation>
+    </message>
+    <message>
+        <source>Searching...</source>
+        <translation>検索中です...</translation>
+    </message>
+    <message>
+        <source>Searching... Pictures found so far: %1</source>
+        <translation>検索中です... これまでに見つかった写真: %1</translation>
+    </message>
+    <message>
+        <source>Stopped. Pictures found until then: %1</source>
+        <translation>中止しました。それまでに見つかった写真: %1</translation>
+    </message>
+    <message>
+        <source>The search ended too early. Pictures found until then: %1</source>
+        <translation>検索が途中で終了しました。それまでに見つかった写真: %1</translation>
+    </message>
+    <message>
+        <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
+        <translation>写真を検索できません。プログラム pinorama-search を起動できません。</translation>
+    </message>
+    <message>
+        <source>Pictures found: %1. The nearest %2 are shown.</source>
+        <translation>見つかった写真: %1。近い順に %2 枚を表示しています。</translation>
+    </message>
+    <message>
+        <source>Pictures found: %1</source>
+        <translation>見つかった写真: %1</translation>
+    </message>
+    <message>
+        <source>No other picture within %1 m was found in these folders:
+%2</source>
+        <extracomment>%2 is a list of folders</extracomment>
+        <translation>次のフォルダーには %1&#xa0;m 以内で撮影された他の写真はありません:
+%2</translation>
+    </message>
+</context>
 </TS>

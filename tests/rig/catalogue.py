@@ -19,7 +19,17 @@ class Catalogue:
         with open(opener, "w", encoding="utf-8") as script:
             script.write(f"#!/bin/sh\nprintf '%s\\n' \"$1\" >> '{self.log}'\n")
         os.chmod(opener, 0o755)
+        self.register()
         session.environment["PATH"] = folder + ":" + session.environment["PATH"]
+
+    def register(self):
+        """Without a program that takes its addresses the button opens a window of its own."""
+        applications = os.path.join(self.session.home, ".local/share/applications")
+        os.makedirs(applications, exist_ok=True)
+        with open(os.path.join(applications, "catalogue.desktop"), "w", encoding="utf-8") as entry:
+            entry.write("[Desktop Entry]\nType=Application\nName=Catalogue\nExec=xdg-open %u\n")
+        with open(os.path.join(applications, "mimeapps.list"), "w", encoding="utf-8") as associations:
+            associations.write("[Default Applications]\nx-scheme-handler/skallion=catalogue.desktop\n")
 
     def urls(self):
         try:

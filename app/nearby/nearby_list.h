@@ -1,0 +1,37 @@
+// What a search for pictures nearby finds, as pinorama-search prints it (cli/list_entry.h): five
+// fields for each picture, every one followed by a zero byte. The bytes come in any pieces; nothing
+// in them is trusted.
+
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace pinorama {
+
+struct NearbyPicture {
+    std::string path;  // absolute, in the bytes of the system
+    double metres;     // from the place of the search, not negative
+    double bearing;    // degrees clockwise from north, in which it lies from there
+};
+
+class NearbyListReader {
+public:
+    // Takes the next bytes and appends the pictures that they complete.
+    //
+    // Returns false for what no search prints: a field that is too long, a path that is not
+    // absolute, a number that is none. Nothing more is to be expected then.
+    bool read(std::string_view bytes, std::vector<NearbyPicture>* pictures);
+
+    // True if the bytes so far end between two pictures.
+    bool isComplete() const { return field_.empty() && fields_.empty(); }
+
+private:
+    bool takeField(std::vector<NearbyPicture>* pictures);
+
+    std::string field_;                // the one that has not ended
+    std::vector<std::string> fields_;  // of the picture that is not complete
+};
+
+}  // namespace pinorama

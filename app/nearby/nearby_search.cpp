@@ -1,0 +1,159 @@
+#include "app/nearby/nearby_search.h"
+
+#include "base/resource_folder.h"
+#include "location/picture_source.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QStringList>
+#include <QTimer>
+
+#include <charconv>
+#include <csignal>
+#include <cstdlib>
+#include <utility>
+
+#include <sys/prctl.h>
+#include <unistd.h>
+
+namespace pinorama {
+namespace {
+constexpr const char* kProgramName = "pinorama-search";
+// For writing down what it has read. It is killed then.
+constexpr int kEndingTime = 5000;  // milliseconds
+constexpr int kNiceness = 5;       // the picture that is shown comes first
+
+std::string textOf(double number)
+{
+    char digits[32];
+    return {digits, std::to_chars(digits, digits + sizeof digits, number).ptr};
+}
+
+QStringList argumentsOf(NearbyPlace place)
+{
+    const std::string near = textOf(place.latitude) + ',' + textOf(place.longitude) + ',' +
+                             std::to_string(NearbySearch::kRadius);
+    QStringList arguments = {QStringLiteral("--recursive"),
+                             QStringLiteral("--quiet"),
+                             QStringLiteral("--as-found"),
+                             QStringLiteral("--format=list"),
+                             QStringLiteral("--files-from=-"),
+                             QStringLiteral("--null"),
+                             QStringLiteral("--near=") + QString::fromStdString(near)};
+    if (readsMoreKinds()) arguments.append(QStringLiteral("--more"));
+    return arguments;
+}
+
+// The folders as the program's standard input: an argument would have to be a text, which a path
+// need not be.
+QByteArray inputOf(const std::vector<std::string>& folders)
+{
+    QByteArray input;
+    for (const std::string& folder : folders) {
+        input.append(folder.data(), static_cast<qsizetype>(folder.size())).append('\0');
+    }
+    return input;
+}
+
+// Runs in the child before it becomes the program: without the window nobody wants its result.
+void prepareChild()
+{
+    (void)prctl(PR_SET_PDEATHSIG, SIGTERM);
+    (void)nice(kNiceness);
+}
+}  // namespace
+
+std::string nearbySearchProgram()
+{
+    const char* set = std::getenv("PINORAMA_SEARCH");
+    if (set != nullptr && *set != '\0') return set;
+    const std::string folder = programFolder();
+    std::string beside = folder + "/" + kProgramName;
+    if (access(beside.c_str(), X_OK) == 0) return beside;
+    return folder + "/../" PINORAMA_LIBEXEC_DIR "/" + kProgramName;
+}
+
+NearbySearch::NearbySearch(QObject* parent) : QObject(parent) {}
+
+NearbySearch::~NearbySearch()
+{
+    end();
+}
+
+void NearbySearch::begin(NearbyPlace place, const std::vector<std::string>& folders)
+{
+    end();
+    reader_ = {};
+    auto* process = new QProcess;
+    process_ = process;
+    process->setStandardErrorFile(QProcess::nullDevice());
+    process->setChildProcessModifier(&prepareChild);
+    connect(process, &QProcess::readyReadStandardOutput, this, &NearbySearch::takeOutput);
+    connect(process, &QProcess::finished, this,
+            [this, process](int status, QProcess::ExitStatus exit) {
+                takeOutput();
+                if (process_ != process) return;
+                // With status 1 some files could not be read, and all others were.
+                const bool isDone = exit == QProcess::NormalExit && (status == 0 || status == 1);
+                finish(isDone && reader_.isComplete() ? Outcome::complete : Outcome::cutShort);
+            });
+    // Queued, because starting may fail at once.
+    connect(
+        process, &QProcess::errorOccurred, this,
+        [this, process](QProcess::ProcessError error) {
+            if (error == QProcess::FailedToStart && process_ == process) finish(Outcome::missing);
+        },
+        Qt::QueuedConnection);
+    if (folders.empty()) {
+        QTimer::singleShot(0, process, [this, process] {
+            if (process_ == process) finish(Outcome::complete);
+        });
+        return;
+    }
+    process->start(QFile::decodeName(nearbySearchProgram().c_str()), argumentsOf(place));
+    process->write(inputOf(folders));
+    process->closeWriteChannel();
+}
+
+void NearbySearch::end()
+{
+    QProcess* process = std::exchange(process_, nullptr);
+    if (process == nullptr) return;
+    process->disconnect(this);
+    if (process->state() == QProcess::NotRunning) {
+        process->deleteLater();
+        return;
+    }
+    connect(process, &QProcess::finished, process, &QObject::deleteLater);
+    connect(process, &QProcess::errorOccurred, process, [process] {
+        if (process->state() == QProcess::NotRunning) process->deleteLater();
+    });
+    process->closeReadChannel(QProcess::StandardOutput);
+    process->terminate();
+    QTimer::singleShot(kEndingTime, process, [process] { process->kill(); });
+}
+
+qint64 NearbySearch::processID() const
+{
+    return process_ == nullptr ? 0 : process_->processId();
+}
+
+void NearbySearch::takeOutput()
+{
+    const QByteArray bytes = process_->readAllStandardOutput();
+    std::vector<NearbyPicture> pictures;
+    const bool isList =
+        reader_.read({bytes.constData(), static_cast<std::size_t>(bytes.size())}, &pictures);
+    const QProcess* const process = process_;
+    if (!pictures.empty()) Q_EMIT found(pictures);
+    // The receiver may have ended the search or begun another one.
+    if (!isList && process_ == process) finish(Outcome::cutShort);
+}
+
+void NearbySearch::finish(Outcome outcome)
+{
+    end();
+    Q_EMIT finished(outcome);
+}
+
+}  // namespace pinorama

@@ -1,0 +1,343 @@
+// The window of pictures nearby, and the button that opens it, over real searches and searches of
+// the test's own.
+
+#include "app/nearby/nearby_window.h"
+
+#include "app/nearby/nearby_view.h"
+#include "tests/app/controller_fixture.h"
+#include "tests/app/nearby/search_program.h"
+#include "tests/support/jpeg_pictures.h"
+#include "tests/support/program.h"
+
+#include <QAbstractItemModel>
+#include <QAccessible>
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTest>
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include <sys/types.h>
+
+using namespace pinorama;
+
+namespace {
+const test::PictureFields kPlace = {.lat = 0.5, .latRef = "N", .lon = 10, .lonRef = "E"};
+
+// 111 m to the north for each thousandth of a degree.
+std::string pictureAt(double latitude)
+{
+    return test::pictureWithGps({.lat = latitude, .latRef = "N", .lon = 10, .lonRef = "E"});
+}
+
+// What is in a window of pictures nearby.
+class Views {
+public:
+    explicit Views(QWidget* window) : window_(window) {}
+
+    NearbyView* view() const { return child<NearbyView>("nearbyPictures"); }
+    QAbstractItemModel* model() const { return view()->model(); }
+    QPushButton* stopButton() const { return child<QPushButton>("nearbyStopButton"); }
+    std::string status() const
+    {
+        return child<QLabel>("nearbyStatus")->accessibleName().toStdString();
+    }
+
+    // The texts of all rows.
+    std::string texts() const
+    {
+        std::string texts;
+        for (int row = 0; row < model()->rowCount(); row++) texts += text(row) + "; ";
+        return texts;
+    }
+    std::string text(int row) const
+    {
+        return model()->index(row, 0).data(Qt::AccessibleTextRole).toString().toStdString();
+    }
+    QModelIndex index(int row) const { return model()->index(row, 0); }
+    void click(int row) const
+    {
+        QTest::mouseClick(view()->viewport(), Qt::LeftButton, {},
+                          view()->visualRect(index(row)).center());
+    }
+
+private:
+    template <typename Widget>
+    Widget* child(const char* name) const
+    {
+        return window_->findChild<Widget*>(QLatin1String(name));
+    }
+
+    QWidget* window_;
+};
+
+class nearbyWindow : public testing::Test {
+protected:
+    nearbyWindow()
+    {
+        QObject::connect(&window, &NearbyWindow::chosen, &window,
+                         [this](const std::string& path) { chosen = path; });
+        QObject::connect(&window, &NearbyWindow::opened, &window,
+                         [this](const std::string& path) { opened = path; });
+    }
+
+    // Searches by such a program.
+    void searchBy(const std::string& lines)
+    {
+        program.emplace(lines);
+        window.search("/photos/trip/here.jpg", {0.5, 10});
+    }
+    bool waitUntilIdle()
+    {
+        return test::waitUntil([this] { return !window.isBusy(); });
+    }
+
+    std::optional<test::SearchProgram> program;
+    test::RecordingOpener opener;
+    NearbyWindow window{opener};
+    Views views{&window};
+    std::string chosen, opened;
+};
+
+class FoundNothing final : public UrlOpener {
+public:
+    void open(const QByteArray& address) override { addresses.push_back(address.toStdString()); }
+    bool isTaken(const QByteArray&) const override { return false; }
+
+    std::vector<std::string> addresses;
+};
+}  // namespace
+
+TEST_F(nearbyWindow, showsPicturesWhileTheSearchGoesOn)
+{
+    searchBy(test::foundLine("/b.jpg", "1500") + test::foundLine("/a.jpg", "12") +
+             "while [ ! -e \"$FOLDER/go\" ]; do sleep 0.05; done\n" +
+             test::foundLine("/c.jpg", "600"));
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_TRUE(test::waitUntil([this] { return views.model()->rowCount() == 2; }));
+    EXPECT_EQ(views.texts(), "a.jpg, 12 m NE; b.jpg, 1.5 km NE; ");
+    EXPECT_EQ(views.status(), "Searching... Pictures found so far: 2");
+    EXPECT_TRUE(views.stopButton()->isEnabled());
+    (void)program->folder().write("go", "");
+    EXPECT_TRUE(waitUntilIdle());
+    EXPECT_EQ(views.texts(), "a.jpg, 12 m NE; c.jpg, 600 m NE; b.jpg, 1.5 km NE; ");
+    EXPECT_EQ(views.status(), "Pictures found: 3");
+    EXPECT_FALSE(views.stopButton()->isEnabled());
+}
+
+TEST_F(nearbyWindow, saysHowASearchEnds)
+{
+    const struct {
+        const char* name;
+        std::string lines, expected;
+    } rows[] = {
+        {"none", test::foundLine("/photos/trip/here.jpg", "0"),
+         "No other picture within 2000 m was found in these folders:\n/photos/trip\n"},
+        {"too early", test::foundLine("/a.jpg", "1") + "exit 2",
+         "The search ended too early. Pictures found until then: 1"},
+        {"nothing, too early", "kill -KILL $$",
+         "The search ended too early. Pictures found until then: 0"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        searchBy(row.lines);
+        EXPECT_EQ(views.status(), "Searching...");
+        EXPECT_TRUE(waitUntilIdle());
+        EXPECT_TRUE(views.status().starts_with(row.expected)) << views.status();
+    }
+    const test::ScopedVariable none("PINORAMA_SEARCH", "/nowhere/pinorama-search");
+    window.search("/photos/trip/here.jpg", {0.5, 10});
+    EXPECT_TRUE(waitUntilIdle());
+    EXPECT_EQ(views.status(),
+              "Pictures cannot be searched: the program pinorama-search does not start.");
+    EXPECT_EQ(views.view()->accessibleName().toStdString(), views.status())
+        << "what a screen reader says of the empty list";
+}
+
+TEST_F(nearbyWindow, stopsASearch)
+{
+    searchBy(test::foundLine("/a.jpg", "1") + "exec sleep 1000");
+    EXPECT_TRUE(test::waitUntil([this] { return views.model()->rowCount() == 1; }));
+    views.stopButton()->click();
+    EXPECT_TRUE(waitUntilIdle());
+    EXPECT_EQ(views.status(), "Stopped. Pictures found until then: 1");
+    EXPECT_EQ(views.texts(), "a.jpg, 1 m NE; ");
+}
+
+TEST_F(nearbyWindow, endsTheSearchWhenItCloses)
+{
+    searchBy("echo $$ > \"$FOLDER/process\"\n" + test::foundLine("/a.jpg", "1") +
+             "exec sleep 1000");
+    EXPECT_TRUE(test::waitUntil([this] { return views.model()->rowCount() == 1; }));
+    const pid_t process = std::stoi(test::readFile(program->folder().file("process")));
+    EXPECT_EQ(kill(process, 0), 0);
+    QTest::keyClick(views.view(), Qt::Key_Escape);
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_TRUE(test::waitUntil([process] { return kill(process, 0) != 0 && errno == ESRCH; }));
+}
+
+TEST_F(nearbyWindow, worksWithTheKeyboard)
+{
+    searchBy(test::foundLine("/b.jpg", "2") + test::foundLine("/a.jpg", "1"));
+    EXPECT_TRUE(waitUntilIdle());
+    QTest::keyClick(views.view(), Qt::Key_Home);
+    QTest::keyClick(views.view(), Qt::Key_Right);
+    EXPECT_EQ(views.view()->currentIndex().row(), 1);
+    QTest::keyClick(views.view(), Qt::Key_Return);
+    EXPECT_EQ(opened, "/b.jpg");
+    views.view()->findChild<QAction*>(QStringLiteral("nearbyOpenAction"))->trigger();
+    EXPECT_EQ(opener.addresses, std::vector<std::string>{"file:///b.jpg"});
+}
+
+TEST_F(nearbyWindow, tellsAScreenReaderWhatItShows)
+{
+    searchBy(test::foundLine("/a.jpg", "1500"));
+    EXPECT_TRUE(waitUntilIdle());
+    QAccessibleInterface* list = QAccessible::queryAccessibleInterface(views.view());
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(list->text(QAccessible::Name), QLatin1String("Pictures Nearby"));
+    ASSERT_EQ(list->childCount(), 1);
+    EXPECT_EQ(list->child(0)->text(QAccessible::Name), QLatin1String("a.jpg, 1.5 km NE"));
+}
+
+TEST_F(nearbyWindow, loadsTheThumbnailsInSight)
+{
+    const test::TemporaryFolder folder;
+    const std::string bytes = test::jpegOfQuarters(400, 300);
+    std::string lines;
+    constexpr int kCount = 200;
+    for (int i = 0; i < kCount; i++) {
+        const std::string path = folder.write(std::to_string(i) + ".jpg", bytes);
+        lines += test::foundLine(path, std::to_string(i + 1));
+    }
+    searchBy(lines);
+    EXPECT_TRUE(waitUntilIdle());
+    const auto hasPicture = [this](int row) {
+        const QImage image = views.index(row).data(Qt::DecorationRole).value<QPixmap>().toImage();
+        return test::isNear(image.pixel(image.width() / 4, image.height() * 3 / 8), test::kRed);
+    };
+    ASSERT_EQ(views.model()->rowCount(), kCount);
+    EXPECT_TRUE(hasPicture(0));
+    EXPECT_FALSE(hasPicture(kCount - 1)) << "it is not in sight";
+    views.view()->scrollToBottom();
+    EXPECT_TRUE(test::waitUntil([&] { return hasPicture(kCount - 1); }));
+    EXPECT_FALSE(hasPicture(kCount / 2)) << "it was passed over";
+}
+
+TEST_F(nearbyWindow, showsTheIconOfWhatHasNoPreview)
+{
+    searchBy(test::foundLine("/nowhere/a.jpg", "1"));
+    EXPECT_TRUE(waitUntilIdle());
+    const QImage image = views.index(0).data(Qt::DecorationRole).value<QPixmap>().toImage();
+    EXPECT_GT(qAlpha(image.pixel(image.width() / 2, image.height() / 2)), 0);
+}
+
+namespace {
+// The button of the main window where no program takes the address.
+class findNearby : public test::ControllerTest {
+protected:
+    NearbyWindow* nearby() const
+    {
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            if (auto* found = qobject_cast<NearbyWindow*>(window)) return found;
+        }
+        return nullptr;
+    }
+
+    FoundNothing nobody;
+    AppController lonely{nullptr, &nobody};
+};
+}  // namespace
+
+TEST_F(findNearby, opensTheWindowWhereNoProgramTakesTheAddress)
+{
+    std::filesystem::create_directories(folder.file("trip/one"));
+    std::filesystem::create_directories(folder.file("trip/two"));
+    const std::string here = folder.write("trip/one/here.jpg", test::pictureWithGps(kPlace));
+    (void)folder.write("trip/one/b.jpg", pictureAt(0.505));
+    (void)folder.write("trip/one/far.jpg", pictureAt(0.6));
+    const std::string nearest = folder.write("trip/two/a.jpg", pictureAt(0.5009));
+    EXPECT_EQ(nearby(), nullptr);
+    lonely.openPath(here);
+    ASSERT_TRUE(test::waitUntil([this] { return lonely.searchInTovButton->isEnabled(); }));
+    lonely.searchInTovButton->click();
+    EXPECT_TRUE(nobody.addresses.empty());
+    ASSERT_NE(nearby(), nullptr);
+    const Views views(nearby());
+    EXPECT_TRUE(test::waitUntil([this] { return !nearby()->isBusy(); }));
+    EXPECT_EQ(views.texts(), "a.jpg, 100 m N; b.jpg, 550 m N; ");
+
+    views.click(0);
+    EXPECT_EQ(shown(lonely.fileNameField), "a.jpg");
+    lonely.updateSelection();
+    EXPECT_EQ(shown(lonely.fileNameField), "a.jpg") << "it stays until the selection changes";
+    lonely.myWindow->hide();
+    views.click(1);
+    EXPECT_TRUE(lonely.myWindow->isVisible());
+    EXPECT_EQ(shown(lonely.fileNameField), "b.jpg");
+
+    lonely.myWindow->searchInTovAction->trigger();
+    EXPECT_TRUE(test::waitUntil([this] { return !nearby()->isBusy(); }));
+    EXPECT_EQ(views.texts(), "a.jpg, 450 m S; here.jpg, 550 m S; ");
+}
+
+TEST_F(findNearby, leavesTheAddressToAProgramThatTakesIt)
+{
+    EXPECT_TRUE(showPicture("a.jpg", kPlace));
+    controller.searchInTovButton->click();
+    EXPECT_EQ(opener.addresses.size(), 1u);
+    EXPECT_EQ(nearby(), nullptr);
+}
+
+TEST_F(findNearby, findsThePicturesOfTheCollection)
+{
+    const auto collection = test::pictureCollection();
+    if (!collection) GTEST_SKIP() << "PINORAMA_PICTURE_COLLECTION is not set";
+    // The folder for the user's pictures is the collection.
+    (void)std::filesystem::create_directories(folder.file("config"));
+    (void)folder.write("config/user-dirs.dirs", "XDG_PICTURES_DIR=\"" + *collection + "\"\n");
+    const test::ScopedVariable config("XDG_CONFIG_HOME", folder.file("config").c_str());
+    const test::ProgramResult all =
+        test::runProgram({.command = {PINORAMA_INFO, "-rq", "--csv", *collection}});
+    ASSERT_GT(std::count(all.out.begin(), all.out.end(), '\n'), 400);
+    // A place where several were taken.
+    std::map<std::string, int> places;
+    std::istringstream lines(all.out);
+    for (std::string line; std::getline(lines, line);) {
+        std::vector<std::string> fields;
+        std::istringstream row(line);
+        for (std::string field; fields.size() < 3 && std::getline(row, field, ',');) {
+            fields.push_back(field);
+        }
+        if (fields.size() == 3 && !fields[1].empty() && fields[0].front() == '/') {
+            places[fields[1] + "," + fields[2]]++;
+        }
+    }
+    ASSERT_FALSE(places.empty());
+    const auto most =
+        std::max_element(places.begin(), places.end(),
+                         [](const auto& a, const auto& b) { return a.second < b.second; });
+    const test::ProgramResult near = test::runProgram(
+        {.command = {PINORAMA_INFO, "-rq", "--near=" + most->first, "--json", *collection}});
+    const auto count = std::count(near.out.begin(), near.out.end(), '\n');
+    ASSERT_GE(count, most->second);
+
+    NearbyWindow window(nobody);
+    double latitude = 0, longitude = 0;
+    ASSERT_EQ(std::sscanf(most->first.c_str(), "%lf,%lf", &latitude, &longitude), 2);
+    window.search(folder.file("own/here.jpg"), {latitude, longitude});
+    EXPECT_TRUE(test::waitUntil([&] { return !window.isBusy(); }));
+    EXPECT_EQ(Views(&window).model()->rowCount(), count);
+}
