@@ -1,6 +1,7 @@
 // Writes the seeds of the preview and reader fuzzers, one file per case, into FOLDER/fuzz_X/.
 
 #include "reader/reader_protocol.h"
+#include "tests/support/heif_pictures.h"
 #include "tests/support/jpeg_pictures.h"
 
 #include <cstdio>
@@ -31,6 +32,17 @@ void writeJpegs(const std::filesystem::path& folder)
     write(folder, "thumbnail",
           test::jpegOfQuarters(60, 40, {.exif = test::exifWithThumbnail(6, thumbnail)}));
     write(folder, "tiff", test::exifWithThumbnail(8, thumbnail));
+}
+
+void writeImages(const std::filesystem::path& folder)
+{
+    const std::string jpeg = test::jpegOfQuarters(24, 16);
+    const test::HeifPart tile = test::hevcPart();
+    write(folder, "hevc", test::heifPicture({tile, {"jpeg", jpeg, {}, "thmb", {1}}}));
+    test::HeifPart grid = {"grid", test::heifGrid(1, 2, 100, 60), {}, "dimg", {2, 3}};
+    grid.properties = {test::heifSize(100, 60), test::heifRotation(1), test::heifColours(1, true)};
+    write(folder, "grid", test::heifPicture({grid, tile, tile}));
+    write(folder, "cr3", test::cr3Picture(test::exifWithThumbnail(6, ""), jpeg, jpeg));
 }
 
 void writeRequests(const std::filesystem::path& folder)
@@ -68,6 +80,7 @@ int main(int argc, char** argv)
     }
     const std::filesystem::path folder = argv[1];
     writeJpegs(folder / "fuzz_jpeg_preview");
+    writeImages(folder / "fuzz_iso_images");
     writeRequests(folder / "fuzz_reader_request");
     writeReplies(folder / "fuzz_reader_reply");
     return 0;

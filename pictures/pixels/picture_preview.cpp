@@ -1,8 +1,11 @@
 #include "pictures/pixels/picture_preview.h"
 
 #include "pictures/byte_order.h"
+#include "pictures/iso_media.h"
 #include "pictures/jpeg_segments.h"
+#include "pictures/pixels/cr3_jpegs.h"
 #include "pictures/pixels/embedded_jpegs.h"
+#include "pictures/pixels/heif_preview.h"
 #include "pictures/pixels/jpeg_decode.h"
 #include "pictures/pixels/raw_preview.h"
 
@@ -130,9 +133,9 @@ std::optional<Preview> largerPreview(ByteSource& source, PixelSize box,
     return Preview{std::move(*image), false};
 }
 
-std::optional<Preview> previewOfRaw(ByteSource& source, PixelSize box)
+std::optional<Preview> previewOfRaw(ByteSource& source, const EmbeddedJpegs& embedded,
+                                    PixelSize box)
 {
-    const EmbeddedJpegs embedded = findEmbeddedJpegs(ByteBlock(source));
     const PixelSize stored = storedBox(box, embedded.orientation);
     ByteBlock largest;
     const PixelSize largestSize = largestStream(embedded, &largest);
@@ -174,7 +177,20 @@ std::optional<Preview> makePreview(ByteSource& source, std::int32_t maxWidth,
         if (preview && fills(preview->image, box)) return preview;
         return largerPreview(source, box, std::move(preview));
     }
-    return previewOfRaw(source, box);
+    return previewOfRaw(source, findEmbeddedJpegs(file), box);
+}
+
+std::optional<Preview> makeMorePreview(ByteSource& source, std::int32_t maxWidth,
+                                       std::int32_t maxHeight)
+{
+    const PixelSize box = {maxWidth, maxHeight};
+    const ByteBlock file(source);
+    if (!isIsoMedia(file)) return makePreview(source, maxWidth, maxHeight);
+    if (maxWidth <= 0 || maxHeight <= 0) return std::nullopt;
+    if (std::optional<Preview> preview = makeHeifPreview(file, box)) return preview;
+    const EmbeddedJpegs embedded = findCr3Jpegs(file);
+    if (embedded.streams.empty()) return std::nullopt;
+    return previewOfRaw(source, embedded, box);
 }
 
 }  // namespace pinorama

@@ -28,4 +28,9 @@ struct Preview {
 std::optional<Preview> makePreview(ByteSource& source, std::int32_t maxWidth,
                                    std::int32_t maxHeight);
 
+// The same of more kinds of pictures: those above, HEIF as makeHeifPreview has it (heif_preview.h),
+// and the JPEG pictures in CR3. Of videos there is none.
+std::optional<Preview> makeMorePreview(ByteSource& source, std::int32_t maxWidth,
+                                       std::int32_t maxHeight);
+
 }  // namespace pinorama
