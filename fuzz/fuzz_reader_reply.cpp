@@ -44,12 +44,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     const ByteView bytes(data, size);
     const ByteView header = bytes.first(std::min(size, kReplyHeaderSize));
-    for (const ReaderTask task : {ReaderTask::hello, ReaderTask::properties,
-                                  ReaderTask::picturePreview, ReaderTask::cachedThumbnail}) {
+    for (const ReaderTask task :
+         {ReaderTask::hello, ReaderTask::properties, ReaderTask::picturePreview,
+          ReaderTask::morePreview, ReaderTask::cachedThumbnail}) {
         readHeader(header, task);
     }
     readProperties(bytes);
     readPreview(bytes, PreviewKind::picture);
+    readPreview(bytes, PreviewKind::morePicture);
     readPreview(bytes, PreviewKind::cachedThumbnail);
     return 0;
 }

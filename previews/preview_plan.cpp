@@ -1,6 +1,7 @@
 #include "previews/preview_plan.h"
 
 #include "base/alloc.h"
+#include "location/picture_source.h"
 #include "reader/reader_protocol.h"
 
 #include <QPainter>
@@ -78,7 +79,7 @@ bool PreviewPlan::next()
     }
     if (isFinished_) return false;
     isFinished_ = true;
-    kind_ = PreviewKind::picture;
+    kind_ = readsMoreKinds() ? PreviewKind::morePicture : PreviewKind::picture;
     file_ = picture_.get();
     return true;
 }

@@ -8,9 +8,10 @@
 
 namespace pinorama {
 namespace {
-std::optional<PreviewReply> pictureReply(ByteSource& source, PixelSize box)
+std::optional<PreviewReply> pictureReply(ByteSource& source, PreviewKind kind, PixelSize box)
 {
-    if (std::optional<Preview> preview = makePreview(source, box.width, box.height)) {
+    const auto make = kind == PreviewKind::morePicture ? makeMorePreview : makePreview;
+    if (std::optional<Preview> preview = make(source, box.width, box.height)) {
         return PreviewReply{std::move(preview->image), preview->wasDecoded, {}, {}};
     }
     if (std::optional<PixelImage> image = decodeOtherPicture(source, box)) {
@@ -31,7 +32,8 @@ std::optional<PreviewReply> thumbnailReply(ByteSource& source, PixelSize box)
 std::optional<PreviewReply> previewReply(ByteSource& source, PreviewKind kind, PixelSize box)
 {
     switch (kind) {
-    case PreviewKind::picture: return pictureReply(source, box);
+    case PreviewKind::picture:
+    case PreviewKind::morePicture: return pictureReply(source, kind, box);
     case PreviewKind::cachedThumbnail: return thumbnailReply(source, box);
     }
     return std::nullopt;

@@ -12,6 +12,7 @@ namespace pinorama {
 
 enum class PreviewKind : std::uint16_t {
     picture,          // a preview of the picture in the file
+    morePicture,      // the same of more kinds of pictures (makeMorePreview)
     cachedThumbnail,  // the file is a thumbnail from the desktop's cache
 };
 

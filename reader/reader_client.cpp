@@ -129,9 +129,7 @@ std::uint32_t ReaderClient::startPreview(int descriptor, PreviewKind kind, Pixel
 {
     giveUpPreview();
     const std::uint32_t ticket = previewTicket_ = nextTicket();
-    jobs_.add(kind == PreviewKind::cachedThumbnail ? ReaderTask::cachedThumbnail
-                                                   : ReaderTask::picturePreview,
-              descriptor, box, nullptr);
+    jobs_.add(taskOf(kind), descriptor, box, nullptr);
     step();
     changed();
     return ticket;

@@ -10,12 +10,6 @@ namespace {
 constexpr std::size_t kReadAtOnce = 64 * 1024;
 constexpr int kMaxInterruptions = 32;  // of one preview
 constexpr int kMaxReports = 1000;      // in one turn; there are five a second
-
-PreviewKind kindOf(ReaderTask task)
-{
-    return task == ReaderTask::cachedThumbnail ? PreviewKind::cachedThumbnail
-                                               : PreviewKind::picture;
-}
 }  // namespace
 
 ReaderJobs::ReaderJobs(std::function<void(const ReaderJob& job)> onTurn)

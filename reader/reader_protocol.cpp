@@ -28,7 +28,8 @@ constexpr std::size_t kMaxTimeLength = 24;
 
 bool isPreview(ReaderTask task)
 {
-    return task == ReaderTask::picturePreview || task == ReaderTask::cachedThumbnail;
+    return task == ReaderTask::picturePreview || task == ReaderTask::morePreview ||
+           task == ReaderTask::cachedThumbnail;
 }
 
 bool isSide(std::int32_t length)
@@ -365,7 +366,8 @@ std::optional<PreviewReply> decodePreview(ByteView body, PreviewKind kind, Pixel
     if (wasDecoded > 1 || uriLength > kMaxUriLength || mtimeLength > kMaxTimeLength) {
         return std::nullopt;
     }
-    if (kind == PreviewKind::picture && (uriLength != 0 || mtimeLength != 0)) return std::nullopt;
+    const bool namesFile = uriLength != 0 || mtimeLength != 0;
+    if (kind != PreviewKind::cachedThumbnail && namesFile) return std::nullopt;
 
     PreviewReply reply;
     reply.wasDecoded = wasDecoded == 1;

@@ -36,11 +36,29 @@ enum class ReaderTask : std::uint16_t {
     cachedThumbnail,
     giveUp,  // nobody needs the reply of that number any more; has no descriptor and no reply
     moreProperties,  // of more kinds of files, and out of XMP (pictures/more_properties.h)
+    morePreview,     // of more kinds of pictures
 };
 
 constexpr bool asksForProperties(ReaderTask task)
 {
     return task == ReaderTask::properties || task == ReaderTask::moreProperties;
+}
+
+// The task that a kind of preview is, and the kind of a task that is a preview.
+constexpr ReaderTask taskOf(PreviewKind kind)
+{
+    switch (kind) {
+    case PreviewKind::morePicture: return ReaderTask::morePreview;
+    case PreviewKind::cachedThumbnail: return ReaderTask::cachedThumbnail;
+    case PreviewKind::picture: break;
+    }
+    return ReaderTask::picturePreview;
+}
+constexpr PreviewKind kindOf(ReaderTask task)
+{
+    if (task == ReaderTask::morePreview) return PreviewKind::morePicture;
+    return task == ReaderTask::cachedThumbnail ? PreviewKind::cachedThumbnail
+                                               : PreviewKind::picture;
 }
 
 struct ReaderRequest {

@@ -81,10 +81,8 @@ Result previewOf(int socket, int descriptor, const ReaderRequest& request, const
     if (!tasks.makePreview) return {};
     StreamByteSource source(descriptor, sizeOf(descriptor),
                             [socket] { return !isReadable(socket); });
-    const PreviewKind kind = request.task == ReaderTask::cachedThumbnail
-                                 ? PreviewKind::cachedThumbnail
-                                 : PreviewKind::picture;
-    const std::optional<PreviewReply> preview = tasks.makePreview(source, kind, request.box);
+    const std::optional<PreviewReply> preview =
+        tasks.makePreview(source, kindOf(request.task), request.box);
     if (source.wasStopped()) return {ReplyOutcome::interrupted, {}};
     if (!preview) return {};
     return {ReplyOutcome::found, encodePreview(*preview)};

@@ -1,13 +1,18 @@
 #include "previews/preview_loader.h"
 
 #include "base/alloc.h"
+#include "location/picture_source.h"
+#include "pictures/pixels/hevc_image.h"
 #include "previews/picture_reader.h"
 #include "tests/previews/preview_fixture.h"
+#include "tests/support/heif_pictures.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 
 #include <csignal>
+#include <string>
+#include <vector>
 
 // The suites are named after what they test, which they hide here.
 namespace pinorama::tests {
@@ -84,6 +89,47 @@ TEST_F(PreviewLoader, deliversThroughTheEventLoop)
     EXPECT_EQ(arrivals_[0].picture.size(), QSize(256, 171));
     EXPECT_EQ(arrivals_[0].picture.devicePixelRatio(), 2);
     EXPECT_TRUE(test::areNear(quartersOf(arrivals_[0].picture), kCorners));
+}
+
+TEST_F(PreviewLoader, showsMoreKindsOfPicturesWhereSomebodyAsksForThem)
+{
+    const std::string path = folder_.write(
+        "a.heic", test::heifPicture({{"????", "bytes", {test::heifSize(600, 400)}},
+                                     {"jpeg", test::jpegOfQuarters(300, 200), {}, "thmb", {1}}}));
+    request(path);
+    wait();
+    ASSERT_EQ(arrivals_.size(), 1u);
+    EXPECT_FALSE(test::areNear(quartersOf(arrivals_[0].picture), kCorners)) << "the icon";
+
+    setReadsMoreKinds(true);
+    request(path);
+    wait(2);
+    setReadsMoreKinds(false);
+    ASSERT_EQ(arrivals_.size(), 2u);
+    EXPECT_EQ(arrivals_[1].picture.size(), QSize(128, 85));
+    EXPECT_TRUE(test::areNear(quartersOf(arrivals_[1].picture), kCorners));
+}
+
+// The decoder works in the process that reads one picture, which may not start a thread or open a
+// file.
+TEST_F(PreviewLoader, showsHevcFromTheSandbox)
+{
+    if (!loadHevcDecoder()) GTEST_SKIP() << "libde265 is not installed";
+    const test::HeifPart tile = test::hevcPart();
+    test::HeifPart grid = {"grid", test::heifGrid(3, 3, 180, 170), {}, "dimg", {}};
+    std::vector<test::HeifPart> parts = {grid};
+    for (int i = 2; i <= 10; i++) {
+        parts[0].to.push_back(i);
+        parts.push_back(tile);
+    }
+    const int failuresBefore = cuPictureReader().failureCount();
+    setReadsMoreKinds(true);
+    request(folder_.write("a.heic", test::heifPicture(parts)));
+    wait();
+    setReadsMoreKinds(false);
+    ASSERT_EQ(arrivals_.size(), 1u);
+    EXPECT_EQ(arrivals_[0].picture.size(), QSize(128, 121));
+    EXPECT_EQ(cuPictureReader().failureCount(), failuresBefore);
 }
 
 TEST_F(PreviewLoader, showsADecodedPreviewBeforeItIsStored)

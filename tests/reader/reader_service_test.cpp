@@ -195,18 +195,20 @@ TEST(serveReader, aTaskThatThrowsComesToNothingAndTheNextIsServed)
     EXPECT_EQ(reader.nextOutcome(ReaderTask::properties, 2), ReplyOutcome::found);
 }
 
-TEST(serveReader, makesPreviewsOfBothKindsInTheirBox)
+TEST(serveReader, makesPreviewsOfAllKindsInTheirBox)
 {
     const Files files;
     const ServedReader reader({tellSize, tellRequest});
     ASSERT_TRUE(reader.saysHello());
-    for (const ReaderTask task : {ReaderTask::picturePreview, ReaderTask::cachedThumbnail}) {
-        const bool isCached = task == ReaderTask::cachedThumbnail;
+    for (const PreviewKind kind :
+         {PreviewKind::picture, PreviewKind::morePicture, PreviewKind::cachedThumbnail}) {
+        const ReaderTask task = taskOf(kind);
+        EXPECT_EQ(kindOf(task), kind);
+        const bool isCached = kind == PreviewKind::cachedThumbnail;
         reader.ask(task, 3, {files.ofSize(10)}, {6, 4});
         std::vector<std::uint8_t> body;
         ASSERT_EQ(reader.nextReply(task, 3, &body), ReplyOutcome::found);
-        const std::optional<PreviewReply> preview = decodePreview(
-            body, isCached ? PreviewKind::cachedThumbnail : PreviewKind::picture, {6, 4});
+        const std::optional<PreviewReply> preview = decodePreview(body, kind, {6, 4});
         ASSERT_TRUE(preview);
         EXPECT_EQ(preview->image.width, 6);
         EXPECT_EQ(preview->image.height, 4);
