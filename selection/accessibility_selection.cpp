@@ -2,7 +2,6 @@
 
 #include "selection/item_name.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace pinorama {
@@ -56,8 +55,7 @@ Task<std::optional<std::vector<std::string>>> AccessibilitySelection::pathsIn(DB
     }
     std::optional<std::vector<std::string>> paths = frame->paths();
     // A file may have been deleted since it was selected.
-    const auto isGone = [](const std::string& path) { return !existingItem(path).has_value(); };
-    if (paths && std::any_of(paths->begin(), paths->end(), isGone)) paths.reset();
+    if (paths) paths = co_await existingItems(query, *paths);
     co_return paths;
 }
 

@@ -1,11 +1,16 @@
 #include "selection/dbus_query.h"
 
+#include "opener/events/picture_opener.h"
+
 #include <QDBusError>
+#include <QTimer>
 
 #include <algorithm>
 
 namespace pinorama {
 namespace {
+using std::chrono::milliseconds;
+
 // An error message that the program itself sent is a reply; the one that stands for a timeout is
 // not.
 bool lacksReply(const QDBusPendingCall& call)
@@ -32,6 +37,10 @@ bool DBusQuery::runUntil(Clock::time_point deadline)
     deadline_ = deadline;
     const auto earliestEnd = deadline - timeout_ / 16;  // Qt's timers may fire that early
     while (!work_.isDone()) {
+        if (waitsForLook_) {
+            if (!runLookUntil(deadline)) return false;
+            continue;
+        }
         // The last call mostly gets the last reply, so this thread wakes up once and not for each
         // of them. Every call has a timeout, so none of the waits is unbounded.
         for (auto call = calls_.rbegin(); call != calls_.rend(); ++call)
@@ -46,7 +55,7 @@ void DBusQuery::continueInEventLoop(std::function<void()> whenDone)
 {
     whenDone_ = std::move(whenDone);
     runsInEventLoop_ = true;
-    if (!work_.isDone()) return watchCalls();
+    if (!work_.isDone()) return waitsForLook_ ? watchLook() : watchCalls();
     const auto done = std::exchange(whenDone_, {});
     if (done) done();
 }
@@ -108,7 +117,6 @@ const QDBusMessage& DBusQuery::takeReply()
 
 void DBusQuery::send(const QDBusConnection& bus, const QDBusMessage& call)
 {
-    using std::chrono::milliseconds;
     const auto left = std::chrono::ceil<milliseconds>(deadline_ - Clock::now());
     const milliseconds timeout = std::clamp(left, milliseconds(1), timeout_);
     calls_.push_back({call.service(), bus.asyncCall(call, static_cast<int>(timeout.count()))});
@@ -129,6 +137,47 @@ void DBusQuery::watchCalls()
     }
 }
 
+DBusQuery::Look DBusQuery::look(const OpenRequest& request, const OpenerQuestion::TakeNames& take)
+{
+    look_ = cuPictureOpener().ask(request, take);
+    return Look(*this);
+}
+
+void DBusQuery::waitForLook(std::coroutine_handle<> waiting)
+{
+    waiting_ = waiting;
+    waitsForLook_ = true;
+    if (runsInEventLoop_) watchLook();
+}
+
+bool DBusQuery::runLookUntil(Clock::time_point deadline)
+{
+    const auto left = std::chrono::floor<milliseconds>(deadline - Clock::now());
+    (void)cuPictureOpener().wait(*look_, std::max(left, milliseconds(0)));
+    if (!look_->isAnswered()) return false;
+    waitsForLook_ = false;
+    std::exchange(waiting_, {}).resume();
+    return true;
+}
+
+void DBusQuery::watchLook()
+{
+    lookWatcher_ = std::make_unique<QObject>();
+    QObject::connect(OpenerEvents::instance(), &OpenerEvents::advanced, lookWatcher_.get(), [this] {
+        if (look_->isAnswered()) resumeAfterLook();
+    });
+    // One that was answered since the coroutine looked needs nobody to be waited for.
+    const milliseconds patience = look_->isAnswered() ? milliseconds(0) : timeout_;
+    QTimer::singleShot(patience, lookWatcher_.get(), [this] { resumeAfterLook(); });
+}
+
+void DBusQuery::resumeAfterLook()
+{
+    lookWatcher_.reset();
+    waitsForLook_ = false;
+    resume();
+}
+
 void DBusQuery::resumeWork()
 {
     if (!waiting_ || !hasAllReplies()) return;
@@ -139,6 +188,11 @@ void DBusQuery::resumeWork()
         watcher.release()->deleteLater();
     }
     watchers_.clear();
+    resume();
+}
+
+void DBusQuery::resume()
+{
     std::exchange(waiting_, {}).resume();
     if (!work_.isDone()) return;
     const auto done = std::exchange(whenDone_, {});

@@ -1,7 +1,8 @@
 // A query over D-Bus: calls of which each depends on earlier replies, written as one coroutine that
-// sends calls and waits for the replies with co_await. The same coroutine runs while a caller
-// blocks for it, up to a deadline, or step by step in the event loop. One thread; nothing here
-// blocks without a bound.
+// sends calls and waits for the replies with co_await. In between it may have files and folders
+// looked at, which no query does itself: a disk may not answer. The same coroutine runs while a
+// caller blocks for it, up to a deadline, or step by step in the event loop. One thread; nothing
+// here blocks without a bound.
 //
 //     Task<int> countItems(DBusQuery& query, Accessible view);      // as in task.h
 //
@@ -28,6 +29,7 @@
 #include <utility>
 #include <vector>
 
+#include "opener/opener_question.h"
 #include "selection/task.h"
 
 namespace pinorama {
@@ -69,7 +71,8 @@ public:
 
     // Resumes the work whenever its replies are there, and blocks in between. Runs no event loop,
     // so that no signal arrives meanwhile. Returns true when the work has ended, and false if the
-    // deadline has passed and a reply is missing.
+    // deadline has passed and a reply is missing, or as soon as it has to wait for a file system
+    // that keeps others waiting.
     bool runUntil(Clock::time_point deadline);
 
     // The same for work that has a value. Nothing if the deadline has passed without it.
@@ -119,6 +122,20 @@ public:
     // The same on a bus other than the query's own.
     Replies repliesFrom(const QDBusConnection& bus, const std::vector<QDBusMessage>& calls);
 
+    // Has an opener look at files or folders. co_await gives the question with its answer, borrowed
+    // until the next look; its stage is OpenStage::done if there is one.
+    class Look {
+    public:
+        explicit Look(DBusQuery& query) : query_(query) {}
+        bool await_ready() const { return query_.look_->isAnswered(); }
+        void await_suspend(std::coroutine_handle<> waiting) { query_.waitForLook(waiting); }
+        const OpenerQuestion& await_resume() { return *query_.look_; }
+
+    private:
+        DBusQuery& query_;
+    };
+    Look look(const OpenRequest& request, const OpenerQuestion::TakeNames& take = {});
+
     // Sends a call now and does not wait for its reply, which comes first among those that the next
     // replies() gives. It costs no round trip of its own.
     void sendAlong(const QDBusMessage& call) { send(bus_, call); }
@@ -143,7 +160,12 @@ private:
     const QDBusMessage& takeReply();
     void send(const QDBusConnection& bus, const QDBusMessage& call);
     void watchCalls();
+    void waitForLook(std::coroutine_handle<> waiting);
+    void watchLook();
+    bool runLookUntil(Clock::time_point deadline);
+    void resumeAfterLook();
     void resumeWork();
+    void resume();
 
     QDBusConnection bus_;
     std::chrono::milliseconds timeout_;
@@ -151,6 +173,9 @@ private:
     std::vector<PendingCall> calls_;
     QDBusMessage reply_;
     std::vector<std::unique_ptr<QDBusPendingCallWatcher>> watchers_;
+    std::shared_ptr<OpenerQuestion> look_;  // the last one
+    bool waitsForLook_ = false;
+    std::unique_ptr<QObject> lookWatcher_;
     std::coroutine_handle<> waiting_;
     std::function<void()> whenDone_;
     bool runsInEventLoop_ = false;

@@ -22,18 +22,6 @@ std::string folderOf(std::string path)
     while (path.size() > 1 && path.ends_with('/')) path.pop_back();
     return path.substr(0, std::max<std::size_t>(path.rfind('/'), 1));
 }
-
-// Nothing if one of the items is gone: the others alone would be a selection that nobody made.
-std::optional<std::vector<std::string>> existingItems(const std::vector<std::string>& paths)
-{
-    std::vector<std::string> items;
-    for (const std::string& path : paths) {
-        auto item = existingItem(path);
-        if (!item) return std::nullopt;
-        items.push_back(std::move(*item));
-    }
-    return items;
-}
 }  // namespace
 
 ExtensionSelection::ExtensionSelection(FrameTracker& tracker)
@@ -96,8 +84,10 @@ Task<std::optional<std::vector<std::string>>> ExtensionSelection::pathsIn(DBusQu
         if (!pushed->paths.empty()) frame->noteFolder(folderOf(pushed->paths.front()));
         co_return std::nullopt;
     }
-    auto items = existingItems(pushed->paths);
-    if (!items) pushes_.forget(process);
+    const std::vector<std::string> paths = pushed->paths;
+    auto items = co_await existingItems(query, paths);
+    pushed = pushes_.lastOf(process);
+    if (!items && pushed != nullptr && pushed->paths == paths) pushes_.forget(process);
     co_return items;
 }
 

@@ -14,43 +14,50 @@ namespace {
 
 constexpr std::size_t kMaxRowLength = 64;  // buttons; no path bar shows more
 
-std::optional<std::string> existingFolder(const std::string& path)
+std::optional<std::string> existingFolder(KnownItems& items, const std::string& path)
 {
-    auto item = existingItem(path);
+    auto item = existingItem(items, path);
     if (!item || !item->ends_with('/')) return std::nullopt;
     if (item->size() > 1) item->pop_back();
     return item;
 }
 
-std::optional<std::string> folderOfLocation(const QString& location)
+std::optional<std::string> folderOfLocation(KnownItems& items, const QString& location)
 {
     const std::string text = location.toStdString();
     if (text.starts_with("file:")) {
         const auto path = pathOfFileURI(text);
-        return path ? existingFolder(*path) : std::nullopt;
+        return path ? existingFolder(items, *path) : std::nullopt;
     }
     if (text == "~" || text.starts_with("~/")) {
-        return existingFolder(homeFolder() + text.substr(1));
+        return existingFolder(items, homeFolder() + text.substr(1));
     }
-    return text.starts_with('/') ? existingFolder(text) : std::nullopt;
+    return text.starts_with('/') ? existingFolder(items, text) : std::nullopt;
 }
 
 // Descends from `folder` by the names as they are shown, beginning with names[first].
-std::optional<std::string> descend(std::string folder, const std::vector<QString>& names,
-                                   std::size_t first)
+std::optional<std::string> descend(KnownItems& items, std::string folder,
+                                   const std::vector<QString>& names, std::size_t first)
 {
+    // All of the way is asked for at once.
+    std::string way = folder;
     for (std::size_t i = first; i < names.size(); i++) {
-        const auto item = pathOfShownItem(folder, names[i]);
+        way += (way.ends_with('/') ? "" : "/") + names[i].toStdString();
+        (void)items.item(way);
+    }
+    for (std::size_t i = first; i < names.size(); i++) {
+        const auto item = pathOfShownItem(items, folder, names[i]);
         if (!item || !item->ends_with('/')) return std::nullopt;
         folder = item->substr(0, item->size() - 1);
     }
-    return existingFolder(folder);
+    return existingFolder(items, folder);
 }
 
 class Finder {
 public:
-    Finder(const FolderHints& hints, const std::vector<NamedFolder>& namedFolders)
-        : hints_(hints), namedFolders_(namedFolders)
+    Finder(KnownItems& items, const FolderHints& hints,
+           const std::vector<NamedFolder>& namedFolders)
+        : items_(items), hints_(hints), namedFolders_(namedFolders)
     {
     }
 
@@ -58,7 +65,7 @@ public:
     {
         std::vector<std::string> folders;
         for (const QString& location : hints_.locations) {
-            if (const auto folder = folderOfLocation(location)) folders.push_back(*folder);
+            if (const auto folder = folderOfLocation(items_, location)) folders.push_back(*folder);
         }
         return folders;
     }
@@ -86,7 +93,7 @@ public:
                 if (names.size() < 2 || row.size() > kMaxRowLength) continue;
                 if (!hints_.title.contains(names.back())) continue;
                 for (const NamedFolder& start : namedFolders_) {
-                    if (const auto folder = descend(start.path, names, 1))
+                    if (const auto folder = descend(items_, start.path, names, 1))
                         folders.push_back(*folder);
                 }
             }
@@ -97,10 +104,11 @@ public:
     std::vector<std::string> fromTitle() const
     {
         std::vector<std::string> folders;
-        if (const auto folder = folderOfLocation(hints_.title)) folders.push_back(*folder);
+        if (const auto folder = folderOfLocation(items_, hints_.title)) folders.push_back(*folder);
         for (const NamedFolder& start : namedFolders_) {
             if (!start.name.isEmpty() && hints_.title.startsWith(start.name)) {
-                if (const auto folder = existingFolder(start.path)) folders.push_back(*folder);
+                if (const auto folder = existingFolder(items_, start.path))
+                    folders.push_back(*folder);
             }
         }
         return folders;
@@ -121,14 +129,15 @@ private:
     {
         if (names.empty()) return;
         if (names.front() == QLatin1String("/") || names.front().isEmpty()) {
-            if (const auto folder = descend("/", names, 1)) folders.push_back(*folder);
+            if (const auto folder = descend(items_, "/", names, 1)) folders.push_back(*folder);
         }
         for (const NamedFolder& start : namedFolders_) {
             if (start.name != names.front()) continue;
-            if (const auto folder = descend(start.path, names, 1)) folders.push_back(*folder);
+            if (const auto folder = descend(items_, start.path, names, 1))
+                folders.push_back(*folder);
         }
         // A row that begins below the root, because the button of the root shows an icon.
-        if (const auto folder = descend("/", names, 0)) folders.push_back(*folder);
+        if (const auto folder = descend(items_, "/", names, 0)) folders.push_back(*folder);
     }
 
     // `row` goes from the root to the folder. The arrows at its ends have no name; nor has the root
@@ -146,27 +155,31 @@ private:
         addPath(names, folders);
     }
 
+    KnownItems& items_;
     const FolderHints& hints_;
     const std::vector<NamedFolder>& namedFolders_;
 };
 }  // namespace
 
-std::vector<std::string> foldersShown(const FolderHints& hints,
+std::vector<std::string> foldersShown(KnownItems& items, const FolderHints& hints,
                                       const std::vector<NamedFolder>& namedFolders,
-                                      const std::function<bool(const std::string&)>& isWatched)
+                                      const std::function<bool(const ItemFacts&)>& isWatched)
 {
-    const Finder finder(hints, namedFolders);
+    const Finder finder(items, hints, namedFolders);
     std::vector<std::string> result;
     const auto isNamedInTitle = [&](const std::string& folder) {
         const QString name = QString::fromStdString(folder.substr(folder.rfind('/') + 1));
         return !name.isEmpty() && hints.title.contains(name);
     };
+    const auto isSeen = [&](const std::string& folder) {
+        const ItemFacts* facts = isWatched ? items.item(folder) : nullptr;
+        return facts != nullptr && isWatched(*facts);
+    };
     const auto add = [&](const std::vector<std::string>& folders) {
         // A multimap keeps entries with equal keys in the order of insertion.
         std::multimap<int, std::string, std::greater<>> ranked;
         for (const std::string& folder : folders) {
-            const bool isSeen = isWatched && isWatched(folder);
-            ranked.emplace((isNamedInTitle(folder) ? 2 : 0) + (isSeen ? 1 : 0), folder);
+            ranked.emplace((isNamedInTitle(folder) ? 2 : 0) + (isSeen(folder) ? 1 : 0), folder);
         }
         for (const auto& [rank, folder] : ranked) {
             if (std::find(result.begin(), result.end(), folder) == result.end())
@@ -176,7 +189,7 @@ std::vector<std::string> foldersShown(const FolderHints& hints,
     // Another folder of that name may be shown, with other pictures of the same names.
     const auto confirmed = [&](std::vector<std::string> folders) {
         if (isWatched)
-            std::erase_if(folders, [&](const std::string& folder) { return !isWatched(folder); });
+            std::erase_if(folders, [&](const std::string& folder) { return !isSeen(folder); });
         return folders;
     };
     add(finder.fromLocations());

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "selection/known_items.h"
 #include "selection/named_folders.h"
 
 namespace pinorama {
@@ -41,8 +42,8 @@ struct FolderHints {
 //   `isWatched` confirms them.
 //
 // Folders whose name is part of the title come before all others of the same kind.
-std::vector<std::string> foldersShown(const FolderHints& hints,
+std::vector<std::string> foldersShown(KnownItems& items, const FolderHints& hints,
                                       const std::vector<NamedFolder>& namedFolders,
-                                      const std::function<bool(const std::string&)>& isWatched);
+                                      const std::function<bool(const ItemFacts&)>& isWatched);
 
 }  // namespace pinorama

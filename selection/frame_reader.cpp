@@ -132,6 +132,11 @@ Task<Done> FrameReader::read(DBusQuery& query)
         for (Validator& validator : validatorsOf(selected.items.front(), view))
             selected.validators.push_back(std::move(validator));
     }
+    if (isScrolledOut(selected)) {
+        const auto kept = co_await existingItems(query, *paths_);
+        if (layout_ != layout) co_return {};
+        if (kept) selected.path = kept->front();
+    }
     if (!selected.isKnown) {
         // The view is gone: the user switched to another tab or another kind of view.
         forget();
@@ -143,6 +148,15 @@ Task<Done> FrameReader::read(DBusQuery& query)
     co_return {};
 }
 
+// Newer versions of GTK 4 do not name an item that has been scrolled out of view. It is still the
+// same object.
+bool FrameReader::isScrolledOut(const SelectedItems& selected) const
+{
+    return !selected.path && selected.items.size() == 1 && selected.items.front().name.isEmpty() &&
+           !selected.items.front().path && selected.items.front().item == item_ && paths_ &&
+           paths_->size() == 1;
+}
+
 void FrameReader::store(const SelectedItems& selected)
 {
     std::vector<std::string> paths;
@@ -150,12 +164,6 @@ void FrameReader::store(const SelectedItems& selected)
     for (const NamedItem& item : selected.items) {
         if (item.path) paths.push_back(*item.path);
     }
-    // Newer versions of GTK 4 do not name an item that has been scrolled out of view. It is still
-    // the same object.
-    if (paths.empty() && selected.items.size() == 1 && selected.items.front().name.isEmpty() &&
-        selected.items.front().item == item_ && paths_ && paths_->size() == 1 &&
-        existingItem(paths_->front()))
-        paths = *paths_;
     // If one of the items has no path, showing the others would show a selection that is not there.
     const std::size_t count = selected.path ? 1 : selected.items.size();
     if (paths.size() != count) paths.clear();

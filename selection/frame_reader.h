@@ -92,6 +92,7 @@ public:
     void forget();
 
 private:
+    bool isScrolledOut(const SelectedItems& selected) const;
     void store(const SelectedItems& selected);
 
     Accessible frame_;

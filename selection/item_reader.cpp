@@ -18,7 +18,7 @@ Task<NamedItem> ItemReader::named(DBusQuery& query, Accessible item, std::string
     named.part = item;
     named.name = *name;
     named.reportsSelected = has(statesIn(replies[1]).value_or(0), State::selected);
-    named.path = pathOf(folder, *name);
+    named.path = co_await pathOf(query, folder, *name);
     if (!named.path) named = co_await namedInside(query, named, folder);
     co_return named;
 }
@@ -42,7 +42,7 @@ Task<NamedItem> ItemReader::namedInside(DBusQuery& query, NamedItem item, std::s
         for (std::size_t i = 0; i < level.size(); i++) {
             const auto name = textIn(names[i]);
             if (!name || name->isEmpty()) continue;
-            auto path = pathOf(folder, *name);
+            auto path = co_await pathOf(query, folder, *name);
             if (!path) continue;
             item.part = level[i];
             item.name = *name;
@@ -53,9 +53,19 @@ Task<NamedItem> ItemReader::namedInside(DBusQuery& query, NamedItem item, std::s
     co_return item;
 }
 
-std::optional<std::string> ItemReader::pathOf(const std::string& folder, const QString& name)
+Task<std::optional<std::string>> ItemReader::pathOf(DBusQuery& query, std::string folder,
+                                                    QString name)
 {
-    return folder.empty() ? folder_.pathOf(name) : pathOfShownItem(folder, name);
+    std::optional<std::string> path;
+    if (folder.empty()) {
+        path = co_await folder_.pathOf(query, name);
+    } else {
+        const auto find = [folder, name](KnownItems& items) {
+            return pathOfShownItem(items, folder, name);
+        };
+        path = co_await withItems(query, find);
+    }
+    co_return path;
 }
 
 }  // namespace pinorama

@@ -43,7 +43,7 @@ public:
 
 private:
     Task<NamedItem> namedInside(DBusQuery& query, NamedItem item, std::string folder);
-    std::optional<std::string> pathOf(const std::string& folder, const QString& name);
+    Task<std::optional<std::string>> pathOf(DBusQuery& query, std::string folder, QString name);
 
     SharedLayout layout_;
     WindowFolder& folder_;

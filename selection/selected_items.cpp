@@ -89,7 +89,7 @@ Task<SelectedItems> readStatus(DBusQuery& query, ItemReader& reader)
         }
         selected.validators.push_back(nameValidator(layout->statusTexts[i], *text));
         for (const QString& name : quotedNames(*text)) {
-            if (!selected.path) selected.path = reader.folder().pathOf(name);
+            if (!selected.path) selected.path = co_await reader.folder().pathOf(query, name);
         }
     }
     co_return selected;

@@ -47,14 +47,23 @@ Task<NamedItem> rowItem(DBusQuery& query, ItemReader& reader, View view, int row
         calls.push_back(relationsCall(objects.back()));
     }
     const auto replies = co_await query.replies(calls);
-    std::optional<std::string> folder;
     std::optional<Accessible> parent;
-    bool isElsewhere = false;
+    std::vector<QString> texts;
     for (std::size_t i = 0; i < objects.size(); i++) {
-        WindowFolder::Cell cell = reader.folder().cell(textIn(replies[2 * i]).value_or(QString()));
-        if (cell.kind == WindowFolder::CellKind::location) folder = std::move(cell.folder);
-        if (cell.kind == WindowFolder::CellKind::elsewhere) isElsewhere = true;
+        texts.push_back(textIn(replies[2 * i]).value_or(QString()));
         if (!parent) parent = treeParentIn(replies[2 * i + 1]);
+    }
+    const auto readCells = [texts, &windowFolder = reader.folder()](KnownItems& items) {
+        std::vector<WindowFolder::Cell> read;
+        for (const QString& text : texts) read.push_back(windowFolder.cell(items, text));
+        return read;
+    };
+    const std::vector<WindowFolder::Cell> facts = co_await withItems(query, readCells);
+    std::optional<std::string> folder;
+    bool isElsewhere = false;
+    for (const WindowFolder::Cell& cell : facts) {
+        if (cell.kind == WindowFolder::CellKind::location) folder = cell.folder;
+        if (cell.kind == WindowFolder::CellKind::elsewhere) isElsewhere = true;
     }
     if (!folder && parent && *parent != view.object) {
         folder = co_await folderOfRow(query, reader, view, *parent);

@@ -1,19 +1,17 @@
 #include "selection/watched_folders.h"
 
-#include <sys/stat.h>
-#include <sys/sysmacros.h>
-
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <memory>
 #include <set>
 #include <sstream>
+#include <string>
 #include <utility>
 
 namespace pinorama {
 
-std::function<bool(const std::string&)> foldersWatchedBy(pid_t process)
+std::function<bool(const ItemFacts&)> foldersWatchedBy(pid_t process)
 {
     using Inode =
         std::pair<std::uint64_t, std::uint64_t>;  // device as the kernel encodes it, number
@@ -37,12 +35,8 @@ std::function<bool(const std::string&)> foldersWatchedBy(pid_t process)
             if (line.starts_with("inotify")) watched->insert(inode);
         }
     }
-    return [watched](const std::string& path) {
-        struct stat found = {};
-        if (stat(path.c_str(), &found) != 0) return false;
-        // The kernel's own encoding has 20 bits for the minor number; that of stat() differs.
-        const std::uint64_t device = std::uint64_t{major(found.st_dev)} << 20 | minor(found.st_dev);
-        return watched->contains({device, found.st_ino});
+    return [watched](const ItemFacts& facts) {
+        return facts.inode != 0 && watched->contains({facts.device, facts.inode});
     };
 }
 

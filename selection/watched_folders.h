@@ -6,13 +6,14 @@
 #include <sys/types.h>
 
 #include <functional>
-#include <string>
+
+#include "opener/item_facts.h"
 
 namespace pinorama {
 
-// Returns a function that says whether the process watched a folder (absolute path, raw bytes) with
-// inotify, as /proc shows it, at the time of this call. It returns false for every folder if the
-// process has ended or belongs to another user.
-std::function<bool(const std::string&)> foldersWatchedBy(pid_t process);
+// Returns a function that says whether the process watched a folder with inotify, as /proc shows
+// it, at the time of this call. It returns false for every folder if the process has ended or
+// belongs to another user.
+std::function<bool(const ItemFacts&)> foldersWatchedBy(pid_t process);
 
 }  // namespace pinorama

@@ -49,6 +49,38 @@ bool isIn(const std::string& path, const std::string& folder)
 {
     return path == folder || path.starts_with(folder + '/');
 }
+
+// An item, and in which of some folders it is.
+struct Place {
+    std::optional<std::string> path{};
+    std::size_t folder = 0;
+};
+
+// The first of the folders that has the item; no path if another one might be meant as well.
+Place placeOf(KnownItems& items, const std::vector<std::string>& folders, const QString& name,
+              pid_t process)
+{
+    Place place;
+    for (std::size_t i = 0; i < folders.size() && !place.path; i++) {
+        place = {pathOfShownItem(items, folders[i], name), i};
+        if (!items.isComplete()) return {};
+    }
+    if (!place.path) return {};
+    // Two panes may show folders of one name, with pictures of one name: memory cards do.
+    std::function<bool(const ItemFacts&)> isWatched;
+    const auto isSeen = [&](const std::string& folder) {
+        const ItemFacts* facts = items.item(folder);
+        return facts != nullptr && isWatched(*facts);
+    };
+    for (std::size_t i = place.folder + 1; i < folders.size(); i++) {
+        if (nameOf(folders[i]) != nameOf(folders[place.folder])) continue;
+        if (!pathOfShownItem(items, folders[i], name)) continue;
+        if (!isWatched) isWatched = foldersWatchedBy(process);
+        if (isSeen(folders[i]) == isSeen(folders[place.folder])) return {};
+    }
+    // A folder that nobody can look at may have one too.
+    return items.isCertain() ? place : Place{};
+}
 }  // namespace
 
 void WindowFolder::take(const QString& title, std::vector<std::string> published)
@@ -82,18 +114,26 @@ Task<bool> WindowFolder::read(DBusQuery& query, QString title, SharedLayout layo
             co_return false;
         hints.locations.push_back(*text);
     }
-    likely_ = foldersShown(hints, {}, {});
-    if (!noted_.empty() && std::find(likely_.begin(), likely_.end(), noted_) == likely_.end())
-        likely_.push_back(noted_);
-    if (likely_.empty()) {
+    const auto findLocations = [hints](KnownItems& items) {
+        return foldersShown(items, hints, {}, {});
+    };
+    std::vector<std::string> likely = co_await withItems(query, findLocations);
+    if (!noted_.empty() && std::find(likely.begin(), likely.end(), noted_) == likely.end())
+        likely.push_back(noted_);
+    if (likely.empty()) {
         auto rows = co_await readRows(query, layout);
         if (!rows) co_return false;
         hints.rows = std::move(*rows);
-        likely_ = foldersShown(hints, namedFolders(), foldersWatchedBy(process_));
+        const auto findAll = [hints, named = namedFolders(),
+                              isWatched = foldersWatchedBy(process_)](KnownItems& items) {
+            return foldersShown(items, hints, named, isWatched);
+        };
+        likely = co_await withItems(query, findAll);
         // There may be a path bar for each pane, of which this layout knows the one that was seen
         // first.
-        if (likely_.empty() && foundIn_ == layout) co_return false;
+        if (likely.empty() && foundIn_ == layout) co_return false;
     }
+    likely_ = std::move(likely);
     if (likely_.empty()) co_return true;
     last_ = likely_.front();
     foundIn_ = layout;
@@ -133,29 +173,24 @@ Task<std::optional<WindowFolder::Rows>> WindowFolder::readRows(DBusQuery& query,
     co_return rows;
 }
 
-std::optional<std::string> WindowFolder::pathOf(const QString& name)
+Task<std::optional<std::string>> WindowFolder::pathOf(DBusQuery& query, QString name)
 {
-    std::size_t found = 0;
-    std::optional<std::string> path;
-    for (; found < likely_.size() && !path; found++) path = pathOfShownItem(likely_[found], name);
-    if (!path) return std::nullopt;
-    found--;
-    // Two panes may show folders of one name, with pictures of one name: memory cards do.
-    std::function<bool(const std::string&)> isWatched;
-    for (std::size_t i = found + 1; i < likely_.size(); i++) {
-        if (nameOf(likely_[i]) != nameOf(likely_[found])) continue;
-        if (!pathOfShownItem(likely_[i], name)) continue;
-        if (!isWatched) isWatched = foldersWatchedBy(process_);
-        if (isWatched(likely_[i]) == isWatched(likely_[found])) return std::nullopt;
+    const std::vector<std::string> likely = likely_;
+    const auto find = [likely, name, process = process_](KnownItems& items) {
+        return placeOf(items, likely, name, process);
+    };
+    const Place place = co_await withItems(query, find);
+    // Another reading may have found others meanwhile.
+    if (place.path && likely_ == likely) {
+        const auto first = likely_.begin() + static_cast<long>(place.folder);
+        std::rotate(likely_.begin(), first, first + 1);
     }
-    const auto first = likely_.begin() + static_cast<long>(found);
-    std::rotate(likely_.begin(), first, first + 1);
-    return path;
+    co_return place.path;
 }
 
 // A cell counts only if it fits the folder that the window showed before, and its title: the Trash
 // has a column with paths as well, those from which the items were deleted.
-WindowFolder::Cell WindowFolder::cell(const QString& text) const
+WindowFolder::Cell WindowFolder::cell(KnownItems& items, const QString& text) const
 {
     const std::string path = text.toStdString();
     const std::string& root = last_;
@@ -175,20 +210,32 @@ WindowFolder::Cell WindowFolder::cell(const QString& text) const
             return {};
         folder = parentOf(root) + '/' + path;
     }
-    const auto item = existingItem(folder);
+    const auto item = existingItem(items, folder);
     if (!item || !item->ends_with('/')) return {isWhole ? CellKind::elsewhere : CellKind::other};
     return {CellKind::location, folder};
 }
 
-std::optional<std::pair<std::size_t, std::size_t>> WindowFolder::itemCounts() const
+Task<std::optional<FolderCount>> WindowFolder::itemCount(DBusQuery& query) const
 {
-    if (likely_.empty()) return std::nullopt;
-    return pinorama::itemCounts(likely_.front());
+    std::optional<FolderCount> count;
+    if (likely_.empty()) co_return count;
+    const auto find = [folder = likely_.front()](KnownItems& items) {
+        const FolderCount* found = items.count(folder);
+        return found != nullptr && items.isCertain() ? std::optional(*found) : std::nullopt;
+    };
+    count = co_await withItems(query, find);
+    co_return count;
 }
 
-std::optional<std::string> WindowFolder::pathInFirst(const QString& name) const
+Task<std::optional<std::string>> WindowFolder::pathInFirst(DBusQuery& query, QString name) const
 {
-    return likely_.empty() ? std::nullopt : pathOfShownItem(likely_.front(), name);
+    std::optional<std::string> path;
+    if (likely_.empty()) co_return path;
+    const auto find = [folder = likely_.front(), name](KnownItems& items) {
+        return pathOfShownItem(items, folder, name);
+    };
+    path = co_await withItems(query, find);
+    co_return path;
 }
 
 }  // namespace pinorama

@@ -10,12 +10,12 @@
 
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "selection/dbus_query.h"
 #include "selection/folder_choice.h"
 #include "selection/frame_walk.h"
+#include "selection/known_items.h"
 
 namespace pinorama {
 
@@ -56,7 +56,7 @@ public:
     // The path of the item that the window shows by this name, in the likeliest folder that has
     // such an item. That folder becomes the likeliest. Nothing if two folders have such an item and
     // cannot be told apart.
-    std::optional<std::string> pathOf(const QString& name);
+    Task<std::optional<std::string>> pathOf(DBusQuery& query, QString name);
 
     // What a cell beside a name says about the folder of that item. Results of a search come from
     // several folders, and may have their location in a column. Other cells say nothing.
@@ -65,14 +65,13 @@ public:
         CellKind kind = CellKind::other;
         std::string folder = {};  // of a location
     };
-    Cell cell(const QString& text) const;
+    Cell cell(KnownItems& items, const QString& text) const;
 
-    // The number of items in the likeliest folder, without and with the hidden ones; nothing if no
-    // folder is known.
-    std::optional<std::pair<std::size_t, std::size_t>> itemCounts() const;
+    // The number of items in the likeliest folder; nothing if no folder is known.
+    Task<std::optional<FolderCount>> itemCount(DBusQuery& query) const;
 
     // The path of the item in the likeliest folder alone.
-    std::optional<std::string> pathInFirst(const QString& name) const;
+    Task<std::optional<std::string>> pathInFirst(DBusQuery& query, QString name) const;
 
 private:
     using Rows = std::vector<std::vector<RowButton>>;

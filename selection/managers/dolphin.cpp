@@ -147,12 +147,12 @@ Task<NamedItem> DolphinWindow::certain(DBusQuery& query, ItemReader& reader, Vie
                                        NamedItem item)
 {
     if (!item.path) co_return item;
-    const auto counts = reader.folder().itemCounts();
+    const std::optional<FolderCount> folder = co_await reader.folder().itemCount(query);
     const QDBusMessage getCount = childCountCall(view.object);
     const auto count = numberIn(co_await query.reply(getCount));
-    if (counts && (count == counts->first || count == counts->second)) co_return item;
+    if (folder && (count == folder->shown || count == folder->all)) co_return item;
 
-    item.path = reader.folder().pathInFirst(item.name);
+    item.path = co_await reader.folder().pathInFirst(query, item.name);
     const QDBusMessage getChildren = childrenCall(view.object);
     const auto items = objectsIn(co_await query.reply(getChildren), kMaxScanned);
     if (!items) item.path.reset();

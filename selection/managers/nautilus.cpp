@@ -137,12 +137,13 @@ Task<std::optional<std::size_t>> viewInFront(DBusQuery& query, Accessible frame,
 }
 }  // namespace
 
-std::vector<std::string> foldersOfWindow(const QString& title, const std::vector<QString>& uris)
+std::vector<std::string> foldersOfWindow(KnownItems& items, const QString& title,
+                                         const std::vector<QString>& uris)
 {
     FolderHints hints;
     hints.title = title;
     hints.locations = uris;
-    std::vector<std::string> folders = foldersShown(hints, {}, {});
+    std::vector<std::string> folders = foldersShown(items, hints, {}, {});
     if (uris.size() <= 1) return folders;
     const bool areAllFolders = std::all_of(uris.begin(), uris.end(), [](const QString& uri) {
         return uri.startsWith(QLatin1String("file:"));
@@ -164,7 +165,11 @@ Task<std::optional<std::vector<std::string>>> NautilusWindow::publishedFolders(D
 {
     const auto uris = co_await openLocations(query, process());
     if (!uris) co_return std::nullopt;
-    co_return foldersOfWindow(title, *uris);
+    const auto find = [title, uris = *uris](KnownItems& items) {
+        return foldersOfWindow(items, title, uris);
+    };
+    std::optional<std::vector<std::string>> folders = co_await withItems(query, find);
+    co_return folders;
 }
 
 Task<std::optional<std::size_t>> NautilusWindow::viewInUse(DBusQuery& query, Situation situation)

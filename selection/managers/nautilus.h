@@ -20,6 +20,7 @@
 #include <string>
 #include <vector>
 
+#include "selection/known_items.h"
 #include "selection/manager_window.h"
 
 namespace pinorama {
@@ -37,6 +38,7 @@ public:
 // The folders among these URIs, those of all tabs of all windows, that the window with this title
 // may show (absolute paths in raw bytes, without a slash at the end). Empty if that window shows
 // something else, such as the results of a search, or may do so.
-std::vector<std::string> foldersOfWindow(const QString& title, const std::vector<QString>& uris);
+std::vector<std::string> foldersOfWindow(KnownItems& items, const QString& title,
+                                         const std::vector<QString>& uris);
 
 }  // namespace pinorama

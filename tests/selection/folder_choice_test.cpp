@@ -1,5 +1,6 @@
 #include "selection/folder_choice.h"
 
+#include "tests/selection/direct_items.h"
 #include "tests/support/environment.h"
 
 #include <gmock/gmock.h>
@@ -33,7 +34,9 @@ protected:
 
     std::vector<std::string> shown(const FolderHints& hints) const
     {
-        return pinorama::foldersShown(hints, namedFolders_, isWatched_);
+        return test::directly([&](KnownItems& items) {
+            return pinorama::foldersShown(items, hints, namedFolders_, isWatched_);
+        });
     }
 
     // The buttons from the root to `path`, the last one pressed.
@@ -46,9 +49,18 @@ protected:
         return buttons;
     }
 
+    static std::function<bool(const ItemFacts&)> watching(const std::vector<std::string>& folders)
+    {
+        std::vector<ItemFacts> watched;
+        for (const std::string& folder : folders) watched.push_back(factsOfItem(folder));
+        return [watched](const ItemFacts& facts) {
+            return std::find(watched.begin(), watched.end(), facts) != watched.end();
+        };
+    }
+
     test::TemporaryFolder home_;
     std::vector<NamedFolder> namedFolders_;
-    std::function<bool(const std::string&)> isWatched_;
+    std::function<bool(const ItemFacts&)> isWatched_;
 };
 }  // namespace
 
@@ -167,7 +179,7 @@ TEST_F(foldersShown, ranksLocationsByTheTitleAndThenByTheWatchedFolder)
     hints.title = QStringLiteral("Bilder - Thunar");
     EXPECT_THAT(shown(hints),
                 ElementsAre(home_.file("other/Bilder"), home_.file("Bilder"), home_.file("other")));
-    isWatched_ = [&](const std::string& folder) { return folder == home_.file("Bilder"); };
+    isWatched_ = watching({home_.file("Bilder")});
     EXPECT_THAT(shown(hints),
                 ElementsAre(home_.file("Bilder"), home_.file("other/Bilder"), home_.file("other")));
 }
@@ -189,12 +201,10 @@ TEST_F(foldersShown, aGuessCountsOnlyIfTheFolderIsWatched)
     unknownStart.title = QStringLiteral("Reise");
     unknownStart.rows = {
         {{QStringLiteral("?")}, {QStringLiteral("Bilder")}, {QStringLiteral("Reise")}}};
-    isWatched_ = [](const std::string&) { return false; };
+    isWatched_ = watching({});
     EXPECT_THAT(shown(title), IsEmpty());
     EXPECT_THAT(shown(unknownStart), IsEmpty());
-    isWatched_ = [&](const std::string& folder) {
-        return folder == home_.path() || folder == home_.file("Bilder/Reise");
-    };
+    isWatched_ = watching({home_.path(), home_.file("Bilder/Reise")});
     EXPECT_THAT(shown(title), ElementsAre(home_.path()));
     EXPECT_THAT(shown(unknownStart), ElementsAre(home_.file("Bilder/Reise")));
 }

@@ -1,6 +1,7 @@
 #include "selection/managers/nautilus.h"
 
 #include "base/file_uri.h"
+#include "tests/selection/direct_items.h"
 #include "tests/support/environment.h"
 
 #include <gmock/gmock.h>
@@ -17,6 +18,12 @@ QString uri(const std::string& path)
 {
     return QString::fromStdString(fileURIOfPath(path));
 }
+
+std::vector<std::string> foldersOf(const char* title, const std::vector<QString>& uris)
+{
+    return test::directly(
+        [&](KnownItems& items) { return foldersOfWindow(items, QString::fromUtf8(title), uris); });
+}
 }  // namespace
 
 TEST(foldersOfWindow, chooseByTheTitleAmongTheTabsOfAllWindows)
@@ -30,13 +37,13 @@ TEST(foldersOfWindow, chooseByTheTitleAmongTheTabsOfAllWindows)
     const QString second = uri(home.file("cards/100CANON"));
     const QString search = QStringLiteral("x-nautilus-search://1/");
 
-    EXPECT_THAT(foldersOfWindow("Home", {top}), ElementsAre(home.path())) << "the only window";
-    EXPECT_THAT(foldersOfWindow("card", {top, card}), ElementsAre(home.file("card")));
-    EXPECT_THAT(foldersOfWindow("100CANON", {first, top, second}),
+    EXPECT_THAT(foldersOf("Home", {top}), ElementsAre(home.path())) << "the only window";
+    EXPECT_THAT(foldersOf("card", {top, card}), ElementsAre(home.file("card")));
+    EXPECT_THAT(foldersOf("100CANON", {first, top, second}),
                 ElementsAre(home.file("card/100CANON"), home.file("cards/100CANON")));
-    EXPECT_THAT(foldersOfWindow("Home", {top, top}), ElementsAre(home.path()));
-    EXPECT_THAT(foldersOfWindow("Search for \u201ccard\u201d", {search, card}), IsEmpty());
-    EXPECT_THAT(foldersOfWindow("Search for \u201cx\u201d", {search}), IsEmpty());
-    EXPECT_THAT(foldersOfWindow("Trash", {QStringLiteral("trash:///"), top}), IsEmpty());
-    EXPECT_THAT(foldersOfWindow("card", {}), IsEmpty());
+    EXPECT_THAT(foldersOf("Home", {top, top}), ElementsAre(home.path()));
+    EXPECT_THAT(foldersOf("Search for \u201ccard\u201d", {search, card}), IsEmpty());
+    EXPECT_THAT(foldersOf("Search for \u201cx\u201d", {search}), IsEmpty());
+    EXPECT_THAT(foldersOf("Trash", {QStringLiteral("trash:///"), top}), IsEmpty());
+    EXPECT_THAT(foldersOf("card", {}), IsEmpty());
 }

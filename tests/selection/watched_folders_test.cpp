@@ -21,12 +21,12 @@ TEST(foldersWatchedBy, findsTheFoldersWithAnInotifyWatch)
     ASSERT_GE(inotify_add_watch(descriptor, folder.file("watched").c_str(), IN_CREATE), 0);
     const auto isWatched = foldersWatchedBy(getpid());
     close(descriptor);
-    EXPECT_TRUE(isWatched(folder.file("watched")));
-    EXPECT_FALSE(isWatched(folder.file("other")));
-    EXPECT_FALSE(isWatched(folder.file("missing")));
+    EXPECT_TRUE(isWatched(factsOfItem(folder.file("watched"))));
+    EXPECT_FALSE(isWatched(factsOfItem(folder.file("other"))));
+    EXPECT_FALSE(isWatched(factsOfItem(folder.file("missing"))));
 }
 
 TEST(foldersWatchedBy, isFalseForEveryFolderIfTheProcessHasEnded)
 {
-    EXPECT_FALSE(foldersWatchedBy(-1)("/"));
+    EXPECT_FALSE(foldersWatchedBy(-1)(factsOfItem("/")));
 }
