@@ -44,7 +44,7 @@ std::unique_ptr<MainWindow> furnished(std::unique_ptr<MainWindow> window)
 AppController::AppController(SelectionSource* selection, UrlOpener* opener,
                              std::unique_ptr<MainWindow> window)
     : window_(furnished(std::move(window))),
-      opener_(opener != nullptr ? *opener : desktopOpener_),
+      opener_(*window_, opener != nullptr ? *opener : desktopOpener_),
       fields_(*window_),
       place_(*window_),
       reading_(*window_),

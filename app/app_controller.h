@@ -14,6 +14,7 @@
 #include "app/picture_reading.h"
 #include "app/place_actions.h"
 #include "app/place_fields.h"
+#include "app/saying_opener.h"
 #include "desktop/url_opener.h"
 #include "lib/objects/collections.h"
 #include "lib/objects/string.h"
@@ -166,7 +167,7 @@ private:
     std::string path_;     // the bytes of lastPath
     bool isRead_ = false;  // whether files of its type are read
     DesktopUrlOpener desktopOpener_;
-    UrlOpener& opener_;
+    SayingOpener opener_;
     FileFields fields_;
     PlaceFields place_;
     PictureReading reading_;

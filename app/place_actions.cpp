@@ -3,6 +3,7 @@
 #include "app/copy_menu.h"
 #include "app/export_dialog.h"
 #include "app/export_notice.h"
+#include "app/foot_line.h"
 #include "app/main_window.h"
 #include "app/nearby/nearby_window.h"
 #include "globe/fly_to.h"
@@ -17,12 +18,17 @@
 
 #include <QAction>
 #include <QClipboard>
+#include <QEvent>
 #include <QFile>
 #include <QGuiApplication>
 
 #include <cerrno>
 
 namespace pinorama {
+namespace {
+constexpr const char* kToolTip = "usualToolTip";  // a property of buttons
+const QByteArray kCatalogue = QByteArrayLiteral("skallion:");
+}  // namespace
 
 PlaceActions::PlaceActions(MainWindow& window, UrlOpener& opener, Shown shown)
     : window_(window),
@@ -39,6 +45,11 @@ PlaceActions::PlaceActions(MainWindow& window, UrlOpener& opener, Shown shown)
         } else {
             window_.unsetCursor();
         }
+    });
+    connect(&globes_, &GlobePrograms::failed, this, [this] {
+        footLine(window_).say(FootLine::Topic::action,
+                              //: The foot of the window
+                              tr("The globe program cannot be started."));
     });
     connect(&portal_, &PortalChooser::unavailable, this, &PlaceActions::askWithTheToolkit);
     connect(&portal_, &PortalChooser::chosen, this, [this](const std::string& path) {
@@ -65,6 +76,41 @@ void PlaceActions::connectControls()
     connect(window_.webServicesMenu, &PopUpMenu::chosen, this, &PlaceActions::openService);
     connect(window_.webServicesAction, &QAction::triggered, window_.webServicesMenu,
             &PopUpMenu::showPopup);
+    connect(window_.webServicesMenu, &PopUpMenu::aboutToShow, this, &PlaceActions::offerServices);
+    for (QPushButton* button : {window_.showInGEButton, window_.searchInTovButton}) {
+        button->setProperty(kToolTip, button->toolTip());
+        button->installEventFilter(this);
+    }
+}
+
+// The first line is always there; the second one depends on what is installed by then.
+bool PlaceActions::eventFilter(QObject* watched, QEvent* event)
+{
+    auto* button = qobject_cast<QPushButton*>(watched);
+    if (button != nullptr &&
+        (event->type() == QEvent::ToolTip || event->type() == QEvent::FocusIn)) {
+        QString toolTip = button->property(kToolTip).toString();
+        const QString need = needOf(button);
+        if (!need.isEmpty()) toolTip += QLatin1Char('\n') + need;
+        button->setToolTip(toolTip);
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+// What a button does not do, or does in another way, for lack of a program; empty if nothing is
+// missing.
+QString PlaceActions::needOf(const QObject* button) const
+{
+    if (button == window_.showInGEButton) {
+        return globes_.areInstalled()
+                   ? QString()
+                   //: The second line of a tool tip
+                   : tr("Needs Marble, Google Earth or another program that opens KML files");
+    }
+    //: The second line of a tool tip
+    return opener_.isTaken(kCatalogue) ? QString()
+                                       : tr("Without Skallion, pictures nearby are looked for in "
+                                            "the folders around this one");
 }
 
 void PlaceActions::connectCopying()
@@ -105,6 +151,18 @@ void PlaceActions::setupWebMenu()
         const StringHolder title(appCopyServiceTitle(number));
         if (!title) return;
         window_.webServicesMenu->addItem(cuTextUnits(title.get()));
+    }
+}
+
+// A map program of this computer is in the list only while there is one.
+void PlaceActions::offerServices()
+{
+    PopUpMenu* menu = window_.webServicesMenu;
+    for (int i = 1; i < menu->count(); ++i) {
+        const StringHolder title(cuCreateText(menu->itemText(i)));
+        const StringHolder address(appCopyServiceTemplate(title.get()));
+        const QByteArray url = cuTextUnits(address.get()).toUtf8();
+        menu->setOffered(i, !url.startsWith("geo:") || opener_.isTaken(url));
     }
 }
 

@@ -70,6 +70,10 @@ Q_SIGNALS:
     void nearbyChosen(const std::string& path);
     void nearbyOpened(const std::string& path);
 
+protected:
+    // Says in the tool tips of buttons what they would need, when somebody comes to them.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     // What is to be exported, as it was when the user asked for that.
     struct Export {
@@ -82,6 +86,8 @@ private:
     void save(const std::string& path, const Export& exported);
     void connectControls();
     void connectCopying();
+    void offerServices();
+    QString needOf(const QObject* button) const;
     void openURL(TovStringRef url);
     void findNearby();
 

@@ -2,6 +2,7 @@
 
 #include <QAbstractItemView>
 #include <QKeyEvent>
+#include <QListView>
 #include <QStandardItemModel>
 #include <QWheelEvent>
 
@@ -22,8 +23,20 @@ void PopUpMenu::makeFirstItemTheTitle()
     setCurrentIndex(0);
 }
 
+void PopUpMenu::setOffered(int index, bool isOffered)
+{
+    if (auto* list = qobject_cast<QListView*>(view())) list->setRowHidden(index, !isOffered);
+}
+
+bool PopUpMenu::isOffered(int index) const
+{
+    const auto* list = qobject_cast<const QListView*>(view());
+    return list == nullptr || !list->isRowHidden(index);
+}
+
 void PopUpMenu::showPopup()
 {
+    Q_EMIT aboutToShow();
     const int items = view()->sizeHintForColumn(0);
     const int frame = 2 * view()->frameWidth() + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     view()->setMinimumWidth(items + frame);

@@ -16,10 +16,17 @@ public:
     // Makes the first item a title: shown, never chosen.
     void makeFirstItemTheTitle();
 
+    // Leaves an item out of the list, or shows it again; it keeps its index.
+    void setOffered(int index, bool isOffered);
+    bool isOffered(int index) const;
+
     // Opens the list, wide enough for its longest item.
     void showPopup() override;
 
 Q_SIGNALS:
+    // The list is about to open: the time to leave items out.
+    void aboutToShow();
+
     // The user chose the item at `index`, counted from 0 over all items with the title.
     void chosen(int index);
 

@@ -45,16 +45,26 @@ bool writeWhole(const QString& path, const std::string& text)
            file.commit();
 }
 
-// Writes the view into a file that only this user can read, the same one every time. Returns its
-// path, or nothing if it cannot be written.
-QString writeLookAtFile(const GlobeView& view)
+QString googleEarth()
+{
+    return firstExecutable({"google-earth-pro", "googleearth-pro", "googleearth"});
+}
+
+QString marble()
+{
+    return firstExecutable({"marble", "marble-qt"});
+}
+
+// Writes the document into a file that only this user can read, the same one every time. Returns
+// its path, or nothing if it cannot be written.
+QString writeViewFile(const std::string& document)
 {
     QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
     if (folder.isEmpty()) folder = QStandardPaths::writableLocation(QStandardPaths::CacheLocation);
     folder += QStringLiteral("/pinorama");
     if (!QDir().mkpath(folder)) return {};
     const QString path = folder + QStringLiteral("/fly-to.kml");
-    return writeWhole(path, makeLookAtDocument(view)) ? path : QString();
+    return writeWhole(path, document) ? path : QString();
 }
 
 // The settings lie beside the program itself; the name on the search path may be a symbolic link.
@@ -98,10 +108,15 @@ void GlobePrograms::show(const GlobeView& view)
     openDocument(view);
 }
 
+bool GlobePrograms::areInstalled() const
+{
+    return !googleEarth().isEmpty() || !marble().isEmpty() ||
+           opener_.isTaken(QByteArrayLiteral("file:///place.kml"));
+}
+
 bool GlobePrograms::showInGoogleEarth(const GlobeView& view)
 {
-    const QString executable =
-        firstExecutable({"google-earth-pro", "googleearth-pro", "googleearth"});
+    const QString executable = googleEarth();
     if (executable.isEmpty()) return false;
 
     const QString queryFile = queryFileOf(executable);
@@ -109,7 +124,7 @@ bool GlobePrograms::showInGoogleEarth(const GlobeView& view)
         // The program has one instance: starting it again raises the window of that one.
         return QProcess::startDetached(executable, {});
     }
-    const QString document = writeLookAtFile(view);
+    const QString document = writeViewFile(makeLookAtDocument(view));
     return !document.isEmpty() && QProcess::startDetached(executable, {document});
 }
 
@@ -117,7 +132,7 @@ bool GlobePrograms::showInMarble(const GlobeView& view)
 {
     view_ = view;
     if (isBusy_) return true;  // the starting Marble will show the latest view
-    marble_ = firstExecutable({"marble", "marble-qt"});
+    marble_ = marble();
     if (!QDBusConnection::sessionBus().isConnected()) {
         if (marble_.isEmpty()) return false;
         startMarble();
@@ -159,8 +174,10 @@ void GlobePrograms::startMarble()
     const QStringList arguments = {QStringLiteral("--latlon"),
                                    text(view_.latitude) + QLatin1Char(' ') + text(view_.longitude),
                                    QStringLiteral("--distance"), text(view_.distance / 1000.0)};
-    if (!QProcess::startDetached(marble_, arguments)) return;
-
+    if (!QProcess::startDetached(marble_, arguments)) {
+        Q_EMIT failed();
+        return;
+    }
     setBusy(true);
     startTimeout_.start(kStartTimeout);
     if (watcher_ != nullptr || !QDBusConnection::sessionBus().isConnected()) return;
@@ -175,8 +192,12 @@ void GlobePrograms::startMarble()
 
 void GlobePrograms::openDocument(const GlobeView& view)
 {
-    const QString path = writeLookAtFile(view);
-    if (!path.isEmpty()) opener_.open(QUrl::fromLocalFile(path).toEncoded());
+    const QString path = writeViewFile(makePlacemarkDocument(view));
+    if (path.isEmpty()) {
+        Q_EMIT failed();
+    } else {
+        opener_.open(QUrl::fromLocalFile(path).toEncoded());
+    }
 }
 
 void GlobePrograms::setBusy(bool isBusy)

@@ -25,10 +25,17 @@ public:
     // Shows `view`, whose numbers must be finite and in range. Google Earth Pro receives all five
     // of them: through its query file if its settings name one, else through a KML file that it
     // opens. A running Marble is moved over the session bus and raised, otherwise it is started; it
-    // has neither tilt nor heading. Failures are silent: the user sees them and tries again.
+    // has neither tilt nor heading. Every other program receives a KML file with a placemark; it is
+    // up to `opener` what happens if there is none.
     void show(const GlobeView& view);
 
+    // Whether Google Earth Pro, Marble or a program that opens KML files is installed.
+    bool areInstalled() const;
+
 Q_SIGNALS:
+    // A globe program does not start, or the file for it cannot be written.
+    void failed();
+
     // True while a globe program is starting, for 10 seconds at most.
     void busyChanged(bool isBusy);
 

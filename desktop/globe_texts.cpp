@@ -27,6 +27,13 @@ std::string lookAt(const GlobeView& view)
            "</range><altitudeMode>relativeToGround</altitudeMode></LookAt>";
 }
 
+std::string document(const std::string& content)
+{
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+           "<kml xmlns=\"http://www.opengis.net/kml/2.2\"><Document>" +
+           content + "</Document></kml>\n";
+}
+
 std::string_view trimmed(std::string_view text)
 {
     constexpr std::string_view kBlanks = " \t\r\"";
@@ -38,9 +45,16 @@ std::string_view trimmed(std::string_view text)
 
 std::string makeLookAtDocument(const GlobeView& view)
 {
-    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-           "<kml xmlns=\"http://www.opengis.net/kml/2.2\"><Document>" +
-           lookAt(view) + "</Document></kml>\n";
+    return document(lookAt(view));
+}
+
+std::string makePlacemarkDocument(const GlobeView& view)
+{
+    const std::string latitude = number(view.latitude);
+    const std::string longitude = number(view.longitude);
+    return document(lookAt(view) + "<Placemark><name>" + latitude + ", " + longitude +
+                    "</name><Point><coordinates>" + longitude + "," + latitude +
+                    "</coordinates></Point></Placemark>");
 }
 
 std::string makeFlyToQuery(const GlobeView& view)

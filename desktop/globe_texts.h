@@ -12,6 +12,10 @@ namespace pinorama {
 // there once. The tilt is clamped to 0 to 90 degrees, the range of KML.
 std::string makeLookAtDocument(const GlobeView& view);
 
+// The same with a placemark at the place, for programs that show only places: its name is the
+// coordinate in decimal degrees.
+std::string makePlacemarkDocument(const GlobeView& view);
+
 // The line of a ViewSync query file that makes a running Google Earth Pro fly to the view.
 std::string makeFlyToQuery(const GlobeView& view);
 

@@ -98,8 +98,13 @@ bool isInstalled(const std::string& program, const QStringList& applicationFolde
 
 bool hasSchemeHandler(const std::string& scheme)
 {
-    if (QFile::exists(QStringLiteral("/.flatpak-info"))) return true;
-    const std::string type = "x-scheme-handler/" + scheme;
+    return hasTypeHandler("x-scheme-handler/" + scheme);
+}
+
+bool hasTypeHandler(const std::string& type)
+{
+    if (QFile::exists(QStringLiteral("/.flatpak-info")) || qEnvironmentVariableIsSet("SNAP"))
+        return true;
     const QStringList folders =
         QStandardPaths::standardLocations(QStandardPaths::ApplicationsLocation);
     std::set<std::string> removed;

@@ -18,7 +18,8 @@ public:
     // report whether a handler is installed or what it does with the URL.
     virtual void open(const QByteArray& url) = 0;
 
-    // Whether a program takes such a URL. True where that is not known.
+    // Whether a program takes such a URL: its scheme, and of a file its type. True where that is
+    // not known.
     virtual bool isTaken(const QByteArray& /*url*/) const { return true; }
 };
 

@@ -473,4 +473,48 @@
 %2</translation>
     </message>
 </context>
+<context>
+    <name>pinorama::PlaceActions</name>
+    <message>
+        <source>The globe program cannot be started.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>Das Globusprogramm lässt sich nicht starten.</translation>
+    </message>
+    <message>
+        <source>Needs Marble, Google Earth or another program that opens KML files</source>
+        <extracomment>The second line of a tool tip</extracomment>
+        <translation>Braucht Marble, Google Earth oder ein anderes Programm, das KML-Dateien öffnet</translation>
+    </message>
+    <message>
+        <source>Without Skallion, pictures nearby are looked for in the folders around this one</source>
+        <extracomment>The second line of a tool tip</extracomment>
+        <translation>Ohne Skallion wird in den Ordnern ringsum nach Bildern aus der Nähe gesucht</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::SayingOpener</name>
+    <message>
+        <source>No web browser is installed.</source>
+        <extracomment>The foot of the window; so are the others</extracomment>
+        <translation>Es ist kein Browser installiert.</translation>
+    </message>
+    <message>
+        <source>Skallion is not installed.</source>
+        <translation>Skallion ist nicht installiert.</translation>
+    </message>
+    <message>
+        <source>No program opens geo: addresses. Marble and GNOME Maps do.</source>
+        <extracomment>&quot;geo:&quot; is the beginning of an address; the names are those of programs</extracomment>
+        <translation>Kein Programm öffnet geo:-Adressen. Marble und GNOME-Karten tun es.</translation>
+    </message>
+    <message>
+        <source>No program opens KML files. Marble and Google Earth do.</source>
+        <translation>Kein Programm öffnet KML-Dateien. Marble und Google Earth tun es.</translation>
+    </message>
+    <message>
+        <source>No program opens addresses that begin with %1:.</source>
+        <extracomment>%1 is the beginning of an address, such as &quot;om&quot;</extracomment>
+        <translation>Kein Programm öffnet Adressen, die mit %1: beginnen.</translation>
+    </message>
+</context>
 </TS>

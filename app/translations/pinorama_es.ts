@@ -473,4 +473,48 @@
 %2</translation>
     </message>
 </context>
+<context>
+    <name>pinorama::PlaceActions</name>
+    <message>
+        <source>The globe program cannot be started.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>No se puede iniciar el globo terráqueo.</translation>
+    </message>
+    <message>
+        <source>Needs Marble, Google Earth or another program that opens KML files</source>
+        <extracomment>The second line of a tool tip</extracomment>
+        <translation>Necesita Marble, Google Earth u otro programa que abra archivos KML</translation>
+    </message>
+    <message>
+        <source>Without Skallion, pictures nearby are looked for in the folders around this one</source>
+        <extracomment>The second line of a tool tip</extracomment>
+        <translation>Sin Skallion se buscan imágenes cercanas en las carpetas de alrededor</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::SayingOpener</name>
+    <message>
+        <source>No web browser is installed.</source>
+        <extracomment>The foot of the window; so are the others</extracomment>
+        <translation>No hay ningún navegador web instalado.</translation>
+    </message>
+    <message>
+        <source>Skallion is not installed.</source>
+        <translation>Skallion no está instalado.</translation>
+    </message>
+    <message>
+        <source>No program opens geo: addresses. Marble and GNOME Maps do.</source>
+        <extracomment>&quot;geo:&quot; is the beginning of an address; the names are those of programs</extracomment>
+        <translation>Ningún programa abre direcciones geo:. Marble y Mapas de GNOME lo hacen.</translation>
+    </message>
+    <message>
+        <source>No program opens KML files. Marble and Google Earth do.</source>
+        <translation>Ningún programa abre archivos KML. Marble y Google Earth lo hacen.</translation>
+    </message>
+    <message>
+        <source>No program opens addresses that begin with %1:.</source>
+        <extracomment>%1 is the beginning of an address, such as &quot;om&quot;</extracomment>
+        <translation>Ningún programa abre direcciones que empiecen por %1:.</translation>
+    </message>
+</context>
 </TS>

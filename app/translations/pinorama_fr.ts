@@ -473,4 +473,48 @@
 %2</translation>
     </message>
 </context>
+<context>
+    <name>pinorama::PlaceActions</name>
+    <message>
+        <source>The globe program cannot be started.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>Impossible de démarrer le globe virtuel.</translation>
+    </message>
+    <message>
+        <source>Needs Marble, Google Earth or another program that opens KML files</source>
+        <extracomment>The second line of a tool tip</extracomment>
+        <translation>Nécessite Marble, Google Earth ou un autre programme qui ouvre les fichiers KML</translation>
+    </message>
+    <message>
+        <source>Without Skallion, pictures nearby are looked for in the folders around this one</source>
+        <extracomment>The second line of a tool tip</extracomment>
+        <translation>Sans Skallion, les images proches sont cherchées dans les dossiers voisins</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::SayingOpener</name>
+    <message>
+        <source>No web browser is installed.</source>
+        <extracomment>The foot of the window; so are the others</extracomment>
+        <translation>Aucun navigateur web n’est installé.</translation>
+    </message>
+    <message>
+        <source>Skallion is not installed.</source>
+        <translation>Skallion n’est pas installé.</translation>
+    </message>
+    <message>
+        <source>No program opens geo: addresses. Marble and GNOME Maps do.</source>
+        <extracomment>&quot;geo:&quot; is the beginning of an address; the names are those of programs</extracomment>
+        <translation>Aucun programme n’ouvre les adresses geo:. Marble et GNOME Cartes le font.</translation>
+    </message>
+    <message>
+        <source>No program opens KML files. Marble and Google Earth do.</source>
+        <translation>Aucun programme n’ouvre les fichiers KML. Marble et Google Earth le font.</translation>
+    </message>
+    <message>
+        <source>No program opens addresses that begin with %1:.</source>
+        <extracomment>%1 is the beginning of an address, such as &quot;om&quot;</extracomment>
+        <translation>Aucun programme n’ouvre les adresses qui commencent par %1:.</translation>
+    </message>
+</context>
 </TS>

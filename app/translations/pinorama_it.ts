@@ -473,4 +473,48 @@
 %2</translation>
     </message>
 </context>
+<context>
+    <name>pinorama::PlaceActions</name>
+    <message>
+        <source>The globe program cannot be started.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>Impossibile avviare il globo virtuale.</translation>
+    </message>
+    <message>
+        <source>Needs Marble, Google Earth or another program that opens KML files</source>
+        <extracomment>The second line of a tool tip</extracomment>
+        <translation>Richiede Marble, Google Earth o un altro programma che apra file KML</translation>
+    </message>
+    <message>
+        <source>Without Skallion, pictures nearby are looked for in the folders around this one</source>
+        <extracomment>The second line of a tool tip</extracomment>
+        <translation>Senza Skallion le immagini vicine vengono cercate nelle cartelle intorno</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::SayingOpener</name>
+    <message>
+        <source>No web browser is installed.</source>
+        <extracomment>The foot of the window; so are the others</extracomment>
+        <translation>Non è installato nessun browser.</translation>
+    </message>
+    <message>
+        <source>Skallion is not installed.</source>
+        <translation>Skallion non è installato.</translation>
+    </message>
+    <message>
+        <source>No program opens geo: addresses. Marble and GNOME Maps do.</source>
+        <extracomment>&quot;geo:&quot; is the beginning of an address; the names are those of programs</extracomment>
+        <translation>Nessun programma apre indirizzi geo:. Lo fanno Marble e Mappe di GNOME.</translation>
+    </message>
+    <message>
+        <source>No program opens KML files. Marble and Google Earth do.</source>
+        <translation>Nessun programma apre file KML. Lo fanno Marble e Google Earth.</translation>
+    </message>
+    <message>
+        <source>No program opens addresses that begin with %1:.</source>
+        <extracomment>%1 is the beginning of an address, such as &quot;om&quot;</extracomment>
+        <translation>Nessun programma apre indirizzi che iniziano con %1:.</translation>
+    </message>
+</context>
 </TS>

@@ -473,4 +473,48 @@
 %2</translation>
     </message>
 </context>
+<context>
+    <name>pinorama::PlaceActions</name>
+    <message>
+        <source>The globe program cannot be started.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>地球儀ソフトを起動できません。</translation>
+    </message>
+    <message>
+        <source>Needs Marble, Google Earth or another program that opens KML files</source>
+        <extracomment>The second line of a tool tip</extracomment>
+        <translation>Marble、Google Earth など、KML ファイルを開くプログラムが必要です</translation>
+    </message>
+    <message>
+        <source>Without Skallion, pictures nearby are looked for in the folders around this one</source>
+        <extracomment>The second line of a tool tip</extracomment>
+        <translation>Skallion がない場合は、近くで撮影された画像を周りのフォルダーから探します</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::SayingOpener</name>
+    <message>
+        <source>No web browser is installed.</source>
+        <extracomment>The foot of the window; so are the others</extracomment>
+        <translation>ウェブブラウザーがインストールされていません。</translation>
+    </message>
+    <message>
+        <source>Skallion is not installed.</source>
+        <translation>Skallion がインストールされていません。</translation>
+    </message>
+    <message>
+        <source>No program opens geo: addresses. Marble and GNOME Maps do.</source>
+        <extracomment>&quot;geo:&quot; is the beginning of an address; the names are those of programs</extracomment>
+        <translation>geo: アドレスを開くプログラムがありません。Marble や GNOME マップで開けます。</translation>
+    </message>
+    <message>
+        <source>No program opens KML files. Marble and Google Earth do.</source>
+        <translation>KML ファイルを開くプログラムがありません。Marble や Google Earth で開けます。</translation>
+    </message>
+    <message>
+        <source>No program opens addresses that begin with %1:.</source>
+        <extracomment>%1 is the beginning of an address, such as &quot;om&quot;</extracomment>
+        <translation>%1: で始まるアドレスを開くプログラムがありません。</translation>
+    </message>
+</context>
 </TS>

@@ -17,6 +17,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <string>
 #include <utility>
@@ -46,6 +47,17 @@ public:
 class RecordingOpener final : public pinorama::UrlOpener {
 public:
     void open(const QByteArray& address) override { addresses.push_back(address.toStdString()); }
+
+    // Beginnings of addresses and endings of files that no program takes.
+    std::vector<std::string> untaken;
+
+    bool isTaken(const QByteArray& address) const override
+    {
+        const std::string text = address.toStdString();
+        return std::ranges::none_of(untaken, [&](const std::string& part) {
+            return text.starts_with(part) || text.ends_with(part);
+        });
+    }
 
     std::vector<std::string> addresses;
 };

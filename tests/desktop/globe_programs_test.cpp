@@ -15,6 +15,7 @@
 #include <QDBusVirtualObject>
 #include <QPointF>
 
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
@@ -27,7 +28,9 @@ const GlobeView kView = {-33.9, 18.4, 271.25, 30.0, 2000.0};
 class RecordingOpener final : public UrlOpener {
 public:
     void open(const QByteArray& url) override { urls.push_back(url.toStdString()); }
+    bool isTaken(const QByteArray& /*url*/) const override { return opensKml; }
     std::vector<std::string> urls;
+    bool opensKml = true;
 };
 
 // Replies on the bus as a running Marble does, and records the calls.
@@ -146,21 +149,51 @@ TEST_F(GlobeProgramsTest, startsMarbleAndIsBusyUntilItIsOnTheBus)
     EXPECT_EQ(marble.calls[0], "setCenter 11.500000 48.100000");
 }
 
-TEST_F(GlobeProgramsTest, opensADocumentIfNoGlobeIsInstalled)
+TEST_F(GlobeProgramsTest, opensADocumentWithAPlacemarkIfNoGlobeIsInstalled)
 {
     GlobePrograms programs(opener_);
     programs.show(kView);
     ASSERT_TRUE(test::waitUntil([&] { return !opener_.urls.empty(); }));
     EXPECT_EQ(opener_.urls,
               std::vector<std::string>{"file://" + folder_.file("pinorama/fly-to.kml")});
-    EXPECT_EQ(test::readFile(folder_.file("pinorama/fly-to.kml")), makeLookAtDocument(kView));
+    EXPECT_EQ(test::readFile(folder_.file("pinorama/fly-to.kml")), makePlacemarkDocument(kView));
 }
 
-TEST_F(GlobeProgramsTest, opensNothingIfTheDocumentCannotBeWritten)
+TEST_F(GlobeProgramsTest, opensNothingAndSaysSoIfTheDocumentCannotBeWritten)
 {
     folder_.write("pinorama", "a file where the folder should be");
     GlobePrograms programs(opener_);
+    int failures = 0;
+    QObject::connect(&programs, &GlobePrograms::failed, [&] { ++failures; });
     programs.show(kView);
-    test::goOnFor(300);
+    EXPECT_TRUE(test::waitUntil([&] { return failures > 0; }));
     EXPECT_TRUE(opener_.urls.empty());
+    EXPECT_EQ(failures, 1);
+}
+
+TEST_F(GlobeProgramsTest, saysThatMarbleDoesNotStart)
+{
+    // It may be executed, and is no program.
+    chmod(folder_.write("marble", "").c_str(), 0755);
+    (void)folder_.write("marble", std::string("\x7F"
+                                              "ELF no program",
+                                              15));
+    GlobePrograms programs(opener_);
+    int failures = 0;
+    QObject::connect(&programs, &GlobePrograms::failed, [&] { ++failures; });
+    programs.show(kView);
+    EXPECT_TRUE(test::waitUntil([&] { return failures > 0; }));
+}
+
+TEST_F(GlobeProgramsTest, knowsWhetherThereIsAny)
+{
+    const GlobePrograms programs(opener_);
+    EXPECT_TRUE(programs.areInstalled()) << "a program opens KML files";
+    opener_.opensKml = false;
+    EXPECT_FALSE(programs.areInstalled());
+    install("marble-qt");
+    EXPECT_TRUE(programs.areInstalled());
+    std::filesystem::remove(folder_.file("marble-qt"));
+    install("googleearth");
+    EXPECT_TRUE(programs.areInstalled());
 }

@@ -23,6 +23,18 @@ TEST(makeLookAtDocument, clampsTheTiltToTheRangeOfKml)
               std::string::npos);
 }
 
+TEST(makePlacemarkDocument, hasThePlaceAsAPlacemarkToo)
+{
+    const std::string document = makePlacemarkDocument({-33.9, 18.4, 271.25, 30.0, 2000.0});
+    const std::string placemark =
+        "<Placemark><name>-33.900000, 18.400000</name><Point>"
+        "<coordinates>18.400000,-33.900000</coordinates></Point></Placemark>";
+    std::string withoutIt = document;
+    ASSERT_NE(document.find("</LookAt>" + placemark), std::string::npos) << document;
+    withoutIt.erase(document.find(placemark), placemark.size());
+    EXPECT_EQ(withoutIt, makeLookAtDocument({-33.9, 18.4, 271.25, 30.0, 2000.0}));
+}
+
 TEST(makeFlyToQuery, isOneLineThatBeginsWithTheKeyword)
 {
     const std::string query = makeFlyToQuery({1.5, 2.5, 3.5, 4.5, 5.5});

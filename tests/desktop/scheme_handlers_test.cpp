@@ -101,3 +101,38 @@ TEST_F(hasSchemeHandler, saysWhatTheOpenerTakes)
     EXPECT_TRUE(opener.isTaken("SKALLION:x"));
     EXPECT_FALSE(opener.isTaken("no address"));
 }
+
+TEST_F(hasSchemeHandler, saysWhichFilesTheOpenerTakes)
+{
+    const DesktopUrlOpener opener;
+    install("system/applications/editor.desktop");
+    write("system/applications/mimeinfo.cache",
+          "[MIME Cache]\napplication/xml=editor.desktop;\ntext/plain=editor.desktop;\n");
+    EXPECT_FALSE(opener.isTaken("file:///tmp/place.kml")) << "an editor is no globe";
+    EXPECT_TRUE(opener.isTaken("file:///tmp/manual.md")) << "not known";
+    install("system/applications/catalogue.desktop");
+    write("config/mimeapps.list",
+          "[Default Applications]\napplication/vnd.google-earth.kml+xml=catalogue.desktop\n");
+    EXPECT_TRUE(opener.isTaken("file:///tmp/place.kml"));
+    EXPECT_TRUE(opener.isTaken("file:///tmp/PLACE.KML"));
+}
+
+TEST_F(hasSchemeHandler, knowsTheBrowsersThatNobodyHasRegistered)
+{
+    const test::ScopedVariable path("PATH", folder_.path().c_str());
+    const test::ScopedVariable browser("BROWSER", nullptr);
+    const DesktopUrlOpener opener;
+    EXPECT_FALSE(opener.isTaken("https://x.example/"));
+    {
+        const test::ScopedVariable mine("BROWSER", "w3m");
+        EXPECT_TRUE(opener.isTaken("https://x.example/"));
+        EXPECT_FALSE(opener.isTaken("geo:1,2"));
+    }
+    std::filesystem::permissions(folder_.write("firefox", "#!/bin/sh\n"),
+                                 std::filesystem::perms::owner_all);
+    EXPECT_TRUE(opener.isTaken("http://x.example/"));
+    std::filesystem::remove(folder_.file("firefox"));
+    install("system/applications/catalogue.desktop");
+    write("config/mimeapps.list", "[Default Applications]\ntext/html=catalogue.desktop\n");
+    EXPECT_TRUE(opener.isTaken("https://x.example/"));
+}
