@@ -8,8 +8,8 @@
 
 #pragma once
 
-#include "opener/opener_client.h"
 #include "opener/events/picture_opener.h"
+#include "opener/opener_client.h"
 #include "previews/picture_reader.h"
 #include "previews/preview_plan.h"
 #include "reader/reader_client.h"

@@ -5,6 +5,7 @@
 #include "app/shown_text.h"
 #include "base/file_uri.h"
 #include "base/user_folders.h"
+#include "desktop/portal_chooser.h"
 #include "lib/files/path_text.h"
 #include "lib/strings/string_holder.h"
 #include "lib/ui/qt_text.h"
@@ -61,6 +62,7 @@ QLabel* makeLabel(const QString& name, QWidget* parent)
 NearbyWindow::NearbyWindow(UrlOpener& opener, QWidget* parent)
     : QWidget(parent, Qt::Window),
       opener_(opener),
+      openWith_(opener),
       heading_(makeLabel(QStringLiteral("nearbyHeading"), this)),
       view_(new NearbyView(this)),
       status_(makeLabel(QStringLiteral("nearbyStatus"), this)),
@@ -114,14 +116,20 @@ void NearbyWindow::connectViews()
 // The items of the context menu, which the keyboard opens as well.
 void NearbyWindow::addActions()
 {
-    auto* open = new QAction(tr("&Open"), view_);
-    open->setObjectName(QStringLiteral("nearbyOpenAction"));
-    connect(open, &QAction::triggered, this, &NearbyWindow::openCurrent);
-    view_->addAction(open);
+    addAction(tr("&Open"), "nearbyOpenAction", &NearbyWindow::openCurrent);
+    addAction(tr("Open &With..."), "nearbyOpenWithAction", &NearbyWindow::openCurrentWith);
     view_->setContextMenuPolicy(Qt::ActionsContextMenu);
-    const auto enable = [this, open] { open->setEnabled(view_->currentIndex().isValid()); };
-    connect(view_->selectionModel(), &QItemSelectionModel::currentChanged, open, enable);
-    connect(&model_, &QAbstractItemModel::modelReset, open, enable);
+}
+
+void NearbyWindow::addAction(const QString& text, const char* name, void (NearbyWindow::*work)())
+{
+    auto* action = new QAction(text, view_);
+    action->setObjectName(QLatin1String(name));
+    connect(action, &QAction::triggered, this, work);
+    view_->addAction(action);
+    const auto enable = [this, action] { action->setEnabled(view_->currentIndex().isValid()); };
+    connect(view_->selectionModel(), &QItemSelectionModel::currentChanged, action, enable);
+    connect(&model_, &QAbstractItemModel::modelReset, action, enable);
     enable();
 }
 
@@ -228,6 +236,12 @@ void NearbyWindow::openCurrent()
 {
     const std::string& path = model_.pathOf(view_->currentIndex());
     if (!path.empty()) opener_.open(QByteArray::fromStdString(fileURIOfPath(path)));
+}
+
+void NearbyWindow::openCurrentWith()
+{
+    const std::string& path = model_.pathOf(view_->currentIndex());
+    if (!path.empty()) openWith_.ask(path, portalParent(winId()));
 }
 
 // What is not seen is not searched for.

@@ -11,6 +11,7 @@
 #include "app/nearby/nearby_model.h"
 #include "app/nearby/nearby_search.h"
 #include "app/nearby/nearby_thumbnails.h"
+#include "app/nearby/open_with.h"
 #include "desktop/url_opener.h"
 
 #include <QString>
@@ -69,12 +70,15 @@ private:
     QString words() const;
     void watchSight();
     void loadThumbnails();
+    void addAction(const QString& text, const char* name, void (NearbyWindow::*work)());
     void openCurrent();
+    void openCurrentWith();
 
     UrlOpener& opener_;
     NearbyModel model_;
     NearbySearch search_;
     NearbyThumbnails thumbnails_;
+    OpenWith openWith_;
     QLabel* heading_;
     NearbyView* view_;
     QLabel* status_;

@@ -472,6 +472,11 @@
         <translation>Im Umkreis von %1&#xa0;m gibt es kein anderes Bild in diesen Ordnern:
 %2</translation>
     </message>
+    <message>
+        <source>Open &amp;With...</source>
+        <extracomment>Context menu: has the user choose the program</extracomment>
+        <translation>Öffnen &amp;mit...</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::PlaceActions</name>

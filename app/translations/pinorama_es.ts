@@ -472,6 +472,11 @@
         <translation>No se encontró ninguna otra foto a menos de %1&#xa0;m en estas carpetas:
 %2</translation>
     </message>
+    <message>
+        <source>Open &amp;With...</source>
+        <extracomment>Context menu: has the user choose the program</extracomment>
+        <translation>Abrir &amp;con...</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::PlaceActions</name>

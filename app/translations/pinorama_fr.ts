@@ -472,6 +472,11 @@
         <translation>Aucune autre photo à moins de %1&#xa0;m n’a été trouvée dans ces dossiers&#xa0;:
 %2</translation>
     </message>
+    <message>
+        <source>Open &amp;With...</source>
+        <extracomment>Context menu: has the user choose the program</extracomment>
+        <translation>Ouvrir a&amp;vec...</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::PlaceActions</name>

@@ -472,6 +472,11 @@
         <translation>Nessun’altra foto entro %1&#xa0;m è stata trovata in queste cartelle:
 %2</translation>
     </message>
+    <message>
+        <source>Open &amp;With...</source>
+        <extracomment>Context menu: has the user choose the program</extracomment>
+        <translation>Apri c&amp;on...</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::PlaceActions</name>

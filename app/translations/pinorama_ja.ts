@@ -472,6 +472,11 @@
         <translation>次のフォルダーには %1&#xa0;m 以内で撮影された他の写真はありません:
 %2</translation>
     </message>
+    <message>
+        <source>Open &amp;With...</source>
+        <extracomment>Context menu: has the user choose the program</extracomment>
+        <translation>プログラムから開く(&amp;W)...</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::PlaceActions</name>

@@ -472,6 +472,11 @@
         <translation>Er is geen andere foto binnen %1&#xa0;m gevonden in deze mappen:
 %2</translation>
     </message>
+    <message>
+        <source>Open &amp;With...</source>
+        <extracomment>Context menu: has the user choose the program</extracomment>
+        <translation>Openen &amp;met...</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::PlaceActions</name>

@@ -472,6 +472,11 @@
         <translation>W tych folderach nie ma innych zdjęć w promieniu %1&#xa0;m:
 %2</translation>
     </message>
+    <message>
+        <source>Open &amp;With...</source>
+        <extracomment>Context menu: has the user choose the program</extracomment>
+        <translation>Otwórz &amp;za pomocą...</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::PlaceActions</name>

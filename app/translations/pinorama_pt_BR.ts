@@ -472,6 +472,11 @@
         <translation>Nenhuma outra foto a até %1&#xa0;m foi encontrada nestas pastas:
 %2</translation>
     </message>
+    <message>
+        <source>Open &amp;With...</source>
+        <extracomment>Context menu: has the user choose the program</extracomment>
+        <translation>Abrir &amp;com...</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::PlaceActions</name>

@@ -472,6 +472,11 @@
         <translation>在以下文件夹中没有找到 %1&#xa0;米范围内的其他照片：
 %2</translation>
     </message>
+    <message>
+        <source>Open &amp;With...</source>
+        <extracomment>Context menu: has the user choose the program</extracomment>
+        <translation>打开方式(&amp;W)...</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::PlaceActions</name>

@@ -201,6 +201,23 @@ TEST_F(nearbyWindow, worksWithTheKeyboard)
     EXPECT_EQ(opener.addresses, std::vector<std::string>{"file:///b.jpg"});
 }
 
+TEST_F(nearbyWindow, opensAPictureInAProgramOfTheUsersChoice)
+{
+    const test::TemporaryFolder folder;
+    const std::string path = folder.write("a.jpg", "x");
+    searchBy(test::foundLine(path, "1"));
+    EXPECT_TRUE(waitUntilIdle());
+    auto* openWith = views.view()->findChild<QAction*>(QStringLiteral("nearbyOpenWithAction"));
+    openWith->trigger();
+    EXPECT_TRUE(opener.addresses.empty()) << "no picture is chosen";
+    QTest::keyClick(views.view(), Qt::Key_Home);
+    EXPECT_TRUE(openWith->isEnabled());
+    openWith->trigger();
+    // There is no session bus, and so no portal that could ask.
+    EXPECT_TRUE(test::waitUntil([this] { return !opener.addresses.empty(); }));
+    EXPECT_EQ(opener.addresses, std::vector<std::string>{"file://" + path});
+}
+
 TEST_F(nearbyWindow, tellsAScreenReaderWhatItShows)
 {
     searchBy(test::foundLine("/a.jpg", "1500"));
