@@ -26,7 +26,6 @@ QString wordsOfNoProgram(const QByteArray& url)
     const QByteArray scheme = url.left(url.indexOf(':')).toLower();
     //: The foot of the window; so are the others
     if (scheme == "http" || scheme == "https") return Words::tr("No web browser is installed.");
-    if (scheme == "skallion") return Words::tr("Skallion is not installed.");
     if (scheme == "geo")
         //: "geo:" is the beginning of an address; the names are those of programs
         return Words::tr("No program opens geo: addresses. Marble and GNOME Maps do.");

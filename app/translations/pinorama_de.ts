@@ -504,10 +504,6 @@
         <translation>Es ist kein Browser installiert.</translation>
     </message>
     <message>
-        <source>Skallion is not installed.</source>
-        <translation>Skallion ist nicht installiert.</translation>
-    </message>
-    <message>
         <source>No program opens geo: addresses. Marble and GNOME Maps do.</source>
         <extracomment>&quot;geo:&quot; is the beginning of an address; the names are those of programs</extracomment>
         <translation>Kein Programm öffnet geo:-Adressen. Marble und GNOME-Karten tun es.</translation>

@@ -504,10 +504,6 @@
         <translation>No hay ningún navegador web instalado.</translation>
     </message>
     <message>
-        <source>Skallion is not installed.</source>
-        <translation>Skallion no está instalado.</translation>
-    </message>
-    <message>
         <source>No program opens geo: addresses. Marble and GNOME Maps do.</source>
         <extracomment>&quot;geo:&quot; is the beginning of an address; the names are those of programs</extracomment>
         <translation>Ningún programa abre direcciones geo:. Marble y Mapas de GNOME lo hacen.</translation>

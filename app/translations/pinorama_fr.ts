@@ -504,10 +504,6 @@
         <translation>Aucun navigateur web n’est installé.</translation>
     </message>
     <message>
-        <source>Skallion is not installed.</source>
-        <translation>Skallion n’est pas installé.</translation>
-    </message>
-    <message>
         <source>No program opens geo: addresses. Marble and GNOME Maps do.</source>
         <extracomment>&quot;geo:&quot; is the beginning of an address; the names are those of programs</extracomment>
         <translation>Aucun programme n’ouvre les adresses geo:. Marble et GNOME Cartes le font.</translation>

@@ -504,10 +504,6 @@
         <translation>Non è installato nessun browser.</translation>
     </message>
     <message>
-        <source>Skallion is not installed.</source>
-        <translation>Skallion non è installato.</translation>
-    </message>
-    <message>
         <source>No program opens geo: addresses. Marble and GNOME Maps do.</source>
         <extracomment>&quot;geo:&quot; is the beginning of an address; the names are those of programs</extracomment>
         <translation>Nessun programma apre indirizzi geo:. Lo fanno Marble e Mappe di GNOME.</translation>

@@ -504,10 +504,6 @@
         <translation>ウェブブラウザーがインストールされていません。</translation>
     </message>
     <message>
-        <source>Skallion is not installed.</source>
-        <translation>Skallion がインストールされていません。</translation>
-    </message>
-    <message>
         <source>No program opens geo: addresses. Marble and GNOME Maps do.</source>
         <extracomment>&quot;geo:&quot; is the beginning of an address; the names are those of programs</extracomment>
         <translation>geo: アドレスを開くプログラムがありません。Marble や GNOME マップで開けます。</translation>

@@ -504,10 +504,6 @@
         <translation>Er is geen webbrowser geïnstalleerd.</translation>
     </message>
     <message>
-        <source>Skallion is not installed.</source>
-        <translation>Skallion is niet geïnstalleerd.</translation>
-    </message>
-    <message>
         <source>No program opens geo: addresses. Marble and GNOME Maps do.</source>
         <extracomment>&quot;geo:&quot; is the beginning of an address; the names are those of programs</extracomment>
         <translation>Geen programma opent geo:-adressen. Marble en GNOME Kaarten doen dat.</translation>

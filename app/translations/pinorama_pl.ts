@@ -504,10 +504,6 @@
         <translation>Nie ma zainstalowanej przeglądarki.</translation>
     </message>
     <message>
-        <source>Skallion is not installed.</source>
-        <translation>Skallion nie jest zainstalowany.</translation>
-    </message>
-    <message>
         <source>No program opens geo: addresses. Marble and GNOME Maps do.</source>
         <extracomment>&quot;geo:&quot; is the beginning of an address; the names are those of programs</extracomment>
         <translation>Żaden program nie otwiera adresów geo:. Robią to Marble i Mapy GNOME.</translation>

@@ -504,10 +504,6 @@
         <translation>Nenhum navegador está instalado.</translation>
     </message>
     <message>
-        <source>Skallion is not installed.</source>
-        <translation>O Skallion não está instalado.</translation>
-    </message>
-    <message>
         <source>No program opens geo: addresses. Marble and GNOME Maps do.</source>
         <extracomment>&quot;geo:&quot; is the beginning of an address; the names are those of programs</extracomment>
         <translation>Nenhum programa abre endereços geo:. O Marble e o Mapas do GNOME abrem.</translation>

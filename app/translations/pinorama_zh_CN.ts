@@ -504,10 +504,6 @@
         <translation>没有安装网页浏览器。</translation>
     </message>
     <message>
-        <source>Skallion is not installed.</source>
-        <translation>没有安装 Skallion。</translation>
-    </message>
-    <message>
         <source>No program opens geo: addresses. Marble and GNOME Maps do.</source>
         <extracomment>&quot;geo:&quot; is the beginning of an address; the names are those of programs</extracomment>
         <translation>没有程序可以打开 geo: 地址。Marble 和 GNOME 地图可以打开。</translation>

@@ -18,6 +18,7 @@
 #include <QStyleOptionComboBox>
 #include <QXmlStreamReader>
 
+#include <algorithm>
 #include <regex>
 #include <set>
 #include <string>
@@ -58,6 +59,13 @@ std::vector<std::string> allMatches(const std::string& text, const std::string& 
     for (std::sregex_iterator match(text.begin(), text.end(), regex), end; match != end; ++match)
         found.push_back((*match)[match->size() - 1]);
     return found;
+}
+
+// Placeholders stand in another order in some languages.
+std::vector<std::string> sorted(std::vector<std::string> texts)
+{
+    std::sort(texts.begin(), texts.end());
+    return texts;
 }
 
 std::string utf8(std::u16string_view text)
@@ -163,7 +171,8 @@ TEST(languages, keepPlaceholdersKeysAndEndingsOfTheWindow)
         for (const auto& [source, text] : all) {
             SCOPED_TRACE(source);
             EXPECT_NE(text, "");
-            EXPECT_EQ(allMatches(text, "(%[0-9]+)"), allMatches(source, "(%[0-9]+)"));
+            EXPECT_EQ(sorted(allMatches(text, "(%[0-9]+)")),
+                      sorted(allMatches(source, "(%[0-9]+)")));
             EXPECT_EQ(allMatches(text, "(&)").size(), allMatches(source, "(&)").size());
             EXPECT_EQ(allMatches(text, "(\\(\\*\\.[^)]*\\))"),
                       allMatches(source, "(\\(\\*\\.[^)]*\\))"));

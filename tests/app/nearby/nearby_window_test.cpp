@@ -4,6 +4,7 @@
 #include "app/nearby/nearby_window.h"
 
 #include "app/nearby/nearby_view.h"
+#include "lib/ui/application_bundle.h"
 #include "tests/app/controller_fixture.h"
 #include "tests/app/nearby/search_program.h"
 #include "tests/support/jpeg_pictures.h"
@@ -87,6 +88,7 @@ class nearbyWindow : public testing::Test {
 protected:
     nearbyWindow()
     {
+        (void)iuRegisterApplicationBundle();  // the points of the compass
         QObject::connect(&window, &NearbyWindow::chosen, &window,
                          [this](const std::string& path) { chosen = path; });
         QObject::connect(&window, &NearbyWindow::opened, &window,
