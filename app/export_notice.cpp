@@ -1,8 +1,11 @@
 #include "app/export_notice.h"
 
+#include "app/foot_line.h"
 #include "app/main_window.h"
 #include "app/shown_text.h"
+#include "desktop/file_manager.h"
 
+#include <QFile>
 #include <QFileInfo>
 
 #include <cerrno>
@@ -38,19 +41,34 @@ void ExportNotice::sayFailure(const QString& file, int error)
     say(tr("%1 could not be written: %2").arg(name, reason));
 }
 
-void showExportResult(MainWindow& window, const QString& file, int error)
+void showExportResult(MainWindow& window, UrlOpener& opener, const QString& file, int error)
 {
     auto* notice = window.findChild<ExportNotice*>();
     if (error == 0) {
-        if (notice != nullptr) remove(notice);
+        forgetExport(window);
+        FootLine& line = footLine(window);
+        const QString name = shownName(QFileInfo(file).fileName(), line.fontMetrics());
+        const auto showFile = [&line, &opener, path = QFile::encodeName(file).toStdString()] {
+            showInFileManager(path, opener, &line);
+        };
+        //: %1 is the name of a file that was written
+        line.say(FootLine::Topic::action, ExportNotice::tr("%1 was saved.").arg(name),
+                 //: A button: shows the file in the file manager
+                 {ExportNotice::tr("Show in Fo&lder"), showFile});
         return;
     }
+    if (auto* line = window.findChild<FootLine*>()) line->takeBack(FootLine::Topic::action);
     if (notice == nullptr) {
         notice = new ExportNotice(&window);
         QObject::connect(notice, &Notice::dismissed, notice, [notice] { remove(notice); });
         window.windowLayout->addWidget(notice);
     }
     notice->sayFailure(file, error);
+}
+
+void forgetExport(MainWindow& window)
+{
+    if (auto* notice = window.findChild<ExportNotice*>()) remove(notice);
 }
 
 }  // namespace pinorama

@@ -1,4 +1,4 @@
-// What the window says when a place could not be saved.
+// What the window says when a place was saved, and when it could not be.
 
 #pragma once
 
@@ -7,6 +7,7 @@
 namespace pinorama {
 
 class MainWindow;
+class UrlOpener;
 
 class ExportNotice : public Notice {
     Q_OBJECT
@@ -18,8 +19,12 @@ public:
     void sayFailure(const QString& file, int error);
 };
 
-// Tells in the window what became of the export to `file`. An `error` of 0 is success, which shows
-// by itself: what was said of an earlier export goes away.
-void showExportResult(MainWindow& window, const QString& file, int error);
+// Says in the window what became of the export to `file`, an absolute path, until the next picture
+// is shown. An `error` of 0 is success; a button shows the file then, for which `opener`, which
+// outlives the window, may be needed.
+void showExportResult(MainWindow& window, UrlOpener& opener, const QString& file, int error);
+
+// Takes back that an export has failed, as another picture is shown.
+void forgetExport(MainWindow& window);
 
 }  // namespace pinorama

@@ -226,7 +226,7 @@ void PlaceActions::save(const std::string& path, const Export& exported)
 {
     const StringHolder title(cuCreateText(exported.pictureName));
     const bool isSaved = gpsSaveKML(path, exported.info, title.get());
-    showExportResult(window_, QFile::decodeName(path.c_str()), isSaved ? 0 : errno);
+    showExportResult(window_, opener_, QFile::decodeName(path.c_str()), isSaved ? 0 : errno);
 }
 
 void PlaceActions::flyGlobe()

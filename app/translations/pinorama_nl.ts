@@ -118,6 +118,16 @@
         <source>%1 could not be written: %2</source>
         <translation>%1 kon niet worden geschreven: %2</translation>
     </message>
+    <message>
+        <source>%1 was saved.</source>
+        <extracomment>%1 is the name of a file that was written</extracomment>
+        <translation>%1 is opgeslagen.</translation>
+    </message>
+    <message>
+        <source>Show in Fo&amp;lder</source>
+        <extracomment>A button: shows the file in the file manager</extracomment>
+        <translation>In &amp;map tonen</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::MainWindow</name>

@@ -1,7 +1,8 @@
-// What the window says when a place could not be saved.
+// What the window says when a place was saved, and when it could not be.
 
 #include "app/export_notice.h"
 
+#include "app/foot_line.h"
 #include "tests/app/controller_fixture.h"
 
 #include <QAccessible>
@@ -31,8 +32,13 @@ protected:
 
     void show(int error, const QString& file = kFile)
     {
-        pinorama::showExportResult(*controller.myWindow, file, error);
+        pinorama::showExportResult(*controller.myWindow, opener, file, error);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    std::string saved()
+    {
+        const auto* line = controller.myWindow->findChild<FootLine*>();
+        return line == nullptr || line->isHidden() ? "" : line->words().toStdString();
     }
     ExportNotice* notice() { return controller.myWindow->findChild<ExportNotice*>(); }
     std::string words()
@@ -72,7 +78,6 @@ TEST_F(showExportResult, saysWhatCouldNotBeWrittenAndWhy)
 
 TEST_F(showExportResult, goesWhenItIsDismissedAndWhenAnExportSucceeds)
 {
-    show(0);
     EXPECT_EQ(notice(), nullptr);
     show(ENOSPC);
     notice()->findChild<QPushButton*>(QStringLiteral("exportNoticeDismissButton"))->click();
@@ -81,6 +86,33 @@ TEST_F(showExportResult, goesWhenItIsDismissedAndWhenAnExportSucceeds)
     show(ENOSPC);
     show(0);
     EXPECT_EQ(notice(), nullptr);
+}
+
+TEST_F(showExportResult, goesWithTheNextPicture)
+{
+    for (const int error : {ENOSPC, 0}) {
+        show(error);
+        EXPECT_TRUE(showPicture("a.jpg", {.lat = 1, .latRef = "N", .lon = 2, .lonRef = "E"}));
+        EXPECT_TRUE(showPicture("b.jpg", {.lat = 1, .latRef = "N", .lon = 2, .lonRef = "E"}));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_EQ(notice(), nullptr);
+        EXPECT_EQ(saved(), "");
+    }
+}
+
+TEST_F(showExportResult, saysThatItWasSavedAndShowsTheFile)
+{
+    show(0);
+    EXPECT_EQ(saved(), "place.kml was saved.");
+    auto* button = controller.myWindow->findChild<QPushButton*>(QStringLiteral("footLineButton"));
+    ASSERT_NE(button, nullptr);
+    EXPECT_FALSE(button->isHidden());
+    EXPECT_EQ(button->text(), QLatin1String("Show in Fo&lder"));
+    button->click();  // without a session bus the folder is opened
+    EXPECT_TRUE(test::waitUntil([this] { return !opener.addresses.empty(); }));
+    EXPECT_EQ(opener.addresses, std::vector<std::string>{"file:///home/me/"});
+    show(ENOSPC);
+    EXPECT_EQ(saved(), "") << "the later one counts";
 }
 
 TEST_F(showExportResult, isReadOutAndTakesNoFocus)
@@ -125,7 +157,9 @@ TEST_F(showExportResult, speaksEveryLanguage)
             for (const char* english : {"the disk", "not allowed", "no such", "that name"})
                 EXPECT_EQ(words().find(english), std::string::npos) << words();
         }
-        QCoreApplication::removeTranslator(&translator);
         show(0);
+        EXPECT_EQ(saved().find("saved"), std::string::npos) << saved();
+        EXPECT_NE(saved().find("place.kml"), std::string::npos) << saved();
+        QCoreApplication::removeTranslator(&translator);
     }
 }
