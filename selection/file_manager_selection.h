@@ -9,6 +9,7 @@
 
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
@@ -24,12 +25,20 @@ public:
     // Returns the kind of a process, or null if it is no file manager. Tests pass their own.
     using KindOfProcess = std::function<const FileManagerKind*(pid_t)>;
 
-    explicit FileManagerSelection(KindOfProcess kindOfProcess = fileManagerKindOfProcess);
+    // How long selectedPaths() waits. The window has to answer its user meanwhile.
+    static constexpr std::chrono::milliseconds kPatience{40};
+
+    explicit FileManagerSelection(KindOfProcess kindOfProcess = fileManagerKindOfProcess,
+                                  std::chrono::milliseconds patience = kPatience);
     ~FileManagerSelection() override;
 
     // Needs an event loop between the calls, which finds the windows of the file managers. Two
     // seconds after the last call all connections but the one to the session bus close, and no file
     // manager is called any more.
+    //
+    // If a file manager takes longer than the patience lasts, it is asked in the event loop from
+    // then on until it is quick again: a call begins a question, and returns the answer to the one
+    // before unless the listener has heard it.
     std::vector<std::string> selectedPaths() override;
 
     bool isKnown() const override;

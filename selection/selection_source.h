@@ -18,12 +18,12 @@ public:
 
     // The selection of the file manager window that was active last: absolute paths in raw bytes,
     // in the order of the view; the path of a folder ends in a slash. Empty if nothing is selected,
-    // if no file manager replies, or if the deadline passes: 300 ms in all, however many calls it
-    // takes. Never throws, reports nothing.
+    // if no file manager replies, or if it takes too long: nobody waits longer for this than the
+    // window may keep its user waiting. Never throws, reports nothing.
     virtual std::vector<std::string> selectedPaths() = 0;
 
     // Whether the last selectedPaths() found out what is selected. If not, its empty result does
-    // not mean that nothing is: a file manager did not reply, or its window is still being read.
+    // not mean that nothing is: a file manager has not replied yet, or its window is still being read.
     virtual bool isKnown() const { return true; }
 
     // Receives the selection, as selectedPaths() returns it.

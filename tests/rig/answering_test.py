@@ -22,9 +22,6 @@ from window import Window
 
 BIN = os.path.abspath(sys.argv.pop(1)) if len(sys.argv) > 1 else sys.exit(__doc__)
 MAX_ANSWER = 100  # milliseconds
-# FIXME: the window waits for a file manager that does not reply (kSelectionDeadline), so that a screen
-# reader waits with it.
-MAX_WITH_STOPPED_MANAGER = 350  # milliseconds
 ATTEMPTS = 3
 ENOUGH = 20  # answers, for each kind of harm
 PATIENCE = 60  # seconds at most until there are so many
@@ -95,7 +92,7 @@ class AnsweringTest(unittest.TestCase):
         """Has the window show a file, without waiting for it."""
         self.session.call(*SERVICE, f"['file://{path}']", "{}")
 
-    def expectAnswers(self, harm, seconds=2, most=MAX_ANSWER):
+    def expectAnswers(self, harm, seconds=2):
         """Measures while `harm` is done and for a while after it. One attempt of three is enough: a machine
         may stall, and processes that the window starts then keep it, which nobody counts. What `harm`
         returns ends it."""
@@ -115,7 +112,7 @@ class AnsweringTest(unittest.TestCase):
             print(f"{self._testMethodName}: {count} answers, the longest after {own:.1f} ms "
                   f"({longest:.1f} ms with what the machine added)", flush=True)
             self.assertGreater(count, ENOUGH)
-            if own <= most:
+            if own <= MAX_ANSWER:
                 return
             self.show(self.good)
         self.fail(f"{own:.1f} ms for an answer")
@@ -181,8 +178,11 @@ class AnsweringTest(unittest.TestCase):
             self.show(self.good)
         self.expectAnswers(harm)
 
-    def testAFolderOfManyFiles(self):
-        folder = os.path.join(self.session.root, "many")
+    @classmethod
+    def folderOfManyFiles(cls):
+        folder = os.path.join(cls.session.root, "many")
+        if os.path.exists(folder):
+            return folder
         os.mkdir(folder)
         first = None
         for number in range(MANY):
@@ -192,14 +192,30 @@ class AnsweringTest(unittest.TestCase):
                 writePicture(path, 48.5, 11.5)
             else:
                 os.link(first, path)
+        return folder
+
+    def testAFolderOfManyFiles(self):
+        folder = self.folderOfManyFiles()
 
         def harm():
             for number in range(1, MANY, MANY // 10):
                 self.show(os.path.join(folder, f"{number}.jpg"))
         self.expectAnswers(harm)
 
+    def testAFileManagerThatShowsManyFiles(self):
+        follow = Follow(self.session, self.fileManager("caja", "thunar", "pcmanfm-qt"), None)
+        follow.open(self.folderOfManyFiles())
+        follow.switchView(follow.manager.firstView)
+
+        def harm():
+            for _ in range(10):
+                follow.desktop.keys("Home", *[follow.step] * 3)
+                time.sleep(1)
+        self.expectAnswers(harm, 5)
+        follow.kill()
+
     def testAFileManagerThatIsStopped(self):
-        follow = Follow(self.session, self.fileManager(), None)
+        follow = Follow(self.session, self.fileManager("pcmanfm-qt", "caja", "thunar", "nautilus"), None)
         follow.start()
         follow.desktop.keys("Home", follow.step, "Home")
         time.sleep(1)
@@ -208,12 +224,12 @@ class AnsweringTest(unittest.TestCase):
             os.kill(follow.process.pid, signal.SIGSTOP)
             self.show(self.good)
             return lambda: os.kill(follow.process.pid, signal.SIGCONT)
-        self.expectAnswers(harm, 6, MAX_WITH_STOPPED_MANAGER)
+        self.expectAnswers(harm, 6)
         follow.kill()
 
-    def fileManager(self):
-        """One that is installed and followed over the accessibility bus."""
-        for name in ("pcmanfm-qt", "caja", "thunar", "nautilus"):
+    def fileManager(self, *names):
+        """The first of them that is installed; all are followed over the accessibility bus."""
+        for name in names:
             manager = managerNamed(name)
             if shutil.which(manager.command[0]):
                 return manager

@@ -24,7 +24,7 @@ class Follow:
         self.desktop = desktop or Desktop(session)
         self.pictures = os.path.join(session.home.encode(), b"Bilder")
         self.other = os.path.join(self.pictures, b"Andere")
-        os.makedirs(self.other)
+        os.makedirs(self.other, exist_ok=True)
         self.places = {}  # path of a picture -> latitude and longitude
         self.names = [*NAMES, *([] if manager.isSince(manager.hidesMalformed) else [MALFORMED])]
         for number, name in enumerate(self.names):

@@ -11,6 +11,7 @@
 #include <QDeadlineTimer>
 
 #include <algorithm>
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -90,7 +91,9 @@ protected:
                              folder_.path(),
                              {QStringLiteral("0.jpg"), QStringLiteral("1.jpg"),
                               QStringLiteral("2.jpg"), QStringLiteral("3.jpg")}};
-    FileManagerSelection source_{[](pid_t) { return fileManagerKind("nemo"); }};
+    // Here a busy machine has more time than a user has patience.
+    FileManagerSelection source_{[](pid_t) { return fileManagerKind("nemo"); },
+                                 std::chrono::milliseconds(300)};
     std::vector<Paths> heard_;
     int calls_ = 0;                      // of selectedPaths()
     std::vector<std::string> received_;  // by the file manager
@@ -234,5 +237,48 @@ TEST_F(FileManagerSelectionTest, looksWhenAProgramRepliesAgain)
     manager_.setReplying(true);
     ASSERT_TRUE(test::waitUntil([&] { return !heard_.empty(); }));
     EXPECT_EQ(heard_.back(), Paths{picture(2)});
+}
+
+// It replies late, as one does that is busy, but it does reply.
+TEST_F(FileManagerSelectionTest, asksAheadWhileAProgramIsSlow)
+{
+    source_.setListener({});
+    manager_.pauseOnCall("1 GetState");
+    manager_.select({3});
+    (void)manager_.takeCalls();
+    EXPECT_EQ(source_.selectedPaths(), Paths());
+    EXPECT_FALSE(source_.isKnown());
+    EXPECT_TRUE(manager_.hasPaused());
+    manager_.setReplying(true);
+    const QDeadlineTimer limit(test::kPatience);
+    Paths found;
+    while (found.empty() && !limit.hasExpired()) {
+        test::goOnFor(40);
+        found = source_.selectedPaths();
+    }
+    EXPECT_EQ(found, Paths{picture(3)});
+    EXPECT_TRUE(source_.isKnown());
+}
+
+TEST_F(FileManagerSelectionTest, doesNotWaitAgainForAProgramThatDoesNotReply)
+{
+    using namespace std::chrono_literals;
+    constexpr auto kLong = 1500ms;  // a busy machine takes less for what does not wait
+    FileManagerSelection source([](pid_t) { return fileManagerKind("nemo"); }, kLong);
+    const QDeadlineTimer limit(test::kPatience);
+    while (source.selectedPaths() != Paths{picture(0)} && !limit.hasExpired()) test::goOnFor(40);
+    manager_.setReplying(false);
+    const auto timeOfACall = [&] {
+        const Clock::time_point begin = Clock::now();
+        EXPECT_EQ(source.selectedPaths(), Paths());
+        return Clock::now() - begin;
+    };
+    EXPECT_GE(timeOfACall(), kLong / 2);
+    for (int i = 0; i < 8; i++) {
+        test::goOnFor(100);
+        EXPECT_LT(timeOfACall(), kLong / 2) << i;
+    }
+    manager_.setReplying(true);
+    EXPECT_TRUE(findsTheFirst());
 }
 }  // namespace
