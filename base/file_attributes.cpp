@@ -22,16 +22,26 @@ std::optional<FileAttributes> attributesAt(int descriptor, const char* path, int
     if ((found.stx_mask & STATX_BTIME) != 0) attributes.created = found.stx_btime.tv_sec;
     return attributes;
 }
-}  // namespace
 
-std::optional<FileAttributes> attributesOf(const std::string& path)
+std::optional<FileAttributes> attributesOfPath(const std::string& path, int flags)
 {
     // A path with a NUL in it names nothing, and is not the path in front of the NUL either.
     if (path.find('\0') != std::string::npos) {
         errno = ENOENT;
         return std::nullopt;
     }
-    return attributesAt(AT_FDCWD, path.c_str(), 0);
+    return attributesAt(AT_FDCWD, path.c_str(), flags);
+}
+}  // namespace
+
+std::optional<FileAttributes> attributesOf(const std::string& path)
+{
+    return attributesOfPath(path, 0);
+}
+
+std::optional<FileAttributes> attributesOfItself(const std::string& path)
+{
+    return attributesOfPath(path, AT_SYMLINK_NOFOLLOW);
 }
 
 std::optional<FileAttributes> attributesOf(int descriptor)

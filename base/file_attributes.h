@@ -22,6 +22,9 @@ struct FileAttributes {
 // such item or it cannot be looked at; errno says why.
 std::optional<FileAttributes> attributesOf(const std::string& path);
 
+// The same of what is itself at `path`: of a symbolic link those of the link.
+std::optional<FileAttributes> attributesOfItself(const std::string& path);
+
 // The attributes of what is open under a descriptor.
 std::optional<FileAttributes> attributesOf(int descriptor);
 

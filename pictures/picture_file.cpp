@@ -4,6 +4,7 @@
 #include <climits>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace pinorama {
@@ -25,15 +26,41 @@ DescriptorHolder openItem(const DescriptorHolder& item, const std::string& path)
 }  // namespace
 
 // Opening alone can do something: a pipe's writer goes on and loses what it writes, a tape rewinds,
-// a board on a serial port starts again. So the item is looked at first, through a descriptor that
-// does not open it (O_PATH), and that descriptor is then opened: an item never changes its kind.
+// a board on a serial port starts again. So the item is looked at first, and opened only if it is a
+// regular file.
+//
+// Somebody may put something else in its place between the two. For a file that is no link that is
+// a pipe at worst, of somebody who may write into the folder and wants it to be opened: nobody else
+// makes devices, and no link is followed. Through a link any device could be reached. There the
+// item is looked at through a descriptor that does not open it (O_PATH), and that descriptor is
+// then opened: an item never changes its kind.
 PictureFile::PictureFile(const std::string& path)
 {
-    // A zero byte would silently name another file.
-    if (path.find('\0') != std::string::npos) {
-        error_ = ENOENT;
+    const std::optional<FileAttributes> seen = attributesOfItself(path);
+    if (!seen) {
+        error_ = errno;
         return;
     }
+    if (!seen->isRegular && !S_ISLNK(seen->type)) {
+        item_ = seen;
+        return;
+    }
+    if (seen->isRegular && openPlainFile(path)) return;
+    openAnyFile(path);
+}
+
+bool PictureFile::openPlainFile(const std::string& path)
+{
+    DescriptorHolder file(openDescriptor(path.c_str(), O_RDONLY | O_NOFOLLOW));
+    const auto attributes = file ? attributesOf(file.get()) : std::nullopt;
+    if (!attributes || !attributes->isRegular) return false;
+    descriptor_ = std::move(file);
+    item_ = attributes;
+    return true;
+}
+
+void PictureFile::openAnyFile(const std::string& path)
+{
     const DescriptorHolder item(openDescriptor(path.c_str(), O_PATH));
     if (item) item_ = attributesOf(item.get());
     if (item_ && !item_->isRegular) return;

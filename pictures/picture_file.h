@@ -52,6 +52,9 @@ public:
     std::string realPath() const;
 
 private:
+    bool openPlainFile(const std::string& path);
+    void openAnyFile(const std::string& path);
+
     DescriptorHolder descriptor_;
     std::optional<FileAttributes> item_;
     int error_ = 0;

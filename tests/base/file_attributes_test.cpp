@@ -7,6 +7,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <ctime>
 
 using namespace pinorama;
@@ -48,6 +49,21 @@ TEST(attributesOf, givesTheSameForAnOpenFile)
         close(descriptor);
     }
     EXPECT_EQ(attributesOf(-1), std::nullopt);
+}
+
+TEST(attributesOfItself, looksAtALinkAndNotAtItsEnd)
+{
+    const test::TemporaryFolder folder;
+    const std::string file = folder.write("a", "12345");
+    const std::string link = folder.file("b");
+    ASSERT_EQ(symlink("a", link.c_str()), 0);
+    EXPECT_EQ(attributesOfItself(file), attributesOf(file));
+    EXPECT_EQ(attributesOfItself(link)->type, static_cast<std::uint32_t>(S_IFLNK));
+    EXPECT_FALSE(attributesOfItself(link)->isRegular);
+    EXPECT_EQ(attributesOfItself(folder.file("none")), std::nullopt);
+    EXPECT_EQ(errno, ENOENT);
+    EXPECT_EQ(attributesOfItself(std::string("a\0b", 3)), std::nullopt);
+    EXPECT_EQ(errno, ENOENT);
 }
 
 TEST(attributesOf, doesNotWaitForAPipe)
