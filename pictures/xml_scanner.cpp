@@ -2,13 +2,33 @@
 
 #include <charconv>
 #include <cstdint>
+#include <iterator>
+#include <list>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace pinorama {
 namespace {
-constexpr std::string_view kBlanks = " \t\r\n";
-constexpr std::string_view kNameEnds = " \t\r\n/>=\"'<&";
+// What a byte of the document is. Packets are read while somebody waits, so that each of their
+// bytes is looked up and none is compared with several.
+struct ByteKinds {
+    bool isBlank[256] = {};
+    bool endsName[256] = {};
+
+    constexpr ByteKinds()
+    {
+        for (const char byte : std::string_view(" \t\r\n")) {
+            isBlank[static_cast<std::uint8_t>(byte)] = true;
+            endsName[static_cast<std::uint8_t>(byte)] = true;
+        }
+        // No name has a zero byte in it, and nothing that follows one is read.
+        for (const char byte : std::string_view("/>=\"'<&\0", 8)) {
+            endsName[static_cast<std::uint8_t>(byte)] = true;
+        }
+    }
+};
+constexpr ByteKinds kKinds;
 constexpr std::string_view kXmlSpace = "http://www.w3.org/XML/1998/namespace";
 
 void appendUTF8(std::uint32_t character, std::string& out)
@@ -95,13 +115,13 @@ QualifiedName split(std::string_view name)
 // A prefix that stands for a namespace, within the elements at `depth` and below.
 struct Binding {
     std::string_view prefix;
-    std::string space;
+    std::string_view space;
     std::size_t depth;
 };
 
 struct RawAttribute {
     std::string_view name;
-    std::string value;
+    std::string_view value;
 };
 
 class Scanner {
@@ -143,10 +163,10 @@ private:
         const std::string_view raw = rest_.substr(0, length);
         rest_.remove_prefix(length);
         if (open_.empty()) return true;  // a byte-order mark, blanks
-        std::string text;
-        if (!appendResolved(raw, text)) return false;
-        handler_.text(text);
-        return true;
+        resolved_.clear();
+        const std::optional<std::string_view> text = resolve(raw);
+        if (text) handler_.text(*text);
+        return text.has_value();
     }
 
     bool takeLiteral()
@@ -192,6 +212,7 @@ private:
     bool takeAttributes()
     {
         attributes_.clear();
+        resolved_.clear();
         while (true) {
             skipBlanks();
             if (rest_.empty()) return false;
@@ -200,41 +221,59 @@ private:
             skipBlanks();
             if (name.empty() || !take('=')) return false;
             skipBlanks();
-            std::optional<std::string> value = takeValue();
+            const std::optional<std::string_view> value = takeValue();
             if (!value || attributes_.size() >= XmlLimits::kAttributes) return false;
             const bool isDefault = name == "xmlns";
             if (isDefault || name.starts_with("xmlns:")) {
                 const std::string_view prefix = isDefault ? std::string_view() : name.substr(6);
                 if (value->size() > XmlLimits::kNameLength) return false;
                 if (bindings_.size() >= XmlLimits::kPrefixes) return false;
-                bindings_.push_back({prefix, *std::move(value), open_.size()});
+                bindings_.push_back({prefix, kept(*value), open_.size()});
             } else {
-                attributes_.push_back({name, *std::move(value)});
+                attributes_.push_back({name, *value});
             }
         }
     }
 
-    std::optional<std::string> takeValue()
+    std::optional<std::string_view> takeValue()
     {
         if (rest_.empty() || (rest_[0] != '"' && rest_[0] != '\'')) return std::nullopt;
         const std::size_t end = rest_.find(rest_[0], 1);
         if (end == rest_.npos) return std::nullopt;
         const std::string_view raw = rest_.substr(1, end - 1);
         rest_.remove_prefix(end + 1);
-        if (raw.find_first_of(std::string_view("<\0", 2)) != raw.npos) return std::nullopt;
-        std::string value;
-        if (!appendResolved(raw, value)) return std::nullopt;
-        return value;
+        if (raw.find('<') != raw.npos || raw.find('\0') != raw.npos) return std::nullopt;
+        return resolve(raw);
+    }
+
+    // `raw` with its references resolved: itself if there are none, else what stays until the next
+    // tag or text.
+    std::optional<std::string_view> resolve(std::string_view raw)
+    {
+        if (raw.find('&') == raw.npos) return raw;
+        resolved_.emplace_back();
+        if (!appendResolved(raw, resolved_.back())) return std::nullopt;
+        return resolved_.back();
+    }
+
+    // A value for longer than until the next tag.
+    std::string_view kept(std::string_view value)
+    {
+        const bool isResolved = !resolved_.empty() && value.data() == resolved_.back().data();
+        if (!isResolved) return value;  // of the document
+        spaces_.splice(spaces_.end(), resolved_, std::prev(resolved_.end()));
+        return spaces_.back();
     }
 
     // Empty for no name, or one that is too long.
     std::string_view takeName()
     {
-        const std::size_t end = rest_.find_first_of(kNameEnds);
-        if (end == rest_.npos || end > XmlLimits::kNameLength) return {};
+        std::size_t end = 0;
+        while (end < rest_.size() && !kKinds.endsName[static_cast<std::uint8_t>(rest_[end])]) end++;
+        if (end == rest_.size() || end > XmlLimits::kNameLength || rest_[end] == '\0') return {};
         const std::string_view name = rest_.substr(0, end);
         rest_.remove_prefix(end);
-        return name.find('\0') == name.npos ? name : std::string_view();
+        return name;
     }
 
     bool take(char character)
@@ -246,8 +285,9 @@ private:
 
     void skipBlanks()
     {
-        const std::size_t end = rest_.find_first_not_of(kBlanks);
-        rest_.remove_prefix(end == rest_.npos ? rest_.size() : end);
+        std::size_t end = 0;
+        while (end < rest_.size() && kKinds.isBlank[static_cast<std::uint8_t>(rest_[end])]) end++;
+        rest_.remove_prefix(end);
     }
 
     std::optional<std::string_view> spaceOf(std::string_view prefix) const
@@ -265,17 +305,17 @@ private:
         const QualifiedName element = split(name);
         const auto space = spaceOf(element.prefix);
         if (!space) return false;
-        std::vector<XmlAttribute> attributes;
-        for (RawAttribute& raw : attributes_) {
+        reported_.clear();
+        for (const RawAttribute& raw : attributes_) {
             const QualifiedName attribute = split(raw.name);
             // The default namespace is not that of attributes.
             const auto attributeSpace = attribute.prefix.empty()
                                             ? std::optional<std::string_view>("")
                                             : spaceOf(attribute.prefix);
             if (!attributeSpace) return false;
-            attributes.push_back({{*attributeSpace, attribute.local}, std::move(raw.value)});
+            reported_.push_back({{*attributeSpace, attribute.local}, raw.value});
         }
-        handler_.startElement({*space, element.local}, attributes);
+        handler_.startElement({*space, element.local}, reported_);
         return true;
     }
 
@@ -290,6 +330,9 @@ private:
     std::vector<std::string_view> open_;  // the names of the elements around this place
     std::vector<Binding> bindings_;
     std::vector<RawAttribute> attributes_;  // of the tag that is being read
+    std::vector<XmlAttribute> reported_;    // the same in their namespaces
+    std::list<std::string> spaces_;         // namespaces that had references
+    std::list<std::string> resolved_;       // values of them, or a text, that had references
     bool hasBegun_ = false;
 };
 }  // namespace

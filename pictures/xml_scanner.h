@@ -6,7 +6,6 @@
 
 #include <cstddef>
 #include <span>
-#include <string>
 #include <string_view>
 
 namespace pinorama {
@@ -28,7 +27,7 @@ struct XmlName {
 
 struct XmlAttribute {
     XmlName name;
-    std::string value;  // its entities resolved
+    std::string_view value;  // its entities resolved
 };
 
 // Receives what is read. Views are borrowed for the call.

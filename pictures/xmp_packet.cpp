@@ -72,8 +72,13 @@ constexpr struct {
 
 Property propertyOf(const XmlName& name)
 {
+    // A packet of a photographer's program has hundreds of names that nobody asks for.
+    constexpr std::string_view kFirstLetters = "GCSdLP";
+    if (name.local.empty() || kFirstLetters.find(name.local[0]) == kFirstLetters.npos) {
+        return Property::other;
+    }
     for (const auto& known : kProperties) {
-        if (known.space == name.space && known.local == name.local) return known.property;
+        if (known.local == name.local && known.space == name.space) return known.property;
     }
     return Property::other;
 }
@@ -123,14 +128,18 @@ public:
             if (space == kXml && attribute.name.local == "lang") {
                 elements_.back().language = attribute.value;
             }
-            if (space.empty() || space == kXml || space == kRdf) continue;
-            path_.push_back(propertyOf(attribute.name));
+            const Property property = propertyOf(attribute.name);
+            if (property >= Property::count) continue;
+            path_.push_back(property);
             take(attribute.value, {});
             path_.pop_back();
         }
     }
 
-    void text(std::string_view text) override { text_ += text; }
+    void text(std::string_view text) override
+    {
+        if (!path_.empty() && path_.back() < Property::count) text_ += text;
+    }
 
     void endElement() override
     {
@@ -200,12 +209,13 @@ std::string bytesOf(const ByteBlock& packet)
 {
     std::string bytes;
     const std::uint64_t end = std::min(packet.length(), kMaxXmpLength);
+    bytes.reserve(static_cast<std::size_t>(std::min<std::uint64_t>(end, kMaxViewLength)));
     while (bytes.size() < end) {
         const auto wanted = std::min<std::uint64_t>(end - bytes.size(), kMaxViewLength);
         const ByteView view = packet.view(bytes.size(), static_cast<std::size_t>(wanted));
         if (view.empty()) break;
         const std::size_t before = bytes.size();
-        bytes.append(view.begin(), view.end());
+        bytes.append(reinterpret_cast<const char*>(view.data()), view.size());
         // Packets are padded, and some are followed by other things.
         if (bytes.find("<?xpacket end", before) != bytes.npos) break;
     }

@@ -14,7 +14,7 @@ public:
     {
         written += "<" + nameOf(name);
         for (const XmlAttribute& attribute : attributes) {
-            written += " " + nameOf(attribute.name) + "=" + attribute.value;
+            written += " " + nameOf(attribute.name) + "=" + std::string(attribute.value);
         }
         written += ">";
     }
