@@ -70,6 +70,8 @@ void writeMoreSeeds(const Writer& writer)
         writer.write(fuzzer, name, bytes);
         writer.write("fuzz_more_properties", name, bytes);
     };
+    write("fuzz_tiff", "big", test::bigTiffFile(test::ByteOrder::little, 18, xmp));
+    write("fuzz_tiff", "big-mm", test::bigTiffFile(test::ByteOrder::big, 4, xmp));
     const test::HeifItem exif{"Exif", test::heifExif(tiff)};
     const test::HeifItem mime{"mime", xmp, "application/rdf+xml"};
     write("fuzz_iso_media", "heic", test::heifFile({.items = {exif, mime}}));

@@ -38,4 +38,11 @@ inline std::uint32_t read32(ByteOrder order, const std::uint8_t* bytes)
     return order == ByteOrder::big ? bigEndian32(bytes) : littleEndian32(bytes);
 }
 
+inline std::uint64_t read64(ByteOrder order, const std::uint8_t* bytes)
+{
+    const std::uint64_t first = read32(order, bytes);
+    const std::uint64_t second = read32(order, bytes + 4);
+    return order == ByteOrder::big ? first << 32 | second : second << 32 | first;
+}
+
 }  // namespace pinorama

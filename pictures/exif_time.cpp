@@ -72,7 +72,7 @@ std::optional<std::int64_t> clockNumber(const TiffBlock& tiff, const std::uint8_
     return numerator / denominator;
 }
 
-std::optional<std::int64_t> gpsSeconds(const TiffBlock& tiff, std::uint32_t offset)
+std::optional<std::int64_t> gpsSeconds(const TiffBlock& tiff, std::uint64_t offset)
 {
     TiffEntry entries[] = {{kGpsTimeStamp}, {kGpsDateStamp}};
     tiff.findEntries(offset, entries);
@@ -98,8 +98,8 @@ std::optional<std::int64_t> offsetOf(const TiffEntry& entry)
 }
 }  // namespace
 
-void readExifTime(const TiffBlock& tiff, std::optional<std::uint32_t> exif,
-                  std::optional<std::uint32_t> gps, PictureProperties& properties)
+void readExifTime(const TiffBlock& tiff, std::optional<std::uint64_t> exif,
+                  std::optional<std::uint64_t> gps, PictureProperties& properties)
 {
     TiffEntry entries[] = {{kDateTimeOriginal}, {kOffsetTimeOriginal}};
     if (exif) tiff.findEntries(*exif, entries);

@@ -20,7 +20,7 @@ namespace pinorama {
 // A time that no clock shows, such as the "0000:00:00 00:00:00" of a camera whose clock was never
 // set, counts as absent, and so does a time of satellites before there were any. Fractions of a
 // second are dropped. Source: Exif 2.32, 4.6.5 and 4.6.6.
-void readExifTime(const TiffBlock& tiff, std::optional<std::uint32_t> exif,
-                  std::optional<std::uint32_t> gps, PictureProperties& properties);
+void readExifTime(const TiffBlock& tiff, std::optional<std::uint64_t> exif,
+                  std::optional<std::uint64_t> gps, PictureProperties& properties);
 
 }  // namespace pinorama

@@ -47,10 +47,10 @@ ByteBlock readTiffImage(const TiffBlock& tiff, PictureProperties& properties)
     enum { iptc, exif, gps, xmp };
     TiffEntry entries[] = {{kIptcTag}, {kExifTag}, {kGpsTag}, {kXmpTag}};
     tiff.findEntries(tiff.firstDirectory(), entries);
-    if (const auto offset = tiff.integerOf(entries[gps])) {
+    if (const auto offset = tiff.directoryOf(entries[gps])) {
         readGpsDirectory(tiff, *offset, properties);
     }
-    readExifTime(tiff, tiff.integerOf(entries[exif]), tiff.integerOf(entries[gps]), properties);
+    readExifTime(tiff, tiff.directoryOf(entries[exif]), tiff.directoryOf(entries[gps]), properties);
     // What the Photoshop resources of a JPEG picture say comes first.
     if (!properties.hasIptc) readIptcRecord(entries[iptc].value, properties);
     return entries[xmp].value;

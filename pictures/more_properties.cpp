@@ -100,6 +100,8 @@ std::optional<Reading> readFile(const ByteBlock& file)
         reading.takeTiff(findMrwTiff(file));
     } else if (TiffBlock::open(file)) {
         reading.takeTiff(file);
+    } else if (const auto bigTiff = TiffBlock::openBig(file)) {
+        reading.xmp = readTiffImage(*bigTiff, reading.properties);
     } else if (!isCrw(file)) {
         return std::nullopt;
     }

@@ -13,8 +13,8 @@
 namespace pinorama {
 
 // Reads the properties of a picture or a video. What kind of file it is is decided by its first
-// bytes: everything that readPictureProperties reads, HEIC, HEIF, AVIF, CR3, JPEG XL, MOV, MP4,
-// X3F, PNG, WebP, GIF, PSD, and a file that is XMP itself, which is what a sidecar is.
+// bytes: everything that readPictureProperties reads, BigTIFF, HEIC, HEIF, AVIF, CR3, JPEG XL, MOV,
+// MP4, X3F, PNG, WebP, GIF, PSD, and a file that is XMP itself, which is what a sidecar is.
 //
 //   language  of the user, see readXmp.
 //

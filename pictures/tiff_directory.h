@@ -22,8 +22,10 @@ enum class TiffType : std::uint16_t {
     undefined = 7,
     signedLongInteger = 9,
     signedRational = 10,
-    directory = 13,  // a long integer that points to a directory
-    utf8 = 129,      // text, since Exif 3.0
+    directory = 13,    // a long integer that points to a directory
+    hugeInteger = 16,  // of 8 bytes, in BigTIFF
+    hugeDirectory = 18,
+    utf8 = 129,  // text, since Exif 3.0
 };
 
 // One value of a directory. Set `tag` before asking for it.
@@ -41,8 +43,13 @@ public:
     // Olympus' "IIRO", "IIRS" and "MMOR" and Panasonic's "IIU\0".
     static std::optional<TiffBlock> open(const ByteBlock& block);
 
+    // The same for BigTIFF, whose offsets and counts have 8 bytes: "II+\0" and "MM\0+".
+    // Source: BigTIFF as libtiff 4 writes it,
+    // https://libtiff.gitlab.io/libtiff/specification/bigtiff.html
+    static std::optional<TiffBlock> openBig(const ByteBlock& block);
+
     ByteOrder order() const { return order_; }
-    std::uint32_t firstDirectory() const { return firstDirectory_; }
+    std::uint64_t firstDirectory() const { return firstDirectory_; }
 
     // Looks the `wanted` tags up in the directory at `offset`. The first of several entries of one
     // tag counts. Returns the number of entries that the directory has, 0 when it lies outside the
@@ -53,9 +60,12 @@ public:
     // A signed number is taken by its bits: some programs write the pointer to a directory so.
     std::optional<std::uint32_t> integerOf(const TiffEntry& entry) const;
 
+    // The same where it is the offset of a directory, which may have 8 bytes.
+    std::optional<std::uint64_t> directoryOf(const TiffEntry& entry) const;
+
 private:
-    TiffBlock(const ByteBlock& block, ByteOrder order, std::uint32_t firstDirectory)
-        : block_(block), order_(order), firstDirectory_(firstDirectory)
+    TiffBlock(const ByteBlock& block, ByteOrder order, std::uint64_t firstDirectory, bool isBig)
+        : block_(block), order_(order), firstDirectory_(firstDirectory), isBig_(isBig)
     {
     }
 
@@ -63,7 +73,8 @@ private:
 
     ByteBlock block_;
     ByteOrder order_;
-    std::uint32_t firstDirectory_;
+    std::uint64_t firstDirectory_;
+    bool isBig_;
 };
 
 }  // namespace pinorama

@@ -175,6 +175,29 @@ TEST(readMoreProperties, refusesWhatIsNoneOfThem)
     }
 }
 
+TEST(readMoreProperties, readsBigTiff)
+{
+    const std::string xmp = test::xmpPacket("photoshop:City='Rome'");
+    for (const test::ByteOrder order : {test::ByteOrder::little, test::ByteOrder::big}) {
+        for (const int pointerType : {4, 13, 16, 18}) {
+            SCOPED_TRACE(pointerType);
+            const std::string file = test::bigTiffFile(order, pointerType, xmp);
+            const auto properties = readMore(file);
+            ASSERT_TRUE(properties);
+            EXPECT_EQ(properties->latitude, 48.5);
+            EXPECT_EQ(properties->latitudeReference, u"N");
+            EXPECT_EQ(properties->longitude, 2.25);
+            EXPECT_EQ(properties->longitudeReference, u"E");
+            EXPECT_EQ(properties->city, u"Rome");
+
+            MemoryByteSource source(test::viewOf(file));
+            EXPECT_FALSE(readPictureProperties(source)) << "only where somebody asks for more";
+            for (std::size_t size = 0; size < file.size(); size++)
+                (void)readMore(file.substr(0, size));
+        }
+    }
+}
+
 TEST(readMoreProperties, readsOnlyTheStartOfAnyOtherFile)
 {
     const test::TemporaryFolder folder;

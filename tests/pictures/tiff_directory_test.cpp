@@ -37,6 +37,46 @@ TEST(TiffBlock_open, acceptsTheKnownHeaders)
     }
 }
 
+TEST(TiffBlock_openBig, acceptsItsOwnHeaderOnly)
+{
+    const struct {
+        const char* name;
+        std::string header;
+        bool isBig;
+    } rows[] = {
+        {"little-endian", "II+\0\x8\0\0\0\x10\0\0\0\0\0\0\0"s, true},
+        {"big-endian", "MM\0+\0\x8\0\0\0\0\0\0\0\0\0\x10"s, true},
+        {"TIFF", "II*\0\x8\0\0\0\x10\0\0\0\0\0\0\0"s, false},
+        {"offsets of another size", "II+\0\x10\0\0\0\x10\0\0\0\0\0\0\0"s, false},
+        {"something after it", "II+\0\x8\0\x1\0\x10\0\0\0\0\0\0\0"s, false},
+        {"mixed byte orders", "IM+\0\x8\0\0\0\x10\0\0\0\0\0\0\0"s, false},
+        {"cut", "II+\0\x8\0\0\0\x10\0\0\0\0\0\0"s, false},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        MemoryByteSource source(viewOf(row.header));
+        EXPECT_EQ(TiffBlock::openBig(ByteBlock(source)).has_value(), row.isBig);
+        EXPECT_FALSE(row.isBig && TiffBlock::open(ByteBlock(source)).has_value());
+    }
+}
+
+TEST(TiffBlock_findEntries, claimsOfBigTiffTakeNoMoreThanThereIs)
+{
+    const std::string header = "II+\0\x8\0\0\0\x10\0\0\0\0\0\0\0"s;
+    const std::string entry =
+        "\x25\x88\x12\0\xff\xff\xff\xff\xff\xff\xff\xff\xff\xff\xff\xff\xff\xff\xff\xff"s;
+    const std::string bytes = header + std::string(8, '\xff') + entry;
+    MemoryByteSource source(viewOf(bytes));
+    const auto tiff = TiffBlock::openBig(ByteBlock(source));
+    ASSERT_TRUE(tiff);
+    TiffEntry entries[] = {{0x8825}};
+    EXPECT_EQ(tiff->findEntries(tiff->firstDirectory(), entries), 1u);
+    EXPECT_EQ(entries[0].count, UINT32_MAX);
+    EXPECT_TRUE(entries[0].value.isEmpty());
+    EXPECT_EQ(tiff->directoryOf(entries[0]), std::nullopt);
+    EXPECT_EQ(tiff->findEntries(UINT64_MAX, entries), 0u);
+}
+
 TEST(TiffBlock_findEntries, findsValuesInsideAndOutsideTheEntry)
 {
     for (const test::ByteOrder order : {test::ByteOrder::little, test::ByteOrder::big}) {

@@ -170,6 +170,40 @@ std::string test::cr3File(std::string_view tiff, std::string_view gpsTiff, std::
            isoBox("uuid", adobe + str(xmp)) + isoBox("mdat", "raw data");
 }
 
+std::string test::bigTiffFile(pinorama::ByteOrder order, int pointerType, std::string_view xmp)
+{
+    const auto half = [order](std::size_t value) {
+        return bytes16(order, static_cast<std::uint16_t>(value));
+    };
+    const auto wide = [order](std::uint64_t value) {
+        const std::string low = bytes32(order, static_cast<std::uint32_t>(value));
+        const std::string high = bytes32(order, static_cast<std::uint32_t>(value >> 32));
+        return order == ByteOrder::big ? high + low : low + high;
+    };
+    // Values of up to eight bytes stand in the entry.
+    const auto entry = [&](std::size_t tag, std::size_t type, std::uint64_t count,
+                           std::string value) {
+        value.resize(8);
+        return half(tag) + half(type) + wide(count) + value;
+    };
+    const auto degrees = [order](std::uint32_t whole, std::uint32_t minutes) {
+        return bytes32(order, whole) + bytes32(order, 1) + bytes32(order, minutes) +
+               bytes32(order, 1) + bytes32(order, 0) + bytes32(order, 1);
+    };
+    constexpr std::size_t kFirst = 16;
+    constexpr std::size_t kGps = kFirst + 8 + 2 * 20 + 8;
+    constexpr std::size_t kValues = kGps + 8 + 4 * 20 + 8;
+    constexpr std::size_t kLatitudeSize = 24;
+    const bool isShort = pointerType == 4 || pointerType == 13;
+    const std::string pointer = isShort ? bytes32(order, kGps) : wide(kGps);
+    return (order == ByteOrder::big ? "MM" : "II") + half(43) + half(8) + half(0) + wide(kFirst) +
+           wide(2) + entry(0x02bc, 1, xmp.size(), wide(kValues + 2 * kLatitudeSize)) +
+           entry(0x8825, static_cast<std::size_t>(pointerType), 1, pointer) + wide(0) +  //
+           wide(4) + entry(1, 2, 2, "N") + entry(2, 5, 3, wide(kValues)) + entry(3, 2, 2, "E") +
+           entry(4, 5, 3, wide(kValues + kLatitudeSize)) + wide(0) +  //
+           degrees(48, 30) + degrees(2, 15) + str(xmp);
+}
+
 std::string test::jxlFile(std::string_view tiff, std::string_view xmp)
 {
     return isoBox("JXL ", "\x0d\x0a\x87\x0a") + isoBox("ftyp", "jxl \0\0\0\0jxl "s) +

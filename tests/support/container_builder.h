@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "pictures/byte_order.h"
+
 namespace test {
 
 // Whole numbers, most significant byte first.
@@ -57,6 +59,10 @@ std::string placeAsLoci(double latitude, double longitude, double altitude,
 
 // A CR3 file with TIFF blocks in the boxes CMT1 and CMT4, and an XMP packet.
 std::string cr3File(std::string_view tiff, std::string_view gpsTiff, std::string_view xmp);
+
+// A BigTIFF file with a GPS directory of 48.5 north and 2.25 east, and an XMP packet. The pointer
+// to the directory has the type `pointerType`: 4, 13, 16 or 18.
+std::string bigTiffFile(pinorama::ByteOrder order, int pointerType, std::string_view xmp);
 
 // JPEG XL in a container.
 std::string jxlFile(std::string_view tiff, std::string_view xmp);
