@@ -11,6 +11,7 @@
 #include "app/main_window.h"
 #include "app/menu_bar.h"
 #include "app/translations.h"
+#include "desktop/url_opener.h"
 #include "lib/files/path_text.h"
 #include "lib/objects/object_holder.h"
 #include "selection/accessibility_advice.h"
@@ -101,7 +102,8 @@ void addNotices(Gallery& gallery, AppController& controller)
         gallery.add(state == 0 ? controller.myWindow : static_cast<QWidget*>(notice));
         delete notice;
     }
-    showExportResult(*controller.myWindow, QStringLiteral("/tmp/place.kml"), EACCES);
+    DesktopUrlOpener opener;
+    showExportResult(*controller.myWindow, opener, QStringLiteral("/tmp/place.kml"), EACCES);
     auto* failure = controller.myWindow->findChild<ExportNotice*>();
     gallery.add(failure);
     delete failure;
