@@ -10,6 +10,9 @@ using namespace std::chrono_literals;
 
 // A window that takes longer to read is read in the event loop, so that our own stays responsive.
 constexpr auto kMaxReadTime = 60ms;
+
+// A look lets the event loop run while it waits, but the next call of selectedPaths() cancels it.
+constexpr auto kMaxLookTime = 150ms;
 }  // namespace
 
 AccessibilitySelection::AccessibilitySelection(FrameTracker& tracker) : tracker_(tracker) {}
@@ -42,7 +45,7 @@ Task<std::optional<std::vector<std::string>>> AccessibilitySelection::pathsIn(DB
     tracker_.revalidateAlong(frame);
     if (!frame->isStale() && !tracker_.hasRevalidated(frame)) co_await frame->revalidate(query);
     if (frame->isStale()) {
-        if (frame->cost() > kMaxReadTime) {
+        if (frame->cost() > (query.runsInEventLoop() ? kMaxLookTime : kMaxReadTime)) {
             tracker_.readInEventLoop(frame);
             co_return std::nullopt;
         }

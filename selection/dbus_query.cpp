@@ -17,6 +17,13 @@ bool lacksReply(const QDBusPendingCall& call)
 {
     return !call.isFinished() || QDBusError(call.reply()).type() == QDBusError::NoReply;
 }
+
+bool isSame(const DBusQuery::Call& a, const QDBusConnection& bus, const QDBusMessage& b)
+{
+    return a.message.path() == b.path() && a.message.member() == b.member() &&
+           a.message.interface() == b.interface() && a.message.service() == b.service() &&
+           a.message.arguments() == b.arguments() && a.bus.name() == bus.name();
+}
 }  // namespace
 
 DBusQuery::DBusQuery(const QDBusConnection& bus, std::chrono::milliseconds timeout)
@@ -96,6 +103,7 @@ bool DBusQuery::hasAllReplies() const
 void DBusQuery::wait(std::coroutine_handle<> waiting)
 {
     waiting_ = waiting;
+    roundTrips_++;
     if (runsInEventLoop_) watchCalls();
 }
 
@@ -103,23 +111,83 @@ std::vector<QDBusMessage> DBusQuery::takeReplies()
 {
     std::vector<QDBusMessage> replies;
     replies.reserve(calls_.size());
-    for (const PendingCall& call : calls_) replies.push_back(call.pending.reply());
+    for (const PendingCall& call : calls_) {
+        if (call.ahead) {
+            keepReplySentAhead(call);
+        } else {
+            replies.push_back(call.pending.reply());
+        }
+    }
     calls_.clear();
     return replies;
 }
 
 const QDBusMessage& DBusQuery::takeReply()
 {
-    reply_ = calls_.front().pending.reply();
-    calls_.clear();
+    const std::vector<QDBusMessage> replies = takeReplies();
+    reply_ = replies.front();
     return reply_;
+}
+
+void DBusQuery::keepReplySentAhead(const PendingCall& call)
+{
+    // Whether it replies at all is found out by calls that somebody waits for on purpose.
+    if (call.ahead && !lacksReply(call.pending))
+        known_.push_back({*call.ahead, call.pending.reply()});
 }
 
 void DBusQuery::send(const QDBusConnection& bus, const QDBusMessage& call)
 {
+    if (noted_.size() < kMaxNotedCalls) noted_.push_back({bus, call});
+    const auto ahead = takeCallSentAhead(bus, call);
+    calls_.push_back({call.service(), ahead ? *ahead : startCall(bus, call)});
+}
+
+std::optional<QDBusPendingCall> DBusQuery::takeCallSentAhead(const QDBusConnection& bus,
+                                                             const QDBusMessage& call)
+{
+    std::optional<QDBusPendingCall> found;
+    const auto known = std::find_if(known_.begin(), known_.end(), [&](const KnownReply& reply) {
+        return isSame(reply.call, bus, call);
+    });
+    if (known != known_.end()) {
+        found = QDBusPendingCall::fromCompletedCall(known->reply);
+        known_.erase(known);
+        return found;
+    }
+    const auto underWay =
+        std::find_if(calls_.begin(), calls_.end(), [&](const PendingCall& pending) {
+            return pending.ahead && isSame(*pending.ahead, bus, call);
+        });
+    if (underWay != calls_.end()) {
+        found = underWay->pending;
+        calls_.erase(underWay);
+    }
+    return found;
+}
+
+void DBusQuery::sendAhead(const std::vector<QDBusMessage>& calls)
+{
+    std::vector<Call> all;
+    all.reserve(calls.size());
+    for (const QDBusMessage& call : calls) all.push_back({bus_, call});
+    sendAhead(all);
+}
+
+void DBusQuery::sendAhead(const std::vector<Call>& calls)
+{
+    if (!calls.empty() && !sentAheadAt_) sentAheadAt_ = Clock::now();
+    for (const Call& call : calls)
+        calls_.push_back({call.message.service(), startCall(call.bus, call.message), call});
+    if (waiting_ && runsInEventLoop_) watchCalls();
+}
+
+QDBusPendingCall DBusQuery::startCall(const QDBusConnection& bus, const QDBusMessage& call)
+{
+    using std::chrono::milliseconds;
     const auto left = std::chrono::ceil<milliseconds>(deadline_ - Clock::now());
     const milliseconds timeout = std::clamp(left, milliseconds(1), timeout_);
-    calls_.push_back({call.service(), bus.asyncCall(call, static_cast<int>(timeout.count()))});
+    return bus.asyncCall(call, static_cast<int>(timeout.count()));
 }
 
 void DBusQuery::watchCalls()

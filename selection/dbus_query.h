@@ -90,6 +90,7 @@ public:
     void continueInEventLoop(std::function<void()> whenDone);
 
     bool isDone() const { return work_.isDone(); }
+    bool runsInEventLoop() const { return runsInEventLoop_; }
 
     // The programs (their names on the bus) whose reply is missing.
     std::vector<QString> servicesWithoutReply() const;
@@ -141,10 +142,39 @@ public:
     void sendAlong(const QDBusMessage& call) { send(bus_, call); }
     void sendAlong(const QDBusConnection& bus, const QDBusMessage& call) { send(bus, call); }
 
+    // A call, and the bus that it belongs to.
+    struct Call {
+        QDBusConnection bus;
+        QDBusMessage message;
+    };
+
+    // Sends calls now that the work will probably make later; this may happen while it waits. The
+    // next replies(), or the present one, waits for them as well. After that, the first equal call
+    // of the work gets the reply at once, without a round trip; replies that nobody asks for are
+    // dropped.
+    void sendAhead(const std::vector<QDBusMessage>& calls);
+    void sendAhead(const std::vector<Call>& calls);
+
+    // When calls were sent ahead first; nothing if none were.
+    std::optional<Clock::time_point> sentAheadAt() const { return sentAheadAt_; }
+
+    // The calls that the work has made since the last time, without those sent ahead; at most the
+    // first kMaxNotedCalls.
+    static constexpr std::size_t kMaxNotedCalls = 128;
+    std::vector<Call> takeCalls() { return std::exchange(noted_, {}); }
+
+    // How often the work has waited for replies: each time is one round trip.
+    int roundTrips() const { return roundTrips_; }
+
 private:
     struct PendingCall {
         QString service;
         QDBusPendingCall pending;
+        std::optional<Call> ahead = {};  // the call, if it was sent ahead
+    };
+    struct KnownReply {
+        Call call;
+        QDBusMessage reply;
     };
 
     template <typename Value>
@@ -159,6 +189,10 @@ private:
     std::vector<QDBusMessage> takeReplies();
     const QDBusMessage& takeReply();
     void send(const QDBusConnection& bus, const QDBusMessage& call);
+    QDBusPendingCall startCall(const QDBusConnection& bus, const QDBusMessage& call);
+    std::optional<QDBusPendingCall> takeCallSentAhead(const QDBusConnection& bus,
+                                                      const QDBusMessage& call);
+    void keepReplySentAhead(const PendingCall& call);
     void watchCalls();
     void waitForLook(std::coroutine_handle<> waiting);
     void watchLook();
@@ -171,6 +205,10 @@ private:
     std::chrono::milliseconds timeout_;
     Clock::time_point deadline_ = Clock::time_point::max();  // of the caller that blocks
     std::vector<PendingCall> calls_;
+    std::vector<KnownReply> known_;  // to calls that were sent ahead
+    std::optional<Clock::time_point> sentAheadAt_;
+    std::vector<Call> noted_;
+    int roundTrips_ = 0;
     QDBusMessage reply_;
     std::vector<std::unique_ptr<QDBusPendingCallWatcher>> watchers_;
     std::shared_ptr<OpenerQuestion> look_;  // the last one

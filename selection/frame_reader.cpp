@@ -14,6 +14,37 @@ using namespace std::chrono_literals;
 
 constexpr auto kMaxFolderAge = 1s;  // the folder is read again after this time
 constexpr int kIdleFactor = 250;  // without a sign of a change, 1/250 of the time goes into reading
+
+bool isPartOf(const FrameLayout& layout, const QString& path)
+{
+    const auto is = [&](const Accessible& object) { return object.path == path; };
+    const auto isIn = [&](const std::vector<Accessible>& objects) {
+        return std::any_of(objects.begin(), objects.end(), is);
+    };
+    const auto isOfView = [&](const View& view) {
+        return is(view.object) || isIn(view.ancestors) || isIn(view.focusIndicators);
+    };
+    const auto isInRow = [&](const std::vector<PathButton>& row) {
+        return std::any_of(row.begin(), row.end(),
+                           [&](const PathButton& button) { return is(button.object); });
+    };
+    return std::any_of(layout.views.begin(), layout.views.end(), isOfView) ||
+           std::any_of(layout.rows.begin(), layout.rows.end(), isInRow) ||
+           std::any_of(layout.rowParents.begin(), layout.rowParents.end(),
+                       [&](const RowParent& parent) { return is(parent.object); }) ||
+           isIn(layout.locations) || isIn(layout.statusTexts);
+}
+
+// Whether a question about a part of the window is worth asking again after the selection has
+// changed: not if it is about a certain row or one of several items, nor if the reply is as long as
+// the folder.
+bool isWorthRepeating(const QDBusMessage& call)
+{
+    const QString member = call.member();
+    if (member == QLatin1String("GetChildren") || member == QLatin1String("GetAccessibleAt"))
+        return false;
+    return member != QLatin1String("GetSelectedChild") || call.arguments().value(0).toInt() == 0;
+}
 }  // namespace
 
 FrameReader::FrameReader(Accessible frame, const FileManagerKind& kind, pid_t process,
@@ -35,21 +66,37 @@ void FrameReader::forget()
     pane_ = 0;
     paths_.reset();
     item_ = {};
+    likely_ = {};
+    windowQuestions_.clear();
+    itemQuestions_.clear();
     validators_.clear();
     cost_ = 1s;
+}
+
+void FrameReader::markStale()
+{
+    isStale_ = true;
+    changedAt_ = Clock::now();
 }
 
 void FrameReader::noteFocus(const Accessible& item)
 {
     focused_ = item;
     touched_ = item;
-    isStale_ = true;
+    likely_ = item;
+    markStale();
 }
 
-void FrameReader::noteSelection(const Accessible& view)
+void FrameReader::noteSelection(const Accessible& object)
 {
-    touched_ = view;
-    isStale_ = true;
+    touched_ = object;
+    markStale();
+}
+
+void FrameReader::noteSelected(const Accessible& item)
+{
+    likely_ = item;
+    noteSelection(item);
 }
 
 bool FrameReader::isDue(Clock::time_point now) const
@@ -75,10 +122,14 @@ Task<Done> FrameReader::findAndRead(DBusQuery& query)
 // bring back what forget() has just removed.
 Task<Done> FrameReader::read(DBusQuery& query)
 {
-    const Clock::time_point start = Clock::now();
     const SharedLayout layout = layout_;
     if (layout->views.empty()) co_return {};
-    const bool wasStale = std::exchange(isStale_, false);
+    if (isStale_ && !query.sentAheadAt()) askAhead(query);
+    const Clock::time_point start = query.sentAheadAt().value_or(Clock::now());
+    // The replies to what was sent ahead may be older than a change that was reported since.
+    const bool mayMissChange = isStale_ && changedAt_ >= start;
+    const bool wasStale = std::exchange(isStale_, mayMissChange);
+    (void)query.takeCalls();
     const QDBusMessage getName = nameCall(frame_);
     const auto title = textIn(co_await query.reply(getName));
     if (layout_ != layout) co_return {};
@@ -143,6 +194,7 @@ Task<Done> FrameReader::read(DBusQuery& query)
         co_return {};
     }
     store(selected);
+    if (wasStale) noteQuestions(*layout, query.takeCalls());
     readAt_ = Clock::now();
     cost_ = std::chrono::duration_cast<std::chrono::microseconds>(readAt_ - start);
     co_return {};
@@ -177,6 +229,48 @@ void FrameReader::store(const SelectedItems& selected)
     validators_.push_back({nameCall(frame_), [title = title_](const QDBusMessage& reply) {
                                return textIn(reply) == title;
                            }});
+}
+
+std::vector<DBusQuery::Call> FrameReader::questionsAbout(const Accessible& item) const
+{
+    std::vector<DBusQuery::Call> calls;
+    if (item.isNull()) return calls;
+    for (const DBusQuery::Call& question : itemQuestions_) {
+        const QDBusMessage& asked = question.message;
+        QDBusMessage call = QDBusMessage::createMethodCall(item.service, item.path,
+                                                           asked.interface(), asked.member());
+        call.setArguments(asked.arguments());
+        calls.push_back({question.bus, call});
+    }
+    return calls;
+}
+
+void FrameReader::askAhead(DBusQuery& query) const
+{
+    query.sendAhead(windowQuestions_);
+    query.sendAhead(questionsAbout(likely_));
+    if (item_ != likely_) query.sendAhead(questionsAbout(item_));
+}
+
+void FrameReader::askAheadAboutItem(DBusQuery& query) const
+{
+    query.sendAhead(questionsAbout(likely_));
+}
+
+void FrameReader::noteQuestions(const FrameLayout& layout, std::vector<DBusQuery::Call> calls)
+{
+    windowQuestions_.clear();
+    std::vector<DBusQuery::Call> ofItem;
+    for (const DBusQuery::Call& call : calls) {
+        const QString path = call.message.path();
+        if (!item_.isNull() && path == item_.path) {
+            ofItem.push_back(call);
+        } else if (call.message.service() != frame_.service || path == frame_.path ||
+                   isPartOf(layout, path)) {
+            if (isWorthRepeating(call.message)) windowQuestions_.push_back(call);
+        }
+    }
+    if (!ofItem.empty()) itemQuestions_ = std::move(ofItem);
 }
 
 Task<Done> FrameReader::revalidate(DBusQuery& query)

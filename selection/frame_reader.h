@@ -47,6 +47,16 @@ public:
     // call forget() while this one waits; it then ends and leaves the window forgotten.
     Task<Done> read(DBusQuery& query);
 
+    // Sends ahead what the last reading of a changed window asked, about the item that is probably
+    // selected now instead of the one that was. The reading that follows in the same query then
+    // mostly needs no more than a round trip for the names in that item, however many of its
+    // questions depend on each other. read() does the same if nobody has.
+    void askAhead(DBusQuery& query) const;
+
+    // The same about the item alone that was selected last, because that was reported only after
+    // the query had begun.
+    void askAheadAboutItem(DBusQuery& query) const;
+
     // Revalidates the last reading, and marks it stale if it is no longer true.
     Task<Done> revalidate(DBusQuery& query);
 
@@ -57,16 +67,22 @@ public:
     void takeRevalidation(const Validators& sent, const std::vector<QDBusMessage>& replies);
 
     // The program reported a change.
-    void markStale() { isStale_ = true; }
+    void markStale();
 
     // An item of this program got the focus, so it is probably the selected one.
     void noteFocus(const Accessible& item);
 
-    // The selection of a view of this program has changed.
-    void noteSelection(const Accessible& view);
+    // The selection of a view of this program has changed, as the view or one of its items reports.
+    void noteSelection(const Accessible& object);
+
+    // An item of this program was selected.
+    void noteSelected(const Accessible& item);
 
     // An extension reported the folder that the window shows, or showed a moment ago.
     void noteFolder(const std::string& folder) { folder_.note(folder); }
+
+    // The item that probably is the selected one; null if none was reported.
+    const Accessible& likelyItem() const { return likely_; }
 
     bool isFound() const { return isFound_; }
 
@@ -94,6 +110,8 @@ public:
 private:
     bool isScrolledOut(const SelectedItems& selected) const;
     void store(const SelectedItems& selected);
+    void noteQuestions(const FrameLayout& layout, std::vector<DBusQuery::Call> calls);
+    std::vector<DBusQuery::Call> questionsAbout(const Accessible& item) const;
 
     Accessible frame_;
     const FileManagerKind& kind_;
@@ -107,11 +125,15 @@ private:
     WindowFolder folder_;
 
     bool isStale_ = true;
+    Clock::time_point changedAt_;  // when that was last reported
     Clock::time_point readAt_;
     std::chrono::microseconds cost_ = std::chrono::seconds(1);
     Accessible focused_;  // the item that got the focus last
     Accessible touched_;  // the item or view of the last focus or selection event
+    Accessible likely_;   // the item that was selected or got the focus last, as it reported
     Accessible item_;     // the selected item of the last reading that did not find several
+    std::vector<DBusQuery::Call> windowQuestions_;  // of the last reading of a changed window
+    std::vector<DBusQuery::Call> itemQuestions_;    // about the selected item of the last with one
     Validators validators_;
     std::optional<std::vector<std::string>> paths_;
 };

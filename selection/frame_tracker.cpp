@@ -3,6 +3,7 @@
 #include <QDBusPendingCallWatcher>
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace pinorama {
@@ -31,6 +32,45 @@ QDBusMessage processCall(const QString& service)
     return message;
 }
 }  // namespace
+
+// Exists while a query waits for what it has asked ahead about a window. A file manager reports one
+// change with several events in a row, and the first of them, which began the look, is mostly about
+// the item that was selected before.
+class FrameTracker::Asking {
+public:
+    Asking(FrameTracker& tracker, DBusQuery& query, SharedFrame frame)
+        : tracker_(tracker), query_(query), frame_(std::move(frame))
+    {
+        tracker_.asking_ = this;
+        item_ = frame_->likelyItem();
+        frame_->askAhead(query_);
+    }
+    ~Asking()
+    {
+        if (tracker_.asking_ == this) tracker_.asking_ = nullptr;
+    }
+    Asking(const Asking&) = delete;
+    Asking& operator=(const Asking&) = delete;
+
+    // An item of this window was selected.
+    void noteSelected(const SharedFrame& frame)
+    {
+        if (frame != frame_ || frame_->likelyItem() == item_) return;
+        if (furtherItems_ == kMaxFurtherItems) return;
+        furtherItems_++;
+        item_ = frame_->likelyItem();
+        frame_->askAheadAboutItem(query_);
+    }
+
+private:
+    static constexpr int kMaxFurtherItems = 2;  // a change of many items reports each of them
+
+    FrameTracker& tracker_;
+    DBusQuery& query_;
+    SharedFrame frame_;
+    Accessible item_;  // about which it has asked last
+    int furtherItems_ = 0;
+};
 
 FrameTracker::FrameTracker(KindOfProcess kindOfProcess, QObject* parent)
     : QObject(parent), kindOfProcess_(std::move(kindOfProcess))
@@ -155,13 +195,17 @@ Task<SharedFrame> FrameTracker::findLatestFrame(DBusQuery& query)
     const std::vector<SharedFrame> frames = list_.frames();
     const auto calls =
         callsFor(frames, [](const SharedFrame& frame) { return statesCall(frame->frame()); });
-    const SharedFrame wanted = std::exchange(revalidateNext_, nullptr);
-    const bool revalidates = wanted && !wanted->isStale() &&
-                             std::find(frames.begin(), frames.end(), wanted) != frames.end();
+    const SharedFrame wanted = revalidateNext_;
+    const bool isThere = wanted && std::find(frames.begin(), frames.end(), wanted) != frames.end();
+    const bool revalidates = isThere && !wanted->isStale();
     Validators sent;
     if (revalidates) sent = wanted->sendRevalidation(query);
     revalidated_ = revalidates ? wanted : nullptr;
+    std::optional<Asking> asking;
+    if (isThere && wanted->isStale()) asking.emplace(*this, query, wanted);
     const auto replies = co_await query.replies(calls);
+    asking.reset();
+    revalidateNext_.reset();
     // `frames` and `wanted` hold the windows that were asked, also those that have closed
     // meanwhile; the list ignores what it no longer contains.
     if (revalidates) wanted->takeRevalidation(sent, replies);
@@ -259,6 +303,10 @@ void FrameTracker::onEventReceived(const QString& service, const QString& path,
     for (const SharedFrame& frame : list_.framesOf(service)) {
         if (event == Event::focus && isOn) {
             frame->noteFocus({service, path});
+            if (asking_ != nullptr) asking_->noteSelected(frame);
+        } else if (event == Event::selection && isOn) {
+            frame->noteSelected({service, path});
+            if (asking_ != nullptr) asking_->noteSelected(frame);
         } else if (event == Event::selection) {
             frame->noteSelection({service, path});
         } else {

@@ -50,7 +50,8 @@ public:
     // folder. Null if there is none, or as long as that window's view has not been found.
     Task<SharedFrame> findLatestFrame(DBusQuery& query);
 
-    // Makes the next findLatestFrame() revalidate this window too, in the same round trip.
+    // Makes the next findLatestFrame() revalidate this window too, in the same round trip, or ask
+    // ahead what reading it needs.
     void revalidateAlong(const SharedFrame& frame) { revalidateNext_ = frame; }
 
     // Whether the last findLatestFrame() has revalidated this window.
@@ -79,6 +80,8 @@ Q_SIGNALS:
     void changeReported();
 
 private:
+    class Asking;
+
     Task<Done> scanPrograms(DBusQuery& query);
     Task<Done> scanWindows(DBusQuery& query, QString service);
     void scanSoon(std::chrono::milliseconds delay);
@@ -96,6 +99,7 @@ private:
     SharedFrame lastFrame_;
     SharedFrame revalidateNext_;
     SharedFrame revalidated_;
+    Asking* asking_ = nullptr;  // of the findLatestFrame() that began last and waits; or null
     Clock::time_point scannedAt_;
     QTimer sleep_;
     QTimer soon_;

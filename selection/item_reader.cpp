@@ -38,6 +38,7 @@ Task<NamedItem> ItemReader::namedInside(DBusQuery& query, NamedItem item, std::s
                 if (!child.isNull() && level.size() < kMaxParts) level.push_back(std::move(child));
         }
         const auto nameCalls = callsFor(level, nameCall);
+        query.sendAhead(callsFor(level, childrenCall));  // in case that none of the names will do
         const auto names = co_await query.replies(nameCalls);
         for (std::size_t i = 0; i < level.size(); i++) {
             const auto name = textIn(names[i]);

@@ -10,7 +10,9 @@
 
 #include <chrono>
 #include <memory>
+#include <string>
 #include <thread>
+#include <vector>
 
 using namespace pinorama;
 
@@ -73,6 +75,15 @@ protected:
         co_return {};
     }
 
+    // Gets one name after the other, and sends the calls for some of them ahead.
+    Task<Done> getNamesSentAhead(DBusQuery& query, std::vector<Accessible> ahead,
+                                 std::vector<Accessible> objects)
+    {
+        query.sendAhead(callsFor(ahead, nameCall));
+        co_await getNamesInTurn(query, objects);
+        co_return {};
+    }
+
     QDBusConnection bus_ = QDBusConnection::sessionBus();
     std::unique_ptr<FakeFileManager> program_;
     std::vector<QString> names_;
@@ -100,6 +111,46 @@ TEST_F(DBusQueryRunUntil, givesTheReplyToACallSentAlongFirst)
     query.start(getNameAlong(query, item(*program_, 1), {item(*program_, 0)}));
     EXPECT_TRUE(query.runUntil(Clock::now() + kLimit));
     EXPECT_EQ(names_, (std::vector<QString>{"b.jpg", "a.jpg"}));
+}
+
+TEST_F(DBusQueryRunUntil, givesTheRepliesToCallsSentAheadAfterOneRoundTrip)
+{
+    const std::vector<Accessible> items = {item(*program_, 1), item(*program_, 0)};
+    DBusQuery inTurn(bus_, kLimit);
+    inTurn.start(getNamesInTurn(inTurn, items));
+    EXPECT_TRUE(inTurn.runUntil(Clock::now() + kLimit));
+    EXPECT_EQ(inTurn.roundTrips(), 2);
+    EXPECT_EQ(inTurn.sentAheadAt(), std::nullopt);
+
+    names_.clear();
+    (void)program_->takeCalls();
+    DBusQuery ahead(bus_, kLimit);
+    ahead.start(getNamesSentAhead(ahead, items, items));
+    EXPECT_TRUE(ahead.runUntil(Clock::now() + kLimit));
+    EXPECT_EQ(names_, (std::vector<QString>{"b.jpg", "a.jpg"}));
+    EXPECT_EQ(ahead.roundTrips(), 1);
+    EXPECT_EQ(program_->takeCalls(), (std::vector<std::string>{"101 Name", "100 Name"}));
+    EXPECT_NE(ahead.sentAheadAt(), std::nullopt);
+}
+
+TEST_F(DBusQueryRunUntil, asksAgainForAReplyThatWasUsed)
+{
+    const Accessible first = item(*program_, 0);
+    (void)program_->takeCalls();
+    DBusQuery query(bus_, kLimit);
+    query.start(getNamesSentAhead(query, {first}, {item(*program_, 1), first, first}));
+    ASSERT_TRUE(query.runUntil(Clock::now() + kLimit));
+    EXPECT_EQ(names_, (std::vector<QString>{"b.jpg", "a.jpg", "a.jpg"}));
+    EXPECT_EQ(program_->takeCalls(),
+              (std::vector<std::string>{"100 Name", "101 Name", "100 Name"}));
+}
+
+TEST_F(DBusQueryRunUntil, dropsRepliesThatNobodyAsksFor)
+{
+    DBusQuery query(bus_, kLimit);
+    query.start(getNamesSentAhead(query, {item(*program_, 1)}, {item(*program_, 0)}));
+    EXPECT_TRUE(query.runUntil(Clock::now() + kLimit));
+    EXPECT_EQ(names_, (std::vector<QString>{"a.jpg"}));
 }
 
 TEST_F(DBusQueryRunUntil, returnsImmediatelyIfThereAreNoCalls)

@@ -254,6 +254,14 @@ void test::FakeFileManager::addCell(int place, const QString& text)
     objects_[kFirstItem + place].cells.push_back(number);
 }
 
+void test::FakeFileManager::moveNameInside(int place)
+{
+    const std::lock_guard lock(mutex_);
+    const int number = kFirstCell + static_cast<int>(objects_.size());
+    QString name = std::exchange(objects_[kFirstItem + place].name, QString());
+    add(number, {.role = Role::label, .name = std::move(name), .parent = kFirstItem + place});
+}
+
 void test::FakeFileManager::emitEvent(int number, const char* member, const char* detail, int value)
 {
     QDBusMessage event = QDBusMessage::createSignal(

@@ -78,6 +78,9 @@ public:
     // Adds a cell with this text to the row of an item.
     void addCell(int place, const QString& text);
 
+    // Gives the name of an item to a label inside it.
+    void moveNameInside(int place);
+
     // Emits the event `member` of the interface org.a11y.atspi.Event.Object about an object.
     void emitEvent(int number, const char* member, const char* detail, int value);
 

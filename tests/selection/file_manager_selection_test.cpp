@@ -164,6 +164,31 @@ TEST_F(FileManagerSelectionTest, looksOnceMoreWhenAChangeIsReportedDuringALook)
     EXPECT_EQ(looks(), 2);
 }
 
+// The first event about a change is mostly about the item that was selected before.
+TEST_F(FileManagerSelectionTest, asksAboutTheItemOfALaterEventBeforeAnyReplyArrives)
+{
+    const auto asksAhead = [this] {
+        callAgain();
+        test::goOnFor(100);
+        manager_.pauseOnCall("1 GetState");
+        manager_.emitEvent(FakeFileManager::kFirstItem, "StateChanged", "selected", 0);
+        if (!test::waitUntil([&] { return manager_.hasPaused(); })) return false;
+        (void)manager_.takeCalls();
+        manager_.select({2});
+        manager_.emitEvent(FakeFileManager::kFirstItem + 2, "StateChanged", "selected", 1);
+        manager_.waitUntilSent();
+        test::goOnFor(100);
+        manager_.setReplying(true);  // and handles the calls that wait
+        const std::vector<std::string> calls = manager_.takeCalls();
+        return std::count(calls.begin(), calls.end(), "102 Name") > 0;
+    };
+    const QDeadlineTimer limit(test::kPatience);
+    bool hasAsked = false;
+    while (!hasAsked && !limit.hasExpired()) hasAsked = asksAhead();
+    EXPECT_TRUE(hasAsked);
+    EXPECT_TRUE(hears({picture(2)}));
+}
+
 // The window calls selectedPaths() also while a look waits for replies.
 TEST_F(FileManagerSelectionTest, aCallTakesThePlaceOfTheLookInFlight)
 {

@@ -37,11 +37,11 @@ protected:
             GTEST_SKIP() << "no session bus can be started";
     }
 
-    void find(Kind kind, const char* process)
+    void find(Kind kind, const char* process,
+              const std::vector<QString>& names = {QStringLiteral("a.jpg")})
     {
-        (void)folder_.write("a.jpg", "x");
-        manager_ = std::make_unique<FakeFileManager>(kind, folder_.path(),
-                                                     std::vector<QString>{QStringLiteral("a.jpg")});
+        for (const QString& name : names) (void)folder_.write(name.toStdString(), "x");
+        manager_ = std::make_unique<FakeFileManager>(kind, folder_.path(), names);
         if (isGtk4_) manager_->useObjectsOfGtk4();
         frame_ = std::make_unique<FrameReader>(manager_->object(FakeFileManager::kFrame),
                                                *fileManagerKind(process), process_, false);
@@ -61,9 +61,21 @@ protected:
         DBusQuery query(QDBusConnection::sessionBus(), kLimit);
         query.start(frame_->read(query));
         ASSERT_TRUE(query.runUntil(Clock::now() + kLimit));
+        roundTrips_ = query.roundTrips();
+    }
+
+    // Selects an item and reads the window as after an event about it.
+    void selectAndRead(int place)
+    {
+        const Accessible item = manager_->object(FakeFileManager::kFirstItem + place);
+        manager_->select({place});
+        frame_->noteFocus(item);
+        frame_->noteSelected(item);
+        readWithAnotherQuery();
     }
 
     pid_t process_ = 1;
+    int roundTrips_ = 0;  // of the last reading
     bool isGtk4_ = false;
     test::TemporaryFolder folder_;
     std::unique_ptr<FakeFileManager> manager_;
@@ -232,6 +244,82 @@ TEST_F(FrameReaderTest, readKeepsThePathOfAnItemThatLosesItsNameWhenItIsScrolled
     ASSERT_EQ(unlink(folder_.file("a.jpg").c_str()), 0);
     rename("");
     EXPECT_EQ(frame_->paths(), std::nullopt);
+}
+
+// Nautilus replies only between two frames that it draws, so each round trip costs it a frame.
+TEST_F(FrameReaderTest, readNeedsOneRoundTripOnceItHasReadTheWindow)
+{
+    struct Row {
+        const char* name;
+        Kind kind;
+        const char* process;
+        bool isGtk4;
+        int roundTrips;
+    };
+    const Row rows[] = {
+        {"icons of Nautilus", Kind::selection, "nautilus", true, 1},
+        {"icons of Nemo", Kind::selection, "nemo", false, 1},
+        {"list of Nemo, whose cells are known only after the row", Kind::table, "nemo", false, 2},
+        {"Dolphin", Kind::states, "dolphin", false, 1},
+    };
+    process_ = getpid();
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        isGtk4_ = row.isGtk4;
+        frame_.reset();
+        manager_.reset();
+        find(row.kind, row.process, {"a.jpg", "b.jpg", "c.jpg"});
+        if (row.kind == Kind::states) {
+            manager_->claimOneSelected();
+            findAgain();
+        }
+        selectAndRead(0);
+        for (const int place : {1, 2, 1}) {
+            const char* name = place == 1 ? "b.jpg" : "c.jpg";
+            selectAndRead(place);
+            EXPECT_EQ(roundTrips_, row.roundTrips);
+            EXPECT_EQ(frame_->paths(), std::vector<std::string>{folder_.file(name)});
+        }
+    }
+}
+
+// As in the icons of Nautilus, whose names are labels.
+TEST_F(FrameReaderTest, readNeedsASecondRoundTripForANameInsideTheItem)
+{
+    find(Kind::selection, "nautilus", {"a.jpg", "b.jpg"});
+    for (const int place : {0, 1}) manager_->moveNameInside(place);
+    selectAndRead(0);
+    selectAndRead(1);
+    EXPECT_EQ(roundTrips_, 2);
+    EXPECT_EQ(frame_->paths(), std::vector<std::string>{folder_.file("b.jpg")});
+}
+
+TEST_F(FrameReaderTest, readTrustsTheViewAndNotTheEvent)
+{
+    find(Kind::selection, "nemo", {"a.jpg", "b.jpg", "c.jpg"});
+    selectAndRead(0);
+    manager_->select({2});
+    frame_->noteSelected(manager_->object(FakeFileManager::kFirstItem + 1));
+    readWithAnotherQuery();
+    EXPECT_EQ(frame_->paths(), std::vector<std::string>{folder_.file("c.jpg")});
+}
+
+// The replies may be older than the change.
+TEST_F(FrameReaderTest, readStaysStaleIfAChangeIsReportedAfterItHasAskedAhead)
+{
+    find(Kind::selection, "nemo", {"a.jpg", "b.jpg"});
+    selectAndRead(0);
+    ASSERT_FALSE(frame_->isStale());
+    frame_->markStale();
+    frame_->askAhead(query_);
+    manager_->select({1});
+    frame_->noteSelected(manager_->object(FakeFileManager::kFirstItem + 1));
+    query_.start(frame_->read(query_));
+    ASSERT_TRUE(query_.runUntil(Clock::now() + kLimit));
+    EXPECT_TRUE(frame_->isStale());
+    readWithAnotherQuery();
+    EXPECT_FALSE(frame_->isStale());
+    EXPECT_EQ(frame_->paths(), std::vector<std::string>{folder_.file("b.jpg")});
 }
 
 TEST_F(FrameReaderTest, readIgnoresTheFoldersOfAnotherProcess)
