@@ -79,8 +79,20 @@ std::optional<std::u16string> textOf(const TiffEntry& entry)
 
 void readGpsDirectory(const TiffBlock& tiff, std::uint64_t offset, PictureProperties& properties)
 {
-    enum { latRef, lat, lonRef, lon, altRef, alt, satellites, direction, distanceRef, distance };
-    TiffEntry entries[] = {{1}, {2}, {3}, {4}, {5}, {6}, {8}, {17}, {25}, {26}};
+    enum {
+        latRef,
+        lat,
+        lonRef,
+        lon,
+        altRef,
+        alt,
+        satellites,
+        directionRef,
+        direction,
+        distanceRef,
+        distance
+    };
+    TiffEntry entries[] = {{1}, {2}, {3}, {4}, {5}, {6}, {8}, {16}, {17}, {25}, {26}};
     if (tiff.findEntries(offset, entries) == 0) return;
 
     properties.hasGps = true;
@@ -92,6 +104,7 @@ void readGpsDirectory(const TiffBlock& tiff, std::uint64_t offset, PictureProper
     properties.altitudeReference = tiff.integerOf(entries[altRef]);
     properties.altitude = numberOf(tiff, entries[alt]);
     properties.satellites = textOf(entries[satellites]);
+    properties.imageDirectionReference = textOf(entries[directionRef]);
     properties.imageDirection = numberOf(tiff, entries[direction]);
     properties.destinationDistanceReference = textOf(entries[distanceRef]);
     properties.destinationDistance = numberOf(tiff, entries[distance]);

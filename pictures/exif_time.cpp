@@ -115,6 +115,7 @@ void readExifTime(const TiffBlock& tiff, std::optional<std::uint64_t> exif,
     } else if (const auto inUTC = gps ? gpsSeconds(tiff, *gps) : std::nullopt) {
         properties.taken = inUTC;
         properties.takenOffset = 0;
+        properties.isTakenBySatellites = true;
     } else if (original) {
         properties.taken = original;
     }

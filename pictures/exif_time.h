@@ -11,9 +11,9 @@
 
 namespace pinorama {
 
-// Fills `taken` and `takenOffset` of `properties`, from the first of these that the file has:
+// Fills `taken` and what belongs to it in `properties`, from the first of these that the file has:
 // DateTimeOriginal with OffsetTimeOriginal; GPSDateStamp with GPSTimeStamp, which are in UTC;
-// DateTimeOriginal alone, whose offset nobody knows. Leaves both as they are if it has none.
+// DateTimeOriginal alone, whose offset nobody knows. Leaves them as they are if it has none.
 //
 //   exif, gps  where the two directories lie in `tiff`; nothing if the picture has no such one.
 //

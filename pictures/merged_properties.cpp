@@ -40,6 +40,7 @@ void addMissing(PictureProperties& properties, const PictureProperties& other, V
     }
     if (!properties.imageDirection && other.imageDirection) {
         properties.imageDirection = other.imageDirection;
+        properties.imageDirectionReference = other.imageDirectionReference;
         sources.direction = source;
         properties.hasGps = true;
     }

@@ -56,11 +56,14 @@ struct PictureProperties {
     std::optional<std::u16string> longitudeReference;
     std::optional<std::u16string> destinationDistanceReference;
     std::optional<std::u16string> satellites;
+    std::optional<std::u16string>
+        imageDirectionReference;  // "T" from true north, "M" from magnetic
 
     // Seconds since 1970-01-01 00:00 on the clock that dated the picture, and the minutes that this
     // clock was ahead of UTC, if they are known (pictures/exif_time.h).
     std::optional<std::int64_t> taken;
     std::optional<std::int64_t> takenOffset;
+    bool isTakenBySatellites = false;  // that clock is the one of the satellites, in UTC
 
     bool hasIptc = false;  // there is an IPTC record, whatever stands in it
     std::optional<std::u16string> city;

@@ -30,6 +30,7 @@ enum class Property : std::uint8_t {
     altitude,
     altitudeReference,
     direction,
+    directionReference,
     distance,
     distanceReference,
     satellites,
@@ -57,6 +58,7 @@ constexpr struct {
     {kExif, "GPSAltitude", Property::altitude},
     {kExif, "GPSAltitudeRef", Property::altitudeReference},
     {kExif, "GPSImgDirection", Property::direction},
+    {kExif, "GPSImgDirectionRef", Property::directionReference},
     {kExif, "GPSDestDistance", Property::distance},
     {kExif, "GPSDestDistanceRef", Property::distanceReference},
     {kExif, "GPSSatellites", Property::satellites},
@@ -273,6 +275,8 @@ void fillPosition(const Collector& values, PictureProperties& properties)
         properties.altitudeReference = isBelow ? 1 : 0;
     }
     properties.imageDirection = numberOfXmp(values[Property::direction]);
+    if (properties.imageDirection)
+        properties.imageDirectionReference = textOf(values[Property::directionReference]);
     properties.destinationDistance = numberOfXmp(values[Property::distance]);
     properties.destinationDistanceReference = textOf(values[Property::distanceReference]);
     properties.satellites = textOf(values[Property::satellites]);

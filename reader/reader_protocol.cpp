@@ -15,10 +15,10 @@ namespace {
 
 constexpr std::uint32_t kRequestMagic = 0x51526e50;  // "PnRQ"
 constexpr std::uint32_t kReplyMagic = 0x4e416e50;    // "PnAN"
-constexpr std::uint16_t kVersion = 2;
+constexpr std::uint16_t kVersion = 3;
 
 constexpr std::size_t kNumberCount = 8;
-constexpr std::size_t kTextCount = 8;
+constexpr std::size_t kTextCount = 9;
 constexpr std::size_t kPropertyHeaderSize = 4;  // which values there are
 constexpr std::size_t kSourcesSize = 8;
 
@@ -86,8 +86,10 @@ void visitValues(Properties& properties, Visitor visit)
     visit(iptc, properties.caption);
     visit(true, properties.taken);
     visit(properties.taken.has_value(), properties.takenOffset);
+    visit(gps, properties.imageDirectionReference);
 }
 
+constexpr std::uint32_t kTakenBySatellites = 1u << 28;
 constexpr std::uint32_t kHasSources = 1u << 29;
 constexpr std::uint32_t kHasGps = 1u << 30;
 constexpr std::uint32_t kHasIptc = 1u << 31;
@@ -294,6 +296,7 @@ std::vector<std::uint8_t> encodeProperties(const PictureProperties& properties)
         }
         bit <<= 1;
     });
+    if (properties.taken && properties.isTakenBySatellites) flags |= kTakenBySatellites;
     if (properties.sources != ValueSources{}) {
         flags |= kHasSources;
         values.put64(numberOfSources(properties.sources));
@@ -312,7 +315,10 @@ std::optional<PictureProperties> decodeProperties(ByteView body)
     const std::uint32_t flags = message.get32();
     properties.hasGps = (flags & kHasGps) != 0;
     properties.hasIptc = (flags & kHasIptc) != 0;
-    bool isSound = (flags & ~(kHasGps | kHasIptc | kHasSources | kValues)) == 0;
+    properties.isTakenBySatellites = (flags & kTakenBySatellites) != 0;
+    constexpr std::uint32_t kKnown =
+        kHasGps | kHasIptc | kHasSources | kTakenBySatellites | kValues;
+    bool isSound = (flags & ~kKnown) == 0;
     std::uint32_t bit = 1;
     visitValues(properties, [&](bool hasHome, auto& value) {
         const bool isThere = (flags & bit) != 0;
@@ -320,6 +326,7 @@ std::optional<PictureProperties> decodeProperties(ByteView body)
         if (!isSound || !isThere) return;
         isSound = hasHome && getValue(&message, &value);
     });
+    isSound = isSound && (properties.taken || !properties.isTakenBySatellites);
     if (isSound && (flags & kHasSources) != 0) {
         const std::optional<ValueSources> sources = sourcesOfNumber(message.get64());
         isSound = sources.has_value();

@@ -122,6 +122,14 @@ TEST(readGpsDirectory, readsNumbers)
     }
 }
 
+TEST(readGpsDirectory, readsWhatTheDirectionCountsFrom)
+{
+    EXPECT_EQ(gpsOf({test::asciiField(16, "M")}).imageDirectionReference, u"M");
+    EXPECT_EQ(gpsOf({test::asciiField(16, "T")}).imageDirectionReference, u"T");
+    EXPECT_FALSE(gpsOf({test::asciiField(16, "")}).imageDirectionReference);
+    EXPECT_FALSE(gpsOf({test::shortField(kOrder, 16, 77)}).imageDirectionReference);
+}
+
 TEST(readGpsDirectory, readsTheAltitudeReference)
 {
     const struct {

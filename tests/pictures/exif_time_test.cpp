@@ -69,6 +69,20 @@ TEST(readExifTime, prefersTheTimeThatKnowsItsOffset)
     }
 }
 
+TEST(readExifTime, saysWhetherTheSatellitesDatedThePicture)
+{
+    const std::vector<test::Rational> noon = {{12, 1}, {0, 1}, {5, 1}};
+    EXPECT_TRUE(propertiesOf({.gpsDate = "2026:05:03", .gpsTime = noon}).isTakenBySatellites);
+    // The camera's clock counts first, also if it is in UTC.
+    EXPECT_FALSE(propertiesOf({.taken = "2026:05:03 14:03:22",
+                               .takenOffset = "+00:00",
+                               .gpsDate = "2026:05:03",
+                               .gpsTime = noon})
+                     .isTakenBySatellites);
+    EXPECT_FALSE(propertiesOf({.taken = "2026:05:03 14:03:22"}).isTakenBySatellites);
+    EXPECT_FALSE(propertiesOf({.gpsTime = noon}).isTakenBySatellites);
+}
+
 TEST(readExifTime, takesNoTimeThatNoClockShows)
 {
     for (const char* text : {"0000:00:00 00:00:00", "    :  :     :  :  ", "2026:13:03 14:03:22",

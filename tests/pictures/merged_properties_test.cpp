@@ -22,6 +22,7 @@ PictureProperties everything()
     properties.altitude = 30.0;
     properties.altitudeReference = 1;
     properties.imageDirection = 40.0;
+    properties.imageDirectionReference = u"M";
     properties.destinationDistance = 50.0;
     properties.destinationDistanceReference = u"K";
     properties.satellites = u"six";
@@ -48,6 +49,7 @@ TEST(addMissing, keepsWhatThereIs)
     PictureProperties other = withPosition(1.0, 2.0);
     other.altitude = 3.0;
     other.imageDirection = 4.0;
+    other.imageDirectionReference = u"T";
     other.destinationDistance = 5.0;
     other.satellites = u"seven";
     other.city = other.state = other.country = other.caption = u"other";

@@ -89,6 +89,7 @@ TEST(readXmp, readsThePositionFromAttributesAndElements)
     const PictureProperties attributes =
         of("exif:GPSLatitude='33,51.4S' exif:GPSLongitude='151,12.9E' exif:GPSAltitude='125/10'"
            " exif:GPSAltitudeRef='1' exif:GPSImgDirection='27125/100' exif:GPSDestDistance='3/2'"
+           " exif:GPSImgDirectionRef='M'"
            " exif:GPSDestDistanceRef='K' exif:GPSSatellites='tilt:45'");
     EXPECT_NEAR(*attributes.latitude, 33 + 51.4 / 60, 1e-12);
     EXPECT_EQ(attributes.latitudeReference, u"S");
@@ -97,6 +98,7 @@ TEST(readXmp, readsThePositionFromAttributesAndElements)
     EXPECT_EQ(attributes.altitude, 12.5);
     EXPECT_EQ(attributes.altitudeReference, 1);
     EXPECT_EQ(attributes.imageDirection, 271.25);
+    EXPECT_EQ(attributes.imageDirectionReference, u"M");
     EXPECT_EQ(attributes.destinationDistance, 1.5);
     EXPECT_EQ(attributes.destinationDistanceReference, u"K");
     EXPECT_EQ(attributes.satellites, u"tilt:45");
@@ -110,6 +112,7 @@ TEST(readXmp, readsThePositionFromAttributesAndElements)
            "<exif:GPSLongitude>151,12.9E</exif:GPSLongitude>"
            "<exif:GPSAltitude>125/10</exif:GPSAltitude><exif:GPSAltitudeRef>1</exif:GPSAltitudeRef>"
            "<exif:GPSImgDirection>27125/100</exif:GPSImgDirection>"
+           "<exif:GPSImgDirectionRef>M</exif:GPSImgDirectionRef>"
            "<exif:GPSDestDistance>3/2</exif:GPSDestDistance>"
            "<exif:GPSDestDistanceRef>K</exif:GPSDestDistanceRef>"
            "<exif:GPSSatellites>tilt:45</exif:GPSSatellites>");

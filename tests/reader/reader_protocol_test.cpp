@@ -36,6 +36,8 @@ PictureProperties fullProperties()
     properties.satellites = u"tilt:45.5";
     properties.taken = -1;
     properties.takenOffset = -210;
+    properties.isTakenBySatellites = true;
+    properties.imageDirectionReference = u"M";
     properties.hasIptc = true;
     properties.city = u"K\u00f6ln";
     properties.state = u"\U0001F4F7";
@@ -215,7 +217,8 @@ TEST(decodeProperties, refusesWhatNoReaderWrites)
     } rows[] = {
         {"nothing at all", {}},
         {"half a header", {0, 0}},
-        {"an unknown value", bodyOf(gps | 1u << 16, {})},
+        {"an unknown value", bodyOf(gps | 1u << 17, {})},
+        {"the satellites' clock for no time", bodyOf(gps | 1u << 28, {})},
         {"an offset of no time", bodyOf(gps | 1u << 15, {0, 0, 0, 0, 0, 0, 0, 0})},
         {"a value without its dictionary", bodyOf(latitude, {0, 0, 0, 0, 0, 0, 0xf0, 0x3f})},
         {"the other dictionary", bodyOf(iptc | latitude, {0, 0, 0, 0, 0, 0, 0xf0, 0x3f})},

@@ -161,6 +161,7 @@ std::vector<test::TiffField> test::gpsFields(const PictureFields& fields)
     addNumber(6, fields.altitude);
     if (!fields.gpsTime.empty()) gps.push_back(rationalField(fields.order, 7, fields.gpsTime));
     addText(8, fields.satellites);
+    addText(16, fields.imgDirectionRef);
     addNumber(17, fields.imgDirection);
     addText(25, fields.destDistanceRef);
     addNumber(26, fields.destDistance);

@@ -71,6 +71,7 @@ struct PictureFields {
     std::optional<std::string> destDistanceRef{};
     std::optional<std::string> satellites{};
     std::optional<double> imgDirection{};  // degrees, in hundredths
+    std::optional<std::string> imgDirectionRef{};
     std::optional<std::uint16_t> orientation{};
     std::optional<std::string> taken{};        // "2026:05:03 14:03:22"
     std::optional<std::string> takenOffset{};  // "+02:00"
