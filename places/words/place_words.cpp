@@ -2,72 +2,22 @@
 
 #include "base/memory_guard.h"
 #include "lib/strings/string_holder.h"
-#include "lib/strings/tov_bytes.h"
+#include "lib/strings/tov_string.h"
 #include "lib/text/country_name.h"
 #include "lib/text/locale.h"
 #include "lib/text/number_format.h"
-#include "lib/ui/string_tables.h"
 #include "places/bearing.h"
+#include "places/words/table_text.h"
 
 #include <algorithm>
 #include <cmath>
-#include <initializer_list>
 #include <memory>
-#include <new>
 #include <string>
-#include <string_view>
 
 using namespace pinorama;
 
 namespace {
 constexpr double kNear = 3.5;  // kilometres
-
-struct Filling {
-    std::u16string_view name;  // what stands between braces
-    std::u16string text;
-};
-
-// The units of a new text, which is released; throws if there is none.
-std::u16string take(TovStringRef text)
-{
-    const StringHolder holder(text);
-    if (!holder) throw std::bad_alloc();
-    return std::u16string(unitsOf(holder.get()));
-}
-
-std::u16string unitsOfUTF8(std::string_view bytes)
-{
-    return take(TovStringFromUTF8(bytes.data(), static_cast<std::int32_t>(bytes.size())));
-}
-
-// The text of a key, which stands for itself if no language has it.
-std::u16string tableText(std::string_view key)
-{
-    const StringHolder keyText(
-        TovStringFromUTF8(key.data(), static_cast<std::int32_t>(key.size())));
-    return take(iuCopyLocalizedString(keyText.get(), keyText.get(), kPlacesTable));
-}
-
-// Puts the fillings into the places of the text that name them.
-TovStringRef fill(std::string_view key, std::initializer_list<Filling> fillings)
-{
-    const std::u16string pattern = tableText(key);
-    std::u16string text;
-    for (std::size_t at = 0; at < pattern.size();) {
-        const Filling* found = nullptr;
-        for (const Filling& filling : fillings) {
-            const std::u16string hole = u"{" + std::u16string(filling.name) + u"}";
-            if (pattern.compare(at, hole.size(), hole) == 0) found = &filling;
-        }
-        if (found == nullptr) {
-            text.push_back(pattern[at++]);
-            continue;
-        }
-        text += found->text;
-        at += found->name.size() + 2;
-    }
-    return createString(text);
-}
 
 std::u16string kilometres(double distance)
 {
@@ -117,5 +67,15 @@ TovStringRef pinorama::createCompassText(double degrees)
     return baseGuardMemory([&]() -> TovStringRef {
         const int point = compassPoint(degrees);
         return point < 0 ? nullptr : createString(tableText("compass" + std::to_string(point)));
+    });
+}
+
+TovStringRef pinorama::createViewText(double degrees, char north)
+{
+    return baseGuardMemory([&]() -> TovStringRef {
+        const StringHolder point(createCompassText(degrees));
+        if (!point || (north != 'T' && north != 'M')) return TovStringGetCopy(point.get());
+        return fill(north == 'T' ? "trueNorth" : "magneticNorth",
+                    {{u"direction", std::u16string(unitsOf(point.get()))}});
     });
 }

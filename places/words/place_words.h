@@ -25,7 +25,10 @@ namespace pinorama {
 // if memory runs out.
 [[nodiscard]] TovStringRef createCompassText(double degrees);
 
-// The table of these texts.
-constexpr const char* kPlacesTable = "Places";
+// Returns a new text: the same for the direction of view of a picture, with the north that it
+// counts from, "SSE (true)", "SSE (magnetic)".
+//
+//   north  'T' for true and 'M' for magnetic as in Exif; anything else if the picture does not say.
+[[nodiscard]] TovStringRef createViewText(double degrees, char north);
 
 }  // namespace pinorama

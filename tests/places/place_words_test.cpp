@@ -173,7 +173,20 @@ TEST(placesTable, hasTheSameKeysAndHolesInEveryLanguage)
         return StringsTable(content.str());
     };
     const StringsTable english = read(PLACES_STRINGS "/en");
-    std::vector<std::string> keys = {"near", "nearTown", "away", "awayTown", "atSea"};
+    std::vector<std::string> keys = {"near",
+                                     "nearTown",
+                                     "away",
+                                     "awayTown",
+                                     "atSea",
+                                     "trueNorth",
+                                     "magneticNorth",
+                                     "takenIn",
+                                     "takenBySatellites",
+                                     "takenBySatellitesInUTC",
+                                     "takenByCamera",
+                                     "takenByCameraElsewhere",
+                                     "takenByCameraAssumed",
+                                     "takenByCameraWithoutZone"};
     for (int point = 0; point < 16; ++point) keys.push_back("compass" + std::to_string(point));
     std::ifstream seas(PLACES_SEAS);
     for (std::string line; std::getline(seas, line);) {
