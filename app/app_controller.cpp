@@ -309,17 +309,17 @@ void AppController::showPlaceRead(std::int32_t status)
 {
     if (status == 0) {
         fields_.showPlace(info);
-        moreKinds_.showSources(&reading_.sources());
+        moreKinds_.showSources(&reading_.properties().sources);
         gpsReleaseInfoRecord(&info);
     }
     // Without a place its texts stay as they are: they may be those of the picture before. With one
     // coordinate of zero the actions are there although nothing new was shown.
     if (hasPlace()) {
-        place_.show(info);
+        place_.show(info, reading_.properties());
     } else {
         fields_.clearPosition();
         moreKinds_.showSources(nullptr);
-        place_.clear();
+        place_.showWithoutPosition(reading_.properties());
     }
     actions_.setEnabled(hasPlace());
 }

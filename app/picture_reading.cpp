@@ -61,13 +61,13 @@ void PictureReading::begin(const std::string& path)
     if (awaitedPlace_ != 0) LateProperties::instance()->giveUp();
     awaitedPlace_ = 0;
     forgetSidecar();
-    sources_ = {};
     slowPreview_.stop();
     stillReading_.stop();
     silence_.stop();
     if (notice_ != nullptr) notice_->forget();
 
     picture_ = {};
+    properties_ = {};
     hasLooked_ = false;
     isOpening_ = true;
     begun_ = asked_ = Clock::now();
@@ -118,9 +118,8 @@ std::int32_t PictureReading::readPlace(fileInfoRecord* info)
         }
     }
     if (awaitedPlace_ != 0 || isSidecarToCome()) awaitSlowFile();
-    if (!properties) return kErrNothingUsable;
-    sources_ = properties->sources;
-    return fillInfoRecord(*properties, info);
+    properties_ = properties.value_or(PictureProperties{});
+    return properties ? fillInfoRecord(properties_, info) : kErrNothingUsable;
 }
 
 // The properties of an open file. When they take longer, nothing, and they are to come.
@@ -186,8 +185,8 @@ void PictureReading::takeLateSidecar(const PropertyResult& result)
     const PictureProperties before = properties;
     addMissing(properties, result.properties, ValueSource::sidecar);
     if (properties == before) return;  // it says nothing that is not shown
-    sources_ = properties.sources;
-    Q_EMIT placeRead(properties);
+    properties_ = std::move(properties);
+    Q_EMIT placeRead(properties_);
 }
 
 void PictureReading::forgetSidecar()
@@ -233,8 +232,8 @@ void PictureReading::takePlace(std::uint32_t ticket, const PropertyResult& resul
     }
     if (isSidecarToCome()) ofPicture_ = result.properties;
     if (result.outcome == ReadOutcome::found) {
-        sources_ = result.properties.sources;
-        Q_EMIT placeRead(result.properties);
+        properties_ = result.properties;
+        Q_EMIT placeRead(properties_);
     }
     if (!previews_.isLoading()) readLateSidecar();
     endReading();

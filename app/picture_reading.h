@@ -71,8 +71,8 @@ public:
     // `placeRead` comes later if the sidecar says more.
     std::int32_t readPlace(fileInfoRecord* info);
 
-    // Where the values of the place come from that was read last.
-    const ValueSources& sources() const { return sources_; }
+    // All that the picture says of where and when it was taken; empty until it has been read.
+    const PictureProperties& properties() const { return properties_; }
 
     // Asks for the preview of the file that was opened, in the size of its field. It is not read
     // afterwards.
@@ -124,6 +124,7 @@ private:
     PreviewLoader previews_;
     std::string path_;
     PictureFile picture_;  // from `opened` on, until its preview is asked for
+    PictureProperties properties_;
     std::chrono::milliseconds patience_ = kPatience;
     std::chrono::steady_clock::time_point begun_{};  // of the file
     std::chrono::steady_clock::time_point asked_{};  // from when on the window waits
@@ -133,10 +134,9 @@ private:
     QTimer silence_;                  // runs out when a file has not been opened for long
     std::uint32_t awaitedPlace_ = 0;  // the ticket of the place that is to come; 0 for none
     bool isOpeningSidecar_ = false;
-    PictureFile sidecar_;            // from when it is opened until it is read
-    bool isReadingSidecar_ = false;  // the place that is to come is that of the sidecar
-    PictureProperties ofPicture_;    // what the picture says, while its sidecar is to come
-    ValueSources sources_;
+    PictureFile sidecar_;              // from when it is opened until it is read
+    bool isReadingSidecar_ = false;    // the place that is to come is that of the sidecar
+    PictureProperties ofPicture_;      // what the picture says, while its sidecar is to come
     QTimer slowPreview_;               // runs out when a preview has taken long
     ReadingNotice* notice_ = nullptr;  // the window's; null until it is needed
 };

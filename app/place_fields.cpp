@@ -5,6 +5,7 @@
 #include "lib/ui/cocoa_utils.h"
 #include "lib/ui/qt_text.h"
 #include "places/words/place_words.h"
+#include "places/words/taken_words.h"
 
 #include <cmath>
 #include <optional>
@@ -30,7 +31,7 @@ PlaceFields::~PlaceFields()
     window_.placeMap->showNothing();  // the map reads the file of places
 }
 
-void PlaceFields::show(const fileInfoRecord& info)
+void PlaceFields::show(const fileInfoRecord& info, const PictureProperties& properties)
 {
     const double latitude = signedLatitude(info);
     const double longitude = signedLongitude(info);
@@ -43,12 +44,56 @@ void PlaceFields::show(const fileInfoRecord& info)
                                  .isAtSea = place && place->country.empty(),
                                  .direction = directionOf(info)},
                                 cuDisplayText(words.get()));
+    showDirection(info, properties);
+    showTaken(properties, place ? place->zone : std::string());
+}
+
+void PlaceFields::showWithoutPosition(const PictureProperties& properties)
+{
+    clearPlace();
+    showTaken(properties, {});
 }
 
 void PlaceFields::clear()
 {
+    clearPlace();
+    showTaken({}, {});
+}
+
+void PlaceFields::showDirection(const fileInfoRecord& info, const PictureProperties& properties)
+{
+    const auto direction = directionOf(info);
+    if (!direction) {
+        window_.compassField->clearDirection();
+        return;
+    }
+    const std::u16string reference = properties.imageDirectionReference.value_or(u"");
+    const char north = reference == u"T" ? 'T' : reference == u"M" ? 'M' : '\0';
+    const StringHolder words(createViewText(*direction, north));
+    window_.compassField->setDirection(*direction, cuDisplayText(words.get()));
+}
+
+void PlaceFields::showTaken(const PictureProperties& properties, const std::string& zone)
+{
+    StringHolder text;
+    StringHolder source;
+    if (properties.taken) {
+        const TakenTime taken{*properties.taken, properties.takenOffset,
+                              properties.isTakenBySatellites};
+        text = StringHolder(createTakenText(taken, zone));
+        source = StringHolder(createTakenSource(taken, zone));
+    }
+    cocoaUtils::setStringValue(window_.takenField, text.get());
+    window_.takenField->setToolTip(cuDisplayText(source.get()));
+    // A screen reader says it after the text.
+    window_.takenField->setAccessibleDescription(cuDisplayText(source.get()));
+}
+
+void PlaceFields::clearPlace()
+{
     cocoaUtils::setStringValue(window_.placeField, nullptr);
     window_.placeMap->showNothing();
+    window_.compassField->clearDirection();
 }
 
 }  // namespace pinorama

@@ -5,7 +5,10 @@
 #pragma once
 
 #include "location/file_info_record.h"
+#include "pictures/picture_properties.h"
 #include "places/place_finder.h"
+
+#include <string>
 
 namespace pinorama {
 
@@ -21,12 +24,22 @@ public:
 
     // Shows what is known of the position of `info`, which counts as one even if a coordinate is
     // zero. A position that is not on the Earth is shown as none.
-    void show(const fileInfoRecord& info);
+    //
+    //   properties  what else the picture says: what its direction counts from, and when it was
+    //               taken.
+    void show(const fileInfoRecord& info, const PictureProperties& properties);
 
-    // Shows that there is no position.
+    // Shows when a picture without a position was taken.
+    void showWithoutPosition(const PictureProperties& properties);
+
+    // Shows nothing.
     void clear();
 
 private:
+    void showDirection(const fileInfoRecord& info, const PictureProperties& properties);
+    void showTaken(const PictureProperties& properties, const std::string& zone);
+    void clearPlace();
+
     MainWindow& window_;
     PlaceFinder places_;
 };

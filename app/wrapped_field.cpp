@@ -57,6 +57,7 @@ void WrappedField::setText(const QString& text)
     setPlainText(shownText(text));
     // With nothing in it the field is no stop on the way through the window.
     setFocusPolicy(text.isEmpty() ? Qt::ClickFocus : Qt::StrongFocus);
+    if (isHugging_) updateGeometry();
 }
 
 void WrappedField::setMaximumLines(int lines)
@@ -72,15 +73,24 @@ void WrappedField::setGrowing(bool growing)
     adaptHeight();
 }
 
+void WrappedField::setHugging(bool hugging)
+{
+    isHugging_ = hugging;
+    QSizePolicy policy = sizePolicy();
+    policy.setHorizontalPolicy(hugging ? QSizePolicy::Maximum : QSizePolicy::Expanding);
+    setSizePolicy(policy);
+}
+
 QSize WrappedField::sizeHint() const
 {
-    return {usualWidth(fontMetrics()), minimumSizeHint().height()};
+    return {wantedWidth(), minimumSizeHint().height()};
 }
 
 QSize WrappedField::minimumSizeHint() const
 {
     const int lines = std::clamp(lines_, 1, maximumLines_);
-    return {fontMetrics().averageCharWidth() * kSmallestWidth,
+    const int smallest = fontMetrics().averageCharWidth() * kSmallestWidth;
+    return {isHugging_ ? std::min(smallest, wantedWidth()) : smallest,
             lines * fontMetrics().lineSpacing() + 1};
 }
 
@@ -149,6 +159,14 @@ void WrappedField::focusOutEvent(QFocusEvent* event)
     QTextCursor cursor = textCursor();
     cursor.clearSelection();
     setTextCursor(cursor);
+}
+
+int WrappedField::wantedWidth() const
+{
+    const int usual = usualWidth(fontMetrics());
+    if (!isHugging_) return usual;
+    const int text = fontMetrics().horizontalAdvance(toPlainText().left(kSmallestWidth * 4));
+    return std::min(text + 2 * kLineMargin + 1, usual);
 }
 
 int WrappedField::linesNeeded() const

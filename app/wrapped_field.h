@@ -17,6 +17,8 @@ class WrappedField : public QPlainTextEdit {
     Q_PROPERTY(int maximumLines READ maximumLines WRITE setMaximumLines)
     // True for a field that takes the spare height of its window.
     Q_PROPERTY(bool growing READ isGrowing WRITE setGrowing)
+    // True for a field that is only as wide as its text, so that something can stand beside it.
+    Q_PROPERTY(bool hugging READ isHugging WRITE setHugging)
 
 public:
     explicit WrappedField(QWidget* parent = nullptr);
@@ -31,6 +33,9 @@ public:
     bool isGrowing() const { return isGrowing_; }
     void setGrowing(bool growing);
 
+    bool isHugging() const { return isHugging_; }
+    void setHugging(bool hugging);
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
@@ -44,6 +49,7 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
+    int wantedWidth() const;
     int linesNeeded() const;
     void adaptHeight();
 
@@ -51,6 +57,7 @@ private:
     int lines_ = 1;  // as many as linesNeeded() found last
     int maximumLines_ = 4;
     bool isGrowing_ = false;
+    bool isHugging_ = false;
     bool isLaidOut_ = false;
 };
 

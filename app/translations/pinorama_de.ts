@@ -289,6 +289,11 @@
         <source>&amp;Read More Kinds of Files</source>
         <translation>Mehr Dateiarten &amp;lesen</translation>
     </message>
+    <message>
+        <source>Taken:</source>
+        <extracomment>The time at which the picture was taken.</extracomment>
+        <translation>Aufgenommen:</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::Notice</name>

@@ -289,6 +289,11 @@
         <source>&amp;Read More Kinds of Files</source>
         <translation>Leer más &amp;tipos de archivos</translation>
     </message>
+    <message>
+        <source>Taken:</source>
+        <extracomment>The time at which the picture was taken.</extracomment>
+        <translation>Tomada:</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::Notice</name>

@@ -289,6 +289,11 @@
         <source>&amp;Read More Kinds of Files</source>
         <translation>Lire d’autres &amp;types de fichiers</translation>
     </message>
+    <message>
+        <source>Taken:</source>
+        <extracomment>The time at which the picture was taken.</extracomment>
+        <translation>Prise&#xa0;:</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::Notice</name>

@@ -289,6 +289,11 @@
         <source>&amp;Read More Kinds of Files</source>
         <translation>Leggi altri &amp;tipi di file</translation>
     </message>
+    <message>
+        <source>Taken:</source>
+        <extracomment>The time at which the picture was taken.</extracomment>
+        <translation>Scattata:</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::Notice</name>

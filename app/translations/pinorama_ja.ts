@@ -289,6 +289,11 @@
         <source>&amp;Read More Kinds of Files</source>
         <translation>ほかの種類のファイルも読み取る(&amp;R)</translation>
     </message>
+    <message>
+        <source>Taken:</source>
+        <extracomment>The time at which the picture was taken.</extracomment>
+        <translation>撮影:</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::Notice</name>

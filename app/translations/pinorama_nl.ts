@@ -289,6 +289,11 @@
         <source>&amp;Read More Kinds of Files</source>
         <translation>Meer &amp;bestandssoorten lezen</translation>
     </message>
+    <message>
+        <source>Taken:</source>
+        <extracomment>The time at which the picture was taken.</extracomment>
+        <translation>Genomen:</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::Notice</name>

@@ -289,6 +289,11 @@
         <source>&amp;Read More Kinds of Files</source>
         <translation>Ler mais &amp;tipos de arquivos</translation>
     </message>
+    <message>
+        <source>Taken:</source>
+        <extracomment>The time at which the picture was taken.</extracomment>
+        <translation>Tirada:</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::Notice</name>

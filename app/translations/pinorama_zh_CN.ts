@@ -289,6 +289,11 @@
         <source>&amp;Read More Kinds of Files</source>
         <translation>读取更多类型的文件(&amp;R)</translation>
     </message>
+    <message>
+        <source>Taken:</source>
+        <extracomment>The time at which the picture was taken.</extracomment>
+        <translation>拍摄：</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::Notice</name>

@@ -182,7 +182,7 @@ TEST_F(AppControllerHabits, captionsCanBeReadInEveryPalette)
                     << label->objectName().toStdString();
             }
         }
-        EXPECT_EQ(captions, 11);
+        EXPECT_EQ(captions, 12);
     }
 }
 

@@ -20,9 +20,9 @@ namespace {
 using MainWindowTest = test::ControllerTest;
 
 const char* const kTextFields[] = {
-    "fileNameField",      "fileSizeField",    "fileModificationDateField", "fileCreationDateField",
-    "gpsCoordinateField", "gpsAltitudeField", "gpsDirectionField",         "iptcCityField",
-    "iptcStateField",     "iptcCountryField", "iptcDescriptionField"};
+    "fileNameField",         "takenField",         "fileSizeField",    "fileModificationDateField",
+    "fileCreationDateField", "gpsCoordinateField", "gpsAltitudeField", "gpsDirectionField",
+    "iptcCityField",         "iptcStateField",     "iptcCountryField", "iptcDescriptionField"};
 
 const test::PictureFields kEverything = {.lat = 48.1,
                                          .latRef = "N",
@@ -30,6 +30,7 @@ const test::PictureFields kEverything = {.lat = 48.1,
                                          .lonRef = "E",
                                          .altitude = 520.0,
                                          .imgDirection = 271.26,
+                                         .taken = "2026:05:03 14:03:22",
                                          .city = "Munich",
                                          .state = "Bavaria",
                                          .country = "Germany",

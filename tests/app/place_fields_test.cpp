@@ -1,5 +1,6 @@
 // What the window says of a place by itself, in a window of its own.
 
+#include "app/compass_field.h"
 #include "base/resource_folder.h"
 #include "tests/app/controller_fixture.h"
 
@@ -104,4 +105,78 @@ TEST_F(PlaceFieldsTest, areNoStopOfTheTabKeyWhileTheyAreEmpty)
     EXPECT_EQ(words->focusPolicy(), Qt::StrongFocus);
     EXPECT_TRUE(showPicture("none.jpg", {}));
     EXPECT_EQ(words->focusPolicy() & Qt::TabFocus, 0);
+}
+
+TEST_F(PlaceFieldsTest, sayTheDirectionAsPeopleDoBesideTheDegrees)
+{
+    const CompassField* compass = controller.myWindow->compassField;
+    test::PictureFields fields = kUshuaia;
+    const struct {
+        const char* name;
+        std::optional<double> direction;
+        std::optional<std::string> reference;
+        const char *degrees, *words;
+    } rows[] = {{"true.jpg", 164.0, "T", "164.0", "SSE (true)"},
+                {"magnetic.jpg", 271.26, "M", "271.3", "W (magnetic)"},
+                {"unsaid.jpg", 359.9, std::nullopt, "359.9", "N"},
+                {"zero.jpg", 0.0, "T", "", ""},
+                {"none.jpg", std::nullopt, "T", "", ""},
+                {"more than a turn.jpg", 400.0, "T", "400.0", ""}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        fields.imgDirection = row.direction;
+        fields.imgDirectionRef = row.reference;
+        EXPECT_TRUE(showPicture(row.name, fields));
+        EXPECT_EQ(shown(controller.gpsDirectionField), row.degrees);
+        EXPECT_EQ(compass->text().toStdString(), row.words);
+    }
+    fields.imgDirection = 90.0;
+    EXPECT_TRUE(showPicture("east.jpg", fields));
+    EXPECT_FALSE(compass->text().isEmpty());
+    EXPECT_TRUE(showPicture("no position.jpg", {.imgDirection = 90.0}));
+    EXPECT_EQ(compass->text(), QString());
+}
+
+TEST_F(PlaceFieldsTest, standRightBesideTheDegrees)
+{
+    test::PictureFields fields = kUshuaia;
+    fields.imgDirection = 164.0;
+    EXPECT_TRUE(showPicture("south.jpg", fields));
+    controller.showMainWindow();
+    const QWidget* compass = controller.myWindow->compassField;
+    const QWidget* degrees = controller.gpsDirectionField;
+    EXPECT_TRUE(test::waitUntil([&] { return compass->x() > degrees->x(); }));
+    EXPECT_LT(compass->x(), degrees->geometry().right() + 20);
+    EXPECT_LT(degrees->width(), degrees->fontMetrics().horizontalAdvance(QStringLiteral("164.00")));
+    EXPECT_GE(degrees->width(), degrees->fontMetrics().horizontalAdvance(QStringLiteral("164.0")));
+    EXPECT_EQ(degrees->height(), controller.gpsAltitudeField->height()) << "one line";
+}
+
+TEST_F(PlaceFieldsTest, sayWhenAPictureWasTakenAndByWhichClock)
+{
+    const WrappedField* taken = controller.myWindow->takenField;
+    test::PictureFields fields = kUshuaia;
+    fields.gpsDate = "2026:07:14";
+    fields.gpsTime = {{17, 1}, {5, 1}, {0, 1}};
+    EXPECT_TRUE(showPicture("satellites.jpg", fields));
+    const std::string words = shown(taken);
+    EXPECT_NE(words.find("Argentina Standard Time"), std::string::npos) << words;
+    EXPECT_NE(words.find("2:05"), std::string::npos) << words;
+    EXPECT_EQ(taken->toolTip(),
+              QLatin1String("By the clock of the satellites, in the time of the place."));
+    EXPECT_EQ(taken->accessibleDescription(), taken->toolTip());
+
+    EXPECT_TRUE(showPicture("without a position.jpg", {.taken = "2026:07:14 14:05:00"}));
+    EXPECT_NE(shown(taken).find("2:05"), std::string::npos) << shown(taken);
+    EXPECT_EQ(shown(taken).find('('), std::string::npos) << shown(taken);
+    EXPECT_EQ(taken->toolTip(),
+              QLatin1String("By the camera's clock. Its time zone is not known."));
+
+    EXPECT_TRUE(showPicture("undated.jpg", kUshuaia));
+    EXPECT_EQ(shown(taken), "");
+    EXPECT_EQ(taken->toolTip(), QString());
+    EXPECT_TRUE(showPicture("dated.jpg", {.taken = "2026:07:14 14:05:00"}));
+    EXPECT_NE(shown(taken), "");
+    EXPECT_FALSE(show("/elsewhere/notes.txt"));
+    EXPECT_EQ(shown(taken), "");
 }
