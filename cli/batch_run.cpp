@@ -81,9 +81,9 @@ bool missesAddress(const Options& options, const WorkCounts& counts)
 }
 
 // Prints each picture that arrives in the folders.
-int reportOnArrivals(const Options& options, StringHolder serviceTemplate, PlaceFilter filter)
+int reportOnArrivals(const Options& options, ReportOptions reportOptions, PlaceFilter filter)
 {
-    BatchWork work(reportOptionsOf(options, std::move(serviceTemplate)), std::move(filter));
+    BatchWork work(std::move(reportOptions), std::move(filter));
     work.warmUp();
     return reportBy(options, [&](StopSignals& signals, Outputs& outputs) {
         FolderWatch watch(options.recursive,
@@ -121,14 +121,16 @@ std::size_t filesAtOnce()
     return std::clamp<std::size_t>(limit.rlim_cur / (readsMoreKinds() ? 4 : 2), 1, kMaxDescriptors);
 }
 
-ReportOptions reportOptionsOf(const Options& options, StringHolder serviceTemplate)
+ReportOptions reportOptionsOf(const Options& options, StringHolder serviceTemplate,
+                              Thumbnailer thumbnailer)
 {
     return {.output = options.output,
             .serviceTemplate = std::move(serviceTemplate),
             .placemarks = !options.kmlPath.empty(),
             .isRaw = options.isRaw,
             .hasTrack = options.hasTrack,
-            .isSorted = options.isSorted()};
+            .isSorted = options.isSorted(),
+            .thumbnailer = std::move(thumbnailer)};
 }
 
 int reportBy(const Options& options, const ReportWork& work)
@@ -161,11 +163,14 @@ int reportBy(const Options& options, const ReportWork& work)
     return status;
 }
 
-int reportOnFiles(const Options& options, StringHolder serviceTemplate, PlaceFilter filter)
+int reportOnFiles(const Options& options, StringHolder serviceTemplate, PlaceFilter filter,
+                  Thumbnailer thumbnailer)
 {
+    ReportOptions reportOptions =
+        reportOptionsOf(options, std::move(serviceTemplate), std::move(thumbnailer));
     if (options.watch)
-        return reportOnArrivals(options, std::move(serviceTemplate), std::move(filter));
-    BatchWork work(reportOptionsOf(options, std::move(serviceTemplate)), std::move(filter));
+        return reportOnArrivals(options, std::move(reportOptions), std::move(filter));
+    BatchWork work(std::move(reportOptions), std::move(filter));
     if (!isBatch(options)) work.expect(options.files);
     return reportBy(options, [&](StopSignals& signals, Outputs& outputs) {
         std::optional<PathList> list;

@@ -15,6 +15,7 @@
 #include "cli/path_list.h"
 #include "cli/place_filter.h"
 #include "cli/stop_signals.h"
+#include "cli/thumbnailer.h"
 #include "lib/strings/string_holder.h"
 
 #include <functional>
@@ -31,10 +32,12 @@ constexpr int kStoppedBySignal = 128;  // plus its number
 // after the other; folders and many files on all processors.
 //
 //   filter           of a search; empty for none.
+//   thumbnailer      for a document with thumbnails; empty for none.
 //   serviceTemplate  the address of the web service that the options name; null for other outputs.
 //
 // Returns the exit status.
-int reportOnFiles(const Options& options, StringHolder serviceTemplate, PlaceFilter filter = {});
+int reportOnFiles(const Options& options, StringHolder serviceTemplate, PlaceFilter filter = {},
+                  Thumbnailer thumbnailer = {});
 
 // The parts of that, for a run that goes through the files in another way.
 
@@ -44,7 +47,8 @@ using ReportWork = std::function<void(StopSignals& signals, Outputs& outputs)>;
 // Begins and ends the outputs around `work`, and returns the exit status.
 int reportBy(const Options& options, const ReportWork& work);
 
-ReportOptions reportOptionsOf(const Options& options, StringHolder serviceTemplate);
+ReportOptions reportOptionsOf(const Options& options, StringHolder serviceTemplate,
+                              Thumbnailer thumbnailer = {});
 
 // The files of the command line, then those of the list, which is opened when it comes to them. The
 // arguments are borrowed.

@@ -5,6 +5,7 @@
 #include "cli/diagnostic.h"
 #include "cli/geojson_feature.h"
 #include "cli/json_line.h"
+#include "cli/kmz_document.h"
 #include "cli/list_entry.h"
 #include "cli/text_block.h"
 #include "globe/kml_places.h"
@@ -23,7 +24,7 @@ bool isFolder(const FileReport& report)
            S_ISDIR(status.st_mode);
 }
 
-void appendPlacemark(const FileReport& report, std::string* out)
+void appendPlacemark(const FileReport& report, std::string_view thumbnail, std::string* out)
 {
     if (!report.position || !report.place) return;
     const PlaceReport& place = *report.place;
@@ -32,6 +33,7 @@ void appendPlacemark(const FileReport& report, std::string* out)
          .path = report.path,
          .caption = place.description ? std::string_view(*place.description) : std::string_view(),
          .taken = report.taken,
+         .thumbnail = thumbnail,
          .latitude = report.position->latitude,
          .longitude = report.position->longitude,
          .altitude = report.altitude,
@@ -66,6 +68,7 @@ BatchWork::BatchWork(ReportOptions options, PlaceFilter filter)
       hasTrack_(options.hasTrack),
       isSorted_(options.isSorted),
       filter_(std::move(filter)),
+      thumbnailer_(options.thumbnailer),
       reporter_(std::move(options))
 {
 }
@@ -92,13 +95,17 @@ BatchResult BatchWork::process(std::span<const std::string> paths, int alarm)
     return result;
 }
 
-void BatchWork::addOutput(const FileReport& report, std::string_view path,
+void BatchWork::addOutput(const FileReport& report, const std::string& path,
                           BatchResult* result) const
 {
     if (isSorted_) {
         const double metres = report.nearness ? report.nearness->metres : 0.0;
         Hit& hit = result->hits.emplace_back(Hit{metres, report.path});
         appendOutput(report, path, &hit.text);
+        // Thumbnails need not wait for their order.
+        if (output_ == Output::kmz) addKmzPieces(report, path, &hit.text, &result->output);
+    } else if (output_ == Output::kmz) {
+        addKmzPieces(report, path, &result->output, &result->output);
     } else {
         appendOutput(report, path, &result->output);
     }
@@ -118,7 +125,8 @@ void BatchWork::appendOutput(const FileReport& report, std::string_view path,
         *out += separatorOf(output_);
         appendTextBlock(report, out);
         break;
-    case Output::kml: appendPlacemark(report, out); break;
+    case Output::kml: appendPlacemark(report, {}, out); break;
+    case Output::kmz: break;  // see addKmzPieces
     case Output::geojson: appendGeoJsonFeature(report, out); break;
     case Output::gpx: appendGpxWaypoint(report, out); break;
     case Output::list: appendListEntry(report, path, out); break;
@@ -135,6 +143,22 @@ void BatchWork::appendOutput(const FileReport& report, std::string_view path,
     }
 }
 
+// The thumbnail of a located picture, and its placemark that shows it.
+void BatchWork::addKmzPieces(const FileReport& report, const std::string& path, std::string* kml,
+                             std::string* thumbnails) const
+{
+    if (!report.position) return;
+    std::string name;
+    const std::string jpeg = thumbnailer_ ? thumbnailer_(path) : std::string();
+    if (!jpeg.empty()) {
+        name = thumbnailName(path);
+        appendThumbnailPiece(name, jpeg, thumbnails);
+    }
+    std::string placemark;
+    appendPlacemark(report, name, &placemark);
+    appendKmlPiece(placemark, kml);
+}
+
 std::string beginningOfOutput(const Options& options)
 {
     std::string beginning;
@@ -143,6 +167,12 @@ std::string beginningOfOutput(const Options& options)
         appendCsvHeader({options.isRaw, !options.nearPlace.empty()}, &beginning);
         break;
     case Output::kml: appendKmlBeginning(&beginning); break;
+    case Output::kmz: {
+        std::string kml;
+        appendKmlBeginning(&kml);
+        appendKmlPiece(kml, &beginning);
+        break;
+    }
     case Output::geojson: appendGeoJsonBeginning(&beginning); break;
     case Output::gpx: appendGpxBeginning(&beginning); break;
     default: break;
@@ -155,6 +185,12 @@ std::string endOfOutput(const Options& options, std::vector<TrackPoint> track)
     std::string end;
     switch (options.output) {
     case Output::kml: appendKmlEnd(&end); break;
+    case Output::kmz: {
+        std::string kml;
+        appendKmlEnd(&kml);
+        appendKmlPiece(kml, &end);
+        break;
+    }
     case Output::geojson: appendGeoJsonEnd(&end); break;
     case Output::gpx:
         appendGpxTrack(std::move(track), &end);

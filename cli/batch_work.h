@@ -54,14 +54,17 @@ public:
     BatchResult process(std::span<const std::string> paths, int alarm = -1);
 
 private:
-    void addOutput(const FileReport& report, std::string_view path, BatchResult* result) const;
+    void addOutput(const FileReport& report, const std::string& path, BatchResult* result) const;
     void appendOutput(const FileReport& report, std::string_view path, std::string* out) const;
+    void addKmzPieces(const FileReport& report, const std::string& path, std::string* kml,
+                      std::string* thumbnails) const;
 
     Output output_;
     bool isRaw_;
     bool hasTrack_;
     bool isSorted_;
     PlaceFilter filter_;
+    Thumbnailer thumbnailer_;
     FileReporter reporter_;
 };
 

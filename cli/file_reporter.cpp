@@ -152,7 +152,8 @@ bool showsFields(Output output)
 
 bool isPlaceDocument(Output output)
 {
-    return output == Output::kml || output == Output::geojson || output == Output::gpx;
+    return output == Output::kml || output == Output::kmz || output == Output::geojson ||
+           output == Output::gpx;
 }
 
 bool namesPlaces(Output output)

@@ -9,6 +9,7 @@
 #include "cli/accepted_names.h"
 #include "cli/file_report.h"
 #include "cli/options.h"
+#include "cli/thumbnailer.h"
 #include "lib/strings/string_holder.h"
 #include "location/file_facts.h"
 #include "location/file_info_record.h"
@@ -30,9 +31,10 @@ struct ReportOptions {
     Output output = Output::text;
     StringHolder serviceTemplate{};  // of the web service, for Output::webAddress
     bool placemarks = false;
-    bool isRaw = false;     // for Output::csv
-    bool hasTrack = false;  // for Output::gpx
-    bool isSorted = false;  // by the distance from the place of a search
+    bool isRaw = false;         // for Output::csv
+    bool hasTrack = false;      // for Output::gpx
+    bool isSorted = false;      // by the distance from the place of a search
+    Thumbnailer thumbnailer{};  // for Output::kmz
 };
 
 // Nobody waits at a window here, so a slow disk has more time than there.

@@ -92,7 +92,7 @@ int report(const Options& options, const Search& search)
                         ": the program's texts are missing");
         return kSomeFileFailed;
     }
-    if (options.isSearch()) return search(options, std::move(serviceTemplate));
+    if (options.needsSearchProgram()) return search(options, std::move(serviceTemplate));
     return reportOnFiles(options, std::move(serviceTemplate));
 }
 
@@ -132,7 +132,12 @@ int runInfoProgram(int argc, char** argv, const Search& search)
         return print("pinorama-info " PINORAMA_VERSION "\n" + locks);
     }
 
-    if (options.isSearch() && !search) return becomeSearchProgram(argv);
+    if (options.needsSearchProgram() && !search) return becomeSearchProgram(argv);
+    if (options.output == Output::kmz && isatty(STDOUT_FILENO) == 1) {
+        printDiagnostic(
+            "--format kmz makes an archive, which no terminal shows; send it to a file");
+        return kWrongUsage;
+    }
     setReadsMoreKinds(options.readsMore);
     if (wouldReplaceAPicture(options.kmlPath)) {
         printDiagnostic(shownPath(options.kmlPath) + ": a KML document never replaces a picture");

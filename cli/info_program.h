@@ -12,8 +12,8 @@
 
 namespace pinorama {
 
-// Does a search and returns its exit status. It gets the options and the template of the web
-// service that they name, which is null for other outputs.
+// Does a search, or makes a document with thumbnails, and returns the exit status. It gets the
+// options and the template of the web service that they name, which is null for other outputs.
 using Search = std::function<int(const Options& options, StringHolder serviceTemplate)>;
 
 // Runs the program with the arguments of main. Without a search, pinorama-search takes the place of

@@ -31,13 +31,14 @@ void choose(Reading& reading, Output output)
 void chooseFormat(Reading& reading, const char* value)
 {
     constexpr std::pair<std::string_view, Output> kFormats[] = {
-        {"json", Output::json},       {"csv", Output::csv}, {"kml", Output::kml},
-        {"geojson", Output::geojson}, {"gpx", Output::gpx}, {"list", Output::list}};
+        {"json", Output::json}, {"csv", Output::csv},         {"kml", Output::kml},
+        {"kmz", Output::kmz},   {"geojson", Output::geojson}, {"gpx", Output::gpx},
+        {"list", Output::list}};
     for (const auto& [name, output] : kFormats) {
         if (name == value) return choose(reading, output);
     }
-    reading.error =
-        std::string("--format needs json, csv, kml, geojson, gpx or list, not '") + value + '\'';
+    reading.error = std::string("--format needs json, csv, kml, kmz, geojson, gpx or list, not '") +
+                    value + '\'';
 }
 
 void chooseWebService(Reading& reading, const char* value)
@@ -78,8 +79,8 @@ constexpr OptionRow kRows[] = {
      [](Reading& reading, const char*) { reading.options->recursive = true; }},
     {0, "more", nullptr, "read more kinds of files (HEIC, PNG, MP4 and others), XMP and sidecars",
      [](Reading& reading, const char*) { reading.options->readsMore = true; }},
-    {0, "format", "NAME", "print json, csv, a document of places (kml, geojson, gpx), or a list",
-     chooseFormat},
+    {0, "format", "NAME",
+     "print json, csv, a document of places (kml, kmz, geojson, gpx), or a list", chooseFormat},
     {0, "json", nullptr, "print one JSON object per file, each on its own line",
      [](Reading& reading, const char*) { choose(reading, Output::json); }},
     {0, "csv", nullptr, "print a table with signed degrees (CSV)",

@@ -14,6 +14,7 @@ enum class Output : std::uint8_t {
     json,              // an object
     csv,               // a row
     kml,               // for located pictures only: a placemark of one document,
+    kmz,               // the same with a thumbnail, in an archive,
     geojson,           // the same: a feature of one document,
     gpx,               // the same: a waypoint of one document
     list,              // the path and the position between zero bytes
@@ -53,6 +54,8 @@ struct Options {
         return !kmlPath.empty() && !recursive && files.size() == 1 && listPath.empty() &&
                !isSearch() && !watch;
     }
+    // What the program that people start has no libraries for.
+    bool needsSearchProgram() const { return isSearch() || output == Output::kmz; }
     bool isSearch() const { return !nearPlace.empty() || !areaPath.empty() || withoutPosition; }
     // The nearest pictures come first, and folders are searched in no order, so that nothing is
     // printed before all have been read.

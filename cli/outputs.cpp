@@ -35,6 +35,9 @@ bool Outputs::begin()
         failKml();
         return false;
     }
+    if (output_ == Output::kmz) {
+        kmz_.emplace([](std::string_view bytes) { return writeAll(STDOUT_FILENO, bytes); });
+    }
     print(beginningOfOutput(options_));
     return !areLost();
 }
@@ -77,6 +80,7 @@ void Outputs::finish()
     for (const Hit& hit : hits_) print(hit.text);
     isFirst_ = false;
     print(endOfOutput(options_, std::move(track_)));
+    if (kmz_ && printError_ == 0) checkPrinted(kmz_->finish());
     if (!kmlPath_.empty() && !kmlHasFailed_ && !kml_.finish()) failKml();
     progress_.clear();
 }
@@ -100,7 +104,12 @@ void Outputs::print(std::string_view text)
     }
     if (text.empty() || printError_ != 0) return;
     progress_.clear();
-    if (writeAll(STDOUT_FILENO, text)) return;
+    checkPrinted(kmz_ ? kmz_->write(text) : writeAll(STDOUT_FILENO, text));
+}
+
+void Outputs::checkPrinted(bool isPrinted)
+{
+    if (isPrinted) return;
     printError_ = errno;
     if (!readerHasGone())
         printDiagnostic(std::string("standard output: ") + std::strerror(printError_));

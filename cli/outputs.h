@@ -11,8 +11,10 @@
 
 #include "cli/batch_work.h"
 #include "cli/kml_export.h"
+#include "cli/kmz_document.h"
 #include "cli/progress.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -53,6 +55,7 @@ public:
 
 private:
     void print(std::string_view text);
+    void checkPrinted(bool isPrinted);
     void printDiagnostics(std::string_view lines);
     void failKml();
 
@@ -60,6 +63,7 @@ private:
     const Output output_;
     const std::string kmlPath_;
     KmlCollection kml_{};
+    std::optional<KmzDocument> kmz_{};  // what is printed goes into it; nothing for other outputs
     bool kmlHasFailed_ = false;
     bool isFirst_ = true;  // nothing has been printed
     int printError_ = 0;   // an errno

@@ -4,6 +4,7 @@
 #include "cli/diagnostic.h"
 #include "cli/outputs.h"
 #include "cli/path_list.h"
+#include "cli/search/picture_thumbnails.h"
 #include "cli/stop_signals.h"
 #include "cli/worker_pool.h"
 
@@ -11,6 +12,7 @@
 #include <cstdio>
 #include <deque>
 #include <iterator>
+#include <memory>
 #include <utility>
 
 namespace pinorama {
@@ -66,6 +68,14 @@ std::vector<std::string> takeItems(std::deque<std::string>* queue, std::size_t w
 
 int searchPictures(const Options& options, StringHolder serviceTemplate)
 {
+    Thumbnailer thumbnailer;
+    if (options.output == Output::kmz) {
+        thumbnailer = [thumbnails = std::make_shared<PictureThumbnails>()](
+                          const std::string& path) { return thumbnails->make(path); };
+    }
+    if (!options.isSearch()) {
+        return reportOnFiles(options, std::move(serviceTemplate), {}, std::move(thumbnailer));
+    }
     std::string error;
     auto made = SearchFilter::make(options, &error);
     if (!made) {
@@ -76,15 +86,18 @@ int searchPictures(const Options& options, StringHolder serviceTemplate)
     }
     const auto filter = std::make_shared<const SearchFilter>(*std::move(made));
     if (!options.recursive || options.watch) {
-        return reportOnFiles(options, std::move(serviceTemplate),
-                             [filter](FileReport* report) { return (*filter)(report); });
+        return reportOnFiles(
+            options, std::move(serviceTemplate),
+            [filter](FileReport* report) { return (*filter)(report); }, std::move(thumbnailer));
     }
     // A sidecar can change without its picture, so what it says is not remembered.
     const bool hasIndex = !options.noIndex && !options.readsMore;
     const std::string indexPath = !hasIndex                    ? std::string()
                                   : !options.indexPath.empty() ? options.indexPath
                                                                : defaultIndexPath();
-    FolderSearch search(reportOptionsOf(options, std::move(serviceTemplate)), filter, indexPath);
+    FolderSearch search(
+        reportOptionsOf(options, std::move(serviceTemplate), std::move(thumbnailer)), filter,
+        indexPath);
     return reportBy(options, [&](StopSignals& signals, Outputs& outputs) {
         search.warmUp();
         const int workerCount = usableProcessors();

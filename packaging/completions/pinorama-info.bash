@@ -10,7 +10,7 @@ _pinorama_info()
         fi
     done
     if [[ $COMP_CWORD -gt 1 && ${COMP_WORDS[COMP_CWORD - 1]} == --format ]]; then
-        COMPREPLY=($(compgen -W 'json csv kml geojson gpx list' -- "$word"))
+        COMPREPLY=($(compgen -W 'json csv kml kmz geojson gpx list' -- "$word"))
         return
     fi
     if [[ $word == -* ]]; then

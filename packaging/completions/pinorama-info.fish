@@ -2,7 +2,7 @@
 
 complete -c pinorama-info -l recursive -s r -d 'Read all pictures in folders'
 complete -c pinorama-info -l more -d 'Read more kinds of files, XMP and sidecars'
-complete -c pinorama-info -l format -x -a 'json csv kml geojson gpx list' -d 'Print in a format'
+complete -c pinorama-info -l format -x -a 'json csv kml kmz geojson gpx list' -d 'Print in a format'
 complete -c pinorama-info -l json -d 'Print one JSON object per file'
 complete -c pinorama-info -l csv -d 'Print a table (CSV)'
 complete -c pinorama-info -l raw -d 'Add the raw fields to the table'

@@ -1,6 +1,10 @@
 // The documents of places, read back by the programs that people open them with.
 
+#include "cli/kmz_document.h"
+#include "pictures/pixels/jpeg_decode.h"
+#include "tests/support/byte_views.h"
 #include "tests/support/environment.h"
+#include "tests/support/jpeg_pictures.h"
 #include "tests/support/picture_builder.h"
 #include "tests/support/program.h"
 
@@ -142,6 +146,92 @@ TEST_F(placeFormats, gdalReadsTheKml)
     expectPlace(places["3 clock.jpg"], {11.5, 48.125});
 }
 
+TEST_F(placeFormats, gdalReadsTheKmz)
+{
+    const std::string path = document("kmz");
+    auto places = readByGdal(path);
+    if (!hasGdal_) GTEST_SKIP() << "ogr2ogr is not installed";
+    ASSERT_EQ(places.size(), 3u);
+    const json& canyon = places["1 canyon.jpg"];
+    expectPlace(canyon, {-112.1234, 36.25, 2095.5});
+    EXPECT_EQ(canyon["properties"]["direction"], "271.25");
+    EXPECT_EQ(canyon["properties"]["path"], folder_.file("1 canyon.jpg"));
+    expectPlace(places[kCape], {18.474, -34.3568, -12.0});
+    expectPlace(places["3 clock.jpg"], {11.5, 48.125});
+}
+
+TEST_F(placeFormats, theKmzIsTheKmlWithThumbnails)
+{
+    const test::TemporaryFolder pictures;
+    const std::string gps = test::tiffWithGps({.lat = 1, .latRef = "N", .lon = 2, .lonRef = "E"});
+    const std::string picture =
+        pictures.write("a.jpg", test::jpegOfQuarters(400, 300, {.exif = gps}));
+    const std::string other = folder_.file("3 clock.jpg");
+    const std::string archive = out_.file("a.kmz");
+    const auto write = [&](const char* reader) {
+        const test::ProgramResult result =
+            test::runProgram({.command = {PINORAMA_INFO, "--format", "kmz", picture, other},
+                              .variables = {{"PINORAMA_READER", reader}},
+                              .outputPath = archive});
+        EXPECT_EQ(result.status, 0) << result.err;
+    };
+    const auto extracted = [&archive](const std::string& name) {
+        return test::runProgram({.command = {"/usr/bin/bsdtar", "-xOf", archive, name}}).out;
+    };
+    const test::ProgramResult kml =
+        test::runProgram({.command = {PINORAMA_INFO, "--format", "kml", picture, other}});
+    write("/nowhere");
+    EXPECT_EQ(extracted("doc.kml"), kml.out) << "without a reader";
+    if (!PINORAMA_MAKES_THUMBNAILS) GTEST_SKIP() << "a build without Qt has no thumbnails";
+
+    write("");
+    std::string document = extracted("doc.kml");
+    for (const std::string& path : {picture, other}) {
+        SCOPED_TRACE(path);
+        const std::string description = "<description>&lt;img src=&quot;" + thumbnailName(path) +
+                                        "&quot;/&gt;&lt;br/&gt;</description>";
+        const std::size_t at = document.find(description);
+        ASSERT_NE(at, std::string::npos) << document;
+        document.erase(at, description.size());
+    }
+    EXPECT_EQ(document, kml.out);
+    const std::string jpeg = extracted(thumbnailName(picture));
+    MemoryByteSource source(test::viewOf(jpeg));
+    const auto image = decodeJpeg(ByteBlock(source), {256, 256});
+    ASSERT_TRUE(image);
+    EXPECT_EQ(image->width, 256);
+    EXPECT_EQ(image->height, 192);
+    EXPECT_TRUE(test::areNear(test::quartersOf(*image),
+                              {test::kRed, test::kGreen, test::kBlue, test::kYellow}));
+}
+
+TEST_F(placeFormats, aSearchSortsTheKmz)
+{
+    const test::ProgramResult result =
+        test::runProgram({.command = {PINORAMA_INFO, "-rq", "--near", "48,11,20000000", "--format",
+                                      "kmz", folder_.path()},
+                          .outputPath = out_.file("near.kmz")});
+    EXPECT_EQ(result.status, 0) << result.err;
+    const std::string kml =
+        test::runProgram({.command = {"/usr/bin/bsdtar", "-xOf", out_.file("near.kmz"), "doc.kml"}})
+            .out;
+    const std::size_t clock = kml.find("<name>3 clock.jpg");
+    const std::size_t cape = kml.find("<name>2 ");
+    const std::size_t canyon = kml.find("<name>1 canyon.jpg");
+    ASSERT_NE(cape, std::string::npos) << kml;
+    EXPECT_LT(clock, canyon);
+    EXPECT_LT(canyon, cape);
+}
+
+TEST_F(placeFormats, noTerminalGetsTheKmz)
+{
+    const test::ProgramResult result = test::runProgram(
+        {.command = {"/usr/bin/script", "-qec", PINORAMA_INFO " --format kmz /tmp", "/dev/null"}});
+    if (result.status == 127) GTEST_SKIP() << "script is not installed";
+    EXPECT_EQ(result.status, 2);
+    EXPECT_NE(result.out.find("--format kmz makes an archive"), std::string::npos) << result.out;
+}
+
 TEST_F(placeFormats, gdalReadsTheGpx)
 {
     const std::string path = document("gpx");
@@ -185,7 +275,7 @@ TEST_F(placeFormats, areTheSameForFilesAndFolders)
 {
     std::vector<std::string> files = {folder_.file("1 canyon.jpg"), folder_.file(kCape),
                                       folder_.file("3 clock.jpg"), folder_.file("4 plain.jpg")};
-    for (const char* format : {"json", "csv", "kml", "geojson", "gpx", "list"}) {
+    for (const char* format : {"json", "csv", "kml", "kmz", "geojson", "gpx", "list"}) {
         SCOPED_TRACE(format);
         std::vector<std::string> command = {PINORAMA_INFO, "--track", "--format", format};
         command.insert(command.end(), files.begin(), files.end());
