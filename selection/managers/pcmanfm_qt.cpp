@@ -4,6 +4,9 @@
 // the icons report no selected rows but a selection, and the detailed list reports rows, while its
 // selection counts every cell.
 //
+// Selection: in 1.2 the status bar quotes the name of the selected file, and counts several, half a
+// second after the change.
+//
 // Folder: from the location entry or the path buttons.
 //
 // Desktop: a window that is a filler, without a frame.
@@ -17,6 +20,8 @@
 
 namespace pinorama {
 namespace {
+
+constexpr std::size_t kMaxAsked = 128;  // items of a view with a status bar
 
 class PCManFMQtWindow : public ManagerWindow {
 public:
@@ -50,20 +55,27 @@ private:
         co_return selected;
     }
 
+    // The status bar tells half a second late, so the items of a folder that is not large are asked
+    // themselves. If none of them says that it is selected, the status bar decides.
     static Task<SelectedItems> readStates(DBusQuery& query, ItemReader& reader, View view)
     {
-        SelectedItems selected;
-        if (!reader.layout()->statusTexts.empty()) {
-            selected = co_await readStatus(query, reader);
-            co_return selected;
-        }
-        if (!co_await isQtViewShowing(query, view)) co_return selected;
-        selected.isKnown = true;
+        SelectedItems told;
+        const bool hasStatusBar = !reader.layout()->statusTexts.empty();
+        if (hasStatusBar) told = co_await readStatus(query, reader);
+        if (hasStatusBar && !told.isKnown) co_return told;
         // Every item has one child per column, shown or not; the first of them has the name.
-        const QDBusMessage getColumnCount = columnCountCall(view.object);
-        const auto columns = numberIn(co_await query.reply(getColumnCount));
-        const std::size_t step = std::max<std::size_t>(columns.value_or(1), 1);
+        const std::vector<QDBusMessage> calls =
+            callList(columnCountCall(view.object), childCountCall(view.object));
+        const auto counts = co_await query.replies(calls);
+        const std::size_t step = std::max<std::size_t>(numberIn(counts[0]).value_or(1), 1);
+        const std::size_t count = numberIn(counts[1]).value_or(0) / step;
+        if (hasStatusBar && count > kMaxAsked) co_return told;
+        SelectedItems selected;
+        if (!co_await isQtViewShowing(query, view)) co_return hasStatusBar ? told : selected;
+        selected.isKnown = true;
+        selected.validators = told.validators;
         const std::vector<Accessible> found = co_await itemsThatReportSelected(query, view, step);
+        if (found.empty() && hasStatusBar) co_return told;
         for (const Accessible& object : found) {
             NamedItem item = co_await reader.named(query, object);
             selected.items.push_back(std::move(item));

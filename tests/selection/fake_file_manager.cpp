@@ -254,6 +254,13 @@ void test::FakeFileManager::addCell(int place, const QString& text)
     objects_[kFirstItem + place].cells.push_back(number);
 }
 
+void test::FakeFileManager::addStatusBar(const QString& text)
+{
+    const std::lock_guard lock(mutex_);
+    const States shown = only(State::showing) | only(State::visible);
+    add(kStatusBar, {.role = Role::statusBar, .states = shown, .name = text, .parent = 2});
+}
+
 void test::FakeFileManager::moveNameInside(int place)
 {
     const std::lock_guard lock(mutex_);

@@ -78,6 +78,9 @@ public:
     // Adds a cell with this text to the row of an item.
     void addCell(int place, const QString& text);
 
+    // Adds a status bar with this text to the window, which has to be found again.
+    void addStatusBar(const QString& text);
+
     // Gives the name of an item to a label inside it.
     void moveNameInside(int place);
 

@@ -294,6 +294,40 @@ TEST_F(FrameReaderTest, readNeedsASecondRoundTripForANameInsideTheItem)
     EXPECT_EQ(frame_->paths(), std::vector<std::string>{folder_.file("b.jpg")});
 }
 
+// As in PCManFM-Qt 1.2, whose status bar changes half a second after the selection.
+TEST_F(FrameReaderTest, readAsksTheItemsBesideAStatusBarThatIsLate)
+{
+    find(Kind::states, "pcmanfm-qt", {"a.jpg", "b.jpg", "c.jpg"});
+    manager_->addStatusBar(QStringLiteral("\"a.jpg\" (1 byte)"));
+    findAgain();
+    selectAndRead(1);
+    EXPECT_EQ(frame_->paths(), std::vector<std::string>{folder_.file("b.jpg")});
+    manager_->select({1, 2});
+    frame_->markStale();
+    readWithAnotherQuery();
+    EXPECT_EQ(frame_->paths(),
+              (std::vector<std::string>{folder_.file("b.jpg"), folder_.file("c.jpg")}));
+    manager_->select({});
+    frame_->markStale();
+    readWithAnotherQuery();
+    EXPECT_EQ(frame_->paths(), std::vector<std::string>{folder_.file("a.jpg")})
+        << "no item says that it is selected";
+}
+
+// Asking each of them would keep the file manager busy.
+TEST_F(FrameReaderTest, readTakesTheStatusBarsWordForALargeFolder)
+{
+    std::vector<QString> names;
+    for (int i = 0; i < 129; i++) names.push_back(QString::number(i));
+    find(Kind::states, "pcmanfm-qt", names);
+    manager_->addStatusBar(QStringLiteral("\"3\""));
+    findAgain();
+    (void)manager_->takeCalls();
+    selectAndRead(1);
+    EXPECT_EQ(frame_->paths(), std::vector<std::string>{folder_.file("3")});
+    EXPECT_LT(manager_->takeCalls().size(), 20U);
+}
+
 TEST_F(FrameReaderTest, readTrustsTheViewAndNotTheEvent)
 {
     find(Kind::selection, "nemo", {"a.jpg", "b.jpg", "c.jpg"});
