@@ -23,7 +23,8 @@ public:
     virtual std::vector<std::string> selectedPaths() = 0;
 
     // Whether the last selectedPaths() found out what is selected. If not, its empty result does
-    // not mean that nothing is: a file manager has not replied yet, or its window is still being read.
+    // not mean that nothing is: a file manager has not replied yet, or its window is still being
+    // read.
     virtual bool isKnown() const { return true; }
 
     // Receives the selection, as selectedPaths() returns it.
