@@ -47,6 +47,7 @@ AppController::AppController(SelectionSource* selection, UrlOpener* opener,
     : window_(furnished(std::move(window))),
       opener_(*window_, opener != nullptr ? *opener : desktopOpener_),
       fields_(*window_),
+      staleFields_(*window_),
       place_(*window_),
       reading_(*window_),
       actions_(*window_, opener_, {info, lastPath}),
@@ -102,9 +103,7 @@ AppController::AppController(SelectionSource* selection, UrlOpener* opener,
                 gpsPrepareInfoRecord(&info);
                 showPlaceRead(fillInfoRecord(properties, &info));
             });
-    connect(&moreKinds_, &MoreKinds::switched, this, [this] {
-        if (lastPath != nullptr) (void)show(std::string(path_), TovStringGetCopy(lastPath));
-    });
+    connect(&moreKinds_, &MoreKinds::switched, this, &AppController::reload);
 }
 
 AppController::~AppController()
@@ -141,6 +140,14 @@ void AppController::connectMenu()
 {
     connect(myWindow->openAction, &QAction::triggered, this,
             [this] { intake_.askForPicture(path_); });
+    //: Reads the file again that is shown
+    auto* reloadAction = new QAction(tr("Re&load"), myWindow);
+    reloadAction->setObjectName(QStringLiteral("reloadAction"));
+    reloadAction->setShortcut(QKeySequence(Qt::Key_F5));
+    const QList<QAction*> items = myWindow->pictureMenu->actions();
+    myWindow->pictureMenu->insertAction(items.value(items.indexOf(myWindow->openAction) + 1),
+                                        reloadAction);
+    connect(reloadAction, &QAction::triggered, this, &AppController::reload);
     connect(myWindow->closeAction, &QAction::triggered, myWindow, &QWidget::close);
     connect(myWindow->quitAction, &QAction::triggered, qApp, &QCoreApplication::quit);
     connect(myWindow->manualAction, &QAction::triggered, this, &AppController::showManual);
@@ -249,6 +256,11 @@ bool AppController::showPath(const std::string& path)
     return show(path, createPathText(path));
 }
 
+void AppController::reload()
+{
+    if (lastPath != nullptr) (void)show(std::string(path_), TovStringGetCopy(lastPath));
+}
+
 // True for the accepted types, and for more of them if the user has asked for that.
 bool AppController::reads(TovStringRef path)
 {
@@ -273,6 +285,7 @@ bool AppController::show(const std::string& path, TovStringRef text)
         fields_.clearPlaceTexts();
         moreKinds_.showSources(nullptr);
         place_.clear();
+        staleFields_.takeFresh(window_->fileNameField->text());
         actions_.setEnabled(false);
     }
     // Nearly always the file is opened, and showOpened called, before this returns.
@@ -308,6 +321,7 @@ void AppController::showOpened()
 void AppController::showPlaceRead(std::int32_t status)
 {
     if (status == 0) {
+        staleFields_.takeFresh(window_->fileNameField->text());
         fields_.showPlace(info);
         moreKinds_.showSources(&reading_.properties().sources);
         gpsReleaseInfoRecord(&info);
@@ -321,6 +335,7 @@ void AppController::showPlaceRead(std::int32_t status)
         moreKinds_.showSources(nullptr);
         place_.showWithoutPosition(reading_.properties());
     }
+    if (status != 0) staleFields_.takeKept(hasPlace());
     actions_.setEnabled(hasPlace());
 }
 

@@ -15,6 +15,7 @@
 #include "app/place_actions.h"
 #include "app/place_fields.h"
 #include "app/saying_opener.h"
+#include "app/stale_fields.h"
 #include "desktop/url_opener.h"
 #include "lib/objects/collections.h"
 #include "lib/objects/string.h"
@@ -137,6 +138,8 @@ public:
 
 public Q_SLOTS:
     void showMainWindow();
+    // Reads the file that is shown again; nothing if none is.
+    void reload();
     void donate();
     void poweredBySkallion();
 
@@ -169,6 +172,7 @@ private:
     DesktopUrlOpener desktopOpener_;
     SayingOpener opener_;
     FileFields fields_;
+    StaleFields staleFields_;
     PlaceFields place_;
     PictureReading reading_;
     PlaceActions actions_;

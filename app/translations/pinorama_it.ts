@@ -53,6 +53,11 @@
         <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
         <translation>Impossibile leggere le foto: il programma pinorama-reader non si avvia.</translation>
     </message>
+    <message>
+        <source>Re&amp;load</source>
+        <extracomment>Reads the file again that is shown</extracomment>
+        <translation>&amp;Ricarica</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::CopyMenu</name>
@@ -531,6 +536,14 @@
         <source>No program opens addresses that begin with %1:.</source>
         <extracomment>%1 is the beginning of an address, such as &quot;om&quot;</extracomment>
         <translation>Nessun programma apre indirizzi che iniziano con %1:.</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::StaleFields</name>
+    <message>
+        <source>from %1</source>
+        <extracomment>Of a text that belongs to an earlier picture; %1 is the name of that</extracomment>
+        <translation>da %1</translation>
     </message>
 </context>
 </TS>

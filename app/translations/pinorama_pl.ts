@@ -53,6 +53,11 @@
         <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
         <translation>Nie można odczytać zdjęć: program pinorama-reader się nie uruchamia.</translation>
     </message>
+    <message>
+        <source>Re&amp;load</source>
+        <extracomment>Reads the file again that is shown</extracomment>
+        <translation>Wczytaj po&amp;nownie</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::CopyMenu</name>
@@ -531,6 +536,14 @@
         <source>No program opens addresses that begin with %1:.</source>
         <extracomment>%1 is the beginning of an address, such as &quot;om&quot;</extracomment>
         <translation>Żaden program nie otwiera adresów zaczynających się od %1:.</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::StaleFields</name>
+    <message>
+        <source>from %1</source>
+        <extracomment>Of a text that belongs to an earlier picture; %1 is the name of that</extracomment>
+        <translation>z pliku %1</translation>
     </message>
 </context>
 </TS>
