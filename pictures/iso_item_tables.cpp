@@ -103,7 +103,11 @@ std::optional<IsoItemLocation> IsoItemLocations::next()
     location.reference = numbers_.next(2);
     const std::uint64_t base = numbers_.next(baseSize_);
     location.extents = numbers_.next(2);
-    for (std::uint64_t i = 0; i < location.extents && !numbers_.hasFailed(); i++) {
+    location.offset = base;
+    // Extents that take no bytes would be counted for ever: a table can claim thousands of
+    // millions.
+    const bool hasExtents = indexSize_ + offsetSize_ + lengthSize_ != 0;
+    for (std::uint64_t i = 0; hasExtents && i < location.extents && !numbers_.hasFailed(); i++) {
         numbers_.next(indexSize_);
         location.offset = base + numbers_.next(offsetSize_);
         location.length = numbers_.next(lengthSize_);

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ctime>
+
 using namespace pinorama;
 
 using test::isoBox;
@@ -89,6 +91,20 @@ TEST(IsoBoxes, endWithTheBudget)
     while (boxes.next()) ++count;
     EXPECT_EQ(count, 24);  // 384 KiB
     EXPECT_FALSE(budget.spend(1));
+}
+
+TEST(findIsoMetadata, countsNoExtentsThatTakeNoBytes)
+{
+    // Sizes of 0 for offsets and lengths, and items that claim 65,535 extents each.
+    std::string locations = test::big16(0) + test::big16(20000);
+    for (int i = 0; i < 20000; i++) {
+        locations += test::big16(1) + test::big16(0) + test::big16(0xffff);
+    }
+    const std::string file = test::isoBox("ftyp", "heic") +
+                             test::isoFullBox("meta", 0, test::isoFullBox("iloc", 0, locations));
+    const std::clock_t start = std::clock();
+    (void)foundIn(file);
+    EXPECT_LT(static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC, 5.0);
 }
 
 TEST(findIsoMetadata, findsItemsHoweverTheyAreWritten)
