@@ -18,7 +18,7 @@ from session import DesktopSession, waitFor
 PROGRAM = takeProgram()
 
 # The captions of the values from top to bottom, by which the window's report names them as well.
-FIELDS = ["Name", "Size", "Modified", "Created", "Coordinate", "Altitude", "Direction", "City",
+FIELDS = ["Name", "Taken", "Size", "Modified", "Created", "Coordinate", "Altitude", "Direction", "City",
           "State", "Country", "Caption"]
 # Name, role and description of each control below them.
 CONTROLS = [
