@@ -337,6 +337,9 @@ void FileReporter::fillPlace(const OpenFile& file, const PropertyResult& reply,
     if (report->position && namesPlaces(options_.output)) {
         const Position& position = *report->position;
         report->namedPlace = namePlace(places_, position.latitude, position.longitude);
+        if (const int error = places_.error(); error != 0) {
+            report->error = std::string("the places cannot be read: ") + std::strerror(error);
+        }
     }
     if (showsFields(options_.output)) fillPosition(*record, report);
     report->address = addressOf(*record, file.path.get(), options_);

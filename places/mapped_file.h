@@ -24,7 +24,11 @@ public:
         return {static_cast<const std::uint8_t*>(start_), size_};
     }
 
+    // Why it cannot be opened or mapped: an errno; 0 for everything else.
+    int error() const { return error_; }
+
 private:
+    int error_ = 0;
     void* start_ = nullptr;
     std::size_t size_ = 0;
 };

@@ -7,6 +7,7 @@
 #include "places/place_data.h"
 #include "places/town_search.h"
 
+#include <cerrno>
 #include <cmath>
 #include <cstring>
 #include <utility>
@@ -85,8 +86,18 @@ const PlaceData* PlaceFinder::data()
         }
         return true;
     });
-    if (data_ == nullptr) file_.reset();
+    if (data_ == nullptr) {
+        const int error = file_ ? file_->error() : ENOMEM;
+        error_ = error == ENOENT || error == ENOTDIR ? 0 : error;
+        file_.reset();
+    }
     return data_.get();
+}
+
+int PlaceFinder::error()
+{
+    (void)data();
+    return error_;
 }
 
 std::optional<Place> PlaceFinder::find(double latitude, double longitude)

@@ -59,12 +59,17 @@ public:
     // memory runs out, and where there is neither country nor sea.
     std::optional<Place> find(double latitude, double longitude);
 
+    // Why there is no usable file although there is one: an errno, such as EMFILE. 0 if it is
+    // usable, missing or damaged. Maps the file like find.
+    int error();
+
     // The file's content for those who draw a map of it; null if there is no usable file. Lives as
     // long as the finder. Maps the file like find.
     const PlaceData* data();
 
 private:
     std::string path_;
+    int error_ = 0;
     bool isOpened_ = false;  // or could not be opened, which is not tried again
     std::unique_ptr<MappedFile> file_;
     std::unique_ptr<PlaceData> data_;

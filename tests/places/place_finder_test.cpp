@@ -7,10 +7,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <filesystem>
 #include <limits>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 using namespace pinorama;
 
@@ -122,6 +124,17 @@ TEST_F(PlaceFinderFile, findsNothingInOtherFiles)
     auto bytes = smallWorld().build();
     bytes[bytes.size() / 2] ^= 1;
     EXPECT_FALSE(PlaceFinder(write(bytes)).find(5, 5));
+}
+
+TEST_F(PlaceFinderFile, saysWhyAFileThatIsThereCannotBeUsed)
+{
+    PlaceFinder good(write(smallWorld().build()));
+    EXPECT_EQ(good.error(), 0);
+    EXPECT_EQ(PlaceFinder("/nonexistent/places.bin").error(), 0);
+    ASSERT_EQ(symlink("loop", folder_.file("loop").c_str()), 0);
+    PlaceFinder loop(folder_.file("loop"));
+    EXPECT_EQ(loop.error(), ELOOP);
+    EXPECT_FALSE(loop.find(5, 5));
 }
 
 TEST_F(PlaceFinderFile, doesNotWaitForAPipe)
