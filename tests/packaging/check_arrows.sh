@@ -52,7 +52,6 @@ while read -r target folder links; do
         *JPEG::*) may_use "$folder" libjpeg-turbo || complain "$target links libjpeg-turbo" ;;
         *PNG::*) may_use "$folder" libpng || complain "$target links libpng" ;;
         *GEOGRAPHICLIB*) may_use "$folder" GeographicLib || complain "$target links GeographicLib" ;;
-        dl) ;; # of the C library
         *LibRaw*) may_use "$folder" LibRaw || complain "$target links LibRaw" ;;
         SQLite::*) may_use "$folder" SQLite || complain "$target links SQLite" ;;
         nlohmann_json::*) may_use "$folder" nlohmann-json || complain "$target links nlohmann-json" ;;
