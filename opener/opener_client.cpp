@@ -227,6 +227,12 @@ std::vector<std::uint64_t> OpenerClient::fileSystemsToLeaveAlone() const
     return devices;
 }
 
+bool OpenerClient::isToBeLeftAlone(std::uint64_t device) const
+{
+    const std::vector<std::uint64_t> devices = fileSystemsToLeaveAlone();
+    return std::ranges::find(devices, device) != devices.end();
+}
+
 // Lets the question wait for an opener that has the same request already, if there is one.
 bool OpenerClient::joins(OpenerQuestion& question)
 {
@@ -288,7 +294,11 @@ void OpenerClient::take(Opener& opener, OpenReply reply, DescriptorHolder descri
     const std::vector<SharedQuestion> wanted = questionsOf(opener);
     bool isLast = true;
     switch (reply.event) {
-    case OpenEvent::entering: opener.device = reply.device; return;
+    case OpenEvent::entering:
+        opener.device = reply.device;
+        // It has left another file system behind, which may be the one that is waited for.
+        askThoseLeftAlone();
+        return;
     case OpenEvent::leftAlone:
         // It has not waited for anything, and so nobody else has waited for it.
         opener.number = 0;
@@ -296,6 +306,8 @@ void OpenerClient::take(Opener& opener, OpenReply reply, DescriptorHolder descri
             question->number_ = 0;
             settle(*question, OpenStage::leftAlone);
         }
+        // Meanwhile an opener may have left that file system behind.
+        if (!isToBeLeftAlone(reply.device)) askThoseLeftAlone();
         return;
     case OpenEvent::looked:
         isLast = !reply.isOpen;

@@ -55,9 +55,9 @@ public:
     // Ends all openers, without waiting for them, and gives up what is wanted.
     void stop();
 
-    // Wants the file at `path`, in the bytes of the system, or with OpenTask::sidecar the XMP beside
-    // it; what was wanted before is given up. An opener that has the same request already is not
-    // asked again. Without a sidecar it is done, and the file not open.
+    // Wants the file at `path`, in the bytes of the system, or with OpenTask::sidecar the XMP
+    // beside it; what was wanted before is given up. An opener that has the same request already is
+    // not asked again. Without a sidecar it is done, and the file not open.
     void request(const std::string& path, OpenTask task = OpenTask::open);
     void giveUp();
 
@@ -105,6 +105,7 @@ private:
     std::vector<SharedQuestion> questionsOf(const Opener& opener) const;
     Opener* idleOpener();
     std::vector<std::uint64_t> fileSystemsToLeaveAlone() const;
+    bool isToBeLeftAlone(std::uint64_t device) const;
     void ask(OpenerQuestion& question);
     void askThoseLeftAlone();
     bool joins(OpenerQuestion& question);

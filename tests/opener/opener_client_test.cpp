@@ -278,20 +278,27 @@ TEST_F(OpenerClient, noticesASidecarThatLeadsToAFileSystemToLeaveAlone)
     const auto hanging = disk("disk");
     if (!hanging->isUsable()) GTEST_SKIP() << "no disk may be mounted here";
     ASSERT_EQ(symlink("disk/good.jpg", folder_.file("home.jpg.xmp").c_str()), 0);
-    EXPECT_EQ(after(hanging->file("read.jpg"), kShort), OpenStage::looked);
-    EXPECT_EQ(after(hanging->file("open.jpg"), kShort), OpenStage::waiting);
-    client_.request(home, OpenTask::sidecar);
-    EXPECT_EQ(client_.wait(kPatience), OpenStage::leftAlone);
-    EXPECT_EQ(client_.countAtWork(), 2u);
-    EXPECT_EQ(after(home), OpenStage::done);
+    client_.request(hanging->file("read.jpg"));
+    EXPECT_TRUE(goesOnUntil([this] { return client_.stage() == OpenStage::looked; }));
+    client_.request(hanging->file("open.jpg"));
+    // As soon as it is known that both of them are there.
+    EXPECT_TRUE(goesOnUntil([&] {
+        client_.request(home, OpenTask::sidecar);
+        return client_.wait(kPatience) == OpenStage::leftAlone;
+    }));
+    // Openers pass through the file system of this one on their way to the disk.
+    client_.request(home);
+    EXPECT_TRUE(goesOnUntil([this] { return client_.stage() == OpenStage::done; }));
     EXPECT_EQ(textOf(client_.file()), "home");
+    EXPECT_EQ(client_.countAtWork(), 2u);
 }
 
 TEST_F(OpenerClient, doesNotTakeASidecarForItsPicture)
 {
     const auto slow = disk("disk");
     if (!slow->isUsable()) GTEST_SKIP() << "no disk may be mounted here";
-    EXPECT_EQ(after(slow->file("late.jpg"), 100ms), OpenStage::looked);
+    client_.request(slow->file("late.jpg"));
+    EXPECT_TRUE(goesOnUntil([this] { return client_.stage() >= OpenStage::looked; }));
     client_.request(slow->file("late.jpg"), OpenTask::sidecar);
     EXPECT_EQ(client_.wait(kPatience), OpenStage::done);
     EXPECT_FALSE(client_.file().isOpen());
