@@ -6,6 +6,7 @@
 #include "location/picture_source.h"
 #include "tests/app/controller_fixture.h"
 #include "tests/support/container_builder.h"
+#include "tests/support/event_loop.h"
 
 #include <QAction>
 #include <QDir>
@@ -34,6 +35,23 @@ protected:
         prefStoreString(test::text("readMoreKinds").take(), nullptr);
     }
 
+    // Shows a file and waits for all that comes of it, however busy the machine is.
+    bool show(const std::string& path)
+    {
+        const bool isAccepted = ControllerTest::show(path);
+        settle();
+        return isAccepted;
+    }
+    void settle()
+    {
+        EXPECT_TRUE(test::waitUntil([this] { return !controller.reading().isGoingOn(); }));
+    }
+    void flip()
+    {
+        action()->trigger();
+        settle();
+    }
+
     QAction* action() { return controller.myWindow->readMoreAction; }
     MoreKindsNotice* notice() { return controller.myWindow->findChild<MoreKindsNotice*>(); }
     bool isOffered() { return notice() != nullptr && !notice()->isHidden(); }
@@ -45,6 +63,7 @@ protected:
     void press(const char* name)
     {
         notice()->findChild<QPushButton*>(QLatin1String(name))->click();
+        settle();
     }
 
     std::string writeHeic(const char* name = "a.heic")
@@ -77,14 +96,14 @@ TEST_F(MoreKindsTest, areOffAtFirstAndThenNothingIsDifferent)
 TEST_F(MoreKindsTest, areReadOnceTheyAreSwitchedOn)
 {
     EXPECT_FALSE(show(writeHeic()));
-    action()->trigger();
+    flip();
     // What is shown is read at once.
     EXPECT_NE(shown(controller.gpsCoordinateField), "");
     EXPECT_EQ(stored(), "1");
     EXPECT_TRUE(show(writeHeic("b.heic")));
     EXPECT_FALSE(controller.acceptPath(test::text("a.heic").get())) << "the list stays";
 
-    action()->trigger();
+    flip();
     EXPECT_EQ(shown(controller.gpsCoordinateField), "");
     EXPECT_EQ(stored(), "0");
     EXPECT_FALSE(show(writeHeic("c.heic")));
@@ -132,7 +151,7 @@ TEST_F(MoreKindsTest, areNotOfferedAgainAfterThatWasDismissed)
 
 TEST_F(MoreKindsTest, sayWhereValuesComeFrom)
 {
-    action()->trigger();
+    flip();
     const std::string path =
         folder.write("a.jpg", test::pictureWithGps({.lat = 1.5, .latRef = "N", .lon = 2.5}));
     folder.write("a.jpg.xmp", test::xmpPacket("photoshop:City='Rome' exif:GPSAltitude='12/1'"));
@@ -148,14 +167,14 @@ TEST_F(MoreKindsTest, sayWhereValuesComeFrom)
 
 TEST_F(MoreKindsTest, aHeicNamedAsAJpegIsReadByItsBytes)
 {
-    action()->trigger();
+    flip();
     EXPECT_TRUE(show(writeHeic("a.jpg")));
     EXPECT_NE(shown(controller.gpsCoordinateField), "");
 }
 
 TEST_F(MoreKindsTest, areSpokenOfInEveryLanguage)
 {
-    action()->trigger();
+    flip();
     const std::string picture =
         test::pictureWithGps({.lat = 1.5, .latRef = "N", .lon = 2.5, .altitude = 7.0});
     folder.write("a.xmp", test::xmpPacket("photoshop:City='Rome'"));
