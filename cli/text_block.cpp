@@ -2,7 +2,9 @@
 
 #include "base/printable.h"
 
+#include <charconv>
 #include <cmath>
+#include <iterator>
 #include <string_view>
 
 namespace pinorama {
@@ -25,6 +27,25 @@ std::string rounded(double number)
     return std::to_string(std::llround(number));
 }
 
+// Six decimals with a point in every locale; zero has no sign.
+std::string sixDecimals(double degrees)
+{
+    constexpr double kUnit = 1e6;
+    char digits[32];
+    const auto end =
+        std::to_chars(std::begin(digits), std::end(digits),
+                      std::round(degrees * kUnit) / kUnit + 0.0, std::chars_format::fixed, 6);
+    return {digits, end.ptr};
+}
+
+// The time of ISO 8601 in two words, for people.
+std::string spaced(std::string time)
+{
+    const std::size_t middle = time.find('T');
+    if (middle != time.npos) time[middle] = ' ';
+    return time;
+}
+
 std::string_view textOr(const std::optional<std::string>& text)
 {
     return text ? std::string_view(*text) : std::string_view();
@@ -38,7 +59,14 @@ void appendTextBlock(const FileReport& report, std::string* out)
     appendLine("Size", report.sizeText, out);
     appendLine("Modified", report.modified, out);
     appendLine("Created", report.created, out);
+    if (!report.taken.empty()) appendLine("Taken", spaced(report.taken), out);
     appendLine("Coordinate", report.coordinate, out);
+    if (report.position) {
+        appendLine(
+            "Decimal",
+            sixDecimals(report.position->latitude) + ", " + sixDecimals(report.position->longitude),
+            out);
+    }
     appendLine("Altitude", report.altitudeText, out);
     appendLine("Direction", report.direction, out);
     if (report.namedPlace) appendLine("Place", report.namedPlace->words, out);

@@ -44,3 +44,20 @@ TEST(appendTextBlock, writesThePlaceInWordsIfItHasAny)
     EXPECT_NE(block.find("Direction:\nPlace:        Near Rome, Italy\nCity:\n"), std::string::npos)
         << block;
 }
+
+TEST(appendTextBlock, writesWhenThePictureWasTakenAndItsPlaceInSignedDegrees)
+{
+    FileReport report{};
+    report.taken = "2026-07-14T14:05:00-03:00";
+    report.coordinate = "S 54";
+    report.position = Position{-54.8018889, -0.0000001};
+    std::string block;
+    appendTextBlock(report, &block);
+    EXPECT_NE(block.find("Created:\n"
+                         "Taken:        2026-07-14 14:05:00-03:00\n"
+                         "Coordinate:   S 54\n"
+                         "Decimal:      -54.801889, 0.000000\n"
+                         "Altitude:\n"),
+              std::string::npos)
+        << block;
+}
