@@ -53,7 +53,7 @@ bool isIn(const std::string& path, const std::string& folder)
 // An item, and in which of some folders it is.
 struct Place {
     std::optional<std::string> path{};
-    std::size_t folder = 0;
+    std::string folder{};
 };
 
 // The first of the folders that has the item; no path if another one might be meant as well.
@@ -61,8 +61,9 @@ Place placeOf(KnownItems& items, const std::vector<std::string>& folders, const 
               pid_t process)
 {
     Place place;
-    for (std::size_t i = 0; i < folders.size() && !place.path; i++) {
-        place = {pathOfShownItem(items, folders[i], name), i};
+    std::size_t next = 0;
+    for (; next < folders.size() && !place.path; next++) {
+        place = {pathOfShownItem(items, folders[next], name), folders[next]};
         if (!items.isComplete()) return {};
     }
     if (!place.path) return {};
@@ -72,11 +73,11 @@ Place placeOf(KnownItems& items, const std::vector<std::string>& folders, const 
         const ItemFacts* facts = items.item(folder);
         return facts != nullptr && isWatched(*facts);
     };
-    for (std::size_t i = place.folder + 1; i < folders.size(); i++) {
-        if (nameOf(folders[i]) != nameOf(folders[place.folder])) continue;
-        if (!pathOfShownItem(items, folders[i], name)) continue;
+    for (; next < folders.size(); next++) {
+        if (nameOf(folders[next]) != nameOf(place.folder)) continue;
+        if (!pathOfShownItem(items, folders[next], name)) continue;
         if (!isWatched) isWatched = foldersWatchedBy(process);
-        if (isSeen(folders[i]) == isSeen(folders[place.folder])) return {};
+        if (isSeen(folders[next]) == isSeen(place.folder)) return {};
     }
     // A folder that nobody can look at may have one too.
     return items.isCertain() ? place : Place{};
@@ -181,10 +182,8 @@ Task<std::optional<std::string>> WindowFolder::pathOf(DBusQuery& query, QString 
     };
     const Place place = co_await withItems(query, find);
     // Another reading may have found others meanwhile.
-    if (place.path && likely_ == likely) {
-        const auto first = likely_.begin() + static_cast<long>(place.folder);
-        std::rotate(likely_.begin(), first, first + 1);
-    }
+    const auto first = std::find(likely_.begin(), likely_.end(), place.folder);
+    if (place.path && first != likely_.end()) std::rotate(likely_.begin(), first, first + 1);
     co_return place.path;
 }
 
