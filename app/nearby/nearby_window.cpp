@@ -86,7 +86,10 @@ NearbyWindow::NearbyWindow(UrlOpener& opener, QWidget* parent)
     addActions();
 }
 
-NearbyWindow::~NearbyWindow() = default;
+NearbyWindow::~NearbyWindow()
+{
+    delete view_;  // before what it shows
+}
 
 void NearbyWindow::connectViews()
 {
@@ -147,13 +150,6 @@ void NearbyWindow::search(const std::string& picture, NearbyPlace place)
     raise();
     activateWindow();
     view_->setFocus();
-}
-
-QString NearbyWindow::hint()
-{
-    return tr("Finds the pictures taken within %1 m, in this folder, those beside it and the "
-              "Pictures folder")
-        .arg(NearbySearch::kRadius);
 }
 
 bool NearbyWindow::isBusy() const

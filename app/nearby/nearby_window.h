@@ -43,9 +43,6 @@ public:
     //   picture  its path, absolute, in the bytes of the system.
     void search(const std::string& picture, NearbyPlace place);
 
-    // What the button does that opens the window, for its tool tip.
-    static QString hint();
-
     // Whether the search or a thumbnail in sight is still to come.
     bool isBusy() const;
 

@@ -453,11 +453,6 @@
         <translation>Im Umkreis von %1&#xa0;m um %2</translation>
     </message>
     <message>
-        <source>Finds the pictures taken within %1 m, in this folder, those beside it and the Pictures folder</source>
-        <extracomment>Tool tip of the button Find in Skallion where there is no Skallion</extracomment>
-        <translation>Findet die Bilder im Umkreis von %1&#xa0;m in diesem Ordner, den Ordnern daneben und im Bilderordner</translation>
-    </message>
-    <message>
         <source>Searching...</source>
         <translation>Suche läuft...</translation>
     </message>

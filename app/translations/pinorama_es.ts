@@ -453,11 +453,6 @@
         <translation>A menos de %1&#xa0;m de %2</translation>
     </message>
     <message>
-        <source>Finds the pictures taken within %1 m, in this folder, those beside it and the Pictures folder</source>
-        <extracomment>Tool tip of the button Find in Skallion where there is no Skallion</extracomment>
-        <translation>Busca las fotos tomadas a menos de %1&#xa0;m en esta carpeta, las contiguas y la carpeta Imágenes</translation>
-    </message>
-    <message>
         <source>Searching...</source>
         <translation>Buscando...</translation>
     </message>

@@ -453,11 +453,6 @@
         <translation>À moins de %1&#xa0;m de %2</translation>
     </message>
     <message>
-        <source>Finds the pictures taken within %1 m, in this folder, those beside it and the Pictures folder</source>
-        <extracomment>Tool tip of the button Find in Skallion where there is no Skallion</extracomment>
-        <translation>Trouve les photos prises à moins de %1&#xa0;m dans ce dossier, les dossiers voisins et le dossier Images</translation>
-    </message>
-    <message>
         <source>Searching...</source>
         <translation>Recherche en cours...</translation>
     </message>

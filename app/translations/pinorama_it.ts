@@ -453,11 +453,6 @@
         <translation>Entro %1&#xa0;m da %2</translation>
     </message>
     <message>
-        <source>Finds the pictures taken within %1 m, in this folder, those beside it and the Pictures folder</source>
-        <extracomment>Tool tip of the button Find in Skallion where there is no Skallion</extracomment>
-        <translation>Trova le foto scattate entro %1&#xa0;m in questa cartella, in quelle accanto e nella cartella Immagini</translation>
-    </message>
-    <message>
         <source>Searching...</source>
         <translation>Ricerca in corso...</translation>
     </message>

@@ -453,11 +453,6 @@
         <translation>%2 から %1&#xa0;m 以内</translation>
     </message>
     <message>
-        <source>Finds the pictures taken within %1 m, in this folder, those beside it and the Pictures folder</source>
-        <extracomment>Tool tip of the button Find in Skallion where there is no Skallion</extracomment>
-        <translation>このフォルダーと隣のフォルダー、ピクチャフォルダーから %1&#xa0;m 以内で撮影された写真を検索します</translation>
-    </message>
-    <message>
         <source>Searching...</source>
         <translation>検索中です...</translation>
     </message>

@@ -453,11 +453,6 @@
         <translation>Binnen %1&#xa0;m van %2</translation>
     </message>
     <message>
-        <source>Finds the pictures taken within %1 m, in this folder, those beside it and the Pictures folder</source>
-        <extracomment>Tool tip of the button Find in Skallion where there is no Skallion</extracomment>
-        <translation>Vindt de foto’s die binnen %1&#xa0;m zijn gemaakt in deze map, de mappen ernaast en de map Afbeeldingen</translation>
-    </message>
-    <message>
         <source>Searching...</source>
         <translation>Zoeken...</translation>
     </message>

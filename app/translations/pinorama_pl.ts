@@ -453,11 +453,6 @@
         <translation>W promieniu %1&#xa0;m od %2</translation>
     </message>
     <message>
-        <source>Finds the pictures taken within %1 m, in this folder, those beside it and the Pictures folder</source>
-        <extracomment>Tool tip of the button Find in Skallion where there is no Skallion</extracomment>
-        <translation>Znajduje zdjęcia wykonane w promieniu %1&#xa0;m w tym folderze, folderach obok i folderze Obrazy</translation>
-    </message>
-    <message>
         <source>Searching...</source>
         <translation>Wyszukiwanie...</translation>
     </message>

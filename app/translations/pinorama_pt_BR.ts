@@ -453,11 +453,6 @@
         <translation>A até %1&#xa0;m de %2</translation>
     </message>
     <message>
-        <source>Finds the pictures taken within %1 m, in this folder, those beside it and the Pictures folder</source>
-        <extracomment>Tool tip of the button Find in Skallion where there is no Skallion</extracomment>
-        <translation>Localiza as fotos tiradas a até %1&#xa0;m nesta pasta, nas pastas vizinhas e na pasta Imagens</translation>
-    </message>
-    <message>
         <source>Searching...</source>
         <translation>Pesquisando...</translation>
     </message>

@@ -453,11 +453,6 @@
         <translation>距 %2 %1&#xa0;米以内</translation>
     </message>
     <message>
-        <source>Finds the pictures taken within %1 m, in this folder, those beside it and the Pictures folder</source>
-        <extracomment>Tool tip of the button Find in Skallion where there is no Skallion</extracomment>
-        <translation>在此文件夹、相邻文件夹和图片文件夹中查找 %1&#xa0;米范围内拍摄的照片</translation>
-    </message>
-    <message>
         <source>Searching...</source>
         <translation>正在查找...</translation>
     </message>
