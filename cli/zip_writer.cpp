@@ -48,15 +48,16 @@ std::uint32_t low32(std::uint64_t number)
 // The extra field with the numbers of 64 bits that do not fit into their places.
 std::string extraOf(std::initializer_list<std::uint64_t> numbers)
 {
-    std::string values;
-    for (const std::uint64_t number : numbers) {
-        if (number >= kMax32) put(number, &values);
-    }
+    const auto isLarge = [](std::uint64_t number) { return number >= kMax32; };
+    const auto count = std::count_if(numbers.begin(), numbers.end(), isLarge);
     std::string extra;
-    if (values.empty()) return extra;
+    if (count == 0) return extra;
     put(kSizesTag, &extra);
-    put(static_cast<std::uint16_t>(values.size()), &extra);
-    return extra + values;
+    put(static_cast<std::uint16_t>(count * 8), &extra);
+    for (const std::uint64_t number : numbers) {
+        if (isLarge(number)) put(number, &extra);
+    }
+    return extra;
 }
 }  // namespace
 

@@ -88,10 +88,11 @@ void NearbySearch::begin(NearbyPlace place, const std::vector<std::string>& fold
     process_ = process;
     process->setStandardErrorFile(QProcess::nullDevice());
     process->setChildProcessModifier(&prepareChild);
-    connect(process, &QProcess::readyReadStandardOutput, this, &NearbySearch::takeOutput);
+    connect(process, &QProcess::readyReadStandardOutput, this,
+            [this, process] { takeOutput(process); });
     connect(process, &QProcess::finished, this,
             [this, process](int status, QProcess::ExitStatus exit) {
-                takeOutput();
+                takeOutput(process);
                 if (process_ != process) return;
                 // With status 1 some files could not be read, and all others were.
                 const bool isDone = exit == QProcess::NormalExit && (status == 0 || status == 1);
@@ -138,13 +139,12 @@ qint64 NearbySearch::processID() const
     return process_ == nullptr ? 0 : process_->processId();
 }
 
-void NearbySearch::takeOutput()
+void NearbySearch::takeOutput(QProcess* process)
 {
-    const QByteArray bytes = process_->readAllStandardOutput();
+    const QByteArray bytes = process->readAllStandardOutput();
     std::vector<NearbyPicture> pictures;
     const bool isList =
         reader_.read({bytes.constData(), static_cast<std::size_t>(bytes.size())}, &pictures);
-    const QProcess* const process = process_;
     if (!pictures.empty()) Q_EMIT found(pictures);
     // The receiver may have ended the search or begun another one.
     if (!isList && process_ == process) finish(Outcome::cutShort);

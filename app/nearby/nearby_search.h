@@ -63,7 +63,7 @@ Q_SIGNALS:
     void finished(NearbySearch::Outcome outcome);
 
 private:
-    void takeOutput();
+    void takeOutput(QProcess* process);
     void finish(Outcome outcome);
 
     QProcess* process_ = nullptr;  // deletes itself when the program has ended
