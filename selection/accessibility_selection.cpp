@@ -52,7 +52,9 @@ Task<std::optional<std::vector<std::string>>> AccessibilitySelection::pathsIn(DB
         // A reading that began earlier must not overwrite this one.
         tracker_.cancelReading(frame);
         co_await frame->read(query);
-    } else if (frame->isDue(Clock::now())) {
+        co_return frame->paths();  // which it has looked up
+    }
+    if (frame->isDue(Clock::now())) {
         // The paths that were just revalidated will do until that reading ends.
         tracker_.readInEventLoop(frame);
     }
