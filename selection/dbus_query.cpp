@@ -103,12 +103,12 @@ bool DBusQuery::hasAllReplies() const
 void DBusQuery::wait(std::coroutine_handle<> waiting)
 {
     waiting_ = waiting;
-    roundTrips_++;
     if (runsInEventLoop_) watchCalls();
 }
 
 std::vector<QDBusMessage> DBusQuery::takeReplies()
 {
+    if (std::exchange(hasSent_, false)) roundTrips_++;
     std::vector<QDBusMessage> replies;
     replies.reserve(calls_.size());
     for (const PendingCall& call : calls_) {
@@ -185,6 +185,7 @@ void DBusQuery::sendAhead(const std::vector<Call>& calls)
 QDBusPendingCall DBusQuery::startCall(const QDBusConnection& bus, const QDBusMessage& call)
 {
     using std::chrono::milliseconds;
+    hasSent_ = true;
     const auto left = std::chrono::ceil<milliseconds>(deadline_ - Clock::now());
     const milliseconds timeout = std::clamp(left, milliseconds(1), timeout_);
     return bus.asyncCall(call, static_cast<int>(timeout.count()));

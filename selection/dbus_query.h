@@ -163,7 +163,7 @@ public:
     static constexpr std::size_t kMaxNotedCalls = 128;
     std::vector<Call> takeCalls() { return std::exchange(noted_, {}); }
 
-    // How often the work has waited for replies: each time is one round trip.
+    // How often the work has needed replies to calls that it sent just then.
     int roundTrips() const { return roundTrips_; }
 
 private:
@@ -208,6 +208,7 @@ private:
     std::vector<KnownReply> known_;  // to calls that were sent ahead
     std::optional<Clock::time_point> sentAheadAt_;
     std::vector<Call> noted_;
+    bool hasSent_ = false;  // since the last replies
     int roundTrips_ = 0;
     QDBusMessage reply_;
     std::vector<std::unique_ptr<QDBusPendingCallWatcher>> watchers_;
