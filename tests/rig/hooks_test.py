@@ -47,7 +47,7 @@ def lf(hooks, home):
     os.makedirs(settings)
     with open(os.path.join(settings, "lfrc"), "w", encoding="utf-8") as file:
         file.write(f"source {hooks}/pinorama.lf\n")
-    return ["lf"], ""
+    return ["lf", "-single"], ""  # starts no server that would outlive it
 
 
 def vifm(hooks, home):
