@@ -179,7 +179,7 @@ void DBusQuery::sendAhead(const std::vector<Call>& calls)
     if (!calls.empty() && !sentAheadAt_) sentAheadAt_ = Clock::now();
     for (const Call& call : calls)
         calls_.push_back({call.message.service(), startCall(call.bus, call.message), call});
-    if (waiting_ && runsInEventLoop_) watchCalls();
+    if (waiting_ && runsInEventLoop_ && !waitsForLook_) watchCalls();
 }
 
 QDBusPendingCall DBusQuery::startCall(const QDBusConnection& bus, const QDBusMessage& call)
