@@ -171,8 +171,9 @@ int WrappedField::wantedWidth() const
 
 int WrappedField::linesNeeded() const
 {
-    // Before its window is laid out the field has no width of its own to count lines with.
-    const int width = isLaidOut_ ? viewport()->width() : usualWidth(fontMetrics());
+    // Before its window is laid out the field has no width of its own to count lines with. After
+    // that it is the width without a scroll bar: whether there is one depends on the lines.
+    const int width = isLaidOut_ ? contentsRect().width() : usualWidth(fontMetrics());
     int lines = 0;
     for (const QString& paragraph : toPlainText().split(QLatin1Char('\n'))) {
         QTextLayout layout(paragraph, font());
@@ -197,9 +198,13 @@ void WrappedField::adaptHeight()
 {
     lines_ = linesNeeded();
     const int wanted = minimumSizeHint().height();
-    // Without a scroll bar a text that fits must not be scrolled by the caret either.
-    setVerticalScrollBarPolicy(lines_ <= maximumLines_ ? Qt::ScrollBarAlwaysOff
-                                                       : Qt::ScrollBarAsNeeded);
+    // Without a scroll bar a text that fits must not be scrolled by the caret either. In a field
+    // that is little wider than a scroll bar Qt would try with and without one for seconds.
+    const bool hasRoom = contentsRect().width() > 3 * verticalScrollBar()->sizeHint().width();
+    const auto policy =
+        lines_ > maximumLines_ && hasRoom ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff;
+    // Setting it lays the viewport out anew, even if nothing changes, which brings us here again.
+    if (verticalScrollBarPolicy() != policy) setVerticalScrollBarPolicy(policy);
     const int largest = isGrowing_ ? QWIDGETSIZE_MAX : wanted;
     if (minimumHeight() == wanted && maximumHeight() == largest) return;
     setMinimumHeight(wanted);

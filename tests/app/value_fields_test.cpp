@@ -113,6 +113,26 @@ TEST(WrappedField, scrollsBeyondItsLines)
     EXPECT_GT(window.field->verticalScrollBar()->maximum(), 0);
 }
 
+TEST(WrappedField, isLaidOutInEveryWidth)
+{
+    for (const bool isHugging : {false, true}) {
+        FieldWindow<WrappedField> window(200);
+        window.field->setHugging(isHugging);
+        window.field->setMaximumLines(4);
+        for (const char* text : {"192.5", "some words", "WWWWWWWWWWWWWWWWWWWWWWWW", ""}) {
+            window.field->setText(QString::fromLatin1(text));
+            for (int width = 0; width < 60; width++) {
+                window.field->resize(width, 20);
+                window.field->setMinimumWidth(width);
+                window.field->setMaximumWidth(width);
+                QCoreApplication::processEvents();
+            }
+            EXPECT_LE(window.field->minimumHeight(),
+                      4 * window.field->fontMetrics().lineSpacing() + 1);
+        }
+    }
+}
+
 TEST(WrappedField, aVeryLongTextIsNoBurden)
 {
     FieldWindow<WrappedField> window(200);
