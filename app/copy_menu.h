@@ -42,7 +42,7 @@ public:
     // Whether there is a place to copy.
     void setHasPlace(bool hasPlace);
 
-    QAction* action(Form form) const { return actions_[static_cast<std::size_t>(form)]; }
+    QAction* action(Form form) const { return actions_.at(static_cast<std::size_t>(form)); }
 
     // The place in a form; empty if that form has no text for it, as UTM has none at the poles.
     QString text(Form form);

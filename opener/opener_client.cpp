@@ -32,12 +32,6 @@ PictureFile fileOf(const OpenReply& looked)
 {
     return {DescriptorHolder(), looked.item, looked.error};
 }
-
-// Whether two requests want the same, whatever their numbers.
-bool isSame(const OpenRequest& one, const OpenRequest& other)
-{
-    return one.task == other.task && one.paths == other.paths && one.shown == other.shown;
-}
 }  // namespace
 
 OpenerClient::OpenerClient(OpenerLauncher launcher)
@@ -318,11 +312,12 @@ void OpenerClient::take(Opener& opener, OpenReply reply, DescriptorHolder descri
         }
         break;
     case OpenEvent::opened:
-        for (const SharedQuestion& question : wanted) {
+        // Only one question is about a file, that of request().
+        if (!wanted.empty()) {
             // Without room for one more descriptor the system leaves it out.
             const int error = descriptor ? 0 : EMFILE;
-            const auto item = question->file_.item();
-            question->file_ = PictureFile(std::move(descriptor), item, error);
+            PictureFile& file = wanted.front()->file_;
+            file = PictureFile(std::move(descriptor), file.item(), error);
         }
         break;
     case OpenEvent::facts:

@@ -89,6 +89,11 @@ bool takeFacts(MessageReader& message, OpenReply* out)
 }
 }  // namespace
 
+bool isSame(const OpenRequest& one, const OpenRequest& other)
+{
+    return one.task == other.task && one.paths == other.paths && one.shown == other.shown;
+}
+
 std::vector<std::uint8_t> messageOf(const OpenRequest& request)
 {
     MessageWriter message;

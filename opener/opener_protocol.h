@@ -74,6 +74,9 @@ struct OpenReply {
     FolderCount count{};                   // count
 };
 
+// Whether two requests want the same, whatever their numbers.
+bool isSame(const OpenRequest& one, const OpenRequest& other);
+
 std::vector<std::uint8_t> messageOf(const OpenRequest& request);
 std::vector<std::uint8_t> messageOf(const OpenReply& reply);
 
