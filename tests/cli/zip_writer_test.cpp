@@ -116,7 +116,7 @@ TEST(SpoolFile, givesBackWhatItGot)
 
 TEST(SpoolFile, saysThatThereIsNoRoom)
 {
-    const test::ScopedVariable nowhere("TMPDIR", "/nowhere");
+    const test::ScopedVariable nowhere("TMPDIR", "/proc/nonexistent");
     SpoolFile file;
     EXPECT_FALSE(file.append(std::string(2'000'000, 'a')));
     EXPECT_EQ(errno, ENOENT);
