@@ -12,7 +12,7 @@ import unittest
 from accessible import ENABLED, FOCUSABLE, FOCUSED, programNamed
 from desktop import Desktop
 from pictures import SAMPLE
-from running import need, takeProgram
+from running import need, runTestCases, takeProgram
 from session import DesktopSession, waitFor
 
 PROGRAM = takeProgram()
@@ -105,4 +105,4 @@ class AccessibilityTest(unittest.TestCase):
 
 if __name__ == "__main__":
     need()
-    unittest.main(verbosity=2)
+    runTestCases()

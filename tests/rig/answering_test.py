@@ -16,7 +16,7 @@ import unittest
 from follow import Follow
 from managers import managerNamed
 from pictures import writePicture, writeTexts
-from running import SKIPPED, need, programIn
+from running import SKIPPED, need, programIn, runTestCases
 from session import DesktopSession, waitFor
 from window import Window
 
@@ -238,4 +238,4 @@ class AnsweringTest(unittest.TestCase):
 
 if __name__ == "__main__":
     need()
-    unittest.main(verbosity=2)
+    runTestCases()

@@ -11,7 +11,7 @@ import unittest
 from catalogue import Catalogue
 from desktop import Desktop, ProcessorUse
 from pictures import writePicture
-from running import need, takeProgram
+from running import need, runTestCases, takeProgram
 from session import DesktopSession, waitFor
 
 PROGRAM = takeProgram()
@@ -61,4 +61,4 @@ class BusTest(unittest.TestCase):
 
 if __name__ == "__main__":
     need()
-    unittest.main(verbosity=2)
+    runTestCases()

@@ -11,7 +11,7 @@ import unittest
 
 from desktop import Desktop
 from pictures import SAMPLE
-from running import need, takeProgram
+from running import need, runTestCases, takeProgram
 from session import DesktopSession, waitFor
 
 PROGRAM = takeProgram()
@@ -68,4 +68,4 @@ class DragTest(unittest.TestCase):
 
 if __name__ == "__main__":
     need("pcmanfm")
-    unittest.main(verbosity=2)
+    runTestCases()

@@ -12,7 +12,7 @@ import unittest
 
 from desktop import Desktop
 from pictures import writePicture
-from running import need, takeProgram
+from running import need, runTestCases, takeProgram
 from session import DesktopSession, waitFor
 
 PROGRAM = takeProgram()
@@ -95,4 +95,4 @@ class GlobeTest(unittest.TestCase):
 
 if __name__ == "__main__":
     need(("marble", "marble-qt"))
-    unittest.main(verbosity=2)
+    runTestCases()

@@ -11,7 +11,7 @@ import unittest
 
 from desktop import Desktop
 from pictures import writePicture
-from running import need, takeProgram
+from running import need, runTestCases, takeProgram
 from session import DesktopSession, descendants, waitFor
 
 PROGRAM = takeProgram()
@@ -120,4 +120,4 @@ class MapsTest(unittest.TestCase):
 
 if __name__ == "__main__":
     need("chromium", "xdg-open", "update-desktop-database")
-    unittest.main(verbosity=2)
+    runTestCases()

@@ -5,6 +5,7 @@ import os
 import shutil
 import signal
 import sys
+import unittest
 
 from session import PROGRAMS, RigError
 
@@ -52,3 +53,14 @@ def run(test, seconds):
         sys.exit(test())
     except RigError as error:
         sys.exit(f"the environment could not be set up: {error}")
+
+
+def runTestCases():
+    """Runs the test cases of the main module and exits; the test was skipped only if no case could run."""
+    result = unittest.main(verbosity=2, exit=False).result
+    for case, reason in result.skipped:
+        print(f"{case}: skipped: {reason}")
+    if not result.wasSuccessful():
+        sys.exit(WRONG)
+    # A class that is skipped counts as no test at all, a method as one.
+    sys.exit(SKIPPED if result.skipped and result.testsRun <= len(result.skipped) else 0)

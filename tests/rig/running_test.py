@@ -11,7 +11,7 @@ import time
 import unittest
 import running
 from cases import Cases, Skip, Wrong, require
-from running import need, run
+from running import need, run, runTestCases
 from session import RigError
 running.PROGRAMS = ()
 cases = Cases()
@@ -83,7 +83,18 @@ class DesktopTest(unittest.TestCase):
             self.expect(1, "RigError: something ended",
                         f"class Test(unittest.TestCase):\n    def testIt(self):\n        pass\n"
                         f"    def {begin}(self):\n        raise RigError('something ended')\n"
-                        "need()\nunittest.main()")
+                        "need()\nrunTestCases()")
+
+    def testIsSkippedIfNoTestCaseCouldRun(self):
+        skipped = "raise unittest.SkipTest('a reason')"
+        for method in ("setUpClass(cls)", "setUp(self)"):
+            decorator = "    @classmethod\n" if "cls" in method else ""
+            self.expect(77, ": skipped: a reason\n",
+                        f"class Test(unittest.TestCase):\n    def testIt(self):\n        pass\n"
+                        f"{decorator}    def {method}:\n        {skipped}\nrunTestCases()")
+        self.expect(0, ": skipped: a reason\n",
+                    f"class Test(unittest.TestCase):\n    def testIt(self):\n        pass\n"
+                    f"    def testOther(self):\n        {skipped}\nrunTestCases()")
 
     def testFailsIfACaseRaisesAnythingElse(self):
         self.expectOfCases(1, "AttributeError", "right", "broken")
