@@ -21,7 +21,7 @@ namespace pinorama {
 namespace {
 constexpr int kMarkerSize = 32;  // points
 
-constexpr QSize kUsualSize(600, 440);
+constexpr QSize kUsualSize(660, 480);
 
 // Big enough for everything, as far as one can know without looking for a font.
 QSize likelySize()
@@ -83,6 +83,12 @@ void MainWindow::furnish()
         connect(
             menu, &QMenu::aboutToShow, menu, [menu] { giveMnemonicsRoom(menu); },
             Qt::SingleShotConnection);
+    if (isVisible()) {
+        // What comes into a window that is shown is not shown by itself, and a layout counts only
+        // what is.
+        contentView->show();
+        mainMenu->show();
+    }
     // A larger font needs a larger window.
     resize((isVisible() ? size() : kUsualSize).expandedTo(sizeHint()));
     setFocus();  // not the first field: its whole text would be shown instead of both its ends
@@ -93,9 +99,6 @@ void MainWindow::furnish()
             field->setAccessibleName(caption->text().remove(QLatin1Char(':')));
     }
     if (!isVisible()) return;
-    // What comes into a window that is shown is not shown by itself.
-    contentView->show();
-    mainMenu->show();
     layout()->activate();
     followScreen();
 }

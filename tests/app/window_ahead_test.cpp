@@ -45,6 +45,24 @@ void expectEverythingToBeShown(const MainWindow& window)
     }
     EXPECT_TRUE(window.mainMenu->isVisible());
 }
+
+void expectTheSizeOfAWindowMadeAtOnceInEveryLanguage()
+{
+    QStringList files = QDir(QStringLiteral(":/i18n")).entryList({QStringLiteral("*.qm")});
+    ASSERT_FALSE(files.isEmpty());
+    files.prepend(QString());
+    for (const QString& file : files) {
+        SCOPED_TRACE(file.toStdString());
+        QTranslator translator;
+        if (!file.isEmpty()) {
+            ASSERT_TRUE(translator.load(QLatin1String(":/i18n/") + file));
+            QCoreApplication::installTranslator(&translator);
+        }
+        const std::unique_ptr<MainWindow> window = MainWindow::showAhead();
+        window->furnish();
+        EXPECT_EQ(window->size(), MainWindow().size());
+    }
+}
 }  // namespace
 
 TEST(showAhead, showsAWindowWithoutViews)
@@ -81,24 +99,26 @@ TEST(showAhead, isTheWindowOfTheController)
     EXPECT_TRUE(focus == nullptr || focus == shown);
 }
 
-TEST(showAhead, needsNoOtherSizeInAnyLanguage)
+TEST(showAhead, needsNoOtherSize)
 {
-    QStringList files = QDir(QStringLiteral(":/i18n")).entryList({QStringLiteral("*.qm")});
-    ASSERT_FALSE(files.isEmpty());
-    files.prepend(QString());
-    for (const QString& file : files) {
-        SCOPED_TRACE(file.toStdString());
-        QTranslator translator;
-        if (!file.isEmpty()) {
-            ASSERT_TRUE(translator.load(QLatin1String(":/i18n/") + file));
-            QCoreApplication::installTranslator(&translator);
-        }
-        const std::unique_ptr<MainWindow> window = MainWindow::showAhead();
-        const QSize before = window->size();
-        window->furnish();
-        EXPECT_EQ(window->size(), before);
-        EXPECT_EQ(window->size(), MainWindow().size());
+    const std::unique_ptr<MainWindow> window = MainWindow::showAhead();
+    const QSize before = window->size();
+    window->furnish();
+    EXPECT_EQ(window->size(), before);
+}
+
+// Some languages need more room with the wide font that a machine without any other has.
+TEST(showAhead, becomesAsLargeAsAWindowMadeAtOnceInEveryLanguageAndFont)
+{
+    const QFont usual = QApplication::font();
+    for (const char* family : {"DejaVu Sans", "Noto Sans", "monospace"}) {
+        SCOPED_TRACE(family);
+        QFont font = usual;
+        font.setFamily(QLatin1String(family));
+        QApplication::setFont(font);
+        expectTheSizeOfAWindowMadeAtOnceInEveryLanguage();
     }
+    QApplication::setFont(usual);
 }
 
 TEST(showAhead, growsForALargeFont)
