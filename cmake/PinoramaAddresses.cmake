@@ -27,10 +27,16 @@ if(PINORAMA_SHOWS_HOME)
     string(APPEND PINORAMA_DESKTOP_ACTIONS "home;")
 endif()
 
-# pinorama_fill_in(TEMPLATE FILE) replaces the variables in TEMPLATE (@NAME@) and writes it to FILE. The lines
-# between one with "[if NAME]" and the next with "[end]" stay only if the variable NAME is neither OFF nor empty.
+include("${CMAKE_CURRENT_LIST_DIR}/PinoramaTexts.cmake")
+
+# pinorama_fill_in(TEMPLATE FILE) adds the translations (PinoramaTexts.cmake) to TEMPLATE, replaces the variables in it
+# (@NAME@) and writes it to FILE. The lines between one with "[if NAME]" and the next with "[end]" stay only if the variable NAME is neither OFF nor empty.
 function(pinorama_fill_in template file)
     file(READ "${template}" text)
+    if(NOT CMAKE_SCRIPT_MODE_FILE)
+        set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${template}")
+    endif()
+    pinorama_add_translations(text "${text}")
     while(TRUE)
         string(FIND "${text}" "[if " at)
         if(at EQUAL -1)

@@ -161,15 +161,15 @@ TEST(menuEntries, nameTheTypesOfTheDesktopEntry)
 {
     const auto types = listOf(documentOf("packaging/org.pinorama.Pinorama.desktop.in"), "MimeType");
     ASSERT_GE(types.size(), 19u);
-    EXPECT_EQ(listOf(documentOf("packaging/menus/pinorama-dolphin.desktop"), "MimeType"), types);
-    EXPECT_EQ(listOf(documentOf("packaging/menus/pinorama-thunar.desktop"), "MimeType"), types);
-    EXPECT_EQ(listOf(documentOf("packaging/menus/pinorama-actions.desktop"), "MimeTypes"), types);
+    EXPECT_EQ(listOf(documentOf("packaging/menus/pinorama-dolphin.desktop.in"), "MimeType"), types);
+    EXPECT_EQ(listOf(documentOf("packaging/menus/pinorama-thunar.desktop.in"), "MimeType"), types);
+    EXPECT_EQ(listOf(documentOf("packaging/menus/pinorama-actions.desktop.in"), "MimeTypes"), types);
 }
 
 TEST(menuEntries, areForAcceptedExtensionsOnly)
 {
     const auto extensions =
-        listOf(documentOf("packaging/menus/pinorama.nemo_action"), "Extensions");
+        listOf(documentOf("packaging/menus/pinorama.nemo_action.in"), "Extensions");
     EXPECT_EQ(extensions.size(), 20u);
     for (const std::string& extension : extensions) {
         const StringHolder path(createPathText("/a." + extension));
@@ -241,7 +241,7 @@ TEST(documents, stateTheRightNumbers)
         return std::regex_search(readme, match, std::regex(pattern)) ? match[1].str() : "nothing";
     };
     const auto extensions =
-        listOf(documentOf("packaging/menus/pinorama.nemo_action"), "Extensions");
+        listOf(documentOf("packaging/menus/pinorama.nemo_action.in"), "Extensions");
     const auto raw = std::count_if(extensions.begin(), extensions.end(), [](const auto& ending) {
         return ending != "jpg" && ending != "jpeg";
     });

@@ -7,6 +7,7 @@
 #include "app/translations.h"
 #include "lib/ui/strings_table.h"
 #include "tests/support/environment.h"
+#include "tests/support/program.h"
 #include "tests/support/toolkit.h"
 
 #include <gtest/gtest.h>
@@ -35,20 +36,31 @@ std::string pathOf(const std::string& inTree)
     return PINORAMA_SOURCE_FOLDER "/" + inTree;
 }
 
-// The languages that have tables; English is the one that the others are measured by.
-std::set<std::string> languages()
+std::string builtFile(const std::string& inBuild)
+{
+    return test::readFile(PINORAMA_BUILD_FOLDER "/" + inBuild);
+}
+
+// What stands for '*' in the names of the files PREFIX*.ts of a folder.
+std::set<std::string> languagesOf(const std::string& folder, const std::string& prefix)
 {
     std::set<std::string> names;
-    for (const QString& name : QDir(QString::fromStdString(pathOf("resources/strings")))
-                                   .entryList(QDir::Dirs | QDir::NoDotAndDotDot))
-        names.insert(name.toStdString());
+    for (const QFileInfo& file : QDir(QString::fromStdString(pathOf(folder)))
+                                     .entryInfoList({QString::fromStdString(prefix + "*.ts")}))
+        names.insert(file.completeBaseName().toStdString().substr(prefix.size()));
     return names;
 }
 
 std::set<std::string> languagesButEnglish()
 {
-    auto names = languages();
-    names.erase("en");
+    return languagesOf("resources/texts", "texts_");
+}
+
+// English is the one that the others are measured by.
+std::set<std::string> languages()
+{
+    auto names = languagesButEnglish();
+    names.insert("en");
     return names;
 }
 
@@ -74,7 +86,8 @@ std::string utf8(std::u16string_view text)
 }
 
 struct Translation {
-    std::string source, text;
+    std::string source, text, comment;
+    bool isFinished;
 };
 
 // The texts of a .ts file in its order.
@@ -84,14 +97,17 @@ std::vector<Translation> translationsIn(const std::string& path)
     QFile file(QString::fromStdString(path));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path;
     QXmlStreamReader xml(&file);
-    std::string source;
+    Translation one;
     while (!xml.atEnd()) {
         if (xml.readNext() != QXmlStreamReader::StartElement) continue;
-        if (xml.name() == QLatin1String("source")) source = xml.readElementText().toStdString();
+        if (xml.name() == QLatin1String("message")) one = {};
+        if (xml.name() == QLatin1String("source")) one.source = xml.readElementText().toStdString();
+        if (xml.name() == QLatin1String("extracomment"))
+            one.comment = xml.readElementText().toStdString();
         if (xml.name() == QLatin1String("translation")) {
-            EXPECT_FALSE(xml.attributes().hasAttribute(QLatin1String("type")))
-                << path << ": " << source << " is unfinished";
-            all.push_back({source, xml.readElementText().toStdString()});
+            one.isFinished = !xml.attributes().hasAttribute(QLatin1String("type"));
+            one.text = xml.readElementText().toStdString();
+            all.push_back(one);
         }
     }
     EXPECT_FALSE(xml.hasError()) << path;
@@ -125,8 +141,7 @@ TEST(languages, haveTablesWithTheSameKeysAndConversions)
 {
     for (const std::string name : {"Localizable", "GPS", "Places"}) {
         const auto textOf = [&](const std::string& language) {
-            return test::readFile(
-                pathOf("resources/strings/" + language + "/" + name + ".strings"));
+            return builtFile("resources/strings/" + language + "/" + name + ".strings");
         };
         const std::string english = textOf("en");
         const auto keys = allMatches(english, "^\"([^\"]+)\" = ");
@@ -154,11 +169,54 @@ TEST(languages, haveTablesWithTheSameKeysAndConversions)
 
 TEST(languages, haveATranslationOfTheWindow)
 {
-    std::set<std::string> names;
-    for (const QString& file : QDir(QString::fromStdString(pathOf("app/translations")))
-                                   .entryList({QStringLiteral("pinorama_*.ts")}))
-        names.insert(file.toStdString().substr(9, file.toStdString().size() - 12));
-    EXPECT_EQ(names, languagesButEnglish());
+    EXPECT_EQ(languagesOf("app/translations", "pinorama_"), languagesButEnglish());
+}
+
+TEST(languages, haveEveryTextOfTheTablesAndTheDesktop)
+{
+    const test::TemporaryFolder folder;
+    const std::string fresh = folder.file("fresh.ts");
+    const test::ProgramResult lupdate =
+        test::runProgram({.command = {PINORAMA_LUPDATE, "-silent",
+                                      PINORAMA_BUILD_FOLDER "/texts.cpp", "-ts", fresh}});
+    ASSERT_EQ(lupdate.status, 0) << lupdate.err;
+    const auto sourcesOf = [](const std::vector<Translation>& all) {
+        std::vector<std::string> sources;
+        for (const Translation& one : all) sources.push_back(one.source);
+        return sorted(sources);
+    };
+    const auto expected = translationsIn(fresh);
+    ASSERT_GE(expected.size(), 139u);
+    for (const Translation& one : expected)
+        EXPECT_NE(one.comment, "") << one.source << ": a translator cannot know where it stands";
+
+    for (const std::string& language : languagesButEnglish()) {
+        SCOPED_TRACE(language);
+        const auto all = translationsIn(pathOf("resources/texts/texts_" + language + ".ts"));
+        EXPECT_EQ(sourcesOf(all), sourcesOf(expected));
+        for (const Translation& one : all) {
+            EXPECT_TRUE(one.isFinished && !one.text.empty()) << one.source;
+            EXPECT_EQ(sorted(allMatches(one.text, "(\\{[^}]*\\})")),
+                      sorted(allMatches(one.source, "(\\{[^}]*\\})")));
+            EXPECT_EQ(one.source.ends_with(';'), one.text.ends_with(';')) << one.source;
+            EXPECT_EQ(one.text.find("://"), std::string::npos) << "no address is translated";
+        }
+    }
+}
+
+TEST(languages, areLedToTheirOwnWikipedia)
+{
+    for (const std::string& language : languages()) {
+        SCOPED_TRACE(language);
+        const StringsTable services(builtFile("resources/strings/" + language + "/GPS.strings"));
+        const auto wikipedia = services.find(u"b7");
+        ASSERT_TRUE(wikipedia);
+        EXPECT_TRUE(utf8(*wikipedia).starts_with("https://" + language.substr(0, 2) + ".wiki"));
+        const auto picture = services.find(u"picture"), bing = services.find(u"b3");
+        ASSERT_TRUE(picture && bing);
+        EXPECT_TRUE(std::regex_match(utf8(*picture), std::regex("[A-Za-z]+"))) << "in an address";
+        EXPECT_NE(utf8(*bing).find("_" + utf8(*picture) + "&"), std::string::npos);
+    }
 }
 
 TEST(languages, keepPlaceholdersKeysAndEndingsOfTheWindow)
@@ -168,8 +226,9 @@ TEST(languages, keepPlaceholdersKeysAndEndingsOfTheWindow)
         SCOPED_TRACE(path);
         const auto all = translationsIn(pathOf(path));
         EXPECT_GE(all.size(), 40u);
-        for (const auto& [source, text] : all) {
+        for (const auto& [source, text, comment, isFinished] : all) {
             SCOPED_TRACE(source);
+            EXPECT_TRUE(isFinished);
             EXPECT_NE(text, "");
             EXPECT_EQ(sorted(allMatches(text, "(%[0-9]+)")),
                       sorted(allMatches(source, "(%[0-9]+)")));
@@ -267,16 +326,16 @@ TEST(languages, areAllInTheDesktopEntryAndTheMenus)
 {
     std::multiset<std::string> once = {""};
     for (const std::string& language : languagesButEnglish()) once.insert(language);
-    std::multiset<std::string> twice = once;
-    twice.insert(once.begin(), once.end());
 
-    const std::string entry = test::readFile(pathOf("packaging/org.pinorama.Pinorama.desktop.in"));
+    const std::string entry = builtFile("packaging/org.pinorama.Pinorama.desktop");
     EXPECT_EQ(languagesOfKey(entry, "GenericName"), once);
     EXPECT_EQ(languagesOfKey(entry, "Comment"), once);
     EXPECT_EQ(languagesOfKey(entry, "Keywords"), once);
-    // The program's name needs none; both its actions have one.
-    twice.insert("");
-    EXPECT_EQ(languagesOfKey(entry, "Name"), twice);
+    // The program's name needs none; the actions that are shown have one.
+    std::multiset<std::string> names = {""};
+    const auto actions = allMatches(entry, "^(\\[Desktop Action .*)$");
+    for (std::size_t i = 0; i < actions.size(); ++i) names.insert(once.begin(), once.end());
+    EXPECT_EQ(languagesOfKey(entry, "Name"), names);
 
     const struct {
         const char *path, *key;
@@ -286,7 +345,7 @@ TEST(languages, areAllInTheDesktopEntryAndTheMenus)
         {"pinorama.nemo_action", "Name"},        {"pinorama.nemo_action", "Comment"},
     };
     for (const auto& [path, key] : rows) {
-        EXPECT_EQ(languagesOfKey(test::readFile(pathOf("packaging/menus/") + path), key), once)
+        EXPECT_EQ(languagesOfKey(builtFile(std::string("packaging/menus/") + path), key), once)
             << path << ", " << key;
     }
 }
@@ -302,9 +361,9 @@ TEST(languages, areAllInTheMetainfoAndTheTypes)
 
     const auto found = [](const std::string& path, const std::string& element) {
         const auto names =
-            allMatches(test::readFile(pathOf(path)), "<" + element + " xml:lang=\"([^\"]*)\">[^<]");
+            allMatches(builtFile(path), "<" + element + " xml:lang=\"([^\"]*)\">[^<]");
         return std::multiset<std::string>(names.begin(), names.end());
     };
-    EXPECT_EQ(found("packaging/org.pinorama.Pinorama.metainfo.xml.in", "summary"), once);
+    EXPECT_EQ(found("packaging/org.pinorama.Pinorama.metainfo.xml", "summary"), once);
     EXPECT_EQ(found("packaging/pinorama-mime.xml", "comment"), ofTypes);
 }
