@@ -44,6 +44,7 @@ void appShowAboutBox(QWidget* parent)
     auto* box = new QMessageBox(parent);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setObjectName(QStringLiteral("aboutBox"));
+    //: Title of the dialog. Pinorama stays
     box->setWindowTitle(AboutBox::tr("About Pinorama"));
     box->setIconPixmap(QApplication::windowIcon().pixmap(QSize(kIconSize, kIconSize),
                                                          parent->devicePixelRatioF()));
@@ -51,12 +52,17 @@ void appShowAboutBox(QWidget* parent)
     box->setText(QStringLiteral("<b>Pinorama " PINORAMA_VERSION "</b>"));
     box->setInformativeText(
         QStringLiteral("<p>%1</p>%2<p>%3</p><p>%4<br>%5</p><p>%6<br>%7</p>")
-            .arg(AboutBox::tr("Shows where the picture selected in the file manager was taken."),
-                 homePageAsParagraph(),
-                 AboutBox::tr("Free software under the GNU General Public License, version 3 or "
-                              "later. It comes with no warranty."),
-                 AboutBox::tr("Made with these libraries:"), librariesAsLines(),
-                 AboutBox::tr("Places and map are made from:"), sourcesOfPlacesAsLines()));
+            .arg(
+                //: In the dialog "About Pinorama": what the program does
+                AboutBox::tr("Shows where the picture selected in the file manager was taken."),
+                homePageAsParagraph(),
+                //: In the dialog "About Pinorama". The name of the licence stays
+                AboutBox::tr("Free software under the GNU General Public License, version 3 or "
+                             "later. It comes with no warranty."),
+                //: In the dialog "About Pinorama", above a list
+                AboutBox::tr("Made with these libraries:"), librariesAsLines(),
+                //: In the dialog "About Pinorama", above a list of sources
+                AboutBox::tr("Places and map are made from:"), sourcesOfPlacesAsLines()));
     box->setTextInteractionFlags(Qt::TextBrowserInteraction);
     box->setStandardButtons(QMessageBox::Close);
     box->open();

@@ -11,6 +11,7 @@ namespace pinorama {
 AccessibilityNotice::AccessibilityNotice(const QString& fileManager, QWidget* parent)
     : Notice(QStringLiteral("accessibilityNotice"), parent),
       fileManager_(fileManager),
+      //: Button of the notice about accessibility: switches it on
       switchButton_(new QPushButton(tr("S&witch On"), this))
 {
     switchButton_->setObjectName(QStringLiteral("switchAccessibilityButton"));
@@ -19,6 +20,8 @@ AccessibilityNotice::AccessibilityNotice(const QString& fileManager, QWidget* pa
         switchButton_->setEnabled(false);
         Q_EMIT switchWanted();
     });
+    //: A notice in the window; %1 is the name of a file manager. Accessibility as in the settings
+    //: of desktops
     say(tr("Pinorama can follow the selection in %1 once accessibility is on. This is a permanent "
            "setting of your desktop; restart the file manager after switching it on.")
             .arg(fileManager_));
@@ -28,11 +31,16 @@ void AccessibilityNotice::showSwitched(bool isOn)
 {
     if (switchButton_->hasFocus()) dismissButton()->setFocus();
     switchButton_->hide();
-    say(isOn ? tr("Accessibility is on. Restart %1 or log in again; Pinorama then follows its "
-                  "selection.")
-                   .arg(fileManager_)
-             : tr("Accessibility could not be switched on. The manual explains how to do it by "
-                  "hand."));
+    if (isOn) {
+        //: A notice in the window; %1 is the name of a file manager
+        say(tr("Accessibility is on. Restart %1 or log in again; Pinorama then follows its "
+               "selection.")
+                .arg(fileManager_));
+    } else {
+        //: A notice in the window
+        say(tr(
+            "Accessibility could not be switched on. The manual explains how to do it by hand."));
+    }
 }
 
 void offerAccessibility(AccessibilityAdvice& advice, AppController& controller)

@@ -83,6 +83,7 @@ AppController::AppController(SelectionSource* selection, UrlOpener* opener,
     connect(&reading_, &PictureReading::openerMissing, this, [this] {
         showNoPlaceYet();
         const QString words =
+            //: The foot of the window. pinorama-opener is the name of a program and stays
             tr("Files cannot be opened: the program pinorama-opener does not start.");
         fields_.showInsteadOfPreview(words);
         sayOfPicture(words);
@@ -93,6 +94,7 @@ AppController::AppController(SelectionSource* selection, UrlOpener* opener,
     });
     connect(&reading_, &PictureReading::readerMissing, this, [this] {
         const QString words =
+            //: The foot of the window. pinorama-reader is the name of a program and stays
             tr("Pictures cannot be read: the program pinorama-reader does not start.");
         fields_.showInsteadOfPreview(words);
         sayOfPicture(words);

@@ -46,8 +46,11 @@ CopyMenu::CopyMenu(const fileInfoRecord& info, const TovStringRef& path, QWidget
 {
     setObjectName(QStringLiteral("copyMenu"));
     const std::array<QString, kForms> titles = {
+        //: Entry of the menu "Copy It As": the coordinate as the window shows it
         tr("As Shown"),
+        //: Entry of the menu "Copy It As": copies "-54.80190, -68.30300"
         tr("Decimal Degrees"),
+        //: Entry of the menu "Copy It As": copies "54° 48.114' S"
         tr("Degrees and Decimal Minutes"),
         //: An address that begins with "geo:", which map programs take
         tr("geo: Address"),

@@ -47,6 +47,7 @@ void ask(const QString& file, QWidget* parent, const std::function<void()>& repl
 PortalQuestion exportQuestion(const QString& fileName)
 {
     // The name of the filter without the patterns.
+    //: Kind of files in a file dialog; "(*.kml)" stays
     const QString filter = ExportDialog::tr("KML files (*.kml)");
     return {.title = kTitle,
             .isForSaving = true,
@@ -77,6 +78,7 @@ ExportDialog::ExportDialog(const QString& fileName, std::function<void(const QSt
     setAttribute(Qt::WA_DeleteOnClose);
     setAcceptMode(QFileDialog::AcceptSave);
     setLabelText(QFileDialog::Accept, kButton);
+    //: Kind of files in a file dialog; "(*.kml)" stays
     setNameFilter(tr("KML files (*.kml)"));
     setDefaultSuffix(kSuffix);
     selectFile(fileName);

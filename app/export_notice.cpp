@@ -28,16 +28,21 @@ void ExportNotice::sayFailure(const QString& file, int error)
     QString reason;
     switch (error) {
     case ENOSPC:
+    //: A reason; stands in the place of %2 in "%1 could not be written: %2"
     case EDQUOT: reason = tr("the disk is full."); break;
     case EACCES:
     case EPERM:
+    //: A reason; stands in the place of %2 in "%1 could not be written: %2"
     case EROFS: reason = tr("writing there is not allowed."); break;
     case ENOENT:
+    //: A reason; stands in the place of %2 in "%1 could not be written: %2"
     case ENOTDIR: reason = tr("there is no such folder."); break;
+    //: A reason; stands in the place of %2 in "%1 could not be written: %2"
     case EISDIR: reason = tr("a folder has that name."); break;
     default: reason = QString::fromLocal8Bit(std::strerror(error)) + QLatin1Char('.');
     }
     // Both at once: the name may hold a "%2".
+    //: A notice in the window: %1 is the name of a file, %2 a reason, with its full stop
     say(tr("%1 could not be written: %2").arg(name, reason));
 }
 

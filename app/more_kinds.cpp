@@ -35,6 +35,7 @@ void appStoreReadMoreKinds(bool isOn)
 MoreKindsNotice::MoreKindsNotice(QWidget* parent)
     : Notice(QStringLiteral("moreKindsNotice"), parent)
 {
+    //: Button of the notice "... pictures can be read, too": has them read from now on
     auto* button = new QPushButton(tr("Read Them"), this);
     button->setObjectName(QStringLiteral("readMoreKindsButton"));
     addButton(button);
@@ -46,9 +47,11 @@ void MoreKindsNotice::offer(TovStringRef path)
     const StringHolder name(gpsCopyFileName(path));
     const StringHolder extension(TovStringGetExtension(name.get()));
     const QString kind = cuDisplayText(extension.get()).toUpper();
-    const QString words = (isPathOfVideo(path) ? tr("%1 videos can be read, too.")
-                                               : tr("%1 pictures can be read, too."))
-                              .arg(kind);
+    //: A notice in the window; %1 is the name of a kind, such as "HEIC", and no number
+    QString words = tr("%1 pictures can be read, too.");
+    //: A notice in the window; %1 is the name of a kind, such as "MP4", and no number
+    if (isPathOfVideo(path)) words = tr("%1 videos can be read, too.");
+    words = words.arg(kind);
     // Of many such files in a row a screen reader reads it out once.
     if (words != accessibleName()) say(words);
 }
@@ -106,10 +109,15 @@ bool MoreKinds::isOffering() const
 QString MoreKinds::textOf(ValueSource source)
 {
     switch (source) {
+    //: Tool tip: the part of the file that has the value. Exif is a name and stays
     case ValueSource::exif: return tr("From Exif");
+    //: Tool tip: the part of the file that has the value. IPTC is a name and stays
     case ValueSource::iptc: return tr("From IPTC");
+    //: Tool tip: the part of the file that has the value. XMP is a name and stays
     case ValueSource::xmp: return tr("From XMP in the file");
+    //: Tool tip: the value stands in the video itself
     case ValueSource::quickTime: return tr("From the video");
+    //: Tool tip: the value stands in another file in the same folder. XMP is a name and stays
     case ValueSource::sidecar: return tr("From the XMP file beside it");
     }
     return {};

@@ -13,6 +13,7 @@ Notice::Notice(const QString& name, QWidget* parent)
     : QFrame(parent),
       words_(new WholeWords(this)),
       buttons_(new QHBoxLayout),
+      //: A button that takes a notice in the window away
       dismissButton_(new QPushButton(tr("&Dismiss"), this))
 {
     setObjectName(name);

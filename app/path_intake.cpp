@@ -130,12 +130,14 @@ void PathIntake::askForPicture(const std::string& beside)
                   .toStdString()
             : folderOf(beside);
     portal_.ask(
+        //: Title of the file dialog
         {.title = tr("Open Picture"), .parent = portalParent(window_.winId()), .folder = folder_});
 }
 
 void PathIntake::askWithTheToolkit()
 {
     auto* dialog =
+        //: Title of the file dialog
         new QFileDialog(&window_, tr("Open Picture"), QFile::decodeName(folder_.c_str()));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFile);

@@ -21,6 +21,7 @@ QString wordsOfKind(const FileAttributes& item, const QString& name, bool isRead
     //: A pipe or a device
     if (!item.isRegular) return PictureWords::tr("%1 is no file that can be read.").arg(name);
     if (isRead) return {};
+    //: The foot of the window. JPEG stays
     return PictureWords::tr(
         "Files of this type are not read: JPEG and the raw files of cameras are.");
 }
@@ -29,8 +30,10 @@ QString wordsOfOpenError(int error, const QString& name)
 {
     switch (error) {
     case ENOENT:
+    //: The foot of the window; %1 is the name of a file
     case ENOTDIR: return PictureWords::tr("There is no file %1.").arg(name);
     case EACCES:
+    //: The foot of the window; %1 is the name of a file
     case EPERM: return PictureWords::tr("You are not allowed to read %1.").arg(name);
     default:
         // Both at once: the name may hold a "%2".
@@ -42,11 +45,13 @@ QString wordsOfOpenError(int error, const QString& name)
 
 QString wordsOfNoPlace()
 {
+    //: The foot of the window
     return PictureWords::tr("This picture does not say where it was taken.");
 }
 
 QString wordsOfSeveral()
 {
+    //: The foot of the window
     return PictureWords::tr("Several files are selected; the window shows one at a time.");
 }
 

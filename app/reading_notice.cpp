@@ -17,30 +17,36 @@ ReadingNotice::ReadingNotice(QWidget* parent) : ElidedField(parent)
 void ReadingNotice::sayStillReading(const QString& name)
 {
     isStillReading_ = true;
+    //: The foot of the window; %1 is the name of a file
     say(tr("Still reading %1...").arg(name));
 }
 
 void ReadingNotice::sayNotRead(const QString& name)
 {
     isStillReading_ = false;
+    //: The foot of the window; %1 is the name of a file
     say(tr("%1 could not be read.").arg(name));
 }
 
 void ReadingNotice::sayNotAnswering(const QString& name)
 {
     isStillReading_ = true;
+    //: The foot of the window; %1 is the name of a file that is being read and takes too long, as
+    //: when a network is gone
     say(tr("%1 does not answer.").arg(name));
 }
 
 void ReadingNotice::saySidecarNotRead(const QString& name)
 {
     isStillReading_ = false;
+    //: The foot of the window; %1 is the name of a file. XMP is a kind of file and stays
     say(tr("The XMP file beside %1 could not be read.").arg(name));
 }
 
 void ReadingNotice::saySidecarNotAnswering(const QString& name)
 {
     isStillReading_ = true;
+    //: The foot of the window; %1 is the name of a file. XMP is a kind of file and stays
     say(tr("The XMP file beside %1 does not answer.").arg(name));
 }
 

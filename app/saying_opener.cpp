@@ -30,6 +30,7 @@ QString wordsOfNoProgram(const QByteArray& url)
         //: "geo:" is the beginning of an address; the names are those of programs
         return Words::tr("No program opens geo: addresses. Marble and GNOME Maps do.");
     if (scheme == "file")
+        //: The foot of the window. KML is a kind of file; the names of programs stay
         return Words::tr("No program opens KML files. Marble and Google Earth do.");
     //: %1 is the beginning of an address, such as "om"
     return Words::tr("No program opens addresses that begin with %1:.")

@@ -164,15 +164,18 @@ void NearbyModel::setThumbnail(const std::string& path, const QPixmap& thumbnail
 
 QString nearbyDistanceText(double metres, double bearing)
 {
+    //: Below a picture, in the place of a distance: it was taken where the other one was
     if (metres < kSamePlace) return NearbyModel::tr("same place");
     const StringHolder compass(createCompassText(bearing));
     const QString direction = cuDisplayText(compass.get());
     const double step = metres < 100.0 ? 1.0 : 10.0;
     const double rounded = std::round(metres / step) * step;
     if (rounded < 1000.0) {
+        //: Below a picture: %1 is a distance, %2 a point of the compass: 350 m NE
         return NearbyModel::tr("%1 m %2").arg(QLocale().toString(static_cast<qint64>(rounded)),
                                               direction);
     }
+    //: Below a picture: %1 is a distance, %2 a point of the compass: 1.2 km NE
     return NearbyModel::tr("%1 km %2").arg(QLocale().toString(rounded / 1000.0, 'f', 1), direction);
 }
 

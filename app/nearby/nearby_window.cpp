@@ -66,9 +66,11 @@ NearbyWindow::NearbyWindow(UrlOpener& opener, QWidget* parent)
       heading_(makeLabel(QStringLiteral("nearbyHeading"), this)),
       view_(new NearbyView(this)),
       status_(makeLabel(QStringLiteral("nearbyStatus"), this)),
+      //: Button: ends the search
       stopButton_(new QPushButton(tr("&Stop"), this))
 {
     setObjectName(QStringLiteral("nearbyWindow"));
+    //: Title of the window
     setWindowTitle(tr("Pictures Nearby"));
     view_->setObjectName(QStringLiteral("nearbyPictures"));
     view_->setModel(&model_);
@@ -119,7 +121,9 @@ void NearbyWindow::connectViews()
 // The items of the context menu, which the keyboard opens as well.
 void NearbyWindow::addActions()
 {
+    //: Context menu: opens the picture in the program for it
     addAction(tr("&Open"), "nearbyOpenAction", &NearbyWindow::openCurrent);
+    //: Context menu: has the user choose the program
     addAction(tr("Open &With..."), "nearbyOpenWithAction", &NearbyWindow::openCurrentWith);
     view_->setContextMenuPolicy(Qt::ActionsContextMenu);
 }
@@ -142,6 +146,7 @@ void NearbyWindow::search(const std::string& picture, NearbyPlace place)
     model_.setEmptyThumbnail(NearbyThumbnails::emptyOne(devicePixelRatioF()));
     model_.begin(picture);
     folders_ = foldersAround(picture, homeFolder(), picturesFolder());
+    //: Above the pictures that were found; %1 is a distance, %2 the name of a file
     heading_->setText(tr("Within %1 m of %2").arg(NearbySearch::kRadius).arg(nameOfFile(picture)));
     search_.begin(place, folders_);
     setState(State::running);
@@ -192,22 +197,30 @@ QString NearbyWindow::words() const
     const QString count = QLocale().toString(model_.foundCount());
     switch (state_) {
     case State::running:
-        return model_.foundCount() == 0 ? tr("Searching...")
-                                        : tr("Searching... Pictures found so far: %1").arg(count);
+        //: Below the pictures, until the first is found
+        if (model_.foundCount() == 0) return tr("Searching...");
+        //: Below the pictures: %1 is their number
+        return tr("Searching... Pictures found so far: %1").arg(count);
+    //: Below the pictures, after the button "Stop": %1 is their number
     case State::stopped: return tr("Stopped. Pictures found until then: %1").arg(count);
     case State::cutShort:
+        //: Below the pictures: the search failed; %1 is their number
         return tr("The search ended too early. Pictures found until then: %1").arg(count);
     case State::missing:
+        //: Below the pictures. pinorama-search is the name of a program and stays
         return tr("Pictures cannot be searched: the program pinorama-search does not start.");
     case State::complete: break;
     }
     if (model_.foundCount() > NearbyModel::kMaxPictures) {
+        //: Below the pictures: %1 and %2 are numbers
         return tr("Pictures found: %1. The nearest %2 are shown.")
             .arg(count, QLocale().toString(model_.rowCount()));
     }
+    //: Below the pictures: %1 is their number
     if (model_.foundCount() > 0) return tr("Pictures found: %1").arg(count);
     QStringList folders;
     for (const std::string& folder : folders_) folders.append(displayOf(folder));
+    //: In the place of the pictures; %1 is a distance, %2 a list of folders
     return tr("No other picture within %1 m was found in these folders:\n%2")
         .arg(QString::number(NearbySearch::kRadius), folders.join(QLatin1Char('\n')));
 }

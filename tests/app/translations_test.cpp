@@ -12,6 +12,7 @@
 #include <QXmlStreamReader>
 
 #include <map>
+#include <regex>
 #include <set>
 #include <string>
 
@@ -53,6 +54,11 @@ TEST(translations, everyTextOfTheWindowHasOneInEveryLanguage)
     ASSERT_EQ(lupdate.status, 0) << lupdate.err;
     const auto texts = translationsIn(QString::fromStdString(fresh));
     ASSERT_GT(texts.size(), 30u);
+    const std::string document = test::readFile(fresh);
+    const std::regex withoutComment("<source>([^<]*)</source>\\s*<translation");
+    for (std::sregex_iterator one(document.begin(), document.end(), withoutComment), end;
+         one != end; ++one)
+        ADD_FAILURE() << (*one)[1] << ": a translator cannot know where it stands";
 
     const QDir translations(QStringLiteral(PINORAMA_APP_SOURCES "/translations"));
     const QStringList files = translations.entryList({QStringLiteral("*.ts")});
