@@ -5,7 +5,6 @@
 
 namespace pinorama {
 namespace {
-constexpr double kSmallestContrast = 4.5;
 constexpr int kQuietest = 72;  // percent of the way from the background to the text
 constexpr int kStep = 4;
 
@@ -37,11 +36,23 @@ double contrastRatio(const QColor& one, const QColor& other)
 
 QColor captionColour(const QColor& background, const QColor& text)
 {
+    const QColor seen = between(background, text, text.alphaF());
     for (int percent = kQuietest; percent < 100; percent += kStep) {
-        const QColor colour = between(background, text, static_cast<float>(percent) / 100.0F);
-        if (contrastRatio(background, colour) >= kSmallestContrast) return colour;
+        const QColor colour = between(background, seen, static_cast<float>(percent) / 100.0F);
+        if (contrastRatio(background, colour) >= kReadableContrast) return colour;
     }
-    return text;
+    return seen;
+}
+
+QColor captionColour(const QPalette& palette, QPalette::ColorGroup group)
+{
+    const QColor background = palette.color(group, QPalette::Window);
+    const QColor own = captionColour(background, palette.color(group, QPalette::WindowText));
+    const QColor other =
+        captionColour(background, palette.color(QPalette::Active, QPalette::WindowText));
+    const double contrast = contrastRatio(background, own);
+    return contrast >= kReadableContrast || contrast >= contrastRatio(background, other) ? own
+                                                                                         : other;
 }
 
 }  // namespace pinorama

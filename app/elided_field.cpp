@@ -11,6 +11,7 @@
 #include <QMenu>
 #include <QPainter>
 #include <QStyle>
+#include <QStyleOptionFrame>
 #include <QToolTip>
 
 #include <algorithm>
@@ -76,6 +77,12 @@ bool ElidedField::event(QEvent* event)
     return QLineEdit::event(event);
 }
 
+void ElidedField::changeEvent(QEvent* event)
+{
+    QLineEdit::changeEvent(event);
+    if (event->type() == QEvent::StyleChange) cancelMarginsOfStyle();
+}
+
 void ElidedField::contextMenuEvent(QContextMenuEvent* event)
 {
     QMenu* menu = createStandardContextMenu();
@@ -119,6 +126,25 @@ void ElidedField::focusOutEvent(QFocusEvent* event)
         return;
     deselect();
     setCursorPosition(0);
+}
+
+void ElidedField::resizeEvent(QResizeEvent* event)
+{
+    QLineEdit::resizeEvent(event);
+    cancelMarginsOfStyle();
+}
+
+// Some styles keep the room of a frame free around a line that has none. The text would be cut off
+// below, and stand further to the right than the texts under it.
+void ElidedField::cancelMarginsOfStyle()
+{
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    const QRect whole = option.rect;
+    const QRect kept = style()->subElementRect(QStyle::SE_LineEditContents, &option, this);
+    const QMargins margins(whole.left() - kept.left(), whole.top() - kept.top(),
+                           kept.right() - whole.right(), kept.bottom() - whole.bottom());
+    if (margins != textMargins()) setTextMargins(margins);
 }
 
 void ElidedField::copySelection() const

@@ -142,9 +142,7 @@ void MainWindow::quietCaptions()
 {
     QPalette quiet = palette();
     for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
-        quiet.setColor(group, QPalette::WindowText,
-                       captionColour(palette().color(group, QPalette::Window),
-                                     palette().color(group, QPalette::WindowText)));
+        quiet.setColor(group, QPalette::WindowText, captionColour(palette(), group));
     }
     for (const auto& captions = findChildren<QLabel*>(); QLabel * caption : captions) {
         if (caption->buddy() != nullptr) caption->setPalette(quiet);

@@ -66,9 +66,7 @@ void StaleFields::dim(WrappedField* field)
 {
     QPalette palette;
     for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
-        palette.setColor(group, QPalette::Text,
-                         captionColour(window_.palette().color(group, QPalette::Window),
-                                       window_.palette().color(group, QPalette::WindowText)));
+        palette.setColor(group, QPalette::Text, captionColour(window_.palette(), group));
     }
     field->setPalette(palette);
 }

@@ -186,6 +186,22 @@ TEST_F(AppControllerHabits, captionsCanBeReadInEveryPalette)
     }
 }
 
+TEST_F(AppControllerHabits, captionsOfAnInactiveWindowCanBeReadInAThemeThatFadesItsTexts)
+{
+    controller.showMainWindow();
+    const QColor background(0xFA, 0xF9, 0xF8);
+    QPalette palette;
+    palette.setColor(QPalette::Window, background);
+    palette.setColor(QPalette::WindowText, QColor(0x2E, 0x34, 0x36));
+    palette.setColor(QPalette::Inactive, QPalette::WindowText, QColor(0x92, 0x95, 0x95));
+    controller.myWindow->setPalette(palette);
+    for (const QLabel* label : controller.myWindow->findChildren<QLabel*>()) {
+        if (label->buddy() == nullptr) continue;
+        const QColor caption = label->palette().color(QPalette::Inactive, QPalette::WindowText);
+        EXPECT_GE(contrastRatio(caption, background), 4.5) << label->objectName().toStdString();
+    }
+}
+
 TEST_F(AppControllerHabits, everyTextFollowsTheFontOfTheSystem)
 {
     EXPECT_TRUE(showPicture("cape.jpg", kCape));

@@ -2,9 +2,43 @@
 
 #include "app/caption_colour.h"
 
+#include <QPalette>
+
 #include <gtest/gtest.h>
 
 using namespace pinorama;
+
+namespace {
+// Colours as 0xRRGGBB.
+struct ThemeRow {
+    const char* name;
+    QRgb window, text;                  // of an active window
+    QRgb inactiveWindow, inactiveText;  // and of an inactive one
+};
+
+// Like those that Qt takes from these themes.
+constexpr ThemeRow kThemes[] = {
+    {"Adwaita", 0xF6F5F4, 0x2E3436, 0xFAF9F8, 0x929595},
+    {"Adwaita, dark", 0x353535, 0xEEEEEC, 0x303030, 0x919190},
+    {"Adwaita 4", 0xFAFAFA, 0x323232, 0xFAFAFA, 0x969696},
+    {"Breeze", 0xEFF0F1, 0x232629, 0xEFF0F1, 0x232629},
+    {"Breeze, dark", 0x2A2E32, 0xFCFCFC, 0x2A2E32, 0xFCFCFC},
+    {"Breeze, that fades", 0xEFF0F1, 0x232629, 0xEFF0F1, 0x707D8A},
+    {"high contrast", 0xFFFFFF, 0x000000, 0xFFFFFF, 0x000000},
+    {"high contrast, dark", 0x000000, 0xFFFFFF, 0x000000, 0xFFFFFF},
+    {"high contrast, that fades", 0x000000, 0xFFFFFF, 0x000000, 0x6A6A6A},
+};
+
+QPalette paletteOf(const ThemeRow& row)
+{
+    QPalette palette;
+    palette.setColor(QPalette::Active, QPalette::Window, QColor(row.window));
+    palette.setColor(QPalette::Active, QPalette::WindowText, QColor(row.text));
+    palette.setColor(QPalette::Inactive, QPalette::Window, QColor(row.inactiveWindow));
+    palette.setColor(QPalette::Inactive, QPalette::WindowText, QColor(row.inactiveText));
+    return palette;
+}
+}  // namespace
 
 TEST(contrastRatio, goesFromOneToTwentyOne)
 {
@@ -42,4 +76,45 @@ TEST(captionColour, isTheTextsOwnWhereThatIsHardToReadAlready)
 {
     const QColor grey(0x90, 0x90, 0x90);
     EXPECT_EQ(captionColour(Qt::white, grey), grey);
+}
+
+TEST(captionColour, ofATranslucentTextIsOpaqueAndEasyToRead)
+{
+    for (const int alpha : {255, 204, 160, 140}) {
+        const QColor caption = captionColour(Qt::white, QColor(0, 0, 0, alpha));
+        EXPECT_EQ(caption.alpha(), 255);
+        EXPECT_GE(contrastRatio(Qt::white, caption), 4.5) << alpha;
+    }
+}
+
+TEST(captionColour, isEasyToReadInAnActiveAndInAnInactiveWindow)
+{
+    for (const ThemeRow& row : kThemes) {
+        SCOPED_TRACE(row.name);
+        const QPalette palette = paletteOf(row);
+        for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+            const QColor background = palette.color(group, QPalette::Window);
+            EXPECT_GE(contrastRatio(background, captionColour(palette, group)), 4.5) << group;
+        }
+    }
+}
+
+TEST(captionColour, followsAThemeThatFadesInactiveTextsALittle)
+{
+    QPalette palette = paletteOf(kThemes[0]);
+    const QColor faded(0x50, 0x55, 0x57);
+    palette.setColor(QPalette::Inactive, QPalette::WindowText, faded);
+    const QColor background = palette.color(QPalette::Inactive, QPalette::Window);
+    EXPECT_EQ(captionColour(palette, QPalette::Inactive), captionColour(background, faded));
+}
+
+TEST(captionColour, isTheMoreReadableOfTwoTextsThatAreHardToRead)
+{
+    QPalette palette;
+    palette.setColor(QPalette::Window, Qt::white);
+    palette.setColor(QPalette::Active, QPalette::WindowText, QColor(0xA0, 0xA0, 0xA0));
+    palette.setColor(QPalette::Inactive, QPalette::WindowText, QColor(0x90, 0x90, 0x90));
+    EXPECT_EQ(captionColour(palette, QPalette::Inactive), QColor(0x90, 0x90, 0x90));
+    palette.setColor(QPalette::Active, QPalette::WindowText, QColor(0x80, 0x80, 0x80));
+    EXPECT_EQ(captionColour(palette, QPalette::Inactive), QColor(0x80, 0x80, 0x80));
 }

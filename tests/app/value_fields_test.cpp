@@ -15,6 +15,7 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QProxyStyle>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QToolTip>
@@ -31,6 +32,17 @@ void press(QWidget* widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoMod
     QKeyEvent up(QEvent::KeyRelease, key, modifiers);
     QCoreApplication::sendEvent(widget, &up);
 }
+
+// Keeps room for a frame around the text of every line, even of one without a frame.
+class RoomyStyle : public QProxyStyle {
+public:
+    QRect subElementRect(SubElement element, const QStyleOption* option,
+                         const QWidget* widget) const override
+    {
+        const QRect place = QProxyStyle::subElementRect(element, option, widget);
+        return element == SE_LineEditContents ? place.adjusted(8, 6, -9, -3) : place;
+    }
+};
 
 // A window of a given width with one field and something else to have the focus.
 template <typename Field>
@@ -205,6 +217,27 @@ TEST(ElidedField, showsBothEndsOfALongName)
     EXPECT_TRUE(window.field->text().startsWith(QLatin1String("begin")));
     window.field->setCursorPosition(0);
     EXPECT_EQ(elided, window.field->grab().toImage());
+}
+
+TEST(ElidedField, looksTheSameInAStyleThatKeepsRoomForAFrame)
+{
+    RoomyStyle roomy;  // which outlives the window
+    FieldWindow<ElidedField> window(400);
+    for (const QString& name : {QStringLiteral("\u00c5gpj.jpg"), QString(200, QLatin1Char('g'))}) {
+        SCOPED_TRACE(name.toStdString());
+        window.field->setStyle(nullptr);
+        window.field->setText(name);
+        QCoreApplication::processEvents();
+        const QImage usual = window.field->grab().toImage();
+        window.field->setStyle(&roomy);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(window.field->grab().toImage(), usual);
+        window.field->resize(window.field->width() - 3, window.field->height());
+        window.field->resize(window.field->width() + 3, window.field->height());
+        EXPECT_EQ(window.field->grab().toImage(), usual);
+        window.field->setStyle(nullptr);
+        EXPECT_EQ(window.field->grab().toImage(), usual);
+    }
 }
 
 TEST(ElidedField, givesItsWholeTextToTheClipboardAndTheScreenReader)
