@@ -1,6 +1,6 @@
 #include "app/more_kinds.h"
 
-#include "app/elided_field.h"
+#include "app/foot_line.h"
 #include "app/main_window.h"
 #include "app/wrapped_field.h"
 #include "lib/prefs/preferences.h"
@@ -12,7 +12,6 @@
 #include "location/picture_source.h"
 
 #include <QAction>
-#include <QPushButton>
 #include <QSignalBlocker>
 
 namespace pinorama {
@@ -30,30 +29,6 @@ bool appLoadReadMoreKinds()
 void appStoreReadMoreKinds(bool isOn)
 {
     (void)prefStoreUInt32(createString(kKey), isOn ? 1 : 0);  // consumes the key
-}
-
-MoreKindsNotice::MoreKindsNotice(QWidget* parent)
-    : Notice(QStringLiteral("moreKindsNotice"), parent)
-{
-    //: Button of the notice "... pictures can be read, too": has them read from now on
-    auto* button = new QPushButton(tr("Read Them"), this);
-    button->setObjectName(QStringLiteral("readMoreKindsButton"));
-    addButton(button);
-    connect(button, &QPushButton::clicked, this, &MoreKindsNotice::wanted);
-}
-
-void MoreKindsNotice::offer(TovStringRef path)
-{
-    const StringHolder name(gpsCopyFileName(path));
-    const StringHolder extension(TovStringGetExtension(name.get()));
-    const QString kind = cuDisplayText(extension.get()).toUpper();
-    //: A notice in the window; %1 is the name of a kind, such as "HEIC", and no number
-    QString words = tr("%1 pictures can be read, too.");
-    //: A notice in the window; %1 is the name of a kind, such as "MP4", and no number
-    if (isPathOfVideo(path)) words = tr("%1 videos can be read, too.");
-    words = words.arg(kind);
-    // Of many such files in a row a screen reader reads it out once.
-    if (words != accessibleName()) say(words);
 }
 
 MoreKinds::MoreKinds(MainWindow& window) : window_(window)
@@ -86,24 +61,27 @@ void MoreKinds::setOn(bool isOn)
 
 void MoreKinds::offerFor(TovStringRef path)
 {
-    const bool isWanted = !isOn_ && !isDismissed_ && isPathOfMoreKinds(path);
-    if (notice_ == nullptr && isWanted) {
-        notice_ = new MoreKindsNotice(window_.centralWidget());
-        connect(notice_, &MoreKindsNotice::wanted, window_.readMoreAction,
-                [this] { window_.readMoreAction->setChecked(true); });
-        connect(notice_, &MoreKindsNotice::dismissed, this, [this] {
-            isDismissed_ = true;
-            notice_->hide();
-        });
-        window_.windowLayout->addWidget(notice_);
+    if (isOn_ || !isPathOfMoreKinds(path)) {
+        if (auto* line = window_.findChild<FootLine*>()) line->takeBack(FootLine::Topic::kind);
+        return;
     }
-    if (isWanted) notice_->offer(path);
-    if (notice_ != nullptr) notice_->setVisible(isWanted);
+    const StringHolder name(gpsCopyFileName(path));
+    const StringHolder extension(TovStringGetExtension(name.get()));
+    //: At the foot of the window; %1 is the name of a kind, such as "HEIC", and no number
+    QString words = tr("%1 pictures can be read, too.");
+    //: At the foot of the window; %1 is the name of a kind, such as "MP4", and no number
+    if (isPathOfVideo(path)) words = tr("%1 videos can be read, too.");
+    //: Button beside "... pictures can be read, too": has them read from now on
+    const QString button = tr("Read Them");
+    footLine(window_).say(
+        FootLine::Topic::kind, words.arg(cuDisplayText(extension.get()).toUpper()),
+        {button, [action = window_.readMoreAction] { action->setChecked(true); }});
 }
 
 bool MoreKinds::isOffering() const
 {
-    return notice_ != nullptr && !notice_->isHidden();
+    const auto* line = window_.findChild<FootLine*>();
+    return line != nullptr && line->says(FootLine::Topic::kind);
 }
 
 QString MoreKinds::textOf(ValueSource source)

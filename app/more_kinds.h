@@ -1,10 +1,9 @@
 // The switch "Read More Kinds of Files": a preference of its own, an item in the menu, and a line
 // at the foot of the window that offers it when a file is shown that it would read. It is off until
-// the user switches it on, and while it is off the window is as it always is.
+// the user switches it on, and while it is off the window is otherwise as it always is.
 
 #pragma once
 
-#include "app/notice.h"
 #include "lib/objects/string.h"
 #include "pictures/picture_properties.h"
 
@@ -17,20 +16,6 @@ class MainWindow;
 // Loads and stores the preference "readMoreKinds". It has no registered default; off is 0 and none.
 bool appLoadReadMoreKinds();
 void appStoreReadMoreKinds(bool isOn);
-
-class MoreKindsNotice : public Notice {
-    Q_OBJECT
-
-public:
-    explicit MoreKindsNotice(QWidget* parent = nullptr);
-
-    // Says that files with the extension of `path` can be read.
-    void offer(TovStringRef path);
-
-Q_SIGNALS:
-    // The user wants them to be read.
-    void wanted();
-};
 
 class MoreKinds : public QObject {
     Q_OBJECT
@@ -47,8 +32,7 @@ public:
     // True for a path that is read because the switch is on.
     bool reads(TovStringRef path) const;
 
-    // The file at `path` is shown: offers to read its kind, or takes an earlier offer back. Once
-    // the user has dismissed the line it does not come again in this run.
+    // The file at `path` is shown: offers to read its kind, or takes an earlier offer back.
     void offerFor(TovStringRef path);
     bool isOffering() const;
 
@@ -68,8 +52,6 @@ private:
 
     MainWindow& window_;
     bool isOn_ = false;
-    bool isDismissed_ = false;
-    MoreKindsNotice* notice_ = nullptr;  // the window's; null until it is needed
 };
 
 }  // namespace pinorama

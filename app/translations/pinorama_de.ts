@@ -397,9 +397,6 @@
         <source>From the XMP file beside it</source>
         <translation>Aus der XMP-Datei daneben</translation>
     </message>
-</context>
-<context>
-    <name>pinorama::MoreKindsNotice</name>
     <message>
         <source>Read Them</source>
         <translation>Lesen</translation>

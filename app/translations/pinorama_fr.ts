@@ -397,9 +397,6 @@
         <source>From the XMP file beside it</source>
         <translation>D’après le fichier XMP voisin</translation>
     </message>
-</context>
-<context>
-    <name>pinorama::MoreKindsNotice</name>
     <message>
         <source>Read Them</source>
         <translation>Les lire</translation>

@@ -397,9 +397,6 @@
         <source>From the XMP file beside it</source>
         <translation>隣の XMP ファイルから</translation>
     </message>
-</context>
-<context>
-    <name>pinorama::MoreKindsNotice</name>
     <message>
         <source>Read Them</source>
         <translation>読み取る</translation>

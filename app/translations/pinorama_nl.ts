@@ -397,9 +397,6 @@
         <source>From the XMP file beside it</source>
         <translation>Uit het XMP-bestand ernaast</translation>
     </message>
-</context>
-<context>
-    <name>pinorama::MoreKindsNotice</name>
     <message>
         <source>Read Them</source>
         <translation>Lezen</translation>

@@ -397,9 +397,6 @@
         <source>From the XMP file beside it</source>
         <translation>Do arquivo XMP ao lado</translation>
     </message>
-</context>
-<context>
-    <name>pinorama::MoreKindsNotice</name>
     <message>
         <source>Read Them</source>
         <translation>Ler</translation>

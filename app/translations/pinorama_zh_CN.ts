@@ -397,9 +397,6 @@
         <source>From the XMP file beside it</source>
         <translation>来自旁边的 XMP 文件</translation>
     </message>
-</context>
-<context>
-    <name>pinorama::MoreKindsNotice</name>
     <message>
         <source>Read Them</source>
         <translation>读取</translation>

@@ -2,6 +2,8 @@
 
 #include "app/more_kinds.h"
 
+#include "app/foot_line.h"
+#include "app/notice.h"
 #include "lib/prefs/preferences.h"
 #include "location/picture_source.h"
 #include "tests/app/controller_fixture.h"
@@ -10,8 +12,8 @@
 
 #include <QAction>
 #include <QDir>
+#include <QEvent>
 #include <QLabel>
-#include <QMenu>
 #include <QPushButton>
 #include <QTranslator>
 
@@ -53,17 +55,16 @@ protected:
     }
 
     QAction* action() { return controller.myWindow->readMoreAction; }
-    MoreKindsNotice* notice() { return controller.myWindow->findChild<MoreKindsNotice*>(); }
-    bool isOffered() { return notice() != nullptr && !notice()->isHidden(); }
+    FootLine* line() { return controller.myWindow->findChild<FootLine*>(); }
+    bool isOffered() { return line() != nullptr && line()->says(FootLine::Topic::kind); }
+    // The words at the foot of the window; empty if there are none.
     std::string words()
     {
-        const auto* label = notice()->findChild<QLabel*>(QStringLiteral("moreKindsNoticeWords"));
-        return label->text().toStdString();
+        return line() == nullptr || line()->isHidden() ? "" : line()->words().toStdString();
     }
-    void press(const char* name)
+    QPushButton* button()
     {
-        notice()->findChild<QPushButton*>(QLatin1String(name))->click();
-        settle();
+        return line()->findChild<QPushButton*>(QStringLiteral("footLineButton"));
     }
 
     std::string writeHeic(const char* name = "a.heic")
@@ -71,6 +72,18 @@ protected:
         const std::string tiff =
             test::tiffWithGps({.lat = 48.5, .latRef = "N", .lon = 2.25, .lonRef = "E"});
         return folder.write(name, test::heifFile({.items = {{"Exif", test::heifExif(tiff)}}}));
+    }
+};
+
+// Counts how often a widget is hidden.
+class HiddenCount final : public QObject {
+public:
+    int count = 0;
+
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override
+    {
+        if (event->type() == QEvent::Hide) ++count;
+        return false;
     }
 };
 }  // namespace
@@ -132,21 +145,40 @@ TEST_F(MoreKindsTest, areOfferedWhenSuchAFileIsShown)
     EXPECT_FALSE(isOffered());
 
     show(writeHeic("b.heic"));
-    press("readMoreKindsButton");
+    EXPECT_EQ(button()->text().toStdString(), "Read Them");
+    button()->click();
+    settle();
     EXPECT_FALSE(isOffered());
+    EXPECT_EQ(words(), "");
     EXPECT_TRUE(action()->isChecked());
     EXPECT_NE(shown(controller.gpsCoordinateField), "");
 }
 
-TEST_F(MoreKindsTest, areNotOfferedAgainAfterThatWasDismissed)
+TEST_F(MoreKindsTest, areOfferedInOneRowBesideTheButton)
 {
+    controller.showMainWindow();
     show(writeHeic());
-    press("moreKindsNoticeDismissButton");
-    EXPECT_FALSE(isOffered());
+    ASSERT_TRUE(isOffered());
+    const auto* label = line()->findChild<QLabel*>(QStringLiteral("footLineWords"));
+    ASSERT_TRUE(test::waitUntil([&] { return label->isVisible() && button()->isVisible(); }));
+    EXPECT_LE(label->geometry().right(), button()->geometry().left());
+    EXPECT_TRUE(label->geometry().top() <= button()->geometry().center().y() &&
+                button()->geometry().center().y() <= label->geometry().bottom());
+    EXPECT_EQ(controller.myWindow->findChildren<Notice*>().size(), 0);
+}
+
+TEST_F(MoreKindsTest, areOfferedInALineThatStaysFromOneSuchFileToTheNext)
+{
+    controller.showMainWindow();
+    show(writeHeic());
+    ASSERT_TRUE(isOffered());
+    HiddenCount hidden;
+    line()->installEventFilter(&hidden);
     show(writeHeic("b.heic"));
+    EXPECT_TRUE(isOffered());
+    EXPECT_EQ(hidden.count, 0) << "a screen reader would read it out again";
+    show(folder.write("a.txt", "text"));
     EXPECT_FALSE(isOffered());
-    EXPECT_FALSE(action()->isChecked());
-    EXPECT_EQ(stored(), "none");
 }
 
 TEST_F(MoreKindsTest, sayWhereValuesComeFrom)
@@ -192,12 +224,12 @@ TEST_F(MoreKindsTest, areSpokenOfInEveryLanguage)
         EXPECT_FALSE(english.contains(controller.gpsAltitudeField->toolTip()));
         EXPECT_FALSE(english.contains(controller.iptcCityField->toolTip()));
 
-        MoreKindsNotice offer;
-        offer.offer(test::text("/a.heic").get());
-        EXPECT_TRUE(offer.accessibleName().contains(QLatin1String("HEIC")));
-        EXPECT_FALSE(offer.accessibleName().contains(QLatin1String("can be")));
-        const auto* button = offer.findChild<QPushButton*>(QStringLiteral("readMoreKindsButton"));
-        EXPECT_NE(button->text(), QLatin1String("Read Them"));
+        flip();
+        EXPECT_FALSE(show(writeHeic()));
+        EXPECT_TRUE(line()->words().contains(QLatin1String("HEIC")));
+        EXPECT_FALSE(line()->words().contains(QLatin1String("can be")));
+        EXPECT_NE(button()->text(), QLatin1String("Read Them"));
+        flip();
         QCoreApplication::removeTranslator(&translator);
         EXPECT_FALSE(show(folder.file("none.txt")));
     }
