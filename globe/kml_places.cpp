@@ -70,16 +70,27 @@ void appendData(std::string_view name, std::string_view value, std::string* out)
 }
 }  // namespace
 
+// The style stands inside a style map. Marble hides the placemarks of a style whose icon it cannot
+// load, which is any icon of the web without a network; it passes over styles inside of maps and
+// draws the placemarks its own way.
 void appendKmlBeginning(std::string* out)
 {
+    constexpr std::string_view kStyle =
+        "<Style><IconStyle><scale>0.7</scale><Icon>"
+        "<href>http://maps.google.com/mapfiles/kml/shapes/camera.png</href>"
+        "</Icon></IconStyle><LabelStyle><scale>0.7</scale></LabelStyle>"
+        "<BalloonStyle><text>$[name]&lt;br/&gt;$[description]</text></BalloonStyle></Style>";
     *out +=
         "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
         "<kml xmlns=\"http://www.opengis.net/kml/2.2\">\n"
         "<Document><name>Pictures</name>\n"
-        "<Style id=\"picture\"><IconStyle><scale>0.7</scale><Icon>"
-        "<href>http://maps.google.com/mapfiles/kml/shapes/camera.png</href>"
-        "</Icon></IconStyle><LabelStyle><scale>0.7</scale></LabelStyle>"
-        "<BalloonStyle><text>$[name]&lt;br/&gt;$[description]</text></BalloonStyle></Style>\n";
+        "<StyleMap id=\"picture\">";
+    for (const std::string_view key : {"normal", "highlight"}) {
+        *out += "<Pair>";
+        appendText("key", key, out);
+        out->append(kStyle).append("</Pair>");
+    }
+    *out += "</StyleMap>\n";
 }
 
 void appendKmlPlace(const KmlPlace& place, std::string* out)

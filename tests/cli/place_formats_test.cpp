@@ -133,7 +133,7 @@ TEST_F(placeFormats, gdalReadsTheKml)
     const std::string text = test::readFile(path);
     EXPECT_NE(text.find("<Camera><longitude>-112.12"), std::string::npos);
     EXPECT_NE(text.find("<heading>271.25</heading>"), std::string::npos);
-    EXPECT_EQ(text.find("<Style "), text.rfind("<Style "));
+    EXPECT_EQ(text.find("<StyleMap "), text.rfind("<StyleMap "));
     auto places = readByGdal(path);
     if (!hasGdal_) GTEST_SKIP() << "ogr2ogr is not installed";
     ASSERT_EQ(places.size(), 3u);
@@ -144,6 +144,20 @@ TEST_F(placeFormats, gdalReadsTheKml)
     EXPECT_NE(canyon["properties"]["timestamp"].dump().find("14:03:22"), std::string::npos);
     expectPlace(places[kCape], {18.474, -34.3568, -12.0});
     expectPlace(places["3 clock.jpg"], {11.5, 48.125});
+}
+
+// Marble hides the placemarks of any other style while it cannot load the icon from the web.
+TEST_F(placeFormats, theStyleOfTheKmlStandsInsideAStyleMap)
+{
+    const std::string text = test::readFile(document("kml"));
+    const std::size_t beginning = text.find("<StyleMap id=\"picture\">");
+    const std::size_t end = text.find("</StyleMap>");
+    ASSERT_NE(beginning, std::string::npos);
+    ASSERT_NE(end, std::string::npos);
+    EXPECT_GT(text.find("<Style>"), beginning);
+    EXPECT_LT(text.rfind("<Style>"), end);
+    EXPECT_EQ(text.find("<Style "), std::string::npos);
+    EXPECT_NE(text.find("<styleUrl>#picture</styleUrl>", end), std::string::npos);
 }
 
 TEST_F(placeFormats, gdalReadsTheKmz)
