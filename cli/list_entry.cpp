@@ -6,6 +6,8 @@
 #include <cmath>
 #include <optional>
 
+#include <sys/stat.h>
+
 namespace pinorama {
 namespace {
 void appendNumber(const std::optional<double>& number, std::string* out)
@@ -13,6 +15,17 @@ void appendNumber(const std::optional<double>& number, std::string* out)
     if (number && std::isfinite(*number)) {
         char digits[32];
         out->append(digits, std::to_chars(digits, digits + sizeof digits, *number).ptr);
+    }
+    *out += '\0';
+}
+
+// Nothing for a file that is gone meanwhile.
+void appendFile(const std::string& path, std::string* out)
+{
+    struct stat status;
+    if (stat(path.c_str(), &status) == 0) {
+        out->append(std::to_string(status.st_dev)).append(1, ':');
+        out->append(std::to_string(status.st_ino));
     }
     *out += '\0';
 }
@@ -26,6 +39,7 @@ void appendListEntry(const FileReport& report, std::string_view path, std::strin
     appendNumber(longitudeOf(report), out);
     appendNumber(report.nearness ? std::optional(report.nearness->metres) : std::nullopt, out);
     appendNumber(report.nearness ? std::optional(report.nearness->bearing) : std::nullopt, out);
+    appendFile(std::string(path), out);
 }
 
 }  // namespace pinorama

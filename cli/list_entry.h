@@ -1,9 +1,11 @@
-// Reports as a list for other programs: five fields of each file, every one followed by a zero
+// Reports as a list for other programs: six fields of each file, every one followed by a zero
 // byte, which no path can contain:
 //
 //   path                 in the bytes of the system, as it was given
 //   latitude, longitude  signed decimal degrees
 //   metres, bearing      how it lies from the place of a search; degrees clockwise from north
+//   file                 names the file behind the path: the same for links to it, and for no other
+//                        file of this computer
 //
 // What a file does not have is empty; numbers read back exactly. JSON has more to say, but its
 // texts are UTF-8, and a path need not be.

@@ -10,7 +10,7 @@
 
 namespace pinorama {
 namespace {
-constexpr std::size_t kFieldCount = 5;   // path, latitude, longitude, metres, bearing
+constexpr std::size_t kFieldCount = 6;   // path, latitude, longitude, metres, bearing, file
 constexpr std::size_t kMaxField = 4096;  // bytes; no path of the system is longer
 
 std::optional<double> numberOf(std::string_view text)
@@ -44,7 +44,7 @@ bool NearbyListReader::takeField(std::vector<NearbyPicture>* pictures)
     const std::optional<double> metres = numberOf(fields[3]);
     const std::optional<double> bearing = numberOf(fields[4]);
     if (!fields[0].starts_with('/') || !metres || *metres < 0.0 || !bearing) return false;
-    pictures->push_back({fields[0], *metres, *bearing});
+    pictures->push_back({fields[0], *metres, *bearing, fields[5]});
     return true;
 }
 

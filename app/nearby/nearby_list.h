@@ -1,4 +1,4 @@
-// What a search for pictures nearby finds, as pinorama-search prints it (cli/list_entry.h): five
+// What a search for pictures nearby finds, as pinorama-search prints it (cli/list_entry.h): six
 // fields for each picture, every one followed by a zero byte. The bytes come in any pieces; nothing
 // in them is trusted.
 
@@ -11,9 +11,10 @@
 namespace pinorama {
 
 struct NearbyPicture {
-    std::string path;  // absolute, in the bytes of the system
-    double metres;     // from the place of the search, not negative
-    double bearing;    // degrees clockwise from north, in which it lies from there
+    std::string path;    // absolute, in the bytes of the system
+    double metres;       // from the place of the search, not negative
+    double bearing;      // degrees clockwise from north, in which it lies from there
+    std::string file{};  // the same for all paths of one file, links among them; empty if unknown
 };
 
 class NearbyListReader {

@@ -50,6 +50,7 @@ void NearbyModel::begin(const std::string& path)
 {
     beginResetModel();
     around_ = path;
+    aroundFile_.clear();
     pictures_.clear();
     foundCount_ = 0;
     thumbnails_.clear();
@@ -62,10 +63,12 @@ void NearbyModel::add(const std::vector<NearbyPicture>& pictures)
         return std::tie(a.metres, a.path) < std::tie(b.metres, b.path);
     };
     for (const NearbyPicture& picture : pictures) {
-        if (picture.path == around_) continue;
+        if (picture.path == around_) {
+            leaveOut(picture.file);
+            continue;
+        }
+        if (has(picture)) continue;
         const auto place = std::lower_bound(pictures_.begin(), pictures_.end(), picture, isNearer);
-        const bool isThere = place != pictures_.end() && place->path == picture.path;
-        if (isThere) continue;
         foundCount_++;
         const auto row = static_cast<int>(place - pictures_.begin());
         if (pictures_.size() == kMaxPictures) {
@@ -79,6 +82,35 @@ void NearbyModel::add(const std::vector<NearbyPicture>& pictures)
         pictures_.insert(pictures_.begin() + row, picture);
         endInsertRows();
     }
+}
+
+// Whether the picture or another name of its file is there, or is what the others lie around.
+bool NearbyModel::has(const NearbyPicture& picture) const
+{
+    const auto isSame = [&picture](const std::string& file) {
+        return !file.empty() && file == picture.file;
+    };
+    if (isSame(aroundFile_)) return true;
+    // One file is always at one distance.
+    const auto there =
+        std::ranges::equal_range(pictures_, picture.metres, {}, &NearbyPicture::metres);
+    return std::ranges::any_of(there, [&](const NearbyPicture& other) {
+        return other.path == picture.path || isSame(other.file);
+    });
+}
+
+// Takes out the picture that the others lie around, which a link may have led to.
+void NearbyModel::leaveOut(const std::string& file)
+{
+    aroundFile_ = file;
+    if (file.empty()) return;
+    const auto other = std::ranges::find(pictures_, file, &NearbyPicture::file);
+    if (other == pictures_.end()) return;
+    const auto row = static_cast<int>(other - pictures_.begin());
+    beginRemoveRows({}, row, row);
+    pictures_.erase(other);
+    endRemoveRows();
+    foundCount_--;
 }
 
 int NearbyModel::rowCount(const QModelIndex& parent) const

@@ -29,11 +29,11 @@ public:
     explicit NearbyModel(QObject* parent = nullptr);
 
     // Forgets everything. Pictures found from now on lie around the one at `path`, which is left
-    // out of them.
+    // out of them, under all of its names.
     void begin(const std::string& path);
 
     // Puts pictures into their places. One that is there already, because it lies in two of the
-    // folders, is passed over.
+    // folders or a link leads to it, is passed over.
     void add(const std::vector<NearbyPicture>& pictures);
 
     // How many pictures were found, with those that are not kept.
@@ -63,8 +63,11 @@ public:
 
 private:
     const NearbyPicture* pictureOf(const QModelIndex& index) const;
+    bool has(const NearbyPicture& picture) const;
+    void leaveOut(const std::string& file);
 
     std::string around_;
+    std::string aroundFile_;  // empty until the search has found that picture
     std::vector<NearbyPicture> pictures_;
     std::uint64_t foundCount_ = 0;
     QCache<QByteArray, QPixmap> thumbnails_{kMaxThumbnails};

@@ -8,10 +8,14 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <map>
 #include <nlohmann/json.hpp>
 #include <sstream>
 #include <string>
 #include <vector>
+
+#include <sys/stat.h>
 
 using namespace pinorama;
 
@@ -64,6 +68,14 @@ protected:
 
     const test::TemporaryFolder folder_;
 };
+
+// The file in a list, as its device and its number there.
+std::string fileOf(const std::string& path)
+{
+    struct stat status {};
+    EXPECT_EQ(stat(path.c_str(), &status), 0);
+    return std::to_string(status.st_dev) + ":" + std::to_string(status.st_ino);
+}
 }  // namespace
 
 TEST_F(placeSearch, findsWhatIsNearNearestFirst)
@@ -153,22 +165,39 @@ TEST_F(placeSearch, listsThePathsInTheBytesOfTheSystem)
     std::istringstream fields(run({"--near", "0.5,10,600", "--format", "list"}).out);
     Texts found;
     for (std::string field; std::getline(fields, field, '\0');) found.push_back(field);
-    ASSERT_EQ(found.size(), 15u);
+    ASSERT_EQ(found.size(), 18u);
     EXPECT_EQ(Texts(found.begin(), found.begin() + 4),
               (Texts{folder_.file("c first.jpg"), "0.5", "10", "0"}));
-    EXPECT_EQ(found[5], odd);
-    EXPECT_EQ(found[10], folder_.file("d second.jpg"));
-    EXPECT_EQ(found[11], "0.495");
-    EXPECT_NEAR(std::stod(found[13]), 552.88, 0.01);
-    EXPECT_EQ(found[14], "180");
+    EXPECT_EQ(found[6], odd);
+    EXPECT_EQ(found[12], folder_.file("d second.jpg"));
+    EXPECT_EQ(found[13], "0.495");
+    EXPECT_NEAR(std::stod(found[15]), 552.88, 0.01);
+    EXPECT_EQ(found[16], "180");
 }
 
 TEST_F(placeSearch, listsPicturesWithoutAPositionWithEmptyFields)
 {
     using namespace std::string_literals;
+    const auto entryOf = [this](const char* name) {
+        return folder_.file(name) + "\0\0\0\0\0"s + fileOf(folder_.file(name)) + "\0"s;
+    };
     EXPECT_EQ(run({"--no-position", "--format", "list"}).out,
-              folder_.file("f plain.jpg") + "\0\0\0\0\0"s + folder_.file("g no picture.jpg") +
-                  "\0\0\0\0\0"s);
+              entryOf("f plain.jpg") + entryOf("g no picture.jpg"));
+}
+
+TEST_F(placeSearch, namesTheFileThatALinkLeadsTo)
+{
+    const std::string link = folder_.file("a link.jpg");
+    std::filesystem::create_symlink(folder_.file("c first.jpg"), link);
+    std::istringstream fields(run({"--near", "0.5,10,1", "--format", "list"}).out);
+    std::map<std::string, std::string> files;
+    for (Texts entry(6); std::getline(fields, entry[0], '\0');) {
+        for (std::size_t i = 1; i < entry.size(); i++) std::getline(fields, entry[i], '\0');
+        files[entry[0]] = entry[5];
+    }
+    ASSERT_EQ(files.size(), 2u);
+    EXPECT_EQ(files[link], fileOf(folder_.file("c first.jpg")));
+    EXPECT_EQ(files[folder_.file("c first.jpg")], files[link]);
 }
 
 TEST_F(placeSearch, explainsWhatItCannotSearch)

@@ -16,9 +16,10 @@ const std::string kTwo =
     "/a/\xff\n.jpg\0"
     "48.5\0-2.25\0"
     "12.5\0"
-    "359.75\0/b.jpg\0\0\0"
+    "359.75\0"
+    "64:7\0/b.jpg\0\0\0"
     "0\0"
-    "0\0"s;
+    "0\0\0"s;
 
 void expectTwo(const std::vector<NearbyPicture>& pictures)
 {
@@ -26,8 +27,10 @@ void expectTwo(const std::vector<NearbyPicture>& pictures)
     EXPECT_EQ(pictures[0].path, "/a/\xff\n.jpg");
     EXPECT_EQ(pictures[0].metres, 12.5);
     EXPECT_EQ(pictures[0].bearing, 359.75);
+    EXPECT_EQ(pictures[0].file, "64:7");
     EXPECT_EQ(pictures[1].path, "/b.jpg");
     EXPECT_EQ(pictures[1].metres, 0.0);
+    EXPECT_EQ(pictures[1].file, "");
 }
 }  // namespace
 
@@ -63,15 +66,15 @@ TEST(NearbyListReader, refusesWhatNoSearchPrints)
         const char* name;
         std::string bytes;
     } rows[] = {
-        {"a path that is not absolute", "a.jpg\0\0\0001\0001\0"s},
-        {"no path", "\0\0\0001\0001\0"s},
-        {"no distance", "/a.jpg\0\0\0\0001\0"s},
-        {"no bearing", "/a.jpg\0\0\0001\0\0"s},
-        {"a distance below 0", "/a.jpg\0\0\0-1\0001\0"s},
-        {"an endless distance", "/a.jpg\0\0\0inf\0001\0"s},
-        {"a distance that is no number", "/a.jpg\0\0\0nan\0001\0"s},
-        {"a number and a letter", "/a.jpg\0\0\0001x\0001\0"s},
-        {"a long path", "/" + std::string(4096, 'a') + "\0\0\0001\0001\0"s},
+        {"a path that is not absolute", "a.jpg\0\0\0001\0001\0\0"s},
+        {"no path", "\0\0\0001\0001\0\0"s},
+        {"no distance", "/a.jpg\0\0\0\0001\0\0"s},
+        {"no bearing", "/a.jpg\0\0\0001\0\0\0"s},
+        {"a distance below 0", "/a.jpg\0\0\0-1\0001\0\0"s},
+        {"an endless distance", "/a.jpg\0\0\0inf\0001\0\0"s},
+        {"a distance that is no number", "/a.jpg\0\0\0nan\0001\0\0"s},
+        {"a number and a letter", "/a.jpg\0\0\0001x\0001\0\0"s},
+        {"a long path", "/" + std::string(4096, 'a') + "\0\0\0001\0001\0\0"s},
         {"a field without an end", std::string(5000, '1')},
     };
     for (const auto& row : rows) {

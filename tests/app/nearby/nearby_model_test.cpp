@@ -67,6 +67,34 @@ TEST(NearbyModel, putsTheNearestFirst)
     EXPECT_EQ(model.foundCount(), 0u);
 }
 
+TEST(NearbyModel, hasAFileOnceHoweverManyLinksLeadToIt)
+{
+    NearbyModel model;
+    const QAbstractItemModelTester tester(&model,
+                                          QAbstractItemModelTester::FailureReportingMode::Fatal);
+    model.begin("/here.jpg");
+    model.add({{"/b", 20, 0, "1:2"}, {"/x", 20, 0, "1:3"}, {"/unknown", 20, 0, ""}});
+    model.add({{"/a", 20, 0, "1:2"}, {"/z", 20, 0, "1:2"}, {"/unknown too", 20, 0, ""}});
+    EXPECT_EQ(pathsOf(model), "/b /unknown /unknown too /x ");
+    EXPECT_EQ(model.foundCount(), 4u);
+}
+
+TEST(NearbyModel, leavesOutLinksToThePictureInTheMiddle)
+{
+    NearbyModel model;
+    const QAbstractItemModelTester tester(&model,
+                                          QAbstractItemModelTester::FailureReportingMode::Fatal);
+    model.begin("/here.jpg");
+    model.add({{"/link before", 0, 0, "1:2"}, {"/other", 0, 0, "1:3"}});
+    EXPECT_EQ(pathsOf(model), "/link before /other ");
+    model.add({{"/here.jpg", 0, 0, "1:2"}, {"/link after", 0, 0, "1:2"}});
+    EXPECT_EQ(pathsOf(model), "/other ");
+    EXPECT_EQ(model.foundCount(), 1u);
+    model.begin("/other");
+    model.add({{"/link", 0, 0, "1:2"}});
+    EXPECT_EQ(pathsOf(model), "/link ");
+}
+
 TEST(NearbyModel, keepsTheNearest)
 {
     constexpr int kAll = 3 * static_cast<int>(NearbyModel::kMaxPictures);

@@ -115,7 +115,7 @@ TEST_F(nearbySearch, saysThatItWasCutShort)
         {"wrong usage", first + "exit 2"},
         {"a signal", first + "kill -KILL $$"},
         {"half a picture", first + "printf '/c\\0001'"},
-        {"no picture", first + "printf 'c\\0\\0\\0001\\0001\\0'; exec sleep 1000"},
+        {"no picture", first + "printf 'c\\0\\0\\0001\\0001\\0\\0'; exec sleep 1000"},
         {"no end of a field", first + "yes | tr -d '\\n'"},
     };
     for (const auto& row : rows) {
@@ -184,7 +184,7 @@ TEST_F(nearbySearch, endsTheOneBefore)
 
 TEST_F(nearbySearch, mayBeginAnewInItsSignals)
 {
-    const test::SearchProgram program("printf 'c\\0\\0\\0001\\0001\\0'");
+    const test::SearchProgram program("printf 'c\\0\\0\\0001\\0001\\0\\0'");
     bool isAgain = false;
     QObject::connect(&search, &NearbySearch::finished, &search, [&] {
         if (!std::exchange(isAgain, true)) search.begin({1, 2}, {"/a"});

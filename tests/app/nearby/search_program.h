@@ -31,7 +31,7 @@ private:
 // Lines that print a picture of a search.
 inline std::string foundLine(const std::string& path, const std::string& metres)
 {
-    return "printf '%s\\0\\0\\0%s\\00045\\0' '" + path + "' '" + metres + "'\n";
+    return "printf '%s\\0\\0\\0%s\\00045\\0\\0' '" + path + "' '" + metres + "'\n";
 }
 
 }  // namespace test
