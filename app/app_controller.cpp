@@ -88,10 +88,9 @@ AppController::AppController(SelectionSource* selection, UrlOpener* opener,
         fields_.showInsteadOfPreview(words);
         sayOfPicture(words);
     });
-    connect(&reading_, &PictureReading::previewRead, this, [this](const QPixmap& preview) {
-        fields_.showPreview(preview);
-        sayIfNoPlace();
-    });
+    connect(&reading_, &PictureReading::previewRead, this,
+            [this](const QPixmap& preview) { fields_.showPreview(preview); });
+    connect(&reading_, &PictureReading::ended, this, &AppController::sayIfNoPlace);
     connect(&reading_, &PictureReading::readerMissing, this, [this] {
         const QString words =
             //: The foot of the window. pinorama-reader is the name of a program and stays

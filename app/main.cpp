@@ -94,6 +94,8 @@ void reportWhenComplete(AppController& controller, const std::string& picture)
                          const bool waits = left > 0 && controller.reading().isGoingOn();
                          left -= kReadingInterval;
                          if (waits) return;
+                         // What came last may not be laid out yet.
+                         QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
                          std::fputs(windowReport(window).c_str(), stdout);
                          const bool isSaved = saveWindowPicture(window, picture);
                          if (!isSaved) printDiagnostic(picture + ": the image cannot be saved");

@@ -180,13 +180,14 @@ void PictureReading::takeLateSidecar(const PropertyResult& result)
         notice().saySidecarNotRead(window_.fileNameField->text());
         return;
     }
-    endReading();
-    if (result.outcome != ReadOutcome::found) return;
     const PictureProperties before = properties;
-    addMissing(properties, result.properties, ValueSource::sidecar);
-    if (properties == before) return;  // it says nothing that is not shown
-    properties_ = std::move(properties);
-    Q_EMIT placeRead(properties_);
+    if (result.outcome == ReadOutcome::found)
+        addMissing(properties, result.properties, ValueSource::sidecar);
+    if (properties != before) {  // it says something that is not shown
+        properties_ = std::move(properties);
+        Q_EMIT placeRead(properties_);
+    }
+    endReading();
 }
 
 void PictureReading::forgetSidecar()
@@ -286,6 +287,7 @@ void PictureReading::endReading()
     if (isGoingOn()) return;
     stillReading_.stop();
     if (notice_ != nullptr) notice_->endReading();
+    Q_EMIT ended();
 }
 
 void PictureReading::sayStillReading()

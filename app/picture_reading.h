@@ -94,6 +94,8 @@ Q_SIGNALS:
     void previewRead(const QPixmap& preview);
     // Pictures cannot be read: the program pinorama-reader is missing.
     void readerMissing();
+    // Nothing is to come any more.
+    void ended();
 
 public Q_SLOTS:
     // What arrives. A path other than the one of begin(), and a ticket that is not waited for, are

@@ -1,5 +1,6 @@
 // The window with pictures on a disk that takes its time, and with a reader that starts slowly.
 
+#include "app/foot_line.h"
 #include "app/reading_notice.h"
 #include "base/resource_folder.h"
 #include "opener/events/picture_opener.h"
@@ -119,6 +120,27 @@ TEST_F(slowPictures, showTheirPlaceWhenItComes)
     EXPECT_EQ(notice(), "");
     EXPECT_FALSE(controller.fileIconField->pixmap().isNull());
     EXPECT_FALSE(show(folder.file("slow.jpg"))) << "the same path again";
+}
+
+// The preview comes first if the desktop has a thumbnail.
+TEST_F(slowPictures, areSaidToHaveNoPlaceOnlyWhenThatIsKnown)
+{
+    expectGoodPicture();
+    const auto saysNoPlace = [this] {
+        return footLine(*controller.myWindow).says(FootLine::Topic::picture);
+    };
+    EXPECT_TRUE(show(slow("slow.jpg", 700)));
+    controller.reading().takePreview(folder.file("slow.jpg"), QPixmap(8, 8));
+    EXPECT_TRUE(controller.reading().isGoingOn());
+    EXPECT_FALSE(saysNoPlace());
+    ASSERT_TRUE(hasCome());
+    EXPECT_FALSE(saysNoPlace());
+
+    EXPECT_TRUE(show(folder.write("bare.jpg", test::pictureWithGps({}) + "SLOW 700")));
+    controller.reading().takePreview(folder.file("bare.jpg"), QPixmap(8, 8));
+    EXPECT_FALSE(saysNoPlace());
+    ASSERT_TRUE(hasCome());
+    EXPECT_TRUE(saysNoPlace());
 }
 
 TEST_F(slowPictures, needNoWordsIfTheyComeSoon)
