@@ -3,6 +3,7 @@
 
 #include "opener/opener_service.h"
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 
@@ -19,6 +20,8 @@ int main()
         std::fputs("pinorama-opener is started by Pinorama and does nothing by itself.\n", stderr);
         return EXIT_FAILURE;
     }
+    // A write beyond a limit on the size of files fails and is reported; the program goes on.
+    (void)std::signal(SIGXFSZ, SIG_IGN);
     serveOpener(kOpenerSocket);
     return EXIT_SUCCESS;
 }

@@ -86,7 +86,19 @@ void OpenerClient::request(const std::string& path, OpenTask task)
 std::shared_ptr<OpenerQuestion> OpenerClient::ask(OpenRequest request,
                                                   OpenerQuestion::TakeNames take)
 {
-    auto question = std::make_shared<OpenerQuestion>(std::move(request), std::move(take));
+    return begin(
+        std::make_shared<OpenerQuestion>(std::move(request), std::move(take), DescriptorHolder()));
+}
+
+std::shared_ptr<OpenerQuestion> OpenerClient::save(const std::string& path,
+                                                   DescriptorHolder content)
+{
+    return begin(std::make_shared<OpenerQuestion>(
+        OpenRequest{.task = OpenTask::save, .paths = {path}}, nullptr, std::move(content)));
+}
+
+std::shared_ptr<OpenerQuestion> OpenerClient::begin(SharedQuestion question)
+{
     question->stage_ = OpenStage::waiting;
     takeIn();
     questions_.push_back(question);
@@ -259,7 +271,8 @@ void OpenerClient::ask(OpenerQuestion& question)
     question.file_ = {};
     question.number_ = opener->number = request.number;
     // One that is gone is seen to be when it is heard the next time.
-    (void)sendOpenMessage(opener->process.socket.get(), messageOf(request));
+    (void)sendOpenMessage(opener->process.socket.get(), messageOf(request),
+                          question.content_.get());
     opener->request = std::move(request);
     opener->device = 0;
     opener->looked.reset();
@@ -311,29 +324,12 @@ void OpenerClient::take(Opener& opener, OpenReply reply, DescriptorHolder descri
             settle(*question, OpenStage::looked);
         }
         break;
-    case OpenEvent::opened:
-        // Only one question is about a file, that of request().
-        if (!wanted.empty()) {
-            // Without room for one more descriptor the system leaves it out.
-            const int error = descriptor ? 0 : EMFILE;
-            PictureFile& file = wanted.front()->file_;
-            file = PictureFile(std::move(descriptor), file.item(), error);
-        }
-        break;
-    case OpenEvent::facts:
-        for (const SharedQuestion& question : wanted) question->facts_ = reply.facts;
-        break;
     case OpenEvent::names:
         isLast = reply.isLast;
         opener.hasNamed = true;
-        for (const SharedQuestion& question : wanted) {
-            question->hasNames_ = true;
-            if (question->takeNames_) question->takeNames_(reply.names);
-        }
-        break;
-    case OpenEvent::count:
-        for (const SharedQuestion& question : wanted) question->count_ = reply.count;
-        break;
+        [[fallthrough]];
+    default:
+        for (const SharedQuestion& question : wanted) question->take(reply, descriptor);
     }
     if (!isLast) return;
     for (const SharedQuestion& question : wanted) {

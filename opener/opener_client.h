@@ -1,6 +1,6 @@
 // Looks at files and folders for a process that must never wait for a disk: an opener, a process of
-// its own, looks at them, opens a file and hands the descriptor over. What a file system that hangs
-// keeps is an opener.
+// its own, looks at them, opens a file and hands the descriptor over, or saves one. What a file
+// system that hangs keeps is an opener.
 //
 //     client.request("/media/card/a.jpg");
 //     if (client.wait(500ms) == OpenStage::done) use(client.take());
@@ -78,6 +78,10 @@ public:
     // Asks about items of folders. The question is given up when the caller lets go of it.
     std::shared_ptr<OpenerQuestion> ask(OpenRequest request, OpenerQuestion::TakeNames take = {});
 
+    // Saves what is in `content`, which no disk can keep (a memory file), as the file at `path`;
+    // what is there stays as it is until all of it is written.
+    std::shared_ptr<OpenerQuestion> save(const std::string& path, DescriptorHolder content);
+
     // Waits for a question as wait() does for the file.
     OpenStage wait(const OpenerQuestion& question, std::chrono::milliseconds max);
 
@@ -106,6 +110,7 @@ private:
     Opener* idleOpener();
     std::vector<std::uint64_t> fileSystemsToLeaveAlone() const;
     bool isToBeLeftAlone(std::uint64_t device) const;
+    SharedQuestion begin(SharedQuestion question);
     void ask(OpenerQuestion& question);
     void askThoseLeftAlone();
     bool joins(OpenerQuestion& question);

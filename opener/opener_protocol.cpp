@@ -91,7 +91,8 @@ bool takeFacts(MessageReader& message, OpenReply* out)
 
 bool isSame(const OpenRequest& one, const OpenRequest& other)
 {
-    return one.task == other.task && one.paths == other.paths && one.shown == other.shown;
+    return one.task != OpenTask::save && one.task == other.task && one.paths == other.paths &&
+           one.shown == other.shown;
 }
 
 std::vector<std::uint8_t> messageOf(const OpenRequest& request)
@@ -122,7 +123,7 @@ std::optional<OpenRequest> openRequestIn(std::span<const std::uint8_t> message)
     request.shown.assign(shown.begin(), shown.end());
     auto paths = textsIn(reader, kMaxOpenPath, kMaxPathBytes);
     const bool isKnown = task >= static_cast<std::uint16_t>(OpenTask::open) &&
-                         task <= static_cast<std::uint16_t>(OpenTask::count);
+                         task <= static_cast<std::uint16_t>(OpenTask::save);
     if (reader.hasFailed() || !isKnown || length > kMaxShownName || !paths || paths->empty())
         return std::nullopt;
     if (paths->size() > (request.task == OpenTask::facts ? kMaxOpenPaths : 1)) return std::nullopt;
@@ -154,6 +155,7 @@ std::vector<std::uint8_t> messageOf(const OpenReply& reply)
         message.put32(reply.count.shown);
         message.put32(reply.count.all);
         break;
+    case OpenEvent::saved: message.put32(static_cast<std::uint32_t>(reply.error)); break;
     default: putLook(message, reply);
     }
     return std::move(message.bytes());
@@ -185,6 +187,7 @@ std::optional<OpenReply> openReplyIn(std::span<const std::uint8_t> message)
         reply.count.shown = reader.get32();
         reply.count.all = reader.get32();
         break;
+    case OpenEvent::saved: reply.error = static_cast<std::int32_t>(reader.get32()); break;
     default: isSound = false;
     }
     if (!reader.isComplete() || !isSound) return std::nullopt;

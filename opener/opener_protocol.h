@@ -11,7 +11,7 @@
 //
 // The last two are those of OpenTask::open and OpenTask::sidecar. The others have one reply of
 // their own instead: `facts` for all paths, in which those on a file system that is left alone are
-// not known; `count`; and `names` as often as it takes.
+// not known; `count`; `saved`; and `names` as often as it takes.
 
 #pragma once
 
@@ -40,6 +40,7 @@ enum class OpenTask : std::uint16_t {
     facts,     // what is at each of the paths
     names,     // the names in a folder that may be shown as `shown`
     count,     // how many items a folder has
+    save,      // puts the bytes of the descriptor that comes along into a file (ReplacingFile)
 };
 
 struct OpenRequest {
@@ -58,14 +59,15 @@ enum class OpenEvent : std::uint16_t {
     opened,
     facts,
     names,
-    count
+    count,
+    saved
 };
 
 struct OpenReply {
     std::uint32_t number = 0;  // of the request
     OpenEvent event = OpenEvent::entering;
-    std::uint64_t device = 0;              // entering, leftAlone
-    std::int32_t error = 0;                // looked: errno, as PictureFile::error
+    std::uint64_t device = 0;  // entering, leftAlone
+    std::int32_t error = 0;    // looked: errno, as PictureFile::error; saved: errno or 0
     std::optional<FileAttributes> item{};  // looked: what is there
     bool isOpen = false;                   // looked: `opened` follows
     std::vector<ItemFacts> facts{};        // facts: one for each path
@@ -74,7 +76,7 @@ struct OpenReply {
     FolderCount count{};                   // count
 };
 
-// Whether two requests want the same, whatever their numbers.
+// Whether two requests want the same, whatever their numbers. What is to be saved may differ.
 bool isSame(const OpenRequest& one, const OpenRequest& other);
 
 std::vector<std::uint8_t> messageOf(const OpenRequest& request);

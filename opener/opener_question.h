@@ -32,8 +32,8 @@ public:
     using TakeNames = std::function<void(const std::vector<std::string>& names)>;
 
     OpenerQuestion() = default;
-    OpenerQuestion(OpenRequest request, TakeNames take)
-        : request_(std::move(request)), takeNames_(std::move(take))
+    OpenerQuestion(OpenRequest request, TakeNames take, DescriptorHolder content)
+        : request_(std::move(request)), takeNames_(std::move(take)), content_(std::move(content))
     {
     }
 
@@ -47,14 +47,21 @@ public:
     const std::vector<ItemFacts>& facts() const { return facts_; }
     const FolderCount& count() const { return count_; }
 
+    // For OpenTask::save: errno, or 0 when the file is there.
+    int error() const { return error_; }
+
 private:
     friend class OpenerClient;
 
     // Whether nothing more will come of it soon.
     bool isOver() const { return stage_ != OpenStage::waiting && stage_ != OpenStage::looked; }
 
+    // Takes in what an opener has found out.
+    void take(const OpenReply& reply, DescriptorHolder& descriptor);
+
     OpenRequest request_;
     TakeNames takeNames_;
+    DescriptorHolder content_;  // of a file to be saved
     OpenStage stage_ = OpenStage::none;
     std::uint32_t number_ = 0;  // with which an opener has it; 0 if none has
     int deaths_ = 0;            // of openers that had it
@@ -62,6 +69,7 @@ private:
     PictureFile file_;
     std::vector<ItemFacts> facts_;
     FolderCount count_;
+    int error_ = 0;
 };
 
 }  // namespace pinorama

@@ -1,5 +1,6 @@
 #include "opener/opener_service.h"
 
+#include "base/replacing_file.h"
 #include "opener/item_facts.h"
 #include "opener/mount_list.h"
 #include "opener/opener_protocol.h"
@@ -10,6 +11,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <unistd.h>
@@ -28,8 +30,8 @@ bool isThere(const std::string& path)
 // Serves one request.
 class Service {
 public:
-    Service(int socket, const OpenRequest& request)
-        : socket_(socket), request_(request), mounts_(MountList::current())
+    Service(int socket, const OpenRequest& request, int content)
+        : socket_(socket), request_(request), content_(content), mounts_(MountList::current())
     {
     }
 
@@ -53,6 +55,7 @@ public:
         case OpenTask::count:
             send({.event = OpenEvent::count, .count = countItemsIn(request_.paths.front())});
             break;
+        case OpenTask::save: send({.event = OpenEvent::saved, .error = save() ? 0 : errno}); break;
         default: send(PictureFile(request_.paths.front()));
         }
         return isHeard_;
@@ -113,6 +116,22 @@ private:
         send({.event = OpenEvent::opened}, file.descriptor());
     }
 
+    // False with errno set. What has come along is in memory.
+    bool save()
+    {
+        ReplacingFile file;
+        if (!file.begin(request_.paths.front())) return false;
+        char bytes[kFirstBytes];
+        std::int64_t offset = 0;
+        while (true) {
+            const std::int64_t count = readAt(content_, offset, bytes, sizeof bytes);
+            if (count < 0) return false;
+            if (count == 0) return file.finish();
+            if (!file.write({bytes, static_cast<std::size_t>(count)})) return false;
+            offset += count;
+        }
+    }
+
     void sendFacts()
     {
         OpenReply reply{.event = OpenEvent::facts};
@@ -145,6 +164,7 @@ private:
 
     int socket_;
     const OpenRequest& request_;
+    int content_;
     MountList mounts_;
     bool hasEntered_ = false;
     std::uint64_t device_ = 0;  // that was entered last, or is left alone
@@ -158,7 +178,7 @@ void serveOpener(int socket)
         const OpenMessage message = receiveOpenMessage(socket, true);
         if (message.outcome != OpenMessage::Outcome::received) return;
         const std::optional<OpenRequest> request = openRequestIn(message.bytes);
-        if (!request || !Service(socket, *request).serve()) return;
+        if (!request || !Service(socket, *request, message.descriptor.get()).serve()) return;
     }
 }
 

@@ -105,6 +105,7 @@ TEST(openReplyIn, givesWhatWasSent)
         {.number = 8, .event = OpenEvent::names, .names = {"a", "\xE4"}, .isLast = false},
         {.number = 9, .event = OpenEvent::names},
         {.number = 10, .event = OpenEvent::count, .count = {7, 8}},
+        {.number = 11, .event = OpenEvent::saved, .error = ENOSPC},
     };
     for (const OpenReply& sent : rows) {
         const std::optional<OpenReply> reply = openReplyIn(messageOf(sent));
@@ -131,7 +132,7 @@ TEST(openReplyIn, refusesWhatIsMalformed)
     whole.push_back(0);
     EXPECT_FALSE(openReplyIn(whole)) << "too long";
     EXPECT_FALSE(openReplyIn(messageOf(OpenReply{.event = OpenEvent{0}})));
-    EXPECT_FALSE(openReplyIn(messageOf(OpenReply{.event = OpenEvent{8}})));
+    EXPECT_FALSE(openReplyIn(messageOf(OpenReply{.event = OpenEvent{9}})));
     EXPECT_FALSE(openReplyIn(messageOf(OpenReply{.event = OpenEvent::looked, .isOpen = true})))
         << "open, and there is nothing";
     FileAttributes folder = someItem();

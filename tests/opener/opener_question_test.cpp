@@ -8,7 +8,10 @@
 #include <gtest/gtest.h>
 
 #include <poll.h>
+#include <sys/mman.h>
+#include <unistd.h>
 
+#include <cerrno>
 #include <chrono>
 #include <filesystem>
 #include <functional>
@@ -29,6 +32,14 @@ protected:
         const auto question = client_.ask({.task = OpenTask::facts, .paths = paths});
         EXPECT_EQ(client_.wait(*question, kPatience), OpenStage::done);
         return question->facts();
+    }
+
+    static DescriptorHolder memoryFile(const std::string& bytes)
+    {
+        DescriptorHolder file(memfd_create("test", MFD_CLOEXEC));
+        EXPECT_EQ(write(file.get(), bytes.data(), bytes.size()),
+                  static_cast<ssize_t>(bytes.size()));
+        return file;
     }
 
     bool isReadable(std::chrono::milliseconds max) const
@@ -110,6 +121,25 @@ TEST_F(OpenerQuestion, aboutTheNumberOfItemsHasIt)
     EXPECT_EQ(question->count(), (FolderCount{2, 3}));
 }
 
+TEST_F(OpenerQuestion, savesAFileAsAWhole)
+{
+    const std::string bytes = std::string(100'000, 'a') + "end";
+    const auto save = [&](const std::string& path) {
+        const auto question = client_.save(path, memoryFile(bytes));
+        EXPECT_EQ(client_.wait(*question, kPatience), OpenStage::done);
+        return question->error();
+    };
+    const std::string earlier = folder_.write("a.kml", std::string(200'000, 'x'));
+    EXPECT_EQ(save(earlier), 0);
+    EXPECT_EQ(test::readFile(earlier), bytes);
+    EXPECT_EQ(save(folder_.file("b.kml")), 0);
+    EXPECT_EQ(test::readFile(folder_.file("b.kml")), bytes);
+    EXPECT_EQ(save(folder_.file("none/c.kml")), ENOENT);
+    EXPECT_EQ(save(folder_.path()), EISDIR);
+    const auto items = std::filesystem::directory_iterator(folder_.path());
+    EXPECT_EQ(std::distance(begin(items), end(items)), 2) << "nothing is left beside them";
+}
+
 TEST_F(OpenerQuestion, doesNotDisturbTheFile)
 {
     client_.request(folder_.write("a.jpg", "x"));
@@ -148,6 +178,13 @@ TEST_F(OpenerQuestion, doesNotKeepTheCallerOnADiskThatHangs)
 {
     const auto hanging = disk("disk");
     if (!hanging->isUsable()) GTEST_SKIP() << "no disk may be mounted here";
+    hanging->hang();
+    const auto saved = client_.save(hanging->file("new.kml"), memoryFile("x"));
+    EXPECT_EQ(client_.wait(*saved, kShort), OpenStage::waiting);
+    EXPECT_EQ(factsOf({folder_.path()}).front(), factsOfItem(folder_.path()));
+    hanging->recover();
+    EXPECT_TRUE(goesOnUntil([&] { return saved->isAnswered(); }));
+    EXPECT_NE(saved->error(), 0) << "nothing can be written there";
     hanging->hang();
     const OpenRequest requests[] = {
         {.task = OpenTask::names, .paths = {hanging->file("")}, .shown = "x"},
