@@ -1,7 +1,7 @@
 #include "app/export_dialog.h"
 
 #include "app/shown_text.h"
-#include "base/item_path.h"
+#include "opener/events/item_look.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -57,23 +57,21 @@ PortalQuestion exportQuestion(const QString& fileName)
             .filterPattern = QStringLiteral("*.kml")};
 }
 
-void saveAsChosen(const std::string& path, QWidget* window,
-                  const std::function<void(const std::string& path)>& save)
+void saveAsChosen(const std::string& path, QWidget* window, const ExportEnds& ends)
 {
     const QString name = QFile::decodeName(path.c_str());
     const QString wholeName = withSuffix(name);
-    const std::string whole =
-        wholeName == name ? path : path + wholeName.mid(name.size()).toStdString();
-    if (whole == path || !itemExists(whole)) {
-        save(whole);
-    } else {
-        ask(wholeName, window, [save, whole] { save(whole); });
-    }
+    if (wholeName == name) return ends.save(path);
+    const std::string whole = path + wholeName.mid(name.size()).toStdString();
+    cuLookAtItems({whole}, window, [=](const std::vector<ItemFacts>& items, int error) {
+        if (error != 0) return ends.fail(whole, error);
+        if (!items.front().isThere) return ends.save(whole);
+        ask(wholeName, window, [=] { ends.save(whole); });
+    });
 }
 
-ExportDialog::ExportDialog(const QString& fileName, std::function<void(const QString& file)> save,
-                           QWidget* parent)
-    : QFileDialog(parent, kTitle), save_(std::move(save))
+ExportDialog::ExportDialog(const QString& fileName, ExportEnds ends, QWidget* parent)
+    : QFileDialog(parent, kTitle), ends_(std::move(ends))
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setAcceptMode(QFileDialog::AcceptSave);
@@ -86,9 +84,7 @@ ExportDialog::ExportDialog(const QString& fileName, std::function<void(const QSt
     // the name that it gives.
     connect(this, &QFileDialog::fileSelected, this, [this](const QString& file) {
         // This dialog closes now.
-        saveAsChosen(
-            QFile::encodeName(file).toStdString(), parentWidget(),
-            [save = save_](const std::string& path) { save(QFile::decodeName(path.c_str())); });
+        saveAsChosen(QFile::encodeName(file).toStdString(), parentWidget(), ends_);
     });
 }
 
@@ -98,25 +94,35 @@ void ExportDialog::accept()
 {
     const auto* field = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
     const QStringList files = field != nullptr ? selectedFiles() : QStringList();
-    if (files.size() != 1 || QFileInfo(files.constFirst()).isDir()) {
-        QFileDialog::accept();
-        return;
-    }
+    if (files.size() != 1) return QFileDialog::accept();
+    if (std::exchange(isLooking_, true)) return;
+    const QString chosen = files.constFirst();
     const QString typed = directory().filePath(field->text());
-    if (QFileInfo(typed).isDir()) {
-        setDirectory(typed);
-        return;
+    std::vector<std::string> paths;
+    for (const QString& path : {chosen, typed, withSuffix(chosen)}) {
+        paths.push_back(QFile::encodeName(path).toStdString());
     }
-    const QString whole = withSuffix(files.constFirst());
+    cuLookAtItems(paths, this, [=, this](const std::vector<ItemFacts>& items, int error) {
+        isLooking_ = false;
+        if (isHidden()) return;  // the user does not want it any more
+        if (error == 0) return acceptKnown(chosen, typed, items);
+        ends_.fail(paths.back(), error);
+        done(QDialog::Rejected);
+    });
+}
+
+// What `items` says of the file that was chosen, of what was typed and of the file with its suffix.
+void ExportDialog::acceptKnown(const QString& chosen, const QString& typed,
+                               const std::vector<ItemFacts>& items)
+{
+    if (items[0].isFolder) return QFileDialog::accept();
+    if (items[1].isFolder) return setDirectory(typed);
+    const QString whole = withSuffix(chosen);
     const auto finish = [this, whole] {
-        save_(whole);
+        ends_.save(QFile::encodeName(whole).toStdString());
         done(QDialog::Accepted);
     };
-    if (QFileInfo::exists(whole)) {
-        ask(whole, this, finish);
-    } else {
-        finish();
-    }
+    items[2].isThere ? ask(whole, this, finish) : finish();
 }
 
 }  // namespace pinorama

@@ -15,7 +15,8 @@ class ExportNotice : public Notice {
 public:
     explicit ExportNotice(QWidget* parent = nullptr);
 
-    // Says that `file`, a path, could not be written, and why: an errno.
+    // Says that `file`, a path, could not be written, and why: an errno. ETIMEDOUT is a disk that
+    // does not answer.
     void sayFailure(const QString& file, int error);
 };
 

@@ -1,7 +1,6 @@
 #include "app/place_actions.h"
 
 #include "app/copy_menu.h"
-#include "app/export_dialog.h"
 #include "app/export_notice.h"
 #include "app/foot_line.h"
 #include "app/main_window.h"
@@ -23,6 +22,7 @@
 #include <QGuiApplication>
 
 #include <cerrno>
+#include <utility>
 
 namespace pinorama {
 namespace {
@@ -32,6 +32,7 @@ const QByteArray kCatalogue = QByteArrayLiteral("skallion:");
 
 PlaceActions::PlaceActions(MainWindow& window, UrlOpener& opener, Shown shown)
     : window_(window),
+      saving_(&window),
       opener_(opener),
       shown_(shown),
       globes_(opener),
@@ -52,11 +53,9 @@ PlaceActions::PlaceActions(MainWindow& window, UrlOpener& opener, Shown shown)
                               tr("The globe program cannot be started."));
     });
     connect(&portal_, &PortalChooser::unavailable, this, &PlaceActions::askWithTheToolkit);
-    connect(&portal_, &PortalChooser::chosen, this, [this](const std::string& path) {
-        saveAsChosen(path, &window_, [this, exported = export_](const std::string& whole) {
-            save(whole, exported);
-        });
-    });
+    connect(&portal_, &PortalChooser::chosen, this,
+            [this](const std::string& path) { saveAsChosen(path, &window_, endsOf(export_)); });
+    connect(&saving_, &FileSaving::saved, this, &PlaceActions::say);
     gpsSetGlobeLink([this](const GlobeView& view) { globes_.show(view); });
 }
 
@@ -213,20 +212,27 @@ void PlaceActions::exportKML()
 
 void PlaceActions::askWithTheToolkit()
 {
-    auto* dialog = new ExportDialog(
-        export_.proposedName,
-        [this, exported = export_](const QString& file) {
-            save(QFile::encodeName(file).toStdString(), exported);
-        },
-        &window_);
+    auto* dialog = new ExportDialog(export_.proposedName, endsOf(export_), &window_);
     dialog->open();
+}
+
+ExportEnds PlaceActions::endsOf(const Export& exported)
+{
+    return {[this, exported](const std::string& path) { save(path, exported); },
+            [this](const std::string& path, int error) { say(path, error); }};
 }
 
 void PlaceActions::save(const std::string& path, const Export& exported)
 {
     const StringHolder title(cuCreateText(exported.pictureName));
-    const bool isSaved = gpsSaveKML(path, exported.info, title.get());
-    showExportResult(window_, opener_, QFile::decodeName(path.c_str()), isSaved ? 0 : errno);
+    DescriptorHolder document = gpsMakeKMLInMemory(exported.info, title.get());
+    if (!document) return say(path, errno);
+    saving_.save(path, std::move(document));
+}
+
+void PlaceActions::say(const std::string& path, int error)
+{
+    showExportResult(window_, opener_, QFile::decodeName(path.c_str()), error);
 }
 
 void PlaceActions::flyGlobe()

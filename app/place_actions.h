@@ -4,6 +4,8 @@
 
 #pragma once
 
+#include "app/export_dialog.h"
+#include "app/file_saving.h"
 #include "desktop/globe_programs.h"
 #include "desktop/portal_chooser.h"
 #include "desktop/url_opener.h"
@@ -54,7 +56,7 @@ public Q_SLOTS:
 
     // Asks the user where to save the location as a KML file. What is written is the picture that
     // is shown now, even when another one is selected before the user has answered. The foot of the
-    // window says when a file cannot be written.
+    // window says when a file cannot be written, and when its disk does not answer.
     void exportKML();
 
     // Flies the globe program to the location.
@@ -83,7 +85,9 @@ private:
     };
 
     void askWithTheToolkit();
+    ExportEnds endsOf(const Export& exported);
     void save(const std::string& path, const Export& exported);
+    void say(const std::string& path, int error);
     void connectControls();
     void connectCopying();
     void offerServices();
@@ -92,6 +96,7 @@ private:
     void findNearby();
 
     MainWindow& window_;
+    FileSaving saving_;
     UrlOpener& opener_;
     Shown shown_;
     GlobePrograms globes_;

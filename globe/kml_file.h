@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "base/descriptor.h"
 #include "base/replacing_file.h"
 #include "lib/strings/tov_string.h"
 #include "location/file_info_record.h"
@@ -21,3 +22,7 @@
 // it is written directly.
 bool gpsSaveKML(const std::string& path, const fileInfoRecord& info, TovStringRef pictureName,
                 pinorama::FullPipe fullPipe = pinorama::FullPipe::fails);
+
+// Exports a location to a new file in memory, for whoever must not wait for a disk and has another
+// process save it. The arguments are those of gpsSaveKML. None with errno set if memory runs out.
+pinorama::DescriptorHolder gpsMakeKMLInMemory(const fileInfoRecord& info, TovStringRef pictureName);

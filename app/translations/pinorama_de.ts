@@ -133,6 +133,10 @@
         <extracomment>A button: shows the file in the file manager</extracomment>
         <translation>Im &amp;Ordner zeigen</translation>
     </message>
+    <message>
+        <source>the disk does not answer.</source>
+        <translation>der Datenträger antwortet nicht.</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::MainWindow</name>

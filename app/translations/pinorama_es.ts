@@ -133,6 +133,10 @@
         <extracomment>A button: shows the file in the file manager</extracomment>
         <translation>Ver en la ca&amp;rpeta</translation>
     </message>
+    <message>
+        <source>the disk does not answer.</source>
+        <translation>el disco no responde.</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::MainWindow</name>

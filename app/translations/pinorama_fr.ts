@@ -133,6 +133,10 @@
         <extracomment>A button: shows the file in the file manager</extracomment>
         <translation>Voir dans le &amp;dossier</translation>
     </message>
+    <message>
+        <source>the disk does not answer.</source>
+        <translation>le disque ne répond pas.</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::MainWindow</name>

@@ -133,6 +133,10 @@
         <extracomment>A button: shows the file in the file manager</extracomment>
         <translation>Mostra nella ca&amp;rtella</translation>
     </message>
+    <message>
+        <source>the disk does not answer.</source>
+        <translation>il disco non risponde.</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::MainWindow</name>

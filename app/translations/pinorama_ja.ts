@@ -133,6 +133,10 @@
         <extracomment>A button: shows the file in the file manager</extracomment>
         <translation>フォルダーで表示(&amp;L)</translation>
     </message>
+    <message>
+        <source>the disk does not answer.</source>
+        <translation>ディスクが応答しません。</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::MainWindow</name>

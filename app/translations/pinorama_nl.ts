@@ -133,6 +133,10 @@
         <extracomment>A button: shows the file in the file manager</extracomment>
         <translation>In &amp;map tonen</translation>
     </message>
+    <message>
+        <source>the disk does not answer.</source>
+        <translation>de schijf reageert niet.</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::MainWindow</name>

@@ -133,6 +133,10 @@
         <extracomment>A button: shows the file in the file manager</extracomment>
         <translation>Pokaż w &amp;folderze</translation>
     </message>
+    <message>
+        <source>the disk does not answer.</source>
+        <translation>dysk nie odpowiada.</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::MainWindow</name>

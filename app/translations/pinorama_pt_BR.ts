@@ -133,6 +133,10 @@
         <extracomment>A button: shows the file in the file manager</extracomment>
         <translation>Mostrar na &amp;pasta</translation>
     </message>
+    <message>
+        <source>the disk does not answer.</source>
+        <translation>o disco não responde.</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::MainWindow</name>

@@ -133,6 +133,10 @@
         <extracomment>A button: shows the file in the file manager</extracomment>
         <translation>在文件夹中显示(&amp;L)</translation>
     </message>
+    <message>
+        <source>the disk does not answer.</source>
+        <translation>磁盘没有响应。</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::MainWindow</name>

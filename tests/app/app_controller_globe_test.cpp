@@ -1,5 +1,6 @@
 // Exporting the location and flying to it, from the window.
 
+#include "app/file_saving.h"
 #include "globe/fly_to.h"
 #include "globe/kml_document.h"
 #include "tests/app/controller_fixture.h"
@@ -24,6 +25,8 @@ protected:
         dialog()->selectFile(QString::fromStdString(path));
         static_cast<QDialog*>(dialog())->accept();
         test::waitUntil([this] { return dialog() == nullptr; });
+        const auto* saving = controller.myWindow->findChild<FileSaving*>();
+        EXPECT_TRUE(test::waitUntil([saving] { return !saving->isUnderWay(); }));
     }
 };
 

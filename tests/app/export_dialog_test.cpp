@@ -1,5 +1,6 @@
 // What the window asks before it saves a place, and under which name it is saved.
 
+#include "app/file_saving.h"
 #include "tests/app/controller_fixture.h"
 
 #include "globe/kml_document.h"
@@ -53,13 +54,29 @@ protected:
             ->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))
             ->setText(QString::fromStdString(name));
         static_cast<QDialog*>(dialog())->accept();
+        EXPECT_TRUE(test::waitUntil([this] { return hasTaken(); }));
         if (QMessageBox* box = question()) {
             asked = box->text().toStdString();
             box->button(choice)->click();
         }
         QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        waitForSaving();
         return asked;
+    }
+
+    // Whether the dialog has done what it does with a name: closed, asked, or gone into a folder.
+    bool hasTaken()
+    {
+        const QFileDialog* open = dialog();
+        return open == nullptr || open->isHidden() || question() != nullptr ||
+               open->directory().path().toStdString() != folder.path();
+    }
+
+    void waitForSaving()
+    {
+        const auto* saving = controller.myWindow->findChild<FileSaving*>();
+        EXPECT_TRUE(test::waitUntil([saving] { return !saving->isUnderWay(); }));
     }
 
     std::string document() const
@@ -118,6 +135,7 @@ TEST_F(ExportDialogTest, aDialogOfTheDesktopKnowsNothingOfTheSuffix)
         EXPECT_NE(question()->text().indexOf(QLatin1String("trip.jpg.kml")), -1);
         EXPECT_EQ(test::readFile(folder.file("trip.jpg.kml")), "an earlier place");
         question()->button(choice)->click();
+        waitForSaving();
         dialog()->reject();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }

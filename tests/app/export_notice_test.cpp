@@ -64,6 +64,7 @@ TEST_F(showExportResult, saysWhatCouldNotBeWrittenAndWhy)
         {ENOENT, "there is no such folder."},
         {ENOTDIR, "there is no such folder."},
         {EISDIR, "a folder has that name."},
+        {ETIMEDOUT, "the disk does not answer."},
         {EIO, "Input/output error."},
     };
     for (const auto& row : rows) {

@@ -1,8 +1,11 @@
 // The window where what it writes finds no room, no permission and no folder: an export says so at
 // the foot of the window and nowhere else, and nothing else is lost.
 
+#include "app/file_saving.h"
 #include "globe/kml_document.h"
+#include "opener/events/picture_opener.h"
 #include "tests/app/controller_fixture.h"
+#include "tests/support/event_loop.h"
 #include "tests/support/permissions.h"
 #include "tests/support/small_disk.h"
 
@@ -26,6 +29,8 @@ using namespace pinorama;
 namespace {
 namespace fs = std::filesystem;
 
+constexpr uid_t kNobody = 65534;
+
 class placesToWrite : public test::ControllerTest {
 protected:
     void SetUp() override
@@ -36,12 +41,14 @@ protected:
     }
     void TearDown() override
     {
+        cuPictureOpener().stop();
         if (hasSmallDisk_) test::leaveSmallDisk(place_);
     }
 
     bool putSmallDisk()
     {
         hasSmallDisk_ = test::mountSmallDisk(place_);
+        cuPictureOpener().stop();  // openers that ran before do not see the disk
         return hasSmallDisk_;
     }
 
@@ -57,6 +64,8 @@ protected:
         static_cast<QDialog*>(dialog)->accept();
         EXPECT_TRUE(test::waitUntil(
             [this] { return controller.myWindow->findChild<QFileDialog*>() == nullptr; }));
+        const auto* saving = controller.myWindow->findChild<FileSaving*>();
+        EXPECT_TRUE(test::waitUntil([saving] { return !saving->isUnderWay(); }));
         expectNoMessage();
     }
 
@@ -145,10 +154,16 @@ TEST_F(placesToWrite, aReadOnlyFolderTakesNoExport)
 {
     ASSERT_EQ(chmod(folder.path().c_str(), 0755), 0);
     ASSERT_EQ(chmod(place_.c_str(), 0555), 0);
-    {
-        const test::WithoutPrivileges nobody;
-        exportTo("out.kml");
-    }
+    // An opener without privileges, in a place where it may be started.
+    const std::string program = folder.file("opener");
+    fs::copy_file(openerProgram(), program);
+    const test::ScopedVariable variable("PINORAMA_OPENER", program.c_str());
+    const uid_t user = geteuid();
+    cuPictureOpener().stop();
+    ASSERT_EQ(seteuid(user == 0 ? kNobody : user), 0);
+    cuPictureOpener().start();
+    ASSERT_EQ(seteuid(user), 0);
+    exportTo("out.kml");
     ASSERT_EQ(chmod(place_.c_str(), 0755), 0);
     EXPECT_TRUE(fs::is_empty(place_));
     EXPECT_EQ(notice(), "out.kml could not be written: writing there is not allowed.");

@@ -66,6 +66,17 @@ TEST(gpsSaveKML, writesWhatTheExportWrites)
     EXPECT_EQ(itemsIn(folder.path()), std::vector<std::string>{"out.kml"});
 }
 
+TEST(gpsMakeKMLInMemory, hasWhatTheExportWrites)
+{
+    for (const char* name : {"Z\u00fcrich.jpg", "", static_cast<const char*>(nullptr)}) {
+        const test::Text text(name == nullptr ? nullptr : createPathText(name));
+        const DescriptorHolder file = gpsMakeKMLInMemory(kSomewhere, text.get());
+        ASSERT_TRUE(file);
+        EXPECT_EQ(test::readFile("/proc/self/fd/" + std::to_string(file.get())),
+                  documentNamed(name));
+    }
+}
+
 TEST(gpsSaveKML, makesNamesSafeForXML)
 {
     const test::TemporaryFolder folder;
