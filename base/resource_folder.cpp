@@ -26,6 +26,13 @@ std::string pathOfProgram()
     const ssize_t length = readlink("/proc/self/exe", path, sizeof path);
     return {path, length > 0 ? static_cast<std::size_t>(length) : 0};
 }
+
+// What an environment variable says; empty when it is not set.
+std::string valueOf(const char* variable)
+{
+    const char* set = variable == nullptr ? nullptr : std::getenv(variable);
+    return set == nullptr ? "" : set;
+}
 }  // namespace
 
 std::string programFolder()
@@ -37,8 +44,8 @@ std::string programFolder()
 
 std::string resourceFolder()
 {
-    const char* set = std::getenv("PINORAMA_RESOURCES");
-    return set != nullptr && *set != '\0' ? set : resourceFolderOf(programFolder());
+    const std::string set = valueOf("PINORAMA_RESOURCES");
+    return set.empty() ? resourceFolderOf(programFolder()) : set;
 }
 
 std::string documentFolder()
@@ -53,6 +60,19 @@ std::string resourceFolderOf(const std::string& programFolder)
     // Some other "resources" may lie beside an installed program; ours has the texts in it.
     if (isFolder(beside + "/strings")) return beside;
     return programFolder + "/../share/pinorama";
+}
+
+std::string helperProgram(const std::string& name, const char* variable)
+{
+    const std::string set = valueOf(variable);
+    return set.empty() ? helperProgramOf(programFolder(), name) : set;
+}
+
+std::string helperProgramOf(const std::string& programFolder, const std::string& name)
+{
+    std::string beside = programFolder + "/" + name;
+    if (access(beside.c_str(), X_OK) == 0) return beside;
+    return programFolder + "/../" PINORAMA_LIBEXEC_DIR "/" + name;
 }
 
 }  // namespace pinorama

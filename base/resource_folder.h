@@ -1,4 +1,5 @@
-// Where the program's own resources lie: texts, icons, sample pictures.
+// Where what belongs to the program lies: texts, icons, sample pictures, and the programs that it
+// starts.
 
 #pragma once
 
@@ -23,5 +24,14 @@ std::string documentFolder();
 // The folder of the program that runs, without a slash at the end; empty when the system does not
 // tell.
 std::string programFolder();
+
+// The path of a program that this one starts and users do not, `name` being its file: what the
+// environment variable `variable` says (null for none), else the file beside the program that runs
+// (the build tree), else the one in the folder for such programs under the install prefix
+// (<folder of the program>/../libexec/<name>, or what the build calls it).
+std::string helperProgram(const std::string& name, const char* variable = nullptr);
+
+// The second and third of these, for programs in `programFolder`.
+std::string helperProgramOf(const std::string& programFolder, const std::string& name);
 
 }  // namespace pinorama

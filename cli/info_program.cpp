@@ -108,10 +108,7 @@ int becomeSearchProgram(char** argv)
 
 std::string searchProgram()
 {
-    const std::string folder = programFolder();
-    std::string beside = folder + "/pinorama-search";
-    if (access(beside.c_str(), X_OK) == 0) return beside;
-    return folder + "/../" PINORAMA_LIBEXEC_DIR "/pinorama-search";
+    return helperProgram("pinorama-search");
 }
 
 int runInfoProgram(int argc, char** argv, const Search& search)

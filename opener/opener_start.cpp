@@ -8,12 +8,9 @@
 #include <utility>
 
 #include <sys/socket.h>
-#include <unistd.h>
 
 namespace pinorama {
 namespace {
-constexpr const char* kProgramName = "pinorama-opener";
-
 // Where libraries are found by programs in unusual places, and the options of sanitizers.
 constexpr const char* kInherited[] = {"LD_LIBRARY_PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS"};
 }  // namespace
@@ -40,12 +37,7 @@ OpenerProcess startOpenerProgram(const std::string& path)
 
 std::string openerProgram()
 {
-    const char* set = std::getenv("PINORAMA_OPENER");
-    if (set != nullptr && *set != '\0') return set;
-    const std::string folder = programFolder();
-    std::string beside = folder + "/" + kProgramName;
-    if (access(beside.c_str(), X_OK) == 0) return beside;
-    return folder + "/../" PINORAMA_LIBEXEC_DIR "/" + kProgramName;
+    return helperProgram("pinorama-opener", "PINORAMA_OPENER");
 }
 
 }  // namespace pinorama

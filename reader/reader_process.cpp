@@ -19,8 +19,6 @@
 
 namespace pinorama {
 namespace {
-constexpr const char* kProgramName = "pinorama-reader";
-
 // Where libraries are found by programs in unusual places, and the options of sanitizers.
 constexpr const char* kInherited[] = {"LD_LIBRARY_PATH", "QT_PLUGIN_PATH", "ASAN_OPTIONS",
                                       "UBSAN_OPTIONS"};
@@ -169,12 +167,7 @@ ReaderProcess forkReader(const std::function<void(int socket)>& serve)
 
 std::string readerProgram()
 {
-    const char* set = std::getenv("PINORAMA_READER");
-    if (set != nullptr && *set != '\0') return set;
-    const std::string folder = programFolder();
-    std::string beside = folder + "/" + kProgramName;
-    if (access(beside.c_str(), X_OK) == 0) return beside;
-    return folder + "/../" PINORAMA_LIBEXEC_DIR "/" + kProgramName;
+    return helperProgram("pinorama-reader", "PINORAMA_READER");
 }
 
 }  // namespace pinorama

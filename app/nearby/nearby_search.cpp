@@ -10,7 +10,6 @@
 
 #include <charconv>
 #include <csignal>
-#include <cstdlib>
 #include <utility>
 
 #include <sys/prctl.h>
@@ -18,7 +17,6 @@
 
 namespace pinorama {
 namespace {
-constexpr const char* kProgramName = "pinorama-search";
 // For writing down what it has read. It is killed then.
 constexpr int kEndingTime = 5000;  // milliseconds
 constexpr int kNiceness = 5;       // the picture that is shown comes first
@@ -65,12 +63,7 @@ void prepareChild()
 
 std::string nearbySearchProgram()
 {
-    const char* set = std::getenv("PINORAMA_SEARCH");
-    if (set != nullptr && *set != '\0') return set;
-    const std::string folder = programFolder();
-    std::string beside = folder + "/" + kProgramName;
-    if (access(beside.c_str(), X_OK) == 0) return beside;
-    return folder + "/../" PINORAMA_LIBEXEC_DIR "/" + kProgramName;
+    return helperProgram("pinorama-search", "PINORAMA_SEARCH");
 }
 
 NearbySearch::NearbySearch(QObject* parent) : QObject(parent) {}
