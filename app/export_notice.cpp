@@ -39,6 +39,7 @@ void ExportNotice::sayFailure(const QString& file, int error)
     case ENOTDIR: reason = tr("there is no such folder."); break;
     //: A reason; stands in the place of %2 in "%1 could not be written: %2"
     case EISDIR: reason = tr("a folder has that name."); break;
+    //: A reason; stands in the place of %2 in "%1 could not be written: %2"
     case ETIMEDOUT: reason = tr("the disk does not answer."); break;
     default: reason = QString::fromLocal8Bit(std::strerror(error)) + QLatin1Char('.');
     }
