@@ -209,5 +209,5 @@ TEST(placesTable, hasTheSameKeysAndHolesInEveryLanguage)
             EXPECT_EQ(braces(std::u16string(*value)), braces(std::u16string(*original))) << key;
         }
     }
-    EXPECT_EQ(languages, 10);
+    EXPECT_GE(languages, 10);
 }
