@@ -1,0 +1,630 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="cs_CZ" sourcelanguage="en_US">
+<context>
+    <name>AboutBox</name>
+    <message>
+        <source>About Pinorama</source>
+        <extracomment>Title of the dialog. Pinorama stays</extracomment>
+        <translation>O aplikaci Pinorama</translation>
+    </message>
+    <message>
+        <source>Shows where the picture selected in the file manager was taken.</source>
+        <extracomment>In the dialog &quot;About Pinorama&quot;: what the program does</extracomment>
+        <translation>Ukazuje, kde byl pořízen snímek vybraný ve správci souborů.</translation>
+    </message>
+    <message>
+        <source>Free software under the GNU General Public License, version 3 or later. It comes with no warranty.</source>
+        <extracomment>In the dialog &quot;About Pinorama&quot;. The name of the licence stays</extracomment>
+        <translation>Svobodný software pod licencí GNU General Public License verze 3 nebo novější. Bez jakékoli záruky.</translation>
+    </message>
+    <message>
+        <source>Made with these libraries:</source>
+        <extracomment>In the dialog &quot;About Pinorama&quot;, above a list</extracomment>
+        <translation>Použité knihovny:</translation>
+    </message>
+    <message>
+        <source>Places and map are made from:</source>
+        <extracomment>In the dialog &quot;About Pinorama&quot;, above a list of sources</extracomment>
+        <translation>Zdroje míst a mapy:</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::AccessibilityNotice</name>
+    <message>
+        <source>S&amp;witch On</source>
+        <extracomment>Button of the notice about accessibility: switches it on</extracomment>
+        <translation>&amp;Zapnout</translation>
+    </message>
+    <message>
+        <source>Pinorama can follow the selection in %1 once accessibility is on. This is a permanent setting of your desktop; restart the file manager after switching it on.</source>
+        <extracomment>A notice in the window; %1 is the name of a file manager. Accessibility as in the settings of desktops</extracomment>
+        <translation>Pinorama může sledovat výběr v programu %1, jakmile bude zapnuto zpřístupnění. Je to trvalé nastavení pracovního prostředí; po zapnutí restartujte správce souborů.</translation>
+    </message>
+    <message>
+        <source>Accessibility is on. Restart %1 or log in again; Pinorama then follows its selection.</source>
+        <extracomment>A notice in the window; %1 is the name of a file manager</extracomment>
+        <translation>Zpřístupnění je zapnuto. Restartujte %1 nebo se znovu přihlaste; Pinorama pak bude sledovat výběr.</translation>
+    </message>
+    <message>
+        <source>Accessibility could not be switched on. The manual explains how to do it by hand.</source>
+        <extracomment>A notice in the window</extracomment>
+        <translation>Zpřístupnění se nepodařilo zapnout. Příručka vysvětluje, jak to udělat ručně.</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::AppController</name>
+    <message>
+        <source>Files cannot be opened: the program pinorama-opener does not start.</source>
+        <extracomment>The foot of the window. pinorama-opener is the name of a program and stays</extracomment>
+        <translation>Soubory nelze otevírat: program pinorama-opener se nespouští.</translation>
+    </message>
+    <message>
+        <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
+        <extracomment>The foot of the window. pinorama-reader is the name of a program and stays</extracomment>
+        <translation>Snímky nelze číst: program pinorama-reader se nespouští.</translation>
+    </message>
+    <message>
+        <source>Re&amp;load</source>
+        <extracomment>Reads the file again that is shown</extracomment>
+        <translation>Načíst &amp;znovu</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::CopyMenu</name>
+    <message>
+        <source>Copy &amp;It As</source>
+        <extracomment>The menu of the forms in which a place can be copied</extracomment>
+        <translation>Kopírovat &amp;jako</translation>
+    </message>
+    <message>
+        <source>As Shown</source>
+        <extracomment>Entry of the menu &quot;Copy It As&quot;: the coordinate as the window shows it</extracomment>
+        <translation>Jak je zobrazeno</translation>
+    </message>
+    <message>
+        <source>Decimal Degrees</source>
+        <extracomment>Entry of the menu &quot;Copy It As&quot;: copies &quot;-54.80190, -68.30300&quot;</extracomment>
+        <translation>Desetinné stupně</translation>
+    </message>
+    <message>
+        <source>Degrees and Decimal Minutes</source>
+        <extracomment>Entry of the menu &quot;Copy It As&quot;: copies &quot;54° 48.114&apos; S&quot;</extracomment>
+        <translation>Stupně a desetinné minuty</translation>
+    </message>
+    <message>
+        <source>geo: Address</source>
+        <extracomment>An address that begins with &quot;geo:&quot;, which map programs take</extracomment>
+        <translation>Adresa „geo:“</translation>
+    </message>
+    <message>
+        <source>Place in Words</source>
+        <extracomment>Copies &quot;Near Ushuaia, Argentina&quot;</extracomment>
+        <translation>Místo slovy</translation>
+    </message>
+    <message>
+        <source>Link to %1</source>
+        <extracomment>%1 is a map service, such as OpenStreetMap</extracomment>
+        <translation>Odkaz na %1</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::ExportDialog</name>
+    <message>
+        <source>KML files (*.kml)</source>
+        <extracomment>Kind of files in a file dialog; &quot;(*.kml)&quot; stays</extracomment>
+        <translation>Soubory KML (*.kml)</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::ExportNotice</name>
+    <message>
+        <source>the disk is full.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
+        <translation>disk je plný.</translation>
+    </message>
+    <message>
+        <source>writing there is not allowed.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
+        <translation>zápis tam není povolen.</translation>
+    </message>
+    <message>
+        <source>there is no such folder.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
+        <translation>taková složka neexistuje.</translation>
+    </message>
+    <message>
+        <source>a folder has that name.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
+        <translation>tento název má složka.</translation>
+    </message>
+    <message>
+        <source>%1 could not be written: %2</source>
+        <extracomment>A notice in the window: %1 is the name of a file, %2 a reason, with its full stop</extracomment>
+        <translation>%1 nelze zapsat: %2</translation>
+    </message>
+    <message>
+        <source>%1 was saved.</source>
+        <extracomment>%1 is the name of a file that was written</extracomment>
+        <translation>%1 uloženo.</translation>
+    </message>
+    <message>
+        <source>Show in Fo&amp;lder</source>
+        <extracomment>A button: shows the file in the file manager</extracomment>
+        <translation>Zobrazit ve s&amp;ložce</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::MainWindow</name>
+    <message>
+        <source>Preview</source>
+        <extracomment>What a screen reader says of the small picture</extracomment>
+        <translation>Náhled</translation>
+    </message>
+    <message>
+        <source>A click shows more of the surroundings, or less</source>
+        <extracomment>Of the small map.</extracomment>
+        <translation>Kliknutí ukáže více nebo méně okolí</translation>
+    </message>
+    <message>
+        <source>The picture has a location</source>
+        <extracomment>Tool tip of the pin in the corner of the small map</extracomment>
+        <translation>Snímek má údaj o poloze</translation>
+    </message>
+    <message>
+        <source>Opens the location in a web map</source>
+        <extracomment>Tool tip of the pop-up menu of map services</extracomment>
+        <translation>Otevře místo na webové mapě</translation>
+    </message>
+    <message>
+        <source>Map Services</source>
+        <extracomment>The first line of a pop-up menu of web maps</extracomment>
+        <translation>Mapové služby</translation>
+    </message>
+    <message>
+        <source>Flies the globe program to the location</source>
+        <extracomment>Tool tip of the button &quot;Show in Globe&quot;</extracomment>
+        <translation>Ukáže místo v programu s glóbem</translation>
+    </message>
+    <message>
+        <source>Show in &amp;Globe</source>
+        <extracomment>A button: shows the place in a globe program such as Marble. Keep it short</extracomment>
+        <translation>Ukázat na &amp;glóbu</translation>
+    </message>
+    <message>
+        <source>Finds all catalogued pictures taken within 2000 m</source>
+        <extracomment>Tool tip of the button &quot;Find in Skallion&quot;</extracomment>
+        <translation>Najde všechny snímky katalogu pořízené do vzdálenosti 2000 m</translation>
+    </message>
+    <message>
+        <source>&amp;Find in Skallion</source>
+        <extracomment>A button. Skallion is a program that catalogues pictures; the name stays. Keep it short</extracomment>
+        <translation>N&amp;ajít ve Skallionu</translation>
+    </message>
+    <message>
+        <source>Writes the location as a placemark file</source>
+        <extracomment>Tool tip of the button &quot;Export as KML&quot;</extracomment>
+        <translation>Zapíše místo do souboru jako značku</translation>
+    </message>
+    <message>
+        <source>&amp;Export as KML…</source>
+        <extracomment>A button. KML is a kind of file; the name stays. Keep it short</extracomment>
+        <translation>&amp;Exportovat do KML…</translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <extracomment>Caption before the name of the file</extracomment>
+        <translation>Název:</translation>
+    </message>
+    <message>
+        <source>Select a picture, or drop one here</source>
+        <extracomment>Stands in the empty field for the name until a picture is shown</extracomment>
+        <translation>Vyberte snímek nebo jej sem přetáhněte</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <extracomment>What a screen reader says before the place in words.</extracomment>
+        <translation>Místo</translation>
+    </message>
+    <message>
+        <source>Taken:</source>
+        <extracomment>The time at which the picture was taken.</extracomment>
+        <translation>Pořízeno:</translation>
+    </message>
+    <message>
+        <source>Size:</source>
+        <extracomment>Caption before the size of the file, such as &quot;1.2 MB&quot;</extracomment>
+        <translation>Velikost:</translation>
+    </message>
+    <message>
+        <source>Modified:</source>
+        <extracomment>Caption before the time at which the file was last changed</extracomment>
+        <translation>Změněno:</translation>
+    </message>
+    <message>
+        <source>Created:</source>
+        <extracomment>Caption before the time at which the file was made</extracomment>
+        <translation>Vytvořeno:</translation>
+    </message>
+    <message>
+        <source>Coordinate:</source>
+        <extracomment>Caption before the coordinate of the place</extracomment>
+        <translation>Souřadnice:</translation>
+    </message>
+    <message>
+        <source>Altitude:</source>
+        <extracomment>Caption before the height above the sea, such as &quot;1,200 m&quot;</extracomment>
+        <translation>Výška:</translation>
+    </message>
+    <message>
+        <source>Direction:</source>
+        <extracomment>Caption before the direction that the camera looked in</extracomment>
+        <translation>Směr:</translation>
+    </message>
+    <message>
+        <source>City:</source>
+        <extracomment>Caption before the name of the town, which the photographer wrote into the picture</extracomment>
+        <translation>Město:</translation>
+    </message>
+    <message>
+        <source>State:</source>
+        <extracomment>Caption before the name of the state or province, which the photographer wrote into the picture</extracomment>
+        <translation>Kraj:</translation>
+    </message>
+    <message>
+        <source>Country:</source>
+        <extracomment>Caption before the name of the country, which the photographer wrote into the picture</extracomment>
+        <translation>Země:</translation>
+    </message>
+    <message>
+        <source>Caption:</source>
+        <extracomment>Caption before the description, which the photographer wrote into the picture</extracomment>
+        <translation>Popisek:</translation>
+    </message>
+    <message>
+        <source>Always shows the picture selected in the file manager</source>
+        <extracomment>Tool tip of the check box &quot;Follow the selection&quot;</extracomment>
+        <translation>Vždy ukazuje snímek vybraný ve správci souborů</translation>
+    </message>
+    <message>
+        <source>Follow the &amp;selection in the file manager</source>
+        <extracomment>A check box at the foot of the window</extracomment>
+        <translation>&amp;Sledovat výběr ve správci souborů</translation>
+    </message>
+    <message>
+        <source>&amp;Picture</source>
+        <extracomment>A menu of the menu bar</extracomment>
+        <translation>S&amp;nímek</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <extracomment>A menu of the menu bar</extracomment>
+        <translation>Nápo&amp;věda</translation>
+    </message>
+    <message>
+        <source>&amp;Open…</source>
+        <extracomment>Menu entry: has the user choose a file</extracomment>
+        <translation>&amp;Otevřít…</translation>
+    </message>
+    <message>
+        <source>Open in &amp;Map Service</source>
+        <extracomment>Menu entry: its submenu has the web maps</extracomment>
+        <translation>Otevřít v &amp;mapové službě</translation>
+    </message>
+    <message>
+        <source>Cop&amp;y Coordinate</source>
+        <extracomment>Menu entry: copies the coordinate as the window shows it</extracomment>
+        <translation>&amp;Kopírovat souřadnice</translation>
+    </message>
+    <message>
+        <source>Copy as &amp;Decimal Degrees</source>
+        <extracomment>Menu entry: copies the coordinate, as in &quot;-54.80190, -68.30300&quot;</extracomment>
+        <translation>Kopírovat v &amp;desetinných stupních</translation>
+    </message>
+    <message>
+        <source>&amp;Read More Kinds of Files</source>
+        <extracomment>Menu entry with a check mark: has pictures of more kinds and videos read, too</extracomment>
+        <translation>Číst více &amp;typů souborů</translation>
+    </message>
+    <message>
+        <source>&amp;Close Window</source>
+        <extracomment>Menu entry: the program goes on running</extracomment>
+        <translation>&amp;Zavřít okno</translation>
+    </message>
+    <message>
+        <source>&amp;Quit Pinorama</source>
+        <extracomment>Menu entry: ends the program. Pinorama is its name and stays</extracomment>
+        <translation>&amp;Ukončit Pinorama</translation>
+    </message>
+    <message>
+        <source>Pinorama &amp;Manual</source>
+        <extracomment>Menu entry: opens the manual. Pinorama stays</extracomment>
+        <translation>&amp;Příručka k aplikaci Pinorama</translation>
+    </message>
+    <message>
+        <source>Pinorama &amp;Home Page</source>
+        <extracomment>Menu entry: opens the page in the browser. Pinorama stays</extracomment>
+        <translation>&amp;Domovská stránka aplikace Pinorama</translation>
+    </message>
+    <message>
+        <source>&amp;Donate…</source>
+        <extracomment>Menu entry: opens a page on which one can give the makers money</extracomment>
+        <translation>Při&amp;spět…</translation>
+    </message>
+    <message>
+        <source>&amp;About Pinorama</source>
+        <extracomment>Menu entry: opens the dialog with the version and the licence. Pinorama stays</extracomment>
+        <translation>&amp;O aplikaci Pinorama</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::MoreKinds</name>
+    <message>
+        <source>From Exif</source>
+        <extracomment>Tool tip: the part of the file that has the value. Exif is a name and stays</extracomment>
+        <translation>Z Exif</translation>
+    </message>
+    <message>
+        <source>From IPTC</source>
+        <extracomment>Tool tip: the part of the file that has the value. IPTC is a name and stays</extracomment>
+        <translation>Z IPTC</translation>
+    </message>
+    <message>
+        <source>From XMP in the file</source>
+        <extracomment>Tool tip: the part of the file that has the value. XMP is a name and stays</extracomment>
+        <translation>Z XMP v souboru</translation>
+    </message>
+    <message>
+        <source>From the video</source>
+        <extracomment>Tool tip: the value stands in the video itself</extracomment>
+        <translation>Z videa</translation>
+    </message>
+    <message>
+        <source>From the XMP file beside it</source>
+        <extracomment>Tool tip: the value stands in another file in the same folder. XMP is a name and stays</extracomment>
+        <translation>Ze souboru XMP vedle něj</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::MoreKindsNotice</name>
+    <message>
+        <source>Read Them</source>
+        <extracomment>Button of the notice &quot;... pictures can be read, too&quot;: has them read from now on</extracomment>
+        <translation>Číst je</translation>
+    </message>
+    <message>
+        <source>%1 pictures can be read, too.</source>
+        <extracomment>A notice in the window; %1 is the name of a kind, such as &quot;HEIC&quot;, and no number</extracomment>
+        <translation>Lze číst i snímky %1.</translation>
+    </message>
+    <message>
+        <source>%1 videos can be read, too.</source>
+        <extracomment>A notice in the window; %1 is the name of a kind, such as &quot;MP4&quot;, and no number</extracomment>
+        <translation>Lze číst i videa %1.</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::NearbyModel</name>
+    <message>
+        <source>same place</source>
+        <extracomment>Below a picture, in the place of a distance: it was taken where the other one was</extracomment>
+        <translation>stejné místo</translation>
+    </message>
+    <message>
+        <source>%1 m %2</source>
+        <extracomment>Below a picture: %1 is a distance, %2 a point of the compass: 350 m NE</extracomment>
+        <translation>%1&#xa0;m %2</translation>
+    </message>
+    <message>
+        <source>%1 km %2</source>
+        <extracomment>Below a picture: %1 is a distance, %2 a point of the compass: 1.2 km NE</extracomment>
+        <translation>%1&#xa0;km %2</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::NearbyWindow</name>
+    <message>
+        <source>&amp;Stop</source>
+        <extracomment>Button: ends the search</extracomment>
+        <translation>&amp;Zastavit</translation>
+    </message>
+    <message>
+        <source>Pictures Nearby</source>
+        <extracomment>Title of the window</extracomment>
+        <translation>Snímky poblíž</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <extracomment>Context menu: opens the picture in the program for it</extracomment>
+        <translation>&amp;Otevřít</translation>
+    </message>
+    <message>
+        <source>Open &amp;With...</source>
+        <extracomment>Context menu: has the user choose the program</extracomment>
+        <translation>Otevřít &amp;pomocí...</translation>
+    </message>
+    <message>
+        <source>Within %1 m of %2</source>
+        <extracomment>Above the pictures that were found; %1 is a distance, %2 the name of a file</extracomment>
+        <translation>Do %1&#xa0;m od %2</translation>
+    </message>
+    <message>
+        <source>Searching...</source>
+        <extracomment>Below the pictures, until the first is found</extracomment>
+        <translation>Hledání...</translation>
+    </message>
+    <message>
+        <source>Searching... Pictures found so far: %1</source>
+        <extracomment>Below the pictures: %1 is their number</extracomment>
+        <translation>Hledání... Dosud nalezeno snímků: %1</translation>
+    </message>
+    <message>
+        <source>Stopped. Pictures found until then: %1</source>
+        <extracomment>Below the pictures, after the button &quot;Stop&quot;: %1 is their number</extracomment>
+        <translation>Zastaveno. Do té doby nalezeno snímků: %1</translation>
+    </message>
+    <message>
+        <source>The search ended too early. Pictures found until then: %1</source>
+        <extracomment>Below the pictures: the search failed; %1 is their number</extracomment>
+        <translation>Hledání skončilo předčasně. Do té doby nalezeno snímků: %1</translation>
+    </message>
+    <message>
+        <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
+        <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
+        <translation>Snímky nelze hledat: program pinorama-search se nespouští.</translation>
+    </message>
+    <message>
+        <source>Pictures found: %1. The nearest %2 are shown.</source>
+        <extracomment>Below the pictures: %1 and %2 are numbers</extracomment>
+        <translation>Nalezeno snímků: %1. Zobrazeny jsou nejbližší: %2.</translation>
+    </message>
+    <message>
+        <source>Pictures found: %1</source>
+        <extracomment>Below the pictures: %1 is their number</extracomment>
+        <translation>Nalezeno snímků: %1</translation>
+    </message>
+    <message>
+        <source>No other picture within %1 m was found in these folders:
+%2</source>
+        <extracomment>In the place of the pictures; %1 is a distance, %2 a list of folders</extracomment>
+        <translation>Do %1&#xa0;m nebyl v těchto složkách nalezen žádný jiný snímek:
+%2</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::Notice</name>
+    <message>
+        <source>&amp;Dismiss</source>
+        <extracomment>A button that takes a notice in the window away</extracomment>
+        <translation>S&amp;krýt</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::PathIntake</name>
+    <message>
+        <source>Open Picture</source>
+        <extracomment>Title of the file dialog</extracomment>
+        <translation>Otevřít snímek</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::PictureWords</name>
+    <message>
+        <source>%1 is a folder.</source>
+        <extracomment>The foot of the window; so are the others. %1 is the name of the file that is shown</extracomment>
+        <translation>%1 je složka.</translation>
+    </message>
+    <message>
+        <source>%1 is no file that can be read.</source>
+        <extracomment>A pipe or a device</extracomment>
+        <translation>%1 není soubor, který lze číst.</translation>
+    </message>
+    <message>
+        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
+        <extracomment>The foot of the window. JPEG stays</extracomment>
+        <translation>Soubory tohoto typu se nečtou, jen JPEG a soubory RAW fotoaparátů.</translation>
+    </message>
+    <message>
+        <source>There is no file %1.</source>
+        <extracomment>The foot of the window; %1 is the name of a file</extracomment>
+        <translation>Soubor %1 neexistuje.</translation>
+    </message>
+    <message>
+        <source>You are not allowed to read %1.</source>
+        <extracomment>The foot of the window; %1 is the name of a file</extracomment>
+        <translation>Nemáte oprávnění číst %1.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2.</source>
+        <extracomment>%2 is the system&apos;s reason, such as &quot;Input/output error&quot;</extracomment>
+        <translation>%1 nelze otevřít: %2.</translation>
+    </message>
+    <message>
+        <source>This picture does not say where it was taken.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>Tento snímek neuvádí, kde byl pořízen.</translation>
+    </message>
+    <message>
+        <source>Several files are selected; the window shows one at a time.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>Je vybráno několik souborů; okno ukazuje vždy jen jeden.</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::PlaceActions</name>
+    <message>
+        <source>The globe program cannot be started.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>Program s glóbem nelze spustit.</translation>
+    </message>
+    <message>
+        <source>Needs Marble, Google Earth or another program that opens KML files</source>
+        <extracomment>The second line of a tool tip</extracomment>
+        <translation>Vyžaduje Marble, Google Earth nebo jiný program, který otevírá soubory KML</translation>
+    </message>
+    <message>
+        <source>Without Skallion, pictures nearby are looked for in the folders around this one</source>
+        <extracomment>The second line of a tool tip</extracomment>
+        <translation>Bez programu Skallion se snímky poblíž hledají v okolních složkách</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::ReadingNotice</name>
+    <message>
+        <source>Still reading %1...</source>
+        <extracomment>The foot of the window; %1 is the name of a file</extracomment>
+        <translation>Čte se %1...</translation>
+    </message>
+    <message>
+        <source>%1 could not be read.</source>
+        <extracomment>The foot of the window; %1 is the name of a file</extracomment>
+        <translation>%1 nelze přečíst.</translation>
+    </message>
+    <message>
+        <source>%1 does not answer.</source>
+        <extracomment>The foot of the window; %1 is the name of a file that is being read and takes too long, as when a network is gone</extracomment>
+        <translation>%1 neodpovídá.</translation>
+    </message>
+    <message>
+        <source>The XMP file beside %1 could not be read.</source>
+        <extracomment>The foot of the window; %1 is the name of a file. XMP is a kind of file and stays</extracomment>
+        <translation>Soubor XMP vedle %1 nelze přečíst.</translation>
+    </message>
+    <message>
+        <source>The XMP file beside %1 does not answer.</source>
+        <extracomment>The foot of the window; %1 is the name of a file. XMP is a kind of file and stays</extracomment>
+        <translation>Soubor XMP vedle %1 neodpovídá.</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::SayingOpener</name>
+    <message>
+        <source>No web browser is installed.</source>
+        <extracomment>The foot of the window; so are the others</extracomment>
+        <translation>Není nainstalován žádný webový prohlížeč.</translation>
+    </message>
+    <message>
+        <source>No program opens geo: addresses. Marble and GNOME Maps do.</source>
+        <extracomment>&quot;geo:&quot; is the beginning of an address; the names are those of programs</extracomment>
+        <translation>Adresy geo: neotevírá žádný program. Otevírají je Marble a Mapy GNOME.</translation>
+    </message>
+    <message>
+        <source>No program opens KML files. Marble and Google Earth do.</source>
+        <extracomment>The foot of the window. KML is a kind of file; the names of programs stay</extracomment>
+        <translation>Soubory KML neotevírá žádný program. Otevírají je Marble a Google Earth.</translation>
+    </message>
+    <message>
+        <source>No program opens addresses that begin with %1:.</source>
+        <extracomment>%1 is the beginning of an address, such as &quot;om&quot;</extracomment>
+        <translation>Adresy, které začínají na %1:, neotevírá žádný program.</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::StaleFields</name>
+    <message>
+        <source>from %1</source>
+        <extracomment>Of a text that belongs to an earlier picture; %1 is the name of that</extracomment>
+        <translation>z %1</translation>
+    </message>
+</context>
+</TS>
