@@ -1,0 +1,630 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="sv_SE" sourcelanguage="en_US">
+<context>
+    <name>AboutBox</name>
+    <message>
+        <source>About Pinorama</source>
+        <extracomment>Title of the dialog. Pinorama stays</extracomment>
+        <translation>Om Pinorama</translation>
+    </message>
+    <message>
+        <source>Shows where the picture selected in the file manager was taken.</source>
+        <extracomment>In the dialog &quot;About Pinorama&quot;: what the program does</extracomment>
+        <translation>Visar var bilden som är markerad i filhanteraren togs.</translation>
+    </message>
+    <message>
+        <source>Free software under the GNU General Public License, version 3 or later. It comes with no warranty.</source>
+        <extracomment>In the dialog &quot;About Pinorama&quot;. The name of the licence stays</extracomment>
+        <translation>Fri programvara under GNU General Public License, version 3 eller senare. Utan någon som helst garanti.</translation>
+    </message>
+    <message>
+        <source>Made with these libraries:</source>
+        <extracomment>In the dialog &quot;About Pinorama&quot;, above a list</extracomment>
+        <translation>Bibliotek som används:</translation>
+    </message>
+    <message>
+        <source>Places and map are made from:</source>
+        <extracomment>In the dialog &quot;About Pinorama&quot;, above a list of sources</extracomment>
+        <translation>Källor till platser och karta:</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::AccessibilityNotice</name>
+    <message>
+        <source>S&amp;witch On</source>
+        <extracomment>Button of the notice about accessibility: switches it on</extracomment>
+        <translation>Slå &amp;på</translation>
+    </message>
+    <message>
+        <source>Pinorama can follow the selection in %1 once accessibility is on. This is a permanent setting of your desktop; restart the file manager after switching it on.</source>
+        <extracomment>A notice in the window; %1 is the name of a file manager. Accessibility as in the settings of desktops</extracomment>
+        <translation>Pinorama kan följa markeringen i %1 när hjälpmedel är påslaget. Det är en bestående inställning i skrivbordsmiljön; starta om filhanteraren när du har slagit på det.</translation>
+    </message>
+    <message>
+        <source>Accessibility is on. Restart %1 or log in again; Pinorama then follows its selection.</source>
+        <extracomment>A notice in the window; %1 is the name of a file manager</extracomment>
+        <translation>Hjälpmedel är påslaget. Starta om %1 eller logga in på nytt; sedan följer Pinorama markeringen.</translation>
+    </message>
+    <message>
+        <source>Accessibility could not be switched on. The manual explains how to do it by hand.</source>
+        <extracomment>A notice in the window</extracomment>
+        <translation>Hjälpmedel kunde inte slås på. Handboken förklarar hur man gör det för hand.</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::AppController</name>
+    <message>
+        <source>Files cannot be opened: the program pinorama-opener does not start.</source>
+        <extracomment>The foot of the window. pinorama-opener is the name of a program and stays</extracomment>
+        <translation>Filer kan inte öppnas: programmet pinorama-opener startar inte.</translation>
+    </message>
+    <message>
+        <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
+        <extracomment>The foot of the window. pinorama-reader is the name of a program and stays</extracomment>
+        <translation>Bilder kan inte läsas: programmet pinorama-reader startar inte.</translation>
+    </message>
+    <message>
+        <source>Re&amp;load</source>
+        <extracomment>Reads the file again that is shown</extracomment>
+        <translation>Läs &amp;om</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::CopyMenu</name>
+    <message>
+        <source>Copy &amp;It As</source>
+        <extracomment>The menu of the forms in which a place can be copied</extracomment>
+        <translation>Kop&amp;iera som</translation>
+    </message>
+    <message>
+        <source>As Shown</source>
+        <extracomment>Entry of the menu &quot;Copy It As&quot;: the coordinate as the window shows it</extracomment>
+        <translation>Som det visas</translation>
+    </message>
+    <message>
+        <source>Decimal Degrees</source>
+        <extracomment>Entry of the menu &quot;Copy It As&quot;: copies &quot;-54.80190, -68.30300&quot;</extracomment>
+        <translation>Decimalgrader</translation>
+    </message>
+    <message>
+        <source>Degrees and Decimal Minutes</source>
+        <extracomment>Entry of the menu &quot;Copy It As&quot;: copies &quot;54° 48.114&apos; S&quot;</extracomment>
+        <translation>Grader och decimalminuter</translation>
+    </message>
+    <message>
+        <source>geo: Address</source>
+        <extracomment>An address that begins with &quot;geo:&quot;, which map programs take</extracomment>
+        <translation>geo:-adress</translation>
+    </message>
+    <message>
+        <source>Place in Words</source>
+        <extracomment>Copies &quot;Near Ushuaia, Argentina&quot;</extracomment>
+        <translation>Platsen i ord</translation>
+    </message>
+    <message>
+        <source>Link to %1</source>
+        <extracomment>%1 is a map service, such as OpenStreetMap</extracomment>
+        <translation>Länk till %1</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::ExportDialog</name>
+    <message>
+        <source>KML files (*.kml)</source>
+        <extracomment>Kind of files in a file dialog; &quot;(*.kml)&quot; stays</extracomment>
+        <translation>KML-filer (*.kml)</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::ExportNotice</name>
+    <message>
+        <source>the disk is full.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
+        <translation>disken är full.</translation>
+    </message>
+    <message>
+        <source>writing there is not allowed.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
+        <translation>det är inte tillåtet att skriva där.</translation>
+    </message>
+    <message>
+        <source>there is no such folder.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
+        <translation>mappen finns inte.</translation>
+    </message>
+    <message>
+        <source>a folder has that name.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
+        <translation>en mapp har det namnet.</translation>
+    </message>
+    <message>
+        <source>%1 could not be written: %2</source>
+        <extracomment>A notice in the window: %1 is the name of a file, %2 a reason, with its full stop</extracomment>
+        <translation>%1 kunde inte skrivas: %2</translation>
+    </message>
+    <message>
+        <source>%1 was saved.</source>
+        <extracomment>%1 is the name of a file that was written</extracomment>
+        <translation>%1 har sparats.</translation>
+    </message>
+    <message>
+        <source>Show in Fo&amp;lder</source>
+        <extracomment>A button: shows the file in the file manager</extracomment>
+        <translation>Visa i &amp;mapp</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::MainWindow</name>
+    <message>
+        <source>Preview</source>
+        <extracomment>What a screen reader says of the small picture</extracomment>
+        <translation>Förhandsvisning</translation>
+    </message>
+    <message>
+        <source>A click shows more of the surroundings, or less</source>
+        <extracomment>Of the small map.</extracomment>
+        <translation>Ett klick visar mer eller mindre av omgivningen</translation>
+    </message>
+    <message>
+        <source>The picture has a location</source>
+        <extracomment>Tool tip of the pin in the corner of the small map</extracomment>
+        <translation>Bilden har en plats</translation>
+    </message>
+    <message>
+        <source>Opens the location in a web map</source>
+        <extracomment>Tool tip of the pop-up menu of map services</extracomment>
+        <translation>Öppnar platsen i en webbkarta</translation>
+    </message>
+    <message>
+        <source>Map Services</source>
+        <extracomment>The first line of a pop-up menu of web maps</extracomment>
+        <translation>Karttjänster</translation>
+    </message>
+    <message>
+        <source>Flies the globe program to the location</source>
+        <extracomment>Tool tip of the button &quot;Show in Globe&quot;</extracomment>
+        <translation>Flyger till platsen i jordglobsprogrammet</translation>
+    </message>
+    <message>
+        <source>Show in &amp;Globe</source>
+        <extracomment>A button: shows the place in a globe program such as Marble. Keep it short</extracomment>
+        <translation>Visa på &amp;jordglob</translation>
+    </message>
+    <message>
+        <source>Finds all catalogued pictures taken within 2000 m</source>
+        <extracomment>Tool tip of the button &quot;Find in Skallion&quot;</extracomment>
+        <translation>Hittar alla katalogiserade bilder tagna inom 2000 m</translation>
+    </message>
+    <message>
+        <source>&amp;Find in Skallion</source>
+        <extracomment>A button. Skallion is a program that catalogues pictures; the name stays. Keep it short</extracomment>
+        <translation>&amp;Sök i Skallion</translation>
+    </message>
+    <message>
+        <source>Writes the location as a placemark file</source>
+        <extracomment>Tool tip of the button &quot;Export as KML&quot;</extracomment>
+        <translation>Skriver platsen till en fil som platsmärke</translation>
+    </message>
+    <message>
+        <source>&amp;Export as KML…</source>
+        <extracomment>A button. KML is a kind of file; the name stays. Keep it short</extracomment>
+        <translation>&amp;Exportera som KML…</translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <extracomment>Caption before the name of the file</extracomment>
+        <translation>Namn:</translation>
+    </message>
+    <message>
+        <source>Select a picture, or drop one here</source>
+        <extracomment>Stands in the empty field for the name until a picture is shown</extracomment>
+        <translation>Markera en bild eller släpp en här</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <extracomment>What a screen reader says before the place in words.</extracomment>
+        <translation>Plats</translation>
+    </message>
+    <message>
+        <source>Taken:</source>
+        <extracomment>The time at which the picture was taken.</extracomment>
+        <translation>Taget:</translation>
+    </message>
+    <message>
+        <source>Size:</source>
+        <extracomment>Caption before the size of the file, such as &quot;1.2 MB&quot;</extracomment>
+        <translation>Storlek:</translation>
+    </message>
+    <message>
+        <source>Modified:</source>
+        <extracomment>Caption before the time at which the file was last changed</extracomment>
+        <translation>Ändrat:</translation>
+    </message>
+    <message>
+        <source>Created:</source>
+        <extracomment>Caption before the time at which the file was made</extracomment>
+        <translation>Skapat:</translation>
+    </message>
+    <message>
+        <source>Coordinate:</source>
+        <extracomment>Caption before the coordinate of the place</extracomment>
+        <translation>Koordinat:</translation>
+    </message>
+    <message>
+        <source>Altitude:</source>
+        <extracomment>Caption before the height above the sea, such as &quot;1,200 m&quot;</extracomment>
+        <translation>Höjd:</translation>
+    </message>
+    <message>
+        <source>Direction:</source>
+        <extracomment>Caption before the direction that the camera looked in</extracomment>
+        <translation>Riktning:</translation>
+    </message>
+    <message>
+        <source>City:</source>
+        <extracomment>Caption before the name of the town, which the photographer wrote into the picture</extracomment>
+        <translation>Ort:</translation>
+    </message>
+    <message>
+        <source>State:</source>
+        <extracomment>Caption before the name of the state or province, which the photographer wrote into the picture</extracomment>
+        <translation>Län:</translation>
+    </message>
+    <message>
+        <source>Country:</source>
+        <extracomment>Caption before the name of the country, which the photographer wrote into the picture</extracomment>
+        <translation>Land:</translation>
+    </message>
+    <message>
+        <source>Caption:</source>
+        <extracomment>Caption before the description, which the photographer wrote into the picture</extracomment>
+        <translation>Bildtext:</translation>
+    </message>
+    <message>
+        <source>Always shows the picture selected in the file manager</source>
+        <extracomment>Tool tip of the check box &quot;Follow the selection&quot;</extracomment>
+        <translation>Visar alltid bilden som är markerad i filhanteraren</translation>
+    </message>
+    <message>
+        <source>Follow the &amp;selection in the file manager</source>
+        <extracomment>A check box at the foot of the window</extracomment>
+        <translation>&amp;Följ markeringen i filhanteraren</translation>
+    </message>
+    <message>
+        <source>&amp;Picture</source>
+        <extracomment>A menu of the menu bar</extracomment>
+        <translation>&amp;Bild</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <extracomment>A menu of the menu bar</extracomment>
+        <translation>&amp;Hjälp</translation>
+    </message>
+    <message>
+        <source>&amp;Open…</source>
+        <extracomment>Menu entry: has the user choose a file</extracomment>
+        <translation>&amp;Öppna…</translation>
+    </message>
+    <message>
+        <source>Open in &amp;Map Service</source>
+        <extracomment>Menu entry: its submenu has the web maps</extracomment>
+        <translation>Öppna i &amp;karttjänst</translation>
+    </message>
+    <message>
+        <source>Cop&amp;y Coordinate</source>
+        <extracomment>Menu entry: copies the coordinate as the window shows it</extracomment>
+        <translation>Ko&amp;piera koordinat</translation>
+    </message>
+    <message>
+        <source>Copy as &amp;Decimal Degrees</source>
+        <extracomment>Menu entry: copies the coordinate, as in &quot;-54.80190, -68.30300&quot;</extracomment>
+        <translation>Kopiera som &amp;decimalgrader</translation>
+    </message>
+    <message>
+        <source>&amp;Read More Kinds of Files</source>
+        <extracomment>Menu entry with a check mark: has pictures of more kinds and videos read, too</extracomment>
+        <translation>&amp;Läs fler filtyper</translation>
+    </message>
+    <message>
+        <source>&amp;Close Window</source>
+        <extracomment>Menu entry: the program goes on running</extracomment>
+        <translation>S&amp;täng fönstret</translation>
+    </message>
+    <message>
+        <source>&amp;Quit Pinorama</source>
+        <extracomment>Menu entry: ends the program. Pinorama is its name and stays</extracomment>
+        <translation>&amp;Avsluta Pinorama</translation>
+    </message>
+    <message>
+        <source>Pinorama &amp;Manual</source>
+        <extracomment>Menu entry: opens the manual. Pinorama stays</extracomment>
+        <translation>&amp;Handbok till Pinorama</translation>
+    </message>
+    <message>
+        <source>Pinorama &amp;Home Page</source>
+        <extracomment>Menu entry: opens the page in the browser. Pinorama stays</extracomment>
+        <translation>Pinoramas &amp;webbplats</translation>
+    </message>
+    <message>
+        <source>&amp;Donate…</source>
+        <extracomment>Menu entry: opens a page on which one can give the makers money</extracomment>
+        <translation>&amp;Donera…</translation>
+    </message>
+    <message>
+        <source>&amp;About Pinorama</source>
+        <extracomment>Menu entry: opens the dialog with the version and the licence. Pinorama stays</extracomment>
+        <translation>&amp;Om Pinorama</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::MoreKinds</name>
+    <message>
+        <source>From Exif</source>
+        <extracomment>Tool tip: the part of the file that has the value. Exif is a name and stays</extracomment>
+        <translation>Från Exif</translation>
+    </message>
+    <message>
+        <source>From IPTC</source>
+        <extracomment>Tool tip: the part of the file that has the value. IPTC is a name and stays</extracomment>
+        <translation>Från IPTC</translation>
+    </message>
+    <message>
+        <source>From XMP in the file</source>
+        <extracomment>Tool tip: the part of the file that has the value. XMP is a name and stays</extracomment>
+        <translation>Från XMP i filen</translation>
+    </message>
+    <message>
+        <source>From the video</source>
+        <extracomment>Tool tip: the value stands in the video itself</extracomment>
+        <translation>Från videon</translation>
+    </message>
+    <message>
+        <source>From the XMP file beside it</source>
+        <extracomment>Tool tip: the value stands in another file in the same folder. XMP is a name and stays</extracomment>
+        <translation>Från XMP-filen bredvid</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::MoreKindsNotice</name>
+    <message>
+        <source>Read Them</source>
+        <extracomment>Button of the notice &quot;... pictures can be read, too&quot;: has them read from now on</extracomment>
+        <translation>Läs dem</translation>
+    </message>
+    <message>
+        <source>%1 pictures can be read, too.</source>
+        <extracomment>A notice in the window; %1 is the name of a kind, such as &quot;HEIC&quot;, and no number</extracomment>
+        <translation>%1-bilder kan också läsas.</translation>
+    </message>
+    <message>
+        <source>%1 videos can be read, too.</source>
+        <extracomment>A notice in the window; %1 is the name of a kind, such as &quot;MP4&quot;, and no number</extracomment>
+        <translation>%1-videor kan också läsas.</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::NearbyModel</name>
+    <message>
+        <source>same place</source>
+        <extracomment>Below a picture, in the place of a distance: it was taken where the other one was</extracomment>
+        <translation>samma plats</translation>
+    </message>
+    <message>
+        <source>%1 m %2</source>
+        <extracomment>Below a picture: %1 is a distance, %2 a point of the compass: 350 m NE</extracomment>
+        <translation>%1&#xa0;m %2</translation>
+    </message>
+    <message>
+        <source>%1 km %2</source>
+        <extracomment>Below a picture: %1 is a distance, %2 a point of the compass: 1.2 km NE</extracomment>
+        <translation>%1&#xa0;km %2</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::NearbyWindow</name>
+    <message>
+        <source>&amp;Stop</source>
+        <extracomment>Button: ends the search</extracomment>
+        <translation>&amp;Stoppa</translation>
+    </message>
+    <message>
+        <source>Pictures Nearby</source>
+        <extracomment>Title of the window</extracomment>
+        <translation>Bilder i närheten</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <extracomment>Context menu: opens the picture in the program for it</extracomment>
+        <translation>&amp;Öppna</translation>
+    </message>
+    <message>
+        <source>Open &amp;With...</source>
+        <extracomment>Context menu: has the user choose the program</extracomment>
+        <translation>Öppna &amp;med...</translation>
+    </message>
+    <message>
+        <source>Within %1 m of %2</source>
+        <extracomment>Above the pictures that were found; %1 is a distance, %2 the name of a file</extracomment>
+        <translation>Inom %1&#xa0;m från %2</translation>
+    </message>
+    <message>
+        <source>Searching...</source>
+        <extracomment>Below the pictures, until the first is found</extracomment>
+        <translation>Söker...</translation>
+    </message>
+    <message>
+        <source>Searching... Pictures found so far: %1</source>
+        <extracomment>Below the pictures: %1 is their number</extracomment>
+        <translation>Söker... Bilder hittade hittills: %1</translation>
+    </message>
+    <message>
+        <source>Stopped. Pictures found until then: %1</source>
+        <extracomment>Below the pictures, after the button &quot;Stop&quot;: %1 is their number</extracomment>
+        <translation>Stoppad. Bilder hittade fram till dess: %1</translation>
+    </message>
+    <message>
+        <source>The search ended too early. Pictures found until then: %1</source>
+        <extracomment>Below the pictures: the search failed; %1 is their number</extracomment>
+        <translation>Sökningen avslutades för tidigt. Bilder hittade fram till dess: %1</translation>
+    </message>
+    <message>
+        <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
+        <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
+        <translation>Bilder kan inte sökas: programmet pinorama-search startar inte.</translation>
+    </message>
+    <message>
+        <source>Pictures found: %1. The nearest %2 are shown.</source>
+        <extracomment>Below the pictures: %1 and %2 are numbers</extracomment>
+        <translation>Hittade bilder: %1. De närmaste %2 visas.</translation>
+    </message>
+    <message>
+        <source>Pictures found: %1</source>
+        <extracomment>Below the pictures: %1 is their number</extracomment>
+        <translation>Hittade bilder: %1</translation>
+    </message>
+    <message>
+        <source>No other picture within %1 m was found in these folders:
+%2</source>
+        <extracomment>In the place of the pictures; %1 is a distance, %2 a list of folders</extracomment>
+        <translation>Inga andra bilder inom %1&#xa0;m hittades i dessa mappar:
+%2</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::Notice</name>
+    <message>
+        <source>&amp;Dismiss</source>
+        <extracomment>A button that takes a notice in the window away</extracomment>
+        <translation>&amp;Dölj</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::PathIntake</name>
+    <message>
+        <source>Open Picture</source>
+        <extracomment>Title of the file dialog</extracomment>
+        <translation>Öppna bild</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::PictureWords</name>
+    <message>
+        <source>%1 is a folder.</source>
+        <extracomment>The foot of the window; so are the others. %1 is the name of the file that is shown</extracomment>
+        <translation>%1 är en mapp.</translation>
+    </message>
+    <message>
+        <source>%1 is no file that can be read.</source>
+        <extracomment>A pipe or a device</extracomment>
+        <translation>%1 är ingen fil som kan läsas.</translation>
+    </message>
+    <message>
+        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
+        <extracomment>The foot of the window. JPEG stays</extracomment>
+        <translation>Filer av den här typen läses inte, bara JPEG och kamerors råfiler.</translation>
+    </message>
+    <message>
+        <source>There is no file %1.</source>
+        <extracomment>The foot of the window; %1 is the name of a file</extracomment>
+        <translation>Det finns ingen fil %1.</translation>
+    </message>
+    <message>
+        <source>You are not allowed to read %1.</source>
+        <extracomment>The foot of the window; %1 is the name of a file</extracomment>
+        <translation>Du får inte läsa %1.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2.</source>
+        <extracomment>%2 is the system&apos;s reason, such as &quot;Input/output error&quot;</extracomment>
+        <translation>%1 kan inte öppnas: %2.</translation>
+    </message>
+    <message>
+        <source>This picture does not say where it was taken.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>Den här bilden anger inte var den togs.</translation>
+    </message>
+    <message>
+        <source>Several files are selected; the window shows one at a time.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>Flera filer är markerade; fönstret visar en åt gången.</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::PlaceActions</name>
+    <message>
+        <source>The globe program cannot be started.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>Jordglobsprogrammet kan inte startas.</translation>
+    </message>
+    <message>
+        <source>Needs Marble, Google Earth or another program that opens KML files</source>
+        <extracomment>The second line of a tool tip</extracomment>
+        <translation>Kräver Marble, Google Earth eller ett annat program som öppnar KML-filer</translation>
+    </message>
+    <message>
+        <source>Without Skallion, pictures nearby are looked for in the folders around this one</source>
+        <extracomment>The second line of a tool tip</extracomment>
+        <translation>Utan Skallion söks bilder i närheten i mapparna runt den här</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::ReadingNotice</name>
+    <message>
+        <source>Still reading %1...</source>
+        <extracomment>The foot of the window; %1 is the name of a file</extracomment>
+        <translation>Läser fortfarande %1...</translation>
+    </message>
+    <message>
+        <source>%1 could not be read.</source>
+        <extracomment>The foot of the window; %1 is the name of a file</extracomment>
+        <translation>%1 kunde inte läsas.</translation>
+    </message>
+    <message>
+        <source>%1 does not answer.</source>
+        <extracomment>The foot of the window; %1 is the name of a file that is being read and takes too long, as when a network is gone</extracomment>
+        <translation>%1 svarar inte.</translation>
+    </message>
+    <message>
+        <source>The XMP file beside %1 could not be read.</source>
+        <extracomment>The foot of the window; %1 is the name of a file. XMP is a kind of file and stays</extracomment>
+        <translation>XMP-filen bredvid %1 kunde inte läsas.</translation>
+    </message>
+    <message>
+        <source>The XMP file beside %1 does not answer.</source>
+        <extracomment>The foot of the window; %1 is the name of a file. XMP is a kind of file and stays</extracomment>
+        <translation>XMP-filen bredvid %1 svarar inte.</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::SayingOpener</name>
+    <message>
+        <source>No web browser is installed.</source>
+        <extracomment>The foot of the window; so are the others</extracomment>
+        <translation>Ingen webbläsare är installerad.</translation>
+    </message>
+    <message>
+        <source>No program opens geo: addresses. Marble and GNOME Maps do.</source>
+        <extracomment>&quot;geo:&quot; is the beginning of an address; the names are those of programs</extracomment>
+        <translation>Inget program öppnar geo:-adresser. Det gör Marble och GNOME Kartor.</translation>
+    </message>
+    <message>
+        <source>No program opens KML files. Marble and Google Earth do.</source>
+        <extracomment>The foot of the window. KML is a kind of file; the names of programs stay</extracomment>
+        <translation>Inget program öppnar KML-filer. Det gör Marble och Google Earth.</translation>
+    </message>
+    <message>
+        <source>No program opens addresses that begin with %1:.</source>
+        <extracomment>%1 is the beginning of an address, such as &quot;om&quot;</extracomment>
+        <translation>Inget program öppnar adresser som börjar med %1:.</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::StaleFields</name>
+    <message>
+        <source>from %1</source>
+        <extracomment>Of a text that belongs to an earlier picture; %1 is the name of that</extracomment>
+        <translation>från %1</translation>
+    </message>
+</context>
+</TS>
