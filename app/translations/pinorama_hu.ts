@@ -1,0 +1,630 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="hu_HU" sourcelanguage="en_US">
+<context>
+    <name>AboutBox</name>
+    <message>
+        <source>About Pinorama</source>
+        <extracomment>Title of the dialog. Pinorama stays</extracomment>
+        <translation>A Pinorama névjegye</translation>
+    </message>
+    <message>
+        <source>Shows where the picture selected in the file manager was taken.</source>
+        <extracomment>In the dialog &quot;About Pinorama&quot;: what the program does</extracomment>
+        <translation>Megmutatja, hol készült a fájlkezelőben kijelölt kép.</translation>
+    </message>
+    <message>
+        <source>Free software under the GNU General Public License, version 3 or later. It comes with no warranty.</source>
+        <extracomment>In the dialog &quot;About Pinorama&quot;. The name of the licence stays</extracomment>
+        <translation>Szabad szoftver a GNU General Public License 3. vagy újabb változata szerint. Semmilyen garancia nem jár hozzá.</translation>
+    </message>
+    <message>
+        <source>Made with these libraries:</source>
+        <extracomment>In the dialog &quot;About Pinorama&quot;, above a list</extracomment>
+        <translation>Felhasznált programkönyvtárak:</translation>
+    </message>
+    <message>
+        <source>Places and map are made from:</source>
+        <extracomment>In the dialog &quot;About Pinorama&quot;, above a list of sources</extracomment>
+        <translation>A helyek és a térkép forrásai:</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::AccessibilityNotice</name>
+    <message>
+        <source>S&amp;witch On</source>
+        <extracomment>Button of the notice about accessibility: switches it on</extracomment>
+        <translation>&amp;Bekapcsolás</translation>
+    </message>
+    <message>
+        <source>Pinorama can follow the selection in %1 once accessibility is on. This is a permanent setting of your desktop; restart the file manager after switching it on.</source>
+        <extracomment>A notice in the window; %1 is the name of a file manager. Accessibility as in the settings of desktops</extracomment>
+        <translation>A Pinorama követni tudja a kijelölést itt: %1, amint az akadálymentesítés be van kapcsolva. Ez az asztali környezet tartós beállítása; a bekapcsolás után indítsa újra a fájlkezelőt.</translation>
+    </message>
+    <message>
+        <source>Accessibility is on. Restart %1 or log in again; Pinorama then follows its selection.</source>
+        <extracomment>A notice in the window; %1 is the name of a file manager</extracomment>
+        <translation>Az akadálymentesítés be van kapcsolva. Indítsa újra ezt: %1, vagy jelentkezzen be ismét; a Pinorama ezután követi a kijelölést.</translation>
+    </message>
+    <message>
+        <source>Accessibility could not be switched on. The manual explains how to do it by hand.</source>
+        <extracomment>A notice in the window</extracomment>
+        <translation>Az akadálymentesítést nem sikerült bekapcsolni. A kézikönyv leírja, hogyan lehet kézzel megtenni.</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::AppController</name>
+    <message>
+        <source>Files cannot be opened: the program pinorama-opener does not start.</source>
+        <extracomment>The foot of the window. pinorama-opener is the name of a program and stays</extracomment>
+        <translation>A fájlok nem nyithatók meg: a pinorama-opener program nem indul el.</translation>
+    </message>
+    <message>
+        <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
+        <extracomment>The foot of the window. pinorama-reader is the name of a program and stays</extracomment>
+        <translation>A képek nem olvashatók: a pinorama-reader program nem indul el.</translation>
+    </message>
+    <message>
+        <source>Re&amp;load</source>
+        <extracomment>Reads the file again that is shown</extracomment>
+        <translation>Ú&amp;jraolvasás</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::CopyMenu</name>
+    <message>
+        <source>Copy &amp;It As</source>
+        <extracomment>The menu of the forms in which a place can be copied</extracomment>
+        <translation>Másolás mi&amp;nt</translation>
+    </message>
+    <message>
+        <source>As Shown</source>
+        <extracomment>Entry of the menu &quot;Copy It As&quot;: the coordinate as the window shows it</extracomment>
+        <translation>Ahogy látható</translation>
+    </message>
+    <message>
+        <source>Decimal Degrees</source>
+        <extracomment>Entry of the menu &quot;Copy It As&quot;: copies &quot;-54.80190, -68.30300&quot;</extracomment>
+        <translation>Tizedes fok</translation>
+    </message>
+    <message>
+        <source>Degrees and Decimal Minutes</source>
+        <extracomment>Entry of the menu &quot;Copy It As&quot;: copies &quot;54° 48.114&apos; S&quot;</extracomment>
+        <translation>Fok és tizedes perc</translation>
+    </message>
+    <message>
+        <source>geo: Address</source>
+        <extracomment>An address that begins with &quot;geo:&quot;, which map programs take</extracomment>
+        <translation>geo: kezdetű cím</translation>
+    </message>
+    <message>
+        <source>Place in Words</source>
+        <extracomment>Copies &quot;Near Ushuaia, Argentina&quot;</extracomment>
+        <translation>Hely szavakkal</translation>
+    </message>
+    <message>
+        <source>Link to %1</source>
+        <extracomment>%1 is a map service, such as OpenStreetMap</extracomment>
+        <translation>Hivatkozás: %1</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::ExportDialog</name>
+    <message>
+        <source>KML files (*.kml)</source>
+        <extracomment>Kind of files in a file dialog; &quot;(*.kml)&quot; stays</extracomment>
+        <translation>KML-fájlok (*.kml)</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::ExportNotice</name>
+    <message>
+        <source>the disk is full.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
+        <translation>a lemez megtelt.</translation>
+    </message>
+    <message>
+        <source>writing there is not allowed.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
+        <translation>oda nem szabad írni.</translation>
+    </message>
+    <message>
+        <source>there is no such folder.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
+        <translation>nincs ilyen mappa.</translation>
+    </message>
+    <message>
+        <source>a folder has that name.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
+        <translation>egy mappának ez a neve.</translation>
+    </message>
+    <message>
+        <source>%1 could not be written: %2</source>
+        <extracomment>A notice in the window: %1 is the name of a file, %2 a reason, with its full stop</extracomment>
+        <translation>Nem sikerült kiírni (%1): %2</translation>
+    </message>
+    <message>
+        <source>%1 was saved.</source>
+        <extracomment>%1 is the name of a file that was written</extracomment>
+        <translation>%1 mentve.</translation>
+    </message>
+    <message>
+        <source>Show in Fo&amp;lder</source>
+        <extracomment>A button: shows the file in the file manager</extracomment>
+        <translation>Megjelenítés a ma&amp;ppában</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::MainWindow</name>
+    <message>
+        <source>Preview</source>
+        <extracomment>What a screen reader says of the small picture</extracomment>
+        <translation>Előnézet</translation>
+    </message>
+    <message>
+        <source>A click shows more of the surroundings, or less</source>
+        <extracomment>Of the small map.</extracomment>
+        <translation>Kattintásra több vagy kevesebb látszik a környékből</translation>
+    </message>
+    <message>
+        <source>The picture has a location</source>
+        <extracomment>Tool tip of the pin in the corner of the small map</extracomment>
+        <translation>A képnek van helyadata</translation>
+    </message>
+    <message>
+        <source>Opens the location in a web map</source>
+        <extracomment>Tool tip of the pop-up menu of map services</extracomment>
+        <translation>Megnyitja a helyet egy webes térképen</translation>
+    </message>
+    <message>
+        <source>Map Services</source>
+        <extracomment>The first line of a pop-up menu of web maps</extracomment>
+        <translation>Térképek</translation>
+    </message>
+    <message>
+        <source>Flies the globe program to the location</source>
+        <extracomment>Tool tip of the button &quot;Show in Globe&quot;</extracomment>
+        <translation>A földgömbprogramban a helyhez repül</translation>
+    </message>
+    <message>
+        <source>Show in &amp;Globe</source>
+        <extracomment>A button: shows the place in a globe program such as Marble. Keep it short</extracomment>
+        <translation>Megjelenítés &amp;földgömbön</translation>
+    </message>
+    <message>
+        <source>Finds all catalogued pictures taken within 2000 m</source>
+        <extracomment>Tool tip of the button &quot;Find in Skallion&quot;</extracomment>
+        <translation>Megkeresi az összes katalogizált képet 2000 m-en belül</translation>
+    </message>
+    <message>
+        <source>&amp;Find in Skallion</source>
+        <extracomment>A button. Skallion is a program that catalogues pictures; the name stays. Keep it short</extracomment>
+        <translation>Keresés: S&amp;kallion</translation>
+    </message>
+    <message>
+        <source>Writes the location as a placemark file</source>
+        <extracomment>Tool tip of the button &quot;Export as KML&quot;</extracomment>
+        <translation>Helyjelzőként fájlba írja a helyet</translation>
+    </message>
+    <message>
+        <source>&amp;Export as KML…</source>
+        <extracomment>A button. KML is a kind of file; the name stays. Keep it short</extracomment>
+        <translation>&amp;Exportálás: KML…</translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <extracomment>Caption before the name of the file</extracomment>
+        <translation>Név:</translation>
+    </message>
+    <message>
+        <source>Select a picture, or drop one here</source>
+        <extracomment>Stands in the empty field for the name until a picture is shown</extracomment>
+        <translation>Jelöljön ki egy képet, vagy húzza ide</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <extracomment>What a screen reader says before the place in words.</extracomment>
+        <translation>Hely</translation>
+    </message>
+    <message>
+        <source>Taken:</source>
+        <extracomment>The time at which the picture was taken.</extracomment>
+        <translation>Készült:</translation>
+    </message>
+    <message>
+        <source>Size:</source>
+        <extracomment>Caption before the size of the file, such as &quot;1.2 MB&quot;</extracomment>
+        <translation>Méret:</translation>
+    </message>
+    <message>
+        <source>Modified:</source>
+        <extracomment>Caption before the time at which the file was last changed</extracomment>
+        <translation>Módosítva:</translation>
+    </message>
+    <message>
+        <source>Created:</source>
+        <extracomment>Caption before the time at which the file was made</extracomment>
+        <translation>Létrehozva:</translation>
+    </message>
+    <message>
+        <source>Coordinate:</source>
+        <extracomment>Caption before the coordinate of the place</extracomment>
+        <translation>Koordináta:</translation>
+    </message>
+    <message>
+        <source>Altitude:</source>
+        <extracomment>Caption before the height above the sea, such as &quot;1,200 m&quot;</extracomment>
+        <translation>Magasság:</translation>
+    </message>
+    <message>
+        <source>Direction:</source>
+        <extracomment>Caption before the direction that the camera looked in</extracomment>
+        <translation>Irány:</translation>
+    </message>
+    <message>
+        <source>City:</source>
+        <extracomment>Caption before the name of the town, which the photographer wrote into the picture</extracomment>
+        <translation>Város:</translation>
+    </message>
+    <message>
+        <source>State:</source>
+        <extracomment>Caption before the name of the state or province, which the photographer wrote into the picture</extracomment>
+        <translation>Megye:</translation>
+    </message>
+    <message>
+        <source>Country:</source>
+        <extracomment>Caption before the name of the country, which the photographer wrote into the picture</extracomment>
+        <translation>Ország:</translation>
+    </message>
+    <message>
+        <source>Caption:</source>
+        <extracomment>Caption before the description, which the photographer wrote into the picture</extracomment>
+        <translation>Leírás:</translation>
+    </message>
+    <message>
+        <source>Always shows the picture selected in the file manager</source>
+        <extracomment>Tool tip of the check box &quot;Follow the selection&quot;</extracomment>
+        <translation>Mindig a fájlkezelőben kijelölt képet mutatja</translation>
+    </message>
+    <message>
+        <source>Follow the &amp;selection in the file manager</source>
+        <extracomment>A check box at the foot of the window</extracomment>
+        <translation>A fájlkezelő kijelölésének köve&amp;tése</translation>
+    </message>
+    <message>
+        <source>&amp;Picture</source>
+        <extracomment>A menu of the menu bar</extracomment>
+        <translation>Ké&amp;p</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <extracomment>A menu of the menu bar</extracomment>
+        <translation>&amp;Súgó</translation>
+    </message>
+    <message>
+        <source>&amp;Open…</source>
+        <extracomment>Menu entry: has the user choose a file</extracomment>
+        <translation>Meg&amp;nyitás…</translation>
+    </message>
+    <message>
+        <source>Open in &amp;Map Service</source>
+        <extracomment>Menu entry: its submenu has the web maps</extracomment>
+        <translation>Megnyitás &amp;térképen</translation>
+    </message>
+    <message>
+        <source>Cop&amp;y Coordinate</source>
+        <extracomment>Menu entry: copies the coordinate as the window shows it</extracomment>
+        <translation>Koo&amp;rdináta másolása</translation>
+    </message>
+    <message>
+        <source>Copy as &amp;Decimal Degrees</source>
+        <extracomment>Menu entry: copies the coordinate, as in &quot;-54.80190, -68.30300&quot;</extracomment>
+        <translation>Másolás tize&amp;des fokban</translation>
+    </message>
+    <message>
+        <source>&amp;Read More Kinds of Files</source>
+        <extracomment>Menu entry with a check mark: has pictures of more kinds and videos read, too</extracomment>
+        <translation>Több fájltípus &amp;olvasása</translation>
+    </message>
+    <message>
+        <source>&amp;Close Window</source>
+        <extracomment>Menu entry: the program goes on running</extracomment>
+        <translation>Ablak &amp;bezárása</translation>
+    </message>
+    <message>
+        <source>&amp;Quit Pinorama</source>
+        <extracomment>Menu entry: ends the program. Pinorama is its name and stays</extracomment>
+        <translation>K&amp;ilépés a Pinoramából</translation>
+    </message>
+    <message>
+        <source>Pinorama &amp;Manual</source>
+        <extracomment>Menu entry: opens the manual. Pinorama stays</extracomment>
+        <translation>A Pinorama ké&amp;zikönyve</translation>
+    </message>
+    <message>
+        <source>Pinorama &amp;Home Page</source>
+        <extracomment>Menu entry: opens the page in the browser. Pinorama stays</extracomment>
+        <translation>A Pinorama &amp;honlapja</translation>
+    </message>
+    <message>
+        <source>&amp;Donate…</source>
+        <extracomment>Menu entry: opens a page on which one can give the makers money</extracomment>
+        <translation>&amp;Adományozás…</translation>
+    </message>
+    <message>
+        <source>&amp;About Pinorama</source>
+        <extracomment>Menu entry: opens the dialog with the version and the licence. Pinorama stays</extracomment>
+        <translation>A Pinorama &amp;névjegye</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::MoreKinds</name>
+    <message>
+        <source>From Exif</source>
+        <extracomment>Tool tip: the part of the file that has the value. Exif is a name and stays</extracomment>
+        <translation>Az Exifből</translation>
+    </message>
+    <message>
+        <source>From IPTC</source>
+        <extracomment>Tool tip: the part of the file that has the value. IPTC is a name and stays</extracomment>
+        <translation>Az IPTC-ből</translation>
+    </message>
+    <message>
+        <source>From XMP in the file</source>
+        <extracomment>Tool tip: the part of the file that has the value. XMP is a name and stays</extracomment>
+        <translation>A fájlban lévő XMP-ből</translation>
+    </message>
+    <message>
+        <source>From the video</source>
+        <extracomment>Tool tip: the value stands in the video itself</extracomment>
+        <translation>A videóból</translation>
+    </message>
+    <message>
+        <source>From the XMP file beside it</source>
+        <extracomment>Tool tip: the value stands in another file in the same folder. XMP is a name and stays</extracomment>
+        <translation>A mellette lévő XMP-fájlból</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::MoreKindsNotice</name>
+    <message>
+        <source>Read Them</source>
+        <extracomment>Button of the notice &quot;... pictures can be read, too&quot;: has them read from now on</extracomment>
+        <translation>Olvasás</translation>
+    </message>
+    <message>
+        <source>%1 pictures can be read, too.</source>
+        <extracomment>A notice in the window; %1 is the name of a kind, such as &quot;HEIC&quot;, and no number</extracomment>
+        <translation>%1 képek is olvashatók.</translation>
+    </message>
+    <message>
+        <source>%1 videos can be read, too.</source>
+        <extracomment>A notice in the window; %1 is the name of a kind, such as &quot;MP4&quot;, and no number</extracomment>
+        <translation>%1 videók is olvashatók.</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::NearbyModel</name>
+    <message>
+        <source>same place</source>
+        <extracomment>Below a picture, in the place of a distance: it was taken where the other one was</extracomment>
+        <translation>ugyanott</translation>
+    </message>
+    <message>
+        <source>%1 m %2</source>
+        <extracomment>Below a picture: %1 is a distance, %2 a point of the compass: 350 m NE</extracomment>
+        <translation>%1&#xa0;m %2</translation>
+    </message>
+    <message>
+        <source>%1 km %2</source>
+        <extracomment>Below a picture: %1 is a distance, %2 a point of the compass: 1.2 km NE</extracomment>
+        <translation>%1&#xa0;km %2</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::NearbyWindow</name>
+    <message>
+        <source>&amp;Stop</source>
+        <extracomment>Button: ends the search</extracomment>
+        <translation>&amp;Leállítás</translation>
+    </message>
+    <message>
+        <source>Pictures Nearby</source>
+        <extracomment>Title of the window</extracomment>
+        <translation>Közeli képek</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <extracomment>Context menu: opens the picture in the program for it</extracomment>
+        <translation>&amp;Megnyitás</translation>
+    </message>
+    <message>
+        <source>Open &amp;With...</source>
+        <extracomment>Context menu: has the user choose the program</extracomment>
+        <translation>Megnyitás &amp;ezzel...</translation>
+    </message>
+    <message>
+        <source>Within %1 m of %2</source>
+        <extracomment>Above the pictures that were found; %1 is a distance, %2 the name of a file</extracomment>
+        <translation>%1&#xa0;m-en belül ettől: %2</translation>
+    </message>
+    <message>
+        <source>Searching...</source>
+        <extracomment>Below the pictures, until the first is found</extracomment>
+        <translation>Keresés...</translation>
+    </message>
+    <message>
+        <source>Searching... Pictures found so far: %1</source>
+        <extracomment>Below the pictures: %1 is their number</extracomment>
+        <translation>Keresés... Eddig talált képek: %1</translation>
+    </message>
+    <message>
+        <source>Stopped. Pictures found until then: %1</source>
+        <extracomment>Below the pictures, after the button &quot;Stop&quot;: %1 is their number</extracomment>
+        <translation>Leállítva. Addig talált képek: %1</translation>
+    </message>
+    <message>
+        <source>The search ended too early. Pictures found until then: %1</source>
+        <extracomment>Below the pictures: the search failed; %1 is their number</extracomment>
+        <translation>A keresés túl korán ért véget. Addig talált képek: %1</translation>
+    </message>
+    <message>
+        <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
+        <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
+        <translation>A képek között nem lehet keresni: a pinorama-search program nem indul el.</translation>
+    </message>
+    <message>
+        <source>Pictures found: %1. The nearest %2 are shown.</source>
+        <extracomment>Below the pictures: %1 and %2 are numbers</extracomment>
+        <translation>Talált képek: %1. A legközelebbi %2 látható.</translation>
+    </message>
+    <message>
+        <source>Pictures found: %1</source>
+        <extracomment>Below the pictures: %1 is their number</extracomment>
+        <translation>Talált képek: %1</translation>
+    </message>
+    <message>
+        <source>No other picture within %1 m was found in these folders:
+%2</source>
+        <extracomment>In the place of the pictures; %1 is a distance, %2 a list of folders</extracomment>
+        <translation>%1&#xa0;m-en belül nincs más kép ezekben a mappákban:
+%2</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::Notice</name>
+    <message>
+        <source>&amp;Dismiss</source>
+        <extracomment>A button that takes a notice in the window away</extracomment>
+        <translation>E&amp;lrejtés</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::PathIntake</name>
+    <message>
+        <source>Open Picture</source>
+        <extracomment>Title of the file dialog</extracomment>
+        <translation>Kép megnyitása</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::PictureWords</name>
+    <message>
+        <source>%1 is a folder.</source>
+        <extracomment>The foot of the window; so are the others. %1 is the name of the file that is shown</extracomment>
+        <translation>%1 egy mappa.</translation>
+    </message>
+    <message>
+        <source>%1 is no file that can be read.</source>
+        <extracomment>A pipe or a device</extracomment>
+        <translation>%1 nem olvasható fájl.</translation>
+    </message>
+    <message>
+        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
+        <extracomment>The foot of the window. JPEG stays</extracomment>
+        <translation>Az ilyen típusú fájlokat nem olvassa, csak a JPEG-et és a fényképezőgépek nyers fájljait.</translation>
+    </message>
+    <message>
+        <source>There is no file %1.</source>
+        <extracomment>The foot of the window; %1 is the name of a file</extracomment>
+        <translation>Nincs ilyen fájl: %1.</translation>
+    </message>
+    <message>
+        <source>You are not allowed to read %1.</source>
+        <extracomment>The foot of the window; %1 is the name of a file</extracomment>
+        <translation>Nincs joga olvasni ezt: %1.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2.</source>
+        <extracomment>%2 is the system&apos;s reason, such as &quot;Input/output error&quot;</extracomment>
+        <translation>Nem nyitható meg (%1): %2.</translation>
+    </message>
+    <message>
+        <source>This picture does not say where it was taken.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>Ez a kép nem tartalmazza, hol készült.</translation>
+    </message>
+    <message>
+        <source>Several files are selected; the window shows one at a time.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>Több fájl van kijelölve; az ablak egyszerre egyet mutat.</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::PlaceActions</name>
+    <message>
+        <source>The globe program cannot be started.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>A földgömbprogram nem indítható el.</translation>
+    </message>
+    <message>
+        <source>Needs Marble, Google Earth or another program that opens KML files</source>
+        <extracomment>The second line of a tool tip</extracomment>
+        <translation>A Marble, a Google Earth vagy más, KML-fájlokat megnyitó program kell hozzá</translation>
+    </message>
+    <message>
+        <source>Without Skallion, pictures nearby are looked for in the folders around this one</source>
+        <extracomment>The second line of a tool tip</extracomment>
+        <translation>Skallion nélkül a közeli képeket a környező mappákban keresi</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::ReadingNotice</name>
+    <message>
+        <source>Still reading %1...</source>
+        <extracomment>The foot of the window; %1 is the name of a file</extracomment>
+        <translation>%1 olvasása folyik...</translation>
+    </message>
+    <message>
+        <source>%1 could not be read.</source>
+        <extracomment>The foot of the window; %1 is the name of a file</extracomment>
+        <translation>%1 nem olvasható.</translation>
+    </message>
+    <message>
+        <source>%1 does not answer.</source>
+        <extracomment>The foot of the window; %1 is the name of a file that is being read and takes too long, as when a network is gone</extracomment>
+        <translation>%1 nem válaszol.</translation>
+    </message>
+    <message>
+        <source>The XMP file beside %1 could not be read.</source>
+        <extracomment>The foot of the window; %1 is the name of a file. XMP is a kind of file and stays</extracomment>
+        <translation>A mellette lévő XMP-fájl nem olvasható: %1.</translation>
+    </message>
+    <message>
+        <source>The XMP file beside %1 does not answer.</source>
+        <extracomment>The foot of the window; %1 is the name of a file. XMP is a kind of file and stays</extracomment>
+        <translation>A mellette lévő XMP-fájl nem válaszol: %1.</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::SayingOpener</name>
+    <message>
+        <source>No web browser is installed.</source>
+        <extracomment>The foot of the window; so are the others</extracomment>
+        <translation>Nincs webböngésző telepítve.</translation>
+    </message>
+    <message>
+        <source>No program opens geo: addresses. Marble and GNOME Maps do.</source>
+        <extracomment>&quot;geo:&quot; is the beginning of an address; the names are those of programs</extracomment>
+        <translation>Egy program sem nyitja meg a geo: címeket. A Marble és a GNOME Térképek igen.</translation>
+    </message>
+    <message>
+        <source>No program opens KML files. Marble and Google Earth do.</source>
+        <extracomment>The foot of the window. KML is a kind of file; the names of programs stay</extracomment>
+        <translation>Egy program sem nyitja meg a KML-fájlokat. A Marble és a Google Earth igen.</translation>
+    </message>
+    <message>
+        <source>No program opens addresses that begin with %1:.</source>
+        <extracomment>%1 is the beginning of an address, such as &quot;om&quot;</extracomment>
+        <translation>Egy program sem nyitja meg az így kezdődő címeket: %1:.</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::StaleFields</name>
+    <message>
+        <source>from %1</source>
+        <extracomment>Of a text that belongs to an earlier picture; %1 is the name of that</extracomment>
+        <translation>innen: %1</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,839 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="hu_HU" sourcelanguage="en_US">
+<context>
+    <name>Desktop</name>
+    <message>
+        <source>Picture Location Viewer</source>
+        <extracomment>Kind of program, in the menu of programs</extracomment>
+        <translation>Felvételi hely megjelenítő</translation>
+    </message>
+    <message>
+        <source>See where the selected picture was taken</source>
+        <extracomment>Tool tip of the program in the menu of programs</extracomment>
+        <translation>Megmutatja, hol készült a kijelölt kép</translation>
+    </message>
+    <message>
+        <source>photo;picture;GPS;location;map;EXIF;IPTC;geotag;coordinates;KML;raw;</source>
+        <extracomment>Words by which the program is found in the menu of programs; each ends with a semicolon. GPS, EXIF, IPTC and KML stay</extracomment>
+        <translation>fotó;fénykép;kép;GPS;hely;térkép;EXIF;IPTC;geocímke;koordináták;KML;raw;</translation>
+    </message>
+    <message>
+        <source>Open the Home Page</source>
+        <extracomment>Action of the program&apos;s icon in docks and menus</extracomment>
+        <translation>A honlap megnyitása</translation>
+    </message>
+    <message>
+        <source>Donate</source>
+        <extracomment>Action of the program&apos;s icon in docks and menus: give the makers money</extracomment>
+        <translation>Adományozás</translation>
+    </message>
+    <message>
+        <source>See where a picture was taken</source>
+        <extracomment>Line under the program&apos;s name in software stores, without a full stop. At most 35 characters</extracomment>
+        <translation>Megmutatja, hol készült egy kép</translation>
+    </message>
+    <message>
+        <source>Hasselblad raw image</source>
+        <extracomment>Kind of file, in file managers. Hasselblad stays</extracomment>
+        <translation>Hasselblad nyers kép</translation>
+    </message>
+    <message>
+        <source>Leaf raw image</source>
+        <extracomment>Kind of file, in file managers. Leaf is a maker of cameras and stays</extracomment>
+        <translation>Leaf nyers kép</translation>
+    </message>
+    <message>
+        <source>Pentax raw image</source>
+        <extracomment>Kind of file, in file managers. Pentax stays</extracomment>
+        <translation>Pentax nyers kép</translation>
+    </message>
+    <message>
+        <source>Show Where It Was Taken</source>
+        <extracomment>Entry in the context menu of file managers, for a picture: shows its place in Pinorama</extracomment>
+        <translation>Felvétel helyének megjelenítése</translation>
+    </message>
+    <message>
+        <source>Shows in Pinorama where the picture was taken</source>
+        <extracomment>Tool tip of the entry &quot;Show Where It Was Taken&quot; in the context menu of file managers. Pinorama stays</extracomment>
+        <translation>Megmutatja a Pinoramában, hol készült a kép</translation>
+    </message>
+</context>
+<context>
+    <name>GPS</name>
+    <message>
+        <source>Picture</source>
+        <comment>picture</comment>
+        <extracomment>The title of the mark on a web map. It becomes part of an address: only letters of English, no blanks. Languages with other letters have &quot;Photo&quot;.</extracomment>
+        <translation>Foto</translation>
+    </message>
+    <message>
+        <source>OpenStreetMap</source>
+        <comment>a1</comment>
+        <extracomment>In the menu of map services: the name of a web map. Most languages keep it.</extracomment>
+        <translation>OpenStreetMap</translation>
+    </message>
+    <message>
+        <source>Google Maps</source>
+        <comment>a2</comment>
+        <extracomment>In the menu of map services: the name of a web map. Most languages keep it.</extracomment>
+        <translation>Google Maps</translation>
+    </message>
+    <message>
+        <source>Bing Maps</source>
+        <comment>a3</comment>
+        <extracomment>In the menu of map services: the name of a web map. Most languages keep it.</extracomment>
+        <translation>Bing Maps</translation>
+    </message>
+    <message>
+        <source>Apple Maps</source>
+        <comment>a4</comment>
+        <extracomment>In the menu of map services: the name of a web map. Most languages keep it.</extracomment>
+        <translation>Apple Maps</translation>
+    </message>
+    <message>
+        <source>OpenTopoMap</source>
+        <comment>a5</comment>
+        <extracomment>In the menu of map services: the name of a web map. Most languages keep it.</extracomment>
+        <translation>OpenTopoMap</translation>
+    </message>
+    <message>
+        <source>Street-level pictures (Mapillary)</source>
+        <comment>a6</comment>
+        <extracomment>In the menu of map services: opens pictures that people took of the streets around. Mapillary is a name and stays.</extracomment>
+        <translation>Utcaképek (Mapillary)</translation>
+    </message>
+    <message>
+        <source>Wikipedia articles nearby</source>
+        <comment>a7</comment>
+        <extracomment>In the menu of map services: opens the list of Wikipedia articles about places nearby.</extracomment>
+        <translation>Wikipédia-szócikkek a közelben</translation>
+    </message>
+    <message>
+        <source>All map services (GeoHack)</source>
+        <comment>a8</comment>
+        <extracomment>In the menu of map services: opens a list of all web maps that show the place. GeoHack is a name and stays.</extracomment>
+        <translation>Minden térképszolgáltatás (GeoHack)</translation>
+    </message>
+    <message>
+        <source>Map program of this computer</source>
+        <comment>a9</comment>
+        <extracomment>In the menu of map services: opens the place in the map program that is installed.</extracomment>
+        <translation>A számítógép térképprogramja</translation>
+    </message>
+</context>
+<context>
+    <name>Localizable</name>
+    <message>
+        <source> KB</source>
+        <comment>STR#1001:46</comment>
+        <extracomment>Unit of a file&apos;s size, in the window: kilobytes, megabytes, gigabytes, terabytes. It follows the number directly, so it begins with the space that the language wants there (&quot;1,024.0&quot; and &quot; KB&quot; give &quot;1,024.0 KB&quot;).</extracomment>
+        <translation> kB</translation>
+    </message>
+    <message>
+        <source> MB</source>
+        <comment>STR#1001:3</comment>
+        <extracomment>Unit of a file&apos;s size, in the window: kilobytes, megabytes, gigabytes, terabytes. It follows the number directly, so it begins with the space that the language wants there (&quot;1,024.0&quot; and &quot; KB&quot; give &quot;1,024.0 KB&quot;).</extracomment>
+        <translation> MB</translation>
+    </message>
+    <message>
+        <source> GB</source>
+        <comment>STR#1001:31</comment>
+        <extracomment>Unit of a file&apos;s size, in the window: kilobytes, megabytes, gigabytes, terabytes. It follows the number directly, so it begins with the space that the language wants there (&quot;1,024.0&quot; and &quot; KB&quot; give &quot;1,024.0 KB&quot;).</extracomment>
+        <translation> GB</translation>
+    </message>
+    <message>
+        <source> TB</source>
+        <comment>STR#1001:123</comment>
+        <extracomment>Unit of a file&apos;s size, in the window: kilobytes, megabytes, gigabytes, terabytes. It follows the number directly, so it begins with the space that the language wants there (&quot;1,024.0&quot; and &quot; KB&quot; give &quot;1,024.0 KB&quot;).</extracomment>
+        <translation> TB</translation>
+    </message>
+    <message>
+        <source>bytes</source>
+        <comment>STR#1001:93</comment>
+        <extracomment>In the window, after the exact count of a file&apos;s size: &quot;0.5 KB (512 bytes)&quot;. The count is mostly large.</extracomment>
+        <translation>bájt</translation>
+    </message>
+    <message>
+        <source>%c %.0f° %.0f&apos; %.1f&quot;</source>
+        <comment>11</comment>
+        <extracomment>One coordinate in the window: hemisphere letter, degrees, minutes, seconds (&quot;N 48° 6&apos; 0.0&quot;&quot;). The conversions (%c, %.0f, %.1f) stay as they are, and in this order.</extracomment>
+        <translation>%c %.0f° %.0f&apos; %.1f&quot;</translation>
+    </message>
+</context>
+<context>
+    <name>Places</name>
+    <message>
+        <source>Near {town}, {country}</source>
+        <comment>near</comment>
+        <extracomment>A place on land. {town} and {country} are names as they stand on maps, {distance} is a number of kilometres and {direction} one of the points of the compass below. The names in braces may stand in any order. The form without {country} is for places such as Singapore, which are town and country.</extracomment>
+        <translation>{town} közelében, {country}</translation>
+    </message>
+    <message>
+        <source>Near {town}</source>
+        <comment>nearTown</comment>
+        <extracomment>A place on land. {town} and {country} are names as they stand on maps, {distance} is a number of kilometres and {direction} one of the points of the compass below. The names in braces may stand in any order. The form without {country} is for places such as Singapore, which are town and country.</extracomment>
+        <translation>{town} közelében</translation>
+    </message>
+    <message>
+        <source>{distance} km {direction} of {town}, {country}</source>
+        <comment>away</comment>
+        <extracomment>A place on land. {town} and {country} are names as they stand on maps, {distance} is a number of kilometres and {direction} one of the points of the compass below. The names in braces may stand in any order. The form without {country} is for places such as Singapore, which are town and country.</extracomment>
+        <translation>{distance} km {direction}, innen: {town}, {country}</translation>
+    </message>
+    <message>
+        <source>{distance} km {direction} of {town}</source>
+        <comment>awayTown</comment>
+        <extracomment>A place on land. {town} and {country} are names as they stand on maps, {distance} is a number of kilometres and {direction} one of the points of the compass below. The names in braces may stand in any order. The form without {country} is for places such as Singapore, which are town and country.</extracomment>
+        <translation>{distance} km {direction}, innen: {town}</translation>
+    </message>
+    <message>
+        <source>{sea}, {distance} km from {place}</source>
+        <comment>atSea</comment>
+        <extracomment>A place at sea: {sea} is one of the names below, {place} a town or islands.</extracomment>
+        <translation>{sea}, {distance} km innen: {place}</translation>
+    </message>
+    <message>
+        <source>N</source>
+        <comment>compass0</comment>
+        <extracomment>A point of the compass, as short as on a compass. The points go from north on, clockwise; each is a sixteenth of the circle.</extracomment>
+        <translation>É</translation>
+    </message>
+    <message>
+        <source>NNE</source>
+        <comment>compass1</comment>
+        <extracomment>A point of the compass, as short as on a compass. The points go from north on, clockwise; each is a sixteenth of the circle.</extracomment>
+        <translation>ÉÉK</translation>
+    </message>
+    <message>
+        <source>NE</source>
+        <comment>compass2</comment>
+        <extracomment>A point of the compass, as short as on a compass. The points go from north on, clockwise; each is a sixteenth of the circle.</extracomment>
+        <translation>ÉK</translation>
+    </message>
+    <message>
+        <source>ENE</source>
+        <comment>compass3</comment>
+        <extracomment>A point of the compass, as short as on a compass. The points go from north on, clockwise; each is a sixteenth of the circle.</extracomment>
+        <translation>KÉK</translation>
+    </message>
+    <message>
+        <source>E</source>
+        <comment>compass4</comment>
+        <extracomment>A point of the compass, as short as on a compass. The points go from north on, clockwise; each is a sixteenth of the circle.</extracomment>
+        <translation>K</translation>
+    </message>
+    <message>
+        <source>ESE</source>
+        <comment>compass5</comment>
+        <extracomment>A point of the compass, as short as on a compass. The points go from north on, clockwise; each is a sixteenth of the circle.</extracomment>
+        <translation>KDK</translation>
+    </message>
+    <message>
+        <source>SE</source>
+        <comment>compass6</comment>
+        <extracomment>A point of the compass, as short as on a compass. The points go from north on, clockwise; each is a sixteenth of the circle.</extracomment>
+        <translation>DK</translation>
+    </message>
+    <message>
+        <source>SSE</source>
+        <comment>compass7</comment>
+        <extracomment>A point of the compass, as short as on a compass. The points go from north on, clockwise; each is a sixteenth of the circle.</extracomment>
+        <translation>DDK</translation>
+    </message>
+    <message>
+        <source>S</source>
+        <comment>compass8</comment>
+        <extracomment>A point of the compass, as short as on a compass. The points go from north on, clockwise; each is a sixteenth of the circle.</extracomment>
+        <translation>D</translation>
+    </message>
+    <message>
+        <source>SSW</source>
+        <comment>compass9</comment>
+        <extracomment>A point of the compass, as short as on a compass. The points go from north on, clockwise; each is a sixteenth of the circle.</extracomment>
+        <translation>DDNy</translation>
+    </message>
+    <message>
+        <source>SW</source>
+        <comment>compass10</comment>
+        <extracomment>A point of the compass, as short as on a compass. The points go from north on, clockwise; each is a sixteenth of the circle.</extracomment>
+        <translation>DNy</translation>
+    </message>
+    <message>
+        <source>WSW</source>
+        <comment>compass11</comment>
+        <extracomment>A point of the compass, as short as on a compass. The points go from north on, clockwise; each is a sixteenth of the circle.</extracomment>
+        <translation>NyDNy</translation>
+    </message>
+    <message>
+        <source>W</source>
+        <comment>compass12</comment>
+        <extracomment>A point of the compass, as short as on a compass. The points go from north on, clockwise; each is a sixteenth of the circle.</extracomment>
+        <translation>Ny</translation>
+    </message>
+    <message>
+        <source>WNW</source>
+        <comment>compass13</comment>
+        <extracomment>A point of the compass, as short as on a compass. The points go from north on, clockwise; each is a sixteenth of the circle.</extracomment>
+        <translation>NyÉNy</translation>
+    </message>
+    <message>
+        <source>NW</source>
+        <comment>compass14</comment>
+        <extracomment>A point of the compass, as short as on a compass. The points go from north on, clockwise; each is a sixteenth of the circle.</extracomment>
+        <translation>ÉNy</translation>
+    </message>
+    <message>
+        <source>NNW</source>
+        <comment>compass15</comment>
+        <extracomment>A point of the compass, as short as on a compass. The points go from north on, clockwise; each is a sixteenth of the circle.</extracomment>
+        <translation>ÉÉNy</translation>
+    </message>
+    <message>
+        <source>{direction} (true)</source>
+        <comment>trueNorth</comment>
+        <extracomment>The direction of view of a picture, as the two kinds of north have it. {direction} is a point of the compass and stays as it is.</extracomment>
+        <translation>{direction} (földrajzi)</translation>
+    </message>
+    <message>
+        <source>{direction} (magnetic)</source>
+        <comment>magneticNorth</comment>
+        <extracomment>The direction of view of a picture, as the two kinds of north have it. {direction} is a point of the compass and stays as it is.</extracomment>
+        <translation>{direction} (mágneses)</translation>
+    </message>
+    <message>
+        <source>{time} ({zone})</source>
+        <comment>takenIn</comment>
+        <extracomment>When a picture was taken, in the window. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
+        <translation>{time} ({zone})</translation>
+    </message>
+    <message>
+        <source>By the clock of the satellites, in the time of the place.</source>
+        <comment>takenBySatellites</comment>
+        <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
+        <translation>A műholdak órája szerint, a hely idejében.</translation>
+    </message>
+    <message>
+        <source>By the clock of the satellites, which is in UTC.</source>
+        <comment>takenBySatellitesInUTC</comment>
+        <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
+        <translation>A műholdak órája szerint, UTC-ben.</translation>
+    </message>
+    <message>
+        <source>By the camera&apos;s clock, which was set to {zone}.</source>
+        <comment>takenByCamera</comment>
+        <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
+        <translation>A fényképezőgép órája szerint, amely erre volt állítva: {zone}.</translation>
+    </message>
+    <message>
+        <source>In the time of the place. The camera&apos;s clock was set to {zone} and showed {time}.</source>
+        <comment>takenByCameraElsewhere</comment>
+        <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
+        <translation>A hely idejében. A fényképezőgép órája erre volt állítva: {zone}, és ezt mutatta: {time}.</translation>
+    </message>
+    <message>
+        <source>By the camera&apos;s clock. The picture does not say its time zone; the one shown is that of the place.</source>
+        <comment>takenByCameraAssumed</comment>
+        <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
+        <translation>A fényképezőgép órája szerint. A kép nem adja meg az időzónáját; a hely időzónája látható.</translation>
+    </message>
+    <message>
+        <source>By the camera&apos;s clock. Its time zone is not known.</source>
+        <comment>takenByCameraWithoutZone</comment>
+        <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
+        <translation>A fényképezőgép órája szerint. Az időzónája nem ismert.</translation>
+    </message>
+    <message>
+        <source>Sea of Azov</source>
+        <comment>Sea of Azov</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Azovi-tenger</translation>
+    </message>
+    <message>
+        <source>Black Sea</source>
+        <comment>Black Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Fekete-tenger</translation>
+    </message>
+    <message>
+        <source>Caspian Sea</source>
+        <comment>Caspian Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Kaszpi-tenger</translation>
+    </message>
+    <message>
+        <source>Adriatic Sea</source>
+        <comment>Adriatic Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Adriai-tenger</translation>
+    </message>
+    <message>
+        <source>Aegean Sea</source>
+        <comment>Aegean Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Égei-tenger</translation>
+    </message>
+    <message>
+        <source>Ionian Sea</source>
+        <comment>Ionian Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Jón-tenger</translation>
+    </message>
+    <message>
+        <source>Tyrrhenian Sea</source>
+        <comment>Tyrrhenian Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Tirrén-tenger</translation>
+    </message>
+    <message>
+        <source>Ligurian Sea</source>
+        <comment>Ligurian Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Ligur-tenger</translation>
+    </message>
+    <message>
+        <source>Alboran Sea</source>
+        <comment>Alboran Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Alborán-tenger</translation>
+    </message>
+    <message>
+        <source>Mediterranean Sea</source>
+        <comment>Mediterranean Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Földközi-tenger</translation>
+    </message>
+    <message>
+        <source>Gulf of Bothnia</source>
+        <comment>Gulf of Bothnia</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Botteni-öböl</translation>
+    </message>
+    <message>
+        <source>Gulf of Finland</source>
+        <comment>Gulf of Finland</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Finn-öböl</translation>
+    </message>
+    <message>
+        <source>Baltic Sea</source>
+        <comment>Baltic Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Balti-tenger</translation>
+    </message>
+    <message>
+        <source>Kattegat</source>
+        <comment>Kattegat</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Kattegat</translation>
+    </message>
+    <message>
+        <source>Skagerrak</source>
+        <comment>Skagerrak</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Skagerrak</translation>
+    </message>
+    <message>
+        <source>English Channel</source>
+        <comment>English Channel</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>La Manche</translation>
+    </message>
+    <message>
+        <source>Irish Sea</source>
+        <comment>Irish Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Ír-tenger</translation>
+    </message>
+    <message>
+        <source>Celtic Sea</source>
+        <comment>Celtic Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Kelta-tenger</translation>
+    </message>
+    <message>
+        <source>Bay of Biscay</source>
+        <comment>Bay of Biscay</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Vizcayai-öböl</translation>
+    </message>
+    <message>
+        <source>North Sea</source>
+        <comment>North Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Északi-tenger</translation>
+    </message>
+    <message>
+        <source>Norwegian Sea</source>
+        <comment>Norwegian Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Norvég-tenger</translation>
+    </message>
+    <message>
+        <source>White Sea</source>
+        <comment>White Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Fehér-tenger</translation>
+    </message>
+    <message>
+        <source>Barents Sea</source>
+        <comment>Barents Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Barents-tenger</translation>
+    </message>
+    <message>
+        <source>Kara Sea</source>
+        <comment>Kara Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Kara-tenger</translation>
+    </message>
+    <message>
+        <source>Laptev Sea</source>
+        <comment>Laptev Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Laptyev-tenger</translation>
+    </message>
+    <message>
+        <source>East Siberian Sea</source>
+        <comment>East Siberian Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Kelet-szibériai-tenger</translation>
+    </message>
+    <message>
+        <source>Chukchi Sea</source>
+        <comment>Chukchi Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Csukcs-tenger</translation>
+    </message>
+    <message>
+        <source>Beaufort Sea</source>
+        <comment>Beaufort Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Beaufort-tenger</translation>
+    </message>
+    <message>
+        <source>Greenland Sea</source>
+        <comment>Greenland Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Grönlandi-tenger</translation>
+    </message>
+    <message>
+        <source>Denmark Strait</source>
+        <comment>Denmark Strait</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Dán-szoros</translation>
+    </message>
+    <message>
+        <source>Baffin Bay</source>
+        <comment>Baffin Bay</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Baffin-öböl</translation>
+    </message>
+    <message>
+        <source>Davis Strait</source>
+        <comment>Davis Strait</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Davis-szoros</translation>
+    </message>
+    <message>
+        <source>Hudson Bay</source>
+        <comment>Hudson Bay</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Hudson-öböl</translation>
+    </message>
+    <message>
+        <source>Gulf of Saint Lawrence</source>
+        <comment>Gulf of Saint Lawrence</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Szent Lőrinc-öböl</translation>
+    </message>
+    <message>
+        <source>Labrador Sea</source>
+        <comment>Labrador Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Labrador-tenger</translation>
+    </message>
+    <message>
+        <source>Gulf of Mexico</source>
+        <comment>Gulf of Mexico</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Mexikói-öböl</translation>
+    </message>
+    <message>
+        <source>Caribbean Sea</source>
+        <comment>Caribbean Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Karib-tenger</translation>
+    </message>
+    <message>
+        <source>Gulf of California</source>
+        <comment>Gulf of California</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Kaliforniai-öböl</translation>
+    </message>
+    <message>
+        <source>Gulf of Alaska</source>
+        <comment>Gulf of Alaska</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Alaszkai-öböl</translation>
+    </message>
+    <message>
+        <source>Bering Sea</source>
+        <comment>Bering Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Bering-tenger</translation>
+    </message>
+    <message>
+        <source>Drake Passage</source>
+        <comment>Drake Passage</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Drake-átjáró</translation>
+    </message>
+    <message>
+        <source>Scotia Sea</source>
+        <comment>Scotia Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Scotia-tenger</translation>
+    </message>
+    <message>
+        <source>Weddell Sea</source>
+        <comment>Weddell Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Weddell-tenger</translation>
+    </message>
+    <message>
+        <source>Ross Sea</source>
+        <comment>Ross Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Ross-tenger</translation>
+    </message>
+    <message>
+        <source>Red Sea</source>
+        <comment>Red Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Vörös-tenger</translation>
+    </message>
+    <message>
+        <source>Gulf of Aden</source>
+        <comment>Gulf of Aden</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Ádeni-öböl</translation>
+    </message>
+    <message>
+        <source>Persian Gulf</source>
+        <comment>Persian Gulf</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Perzsa-öböl</translation>
+    </message>
+    <message>
+        <source>Gulf of Oman</source>
+        <comment>Gulf of Oman</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Ománi-öböl</translation>
+    </message>
+    <message>
+        <source>Arabian Sea</source>
+        <comment>Arabian Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Arab-tenger</translation>
+    </message>
+    <message>
+        <source>Laccadive Sea</source>
+        <comment>Laccadive Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Lakkadív-tenger</translation>
+    </message>
+    <message>
+        <source>Andaman Sea</source>
+        <comment>Andaman Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Andamán-tenger</translation>
+    </message>
+    <message>
+        <source>Bay of Bengal</source>
+        <comment>Bay of Bengal</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Bengáli-öböl</translation>
+    </message>
+    <message>
+        <source>Strait of Malacca</source>
+        <comment>Strait of Malacca</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Malaka-szoros</translation>
+    </message>
+    <message>
+        <source>Gulf of Thailand</source>
+        <comment>Gulf of Thailand</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Thai-öböl</translation>
+    </message>
+    <message>
+        <source>South China Sea</source>
+        <comment>South China Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Dél-kínai-tenger</translation>
+    </message>
+    <message>
+        <source>Sulu Sea</source>
+        <comment>Sulu Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Szulu-tenger</translation>
+    </message>
+    <message>
+        <source>Celebes Sea</source>
+        <comment>Celebes Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Celebesz-tenger</translation>
+    </message>
+    <message>
+        <source>Java Sea</source>
+        <comment>Java Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Jáva-tenger</translation>
+    </message>
+    <message>
+        <source>Flores Sea</source>
+        <comment>Flores Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Flores-tenger</translation>
+    </message>
+    <message>
+        <source>Banda Sea</source>
+        <comment>Banda Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Banda-tenger</translation>
+    </message>
+    <message>
+        <source>Timor Sea</source>
+        <comment>Timor Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Timor-tenger</translation>
+    </message>
+    <message>
+        <source>Arafura Sea</source>
+        <comment>Arafura Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Arafura-tenger</translation>
+    </message>
+    <message>
+        <source>Gulf of Carpentaria</source>
+        <comment>Gulf of Carpentaria</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Carpentaria-öböl</translation>
+    </message>
+    <message>
+        <source>Philippine Sea</source>
+        <comment>Philippine Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Fülöp-tenger</translation>
+    </message>
+    <message>
+        <source>East China Sea</source>
+        <comment>East China Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Kelet-kínai-tenger</translation>
+    </message>
+    <message>
+        <source>Yellow Sea</source>
+        <comment>Yellow Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Sárga-tenger</translation>
+    </message>
+    <message>
+        <source>Sea of Japan</source>
+        <comment>Sea of Japan</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Japán-tenger</translation>
+    </message>
+    <message>
+        <source>Sea of Okhotsk</source>
+        <comment>Sea of Okhotsk</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Ohotszki-tenger</translation>
+    </message>
+    <message>
+        <source>Solomon Sea</source>
+        <comment>Solomon Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Salamon-tenger</translation>
+    </message>
+    <message>
+        <source>Bismarck Sea</source>
+        <comment>Bismarck Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Bismarck-tenger</translation>
+    </message>
+    <message>
+        <source>Coral Sea</source>
+        <comment>Coral Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Korall-tenger</translation>
+    </message>
+    <message>
+        <source>Tasman Sea</source>
+        <comment>Tasman Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Tasman-tenger</translation>
+    </message>
+    <message>
+        <source>Great Australian Bight</source>
+        <comment>Great Australian Bight</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Nagy Ausztráliai-öböl</translation>
+    </message>
+    <message>
+        <source>Mozambique Channel</source>
+        <comment>Mozambique Channel</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Mozambiki-csatorna</translation>
+    </message>
+    <message>
+        <source>Gulf of Guinea</source>
+        <comment>Gulf of Guinea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Guineai-öböl</translation>
+    </message>
+    <message>
+        <source>Arctic Ocean</source>
+        <comment>Arctic Ocean</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Jeges-tenger</translation>
+    </message>
+    <message>
+        <source>Southern Ocean</source>
+        <comment>Southern Ocean</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Déli-óceán</translation>
+    </message>
+    <message>
+        <source>North Atlantic Ocean</source>
+        <comment>North Atlantic Ocean</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Az Atlanti-óceán északi része</translation>
+    </message>
+    <message>
+        <source>South Atlantic Ocean</source>
+        <comment>South Atlantic Ocean</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Az Atlanti-óceán déli része</translation>
+    </message>
+    <message>
+        <source>Indian Ocean</source>
+        <comment>Indian Ocean</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>Indiai-óceán</translation>
+    </message>
+    <message>
+        <source>North Pacific Ocean</source>
+        <comment>North Pacific Ocean</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>A Csendes-óceán északi része</translation>
+    </message>
+    <message>
+        <source>South Pacific Ocean</source>
+        <comment>South Pacific Ocean</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>A Csendes-óceán déli része</translation>
+    </message>
+</context>
+</TS>
