@@ -1,0 +1,630 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="tr_TR" sourcelanguage="en_US">
+<context>
+    <name>AboutBox</name>
+    <message>
+        <source>About Pinorama</source>
+        <extracomment>Title of the dialog. Pinorama stays</extracomment>
+        <translation>Pinorama Hakkında</translation>
+    </message>
+    <message>
+        <source>Shows where the picture selected in the file manager was taken.</source>
+        <extracomment>In the dialog &quot;About Pinorama&quot;: what the program does</extracomment>
+        <translation>Dosya yöneticisinde seçilen resmin nerede çekildiğini gösterir.</translation>
+    </message>
+    <message>
+        <source>Free software under the GNU General Public License, version 3 or later. It comes with no warranty.</source>
+        <extracomment>In the dialog &quot;About Pinorama&quot;. The name of the licence stays</extracomment>
+        <translation>GNU Genel Kamu Lisansı (GNU General Public License) sürüm 3 veya sonrası altında özgür yazılım. Hiçbir garantisi yoktur.</translation>
+    </message>
+    <message>
+        <source>Made with these libraries:</source>
+        <extracomment>In the dialog &quot;About Pinorama&quot;, above a list</extracomment>
+        <translation>Kullanılan kitaplıklar:</translation>
+    </message>
+    <message>
+        <source>Places and map are made from:</source>
+        <extracomment>In the dialog &quot;About Pinorama&quot;, above a list of sources</extracomment>
+        <translation>Yerlerin ve haritanın kaynakları:</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::AccessibilityNotice</name>
+    <message>
+        <source>S&amp;witch On</source>
+        <extracomment>Button of the notice about accessibility: switches it on</extracomment>
+        <translation>&amp;Aç</translation>
+    </message>
+    <message>
+        <source>Pinorama can follow the selection in %1 once accessibility is on. This is a permanent setting of your desktop; restart the file manager after switching it on.</source>
+        <extracomment>A notice in the window; %1 is the name of a file manager. Accessibility as in the settings of desktops</extracomment>
+        <translation>Erişilebilirlik açıldığında Pinorama %1 içindeki seçimi izleyebilir. Bu, masaüstünün kalıcı bir ayarıdır; açtıktan sonra dosya yöneticisini yeniden başlatın.</translation>
+    </message>
+    <message>
+        <source>Accessibility is on. Restart %1 or log in again; Pinorama then follows its selection.</source>
+        <extracomment>A notice in the window; %1 is the name of a file manager</extracomment>
+        <translation>Erişilebilirlik açık. %1 uygulamasını yeniden başlatın veya yeniden oturum açın; sonra Pinorama seçimi izler.</translation>
+    </message>
+    <message>
+        <source>Accessibility could not be switched on. The manual explains how to do it by hand.</source>
+        <extracomment>A notice in the window</extracomment>
+        <translation>Erişilebilirlik açılamadı. Elle nasıl yapılacağını kılavuz açıklar.</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::AppController</name>
+    <message>
+        <source>Files cannot be opened: the program pinorama-opener does not start.</source>
+        <extracomment>The foot of the window. pinorama-opener is the name of a program and stays</extracomment>
+        <translation>Dosyalar açılamıyor: pinorama-opener programı başlamıyor.</translation>
+    </message>
+    <message>
+        <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
+        <extracomment>The foot of the window. pinorama-reader is the name of a program and stays</extracomment>
+        <translation>Resimler okunamıyor: pinorama-reader programı başlamıyor.</translation>
+    </message>
+    <message>
+        <source>Re&amp;load</source>
+        <extracomment>Reads the file again that is shown</extracomment>
+        <translation>&amp;Yeniden Oku</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::CopyMenu</name>
+    <message>
+        <source>Copy &amp;It As</source>
+        <extracomment>The menu of the forms in which a place can be copied</extracomment>
+        <translation>Şö&amp;yle Kopyala</translation>
+    </message>
+    <message>
+        <source>As Shown</source>
+        <extracomment>Entry of the menu &quot;Copy It As&quot;: the coordinate as the window shows it</extracomment>
+        <translation>Gösterildiği Gibi</translation>
+    </message>
+    <message>
+        <source>Decimal Degrees</source>
+        <extracomment>Entry of the menu &quot;Copy It As&quot;: copies &quot;-54.80190, -68.30300&quot;</extracomment>
+        <translation>Ondalık Derece</translation>
+    </message>
+    <message>
+        <source>Degrees and Decimal Minutes</source>
+        <extracomment>Entry of the menu &quot;Copy It As&quot;: copies &quot;54° 48.114&apos; S&quot;</extracomment>
+        <translation>Derece ve Ondalık Dakika</translation>
+    </message>
+    <message>
+        <source>geo: Address</source>
+        <extracomment>An address that begins with &quot;geo:&quot;, which map programs take</extracomment>
+        <translation>geo: Adresi</translation>
+    </message>
+    <message>
+        <source>Place in Words</source>
+        <extracomment>Copies &quot;Near Ushuaia, Argentina&quot;</extracomment>
+        <translation>Sözcüklerle Yer</translation>
+    </message>
+    <message>
+        <source>Link to %1</source>
+        <extracomment>%1 is a map service, such as OpenStreetMap</extracomment>
+        <translation>%1 Bağlantısı</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::ExportDialog</name>
+    <message>
+        <source>KML files (*.kml)</source>
+        <extracomment>Kind of files in a file dialog; &quot;(*.kml)&quot; stays</extracomment>
+        <translation>KML dosyaları (*.kml)</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::ExportNotice</name>
+    <message>
+        <source>the disk is full.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
+        <translation>disk dolu.</translation>
+    </message>
+    <message>
+        <source>writing there is not allowed.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
+        <translation>oraya yazmaya izin yok.</translation>
+    </message>
+    <message>
+        <source>there is no such folder.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
+        <translation>böyle bir klasör yok.</translation>
+    </message>
+    <message>
+        <source>a folder has that name.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
+        <translation>bu adda bir klasör var.</translation>
+    </message>
+    <message>
+        <source>%1 could not be written: %2</source>
+        <extracomment>A notice in the window: %1 is the name of a file, %2 a reason, with its full stop</extracomment>
+        <translation>%1 yazılamadı: %2</translation>
+    </message>
+    <message>
+        <source>%1 was saved.</source>
+        <extracomment>%1 is the name of a file that was written</extracomment>
+        <translation>%1 kaydedildi.</translation>
+    </message>
+    <message>
+        <source>Show in Fo&amp;lder</source>
+        <extracomment>A button: shows the file in the file manager</extracomment>
+        <translation>K&amp;lasörde Göster</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::MainWindow</name>
+    <message>
+        <source>Preview</source>
+        <extracomment>What a screen reader says of the small picture</extracomment>
+        <translation>Ön izleme</translation>
+    </message>
+    <message>
+        <source>A click shows more of the surroundings, or less</source>
+        <extracomment>Of the small map.</extracomment>
+        <translation>Tıklamak çevrenin daha çoğunu veya daha azını gösterir</translation>
+    </message>
+    <message>
+        <source>The picture has a location</source>
+        <extracomment>Tool tip of the pin in the corner of the small map</extracomment>
+        <translation>Resmin konumu var</translation>
+    </message>
+    <message>
+        <source>Opens the location in a web map</source>
+        <extracomment>Tool tip of the pop-up menu of map services</extracomment>
+        <translation>Konumu bir web haritasında açar</translation>
+    </message>
+    <message>
+        <source>Map Services</source>
+        <extracomment>The first line of a pop-up menu of web maps</extracomment>
+        <translation>Harita Hizmetleri</translation>
+    </message>
+    <message>
+        <source>Flies the globe program to the location</source>
+        <extracomment>Tool tip of the button &quot;Show in Globe&quot;</extracomment>
+        <translation>Küre programında konuma uçar</translation>
+    </message>
+    <message>
+        <source>Show in &amp;Globe</source>
+        <extracomment>A button: shows the place in a globe program such as Marble. Keep it short</extracomment>
+        <translation>&amp;Kürede Göster</translation>
+    </message>
+    <message>
+        <source>Finds all catalogued pictures taken within 2000 m</source>
+        <extracomment>Tool tip of the button &quot;Find in Skallion&quot;</extracomment>
+        <translation>Kataloglanmış, 2000 m içinde çekilmiş tüm resimleri bulur</translation>
+    </message>
+    <message>
+        <source>&amp;Find in Skallion</source>
+        <extracomment>A button. Skallion is a program that catalogues pictures; the name stays. Keep it short</extracomment>
+        <translation>Skallion’da &amp;Bul</translation>
+    </message>
+    <message>
+        <source>Writes the location as a placemark file</source>
+        <extracomment>Tool tip of the button &quot;Export as KML&quot;</extracomment>
+        <translation>Konumu yer imi dosyası olarak yazar</translation>
+    </message>
+    <message>
+        <source>&amp;Export as KML…</source>
+        <extracomment>A button. KML is a kind of file; the name stays. Keep it short</extracomment>
+        <translation>KML Olarak &amp;Dışa Aktar…</translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <extracomment>Caption before the name of the file</extracomment>
+        <translation>Ad:</translation>
+    </message>
+    <message>
+        <source>Select a picture, or drop one here</source>
+        <extracomment>Stands in the empty field for the name until a picture is shown</extracomment>
+        <translation>Bir resim seçin veya buraya bırakın</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <extracomment>What a screen reader says before the place in words.</extracomment>
+        <translation>Yer</translation>
+    </message>
+    <message>
+        <source>Taken:</source>
+        <extracomment>The time at which the picture was taken.</extracomment>
+        <translation>Çekim:</translation>
+    </message>
+    <message>
+        <source>Size:</source>
+        <extracomment>Caption before the size of the file, such as &quot;1.2 MB&quot;</extracomment>
+        <translation>Boyut:</translation>
+    </message>
+    <message>
+        <source>Modified:</source>
+        <extracomment>Caption before the time at which the file was last changed</extracomment>
+        <translation>Değiştirme:</translation>
+    </message>
+    <message>
+        <source>Created:</source>
+        <extracomment>Caption before the time at which the file was made</extracomment>
+        <translation>Oluşturma:</translation>
+    </message>
+    <message>
+        <source>Coordinate:</source>
+        <extracomment>Caption before the coordinate of the place</extracomment>
+        <translation>Koordinat:</translation>
+    </message>
+    <message>
+        <source>Altitude:</source>
+        <extracomment>Caption before the height above the sea, such as &quot;1,200 m&quot;</extracomment>
+        <translation>Yükseklik:</translation>
+    </message>
+    <message>
+        <source>Direction:</source>
+        <extracomment>Caption before the direction that the camera looked in</extracomment>
+        <translation>Yön:</translation>
+    </message>
+    <message>
+        <source>City:</source>
+        <extracomment>Caption before the name of the town, which the photographer wrote into the picture</extracomment>
+        <translation>Şehir:</translation>
+    </message>
+    <message>
+        <source>State:</source>
+        <extracomment>Caption before the name of the state or province, which the photographer wrote into the picture</extracomment>
+        <translation>Eyalet:</translation>
+    </message>
+    <message>
+        <source>Country:</source>
+        <extracomment>Caption before the name of the country, which the photographer wrote into the picture</extracomment>
+        <translation>Ülke:</translation>
+    </message>
+    <message>
+        <source>Caption:</source>
+        <extracomment>Caption before the description, which the photographer wrote into the picture</extracomment>
+        <translation>Açıklama:</translation>
+    </message>
+    <message>
+        <source>Always shows the picture selected in the file manager</source>
+        <extracomment>Tool tip of the check box &quot;Follow the selection&quot;</extracomment>
+        <translation>Her zaman dosya yöneticisinde seçilen resmi gösterir</translation>
+    </message>
+    <message>
+        <source>Follow the &amp;selection in the file manager</source>
+        <extracomment>A check box at the foot of the window</extracomment>
+        <translation>Dosya yöneticisindeki &amp;seçimi izle</translation>
+    </message>
+    <message>
+        <source>&amp;Picture</source>
+        <extracomment>A menu of the menu bar</extracomment>
+        <translation>&amp;Resim</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <extracomment>A menu of the menu bar</extracomment>
+        <translation>&amp;Yardım</translation>
+    </message>
+    <message>
+        <source>&amp;Open…</source>
+        <extracomment>Menu entry: has the user choose a file</extracomment>
+        <translation>&amp;Aç…</translation>
+    </message>
+    <message>
+        <source>Open in &amp;Map Service</source>
+        <extracomment>Menu entry: its submenu has the web maps</extracomment>
+        <translation>&amp;Harita Hizmetinde Aç</translation>
+    </message>
+    <message>
+        <source>Cop&amp;y Coordinate</source>
+        <extracomment>Menu entry: copies the coordinate as the window shows it</extracomment>
+        <translation>Koo&amp;rdinatı Kopyala</translation>
+    </message>
+    <message>
+        <source>Copy as &amp;Decimal Degrees</source>
+        <extracomment>Menu entry: copies the coordinate, as in &quot;-54.80190, -68.30300&quot;</extracomment>
+        <translation>&amp;Ondalık Derece Olarak Kopyala</translation>
+    </message>
+    <message>
+        <source>&amp;Read More Kinds of Files</source>
+        <extracomment>Menu entry with a check mark: has pictures of more kinds and videos read, too</extracomment>
+        <translation>Daha Çok Dosya &amp;Türü Oku</translation>
+    </message>
+    <message>
+        <source>&amp;Close Window</source>
+        <extracomment>Menu entry: the program goes on running</extracomment>
+        <translation>&amp;Pencereyi Kapat</translation>
+    </message>
+    <message>
+        <source>&amp;Quit Pinorama</source>
+        <extracomment>Menu entry: ends the program. Pinorama is its name and stays</extracomment>
+        <translation>Pinorama’dan &amp;Çık</translation>
+    </message>
+    <message>
+        <source>Pinorama &amp;Manual</source>
+        <extracomment>Menu entry: opens the manual. Pinorama stays</extracomment>
+        <translation>Pinorama &amp;Kılavuzu</translation>
+    </message>
+    <message>
+        <source>Pinorama &amp;Home Page</source>
+        <extracomment>Menu entry: opens the page in the browser. Pinorama stays</extracomment>
+        <translation>Pinorama &amp;Ana Sayfası</translation>
+    </message>
+    <message>
+        <source>&amp;Donate…</source>
+        <extracomment>Menu entry: opens a page on which one can give the makers money</extracomment>
+        <translation>&amp;Bağış Yap…</translation>
+    </message>
+    <message>
+        <source>&amp;About Pinorama</source>
+        <extracomment>Menu entry: opens the dialog with the version and the licence. Pinorama stays</extracomment>
+        <translation>Pinorama &amp;Hakkında</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::MoreKinds</name>
+    <message>
+        <source>From Exif</source>
+        <extracomment>Tool tip: the part of the file that has the value. Exif is a name and stays</extracomment>
+        <translation>Exif’ten</translation>
+    </message>
+    <message>
+        <source>From IPTC</source>
+        <extracomment>Tool tip: the part of the file that has the value. IPTC is a name and stays</extracomment>
+        <translation>IPTC’den</translation>
+    </message>
+    <message>
+        <source>From XMP in the file</source>
+        <extracomment>Tool tip: the part of the file that has the value. XMP is a name and stays</extracomment>
+        <translation>Dosyadaki XMP’den</translation>
+    </message>
+    <message>
+        <source>From the video</source>
+        <extracomment>Tool tip: the value stands in the video itself</extracomment>
+        <translation>Videodan</translation>
+    </message>
+    <message>
+        <source>From the XMP file beside it</source>
+        <extracomment>Tool tip: the value stands in another file in the same folder. XMP is a name and stays</extracomment>
+        <translation>Yanındaki XMP dosyasından</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::MoreKindsNotice</name>
+    <message>
+        <source>Read Them</source>
+        <extracomment>Button of the notice &quot;... pictures can be read, too&quot;: has them read from now on</extracomment>
+        <translation>Onları Oku</translation>
+    </message>
+    <message>
+        <source>%1 pictures can be read, too.</source>
+        <extracomment>A notice in the window; %1 is the name of a kind, such as &quot;HEIC&quot;, and no number</extracomment>
+        <translation>%1 resimleri de okunabilir.</translation>
+    </message>
+    <message>
+        <source>%1 videos can be read, too.</source>
+        <extracomment>A notice in the window; %1 is the name of a kind, such as &quot;MP4&quot;, and no number</extracomment>
+        <translation>%1 videoları da okunabilir.</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::NearbyModel</name>
+    <message>
+        <source>same place</source>
+        <extracomment>Below a picture, in the place of a distance: it was taken where the other one was</extracomment>
+        <translation>aynı yer</translation>
+    </message>
+    <message>
+        <source>%1 m %2</source>
+        <extracomment>Below a picture: %1 is a distance, %2 a point of the compass: 350 m NE</extracomment>
+        <translation>%1&#xa0;m %2</translation>
+    </message>
+    <message>
+        <source>%1 km %2</source>
+        <extracomment>Below a picture: %1 is a distance, %2 a point of the compass: 1.2 km NE</extracomment>
+        <translation>%1&#xa0;km %2</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::NearbyWindow</name>
+    <message>
+        <source>&amp;Stop</source>
+        <extracomment>Button: ends the search</extracomment>
+        <translation>&amp;Durdur</translation>
+    </message>
+    <message>
+        <source>Pictures Nearby</source>
+        <extracomment>Title of the window</extracomment>
+        <translation>Yakındaki Resimler</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <extracomment>Context menu: opens the picture in the program for it</extracomment>
+        <translation>&amp;Aç</translation>
+    </message>
+    <message>
+        <source>Open &amp;With...</source>
+        <extracomment>Context menu: has the user choose the program</extracomment>
+        <translation>&amp;Birlikte Aç...</translation>
+    </message>
+    <message>
+        <source>Within %1 m of %2</source>
+        <extracomment>Above the pictures that were found; %1 is a distance, %2 the name of a file</extracomment>
+        <translation>%2 çevresinde %1&#xa0;m içinde</translation>
+    </message>
+    <message>
+        <source>Searching...</source>
+        <extracomment>Below the pictures, until the first is found</extracomment>
+        <translation>Aranıyor...</translation>
+    </message>
+    <message>
+        <source>Searching... Pictures found so far: %1</source>
+        <extracomment>Below the pictures: %1 is their number</extracomment>
+        <translation>Aranıyor... Şimdiye dek bulunan resim: %1</translation>
+    </message>
+    <message>
+        <source>Stopped. Pictures found until then: %1</source>
+        <extracomment>Below the pictures, after the button &quot;Stop&quot;: %1 is their number</extracomment>
+        <translation>Durduruldu. O ana dek bulunan resim: %1</translation>
+    </message>
+    <message>
+        <source>The search ended too early. Pictures found until then: %1</source>
+        <extracomment>Below the pictures: the search failed; %1 is their number</extracomment>
+        <translation>Arama erken sona erdi. O ana dek bulunan resim: %1</translation>
+    </message>
+    <message>
+        <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
+        <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
+        <translation>Resimler aranamıyor: pinorama-search programı başlamıyor.</translation>
+    </message>
+    <message>
+        <source>Pictures found: %1. The nearest %2 are shown.</source>
+        <extracomment>Below the pictures: %1 and %2 are numbers</extracomment>
+        <translation>Bulunan resim: %1. En yakın %2 tanesi gösteriliyor.</translation>
+    </message>
+    <message>
+        <source>Pictures found: %1</source>
+        <extracomment>Below the pictures: %1 is their number</extracomment>
+        <translation>Bulunan resim: %1</translation>
+    </message>
+    <message>
+        <source>No other picture within %1 m was found in these folders:
+%2</source>
+        <extracomment>In the place of the pictures; %1 is a distance, %2 a list of folders</extracomment>
+        <translation>Şu klasörlerde %1&#xa0;m içinde başka resim bulunamadı:
+%2</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::Notice</name>
+    <message>
+        <source>&amp;Dismiss</source>
+        <extracomment>A button that takes a notice in the window away</extracomment>
+        <translation>&amp;Gizle</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::PathIntake</name>
+    <message>
+        <source>Open Picture</source>
+        <extracomment>Title of the file dialog</extracomment>
+        <translation>Resim Aç</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::PictureWords</name>
+    <message>
+        <source>%1 is a folder.</source>
+        <extracomment>The foot of the window; so are the others. %1 is the name of the file that is shown</extracomment>
+        <translation>%1 bir klasör.</translation>
+    </message>
+    <message>
+        <source>%1 is no file that can be read.</source>
+        <extracomment>A pipe or a device</extracomment>
+        <translation>%1 okunabilen bir dosya değil.</translation>
+    </message>
+    <message>
+        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
+        <extracomment>The foot of the window. JPEG stays</extracomment>
+        <translation>Bu türdeki dosyalar okunmaz; yalnızca JPEG ve kameraların ham dosyaları okunur.</translation>
+    </message>
+    <message>
+        <source>There is no file %1.</source>
+        <extracomment>The foot of the window; %1 is the name of a file</extracomment>
+        <translation>%1 adlı dosya yok.</translation>
+    </message>
+    <message>
+        <source>You are not allowed to read %1.</source>
+        <extracomment>The foot of the window; %1 is the name of a file</extracomment>
+        <translation>%1 dosyasını okuma izniniz yok.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2.</source>
+        <extracomment>%2 is the system&apos;s reason, such as &quot;Input/output error&quot;</extracomment>
+        <translation>%1 açılamıyor: %2.</translation>
+    </message>
+    <message>
+        <source>This picture does not say where it was taken.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>Bu resim nerede çekildiğini belirtmiyor.</translation>
+    </message>
+    <message>
+        <source>Several files are selected; the window shows one at a time.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>Birden çok dosya seçili; pencere bir seferde birini gösterir.</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::PlaceActions</name>
+    <message>
+        <source>The globe program cannot be started.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>Küre programı başlatılamıyor.</translation>
+    </message>
+    <message>
+        <source>Needs Marble, Google Earth or another program that opens KML files</source>
+        <extracomment>The second line of a tool tip</extracomment>
+        <translation>Marble, Google Earth veya KML dosyalarını açan başka bir program gerekir</translation>
+    </message>
+    <message>
+        <source>Without Skallion, pictures nearby are looked for in the folders around this one</source>
+        <extracomment>The second line of a tool tip</extracomment>
+        <translation>Skallion olmadan yakındaki resimler bu klasörün çevresindeki klasörlerde aranır</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::ReadingNotice</name>
+    <message>
+        <source>Still reading %1...</source>
+        <extracomment>The foot of the window; %1 is the name of a file</extracomment>
+        <translation>%1 okunuyor...</translation>
+    </message>
+    <message>
+        <source>%1 could not be read.</source>
+        <extracomment>The foot of the window; %1 is the name of a file</extracomment>
+        <translation>%1 okunamadı.</translation>
+    </message>
+    <message>
+        <source>%1 does not answer.</source>
+        <extracomment>The foot of the window; %1 is the name of a file that is being read and takes too long, as when a network is gone</extracomment>
+        <translation>%1 yanıt vermiyor.</translation>
+    </message>
+    <message>
+        <source>The XMP file beside %1 could not be read.</source>
+        <extracomment>The foot of the window; %1 is the name of a file. XMP is a kind of file and stays</extracomment>
+        <translation>%1 yanındaki XMP dosyası okunamadı.</translation>
+    </message>
+    <message>
+        <source>The XMP file beside %1 does not answer.</source>
+        <extracomment>The foot of the window; %1 is the name of a file. XMP is a kind of file and stays</extracomment>
+        <translation>%1 yanındaki XMP dosyası yanıt vermiyor.</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::SayingOpener</name>
+    <message>
+        <source>No web browser is installed.</source>
+        <extracomment>The foot of the window; so are the others</extracomment>
+        <translation>Kurulu bir web tarayıcısı yok.</translation>
+    </message>
+    <message>
+        <source>No program opens geo: addresses. Marble and GNOME Maps do.</source>
+        <extracomment>&quot;geo:&quot; is the beginning of an address; the names are those of programs</extracomment>
+        <translation>Hiçbir program geo: adreslerini açmıyor. Marble ve GNOME Haritalar açar.</translation>
+    </message>
+    <message>
+        <source>No program opens KML files. Marble and Google Earth do.</source>
+        <extracomment>The foot of the window. KML is a kind of file; the names of programs stay</extracomment>
+        <translation>Hiçbir program KML dosyalarını açmıyor. Marble ve Google Earth açar.</translation>
+    </message>
+    <message>
+        <source>No program opens addresses that begin with %1:.</source>
+        <extracomment>%1 is the beginning of an address, such as &quot;om&quot;</extracomment>
+        <translation>Hiçbir program %1: ile başlayan adresleri açmıyor.</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::StaleFields</name>
+    <message>
+        <source>from %1</source>
+        <extracomment>Of a text that belongs to an earlier picture; %1 is the name of that</extracomment>
+        <translation>kaynak: %1</translation>
+    </message>
+</context>
+</TS>
