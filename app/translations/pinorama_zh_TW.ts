@@ -1,0 +1,630 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_TW" sourcelanguage="en_US">
+<context>
+    <name>AboutBox</name>
+    <message>
+        <source>About Pinorama</source>
+        <extracomment>Title of the dialog. Pinorama stays</extracomment>
+        <translation>關於 Pinorama</translation>
+    </message>
+    <message>
+        <source>Shows where the picture selected in the file manager was taken.</source>
+        <extracomment>In the dialog &quot;About Pinorama&quot;: what the program does</extracomment>
+        <translation>顯示檔案管理員中所選相片的拍攝地點。</translation>
+    </message>
+    <message>
+        <source>Free software under the GNU General Public License, version 3 or later. It comes with no warranty.</source>
+        <extracomment>In the dialog &quot;About Pinorama&quot;. The name of the licence stays</extracomment>
+        <translation>依 GNU 通用公共授權條款（GNU General Public License）第 3 版或更新版本發布的自由軟體，不提供任何擔保。</translation>
+    </message>
+    <message>
+        <source>Made with these libraries:</source>
+        <extracomment>In the dialog &quot;About Pinorama&quot;, above a list</extracomment>
+        <translation>使用的函式庫:</translation>
+    </message>
+    <message>
+        <source>Places and map are made from:</source>
+        <extracomment>In the dialog &quot;About Pinorama&quot;, above a list of sources</extracomment>
+        <translation>地點和地圖的來源:</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::AccessibilityNotice</name>
+    <message>
+        <source>S&amp;witch On</source>
+        <extracomment>Button of the notice about accessibility: switches it on</extracomment>
+        <translation>開啟(&amp;W)</translation>
+    </message>
+    <message>
+        <source>Pinorama can follow the selection in %1 once accessibility is on. This is a permanent setting of your desktop; restart the file manager after switching it on.</source>
+        <extracomment>A notice in the window; %1 is the name of a file manager. Accessibility as in the settings of desktops</extracomment>
+        <translation>開啟無障礙功能後，Pinorama 就能跟隨 %1 中的選取。這是桌面環境的永久設定；開啟後請重新啟動檔案管理員。</translation>
+    </message>
+    <message>
+        <source>Accessibility is on. Restart %1 or log in again; Pinorama then follows its selection.</source>
+        <extracomment>A notice in the window; %1 is the name of a file manager</extracomment>
+        <translation>無障礙功能已開啟。請重新啟動 %1 或重新登入；之後 Pinorama 就會跟隨選取。</translation>
+    </message>
+    <message>
+        <source>Accessibility could not be switched on. The manual explains how to do it by hand.</source>
+        <extracomment>A notice in the window</extracomment>
+        <translation>無法開啟無障礙功能。手冊說明了如何手動開啟。</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::AppController</name>
+    <message>
+        <source>Files cannot be opened: the program pinorama-opener does not start.</source>
+        <extracomment>The foot of the window. pinorama-opener is the name of a program and stays</extracomment>
+        <translation>無法開啟檔案：程式 pinorama-opener 未能啟動。</translation>
+    </message>
+    <message>
+        <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
+        <extracomment>The foot of the window. pinorama-reader is the name of a program and stays</extracomment>
+        <translation>無法讀取相片：程式 pinorama-reader 未能啟動。</translation>
+    </message>
+    <message>
+        <source>Re&amp;load</source>
+        <extracomment>Reads the file again that is shown</extracomment>
+        <translation>重新讀取(&amp;L)</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::CopyMenu</name>
+    <message>
+        <source>Copy &amp;It As</source>
+        <extracomment>The menu of the forms in which a place can be copied</extracomment>
+        <translation>複製為(&amp;I)</translation>
+    </message>
+    <message>
+        <source>As Shown</source>
+        <extracomment>Entry of the menu &quot;Copy It As&quot;: the coordinate as the window shows it</extracomment>
+        <translation>如顯示</translation>
+    </message>
+    <message>
+        <source>Decimal Degrees</source>
+        <extracomment>Entry of the menu &quot;Copy It As&quot;: copies &quot;-54.80190, -68.30300&quot;</extracomment>
+        <translation>十進位度數</translation>
+    </message>
+    <message>
+        <source>Degrees and Decimal Minutes</source>
+        <extracomment>Entry of the menu &quot;Copy It As&quot;: copies &quot;54° 48.114&apos; S&quot;</extracomment>
+        <translation>度與十進位分</translation>
+    </message>
+    <message>
+        <source>geo: Address</source>
+        <extracomment>An address that begins with &quot;geo:&quot;, which map programs take</extracomment>
+        <translation>geo: 位址</translation>
+    </message>
+    <message>
+        <source>Place in Words</source>
+        <extracomment>Copies &quot;Near Ushuaia, Argentina&quot;</extracomment>
+        <translation>以文字表示的地點</translation>
+    </message>
+    <message>
+        <source>Link to %1</source>
+        <extracomment>%1 is a map service, such as OpenStreetMap</extracomment>
+        <translation>%1 連結</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::ExportDialog</name>
+    <message>
+        <source>KML files (*.kml)</source>
+        <extracomment>Kind of files in a file dialog; &quot;(*.kml)&quot; stays</extracomment>
+        <translation>KML 檔案 (*.kml)</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::ExportNotice</name>
+    <message>
+        <source>the disk is full.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
+        <translation>磁碟已滿。</translation>
+    </message>
+    <message>
+        <source>writing there is not allowed.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
+        <translation>不允許寫入該處。</translation>
+    </message>
+    <message>
+        <source>there is no such folder.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
+        <translation>沒有這個資料夾。</translation>
+    </message>
+    <message>
+        <source>a folder has that name.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
+        <translation>已有同名的資料夾。</translation>
+    </message>
+    <message>
+        <source>%1 could not be written: %2</source>
+        <extracomment>A notice in the window: %1 is the name of a file, %2 a reason, with its full stop</extracomment>
+        <translation>無法寫入 %1：%2</translation>
+    </message>
+    <message>
+        <source>%1 was saved.</source>
+        <extracomment>%1 is the name of a file that was written</extracomment>
+        <translation>%1 已儲存。</translation>
+    </message>
+    <message>
+        <source>Show in Fo&amp;lder</source>
+        <extracomment>A button: shows the file in the file manager</extracomment>
+        <translation>在資料夾中顯示(&amp;L)</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::MainWindow</name>
+    <message>
+        <source>Preview</source>
+        <extracomment>What a screen reader says of the small picture</extracomment>
+        <translation>預覽</translation>
+    </message>
+    <message>
+        <source>A click shows more of the surroundings, or less</source>
+        <extracomment>Of the small map.</extracomment>
+        <translation>點按可顯示更多或更少的周邊區域</translation>
+    </message>
+    <message>
+        <source>The picture has a location</source>
+        <extracomment>Tool tip of the pin in the corner of the small map</extracomment>
+        <translation>相片含有位置資訊</translation>
+    </message>
+    <message>
+        <source>Opens the location in a web map</source>
+        <extracomment>Tool tip of the pop-up menu of map services</extracomment>
+        <translation>在網路地圖中開啟此位置</translation>
+    </message>
+    <message>
+        <source>Map Services</source>
+        <extracomment>The first line of a pop-up menu of web maps</extracomment>
+        <translation>地圖服務</translation>
+    </message>
+    <message>
+        <source>Flies the globe program to the location</source>
+        <extracomment>Tool tip of the button &quot;Show in Globe&quot;</extracomment>
+        <translation>在地球儀程式中飛往此位置</translation>
+    </message>
+    <message>
+        <source>Show in &amp;Globe</source>
+        <extracomment>A button: shows the place in a globe program such as Marble. Keep it short</extracomment>
+        <translation>在地球儀顯示(&amp;G)</translation>
+    </message>
+    <message>
+        <source>Finds all catalogued pictures taken within 2000 m</source>
+        <extracomment>Tool tip of the button &quot;Find in Skallion&quot;</extracomment>
+        <translation>尋找 2000 公尺內拍攝的所有已編目相片</translation>
+    </message>
+    <message>
+        <source>&amp;Find in Skallion</source>
+        <extracomment>A button. Skallion is a program that catalogues pictures; the name stays. Keep it short</extracomment>
+        <translation>在 Skallion 尋找(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Writes the location as a placemark file</source>
+        <extracomment>Tool tip of the button &quot;Export as KML&quot;</extracomment>
+        <translation>將位置寫入地標檔案</translation>
+    </message>
+    <message>
+        <source>&amp;Export as KML…</source>
+        <extracomment>A button. KML is a kind of file; the name stays. Keep it short</extracomment>
+        <translation>匯出為 KML(&amp;E)…</translation>
+    </message>
+    <message>
+        <source>Name:</source>
+        <extracomment>Caption before the name of the file</extracomment>
+        <translation>名稱:</translation>
+    </message>
+    <message>
+        <source>Select a picture, or drop one here</source>
+        <extracomment>Stands in the empty field for the name until a picture is shown</extracomment>
+        <translation>選取相片，或拖放到這裡</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <extracomment>What a screen reader says before the place in words.</extracomment>
+        <translation>地點</translation>
+    </message>
+    <message>
+        <source>Taken:</source>
+        <extracomment>The time at which the picture was taken.</extracomment>
+        <translation>拍攝時間:</translation>
+    </message>
+    <message>
+        <source>Size:</source>
+        <extracomment>Caption before the size of the file, such as &quot;1.2 MB&quot;</extracomment>
+        <translation>大小:</translation>
+    </message>
+    <message>
+        <source>Modified:</source>
+        <extracomment>Caption before the time at which the file was last changed</extracomment>
+        <translation>修改時間:</translation>
+    </message>
+    <message>
+        <source>Created:</source>
+        <extracomment>Caption before the time at which the file was made</extracomment>
+        <translation>建立時間:</translation>
+    </message>
+    <message>
+        <source>Coordinate:</source>
+        <extracomment>Caption before the coordinate of the place</extracomment>
+        <translation>座標:</translation>
+    </message>
+    <message>
+        <source>Altitude:</source>
+        <extracomment>Caption before the height above the sea, such as &quot;1,200 m&quot;</extracomment>
+        <translation>高度:</translation>
+    </message>
+    <message>
+        <source>Direction:</source>
+        <extracomment>Caption before the direction that the camera looked in</extracomment>
+        <translation>方向:</translation>
+    </message>
+    <message>
+        <source>City:</source>
+        <extracomment>Caption before the name of the town, which the photographer wrote into the picture</extracomment>
+        <translation>城市:</translation>
+    </message>
+    <message>
+        <source>State:</source>
+        <extracomment>Caption before the name of the state or province, which the photographer wrote into the picture</extracomment>
+        <translation>州／省:</translation>
+    </message>
+    <message>
+        <source>Country:</source>
+        <extracomment>Caption before the name of the country, which the photographer wrote into the picture</extracomment>
+        <translation>國家:</translation>
+    </message>
+    <message>
+        <source>Caption:</source>
+        <extracomment>Caption before the description, which the photographer wrote into the picture</extracomment>
+        <translation>說明:</translation>
+    </message>
+    <message>
+        <source>Always shows the picture selected in the file manager</source>
+        <extracomment>Tool tip of the check box &quot;Follow the selection&quot;</extracomment>
+        <translation>一律顯示檔案管理員中選取的相片</translation>
+    </message>
+    <message>
+        <source>Follow the &amp;selection in the file manager</source>
+        <extracomment>A check box at the foot of the window</extracomment>
+        <translation>跟隨檔案管理員中的選取(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Picture</source>
+        <extracomment>A menu of the menu bar</extracomment>
+        <translation>相片(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <extracomment>A menu of the menu bar</extracomment>
+        <translation>說明(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Open…</source>
+        <extracomment>Menu entry: has the user choose a file</extracomment>
+        <translation>開啟(&amp;O)…</translation>
+    </message>
+    <message>
+        <source>Open in &amp;Map Service</source>
+        <extracomment>Menu entry: its submenu has the web maps</extracomment>
+        <translation>在地圖服務中開啟(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Cop&amp;y Coordinate</source>
+        <extracomment>Menu entry: copies the coordinate as the window shows it</extracomment>
+        <translation>複製座標(&amp;Y)</translation>
+    </message>
+    <message>
+        <source>Copy as &amp;Decimal Degrees</source>
+        <extracomment>Menu entry: copies the coordinate, as in &quot;-54.80190, -68.30300&quot;</extracomment>
+        <translation>以十進位度數複製(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Read More Kinds of Files</source>
+        <extracomment>Menu entry with a check mark: has pictures of more kinds and videos read, too</extracomment>
+        <translation>讀取更多檔案類型(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Close Window</source>
+        <extracomment>Menu entry: the program goes on running</extracomment>
+        <translation>關閉視窗(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Quit Pinorama</source>
+        <extracomment>Menu entry: ends the program. Pinorama is its name and stays</extracomment>
+        <translation>結束 Pinorama(&amp;Q)</translation>
+    </message>
+    <message>
+        <source>Pinorama &amp;Manual</source>
+        <extracomment>Menu entry: opens the manual. Pinorama stays</extracomment>
+        <translation>Pinorama 手冊(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Pinorama &amp;Home Page</source>
+        <extracomment>Menu entry: opens the page in the browser. Pinorama stays</extracomment>
+        <translation>Pinorama 首頁(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Donate…</source>
+        <extracomment>Menu entry: opens a page on which one can give the makers money</extracomment>
+        <translation>贊助(&amp;D)…</translation>
+    </message>
+    <message>
+        <source>&amp;About Pinorama</source>
+        <extracomment>Menu entry: opens the dialog with the version and the licence. Pinorama stays</extracomment>
+        <translation>關於 Pinorama(&amp;A)</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::MoreKinds</name>
+    <message>
+        <source>From Exif</source>
+        <extracomment>Tool tip: the part of the file that has the value. Exif is a name and stays</extracomment>
+        <translation>來自 Exif</translation>
+    </message>
+    <message>
+        <source>From IPTC</source>
+        <extracomment>Tool tip: the part of the file that has the value. IPTC is a name and stays</extracomment>
+        <translation>來自 IPTC</translation>
+    </message>
+    <message>
+        <source>From XMP in the file</source>
+        <extracomment>Tool tip: the part of the file that has the value. XMP is a name and stays</extracomment>
+        <translation>來自檔案中的 XMP</translation>
+    </message>
+    <message>
+        <source>From the video</source>
+        <extracomment>Tool tip: the value stands in the video itself</extracomment>
+        <translation>來自影片</translation>
+    </message>
+    <message>
+        <source>From the XMP file beside it</source>
+        <extracomment>Tool tip: the value stands in another file in the same folder. XMP is a name and stays</extracomment>
+        <translation>來自旁邊的 XMP 檔案</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::MoreKindsNotice</name>
+    <message>
+        <source>Read Them</source>
+        <extracomment>Button of the notice &quot;... pictures can be read, too&quot;: has them read from now on</extracomment>
+        <translation>讀取</translation>
+    </message>
+    <message>
+        <source>%1 pictures can be read, too.</source>
+        <extracomment>A notice in the window; %1 is the name of a kind, such as &quot;HEIC&quot;, and no number</extracomment>
+        <translation>也可以讀取 %1 相片。</translation>
+    </message>
+    <message>
+        <source>%1 videos can be read, too.</source>
+        <extracomment>A notice in the window; %1 is the name of a kind, such as &quot;MP4&quot;, and no number</extracomment>
+        <translation>也可以讀取 %1 影片。</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::NearbyModel</name>
+    <message>
+        <source>same place</source>
+        <extracomment>Below a picture, in the place of a distance: it was taken where the other one was</extracomment>
+        <translation>同一地點</translation>
+    </message>
+    <message>
+        <source>%1 m %2</source>
+        <extracomment>Below a picture: %1 is a distance, %2 a point of the compass: 350 m NE</extracomment>
+        <translation>%1&#xa0;公尺 %2</translation>
+    </message>
+    <message>
+        <source>%1 km %2</source>
+        <extracomment>Below a picture: %1 is a distance, %2 a point of the compass: 1.2 km NE</extracomment>
+        <translation>%1&#xa0;公里 %2</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::NearbyWindow</name>
+    <message>
+        <source>&amp;Stop</source>
+        <extracomment>Button: ends the search</extracomment>
+        <translation>停止(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Pictures Nearby</source>
+        <extracomment>Title of the window</extracomment>
+        <translation>附近的相片</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <extracomment>Context menu: opens the picture in the program for it</extracomment>
+        <translation>開啟(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Open &amp;With...</source>
+        <extracomment>Context menu: has the user choose the program</extracomment>
+        <translation>開啟方式(&amp;W)...</translation>
+    </message>
+    <message>
+        <source>Within %1 m of %2</source>
+        <extracomment>Above the pictures that were found; %1 is a distance, %2 the name of a file</extracomment>
+        <translation>%2 周圍 %1&#xa0;公尺內</translation>
+    </message>
+    <message>
+        <source>Searching...</source>
+        <extracomment>Below the pictures, until the first is found</extracomment>
+        <translation>正在搜尋...</translation>
+    </message>
+    <message>
+        <source>Searching... Pictures found so far: %1</source>
+        <extracomment>Below the pictures: %1 is their number</extracomment>
+        <translation>正在搜尋... 目前找到的相片：%1</translation>
+    </message>
+    <message>
+        <source>Stopped. Pictures found until then: %1</source>
+        <extracomment>Below the pictures, after the button &quot;Stop&quot;: %1 is their number</extracomment>
+        <translation>已停止。到那時為止找到的相片：%1</translation>
+    </message>
+    <message>
+        <source>The search ended too early. Pictures found until then: %1</source>
+        <extracomment>Below the pictures: the search failed; %1 is their number</extracomment>
+        <translation>搜尋過早結束。到那時為止找到的相片：%1</translation>
+    </message>
+    <message>
+        <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
+        <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
+        <translation>無法搜尋相片：程式 pinorama-search 未能啟動。</translation>
+    </message>
+    <message>
+        <source>Pictures found: %1. The nearest %2 are shown.</source>
+        <extracomment>Below the pictures: %1 and %2 are numbers</extracomment>
+        <translation>找到的相片：%1。顯示最近的 %2 張。</translation>
+    </message>
+    <message>
+        <source>Pictures found: %1</source>
+        <extracomment>Below the pictures: %1 is their number</extracomment>
+        <translation>找到的相片：%1</translation>
+    </message>
+    <message>
+        <source>No other picture within %1 m was found in these folders:
+%2</source>
+        <extracomment>In the place of the pictures; %1 is a distance, %2 a list of folders</extracomment>
+        <translation>在下列資料夾中，%1&#xa0;公尺內沒有找到其他相片：
+%2</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::Notice</name>
+    <message>
+        <source>&amp;Dismiss</source>
+        <extracomment>A button that takes a notice in the window away</extracomment>
+        <translation>隱藏(&amp;D)</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::PathIntake</name>
+    <message>
+        <source>Open Picture</source>
+        <extracomment>Title of the file dialog</extracomment>
+        <translation>開啟相片</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::PictureWords</name>
+    <message>
+        <source>%1 is a folder.</source>
+        <extracomment>The foot of the window; so are the others. %1 is the name of the file that is shown</extracomment>
+        <translation>%1 是資料夾。</translation>
+    </message>
+    <message>
+        <source>%1 is no file that can be read.</source>
+        <extracomment>A pipe or a device</extracomment>
+        <translation>%1 不是可讀取的檔案。</translation>
+    </message>
+    <message>
+        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
+        <extracomment>The foot of the window. JPEG stays</extracomment>
+        <translation>不讀取此類型的檔案，僅讀取 JPEG 和相機的 RAW 檔案。</translation>
+    </message>
+    <message>
+        <source>There is no file %1.</source>
+        <extracomment>The foot of the window; %1 is the name of a file</extracomment>
+        <translation>沒有 %1 這個檔案。</translation>
+    </message>
+    <message>
+        <source>You are not allowed to read %1.</source>
+        <extracomment>The foot of the window; %1 is the name of a file</extracomment>
+        <translation>您沒有讀取 %1 的權限。</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2.</source>
+        <extracomment>%2 is the system&apos;s reason, such as &quot;Input/output error&quot;</extracomment>
+        <translation>無法開啟 %1：%2。</translation>
+    </message>
+    <message>
+        <source>This picture does not say where it was taken.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>這張相片沒有記錄拍攝地點。</translation>
+    </message>
+    <message>
+        <source>Several files are selected; the window shows one at a time.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>已選取多個檔案；視窗一次只顯示一個。</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::PlaceActions</name>
+    <message>
+        <source>The globe program cannot be started.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>無法啟動地球儀程式。</translation>
+    </message>
+    <message>
+        <source>Needs Marble, Google Earth or another program that opens KML files</source>
+        <extracomment>The second line of a tool tip</extracomment>
+        <translation>需要 Marble、Google Earth 或其他能開啟 KML 檔案的程式</translation>
+    </message>
+    <message>
+        <source>Without Skallion, pictures nearby are looked for in the folders around this one</source>
+        <extracomment>The second line of a tool tip</extracomment>
+        <translation>沒有 Skallion 時，會在周圍的資料夾中尋找附近的相片</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::ReadingNotice</name>
+    <message>
+        <source>Still reading %1...</source>
+        <extracomment>The foot of the window; %1 is the name of a file</extracomment>
+        <translation>正在讀取 %1...</translation>
+    </message>
+    <message>
+        <source>%1 could not be read.</source>
+        <extracomment>The foot of the window; %1 is the name of a file</extracomment>
+        <translation>無法讀取 %1。</translation>
+    </message>
+    <message>
+        <source>%1 does not answer.</source>
+        <extracomment>The foot of the window; %1 is the name of a file that is being read and takes too long, as when a network is gone</extracomment>
+        <translation>%1 沒有回應。</translation>
+    </message>
+    <message>
+        <source>The XMP file beside %1 could not be read.</source>
+        <extracomment>The foot of the window; %1 is the name of a file. XMP is a kind of file and stays</extracomment>
+        <translation>無法讀取 %1 旁的 XMP 檔案。</translation>
+    </message>
+    <message>
+        <source>The XMP file beside %1 does not answer.</source>
+        <extracomment>The foot of the window; %1 is the name of a file. XMP is a kind of file and stays</extracomment>
+        <translation>%1 旁的 XMP 檔案沒有回應。</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::SayingOpener</name>
+    <message>
+        <source>No web browser is installed.</source>
+        <extracomment>The foot of the window; so are the others</extracomment>
+        <translation>尚未安裝網頁瀏覽器。</translation>
+    </message>
+    <message>
+        <source>No program opens geo: addresses. Marble and GNOME Maps do.</source>
+        <extracomment>&quot;geo:&quot; is the beginning of an address; the names are those of programs</extracomment>
+        <translation>沒有程式能開啟 geo: 位址。Marble 和 GNOME 地圖可以。</translation>
+    </message>
+    <message>
+        <source>No program opens KML files. Marble and Google Earth do.</source>
+        <extracomment>The foot of the window. KML is a kind of file; the names of programs stay</extracomment>
+        <translation>沒有程式能開啟 KML 檔案。Marble 和 Google Earth 可以。</translation>
+    </message>
+    <message>
+        <source>No program opens addresses that begin with %1:.</source>
+        <extracomment>%1 is the beginning of an address, such as &quot;om&quot;</extracomment>
+        <translation>沒有程式能開啟以 %1: 開頭的位址。</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::StaleFields</name>
+    <message>
+        <source>from %1</source>
+        <extracomment>Of a text that belongs to an earlier picture; %1 is the name of that</extracomment>
+        <translation>來自 %1</translation>
+    </message>
+</context>
+</TS>
