@@ -13,4 +13,10 @@ bool isPsd(const ByteBlock& picture);
 // Source: Adobe Photoshop File Formats Specification, "File Header" to "Image Resources".
 EmbeddedMetadata findPsdMetadata(const ByteBlock& psd);
 
+// Finds the thumbnail, a JPEG stream that shows the whole picture. Its bytes are unchecked. Empty
+// if there is none of this coding; the one that Photoshop 4 wrote, with blue and red exchanged, is
+// not looked for.
+// Source: the same, "Thumbnail resource format".
+ByteBlock findPsdThumbnail(const ByteBlock& psd);
+
 }  // namespace pinorama

@@ -8,6 +8,7 @@
 #include "pictures/pixels/heif_preview.h"
 #include "pictures/pixels/jpeg_decode.h"
 #include "pictures/pixels/raw_preview.h"
+#include "pictures/psd_resources.h"
 
 #include <algorithm>
 #include <iterator>
@@ -185,8 +186,10 @@ std::optional<Preview> makeMorePreview(ByteSource& source, std::int32_t maxWidth
 {
     const PixelSize box = {maxWidth, maxHeight};
     const ByteBlock file(source);
-    if (!isIsoMedia(file)) return makePreview(source, maxWidth, maxHeight);
+    const bool isOther = isIsoMedia(file) || isPsd(file);
+    if (!isOther) return makePreview(source, maxWidth, maxHeight);
     if (maxWidth <= 0 || maxHeight <= 0) return std::nullopt;
+    if (isPsd(file)) return decodeUpright(findPsdThumbnail(file), box, 1, false);
     if (std::optional<Preview> preview = makeHeifPreview(file, box)) return preview;
     const EmbeddedJpegs embedded = findCr3Jpegs(file);
     if (embedded.streams.empty()) return std::nullopt;

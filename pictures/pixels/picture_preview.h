@@ -29,7 +29,7 @@ std::optional<Preview> makePreview(ByteSource& source, std::int32_t maxWidth,
                                    std::int32_t maxHeight);
 
 // The same of more kinds of pictures: those above, HEIF as makeHeifPreview has it (heif_preview.h),
-// and the JPEG pictures in CR3. Of videos there is none.
+// the JPEG pictures in CR3, and the thumbnails of Photoshop documents. Of videos there is none.
 std::optional<Preview> makeMorePreview(ByteSource& source, std::int32_t maxWidth,
                                        std::int32_t maxHeight);
 

@@ -143,6 +143,37 @@ TEST(findPsdMetadata, findsTheResources)
         isPsd, findPsdMetadata);
 }
 
+TEST(findPsdThumbnail, findsTheJpegStream)
+{
+    const std::string jpeg = "\xff\xd8 and so on";
+    const auto psdWith = [](std::uint16_t number, const std::string& data) {
+        return test::psdFile(test::photoshopResource(0x03ed, "odd") +
+                             test::photoshopResource(number, data));
+    };
+    const std::string header = "\0\0\0\1"s + std::string(24, '\7');
+    const struct {
+        const char* name;
+        std::string psd;
+        std::string expected;
+    } rows[] = {
+        {"one", psdWith(0x040c, header + jpeg), jpeg},
+        {"no resources", test::psdFile(""), ""},
+        {"the one of Photoshop 4", psdWith(0x0409, header + jpeg), ""},
+        {"another coding", psdWith(0x040c, "\0\0\0\0"s + std::string(24, '\7') + jpeg), ""},
+        {"half a header", psdWith(0x040c, header.substr(0, 20)), ""},
+        {"less than a coding", psdWith(0x040c, "\0\0"s), ""},
+        {"no document", "8BP", ""},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        MemoryByteSource source(test::viewOf(row.psd));
+        const ByteBlock thumbnail = findPsdThumbnail(ByteBlock(source));
+        EXPECT_EQ(thumbnail.isEmpty(), row.expected.empty());
+        const ByteView bytes = thumbnail.view(0, row.expected.size());
+        EXPECT_EQ(std::string(bytes.begin(), bytes.end()), row.expected);
+    }
+}
+
 TEST(findX3fJpeg, findsTheImageInTheDirectory)
 {
     const std::string jpeg = test::jpegPicture({test::exifSegment(kTiff)});
