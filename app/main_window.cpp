@@ -1,5 +1,6 @@
 #include "app/main_window.h"
 
+#include "app/baselines.h"
 #include "app/caption_colour.h"
 #include "app/drawing.h"
 #include "base/file_uri.h"
@@ -79,6 +80,7 @@ void MainWindow::furnish()
     placeMap->setMarker(geoTagField);
     showMarker();
     quietCaptions();
+    keepBaselines();
     for (QMenu* menu : {pictureMenu, helpMenu})
         connect(
             menu, &QMenu::aboutToShow, menu, [menu] { giveMnemonicsRoom(menu); },
@@ -146,6 +148,17 @@ void MainWindow::quietCaptions()
     }
     for (const auto& captions = findChildren<QLabel*>(); QLabel * caption : captions) {
         if (caption->buddy() != nullptr) caption->setPalette(quiet);
+    }
+}
+
+void MainWindow::keepBaselines()
+{
+    for (const auto& captions = findChildren<QLabel*>(); QLabel * caption : captions) {
+        auto* field = qobject_cast<WrappedField*>(caption->buddy());
+        if (field == nullptr) continue;
+        const auto align = [caption, field] { alignBaselines(*caption, *field); };
+        connect(field, &WrappedField::textChanged, caption, align);
+        align();
     }
 }
 

@@ -41,6 +41,7 @@ private:
     explicit MainWindow(Empty /*views*/);
 
     void followScreen();
+    void keepBaselines();
     void quietCaptions();
     void showMarker();
 };

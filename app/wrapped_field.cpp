@@ -91,7 +91,7 @@ QSize WrappedField::minimumSizeHint() const
     const int lines = std::clamp(lines_, 1, maximumLines_);
     const int smallest = fontMetrics().averageCharWidth() * kSmallestWidth;
     return {isHugging_ ? std::min(smallest, wantedWidth()) : smallest,
-            lines * fontMetrics().lineSpacing() + 1};
+            lines * fontMetrics().lineSpacing() + 1 + topMargin_};
 }
 
 bool WrappedField::event(QEvent* event)
@@ -159,6 +159,14 @@ void WrappedField::focusOutEvent(QFocusEvent* event)
     QTextCursor cursor = textCursor();
     cursor.clearSelection();
     setTextCursor(cursor);
+}
+
+void WrappedField::setTopMargin(int points)
+{
+    if (points == topMargin_) return;
+    topMargin_ = points;
+    setViewportMargins(kLineMargin, topMargin_, 0, 0);
+    adaptHeight();
 }
 
 int WrappedField::wantedWidth() const

@@ -36,6 +36,9 @@ public:
     bool isHugging() const { return isHugging_; }
     void setHugging(bool hugging);
 
+    // Points between the upper edge and the first line; 0 at first.
+    void setTopMargin(int points);
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
@@ -54,6 +57,7 @@ private:
     void adaptHeight();
 
     QString text_;
+    int topMargin_ = 0;
     int lines_ = 1;  // as many as linesNeeded() found last
     int maximumLines_ = 4;
     bool isGrowing_ = false;
