@@ -153,6 +153,11 @@
         <extracomment>A button: shows the file in the file manager</extracomment>
         <translation>Zobrazit ve s&amp;ložce</translation>
     </message>
+    <message>
+        <source>the disk does not answer.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
+        <translation>disk neodpovídá.</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::MainWindow</name>
@@ -384,23 +389,20 @@
         <extracomment>Tool tip: the value stands in another file in the same folder. XMP is a name and stays</extracomment>
         <translation>Ze souboru XMP vedle něj</translation>
     </message>
-</context>
-<context>
-    <name>pinorama::MoreKindsNotice</name>
-    <message>
-        <source>Read Them</source>
-        <extracomment>Button of the notice &quot;... pictures can be read, too&quot;: has them read from now on</extracomment>
-        <translation>Číst je</translation>
-    </message>
     <message>
         <source>%1 pictures can be read, too.</source>
-        <extracomment>A notice in the window; %1 is the name of a kind, such as &quot;HEIC&quot;, and no number</extracomment>
+        <extracomment>At the foot of the window; %1 is the name of a kind, such as &quot;HEIC&quot;, and no number</extracomment>
         <translation>Lze číst i snímky %1.</translation>
     </message>
     <message>
         <source>%1 videos can be read, too.</source>
-        <extracomment>A notice in the window; %1 is the name of a kind, such as &quot;MP4&quot;, and no number</extracomment>
+        <extracomment>At the foot of the window; %1 is the name of a kind, such as &quot;MP4&quot;, and no number</extracomment>
         <translation>Lze číst i videa %1.</translation>
+    </message>
+    <message>
+        <source>Read Them</source>
+        <extracomment>Button beside &quot;... pictures can be read, too&quot;: has them read from now on</extracomment>
+        <translation>Číst je</translation>
     </message>
 </context>
 <context>

@@ -5,22 +5,27 @@
     <name>AboutBox</name>
     <message>
         <source>About Pinorama</source>
+        <extracomment>Title of the dialog. Pinorama stays</extracomment>
         <translation>Über Pinorama</translation>
     </message>
     <message>
         <source>Shows where the picture selected in the file manager was taken.</source>
+        <extracomment>In the dialog &quot;About Pinorama&quot;: what the program does</extracomment>
         <translation>Zeigt, wo das in der Dateiverwaltung ausgewählte Bild aufgenommen wurde.</translation>
     </message>
     <message>
         <source>Free software under the GNU General Public License, version 3 or later. It comes with no warranty.</source>
+        <extracomment>In the dialog &quot;About Pinorama&quot;. The name of the licence stays</extracomment>
         <translation>Freie Software unter der GNU General Public License, Version 3 oder neuer. Ohne jede Gewähr.</translation>
     </message>
     <message>
         <source>Made with these libraries:</source>
+        <extracomment>In the dialog &quot;About Pinorama&quot;, above a list</extracomment>
         <translation>Verwendete Bibliotheken:</translation>
     </message>
     <message>
         <source>Places and map are made from:</source>
+        <extracomment>In the dialog &quot;About Pinorama&quot;, above a list of sources</extracomment>
         <translation>Quellen der Orte und der Karte:</translation>
     </message>
 </context>
@@ -28,18 +33,22 @@
     <name>pinorama::AccessibilityNotice</name>
     <message>
         <source>S&amp;witch On</source>
+        <extracomment>Button of the notice about accessibility: switches it on</extracomment>
         <translation>Ein&amp;schalten</translation>
     </message>
     <message>
         <source>Pinorama can follow the selection in %1 once accessibility is on. This is a permanent setting of your desktop; restart the file manager after switching it on.</source>
+        <extracomment>A notice in the window; %1 is the name of a file manager. Accessibility as in the settings of desktops</extracomment>
         <translation>Pinorama kann der Auswahl in %1 folgen, sobald die Barrierefreiheit eingeschaltet ist. Das ist eine dauerhafte Einstellung der Arbeitsumgebung; danach muss die Dateiverwaltung neu gestartet werden.</translation>
     </message>
     <message>
         <source>Accessibility is on. Restart %1 or log in again; Pinorama then follows its selection.</source>
+        <extracomment>A notice in the window; %1 is the name of a file manager</extracomment>
         <translation>Die Barrierefreiheit ist eingeschaltet. Nach einem Neustart von %1 oder einer neuen Anmeldung folgt Pinorama der Auswahl.</translation>
     </message>
     <message>
         <source>Accessibility could not be switched on. The manual explains how to do it by hand.</source>
+        <extracomment>A notice in the window</extracomment>
         <translation>Die Barrierefreiheit ließ sich nicht einschalten. Das Handbuch beschreibt, wie es von Hand geht.</translation>
     </message>
 </context>
@@ -47,10 +56,12 @@
     <name>pinorama::AppController</name>
     <message>
         <source>Files cannot be opened: the program pinorama-opener does not start.</source>
+        <extracomment>The foot of the window. pinorama-opener is the name of a program and stays</extracomment>
         <translation>Dateien können nicht geöffnet werden: Das Programm pinorama-opener startet nicht.</translation>
     </message>
     <message>
         <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
+        <extracomment>The foot of the window. pinorama-reader is the name of a program and stays</extracomment>
         <translation>Bilder können nicht gelesen werden: Das Programm pinorama-reader startet nicht.</translation>
     </message>
     <message>
@@ -68,14 +79,17 @@
     </message>
     <message>
         <source>As Shown</source>
+        <extracomment>Entry of the menu &quot;Copy It As&quot;: the coordinate as the window shows it</extracomment>
         <translation>Wie angezeigt</translation>
     </message>
     <message>
         <source>Decimal Degrees</source>
+        <extracomment>Entry of the menu &quot;Copy It As&quot;: copies &quot;-54.80190, -68.30300&quot;</extracomment>
         <translation>Dezimalgrad</translation>
     </message>
     <message>
         <source>Degrees and Decimal Minutes</source>
+        <extracomment>Entry of the menu &quot;Copy It As&quot;: copies &quot;54° 48.114&apos; S&quot;</extracomment>
         <translation>Grad und Dezimalminuten</translation>
     </message>
     <message>
@@ -98,6 +112,7 @@
     <name>pinorama::ExportDialog</name>
     <message>
         <source>KML files (*.kml)</source>
+        <extracomment>Kind of files in a file dialog; &quot;(*.kml)&quot; stays</extracomment>
         <translation>KML-Dateien (*.kml)</translation>
     </message>
 </context>
@@ -105,22 +120,27 @@
     <name>pinorama::ExportNotice</name>
     <message>
         <source>the disk is full.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
         <translation>der Datenträger ist voll.</translation>
     </message>
     <message>
         <source>writing there is not allowed.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
         <translation>das Schreiben ist dort nicht erlaubt.</translation>
     </message>
     <message>
         <source>there is no such folder.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
         <translation>diesen Ordner gibt es nicht.</translation>
     </message>
     <message>
         <source>a folder has that name.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
         <translation>ein Ordner hat diesen Namen.</translation>
     </message>
     <message>
         <source>%1 could not be written: %2</source>
+        <extracomment>A notice in the window: %1 is the name of a file, %2 a reason, with its full stop</extracomment>
         <translation>%1 konnte nicht geschrieben werden: %2</translation>
     </message>
     <message>
@@ -135,6 +155,7 @@
     </message>
     <message>
         <source>the disk does not answer.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
         <translation>der Datenträger antwortet nicht.</translation>
     </message>
 </context>
@@ -142,146 +163,182 @@
     <name>pinorama::MainWindow</name>
     <message>
         <source>Preview</source>
+        <extracomment>What a screen reader says of the small picture</extracomment>
         <translation>Vorschau</translation>
     </message>
     <message>
         <source>The picture has a location</source>
+        <extracomment>Tool tip of the pin in the corner of the small map</extracomment>
         <translation>Das Bild verrät, wo es aufgenommen wurde</translation>
     </message>
     <message>
         <source>Opens the location in a web map</source>
+        <extracomment>Tool tip of the pop-up menu of map services</extracomment>
         <translation>Öffnet den Ort in einer Karte im Internet</translation>
     </message>
     <message>
         <source>Map Services</source>
+        <extracomment>The first line of a pop-up menu of web maps</extracomment>
         <translation>Kartendienste</translation>
     </message>
     <message>
         <source>Flies the globe program to the location</source>
+        <extracomment>Tool tip of the button &quot;Show in Globe&quot;</extracomment>
         <translation>Fliegt im Globusprogramm zum Ort</translation>
     </message>
     <message>
         <source>Show in &amp;Globe</source>
+        <extracomment>A button: shows the place in a globe program such as Marble. Keep it short</extracomment>
         <translation>Im &amp;Globus zeigen</translation>
     </message>
     <message>
         <source>Finds all catalogued pictures taken within 2000 m</source>
+        <extracomment>Tool tip of the button &quot;Find in Skallion&quot;</extracomment>
         <translation>Findet alle katalogisierten Bilder im Umkreis von 2000 m</translation>
     </message>
     <message>
         <source>&amp;Find in Skallion</source>
+        <extracomment>A button. Skallion is a program that catalogues pictures; the name stays. Keep it short</extracomment>
         <translation>In Skallion s&amp;uchen</translation>
     </message>
     <message>
         <source>Writes the location as a placemark file</source>
+        <extracomment>Tool tip of the button &quot;Export as KML&quot;</extracomment>
         <translation>Schreibt den Ort als Ortsmarke in eine Datei</translation>
     </message>
     <message>
         <source>&amp;Export as KML…</source>
+        <extracomment>A button. KML is a kind of file; the name stays. Keep it short</extracomment>
         <translation>Als KML &amp;exportieren …</translation>
     </message>
     <message>
         <source>Name:</source>
+        <extracomment>Caption before the name of the file</extracomment>
         <translation>Name:</translation>
     </message>
     <message>
         <source>Select a picture, or drop one here</source>
+        <extracomment>Stands in the empty field for the name until a picture is shown</extracomment>
         <translation>Bild auswählen oder hierher ziehen</translation>
     </message>
     <message>
         <source>Size:</source>
+        <extracomment>Caption before the size of the file, such as &quot;1.2 MB&quot;</extracomment>
         <translation>Größe:</translation>
     </message>
     <message>
         <source>Modified:</source>
+        <extracomment>Caption before the time at which the file was last changed</extracomment>
         <translation>Geändert:</translation>
     </message>
     <message>
         <source>Created:</source>
+        <extracomment>Caption before the time at which the file was made</extracomment>
         <translation>Erstellt:</translation>
     </message>
     <message>
         <source>Coordinate:</source>
+        <extracomment>Caption before the coordinate of the place</extracomment>
         <translation>Koordinate:</translation>
     </message>
     <message>
         <source>Altitude:</source>
+        <extracomment>Caption before the height above the sea, such as &quot;1,200 m&quot;</extracomment>
         <translation>Höhe:</translation>
     </message>
     <message>
         <source>Direction:</source>
+        <extracomment>Caption before the direction that the camera looked in</extracomment>
         <translation>Richtung:</translation>
     </message>
     <message>
         <source>City:</source>
+        <extracomment>Caption before the name of the town, which the photographer wrote into the picture</extracomment>
         <translation>Ort:</translation>
     </message>
     <message>
         <source>State:</source>
+        <extracomment>Caption before the name of the state or province, which the photographer wrote into the picture</extracomment>
         <translation>Bundesland:</translation>
     </message>
     <message>
         <source>Country:</source>
+        <extracomment>Caption before the name of the country, which the photographer wrote into the picture</extracomment>
         <translation>Land:</translation>
     </message>
     <message>
         <source>Caption:</source>
+        <extracomment>Caption before the description, which the photographer wrote into the picture</extracomment>
         <translation>Beschreibung:</translation>
     </message>
     <message>
         <source>Always shows the picture selected in the file manager</source>
+        <extracomment>Tool tip of the check box &quot;Follow the selection&quot;</extracomment>
         <translation>Zeigt stets das Bild, das in der Dateiverwaltung ausgewählt ist</translation>
     </message>
     <message>
         <source>Follow the &amp;selection in the file manager</source>
+        <extracomment>A check box at the foot of the window</extracomment>
         <translation>Der &amp;Auswahl in der Dateiverwaltung folgen</translation>
     </message>
     <message>
         <source>&amp;Picture</source>
+        <extracomment>A menu of the menu bar</extracomment>
         <translation>&amp;Bild</translation>
     </message>
     <message>
         <source>&amp;Help</source>
+        <extracomment>A menu of the menu bar</extracomment>
         <translation>&amp;Hilfe</translation>
     </message>
     <message>
         <source>&amp;Open…</source>
+        <extracomment>Menu entry: has the user choose a file</extracomment>
         <translation>Ö&amp;ffnen …</translation>
     </message>
     <message>
         <source>Open in &amp;Map Service</source>
+        <extracomment>Menu entry: its submenu has the web maps</extracomment>
         <translation>In &amp;Kartendienst öffnen</translation>
     </message>
     <message>
         <source>&amp;Close Window</source>
+        <extracomment>Menu entry: the program goes on running</extracomment>
         <translation>Fenster &amp;schließen</translation>
     </message>
     <message>
         <source>&amp;Quit Pinorama</source>
+        <extracomment>Menu entry: ends the program. Pinorama is its name and stays</extracomment>
         <translation>Pinorama &amp;beenden</translation>
     </message>
     <message>
         <source>Pinorama &amp;Home Page</source>
+        <extracomment>Menu entry: opens the page in the browser. Pinorama stays</extracomment>
         <translation>&amp;Internetseite von Pinorama</translation>
     </message>
     <message>
         <source>&amp;Donate…</source>
+        <extracomment>Menu entry: opens a page on which one can give the makers money</extracomment>
         <translation>&amp;Spenden …</translation>
     </message>
     <message>
         <source>&amp;About Pinorama</source>
+        <extracomment>Menu entry: opens the dialog with the version and the licence. Pinorama stays</extracomment>
         <translation>Ü&amp;ber Pinorama</translation>
     </message>
     <message>
         <source>Cop&amp;y Coordinate</source>
+        <extracomment>Menu entry: copies the coordinate as the window shows it</extracomment>
         <translation>K&amp;oordinate kopieren</translation>
     </message>
     <message>
         <source>Copy as &amp;Decimal Degrees</source>
+        <extracomment>Menu entry: copies the coordinate, as in &quot;-54.80190, -68.30300&quot;</extracomment>
         <translation>Als &amp;Dezimalgrad kopieren</translation>
     </message>
     <message>
         <source>Pinorama &amp;Manual</source>
+        <extracomment>Menu entry: opens the manual. Pinorama stays</extracomment>
         <translation>&amp;Handbuch zu Pinorama</translation>
     </message>
     <message>
@@ -296,6 +353,7 @@
     </message>
     <message>
         <source>&amp;Read More Kinds of Files</source>
+        <extracomment>Menu entry with a check mark: has pictures of more kinds and videos read, too</extracomment>
         <translation>Mehr Dateiarten &amp;lesen</translation>
     </message>
     <message>
@@ -305,112 +363,45 @@
     </message>
 </context>
 <context>
-    <name>pinorama::Notice</name>
-    <message>
-        <source>&amp;Dismiss</source>
-        <translation>Ausb&amp;lenden</translation>
-    </message>
-</context>
-<context>
-    <name>pinorama::PathIntake</name>
-    <message>
-        <source>Open Picture</source>
-        <translation>Bild öffnen</translation>
-    </message>
-</context>
-<context>
-    <name>pinorama::ReadingNotice</name>
-    <message>
-        <source>Still reading %1...</source>
-        <translation>%1 wird noch gelesen...</translation>
-    </message>
-    <message>
-        <source>%1 could not be read.</source>
-        <translation>%1 konnte nicht gelesen werden.</translation>
-    </message>
-    <message>
-        <source>%1 does not answer.</source>
-        <translation>%1 antwortet nicht.</translation>
-    </message>
-    <message>
-        <source>The XMP file beside %1 could not be read.</source>
-        <translation>Die XMP-Datei neben %1 konnte nicht gelesen werden.</translation>
-    </message>
-    <message>
-        <source>The XMP file beside %1 does not answer.</source>
-        <translation>Die XMP-Datei neben %1 antwortet nicht.</translation>
-    </message>
-</context>
-<context>
-    <name>pinorama::PictureWords</name>
-    <message>
-        <source>%1 is a folder.</source>
-        <extracomment>The foot of the window; so are the others. %1 is the name of the file that is shown</extracomment>
-        <translation>%1 ist ein Ordner.</translation>
-    </message>
-    <message>
-        <source>%1 is no file that can be read.</source>
-        <extracomment>A pipe or a device</extracomment>
-        <translation>%1 ist keine Datei, die sich lesen lässt.</translation>
-    </message>
-    <message>
-        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
-        <translation>Dateien dieser Art werden nicht gelesen, nur JPEG und Rohdateien von Kameras.</translation>
-    </message>
-    <message>
-        <source>There is no file %1.</source>
-        <translation>Es gibt keine Datei %1.</translation>
-    </message>
-    <message>
-        <source>You are not allowed to read %1.</source>
-        <translation>Sie dürfen %1 nicht lesen.</translation>
-    </message>
-    <message>
-        <source>%1 cannot be opened: %2.</source>
-        <extracomment>%2 is the system&apos;s reason, such as &quot;Input/output error&quot;</extracomment>
-        <translation>%1 kann nicht geöffnet werden: %2.</translation>
-    </message>
-    <message>
-        <source>This picture does not say where it was taken.</source>
-        <translation>Dieses Bild verrät nicht, wo es aufgenommen wurde.</translation>
-    </message>
-    <message>
-        <source>Several files are selected; the window shows one at a time.</source>
-        <translation>Mehrere Dateien sind ausgewählt; das Fenster zeigt immer nur eine.</translation>
-    </message>
-</context>
-<context>
     <name>pinorama::MoreKinds</name>
     <message>
         <source>From Exif</source>
+        <extracomment>Tool tip: the part of the file that has the value. Exif is a name and stays</extracomment>
         <translation>Aus Exif</translation>
     </message>
     <message>
         <source>From IPTC</source>
+        <extracomment>Tool tip: the part of the file that has the value. IPTC is a name and stays</extracomment>
         <translation>Aus IPTC</translation>
     </message>
     <message>
         <source>From XMP in the file</source>
+        <extracomment>Tool tip: the part of the file that has the value. XMP is a name and stays</extracomment>
         <translation>Aus XMP in der Datei</translation>
     </message>
     <message>
         <source>From the video</source>
+        <extracomment>Tool tip: the value stands in the video itself</extracomment>
         <translation>Aus dem Video</translation>
     </message>
     <message>
         <source>From the XMP file beside it</source>
+        <extracomment>Tool tip: the value stands in another file in the same folder. XMP is a name and stays</extracomment>
         <translation>Aus der XMP-Datei daneben</translation>
     </message>
     <message>
         <source>Read Them</source>
+        <extracomment>Button beside &quot;... pictures can be read, too&quot;: has them read from now on</extracomment>
         <translation>Lesen</translation>
     </message>
     <message>
         <source>%1 pictures can be read, too.</source>
+        <extracomment>At the foot of the window; %1 is the name of a kind, such as &quot;HEIC&quot;, and no number</extracomment>
         <translation>%1-Bilder können auch gelesen werden.</translation>
     </message>
     <message>
         <source>%1 videos can be read, too.</source>
+        <extracomment>At the foot of the window; %1 is the name of a kind, such as &quot;MP4&quot;, and no number</extracomment>
         <translation>%1-Videos können auch gelesen werden.</translation>
     </message>
 </context>
@@ -418,16 +409,17 @@
     <name>pinorama::NearbyModel</name>
     <message>
         <source>same place</source>
+        <extracomment>Below a picture, in the place of a distance: it was taken where the other one was</extracomment>
         <translation>gleiche Stelle</translation>
     </message>
     <message>
         <source>%1 m %2</source>
-        <extracomment>%1 is a distance, %2 a point of the compass: 350 m NE</extracomment>
+        <extracomment>Below a picture: %1 is a distance, %2 a point of the compass: 350 m NE</extracomment>
         <translation>%1&#xa0;m %2</translation>
     </message>
     <message>
         <source>%1 km %2</source>
-        <extracomment>%1 is a distance, %2 a point of the compass: 1.2 km NE</extracomment>
+        <extracomment>Below a picture: %1 is a distance, %2 a point of the compass: 1.2 km NE</extracomment>
         <translation>%1&#xa0;km %2</translation>
     </message>
 </context>
@@ -450,41 +442,48 @@
     </message>
     <message>
         <source>Within %1 m of %2</source>
-        <extracomment>Above the pictures that were found; %2 is the name of a file</extracomment>
+        <extracomment>Above the pictures that were found; %1 is a distance, %2 the name of a file</extracomment>
         <translation>Im Umkreis von %1&#xa0;m um %2</translation>
     </message>
     <message>
         <source>Searching...</source>
+        <extracomment>Below the pictures, until the first is found</extracomment>
         <translation>Suche läuft...</translation>
     </message>
     <message>
         <source>Searching... Pictures found so far: %1</source>
+        <extracomment>Below the pictures: %1 is their number</extracomment>
         <translation>Suche läuft... Bisher gefundene Bilder: %1</translation>
     </message>
     <message>
         <source>Stopped. Pictures found until then: %1</source>
+        <extracomment>Below the pictures, after the button &quot;Stop&quot;: %1 is their number</extracomment>
         <translation>Abgebrochen. Bis dahin gefundene Bilder: %1</translation>
     </message>
     <message>
         <source>The search ended too early. Pictures found until then: %1</source>
+        <extracomment>Below the pictures: the search failed; %1 is their number</extracomment>
         <translation>Die Suche endete vorzeitig. Bis dahin gefundene Bilder: %1</translation>
     </message>
     <message>
         <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
+        <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
         <translation>Bilder können nicht durchsucht werden: Das Programm pinorama-search startet nicht.</translation>
     </message>
     <message>
         <source>Pictures found: %1. The nearest %2 are shown.</source>
+        <extracomment>Below the pictures: %1 and %2 are numbers</extracomment>
         <translation>Gefundene Bilder: %1. Gezeigt werden die nächsten %2.</translation>
     </message>
     <message>
         <source>Pictures found: %1</source>
+        <extracomment>Below the pictures: %1 is their number</extracomment>
         <translation>Gefundene Bilder: %1</translation>
     </message>
     <message>
         <source>No other picture within %1 m was found in these folders:
 %2</source>
-        <extracomment>%2 is a list of folders</extracomment>
+        <extracomment>In the place of the pictures; %1 is a distance, %2 a list of folders</extracomment>
         <translation>Im Umkreis von %1&#xa0;m gibt es kein anderes Bild in diesen Ordnern:
 %2</translation>
     </message>
@@ -492,6 +491,65 @@
         <source>Open &amp;With...</source>
         <extracomment>Context menu: has the user choose the program</extracomment>
         <translation>Öffnen &amp;mit...</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::Notice</name>
+    <message>
+        <source>&amp;Dismiss</source>
+        <extracomment>A button that takes a notice in the window away</extracomment>
+        <translation>Ausb&amp;lenden</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::PathIntake</name>
+    <message>
+        <source>Open Picture</source>
+        <extracomment>Title of the file dialog</extracomment>
+        <translation>Bild öffnen</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::PictureWords</name>
+    <message>
+        <source>%1 is a folder.</source>
+        <extracomment>The foot of the window; so are the others. %1 is the name of the file that is shown</extracomment>
+        <translation>%1 ist ein Ordner.</translation>
+    </message>
+    <message>
+        <source>%1 is no file that can be read.</source>
+        <extracomment>A pipe or a device</extracomment>
+        <translation>%1 ist keine Datei, die sich lesen lässt.</translation>
+    </message>
+    <message>
+        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
+        <extracomment>The foot of the window. JPEG stays</extracomment>
+        <translation>Dateien dieser Art werden nicht gelesen, nur JPEG und Rohdateien von Kameras.</translation>
+    </message>
+    <message>
+        <source>There is no file %1.</source>
+        <extracomment>The foot of the window; %1 is the name of a file</extracomment>
+        <translation>Es gibt keine Datei %1.</translation>
+    </message>
+    <message>
+        <source>You are not allowed to read %1.</source>
+        <extracomment>The foot of the window; %1 is the name of a file</extracomment>
+        <translation>Sie dürfen %1 nicht lesen.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2.</source>
+        <extracomment>%2 is the system&apos;s reason, such as &quot;Input/output error&quot;</extracomment>
+        <translation>%1 kann nicht geöffnet werden: %2.</translation>
+    </message>
+    <message>
+        <source>This picture does not say where it was taken.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>Dieses Bild verrät nicht, wo es aufgenommen wurde.</translation>
+    </message>
+    <message>
+        <source>Several files are selected; the window shows one at a time.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>Mehrere Dateien sind ausgewählt; das Fenster zeigt immer nur eine.</translation>
     </message>
 </context>
 <context>
@@ -513,6 +571,34 @@
     </message>
 </context>
 <context>
+    <name>pinorama::ReadingNotice</name>
+    <message>
+        <source>Still reading %1...</source>
+        <extracomment>The foot of the window; %1 is the name of a file</extracomment>
+        <translation>%1 wird noch gelesen...</translation>
+    </message>
+    <message>
+        <source>%1 could not be read.</source>
+        <extracomment>The foot of the window; %1 is the name of a file</extracomment>
+        <translation>%1 konnte nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>%1 does not answer.</source>
+        <extracomment>The foot of the window; %1 is the name of a file that is being read and takes too long, as when a network is gone</extracomment>
+        <translation>%1 antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>The XMP file beside %1 could not be read.</source>
+        <extracomment>The foot of the window; %1 is the name of a file. XMP is a kind of file and stays</extracomment>
+        <translation>Die XMP-Datei neben %1 konnte nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>The XMP file beside %1 does not answer.</source>
+        <extracomment>The foot of the window; %1 is the name of a file. XMP is a kind of file and stays</extracomment>
+        <translation>Die XMP-Datei neben %1 antwortet nicht.</translation>
+    </message>
+</context>
+<context>
     <name>pinorama::SayingOpener</name>
     <message>
         <source>No web browser is installed.</source>
@@ -526,6 +612,7 @@
     </message>
     <message>
         <source>No program opens KML files. Marble and Google Earth do.</source>
+        <extracomment>The foot of the window. KML is a kind of file; the names of programs stay</extracomment>
         <translation>Kein Programm öffnet KML-Dateien. Marble und Google Earth tun es.</translation>
     </message>
     <message>

@@ -5,22 +5,27 @@
     <name>AboutBox</name>
     <message>
         <source>About Pinorama</source>
+        <extracomment>Title of the dialog. Pinorama stays</extracomment>
         <translation>Informazioni su Pinorama</translation>
     </message>
     <message>
         <source>Shows where the picture selected in the file manager was taken.</source>
+        <extracomment>In the dialog &quot;About Pinorama&quot;: what the program does</extracomment>
         <translation>Mostra dove è stata scattata la foto selezionata nel gestore file.</translation>
     </message>
     <message>
         <source>Free software under the GNU General Public License, version 3 or later. It comes with no warranty.</source>
+        <extracomment>In the dialog &quot;About Pinorama&quot;. The name of the licence stays</extracomment>
         <translation>Software libero con licenza GNU General Public License, versione 3 o successiva. Distribuito senza alcuna garanzia.</translation>
     </message>
     <message>
         <source>Made with these libraries:</source>
+        <extracomment>In the dialog &quot;About Pinorama&quot;, above a list</extracomment>
         <translation>Librerie utilizzate:</translation>
     </message>
     <message>
         <source>Places and map are made from:</source>
+        <extracomment>In the dialog &quot;About Pinorama&quot;, above a list of sources</extracomment>
         <translation>Fonti dei luoghi e della mappa:</translation>
     </message>
 </context>
@@ -28,18 +33,22 @@
     <name>pinorama::AccessibilityNotice</name>
     <message>
         <source>S&amp;witch On</source>
+        <extracomment>Button of the notice about accessibility: switches it on</extracomment>
         <translation>Atti&amp;va</translation>
     </message>
     <message>
         <source>Pinorama can follow the selection in %1 once accessibility is on. This is a permanent setting of your desktop; restart the file manager after switching it on.</source>
+        <extracomment>A notice in the window; %1 is the name of a file manager. Accessibility as in the settings of desktops</extracomment>
         <translation>La selezione in %1 può essere seguita quando l’accessibilità è attiva. È un’impostazione permanente del desktop; dopo averla attivata, riavvia il gestore file.</translation>
     </message>
     <message>
         <source>Accessibility is on. Restart %1 or log in again; Pinorama then follows its selection.</source>
+        <extracomment>A notice in the window; %1 is the name of a file manager</extracomment>
         <translation>L’accessibilità è attiva. Riavvia %1, o accedi di nuovo, per seguirne la selezione.</translation>
     </message>
     <message>
         <source>Accessibility could not be switched on. The manual explains how to do it by hand.</source>
+        <extracomment>A notice in the window</extracomment>
         <translation>Impossibile attivare l’accessibilità. Il manuale spiega come farlo a mano.</translation>
     </message>
 </context>
@@ -47,10 +56,12 @@
     <name>pinorama::AppController</name>
     <message>
         <source>Files cannot be opened: the program pinorama-opener does not start.</source>
+        <extracomment>The foot of the window. pinorama-opener is the name of a program and stays</extracomment>
         <translation>Impossibile aprire i file: il programma pinorama-opener non si avvia.</translation>
     </message>
     <message>
         <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
+        <extracomment>The foot of the window. pinorama-reader is the name of a program and stays</extracomment>
         <translation>Impossibile leggere le foto: il programma pinorama-reader non si avvia.</translation>
     </message>
     <message>
@@ -68,20 +79,23 @@
     </message>
     <message>
         <source>As Shown</source>
+        <extracomment>Entry of the menu &quot;Copy It As&quot;: the coordinate as the window shows it</extracomment>
         <translation>Come mostrato</translation>
     </message>
     <message>
         <source>Decimal Degrees</source>
+        <extracomment>Entry of the menu &quot;Copy It As&quot;: copies &quot;-54.80190, -68.30300&quot;</extracomment>
         <translation>Gradi decimali</translation>
     </message>
     <message>
         <source>Degrees and Decimal Minutes</source>
+        <extracomment>Entry of the menu &quot;Copy It As&quot;: copies &quot;54° 48.114&apos; S&quot;</extracomment>
         <translation>Gradi e minuti decimali</translation>
     </message>
     <message>
         <source>geo: Address</source>
         <extracomment>An address that begins with &quot;geo:&quot;, which map programs take</extracomment>
-        <translation>Indirizzo "geo:"</translation>
+        <translation>Indirizzo &quot;geo:&quot;</translation>
     </message>
     <message>
         <source>Place in Words</source>
@@ -98,6 +112,7 @@
     <name>pinorama::ExportDialog</name>
     <message>
         <source>KML files (*.kml)</source>
+        <extracomment>Kind of files in a file dialog; &quot;(*.kml)&quot; stays</extracomment>
         <translation>File KML (*.kml)</translation>
     </message>
 </context>
@@ -105,22 +120,27 @@
     <name>pinorama::ExportNotice</name>
     <message>
         <source>the disk is full.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
         <translation>il disco è pieno.</translation>
     </message>
     <message>
         <source>writing there is not allowed.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
         <translation>non è consentito scrivere lì.</translation>
     </message>
     <message>
         <source>there is no such folder.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
         <translation>quella cartella non esiste.</translation>
     </message>
     <message>
         <source>a folder has that name.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
         <translation>una cartella ha quel nome.</translation>
     </message>
     <message>
         <source>%1 could not be written: %2</source>
+        <extracomment>A notice in the window: %1 is the name of a file, %2 a reason, with its full stop</extracomment>
         <translation>Impossibile scrivere %1: %2</translation>
     </message>
     <message>
@@ -135,6 +155,7 @@
     </message>
     <message>
         <source>the disk does not answer.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
         <translation>il disco non risponde.</translation>
     </message>
 </context>
@@ -142,146 +163,182 @@
     <name>pinorama::MainWindow</name>
     <message>
         <source>Preview</source>
+        <extracomment>What a screen reader says of the small picture</extracomment>
         <translation>Anteprima</translation>
     </message>
     <message>
         <source>The picture has a location</source>
+        <extracomment>Tool tip of the pin in the corner of the small map</extracomment>
         <translation>La foto indica dove è stata scattata</translation>
     </message>
     <message>
         <source>Opens the location in a web map</source>
+        <extracomment>Tool tip of the pop-up menu of map services</extracomment>
         <translation>Apre il luogo in una mappa web</translation>
     </message>
     <message>
         <source>Map Services</source>
+        <extracomment>The first line of a pop-up menu of web maps</extracomment>
         <translation>Servizi di mappe</translation>
     </message>
     <message>
         <source>Flies the globe program to the location</source>
+        <extracomment>Tool tip of the button &quot;Show in Globe&quot;</extracomment>
         <translation>Vola sul luogo nel globo virtuale</translation>
     </message>
     <message>
         <source>Show in &amp;Globe</source>
+        <extracomment>A button: shows the place in a globe program such as Marble. Keep it short</extracomment>
         <translation>Mostra sul &amp;globo</translation>
     </message>
     <message>
         <source>Finds all catalogued pictures taken within 2000 m</source>
+        <extracomment>Tool tip of the button &quot;Find in Skallion&quot;</extracomment>
         <translation>Trova tutte le foto catalogate scattate entro 2000&#xa0;m</translation>
     </message>
     <message>
         <source>&amp;Find in Skallion</source>
+        <extracomment>A button. Skallion is a program that catalogues pictures; the name stays. Keep it short</extracomment>
         <translation>&amp;Cerca in Skallion</translation>
     </message>
     <message>
         <source>Writes the location as a placemark file</source>
+        <extracomment>Tool tip of the button &quot;Export as KML&quot;</extracomment>
         <translation>Salva il luogo come segnaposto in un file</translation>
     </message>
     <message>
         <source>&amp;Export as KML…</source>
+        <extracomment>A button. KML is a kind of file; the name stays. Keep it short</extracomment>
         <translation>&amp;Esporta come KML…</translation>
     </message>
     <message>
         <source>Name:</source>
+        <extracomment>Caption before the name of the file</extracomment>
         <translation>Nome:</translation>
     </message>
     <message>
         <source>Select a picture, or drop one here</source>
+        <extracomment>Stands in the empty field for the name until a picture is shown</extracomment>
         <translation>Seleziona una foto o trascinala qui</translation>
     </message>
     <message>
         <source>Size:</source>
+        <extracomment>Caption before the size of the file, such as &quot;1.2 MB&quot;</extracomment>
         <translation>Dimensione:</translation>
     </message>
     <message>
         <source>Modified:</source>
+        <extracomment>Caption before the time at which the file was last changed</extracomment>
         <translation>Modificato:</translation>
     </message>
     <message>
         <source>Created:</source>
+        <extracomment>Caption before the time at which the file was made</extracomment>
         <translation>Creato:</translation>
     </message>
     <message>
         <source>Coordinate:</source>
+        <extracomment>Caption before the coordinate of the place</extracomment>
         <translation>Coordinate:</translation>
     </message>
     <message>
         <source>Altitude:</source>
+        <extracomment>Caption before the height above the sea, such as &quot;1,200 m&quot;</extracomment>
         <translation>Altitudine:</translation>
     </message>
     <message>
         <source>Direction:</source>
+        <extracomment>Caption before the direction that the camera looked in</extracomment>
         <translation>Direzione:</translation>
     </message>
     <message>
         <source>City:</source>
+        <extracomment>Caption before the name of the town, which the photographer wrote into the picture</extracomment>
         <translation>Città:</translation>
     </message>
     <message>
         <source>State:</source>
+        <extracomment>Caption before the name of the state or province, which the photographer wrote into the picture</extracomment>
         <translation>Regione:</translation>
     </message>
     <message>
         <source>Country:</source>
+        <extracomment>Caption before the name of the country, which the photographer wrote into the picture</extracomment>
         <translation>Paese:</translation>
     </message>
     <message>
         <source>Caption:</source>
+        <extracomment>Caption before the description, which the photographer wrote into the picture</extracomment>
         <translation>Didascalia:</translation>
     </message>
     <message>
         <source>Always shows the picture selected in the file manager</source>
+        <extracomment>Tool tip of the check box &quot;Follow the selection&quot;</extracomment>
         <translation>Mostra sempre la foto selezionata nel gestore file</translation>
     </message>
     <message>
         <source>Follow the &amp;selection in the file manager</source>
+        <extracomment>A check box at the foot of the window</extracomment>
         <translation>Segui la &amp;selezione nel gestore file</translation>
     </message>
     <message>
         <source>&amp;Picture</source>
+        <extracomment>A menu of the menu bar</extracomment>
         <translation>&amp;Foto</translation>
     </message>
     <message>
         <source>&amp;Help</source>
+        <extracomment>A menu of the menu bar</extracomment>
         <translation>&amp;Aiuto</translation>
     </message>
     <message>
         <source>&amp;Open…</source>
+        <extracomment>Menu entry: has the user choose a file</extracomment>
         <translation>&amp;Apri…</translation>
     </message>
     <message>
         <source>Open in &amp;Map Service</source>
+        <extracomment>Menu entry: its submenu has the web maps</extracomment>
         <translation>Apri in un servizio di &amp;mappe</translation>
     </message>
     <message>
         <source>&amp;Close Window</source>
+        <extracomment>Menu entry: the program goes on running</extracomment>
         <translation>C&amp;hiudi finestra</translation>
     </message>
     <message>
         <source>&amp;Quit Pinorama</source>
+        <extracomment>Menu entry: ends the program. Pinorama is its name and stays</extracomment>
         <translation>E&amp;sci da Pinorama</translation>
     </message>
     <message>
         <source>Pinorama &amp;Home Page</source>
+        <extracomment>Menu entry: opens the page in the browser. Pinorama stays</extracomment>
         <translation>Sito &amp;web di Pinorama</translation>
     </message>
     <message>
         <source>&amp;Donate…</source>
+        <extracomment>Menu entry: opens a page on which one can give the makers money</extracomment>
         <translation>Fai una &amp;donazione…</translation>
     </message>
     <message>
         <source>&amp;About Pinorama</source>
+        <extracomment>Menu entry: opens the dialog with the version and the licence. Pinorama stays</extracomment>
         <translation>&amp;Informazioni su Pinorama</translation>
     </message>
     <message>
         <source>Cop&amp;y Coordinate</source>
+        <extracomment>Menu entry: copies the coordinate as the window shows it</extracomment>
         <translation>Copia c&amp;oordinate</translation>
     </message>
     <message>
         <source>Copy as &amp;Decimal Degrees</source>
+        <extracomment>Menu entry: copies the coordinate, as in &quot;-54.80190, -68.30300&quot;</extracomment>
         <translation>Copia in gradi &amp;decimali</translation>
     </message>
     <message>
         <source>Pinorama &amp;Manual</source>
+        <extracomment>Menu entry: opens the manual. Pinorama stays</extracomment>
         <translation>&amp;Manuale di Pinorama</translation>
     </message>
     <message>
@@ -296,6 +353,7 @@
     </message>
     <message>
         <source>&amp;Read More Kinds of Files</source>
+        <extracomment>Menu entry with a check mark: has pictures of more kinds and videos read, too</extracomment>
         <translation>Leggi altri &amp;tipi di file</translation>
     </message>
     <message>
@@ -305,112 +363,45 @@
     </message>
 </context>
 <context>
-    <name>pinorama::Notice</name>
-    <message>
-        <source>&amp;Dismiss</source>
-        <translation>&amp;Nascondi</translation>
-    </message>
-</context>
-<context>
-    <name>pinorama::PathIntake</name>
-    <message>
-        <source>Open Picture</source>
-        <translation>Apri foto</translation>
-    </message>
-</context>
-<context>
-    <name>pinorama::ReadingNotice</name>
-    <message>
-        <source>Still reading %1...</source>
-        <translation>Lettura di %1 ancora in corso...</translation>
-    </message>
-    <message>
-        <source>%1 could not be read.</source>
-        <translation>Non è stato possibile leggere %1.</translation>
-    </message>
-    <message>
-        <source>%1 does not answer.</source>
-        <translation>%1 non risponde.</translation>
-    </message>
-    <message>
-        <source>The XMP file beside %1 could not be read.</source>
-        <translation>Non è stato possibile leggere il file XMP accanto a %1.</translation>
-    </message>
-    <message>
-        <source>The XMP file beside %1 does not answer.</source>
-        <translation>Il file XMP accanto a %1 non risponde.</translation>
-    </message>
-</context>
-<context>
-    <name>pinorama::PictureWords</name>
-    <message>
-        <source>%1 is a folder.</source>
-        <extracomment>The foot of the window; so are the others. %1 is the name of the file that is shown</extracomment>
-        <translation>%1 è una cartella.</translation>
-    </message>
-    <message>
-        <source>%1 is no file that can be read.</source>
-        <extracomment>A pipe or a device</extracomment>
-        <translation>%1 non è un file leggibile.</translation>
-    </message>
-    <message>
-        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
-        <translation>I file di questo tipo non vengono letti: solo JPEG e i file RAW delle fotocamere.</translation>
-    </message>
-    <message>
-        <source>There is no file %1.</source>
-        <translation>Non c’è nessun file %1.</translation>
-    </message>
-    <message>
-        <source>You are not allowed to read %1.</source>
-        <translation>Non è consentito leggere %1.</translation>
-    </message>
-    <message>
-        <source>%1 cannot be opened: %2.</source>
-        <extracomment>%2 is the system&apos;s reason, such as &quot;Input/output error&quot;</extracomment>
-        <translation>Impossibile aprire %1: %2.</translation>
-    </message>
-    <message>
-        <source>This picture does not say where it was taken.</source>
-        <translation>Questa foto non indica dove è stata scattata.</translation>
-    </message>
-    <message>
-        <source>Several files are selected; the window shows one at a time.</source>
-        <translation>Sono selezionati più file; la finestra ne mostra uno alla volta.</translation>
-    </message>
-</context>
-<context>
     <name>pinorama::MoreKinds</name>
     <message>
         <source>From Exif</source>
+        <extracomment>Tool tip: the part of the file that has the value. Exif is a name and stays</extracomment>
         <translation>Da Exif</translation>
     </message>
     <message>
         <source>From IPTC</source>
+        <extracomment>Tool tip: the part of the file that has the value. IPTC is a name and stays</extracomment>
         <translation>Da IPTC</translation>
     </message>
     <message>
         <source>From XMP in the file</source>
+        <extracomment>Tool tip: the part of the file that has the value. XMP is a name and stays</extracomment>
         <translation>Da XMP nel file</translation>
     </message>
     <message>
         <source>From the video</source>
+        <extracomment>Tool tip: the value stands in the video itself</extracomment>
         <translation>Dal video</translation>
     </message>
     <message>
         <source>From the XMP file beside it</source>
+        <extracomment>Tool tip: the value stands in another file in the same folder. XMP is a name and stays</extracomment>
         <translation>Dal file XMP accanto</translation>
     </message>
     <message>
         <source>Read Them</source>
+        <extracomment>Button beside &quot;... pictures can be read, too&quot;: has them read from now on</extracomment>
         <translation>Leggi</translation>
     </message>
     <message>
         <source>%1 pictures can be read, too.</source>
+        <extracomment>At the foot of the window; %1 is the name of a kind, such as &quot;HEIC&quot;, and no number</extracomment>
         <translation>Anche le foto %1 possono essere lette.</translation>
     </message>
     <message>
         <source>%1 videos can be read, too.</source>
+        <extracomment>At the foot of the window; %1 is the name of a kind, such as &quot;MP4&quot;, and no number</extracomment>
         <translation>Anche i video %1 possono essere letti.</translation>
     </message>
 </context>
@@ -418,16 +409,17 @@
     <name>pinorama::NearbyModel</name>
     <message>
         <source>same place</source>
+        <extracomment>Below a picture, in the place of a distance: it was taken where the other one was</extracomment>
         <translation>stesso punto</translation>
     </message>
     <message>
         <source>%1 m %2</source>
-        <extracomment>%1 is a distance, %2 a point of the compass: 350 m NE</extracomment>
+        <extracomment>Below a picture: %1 is a distance, %2 a point of the compass: 350 m NE</extracomment>
         <translation>%1&#xa0;m %2</translation>
     </message>
     <message>
         <source>%1 km %2</source>
-        <extracomment>%1 is a distance, %2 a point of the compass: 1.2 km NE</extracomment>
+        <extracomment>Below a picture: %1 is a distance, %2 a point of the compass: 1.2 km NE</extracomment>
         <translation>%1&#xa0;km %2</translation>
     </message>
 </context>
@@ -450,41 +442,48 @@
     </message>
     <message>
         <source>Within %1 m of %2</source>
-        <extracomment>Above the pictures that were found; %2 is the name of a file</extracomment>
+        <extracomment>Above the pictures that were found; %1 is a distance, %2 the name of a file</extracomment>
         <translation>Entro %1&#xa0;m da %2</translation>
     </message>
     <message>
         <source>Searching...</source>
+        <extracomment>Below the pictures, until the first is found</extracomment>
         <translation>Ricerca in corso...</translation>
     </message>
     <message>
         <source>Searching... Pictures found so far: %1</source>
+        <extracomment>Below the pictures: %1 is their number</extracomment>
         <translation>Ricerca in corso... Foto trovate finora: %1</translation>
     </message>
     <message>
         <source>Stopped. Pictures found until then: %1</source>
+        <extracomment>Below the pictures, after the button &quot;Stop&quot;: %1 is their number</extracomment>
         <translation>Interrotta. Foto trovate fino a quel momento: %1</translation>
     </message>
     <message>
         <source>The search ended too early. Pictures found until then: %1</source>
+        <extracomment>Below the pictures: the search failed; %1 is their number</extracomment>
         <translation>La ricerca è terminata in anticipo. Foto trovate fino a quel momento: %1</translation>
     </message>
     <message>
         <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
+        <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
         <translation>Impossibile cercare le foto: il programma pinorama-search non si avvia.</translation>
     </message>
     <message>
         <source>Pictures found: %1. The nearest %2 are shown.</source>
+        <extracomment>Below the pictures: %1 and %2 are numbers</extracomment>
         <translation>Foto trovate: %1. Vengono mostrate le %2 più vicine.</translation>
     </message>
     <message>
         <source>Pictures found: %1</source>
+        <extracomment>Below the pictures: %1 is their number</extracomment>
         <translation>Foto trovate: %1</translation>
     </message>
     <message>
         <source>No other picture within %1 m was found in these folders:
 %2</source>
-        <extracomment>%2 is a list of folders</extracomment>
+        <extracomment>In the place of the pictures; %1 is a distance, %2 a list of folders</extracomment>
         <translation>Nessun’altra foto entro %1&#xa0;m è stata trovata in queste cartelle:
 %2</translation>
     </message>
@@ -492,6 +491,65 @@
         <source>Open &amp;With...</source>
         <extracomment>Context menu: has the user choose the program</extracomment>
         <translation>Apri c&amp;on...</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::Notice</name>
+    <message>
+        <source>&amp;Dismiss</source>
+        <extracomment>A button that takes a notice in the window away</extracomment>
+        <translation>&amp;Nascondi</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::PathIntake</name>
+    <message>
+        <source>Open Picture</source>
+        <extracomment>Title of the file dialog</extracomment>
+        <translation>Apri foto</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::PictureWords</name>
+    <message>
+        <source>%1 is a folder.</source>
+        <extracomment>The foot of the window; so are the others. %1 is the name of the file that is shown</extracomment>
+        <translation>%1 è una cartella.</translation>
+    </message>
+    <message>
+        <source>%1 is no file that can be read.</source>
+        <extracomment>A pipe or a device</extracomment>
+        <translation>%1 non è un file leggibile.</translation>
+    </message>
+    <message>
+        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
+        <extracomment>The foot of the window. JPEG stays</extracomment>
+        <translation>I file di questo tipo non vengono letti: solo JPEG e i file RAW delle fotocamere.</translation>
+    </message>
+    <message>
+        <source>There is no file %1.</source>
+        <extracomment>The foot of the window; %1 is the name of a file</extracomment>
+        <translation>Non c’è nessun file %1.</translation>
+    </message>
+    <message>
+        <source>You are not allowed to read %1.</source>
+        <extracomment>The foot of the window; %1 is the name of a file</extracomment>
+        <translation>Non è consentito leggere %1.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2.</source>
+        <extracomment>%2 is the system&apos;s reason, such as &quot;Input/output error&quot;</extracomment>
+        <translation>Impossibile aprire %1: %2.</translation>
+    </message>
+    <message>
+        <source>This picture does not say where it was taken.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>Questa foto non indica dove è stata scattata.</translation>
+    </message>
+    <message>
+        <source>Several files are selected; the window shows one at a time.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>Sono selezionati più file; la finestra ne mostra uno alla volta.</translation>
     </message>
 </context>
 <context>
@@ -513,6 +571,34 @@
     </message>
 </context>
 <context>
+    <name>pinorama::ReadingNotice</name>
+    <message>
+        <source>Still reading %1...</source>
+        <extracomment>The foot of the window; %1 is the name of a file</extracomment>
+        <translation>Lettura di %1 ancora in corso...</translation>
+    </message>
+    <message>
+        <source>%1 could not be read.</source>
+        <extracomment>The foot of the window; %1 is the name of a file</extracomment>
+        <translation>Non è stato possibile leggere %1.</translation>
+    </message>
+    <message>
+        <source>%1 does not answer.</source>
+        <extracomment>The foot of the window; %1 is the name of a file that is being read and takes too long, as when a network is gone</extracomment>
+        <translation>%1 non risponde.</translation>
+    </message>
+    <message>
+        <source>The XMP file beside %1 could not be read.</source>
+        <extracomment>The foot of the window; %1 is the name of a file. XMP is a kind of file and stays</extracomment>
+        <translation>Non è stato possibile leggere il file XMP accanto a %1.</translation>
+    </message>
+    <message>
+        <source>The XMP file beside %1 does not answer.</source>
+        <extracomment>The foot of the window; %1 is the name of a file. XMP is a kind of file and stays</extracomment>
+        <translation>Il file XMP accanto a %1 non risponde.</translation>
+    </message>
+</context>
+<context>
     <name>pinorama::SayingOpener</name>
     <message>
         <source>No web browser is installed.</source>
@@ -526,6 +612,7 @@
     </message>
     <message>
         <source>No program opens KML files. Marble and Google Earth do.</source>
+        <extracomment>The foot of the window. KML is a kind of file; the names of programs stay</extracomment>
         <translation>Nessun programma apre file KML. Lo fanno Marble e Google Earth.</translation>
     </message>
     <message>

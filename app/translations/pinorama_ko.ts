@@ -153,6 +153,11 @@
         <extracomment>A button: shows the file in the file manager</extracomment>
         <translation>폴더에서 보기(&amp;L)</translation>
     </message>
+    <message>
+        <source>the disk does not answer.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
+        <translation>디스크가 응답하지 않습니다.</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::MainWindow</name>
@@ -384,23 +389,20 @@
         <extracomment>Tool tip: the value stands in another file in the same folder. XMP is a name and stays</extracomment>
         <translation>옆의 XMP 파일에서</translation>
     </message>
-</context>
-<context>
-    <name>pinorama::MoreKindsNotice</name>
-    <message>
-        <source>Read Them</source>
-        <extracomment>Button of the notice &quot;... pictures can be read, too&quot;: has them read from now on</extracomment>
-        <translation>읽기</translation>
-    </message>
     <message>
         <source>%1 pictures can be read, too.</source>
-        <extracomment>A notice in the window; %1 is the name of a kind, such as &quot;HEIC&quot;, and no number</extracomment>
+        <extracomment>At the foot of the window; %1 is the name of a kind, such as &quot;HEIC&quot;, and no number</extracomment>
         <translation>%1 사진도 읽을 수 있습니다.</translation>
     </message>
     <message>
         <source>%1 videos can be read, too.</source>
-        <extracomment>A notice in the window; %1 is the name of a kind, such as &quot;MP4&quot;, and no number</extracomment>
+        <extracomment>At the foot of the window; %1 is the name of a kind, such as &quot;MP4&quot;, and no number</extracomment>
         <translation>%1 동영상도 읽을 수 있습니다.</translation>
+    </message>
+    <message>
+        <source>Read Them</source>
+        <extracomment>Button beside &quot;... pictures can be read, too&quot;: has them read from now on</extracomment>
+        <translation>읽기</translation>
     </message>
 </context>
 <context>

@@ -5,22 +5,27 @@
     <name>AboutBox</name>
     <message>
         <source>About Pinorama</source>
+        <extracomment>Title of the dialog. Pinorama stays</extracomment>
         <translation>Over Pinorama</translation>
     </message>
     <message>
         <source>Shows where the picture selected in the file manager was taken.</source>
+        <extracomment>In the dialog &quot;About Pinorama&quot;: what the program does</extracomment>
         <translation>Laat zien waar de in de bestandsbeheerder geselecteerde foto is gemaakt.</translation>
     </message>
     <message>
         <source>Free software under the GNU General Public License, version 3 or later. It comes with no warranty.</source>
+        <extracomment>In the dialog &quot;About Pinorama&quot;. The name of the licence stays</extracomment>
         <translation>Vrije software onder de GNU General Public License, versie 3 of later. Zonder enige garantie.</translation>
     </message>
     <message>
         <source>Made with these libraries:</source>
+        <extracomment>In the dialog &quot;About Pinorama&quot;, above a list</extracomment>
         <translation>Gebruikte bibliotheken:</translation>
     </message>
     <message>
         <source>Places and map are made from:</source>
+        <extracomment>In the dialog &quot;About Pinorama&quot;, above a list of sources</extracomment>
         <translation>Bronnen van de plaatsen en de kaart:</translation>
     </message>
 </context>
@@ -28,18 +33,22 @@
     <name>pinorama::AccessibilityNotice</name>
     <message>
         <source>S&amp;witch On</source>
+        <extracomment>Button of the notice about accessibility: switches it on</extracomment>
         <translation>&amp;Inschakelen</translation>
     </message>
     <message>
         <source>Pinorama can follow the selection in %1 once accessibility is on. This is a permanent setting of your desktop; restart the file manager after switching it on.</source>
+        <extracomment>A notice in the window; %1 is the name of a file manager. Accessibility as in the settings of desktops</extracomment>
         <translation>De selectie in %1 kan worden gevolgd zodra toegankelijkheid aanstaat. Dat is een blijvende instelling van het bureaublad; herstart daarna de bestandsbeheerder.</translation>
     </message>
     <message>
         <source>Accessibility is on. Restart %1 or log in again; Pinorama then follows its selection.</source>
+        <extracomment>A notice in the window; %1 is the name of a file manager</extracomment>
         <translation>Toegankelijkheid staat aan. Na een herstart van %1, of na opnieuw aanmelden, wordt de selectie gevolgd.</translation>
     </message>
     <message>
         <source>Accessibility could not be switched on. The manual explains how to do it by hand.</source>
+        <extracomment>A notice in the window</extracomment>
         <translation>Toegankelijkheid kon niet worden ingeschakeld. De handleiding beschrijft hoe het met de hand gaat.</translation>
     </message>
 </context>
@@ -47,10 +56,12 @@
     <name>pinorama::AppController</name>
     <message>
         <source>Files cannot be opened: the program pinorama-opener does not start.</source>
+        <extracomment>The foot of the window. pinorama-opener is the name of a program and stays</extracomment>
         <translation>Bestanden kunnen niet worden geopend: het programma pinorama-opener start niet.</translation>
     </message>
     <message>
         <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
+        <extracomment>The foot of the window. pinorama-reader is the name of a program and stays</extracomment>
         <translation>Foto’s kunnen niet worden gelezen: het programma pinorama-reader start niet.</translation>
     </message>
     <message>
@@ -68,14 +79,17 @@
     </message>
     <message>
         <source>As Shown</source>
+        <extracomment>Entry of the menu &quot;Copy It As&quot;: the coordinate as the window shows it</extracomment>
         <translation>Zoals getoond</translation>
     </message>
     <message>
         <source>Decimal Degrees</source>
+        <extracomment>Entry of the menu &quot;Copy It As&quot;: copies &quot;-54.80190, -68.30300&quot;</extracomment>
         <translation>Decimale graden</translation>
     </message>
     <message>
         <source>Degrees and Decimal Minutes</source>
+        <extracomment>Entry of the menu &quot;Copy It As&quot;: copies &quot;54° 48.114&apos; S&quot;</extracomment>
         <translation>Graden en decimale minuten</translation>
     </message>
     <message>
@@ -98,6 +112,7 @@
     <name>pinorama::ExportDialog</name>
     <message>
         <source>KML files (*.kml)</source>
+        <extracomment>Kind of files in a file dialog; &quot;(*.kml)&quot; stays</extracomment>
         <translation>KML-bestanden (*.kml)</translation>
     </message>
 </context>
@@ -105,22 +120,27 @@
     <name>pinorama::ExportNotice</name>
     <message>
         <source>the disk is full.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
         <translation>de schijf is vol.</translation>
     </message>
     <message>
         <source>writing there is not allowed.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
         <translation>schrijven is daar niet toegestaan.</translation>
     </message>
     <message>
         <source>there is no such folder.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
         <translation>die map bestaat niet.</translation>
     </message>
     <message>
         <source>a folder has that name.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
         <translation>een map heeft die naam.</translation>
     </message>
     <message>
         <source>%1 could not be written: %2</source>
+        <extracomment>A notice in the window: %1 is the name of a file, %2 a reason, with its full stop</extracomment>
         <translation>%1 kon niet worden geschreven: %2</translation>
     </message>
     <message>
@@ -135,6 +155,7 @@
     </message>
     <message>
         <source>the disk does not answer.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
         <translation>de schijf reageert niet.</translation>
     </message>
 </context>
@@ -142,146 +163,182 @@
     <name>pinorama::MainWindow</name>
     <message>
         <source>Preview</source>
+        <extracomment>What a screen reader says of the small picture</extracomment>
         <translation>Voorbeeld</translation>
     </message>
     <message>
         <source>The picture has a location</source>
+        <extracomment>Tool tip of the pin in the corner of the small map</extracomment>
         <translation>De foto vertelt waar hij is gemaakt</translation>
     </message>
     <message>
         <source>Opens the location in a web map</source>
+        <extracomment>Tool tip of the pop-up menu of map services</extracomment>
         <translation>Opent de locatie in een kaart op internet</translation>
     </message>
     <message>
         <source>Map Services</source>
+        <extracomment>The first line of a pop-up menu of web maps</extracomment>
         <translation>Kaartdiensten</translation>
     </message>
     <message>
         <source>Flies the globe program to the location</source>
+        <extracomment>Tool tip of the button &quot;Show in Globe&quot;</extracomment>
         <translation>Vliegt in het wereldbolprogramma naar de locatie</translation>
     </message>
     <message>
         <source>Show in &amp;Globe</source>
+        <extracomment>A button: shows the place in a globe program such as Marble. Keep it short</extracomment>
         <translation>Op wereldbol &amp;tonen</translation>
     </message>
     <message>
         <source>Finds all catalogued pictures taken within 2000 m</source>
+        <extracomment>Tool tip of the button &quot;Find in Skallion&quot;</extracomment>
         <translation>Vindt alle gecatalogiseerde foto’s die binnen 2000&#xa0;m zijn gemaakt</translation>
     </message>
     <message>
         <source>&amp;Find in Skallion</source>
+        <extracomment>A button. Skallion is a program that catalogues pictures; the name stays. Keep it short</extracomment>
         <translation>&amp;Zoeken in Skallion</translation>
     </message>
     <message>
         <source>Writes the location as a placemark file</source>
+        <extracomment>Tool tip of the button &quot;Export as KML&quot;</extracomment>
         <translation>Bewaart de locatie als plaatsmarkering in een bestand</translation>
     </message>
     <message>
         <source>&amp;Export as KML…</source>
+        <extracomment>A button. KML is a kind of file; the name stays. Keep it short</extracomment>
         <translation>Als KML &amp;exporteren…</translation>
     </message>
     <message>
         <source>Name:</source>
+        <extracomment>Caption before the name of the file</extracomment>
         <translation>Naam:</translation>
     </message>
     <message>
         <source>Select a picture, or drop one here</source>
+        <extracomment>Stands in the empty field for the name until a picture is shown</extracomment>
         <translation>Kies een foto of sleep hem hierheen</translation>
     </message>
     <message>
         <source>Size:</source>
+        <extracomment>Caption before the size of the file, such as &quot;1.2 MB&quot;</extracomment>
         <translation>Grootte:</translation>
     </message>
     <message>
         <source>Modified:</source>
+        <extracomment>Caption before the time at which the file was last changed</extracomment>
         <translation>Gewijzigd:</translation>
     </message>
     <message>
         <source>Created:</source>
+        <extracomment>Caption before the time at which the file was made</extracomment>
         <translation>Gemaakt:</translation>
     </message>
     <message>
         <source>Coordinate:</source>
+        <extracomment>Caption before the coordinate of the place</extracomment>
         <translation>Coördinaten:</translation>
     </message>
     <message>
         <source>Altitude:</source>
+        <extracomment>Caption before the height above the sea, such as &quot;1,200 m&quot;</extracomment>
         <translation>Hoogte:</translation>
     </message>
     <message>
         <source>Direction:</source>
+        <extracomment>Caption before the direction that the camera looked in</extracomment>
         <translation>Richting:</translation>
     </message>
     <message>
         <source>City:</source>
+        <extracomment>Caption before the name of the town, which the photographer wrote into the picture</extracomment>
         <translation>Plaats:</translation>
     </message>
     <message>
         <source>State:</source>
+        <extracomment>Caption before the name of the state or province, which the photographer wrote into the picture</extracomment>
         <translation>Provincie:</translation>
     </message>
     <message>
         <source>Country:</source>
+        <extracomment>Caption before the name of the country, which the photographer wrote into the picture</extracomment>
         <translation>Land:</translation>
     </message>
     <message>
         <source>Caption:</source>
+        <extracomment>Caption before the description, which the photographer wrote into the picture</extracomment>
         <translation>Bijschrift:</translation>
     </message>
     <message>
         <source>Always shows the picture selected in the file manager</source>
+        <extracomment>Tool tip of the check box &quot;Follow the selection&quot;</extracomment>
         <translation>Toont altijd de foto die in de bestandsbeheerder is geselecteerd</translation>
     </message>
     <message>
         <source>Follow the &amp;selection in the file manager</source>
+        <extracomment>A check box at the foot of the window</extracomment>
         <translation>De &amp;selectie in de bestandsbeheerder volgen</translation>
     </message>
     <message>
         <source>&amp;Picture</source>
+        <extracomment>A menu of the menu bar</extracomment>
         <translation>&amp;Foto</translation>
     </message>
     <message>
         <source>&amp;Help</source>
+        <extracomment>A menu of the menu bar</extracomment>
         <translation>&amp;Hulp</translation>
     </message>
     <message>
         <source>&amp;Open…</source>
+        <extracomment>Menu entry: has the user choose a file</extracomment>
         <translation>&amp;Openen…</translation>
     </message>
     <message>
         <source>Open in &amp;Map Service</source>
+        <extracomment>Menu entry: its submenu has the web maps</extracomment>
         <translation>Openen in &amp;kaartdienst</translation>
     </message>
     <message>
         <source>&amp;Close Window</source>
+        <extracomment>Menu entry: the program goes on running</extracomment>
         <translation>Venster &amp;sluiten</translation>
     </message>
     <message>
         <source>&amp;Quit Pinorama</source>
+        <extracomment>Menu entry: ends the program. Pinorama is its name and stays</extracomment>
         <translation>Pinorama &amp;afsluiten</translation>
     </message>
     <message>
         <source>Pinorama &amp;Home Page</source>
+        <extracomment>Menu entry: opens the page in the browser. Pinorama stays</extracomment>
         <translation>&amp;Website van Pinorama</translation>
     </message>
     <message>
         <source>&amp;Donate…</source>
+        <extracomment>Menu entry: opens a page on which one can give the makers money</extracomment>
         <translation>&amp;Doneren…</translation>
     </message>
     <message>
         <source>&amp;About Pinorama</source>
+        <extracomment>Menu entry: opens the dialog with the version and the licence. Pinorama stays</extracomment>
         <translation>&amp;Over Pinorama</translation>
     </message>
     <message>
         <source>Cop&amp;y Coordinate</source>
+        <extracomment>Menu entry: copies the coordinate as the window shows it</extracomment>
         <translation>&amp;Coördinaten kopiëren</translation>
     </message>
     <message>
         <source>Copy as &amp;Decimal Degrees</source>
+        <extracomment>Menu entry: copies the coordinate, as in &quot;-54.80190, -68.30300&quot;</extracomment>
         <translation>Als &amp;decimale graden kopiëren</translation>
     </message>
     <message>
         <source>Pinorama &amp;Manual</source>
+        <extracomment>Menu entry: opens the manual. Pinorama stays</extracomment>
         <translation>&amp;Handleiding van Pinorama</translation>
     </message>
     <message>
@@ -296,6 +353,7 @@
     </message>
     <message>
         <source>&amp;Read More Kinds of Files</source>
+        <extracomment>Menu entry with a check mark: has pictures of more kinds and videos read, too</extracomment>
         <translation>Meer &amp;bestandssoorten lezen</translation>
     </message>
     <message>
@@ -305,112 +363,45 @@
     </message>
 </context>
 <context>
-    <name>pinorama::Notice</name>
-    <message>
-        <source>&amp;Dismiss</source>
-        <translation>Ver&amp;bergen</translation>
-    </message>
-</context>
-<context>
-    <name>pinorama::PathIntake</name>
-    <message>
-        <source>Open Picture</source>
-        <translation>Foto openen</translation>
-    </message>
-</context>
-<context>
-    <name>pinorama::ReadingNotice</name>
-    <message>
-        <source>Still reading %1...</source>
-        <translation>%1 wordt nog gelezen...</translation>
-    </message>
-    <message>
-        <source>%1 could not be read.</source>
-        <translation>%1 kon niet worden gelezen.</translation>
-    </message>
-    <message>
-        <source>%1 does not answer.</source>
-        <translation>%1 reageert niet.</translation>
-    </message>
-    <message>
-        <source>The XMP file beside %1 could not be read.</source>
-        <translation>Het XMP-bestand naast %1 kon niet worden gelezen.</translation>
-    </message>
-    <message>
-        <source>The XMP file beside %1 does not answer.</source>
-        <translation>Het XMP-bestand naast %1 reageert niet.</translation>
-    </message>
-</context>
-<context>
-    <name>pinorama::PictureWords</name>
-    <message>
-        <source>%1 is a folder.</source>
-        <extracomment>The foot of the window; so are the others. %1 is the name of the file that is shown</extracomment>
-        <translation>%1 is een map.</translation>
-    </message>
-    <message>
-        <source>%1 is no file that can be read.</source>
-        <extracomment>A pipe or a device</extracomment>
-        <translation>%1 is geen bestand dat kan worden gelezen.</translation>
-    </message>
-    <message>
-        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
-        <translation>Bestanden van dit type worden niet gelezen, alleen JPEG en de raw-bestanden van camera’s.</translation>
-    </message>
-    <message>
-        <source>There is no file %1.</source>
-        <translation>Er is geen bestand %1.</translation>
-    </message>
-    <message>
-        <source>You are not allowed to read %1.</source>
-        <translation>U mag %1 niet lezen.</translation>
-    </message>
-    <message>
-        <source>%1 cannot be opened: %2.</source>
-        <extracomment>%2 is the system&apos;s reason, such as &quot;Input/output error&quot;</extracomment>
-        <translation>%1 kan niet worden geopend: %2.</translation>
-    </message>
-    <message>
-        <source>This picture does not say where it was taken.</source>
-        <translation>Deze foto vertelt niet waar hij is gemaakt.</translation>
-    </message>
-    <message>
-        <source>Several files are selected; the window shows one at a time.</source>
-        <translation>Er zijn meerdere bestanden geselecteerd; het venster toont er één tegelijk.</translation>
-    </message>
-</context>
-<context>
     <name>pinorama::MoreKinds</name>
     <message>
         <source>From Exif</source>
+        <extracomment>Tool tip: the part of the file that has the value. Exif is a name and stays</extracomment>
         <translation>Uit Exif</translation>
     </message>
     <message>
         <source>From IPTC</source>
+        <extracomment>Tool tip: the part of the file that has the value. IPTC is a name and stays</extracomment>
         <translation>Uit IPTC</translation>
     </message>
     <message>
         <source>From XMP in the file</source>
+        <extracomment>Tool tip: the part of the file that has the value. XMP is a name and stays</extracomment>
         <translation>Uit XMP in het bestand</translation>
     </message>
     <message>
         <source>From the video</source>
+        <extracomment>Tool tip: the value stands in the video itself</extracomment>
         <translation>Uit de video</translation>
     </message>
     <message>
         <source>From the XMP file beside it</source>
+        <extracomment>Tool tip: the value stands in another file in the same folder. XMP is a name and stays</extracomment>
         <translation>Uit het XMP-bestand ernaast</translation>
     </message>
     <message>
         <source>Read Them</source>
+        <extracomment>Button beside &quot;... pictures can be read, too&quot;: has them read from now on</extracomment>
         <translation>Lezen</translation>
     </message>
     <message>
         <source>%1 pictures can be read, too.</source>
+        <extracomment>At the foot of the window; %1 is the name of a kind, such as &quot;HEIC&quot;, and no number</extracomment>
         <translation>%1-foto’s kunnen ook worden gelezen.</translation>
     </message>
     <message>
         <source>%1 videos can be read, too.</source>
+        <extracomment>At the foot of the window; %1 is the name of a kind, such as &quot;MP4&quot;, and no number</extracomment>
         <translation>%1-video’s kunnen ook worden gelezen.</translation>
     </message>
 </context>
@@ -418,16 +409,17 @@
     <name>pinorama::NearbyModel</name>
     <message>
         <source>same place</source>
+        <extracomment>Below a picture, in the place of a distance: it was taken where the other one was</extracomment>
         <translation>zelfde plek</translation>
     </message>
     <message>
         <source>%1 m %2</source>
-        <extracomment>%1 is a distance, %2 a point of the compass: 350 m NE</extracomment>
+        <extracomment>Below a picture: %1 is a distance, %2 a point of the compass: 350 m NE</extracomment>
         <translation>%1&#xa0;m %2</translation>
     </message>
     <message>
         <source>%1 km %2</source>
-        <extracomment>%1 is a distance, %2 a point of the compass: 1.2 km NE</extracomment>
+        <extracomment>Below a picture: %1 is a distance, %2 a point of the compass: 1.2 km NE</extracomment>
         <translation>%1&#xa0;km %2</translation>
     </message>
 </context>
@@ -450,41 +442,48 @@
     </message>
     <message>
         <source>Within %1 m of %2</source>
-        <extracomment>Above the pictures that were found; %2 is the name of a file</extracomment>
+        <extracomment>Above the pictures that were found; %1 is a distance, %2 the name of a file</extracomment>
         <translation>Binnen %1&#xa0;m van %2</translation>
     </message>
     <message>
         <source>Searching...</source>
+        <extracomment>Below the pictures, until the first is found</extracomment>
         <translation>Zoeken...</translation>
     </message>
     <message>
         <source>Searching... Pictures found so far: %1</source>
+        <extracomment>Below the pictures: %1 is their number</extracomment>
         <translation>Zoeken... Tot nu toe gevonden foto’s: %1</translation>
     </message>
     <message>
         <source>Stopped. Pictures found until then: %1</source>
+        <extracomment>Below the pictures, after the button &quot;Stop&quot;: %1 is their number</extracomment>
         <translation>Gestopt. Tot dan gevonden foto’s: %1</translation>
     </message>
     <message>
         <source>The search ended too early. Pictures found until then: %1</source>
+        <extracomment>Below the pictures: the search failed; %1 is their number</extracomment>
         <translation>Het zoeken is voortijdig geëindigd. Tot dan gevonden foto’s: %1</translation>
     </message>
     <message>
         <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
+        <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
         <translation>Foto’s kunnen niet worden doorzocht: het programma pinorama-search start niet.</translation>
     </message>
     <message>
         <source>Pictures found: %1. The nearest %2 are shown.</source>
+        <extracomment>Below the pictures: %1 and %2 are numbers</extracomment>
         <translation>Gevonden foto’s: %1. De dichtstbijzijnde %2 worden getoond.</translation>
     </message>
     <message>
         <source>Pictures found: %1</source>
+        <extracomment>Below the pictures: %1 is their number</extracomment>
         <translation>Gevonden foto’s: %1</translation>
     </message>
     <message>
         <source>No other picture within %1 m was found in these folders:
 %2</source>
-        <extracomment>%2 is a list of folders</extracomment>
+        <extracomment>In the place of the pictures; %1 is a distance, %2 a list of folders</extracomment>
         <translation>Er is geen andere foto binnen %1&#xa0;m gevonden in deze mappen:
 %2</translation>
     </message>
@@ -492,6 +491,65 @@
         <source>Open &amp;With...</source>
         <extracomment>Context menu: has the user choose the program</extracomment>
         <translation>Openen &amp;met...</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::Notice</name>
+    <message>
+        <source>&amp;Dismiss</source>
+        <extracomment>A button that takes a notice in the window away</extracomment>
+        <translation>Ver&amp;bergen</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::PathIntake</name>
+    <message>
+        <source>Open Picture</source>
+        <extracomment>Title of the file dialog</extracomment>
+        <translation>Foto openen</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::PictureWords</name>
+    <message>
+        <source>%1 is a folder.</source>
+        <extracomment>The foot of the window; so are the others. %1 is the name of the file that is shown</extracomment>
+        <translation>%1 is een map.</translation>
+    </message>
+    <message>
+        <source>%1 is no file that can be read.</source>
+        <extracomment>A pipe or a device</extracomment>
+        <translation>%1 is geen bestand dat kan worden gelezen.</translation>
+    </message>
+    <message>
+        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
+        <extracomment>The foot of the window. JPEG stays</extracomment>
+        <translation>Bestanden van dit type worden niet gelezen, alleen JPEG en de raw-bestanden van camera’s.</translation>
+    </message>
+    <message>
+        <source>There is no file %1.</source>
+        <extracomment>The foot of the window; %1 is the name of a file</extracomment>
+        <translation>Er is geen bestand %1.</translation>
+    </message>
+    <message>
+        <source>You are not allowed to read %1.</source>
+        <extracomment>The foot of the window; %1 is the name of a file</extracomment>
+        <translation>U mag %1 niet lezen.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2.</source>
+        <extracomment>%2 is the system&apos;s reason, such as &quot;Input/output error&quot;</extracomment>
+        <translation>%1 kan niet worden geopend: %2.</translation>
+    </message>
+    <message>
+        <source>This picture does not say where it was taken.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>Deze foto vertelt niet waar hij is gemaakt.</translation>
+    </message>
+    <message>
+        <source>Several files are selected; the window shows one at a time.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>Er zijn meerdere bestanden geselecteerd; het venster toont er één tegelijk.</translation>
     </message>
 </context>
 <context>
@@ -513,6 +571,34 @@
     </message>
 </context>
 <context>
+    <name>pinorama::ReadingNotice</name>
+    <message>
+        <source>Still reading %1...</source>
+        <extracomment>The foot of the window; %1 is the name of a file</extracomment>
+        <translation>%1 wordt nog gelezen...</translation>
+    </message>
+    <message>
+        <source>%1 could not be read.</source>
+        <extracomment>The foot of the window; %1 is the name of a file</extracomment>
+        <translation>%1 kon niet worden gelezen.</translation>
+    </message>
+    <message>
+        <source>%1 does not answer.</source>
+        <extracomment>The foot of the window; %1 is the name of a file that is being read and takes too long, as when a network is gone</extracomment>
+        <translation>%1 reageert niet.</translation>
+    </message>
+    <message>
+        <source>The XMP file beside %1 could not be read.</source>
+        <extracomment>The foot of the window; %1 is the name of a file. XMP is a kind of file and stays</extracomment>
+        <translation>Het XMP-bestand naast %1 kon niet worden gelezen.</translation>
+    </message>
+    <message>
+        <source>The XMP file beside %1 does not answer.</source>
+        <extracomment>The foot of the window; %1 is the name of a file. XMP is a kind of file and stays</extracomment>
+        <translation>Het XMP-bestand naast %1 reageert niet.</translation>
+    </message>
+</context>
+<context>
     <name>pinorama::SayingOpener</name>
     <message>
         <source>No web browser is installed.</source>
@@ -526,6 +612,7 @@
     </message>
     <message>
         <source>No program opens KML files. Marble and Google Earth do.</source>
+        <extracomment>The foot of the window. KML is a kind of file; the names of programs stay</extracomment>
         <translation>Geen programma opent KML-bestanden. Marble en Google Earth doen dat.</translation>
     </message>
     <message>

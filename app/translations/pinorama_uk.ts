@@ -153,6 +153,11 @@
         <extracomment>A button: shows the file in the file manager</extracomment>
         <translation>Показати в &amp;теці</translation>
     </message>
+    <message>
+        <source>the disk does not answer.</source>
+        <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
+        <translation>диск не відповідає.</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::MainWindow</name>
@@ -384,23 +389,20 @@
         <extracomment>Tool tip: the value stands in another file in the same folder. XMP is a name and stays</extracomment>
         <translation>З файла XMP поруч</translation>
     </message>
-</context>
-<context>
-    <name>pinorama::MoreKindsNotice</name>
-    <message>
-        <source>Read Them</source>
-        <extracomment>Button of the notice &quot;... pictures can be read, too&quot;: has them read from now on</extracomment>
-        <translation>Читати їх</translation>
-    </message>
     <message>
         <source>%1 pictures can be read, too.</source>
-        <extracomment>A notice in the window; %1 is the name of a kind, such as &quot;HEIC&quot;, and no number</extracomment>
+        <extracomment>At the foot of the window; %1 is the name of a kind, such as &quot;HEIC&quot;, and no number</extracomment>
         <translation>Знімки %1 теж можна читати.</translation>
     </message>
     <message>
         <source>%1 videos can be read, too.</source>
-        <extracomment>A notice in the window; %1 is the name of a kind, such as &quot;MP4&quot;, and no number</extracomment>
+        <extracomment>At the foot of the window; %1 is the name of a kind, such as &quot;MP4&quot;, and no number</extracomment>
         <translation>Відео %1 теж можна читати.</translation>
+    </message>
+    <message>
+        <source>Read Them</source>
+        <extracomment>Button beside &quot;... pictures can be read, too&quot;: has them read from now on</extracomment>
+        <translation>Читати їх</translation>
     </message>
 </context>
 <context>
