@@ -67,7 +67,7 @@
     <message>
         <source>Re&amp;load</source>
         <extracomment>Reads the file again that is shown</extracomment>
-        <translation>Načíst &amp;znovu</translation>
+        <translation>&amp;Načíst znovu</translation>
     </message>
 </context>
 <context>

@@ -75,7 +75,7 @@
     <message>
         <source>Copy &amp;It As</source>
         <extracomment>The menu of the forms in which a place can be copied</extracomment>
-        <translation>Másolás mi&amp;nt</translation>
+        <translation>Másolás &amp;mint</translation>
     </message>
     <message>
         <source>As Shown</source>

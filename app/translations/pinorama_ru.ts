@@ -75,7 +75,7 @@
     <message>
         <source>Copy &amp;It As</source>
         <extracomment>The menu of the forms in which a place can be copied</extracomment>
-        <translation>Копировать &amp;как</translation>
+        <translation>Копи&amp;ровать как</translation>
     </message>
     <message>
         <source>As Shown</source>
@@ -329,7 +329,7 @@
     <message>
         <source>&amp;Read More Kinds of Files</source>
         <extracomment>Menu entry with a check mark: has pictures of more kinds and videos read, too</extracomment>
-        <translation>&amp;Читать больше типов файлов</translation>
+        <translation>Читать больше &amp;типов файлов</translation>
     </message>
     <message>
         <source>&amp;Close Window</source>

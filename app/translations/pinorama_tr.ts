@@ -75,7 +75,7 @@
     <message>
         <source>Copy &amp;It As</source>
         <extracomment>The menu of the forms in which a place can be copied</extracomment>
-        <translation>Şö&amp;yle Kopyala</translation>
+        <translation>Ş&amp;öyle Kopyala</translation>
     </message>
     <message>
         <source>As Shown</source>

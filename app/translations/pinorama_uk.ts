@@ -329,7 +329,7 @@
     <message>
         <source>&amp;Read More Kinds of Files</source>
         <extracomment>Menu entry with a check mark: has pictures of more kinds and videos read, too</extracomment>
-        <translation>&amp;Читати більше типів файлів</translation>
+        <translation>Читати &amp;більше типів файлів</translation>
     </message>
     <message>
         <source>&amp;Close Window</source>
