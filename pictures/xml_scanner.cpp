@@ -126,22 +126,36 @@ struct RawAttribute {
 
 class Scanner {
 public:
-    Scanner(std::string_view document, XmlHandler& handler) : rest_(document), handler_(handler) {}
+    Scanner(std::string_view document, XmlHandler& handler)
+        : rest_(document),
+          hasZero_(has(document, '\0')),
+          hasReferences_(has(document, '&')),
+          handler_(handler)
+    {
+    }
 
     bool scan()
     {
         do {
             if (!step()) return false;
-        } while (!open_.empty() || !hasBegun_);
+        } while ((!open_.empty() || !hasBegun_) && handler_.wants(rest_));
         return true;
     }
 
 private:
+    static bool has(std::string_view text, char character)
+    {
+        return text.find(character) != text.npos;
+    }
+
+    // Nearly no document has one anywhere, which is looked up once.
+    bool hasZero(std::string_view text) const { return hasZero_ && has(text, '\0'); }
+
     // Reads one piece: a tag, a text, or something that is passed over.
     bool step()
     {
         const std::size_t tag = rest_.find('<');
-        if (tag == rest_.npos || rest_.substr(0, tag).find('\0') != rest_.npos) return false;
+        if (tag == rest_.npos || hasZero(rest_.substr(0, tag))) return false;
         if (tag != 0) return takeText(tag);
         if (rest_.starts_with("<?")) return passOver("?>");
         if (rest_.starts_with("<!--")) return passOver("-->");
@@ -175,7 +189,7 @@ private:
         const std::size_t end = rest_.find("]]>");
         if (end == rest_.npos || open_.empty()) return false;
         const std::string_view text = rest_.substr(kStart, end - kStart);
-        if (text.find('\0') != text.npos) return false;
+        if (hasZero(text)) return false;
         handler_.text(text);
         rest_.remove_prefix(end + 3);
         return true;
@@ -242,7 +256,7 @@ private:
         if (end == rest_.npos) return std::nullopt;
         const std::string_view raw = rest_.substr(1, end - 1);
         rest_.remove_prefix(end + 1);
-        if (raw.find('<') != raw.npos || raw.find('\0') != raw.npos) return std::nullopt;
+        if (has(raw, '<') || hasZero(raw)) return std::nullopt;
         return resolve(raw);
     }
 
@@ -250,7 +264,7 @@ private:
     // tag or text.
     std::optional<std::string_view> resolve(std::string_view raw)
     {
-        if (raw.find('&') == raw.npos) return raw;
+        if (!hasReferences_ || !has(raw, '&')) return raw;
         resolved_.emplace_back();
         if (!appendResolved(raw, resolved_.back())) return std::nullopt;
         return resolved_.back();
@@ -326,6 +340,8 @@ private:
     }
 
     std::string_view rest_;
+    const bool hasZero_;        // somewhere in the document
+    const bool hasReferences_;  // the same
     XmlHandler& handler_;
     std::vector<std::string_view> open_;  // the names of the elements around this place
     std::vector<Binding> bindings_;

@@ -37,13 +37,16 @@ public:
     virtual void startElement(const XmlName& name, std::span<const XmlAttribute> attributes) = 0;
     virtual void text(std::string_view text) = 0;  // a piece of it; more may follow
     virtual void endElement() = 0;
+
+    // Whether `rest`, all of the document from a tag or text on, is of use; if not, it is not read.
+    virtual bool wants(std::string_view /*rest*/) const { return true; }
 };
 
 // Reads the first element of `document` with everything in it; what is in front of it (declaration,
 // processing instructions, comments) is passed over, and what follows is not looked at.
 //
-// Returns false when the document is malformed, goes beyond the limits or is refused. The handler
-// has received what stands before that place.
+// Returns false when the document, as far as it is read, is malformed, goes beyond the limits or is
+// refused. The handler has received what stands before that place.
 // Source: Extensible Markup Language 1.0; Namespaces in XML 1.0.
 bool scanXml(std::string_view document, XmlHandler& handler);
 

@@ -4,11 +4,13 @@
 #include "pictures/byte_order.h"
 #include "pictures/iptc_text.h"
 #include "pictures/xml_scanner.h"
+#include "pictures/xmp_names.h"
 #include "pictures/xmp_values.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -103,7 +105,10 @@ std::string lowered(std::string_view language)
 // Collects the values of a packet while it is scanned.
 class Collector final : public XmlHandler {
 public:
-    explicit Collector(std::string_view language) : language_(lowered(language)) {}
+    Collector(std::string_view document, std::string_view language)
+        : sizeWithoutNames_(document.size() - endOfXmpNames(document)), language_(lowered(language))
+    {
+    }
 
     bool hasFoundRdf() const { return hasFoundRdf_; }
 
@@ -153,6 +158,14 @@ public:
         elements_.pop_back();
     }
 
+    // After the last name that counts only a property that is open can still have values.
+    bool wants(std::string_view rest) const override
+    {
+        return rest.size() > sizeWithoutNames_ || !hasFoundRdf_ ||
+               std::any_of(path_.begin(), path_.end(),
+                           [](Property property) { return property < Property::count; });
+    }
+
 private:
     struct Element {
         bool isProperty = false;  // else a container or a description of RDF
@@ -197,6 +210,7 @@ private:
         if (rank > value.rank) value = {std::string(text), rank};
     }
 
+    const std::size_t sizeWithoutNames_;  // of the end of the document
     const std::string language_;
     std::vector<Element> elements_;
     std::vector<Property> path_;
@@ -216,10 +230,10 @@ std::string bytesOf(const ByteBlock& packet)
         const auto wanted = std::min<std::uint64_t>(end - bytes.size(), kMaxViewLength);
         const ByteView view = packet.view(bytes.size(), static_cast<std::size_t>(wanted));
         if (view.empty()) break;
-        const std::size_t before = bytes.size();
         bytes.append(reinterpret_cast<const char*>(view.data()), view.size());
         // Packets are padded, and some are followed by other things.
-        if (bytes.find("<?xpacket end", before) != bytes.npos) break;
+        constexpr std::string_view kEnd = "<?xpacket end";
+        if (memmem(view.data(), view.size(), kEnd.data(), kEnd.size()) != nullptr) break;
     }
     return bytes;
 }
@@ -300,8 +314,9 @@ void fillTexts(const Collector& values, PictureProperties& properties)
 
 std::optional<PictureProperties> readXmp(const ByteBlock& packet, std::string_view language)
 {
-    Collector values(language);
-    (void)scanXml(utf8Of(bytesOf(packet)), values);  // what stands before a fault counts
+    const std::string document = utf8Of(bytesOf(packet));
+    Collector values(document, language);
+    (void)scanXml(document, values);  // what stands before a fault counts
     if (!values.hasFoundRdf()) return std::nullopt;
     PictureProperties properties;
     properties.sources = ValueSources::all(ValueSource::xmp);

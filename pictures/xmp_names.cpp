@@ -1,0 +1,44 @@
+#include "pictures/xmp_names.h"
+
+namespace pinorama {
+namespace {
+constexpr std::size_t kBlockSize = 64;
+constexpr std::size_t kBeginningSize = 5;  // of a name, with what stands before it
+
+// Whether a name begins in the block, which is followed by at least kBeginningSize - 1 bytes. There
+// are no branches, so that compilers make it a few instructions for many bytes at once.
+bool mayHaveName(const char* block)
+{
+    unsigned char has = 0;
+    for (std::size_t i = 0; i < kBlockSize; i++) {
+        const char* const byte = block + i;
+        const auto is = [byte](std::size_t at, char letter) {
+            return static_cast<unsigned char>(byte[at] == letter);
+        };
+        // A prefix, or a tag without one.
+        const int isStart = is(0, ':') | is(0, '<') | is(0, '/');
+        const int isName =
+            (is(1, 'G') & is(2, 'P') & is(3, 'S')) | (is(1, 'C') & is(2, 'i') & is(3, 't')) |
+            (is(1, 'C') & is(2, 'o') & is(3, 'u')) | (is(1, 'd') & is(2, 'e') & is(3, 's')) |
+            (is(1, 'S') & is(2, 't') & is(3, 'a') & is(4, 't')) |
+            (is(1, 'P') & is(2, 'r') & is(3, 'o') & is(4, 'v'));
+        has = static_cast<unsigned char>(has | (isStart & isName));
+    }
+    return has != 0;
+}
+}  // namespace
+
+std::size_t endOfXmpNames(std::string_view document)
+{
+    // No name that is looked for fits into what is left out at the end.
+    std::size_t end = document.size();
+    if (end < kBeginningSize) return end;
+    std::size_t last = end - (kBeginningSize - 1);
+    while (last >= kBlockSize && !mayHaveName(document.data() + last - kBlockSize)) {
+        last -= kBlockSize;
+        end = last;
+    }
+    return end;
+}
+
+}  // namespace pinorama
