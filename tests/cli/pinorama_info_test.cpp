@@ -172,8 +172,7 @@ TEST_F(pinoramaInfo, namesThePlaceOfAPicture)
 TEST_F(pinoramaInfo, doesWithoutThePlacesFile)
 {
     const test::TemporaryFolder resources;
-    std::filesystem::create_directory_symlink(PINORAMA_STRINGS,
-                                              resources.file("strings"));
+    std::filesystem::create_directory_symlink(PINORAMA_STRINGS, resources.file("strings"));
     const test::ScopedVariable variable("PINORAMA_RESOURCES", resources.path().c_str());
     const test::ProgramResult result = run({"--json", located_});
     EXPECT_EQ(result.status, 0);

@@ -163,7 +163,8 @@ TEST(menuEntries, nameTheTypesOfTheDesktopEntry)
     ASSERT_GE(types.size(), 19u);
     EXPECT_EQ(listOf(documentOf("packaging/menus/pinorama-dolphin.desktop.in"), "MimeType"), types);
     EXPECT_EQ(listOf(documentOf("packaging/menus/pinorama-thunar.desktop.in"), "MimeType"), types);
-    EXPECT_EQ(listOf(documentOf("packaging/menus/pinorama-actions.desktop.in"), "MimeTypes"), types);
+    EXPECT_EQ(listOf(documentOf("packaging/menus/pinorama-actions.desktop.in"), "MimeTypes"),
+              types);
 }
 
 TEST(menuEntries, areForAcceptedExtensionsOnly)
