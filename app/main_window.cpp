@@ -3,6 +3,7 @@
 #include "app/baselines.h"
 #include "app/caption_colour.h"
 #include "app/drawing.h"
+#include "app/view_arrangement.h"
 #include "base/file_uri.h"
 
 #include <QDragEnterEvent>
@@ -22,7 +23,10 @@ namespace pinorama {
 namespace {
 constexpr int kMarkerSize = 32;  // points
 
-constexpr QSize kUsualSize(660, 480);
+constexpr QSize kUsualSize(700, 520);
+
+// How much larger the place in words is than the other texts.
+constexpr double kHeadline = 1.25;
 
 // Big enough for everything, as far as one can know without looking for a font.
 QSize likelySize()
@@ -80,6 +84,7 @@ void MainWindow::furnish()
     placeMap->setMarker(geoTagField);
     showMarker();
     quietCaptions();
+    enlargeHeadline();
     keepBaselines();
     for (QMenu* menu : {pictureMenu, helpMenu})
         connect(
@@ -91,8 +96,11 @@ void MainWindow::furnish()
         contentView->show();
         mainMenu->show();
     }
+    auto* arrangement = new ViewArrangement(*this);  // the window's child
     // A larger font needs a larger window.
-    resize((isVisible() ? size() : kUsualSize).expandedTo(sizeHint()));
+    const QSize usual = isVisible() ? size() : kUsualSize;
+    arrangement->fit(usual.width());
+    resize(usual.expandedTo(sizeHint()));
     setFocus();  // not the first field: its whole text would be shown instead of both its ends
 
     // A screen reader says the caption with the text; the colon is for the eye.
@@ -110,6 +118,7 @@ void MainWindow::changeEvent(QEvent* event)
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange)
         quietCaptions();
+    if (event->type() == QEvent::FontChange && centralWidget() != nullptr) enlargeHeadline();
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)
@@ -149,6 +158,18 @@ void MainWindow::quietCaptions()
     for (const auto& captions = findChildren<QLabel*>(); QLabel * caption : captions) {
         if (caption->buddy() != nullptr) caption->setPalette(quiet);
     }
+}
+
+// The answer to "where?" is the first thing one reads.
+void MainWindow::enlargeHeadline()
+{
+    QFont large = font();
+    if (large.pixelSize() > 0) {
+        large.setPixelSize(qRound(large.pixelSize() * kHeadline));
+    } else {
+        large.setPointSizeF(large.pointSizeF() * kHeadline);
+    }
+    placeField->setFont(large);
 }
 
 void MainWindow::keepBaselines()

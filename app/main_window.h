@@ -40,6 +40,7 @@ private:
     struct Empty {};
     explicit MainWindow(Empty /*views*/);
 
+    void enlargeHeadline();
     void followScreen();
     void keepBaselines();
     void quietCaptions();

@@ -19,10 +19,18 @@ using namespace pinorama;
 namespace {
 using MainWindowTest = test::ControllerTest;
 
-const char* const kTextFields[] = {
-    "fileNameField",         "takenField",         "fileSizeField",    "fileModificationDateField",
-    "fileCreationDateField", "gpsCoordinateField", "gpsAltitudeField", "gpsDirectionField",
-    "iptcCityField",         "iptcStateField",     "iptcCountryField", "iptcDescriptionField"};
+const char* const kTextFields[] = {"fileNameField",
+                                   "takenField",
+                                   "gpsCoordinateField",
+                                   "gpsAltitudeField",
+                                   "gpsDirectionField",
+                                   "iptcCityField",
+                                   "iptcStateField",
+                                   "iptcCountryField",
+                                   "iptcDescriptionField",
+                                   "fileSizeField",
+                                   "fileModificationDateField",
+                                   "fileCreationDateField"};
 
 const test::PictureFields kEverything = {.lat = 48.1,
                                          .latRef = "N",

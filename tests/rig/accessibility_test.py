@@ -18,8 +18,8 @@ from session import DesktopSession, waitFor
 PROGRAM = takeProgram()
 
 # The captions of the values from top to bottom, by which the window's report names them as well.
-FIELDS = ["Name", "Taken", "Size", "Modified", "Created", "Coordinate", "Altitude", "Direction", "City",
-          "State", "Country", "Caption"]
+FIELDS = ["Name", "Taken", "Coordinate", "Altitude", "Direction", "City", "State", "Country", "Caption", "Size",
+          "Modified", "Created"]
 # Name, role and description of each control below them.
 CONTROLS = [
     ("7 km SSW of Grainau, Germany", "button", "A click shows more of the surroundings, or less"),

@@ -1,0 +1,106 @@
+#include "app/view_arrangement.h"
+
+#include "app/main_window.h"
+
+#include <QEvent>
+
+#include <algorithm>
+
+namespace pinorama {
+namespace {
+constexpr int kPicturesWidth = 176;  // points, the least of their column beside the texts
+constexpr int kMeasure = 60;         // characters in a line of the texts
+constexpr int kTwoRows = 2;          // columns of buttons in two rows
+}  // namespace
+
+ViewArrangement::ViewArrangement(MainWindow& window)
+    : QObject(&window),
+      window_(window),
+      buttons_{window.webServicesMenu, window.showInGEButton, window.searchInTovButton,
+               window.exportKMLButton}
+{
+    window.contentView->installEventFilter(this);
+}
+
+bool ViewArrangement::eventFilter(QObject* watched, QEvent* event)
+{
+    // A layout has laid out its widget before this comes, and does so again before it is painted.
+    if (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest) {
+        fit(window_.contentView->width());
+        window_.windowLayout->activate();
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void ViewArrangement::fit(int width)
+{
+    const QMargins margins = window_.windowLayout->contentsMargins();
+    const int room = width - margins.left() - margins.right();
+    const int spacing = window_.columnsLayout->spacing();
+    const bool isWide = room >= kPicturesWidth + spacing + window_.factsLayout->sizeHint().width();
+    arrangePictures(room, isWide);
+    arrangeButtons(room >= buttonsWidth(kButtons) ? kButtons : kTwoRows);
+    // The layout would only let the window become as narrow as it is arranged at the moment.
+    window_.contentView->setMinimumWidth(leastWidth());
+}
+
+int ViewArrangement::leastWidth() const
+{
+    const int pictures = window_.fileIconField->minimumWidth() + window_.picturesLayout->spacing() +
+                         window_.placeMap->minimumSizeHint().width();
+    const QMargins margins = window_.windowLayout->contentsMargins();
+    return std::max({pictures, window_.factsLayout->minimumSize().width(), buttonsWidth(kTwoRows),
+                     window_.syncCheckbox->minimumSizeHint().width()}) +
+           margins.left() + margins.right();
+}
+
+// With the space to the texts. Before the window has been laid out the layout does not know it.
+int ViewArrangement::captionsWidth() const
+{
+    int widest = 0;
+    for (int row = 0; row < window_.factsLayout->rowCount(); ++row) {
+        const QLayoutItem* caption = window_.factsLayout->itemAtPosition(row, 0);
+        if (caption != nullptr) widest = std::max(widest, caption->sizeHint().width());
+    }
+    return widest + window_.factsLayout->horizontalSpacing();
+}
+
+// All columns are as wide as the widest button.
+int ViewArrangement::buttonsWidth(int columns) const
+{
+    int widest = 0;
+    for (const QWidget* button : buttons_) widest = std::max(widest, button->sizeHint().width());
+    return columns * widest + (columns - 1) * window_.actionsLayout->horizontalSpacing();
+}
+
+void ViewArrangement::arrangeButtons(int columns)
+{
+    if (columns == columns_) return;
+    columns_ = columns;
+    for (QWidget* button : buttons_) window_.actionsLayout->removeWidget(button);
+    for (int i = 0; i < kButtons; ++i) {
+        window_.actionsLayout->addWidget(buttons_[std::size_t(i)], i / columns, i % columns);
+        window_.actionsLayout->setColumnStretch(i, i < columns ? 1 : 0);
+    }
+}
+
+void ViewArrangement::arrangePictures(int room, bool isWide)
+{
+    QBoxLayout& columns = *window_.columnsLayout;
+    columns.setDirection(isWide ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    columns.setStretch(0, isWide ? 0 : 1);
+    columns.setStretch(1, isWide ? 1 : 0);
+    window_.picturesLayout->setDirection(isWide ? QBoxLayout::TopToBottom
+                                                : QBoxLayout::LeftToRight);
+    if (!isWide) {
+        window_.placeMap->setMinimumWidth(0);
+        window_.placeMap->setMaximumWidth(QWIDGETSIZE_MAX);
+        return;
+    }
+    const int beside = room - columns.spacing();
+    const int texts = captionsWidth() + kMeasure * window_.fontMetrics().averageCharWidth();
+    window_.placeMap->setFixedWidth(std::clamp(beside - texts, kPicturesWidth,
+                                               beside - window_.factsLayout->sizeHint().width()));
+}
+
+}  // namespace pinorama

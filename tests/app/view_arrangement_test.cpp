@@ -1,0 +1,163 @@
+// Where the views of the window are, in every shape of it.
+
+#include "tests/app/controller_fixture.h"
+
+#include "app/map_view.h"
+
+#include <QPushButton>
+
+#include <algorithm>
+
+using namespace pinorama;
+
+namespace {
+constexpr int kWide = 1600;  // points, wide enough for every font
+
+class ViewArrangementTest : public test::ControllerTest {
+protected:
+    void SetUp() override
+    {
+        test::ControllerTest::SetUp();
+        EXPECT_TRUE(showPicture("one.jpg", {.lat = 48.1,
+                                            .latRef = "N",
+                                            .lon = 11.5,
+                                            .lonRef = "E",
+                                            .city = "Munich",
+                                            .caption = "A short caption."}));
+        controller.showMainWindow();
+    }
+
+    // Waits until the window has settled in a size.
+    void resize(int width, int height)
+    {
+        window.resize(width, height);
+        EXPECT_TRUE(test::waitUntil([&] { return window.contentView->width() == width; }));
+        for (int i = 0; i < 10; ++i) QCoreApplication::processEvents();
+    }
+
+    bool isWide() const { return window.placeField->x() > window.placeMap->geometry().right(); }
+
+    int rowsOfButtons() const
+    {
+        return window.showInGEButton->y() == window.exportKMLButton->y() ? 1 : 2;
+    }
+
+    MainWindow& window = *controller.myWindow;
+};
+}  // namespace
+
+TEST_F(ViewArrangementTest, putsThePicturesBesideTheTextsInAWideWindow)
+{
+    resize(kWide, 600);
+    EXPECT_TRUE(isWide());
+    EXPECT_GT(window.placeMap->y(), window.fileIconField->geometry().bottom());
+    EXPECT_EQ(rowsOfButtons(), 1);
+    EXPECT_LT(window.placeField->y(), window.gpsCoordinateField->y());
+    EXPECT_GT(window.fileSizeField->y(), window.iptcDescriptionField->y());
+}
+
+TEST_F(ViewArrangementTest, putsThemAboveTheTextsInANarrowWindow)
+{
+    resize(420, 800);
+    EXPECT_FALSE(isWide());
+    EXPECT_GT(window.placeMap->x(), window.fileIconField->geometry().right());
+    EXPECT_GT(window.fileNameField->y(), window.placeMap->geometry().bottom());
+    EXPECT_EQ(rowsOfButtons(), 2);
+    resize(kWide, 800);
+    EXPECT_TRUE(isWide()) << "and back";
+    EXPECT_EQ(rowsOfButtons(), 1);
+}
+
+TEST_F(ViewArrangementTest, cutsNothingInAnySize)
+{
+    for (const auto& [width, height] :
+         {std::pair(340, 400), std::pair(420, 900), std::pair(640, 300), std::pair(1400, 900)}) {
+        SCOPED_TRACE(testing::Message() << width << " by " << height);
+        resize(std::max(width, window.minimumSizeHint().width()), height);
+        EXPECT_TRUE(test::waitUntil([this] {
+            const auto views =
+                window.contentView->findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
+            return std::all_of(views.begin(), views.end(), [this](const QWidget* view) {
+                return window.contentView->rect().contains(view->geometry()) &&
+                       view->height() >=
+                           std::min(view->minimumSizeHint().height(), view->maximumHeight());
+            });
+        }));
+        EXPECT_GE(window.placeMap->height(), window.placeMap->minimumSizeHint().height());
+    }
+}
+
+TEST_F(ViewArrangementTest, letsTheMapGrowAndTheTextsKeepTheirMeasure)
+{
+    resize(800, 600);
+    const QSize map = window.placeMap->size();
+    resize(1400, 900);
+    EXPECT_GT(window.placeMap->width(), map.width() + 400);
+    EXPECT_GT(window.placeMap->height(), map.height() + 200);
+    EXPECT_LT(window.placeField->width(), 75 * window.fontMetrics().averageCharWidth());
+}
+
+TEST_F(ViewArrangementTest, letsNoRowMoveFromPictureToPicture)
+{
+    resize(kWide, 900);
+    const auto places = [this] {
+        std::vector<int> rows;
+        for (const QWidget* row : {static_cast<QWidget*>(window.fileNameField),
+                                   static_cast<QWidget*>(window.gpsCoordinateField),
+                                   static_cast<QWidget*>(window.iptcCityField),
+                                   static_cast<QWidget*>(window.fileSizeField),
+                                   static_cast<QWidget*>(window.showInGEButton)})
+            rows.push_back(row->y());
+        return rows;
+    };
+    const auto show = [this](const char* name, const test::PictureFields& fields) {
+        EXPECT_TRUE(showPicture(name, fields));
+        EXPECT_TRUE(test::waitUntil([this] { return !controller.reading().isGoingOn(); }));
+        for (int i = 0; i < 10; ++i) QCoreApplication::processEvents();
+    };
+    show("bare.jpg", {});  // the foot of the window has something to say, and keeps its room
+    const auto before = places();
+    show("two.jpg", {.lat = 48.1, .latRef = "N", .lon = 11.5, .lonRef = "E", .city = "Munich"});
+    EXPECT_EQ(places(), before);
+    show("bare-too.jpg", {});
+    EXPECT_EQ(places(), before);
+}
+
+// The place comes a moment after the window.
+TEST(ViewArrangement, keepsTheHeightOfTheWindowWhenTheFirstPictureComes)
+{
+    AppController controller(nullptr, nullptr, MainWindow::showAhead());
+    const MainWindow& window = *controller.myWindow;
+    ASSERT_TRUE(controller.init());
+    controller.awakeFromNib();
+    controller.reading().setPatience(std::chrono::milliseconds(0));
+    const test::TemporaryFolder folder;
+    const int before = window.height();
+    const test::Text path(createPathText(folder.write(
+        "one.jpg", test::pictureWithGps({.lat = 48.1,
+                                         .latRef = "N",
+                                         .lon = 11.5,
+                                         .lonRef = "E",
+                                         .altitude = 520.0,
+                                         .imgDirection = 271.26,
+                                         .taken = "2026:05:03 14:03:22",
+                                         .city = "Munich",
+                                         .state = "Bavaria",
+                                         .country = "Germany",
+                                         .caption = "Little more than fits into one line, or two "
+                                                    "where letters are large."}))));
+    EXPECT_TRUE(controller.updateValuesForNewPath(path.get()));
+    EXPECT_TRUE(test::waitUntil(
+        [&] { return window.placeMap->isVisible() && !controller.reading().isGoingOn(); }));
+    for (int i = 0; i < 10; ++i) QCoreApplication::processEvents();
+    EXPECT_EQ(window.height(), before);
+}
+
+TEST_F(ViewArrangementTest, hasThePlaceInTheLargestLetters)
+{
+    for (const WrappedField* field : window.findChildren<WrappedField*>()) {
+        if (field != window.placeField) {
+            EXPECT_LT(field->font().pointSizeF(), window.placeField->font().pointSizeF());
+        }
+    }
+}
