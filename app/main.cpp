@@ -17,6 +17,7 @@
 #include "selection/file_manager_selection.h"
 
 #include <QApplication>
+#include <QDBusObjectPath>
 #include <QTimer>
 
 #include <algorithm>
@@ -110,18 +111,14 @@ void setWindowIcon()
     QApplication::setWindowIcon(drawnIcon(QStringLiteral("icon"), {16, 32, 48, 64}));
 }
 
-// The connection is closed at the end: Qt's thread for it would go on with the bus's messages while
-// the program ends, and complain that types are gone.
 int showInOther(const std::string& path)
 {
-    const QString name = QStringLiteral("show");
-    bool isShown = false;
-    {
-        ApplicationBus bus(QDBusConnection::connectToBus(QDBusConnection::SessionBus, name));
-        isShown = showInOpenWindow(bus, path);
-    }
-    QDBusConnection::disconnectFromBus(name);
-    if (isShown) return 0;
+    // What is made last goes first when the program ends. Qt's thread for the bus goes on until
+    // then with the bus's messages, and complains if the list of types is gone, so the list comes
+    // first.
+    qRegisterMetaType<QDBusObjectPath>();
+    ApplicationBus bus(QDBusConnection::sessionBus());
+    if (showInOpenWindow(bus, path)) return 0;
     printDiagnostic("the running program does not answer");
     return kFailed;
 }
