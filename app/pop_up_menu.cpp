@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QListView>
 #include <QStandardItemModel>
+#include <QStyleOptionComboBox>
 #include <QWheelEvent>
 
 namespace pinorama {
@@ -32,6 +33,20 @@ bool PopUpMenu::isOffered(int index) const
 {
     const auto* list = qobject_cast<const QListView*>(view());
     return list == nullptr || !list->isRowHidden(index);
+}
+
+QSize PopUpMenu::sizeHint() const
+{
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const QSize title = fontMetrics().size(Qt::TextSingleLine, itemText(0));
+    const QSize needed = style()->sizeFromContents(QStyle::CT_ComboBox, &option, title, this);
+    return QComboBox::sizeHint().expandedTo(needed);
+}
+
+QSize PopUpMenu::minimumSizeHint() const
+{
+    return sizeHint();
 }
 
 void PopUpMenu::showPopup()

@@ -20,6 +20,10 @@ public:
     void setOffered(int index, bool isOffered);
     bool isOffered(int index) const;
 
+    // Wide enough for the title, which need not be the longest item.
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
     // Opens the list, wide enough for its longest item.
     void showPopup() override;
 

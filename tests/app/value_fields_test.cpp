@@ -18,6 +18,7 @@
 #include <QProxyStyle>
 #include <QScrollBar>
 #include <QSignalSpy>
+#include <QStyleOptionComboBox>
 #include <QToolTip>
 #include <QVBoxLayout>
 #include <QWheelEvent>
@@ -311,6 +312,20 @@ TEST(ElidedField, cutsItsToolTipForShowing)
     EXPECT_TRUE(QToolTip::text().contains(shownText(path)));
     EXPECT_EQ(window.field->toolTip(), path);
     QToolTip::hideText();
+}
+
+TEST(PopUpMenu, isWideEnoughForItsTitle)
+{
+    PopUpMenu menu;
+    menu.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    menu.setMinimumContentsLength(3);
+    menu.addItems({QStringLiteral("The Services of Maps"), QStringLiteral("b")});
+    menu.resize(menu.minimumSizeHint());
+    QStyleOptionComboBox option;
+    option.initFrom(&menu);
+    const QRect title = menu.style()->subControlRect(QStyle::CC_ComboBox, &option,
+                                                     QStyle::SC_ComboBoxEditField, &menu);
+    EXPECT_GE(title.width(), menu.fontMetrics().horizontalAdvance(menu.itemText(0)));
 }
 
 TEST(PopUpMenu, opensItsListInsteadOfWalkingThroughCommands)
