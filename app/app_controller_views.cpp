@@ -1,6 +1,8 @@
 // The part of the controller that finds its views in the window and connects the menu.
 
 #include "app/app_controller.h"
+
+#include "app/closing_words.h"
 #include "app/main_window.h"
 
 #include <QAction>
@@ -45,6 +47,7 @@ void AppController::connectMenu()
     myWindow->pictureMenu->insertAction(items.value(items.indexOf(myWindow->openAction) + 1),
                                         reloadAction);
     connect(reloadAction, &QAction::triggered, this, &AppController::reload);
+    new ClosingWords(*myWindow);  // the window's child
     connect(myWindow->closeAction, &QAction::triggered, myWindow, &QWidget::close);
     connect(myWindow->quitAction, &QAction::triggered, qApp, &QCoreApplication::quit);
     connect(myWindow->manualAction, &QAction::triggered, this, &AppController::showManual);

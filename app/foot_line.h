@@ -35,6 +35,7 @@ public:
     explicit FootLine(QWidget* parent = nullptr);
 
     enum class Topic : std::uint8_t {
+        program,    // what it does without being asked; stays until the window is closed
         kind,       // of file that could be read; stays from one such file to the next
         picture,    // the file that is shown
         action,     // what the user asked for last

@@ -71,6 +71,14 @@
     </message>
 </context>
 <context>
+    <name>pinorama::ClosingWords</name>
+    <message>
+        <source>Pinorama keeps running when its window is closed. %1 &gt; %2 ends it.</source>
+        <extracomment>The foot of the window, once: %1 is the title of a menu, %2 of the entry in it that ends the program. Pinorama stays</extracomment>
+        <translation>關閉視窗後 Pinorama 會繼續執行。要結束，請選擇 %1 &gt; %2。</translation>
+    </message>
+</context>
+<context>
     <name>pinorama::CopyMenu</name>
     <message>
         <source>Copy &amp;It As</source>
