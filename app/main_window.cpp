@@ -54,6 +54,11 @@ std::string fileOf(const QMimeData& data)
 }
 }  // namespace
 
+bool programsPlaceWindows(const QString& platform)
+{
+    return !platform.startsWith(QLatin1String("wayland"));
+}
+
 MainWindow::MainWindow()
 {
     furnish();
@@ -86,6 +91,9 @@ void MainWindow::furnish()
     quietCaptions();
     enlargeHeadline();
     keepBaselines();
+    connect(keepAboveAction, &QAction::toggled, this, &MainWindow::keepAbove);
+    // Where a program cannot have that, the desktop has it in the window's own menu.
+    keepAboveAction->setVisible(programsPlaceWindows(QGuiApplication::platformName()));
     for (QMenu* menu : {pictureMenu, helpMenu})
         connect(
             menu, &QMenu::aboutToShow, menu, [menu] { giveMnemonicsRoom(menu); },
@@ -111,6 +119,13 @@ void MainWindow::furnish()
     if (!isVisible()) return;
     layout()->activate();
     followScreen();
+}
+
+// QWidget::setWindowFlag would hide the window and make another in its place on the screen.
+void MainWindow::keepAbove(bool isAbove)
+{
+    overrideWindowFlags(windowFlags().setFlag(Qt::WindowStaysOnTopHint, isAbove));
+    if (windowHandle() != nullptr) windowHandle()->setFlag(Qt::WindowStaysOnTopHint, isAbove);
 }
 
 void MainWindow::changeEvent(QEvent* event)

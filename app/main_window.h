@@ -11,6 +11,12 @@
 
 namespace pinorama {
 
+// Whether a program can say where its windows are on the screen and that they are above others.
+// Wayland leaves both to the desktop.
+//
+//   platform  what QGuiApplication::platformName says.
+bool programsPlaceWindows(const QString& platform);
+
 class MainWindow : public QMainWindow, public Ui::MainWindow {
     Q_OBJECT
 
@@ -42,6 +48,7 @@ private:
 
     void enlargeHeadline();
     void followScreen();
+    void keepAbove(bool isAbove);
     void keepBaselines();
     void quietCaptions();
     void showMarker();

@@ -369,6 +369,11 @@
         <extracomment>The time at which the picture was taken.</extracomment>
         <translation>Tomada:</translation>
     </message>
+    <message>
+        <source>&amp;Keep Above Other Windows</source>
+        <extracomment>Menu entry with a check mark: the window stays in front of those of other programs</extracomment>
+        <translation>Mantener siem&amp;pre visible</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::MoreKinds</name>

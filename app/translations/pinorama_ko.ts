@@ -369,6 +369,11 @@
         <extracomment>Menu entry: opens the dialog with the version and the licence. Pinorama stays</extracomment>
         <translation>Pinorama 정보(&amp;A)</translation>
     </message>
+    <message>
+        <source>&amp;Keep Above Other Windows</source>
+        <extracomment>Menu entry with a check mark: the window stays in front of those of other programs</extracomment>
+        <translation>항상 위에 표시(&amp;K)</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::MoreKinds</name>

@@ -369,6 +369,11 @@
         <extracomment>Menu entry: opens the dialog with the version and the licence. Pinorama stays</extracomment>
         <translation>&amp;О программе Pinorama</translation>
     </message>
+    <message>
+        <source>&amp;Keep Above Other Windows</source>
+        <extracomment>Menu entry with a check mark: the window stays in front of those of other programs</extracomment>
+        <translation>Всегда &amp;поверх других окон</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::MoreKinds</name>

@@ -369,6 +369,11 @@
         <extracomment>The time at which the picture was taken.</extracomment>
         <translation>拍摄：</translation>
     </message>
+    <message>
+        <source>&amp;Keep Above Other Windows</source>
+        <extracomment>Menu entry with a check mark: the window stays in front of those of other programs</extracomment>
+        <translation>窗口置顶(&amp;K)</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::MoreKinds</name>

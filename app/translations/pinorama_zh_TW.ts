@@ -369,6 +369,11 @@
         <extracomment>Menu entry: opens the dialog with the version and the licence. Pinorama stays</extracomment>
         <translation>關於 Pinorama(&amp;A)</translation>
     </message>
+    <message>
+        <source>&amp;Keep Above Other Windows</source>
+        <extracomment>Menu entry with a check mark: the window stays in front of those of other programs</extracomment>
+        <translation>視窗保持在最上層(&amp;K)</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::MoreKinds</name>

@@ -11,6 +11,7 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QTranslator>
+#include <QWindow>
 
 #include <set>
 
@@ -274,6 +275,36 @@ TEST_F(MainWindowTest, closingIsNotQuittingAndQuitIsInTheMenu)
     EXPECT_EQ(controller.myWindow->quitAction->shortcut(), QKeySequence(QStringLiteral("Ctrl+Q")));
     EXPECT_TRUE(
         controller.myWindow->pictureMenu->actions().contains(controller.myWindow->quitAction));
+}
+
+// As one and the same window: another in its place would flicker, and might take the focus.
+TEST_F(MainWindowTest, staysAboveOthersOnRequestWithoutLeavingTheScreen)
+{
+    controller.showMainWindow();
+    MainWindow* window = controller.myWindow;
+    const WId onScreen = window->winId();
+    EXPECT_TRUE(window->keepAboveAction->isCheckable());
+    EXPECT_FALSE(window->keepAboveAction->isChecked());
+    for (const bool isAbove : {true, false}) {
+        SCOPED_TRACE(isAbove);
+        window->keepAboveAction->trigger();
+        EXPECT_EQ(window->windowFlags().testFlag(Qt::WindowStaysOnTopHint), isAbove);
+        EXPECT_EQ(window->windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint), isAbove);
+        EXPECT_TRUE(window->isVisible());
+        EXPECT_EQ(window->winId(), onScreen);
+    }
+    window->keepAboveAction->trigger();
+    window->close();
+    controller.showMainWindow();
+    EXPECT_TRUE(window->windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint)) << "still";
+}
+
+TEST(programsPlaceWindows, isTrueOfAllPlatformsButWayland)
+{
+    for (const char* platform : {"xcb", "offscreen", "eglfs", "vnc"})
+        EXPECT_TRUE(programsPlaceWindows(QLatin1String(platform))) << platform;
+    for (const char* platform : {"wayland", "wayland-egl"})
+        EXPECT_FALSE(programsPlaceWindows(QLatin1String(platform))) << platform;
 }
 
 TEST_F(MainWindowTest, theAboutBoxTellsVersionLicenceLibrariesAndSourcesOfPlaces)
