@@ -8,6 +8,7 @@
 #include "app/main_window.h"
 #include "app/requests.h"
 #include "app/translations.h"
+#include "app/window_memory.h"
 #include "app/window_report.h"
 #include "base/printable.h"
 #include "desktop/application_bus.h"
@@ -28,6 +29,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <optional>
 
 namespace pinorama {
 namespace {
@@ -133,11 +135,16 @@ int run(const CommandLine& line)
         return kFailed;
     }
     std::unique_ptr<MainWindow> window;
-    if (opensWindow(line)) window = MainWindow::showAhead();
+    const bool isOfUser = !line.printAndSave && !line.action;  // a report has the usual size
+    const auto earlier = isOfUser ? loadWindow() : std::nullopt;
+    if (opensWindow(line)) window = MainWindow::showAhead(earlier);
     cuReadPicturesElsewhere();  // the reader starts while the window gets its views
     FileManagerSelection selection;
     // A report is of the pictures that it was asked for.
     AppController controller(line.printAndSave ? nullptr : &selection, nullptr, std::move(window));
+    if (earlier && !opensWindow(line)) controller.myWindow->restore(*earlier);
+    std::optional<WindowMemory> memory;
+    if (isOfUser) memory.emplace(*controller.myWindow, earlier);
     controller.init();
     connectRequests(bus, controller);
     controller.applicationWillFinishLaunching();

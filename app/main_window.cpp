@@ -64,18 +64,28 @@ MainWindow::MainWindow()
     furnish();
 }
 
-MainWindow::MainWindow(Empty /*views*/)
+MainWindow::MainWindow(Empty /*views*/, const std::optional<RememberedWindow>& earlier)
 {
     setWindowTitle(QStringLiteral("Pinorama"));
     resize(likelySize());
+    if (earlier) restore(*earlier);
     show();
     // Not for the reply: a question to the display takes along what was sent before it.
     (void)QGuiApplication::queryKeyboardModifiers();
 }
 
-std::unique_ptr<MainWindow> MainWindow::showAhead()
+std::unique_ptr<MainWindow> MainWindow::showAhead(const std::optional<RememberedWindow>& earlier)
 {
-    return std::unique_ptr<MainWindow>(new MainWindow(Empty()));
+    return std::unique_ptr<MainWindow>(new MainWindow(Empty(), earlier));
+}
+
+void MainWindow::restore(const RememberedWindow& earlier)
+{
+    isRestored_ = true;
+    resize(earlier.size);
+    if (earlier.place && programsPlaceWindows(QGuiApplication::platformName()))
+        move(*earlier.place);
+    keepAbove(earlier.isAbove);
 }
 
 void MainWindow::furnish()
@@ -91,6 +101,7 @@ void MainWindow::furnish()
     quietCaptions();
     enlargeHeadline();
     keepBaselines();
+    keepAboveAction->setChecked(windowFlags().testFlag(Qt::WindowStaysOnTopHint));
     connect(keepAboveAction, &QAction::toggled, this, &MainWindow::keepAbove);
     // Where a program cannot have that, the desktop has it in the window's own menu.
     keepAboveAction->setVisible(programsPlaceWindows(QGuiApplication::platformName()));
@@ -108,7 +119,7 @@ void MainWindow::furnish()
     // A larger font needs a larger window.
     const QSize usual = isVisible() ? size() : kUsualSize;
     arrangement->fit(usual.width());
-    resize(usual.expandedTo(sizeHint()));
+    if (!isRestored_) resize(usual.expandedTo(sizeHint()));
     setFocus();  // not the first field: its whole text would be shown instead of both its ends
 
     // A screen reader says the caption with the text; the colon is for the eye.
@@ -126,6 +137,7 @@ void MainWindow::keepAbove(bool isAbove)
 {
     overrideWindowFlags(windowFlags().setFlag(Qt::WindowStaysOnTopHint, isAbove));
     if (windowHandle() != nullptr) windowHandle()->setFlag(Qt::WindowStaysOnTopHint, isAbove);
+    if (centralWidget() != nullptr) keepAboveAction->setChecked(isAbove);
 }
 
 void MainWindow::changeEvent(QEvent* event)

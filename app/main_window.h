@@ -2,11 +2,13 @@
 
 #pragma once
 
+#include "app/window_memory.h"
 #include "ui_MainWindow.h"
 
 #include <QMainWindow>
 
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace pinorama {
@@ -26,10 +28,17 @@ public:
 
     // An empty window that is shown already: the desktop gets it onto the screen while `furnish`
     // puts the views in. It is painted from the event loop, and so never without them.
-    static std::unique_ptr<MainWindow> showAhead();
+    //
+    //   earlier  what it was when it was open last; nothing for the usual size, at a place that the
+    //            desktop chooses.
+    static std::unique_ptr<MainWindow> showAhead(
+        const std::optional<RememberedWindow>& earlier = std::nullopt);
 
     // Puts the views into a window that was shown ahead. Does nothing to any other.
     void furnish();
+
+    // Makes a window that is not shown yet what it was when it was open last.
+    void restore(const RememberedWindow& earlier);
 
 Q_SIGNALS:
     // Files were dropped on the window; `path` is the last of them, absolute and in the
@@ -44,7 +53,7 @@ protected:
 
 private:
     struct Empty {};
-    explicit MainWindow(Empty /*views*/);
+    MainWindow(Empty /*views*/, const std::optional<RememberedWindow>& earlier);
 
     void enlargeHeadline();
     void followScreen();
@@ -52,6 +61,8 @@ private:
     void keepBaselines();
     void quietCaptions();
     void showMarker();
+
+    bool isRestored_ = false;
 };
 
 }  // namespace pinorama

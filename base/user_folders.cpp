@@ -117,6 +117,11 @@ std::string cacheFolder()
     return folderOfUser("XDG_CACHE_HOME", "/.cache");
 }
 
+std::string stateFolder()
+{
+    return folderOfUser("XDG_STATE_HOME", "/.local/state");
+}
+
 std::string desktopFolder()
 {
     std::string folder = desktopInSettings();

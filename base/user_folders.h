@@ -16,6 +16,7 @@ std::string homeFolder();
 std::string configFolder();  // XDG_CONFIG_HOME, else ~/.config
 std::string dataFolder();    // XDG_DATA_HOME, else ~/.local/share
 std::string cacheFolder();   // XDG_CACHE_HOME, else ~/.cache
+std::string stateFolder();   // XDG_STATE_HOME, else ~/.local/state
 
 // The desktop folder: XDG_DESKTOP_DIR of <config folder>/user-dirs.dirs, else ~/Desktop. It need
 // not exist.

@@ -44,6 +44,7 @@ TEST(userFolders, followTheEnvironmentElseLieInTheHomeFolder)
         {"XDG_CONFIG_HOME", configFolder, "/home/anna/.config"},
         {"XDG_DATA_HOME", dataFolder, "/home/anna/.local/share"},
         {"XDG_CACHE_HOME", cacheFolder, "/home/anna/.cache"},
+        {"XDG_STATE_HOME", stateFolder, "/home/anna/.local/state"},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.variable);

@@ -14,9 +14,9 @@ int main(int argc, char** argv)
 {
     const test::TemporaryFolder home;
     setenv("HOME", home.path().c_str(), 1);
-    for (const char* name :
-         {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "LANGUAGE", "LC_MESSAGES",
-          "LC_TIME", "LC_NUMERIC", "DISPLAY", "WAYLAND_DISPLAY", "DBUS_SESSION_BUS_ADDRESS"}) {
+    for (const char* name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME",
+                             "LANGUAGE", "LC_MESSAGES", "LC_TIME", "LC_NUMERIC", "DISPLAY",
+                             "WAYLAND_DISPLAY", "DBUS_SESSION_BUS_ADDRESS"}) {
         unsetenv(name);
     }
     const std::string runtime = home.file("runtime");
