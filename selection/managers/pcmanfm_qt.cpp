@@ -1,8 +1,8 @@
 // PCManFM-Qt, tried with 1.2 (Qt 5) and 2.1 (Qt 6).
 //
-// View: 1.2 has the Table interface only, and the states of the items tell what is selected. In 2.1
-// the icons report no selected rows but a selection, and the detailed list reports rows, while its
-// selection counts every cell.
+// View: 1.2 has the Table interface only. Its detailed list reports the selected rows; of icons,
+// the states of the items tell what is selected. In 2.1 the icons report no selected rows but a
+// selection, and the detailed list reports rows, while its selection counts every cell.
 //
 // Selection: in 1.2 the status bar quotes the name of the selected file, and counts several, half a
 // second after the change.
@@ -14,6 +14,7 @@
 #include "selection/manager_window.h"
 #include "selection/managers/kinds.h"
 #include "selection/qt_views.h"
+#include "selection/table_rows.h"
 
 #include <algorithm>
 #include <utility>
@@ -32,7 +33,11 @@ public:
     {
         SelectedItems selected;
         if (view.access == ViewAccess::states) {
-            selected = co_await readStates(query, reader, view);
+            selected = co_await readTable(query, reader, view);
+            if (!selected.items.empty()) viewOfRows_ = view.object;
+            // Icons never report a row, so only a view that has reported one can have none.
+            if (!selected.isKnown || viewOfRows_ != view.object)
+                selected = co_await readStates(query, reader, view);
         } else {
             selected = co_await readRowsOrSelection(query, reader, view);
             if (selected.items.size() > 1) selected = co_await withoutCells(query, view, selected);
@@ -82,6 +87,8 @@ private:
         }
         co_return selected;
     }
+
+    Accessible viewOfRows_;  // the last view that has reported selected rows, or null
 };
 }  // namespace
 

@@ -49,6 +49,12 @@ protected:
         ASSERT_TRUE(frame_->isFound());
     }
 
+    void hideRows()
+    {
+        manager_->change(FakeFileManager::kView,
+                         [](test::FakeObject& view) { view.hidesRows = true; });
+    }
+
     void findAgain()
     {
         DBusQuery query(QDBusConnection::sessionBus(), kLimit);
@@ -294,10 +300,34 @@ TEST_F(FrameReaderTest, readNeedsASecondRoundTripForANameInsideTheItem)
     EXPECT_EQ(frame_->paths(), std::vector<std::string>{folder_.file("b.jpg")});
 }
 
-// As in PCManFM-Qt 1.2, whose status bar changes half a second after the selection.
+// As in the detailed list of PCManFM-Qt 1.2, whose status bar changes half a second after the
+// selection.
+TEST_F(FrameReaderTest, readAsksForTheRowsBesideAStatusBarThatIsLate)
+{
+    std::vector<QString> names;
+    for (int i = 0; i < 500; i++) names.push_back(QString::number(i));
+    find(Kind::states, "pcmanfm-qt", names);
+    manager_->addStatusBar(QStringLiteral("\"3\""));
+    findAgain();
+    (void)manager_->takeCalls();
+    selectAndRead(1);
+    EXPECT_EQ(frame_->paths(), std::vector<std::string>{folder_.file("1")});
+    EXPECT_LT(manager_->takeCalls().size(), 40U) << "not each of the items";
+    manager_->select({1, 2});
+    frame_->markStale();
+    readWithAnotherQuery();
+    EXPECT_EQ(frame_->paths(), (std::vector<std::string>{folder_.file("1"), folder_.file("2")}));
+    manager_->select({});
+    frame_->markStale();
+    readWithAnotherQuery();
+    EXPECT_EQ(frame_->paths(), std::vector<std::string>{}) << "it has reported rows before";
+}
+
+// As in the icons of PCManFM-Qt 1.2.
 TEST_F(FrameReaderTest, readAsksTheItemsBesideAStatusBarThatIsLate)
 {
     find(Kind::states, "pcmanfm-qt", {"a.jpg", "b.jpg", "c.jpg"});
+    hideRows();
     manager_->addStatusBar(QStringLiteral("\"a.jpg\" (1 byte)"));
     findAgain();
     selectAndRead(1);
@@ -320,6 +350,7 @@ TEST_F(FrameReaderTest, readTakesTheStatusBarsWordForALargeFolder)
     std::vector<QString> names;
     for (int i = 0; i < 129; i++) names.push_back(QString::number(i));
     find(Kind::states, "pcmanfm-qt", names);
+    hideRows();
     manager_->addStatusBar(QStringLiteral("\"3\""));
     findAgain();
     (void)manager_->takeCalls();
