@@ -57,5 +57,17 @@ EOT
 echo '1/1 Test #1: alone ....   Passed    0.01 sec' >"$folder/output"
 summarises "one that passes" <<<'1 passed, 0 failed, 0 skipped'
 
+cat >"$folder/output" <<'EOT'
+ 1/3 Test #7: desktop_nemo ...............................***Failed   10.00 sec
+ 2/3 Test #8: desktop_caja ...............................***Failed   10.00 sec
+ 3/3 Test #9: desktop_thunar .............................   Passed   10.00 sec
+ 1/2 Test #7: desktop_nemo ...............................   Passed   10.00 sec
+ 2/2 Test #8: desktop_caja ...............................***Timeout  10.00 sec
+EOT
+summarises "two that were run again" <<'EOT'
+passed only when run again, alone: desktop_nemo
+2 passed, 1 failed, 0 skipped
+EOT
+
 printf '%d failures\n' $failures
 [ $failures -eq 0 ]
