@@ -19,6 +19,18 @@ def require(condition, what):
         raise Wrong(what)
 
 
+def afterFailure(environment):
+    """What the environment says of its state, if it says anything; starts it anew for the cases that follow."""
+    if not hasattr(environment, "state"):
+        return ""
+    state = f"; {environment.state()}"
+    try:
+        environment.startAgain()
+    except RigError as error:
+        state += f"; not started again: {error}"
+    return state
+
+
 class Cases:
     """Functions of the environment, in the order in which they run; they raise Skip or Wrong."""
 
@@ -48,7 +60,7 @@ class Cases:
             except Skip as reason:
                 outcome = f"skipped: {reason}"
             except (Wrong, RigError) as error:
-                outcome = f"WRONG: {error}"
+                outcome = f"WRONG: {error}{afterFailure(environment)}"
             outcomes.append(outcome.partition(":")[0])
             print(f"{title}: {case.__name__}: {outcome} ({time.monotonic() - start:.1f} s)", flush=True)
         if "WRONG" in outcomes:

@@ -19,7 +19,7 @@ from session import DesktopSession, waitFor
 
 FOLDERS = {"nautilus": "nautilus-python", "nemo": "nemo-python", "caja": "caja-python",
            "thunar": "thunarx-python"}
-TIME = 180  # seconds in all
+TIME = 300  # seconds in all
 BINDINGS = {"nautilus": "nautilus/extensions-*/libnautilus-python.so",
             "nemo": "nemo/extensions-*/libnemo-python.so",
             "caja": "caja/extensions-*/libcaja-python.so",

@@ -5,7 +5,7 @@ import os
 import time
 
 from cases import Wrong
-from desktop import Desktop
+from desktop import Desktop, ProcessorUse
 from pictures import writePicture
 from probe import Probe
 
@@ -90,6 +90,19 @@ class Follow:
         self.desktop.keys("Return")
         time.sleep(2)
         self.desktop.clickEmptySpace(self.window, 0.6)
+
+    def state(self):
+        """What helps to understand a failure: whether the file manager runs, its windows with their titles, and
+        which window has the focus."""
+        titles = {window: (self.desktop.xdotool("getwindowname", window) or "").strip()
+                  for window in self.desktop.windowsOf(self.process)}
+        front = (self.desktop.xdotool("getactivewindow") or "").strip()
+        use = ProcessorUse(self.process.pid)
+        return f"ended with {self.process.poll()}, waits {use.waits}, windows {titles}, in front {front}"
+
+    def startAgain(self):
+        self.kill()
+        self.start()
 
     def selectFirst(self):
         self.desktop.clickEmptySpace(self.window)

@@ -75,6 +75,16 @@ class DesktopTest(unittest.TestCase):
     def testFailsIfOneCaseFails(self):
         self.expectOfCases(1, "it: wrong: WRONG: numbers differ (", "right", "notHere", "wrong")
 
+    def testPrintsTheStateAfterAFailureAndStartsTheEnvironmentAgain(self):
+        environment = ("class Environment:\n    starts = 0\n    def state(self):\n        return 'two windows'\n"
+                       "    def startAgain(self):\n        self.starts += 1\n"
+                       "        if self.starts > 1:\n            raise RigError('gone')\n")
+        output = self.expect(1, "it: wrong: WRONG: numbers differ; two windows (",
+                             CASES + environment +
+                             "run(lambda: cases.run('it', Environment(), ('right', 'wrong', 'fails')), 3)")
+        self.assertIn("WRONG: something ended; two windows; not started again: gone (", output)
+        self.assertIn("right: ok (", output)
+
     def testFailsIfTheEnvironmentFails(self):
         self.expectOfCases(1, "it: fails: WRONG: something ended (", "right", "fails")
         self.expect(1, "the environment could not be set up: no display",
