@@ -92,13 +92,15 @@ class Follow:
         self.desktop.clickEmptySpace(self.window, 0.6)
 
     def state(self):
-        """What helps to understand a failure: whether the file manager runs, its windows with their titles, and
-        which window has the focus."""
+        """What helps to understand a failure: whether the file manager runs, its windows with their titles, which
+        window has the focus, and how the probe's queries go."""
         titles = {window: (self.desktop.xdotool("getwindowname", window) or "").strip()
                   for window in self.desktop.windowsOf(self.process)}
         front = (self.desktop.xdotool("getactivewindow") or "").strip()
         use = ProcessorUse(self.process.pid)
-        return f"ended with {self.process.poll()}, waits {use.waits}, windows {titles}, in front {front}"
+        stats = self.probe.stats() if isinstance(self.probe, Probe) and self.probe.process.poll() is None else None
+        return (f"ended with {self.process.poll()}, waits {use.waits}, windows {titles}, in front {front}, "
+                f"queries {stats}")
 
     def startAgain(self):
         self.kill()

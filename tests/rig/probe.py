@@ -55,7 +55,7 @@ class Probe:
 
     def stats(self):
         """The number of queries since the last time, the median and the maximum of their durations in
-        microseconds, and the processor time per second in microseconds."""
+        microseconds, the processor time per second in microseconds, and whether the last answer was known."""
         with self.changed:
             self.statsLine = None
         self.send("stats")

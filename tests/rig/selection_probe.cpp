@@ -4,9 +4,10 @@
 //     paths PATH...    each with percent escapes, "-" for an empty list
 //
 // It reads commands from standard input. "stats" prints a line with the number of queries since the
-// last such line, the median and the maximum of their durations in microseconds, and the processor
-// time per second of wall-clock time in microseconds. "stop" and "go" pause and resume the queries;
-// "quit" and the end of the input end the program.
+// last such line, the median and the maximum of their durations in microseconds, the processor
+// time per second of wall-clock time in microseconds, and whether the last answer was known (1) or
+// not (0). "stop" and "go" pause and resume the queries; "quit" and the end of the input end the
+// program.
 
 #include "base/file_uri.h"
 #include "selection/accessibility_selection.h"
@@ -83,8 +84,9 @@ private:
         std::sort(times_.begin(), times_.end());
         const long median = times_.empty() ? 0 : times_[times_.size() / 2];
         const long longest = times_.empty() ? 0 : times_.back();
-        std::printf("stats %zu %ld %ld %ld\n", times_.size(), median, longest,
-                    static_cast<long>(static_cast<double>(used) / seconds));
+        std::printf("stats %zu %ld %ld %ld %d\n", times_.size(), median, longest,
+                    static_cast<long>(static_cast<double>(used) / seconds),
+                    source_.isKnown() ? 1 : 0);
         std::fflush(stdout);
         times_.clear();
         since_ = Clock::now();
