@@ -191,14 +191,12 @@ QDBusPendingCall DBusQuery::startCall(const QDBusConnection& bus, const QDBusMes
     return bus.asyncCall(call, static_cast<int>(timeout.count()));
 }
 
+// A second watcher of a call would never be told of a reply that came before it, so each call has
+// one, until the work goes on. The first one is told also of an earlier reply.
 void DBusQuery::watchCalls()
 {
-    watchers_.clear();
-    for (const PendingCall& call : calls_) {
-        const bool isLast = &call == &calls_.back();
-        // The last call is watched even if its reply has arrived since the coroutine looked: with
-        // no watcher left, nothing would resume it.
-        if (call.pending.isFinished() && !(isLast && watchers_.empty())) continue;
+    for (PendingCall& call : calls_) {
+        if (std::exchange(call.isWatched, true)) continue;
         auto watcher = std::make_unique<QDBusPendingCallWatcher>(call.pending);
         QObject::connect(watcher.get(), &QDBusPendingCallWatcher::finished, watcher.get(),
                          [this] { resumeWork(); });

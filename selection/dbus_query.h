@@ -171,6 +171,7 @@ private:
         QString service;
         QDBusPendingCall pending;
         std::optional<Call> ahead = {};  // the call, if it was sent ahead
+        bool isWatched = false;          // by one of watchers_
     };
     struct KnownReply {
         Call call;

@@ -2,6 +2,7 @@
 
 #include "selection/accessible.h"
 #include "tests/selection/fake_file_manager.h"
+#include "tests/support/event_loop.h"
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -88,6 +89,20 @@ protected:
     std::unique_ptr<FakeFileManager> program_;
     std::vector<QString> names_;
 };
+
+// An event leads to calls that are sent ahead, and mostly to none.
+TEST_F(DBusQueryRunUntil, goesOnInTheEventLoopAfterAnEventBetweenAReplyAndItsArrivalThere)
+{
+    DBusQuery query(bus_, kLimit);
+    query.start(getNames(query, {item(*program_, 1), item(*program_, 0)}));
+    bool isDone = false;
+    query.continueInEventLoop([&isDone] { isDone = true; });
+    // Replies arrive in the order of the calls, so that those two are here.
+    ASSERT_TRUE(textIn(bus_.call(nameCall(item(*program_, 0)))));
+    query.sendAhead(std::vector<QDBusMessage>());
+    EXPECT_TRUE(test::waitUntil([&isDone] { return isDone; }));
+    EXPECT_EQ(names_, (std::vector<QString>{"b.jpg", "a.jpg"}));
+}
 
 TEST_F(DBusQueryRunUntil, givesTheRepliesInTheOrderOfTheCalls)
 {
