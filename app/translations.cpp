@@ -14,7 +14,6 @@ void installTranslations()
 {
     // The same languages as the string tables, so that a window never mixes two.
     for (const std::string& language : textLanguages()) {
-        if (language == "en") return;
         const QString name = QString::fromStdString(language);
         auto* window = new QTranslator(QCoreApplication::instance());
         if (!window->load(QStringLiteral(":/i18n/pinorama_%1.qm").arg(name))) {

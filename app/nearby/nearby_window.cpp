@@ -24,6 +24,8 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <cstdint>
+#include <limits>
 
 namespace pinorama {
 namespace {
@@ -47,6 +49,14 @@ std::string picturesFolder()
 {
     return QFile::encodeName(QStandardPaths::writableLocation(QStandardPaths::PicturesLocation))
         .toStdString();
+}
+
+// As the tool tip of the button that opens the window has it: without separators.
+QString radius()
+{
+    QLocale locale;
+    locale.setNumberOptions(QLocale::OmitGroupSeparator);
+    return locale.toString(NearbySearch::kRadius);
 }
 
 QLabel* makeLabel(const QString& name, QWidget* parent)
@@ -147,7 +157,7 @@ void NearbyWindow::search(const std::string& picture, NearbyPlace place)
     model_.begin(picture);
     folders_ = foldersAround(picture, homeFolder(), picturesFolder());
     //: Above the pictures that were found; %1 is a distance, %2 the name of a file
-    heading_->setText(tr("Within %1 m of %2").arg(NearbySearch::kRadius).arg(nameOfFile(picture)));
+    heading_->setText(tr("Within %1 m of %2").arg(radius(), nameOfFile(picture)));
     search_.begin(place, folders_);
     setState(State::running);
     setWindowState(windowState() & ~Qt::WindowMinimized);
@@ -194,35 +204,37 @@ void NearbyWindow::setState(State state)
 
 QString NearbyWindow::words() const
 {
-    const QString count = QLocale().toString(model_.foundCount());
+    constexpr std::uint64_t kMaxCount = std::numeric_limits<int>::max();  // of the toolkit
+    const auto count = static_cast<int>(std::min(model_.foundCount(), kMaxCount));
     switch (state_) {
     case State::running:
         //: Below the pictures, until the first is found
-        if (model_.foundCount() == 0) return tr("Searching...");
-        //: Below the pictures: %1 is their number
-        return tr("Searching... Pictures found so far: %1").arg(count);
-    //: Below the pictures, after the button "Stop": %1 is their number
-    case State::stopped: return tr("Stopped. Pictures found until then: %1").arg(count);
+        if (count == 0) return tr("Searching...");
+        //: Below the pictures; %Ln is their number
+        return tr("Searching... %Ln picture(s) found so far", nullptr, count);
+    //: Below the pictures, after the button "Stop"; %Ln is their number
+    case State::stopped: return tr("Stopped. %Ln picture(s) found until then", nullptr, count);
     case State::cutShort:
-        //: Below the pictures: the search failed; %1 is their number
-        return tr("The search ended too early. Pictures found until then: %1").arg(count);
+        //: Below the pictures: the search failed; %Ln is their number
+        return tr("The search ended too early. %Ln picture(s) found until then", nullptr, count);
     case State::missing:
         //: Below the pictures. pinorama-search is the name of a program and stays
         return tr("Pictures cannot be searched: the program pinorama-search does not start.");
     case State::complete: break;
     }
     if (model_.foundCount() > NearbyModel::kMaxPictures) {
-        //: Below the pictures: %1 and %2 are numbers
-        return tr("Pictures found: %1. The nearest %2 are shown.")
-            .arg(count, QLocale().toString(model_.rowCount()));
+        //: Below the pictures; %Ln is a large number, %1 the text "The nearest ... are shown."
+        return tr("%Ln picture(s) found. %1", nullptr, count)
+            //: The sentence after "... pictures found."; %Ln is a large number
+            .arg(tr("The nearest %Ln picture(s) are shown.", nullptr, model_.rowCount()));
     }
-    //: Below the pictures: %1 is their number
-    if (model_.foundCount() > 0) return tr("Pictures found: %1").arg(count);
+    //: Below the pictures; %Ln is their number
+    if (count > 0) return tr("%Ln picture(s) found", nullptr, count);
     QStringList folders;
     for (const std::string& folder : folders_) folders.append(displayOf(folder));
     //: In the place of the pictures; %1 is a distance, %2 a list of folders
     return tr("No other picture within %1 m was found in these folders:\n%2")
-        .arg(QString::number(NearbySearch::kRadius), folders.join(QLatin1Char('\n')));
+        .arg(radius(), folders.join(QLatin1Char('\n')));
 }
 
 // While pictures go on coming in they are looked at now and then, and not only at the end.

@@ -469,34 +469,9 @@
         <translation>Hledání...</translation>
     </message>
     <message>
-        <source>Searching... Pictures found so far: %1</source>
-        <extracomment>Below the pictures: %1 is their number</extracomment>
-        <translation>Hledání... Dosud nalezeno snímků: %1</translation>
-    </message>
-    <message>
-        <source>Stopped. Pictures found until then: %1</source>
-        <extracomment>Below the pictures, after the button &quot;Stop&quot;: %1 is their number</extracomment>
-        <translation>Zastaveno. Do té doby nalezeno snímků: %1</translation>
-    </message>
-    <message>
-        <source>The search ended too early. Pictures found until then: %1</source>
-        <extracomment>Below the pictures: the search failed; %1 is their number</extracomment>
-        <translation>Hledání skončilo předčasně. Do té doby nalezeno snímků: %1</translation>
-    </message>
-    <message>
         <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
         <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
         <translation>Snímky nelze hledat: program pinorama-search se nespouští.</translation>
-    </message>
-    <message>
-        <source>Pictures found: %1. The nearest %2 are shown.</source>
-        <extracomment>Below the pictures: %1 and %2 are numbers</extracomment>
-        <translation>Nalezeno snímků: %1. Zobrazeny jsou nejbližší: %2.</translation>
-    </message>
-    <message>
-        <source>Pictures found: %1</source>
-        <extracomment>Below the pictures: %1 is their number</extracomment>
-        <translation>Nalezeno snímků: %1</translation>
     </message>
     <message>
         <source>No other picture within %1 m was found in these folders:
@@ -504,6 +479,60 @@
         <extracomment>In the place of the pictures; %1 is a distance, %2 a list of folders</extracomment>
         <translation>Do %1&#xa0;m nebyl v těchto složkách nalezen žádný jiný snímek:
 %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>Searching... %Ln picture(s) found so far</source>
+        <extracomment>Below the pictures; %Ln is their number</extracomment>
+        <translation>
+            <numerusform>Hledání... Dosud nalezen %Ln snímek</numerusform>
+            <numerusform>Hledání... Dosud nalezeny %Ln snímky</numerusform>
+            <numerusform>Hledání... Dosud nalezeno %Ln snímků</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Stopped. %Ln picture(s) found until then</source>
+        <extracomment>Below the pictures, after the button &quot;Stop&quot;; %Ln is their number</extracomment>
+        <translation>
+            <numerusform>Zastaveno. Do té doby nalezen %Ln snímek</numerusform>
+            <numerusform>Zastaveno. Do té doby nalezeny %Ln snímky</numerusform>
+            <numerusform>Zastaveno. Do té doby nalezeno %Ln snímků</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The search ended too early. %Ln picture(s) found until then</source>
+        <extracomment>Below the pictures: the search failed; %Ln is their number</extracomment>
+        <translation>
+            <numerusform>Hledání skončilo předčasně. Do té doby nalezen %Ln snímek</numerusform>
+            <numerusform>Hledání skončilo předčasně. Do té doby nalezeny %Ln snímky</numerusform>
+            <numerusform>Hledání skončilo předčasně. Do té doby nalezeno %Ln snímků</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln picture(s) found. %1</source>
+        <extracomment>Below the pictures; %Ln is a large number, %1 the text &quot;The nearest ... are shown.&quot;</extracomment>
+        <translation>
+            <numerusform>Nalezen %Ln snímek. %1</numerusform>
+            <numerusform>Nalezeny %Ln snímky. %1</numerusform>
+            <numerusform>Nalezeno %Ln snímků. %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The nearest %Ln picture(s) are shown.</source>
+        <extracomment>The sentence after &quot;... pictures found.&quot;; %Ln is a large number</extracomment>
+        <translation>
+            <numerusform>Zobrazen je %Ln nejbližší snímek.</numerusform>
+            <numerusform>Zobrazeny jsou %Ln nejbližší snímky.</numerusform>
+            <numerusform>Zobrazeno je %Ln nejbližších snímků.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln picture(s) found</source>
+        <extracomment>Below the pictures; %Ln is their number</extracomment>
+        <translation>
+            <numerusform>Nalezen %Ln snímek</numerusform>
+            <numerusform>Nalezeny %Ln snímky</numerusform>
+            <numerusform>Nalezeno %Ln snímků</numerusform>
+        </translation>
     </message>
 </context>
 <context>

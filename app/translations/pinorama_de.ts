@@ -464,34 +464,9 @@
         <translation>Suche läuft...</translation>
     </message>
     <message>
-        <source>Searching... Pictures found so far: %1</source>
-        <extracomment>Below the pictures: %1 is their number</extracomment>
-        <translation>Suche läuft... Bisher gefundene Bilder: %1</translation>
-    </message>
-    <message>
-        <source>Stopped. Pictures found until then: %1</source>
-        <extracomment>Below the pictures, after the button &quot;Stop&quot;: %1 is their number</extracomment>
-        <translation>Abgebrochen. Bis dahin gefundene Bilder: %1</translation>
-    </message>
-    <message>
-        <source>The search ended too early. Pictures found until then: %1</source>
-        <extracomment>Below the pictures: the search failed; %1 is their number</extracomment>
-        <translation>Die Suche endete vorzeitig. Bis dahin gefundene Bilder: %1</translation>
-    </message>
-    <message>
         <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
         <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
         <translation>Bilder können nicht durchsucht werden: Das Programm pinorama-search startet nicht.</translation>
-    </message>
-    <message>
-        <source>Pictures found: %1. The nearest %2 are shown.</source>
-        <extracomment>Below the pictures: %1 and %2 are numbers</extracomment>
-        <translation>Gefundene Bilder: %1. Gezeigt werden die nächsten %2.</translation>
-    </message>
-    <message>
-        <source>Pictures found: %1</source>
-        <extracomment>Below the pictures: %1 is their number</extracomment>
-        <translation>Gefundene Bilder: %1</translation>
     </message>
     <message>
         <source>No other picture within %1 m was found in these folders:
@@ -504,6 +479,54 @@
         <source>Open &amp;With...</source>
         <extracomment>Context menu: has the user choose the program</extracomment>
         <translation>Öffnen &amp;mit...</translation>
+    </message>
+    <message numerus="yes">
+        <source>Searching... %Ln picture(s) found so far</source>
+        <extracomment>Below the pictures; %Ln is their number</extracomment>
+        <translation>
+            <numerusform>Suche läuft... Bisher %Ln Bild gefunden</numerusform>
+            <numerusform>Suche läuft... Bisher %Ln Bilder gefunden</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Stopped. %Ln picture(s) found until then</source>
+        <extracomment>Below the pictures, after the button &quot;Stop&quot;; %Ln is their number</extracomment>
+        <translation>
+            <numerusform>Abgebrochen. Bis dahin %Ln Bild gefunden</numerusform>
+            <numerusform>Abgebrochen. Bis dahin %Ln Bilder gefunden</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The search ended too early. %Ln picture(s) found until then</source>
+        <extracomment>Below the pictures: the search failed; %Ln is their number</extracomment>
+        <translation>
+            <numerusform>Die Suche endete vorzeitig. Bis dahin %Ln Bild gefunden</numerusform>
+            <numerusform>Die Suche endete vorzeitig. Bis dahin %Ln Bilder gefunden</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln picture(s) found. %1</source>
+        <extracomment>Below the pictures; %Ln is a large number, %1 the text &quot;The nearest ... are shown.&quot;</extracomment>
+        <translation>
+            <numerusform>%Ln Bild gefunden. %1</numerusform>
+            <numerusform>%Ln Bilder gefunden. %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The nearest %Ln picture(s) are shown.</source>
+        <extracomment>The sentence after &quot;... pictures found.&quot;; %Ln is a large number</extracomment>
+        <translation>
+            <numerusform>Gezeigt wird das nächste Bild (%Ln).</numerusform>
+            <numerusform>Gezeigt werden die nächsten %Ln Bilder.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln picture(s) found</source>
+        <extracomment>Below the pictures; %Ln is their number</extracomment>
+        <translation>
+            <numerusform>%Ln Bild gefunden</numerusform>
+            <numerusform>%Ln Bilder gefunden</numerusform>
+        </translation>
     </message>
 </context>
 <context>

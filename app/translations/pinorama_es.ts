@@ -464,34 +464,9 @@
         <translation>Buscando...</translation>
     </message>
     <message>
-        <source>Searching... Pictures found so far: %1</source>
-        <extracomment>Below the pictures: %1 is their number</extracomment>
-        <translation>Buscando... Fotos encontradas hasta ahora: %1</translation>
-    </message>
-    <message>
-        <source>Stopped. Pictures found until then: %1</source>
-        <extracomment>Below the pictures, after the button &quot;Stop&quot;: %1 is their number</extracomment>
-        <translation>Detenido. Fotos encontradas hasta entonces: %1</translation>
-    </message>
-    <message>
-        <source>The search ended too early. Pictures found until then: %1</source>
-        <extracomment>Below the pictures: the search failed; %1 is their number</extracomment>
-        <translation>La búsqueda terminó antes de tiempo. Fotos encontradas hasta entonces: %1</translation>
-    </message>
-    <message>
         <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
         <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
         <translation>No se pueden buscar fotos: el programa pinorama-search no se inicia.</translation>
-    </message>
-    <message>
-        <source>Pictures found: %1. The nearest %2 are shown.</source>
-        <extracomment>Below the pictures: %1 and %2 are numbers</extracomment>
-        <translation>Fotos encontradas: %1. Se muestran las %2 más cercanas.</translation>
-    </message>
-    <message>
-        <source>Pictures found: %1</source>
-        <extracomment>Below the pictures: %1 is their number</extracomment>
-        <translation>Fotos encontradas: %1</translation>
     </message>
     <message>
         <source>No other picture within %1 m was found in these folders:
@@ -504,6 +479,54 @@
         <source>Open &amp;With...</source>
         <extracomment>Context menu: has the user choose the program</extracomment>
         <translation>Abrir &amp;con...</translation>
+    </message>
+    <message numerus="yes">
+        <source>Searching... %Ln picture(s) found so far</source>
+        <extracomment>Below the pictures; %Ln is their number</extracomment>
+        <translation>
+            <numerusform>Buscando... %Ln foto encontrada hasta ahora</numerusform>
+            <numerusform>Buscando... %Ln fotos encontradas hasta ahora</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Stopped. %Ln picture(s) found until then</source>
+        <extracomment>Below the pictures, after the button &quot;Stop&quot;; %Ln is their number</extracomment>
+        <translation>
+            <numerusform>Detenido. %Ln foto encontrada hasta entonces</numerusform>
+            <numerusform>Detenido. %Ln fotos encontradas hasta entonces</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The search ended too early. %Ln picture(s) found until then</source>
+        <extracomment>Below the pictures: the search failed; %Ln is their number</extracomment>
+        <translation>
+            <numerusform>La búsqueda terminó antes de tiempo. %Ln foto encontrada hasta entonces</numerusform>
+            <numerusform>La búsqueda terminó antes de tiempo. %Ln fotos encontradas hasta entonces</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln picture(s) found. %1</source>
+        <extracomment>Below the pictures; %Ln is a large number, %1 the text &quot;The nearest ... are shown.&quot;</extracomment>
+        <translation>
+            <numerusform>%Ln foto encontrada. %1</numerusform>
+            <numerusform>%Ln fotos encontradas. %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The nearest %Ln picture(s) are shown.</source>
+        <extracomment>The sentence after &quot;... pictures found.&quot;; %Ln is a large number</extracomment>
+        <translation>
+            <numerusform>Se muestra %Ln foto, la más cercana.</numerusform>
+            <numerusform>Se muestran las %Ln fotos más cercanas.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln picture(s) found</source>
+        <extracomment>Below the pictures; %Ln is their number</extracomment>
+        <translation>
+            <numerusform>%Ln foto encontrada</numerusform>
+            <numerusform>%Ln fotos encontradas</numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -464,34 +464,9 @@
         <translation>Recherche en cours...</translation>
     </message>
     <message>
-        <source>Searching... Pictures found so far: %1</source>
-        <extracomment>Below the pictures: %1 is their number</extracomment>
-        <translation>Recherche en cours... Photos trouvées jusqu’ici&#xa0;: %1</translation>
-    </message>
-    <message>
-        <source>Stopped. Pictures found until then: %1</source>
-        <extracomment>Below the pictures, after the button &quot;Stop&quot;: %1 is their number</extracomment>
-        <translation>Arrêté. Photos trouvées jusque-là&#xa0;: %1</translation>
-    </message>
-    <message>
-        <source>The search ended too early. Pictures found until then: %1</source>
-        <extracomment>Below the pictures: the search failed; %1 is their number</extracomment>
-        <translation>La recherche s’est terminée trop tôt. Photos trouvées jusque-là&#xa0;: %1</translation>
-    </message>
-    <message>
         <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
         <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
         <translation>Impossible de rechercher des photos&#xa0;: le programme pinorama-search ne démarre pas.</translation>
-    </message>
-    <message>
-        <source>Pictures found: %1. The nearest %2 are shown.</source>
-        <extracomment>Below the pictures: %1 and %2 are numbers</extracomment>
-        <translation>Photos trouvées&#xa0;: %1. Les %2 plus proches sont affichées.</translation>
-    </message>
-    <message>
-        <source>Pictures found: %1</source>
-        <extracomment>Below the pictures: %1 is their number</extracomment>
-        <translation>Photos trouvées&#xa0;: %1</translation>
     </message>
     <message>
         <source>No other picture within %1 m was found in these folders:
@@ -504,6 +479,54 @@
         <source>Open &amp;With...</source>
         <extracomment>Context menu: has the user choose the program</extracomment>
         <translation>Ouvrir a&amp;vec...</translation>
+    </message>
+    <message numerus="yes">
+        <source>Searching... %Ln picture(s) found so far</source>
+        <extracomment>Below the pictures; %Ln is their number</extracomment>
+        <translation>
+            <numerusform>Recherche en cours... %Ln photo trouvée jusqu’ici</numerusform>
+            <numerusform>Recherche en cours... %Ln photos trouvées jusqu’ici</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Stopped. %Ln picture(s) found until then</source>
+        <extracomment>Below the pictures, after the button &quot;Stop&quot;; %Ln is their number</extracomment>
+        <translation>
+            <numerusform>Arrêté. %Ln photo trouvée jusque-là</numerusform>
+            <numerusform>Arrêté. %Ln photos trouvées jusque-là</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The search ended too early. %Ln picture(s) found until then</source>
+        <extracomment>Below the pictures: the search failed; %Ln is their number</extracomment>
+        <translation>
+            <numerusform>La recherche s’est terminée trop tôt. %Ln photo trouvée jusque-là</numerusform>
+            <numerusform>La recherche s’est terminée trop tôt. %Ln photos trouvées jusque-là</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln picture(s) found. %1</source>
+        <extracomment>Below the pictures; %Ln is a large number, %1 the text &quot;The nearest ... are shown.&quot;</extracomment>
+        <translation>
+            <numerusform>%Ln photo trouvée. %1</numerusform>
+            <numerusform>%Ln photos trouvées. %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The nearest %Ln picture(s) are shown.</source>
+        <extracomment>The sentence after &quot;... pictures found.&quot;; %Ln is a large number</extracomment>
+        <translation>
+            <numerusform>%Ln photo est affichée, la plus proche.</numerusform>
+            <numerusform>Les %Ln photos les plus proches sont affichées.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln picture(s) found</source>
+        <extracomment>Below the pictures; %Ln is their number</extracomment>
+        <translation>
+            <numerusform>%Ln photo trouvée</numerusform>
+            <numerusform>%Ln photos trouvées</numerusform>
+        </translation>
     </message>
 </context>
 <context>

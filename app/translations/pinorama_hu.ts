@@ -469,34 +469,9 @@
         <translation>Keresés...</translation>
     </message>
     <message>
-        <source>Searching... Pictures found so far: %1</source>
-        <extracomment>Below the pictures: %1 is their number</extracomment>
-        <translation>Keresés... Eddig talált képek: %1</translation>
-    </message>
-    <message>
-        <source>Stopped. Pictures found until then: %1</source>
-        <extracomment>Below the pictures, after the button &quot;Stop&quot;: %1 is their number</extracomment>
-        <translation>Leállítva. Addig talált képek: %1</translation>
-    </message>
-    <message>
-        <source>The search ended too early. Pictures found until then: %1</source>
-        <extracomment>Below the pictures: the search failed; %1 is their number</extracomment>
-        <translation>A keresés túl korán ért véget. Addig talált képek: %1</translation>
-    </message>
-    <message>
         <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
         <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
         <translation>A képek között nem lehet keresni: a pinorama-search program nem indul el.</translation>
-    </message>
-    <message>
-        <source>Pictures found: %1. The nearest %2 are shown.</source>
-        <extracomment>Below the pictures: %1 and %2 are numbers</extracomment>
-        <translation>Talált képek: %1. A legközelebbi %2 látható.</translation>
-    </message>
-    <message>
-        <source>Pictures found: %1</source>
-        <extracomment>Below the pictures: %1 is their number</extracomment>
-        <translation>Talált képek: %1</translation>
     </message>
     <message>
         <source>No other picture within %1 m was found in these folders:
@@ -504,6 +479,48 @@
         <extracomment>In the place of the pictures; %1 is a distance, %2 a list of folders</extracomment>
         <translation>%1&#xa0;m-en belül nincs más kép ezekben a mappákban:
 %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>Searching... %Ln picture(s) found so far</source>
+        <extracomment>Below the pictures; %Ln is their number</extracomment>
+        <translation>
+            <numerusform>Keresés... Eddig %Ln talált kép</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Stopped. %Ln picture(s) found until then</source>
+        <extracomment>Below the pictures, after the button &quot;Stop&quot;; %Ln is their number</extracomment>
+        <translation>
+            <numerusform>Leállítva. Addig %Ln talált kép</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The search ended too early. %Ln picture(s) found until then</source>
+        <extracomment>Below the pictures: the search failed; %Ln is their number</extracomment>
+        <translation>
+            <numerusform>A keresés túl korán ért véget. Addig %Ln talált kép</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln picture(s) found. %1</source>
+        <extracomment>Below the pictures; %Ln is a large number, %1 the text &quot;The nearest ... are shown.&quot;</extracomment>
+        <translation>
+            <numerusform>%Ln talált kép. %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The nearest %Ln picture(s) are shown.</source>
+        <extracomment>The sentence after &quot;... pictures found.&quot;; %Ln is a large number</extracomment>
+        <translation>
+            <numerusform>A legközelebbi %Ln kép látható.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln picture(s) found</source>
+        <extracomment>Below the pictures; %Ln is their number</extracomment>
+        <translation>
+            <numerusform>%Ln talált kép</numerusform>
+        </translation>
     </message>
 </context>
 <context>

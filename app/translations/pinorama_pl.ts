@@ -464,34 +464,9 @@
         <translation>Wyszukiwanie...</translation>
     </message>
     <message>
-        <source>Searching... Pictures found so far: %1</source>
-        <extracomment>Below the pictures: %1 is their number</extracomment>
-        <translation>Wyszukiwanie... Dotąd znalezione zdjęcia: %1</translation>
-    </message>
-    <message>
-        <source>Stopped. Pictures found until then: %1</source>
-        <extracomment>Below the pictures, after the button &quot;Stop&quot;: %1 is their number</extracomment>
-        <translation>Zatrzymano. Znalezione do tego czasu zdjęcia: %1</translation>
-    </message>
-    <message>
-        <source>The search ended too early. Pictures found until then: %1</source>
-        <extracomment>Below the pictures: the search failed; %1 is their number</extracomment>
-        <translation>Wyszukiwanie zakończyło się przedwcześnie. Znalezione do tego czasu zdjęcia: %1</translation>
-    </message>
-    <message>
         <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
         <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
         <translation>Nie można wyszukiwać zdjęć: program pinorama-search się nie uruchamia.</translation>
-    </message>
-    <message>
-        <source>Pictures found: %1. The nearest %2 are shown.</source>
-        <extracomment>Below the pictures: %1 and %2 are numbers</extracomment>
-        <translation>Znalezione zdjęcia: %1. Widoczne są najbliższe: %2.</translation>
-    </message>
-    <message>
-        <source>Pictures found: %1</source>
-        <extracomment>Below the pictures: %1 is their number</extracomment>
-        <translation>Znalezione zdjęcia: %1</translation>
     </message>
     <message>
         <source>No other picture within %1 m was found in these folders:
@@ -504,6 +479,60 @@
         <source>Open &amp;With...</source>
         <extracomment>Context menu: has the user choose the program</extracomment>
         <translation>Otwórz &amp;za pomocą...</translation>
+    </message>
+    <message numerus="yes">
+        <source>Searching... %Ln picture(s) found so far</source>
+        <extracomment>Below the pictures; %Ln is their number</extracomment>
+        <translation>
+            <numerusform>Wyszukiwanie... Dotąd znaleziono %Ln zdjęcie</numerusform>
+            <numerusform>Wyszukiwanie... Dotąd znaleziono %Ln zdjęcia</numerusform>
+            <numerusform>Wyszukiwanie... Dotąd znaleziono %Ln zdjęć</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Stopped. %Ln picture(s) found until then</source>
+        <extracomment>Below the pictures, after the button &quot;Stop&quot;; %Ln is their number</extracomment>
+        <translation>
+            <numerusform>Zatrzymano. Do tego czasu znaleziono %Ln zdjęcie</numerusform>
+            <numerusform>Zatrzymano. Do tego czasu znaleziono %Ln zdjęcia</numerusform>
+            <numerusform>Zatrzymano. Do tego czasu znaleziono %Ln zdjęć</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The search ended too early. %Ln picture(s) found until then</source>
+        <extracomment>Below the pictures: the search failed; %Ln is their number</extracomment>
+        <translation>
+            <numerusform>Wyszukiwanie zakończyło się przedwcześnie. Do tego czasu znaleziono %Ln zdjęcie</numerusform>
+            <numerusform>Wyszukiwanie zakończyło się przedwcześnie. Do tego czasu znaleziono %Ln zdjęcia</numerusform>
+            <numerusform>Wyszukiwanie zakończyło się przedwcześnie. Do tego czasu znaleziono %Ln zdjęć</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln picture(s) found. %1</source>
+        <extracomment>Below the pictures; %Ln is a large number, %1 the text &quot;The nearest ... are shown.&quot;</extracomment>
+        <translation>
+            <numerusform>Znaleziono %Ln zdjęcie. %1</numerusform>
+            <numerusform>Znaleziono %Ln zdjęcia. %1</numerusform>
+            <numerusform>Znaleziono %Ln zdjęć. %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The nearest %Ln picture(s) are shown.</source>
+        <extracomment>The sentence after &quot;... pictures found.&quot;; %Ln is a large number</extracomment>
+        <translation>
+            <numerusform>Widoczne jest %Ln najbliższe zdjęcie.</numerusform>
+            <numerusform>Widoczne są %Ln najbliższe zdjęcia.</numerusform>
+            <numerusform>Widocznych jest %Ln najbliższych zdjęć.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln picture(s) found</source>
+        <extracomment>Below the pictures; %Ln is their number</extracomment>
+        <translation>
+            <numerusform>Znaleziono %Ln zdjęcie</numerusform>
+            <numerusform>Znaleziono %Ln zdjęcia</numerusform>
+            <numerusform>Znaleziono %Ln zdjęć</numerusform>
+        </translation>
     </message>
 </context>
 <context>

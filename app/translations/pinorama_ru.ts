@@ -469,34 +469,9 @@
         <translation>Поиск...</translation>
     </message>
     <message>
-        <source>Searching... Pictures found so far: %1</source>
-        <extracomment>Below the pictures: %1 is their number</extracomment>
-        <translation>Поиск... Найдено снимков: %1</translation>
-    </message>
-    <message>
-        <source>Stopped. Pictures found until then: %1</source>
-        <extracomment>Below the pictures, after the button &quot;Stop&quot;: %1 is their number</extracomment>
-        <translation>Остановлено. Найдено снимков до этого: %1</translation>
-    </message>
-    <message>
-        <source>The search ended too early. Pictures found until then: %1</source>
-        <extracomment>Below the pictures: the search failed; %1 is their number</extracomment>
-        <translation>Поиск завершился преждевременно. Найдено снимков до этого: %1</translation>
-    </message>
-    <message>
         <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
         <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
         <translation>Нельзя искать снимки: программа pinorama-search не запускается.</translation>
-    </message>
-    <message>
-        <source>Pictures found: %1. The nearest %2 are shown.</source>
-        <extracomment>Below the pictures: %1 and %2 are numbers</extracomment>
-        <translation>Найдено снимков: %1. Показаны ближайшие: %2.</translation>
-    </message>
-    <message>
-        <source>Pictures found: %1</source>
-        <extracomment>Below the pictures: %1 is their number</extracomment>
-        <translation>Найдено снимков: %1</translation>
     </message>
     <message>
         <source>No other picture within %1 m was found in these folders:
@@ -504,6 +479,60 @@
         <extracomment>In the place of the pictures; %1 is a distance, %2 a list of folders</extracomment>
         <translation>В пределах %1&#xa0;м не найдено других снимков в этих папках:
 %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>Searching... %Ln picture(s) found so far</source>
+        <extracomment>Below the pictures; %Ln is their number</extracomment>
+        <translation>
+            <numerusform>Поиск... Пока найден %Ln снимок</numerusform>
+            <numerusform>Поиск... Пока найдено %Ln снимка</numerusform>
+            <numerusform>Поиск... Пока найдено %Ln снимков</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Stopped. %Ln picture(s) found until then</source>
+        <extracomment>Below the pictures, after the button &quot;Stop&quot;; %Ln is their number</extracomment>
+        <translation>
+            <numerusform>Остановлено. До этого найден %Ln снимок</numerusform>
+            <numerusform>Остановлено. До этого найдено %Ln снимка</numerusform>
+            <numerusform>Остановлено. До этого найдено %Ln снимков</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The search ended too early. %Ln picture(s) found until then</source>
+        <extracomment>Below the pictures: the search failed; %Ln is their number</extracomment>
+        <translation>
+            <numerusform>Поиск завершился преждевременно. До этого найден %Ln снимок</numerusform>
+            <numerusform>Поиск завершился преждевременно. До этого найдено %Ln снимка</numerusform>
+            <numerusform>Поиск завершился преждевременно. До этого найдено %Ln снимков</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln picture(s) found. %1</source>
+        <extracomment>Below the pictures; %Ln is a large number, %1 the text &quot;The nearest ... are shown.&quot;</extracomment>
+        <translation>
+            <numerusform>Найден %Ln снимок. %1</numerusform>
+            <numerusform>Найдено %Ln снимка. %1</numerusform>
+            <numerusform>Найдено %Ln снимков. %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The nearest %Ln picture(s) are shown.</source>
+        <extracomment>The sentence after &quot;... pictures found.&quot;; %Ln is a large number</extracomment>
+        <translation>
+            <numerusform>Показан %Ln ближайший снимок.</numerusform>
+            <numerusform>Показаны %Ln ближайших снимка.</numerusform>
+            <numerusform>Показано %Ln ближайших снимков.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln picture(s) found</source>
+        <extracomment>Below the pictures; %Ln is their number</extracomment>
+        <translation>
+            <numerusform>Найден %Ln снимок</numerusform>
+            <numerusform>Найдено %Ln снимка</numerusform>
+            <numerusform>Найдено %Ln снимков</numerusform>
+        </translation>
     </message>
 </context>
 <context>

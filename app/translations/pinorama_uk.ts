@@ -469,34 +469,9 @@
         <translation>Пошук...</translation>
     </message>
     <message>
-        <source>Searching... Pictures found so far: %1</source>
-        <extracomment>Below the pictures: %1 is their number</extracomment>
-        <translation>Пошук... Знайдено знімків: %1</translation>
-    </message>
-    <message>
-        <source>Stopped. Pictures found until then: %1</source>
-        <extracomment>Below the pictures, after the button &quot;Stop&quot;: %1 is their number</extracomment>
-        <translation>Зупинено. Знайдено знімків до того: %1</translation>
-    </message>
-    <message>
-        <source>The search ended too early. Pictures found until then: %1</source>
-        <extracomment>Below the pictures: the search failed; %1 is their number</extracomment>
-        <translation>Пошук завершився передчасно. Знайдено знімків до того: %1</translation>
-    </message>
-    <message>
         <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
         <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
         <translation>Не можна шукати знімки: програма pinorama-search не запускається.</translation>
-    </message>
-    <message>
-        <source>Pictures found: %1. The nearest %2 are shown.</source>
-        <extracomment>Below the pictures: %1 and %2 are numbers</extracomment>
-        <translation>Знайдено знімків: %1. Показано найближчі: %2.</translation>
-    </message>
-    <message>
-        <source>Pictures found: %1</source>
-        <extracomment>Below the pictures: %1 is their number</extracomment>
-        <translation>Знайдено знімків: %1</translation>
     </message>
     <message>
         <source>No other picture within %1 m was found in these folders:
@@ -504,6 +479,60 @@
         <extracomment>In the place of the pictures; %1 is a distance, %2 a list of folders</extracomment>
         <translation>У межах %1&#xa0;м не знайдено інших знімків у цих теках:
 %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>Searching... %Ln picture(s) found so far</source>
+        <extracomment>Below the pictures; %Ln is their number</extracomment>
+        <translation>
+            <numerusform>Пошук... Поки що знайдено %Ln знімок</numerusform>
+            <numerusform>Пошук... Поки що знайдено %Ln знімки</numerusform>
+            <numerusform>Пошук... Поки що знайдено %Ln знімків</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Stopped. %Ln picture(s) found until then</source>
+        <extracomment>Below the pictures, after the button &quot;Stop&quot;; %Ln is their number</extracomment>
+        <translation>
+            <numerusform>Зупинено. До того знайдено %Ln знімок</numerusform>
+            <numerusform>Зупинено. До того знайдено %Ln знімки</numerusform>
+            <numerusform>Зупинено. До того знайдено %Ln знімків</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The search ended too early. %Ln picture(s) found until then</source>
+        <extracomment>Below the pictures: the search failed; %Ln is their number</extracomment>
+        <translation>
+            <numerusform>Пошук завершився передчасно. До того знайдено %Ln знімок</numerusform>
+            <numerusform>Пошук завершився передчасно. До того знайдено %Ln знімки</numerusform>
+            <numerusform>Пошук завершився передчасно. До того знайдено %Ln знімків</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln picture(s) found. %1</source>
+        <extracomment>Below the pictures; %Ln is a large number, %1 the text &quot;The nearest ... are shown.&quot;</extracomment>
+        <translation>
+            <numerusform>Знайдено %Ln знімок. %1</numerusform>
+            <numerusform>Знайдено %Ln знімки. %1</numerusform>
+            <numerusform>Знайдено %Ln знімків. %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The nearest %Ln picture(s) are shown.</source>
+        <extracomment>The sentence after &quot;... pictures found.&quot;; %Ln is a large number</extracomment>
+        <translation>
+            <numerusform>Показано %Ln найближчий знімок.</numerusform>
+            <numerusform>Показано %Ln найближчі знімки.</numerusform>
+            <numerusform>Показано %Ln найближчих знімків.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln picture(s) found</source>
+        <extracomment>Below the pictures; %Ln is their number</extracomment>
+        <translation>
+            <numerusform>Знайдено %Ln знімок</numerusform>
+            <numerusform>Знайдено %Ln знімки</numerusform>
+            <numerusform>Знайдено %Ln знімків</numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -5,10 +5,10 @@
 
 #include "selection/accessibility_advice.h"
 #include "tests/app/controller_fixture.h"
+#include "tests/support/toolkit.h"
 
 #include <QAccessible>
 #include <QCheckBox>
-#include <QDir>
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
@@ -177,7 +177,7 @@ TEST_F(AccessibilityNoticeTest, hasItsWordsAsItsNameForAScreenReader)
 
 TEST_F(AccessibilityNoticeTest, showsAllItsWordsInEveryLanguage)
 {
-    QStringList files = QDir(QStringLiteral(":/i18n")).entryList({QStringLiteral("*.qm")});
+    QStringList files = test::translations();
     ASSERT_GE(files.size(), 9);
     for (const QString& file : files) {
         SCOPED_TRACE(file.toStdString());

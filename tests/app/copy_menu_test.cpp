@@ -7,10 +7,10 @@
 #include "tests/places/grid_readers.h"
 #include "tests/places/places_file.h"
 #include "tests/places/position_readers.h"
+#include "tests/support/toolkit.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>
-#include <QDir>
 #include <QMenu>
 #include <QTranslator>
 
@@ -264,7 +264,7 @@ TEST_F(CopyMenuTest, isInTheMenuAndInTheContextMenuOfTheCoordinate)
 
 TEST_F(CopyMenuTest, hasTitlesInEveryLanguage)
 {
-    const QStringList files = QDir(QStringLiteral(":/i18n")).entryList({QStringLiteral("*.qm")});
+    const QStringList files = test::translations();
     ASSERT_GE(files.size(), 9);
     const fileInfoRecord info{};
     const TovStringRef path = nullptr;

@@ -4,9 +4,9 @@
 
 #include "app/foot_line.h"
 #include "tests/app/controller_fixture.h"
+#include "tests/support/toolkit.h"
 
 #include <QAccessible>
-#include <QDir>
 #include <QLabel>
 #include <QPushButton>
 #include <QTranslator>
@@ -144,7 +144,7 @@ TEST_F(showExportResult, markupInANameIsShownAsItStands)
 
 TEST_F(showExportResult, speaksEveryLanguage)
 {
-    const QStringList files = QDir(QStringLiteral(":/i18n")).entryList({QStringLiteral("*.qm")});
+    const QStringList files = test::translations();
     ASSERT_GE(files.size(), 9);
     for (const QString& file : files) {
         SCOPED_TRACE(file.toStdString());

@@ -5,9 +5,9 @@
 #include "app/picture_words.h"
 #include "app/reading_notice.h"
 #include "tests/app/controller_fixture.h"
+#include "tests/support/toolkit.h"
 
 #include <QAccessible>
-#include <QDir>
 #include <QLabel>
 #include <QPushButton>
 #include <QTranslator>
@@ -221,7 +221,7 @@ TEST_F(whatTheFootSays, theWindowStaysAsItIsOnceTheLineHasBeenThere)
 
 TEST_F(whatTheFootSays, isTranslated)
 {
-    const QStringList files = QDir(QStringLiteral(":/i18n")).entryList({QStringLiteral("*.qm")});
+    const QStringList files = test::translations();
     ASSERT_GE(files.size(), 9);
     const auto allWords = [] {
         const QString name = QStringLiteral("a.jpg");

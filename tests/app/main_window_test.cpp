@@ -1,12 +1,12 @@
 // The window as a whole: what a screen reader finds in it, the keys, languages, sizes.
 
 #include "tests/app/controller_fixture.h"
+#include "tests/support/toolkit.h"
 
 #include <QAccessible>
 #include <QAction>
 #include <QCheckBox>
 #include <QDialog>
-#include <QDir>
 #include <QLabel>
 #include <QMenuBar>
 #include <QScreen>
@@ -172,7 +172,7 @@ TEST_F(MainWindowTest, noFieldHasTheFocusAtFirst)
 TEST_F(MainWindowTest, everyCommandHasAMnemonicOfItsOwn)
 {
     expectMnemonicsToDiffer(controller.myWindow);
-    const QStringList files = QDir(QStringLiteral(":/i18n")).entryList({QStringLiteral("*.qm")});
+    const QStringList files = test::translations();
     ASSERT_TRUE(files.contains(QLatin1String("pinorama_de.qm")));
     for (const QString& file : files) {
         SCOPED_TRACE(file.toStdString());

@@ -9,9 +9,9 @@
 #include "tests/app/controller_fixture.h"
 #include "tests/support/container_builder.h"
 #include "tests/support/event_loop.h"
+#include "tests/support/toolkit.h"
 
 #include <QAction>
-#include <QDir>
 #include <QEvent>
 #include <QLabel>
 #include <QPushButton>
@@ -210,7 +210,7 @@ TEST_F(MoreKindsTest, areSpokenOfInEveryLanguage)
     const std::string picture =
         test::pictureWithGps({.lat = 1.5, .latRef = "N", .lon = 2.5, .altitude = 7.0});
     folder.write("a.xmp", test::xmpPacket("photoshop:City='Rome'"));
-    const QStringList files = QDir(QStringLiteral(":/i18n")).entryList({QStringLiteral("*.qm")});
+    const QStringList files = test::translations();
     ASSERT_GE(files.size(), 9);
     const std::set<QString> english = {QStringLiteral("From Exif"),
                                        QStringLiteral("From the XMP file beside it"), QString()};

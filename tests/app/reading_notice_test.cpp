@@ -3,9 +3,9 @@
 #include "app/reading_notice.h"
 
 #include "tests/app/controller_fixture.h"
+#include "tests/support/toolkit.h"
 
 #include <QAccessible>
-#include <QDir>
 #include <QTranslator>
 
 using namespace pinorama;
@@ -89,7 +89,7 @@ TEST_F(ReadingNoticeTest, hasItsWordsAsItsNameForAScreenReader)
 
 TEST_F(ReadingNoticeTest, hasWordsInEveryLanguage)
 {
-    QStringList files = QDir(QStringLiteral(":/i18n")).entryList({QStringLiteral("*.qm")});
+    QStringList files = test::translations();
     ASSERT_GE(files.size(), 9);
     for (const QString& file : files) {
         SCOPED_TRACE(file.toStdString());

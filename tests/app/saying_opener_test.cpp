@@ -4,8 +4,8 @@
 
 #include "app/foot_line.h"
 #include "tests/app/controller_fixture.h"
+#include "tests/support/toolkit.h"
 
-#include <QDir>
 #include <QHelpEvent>
 #include <QPushButton>
 #include <QTranslator>
@@ -131,7 +131,7 @@ TEST_F(SayingOpenerTest, aMapProgramIsInTheListOnlyIfThereIsOneAndStandsLast)
 
 TEST_F(SayingOpenerTest, speaksEveryLanguage)
 {
-    const QStringList files = QDir(QStringLiteral(":/i18n")).entryList({QStringLiteral("*.qm")});
+    const QStringList files = test::translations();
     ASSERT_GE(files.size(), 9);
     const QList<QByteArray> urls = {"https://a", "skallion:", "geo:1,2", "file:///a.kml", "om:"};
     QStringList english;

@@ -4,74 +4,87 @@
 #include "tests/support/environment.h"
 #include "tests/support/program.h"
 #include "tests/support/toolkit.h"
+#include "tests/support/translation_file.h"
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
 #include <QDir>
-#include <QFile>
-#include <QXmlStreamReader>
 
+#include <algorithm>
 #include <map>
-#include <regex>
-#include <set>
 #include <string>
+#include <vector>
 
 using namespace pinorama;
+using test::Translation;
 
 namespace {
 const auto* const toolkit = testing::AddGlobalTestEnvironment(new test::Toolkit);
 
-// The translation of each text of a .ts file, by context and text; "" for an unfinished one.
-std::map<std::string, std::string> translationsIn(const QString& path)
+const std::string kTranslations = PINORAMA_APP_SOURCES "/translations/";
+const std::string kEnglish = "pinorama_en.ts";
+
+std::vector<std::string> translationFiles()
 {
-    std::map<std::string, std::string> translations;
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-    QXmlStreamReader xml(&file);
-    std::string context, source;
-    while (!xml.atEnd()) {
-        if (xml.readNext() != QXmlStreamReader::StartElement) continue;
-        if (xml.name() == QLatin1String("name")) context = xml.readElementText().toStdString();
-        if (xml.name() == QLatin1String("source")) source = xml.readElementText().toStdString();
-        if (xml.name() == QLatin1String("translation")) {
-            const bool isFinished = !xml.attributes().hasAttribute(QLatin1String("type"));
-            const std::string text = xml.readElementText().toStdString();
-            translations[context + ": " + source] = isFinished ? text : "";
-        }
+    std::vector<std::string> names;
+    for (const QString& name :
+         QDir(QString::fromStdString(kTranslations)).entryList({QStringLiteral("*.ts")}))
+        names.push_back(name.toStdString());
+    return names;
+}
+
+// The texts of the window as its sources have them now, with as many empty plural forms as the
+// language has: one file in `folder` for each of the files, by its name.
+void writeFreshFiles(const test::TemporaryFolder& folder, const std::vector<std::string>& files)
+{
+    std::vector<std::string> command = {
+        PINORAMA_LUPDATE, "-silent", "-I", PINORAMA_APP_SOURCES "/..", PINORAMA_APP_SOURCES, "-ts"};
+    for (const std::string& file : files) {
+        const std::string language = test::languageOfTranslations(kTranslations + file);
+        command.push_back(folder.write(
+            file, "<!DOCTYPE TS>\n<TS version=\"2.1\" language=\"" + language + "\"></TS>\n"));
     }
-    EXPECT_FALSE(xml.hasError()) << path.toStdString();
-    return translations;
+    const test::ProgramResult lupdate = test::runProgram({.command = command});
+    ASSERT_EQ(lupdate.status, 0) << lupdate.err;
+}
+
+std::map<std::string, Translation> byText(const std::vector<Translation>& all)
+{
+    std::map<std::string, Translation> texts;
+    for (const Translation& one : all) texts[one.context + ": " + one.source] = one;
+    return texts;
 }
 }  // namespace
 
 TEST(translations, everyTextOfTheWindowHasOneInEveryLanguage)
 {
     const test::TemporaryFolder folder;
-    const std::string fresh = folder.file("fresh.ts");
-    const test::ProgramResult lupdate =
-        test::runProgram({.command = {PINORAMA_LUPDATE, "-silent", "-I", PINORAMA_APP_SOURCES "/..",
-                                      PINORAMA_APP_SOURCES, "-ts", fresh}});
-    ASSERT_EQ(lupdate.status, 0) << lupdate.err;
-    const auto texts = translationsIn(QString::fromStdString(fresh));
-    ASSERT_GT(texts.size(), 30u);
-    const std::string document = test::readFile(fresh);
-    const std::regex withoutComment("<source>([^<]*)</source>\\s*<translation");
-    for (std::sregex_iterator one(document.begin(), document.end(), withoutComment), end;
-         one != end; ++one)
-        ADD_FAILURE() << (*one)[1] << ": a translator cannot know where it stands";
-
-    const QDir translations(QStringLiteral(PINORAMA_APP_SOURCES "/translations"));
-    const QStringList files = translations.entryList({QStringLiteral("*.ts")});
-    ASSERT_TRUE(files.contains(QLatin1String("pinorama_de.ts")));
-    for (const QString& file : files) {
-        const auto known = translationsIn(translations.filePath(file));
-        for (const auto& [text, nothing] : texts) {
+    const auto files = translationFiles();
+    ASSERT_TRUE(std::ranges::find(files, "pinorama_de.ts") != files.end());
+    ASSERT_TRUE(std::ranges::find(files, kEnglish) != files.end());
+    ASSERT_NO_FATAL_FAILURE(writeFreshFiles(folder, files));
+    for (const std::string& file : files) {
+        SCOPED_TRACE(file);
+        auto texts = byText(test::translationsIn(folder.file(file)));
+        ASSERT_GT(texts.size(), 30u);
+        for (const auto& [text, one] : texts)
+            EXPECT_NE(one.comment, "") << text << ": a translator cannot know where it stands";
+        // The texts of the code are English; only their plural forms are not in it.
+        if (file == kEnglish)
+            std::erase_if(texts, [](const auto& text) { return !text.second.hasPlural; });
+        const auto known = byText(test::translationsIn(kTranslations + file));
+        for (const auto& [text, one] : texts) {
+            SCOPED_TRACE(text);
             const auto found = known.find(text);
-            EXPECT_TRUE(found != known.end() && !found->second.empty())
-                << file.toStdString() << " has no translation of " << text;
+            ASSERT_TRUE(found != known.end()) << "has no translation";
+            EXPECT_TRUE(found->second.isFinished);
+            EXPECT_EQ(found->second.hasPlural, one.hasPlural);
+            EXPECT_EQ(found->second.forms.size(), one.forms.size()) << "the forms of the language";
+            for (const std::string& form : found->second.forms) EXPECT_NE(form, "");
         }
-        for (const auto& [text, translation] : known)
-            EXPECT_TRUE(texts.contains(text)) << file.toStdString() << " still has " << text;
+        for (const auto& [text, one] : known)
+            EXPECT_TRUE(texts.contains(text)) << "is no text any more: " << text;
     }
 }
 

@@ -1,12 +1,12 @@
 // The window that is on its way to the screen before its views are in it.
 
 #include "tests/app/controller_fixture.h"
+#include "tests/support/toolkit.h"
 
 #include "app/command_line.h"
 #include "app/requests.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QEvent>
 #include <QMenuBar>
 #include <QTranslator>
@@ -48,7 +48,7 @@ void expectEverythingToBeShown(const MainWindow& window)
 
 void expectTheSizeOfAWindowMadeAtOnceInEveryLanguage()
 {
-    QStringList files = QDir(QStringLiteral(":/i18n")).entryList({QStringLiteral("*.qm")});
+    QStringList files = test::translations();
     ASSERT_FALSE(files.isEmpty());
     files.prepend(QString());
     for (const QString& file : files) {

@@ -1,5 +1,7 @@
 #include "tests/support/toolkit.h"
 
+#include <QDir>
+
 void test::Toolkit::SetUp()
 {
     static int argc = 1;
@@ -13,4 +15,11 @@ void test::Toolkit::SetUp()
 void test::Toolkit::TearDown()
 {
     application_.reset();
+}
+
+QStringList test::translations()
+{
+    QStringList files = QDir(QStringLiteral(":/i18n")).entryList({QStringLiteral("*.qm")});
+    files.removeOne(QStringLiteral("pinorama_en.qm"));
+    return files;
 }

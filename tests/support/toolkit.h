@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QStringList>
 
 #include <memory>
 
@@ -23,5 +24,9 @@ public:
 private:
     std::unique_ptr<QApplication> application_;
 };
+
+// The names of the translations of the window in ":/i18n/", without those of English, which are
+// only its plural forms.
+QStringList translations();
 
 }  // namespace test

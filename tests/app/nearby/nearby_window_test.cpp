@@ -4,6 +4,7 @@
 #include "app/nearby/nearby_window.h"
 
 #include "app/nearby/nearby_view.h"
+#include "app/translations.h"
 #include "lib/ui/application_bundle.h"
 #include "tests/app/controller_fixture.h"
 #include "tests/app/nearby/search_program.h"
@@ -15,6 +16,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
+#include <QLocale>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
@@ -89,6 +91,7 @@ protected:
     nearbyWindow()
     {
         (void)iuRegisterApplicationBundle();  // the points of the compass
+        installTranslations();                // the plural forms of English
         QObject::connect(&window, &NearbyWindow::chosen, &window,
                          [this](const std::string& path) { chosen = path; });
         QObject::connect(&window, &NearbyWindow::opened, &window,
@@ -130,12 +133,12 @@ TEST_F(nearbyWindow, showsPicturesWhileTheSearchGoesOn)
     EXPECT_TRUE(window.isVisible());
     EXPECT_TRUE(test::waitUntil([this] { return views.model()->rowCount() == 2; }));
     EXPECT_EQ(views.texts(), "a.jpg, 12 m NE; b.jpg, 1.5 km NE; ");
-    EXPECT_EQ(views.status(), "Searching... Pictures found so far: 2");
+    EXPECT_EQ(views.status(), "Searching... 2 pictures found so far");
     EXPECT_TRUE(views.stopButton()->isEnabled());
     (void)program->folder().write("go", "");
     EXPECT_TRUE(waitUntilIdle());
     EXPECT_EQ(views.texts(), "a.jpg, 12 m NE; c.jpg, 600 m NE; b.jpg, 1.5 km NE; ");
-    EXPECT_EQ(views.status(), "Pictures found: 3");
+    EXPECT_EQ(views.status(), "3 pictures found");
     EXPECT_FALSE(views.stopButton()->isEnabled());
 }
 
@@ -148,9 +151,9 @@ TEST_F(nearbyWindow, saysHowASearchEnds)
         {"none", test::foundLine("/photos/trip/here.jpg", "0"),
          "No other picture within 2000 m was found in these folders:\n/photos/trip\n"},
         {"too early", test::foundLine("/a.jpg", "1") + "exit 2",
-         "The search ended too early. Pictures found until then: 1"},
+         "The search ended too early. 1 picture found until then"},
         {"nothing, too early", "kill -KILL $$",
-         "The search ended too early. Pictures found until then: 0"},
+         "The search ended too early. 0 pictures found until then"},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
@@ -168,13 +171,25 @@ TEST_F(nearbyWindow, saysHowASearchEnds)
         << "what a screen reader says of the empty list";
 }
 
+TEST_F(nearbyWindow, saysHowManyOfThePicturesItShows)
+{
+    const int shown = static_cast<int>(NearbyModel::kMaxPictures);
+    searchBy("i=0; while [ $i -lt " + std::to_string(shown + 1) + " ]; do i=$((i + 1))\n" +
+             "printf '/%s.jpg\\0\\0\\0%s\\00045\\0\\0' $i $i; done");
+    EXPECT_TRUE(waitUntilIdle());
+    const QLocale locale;
+    EXPECT_EQ(views.status(), locale.toString(shown + 1).toStdString() + " pictures found. The " +
+                                  "nearest " + locale.toString(shown).toStdString() +
+                                  " pictures are shown.");
+}
+
 TEST_F(nearbyWindow, stopsASearch)
 {
     searchBy(test::foundLine("/a.jpg", "1") + "exec sleep 1000");
     EXPECT_TRUE(test::waitUntil([this] { return views.model()->rowCount() == 1; }));
     views.stopButton()->click();
     EXPECT_TRUE(waitUntilIdle());
-    EXPECT_EQ(views.status(), "Stopped. Pictures found until then: 1");
+    EXPECT_EQ(views.status(), "Stopped. 1 picture found until then");
     EXPECT_EQ(views.texts(), "a.jpg, 1 m NE; ");
 }
 
