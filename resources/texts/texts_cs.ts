@@ -58,6 +58,96 @@
         <extracomment>Tool tip of the entry &quot;Show Where It Was Taken&quot; in the context menu of file managers. Pinorama stays</extracomment>
         <translation>Ukáže v aplikaci Pinorama, kde byl snímek pořízen</translation>
     </message>
+    <message>
+        <source>Pinorama keeps one small window open beside the file manager. Select a picture there, and the window shows where it was taken: in words and on a small map, with preview, size, dates, coordinate, altitude and direction of view. It reads JPEG and the raw formats of common cameras, and it needs no network.</source>
+        <extracomment>What the program is for, in software stores. Pinorama and JPEG stay</extracomment>
+        <translation>Pinorama má vedle správce souborů otevřené malé okno. Vyberte tam snímek a okno ukáže, kde byl pořízen: slovy a na malé mapě, s náhledem, velikostí, daty, souřadnicí, výškou a směrem pohledu. Čte JPEG a surové formáty běžných fotoaparátů a nepotřebuje síť.</translation>
+    </message>
+    <message>
+        <source>From the window you can:</source>
+        <extracomment>In software stores, above a list</extracomment>
+        <translation>Z okna můžete:</translation>
+    </message>
+    <message>
+        <source>Fly a globe program to the place</source>
+        <extracomment>In the list below &quot;From the window you can:&quot;. Globe programs are such as Google Earth</extracomment>
+        <translation>Nechat program s glóbem přeletět na místo</translation>
+    </message>
+    <message>
+        <source>Open the place in a web map of your choice</source>
+        <extracomment>In the list below &quot;From the window you can:&quot;</extracomment>
+        <translation>Otevřít místo ve webové mapě podle výběru</translation>
+    </message>
+    <message>
+        <source>Save the place as a KML placemark</source>
+        <extracomment>In the list below &quot;From the window you can:&quot;. KML is a kind of file and stays</extracomment>
+        <translation>Uložit místo jako značku KML</translation>
+    </message>
+    <message>
+        <source>Copy the place as a coordinate, as a link or in words</source>
+        <extracomment>In the list below &quot;From the window you can:&quot;</extracomment>
+        <translation>Zkopírovat místo jako souřadnici, jako odkaz nebo slovy</translation>
+    </message>
+    <message>
+        <source>Find the other pictures that were taken nearby</source>
+        <extracomment>In the list below &quot;From the window you can:&quot;</extracomment>
+        <translation>Najít ostatní snímky pořízené poblíž</translation>
+    </message>
+    <message>
+        <source>Pictures are read in a separate, sandboxed process, so that a damaged or hostile file cannot harm the program.</source>
+        <extracomment>The end of the description in software stores</extracomment>
+        <translation>Snímky čte samostatný, izolovaný proces, takže poškozený nebo škodlivý soubor nemůže programu ublížit.</translation>
+    </message>
+    <message>
+        <source>The Pinorama developers</source>
+        <extracomment>The makers of the program, in software stores. Pinorama stays</extracomment>
+        <translation>Vývojáři programu Pinorama</translation>
+    </message>
+    <message>
+        <source>The place of a picture in words and on a map</source>
+        <extracomment>Below a picture of the window in software stores, without a full stop</extracomment>
+        <translation>Místo snímku slovy a na mapě</translation>
+    </message>
+    <message>
+        <source>A raw file, with its direction of view</source>
+        <extracomment>Below a picture of the window in software stores, without a full stop. It shows a file of a camera&apos;s own format</extracomment>
+        <translation>Surový soubor se směrem pohledu</translation>
+    </message>
+    <message>
+        <source>The window in a dark theme</source>
+        <extracomment>Below a picture of the window in software stores, without a full stop</extracomment>
+        <translation>Okno v tmavém motivu</translation>
+    </message>
+    <message>
+        <source>The first release. Pinorama:</source>
+        <extracomment>What is new in version 1.0.0, in software stores, above a list</extracomment>
+        <translation>První vydání. Pinorama:</translation>
+    </message>
+    <message>
+        <source>follows the selection of Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM and PCManFM-Qt</source>
+        <extracomment>In the list below &quot;The first release. Pinorama:&quot;, so that it goes on from there. The names stay</extracomment>
+        <translation>sleduje výběr v programech Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM a PCManFM-Qt</translation>
+    </message>
+    <message>
+        <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>
+        <extracomment>In the list below &quot;The first release. Pinorama:&quot;. HEIC and JPEG stay</extracomment>
+        <translation>čte JPEG a surové formáty běžných fotoaparátů, na přání i HEIC, videa a další</translation>
+    </message>
+    <message>
+        <source>says in words where a picture was taken and shows it on a small map, without a network</source>
+        <extracomment>In the list below &quot;The first release. Pinorama:&quot;</extracomment>
+        <translation>řekne slovy, kde byl snímek pořízen, a ukáže to na malé mapě, bez sítě</translation>
+    </message>
+    <message>
+        <source>finds the pictures that were taken nearby</source>
+        <extracomment>In the list below &quot;The first release. Pinorama:&quot;</extracomment>
+        <translation>najde snímky pořízené poblíž</translation>
+    </message>
+    <message>
+        <source>prints the same facts in a terminal with pinorama-info, for one picture or thousands</source>
+        <extracomment>In the list below &quot;The first release. Pinorama:&quot;. pinorama-info is the name of a program and stays</extracomment>
+        <translation>vypíše tytéž údaje v terminálu programem pinorama-info, pro jeden snímek nebo pro tisíce</translation>
+    </message>
 </context>
 <context>
     <name>GPS</name>

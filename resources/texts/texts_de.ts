@@ -58,6 +58,96 @@
         <extracomment>Kind of file, in file managers. Pentax stays</extracomment>
         <translation>Pentax-Rohbild</translation>
     </message>
+    <message>
+        <source>Pinorama keeps one small window open beside the file manager. Select a picture there, and the window shows where it was taken: in words and on a small map, with preview, size, dates, coordinate, altitude and direction of view. It reads JPEG and the raw formats of common cameras, and it needs no network.</source>
+        <extracomment>What the program is for, in software stores. Pinorama and JPEG stay</extracomment>
+        <translation>Pinorama hält neben der Dateiverwaltung ein kleines Fenster offen. Wählen Sie dort ein Bild aus, und das Fenster zeigt, wo es aufgenommen wurde: in Worten und auf einer kleinen Karte, mit Vorschau, Größe, Daten, Koordinate, Höhe und Blickrichtung. Es liest JPEG und die Rohformate der verbreiteten Kameras und braucht kein Netz.</translation>
+    </message>
+    <message>
+        <source>From the window you can:</source>
+        <extracomment>In software stores, above a list</extracomment>
+        <translation>Aus dem Fenster heraus können Sie:</translation>
+    </message>
+    <message>
+        <source>Fly a globe program to the place</source>
+        <extracomment>In the list below &quot;From the window you can:&quot;. Globe programs are such as Google Earth</extracomment>
+        <translation>Ein Globusprogramm zum Ort fliegen lassen</translation>
+    </message>
+    <message>
+        <source>Open the place in a web map of your choice</source>
+        <extracomment>In the list below &quot;From the window you can:&quot;</extracomment>
+        <translation>Den Ort in einer Webkarte Ihrer Wahl öffnen</translation>
+    </message>
+    <message>
+        <source>Save the place as a KML placemark</source>
+        <extracomment>In the list below &quot;From the window you can:&quot;. KML is a kind of file and stays</extracomment>
+        <translation>Den Ort als KML-Ortsmarke speichern</translation>
+    </message>
+    <message>
+        <source>Copy the place as a coordinate, as a link or in words</source>
+        <extracomment>In the list below &quot;From the window you can:&quot;</extracomment>
+        <translation>Den Ort als Koordinate, als Link oder in Worten kopieren</translation>
+    </message>
+    <message>
+        <source>Find the other pictures that were taken nearby</source>
+        <extracomment>In the list below &quot;From the window you can:&quot;</extracomment>
+        <translation>Die anderen Bilder finden, die in der Nähe aufgenommen wurden</translation>
+    </message>
+    <message>
+        <source>Pictures are read in a separate, sandboxed process, so that a damaged or hostile file cannot harm the program.</source>
+        <extracomment>The end of the description in software stores</extracomment>
+        <translation>Bilder werden in einem eigenen, abgeschotteten Prozess gelesen, sodass eine beschädigte oder bösartige Datei dem Programm nichts anhaben kann.</translation>
+    </message>
+    <message>
+        <source>The Pinorama developers</source>
+        <extracomment>The makers of the program, in software stores. Pinorama stays</extracomment>
+        <translation>Die Entwickler von Pinorama</translation>
+    </message>
+    <message>
+        <source>The place of a picture in words and on a map</source>
+        <extracomment>Below a picture of the window in software stores, without a full stop</extracomment>
+        <translation>Der Ort eines Bildes in Worten und auf einer Karte</translation>
+    </message>
+    <message>
+        <source>A raw file, with its direction of view</source>
+        <extracomment>Below a picture of the window in software stores, without a full stop. It shows a file of a camera&apos;s own format</extracomment>
+        <translation>Eine Rohdatei mit ihrer Blickrichtung</translation>
+    </message>
+    <message>
+        <source>The window in a dark theme</source>
+        <extracomment>Below a picture of the window in software stores, without a full stop</extracomment>
+        <translation>Das Fenster in einem dunklen Design</translation>
+    </message>
+    <message>
+        <source>The first release. Pinorama:</source>
+        <extracomment>What is new in version 1.0.0, in software stores, above a list</extracomment>
+        <translation>Die erste Version. Pinorama:</translation>
+    </message>
+    <message>
+        <source>follows the selection of Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM and PCManFM-Qt</source>
+        <extracomment>In the list below &quot;The first release. Pinorama:&quot;, so that it goes on from there. The names stay</extracomment>
+        <translation>folgt der Auswahl in Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM und PCManFM-Qt</translation>
+    </message>
+    <message>
+        <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>
+        <extracomment>In the list below &quot;The first release. Pinorama:&quot;. HEIC and JPEG stay</extracomment>
+        <translation>liest JPEG und die Rohformate der verbreiteten Kameras, auf Wunsch auch HEIC, Videos und mehr</translation>
+    </message>
+    <message>
+        <source>says in words where a picture was taken and shows it on a small map, without a network</source>
+        <extracomment>In the list below &quot;The first release. Pinorama:&quot;</extracomment>
+        <translation>sagt in Worten, wo ein Bild aufgenommen wurde, und zeigt es auf einer kleinen Karte, ohne Netz</translation>
+    </message>
+    <message>
+        <source>finds the pictures that were taken nearby</source>
+        <extracomment>In the list below &quot;The first release. Pinorama:&quot;</extracomment>
+        <translation>findet die Bilder, die in der Nähe aufgenommen wurden</translation>
+    </message>
+    <message>
+        <source>prints the same facts in a terminal with pinorama-info, for one picture or thousands</source>
+        <extracomment>In the list below &quot;The first release. Pinorama:&quot;. pinorama-info is the name of a program and stays</extracomment>
+        <translation>gibt mit pinorama-info dasselbe im Terminal aus, für ein Bild oder für Tausende</translation>
+    </message>
 </context>
 <context>
     <name>GPS</name>

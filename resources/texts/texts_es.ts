@@ -58,6 +58,96 @@
         <extracomment>Kind of file, in file managers. Pentax stays</extracomment>
         <translation>imagen en bruto de Pentax</translation>
     </message>
+    <message>
+        <source>Pinorama keeps one small window open beside the file manager. Select a picture there, and the window shows where it was taken: in words and on a small map, with preview, size, dates, coordinate, altitude and direction of view. It reads JPEG and the raw formats of common cameras, and it needs no network.</source>
+        <extracomment>What the program is for, in software stores. Pinorama and JPEG stay</extracomment>
+        <translation>Pinorama mantiene abierta una pequeña ventana junto al gestor de archivos. Seleccione allí una foto y la ventana mostrará dónde se tomó: en palabras y en un pequeño mapa, con vista previa, tamaño, fechas, coordenadas, altitud y dirección de la mirada. Lee JPEG y los formatos RAW de las cámaras habituales, y no necesita red.</translation>
+    </message>
+    <message>
+        <source>From the window you can:</source>
+        <extracomment>In software stores, above a list</extracomment>
+        <translation>Desde la ventana puede:</translation>
+    </message>
+    <message>
+        <source>Fly a globe program to the place</source>
+        <extracomment>In the list below &quot;From the window you can:&quot;. Globe programs are such as Google Earth</extracomment>
+        <translation>Llevar un programa de globo terráqueo hasta el lugar</translation>
+    </message>
+    <message>
+        <source>Open the place in a web map of your choice</source>
+        <extracomment>In the list below &quot;From the window you can:&quot;</extracomment>
+        <translation>Abrir el lugar en el mapa web que prefiera</translation>
+    </message>
+    <message>
+        <source>Save the place as a KML placemark</source>
+        <extracomment>In the list below &quot;From the window you can:&quot;. KML is a kind of file and stays</extracomment>
+        <translation>Guardar el lugar como marca de posición KML</translation>
+    </message>
+    <message>
+        <source>Copy the place as a coordinate, as a link or in words</source>
+        <extracomment>In the list below &quot;From the window you can:&quot;</extracomment>
+        <translation>Copiar el lugar como coordenadas, como enlace o en palabras</translation>
+    </message>
+    <message>
+        <source>Find the other pictures that were taken nearby</source>
+        <extracomment>In the list below &quot;From the window you can:&quot;</extracomment>
+        <translation>Encontrar las demás fotos tomadas cerca</translation>
+    </message>
+    <message>
+        <source>Pictures are read in a separate, sandboxed process, so that a damaged or hostile file cannot harm the program.</source>
+        <extracomment>The end of the description in software stores</extracomment>
+        <translation>Las fotos se leen en un proceso aparte y aislado, de modo que un archivo dañado o malicioso no puede perjudicar al programa.</translation>
+    </message>
+    <message>
+        <source>The Pinorama developers</source>
+        <extracomment>The makers of the program, in software stores. Pinorama stays</extracomment>
+        <translation>Los desarrolladores de Pinorama</translation>
+    </message>
+    <message>
+        <source>The place of a picture in words and on a map</source>
+        <extracomment>Below a picture of the window in software stores, without a full stop</extracomment>
+        <translation>El lugar de una foto en palabras y en un mapa</translation>
+    </message>
+    <message>
+        <source>A raw file, with its direction of view</source>
+        <extracomment>Below a picture of the window in software stores, without a full stop. It shows a file of a camera&apos;s own format</extracomment>
+        <translation>Un archivo RAW, con la dirección de la mirada</translation>
+    </message>
+    <message>
+        <source>The window in a dark theme</source>
+        <extracomment>Below a picture of the window in software stores, without a full stop</extracomment>
+        <translation>La ventana con un tema oscuro</translation>
+    </message>
+    <message>
+        <source>The first release. Pinorama:</source>
+        <extracomment>What is new in version 1.0.0, in software stores, above a list</extracomment>
+        <translation>La primera versión. Pinorama:</translation>
+    </message>
+    <message>
+        <source>follows the selection of Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM and PCManFM-Qt</source>
+        <extracomment>In the list below &quot;The first release. Pinorama:&quot;, so that it goes on from there. The names stay</extracomment>
+        <translation>sigue la selección de Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM y PCManFM-Qt</translation>
+    </message>
+    <message>
+        <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>
+        <extracomment>In the list below &quot;The first release. Pinorama:&quot;. HEIC and JPEG stay</extracomment>
+        <translation>lee JPEG y los formatos RAW de las cámaras habituales y, si se le pide, HEIC, vídeos y más</translation>
+    </message>
+    <message>
+        <source>says in words where a picture was taken and shows it on a small map, without a network</source>
+        <extracomment>In the list below &quot;The first release. Pinorama:&quot;</extracomment>
+        <translation>dice en palabras dónde se tomó una foto y lo muestra en un pequeño mapa, sin red</translation>
+    </message>
+    <message>
+        <source>finds the pictures that were taken nearby</source>
+        <extracomment>In the list below &quot;The first release. Pinorama:&quot;</extracomment>
+        <translation>encuentra las fotos tomadas cerca</translation>
+    </message>
+    <message>
+        <source>prints the same facts in a terminal with pinorama-info, for one picture or thousands</source>
+        <extracomment>In the list below &quot;The first release. Pinorama:&quot;. pinorama-info is the name of a program and stays</extracomment>
+        <translation>muestra los mismos datos en un terminal con pinorama-info, de una foto o de miles</translation>
+    </message>
 </context>
 <context>
     <name>GPS</name>

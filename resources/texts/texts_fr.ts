@@ -58,6 +58,96 @@
         <extracomment>Kind of file, in file managers. Pentax stays</extracomment>
         <translation>image brute Pentax</translation>
     </message>
+    <message>
+        <source>Pinorama keeps one small window open beside the file manager. Select a picture there, and the window shows where it was taken: in words and on a small map, with preview, size, dates, coordinate, altitude and direction of view. It reads JPEG and the raw formats of common cameras, and it needs no network.</source>
+        <extracomment>What the program is for, in software stores. Pinorama and JPEG stay</extracomment>
+        <translation>Pinorama garde une petite fenêtre ouverte à côté du gestionnaire de fichiers. Sélectionnez-y une photo, et la fenêtre montre où elle a été prise&#xa0;: en mots et sur une petite carte, avec l’aperçu, la taille, les dates, les coordonnées, l’altitude et la direction du regard. Elle lit le JPEG et les formats bruts des appareils courants, sans avoir besoin du réseau.</translation>
+    </message>
+    <message>
+        <source>From the window you can:</source>
+        <extracomment>In software stores, above a list</extracomment>
+        <translation>Depuis la fenêtre, vous pouvez&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Fly a globe program to the place</source>
+        <extracomment>In the list below &quot;From the window you can:&quot;. Globe programs are such as Google Earth</extracomment>
+        <translation>Faire voler un globe virtuel jusqu’au lieu</translation>
+    </message>
+    <message>
+        <source>Open the place in a web map of your choice</source>
+        <extracomment>In the list below &quot;From the window you can:&quot;</extracomment>
+        <translation>Ouvrir le lieu dans une carte web de votre choix</translation>
+    </message>
+    <message>
+        <source>Save the place as a KML placemark</source>
+        <extracomment>In the list below &quot;From the window you can:&quot;. KML is a kind of file and stays</extracomment>
+        <translation>Enregistrer le lieu comme repère KML</translation>
+    </message>
+    <message>
+        <source>Copy the place as a coordinate, as a link or in words</source>
+        <extracomment>In the list below &quot;From the window you can:&quot;</extracomment>
+        <translation>Copier le lieu sous forme de coordonnées, de lien ou de mots</translation>
+    </message>
+    <message>
+        <source>Find the other pictures that were taken nearby</source>
+        <extracomment>In the list below &quot;From the window you can:&quot;</extracomment>
+        <translation>Trouver les autres photos prises à proximité</translation>
+    </message>
+    <message>
+        <source>Pictures are read in a separate, sandboxed process, so that a damaged or hostile file cannot harm the program.</source>
+        <extracomment>The end of the description in software stores</extracomment>
+        <translation>Les photos sont lues dans un processus séparé et confiné&#xa0;: un fichier endommagé ou malveillant ne peut pas nuire au programme.</translation>
+    </message>
+    <message>
+        <source>The Pinorama developers</source>
+        <extracomment>The makers of the program, in software stores. Pinorama stays</extracomment>
+        <translation>Les développeurs de Pinorama</translation>
+    </message>
+    <message>
+        <source>The place of a picture in words and on a map</source>
+        <extracomment>Below a picture of the window in software stores, without a full stop</extracomment>
+        <translation>Le lieu d’une photo en mots et sur une carte</translation>
+    </message>
+    <message>
+        <source>A raw file, with its direction of view</source>
+        <extracomment>Below a picture of the window in software stores, without a full stop. It shows a file of a camera&apos;s own format</extracomment>
+        <translation>Un fichier brut, avec la direction du regard</translation>
+    </message>
+    <message>
+        <source>The window in a dark theme</source>
+        <extracomment>Below a picture of the window in software stores, without a full stop</extracomment>
+        <translation>La fenêtre dans un thème sombre</translation>
+    </message>
+    <message>
+        <source>The first release. Pinorama:</source>
+        <extracomment>What is new in version 1.0.0, in software stores, above a list</extracomment>
+        <translation>La première version. Pinorama&#xa0;:</translation>
+    </message>
+    <message>
+        <source>follows the selection of Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM and PCManFM-Qt</source>
+        <extracomment>In the list below &quot;The first release. Pinorama:&quot;, so that it goes on from there. The names stay</extracomment>
+        <translation>suit la sélection de Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM et PCManFM-Qt</translation>
+    </message>
+    <message>
+        <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>
+        <extracomment>In the list below &quot;The first release. Pinorama:&quot;. HEIC and JPEG stay</extracomment>
+        <translation>lit le JPEG et les formats bruts des appareils courants et, sur demande, HEIC, les vidéos et d’autres fichiers</translation>
+    </message>
+    <message>
+        <source>says in words where a picture was taken and shows it on a small map, without a network</source>
+        <extracomment>In the list below &quot;The first release. Pinorama:&quot;</extracomment>
+        <translation>dit en mots où une photo a été prise et le montre sur une petite carte, sans réseau</translation>
+    </message>
+    <message>
+        <source>finds the pictures that were taken nearby</source>
+        <extracomment>In the list below &quot;The first release. Pinorama:&quot;</extracomment>
+        <translation>trouve les photos prises à proximité</translation>
+    </message>
+    <message>
+        <source>prints the same facts in a terminal with pinorama-info, for one picture or thousands</source>
+        <extracomment>In the list below &quot;The first release. Pinorama:&quot;. pinorama-info is the name of a program and stays</extracomment>
+        <translation>affiche les mêmes informations dans un terminal avec pinorama-info, pour une photo ou des milliers</translation>
+    </message>
 </context>
 <context>
     <name>GPS</name>

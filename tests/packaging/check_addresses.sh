@@ -60,6 +60,12 @@ hides "$entry" donate
 shows "$metainfo" '<url type="homepage">https://pinorama.test/</url>'
 hides "$metainfo" 'type="donation"'
 [ "$(grep -c '<image' "$metainfo")" -eq 3 ] || complain "there are not three screenshots"
+[ "$(grep -c '<caption>' "$metainfo")" -eq 3 ] || complain "a screenshot has no caption"
+for texts in "$source"/resources/texts/texts_*.ts; do
+    language=$(basename "$texts" .ts | sed 's/^texts_//; s/_/-/')
+    [ "$(grep -c "<caption xml:lang=\"$language\">[^<]" "$metainfo")" -eq 3 ] ||
+        complain "a caption is not translated into $language"
+done
 while read -r picture; do
     [ -e "$source/docs/pictures/$picture" ] || complain "there is no screenshot $picture"
 done < <(sed -n 's,.*<image.*/screenshots/\([^<]*\)<.*,\1,p' "$metainfo")
