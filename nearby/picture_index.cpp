@@ -1,13 +1,13 @@
 #include "nearby/picture_index.h"
 
-#include "base/message_bytes.h"
 #include "base/user_folders.h"
 
 #include <sqlite3.h>
 
 #include <array>
-#include <cmath>
-#include <limits>
+#include <cstdint>
+#include <memory>
+#include <string_view>
 
 #include <linux/magic.h>
 #include <sys/stat.h>
@@ -17,22 +17,12 @@
 namespace pinorama {
 namespace {
 constexpr int kWaitForWriter = 3000;  // milliseconds
-constexpr std::uint32_t kBlockVersion = 1;
-constexpr std::size_t kMaxNameLength = 4096;  // bytes
-constexpr int kLayout = 1;                    // in user_version; another one is made anew
+constexpr int kLayout = 2;            // in user_version; another one is made anew
+// Of a new file. The block of a folder with a thousand pictures takes four pages of this size.
+constexpr char kSetPageSize[] = "PRAGMA page_size = 16384";
 constexpr char kMakeTables[] =
     "CREATE TABLE IF NOT EXISTS folders (path BLOB PRIMARY KEY, pictures BLOB) WITHOUT ROWID;"
-    "PRAGMA user_version = 1;";
-
-std::span<const std::uint8_t> bytesOf(std::string_view text)
-{
-    return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
-}
-
-std::string textOf(const std::vector<std::uint8_t>& bytes)
-{
-    return {bytes.begin(), bytes.end()};
-}
+    "PRAGMA user_version = 2;";
 
 struct DatabaseCloser {
     void operator()(sqlite3* database) const { sqlite3_close(database); }
@@ -82,6 +72,7 @@ int layoutOf(sqlite3* database)
 
 bool writeInto(sqlite3* database, std::span<const PictureIndex::Change> changes)
 {
+    if (!execute(database, kSetPageSize)) return false;
     if (!execute(database, "BEGIN IMMEDIATE") || !execute(database, kMakeTables)) return false;
     const Statement put =
         prepare(database, "INSERT OR REPLACE INTO folders (path, pictures) VALUES (?, ?)");
@@ -120,55 +111,6 @@ bool isOnNetwork(std::string folder)
     return false;
 }
 }  // namespace
-
-FolderBlockWriter::FolderBlockWriter()
-{
-    MessageWriter header;
-    header.put32(kBlockVersion);
-    block_ = textOf(header.bytes());
-}
-
-void FolderBlockWriter::add(const IndexedPicture& picture)
-{
-    constexpr double kNowhere = std::numeric_limits<double>::quiet_NaN();
-    MessageWriter item;
-    item.put16(static_cast<std::uint16_t>(picture.name.size()));
-    item.putBytes(picture.name);
-    item.put64(picture.size);
-    item.put64(static_cast<std::uint64_t>(picture.modified));
-    item.putDouble(picture.position ? picture.position->latitude : kNowhere);
-    item.putDouble(picture.position ? picture.position->longitude : kNowhere);
-    block_.append(reinterpret_cast<const char*>(item.bytes().data()), item.bytes().size());
-}
-
-FolderBlockReader::FolderBlockReader(std::string_view block)
-{
-    MessageReader header(bytesOf(block));
-    if (header.get32() != kBlockVersion || header.hasFailed()) return;
-    rest_ = block.substr(block.size() - header.bytesLeft());
-}
-
-std::optional<IndexedPicture> FolderBlockReader::next()
-{
-    if (rest_.empty()) return std::nullopt;
-    MessageReader item(bytesOf(rest_));
-    IndexedPicture picture;
-    const std::size_t length = item.get16();
-    const auto name = item.getBytes(length);
-    picture.name = {reinterpret_cast<const char*>(name.data()), name.size()};
-    picture.size = item.get64();
-    picture.modified = static_cast<std::int64_t>(item.get64());
-    const Position position{item.getDouble(), item.getDouble()};
-    if (item.hasFailed() || length == 0 || length > kMaxNameLength) {
-        rest_ = {};
-        return std::nullopt;
-    }
-    const bool isOnEarth =
-        std::abs(position.latitude) <= 90.0 && std::abs(position.longitude) <= 180.0;
-    if (isOnEarth) picture.position = position;
-    rest_.remove_prefix(rest_.size() - item.bytesLeft());
-    return picture;
-}
 
 PictureIndex::PictureIndex(const std::string& path)
 {

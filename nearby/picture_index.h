@@ -3,7 +3,7 @@
 // only for the user, that can be removed at any time; a damaged one counts as empty and is made
 // anew.
 //
-// A folder is one row. Its pictures are a block of bytes (docs/formats.md), which takes a
+// A folder is one row. Its pictures are a block of bytes (nearby/folder_block.h), which takes a
 // thousandth of the time that a row for each of them takes.
 //
 //     PictureIndex index(path);
@@ -13,48 +13,14 @@
 
 #pragma once
 
-#include "nearby/position.h"
-
-#include <cstdint>
-#include <memory>
-#include <optional>
 #include <span>
 #include <string>
-#include <string_view>
 #include <utility>
 
 struct sqlite3;
 struct sqlite3_stmt;
 
 namespace pinorama {
-
-struct IndexedPicture {
-    std::string_view name{};    // in its folder, raw bytes
-    std::uint64_t size = 0;     // bytes
-    std::int64_t modified = 0;  // nanoseconds since 1970
-    std::optional<Position> position{};
-};
-
-// Makes the block of a folder. Pictures are added in the order of the bytes of their names.
-class FolderBlockWriter {
-public:
-    FolderBlockWriter();
-    void add(const IndexedPicture& picture);
-    std::string take() { return std::move(block_); }
-
-private:
-    std::string block_;
-};
-
-// Reads such a block, which it borrows. Ends early at what is malformed.
-class FolderBlockReader {
-public:
-    explicit FolderBlockReader(std::string_view block);
-    std::optional<IndexedPicture> next();
-
-private:
-    std::string_view rest_;
-};
 
 class PictureIndex {
 public:

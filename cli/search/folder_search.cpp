@@ -112,112 +112,112 @@ BatchResult FolderSearch::process(std::span<const std::string> items)
 
 void FolderSearch::searchFolder(const std::string& path, bool isStart, BatchResult* result)
 {
-    std::vector<Item> items;
-    if (!list(path, isStart, &items, result)) {
+    if (!index_) index_ = std::make_unique<PictureIndex>(indexPath_);
+    const std::string folder = absolutePathOf(path);
+    const std::string block = index_->read(folder);
+    KnownPictures known(block);
+    if (!list(path, isStart, &known, result)) {
         appendDiagnostic(shownPath(path) + ": " + std::strerror(errno), &result->diagnostics);
         result->failed++;
         return;
     }
-    std::sort(items.begin(), items.end(),
-              [](const Item& a, const Item& b) { return a.name < b.name; });
-    const std::string folder = absolutePathOf(path);
-    const bool isChanged = lookUp(folder, &items);
-    read(path, &items, result);
+    const bool isChanged = listing_.isChanged || known.hasMore();
+    read(path, result);
     if (!isChanged || folder.empty() || indexPath_.empty()) return;
     FolderBlockWriter writer;
     const std::int64_t settled = now() - kSettling;
-    for (const Item& item : items) {
+    for (const Item& item : listing_.items) {
         const bool isKept = item.isStored && item.modified < settled;
         if (isKept) writer.add({item.name, item.size, item.modified, item.position});
     }
-    result->changes.emplace_back(folder, writer.take());
+    // A folder with pictures that are not remembered seems to have changed every time.
+    std::string newBlock = writer.take();
+    if (newBlock != block) result->changes.emplace_back(folder, std::move(newBlock));
 }
 
 // Lists the pictures of a folder, and adds its subfolders to the result. On failure returns false
 // with errno set.
-bool FolderSearch::list(const std::string& path, bool isStart, std::vector<Item>* items,
+bool FolderSearch::list(const std::string& path, bool isStart, KnownPictures* known,
                         BatchResult* result)
 {
+    listing_.items.clear();  // keeps its room for the next folder
+    listing_.newNames.clear();
+    listing_.isChanged = false;
     const FolderHolder folder = openFolder(path, isStart);
     if (!folder) return false;
-    const std::string prefix = withSlash(path);
+    const int descriptor = dirfd(folder.get());
     errno = 0;
     while (const dirent* entry = readdir(folder.get())) {
-        const std::string_view name = entry->d_name;
-        const bool isAccepted = accepted_.accepts(name);
+        const char* name = entry->d_name;
         struct stat status {};
         bool isDirectory = entry->d_type == DT_DIR;
         if (entry->d_type == DT_UNKNOWN) {
-            isDirectory =
-                fstatat(dirfd(folder.get()), entry->d_name, &status, AT_SYMLINK_NOFOLLOW) == 0 &&
-                S_ISDIR(status.st_mode);
+            isDirectory = fstatat(descriptor, name, &status, AT_SYMLINK_NOFOLLOW) == 0 &&
+                          S_ISDIR(status.st_mode);
         }
         if (isDirectory) {
-            const bool isOther = name != "." && name != "..";
-            if (isOther) result->subfolders.push_back(folderItem(prefix + entry->d_name));
-        } else if (isAccepted) {
-            const bool isThere = fstatat(dirfd(folder.get()), entry->d_name, &status, 0) == 0;
+            const bool isOther = std::strcmp(name, ".") != 0 && std::strcmp(name, "..") != 0;
+            if (isOther) result->subfolders.push_back(folderItem(withSlash(path) + name));
+        } else if (accepted_.accepts(name)) {
+            status = {};
+            const bool isThere = fstatat(descriptor, name, &status, 0) == 0;
             // A dangling link is reported when its target is read.
-            if (!isThere || S_ISREG(status.st_mode)) {
-                items->push_back({entry->d_name, static_cast<std::uint64_t>(status.st_size),
-                                  nanosecondsOf(status.st_mtim)});
-            }
+            if (!isThere || S_ISREG(status.st_mode)) add(name, status, known);
         }
         errno = 0;
     }
     return errno == 0;
 }
 
-// Fills in what the index knows of pictures that have not changed, and marks all that have to be
-// read. True if the folder has changed.
-bool FolderSearch::lookUp(const std::string& folder, std::vector<Item>* items)
+// Adds a picture with what the index knows of it, if it has not changed.
+void FolderSearch::add(const char* name, const struct stat& status, KnownPictures* known)
 {
-    if (!index_) index_ = std::make_unique<PictureIndex>(indexPath_);
-    const std::string block = index_->read(folder);
-    FolderBlockReader reader(block);
-    std::optional<IndexedPicture> known = reader.next();
-    bool isChanged = false;
-    for (Item& item : *items) {
-        while (known && known->name < item.name) {
-            isChanged = true;  // it is gone
-            known = reader.next();
-        }
-        const bool isKnown = known && known->name == item.name && known->size == item.size &&
-                             known->modified == item.modified;
-        if (isKnown) {
-            item.position = known->position;
-            item.isStored = true;
-            item.isWanted = filter_->matches(item.position);
-        } else {
-            item.isWanted = true;
-            isChanged = true;
-        }
+    Item& item = listing_.items.emplace_back();
+    item.size = static_cast<std::uint64_t>(status.st_size);
+    item.modified = nanosecondsOf(status.st_mtim);
+    const std::optional<IndexedPicture> picture = known->take(name);
+    if (picture) {
+        item.name = picture->name;
+    } else {
+        item.name = listing_.newNames.emplace_back(name);
     }
-    return isChanged || reader.next().has_value();
+    item.isStored = picture && picture->size == item.size && picture->modified == item.modified;
+    if (item.isStored) {
+        item.position = picture->position;
+        item.isWanted = filter_->matches(item.position);
+    } else {
+        item.isWanted = true;
+        listing_.isChanged = true;
+    }
 }
 
-void FolderSearch::read(const std::string& path, std::vector<Item>* items, BatchResult* result)
+// Reads the pictures that are wanted, in the order of the bytes of their names.
+void FolderSearch::read(const std::string& path, BatchResult* result)
 {
+    std::vector<Item*> wanted;
+    for (Item& item : listing_.items) {
+        if (item.isWanted) {
+            wanted.push_back(&item);
+        } else {
+            result->files++;
+            if (item.position) result->located++;
+        }
+    }
+    std::sort(wanted.begin(), wanted.end(),
+              [](const Item* a, const Item* b) { return a->name < b->name; });
     const std::string prefix = withSlash(path);
     const std::size_t atOnce = filesAtOnce();
     std::vector<std::string> paths;
-    const auto readPaths = [&] {
+    for (std::size_t first = 0; first < wanted.size(); first += atOnce) {
+        const std::size_t end = std::min(wanted.size(), first + atOnce);
+        paths.clear();
+        reading_.assign(wanted.begin() + static_cast<std::ptrdiff_t>(first),
+                        wanted.begin() + static_cast<std::ptrdiff_t>(end));
+        for (const Item* item : reading_) paths.push_back(prefix + std::string(item->name));
         nextRead_ = 0;
         result->add(work_.process(paths));
-        reading_.clear();
-        paths.clear();
-    };
-    for (Item& item : *items) {
-        if (!item.isWanted) {
-            result->files++;
-            if (item.position) result->located++;
-            continue;
-        }
-        reading_.push_back(&item);
-        paths.push_back(prefix + item.name);
-        if (paths.size() == atOnce) readPaths();
     }
-    if (!paths.empty()) readPaths();
+    reading_.clear();
 }
 
 }  // namespace pinorama

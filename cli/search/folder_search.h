@@ -9,12 +9,20 @@
 #include "cli/batch_work.h"
 #include "cli/search/search_filter.h"
 #include "lib/strings/string_holder.h"
+#include "nearby/folder_block.h"
 #include "nearby/picture_index.h"
 
+#include <cstddef>
+#include <cstdint>
+#include <deque>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
+
+struct stat;
 
 namespace pinorama {
 
@@ -33,7 +41,7 @@ public:
 
 private:
     struct Item {
-        std::string name;
+        std::string_view name{};
         std::uint64_t size = 0;
         std::int64_t modified = 0;  // nanoseconds since 1970
         bool isWanted = false;      // has to be read
@@ -41,15 +49,23 @@ private:
         std::optional<Position> position{};
     };
 
+    // The pictures of the folder that is searched.
+    struct Listing {
+        std::vector<Item> items{};
+        std::deque<std::string> newNames{};  // those that the index does not know
+        bool isChanged = false;              // since the index was written
+    };
+
     void searchFolder(const std::string& path, bool isStart, BatchResult* result);
-    bool list(const std::string& path, bool isStart, std::vector<Item>* items, BatchResult* result);
-    bool lookUp(const std::string& folder, std::vector<Item>* items);
-    void read(const std::string& path, std::vector<Item>* items, BatchResult* result);
+    bool list(const std::string& path, bool isStart, KnownPictures* known, BatchResult* result);
+    void add(const char* name, const struct stat& status, KnownPictures* known);
+    void read(const std::string& path, BatchResult* result);
 
     std::shared_ptr<const SearchFilter> filter_;
     const std::string indexPath_;
     std::unique_ptr<PictureIndex> index_{};
     AcceptedNames accepted_{};
+    Listing listing_{};
     std::vector<Item*> reading_{};  // what the reports that come next are about
     std::size_t nextRead_ = 0;
     BatchWork work_;

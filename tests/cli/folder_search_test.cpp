@@ -1,5 +1,6 @@
 // Searches through folders that remember what they find out.
 
+#include "nearby/folder_block.h"
 #include "nearby/picture_index.h"
 #include "tests/support/environment.h"
 #include "tests/support/picture_builder.h"
@@ -112,6 +113,123 @@ TEST_F(folderSearch, readsNothingThatHasNotChanged)
     ASSERT_EQ(kHere.size(), kThere.size());
     EXPECT_EQ(find({"--near", "0.5,10"}), all_);
     EXPECT_EQ(find({"--near", "0.5,10", "--no-index"}).size(), all_.size() + 1);
+}
+
+TEST_F(folderSearch, writesNothingIfNothingHasChanged)
+{
+    // What cannot be read, and what is from the future, is not remembered.
+    ASSERT_EQ(symlink("nowhere", tree_.file("b/link.jpg").c_str()), 0);
+    write("b/future.jpg", kThere, 100'000);
+    EXPECT_EQ(run({"--near", "0.5,10"}).status, 1);
+    // An SQLite file counts its changes.
+    const std::string before = test::readFile(index_);
+    ASSERT_GT(before.size(), 4096u);
+    for (const char* place : {"0.5,10", "40.5,10"}) {
+        EXPECT_EQ(run({"--near", place}).status, 1);
+        EXPECT_TRUE(test::readFile(index_) == before) << place;
+    }
+    write("c.jpg", kThere, 1);
+    EXPECT_EQ(run({"--near", "0.5,10"}).status, 1);
+    EXPECT_FALSE(test::readFile(index_) == before);
+}
+
+TEST_F(folderSearch, seesEveryOtherTime)
+{
+    EXPECT_EQ(find({"--near", "40.5,10"}), Texts{"b/far.jpg"});
+    ASSERT_EQ(kHere.size(), kThere.size());
+    // A clock that was set right, or wrong; the same second, one nanosecond later; and no time.
+    const timespec times[] = {{anHourAgo_ + 1, 0},
+                              {anHourAgo_ - 100'000'000, 0},
+                              {anHourAgo_ + 1'000'000'000, 0},
+                              {anHourAgo_, 0},
+                              {anHourAgo_, 1},
+                              {0, 0},
+                              {-1, 0}};
+    bool isHere = false;
+    for (const timespec& time : times) {
+        SCOPED_TRACE(std::to_string(time.tv_sec) + "." + std::to_string(time.tv_nsec));
+        isHere = !isHere;
+        const std::string path = tree_.write("b/far.jpg", isHere ? kHere : kThere);
+        const timespec both[2] = {time, time};
+        ASSERT_EQ(utimensat(AT_FDCWD, path.c_str(), both, 0), 0);
+        for (int i = 0; i < 2; i++) {
+            EXPECT_EQ(find({"--near", "40.5,10"}), isHere ? Texts{} : Texts{"b/far.jpg"});
+        }
+    }
+}
+
+TEST_F(folderSearch, readsAlwaysWhatIsFromTheFuture)
+{
+    constexpr int kTomorrow = 100'000;
+    write("b/far.jpg", kThere, kTomorrow);
+    EXPECT_EQ(find({"--near", "40.5,10"}), Texts{"b/far.jpg"});
+    write("b/far.jpg", kHere, kTomorrow);
+    EXPECT_EQ(find({"--near", "40.5,10"}), Texts{}) << "the clock may have been set since";
+}
+
+TEST_F(folderSearch, followsFoldersThatAreRenamed)
+{
+    EXPECT_EQ(find({"--near", "40.5,10"}), Texts{"b/far.jpg"});
+    std::filesystem::rename(tree_.file("b"), tree_.file("z"));
+    EXPECT_EQ(find({"--near", "40.5,10"}), Texts{"z/far.jpg"});
+    // Another folder takes the place of the first one, with a picture of the same name and size.
+    std::filesystem::create_directory(tree_.file("b"));
+    write("b/far.jpg", kHere, 1);
+    EXPECT_EQ(find({"--near", "40.5,10"}), Texts{"z/far.jpg"});
+    std::filesystem::rename(tree_.file("b"), tree_.file("c"));
+    std::filesystem::rename(tree_.file("z"), tree_.file("b"));
+    std::filesystem::rename(tree_.file("c"), tree_.file("z"));
+    for (int i = 0; i < 2; i++) EXPECT_EQ(find({"--near", "40.5,10"}), Texts{"b/far.jpg"});
+}
+
+TEST_F(folderSearch, knowsPicturesInAnyOrder)
+{
+    Texts names;
+    for (int i = 0; i < 40; i++) {
+        names.push_back("many/" + std::to_string(i * 37 % 100 + 100) + ".jpg");
+        std::filesystem::create_directories(tree_.file("many"));
+        write(names.back(), i == 7 ? kThere : kHere);
+    }
+    const Texts far = {"b/far.jpg", names[7]};
+    EXPECT_EQ(find({"--near", "40.5,10"}), far);
+    // Other bytes with the same size and time are the proof that nobody looks at them.
+    for (const std::string& name : names) write(name, kThere);
+
+    const std::string folder = std::filesystem::canonical(tree_.file("many"));
+    const std::string block = PictureIndex(index_).read(folder);
+    std::vector<IndexedPicture> pictures;
+    FolderBlockReader reader(block);
+    while (const auto picture = reader.next()) pictures.push_back(*picture);
+    ASSERT_EQ(pictures.size(), names.size());
+    for (const int turn : {0, 1, 13}) {
+        std::reverse(pictures.begin() + turn, pictures.end());
+        FolderBlockWriter writer;
+        for (const IndexedPicture& picture : pictures) writer.add(picture);
+        const std::vector<PictureIndex::Change> changes = {{folder, writer.take()}};
+        ASSERT_TRUE(PictureIndex::write(index_, changes));
+        EXPECT_EQ(find({"--near", "40.5,10"}), far);
+        EXPECT_EQ(PictureIndex(index_).read(folder), changes[0].second) << "it was written again";
+    }
+    ASSERT_EQ(unlink(tree_.file(names[20]).c_str()), 0);
+    write("many/new.jpg", kHere);
+    EXPECT_EQ(find({"--near", "40.5,10"}), far);
+    EXPECT_NE(PictureIndex(index_).read(folder).find("new.jpg"), std::string::npos);
+}
+
+TEST_F(folderSearch, printsTheFilesOfAFolderByTheirNames)
+{
+    Texts names;
+    std::filesystem::create_directories(tree_.file("many"));
+    for (int i = 0; i < 200; i++) {
+        names.push_back("many/" + std::to_string(i * 37 % 200 + 100) + ".jpg");
+        write(names.back(), kThere);
+    }
+    std::sort(names.begin(), names.end());
+    for (int i = 0; i < 2; i++) {
+        Texts found = find({"--near", "40.5,10", "--as-found"});
+        std::erase(found, "b/far.jpg");
+        EXPECT_EQ(found, names);
+    }
 }
 
 TEST_F(folderSearch, doesNotRememberWhatWasChangedJustNow)

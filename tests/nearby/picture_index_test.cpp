@@ -12,57 +12,8 @@
 using namespace pinorama;
 
 namespace {
-std::string blockOf(const std::vector<IndexedPicture>& pictures)
-{
-    FolderBlockWriter writer;
-    for (const IndexedPicture& picture : pictures) writer.add(picture);
-    return writer.take();
-}
-
-std::size_t countIn(std::string_view block)
-{
-    FolderBlockReader reader(block);
-    std::size_t count = 0;
-    while (reader.next()) count++;
-    return count;
-}
-
-const std::string kBlock = blockOf({{"a.jpg", 10, -1, Position{-48.5, 11.25}},
-                                    {"\xff.jpg", 0, 1'700'000'000'123'456'789, std::nullopt}});
+const std::string kBlock("\2\0\0\0 any bytes \xff", 16);
 }  // namespace
-
-TEST(FolderBlockReader, readsWhatTheWriterWrites)
-{
-    FolderBlockReader reader(kBlock);
-    const auto first = reader.next();
-    ASSERT_TRUE(first);
-    EXPECT_EQ(first->name, "a.jpg");
-    EXPECT_EQ(first->size, 10u);
-    EXPECT_EQ(first->modified, -1);
-    ASSERT_TRUE(first->position);
-    EXPECT_EQ(first->position->latitude, -48.5);
-    EXPECT_EQ(first->position->longitude, 11.25);
-    const auto second = reader.next();
-    ASSERT_TRUE(second);
-    EXPECT_EQ(second->name, "\xff.jpg");
-    EXPECT_EQ(second->modified, 1'700'000'000'123'456'789);
-    EXPECT_FALSE(second->position);
-    EXPECT_FALSE(reader.next());
-    EXPECT_FALSE(reader.next());
-}
-
-TEST(FolderBlockReader, endsAtWhatIsMalformed)
-{
-    for (std::size_t length = 0; length < kBlock.size(); length++) {
-        EXPECT_LT(countIn(std::string_view(kBlock).substr(0, length)), 2u) << length;
-    }
-    std::string other = kBlock;
-    other[0] = 2;
-    EXPECT_EQ(countIn(other), 0u) << "another version";
-    other = kBlock;
-    other[5] = '\x7f';  // a name longer than the block
-    EXPECT_EQ(countIn(other), 0u);
-}
 
 TEST(PictureIndex, remembersFolders)
 {
@@ -106,6 +57,24 @@ TEST(PictureIndex, isMadeAnewIfItIsDamaged)
         EXPECT_EQ(PictureIndex(path).read("/a"), "");
         EXPECT_TRUE(PictureIndex::write(path, std::vector<PictureIndex::Change>{{"/a", kBlock}}));
         EXPECT_EQ(PictureIndex(path).read("/a"), kBlock);
+    }
+}
+
+TEST(PictureIndex, isMadeAnewIfItHasAnotherLayout)
+{
+    const test::TemporaryFolder folder;
+    const std::string path = folder.file("index.sqlite");
+    ASSERT_TRUE(PictureIndex::write(path, std::vector<PictureIndex::Change>{{"/old", kBlock}}));
+    std::string bytes = test::readFile(path);
+    ASSERT_GT(bytes.size(), 64u);
+    ASSERT_EQ(bytes[63], 2) << "the layout: offset 60 of an SQLite file, most significant first";
+    for (const char layout : {1, 3}) {
+        bytes[63] = layout;
+        (void)folder.write("index.sqlite", bytes);
+        EXPECT_EQ(PictureIndex(path).read("/old"), "");
+        ASSERT_TRUE(PictureIndex::write(path, std::vector<PictureIndex::Change>{{"/a", kBlock}}));
+        EXPECT_EQ(PictureIndex(path).read("/a"), kBlock);
+        EXPECT_EQ(PictureIndex(path).read("/old"), "");
     }
 }
 
