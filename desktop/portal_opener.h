@@ -24,7 +24,8 @@ public:
 
     // Asks the user which program opens an open file, and has it opened there. Returns at once.
     //
-    //   descriptor  stays the caller's; it may be closed afterwards.
+    //   descriptor  one that only refers to the file (O_PATH) will do. It stays the caller's, and
+    //               may be closed afterwards; copies of it are closed later, on this thread.
     //   parent      the window that the dialog belongs to (portalParent); may be empty.
     void openWith(int descriptor, const QString& parent);
 

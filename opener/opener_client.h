@@ -56,8 +56,10 @@ public:
     void stop();
 
     // Wants the file at `path`, in the bytes of the system, or with OpenTask::sidecar the XMP
-    // beside it; what was wanted before is given up. An opener that has the same request already is
-    // not asked again. Without a sidecar it is done, and the file not open.
+    // beside it. With OpenTask::reference what comes only refers to the file, for others to open:
+    // it cannot be read, and closing it waits for no disk. What was wanted before is given up. An
+    // opener that has the same request already is not asked again. Without a sidecar it is done,
+    // and the file not open.
     void request(const std::string& path, OpenTask task = OpenTask::open);
     void giveUp();
 

@@ -9,9 +9,9 @@
 //   looked     what is there, or why that cannot be known
 //   opened     with the descriptor, when the first bytes have been read; only if `looked` says so
 //
-// The last two are those of OpenTask::open and OpenTask::sidecar. The others have one reply of
-// their own instead: `facts` for all paths, in which those on a file system that is left alone are
-// not known; `count`; `saved`; and `names` as often as it takes.
+// The last two are those of the first three tasks. The others have one reply of their own instead:
+// `facts` for all paths, in which those on a file system that is left alone are not known; `count`;
+// `saved`; and `names` as often as it takes.
 
 #pragma once
 
@@ -35,12 +35,13 @@ constexpr std::size_t kMaxShownName = 1024;      // bytes
 constexpr std::size_t kMaxNameBytes = 32 << 10;  // of all names in a reply, and a byte for each
 
 enum class OpenTask : std::uint16_t {
-    open = 1,  // opens a file
-    sidecar,   // opens the XMP beside the picture at the path (pictures/sidecar_file.h)
-    facts,     // what is at each of the paths
-    names,     // the names in a folder that may be shown as `shown`
-    count,     // how many items a folder has
-    save,      // puts the bytes of the descriptor that comes along into a file (ReplacingFile)
+    open = 1,   // opens a file
+    reference,  // opens a file, and hands over a descriptor that only refers to it (O_PATH)
+    sidecar,    // opens the XMP beside the picture at the path (pictures/sidecar_file.h)
+    facts,      // what is at each of the paths
+    names,      // the names in a folder that may be shown as `shown`
+    count,      // how many items a folder has
+    save,       // puts the bytes of the descriptor that comes along into a file (ReplacingFile)
 };
 
 struct OpenRequest {

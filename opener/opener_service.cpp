@@ -14,6 +14,7 @@
 #include <utility>
 #include <vector>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace pinorama {
@@ -25,6 +26,13 @@ bool isThere(const std::string& path)
 {
     char target = 0;
     return readlink(path.c_str(), &target, sizeof target) >= 0 || errno == EINVAL;
+}
+
+// A descriptor that only refers to an open file; none without /proc.
+DescriptorHolder referenceTo(const PictureFile& file)
+{
+    const std::string link = "/proc/self/fd/" + std::to_string(file.descriptor());
+    return DescriptorHolder(openDescriptor(link.c_str(), O_PATH));
 }
 
 // Serves one request.
@@ -113,7 +121,12 @@ private:
         if (!isHeard_ || !file.isOpen()) return;
         char bytes[kFirstBytes];
         (void)readAt(file.descriptor(), 0, bytes, sizeof bytes);  // whoever reads on sees the error
-        send({.event = OpenEvent::opened}, file.descriptor());
+        if (request_.task == OpenTask::reference) {
+            const DescriptorHolder reference = referenceTo(file);
+            send({.event = OpenEvent::opened}, reference.get());
+        } else {
+            send({.event = OpenEvent::opened}, file.descriptor());
+        }
     }
 
     // False with errno set. What has come along is in memory.

@@ -19,7 +19,7 @@ void OpenWith::ask(const std::string& path, const QString& window)
 {
     path_ = path;
     window_ = window;
-    files_.request(path);
+    files_.request(path, OpenTask::reference);
     takeOpened();
 }
 

@@ -1,6 +1,7 @@
-// Has the user choose the program that opens a picture. Another process opens the file for the
-// desktop's portal, so that a disk that does not answer keeps nobody; without a portal the picture
-// opens in the program for files of its kind.
+// Has the user choose the program that opens a picture. Another process opens the file, and the
+// desktop's portal gets a reference to it, so that a disk that does not answer keeps nobody, not
+// even whoever closes the file; without a portal the picture opens in the program for files of its
+// kind.
 
 #pragma once
 

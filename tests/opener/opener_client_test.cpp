@@ -97,6 +97,24 @@ TEST_F(OpenerClient, opensAFile)
     EXPECT_EQ(client_.countAtWork(), 0u);
 }
 
+TEST_F(OpenerClient, refersToAFileThatNobodyWaitsForWhoClosesIt)
+{
+    const auto hanging = disk("disk");
+    if (!hanging->isUsable()) GTEST_SKIP() << "no disk may be mounted here";
+    client_.request(hanging->file("good.jpg"), OpenTask::reference);
+    EXPECT_EQ(client_.wait(kPatience), OpenStage::done);
+    PictureFile file = client_.take();
+    ASSERT_TRUE(file.isOpen());
+    EXPECT_EQ(fcntl(file.descriptor(), F_GETFL) & O_PATH, O_PATH);
+    EXPECT_EQ(file.attributes().size, 4u);
+    EXPECT_EQ(file.realPath(), hanging->file("good.jpg"));
+    hanging->hang();  // for a quarter of a minute
+    const auto start = Clock::now();
+    file = PictureFile();
+    EXPECT_LT(Clock::now() - start, 8s);
+    hanging->recover();
+}
+
 TEST_F(OpenerClient, saysWhatIsNoFileAndWhy)
 {
     ASSERT_EQ(mkfifo(folder_.file("pipe.jpg").c_str(), 0600), 0);

@@ -76,7 +76,7 @@ TEST(openRequestIn, takesAsManyPathsAsTheTaskHas)
         openRequestIn(messageOf(OpenRequest{.task = OpenTask::sidecar, .paths = {"/a"}}));
     ASSERT_TRUE(sidecar);
     EXPECT_EQ(sidecar->task, OpenTask::sidecar);
-    for (const std::uint16_t task : {0, 7}) {
+    for (const std::uint16_t task : {0, 8}) {
         EXPECT_FALSE(openRequestIn(
             messageOf(OpenRequest{.task = static_cast<OpenTask>(task), .paths = {"/"}})));
     }
