@@ -6,8 +6,8 @@
 //     if (client.wait(500ms) == OpenStage::done) use(client.take());
 //     // else it comes later: call advance() when descriptor() is readable
 //
-// One file is wanted at a time. Beside it there may be any number of questions about folders
-// (OpenerQuestion), each as long as its owner keeps it.
+// One file is wanted at a time. Beside it there may be any number of questions (OpenerQuestion),
+// about folders or for another file, each as long as its owner keeps it.
 //
 // An opener is in one of three states:
 //
@@ -77,7 +77,8 @@ public:
     // no longer than `max`.
     OpenStage wait(std::chrono::milliseconds max);
 
-    // Asks about items of folders. The question is given up when the caller lets go of it.
+    // Asks about items of folders, or for one more file. The question is given up when the caller
+    // lets go of it.
     std::shared_ptr<OpenerQuestion> ask(OpenRequest request, OpenerQuestion::TakeNames take = {});
 
     // Saves what is in `content`, which no disk can keep (a memory file), as the file at `path`;

@@ -43,6 +43,9 @@ public:
     // Whether no more will come of it.
     bool isAnswered() const { return stage_ == OpenStage::done || stage_ == OpenStage::noOpener; }
 
+    // Hands over the file of OpenTask::open, once it is done.
+    PictureFile takeFile() { return std::exchange(file_, {}); }
+
     // What has been found out when it is done, for OpenTask::facts and OpenTask::count.
     const std::vector<ItemFacts>& facts() const { return facts_; }
     const FolderCount& count() const { return count_; }

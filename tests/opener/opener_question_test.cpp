@@ -121,6 +121,24 @@ TEST_F(OpenerQuestion, aboutTheNumberOfItemsHasIt)
     EXPECT_EQ(question->count(), (FolderCount{2, 3}));
 }
 
+TEST_F(OpenerQuestion, hasAFileOpenedBesideTheOneThatIsWanted)
+{
+    const std::string path = folder_.write("a.jpg", "one");
+    const auto question = client_.ask({.task = OpenTask::open, .paths = {path}});
+    client_.request(folder_.write("b.jpg", "the other"));
+    EXPECT_EQ(client_.wait(*question, kPatience), OpenStage::done);
+    const PictureFile file = question->takeFile();
+    ASSERT_TRUE(file.isOpen());
+    EXPECT_EQ(file.attributes(), attributesOf(path));
+    EXPECT_FALSE(question->takeFile().isOpen()) << "it was handed over";
+    EXPECT_EQ(client_.wait(kPatience), OpenStage::done);
+    EXPECT_EQ(client_.take().size(), 9u);
+
+    const auto missing = client_.ask({.task = OpenTask::open, .paths = {folder_.file("none")}});
+    EXPECT_EQ(client_.wait(*missing, kPatience), OpenStage::done);
+    EXPECT_EQ(missing->takeFile().error(), ENOENT);
+}
+
 TEST_F(OpenerQuestion, savesAFileAsAWhole)
 {
     const std::string bytes = std::string(100'000, 'a') + "end";
