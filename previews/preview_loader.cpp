@@ -27,7 +27,7 @@ struct PreviewLoader::Unstored {
     PreviewReply reply;
 };
 
-PreviewLoader::PreviewLoader(QObject* parent) : QObject(parent)
+PreviewLoader::PreviewLoader(PreviewUse use, QObject* parent) : QObject(parent), use_(use)
 {
     timer_.setSingleShot(true);
     connect(&timer_, &QTimer::timeout, this, [this] {
@@ -127,7 +127,7 @@ void PreviewLoader::takeReply()
 // Compressing a thumbnail takes longer than showing the preview, so the preview is shown first.
 void PreviewLoader::keepForStoring(PreviewReply& reply)
 {
-    if (!reply.wasDecoded) return;
+    if (!reply.wasDecoded || use_ == PreviewUse::larger) return;
     store();
     request_->plan.close();
     unstored_ = std::make_unique<Unstored>(Unstored{std::move(request_->plan), std::move(reply)});
@@ -149,9 +149,14 @@ void PreviewLoader::finish(const std::optional<QPixmap>& preview)
 
 void PreviewLoader::show(const Request& request, const std::optional<QPixmap>& preview)
 {
-    Q_EMIT previewReady(
-        request.path,
-        preview ? *preview : cuIconOfType(request.path, request.type, request.size, request.ratio));
+    if (preview) {
+        Q_EMIT previewReady(request.path, *preview, true);
+        return;
+    }
+    const QPixmap icon = use_ == PreviewUse::larger ? QPixmap()
+                                                    : cuIconOfType(request.path, request.type,
+                                                                   request.size, request.ratio);
+    Q_EMIT previewReady(request.path, icon, false);
 }
 
 }  // namespace pinorama

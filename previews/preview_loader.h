@@ -27,11 +27,18 @@ namespace pinorama {
 
 struct PreviewReply;
 
+// What a preview is loaded for.
+enum class PreviewUse {
+    shown,   // it is what the window shows of a file, so there is an icon if there is no preview
+    larger,  // a preview is shown, and this one only shows more of it: no icon stands for it, and
+             // it is not kept in the desktop's cache, since packing it would hold the window up
+};
+
 class PreviewLoader : public QObject {
     Q_OBJECT
 
 public:
-    explicit PreviewLoader(QObject* parent = nullptr);
+    explicit PreviewLoader(PreviewUse use = PreviewUse::shown, QObject* parent = nullptr);
     ~PreviewLoader() override;
 
     // Asks for the picture of a file. An earlier request that is still under way is cancelled.
@@ -55,8 +62,10 @@ public:
 
 Q_SIGNALS:
     // The picture for the last request: a preview, else the icon of the file's kind; null when
-    // memory runs out for a preview.
-    void previewReady(const std::string& path, const QPixmap& picture);
+    // memory runs out for a preview. For a larger one the icon is null, too.
+    //
+    //   isPreview  false for the icon.
+    void previewReady(const std::string& path, const QPixmap& picture, bool isPreview);
 
     // Instead of previewReady: pictures cannot be read, because the program pinorama-reader is
     // missing or cannot start.
@@ -78,6 +87,7 @@ private:
     void finish(const std::optional<QPixmap>& preview);
     void show(const Request& request, const std::optional<QPixmap>& preview);
 
+    PreviewUse use_;
     std::unique_ptr<Request> request_;  // null while nothing is asked for
     QTimer timer_;
     std::unique_ptr<Unstored> unstored_;  // null when all is stored

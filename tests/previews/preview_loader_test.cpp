@@ -38,13 +38,14 @@ protected:
     struct Arrival {
         std::string path;
         QPixmap picture;
+        bool isPreview;
     };
 
     PreviewLoader()
     {
         QObject::connect(&loader_, &pinorama::PreviewLoader::previewReady,
-                         [this](const std::string& path, const QPixmap& picture) {
-                             arrivals_.push_back({path, picture});
+                         [this](const std::string& path, const QPixmap& picture, bool isPreview) {
+                             arrivals_.push_back({path, picture, isPreview});
                          });
     }
 
@@ -86,6 +87,7 @@ TEST_F(PreviewLoader, deliversThroughTheEventLoop)
     wait();
     ASSERT_EQ(arrivals_.size(), 1u);
     EXPECT_EQ(arrivals_[0].path, path);
+    EXPECT_TRUE(arrivals_[0].isPreview);
     EXPECT_EQ(arrivals_[0].picture.size(), QSize(256, 171));
     EXPECT_EQ(arrivals_[0].picture.devicePixelRatio(), 2);
     EXPECT_TRUE(test::areNear(quartersOf(arrivals_[0].picture), kCorners));
@@ -182,6 +184,7 @@ TEST_F(PreviewLoader, deliversTheIconWithoutAPreview)
     request(folder_.file("missing.jpg"), 1.5);
     wait();
     ASSERT_EQ(arrivals_.size(), 1u);
+    EXPECT_FALSE(arrivals_[0].isPreview);
     EXPECT_EQ(arrivals_[0].picture.size(), QSize(192, 192));
 }
 
@@ -191,6 +194,38 @@ TEST_F(PreviewLoader, deliversTheIconOfAFileThatIsNoPicture)
     wait();
     ASSERT_EQ(arrivals_.size(), 1u);
     EXPECT_EQ(arrivals_[0].picture.size(), QSize(128, 128));
+}
+
+TEST_F(PreviewLoader, takesALargeThumbnailAndKeepsNoLargerPreview)
+{
+    pinorama::PreviewLoader larger(PreviewUse::larger);
+    QObject::connect(&larger, &pinorama::PreviewLoader::previewReady,
+                     [this](const std::string& path, const QPixmap& picture, bool isPreview) {
+                         arrivals_.push_back({path, picture, isPreview});
+                     });
+    const std::string path = picture();
+    const std::string cached = cachePath("x-large", "file://" + path);
+    larger.request(path, PictureFile(path), QSizeF(512, 512), 1);
+    wait();
+    settle();
+    ASSERT_EQ(arrivals_.size(), 1u);
+    EXPECT_TRUE(arrivals_[0].isPreview);
+    EXPECT_EQ(arrivals_[0].picture.size(), QSize(512, 341));
+    EXPECT_TRUE(test::areNear(quartersOf(arrivals_[0].picture), kCorners));
+    EXPECT_FALSE(std::filesystem::exists(cached));
+
+    cache("x-large", 512, "file://" + path, mtimeOf(path), Qt::cyan);
+    larger.request(path, PictureFile(path), QSizeF(512, 512), 1);
+    wait(2);
+    ASSERT_EQ(arrivals_.size(), 2u);
+    EXPECT_EQ(arrivals_[1].picture.toImage().pixelColor(100, 100), QColor(Qt::cyan));
+
+    const std::string text = folder_.write("text.jpg", "no picture");
+    larger.request(text, PictureFile(text), QSizeF(512, 512), 1);
+    wait(3);
+    ASSERT_EQ(arrivals_.size(), 3u);
+    EXPECT_FALSE(arrivals_[2].isPreview);
+    EXPECT_TRUE(arrivals_[2].picture.isNull());
 }
 
 TEST_F(PreviewLoader, passesOverAThumbnailOfAnotherFile)
