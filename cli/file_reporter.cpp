@@ -104,7 +104,8 @@ std::optional<double> finite(std::optional<double> number)
 void fillMeasures(const PictureProperties& properties, const fileInfoRecord& record,
                   FileReport* report)
 {
-    if (properties.hasGps && properties.altitude) report->altitude = finite(record.altitude);
+    // Cameras call sea level 0 metres below it; plus 0, that is 0 and not -0.
+    if (properties.hasGps && properties.altitude) report->altitude = finite(record.altitude + 0.0);
     if (properties.hasGps) report->heading = finite(properties.imageDirection);
     if (!properties.taken) return;
     report->taken = isoTime(*properties.taken, properties.takenOffset);

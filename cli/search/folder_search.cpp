@@ -87,7 +87,9 @@ FolderSearch::FolderSearch(ReportOptions options, std::shared_ptr<const SearchFi
           // Reports come in the order in which the pictures were given.
           if (nextRead_ < reading_.size()) {
               Item* item = reading_[nextRead_++];
-              item->isStored = report->error.empty();
+              // A position that is not on the Earth is none, but counts as one.
+              const bool isElsewhere = report->isLocated() && !report->position;
+              item->isStored = report->error.empty() && !isElsewhere;
               item->position = report->position;
           }
           return (*filter_)(report);

@@ -232,6 +232,19 @@ TEST_F(folderSearch, printsTheFilesOfAFolderByTheirNames)
     }
 }
 
+TEST_F(folderSearch, countsTheSameTheSecondTime)
+{
+    // With a position, although none on the Earth.
+    write("b/nowhere.jpg", test::pictureWithGps({.lat = 95, .latRef = "N", .lon = 1}));
+    for (int i = 0; i < 2; i++) {
+        const test::ProgramResult result =
+            test::runProgram({.command = {PINORAMA_INFO, "-r", "--index", index_, "--near",
+                                          "0.5,10", "--csv", tree_.path()}});
+        EXPECT_EQ(result.err.find("pinorama-info: 7 pictures, 6 with a position, 0 not read, "), 0u)
+            << result.err;
+    }
+}
+
 TEST_F(folderSearch, doesNotRememberWhatWasChangedJustNow)
 {
     (void)tree_.write("b/far.jpg", kThere);

@@ -250,6 +250,26 @@ TEST_F(pinoramaInfo, printsSignedDegreesAndTimesThatAnyProgramReads)
               std::string::npos);
 }
 
+TEST_F(pinoramaInfo, printsNoSignForSeaLevel)
+{
+    const std::string beach = folder_.write("beach.jpg", test::pictureWithGps({.lat = 26.5,
+                                                                               .latRef = "N",
+                                                                               .lon = 80.25,
+                                                                               .lonRef = "W",
+                                                                               .altitude = 0,
+                                                                               .altitudeRef = 1}));
+    const struct {
+        const char *format, *expected;
+    } rows[] = {{"csv", ",26.5,-80.25,0,"},
+                {"geojson", "[-80.25,26.5,0]"},
+                {"gpx", "<ele>0</ele>"},
+                {"kml", "<coordinates>-80.25,26.5,0</coordinates>"}};
+    for (const auto& row : rows) {
+        const std::string out = run({"--format", row.format, beach}).out;
+        EXPECT_NE(out.find(row.expected), std::string::npos) << out;
+    }
+}
+
 TEST_F(pinoramaInfo, keepsNothingOfThePreviousFile)
 {
     const std::string halfway = folder_.write(
