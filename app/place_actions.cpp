@@ -3,8 +3,10 @@
 #include "app/copy_menu.h"
 #include "app/export_notice.h"
 #include "app/foot_line.h"
+#include "app/globe_notice.h"
 #include "app/main_window.h"
 #include "app/nearby/nearby_window.h"
+#include "app/shown_text.h"
 #include "globe/fly_to.h"
 #include "globe/google_earth_connector.h"
 #include "globe/kml_file.h"
@@ -40,18 +42,7 @@ PlaceActions::PlaceActions(MainWindow& window, UrlOpener& opener, Shown shown)
 {
     connectControls();
     connectCopying();
-    connect(&globes_, &GlobePrograms::busyChanged, this, [this](bool isBusy) {
-        if (isBusy) {
-            window_.setCursor(Qt::BusyCursor);
-        } else {
-            window_.unsetCursor();
-        }
-    });
-    connect(&globes_, &GlobePrograms::failed, this, [this] {
-        footLine(window_).say(FootLine::Topic::action,
-                              //: The foot of the window
-                              tr("The globe program cannot be started."));
-    });
+    sayOfGlobes(globes_, window_);
     connect(&portal_, &PortalChooser::unavailable, this, &PlaceActions::askWithTheToolkit);
     connect(&portal_, &PortalChooser::chosen, this,
             [this](const std::string& path) { saveAsChosen(path, &window_, endsOf(export_)); });
@@ -171,8 +162,18 @@ void PlaceActions::openService(std::int32_t itemIndex)
     if (itemIndex < 0 || itemIndex >= menu->count()) return;
     const StringHolder title(cuCreateText(menu->itemText(itemIndex)));
     const StringHolder urlTemplate(appCopyServiceTemplate(title.get()));
+    if (!urlTemplate) return;
     const StringHolder url(appMakeSafeWebServiceURL(urlTemplate.get(), &shown_.info, shown_.path));
-    openURL(url.get());
+    if (url) {
+        opener_.open(cuTextUnits(url.get()).toUtf8());
+        return;
+    }
+    // The table of services is the user's to change.
+    footLine(window_).say(
+        FootLine::Topic::action,
+        //: The foot of the window. %1 is the title of a map service that the user has added
+        tr("The address of %1 has no room for latitude and longitude.")
+            .arg(shownName(menu->itemText(itemIndex), window_.fontMetrics())));
 }
 
 void PlaceActions::openCatalogue()
@@ -180,7 +181,11 @@ void PlaceActions::openCatalogue()
     const StringHolder url(appMakeCatalogueURL(&shown_.info));
     if (!url) return;
     const QByteArray address = cuTextUnits(url.get()).toUtf8();
-    opener_.isTaken(address) ? opener_.open(address) : findNearby();
+    if (opener_.isTaken(address)) {
+        opener_.open(address);
+    } else {
+        findNearby();
+    }
 }
 
 void PlaceActions::findNearby()
@@ -192,11 +197,6 @@ void PlaceActions::findNearby()
     }
     nearby_->search(pathBytes(shown_.path),
                     {signedLatitude(shown_.info), signedLongitude(shown_.info)});
-}
-
-void PlaceActions::openURL(TovStringRef url)
-{
-    if (url != nullptr) opener_.open(cuTextUnits(url).toUtf8());
 }
 
 void PlaceActions::exportKML()

@@ -92,7 +92,6 @@ private:
     void connectCopying();
     void offerServices();
     QString needOf(const QObject* button) const;
-    void openURL(TovStringRef url);
     void findNearby();
 
     MainWindow& window_;

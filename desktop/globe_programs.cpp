@@ -17,14 +17,16 @@
 #include <QStandardPaths>
 #include <QUrl>
 
-#include <chrono>
+#include <cerrno>
+#include <csignal>
+#include <utility>
 
 namespace pinorama {
 namespace {
 using namespace std::chrono_literals;
 
-constexpr auto kStartTimeout = 10s;  // until a starting globe counts as lost
-constexpr std::chrono::milliseconds kCallTimeout = 2s;
+constexpr std::chrono::milliseconds kQuestionTimeout = 2s;  // for the bus itself
+constexpr std::chrono::milliseconds kMarbleTimeout = 20s;   // it may be loading maps
 const QString kMarbleService = QStringLiteral("org.kde.marble");
 
 QString firstExecutable(std::initializer_list<const char*> names)
@@ -78,9 +80,9 @@ QString queryFileOf(const QString& executable)
         queryFileOfDriverSettings(settings.read(kMaxSettingsSize).toStdString())));
 }
 
-QDBusPendingCall callOnSessionBus(const QDBusMessage& call)
+QDBusPendingCall callOnSessionBus(const QDBusMessage& call, std::chrono::milliseconds timeout)
 {
-    return QDBusConnection::sessionBus().asyncCall(call, static_cast<int>(kCallTimeout.count()));
+    return QDBusConnection::sessionBus().asyncCall(call, static_cast<int>(timeout.count()));
 }
 
 QDBusPendingCall callMarble(const char* path, const char* interface, const char* method,
@@ -90,14 +92,19 @@ QDBusPendingCall callMarble(const char* path, const char* interface, const char*
         QDBusMessage::createMethodCall(kMarbleService, QString::fromLatin1(path),
                                        QString::fromLatin1(interface), QString::fromLatin1(method));
     message.setArguments(arguments);
-    return callOnSessionBus(message);
+    return callOnSessionBus(message, kMarbleTimeout);
+}
+
+bool isRunning(qint64 process)
+{
+    return kill(static_cast<pid_t>(process), 0) == 0 || errno != ESRCH;
 }
 }  // namespace
 
 GlobePrograms::GlobePrograms(UrlOpener& opener, QObject* parent) : QObject(parent), opener_(opener)
 {
     startTimeout_.setSingleShot(true);
-    connect(&startTimeout_, &QTimer::timeout, this, [this] { setBusy(false); });
+    connect(&startTimeout_, &QTimer::timeout, this, &GlobePrograms::giveUpWaiting);
 }
 
 GlobePrograms::~GlobePrograms() = default;
@@ -143,7 +150,7 @@ bool GlobePrograms::showInMarble(const GlobeView& view)
         QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
         QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameHasOwner"));
     call.setArguments({kMarbleService});
-    auto* watcher = new QDBusPendingCallWatcher(callOnSessionBus(call), this);
+    auto* watcher = new QDBusPendingCallWatcher(callOnSessionBus(call, kQuestionTimeout), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         const QDBusPendingReply<bool> isRunning = *watcher;
         watcher->deleteLater();
@@ -162,7 +169,13 @@ void GlobePrograms::moveMarble()
 {
     constexpr const char* kInterface = "org.kde.marble";
     // The bus delivers calls to one receiver in order, so none has to wait for a reply.
-    callMarble("/Marble", kInterface, "setCenter", {QPointF(view_.longitude, view_.latitude)});
+    auto* moved = new QDBusPendingCallWatcher(
+        callMarble("/Marble", kInterface, "setCenter", {QPointF(view_.longitude, view_.latitude)}),
+        this);
+    connect(moved, &QDBusPendingCallWatcher::finished, this, [this, moved] {
+        moved->deleteLater();
+        if (moved->isError()) Q_EMIT failed(Failure::notAnswering);
+    });
     callMarble("/Marble", kInterface, "setZoom", {marbleZoom(view_.distance)});
     callMarble("/marble/MainWindow_1", "org.qtproject.Qt.QWidget", "showNormal", {});
     callMarble("/marble/MainWindow_1", "org.qtproject.Qt.QWidget", "raise", {});
@@ -174,27 +187,43 @@ void GlobePrograms::startMarble()
     const QStringList arguments = {QStringLiteral("--latlon"),
                                    text(view_.latitude) + QLatin1Char(' ') + text(view_.longitude),
                                    QStringLiteral("--distance"), text(view_.distance / 1000.0)};
-    if (!QProcess::startDetached(marble_, arguments)) {
-        Q_EMIT failed();
+    if (!QProcess::startDetached(marble_, arguments, {}, &process_)) {
+        Q_EMIT failed(Failure::notStarted);
         return;
     }
+    isMissed_ = false;
     setBusy(true);
-    startTimeout_.start(kStartTimeout);
+    startTimeout_.start(patience_);
     if (watcher_ != nullptr || !QDBusConnection::sessionBus().isConnected()) return;
     watcher_ = new QDBusServiceWatcher(kMarbleService, QDBusConnection::sessionBus(),
                                        QDBusServiceWatcher::WatchForRegistration, this);
-    connect(watcher_, &QDBusServiceWatcher::serviceRegistered, this, [this] {
-        if (!isBusy_) return;
-        setBusy(false);
-        moveMarble();  // the user may have selected another picture while Marble started
-    });
+    connect(watcher_, &QDBusServiceWatcher::serviceRegistered, this,
+            &GlobePrograms::takeAppearance);
+}
+
+void GlobePrograms::takeAppearance()
+{
+    const bool wasMissed = std::exchange(isMissed_, false);
+    if (!isBusy_ && !wasMissed) return;
+    setBusy(false);
+    moveMarble();  // the user may have selected another picture while Marble started
+    if (wasMissed) Q_EMIT appeared();
+}
+
+// Without a session bus nobody hears of a Marble that is there; of one that has ended one does.
+void GlobePrograms::giveUpWaiting()
+{
+    setBusy(false);
+    if (!QDBusConnection::sessionBus().isConnected() && isRunning(process_)) return;
+    isMissed_ = true;
+    Q_EMIT failed(Failure::notAppeared);
 }
 
 void GlobePrograms::openDocument(const GlobeView& view)
 {
     const QString path = writeViewFile(makePlacemarkDocument(view));
     if (path.isEmpty()) {
-        Q_EMIT failed();
+        Q_EMIT failed(Failure::notWritten);
     } else {
         opener_.open(QUrl::fromLocalFile(path).toEncoded());
     }

@@ -10,6 +10,9 @@
 #include <QString>
 #include <QTimer>
 
+#include <chrono>
+#include <cstdint>
+
 class QDBusServiceWatcher;
 
 namespace pinorama {
@@ -32,11 +35,24 @@ public:
     // Whether Google Earth Pro, Marble or a program that opens KML files is installed.
     bool areInstalled() const;
 
-Q_SIGNALS:
-    // A globe program does not start, or the file for it cannot be written.
-    void failed();
+    // How long a Marble that was started has until it must be on the session bus; 10 seconds.
+    void setPatience(std::chrono::milliseconds patience) { patience_ = patience; }
 
-    // True while a globe program is starting, for 10 seconds at most.
+    enum class Failure : std::uint8_t {
+        notStarted,    // the globe program cannot be started
+        notWritten,    // the file for it cannot be written
+        notAppeared,   // Marble was started and has not appeared in that time
+        notAnswering,  // Marble is on the session bus and does not reply
+    };
+
+Q_SIGNALS:
+    // The globe does not show the view, and why.
+    void failed(GlobePrograms::Failure failure);
+
+    // A Marble of which it was said that it has not appeared has done so.
+    void appeared();
+
+    // True while Marble is starting, until its time to appear is over.
     void busyChanged(bool isBusy);
 
 private:
@@ -45,14 +61,19 @@ private:
     void moveMarble();
     void startMarble();
     void openDocument(const GlobeView& view);
+    void takeAppearance();
+    void giveUpWaiting();
     void setBusy(bool isBusy);
 
     UrlOpener& opener_;
     GlobeView view_ = {};  // the latest view, for Marble
     QString marble_;       // path of the executable; empty if it is not installed
     QDBusServiceWatcher* watcher_ = nullptr;
+    std::chrono::milliseconds patience_ = std::chrono::seconds(10);
     QTimer startTimeout_;
-    bool isBusy_ = false;
+    qint64 process_ = 0;     // of the Marble that was started last
+    bool isBusy_ = false;    // while there is patience with it
+    bool isMissed_ = false;  // it has not appeared, and that was said
 };
 
 }  // namespace pinorama

@@ -14,19 +14,23 @@ public:
     UrlOpener& operator=(const UrlOpener&) = delete;
     virtual ~UrlOpener() = default;
 
-    // Hands `url` (complete, percent-encoded, ASCII only) to its handler without a shell. Does not
-    // report whether a handler is installed or what it does with the URL.
-    virtual void open(const QByteArray& url) = 0;
+    // Hands `url` (complete, percent-encoded, ASCII only) to its handler without a shell. False if
+    // the URL is malformed or no program could be started for it; what a program that was started
+    // does with it is not known.
+    virtual bool open(const QByteArray& url) = 0;
 
     // Whether a program takes such a URL: its scheme, and of a file its type. True where that is
     // not known.
     virtual bool isTaken(const QByteArray& /*url*/) const { return true; }
 };
 
-// Asks the desktop. A malformed URL, or one without a scheme, is dropped.
+// Whether a URL is well-formed and has a scheme. Others are not opened.
+bool isWellFormed(const QByteArray& url);
+
+// Asks the desktop.
 class DesktopUrlOpener final : public UrlOpener {
 public:
-    void open(const QByteArray& url) override;
+    bool open(const QByteArray& url) override;
     bool isTaken(const QByteArray& url) const override;
 };
 

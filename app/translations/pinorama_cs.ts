@@ -597,11 +597,6 @@
 <context>
     <name>pinorama::PlaceActions</name>
     <message>
-        <source>The globe program cannot be started.</source>
-        <extracomment>The foot of the window</extracomment>
-        <translation>Program s glóbem nelze spustit.</translation>
-    </message>
-    <message>
         <source>Needs Marble, Google Earth or another program that opens KML files</source>
         <extracomment>The second line of a tool tip</extracomment>
         <translation>Vyžaduje Marble, Google Earth nebo jiný program, který otevírá soubory KML</translation>
@@ -610,6 +605,11 @@
         <source>Without Skallion, pictures nearby are looked for in the folders around this one</source>
         <extracomment>The second line of a tool tip</extracomment>
         <translation>Bez programu Skallion se snímky poblíž hledají v okolních složkách</translation>
+    </message>
+    <message>
+        <source>The address of %1 has no room for latitude and longitude.</source>
+        <extracomment>The foot of the window. %1 is the title of a map service that the user has added</extracomment>
+        <translation>V adrese %1 není místo pro zeměpisnou šířku a délku.</translation>
     </message>
 </context>
 <context>
@@ -662,6 +662,21 @@
         <extracomment>%1 is the beginning of an address, such as &quot;om&quot;</extracomment>
         <translation>Adresy, které začínají na %1:, neotevírá žádný program.</translation>
     </message>
+    <message>
+        <source>No program opens %1.</source>
+        <extracomment>The foot of the window. %1 is the name of a file, such as manual.md</extracomment>
+        <translation>%1 neotevírá žádný program.</translation>
+    </message>
+    <message>
+        <source>%1 is no valid address.</source>
+        <extracomment>The foot of the window. %1 is an address that the user has written</extracomment>
+        <translation>%1 není platná adresa.</translation>
+    </message>
+    <message>
+        <source>%1 could not be opened. Is xdg-utils installed?</source>
+        <extracomment>The foot of the window. %1 is an address; xdg-utils is the name of a package</extracomment>
+        <translation>%1 se nepodařilo otevřít. Je nainstalován balík xdg-utils?</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::StaleFields</name>
@@ -669,6 +684,29 @@
         <source>from %1</source>
         <extracomment>Of a text that belongs to an earlier picture; %1 is the name of that</extracomment>
         <translation>z %1</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::GlobeNotice</name>
+    <message>
+        <source>The globe program cannot be started.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>Náhled</translation>
+    </message>
+    <message>
+        <source>The file for the globe program cannot be written.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>Soubor pro program s glóbusem nelze zapsat.</translation>
+    </message>
+    <message>
+        <source>Marble was started, but has not appeared so far.</source>
+        <extracomment>The foot of the window. Marble is the name of a program</extracomment>
+        <translation>Marble byl spuštěn, ale zatím se neobjevil.</translation>
+    </message>
+    <message>
+        <source>Marble is running, but does not answer.</source>
+        <extracomment>The foot of the window. Marble is the name of a program</extracomment>
+        <translation>Marble běží, ale neodpovídá.</translation>
     </message>
 </context>
 </TS>

@@ -591,11 +591,6 @@
 <context>
     <name>pinorama::PlaceActions</name>
     <message>
-        <source>The globe program cannot be started.</source>
-        <extracomment>The foot of the window</extracomment>
-        <translation>No se puede iniciar el globo terráqueo.</translation>
-    </message>
-    <message>
         <source>Needs Marble, Google Earth or another program that opens KML files</source>
         <extracomment>The second line of a tool tip</extracomment>
         <translation>Necesita Marble, Google Earth u otro programa que abra archivos KML</translation>
@@ -604,6 +599,11 @@
         <source>Without Skallion, pictures nearby are looked for in the folders around this one</source>
         <extracomment>The second line of a tool tip</extracomment>
         <translation>Sin Skallion se buscan imágenes cercanas en las carpetas de alrededor</translation>
+    </message>
+    <message>
+        <source>The address of %1 has no room for latitude and longitude.</source>
+        <extracomment>The foot of the window. %1 is the title of a map service that the user has added</extracomment>
+        <translation>La dirección de %1 no tiene lugar para la latitud y la longitud.</translation>
     </message>
 </context>
 <context>
@@ -656,6 +656,21 @@
         <extracomment>%1 is the beginning of an address, such as &quot;om&quot;</extracomment>
         <translation>Ningún programa abre direcciones que empiecen por %1:.</translation>
     </message>
+    <message>
+        <source>No program opens %1.</source>
+        <extracomment>The foot of the window. %1 is the name of a file, such as manual.md</extracomment>
+        <translation>Ningún programa abre %1.</translation>
+    </message>
+    <message>
+        <source>%1 is no valid address.</source>
+        <extracomment>The foot of the window. %1 is an address that the user has written</extracomment>
+        <translation>%1 no es una dirección válida.</translation>
+    </message>
+    <message>
+        <source>%1 could not be opened. Is xdg-utils installed?</source>
+        <extracomment>The foot of the window. %1 is an address; xdg-utils is the name of a package</extracomment>
+        <translation>No se pudo abrir %1. ¿Está instalado xdg-utils?</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::StaleFields</name>
@@ -663,6 +678,29 @@
         <source>from %1</source>
         <extracomment>Of a text that belongs to an earlier picture; %1 is the name of that</extracomment>
         <translation>de %1</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::GlobeNotice</name>
+    <message>
+        <source>The globe program cannot be started.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>Vista previa</translation>
+    </message>
+    <message>
+        <source>The file for the globe program cannot be written.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>No se puede escribir el archivo para el programa de globo terráqueo.</translation>
+    </message>
+    <message>
+        <source>Marble was started, but has not appeared so far.</source>
+        <extracomment>The foot of the window. Marble is the name of a program</extracomment>
+        <translation>Se ha iniciado Marble, pero aún no ha aparecido.</translation>
+    </message>
+    <message>
+        <source>Marble is running, but does not answer.</source>
+        <extracomment>The foot of the window. Marble is the name of a program</extracomment>
+        <translation>Marble está en marcha, pero no responde.</translation>
     </message>
 </context>
 </TS>

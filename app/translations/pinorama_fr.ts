@@ -591,11 +591,6 @@
 <context>
     <name>pinorama::PlaceActions</name>
     <message>
-        <source>The globe program cannot be started.</source>
-        <extracomment>The foot of the window</extracomment>
-        <translation>Impossible de démarrer le globe virtuel.</translation>
-    </message>
-    <message>
         <source>Needs Marble, Google Earth or another program that opens KML files</source>
         <extracomment>The second line of a tool tip</extracomment>
         <translation>Nécessite Marble, Google Earth ou un autre programme qui ouvre les fichiers KML</translation>
@@ -604,6 +599,11 @@
         <source>Without Skallion, pictures nearby are looked for in the folders around this one</source>
         <extracomment>The second line of a tool tip</extracomment>
         <translation>Sans Skallion, les images proches sont cherchées dans les dossiers voisins</translation>
+    </message>
+    <message>
+        <source>The address of %1 has no room for latitude and longitude.</source>
+        <extracomment>The foot of the window. %1 is the title of a map service that the user has added</extracomment>
+        <translation>L’adresse de %1 ne prévoit pas de place pour la latitude et la longitude.</translation>
     </message>
 </context>
 <context>
@@ -656,6 +656,21 @@
         <extracomment>%1 is the beginning of an address, such as &quot;om&quot;</extracomment>
         <translation>Aucun programme n’ouvre les adresses qui commencent par %1:.</translation>
     </message>
+    <message>
+        <source>No program opens %1.</source>
+        <extracomment>The foot of the window. %1 is the name of a file, such as manual.md</extracomment>
+        <translation>Aucun programme n’ouvre %1.</translation>
+    </message>
+    <message>
+        <source>%1 is no valid address.</source>
+        <extracomment>The foot of the window. %1 is an address that the user has written</extracomment>
+        <translation>%1 n’est pas une adresse valide.</translation>
+    </message>
+    <message>
+        <source>%1 could not be opened. Is xdg-utils installed?</source>
+        <extracomment>The foot of the window. %1 is an address; xdg-utils is the name of a package</extracomment>
+        <translation>%1 n’a pas pu être ouvert. xdg-utils est-il installé ?</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::StaleFields</name>
@@ -663,6 +678,29 @@
         <source>from %1</source>
         <extracomment>Of a text that belongs to an earlier picture; %1 is the name of that</extracomment>
         <translation>de %1</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::GlobeNotice</name>
+    <message>
+        <source>The globe program cannot be started.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>Aperçu</translation>
+    </message>
+    <message>
+        <source>The file for the globe program cannot be written.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>Le fichier destiné au programme de globe ne peut pas être écrit.</translation>
+    </message>
+    <message>
+        <source>Marble was started, but has not appeared so far.</source>
+        <extracomment>The foot of the window. Marble is the name of a program</extracomment>
+        <translation>Marble a été lancé, mais n’est pas encore apparu.</translation>
+    </message>
+    <message>
+        <source>Marble is running, but does not answer.</source>
+        <extracomment>The foot of the window. Marble is the name of a program</extracomment>
+        <translation>Marble est lancé, mais ne répond pas.</translation>
     </message>
 </context>
 </TS>

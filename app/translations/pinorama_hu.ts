@@ -585,11 +585,6 @@
 <context>
     <name>pinorama::PlaceActions</name>
     <message>
-        <source>The globe program cannot be started.</source>
-        <extracomment>The foot of the window</extracomment>
-        <translation>A földgömbprogram nem indítható el.</translation>
-    </message>
-    <message>
         <source>Needs Marble, Google Earth or another program that opens KML files</source>
         <extracomment>The second line of a tool tip</extracomment>
         <translation>A Marble, a Google Earth vagy más, KML-fájlokat megnyitó program kell hozzá</translation>
@@ -598,6 +593,11 @@
         <source>Without Skallion, pictures nearby are looked for in the folders around this one</source>
         <extracomment>The second line of a tool tip</extracomment>
         <translation>Skallion nélkül a közeli képeket a környező mappákban keresi</translation>
+    </message>
+    <message>
+        <source>The address of %1 has no room for latitude and longitude.</source>
+        <extracomment>The foot of the window. %1 is the title of a map service that the user has added</extracomment>
+        <translation>%1 címében nincs helye a szélességnek és a hosszúságnak.</translation>
     </message>
 </context>
 <context>
@@ -650,6 +650,21 @@
         <extracomment>%1 is the beginning of an address, such as &quot;om&quot;</extracomment>
         <translation>Egy program sem nyitja meg az így kezdődő címeket: %1:.</translation>
     </message>
+    <message>
+        <source>No program opens %1.</source>
+        <extracomment>The foot of the window. %1 is the name of a file, such as manual.md</extracomment>
+        <translation>Egyetlen program sem nyitja meg ezt: %1.</translation>
+    </message>
+    <message>
+        <source>%1 is no valid address.</source>
+        <extracomment>The foot of the window. %1 is an address that the user has written</extracomment>
+        <translation>%1: érvénytelen cím.</translation>
+    </message>
+    <message>
+        <source>%1 could not be opened. Is xdg-utils installed?</source>
+        <extracomment>The foot of the window. %1 is an address; xdg-utils is the name of a package</extracomment>
+        <translation>%1 nem nyitható meg. Telepítve van az xdg-utils?</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::StaleFields</name>
@@ -657,6 +672,29 @@
         <source>from %1</source>
         <extracomment>Of a text that belongs to an earlier picture; %1 is the name of that</extracomment>
         <translation>innen: %1</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::GlobeNotice</name>
+    <message>
+        <source>The globe program cannot be started.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>Előnézet</translation>
+    </message>
+    <message>
+        <source>The file for the globe program cannot be written.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>A földgömbprogramnak szánt fájl nem írható.</translation>
+    </message>
+    <message>
+        <source>Marble was started, but has not appeared so far.</source>
+        <extracomment>The foot of the window. Marble is the name of a program</extracomment>
+        <translation>A Marble elindult, de eddig nem jelent meg.</translation>
+    </message>
+    <message>
+        <source>Marble is running, but does not answer.</source>
+        <extracomment>The foot of the window. Marble is the name of a program</extracomment>
+        <translation>A Marble fut, de nem válaszol.</translation>
     </message>
 </context>
 </TS>

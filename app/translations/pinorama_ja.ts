@@ -585,11 +585,6 @@
 <context>
     <name>pinorama::PlaceActions</name>
     <message>
-        <source>The globe program cannot be started.</source>
-        <extracomment>The foot of the window</extracomment>
-        <translation>地球儀ソフトを起動できません。</translation>
-    </message>
-    <message>
         <source>Needs Marble, Google Earth or another program that opens KML files</source>
         <extracomment>The second line of a tool tip</extracomment>
         <translation>Marble、Google Earth など、KML ファイルを開くプログラムが必要です</translation>
@@ -598,6 +593,11 @@
         <source>Without Skallion, pictures nearby are looked for in the folders around this one</source>
         <extracomment>The second line of a tool tip</extracomment>
         <translation>Skallion がない場合は、近くで撮影された画像を周りのフォルダーから探します</translation>
+    </message>
+    <message>
+        <source>The address of %1 has no room for latitude and longitude.</source>
+        <extracomment>The foot of the window. %1 is the title of a map service that the user has added</extracomment>
+        <translation>%1 のアドレスには緯度と経度を入れる場所がありません。</translation>
     </message>
 </context>
 <context>
@@ -650,6 +650,21 @@
         <extracomment>%1 is the beginning of an address, such as &quot;om&quot;</extracomment>
         <translation>%1: で始まるアドレスを開くプログラムがありません。</translation>
     </message>
+    <message>
+        <source>No program opens %1.</source>
+        <extracomment>The foot of the window. %1 is the name of a file, such as manual.md</extracomment>
+        <translation>%1 を開くプログラムがありません。</translation>
+    </message>
+    <message>
+        <source>%1 is no valid address.</source>
+        <extracomment>The foot of the window. %1 is an address that the user has written</extracomment>
+        <translation>%1 は有効なアドレスではありません。</translation>
+    </message>
+    <message>
+        <source>%1 could not be opened. Is xdg-utils installed?</source>
+        <extracomment>The foot of the window. %1 is an address; xdg-utils is the name of a package</extracomment>
+        <translation>%1 を開けませんでした。xdg-utils はインストールされていますか？</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::StaleFields</name>
@@ -657,6 +672,29 @@
         <source>from %1</source>
         <extracomment>Of a text that belongs to an earlier picture; %1 is the name of that</extracomment>
         <translation>%1 より</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::GlobeNotice</name>
+    <message>
+        <source>The globe program cannot be started.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>プレビュー</translation>
+    </message>
+    <message>
+        <source>The file for the globe program cannot be written.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>地球儀プログラム用のファイルを書き込めません。</translation>
+    </message>
+    <message>
+        <source>Marble was started, but has not appeared so far.</source>
+        <extracomment>The foot of the window. Marble is the name of a program</extracomment>
+        <translation>Marble を起動しましたが、まだ表示されていません。</translation>
+    </message>
+    <message>
+        <source>Marble is running, but does not answer.</source>
+        <extracomment>The foot of the window. Marble is the name of a program</extracomment>
+        <translation>Marble は実行中ですが、応答しません。</translation>
     </message>
 </context>
 </TS>

@@ -585,11 +585,6 @@
 <context>
     <name>pinorama::PlaceActions</name>
     <message>
-        <source>The globe program cannot be started.</source>
-        <extracomment>The foot of the window</extracomment>
-        <translation>지구본 프로그램을 시작할 수 없습니다.</translation>
-    </message>
-    <message>
         <source>Needs Marble, Google Earth or another program that opens KML files</source>
         <extracomment>The second line of a tool tip</extracomment>
         <translation>Marble, Google Earth 등 KML 파일을 여는 프로그램이 필요합니다</translation>
@@ -598,6 +593,11 @@
         <source>Without Skallion, pictures nearby are looked for in the folders around this one</source>
         <extracomment>The second line of a tool tip</extracomment>
         <translation>Skallion이 없으면 주변 폴더에서 근처 사진을 찾습니다</translation>
+    </message>
+    <message>
+        <source>The address of %1 has no room for latitude and longitude.</source>
+        <extracomment>The foot of the window. %1 is the title of a map service that the user has added</extracomment>
+        <translation>%1의 주소에 위도와 경도가 들어갈 자리가 없습니다.</translation>
     </message>
 </context>
 <context>
@@ -650,6 +650,21 @@
         <extracomment>%1 is the beginning of an address, such as &quot;om&quot;</extracomment>
         <translation>%1: 형식으로 시작하는 주소를 여는 프로그램이 없습니다.</translation>
     </message>
+    <message>
+        <source>No program opens %1.</source>
+        <extracomment>The foot of the window. %1 is the name of a file, such as manual.md</extracomment>
+        <translation>%1을(를) 여는 프로그램이 없습니다.</translation>
+    </message>
+    <message>
+        <source>%1 is no valid address.</source>
+        <extracomment>The foot of the window. %1 is an address that the user has written</extracomment>
+        <translation>%1은(는) 올바른 주소가 아닙니다.</translation>
+    </message>
+    <message>
+        <source>%1 could not be opened. Is xdg-utils installed?</source>
+        <extracomment>The foot of the window. %1 is an address; xdg-utils is the name of a package</extracomment>
+        <translation>%1을(를) 열 수 없었습니다. xdg-utils가 설치되어 있습니까?</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::StaleFields</name>
@@ -657,6 +672,29 @@
         <source>from %1</source>
         <extracomment>Of a text that belongs to an earlier picture; %1 is the name of that</extracomment>
         <translation>%1에서</translation>
+    </message>
+</context>
+<context>
+    <name>pinorama::GlobeNotice</name>
+    <message>
+        <source>The globe program cannot be started.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>미리 보기</translation>
+    </message>
+    <message>
+        <source>The file for the globe program cannot be written.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>지구본 프로그램에 줄 파일을 쓸 수 없습니다.</translation>
+    </message>
+    <message>
+        <source>Marble was started, but has not appeared so far.</source>
+        <extracomment>The foot of the window. Marble is the name of a program</extracomment>
+        <translation>Marble을 시작했지만 아직 나타나지 않았습니다.</translation>
+    </message>
+    <message>
+        <source>Marble is running, but does not answer.</source>
+        <extracomment>The foot of the window. Marble is the name of a program</extracomment>
+        <translation>Marble이 실행 중이지만 응답하지 않습니다.</translation>
     </message>
 </context>
 </TS>

@@ -90,7 +90,7 @@ double longestPauseAtRest()
 
 class Nobody final : public UrlOpener {
 public:
-    void open(const QByteArray&) override {}
+    bool open(const QByteArray&) override { return false; }
     bool isTaken(const QByteArray&) const override { return false; }
 };
 

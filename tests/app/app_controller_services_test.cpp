@@ -1,5 +1,6 @@
 // What the controls of a location do.
 
+#include "app/foot_line.h"
 #include "tests/app/controller_fixture.h"
 
 #include <QAction>
@@ -50,6 +51,23 @@ protected:
     std::optional<AppController> controller_;
 };
 }  // namespace
+
+TEST_F(setupWebMenu, saysOfAServiceWithoutRoomForAPlaceThatItHasNone)
+{
+    useServices(
+        "\"a1\" = \"My map\"; \"b1\" = \"https://map.example/\";"
+        "\"a2\" = \"Other\"; \"b2\" = \"https://map.example/%f,%f\";");
+    controller_->webMenuHit(0);
+    EXPECT_EQ(controller_->myWindow->findChild<FootLine*>(), nullptr) << "the title does nothing";
+    controller_->webMenuHit(1);
+    const auto* line = controller_->myWindow->findChild<FootLine*>();
+    ASSERT_NE(line, nullptr);
+    EXPECT_EQ(line->words().toStdString(),
+              "The address of My map has no room for latitude and longitude.");
+    EXPECT_EQ(opener_.addresses, std::vector<std::string>());
+    controller_->webMenuHit(2);
+    EXPECT_EQ(opener_.addresses.size(), 1u);
+}
 
 TEST_F(setupWebMenu, addsTheServicesBehindTheTitleUpToTheFirstGap)
 {

@@ -46,7 +46,13 @@ public:
 
 class RecordingOpener final : public pinorama::UrlOpener {
 public:
-    void open(const QByteArray& address) override { addresses.push_back(address.toStdString()); }
+    bool open(const QByteArray& address) override
+    {
+        addresses.push_back(address.toStdString());
+        return opens;
+    }
+
+    bool opens = true;  // whether the desktop has a program that starts
 
     // Beginnings of addresses and endings of files that no program takes.
     std::vector<std::string> untaken;

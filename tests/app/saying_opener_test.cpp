@@ -81,6 +81,27 @@ TEST_F(SayingOpenerTest, saysWhatIsMissingAndOpensNothing)
     EXPECT_EQ(words(), "") << "gone with the next picture";
 }
 
+TEST_F(SayingOpenerTest, saysThatTheDesktopCouldNotOpenIt)
+{
+    opener.opens = false;
+    SayingOpener saying(*controller.myWindow, opener);
+    EXPECT_FALSE(saying.open("https://a.example/"));
+    EXPECT_EQ(words(), "https://a.example/ could not be opened. Is xdg-utils installed?");
+    opener.opens = true;
+    EXPECT_TRUE(saying.open("https://a.example/"));
+    EXPECT_EQ(opener.addresses.size(), 2u);
+}
+
+TEST_F(SayingOpenerTest, doesNotHandOnAMalformedAddressAndSaysSo)
+{
+    SayingOpener saying(*controller.myWindow, opener);
+    for (const char* url : {"https://a.example/%zz", "a.example/x"}) {
+        EXPECT_FALSE(saying.open(url));
+        EXPECT_EQ(words(), std::string(url) + " is no valid address.");
+    }
+    EXPECT_EQ(opener.addresses, std::vector<std::string>());
+}
+
 TEST_F(SayingOpenerTest, aGlobeThatIsNotThere)
 {
     const test::ScopedVariable path("PATH", folder.path().c_str());

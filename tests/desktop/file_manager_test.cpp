@@ -21,7 +21,11 @@ const QString kService = QStringLiteral("org.freedesktop.FileManager1");
 
 class RecordingOpener final : public UrlOpener {
 public:
-    void open(const QByteArray& url) override { urls.push_back(url.toStdString()); }
+    bool open(const QByteArray& url) override
+    {
+        urls.push_back(url.toStdString());
+        return true;
+    }
     std::vector<std::string> urls;
 };
 

@@ -23,11 +23,17 @@
 using namespace pinorama;
 
 namespace {
+using Failure = GlobePrograms::Failure;
+
 const GlobeView kView = {-33.9, 18.4, 271.25, 30.0, 2000.0};
 
 class RecordingOpener final : public UrlOpener {
 public:
-    void open(const QByteArray& url) override { urls.push_back(url.toStdString()); }
+    bool open(const QByteArray& url) override
+    {
+        urls.push_back(url.toStdString());
+        return true;
+    }
     bool isTaken(const QByteArray& /*url*/) const override { return opensKml; }
     std::vector<std::string> urls;
     bool opensKml = true;
@@ -36,7 +42,7 @@ public:
 // Replies on the bus as a running Marble does, and records the calls.
 class FakeMarble : public QDBusVirtualObject {
 public:
-    explicit FakeMarble() : bus_(QDBusConnection::sessionBus())
+    explicit FakeMarble(bool isAble = true) : bus_(QDBusConnection::sessionBus()), isAble_(isAble)
     {
         bus_.registerVirtualObject(QStringLiteral("/"), this, QDBusConnection::SubPath);
         bus_.registerService(QStringLiteral("org.kde.marble"));
@@ -60,13 +66,15 @@ public:
         } else {
             calls.push_back(message.path().toStdString() + " " + member);
         }
-        connection.send(message.createReply());
+        connection.send(isAble_ ? message.createReply()
+                                : message.createErrorReply(QDBusError::NoReply, QString()));
         return true;
     }
     std::vector<std::string> calls;
 
 private:
     QDBusConnection bus_;
+    bool isAble_;
 };
 
 // The only folder of the search path, with fake programs that record their arguments.
@@ -84,6 +92,18 @@ protected:
                       folder_.file("started.part") + "'\n/bin/mv '" + folder_.file("started.part") +
                       "' '" + folder_.file("started") + "'\n");
         chmod(script.c_str(), 0755);
+    }
+    // Shows a view and waits for what becomes of it.
+    std::vector<Failure> failuresOf(GlobePrograms& programs)
+    {
+        std::vector<Failure> failures;
+        const auto connection =
+            QObject::connect(&programs, &GlobePrograms::failed,
+                             [&](Failure failure) { failures.push_back(failure); });
+        programs.show(kView);
+        EXPECT_TRUE(test::waitUntil([&] { return !failures.empty(); }));
+        QObject::disconnect(connection);
+        return failures;
     }
     std::string startedWith()
     {
@@ -163,12 +183,8 @@ TEST_F(GlobeProgramsTest, opensNothingAndSaysSoIfTheDocumentCannotBeWritten)
 {
     folder_.write("pinorama", "a file where the folder should be");
     GlobePrograms programs(opener_);
-    int failures = 0;
-    QObject::connect(&programs, &GlobePrograms::failed, [&] { ++failures; });
-    programs.show(kView);
-    EXPECT_TRUE(test::waitUntil([&] { return failures > 0; }));
+    EXPECT_EQ(failuresOf(programs), std::vector{Failure::notWritten});
     EXPECT_TRUE(opener_.urls.empty());
-    EXPECT_EQ(failures, 1);
 }
 
 TEST_F(GlobeProgramsTest, saysThatMarbleDoesNotStart)
@@ -179,10 +195,34 @@ TEST_F(GlobeProgramsTest, saysThatMarbleDoesNotStart)
                                               "ELF no program",
                                               15));
     GlobePrograms programs(opener_);
-    int failures = 0;
-    QObject::connect(&programs, &GlobePrograms::failed, [&] { ++failures; });
-    programs.show(kView);
-    EXPECT_TRUE(test::waitUntil([&] { return failures > 0; }));
+    EXPECT_EQ(failuresOf(programs), std::vector{Failure::notStarted});
+}
+
+TEST_F(GlobeProgramsTest, saysThatMarbleHasNotAppeared)
+{
+    install("marble-qt");  // it starts, and never comes to the bus
+    GlobePrograms programs(opener_);
+    programs.setPatience(std::chrono::milliseconds(0));
+    std::vector<bool> busy;
+    int appearances = 0;
+    QObject::connect(&programs, &GlobePrograms::busyChanged,
+                     [&](bool isBusy) { busy.push_back(isBusy); });
+    QObject::connect(&programs, &GlobePrograms::appeared, [&] { ++appearances; });
+    EXPECT_EQ(failuresOf(programs), std::vector{Failure::notAppeared});
+    EXPECT_EQ(busy, (std::vector<bool>{true, false}));
+    EXPECT_EQ(appearances, 0);
+
+    FakeMarble marble;  // late, and still welcome
+    ASSERT_TRUE(test::waitUntil([&] { return marble.calls.size() >= 4; }));
+    EXPECT_EQ(marble.calls[0], "setCenter 18.400000 -33.900000");
+    EXPECT_EQ(appearances, 1);
+}
+
+TEST_F(GlobeProgramsTest, saysThatARunningMarbleDoesNotAnswer)
+{
+    FakeMarble marble(false);
+    GlobePrograms programs(opener_);
+    EXPECT_EQ(failuresOf(programs), std::vector{Failure::notAnswering});
 }
 
 TEST_F(GlobeProgramsTest, knowsWhetherThereIsAny)

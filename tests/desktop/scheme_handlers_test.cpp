@@ -109,12 +109,43 @@ TEST_F(hasSchemeHandler, saysWhichFilesTheOpenerTakes)
     write("system/applications/mimeinfo.cache",
           "[MIME Cache]\napplication/xml=editor.desktop;\ntext/plain=editor.desktop;\n");
     EXPECT_FALSE(opener.isTaken("file:///tmp/place.kml")) << "an editor is no globe";
-    EXPECT_TRUE(opener.isTaken("file:///tmp/manual.md")) << "not known";
+    EXPECT_TRUE(opener.isTaken("file:///tmp/manual.md")) << "a text";
     install("system/applications/catalogue.desktop");
     write("config/mimeapps.list",
           "[Default Applications]\napplication/vnd.google-earth.kml+xml=catalogue.desktop\n");
     EXPECT_TRUE(opener.isTaken("file:///tmp/place.kml"));
     EXPECT_TRUE(opener.isTaken("file:///tmp/PLACE.KML"));
+}
+
+TEST_F(hasSchemeHandler, knowsThatNothingOpensTheManual)
+{
+    const test::ScopedVariable path("PATH", folder_.path().c_str());
+    const test::ScopedVariable browser("BROWSER", nullptr);
+    const DesktopUrlOpener opener;
+    const char* const manual = "file:///usr/share/doc/pinorama/manual.md";
+    EXPECT_FALSE(opener.isTaken(manual));
+    EXPECT_TRUE(opener.isTaken("file:///tmp/")) << "not known";
+    {
+        const test::ScopedVariable mine("BROWSER", "w3m");
+        EXPECT_TRUE(opener.isTaken(manual));
+    }
+    install("system/applications/viewer.desktop");
+    for (const char* type : {"text/markdown", "text/plain"}) {
+        write("system/applications/mimeinfo.cache",
+              "[MIME Cache]\n" + std::string(type) + "=viewer.desktop;\n");
+        EXPECT_TRUE(opener.isTaken(manual)) << type;
+    }
+}
+
+TEST_F(hasSchemeHandler, opensNothingMalformed)
+{
+    DesktopUrlOpener opener;
+    for (const char* url : {"", "no address", "https://x.example/%zz", "/tmp/a.kml"}) {
+        EXPECT_FALSE(isWellFormed(url)) << url;
+        EXPECT_FALSE(opener.open(url)) << url;
+    }
+    EXPECT_TRUE(isWellFormed("skallion://find/gps/&lat=48.100000&long=-11.500000&distance=2000m"));
+    EXPECT_TRUE(isWellFormed("file:///home/a%20b/%FF.jpg"));
 }
 
 TEST_F(hasSchemeHandler, knowsTheBrowsersThatNobodyHasRegistered)

@@ -118,7 +118,11 @@ protected:
 
 class FoundNothing final : public UrlOpener {
 public:
-    void open(const QByteArray& address) override { addresses.push_back(address.toStdString()); }
+    bool open(const QByteArray& address) override
+    {
+        addresses.push_back(address.toStdString());
+        return true;
+    }
     bool isTaken(const QByteArray&) const override { return false; }
 
     std::vector<std::string> addresses;

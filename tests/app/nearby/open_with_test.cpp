@@ -56,7 +56,11 @@ private:
 
 class NoOpener : public UrlOpener {
 public:
-    void open(const QByteArray&) override { calls++; }
+    bool open(const QByteArray&) override
+    {
+        calls++;
+        return true;
+    }
 
     int calls = 0;
 };
