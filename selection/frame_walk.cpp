@@ -20,12 +20,27 @@ constexpr std::size_t kMaxButtons = 64;  // in one row
 struct Node {
     Accessible object;
     std::vector<Accessible> ancestors = {};  // from the frame down to its parent
+    Accessible tab = {};                     // the innermost of them that is a tab, or null
     int depth = 0;
     bool isUnderStatusBar = false;
     Role container = Role::frame;  // its parent
     Role role = Role::filler;
     States states = 0;
 };
+
+// An object, and the innermost tab in which it is.
+struct InTab {
+    Accessible object;
+    Accessible tab;
+};
+
+// The first of these objects that is in a tab; null if none is, and without a tab.
+Accessible firstIn(const Accessible& tab, const std::vector<InTab>& objects)
+{
+    const auto found = std::find_if(objects.begin(), objects.end(),
+                                    [&](const InTab& each) { return each.tab == tab; });
+    return tab.isNull() || found == objects.end() ? Accessible{} : found->object;
+}
 
 // Roles that contain neither files nor anything that shows the folder.
 bool isSkipped(Role role)
@@ -100,6 +115,10 @@ public:
             }
             level = std::move(next);
         }
+        for (View& view : candidates_) {
+            view.location = firstIn(view.tab, locations_);
+            view.statusBar = firstIn(view.tab, statusBars_);
+        }
         layout_.views = chooseViews(std::move(candidates_));
         co_return std::move(layout_);
     }
@@ -122,6 +141,8 @@ private:
                 if (objectCount_++ >= kMaxObjects) break;
                 nodes.push_back({.object = child,
                                  .ancestors = containers[i].ancestors,
+                                 .tab = containers[i].role == Role::pageTab ? containers[i].object
+                                                                            : containers[i].tab,
                                  .depth = containers[i].depth + 1,
                                  .isUnderStatusBar = containers[i].isUnderStatusBar,
                                  .container = containers[i].role});
@@ -164,12 +185,16 @@ private:
             has(node.states, isGtk4Object(node.object) ? State::visible : State::showing);
         if (!isSeen || isSkipped(node.role) || isButton(node.role)) co_return std::nullopt;
         switch (node.role) {
-        case Role::text: layout_.locations.push_back(node.object); co_return std::nullopt;
+        case Role::text:
+            layout_.locations.push_back(node.object);
+            locations_.push_back({node.object, node.tab});
+            co_return std::nullopt;
         case Role::label:
             if (node.isUnderStatusBar) layout_.statusTexts.push_back(node.object);
             co_return std::nullopt;
         case Role::statusBar:
             layout_.statusTexts.push_back(node.object);
+            statusBars_.push_back({node.object, node.tab});
             node.isUnderStatusBar = true;
             break;
         default: break;
@@ -194,6 +219,7 @@ private:
         if (!size || (mustBeEmpty && numberIn(replies[0]) != 0U)) co_return {};
         View view = {.object = node.object, .size = *size, .depth = node.depth};
         view.ancestors = node.ancestors;
+        view.tab = node.tab;
         view.focusIndicators = {objectIn(replies[1]).value_or(node.object)};
         candidates_.push_back(std::move(view));
         co_return {};
@@ -213,6 +239,7 @@ private:
         };
         View view = {.object = node.object, .size = *size, .depth = node.depth};
         view.ancestors = node.ancestors;
+        view.tab = node.tab;
         view.focusIndicators = {node.object, node.ancestors.back()};
         if (node.ancestors.size() > 1)
             view.focusIndicators.push_back(node.ancestors[node.ancestors.size() - 2]);
@@ -251,6 +278,8 @@ private:
     ManagerWindow& window_;
     FrameLayout layout_;
     std::vector<View> candidates_;
+    std::vector<InTab> locations_;
+    std::vector<InTab> statusBars_;
     std::size_t objectCount_ = 0;
 };
 }  // namespace

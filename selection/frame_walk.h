@@ -36,6 +36,9 @@ struct View {
     // The view, its nearest ancestors or its contents: if the view has the focus, one of them
     // reports it.
     std::vector<Accessible> focusIndicators = {};
+    Accessible tab = {};        // the innermost tab in which it is, or null
+    Accessible location = {};   // the location entry in that tab, or null
+    Accessible statusBar = {};  // the status bar in that tab, or null
 };
 
 // A button in a row that may be a path bar.

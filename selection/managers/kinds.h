@@ -14,5 +14,6 @@ extern const FileManagerKind kThunar;
 extern const FileManagerKind kPCManFM;
 extern const FileManagerKind kPCManFMQt;
 extern const FileManagerKind kDolphin;
+extern const FileManagerKind kSpaceFM;
 
 }  // namespace pinorama

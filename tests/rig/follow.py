@@ -33,7 +33,8 @@ class Follow:
             self.write(os.path.join(self.other, name), 40.5 + number, 20.5 + number)
         self.process = None
         self.window = None
-        self.settledView = manager.firstView  # where settings choose the view
+        self.settledView = None  # where settings choose the view
+        self.settleView(manager.firstView)
 
     def write(self, path, latitude, longitude):
         writePicture(path, latitude, longitude)
@@ -67,16 +68,22 @@ class Follow:
         self.process.kill()
         self.process.wait()
 
+    def settleView(self, view):
+        """Where settings choose the view, writes them for the next start."""
+        settings = self.manager.viewSettings.get(view)
+        if not settings:
+            return
+        path = os.path.join(self.session.home, self.manager.settingsFile)
+        os.makedirs(os.path.dirname(path), exist_ok=True)
+        with open(path, "w", encoding="utf-8") as file:
+            file.write(settings)
+        self.settledView = view
+
     def switchView(self, view):
         keys, self.step = self.manager.views[view]
-        settings = self.manager.viewSettings.get(view)
-        if settings and view != self.settledView:
+        if view in self.manager.viewSettings and view != self.settledView:
             self.kill()
-            path = os.path.join(self.session.home, self.manager.settingsFile)
-            os.makedirs(os.path.dirname(path), exist_ok=True)
-            with open(path, "w", encoding="utf-8") as file:
-                file.write(settings)
-            self.settledView = view
+            self.settleView(view)
             self.window = self.open()
         self.desktop.clickEmptySpace(self.window)
         self.desktop.keys(*keys)

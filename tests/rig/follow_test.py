@@ -150,9 +150,9 @@ def tabs(follow):
         follow.desktop.keys("Return")
         time.sleep(1)
         follow.selectNamed(follow.window, follow.other, b"c.jpg", 3)
-        follow.desktop.keys("ctrl+Prior")
+        follow.desktop.keys(follow.manager.toTabs[0])
         follow.expectPath(os.path.join(follow.pictures, b"c.jpg"))
-        follow.desktop.keys("ctrl+Next")
+        follow.desktop.keys(follow.manager.toTabs[1])
         follow.expectPath(os.path.join(follow.other, b"c.jpg"))
     finally:
         follow.desktop.keys("ctrl+w")
@@ -164,6 +164,8 @@ def panes(follow):
     """A split window: the pane with the focus counts."""
     if not follow.manager.split:
         raise Skip("no split windows")
+    if follow.manager.splitView:
+        follow.switchView(follow.manager.splitView)
     follow.selectNamed(follow.window, follow.pictures, b"c.jpg")
     width, _ = follow.desktop.sizeOf(follow.window)
     follow.desktop.keys(follow.manager.split)
@@ -184,6 +186,7 @@ def panes(follow):
     finally:
         follow.desktop.keys(follow.manager.split)
         time.sleep(0.8)
+        follow.switchView(follow.manager.firstView)
 
 
 @cases.add

@@ -1,4 +1,4 @@
-"""The seven file managers: how each is started and which keys do what in it."""
+"""The file managers that are followed: how each is started and which keys do what in it."""
 
 import re
 import subprocess
@@ -24,7 +24,9 @@ class Manager:
     viewSettings: dict = field(default_factory=dict)  # view without keys -> its line in settingsFile
     settingsFile: str = ""         # below the home folder; read at the start
     split: str = ""                # key that opens and closes a second pane; "" for none
+    splitView: str = ""            # view in which a second pane is opened; "" for the first one
     newTab: tuple = ("ctrl+t",)    # keys that open a tab and switch to it
+    toTabs: tuple = ("ctrl+Prior", "ctrl+Next")  # keys that switch to the first and to the second tab
     extra: dict = field(default_factory=dict)  # environment
     expand: str = ""               # key that opens a folder within the list view; "" for none
     tellsFolders: bool = True      # whether the items of such a folder can be told from the others
@@ -45,6 +47,14 @@ class Manager:
 
 ICONS = "Right"
 LIST = "Down"
+
+
+def spaceFMSession(view):
+    """The settings with which SpaceFM begins with that view in both panels."""
+    lines = [f"panel{panel}_list_{each}-b={1 if each == view else 2}\n"
+             for panel in (1, 2) for each in ("detailed", "icons", "compact")]
+    return "[MOD]\n" + "".join(lines)
+
 
 MANAGERS = [
     Manager("nautilus", ["nautilus", "--new-window"], "nautilus",
@@ -81,6 +91,14 @@ MANAGERS = [
                    "list": (["ctrl+3"], LIST)},
             split="F3", expand="Right", searches=True, tellsFolders=False, trash="trash:/",
             remote="webdav"),
+    Manager("spacefm", ["spacefm", "-n", "-w"], "spacefm",
+            views={"icons": ([], ICONS), "compact": ([], LIST), "list": ([], LIST)},
+            viewSettings={"icons": spaceFMSession("icons"), "compact": spaceFMSession("compact"),
+                          "list": spaceFMSession("detailed")},
+            settingsFile=".config/spacefm/session", split="ctrl+2",
+            splitView="list",  # the second panel shows the root, where many items are links
+            newTab=("ctrl+t", "Home", "Return"),  # a new tab shows the home folder
+            toTabs=("alt+1", "alt+2"), hidesMalformed=(1,), extra={"GTK_MODULES": "gail:atk-bridge"}),
 ]
 
 

@@ -6,10 +6,10 @@
 
 using namespace pinorama;
 
-TEST(fileManagerKind, knowsTheSevenFileManagersOnly)
+TEST(fileManagerKind, knowsThoseThatAreFollowedOnly)
 {
     for (const char* process : {"nautilus", "nemo", "nemo-desktop", "caja", "thunar", "Thunar",
-                                "pcmanfm", "pcmanfm-qt", "dolphin"}) {
+                                "pcmanfm", "pcmanfm-qt", "dolphin", "spacefm"}) {
         SCOPED_TRACE(process);
         EXPECT_NE(fileManagerKind(process), nullptr);
     }
