@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QImage>
+
 #include <algorithm>
 #include <filesystem>
 #include <regex>
@@ -232,6 +234,26 @@ TEST(screenshots, haveTheSizeThatTheMetainfoDeclares)
         EXPECT_EQ(sizeOfPng("docs/pictures/" + name),
                   std::pair(std::stoi(match[1]), std::stoi(match[2])));
     }
+}
+
+TEST(screenshots, showTheWindowWithTheShadowOfItsFrame)
+{
+    int count = 0;
+    for (const auto& file :
+         std::filesystem::directory_iterator(PINORAMA_SOURCE_FOLDER "/docs/pictures")) {
+        SCOPED_TRACE(file.path().filename());
+        const QImage picture(QString::fromStdString(file.path().string()));
+        ASSERT_FALSE(picture.isNull());
+        EXPECT_EQ(qAlpha(picture.pixel(0, 0)), 0);
+        const int middle = picture.height() / 2;
+        int left = 0;
+        while (left < picture.width() && qAlpha(picture.pixel(left, middle)) < 255) ++left;
+        ASSERT_GT(left, 0) << "the window begins at the edge";
+        ASSERT_LT(left, picture.width()) << "there is no window";
+        EXPECT_GT(qAlpha(picture.pixel(left - 1, middle)), 0) << "it has no shadow";
+        ++count;
+    }
+    EXPECT_GE(count, 3);
 }
 
 TEST(documents, stateTheRightNumbers)
