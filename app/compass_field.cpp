@@ -1,5 +1,7 @@
 #include "app/compass_field.h"
 
+#include "app/leading_edge.h"
+
 #include <QEvent>
 #include <QPainter>
 #include <QPolygonF>
@@ -12,9 +14,8 @@ constexpr int kGap = 4;  // points between the arrow and the words
 CompassField::CompassField(QWidget* parent) : QLabel(parent)
 {
     setTextFormat(Qt::PlainText);
-    setAlignment(Qt::AlignLeading | Qt::AlignTop);
     setIndent(0);
-    setContentsMargins(arrowSize() + kGap, 0, 0, 0);
+    placeWords();
 }
 
 void CompassField::setDirection(double degrees, const QString& words)
@@ -43,8 +44,9 @@ QSize CompassField::minimumSizeHint() const
 void CompassField::changeEvent(QEvent* event)
 {
     QLabel::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
-        setContentsMargins(arrowSize() + kGap, 0, 0, 0);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange ||
+        event->type() == QEvent::LayoutDirectionChange)
+        placeWords();
 }
 
 void CompassField::paintEvent(QPaintEvent* event)
@@ -57,12 +59,20 @@ void CompassField::paintEvent(QPaintEvent* event)
         {QPointF(0, -1), QPointF(0.66, 0.86), QPointF(0, 0.45), QPointF(-0.66, 0.86)});
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(radius, fontMetrics().ascent() - fontMetrics().capHeight() / 2.0);
+    painter.translate(isRightToLeft() ? width() - radius : radius,
+                      fontMetrics().ascent() - fontMetrics().capHeight() / 2.0);
     painter.rotate(degrees_);
     painter.scale(radius, radius);
     painter.setPen(Qt::NoPen);
     painter.setBrush(palette().color(foregroundRole()));
     painter.drawPolygon(arrow);
+}
+
+void CompassField::placeWords()
+{
+    const int room = arrowSize() + kGap;
+    setAlignment(leadingEdge(*this) | Qt::AlignTop);
+    setContentsMargins(isRightToLeft() ? 0 : room, 0, isRightToLeft() ? room : 0, 0);
 }
 
 int CompassField::arrowSize() const

@@ -1,5 +1,6 @@
 // The direction of view as people say it, beside the degrees: a small arrow, whose top is north,
-// and the point of the compass. Empty without a direction.
+// and the point of the compass. Empty without a direction. The arrow stands where the words begin,
+// to the right of them in Arabic and Hebrew, and points in the same direction in every language.
 
 #pragma once
 
@@ -26,6 +27,7 @@ protected:
 
 private:
     int arrowSize() const;
+    void placeWords();
 
     double degrees_ = 0;
 };

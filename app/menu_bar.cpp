@@ -36,7 +36,7 @@ MenuBar::MenuBar(QWidget* parent, Cradle&& cradle) : QMenuBar(&cradle.parent)
 {
     setParent(parent);  // and with it the desktop's style
     if (auto* button = findChild<QToolButton*>(QStringLiteral("qt_menubar_ext_button")))
-        button->setArrowType(Qt::RightArrow);
+        button->setArrowType(isRightToLeft() ? Qt::LeftArrow : Qt::RightArrow);
 }
 
 }  // namespace pinorama

@@ -1,5 +1,6 @@
 #include "app/compass_field.h"
 
+#include "tests/support/mirrored.h"
 #include "tests/support/toolkit.h"
 
 #include <gtest/gtest.h>
@@ -48,6 +49,28 @@ TEST(CompassField, pointsItsArrowInTheDirection)
     EXPECT_LT(east.x(), west.x());
     EXPECT_NEAR(north.x(), south.x(), 0.8);
     EXPECT_NEAR(east.y(), west.y(), 0.8);
+}
+
+TEST(CompassField, hasItsArrowBeforeTheWordsInAMirroredWindow)
+{
+    CompassField usual;
+    const int room = usual.contentsMargins().left();
+    usual.setDirection(90, QStringLiteral(" "));
+    const QPointF nothing(-1, -1);
+    EXPECT_NE(middleOfArrow(shown(usual), room), nothing);
+    const test::Mirrored mirrored;
+    CompassField field;
+    EXPECT_EQ(field.contentsMargins().left(), 0);
+    EXPECT_EQ(field.contentsMargins().right(), room);
+    field.setDirection(90, QStringLiteral(" "));
+    const QImage image = shown(field);
+    const int width = image.width();
+    EXPECT_EQ(middleOfArrow(image, width - room), nothing);
+    // The arrow itself is the same: east is on the right of every map.
+    const QPointF east = middleOfArrow(image.copy(width - room, 0, room, 40), room);
+    field.setDirection(270, QStringLiteral(" "));
+    const QPointF west = middleOfArrow(shown(field).copy(width - room, 0, room, 40), room);
+    EXPECT_LT(east.x(), west.x());
 }
 
 TEST(CompassField, showsNothingWithoutADirection)

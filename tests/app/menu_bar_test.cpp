@@ -3,6 +3,7 @@
 #include "app/main_window.h"
 #include "previews/png_writer.h"
 #include "tests/support/environment.h"
+#include "tests/support/mirrored.h"
 #include "tests/support/toolkit.h"
 
 #include <QApplication>
@@ -68,4 +69,12 @@ TEST(MenuBar, showsAnArrowWhereMenusDoNotFit)
     ASSERT_NE(button, nullptr);
     EXPECT_TRUE(button->isVisible());
     EXPECT_EQ(button->arrowType(), Qt::RightArrow);
+}
+
+TEST(MenuBar, hasItsArrowPointToTheMenusThatAreHidden)
+{
+    const test::Mirrored mirrored;
+    QMainWindow window;
+    const auto* bar = new MenuBar(&window);  // the window's child
+    EXPECT_EQ(hidingPlaceOf(*bar)->arrowType(), Qt::LeftArrow);
 }
