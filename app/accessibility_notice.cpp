@@ -2,6 +2,7 @@
 
 #include "app/app_controller.h"
 #include "app/main_window.h"
+#include "app/shown_text.h"
 #include "selection/accessibility_advice.h"
 
 #include <QPushButton>
@@ -24,7 +25,7 @@ AccessibilityNotice::AccessibilityNotice(const QString& fileManager, QWidget* pa
     //: of desktops
     say(tr("Pinorama can follow the selection in %1 once accessibility is on. This is a permanent "
            "setting of your desktop; restart the file manager after switching it on.")
-            .arg(fileManager_));
+            .arg(isolated(shownText(fileManager_))));
 }
 
 void AccessibilityNotice::showSwitched(bool isOn)
@@ -35,7 +36,7 @@ void AccessibilityNotice::showSwitched(bool isOn)
         //: A notice in the window; %1 is the name of a file manager
         say(tr("Accessibility is on. Restart %1 or log in again; Pinorama then follows its "
                "selection.")
-                .arg(fileManager_));
+                .arg(isolated(shownText(fileManager_))));
     } else {
         //: A notice in the window
         say(tr(

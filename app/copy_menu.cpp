@@ -1,5 +1,6 @@
 #include "app/copy_menu.h"
 
+#include "app/shown_text.h"
 #include "globe/web_services.h"
 #include "lib/strings/string_holder.h"
 #include "lib/ui/qt_text.h"
@@ -93,7 +94,8 @@ void CopyMenu::adapt()
     QString title = unitsOf(map.title);
     action(Form::mapLink)->setVisible(!title.isEmpty());
     action(Form::mapLink)
-        ->setText(tr("Link to %1").arg(title.replace(QLatin1Char('&'), QLatin1String("&&"))));
+        ->setText(
+            tr("Link to %1").arg(isolated(title.replace(QLatin1Char('&'), QLatin1String("&&")))));
 }
 
 QString CopyMenu::text(Form form)

@@ -1,5 +1,6 @@
 #include "app/elided_field.h"
 
+#include "app/leading_edge.h"
 #include "app/shown_text.h"
 
 #include <QClipboard>
@@ -9,6 +10,7 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionFrame>
@@ -20,6 +22,8 @@ namespace pinorama {
 namespace {
 // QLineEdit keeps this distance to its frame on the left and on the right.
 constexpr int kLineMargin = 2;
+// It also leaves room for a caret after a text that stands on the right.
+constexpr int kCaretRoom = 2;
 }  // namespace
 
 ElidedField::ElidedField(QWidget* parent) : QLineEdit(parent)
@@ -37,14 +41,25 @@ ElidedField::ElidedField(QWidget* parent) : QLineEdit(parent)
 
     // A line may be cleared and set in other ways too.
     connect(this, &QLineEdit::textChanged, this, [this](const QString& shown) {
-        if (shown != shownText(text_)) text_ = shown;
+        if (shown != shown_) text_ = shown_ = shown;
     });
+    alignText();
 }
 
 void ElidedField::setText(const QString& text)
 {
+    isSentence_ = false;
     text_ = text;
-    QLineEdit::setText(shownText(text));
+    shown_ = shownText(text);
+    QLineEdit::setText(shown_);
+}
+
+void ElidedField::setSentence(const QString& words)
+{
+    isSentence_ = true;
+    text_ = withoutIsolation(words);
+    shown_ = words;
+    QLineEdit::setText(shown_);
 }
 
 QSize ElidedField::sizeHint() const
@@ -64,7 +79,7 @@ bool ElidedField::event(QEvent* event)
     if (event->type() == QEvent::ToolTip && !toolTip().isEmpty()) {
         // Markup in a file name is part of the name.
         const QString shown = QLatin1String("<p style='white-space:pre-wrap'>") +
-                              shownText(toolTip()).toHtmlEscaped() + QLatin1String("</p>");
+                              shownToolTip().toHtmlEscaped() + QLatin1String("</p>");
         QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), shown, this);
         return true;
     }
@@ -81,6 +96,10 @@ void ElidedField::changeEvent(QEvent* event)
 {
     QLineEdit::changeEvent(event);
     if (event->type() == QEvent::StyleChange) cancelMarginsOfStyle();
+    if (event->type() == QEvent::LayoutDirectionChange) {
+        alignText();
+        cancelMarginsOfStyle();
+    }
 }
 
 void ElidedField::contextMenuEvent(QContextMenuEvent* event)
@@ -102,6 +121,15 @@ void ElidedField::keyPressEvent(QKeyEvent* event)
     event->accept();
 }
 
+// The text that the mouse has selected is there for the middle button.
+void ElidedField::mouseReleaseEvent(QMouseEvent* event)
+{
+    QLineEdit::mouseReleaseEvent(event);
+    QClipboard* clipboard = QGuiApplication::clipboard();
+    if (isSentence_ && hasSelectedText() && clipboard->supportsSelection())
+        clipboard->setText(copiedText(), QClipboard::Selection);
+}
+
 void ElidedField::paintEvent(QPaintEvent* event)
 {
     const QRect place = textRect();
@@ -110,12 +138,14 @@ void ElidedField::paintEvent(QPaintEvent* event)
         QLineEdit::paintEvent(event);
         return;
     }
+    const Qt::TextFlag direction =
+        displayText().isRightToLeft() ? Qt::TextForceRightToLeft : Qt::TextForceLeftToRight;
     QPainter painter(this);
     painter.setFont(font());
-    style()->drawItemText(&painter, place, static_cast<int>(Qt::AlignVCenter | Qt::AlignLeading),
-                          palette(), isEnabled(),
-                          fontMetrics().elidedText(displayText(), Qt::ElideMiddle, place.width()),
-                          QPalette::Text);
+    style()->drawItemText(
+        &painter, place, (leadingEdge(*this) | Qt::AlignVCenter).toInt() | direction, palette(),
+        isEnabled(), fontMetrics().elidedText(displayText(), Qt::ElideMiddle, place.width()),
+        QPalette::Text);
 }
 
 void ElidedField::focusOutEvent(QFocusEvent* event)
@@ -134,6 +164,12 @@ void ElidedField::resizeEvent(QResizeEvent* event)
     cancelMarginsOfStyle();
 }
 
+// Without it a line stands where its own direction of reading begins.
+void ElidedField::alignText()
+{
+    setAlignment(leadingEdge(*this) | Qt::AlignVCenter);
+}
+
 // Some styles keep the room of a frame free around a line that has none. The text would be cut off
 // below, and stand further to the right than the texts under it.
 void ElidedField::cancelMarginsOfStyle()
@@ -143,15 +179,27 @@ void ElidedField::cancelMarginsOfStyle()
     const QRect whole = option.rect;
     const QRect kept = style()->subElementRect(QStyle::SE_LineEditContents, &option, this);
     const QMargins margins(whole.left() - kept.left(), whole.top() - kept.top(),
-                           kept.right() - whole.right(), kept.bottom() - whole.bottom());
+                           kept.right() - whole.right() - (isRightToLeft() ? kCaretRoom : 0),
+                           kept.bottom() - whole.bottom());
     if (margins != textMargins()) setTextMargins(margins);
+}
+
+// What is selected, as it was set.
+QString ElidedField::copiedText() const
+{
+    if (selectedText() == QLineEdit::text()) return text_;
+    return isSentence_ ? withoutIsolation(selectedText()) : selectedText();
 }
 
 void ElidedField::copySelection() const
 {
-    if (!hasSelectedText()) return;
-    const bool isAll = selectedText() == QLineEdit::text();
-    QGuiApplication::clipboard()->setText(isAll ? text_ : selectedText());
+    if (hasSelectedText()) QGuiApplication::clipboard()->setText(copiedText());
+}
+
+// Of a line with a file's name it is the path.
+QString ElidedField::shownToolTip() const
+{
+    return isSentence_ ? toolTip() : isolatedPath(shownText(toolTip()));
 }
 
 QRect ElidedField::textRect() const

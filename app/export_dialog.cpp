@@ -30,10 +30,10 @@ void ask(const QString& file, QWidget* parent, const std::function<void()>& repl
     // In the toolkit's words, which it has in every language; a constant, because they are none of
     // the window's texts.
     constexpr const char* kQuestion = "%1 already exists.\nDo you want to replace it?";
-    auto* question =
-        new QMessageBox(QMessageBox::Warning, parent->windowTitle(),
-                        QFileDialog::tr(kQuestion).arg(shownText(QFileInfo(file).fileName())),
-                        QMessageBox::Yes | QMessageBox::No, parent);
+    auto* question = new QMessageBox(
+        QMessageBox::Warning, parent->windowTitle(),
+        QFileDialog::tr(kQuestion).arg(isolated(shownText(QFileInfo(file).fileName()))),
+        QMessageBox::Yes | QMessageBox::No, parent);
     question->setAttribute(Qt::WA_DeleteOnClose);
     question->setDefaultButton(QMessageBox::No);
     question->setTextFormat(Qt::PlainText);

@@ -41,7 +41,7 @@ void ExportNotice::sayFailure(const QString& file, int error)
     case EISDIR: reason = tr("a folder has that name."); break;
     //: A reason; stands in the place of %2 in "%1 could not be written: %2"
     case ETIMEDOUT: reason = tr("the disk does not answer."); break;
-    default: reason = QString::fromLocal8Bit(std::strerror(error)) + QLatin1Char('.');
+    default: reason = isolated(QString::fromLocal8Bit(std::strerror(error))) + QLatin1Char('.');
     }
     // Both at once: the name may hold a "%2".
     //: A notice in the window: %1 is the name of a file, %2 a reason, with its full stop

@@ -2,6 +2,7 @@
 
 #include "app/foot_line.h"
 #include "app/main_window.h"
+#include "app/shown_text.h"
 #include "app/wrapped_field.h"
 #include "lib/prefs/preferences.h"
 #include "lib/strings/string_holder.h"
@@ -74,7 +75,8 @@ void MoreKinds::offerFor(TovStringRef path)
     //: Button beside "... pictures can be read, too": has them read from now on
     const QString button = tr("Read Them");
     footLine(window_).say(
-        FootLine::Topic::kind, words.arg(cuDisplayText(extension.get()).toUpper()),
+        FootLine::Topic::kind,
+        words.arg(isolated(shownText(cuDisplayText(extension.get()).toUpper()))),
         {button, [action = window_.readMoreAction] { action->setChecked(true); }});
 }
 

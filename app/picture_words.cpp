@@ -1,5 +1,7 @@
 #include "app/picture_words.h"
 
+#include "app/shown_text.h"
+
 #include <QCoreApplication>
 
 #include <sys/stat.h>
@@ -39,7 +41,7 @@ QString wordsOfOpenError(int error, const QString& name)
         // Both at once: the name may hold a "%2".
         //: %2 is the system's reason, such as "Input/output error"
         return PictureWords::tr("%1 cannot be opened: %2.")
-            .arg(name, QString::fromLocal8Bit(std::strerror(error)));
+            .arg(name, isolated(QString::fromLocal8Bit(std::strerror(error))));
     }
 }
 

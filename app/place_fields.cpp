@@ -36,8 +36,9 @@ void PlaceFields::show(const fileInfoRecord& info, const PictureProperties& prop
     const double latitude = signedLatitude(info);
     const double longitude = signedLongitude(info);
     const auto place = places_.find(latitude, longitude);
-    const StringHolder words(place ? createPlaceText(*place) : nullptr);
-    cocoaUtils::setStringValue(window_.placeField, words.get());
+    const TownNames names = window_.isRightToLeft() ? TownNames::isolated : TownNames::plain;
+    const StringHolder words(place ? createPlaceText(*place, names) : nullptr);
+    window_.placeField->setSentence(cuDisplayText(words.get()));
     window_.placeMap->showPlace(isOnEarth(latitude, longitude) ? places_.data() : nullptr,
                                 {.latitude = latitude,
                                  .longitude = longitude,

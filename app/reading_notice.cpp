@@ -18,14 +18,14 @@ void ReadingNotice::sayStillReading(const QString& name)
 {
     isStillReading_ = true;
     //: The foot of the window; %1 is the name of a file
-    say(tr("Still reading %1...").arg(name));
+    say(tr("Still reading %1...").arg(isolated(shownText(name))));
 }
 
 void ReadingNotice::sayNotRead(const QString& name)
 {
     isStillReading_ = false;
     //: The foot of the window; %1 is the name of a file
-    say(tr("%1 could not be read.").arg(name));
+    say(tr("%1 could not be read.").arg(isolated(shownText(name))));
 }
 
 void ReadingNotice::sayNotAnswering(const QString& name)
@@ -33,21 +33,21 @@ void ReadingNotice::sayNotAnswering(const QString& name)
     isStillReading_ = true;
     //: The foot of the window; %1 is the name of a file that is being read and takes too long, as
     //: when a network is gone
-    say(tr("%1 does not answer.").arg(name));
+    say(tr("%1 does not answer.").arg(isolated(shownText(name))));
 }
 
 void ReadingNotice::saySidecarNotRead(const QString& name)
 {
     isStillReading_ = false;
     //: The foot of the window; %1 is the name of a file. XMP is a kind of file and stays
-    say(tr("The XMP file beside %1 could not be read.").arg(name));
+    say(tr("The XMP file beside %1 could not be read.").arg(isolated(shownText(name))));
 }
 
 void ReadingNotice::saySidecarNotAnswering(const QString& name)
 {
     isStillReading_ = true;
     //: The foot of the window; %1 is the name of a file. XMP is a kind of file and stays
-    say(tr("The XMP file beside %1 does not answer.").arg(name));
+    say(tr("The XMP file beside %1 does not answer.").arg(isolated(shownText(name))));
 }
 
 void ReadingNotice::endReading()
@@ -65,11 +65,11 @@ void ReadingNotice::forget()
 // A screen reader reads it out and leaves the focus where it is.
 void ReadingNotice::say(const QString& words)
 {
-    if (words == text()) return;
-    setText(words);
+    if (words == QLineEdit::text()) return;
+    setSentence(words);
     setCursorPosition(0);
     setToolTip(words);
-    setAccessibleName(shownText(words));
+    setAccessibleName(words);
     setVisible(true);
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);

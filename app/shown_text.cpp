@@ -2,6 +2,9 @@
 
 #include "base/printable.h"
 
+#include <QGuiApplication>
+#include <QList>
+#include <QStringList>
 #include <QTextBoundaryFinder>
 
 #include <algorithm>
@@ -12,6 +15,9 @@ namespace {
 constexpr QChar kEllipsis(0x2026);
 constexpr qsizetype kMaxCharacterLength = 64;
 constexpr int kMaxNameLetters = 30;
+constexpr QChar kLeftToRightIsolate(0x2066);
+constexpr QChar kFirstStrongIsolate(0x2068);
+constexpr QChar kPopDirectionalIsolate(0x2069);
 
 // Where to cut a text that is longer than kMaxShownLength.
 qsizetype lastBoundary(const QString& text)
@@ -40,6 +46,20 @@ QString withoutControls(QString text)
     }
     return text;
 }
+
+bool hasRightToLeftLetters(const QString& text)
+{
+    const QList<uint> characters = text.toUcs4();
+    return std::ranges::any_of(characters, [](uint character) {
+        const QChar::Direction direction = QChar::direction(character);
+        return direction == QChar::DirR || direction == QChar::DirAL || direction == QChar::DirAN;
+    });
+}
+
+bool needsIsolation(const QString& text)
+{
+    return !text.isEmpty() && (QGuiApplication::isRightToLeft() || hasRightToLeftLetters(text));
+}
 }  // namespace
 
 QString shownText(const QString& text)
@@ -48,10 +68,30 @@ QString shownText(const QString& text)
     return withoutControls(text.first(lastBoundary(text))) + kEllipsis;
 }
 
+QString isolated(const QString& shown)
+{
+    if (!needsIsolation(shown)) return shown;
+    return kFirstStrongIsolate + shown + kPopDirectionalIsolate;
+}
+
+QString isolatedPath(const QString& shown)
+{
+    if (!needsIsolation(shown)) return shown;
+    QStringList names = shown.split(QLatin1Char('/'));
+    for (QString& name : names) name = isolated(name);
+    return kLeftToRightIsolate + names.join(QLatin1Char('/')) + kPopDirectionalIsolate;
+}
+
+QString withoutIsolation(QString text)
+{
+    return text.removeIf(
+        [](QChar unit) { return unit >= kLeftToRightIsolate && unit <= kPopDirectionalIsolate; });
+}
+
 QString shownName(const QString& name, const QFontMetrics& letters)
 {
-    return letters.elidedText(shownText(name), Qt::ElideMiddle,
-                              kMaxNameLetters * letters.averageCharWidth());
+    return isolated(letters.elidedText(shownText(name), Qt::ElideMiddle,
+                                       kMaxNameLetters * letters.averageCharWidth()));
 }
 
 }  // namespace pinorama

@@ -19,8 +19,21 @@ inline constexpr qsizetype kMaxShownLength = 2000;
 // tabs stay.
 QString shownText(const QString& text);
 
-// The name of a file within a sentence: elided in the middle if it has more than about 30 letters,
-// so that it does not widen the window.
+// A text that somebody else wrote, as a part of a sentence of the window: neither its direction of
+// reading nor that of the words around it changes the order in which the other is shown (Unicode
+// Standard Annex 9, isolates). `shown` may be shown as it stands. Comes back unchanged where
+// everything is read from left to right, the window and the text. Only for what the window shows:
+// what is copied or handed to another program has no such characters.
+QString isolated(const QString& shown);
+
+// The same for a path: its folders follow each other from left to right in every language.
+QString isolatedPath(const QString& shown);
+
+// The text without the characters that the two above have put in.
+QString withoutIsolation(QString text);
+
+// The name of a file within a sentence: isolated, and elided in the middle if it has more than
+// about 30 letters, so that it does not widen the window.
 QString shownName(const QString& name, const QFontMetrics& letters);
 
 }  // namespace pinorama

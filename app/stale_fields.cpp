@@ -49,7 +49,7 @@ void StaleFields::mark(WrappedField* field, bool isStale)
         font.setItalic(true);
         dim(field);
         //: Of a text that belongs to an earlier picture; %1 is the name of that
-        words = tr("from %1").arg(shownText(origin_));
+        words = tr("from %1").arg(isolated(shownText(origin_)));
     } else {
         stale_.erase(field);
         field->setPalette(QPalette());

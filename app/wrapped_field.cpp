@@ -1,5 +1,6 @@
 #include "app/wrapped_field.h"
 
+#include "app/leading_edge.h"
 #include "app/shown_text.h"
 
 #include <QContextMenuEvent>
@@ -8,6 +9,7 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QScrollBar>
+#include <QTextDocumentFragment>
 #include <QTextLayout>
 
 #include <algorithm>
@@ -40,7 +42,6 @@ WrappedField::WrappedField(QWidget* parent) : QPlainTextEdit(parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     document()->setDocumentMargin(0);
-    setViewportMargins(kLineMargin, 0, 0, 0);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 
     setAcceptDrops(false);  // a drop is for the window
@@ -48,13 +49,35 @@ WrappedField::WrappedField(QWidget* parent) : QPlainTextEdit(parent)
     viewport()->setAutoFillBackground(false);
     setBackgroundRole(QPalette::Window);
     connect(this, &QPlainTextEdit::textChanged, this, &WrappedField::adaptHeight);
+    alignText();
+}
+
+// The direction stays that of each text.
+void WrappedField::alignText()
+{
+    QTextOption option = document()->defaultTextOption();
+    option.setAlignment(leadingEdge(*this));
+    option.setTextDirection(Qt::LayoutDirectionAuto);
+    document()->setDefaultTextOption(option);
+    setViewportMargins(isRightToLeft() ? 0 : kLineMargin, topMargin_,
+                       isRightToLeft() ? kLineMargin : 0, 0);
 }
 
 void WrappedField::setText(const QString& text)
 {
+    replaceText(text, shownText(text));
+}
+
+void WrappedField::setSentence(const QString& words)
+{
+    replaceText(withoutIsolation(words), words);
+}
+
+void WrappedField::replaceText(const QString& text, const QString& shown)
+{
     if (text == text_) return;
     text_ = text;
-    setPlainText(shownText(text));
+    setPlainText(shown);
     // With nothing in it the field is no stop on the way through the window.
     setFocusPolicy(text.isEmpty() ? Qt::ClickFocus : Qt::StrongFocus);
     if (isHugging_) updateGeometry();
@@ -109,11 +132,10 @@ QMimeData* WrappedField::createMimeDataFromSelection() const
 {
     const QTextCursor selection = textCursor();
     const int end = document()->characterCount() - 1;  // there is one paragraph end more
-    if (selection.selectionStart() > 0 || selection.selectionEnd() < end)
-        return QPlainTextEdit::createMimeDataFromSelection();
-    auto whole = std::make_unique<QMimeData>();
-    whole->setText(text_);
-    return whole.release();
+    const bool isPart = selection.selectionStart() > 0 || selection.selectionEnd() < end;
+    auto copied = std::make_unique<QMimeData>();
+    copied->setText(isPart ? withoutIsolation(selection.selection().toPlainText()) : text_);
+    return copied.release();
 }
 
 void WrappedField::contextMenuEvent(QContextMenuEvent* event)
@@ -139,6 +161,7 @@ void WrappedField::changeEvent(QEvent* event)
 {
     QPlainTextEdit::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) adaptHeight();
+    if (event->type() == QEvent::LayoutDirectionChange) alignText();
 }
 
 void WrappedField::focusInEvent(QFocusEvent* event)
@@ -165,7 +188,7 @@ void WrappedField::setTopMargin(int points)
 {
     if (points == topMargin_) return;
     topMargin_ = points;
-    setViewportMargins(kLineMargin, topMargin_, 0, 0);
+    alignText();
     adaptHeight();
 }
 

@@ -2,7 +2,8 @@
 // text of many lines scrolls, and one that is too long to be laid out is cut for showing
 // (shownText). It can be selected and copied with the mouse and with the keyboard, and is a text
 // with a caption (its buddy) to a screen reader. Who copies all that is shown gets the whole text
-// as it was set. Actions that are added to it stand first in its context menu.
+// as it was set. A text stands at the edge where the window's lines begin, and keeps its own
+// direction of reading. Actions that are added to it stand first in its context menu.
 
 #pragma once
 
@@ -26,6 +27,10 @@ public:
     // The whole text as it was set, however much of it is shown.
     QString text() const { return text_; }
     void setText(const QString& text);
+
+    // Shows words of the window itself, in which the texts of others are isolated (isolated());
+    // text(), and what is copied, is without the characters for that.
+    void setSentence(const QString& words);
 
     int maximumLines() const { return maximumLines_; }
     void setMaximumLines(int lines);
@@ -52,6 +57,8 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
+    void alignText();
+    void replaceText(const QString& text, const QString& shown);
     int wantedWidth() const;
     int linesNeeded() const;
     void adaptHeight();

@@ -34,13 +34,13 @@ QString nameText(const std::string& path)
     for (QChar& unit : shown) {
         if (unit.isSpace()) unit = QLatin1Char(' ');
     }
-    return shown;
+    return isolated(shown);
 }
 
 QString pathText(const std::string& path)
 {
     const StringHolder text(createPathText(path));
-    return shownText(cuDisplayText(text.get())).toHtmlEscaped();
+    return isolatedPath(shownText(cuDisplayText(text.get()))).toHtmlEscaped();
 }
 }  // namespace
 

@@ -35,14 +35,14 @@ constexpr int kSettling = 50;  // milliseconds
 QString displayOf(const std::string& path)
 {
     const StringHolder text(createPathText(path));
-    return shownText(cuDisplayText(text.get()));
+    return isolatedPath(shownText(cuDisplayText(text.get())));
 }
 
 QString nameOfFile(const std::string& path)
 {
     const StringHolder text(createPathText(path));
     const StringHolder name(gpsCopyFileName(text.get()));
-    return shownText(cuDisplayText(name.get()));
+    return isolated(shownText(cuDisplayText(name.get())));
 }
 
 std::string picturesFolder()

@@ -27,14 +27,20 @@ std::u16string kilometres(double distance)
     return take(createNumberText(format.get(), static_cast<std::int64_t>(rounded)));
 }
 
-TovStringRef textOnLand(const Place& place)
+std::u16string nameOf(const NearTown& town, TownNames names)
+{
+    const std::u16string name = unitsOfUTF8(town.name);
+    return names == TownNames::plain ? name : u'\u2068' + name + u'\u2069';
+}
+
+TovStringRef textOnLand(const Place& place, TownNames names)
 {
     const std::u16string country = take(createCountryName(place.country));
     if (!place.town) return createString(country);
     const NearTown& town = *place.town;
-    const Filling name{u"town", unitsOfUTF8(town.name)};
+    const Filling name{u"town", nameOf(town, names)};
     const Filling land{u"country", country};
-    const bool isBoth = country.starts_with(name.text);
+    const bool isBoth = country.starts_with(unitsOfUTF8(town.name));
     if (town.distance < std::max(kNear, town.radius)) {
         return fill(isBoth ? "nearTown" : "near", {name, land});
     }
@@ -43,22 +49,22 @@ TovStringRef textOnLand(const Place& place)
     return fill(isBoth ? "awayTown" : "away", {distance, direction, name, land});
 }
 
-TovStringRef textAtSea(const Place& place)
+TovStringRef textAtSea(const Place& place, TownNames names)
 {
     const std::u16string sea = tableText(place.sea);
     if (!place.town) return createString(sea);
-    const std::u16string from = place.islands.empty() ? unitsOfUTF8(place.town->name)
-                                                      : take(createCountryName(place.islands));
+    const std::u16string from =
+        place.islands.empty() ? nameOf(*place.town, names) : take(createCountryName(place.islands));
     return fill("atSea",
                 {{u"sea", sea}, {u"distance", kilometres(place.town->distance)}, {u"place", from}});
 }
 }  // namespace
 
-TovStringRef pinorama::createPlaceText(const Place& place)
+TovStringRef pinorama::createPlaceText(const Place& place, TownNames names)
 {
     return baseGuardMemory([&]() -> TovStringRef {
-        if (!place.country.empty()) return textOnLand(place);
-        return place.sea.empty() ? nullptr : textAtSea(place);
+        if (!place.country.empty()) return textOnLand(place, names);
+        return place.sea.empty() ? nullptr : textAtSea(place, names);
     });
 }
 

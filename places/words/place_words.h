@@ -9,7 +9,14 @@
 #include "lib/objects/string.h"
 #include "places/place_finder.h"
 
+#include <cstdint>
+
 namespace pinorama {
+
+// Isolated, the name of a town does not change the order of the words around it in languages that
+// are read from right to left, nor they its own (Unicode Standard Annex 9). For windows only: a
+// text that is copied or handed on has no such characters.
+enum class TownNames : std::uint8_t { plain, isolated };
 
 // Returns a new text: the place in words; null if memory runs out and for a place without country
 // and sea.
@@ -18,7 +25,7 @@ namespace pinorama {
 // away the distance is given in whole kilometres, from 1000 on in tens. A town that the name of its
 // country begins with stands alone: "Near Singapore". At sea the name of an island state or group
 // takes the place of the town's.
-[[nodiscard]] TovStringRef createPlaceText(const Place& place);
+[[nodiscard]] TovStringRef createPlaceText(const Place& place, TownNames names = TownNames::plain);
 
 // Returns a new text: the nearest of the sixteen points of the compass, "SSE", in the letters of
 // the user's language. Degrees clockwise from north. Null for infinity and what is no number, and

@@ -1,5 +1,7 @@
 #include "app/shown_text.h"
 
+#include "tests/support/mirrored.h"
+
 #include <gtest/gtest.h>
 
 using namespace pinorama;
@@ -67,4 +69,41 @@ TEST(shownText, cutsACharacterWithoutEndButNoCodePoint)
     EXPECT_GE(shown.size(), kMaxShownLength - 64);
     EXPECT_LE(shown.size(), kMaxShownLength + 1);
     EXPECT_TRUE(shown.isValidUtf16());
+}
+
+TEST(isolated, leavesATextAloneWhereEverythingIsReadFromLeftToRight)
+{
+    for (const QString& text : {QString(), QStringLiteral("a.jpg"), QStringLiteral("/a/1.jpg")}) {
+        EXPECT_EQ(isolated(text), text);
+        EXPECT_EQ(isolatedPath(text), text);
+    }
+}
+
+TEST(isolated, keepsTheOrderOfATextAndOfTheWordsAroundIt)
+{
+    EXPECT_EQ(isolated(QStringLiteral("\u05d0.jpg")), QStringLiteral("\u2068\u05d0.jpg\u2069"));
+    EXPECT_EQ(isolated(QStringLiteral("\U0001e900")), QStringLiteral("\u2068\U0001e900\u2069"))
+        << "a letter of two units";
+    const test::Mirrored mirrored;
+    EXPECT_EQ(isolated(QStringLiteral("a.jpg")), QStringLiteral("\u2068a.jpg\u2069"));
+    EXPECT_EQ(isolated(QStringLiteral("1.jpg")), QStringLiteral("\u20681.jpg\u2069"));
+    EXPECT_EQ(isolated(QString()), QString());
+}
+
+TEST(isolatedPath, keepsTheFoldersInTheirOrder)
+{
+    EXPECT_EQ(isolatedPath(QStringLiteral("/\u05d0/b/\u05d1.jpg")),
+              QStringLiteral("\u2066/\u2068\u05d0\u2069/b/\u2068\u05d1.jpg\u2069\u2069"));
+    const test::Mirrored mirrored;
+    EXPECT_EQ(isolatedPath(QStringLiteral("/a/b")),
+              QStringLiteral("\u2066/\u2068a\u2069/\u2068b\u2069\u2069"));
+}
+
+TEST(withoutIsolation, givesTheTextAsItWas)
+{
+    const test::Mirrored mirrored;
+    for (const QString& text : {QString(), QStringLiteral("/a/\u05d0\u200f.jpg")}) {
+        EXPECT_EQ(withoutIsolation(isolated(text)), text);
+        EXPECT_EQ(withoutIsolation(isolatedPath(text)), text);
+    }
 }

@@ -128,6 +128,26 @@ TEST(createPlaceText, speaksTheUsersLanguage)
     }
 }
 
+TEST(createPlaceText, isolatesTheTownOnRequest)
+{
+    const test::ScopedVariable language("LANGUAGE", nullptr);
+    const test::ScopedVariable variable("LC_ALL", "en_US");
+    useShippedTables();
+    const struct {
+        Place place;
+        const char* expected;
+    } rows[] = {
+        {onLand("DE", "Grävenwiesbach", 1, 0), "Near \u2068Grävenwiesbach\u2069, Germany"},
+        {onLand("DE", "Grävenwiesbach", 8, 135), "8 km SE of \u2068Grävenwiesbach\u2069, Germany"},
+        {onLand("SG", "Singapore", 1, 0), "Near \u2068Singapore\u2069"},
+        {atSea("North Sea", "Cromer", "", 50), "North Sea, 50 km from \u2068Cromer\u2069"},
+        {atSea("North Sea", "Cromer", "TA", 50), "North Sea, 50 km from Tristan da Cunha"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(test::takeUTF8(createPlaceText(row.place, TownNames::isolated)).value_or("none"),
+                  row.expected);
+}
+
 TEST(createPlaceText, keepsBracesOfNamesAsTheyAre)
 {
     EXPECT_EQ(inWords(onLand("DE", "{country} {town", 0, 0), "en_US"),

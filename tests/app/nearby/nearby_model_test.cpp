@@ -4,6 +4,7 @@
 
 #include "lib/ui/application_bundle.h"
 #include "tests/support/environment.h"
+#include "tests/support/mirrored.h"
 #include "tests/support/toolkit.h"
 
 #include <gtest/gtest.h>
@@ -122,6 +123,19 @@ TEST(NearbyModel, hasTheTextsOfARow)
     EXPECT_EQ(textOf(model, 0, Qt::ToolTipRole), "/a/&lt;b&gt;\nc.jpg");
     EXPECT_FALSE(model.data(model.index(1), Qt::DisplayRole).isValid());
     EXPECT_EQ(model.pathOf(model.index(1)), "");
+}
+
+TEST(NearbyModel, isolatesNamesAndPathsInAMirroredWindow)
+{
+    iuRegisterApplicationBundle();
+    const test::Mirrored mirrored;
+    NearbyModel model;
+    model.begin("/here.jpg");
+    model.add({{"/a/c.jpg", 352, 44}});
+    EXPECT_EQ(textOf(model, 0, Qt::DisplayRole), "\u2068c.jpg\u2069\n350 m NE");
+    EXPECT_EQ(textOf(model, 0, Qt::AccessibleTextRole), "\u2068c.jpg\u2069, 350 m NE");
+    EXPECT_EQ(textOf(model, 0, Qt::ToolTipRole), "\u2066/\u2068a\u2069/\u2068c.jpg\u2069\u2069");
+    EXPECT_EQ(model.pathOf(model.index(0)), "/a/c.jpg");
 }
 
 TEST(NearbyModel, dragsTheFiles)

@@ -9,6 +9,7 @@
 #include "tests/app/controller_fixture.h"
 #include "tests/app/nearby/search_program.h"
 #include "tests/support/jpeg_pictures.h"
+#include "tests/support/mirrored.h"
 #include "tests/support/program.h"
 
 #include <QAbstractItemModel>
@@ -53,6 +54,7 @@ public:
     NearbyView* view() const { return child<NearbyView>("nearbyPictures"); }
     QAbstractItemModel* model() const { return view()->model(); }
     QPushButton* stopButton() const { return child<QPushButton>("nearbyStopButton"); }
+    std::string heading() const { return child<QLabel>("nearbyHeading")->text().toStdString(); }
     std::string status() const
     {
         return child<QLabel>("nearbyStatus")->accessibleName().toStdString();
@@ -185,6 +187,18 @@ TEST_F(nearbyWindow, saysHowManyOfThePicturesItShows)
     EXPECT_EQ(views.status(), locale.toString(shown + 1).toStdString() + " pictures found. The " +
                                   "nearest " + locale.toString(shown).toStdString() +
                                   " pictures are shown.");
+}
+
+TEST_F(nearbyWindow, isolatesNamesAndFoldersInAMirroredWindow)
+{
+    const test::Mirrored mirrored;
+    searchBy(test::foundLine("/photos/trip/here.jpg", "0"));
+    EXPECT_TRUE(waitUntilIdle());
+    EXPECT_EQ(views.heading(), "Within 2000 m of \u2068here.jpg\u2069");
+    EXPECT_TRUE(
+        views.status().starts_with("No other picture within 2000 m was found in these folders:\n"
+                                   "\u2066/\u2068photos\u2069/\u2068trip\u2069\u2069\n"))
+        << views.status();
 }
 
 TEST_F(nearbyWindow, stopsASearch)
