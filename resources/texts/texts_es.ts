@@ -124,9 +124,9 @@
         <translation>La primera versión. Pinorama:</translation>
     </message>
     <message>
-        <source>follows the selection of Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM and PCManFM-Qt</source>
+        <source>follows the selection of Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt and SpaceFM</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;, so that it goes on from there. The names stay</extracomment>
-        <translation>sigue la selección de Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM y PCManFM-Qt</translation>
+        <translation>sigue la selección de Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt y SpaceFM</translation>
     </message>
     <message>
         <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>

@@ -124,9 +124,9 @@
         <translation>La première version. Pinorama&#xa0;:</translation>
     </message>
     <message>
-        <source>follows the selection of Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM and PCManFM-Qt</source>
+        <source>follows the selection of Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt and SpaceFM</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;, so that it goes on from there. The names stay</extracomment>
-        <translation>suit la sélection de Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM et PCManFM-Qt</translation>
+        <translation>suit la sélection de Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt et SpaceFM</translation>
     </message>
     <message>
         <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>

@@ -124,9 +124,9 @@
         <translation>Pierwsze wydanie. Pinorama:</translation>
     </message>
     <message>
-        <source>follows the selection of Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM and PCManFM-Qt</source>
+        <source>follows the selection of Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt and SpaceFM</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;, so that it goes on from there. The names stay</extracomment>
-        <translation>śledzi zaznaczenie w programach Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM i PCManFM-Qt</translation>
+        <translation>śledzi zaznaczenie w programach Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt i SpaceFM</translation>
     </message>
     <message>
         <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>

@@ -124,9 +124,9 @@
         <translation>İlk sürüm. Pinorama:</translation>
     </message>
     <message>
-        <source>follows the selection of Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM and PCManFM-Qt</source>
+        <source>follows the selection of Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt and SpaceFM</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;, so that it goes on from there. The names stay</extracomment>
-        <translation>Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM ve PCManFM-Qt içindeki seçimi izler</translation>
+        <translation>Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt ve SpaceFM içindeki seçimi izler</translation>
     </message>
     <message>
         <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>
