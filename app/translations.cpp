@@ -3,7 +3,9 @@
 #include "lib/text/locale.h"
 
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <QLibraryInfo>
+#include <QLocale>
 #include <QTranslator>
 
 #include <string>
@@ -26,8 +28,11 @@ void installTranslations()
                           QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
             QCoreApplication::installTranslator(toolkit);
         }
+        // The toolkit's own translation, which may be missing, would say it as well.
+        QGuiApplication::setLayoutDirection(QLocale(name).textDirection());
         return;
     }
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
 }
 
 }  // namespace pinorama

@@ -168,6 +168,29 @@
     </message>
 </context>
 <context>
+    <name>pinorama::GlobeNotice</name>
+    <message>
+        <source>The globe program cannot be started.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>Program s glóbem nelze spustit.</translation>
+    </message>
+    <message>
+        <source>The file for the globe program cannot be written.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>Soubor pro program s glóbusem nelze zapsat.</translation>
+    </message>
+    <message>
+        <source>Marble was started, but has not appeared so far.</source>
+        <extracomment>The foot of the window. Marble is the name of a program</extracomment>
+        <translation>Marble byl spuštěn, ale zatím se neobjevil.</translation>
+    </message>
+    <message>
+        <source>Marble is running, but does not answer.</source>
+        <extracomment>The foot of the window. Marble is the name of a program</extracomment>
+        <translation>Marble běží, ale neodpovídá.</translation>
+    </message>
+</context>
+<context>
     <name>pinorama::MainWindow</name>
     <message>
         <source>Preview</source>
@@ -684,29 +707,6 @@
         <source>from %1</source>
         <extracomment>Of a text that belongs to an earlier picture; %1 is the name of that</extracomment>
         <translation>z %1</translation>
-    </message>
-</context>
-<context>
-    <name>pinorama::GlobeNotice</name>
-    <message>
-        <source>The globe program cannot be started.</source>
-        <extracomment>The foot of the window</extracomment>
-        <translation>Náhled</translation>
-    </message>
-    <message>
-        <source>The file for the globe program cannot be written.</source>
-        <extracomment>The foot of the window</extracomment>
-        <translation>Soubor pro program s glóbusem nelze zapsat.</translation>
-    </message>
-    <message>
-        <source>Marble was started, but has not appeared so far.</source>
-        <extracomment>The foot of the window. Marble is the name of a program</extracomment>
-        <translation>Marble byl spuštěn, ale zatím se neobjevil.</translation>
-    </message>
-    <message>
-        <source>Marble is running, but does not answer.</source>
-        <extracomment>The foot of the window. Marble is the name of a program</extracomment>
-        <translation>Marble běží, ale neodpovídá.</translation>
     </message>
 </context>
 </TS>

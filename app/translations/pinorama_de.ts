@@ -168,6 +168,29 @@
     </message>
 </context>
 <context>
+    <name>pinorama::GlobeNotice</name>
+    <message>
+        <source>The globe program cannot be started.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>Das Globusprogramm lässt sich nicht starten.</translation>
+    </message>
+    <message>
+        <source>The file for the globe program cannot be written.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>Die Datei für das Globusprogramm lässt sich nicht schreiben.</translation>
+    </message>
+    <message>
+        <source>Marble was started, but has not appeared so far.</source>
+        <extracomment>The foot of the window. Marble is the name of a program</extracomment>
+        <translation>Marble wurde gestartet, ist aber bisher nicht erschienen.</translation>
+    </message>
+    <message>
+        <source>Marble is running, but does not answer.</source>
+        <extracomment>The foot of the window. Marble is the name of a program</extracomment>
+        <translation>Marble läuft, antwortet aber nicht.</translation>
+    </message>
+</context>
+<context>
     <name>pinorama::MainWindow</name>
     <message>
         <source>Preview</source>
@@ -678,29 +701,6 @@
         <source>from %1</source>
         <extracomment>Of a text that belongs to an earlier picture; %1 is the name of that</extracomment>
         <translation>aus %1</translation>
-    </message>
-</context>
-<context>
-    <name>pinorama::GlobeNotice</name>
-    <message>
-        <source>The globe program cannot be started.</source>
-        <extracomment>The foot of the window</extracomment>
-        <translation>Vorschau</translation>
-    </message>
-    <message>
-        <source>The file for the globe program cannot be written.</source>
-        <extracomment>The foot of the window</extracomment>
-        <translation>Die Datei für das Globusprogramm lässt sich nicht schreiben.</translation>
-    </message>
-    <message>
-        <source>Marble was started, but has not appeared so far.</source>
-        <extracomment>The foot of the window. Marble is the name of a program</extracomment>
-        <translation>Marble wurde gestartet, ist aber bisher nicht erschienen.</translation>
-    </message>
-    <message>
-        <source>Marble is running, but does not answer.</source>
-        <extracomment>The foot of the window. Marble is the name of a program</extracomment>
-        <translation>Marble läuft, antwortet aber nicht.</translation>
     </message>
 </context>
 </TS>

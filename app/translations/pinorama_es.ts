@@ -168,6 +168,29 @@
     </message>
 </context>
 <context>
+    <name>pinorama::GlobeNotice</name>
+    <message>
+        <source>The globe program cannot be started.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>No se puede iniciar el globo terráqueo.</translation>
+    </message>
+    <message>
+        <source>The file for the globe program cannot be written.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>No se puede escribir el archivo para el programa de globo terráqueo.</translation>
+    </message>
+    <message>
+        <source>Marble was started, but has not appeared so far.</source>
+        <extracomment>The foot of the window. Marble is the name of a program</extracomment>
+        <translation>Se ha iniciado Marble, pero aún no ha aparecido.</translation>
+    </message>
+    <message>
+        <source>Marble is running, but does not answer.</source>
+        <extracomment>The foot of the window. Marble is the name of a program</extracomment>
+        <translation>Marble está en marcha, pero no responde.</translation>
+    </message>
+</context>
+<context>
     <name>pinorama::MainWindow</name>
     <message>
         <source>Preview</source>
@@ -678,29 +701,6 @@
         <source>from %1</source>
         <extracomment>Of a text that belongs to an earlier picture; %1 is the name of that</extracomment>
         <translation>de %1</translation>
-    </message>
-</context>
-<context>
-    <name>pinorama::GlobeNotice</name>
-    <message>
-        <source>The globe program cannot be started.</source>
-        <extracomment>The foot of the window</extracomment>
-        <translation>Vista previa</translation>
-    </message>
-    <message>
-        <source>The file for the globe program cannot be written.</source>
-        <extracomment>The foot of the window</extracomment>
-        <translation>No se puede escribir el archivo para el programa de globo terráqueo.</translation>
-    </message>
-    <message>
-        <source>Marble was started, but has not appeared so far.</source>
-        <extracomment>The foot of the window. Marble is the name of a program</extracomment>
-        <translation>Se ha iniciado Marble, pero aún no ha aparecido.</translation>
-    </message>
-    <message>
-        <source>Marble is running, but does not answer.</source>
-        <extracomment>The foot of the window. Marble is the name of a program</extracomment>
-        <translation>Marble está en marcha, pero no responde.</translation>
     </message>
 </context>
 </TS>

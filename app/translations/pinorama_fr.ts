@@ -168,6 +168,29 @@
     </message>
 </context>
 <context>
+    <name>pinorama::GlobeNotice</name>
+    <message>
+        <source>The globe program cannot be started.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>Impossible de démarrer le globe virtuel.</translation>
+    </message>
+    <message>
+        <source>The file for the globe program cannot be written.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>Le fichier destiné au programme de globe ne peut pas être écrit.</translation>
+    </message>
+    <message>
+        <source>Marble was started, but has not appeared so far.</source>
+        <extracomment>The foot of the window. Marble is the name of a program</extracomment>
+        <translation>Marble a été lancé, mais n’est pas encore apparu.</translation>
+    </message>
+    <message>
+        <source>Marble is running, but does not answer.</source>
+        <extracomment>The foot of the window. Marble is the name of a program</extracomment>
+        <translation>Marble est lancé, mais ne répond pas.</translation>
+    </message>
+</context>
+<context>
     <name>pinorama::MainWindow</name>
     <message>
         <source>Preview</source>
@@ -678,29 +701,6 @@
         <source>from %1</source>
         <extracomment>Of a text that belongs to an earlier picture; %1 is the name of that</extracomment>
         <translation>de %1</translation>
-    </message>
-</context>
-<context>
-    <name>pinorama::GlobeNotice</name>
-    <message>
-        <source>The globe program cannot be started.</source>
-        <extracomment>The foot of the window</extracomment>
-        <translation>Aperçu</translation>
-    </message>
-    <message>
-        <source>The file for the globe program cannot be written.</source>
-        <extracomment>The foot of the window</extracomment>
-        <translation>Le fichier destiné au programme de globe ne peut pas être écrit.</translation>
-    </message>
-    <message>
-        <source>Marble was started, but has not appeared so far.</source>
-        <extracomment>The foot of the window. Marble is the name of a program</extracomment>
-        <translation>Marble a été lancé, mais n’est pas encore apparu.</translation>
-    </message>
-    <message>
-        <source>Marble is running, but does not answer.</source>
-        <extracomment>The foot of the window. Marble is the name of a program</extracomment>
-        <translation>Marble est lancé, mais ne répond pas.</translation>
     </message>
 </context>
 </TS>

@@ -168,6 +168,29 @@
     </message>
 </context>
 <context>
+    <name>pinorama::GlobeNotice</name>
+    <message>
+        <source>The globe program cannot be started.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>A földgömbprogram nem indítható el.</translation>
+    </message>
+    <message>
+        <source>The file for the globe program cannot be written.</source>
+        <extracomment>The foot of the window</extracomment>
+        <translation>A földgömbprogramnak szánt fájl nem írható.</translation>
+    </message>
+    <message>
+        <source>Marble was started, but has not appeared so far.</source>
+        <extracomment>The foot of the window. Marble is the name of a program</extracomment>
+        <translation>A Marble elindult, de eddig nem jelent meg.</translation>
+    </message>
+    <message>
+        <source>Marble is running, but does not answer.</source>
+        <extracomment>The foot of the window. Marble is the name of a program</extracomment>
+        <translation>A Marble fut, de nem válaszol.</translation>
+    </message>
+</context>
+<context>
     <name>pinorama::MainWindow</name>
     <message>
         <source>Preview</source>
@@ -672,29 +695,6 @@
         <source>from %1</source>
         <extracomment>Of a text that belongs to an earlier picture; %1 is the name of that</extracomment>
         <translation>innen: %1</translation>
-    </message>
-</context>
-<context>
-    <name>pinorama::GlobeNotice</name>
-    <message>
-        <source>The globe program cannot be started.</source>
-        <extracomment>The foot of the window</extracomment>
-        <translation>Előnézet</translation>
-    </message>
-    <message>
-        <source>The file for the globe program cannot be written.</source>
-        <extracomment>The foot of the window</extracomment>
-        <translation>A földgömbprogramnak szánt fájl nem írható.</translation>
-    </message>
-    <message>
-        <source>Marble was started, but has not appeared so far.</source>
-        <extracomment>The foot of the window. Marble is the name of a program</extracomment>
-        <translation>A Marble elindult, de eddig nem jelent meg.</translation>
-    </message>
-    <message>
-        <source>Marble is running, but does not answer.</source>
-        <extracomment>The foot of the window. Marble is the name of a program</extracomment>
-        <translation>A Marble fut, de nem válaszol.</translation>
     </message>
 </context>
 </TS>

@@ -10,6 +10,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QGuiApplication>
 
 #include <algorithm>
 #include <map>
@@ -103,4 +104,23 @@ TEST(installTranslations, followsTheLanguagesOfTheTexts)
         installTranslations();
         EXPECT_EQ(greeting(), QLatin1String("&Bild"));
     }
+}
+
+TEST(installTranslations, mirrorsTheWindowForLanguagesFromRightToLeft)
+{
+    const struct {
+        const char* languages;
+        Qt::LayoutDirection direction;
+    } rows[] = {{"ar", Qt::RightToLeft},
+                {"de", Qt::LeftToRight},
+                {"he_IL", Qt::RightToLeft},
+                {"fa:en", Qt::LeftToRight},  // there are no texts in Persian
+                {"en:ar", Qt::LeftToRight}};
+    for (const auto& [languages, direction] : rows) {
+        SCOPED_TRACE(languages);
+        const test::ScopedVariable variable("LANGUAGE", languages);
+        installTranslations();
+        EXPECT_EQ(QGuiApplication::layoutDirection(), direction);
+    }
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
 }

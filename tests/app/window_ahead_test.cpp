@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QLocale>
 #include <QMenuBar>
 #include <QTranslator>
 
@@ -58,10 +59,12 @@ void expectTheSizeOfAWindowMadeAtOnceInEveryLanguage()
             ASSERT_TRUE(translator.load(QLatin1String(":/i18n/") + file));
             QCoreApplication::installTranslator(&translator);
         }
+        QGuiApplication::setLayoutDirection(QLocale(translator.language()).textDirection());
         const std::unique_ptr<MainWindow> window = MainWindow::showAhead();
         window->furnish();
         EXPECT_EQ(window->size(), MainWindow().size());
     }
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
 }
 }  // namespace
 

@@ -15,6 +15,7 @@
 
 #include <QDir>
 #include <QLabel>
+#include <QLocale>
 #include <QMenuBar>
 #include <QStyleOptionComboBox>
 
@@ -134,8 +135,9 @@ void expectSameSigns(const std::string& source, const std::string& text)
 
 TEST(languages, areAtLeastThoseOfTheManual)
 {
-    for (const char* language : {"cs", "de", "en", "es", "fr", "hu", "it", "ja", "ko", "nl", "pl",
-                                 "pt_BR", "ru", "sv", "tr", "uk", "zh_CN", "zh_TW"})
+    for (const char* language :
+         {"ar", "cs", "de", "en",    "es", "fr", "he", "hu", "it",    "ja",
+          "ko", "nl", "pl", "pt_BR", "ru", "sv", "tr", "uk", "zh_CN", "zh_TW"})
         EXPECT_TRUE(languages().contains(language)) << language;
 }
 
@@ -242,6 +244,30 @@ TEST(languages, keepPlaceholdersKeysAndEndingsOfTheWindow)
             }
         }
     }
+}
+
+// A view that has only a text, and no window around it, reads it in the direction of its first
+// letter.
+TEST(languages, beginEveryTextWithAWordOfTheirOwnIfTheyAreReadFromRightToLeft)
+{
+    int read = 0;
+    for (const std::string& language : languagesButEnglish()) {
+        if (QLocale(QString::fromStdString(language)).textDirection() != Qt::RightToLeft) continue;
+        ++read;
+        for (const char* file : {"app/translations/pinorama_", "resources/texts/texts_"}) {
+            for (const Translation& one : translationsIn(pathOf(file + language + ".ts"))) {
+                const bool isDistance = one.source == "%1 m %2" || one.source == "%1 km %2";
+                for (const std::string& form : one.forms) {
+                    const std::string own =
+                        std::regex_replace(form, std::regex("\\{[a-z]+\\}|%L?[a-z0-9.]"), "");
+                    const bool isOwn = own.find_first_of("\xd6\xd7\xd8\xd9") != own.npos;
+                    EXPECT_EQ(QString::fromStdString(own).isRightToLeft(), isOwn) << form;
+                    EXPECT_TRUE(isDistance || !form.starts_with("%1")) << form;
+                }
+            }
+        }
+    }
+    EXPECT_EQ(read, 2);
 }
 
 TEST(languages, openEveryMenuAndControlWithAKeyOfItsOwn)

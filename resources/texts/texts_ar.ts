@@ -1,0 +1,929 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ar_EG" sourcelanguage="en_US">
+<context>
+    <name>Desktop</name>
+    <message>
+        <source>Picture Location Viewer</source>
+        <extracomment>Kind of program, in the menu of programs</extracomment>
+        <translation>عارض مكان الصورة</translation>
+    </message>
+    <message>
+        <source>See where the selected picture was taken</source>
+        <extracomment>Tool tip of the program in the menu of programs</extracomment>
+        <translation>اعرض مكان التقاط الصورة المحددة</translation>
+    </message>
+    <message>
+        <source>photo;picture;GPS;location;map;EXIF;IPTC;geotag;coordinates;KML;raw;</source>
+        <extracomment>Words by which the program is found in the menu of programs; each ends with a semicolon. GPS, EXIF, IPTC and KML stay</extracomment>
+        <translation>صورة;صور;GPS;موقع;مكان;خريطة;EXIF;IPTC;وسم جغرافي;إحداثيات;KML;raw;خام;</translation>
+    </message>
+    <message>
+        <source>Open the Home Page</source>
+        <extracomment>Action of the program&apos;s icon in docks and menus</extracomment>
+        <translation>فتح الصفحة الرئيسية</translation>
+    </message>
+    <message>
+        <source>Donate</source>
+        <extracomment>Action of the program&apos;s icon in docks and menus: give the makers money</extracomment>
+        <translation>تبرّع</translation>
+    </message>
+    <message>
+        <source>See where a picture was taken</source>
+        <extracomment>Line under the program&apos;s name in software stores, without a full stop. At most 35 characters</extracomment>
+        <translation>اعرض مكان التقاط الصورة</translation>
+    </message>
+    <message>
+        <source>Hasselblad raw image</source>
+        <extracomment>Kind of file, in file managers. Hasselblad stays</extracomment>
+        <translation>صورة Hasselblad خام</translation>
+    </message>
+    <message>
+        <source>Leaf raw image</source>
+        <extracomment>Kind of file, in file managers. Leaf is a maker of cameras and stays</extracomment>
+        <translation>صورة Leaf خام</translation>
+    </message>
+    <message>
+        <source>Pentax raw image</source>
+        <extracomment>Kind of file, in file managers. Pentax stays</extracomment>
+        <translation>صورة Pentax خام</translation>
+    </message>
+    <message>
+        <source>Show Where It Was Taken</source>
+        <extracomment>Entry in the context menu of file managers, for a picture: shows its place in Pinorama</extracomment>
+        <translation>عرض مكان الالتقاط</translation>
+    </message>
+    <message>
+        <source>Shows in Pinorama where the picture was taken</source>
+        <extracomment>Tool tip of the entry &quot;Show Where It Was Taken&quot; in the context menu of file managers. Pinorama stays</extracomment>
+        <translation>يعرض في Pinorama مكان التقاط الصورة</translation>
+    </message>
+    <message>
+        <source>Pinorama keeps one small window open beside the file manager. Select a picture there, and the window shows where it was taken: in words and on a small map, with preview, size, dates, coordinate, altitude and direction of view. It reads JPEG and the raw formats of common cameras, and it needs no network.</source>
+        <extracomment>What the program is for, in software stores. Pinorama and JPEG stay</extracomment>
+        <translation>يُبقي Pinorama نافذة صغيرة مفتوحة بجانب مدير الملفات. اختر صورة هناك فتعرض النافذة مكان التقاطها: بالكلمات وعلى خريطة صغيرة، مع المعاينة والحجم والتواريخ والإحداثيات والارتفاع واتجاه النظر. يقرأ JPEG والصيغ الخام للكاميرات الشائعة، ولا يحتاج إلى شبكة.</translation>
+    </message>
+    <message>
+        <source>From the window you can:</source>
+        <extracomment>In software stores, above a list</extracomment>
+        <translation>من النافذة يمكنك:</translation>
+    </message>
+    <message>
+        <source>Fly a globe program to the place</source>
+        <extracomment>In the list below &quot;From the window you can:&quot;. Globe programs are such as Google Earth</extracomment>
+        <translation>الطيران إلى المكان في برنامج كرة أرضية</translation>
+    </message>
+    <message>
+        <source>Open the place in a web map of your choice</source>
+        <extracomment>In the list below &quot;From the window you can:&quot;</extracomment>
+        <translation>فتح المكان في خريطة ويب تختارها</translation>
+    </message>
+    <message>
+        <source>Save the place as a KML placemark</source>
+        <extracomment>In the list below &quot;From the window you can:&quot;. KML is a kind of file and stays</extracomment>
+        <translation>حفظ المكان كعلامة موضع KML</translation>
+    </message>
+    <message>
+        <source>Copy the place as a coordinate, as a link or in words</source>
+        <extracomment>In the list below &quot;From the window you can:&quot;</extracomment>
+        <translation>نسخ المكان كإحداثيات أو كرابط أو بالكلمات</translation>
+    </message>
+    <message>
+        <source>Find the other pictures that were taken nearby</source>
+        <extracomment>In the list below &quot;From the window you can:&quot;</extracomment>
+        <translation>العثور على الصور الأخرى الملتقطة بالقرب منه</translation>
+    </message>
+    <message>
+        <source>Pictures are read in a separate, sandboxed process, so that a damaged or hostile file cannot harm the program.</source>
+        <extracomment>The end of the description in software stores</extracomment>
+        <translation>تُقرأ الصور في عملية منفصلة معزولة، فلا يمكن لملف تالف أو خبيث أن يضر بالبرنامج.</translation>
+    </message>
+    <message>
+        <source>The Pinorama developers</source>
+        <extracomment>The makers of the program, in software stores. Pinorama stays</extracomment>
+        <translation>مطورو Pinorama</translation>
+    </message>
+    <message>
+        <source>The place of a picture in words and on a map</source>
+        <extracomment>Below a picture of the window in software stores, without a full stop</extracomment>
+        <translation>مكان الصورة بالكلمات وعلى خريطة</translation>
+    </message>
+    <message>
+        <source>A raw file, with its direction of view</source>
+        <extracomment>Below a picture of the window in software stores, without a full stop. It shows a file of a camera&apos;s own format</extracomment>
+        <translation>ملف خام مع اتجاه النظر</translation>
+    </message>
+    <message>
+        <source>The window in a dark theme</source>
+        <extracomment>Below a picture of the window in software stores, without a full stop</extracomment>
+        <translation>النافذة بسمة داكنة</translation>
+    </message>
+    <message>
+        <source>The first release. Pinorama:</source>
+        <extracomment>What is new in version 1.0.0, in software stores, above a list</extracomment>
+        <translation>الإصدار الأول. Pinorama:</translation>
+    </message>
+    <message>
+        <source>follows the selection of Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt and SpaceFM</source>
+        <extracomment>In the list below &quot;The first release. Pinorama:&quot;, so that it goes on from there. The names stay</extracomment>
+        <translation>يتابع التحديد في Nautilus وNemo وCaja وThunar وDolphin وPCManFM وPCManFM-Qt وSpaceFM</translation>
+    </message>
+    <message>
+        <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>
+        <extracomment>In the list below &quot;The first release. Pinorama:&quot;. HEIC and JPEG stay</extracomment>
+        <translation>يقرأ JPEG والصيغ الخام للكاميرات الشائعة، وعند الطلب HEIC والفيديو وغيرها</translation>
+    </message>
+    <message>
+        <source>says in words where a picture was taken and shows it on a small map, without a network</source>
+        <extracomment>In the list below &quot;The first release. Pinorama:&quot;</extracomment>
+        <translation>يذكر بالكلمات مكان التقاط الصورة ويعرضه على خريطة صغيرة، دون شبكة</translation>
+    </message>
+    <message>
+        <source>finds the pictures that were taken nearby</source>
+        <extracomment>In the list below &quot;The first release. Pinorama:&quot;</extracomment>
+        <translation>يعثر على الصور الملتقطة في الجوار</translation>
+    </message>
+    <message>
+        <source>prints the same facts in a terminal with pinorama-info, for one picture or thousands</source>
+        <extracomment>In the list below &quot;The first release. Pinorama:&quot;. pinorama-info is the name of a program and stays</extracomment>
+        <translation>يطبع المعلومات نفسها في الطرفية بواسطة pinorama-info، لصورة واحدة أو لآلاف الصور</translation>
+    </message>
+</context>
+<context>
+    <name>GPS</name>
+    <message>
+        <source>Picture</source>
+        <comment>picture</comment>
+        <extracomment>The title of the mark on a web map. It becomes part of an address: only letters of English, no blanks. Languages with other letters have &quot;Photo&quot;.</extracomment>
+        <translation>Photo</translation>
+    </message>
+    <message>
+        <source>OpenStreetMap</source>
+        <comment>a1</comment>
+        <extracomment>In the menu of map services: the name of a web map. Most languages keep it.</extracomment>
+        <translation>OpenStreetMap</translation>
+    </message>
+    <message>
+        <source>Google Maps</source>
+        <comment>a2</comment>
+        <extracomment>In the menu of map services: the name of a web map. Most languages keep it.</extracomment>
+        <translation>خرائط Google</translation>
+    </message>
+    <message>
+        <source>Bing Maps</source>
+        <comment>a3</comment>
+        <extracomment>In the menu of map services: the name of a web map. Most languages keep it.</extracomment>
+        <translation>خرائط Bing</translation>
+    </message>
+    <message>
+        <source>Apple Maps</source>
+        <comment>a4</comment>
+        <extracomment>In the menu of map services: the name of a web map. Most languages keep it.</extracomment>
+        <translation>خرائط Apple</translation>
+    </message>
+    <message>
+        <source>OpenTopoMap</source>
+        <comment>a5</comment>
+        <extracomment>In the menu of map services: the name of a web map. Most languages keep it.</extracomment>
+        <translation>OpenTopoMap</translation>
+    </message>
+    <message>
+        <source>Street-level pictures (Mapillary)</source>
+        <comment>a6</comment>
+        <extracomment>In the menu of map services: opens pictures that people took of the streets around. Mapillary is a name and stays.</extracomment>
+        <translation>صور الشوارع (Mapillary)</translation>
+    </message>
+    <message>
+        <source>Wikipedia articles nearby</source>
+        <comment>a7</comment>
+        <extracomment>In the menu of map services: opens the list of Wikipedia articles about places nearby.</extracomment>
+        <translation>مقالات ويكيبيديا القريبة</translation>
+    </message>
+    <message>
+        <source>All map services (GeoHack)</source>
+        <comment>a8</comment>
+        <extracomment>In the menu of map services: opens a list of all web maps that show the place. GeoHack is a name and stays.</extracomment>
+        <translation>كل خدمات الخرائط (GeoHack)</translation>
+    </message>
+    <message>
+        <source>Map program of this computer</source>
+        <comment>a9</comment>
+        <extracomment>In the menu of map services: opens the place in the map program that is installed.</extracomment>
+        <translation>برنامج الخرائط في هذا الحاسوب</translation>
+    </message>
+</context>
+<context>
+    <name>Localizable</name>
+    <message>
+        <source> KB</source>
+        <comment>STR#1001:46</comment>
+        <extracomment>Unit of a file&apos;s size, in the window: kilobytes, megabytes, gigabytes, terabytes. It follows the number directly, so it begins with the space that the language wants there (&quot;1,024.0&quot; and &quot; KB&quot; give &quot;1,024.0 KB&quot;).</extracomment>
+        <translation> ك.ب</translation>
+    </message>
+    <message>
+        <source> MB</source>
+        <comment>STR#1001:3</comment>
+        <extracomment>Unit of a file&apos;s size, in the window: kilobytes, megabytes, gigabytes, terabytes. It follows the number directly, so it begins with the space that the language wants there (&quot;1,024.0&quot; and &quot; KB&quot; give &quot;1,024.0 KB&quot;).</extracomment>
+        <translation> م.ب</translation>
+    </message>
+    <message>
+        <source> GB</source>
+        <comment>STR#1001:31</comment>
+        <extracomment>Unit of a file&apos;s size, in the window: kilobytes, megabytes, gigabytes, terabytes. It follows the number directly, so it begins with the space that the language wants there (&quot;1,024.0&quot; and &quot; KB&quot; give &quot;1,024.0 KB&quot;).</extracomment>
+        <translation> غ.ب</translation>
+    </message>
+    <message>
+        <source> TB</source>
+        <comment>STR#1001:123</comment>
+        <extracomment>Unit of a file&apos;s size, in the window: kilobytes, megabytes, gigabytes, terabytes. It follows the number directly, so it begins with the space that the language wants there (&quot;1,024.0&quot; and &quot; KB&quot; give &quot;1,024.0 KB&quot;).</extracomment>
+        <translation> ت.ب</translation>
+    </message>
+    <message>
+        <source>bytes</source>
+        <comment>STR#1001:93</comment>
+        <extracomment>In the window, after the exact count of a file&apos;s size: &quot;0.5 KB (512 bytes)&quot;. The count is mostly large.</extracomment>
+        <translation>بايت</translation>
+    </message>
+    <message>
+        <source>%c %.0f° %.0f&apos; %.1f&quot;</source>
+        <comment>11</comment>
+        <extracomment>One coordinate in the window: hemisphere letter, degrees, minutes, seconds (&quot;N 48° 6&apos; 0.0&quot;&quot;). The conversions (%c, %.0f, %.1f) stay as they are, and in this order.</extracomment>
+        <translation>%c %.0f° %.0f&apos; %.1f&quot;</translation>
+    </message>
+</context>
+<context>
+    <name>Places</name>
+    <message>
+        <source>Near {town}, {country}</source>
+        <comment>near</comment>
+        <extracomment>A place on land. {town} and {country} are names as they stand on maps, {distance} is a number of kilometres and {direction} one of the points of the compass below. The names in braces may stand in any order. The form without {country} is for places such as Singapore, which are town and country.</extracomment>
+        <translation>قرب {town}، {country}</translation>
+    </message>
+    <message>
+        <source>Near {town}</source>
+        <comment>nearTown</comment>
+        <extracomment>A place on land. {town} and {country} are names as they stand on maps, {distance} is a number of kilometres and {direction} one of the points of the compass below. The names in braces may stand in any order. The form without {country} is for places such as Singapore, which are town and country.</extracomment>
+        <translation>قرب {town}</translation>
+    </message>
+    <message>
+        <source>{distance} km {direction} of {town}, {country}</source>
+        <comment>away</comment>
+        <extracomment>A place on land. {town} and {country} are names as they stand on maps, {distance} is a number of kilometres and {direction} one of the points of the compass below. The names in braces may stand in any order. The form without {country} is for places such as Singapore, which are town and country.</extracomment>
+        <translation>{distance} كم {direction} {town}، {country}</translation>
+    </message>
+    <message>
+        <source>{distance} km {direction} of {town}</source>
+        <comment>awayTown</comment>
+        <extracomment>A place on land. {town} and {country} are names as they stand on maps, {distance} is a number of kilometres and {direction} one of the points of the compass below. The names in braces may stand in any order. The form without {country} is for places such as Singapore, which are town and country.</extracomment>
+        <translation>{distance} كم {direction} {town}</translation>
+    </message>
+    <message>
+        <source>{sea}, {distance} km from {place}</source>
+        <comment>atSea</comment>
+        <extracomment>A place at sea: {sea} is one of the names below, {place} a town or islands.</extracomment>
+        <translation>{sea}، على بعد {distance} كم من {place}</translation>
+    </message>
+    <message>
+        <source>N</source>
+        <comment>compass0</comment>
+        <extracomment>A point of the compass, as short as on a compass. The points go from north on, clockwise; each is a sixteenth of the circle.</extracomment>
+        <translation>شمال</translation>
+    </message>
+    <message>
+        <source>NNE</source>
+        <comment>compass1</comment>
+        <extracomment>A point of the compass, as short as on a compass. The points go from north on, clockwise; each is a sixteenth of the circle.</extracomment>
+        <translation>شمال شمال شرق</translation>
+    </message>
+    <message>
+        <source>NE</source>
+        <comment>compass2</comment>
+        <extracomment>A point of the compass, as short as on a compass. The points go from north on, clockwise; each is a sixteenth of the circle.</extracomment>
+        <translation>شمال شرق</translation>
+    </message>
+    <message>
+        <source>ENE</source>
+        <comment>compass3</comment>
+        <extracomment>A point of the compass, as short as on a compass. The points go from north on, clockwise; each is a sixteenth of the circle.</extracomment>
+        <translation>شرق شمال شرق</translation>
+    </message>
+    <message>
+        <source>E</source>
+        <comment>compass4</comment>
+        <extracomment>A point of the compass, as short as on a compass. The points go from north on, clockwise; each is a sixteenth of the circle.</extracomment>
+        <translation>شرق</translation>
+    </message>
+    <message>
+        <source>ESE</source>
+        <comment>compass5</comment>
+        <extracomment>A point of the compass, as short as on a compass. The points go from north on, clockwise; each is a sixteenth of the circle.</extracomment>
+        <translation>شرق جنوب شرق</translation>
+    </message>
+    <message>
+        <source>SE</source>
+        <comment>compass6</comment>
+        <extracomment>A point of the compass, as short as on a compass. The points go from north on, clockwise; each is a sixteenth of the circle.</extracomment>
+        <translation>جنوب شرق</translation>
+    </message>
+    <message>
+        <source>SSE</source>
+        <comment>compass7</comment>
+        <extracomment>A point of the compass, as short as on a compass. The points go from north on, clockwise; each is a sixteenth of the circle.</extracomment>
+        <translation>جنوب جنوب شرق</translation>
+    </message>
+    <message>
+        <source>S</source>
+        <comment>compass8</comment>
+        <extracomment>A point of the compass, as short as on a compass. The points go from north on, clockwise; each is a sixteenth of the circle.</extracomment>
+        <translation>جنوب</translation>
+    </message>
+    <message>
+        <source>SSW</source>
+        <comment>compass9</comment>
+        <extracomment>A point of the compass, as short as on a compass. The points go from north on, clockwise; each is a sixteenth of the circle.</extracomment>
+        <translation>جنوب جنوب غرب</translation>
+    </message>
+    <message>
+        <source>SW</source>
+        <comment>compass10</comment>
+        <extracomment>A point of the compass, as short as on a compass. The points go from north on, clockwise; each is a sixteenth of the circle.</extracomment>
+        <translation>جنوب غرب</translation>
+    </message>
+    <message>
+        <source>WSW</source>
+        <comment>compass11</comment>
+        <extracomment>A point of the compass, as short as on a compass. The points go from north on, clockwise; each is a sixteenth of the circle.</extracomment>
+        <translation>غرب جنوب غرب</translation>
+    </message>
+    <message>
+        <source>W</source>
+        <comment>compass12</comment>
+        <extracomment>A point of the compass, as short as on a compass. The points go from north on, clockwise; each is a sixteenth of the circle.</extracomment>
+        <translation>غرب</translation>
+    </message>
+    <message>
+        <source>WNW</source>
+        <comment>compass13</comment>
+        <extracomment>A point of the compass, as short as on a compass. The points go from north on, clockwise; each is a sixteenth of the circle.</extracomment>
+        <translation>غرب شمال غرب</translation>
+    </message>
+    <message>
+        <source>NW</source>
+        <comment>compass14</comment>
+        <extracomment>A point of the compass, as short as on a compass. The points go from north on, clockwise; each is a sixteenth of the circle.</extracomment>
+        <translation>شمال غرب</translation>
+    </message>
+    <message>
+        <source>NNW</source>
+        <comment>compass15</comment>
+        <extracomment>A point of the compass, as short as on a compass. The points go from north on, clockwise; each is a sixteenth of the circle.</extracomment>
+        <translation>شمال شمال غرب</translation>
+    </message>
+    <message>
+        <source>{direction} (true)</source>
+        <comment>trueNorth</comment>
+        <extracomment>The direction of view of a picture, as the two kinds of north have it. {direction} is a point of the compass and stays as it is.</extracomment>
+        <translation>{direction} (حقيقي)</translation>
+    </message>
+    <message>
+        <source>{direction} (magnetic)</source>
+        <comment>magneticNorth</comment>
+        <extracomment>The direction of view of a picture, as the two kinds of north have it. {direction} is a point of the compass and stays as it is.</extracomment>
+        <translation>{direction} (مغناطيسي)</translation>
+    </message>
+    <message>
+        <source>{time} ({zone})</source>
+        <comment>takenIn</comment>
+        <extracomment>When a picture was taken, in the window. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
+        <translation>{time} ({zone})</translation>
+    </message>
+    <message>
+        <source>By the clock of the satellites, in the time of the place.</source>
+        <comment>takenBySatellites</comment>
+        <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
+        <translation>حسب ساعة الأقمار الصناعية، بتوقيت المكان.</translation>
+    </message>
+    <message>
+        <source>By the clock of the satellites, which is in UTC.</source>
+        <comment>takenBySatellitesInUTC</comment>
+        <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
+        <translation>حسب ساعة الأقمار الصناعية، بالتوقيت العالمي UTC.</translation>
+    </message>
+    <message>
+        <source>By the camera&apos;s clock, which was set to {zone}.</source>
+        <comment>takenByCamera</comment>
+        <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
+        <translation>حسب ساعة الكاميرا المضبوطة على {zone}.</translation>
+    </message>
+    <message>
+        <source>In the time of the place. The camera&apos;s clock was set to {zone} and showed {time}.</source>
+        <comment>takenByCameraElsewhere</comment>
+        <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
+        <translation>بتوقيت المكان. كانت ساعة الكاميرا مضبوطة على {zone} وأظهرت {time}.</translation>
+    </message>
+    <message>
+        <source>By the camera&apos;s clock. The picture does not say its time zone; the one shown is that of the place.</source>
+        <comment>takenByCameraAssumed</comment>
+        <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
+        <translation>حسب ساعة الكاميرا. لا تذكر الصورة منطقتها الزمنية؛ المعروضة هي منطقة المكان.</translation>
+    </message>
+    <message>
+        <source>By the camera&apos;s clock. Its time zone is not known.</source>
+        <comment>takenByCameraWithoutZone</comment>
+        <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
+        <translation>حسب ساعة الكاميرا. منطقتها الزمنية غير معروفة.</translation>
+    </message>
+    <message>
+        <source>Sea of Azov</source>
+        <comment>Sea of Azov</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر آزوف</translation>
+    </message>
+    <message>
+        <source>Black Sea</source>
+        <comment>Black Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>البحر الأسود</translation>
+    </message>
+    <message>
+        <source>Caspian Sea</source>
+        <comment>Caspian Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر قزوين</translation>
+    </message>
+    <message>
+        <source>Adriatic Sea</source>
+        <comment>Adriatic Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>البحر الأدرياتيكي</translation>
+    </message>
+    <message>
+        <source>Aegean Sea</source>
+        <comment>Aegean Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر إيجة</translation>
+    </message>
+    <message>
+        <source>Ionian Sea</source>
+        <comment>Ionian Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>البحر الأيوني</translation>
+    </message>
+    <message>
+        <source>Tyrrhenian Sea</source>
+        <comment>Tyrrhenian Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>البحر التيراني</translation>
+    </message>
+    <message>
+        <source>Ligurian Sea</source>
+        <comment>Ligurian Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>البحر الليغوري</translation>
+    </message>
+    <message>
+        <source>Alboran Sea</source>
+        <comment>Alboran Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر البوران</translation>
+    </message>
+    <message>
+        <source>Mediterranean Sea</source>
+        <comment>Mediterranean Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>البحر المتوسط</translation>
+    </message>
+    <message>
+        <source>Gulf of Bothnia</source>
+        <comment>Gulf of Bothnia</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>خليج بوثنيا</translation>
+    </message>
+    <message>
+        <source>Gulf of Finland</source>
+        <comment>Gulf of Finland</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>خليج فنلندا</translation>
+    </message>
+    <message>
+        <source>Baltic Sea</source>
+        <comment>Baltic Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر البلطيق</translation>
+    </message>
+    <message>
+        <source>Kattegat</source>
+        <comment>Kattegat</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>كاتيغات</translation>
+    </message>
+    <message>
+        <source>Skagerrak</source>
+        <comment>Skagerrak</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>سكاغيراك</translation>
+    </message>
+    <message>
+        <source>English Channel</source>
+        <comment>English Channel</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر المانش</translation>
+    </message>
+    <message>
+        <source>Irish Sea</source>
+        <comment>Irish Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>البحر الأيرلندي</translation>
+    </message>
+    <message>
+        <source>Celtic Sea</source>
+        <comment>Celtic Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>البحر الكلتي</translation>
+    </message>
+    <message>
+        <source>Bay of Biscay</source>
+        <comment>Bay of Biscay</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>خليج بسكاي</translation>
+    </message>
+    <message>
+        <source>North Sea</source>
+        <comment>North Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر الشمال</translation>
+    </message>
+    <message>
+        <source>Norwegian Sea</source>
+        <comment>Norwegian Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>البحر النرويجي</translation>
+    </message>
+    <message>
+        <source>White Sea</source>
+        <comment>White Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>البحر الأبيض</translation>
+    </message>
+    <message>
+        <source>Barents Sea</source>
+        <comment>Barents Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر بارنتس</translation>
+    </message>
+    <message>
+        <source>Kara Sea</source>
+        <comment>Kara Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر كارا</translation>
+    </message>
+    <message>
+        <source>Laptev Sea</source>
+        <comment>Laptev Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر لابتيف</translation>
+    </message>
+    <message>
+        <source>East Siberian Sea</source>
+        <comment>East Siberian Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر شرق سيبيريا</translation>
+    </message>
+    <message>
+        <source>Chukchi Sea</source>
+        <comment>Chukchi Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر تشوكشي</translation>
+    </message>
+    <message>
+        <source>Beaufort Sea</source>
+        <comment>Beaufort Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر بوفورت</translation>
+    </message>
+    <message>
+        <source>Greenland Sea</source>
+        <comment>Greenland Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر غرينلاند</translation>
+    </message>
+    <message>
+        <source>Denmark Strait</source>
+        <comment>Denmark Strait</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>مضيق الدنمارك</translation>
+    </message>
+    <message>
+        <source>Baffin Bay</source>
+        <comment>Baffin Bay</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>خليج بافن</translation>
+    </message>
+    <message>
+        <source>Davis Strait</source>
+        <comment>Davis Strait</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>مضيق ديفيس</translation>
+    </message>
+    <message>
+        <source>Hudson Bay</source>
+        <comment>Hudson Bay</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>خليج هدسون</translation>
+    </message>
+    <message>
+        <source>Gulf of Saint Lawrence</source>
+        <comment>Gulf of Saint Lawrence</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>خليج سانت لورنس</translation>
+    </message>
+    <message>
+        <source>Labrador Sea</source>
+        <comment>Labrador Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر لابرادور</translation>
+    </message>
+    <message>
+        <source>Gulf of Mexico</source>
+        <comment>Gulf of Mexico</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>خليج المكسيك</translation>
+    </message>
+    <message>
+        <source>Caribbean Sea</source>
+        <comment>Caribbean Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>البحر الكاريبي</translation>
+    </message>
+    <message>
+        <source>Gulf of California</source>
+        <comment>Gulf of California</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>خليج كاليفورنيا</translation>
+    </message>
+    <message>
+        <source>Gulf of Alaska</source>
+        <comment>Gulf of Alaska</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>خليج ألاسكا</translation>
+    </message>
+    <message>
+        <source>Bering Sea</source>
+        <comment>Bering Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر بيرنغ</translation>
+    </message>
+    <message>
+        <source>Drake Passage</source>
+        <comment>Drake Passage</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>ممر دريك</translation>
+    </message>
+    <message>
+        <source>Scotia Sea</source>
+        <comment>Scotia Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر سكوشا</translation>
+    </message>
+    <message>
+        <source>Weddell Sea</source>
+        <comment>Weddell Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر ودل</translation>
+    </message>
+    <message>
+        <source>Ross Sea</source>
+        <comment>Ross Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر روس</translation>
+    </message>
+    <message>
+        <source>Red Sea</source>
+        <comment>Red Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>البحر الأحمر</translation>
+    </message>
+    <message>
+        <source>Gulf of Aden</source>
+        <comment>Gulf of Aden</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>خليج عدن</translation>
+    </message>
+    <message>
+        <source>Persian Gulf</source>
+        <comment>Persian Gulf</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>الخليج العربي</translation>
+    </message>
+    <message>
+        <source>Gulf of Oman</source>
+        <comment>Gulf of Oman</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>خليج عُمان</translation>
+    </message>
+    <message>
+        <source>Arabian Sea</source>
+        <comment>Arabian Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر العرب</translation>
+    </message>
+    <message>
+        <source>Laccadive Sea</source>
+        <comment>Laccadive Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر لكاديف</translation>
+    </message>
+    <message>
+        <source>Andaman Sea</source>
+        <comment>Andaman Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر أندامان</translation>
+    </message>
+    <message>
+        <source>Bay of Bengal</source>
+        <comment>Bay of Bengal</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>خليج البنغال</translation>
+    </message>
+    <message>
+        <source>Strait of Malacca</source>
+        <comment>Strait of Malacca</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>مضيق ملقا</translation>
+    </message>
+    <message>
+        <source>Gulf of Thailand</source>
+        <comment>Gulf of Thailand</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>خليج تايلاند</translation>
+    </message>
+    <message>
+        <source>South China Sea</source>
+        <comment>South China Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر الصين الجنوبي</translation>
+    </message>
+    <message>
+        <source>Sulu Sea</source>
+        <comment>Sulu Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر سولو</translation>
+    </message>
+    <message>
+        <source>Celebes Sea</source>
+        <comment>Celebes Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر سيليبس</translation>
+    </message>
+    <message>
+        <source>Java Sea</source>
+        <comment>Java Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر جاوة</translation>
+    </message>
+    <message>
+        <source>Flores Sea</source>
+        <comment>Flores Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر فلوريس</translation>
+    </message>
+    <message>
+        <source>Banda Sea</source>
+        <comment>Banda Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر باندا</translation>
+    </message>
+    <message>
+        <source>Timor Sea</source>
+        <comment>Timor Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر تيمور</translation>
+    </message>
+    <message>
+        <source>Arafura Sea</source>
+        <comment>Arafura Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر أرافورا</translation>
+    </message>
+    <message>
+        <source>Gulf of Carpentaria</source>
+        <comment>Gulf of Carpentaria</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>خليج كاربنتاريا</translation>
+    </message>
+    <message>
+        <source>Philippine Sea</source>
+        <comment>Philippine Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر الفلبين</translation>
+    </message>
+    <message>
+        <source>East China Sea</source>
+        <comment>East China Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر الصين الشرقي</translation>
+    </message>
+    <message>
+        <source>Yellow Sea</source>
+        <comment>Yellow Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>البحر الأصفر</translation>
+    </message>
+    <message>
+        <source>Sea of Japan</source>
+        <comment>Sea of Japan</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر اليابان</translation>
+    </message>
+    <message>
+        <source>Sea of Okhotsk</source>
+        <comment>Sea of Okhotsk</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر أوخوتسك</translation>
+    </message>
+    <message>
+        <source>Solomon Sea</source>
+        <comment>Solomon Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر سليمان</translation>
+    </message>
+    <message>
+        <source>Bismarck Sea</source>
+        <comment>Bismarck Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر بسمارك</translation>
+    </message>
+    <message>
+        <source>Coral Sea</source>
+        <comment>Coral Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر المرجان</translation>
+    </message>
+    <message>
+        <source>Tasman Sea</source>
+        <comment>Tasman Sea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>بحر تسمان</translation>
+    </message>
+    <message>
+        <source>Great Australian Bight</source>
+        <comment>Great Australian Bight</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>الخليج الأسترالي العظيم</translation>
+    </message>
+    <message>
+        <source>Mozambique Channel</source>
+        <comment>Mozambique Channel</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>قناة موزمبيق</translation>
+    </message>
+    <message>
+        <source>Gulf of Guinea</source>
+        <comment>Gulf of Guinea</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>خليج غينيا</translation>
+    </message>
+    <message>
+        <source>Arctic Ocean</source>
+        <comment>Arctic Ocean</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>المحيط المتجمد الشمالي</translation>
+    </message>
+    <message>
+        <source>Southern Ocean</source>
+        <comment>Southern Ocean</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>المحيط الجنوبي</translation>
+    </message>
+    <message>
+        <source>North Atlantic Ocean</source>
+        <comment>North Atlantic Ocean</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>شمال المحيط الأطلسي</translation>
+    </message>
+    <message>
+        <source>South Atlantic Ocean</source>
+        <comment>South Atlantic Ocean</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>جنوب المحيط الأطلسي</translation>
+    </message>
+    <message>
+        <source>Indian Ocean</source>
+        <comment>Indian Ocean</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>المحيط الهندي</translation>
+    </message>
+    <message>
+        <source>North Pacific Ocean</source>
+        <comment>North Pacific Ocean</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>شمال المحيط الهادئ</translation>
+    </message>
+    <message>
+        <source>South Pacific Ocean</source>
+        <comment>South Pacific Ocean</comment>
+        <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translation>جنوب المحيط الهادئ</translation>
+    </message>
+</context>
+</TS>
