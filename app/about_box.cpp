@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <QIcon>
 #include <QMessageBox>
 
@@ -11,6 +12,14 @@ struct AboutBox {
     Q_DECLARE_TR_FUNCTIONS(AboutBox)
 };
 constexpr int kIconSize = 64;  // points
+
+// With a mark, because a name alone in its line would stand at the left edge of every window.
+QString nameAndVersion()
+{
+    constexpr QChar kRightToLeftMark(0x200f);
+    const QString name = QStringLiteral("<b>Pinorama " PINORAMA_VERSION "</b>");
+    return QGuiApplication::isRightToLeft() ? kRightToLeftMark + name : name;
+}
 
 // What the program stands on, and under which licence each comes. Names, in every language.
 QString librariesAsLines()
@@ -49,7 +58,7 @@ void appShowAboutBox(QWidget* parent)
     box->setIconPixmap(QApplication::windowIcon().pixmap(QSize(kIconSize, kIconSize),
                                                          parent->devicePixelRatioF()));
     box->setTextFormat(Qt::RichText);
-    box->setText(QStringLiteral("<b>Pinorama " PINORAMA_VERSION "</b>"));
+    box->setText(nameAndVersion());
     box->setInformativeText(
         QStringLiteral("<p>%1</p>%2<p>%3</p><p>%4<br>%5</p><p>%6<br>%7</p>")
             .arg(

@@ -1,6 +1,7 @@
 // The window as in Arabic and Hebrew: everything is on the other side, and what is read from left
 // to right stays so.
 
+#include "app/about_box.h"
 #include "app/accessibility_notice.h"
 #include "app/compass_field.h"
 #include "app/copy_menu.h"
@@ -13,15 +14,18 @@
 #include "tests/app/controller_fixture.h"
 #include "tests/support/mirrored.h"
 
+#include <QAbstractButton>
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QDialog>
 #include <QImage>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
 #include <QTextBlock>
+#include <QTranslator>
 
-#include <sys/stat.h>
+#include <algorithm>
 #include <cerrno>
 
 using namespace pinorama;
@@ -84,6 +88,19 @@ void press(QWidget* widget, int key)
 {
     QKeyEvent down(QEvent::KeyPress, key, Qt::ControlModifier);
     QCoreApplication::sendEvent(widget, &down);
+}
+
+bool holdsEveryView(const MainWindow& window)
+{
+    const auto views = window.contentView->findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
+    return std::all_of(views.begin(), views.end(), [&window](const QWidget* view) {
+        const auto* label = qobject_cast<const QLabel*>(view);
+        const auto* button = qobject_cast<const QAbstractButton*>(view);
+        const bool hasText = (label != nullptr && label->buddy() != nullptr) ||
+                             (button != nullptr && !button->text().isEmpty());
+        return !view->isVisible() || (window.contentView->rect().contains(view->geometry()) &&
+                                      (!hasText || view->width() >= view->sizeHint().width()));
+    });
 }
 
 std::string textOf(const QLabel* label)
@@ -250,6 +267,38 @@ TEST_F(mirroredWindow, saysASentenceThatBeginsWithANameFromTheRight)
     parent.show();
     QCoreApplication::processEvents();
     expectAtTheRightEdge(line.findChild<QLabel*>(QStringLiteral("footLineWords")));
+}
+
+TEST_F(mirroredWindow, hasTheNameInTheAboutBoxWhereItsLinesBegin)
+{
+    appShowAboutBox(&window);
+    auto* box = window.findChild<QDialog*>(QStringLiteral("aboutBox"));
+    ASSERT_NE(box, nullptr);
+    expectAtTheRightEdge(box->findChild<QLabel*>(QStringLiteral("qt_msgbox_label")));
+    box->close();
+}
+
+// In whichever font: nothing is cut, and nothing stands beyond an edge.
+TEST_F(mirroredWindow, holdsEveryTextWholeInArabicAndHebrew)
+{
+    for (const char* language : {"ar", "he"}) {
+        SCOPED_TRACE(language);
+        QTranslator translator;
+        ASSERT_TRUE(translator.load(QStringLiteral(":/i18n/pinorama_") + language));
+        QCoreApplication::installTranslator(&translator);
+        AppController translated;
+        ASSERT_TRUE(translated.init());
+        MainWindow& its = *translated.myWindow;
+        const test::Text path = test::text(folder.write("a.jpg", pictureWithGps(kEverything)));
+        EXPECT_TRUE(translated.updateValuesForNewPath(path.get()));
+        translated.showMainWindow();
+        for (const int width : {0, 640, kWide}) {
+            its.resize(std::max(width, its.minimumSizeHint().width()), 900);
+            EXPECT_TRUE(test::waitUntil([&its] { return holdsEveryView(its); })) << width;
+        }
+        its.close();
+        QCoreApplication::removeTranslator(&translator);
+    }
 }
 
 TEST_F(mirroredWindow, copiesWhatTheFootSaysWithoutIsolation)
