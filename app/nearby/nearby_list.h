@@ -1,8 +1,9 @@
-// What a search for pictures nearby finds, as pinorama-search prints it (cli/list_entry.h): six
-// fields for each picture, every one followed by a zero byte. The bytes come in any pieces; nothing
-// in them is trusted.
+// What a search for pictures nearby finds, as pinorama-search prints it (list_fields.h). The bytes
+// come in any pieces; nothing in them is trusted.
 
 #pragma once
+
+#include "app/nearby/list_fields.h"
 
 #include <string>
 #include <string_view>
@@ -26,13 +27,10 @@ public:
     bool read(std::string_view bytes, std::vector<NearbyPicture>* pictures);
 
     // True if the bytes so far end between two pictures.
-    bool isComplete() const { return field_.empty() && fields_.empty(); }
+    bool isComplete() const { return fields_.isComplete(); }
 
 private:
-    bool takeField(std::vector<NearbyPicture>* pictures);
-
-    std::string field_;                // the one that has not ended
-    std::vector<std::string> fields_;  // of the picture that is not complete
+    ListFields fields_;
 };
 
 }  // namespace pinorama
