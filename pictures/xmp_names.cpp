@@ -1,5 +1,9 @@
 #include "pictures/xmp_names.h"
 
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
 namespace pinorama {
 namespace {
 constexpr std::size_t kBlockSize = 64;
@@ -26,6 +30,21 @@ bool mayHaveName(const char* block)
     }
     return has != 0;
 }
+
+// Whether there is nothing but blanks, line ends and what else has none of these bits; letters, ':'
+// and '<' have one of them. Packets end with some kilobytes of blanks, as room for longer values.
+bool isBlank(const char* block)
+{
+    constexpr std::uint64_t kBits = 0xD0D0D0D0D0D0D0D0;
+    std::uint64_t all = 0;
+    for (std::size_t i = 0; i < kBlockSize; i += sizeof all) {
+        std::uint64_t bytes = 0;
+        std::memcpy(&bytes, block + i, sizeof bytes);
+        all |= bytes;
+    }
+    // The letters of a name may follow the block.
+    return (all & kBits) == 0 && block[kBlockSize - 1] != '/';
+}
 }  // namespace
 
 std::size_t endOfXmpNames(std::string_view document)
@@ -34,7 +53,9 @@ std::size_t endOfXmpNames(std::string_view document)
     std::size_t end = document.size();
     if (end < kBeginningSize) return end;
     std::size_t last = end - (kBeginningSize - 1);
-    while (last >= kBlockSize && !mayHaveName(document.data() + last - kBlockSize)) {
+    while (last >= kBlockSize) {
+        const char* const block = document.data() + last - kBlockSize;
+        if (!isBlank(block) && mayHaveName(block)) break;
         last -= kBlockSize;
         end = last;
     }

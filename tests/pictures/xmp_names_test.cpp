@@ -35,13 +35,13 @@ TEST(endOfXmpNames, isAfterTheLastNameWhereverItIs)
     for (const char* name :
          {"exif:GPSLatitude='1,0N'", "photoshop:City='x'", "photoshop:State='x'",
           "photoshop:Country='x'", "<dc:description/>", "<City>x</City>", "</description>",
-          "Iptc4xmpExt:ProvinceState='x'", "Iptc4xmpExt:CountryName='x'"}) {
+          "Iptc4xmpExt:ProvinceState='x'", "Iptc4xmpExt:CountryName='x'", "/Country='x'"}) {
         SCOPED_TRACE(name);
         const std::string named = name;
         // In front of the name.
         const std::size_t sign = named.find_last_of(":</", named.find_first_of("='>") - 2);
         for (std::size_t before = 0; before < 200; before++) {
-            for (const std::size_t after : {0, 1, 63, 64, 65, 500}) {
+            for (const std::size_t after : {0, 1, 57, 63, 64, 65, 500}) {
                 const std::string document =
                     std::string(before, ' ') + named + std::string(after, ' ');
                 ASSERT_GT(endOfXmpNames(document), before + sign) << before << " " << after;
