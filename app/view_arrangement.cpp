@@ -8,9 +8,10 @@
 
 namespace pinorama {
 namespace {
-constexpr int kPicturesWidth = 176;  // points, the least of their column beside the texts
-constexpr int kMeasure = 60;         // characters in a line of the texts
-constexpr int kTwoRows = 2;          // columns of buttons in two rows
+constexpr int kPicturesWidth = 176;   // points, the least of their column beside the texts
+constexpr int kPicturesLetters = 22;  // characters, the same where letters are large
+constexpr int kMeasure = 60;          // characters in a line of the texts
+constexpr int kTwoRows = 2;           // columns of buttons in two rows
 }  // namespace
 
 ViewArrangement::ViewArrangement(MainWindow& window)
@@ -37,11 +38,17 @@ void ViewArrangement::fit(int width)
     const QMargins margins = window_.windowLayout->contentsMargins();
     const int room = width - margins.left() - margins.right();
     const int spacing = window_.columnsLayout->spacing();
-    const bool isWide = room >= kPicturesWidth + spacing + window_.factsLayout->sizeHint().width();
+    const bool isWide = room >= picturesWidth() + spacing + window_.factsLayout->sizeHint().width();
     arrangePictures(room, isWide);
     arrangeButtons(room >= buttonsWidth(kButtons) ? kButtons : kTwoRows);
     // The layout would only let the window become as narrow as it is arranged at the moment.
     window_.contentView->setMinimumWidth(leastWidth());
+}
+
+// Beside large letters the window is high, and the map would be a strip.
+int ViewArrangement::picturesWidth() const
+{
+    return std::max(kPicturesWidth, kPicturesLetters * window_.fontMetrics().averageCharWidth());
 }
 
 int ViewArrangement::leastWidth() const
@@ -99,7 +106,7 @@ void ViewArrangement::arrangePictures(int room, bool isWide)
     }
     const int beside = room - columns.spacing();
     const int texts = captionsWidth() + kMeasure * window_.fontMetrics().averageCharWidth();
-    window_.placeMap->setFixedWidth(std::clamp(beside - texts, kPicturesWidth,
+    window_.placeMap->setFixedWidth(std::clamp(beside - texts, picturesWidth(),
                                                beside - window_.factsLayout->sizeHint().width()));
 }
 

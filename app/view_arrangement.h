@@ -30,6 +30,7 @@ public:
 private:
     static constexpr int kButtons = 4;
 
+    int picturesWidth() const;
     int leastWidth() const;
     int buttonsWidth(int columns) const;
     int captionsWidth() const;

@@ -97,6 +97,18 @@ TEST_F(ViewArrangementTest, letsTheMapGrowAndTheTextsKeepTheirMeasure)
     EXPECT_LT(window.placeField->width(), 75 * window.fontMetrics().averageCharWidth());
 }
 
+TEST_F(ViewArrangementTest, letsTheMapBeNoStripBesideLargeLetters)
+{
+    QFont large = window.font();
+    large.setPixelSize(40);
+    window.setFont(large);
+    const int letter = window.fontMetrics().averageCharWidth();
+    for (int i = 0; i < 10; ++i) QCoreApplication::processEvents();
+    resize(window.factsLayout->sizeHint().width() + 35 * letter, 40 * letter);
+    EXPECT_TRUE(isWide());
+    EXPECT_GE(window.placeMap->width(), 20 * letter);
+}
+
 TEST_F(ViewArrangementTest, letsNoRowMoveFromPictureToPicture)
 {
     resize(kWide, 900);
