@@ -15,6 +15,7 @@
 #include <QProcess>
 #include <QSaveFile>
 #include <QStandardPaths>
+#include <QTemporaryFile>
 #include <QUrl>
 
 #include <cerrno>
@@ -57,16 +58,41 @@ QString marble()
     return firstExecutable({"marble", "marble-qt"});
 }
 
-// Writes the document into a file that only this user can read, the same one every time. Returns
-// its path, or nothing if it cannot be written.
-QString writeViewFile(const std::string& document)
+// A folder that only this user can read; empty if there is none.
+QString viewFolder()
 {
     QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
     if (folder.isEmpty()) folder = QStandardPaths::writableLocation(QStandardPaths::CacheLocation);
     folder += QStringLiteral("/pinorama");
-    if (!QDir().mkpath(folder)) return {};
+    return QDir().mkpath(folder) ? folder : QString();
+}
+
+// Writes the document into a file, the same one every time. Returns its path, or nothing if it
+// cannot be written.
+QString writeViewFile(const std::string& document)
+{
+    const QString folder = viewFolder();
     const QString path = folder + QStringLiteral("/fly-to.kml");
-    return writeWhole(path, document) ? path : QString();
+    return !folder.isEmpty() && writeWhole(path, document) ? path : QString();
+}
+
+// The same with a new file every time: a program that has a file open already, as GNOME Maps has
+// all that it was given, does not read it again. Only `earlier` stays, which the program that was
+// to open it may still be starting to read.
+QString writePlaceFile(const std::string& document, const QString& earlier)
+{
+    const QString folder = viewFolder();
+    if (folder.isEmpty()) return {};
+    const QStringList old = QDir(folder).entryList({QStringLiteral("place-*.kml")}, QDir::Files);
+    for (const QString& name : old) {
+        const QString path = folder + QLatin1Char('/') + name;
+        if (path != earlier) (void)QFile::remove(path);
+    }
+    QTemporaryFile file(folder + QStringLiteral("/place-XXXXXX.kml"));
+    const auto size = static_cast<qint64>(document.size());
+    if (!file.open() || file.write(document.data(), size) != size || !file.flush()) return {};
+    file.setAutoRemove(false);
+    return file.fileName();
 }
 
 // The settings lie beside the program itself; the name on the search path may be a symbolic link.
@@ -221,11 +247,11 @@ void GlobePrograms::giveUpWaiting()
 
 void GlobePrograms::openDocument(const GlobeView& view)
 {
-    const QString path = writeViewFile(makePlacemarkDocument(view));
-    if (path.isEmpty()) {
+    placeFile_ = writePlaceFile(makePlacemarkDocument(view), placeFile_);
+    if (placeFile_.isEmpty()) {
         Q_EMIT failed(Failure::notWritten);
     } else {
-        opener_.open(QUrl::fromLocalFile(path).toEncoded());
+        opener_.open(QUrl::fromLocalFile(placeFile_).toEncoded());
     }
 }
 

@@ -28,8 +28,8 @@ public:
     // Shows `view`, whose numbers must be finite and in range. Google Earth Pro receives all five
     // of them: through its query file if its settings name one, else through a KML file that it
     // opens. A running Marble is moved over the session bus and raised, otherwise it is started; it
-    // has neither tilt nor heading. Every other program receives a KML file with a placemark; it is
-    // up to `opener` what happens if there is none.
+    // has neither tilt nor heading. Every other program receives a KML file with a placemark, a new
+    // one each time; it is up to `opener` what happens if there is none.
     void show(const GlobeView& view);
 
     // Whether Google Earth Pro, Marble or a program that opens KML files is installed.
@@ -67,6 +67,7 @@ private:
 
     UrlOpener& opener_;
     GlobeView view_ = {};  // the latest view, for Marble
+    QString placeFile_;    // the last one for another program; empty if there is none
     QString marble_;       // path of the executable; empty if it is not installed
     QDBusServiceWatcher* watcher_ = nullptr;
     std::chrono::milliseconds patience_ = std::chrono::seconds(10);

@@ -34,6 +34,34 @@ std::string document(const std::string& content)
            content + "</Document></kml>\n";
 }
 
+// The corners of a square around the place, with as much on each side as the view is away from it.
+// It ends at the poles and at the 180th meridian.
+std::string cornersAround(const GlobeView& view)
+{
+    constexpr double kMetresPerDegree = 111320.0;
+    const double height = std::clamp(view.distance, 100.0, 1e6) / kMetresPerDegree;
+    const double shrinking = std::cos(view.latitude * std::numbers::pi / 180.0);
+    const double width = height / std::max(shrinking, 0.01);
+    const std::string south = number(std::max(view.latitude - height, -90.0));
+    const std::string north = number(std::min(view.latitude + height, 90.0));
+    const std::string west = number(std::max(view.longitude - width, -180.0));
+    const std::string east = number(std::min(view.longitude + width, 180.0));
+    const std::string first = west + "," + south;
+    return first + " " + east + "," + south + " " + east + "," + north + " " + west + "," + north +
+           " " + first;
+}
+
+// What has no extent GNOME Maps 43 marks, but does not go to. So there is a second placemark: a
+// hole in nothing, which no program draws and which those that look for tracks pass over.
+std::string surroundings(const GlobeView& view)
+{
+    return "<Placemark><Style><LineStyle><color>00ffffff</color></LineStyle><PolyStyle><fill>0"
+           "</fill><outline>0</outline></PolyStyle></Style><Polygon><innerBoundaryIs><LinearRing>"
+           "<coordinates>" +
+           cornersAround(view) +
+           "</coordinates></LinearRing></innerBoundaryIs></Polygon></Placemark>";
+}
+
 std::string_view trimmed(std::string_view text)
 {
     constexpr std::string_view kBlanks = " \t\r\"";
@@ -54,7 +82,7 @@ std::string makePlacemarkDocument(const GlobeView& view)
     const std::string longitude = number(view.longitude);
     return document(lookAt(view) + "<Placemark><name>" + latitude + ", " + longitude +
                     "</name><Point><coordinates>" + longitude + "," + latitude +
-                    "</coordinates></Point></Placemark>");
+                    "</coordinates></Point></Placemark>" + surroundings(view));
 }
 
 std::string makeFlyToQuery(const GlobeView& view)

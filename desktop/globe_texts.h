@@ -13,7 +13,9 @@ namespace pinorama {
 std::string makeLookAtDocument(const GlobeView& view);
 
 // The same with a placemark at the place, for programs that show only places: its name is the
-// coordinate in decimal degrees.
+// coordinate in decimal degrees. A second placemark, which cannot be seen, extends from the place
+// as far as the camera is away from it, 100 m at least and 1000 km at most: some programs go only
+// to what has an extent.
 std::string makePlacemarkDocument(const GlobeView& view);
 
 // The line of a ViewSync query file that makes a running Google Earth Pro fly to the view.

@@ -15,6 +15,7 @@
 #include <QDBusVirtualObject>
 #include <QPointF>
 
+#include <cstring>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -174,9 +175,28 @@ TEST_F(GlobeProgramsTest, opensADocumentWithAPlacemarkIfNoGlobeIsInstalled)
     GlobePrograms programs(opener_);
     programs.show(kView);
     ASSERT_TRUE(test::waitUntil([&] { return !opener_.urls.empty(); }));
-    EXPECT_EQ(opener_.urls,
-              std::vector<std::string>{"file://" + folder_.file("pinorama/fly-to.kml")});
-    EXPECT_EQ(test::readFile(folder_.file("pinorama/fly-to.kml")), makePlacemarkDocument(kView));
+    ASSERT_EQ(opener_.urls.size(), 1u);
+    ASSERT_TRUE(opener_.urls[0].starts_with("file://" + folder_.file("pinorama/place-")));
+    EXPECT_EQ(test::readFile(opener_.urls[0].substr(strlen("file://"))),
+              makePlacemarkDocument(kView));
+}
+
+TEST_F(GlobeProgramsTest, opensANewDocumentEachTimeAndKeepsOnlyTheOneBefore)
+{
+    std::filesystem::create_directories(folder_.file("pinorama"));
+    folder_.write("pinorama/place-Earl1e.kml", "of an earlier start");
+    folder_.write("pinorama/other.kml", "of somebody else");
+    GlobePrograms programs(opener_);
+    for (std::size_t i = 1; i <= 3; ++i) {
+        programs.show({1.0 + static_cast<double>(i), 11.5, 0.0, 44.0, 400.0});
+        ASSERT_TRUE(test::waitUntil([&] { return opener_.urls.size() == i; }));
+    }
+    const auto path = [this](std::size_t at) { return opener_.urls[at].substr(strlen("file://")); };
+    EXPECT_FALSE(std::filesystem::exists(path(0)));
+    EXPECT_EQ(test::readFile(path(1)), makePlacemarkDocument({3.0, 11.5, 0.0, 44.0, 400.0}));
+    EXPECT_EQ(test::readFile(path(2)), makePlacemarkDocument({4.0, 11.5, 0.0, 44.0, 400.0}));
+    EXPECT_FALSE(std::filesystem::exists(folder_.file("pinorama/place-Earl1e.kml")));
+    EXPECT_TRUE(std::filesystem::exists(folder_.file("pinorama/other.kml")));
 }
 
 TEST_F(GlobeProgramsTest, opensNothingAndSaysSoIfTheDocumentCannotBeWritten)

@@ -31,8 +31,40 @@ TEST(makePlacemarkDocument, hasThePlaceAsAPlacemarkToo)
         "<coordinates>18.400000,-33.900000</coordinates></Point></Placemark>";
     std::string withoutIt = document;
     ASSERT_NE(document.find("</LookAt>" + placemark), std::string::npos) << document;
-    withoutIt.erase(document.find(placemark), placemark.size());
+    withoutIt.erase(document.find(placemark),
+                    document.rfind("</Document>") - document.find(placemark));
     EXPECT_EQ(withoutIt, makeLookAtDocument({-33.9, 18.4, 271.25, 30.0, 2000.0}));
+}
+
+TEST(makePlacemarkDocument, hasAnExtentThatNobodyDraws)
+{
+    const struct {
+        const char* name;
+        GlobeView view;
+        const char* ring;
+    } rows[] = {
+        {"as far as the camera is away",
+         {-33.9, 18.4, 0, 0, 1113.2},
+         "18.387952,-33.910000 18.412048,-33.910000 18.412048,-33.890000 18.387952,-33.890000 "
+         "18.387952,-33.910000"},
+        {"100 m at least",
+         {0, 0, 0, 0, 1},
+         "-0.000898,-0.000898 0.000898,-0.000898 0.000898,0.000898 -0.000898,0.000898 "
+         "-0.000898,-0.000898"},
+        {"not beyond a pole, nor the date line",
+         {90, 180, 0, 0, 1113.2},
+         "179.000000,89.990000 180.000000,89.990000 180.000000,90.000000 179.000000,90.000000 "
+         "179.000000,89.990000"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        const std::string document = makePlacemarkDocument(row.view);
+        EXPECT_NE(document.find("<Polygon><innerBoundaryIs><LinearRing><coordinates>" +
+                                std::string(row.ring) + "</coordinates>"),
+                  std::string::npos)
+            << document;
+        EXPECT_EQ(document.find("outerBoundaryIs"), std::string::npos);
+    }
 }
 
 TEST(makeFlyToQuery, isOneLineThatBeginsWithTheKeyword)
