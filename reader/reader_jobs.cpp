@@ -8,8 +8,9 @@
 namespace pinorama {
 namespace {
 constexpr std::size_t kReadAtOnce = 64 * 1024;
-constexpr int kMaxInterruptions = 32;  // of one preview
-constexpr int kMaxReports = 1000;      // in one turn; there are five a second
+constexpr std::size_t kMaxKept = 512 * 1024;  // bytes; a preview of the usual size takes less
+constexpr int kMaxInterruptions = 32;         // of one preview
+constexpr int kMaxReports = 1000;             // in one turn; there are five a second
 }  // namespace
 
 ReaderJobs::ReaderJobs(std::function<void(const ReaderJob& job)> onTurn)
@@ -108,6 +109,8 @@ ReaderJobs::Received ReaderJobs::receive(int socket)
         input_.erase(input_.begin(), input_.begin() + static_cast<std::ptrdiff_t>(taken_));
         taken_ = 0;
     }
+    // The next reply is hardly ever as large as that of a large preview.
+    if (input_.empty() && input_.capacity() > kMaxKept) std::vector<std::uint8_t>().swap(input_);
     received.isMore = count == static_cast<std::ptrdiff_t>(kReadAtOnce);
     return received;
 }

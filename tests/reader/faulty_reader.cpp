@@ -209,6 +209,11 @@ void replyTooMuch(const ReaderRequest& request)
     }
 }
 
+std::size_t pixelsOf(PixelSize box)
+{
+    return static_cast<std::size_t>(box.width) * static_cast<std::size_t>(box.height);
+}
+
 // A preview larger than the box, which is well-formed otherwise.
 void replyLargePreview(const ReaderRequest& request)
 {
@@ -216,6 +221,26 @@ void replyLargePreview(const ReaderRequest& request)
     const std::int32_t width = request.box.width + 1;
     reply.image = {width, 1, std::vector<std::uint32_t>(static_cast<std::size_t>(width))};
     sendBody(request, encodePreview(reply));
+}
+
+// A preview of the size of the box whose body is not: shorter or longer by one pixel, or without
+// any height.
+void replyPreviewOf(const ReaderRequest& request, std::size_t pixels, bool isFlat)
+{
+    PreviewReply reply;
+    reply.image = {request.box.width, isFlat ? 0 : request.box.height,
+                   std::vector<std::uint32_t>(pixels)};
+    sendBody(request, encodePreview(reply));
+}
+
+// The header and one pixel of such a preview, and nothing more.
+void beginPreview(const ReaderRequest& request)
+{
+    PreviewReply reply;
+    reply.image = {request.box.width, request.box.height, {0xff000000}};
+    sendMessage(request, encodePreview(reply),
+                static_cast<std::uint32_t>(maxBodyLength(request.task, request.box)));
+    for (;;) spin(std::chrono::hours(1));
 }
 
 void replyNaN(const ReaderRequest& request)
@@ -269,6 +294,14 @@ void commit(const Fault& fault, const ReaderRequest& request)
         sendNothing(request);
     } else if (fault.name == "large-preview") {
         replyLargePreview(request);
+    } else if (fault.name == "short-preview") {
+        replyPreviewOf(request, std::max<std::size_t>(pixelsOf(request.box), 1) - 1, false);
+    } else if (fault.name == "long-preview") {
+        replyPreviewOf(request, pixelsOf(request.box) + 1, false);
+    } else if (fault.name == "flat-preview") {
+        replyPreviewOf(request, 0, true);
+    } else if (fault.name == "half-preview") {
+        beginPreview(request);
     } else if (fault.name == "nan") {
         replyNaN(request);
     } else if (fault.name == "late") {

@@ -16,6 +16,7 @@
 #include <string>
 
 #include <fcntl.h>
+#include <malloc.h>
 #include <sys/ioctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -364,6 +365,30 @@ TEST(ReaderClient, worksWithAnEventLoop)
     EXPECT_EQ(client.takePreview()->outcome, ReadOutcome::found);
     EXPECT_FALSE(client.takePreview());
     EXPECT_EQ(client.millisecondsLeft(), -1) << "nothing to wake up for";
+}
+
+// Four megabytes of pixels, which nobody needs once they have been taken.
+TEST(ReaderClient, keepsNoMemoryOfALargePreview)
+{
+    if (test::kHasSanitizers) GTEST_SKIP() << "memory is counted in another way";
+    const auto inUse = [] {
+        const struct mallinfo2 info = mallinfo2();
+        return info.uordblks + info.hblkhd;
+    };
+    const Pictures pictures;
+    ReaderClient client(realReader());
+    expectGoodPicture(client, pictures);
+    const PictureFile large(pictures.file("large.jpg", test::jpegOfQuarters(1100, 1100)));
+    const std::size_t before = inUse();
+    (void)client.startPreview(large.descriptor(), PreviewKind::picture, {1024, 1024});
+    {
+        const PreviewResult result = client.waitForPreview();
+        ASSERT_EQ(result.outcome, ReadOutcome::found);
+        EXPECT_EQ(result.reply.image.width, 1024);
+        EXPECT_GT(inUse(), before + (std::size_t{3} << 20)) << "while it is there";
+    }
+    EXPECT_LT(inUse(), before + (std::size_t{1} << 20));
+    expectGoodPicture(client, pictures);
 }
 
 TEST(ReaderClient, leavesNoProcessAndNoDescriptor)

@@ -291,6 +291,41 @@ TEST(decodePreview, refusesAPictureOfTheWrongSize)
     EXPECT_FALSE(decodePreview(empty, PreviewKind::picture, {128, 128}));
 }
 
+TEST(decodePreview, holdsALargeOneAgainstItsBox)
+{
+    constexpr PixelSize kLarge = {1024, 1024};
+    PreviewReply reply;
+    reply.image = {1024, 683, std::vector<std::uint32_t>(std::size_t{1024} * 683, 0xff102030)};
+    const std::vector<std::uint8_t> body = encodePreview(reply);
+    EXPECT_LE(body.size(), maxBodyLength(ReaderTask::picturePreview, kLarge));
+    const auto decoded = decodePreview(body, PreviewKind::picture, kLarge);
+    ASSERT_TRUE(decoded);
+    EXPECT_EQ(decoded->image.pixels, reply.image.pixels);
+    EXPECT_FALSE(decodePreview(body, PreviewKind::picture, {1023, 1024}));
+    EXPECT_FALSE(decodePreview(body, PreviewKind::picture, {1024, 682}));
+    EXPECT_FALSE(decodePreview(body, PreviewKind::picture, {128, 128})) << "the small one";
+    EXPECT_FALSE(
+        decodePreview(ByteView(body).first(body.size() - 4), PreviewKind::picture, kLarge));
+    EXPECT_FALSE(decodePreview(body, PreviewKind::picture, {1024, kMaxPreviewSide + 1}));
+
+    // Sizes whose product is that of the pixels that came, or overflows.
+    const struct {
+        std::uint32_t width, height;
+    } rows[] = {{683, 1024},     {1024, 682},        {1024, 684},
+                {1024, 0},       {0, 683},           {0x80000000, 0x80000000},
+                {0xffffffff, 1}, {1 << 16, 1 << 16}, {1024, 0x40000000 + 683}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(testing::Message() << row.width << " by " << row.height);
+        std::vector<std::uint8_t> changed = body;
+        for (int i = 0; i < 4; i++) {
+            changed[i] = static_cast<std::uint8_t>(row.width >> 8 * i);
+            changed[4 + i] = static_cast<std::uint8_t>(row.height >> 8 * i);
+        }
+        const bool isOther = row.width == 683 && row.height == 1024;
+        EXPECT_EQ(decodePreview(changed, PreviewKind::picture, kLarge).has_value(), isOther);
+    }
+}
+
 TEST(decodePreview, onlyAThumbnailNamesAFile)
 {
     PreviewReply reply = somePreview();
@@ -312,6 +347,9 @@ TEST(maxBodyLength, boundsWhatIsEverRead)
 {
     EXPECT_LT(maxBodyLength(ReaderTask::properties, {}), 2u << 20);
     EXPECT_LT(maxBodyLength(ReaderTask::picturePreview, {128, 128}), 80u << 10);
+    EXPECT_LT(maxBodyLength(ReaderTask::picturePreview, {1024, 1024}), (4u << 20) + (16u << 10));
+    EXPECT_LT(maxBodyLength(ReaderTask::morePreview, {kMaxPreviewSide, kMaxPreviewSide}),
+              (16u << 20) + (16u << 10));
     EXPECT_EQ(maxBodyLength(ReaderTask::hello, {128, 128}), 0u);
 }
 
