@@ -20,8 +20,7 @@ void FileFields::showName(TovStringRef path)
 {
     showOwned(window_.fileNameField, gpsCopyFileName(path));
     window_.fileNameField->setToolTip(cuDisplayText(path));
-    window_.fileIconField->clear();
-    window_.fileIconField->setFile({});
+    window_.fileIconField->showNothing();
 }
 
 void FileFields::showItem(const std::string& path, const std::optional<FileAttributes>& item)
@@ -42,7 +41,7 @@ void FileFields::clearItem()
 
 void FileFields::showPreview(const QPixmap& preview)
 {
-    window_.fileIconField->setPixmap(preview);
+    window_.fileIconField->showPreview(preview);
 }
 
 void FileFields::showInsteadOfPreview(const QString& words)

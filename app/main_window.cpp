@@ -119,6 +119,7 @@ void MainWindow::furnish()
     // A larger font needs a larger window.
     const QSize usual = isVisible() ? size() : kUsualSize;
     arrangement->fit(usual.width());
+    arrangement->setUsualSize((isVisible() ? likelySize() : kUsualSize).expandedTo(sizeHint()));
     if (!isRestored_) resize(usual.expandedTo(sizeHint()));
     setFocus();  // not the first field: its whole text would be shown instead of both its ends
 

@@ -7,8 +7,16 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QStyle>
+
+#include <utility>
 
 namespace pinorama {
+
+PictureField::PictureField(QWidget* parent) : QLabel(parent)
+{
+    setWordWrap(true);
+}
 
 std::unique_ptr<QMimeData> PictureField::dragData() const
 {
@@ -49,15 +57,93 @@ void PictureField::mouseMoveEvent(QMouseEvent* event)
     drag->exec(Qt::CopyAction);
 }
 
+QSize PictureField::sizeHint() const
+{
+    return text().isEmpty() ? hint_ : QLabel::sizeHint().expandedTo(hint_);
+}
+
+void PictureField::showNothing()
+{
+    file_.clear();
+    larger_ = {};
+    awaitsLarger_ = false;
+    clear();
+}
+
+void PictureField::showPreview(const QPixmap& preview)
+{
+    larger_ = {};
+    awaitsLarger_ = false;
+    setPixmap(preview);
+}
+
+void PictureField::showLarger(const QPixmap& larger)
+{
+    larger_ = larger;
+    update();
+}
+
+void PictureField::setAwaitsLarger(bool isAwaited)
+{
+    if (isAwaited == std::exchange(awaitsLarger_, isAwaited)) return;
+    update();
+}
+
+void PictureField::setRoom(QSize room, QSize hint)
+{
+    if (hint != std::exchange(hint_, hint)) updateGeometry();
+    if (room == std::exchange(room_, room)) return;
+    update();
+    Q_EMIT roomChanged();
+}
+
+QSize PictureField::shownSize() const
+{
+    const QPixmap small = pixmap();
+    if (small.isNull()) return {0, 0};
+    const QSize own = small.deviceIndependentSize().toSize();
+    const QSize whole = larger_.isNull() ? own : larger_.deviceIndependentSize().toSize();
+    const QSize fitted = whole.scaled(room(), Qt::KeepAspectRatio);
+    const QSize shown = awaitsLarger_ ? fitted : fitted.boundedTo(whole);
+    const bool isMore = shown.width() > own.width() || shown.height() > own.height();
+    const bool hasRoom = room() != QSize(kSmallest, kSmallest);
+    const bool mayBeMore = !larger_.isNull() || awaitsLarger_;
+    return mayBeMore && isMore && hasRoom ? shown : own;
+}
+
+// The best preview that there is in that size.
+const QPixmap& PictureField::scaledTo(QSize size)
+{
+    const QPixmap best = larger_.isNull() ? pixmap() : larger_;
+    const QSize pixels = (QSizeF(size) * devicePixelRatioF()).toSize();
+    if (best.cacheKey() != std::exchange(scaledKey_, best.cacheKey()) || scaled_.size() != pixels) {
+        scaled_ = best.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        scaled_.setDevicePixelRatio(devicePixelRatioF());
+    }
+    return scaled_;
+}
+
 void PictureField::paintEvent(QPaintEvent* event)
 {
-    if (!pixmap().isNull() || !text().isEmpty()) {
+    const QPixmap small = pixmap();
+    if (small.isNull() && text().isEmpty()) return paintOutline();
+    const QSize shown = shownSize();
+    if (shown == small.deviceIndependentSize().toSize()) {
+        scaled_ = {};
+        scaledKey_ = 0;
         QLabel::paintEvent(event);
         return;
     }
-    const QSize side = minimumSize();
-    QRectF outline(0, 0, side.width(), side.height());
-    outline.moveLeft((width() - side.width()) / 2.0);
+    const QRect place = QStyle::alignedRect(layoutDirection(), alignment(), shown, contentsRect());
+    QPainter(this).drawPixmap(place.topLeft(), scaledTo(shown));
+}
+
+void PictureField::paintOutline()
+{
+    // While one runs through pictures each of them is there in a moment.
+    if (!file_.empty()) return;
+    QRectF outline(QPointF(0, 0), room());
+    outline.moveLeft((width() - outline.width()) / 2.0);
 
     QColor quiet = palette().color(foregroundRole());
     quiet.setAlphaF(0.35F);
@@ -67,6 +153,18 @@ void PictureField::paintEvent(QPaintEvent* event)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(pen);
     painter.drawRoundedRect(outline.adjusted(4, 4, -4, -4), 8, 8);
+}
+
+void PictureField::resizeEvent(QResizeEvent* event)
+{
+    QLabel::resizeEvent(event);
+    Q_EMIT roomChanged();
+}
+
+void PictureField::showEvent(QShowEvent* event)
+{
+    QLabel::showEvent(event);
+    Q_EMIT roomChanged();
 }
 
 }  // namespace pinorama

@@ -26,7 +26,7 @@ constexpr std::chrono::milliseconds kNoWords(500);
 constexpr int kSilence = 3000;  // milliseconds
 }  // namespace
 
-PictureReading::PictureReading(MainWindow& window) : window_(window)
+PictureReading::PictureReading(MainWindow& window) : window_(window), larger_(*window.fileIconField)
 {
     stillReading_.setSingleShot(true);
     connect(&stillReading_, &QTimer::timeout, this, &PictureReading::sayStillReading);
@@ -58,6 +58,7 @@ void PictureReading::begin(const std::string& path)
 {
     path_ = path;
     previews_.cancel();
+    larger_.forget();
     if (awaitedPlace_ != 0) LateProperties::instance()->giveUp();
     awaitedPlace_ = 0;
     forgetSidecar();
@@ -67,6 +68,7 @@ void PictureReading::begin(const std::string& path)
     if (notice_ != nullptr) notice_->forget();
 
     picture_ = {};
+    item_.reset();
     properties_ = {};
     hasLooked_ = false;
     isOpening_ = true;
@@ -89,6 +91,7 @@ void PictureReading::takeOpened()
     if (!std::exchange(hasLooked_, true)) Q_EMIT looked(opener.file());
     if (!isDone) return;
     picture_ = opener.take();
+    item_ = picture_.item();
     isOpening_ = false;
     silence_.stop();
     if (stage == OpenStage::noOpener) {
@@ -229,6 +232,7 @@ void PictureReading::takePlace(std::uint32_t ticket, const PropertyResult& resul
         // Its preview would only be stuck as well.
         sayNotRead();
         previews_.settleForIcon();
+        larger_.forget();
         return;
     }
     if (isSidecarToCome()) ofPicture_ = result.properties;
@@ -240,10 +244,11 @@ void PictureReading::takePlace(std::uint32_t ticket, const PropertyResult& resul
     endReading();
 }
 
-void PictureReading::takePreview(const std::string& path, const QPixmap& preview)
+void PictureReading::takePreview(const std::string& path, const QPixmap& preview, bool isPreview)
 {
     if (path != path_) return;
     Q_EMIT previewRead(preview);
+    if (isPreview && item_) larger_.follow(path, *item_);
     readLateSidecar();
     endReading();
 }

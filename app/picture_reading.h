@@ -2,7 +2,8 @@
 // preview, each by another process. The first three nearly always come at once. What a slow disk
 // does not give in that time arrives through the event loop, as the preview always does, and is
 // dropped when another file is shown by then. Meanwhile a line at the foot of the window says what
-// is going on.
+// is going on. When the preview is there, a larger one follows if the window has room for it; that
+// only shows more of what is shown already, so nobody is told of it.
 //
 // When more kinds of files are read, a picture may have a sidecar as well. That is looked for, and
 // opened, after the picture, and read at once or after the preview: nothing else waits for it.
@@ -14,6 +15,7 @@
 
 #pragma once
 
+#include "app/larger_preview.h"
 #include "location/file_info_record.h"
 #include "pictures/picture_file.h"
 #include "pictures/picture_properties.h"
@@ -78,6 +80,8 @@ public:
     // afterwards.
     void requestPreview();
 
+    const LargerPreview& larger() const { return larger_; }
+
     // Whether the file, the place, the sidecar or the preview is still to come.
     bool isGoingOn() const;
 
@@ -101,7 +105,7 @@ public Q_SLOTS:
     // What arrives. A path other than the one of begin(), and a ticket that is not waited for, are
     // dropped.
     void takePlace(std::uint32_t ticket, const PropertyResult& result);
-    void takePreview(const std::string& path, const QPixmap& preview);
+    void takePreview(const std::string& path, const QPixmap& preview, bool isPreview = true);
     void takeReaderMissing(const std::string& path);
     void takeReaderStuck(const std::string& path);
 
@@ -124,8 +128,10 @@ private:
 
     MainWindow& window_;
     PreviewLoader previews_;
+    LargerPreview larger_;
     std::string path_;
-    PictureFile picture_;  // from `opened` on, until its preview is asked for
+    std::optional<FileAttributes> item_;  // what is at the path; nothing until it is known
+    PictureFile picture_;                 // from `opened` on, until its preview is asked for
     PictureProperties properties_;
     std::chrono::milliseconds patience_ = kPatience;
     std::chrono::steady_clock::time_point begun_{};  // of the file

@@ -29,6 +29,8 @@ bool ViewArrangement::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest) {
         fit(window_.contentView->width());
         window_.windowLayout->activate();
+        giveThePreviewRoom();
+        window_.windowLayout->activate();
     }
     return QObject::eventFilter(watched, event);
 }
@@ -49,6 +51,12 @@ void ViewArrangement::fit(int width)
 int ViewArrangement::picturesWidth() const
 {
     return std::max(kPicturesWidth, kPicturesLetters * window_.fontMetrics().averageCharWidth());
+}
+
+void ViewArrangement::setUsualSize(QSize usual)
+{
+    usual_ = usual;
+    giveThePreviewRoom();
 }
 
 int ViewArrangement::leastWidth() const
@@ -108,6 +116,30 @@ void ViewArrangement::arrangePictures(int room, bool isWide)
     const int texts = captionsWidth() + kMeasure * window_.fontMetrics().averageCharWidth();
     window_.placeMap->setFixedWidth(std::clamp(beside - texts, picturesWidth(),
                                                beside - window_.factsLayout->sizeHint().width()));
+}
+
+void ViewArrangement::giveThePreviewRoom()
+{
+    PictureField& field = *window_.fileIconField;
+    const QBoxLayout& pictures = *window_.picturesLayout;
+    constexpr int kSmallest = PictureField::kSmallest;
+    constexpr QSize kLeast(kSmallest, kSmallest);
+    if (!usual_.isValid()) return;
+    const QSize more = (window_.size() - usual_).expandedTo({0, 0});
+    const int grown = std::min(kSmallest + more.width() + more.height(), kMaxPreview);
+    const bool isAboveTheMap = pictures.direction() == QBoxLayout::TopToBottom;
+    QSize room;
+    if (isAboveTheMap) {
+        const int width = std::min(grown, window_.placeMap->maximumWidth());
+        room = {width, std::min(width, window_.contentView->height() * 2 / 5)};
+    } else {
+        // The row is as high as the texts below let it be, and may not ask for more.
+        const QRect row = pictures.geometry();
+        const int width = std::min({grown, (row.width() - pictures.spacing()) / 2, row.height()});
+        room = {width, width};
+    }
+    room = room.expandedTo(kLeast);
+    field.setRoom(room, isAboveTheMap ? room : QSize(room.width(), kSmallest));
 }
 
 }  // namespace pinorama

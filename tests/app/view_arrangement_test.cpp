@@ -3,6 +3,7 @@
 #include "tests/app/controller_fixture.h"
 
 #include "app/map_view.h"
+#include "app/view_arrangement.h"
 
 #include <QPushButton>
 
@@ -93,7 +94,8 @@ TEST_F(ViewArrangementTest, letsTheMapGrowAndTheTextsKeepTheirMeasure)
     const QSize map = window.placeMap->size();
     resize(1400, 900);
     EXPECT_GT(window.placeMap->width(), map.width() + 400);
-    EXPECT_GT(window.placeMap->height(), map.height() + 200);
+    EXPECT_GT(window.placeMap->height(), map.height() + 100) << "the preview has its share";
+    EXPECT_GE(window.placeMap->height(), window.fileIconField->height());
     EXPECT_LT(window.placeField->width(), 75 * window.fontMetrics().averageCharWidth());
 }
 
@@ -107,6 +109,64 @@ TEST_F(ViewArrangementTest, letsTheMapBeNoStripBesideLargeLetters)
     resize(window.factsLayout->sizeHint().width() + 35 * letter, 40 * letter);
     EXPECT_TRUE(isWide());
     EXPECT_GE(window.placeMap->width(), 20 * letter);
+}
+
+// In points, whatever the font: a window of the usual size has the preview in its smallest size.
+TEST_F(ViewArrangementTest, letsThePreviewGrowPointByPoint)
+{
+    const QSize usual = window.size();
+    const QSize smallest(PictureField::kSmallest, PictureField::kSmallest);
+    const PictureField& field = *window.fileIconField;
+    EXPECT_EQ(field.room(), smallest);
+    EXPECT_EQ(field.sizeHint(), smallest);
+
+    resize(usual.width() + 20, usual.height());
+    EXPECT_EQ(field.room(), smallest + QSize(20, 20));
+    resize(usual.width() + 20, usual.height() + 10);
+    EXPECT_EQ(field.room(), smallest + QSize(30, 30));
+    resize(usual.width(), usual.height());
+    EXPECT_EQ(field.room(), smallest) << "and back";
+    resize(window.minimumSizeHint().width(), usual.height());
+    EXPECT_EQ(field.room(), smallest);
+}
+
+TEST_F(ViewArrangementTest, sharesTheRoomBetweenPreviewAndMap)
+{
+    const PictureField& field = *window.fileIconField;
+    resize(kWide, 1100);
+    EXPECT_TRUE(isWide());
+    EXPECT_GT(field.room().width(), 300);
+    EXPECT_GT(field.room().height(), 300);
+    EXPECT_LE(field.room().width(), ViewArrangement::kMaxPreview);
+    EXPECT_LE(field.room().width(), window.placeMap->width());
+    EXPECT_GE(window.placeMap->height(), field.height());
+    EXPECT_EQ(field.room().height(), field.height());
+
+    resize(kWide, 700);
+    EXPECT_LT(field.room().height(), field.room().width()) << "wide and low";
+    EXPECT_GE(window.placeMap->height(), field.height());
+
+    resize(3000, 2400);
+    EXPECT_EQ(field.room(), QSize(512, 512));
+
+    resize(420, 1400);
+    EXPECT_FALSE(isWide());
+    EXPECT_GT(field.room().width(), 160);
+    EXPECT_GE(window.placeMap->width(), field.width()) << "narrow and high";
+    EXPECT_LE(field.room().height(), field.height());
+    resize(420, 300);
+    EXPECT_EQ(field.room().height(), PictureField::kSmallest);
+}
+
+TEST_F(ViewArrangementTest, letsTheWindowBecomeSmallAgain)
+{
+    const QSize usual = window.size();
+    const int least = window.minimumSizeHint().height();
+    resize(3000, 2400);
+    EXPECT_LE(window.minimumSizeHint().height(), least);
+    resize(usual.width(), usual.height());
+    EXPECT_EQ(window.size(), usual);
+    EXPECT_EQ(window.fileIconField->room().height(), PictureField::kSmallest);
 }
 
 TEST_F(ViewArrangementTest, letsNoRowMoveFromPictureToPicture)
