@@ -233,7 +233,11 @@ std::string bytesOf(const ByteBlock& packet)
         bytes.append(reinterpret_cast<const char*>(view.data()), view.size());
         // Packets are padded, and some are followed by other things.
         constexpr std::string_view kEnd = "<?xpacket end";
-        if (memmem(view.data(), view.size(), kEnd.data(), kEnd.size()) != nullptr) break;
+        const void* mark = memmem(view.data(), view.size(), kEnd.data(), kEnd.size());
+        if (mark == nullptr) continue;
+        const auto rest = view.data() + view.size() - static_cast<const std::uint8_t*>(mark);
+        bytes.resize(bytes.size() - static_cast<std::size_t>(rest));
+        break;
     }
     return bytes;
 }

@@ -86,3 +86,20 @@ TEST(readXmp, findsTheValueOfAnOpenPropertyAfterTheLastName)
     ASSERT_TRUE(found);
     EXPECT_EQ(found->caption, u"A view");
 }
+
+TEST(readXmp, readsNothingAfterTheEndOfThePacket)
+{
+    const std::string packet = test::xmpPacket("photoshop:City='Rome'");
+    const std::size_t end = packet.find("</rdf:RDF");
+    ASSERT_NE(end, std::string::npos);
+    // The elements of the packet are still open where it ends.
+    const std::string open = packet.substr(0, end) + "<?xpacket end='w'?>";
+    const std::string more =
+        "<rdf:Description xmlns:photoshop='http://ns.adobe.com/photoshop/1.0/' "
+        "photoshop:State='Lazio'/>";
+    const auto found = read(open + more + packet.substr(end));
+    ASSERT_TRUE(found);
+    EXPECT_EQ(found->city, u"Rome");
+    EXPECT_FALSE(found->state);
+    EXPECT_TRUE(read(packet.substr(0, end) + more + packet.substr(end))->state);
+}
