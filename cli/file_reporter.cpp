@@ -19,6 +19,7 @@
 #include "location/property_dictionary.h"
 #include "pictures/merged_properties.h"
 #include "pictures/sidecar_file.h"
+#include "places/words/taken_words.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -108,9 +109,11 @@ void fillMeasures(const PictureProperties& properties, const fileInfoRecord& rec
     if (properties.hasGps && properties.altitude) report->altitude = finite(record.altitude + 0.0);
     if (properties.hasGps) report->heading = finite(properties.imageDirection);
     if (!properties.taken) return;
-    report->taken = isoTime(*properties.taken, properties.takenOffset);
+    const TakenTime taken{*properties.taken, properties.takenOffset,
+                          properties.isTakenBySatellites};
+    report->taken = isoTime(taken.clockTime, taken.offset);
     if (report->taken.empty()) return;
-    const std::int64_t instant = *properties.taken - properties.takenOffset.value_or(0) * 60;
+    const std::int64_t instant = instantOf(taken).value_or(taken.clockTime);
     if (!isoTime(instant, 0).empty()) report->takenInstant = instant;
 }
 
