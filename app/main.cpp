@@ -3,6 +3,7 @@
 
 #include "app/accessibility_notice.h"
 #include "app/app_controller.h"
+#include "app/column/place_requests.h"
 #include "app/command_line.h"
 #include "app/drawing.h"
 #include "app/main_window.h"
@@ -153,10 +154,13 @@ int run(const CommandLine& line)
     carryOut(controller, line);
     if (line.action) return 0;
     AccessibilityAdvice advice;
+    PlaceRequests placeRequests(QDBusConnection::sessionBus());
     if (line.printAndSave) {
         reportWhenComplete(controller, *line.printAndSave);
     } else {
         offerAccessibility(advice, controller);
+        // The window comes first.
+        QTimer::singleShot(0, &placeRequests, &PlaceRequests::listen);
     }
     if (line.service) endUnlessUsed(bus, controller, kServicePatience);
     QTimer::singleShot(0, &setWindowIcon);  // the window comes first

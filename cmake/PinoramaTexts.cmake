@@ -6,6 +6,9 @@
 #   # [text] Where the text stands, and what must stay      <!-- [text] The same in XML -->
 #   Comment=See where it was taken                          <summary>See where it was taken</summary>
 # In XML the text may go on over several lines.
+# and in Python the English entry of a dictionary:
+#   # [text] Where the text stands, and what must stay
+#   "en": "See where it was taken",
 
 set(PINORAMA_TEXTS_FOLDER "${CMAKE_CURRENT_LIST_DIR}/../resources/texts")
 
@@ -213,6 +216,10 @@ function(pinorama_add_translations variable document)
             set(element "")
             set(key "${CMAKE_MATCH_1}")
             set(source "${CMAKE_MATCH_2}")
+        elseif(line MATCHES "^( *)\"en\": \"(.*)\",\n$")
+            set(element en)
+            set(indent "${CMAKE_MATCH_1}")
+            set(source "${CMAKE_MATCH_2}")
         else()
             message(FATAL_ERROR "No text follows the mark \"${mark}\"")
         endif()
@@ -221,6 +228,9 @@ function(pinorama_add_translations variable document)
             pinorama_text(text ${language} Desktop "${source}" "")
             if(element STREQUAL "")
                 string(APPEND result "${key}[${language}]=${text}\n")
+            elseif(element STREQUAL "en")
+                pinorama_as_quoted(text "${text}")
+                string(APPEND result "${indent}\"${language}\": \"${text}\",\n")
             else()
                 if(document MATCHES "<component")
                     string(REPLACE "_" "-" language "${language}")

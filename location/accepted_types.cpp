@@ -1,11 +1,16 @@
 #include "location/accepted_types.h"
 
+#include "base/utf8.h"
 #include "lib/objects/shared_text.h"
 #include "lib/strings/string_holder.h"
 #include "lib/strings/tov_search.h"
 #include "location/file_name.h"
 
+#include <cstdint>
 #include <span>
+#include <string>
+#include <utility>
+#include <vector>
 
 using namespace pinorama;
 
@@ -42,6 +47,17 @@ bool hasExtension(TovStringRef path, std::span<TovString> extensions)
     }
     return false;
 }
+
+void appendInLowerCase(std::span<const TovString> extensions, std::vector<std::string>* out)
+{
+    for (const TovString& extension : extensions) {
+        std::string text = displayUTF8(unitsOf(&extension));
+        for (char& letter : text) {
+            if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
+        }
+        out->push_back(std::move(text));
+    }
+}
 }  // namespace
 
 bool gpsIsAcceptedPath(TovStringRef path)
@@ -57,4 +73,14 @@ bool pinorama::isPathOfMoreKinds(TovStringRef path)
 bool pinorama::isPathOfVideo(TovStringRef path)
 {
     return hasExtension(path, gVideoExtensions);
+}
+
+std::vector<std::string> pinorama::acceptedExtensions(bool alsoMore)
+{
+    std::vector<std::string> extensions;
+    appendInLowerCase(gAcceptedExtensions, &extensions);
+    if (!alsoMore) return extensions;
+    appendInLowerCase(gMoreExtensions, &extensions);
+    appendInLowerCase(gVideoExtensions, &extensions);
+    return extensions;
 }

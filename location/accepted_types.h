@@ -4,6 +4,9 @@
 
 #include "lib/objects/string.h"
 
+#include <string>
+#include <vector>
+
 // True when the name that `path` ends in has one of the accepted extensions, in upper or lower
 // case.
 //
@@ -20,5 +23,9 @@ bool isPathOfMoreKinds(TovStringRef path);
 
 // True for those of them that are videos.
 bool isPathOfVideo(TovStringRef path);
+
+// The extensions of the camera pictures, and with `alsoMore` of the further kinds: ASCII in lower
+// case, without the dot.
+std::vector<std::string> acceptedExtensions(bool alsoMore);
 
 }  // namespace pinorama

@@ -148,6 +148,16 @@
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;. pinorama-info is the name of a program and stays</extracomment>
         <translation>muestra los mismos datos en un terminal con pinorama-info, de una foto o de miles</translation>
     </message>
+    <message>
+        <source>Taken at</source>
+        <extracomment>Column in the list view of file managers: the place where the picture was taken, in words</extracomment>
+        <translation>Tomada en</translation>
+    </message>
+    <message>
+        <source>The place where the picture was taken</source>
+        <extracomment>Explains the column &quot;Taken at&quot; in the settings of file managers</extracomment>
+        <translation>El lugar donde se tomó la imagen</translation>
+    </message>
 </context>
 <context>
     <name>GPS</name>

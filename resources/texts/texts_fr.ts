@@ -148,6 +148,16 @@
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;. pinorama-info is the name of a program and stays</extracomment>
         <translation>affiche les mêmes informations dans un terminal avec pinorama-info, pour une photo ou des milliers</translation>
     </message>
+    <message>
+        <source>Taken at</source>
+        <extracomment>Column in the list view of file managers: the place where the picture was taken, in words</extracomment>
+        <translation>Lieu de prise de vue</translation>
+    </message>
+    <message>
+        <source>The place where the picture was taken</source>
+        <extracomment>Explains the column &quot;Taken at&quot; in the settings of file managers</extracomment>
+        <translation>L’endroit où l’image a été prise</translation>
+    </message>
 </context>
 <context>
     <name>GPS</name>

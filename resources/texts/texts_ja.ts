@@ -148,6 +148,16 @@
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;. pinorama-info is the name of a program and stays</extracomment>
         <translation>pinorama-info を使って、1 枚でも数千枚でも、同じ情報を端末に表示します</translation>
     </message>
+    <message>
+        <source>Taken at</source>
+        <extracomment>Column in the list view of file managers: the place where the picture was taken, in words</extracomment>
+        <translation>撮影場所</translation>
+    </message>
+    <message>
+        <source>The place where the picture was taken</source>
+        <extracomment>Explains the column &quot;Taken at&quot; in the settings of file managers</extracomment>
+        <translation>写真が撮影された場所</translation>
+    </message>
 </context>
 <context>
     <name>GPS</name>

@@ -148,6 +148,16 @@
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;. pinorama-info is the name of a program and stays</extracomment>
         <translation>wypisuje te same informacje w terminalu poleceniem pinorama-info, dla jednego zdjęcia lub tysięcy</translation>
     </message>
+    <message>
+        <source>Taken at</source>
+        <extracomment>Column in the list view of file managers: the place where the picture was taken, in words</extracomment>
+        <translation>Miejsce wykonania</translation>
+    </message>
+    <message>
+        <source>The place where the picture was taken</source>
+        <extracomment>Explains the column &quot;Taken at&quot; in the settings of file managers</extracomment>
+        <translation>Miejsce, w którym wykonano zdjęcie</translation>
+    </message>
 </context>
 <context>
     <name>GPS</name>

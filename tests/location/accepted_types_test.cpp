@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cctype>
 #include <string>
 
@@ -110,4 +111,20 @@ TEST(isPathOfMoreKinds, acceptsWhatElseCanBeRead)
         EXPECT_FALSE(isPathOfVideo(text(name).get()));
     }
     EXPECT_FALSE(isPathOfMoreKinds(nullptr));
+}
+
+TEST(acceptedExtensions, areThoseThatAreAccepted)
+{
+    const auto few = acceptedExtensions(false);
+    EXPECT_EQ(few.size(), 20u);
+    for (const std::string& extension : few) {
+        EXPECT_TRUE(gpsIsAcceptedPath(test::text("a." + extension).get())) << extension;
+        EXPECT_TRUE(std::ranges::all_of(extension, [](char c) { return c < 'A' || c > 'Z'; }));
+    }
+    const auto all = acceptedExtensions(true);
+    ASSERT_EQ(all.size(), 44u);
+    EXPECT_TRUE(std::equal(few.begin(), few.end(), all.begin()));
+    for (std::size_t i = few.size(); i < all.size(); i++) {
+        EXPECT_TRUE(isPathOfMoreKinds(test::text("a." + all[i]).get())) << all[i];
+    }
 }
