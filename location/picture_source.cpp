@@ -1,5 +1,6 @@
 #include "location/picture_source.h"
 
+#include "base/descriptor_box.h"
 #include "base/user_language.h"
 #include "pictures/more_properties.h"
 
@@ -38,7 +39,8 @@ std::optional<PictureProperties> pinorama::propertiesOf(const PictureFile& pictu
     if (const PropertySource& source = currentSource()) {
         return source(picture.descriptor(), picture.size());
     }
-    FileByteSource bytes(picture.descriptor(), picture.size());
+    const DescriptorHolder unboxed = unboxDescriptor(picture.descriptor());
+    FileByteSource bytes(unboxed ? unboxed.get() : picture.descriptor(), picture.size());
     return gReadsMoreKinds ? readMoreProperties(bytes, userLanguage())
                            : readPictureProperties(bytes);
 }

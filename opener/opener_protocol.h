@@ -7,7 +7,7 @@
 //   entering   once for each file system on the way, before anything is asked of it
 //   leftAlone  instead of the rest: the next one is among those that are to be left alone
 //   looked     what is there, or why that cannot be known
-//   opened     with the descriptor, when the first bytes have been read; only if `looked` says so
+//   opened     with the file's box, when the first bytes have been read; only if `looked` says so
 //
 // The last two are those of the first three tasks. The others have one reply of their own instead:
 // `facts` for all paths, in which those on a file system that is left alone are not known; `count`;

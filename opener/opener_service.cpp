@@ -1,5 +1,6 @@
 #include "opener/opener_service.h"
 
+#include "base/descriptor_box.h"
 #include "base/replacing_file.h"
 #include "opener/item_facts.h"
 #include "opener/mount_list.h"
@@ -33,6 +34,13 @@ DescriptorHolder referenceTo(const PictureFile& file)
 {
     const std::string link = "/proc/self/fd/" + std::to_string(file.descriptor());
     return DescriptorHolder(openDescriptor(link.c_str(), O_PATH));
+}
+
+// What is handed over of a file, which is closed here.
+DescriptorHolder packed(PictureFile file, OpenTask task)
+{
+    return task == OpenTask::reference ? referenceTo(file)
+                                       : boxDescriptor(file.descriptor(), file.realPath());
 }
 
 // Serves one request.
@@ -109,10 +117,13 @@ private:
             file = PictureFile(path);
             if (file.isOpen()) break;
         }
-        send(file);
+        send(std::move(file));
     }
 
-    void send(const PictureFile& file)
+    // Hands a file over in a box, so that nobody waits for its disk to close it. The descriptor of
+    // this process is closed before that, because whoever is told of the file takes this process
+    // for idle.
+    void send(PictureFile&& file)
     {
         send({.event = OpenEvent::looked,
               .error = file.error(),
@@ -121,12 +132,8 @@ private:
         if (!isHeard_ || !file.isOpen()) return;
         char bytes[kFirstBytes];
         (void)readAt(file.descriptor(), 0, bytes, sizeof bytes);  // whoever reads on sees the error
-        if (request_.task == OpenTask::reference) {
-            const DescriptorHolder reference = referenceTo(file);
-            send({.event = OpenEvent::opened}, reference.get());
-        } else {
-            send({.event = OpenEvent::opened}, file.descriptor());
-        }
+        const DescriptorHolder passed = packed(std::move(file), request_.task);
+        send({.event = OpenEvent::opened}, passed.get());
     }
 
     // False with errno set. What has come along is in memory.

@@ -1,5 +1,7 @@
 #include "pictures/picture_file.h"
 
+#include "base/descriptor_box.h"
+
 #include <cerrno>
 #include <climits>
 
@@ -70,6 +72,8 @@ void PictureFile::openAnyFile(const std::string& path)
 
 std::string PictureFile::realPath() const
 {
+    const std::string boxed = pathInBox(descriptor());
+    if (!boxed.empty()) return boxed;
     char path[PATH_MAX];
     const std::string link = kOwnDescriptors + std::to_string(descriptor());
     const ssize_t length = isOpen() ? readlink(link.c_str(), path, sizeof path) : 0;

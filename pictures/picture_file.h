@@ -26,7 +26,7 @@ public:
 
     // Takes over what another process has opened in the same way.
     //
-    //   descriptor  of the file; none if it is not open.
+    //   descriptor  of the file or of its box (base/descriptor_box.h); none if it is not open.
     //   item        as below; there is one if there is a descriptor.
     PictureFile(DescriptorHolder descriptor, const std::optional<FileAttributes>& item, int error)
         : descriptor_(std::move(descriptor)), item_(item), error_(error)
@@ -34,7 +34,7 @@ public:
     }
 
     bool isOpen() const { return static_cast<bool>(descriptor_); }
-    int descriptor() const { return descriptor_.get(); }  // -1 when not open
+    int descriptor() const { return descriptor_.get(); }  // of its box, if so; -1 when not open
 
     // The errno of why there is no open file; 0 if it is open, and for an item of another kind.
     int error() const { return error_; }

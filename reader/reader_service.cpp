@@ -1,6 +1,7 @@
 #include "reader/reader_service.h"
 
 #include "base/descriptor.h"
+#include "base/descriptor_box.h"
 #include "reader/reader_protocol.h"
 #include "reader/reader_socket.h"
 #include "reader/stream_byte_source.h"
@@ -111,9 +112,12 @@ bool serveOne(int socket, const ReaderTasks& tasks, SourceHolder* source)
     if (request->task == ReaderTask::giveUp) return true;  // replied to by now
 
     std::uint32_t number = request->number;
+    DescriptorHolder unboxed;  // closed after its reply is sent, because its disk may not answer
     Replies replies(socket);
     for (DescriptorHolder& descriptor : descriptors) {
-        const Result result = resultOf(socket, descriptor.get(), *request, tasks, source);
+        unboxed = unboxDescriptor(descriptor.get());
+        const int file = unboxed ? unboxed.get() : descriptor.get();
+        const Result result = resultOf(socket, file, *request, tasks, source);
         descriptor = DescriptorHolder();
         const ReplyHeader header = {request->task, result.outcome, number,
                                     static_cast<std::uint32_t>(result.body.size())};

@@ -98,8 +98,8 @@ bool enterSandbox(const SandboxRules& rules, bool* outHasNamespaces)
 
 bool enterChildSandbox(int socket)
 {
-    // Those up to the socket, and the picture.
-    const auto descriptors = static_cast<rlim_t>(socket) + 2;
+    // Those up to the socket, the picture's box, and the picture.
+    const auto descriptors = static_cast<rlim_t>(socket) + 3;
     return setLimit(RLIMIT_NOFILE, descriptors + kOwnDescriptors) && filterSystemCalls(socket);
 }
 

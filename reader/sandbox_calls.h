@@ -71,7 +71,7 @@ constexpr SandboxCall kSandboxCalls[] = {
     {SCMP_SYS(close), CallRule::allowed},    // a picture is done with
 
     // Requests and replies.
-    {SCMP_SYS(recvmsg), CallRule::onSocketOnly},   // a request
+    {SCMP_SYS(recvmsg), CallRule::allowed},        // a request, and a picture out of its box
     {SCMP_SYS(recvfrom), CallRule::onSocketOnly},  // no more than recvmsg can do
     {SCMP_SYS(sendto), CallRule::onSocketOnly},    // a reply
     {SCMP_SYS(sendmsg), CallRule::onSocketOnly},   // no more than sendto can do
@@ -137,7 +137,6 @@ constexpr SandboxCall kForkingCalls[] = {
     // To hand it a picture, take its reply and end it. There is no socket to a stranger.
     {SCMP_SYS(sendmsg), CallRule::allowed},
     {SCMP_SYS(sendto), CallRule::allowed},
-    {SCMP_SYS(recvmsg), CallRule::allowed},
     {SCMP_SYS(recvfrom), CallRule::allowed},
     {SCMP_SYS(kill), CallRule::killOnly},
     {SCMP_SYS(wait4), CallRule::allowed},

@@ -146,6 +146,18 @@ TEST_F(hungDisks, areDroppedForAnotherFile)
     EXPECT_EQ(cuPictureOpener().countAtWork(), 0u);
 }
 
+TEST_F(hungDisks, doNotKeepTheWindowThatIsDoneWithAFile)
+{
+    EXPECT_TRUE(show(disk_->file("good.jpg")));
+    disk_->hang();  // while the file is open for its preview
+    EXPECT_TRUE(isQuick(good_));
+    EXPECT_EQ(shown(controller.fileNameField), "good.jpg");
+    EXPECT_EQ(shown(controller.gpsAltitudeField), "520 m");
+    EXPECT_TRUE(isQuick(other_));
+    EXPECT_EQ(shown(controller.gpsAltitudeField), "7 m");
+    disk_->recover();
+}
+
 TEST_F(hungDisks, withoutAnOpenerTheWindowSaysSo)
 {
     cuPictureOpener().stop();

@@ -1,6 +1,7 @@
 #include "opener/opener_client.h"
 
 #include "base/child_process.h"
+#include "base/descriptor_box.h"
 #include "base/resource_folder.h"
 #include "tests/support/environment.h"
 #include "tests/support/slow_disk.h"
@@ -32,7 +33,8 @@ protected:
     std::string textOf(const PictureFile& file) const
     {
         char bytes[64] = {};
-        const auto count = readAt(file.descriptor(), 0, bytes, sizeof bytes);
+        const DescriptorHolder unboxed = unboxDescriptor(file.descriptor());
+        const auto count = readAt(unboxed.get(), 0, bytes, sizeof bytes);
         return {bytes, static_cast<std::size_t>(std::max<std::int64_t>(count, 0))};
     }
 
@@ -266,6 +268,25 @@ TEST_F(OpenerClient, isNotKeptByAFileThatNeverComes)
         EXPECT_EQ(textOf(client.file()), "home");
         EXPECT_EQ(client.countAtWork(), 1u);
     }
+}
+
+TEST_F(OpenerClient, handsOverAFileThatNobodyWaitsForWhoCloses)
+{
+    const auto hanging = disk("disk");
+    if (!hanging->isUsable()) GTEST_SKIP() << "no disk may be mounted here";
+    const std::string path = hanging->file("good.jpg");
+    EXPECT_EQ(after(path), OpenStage::done);
+    PictureFile file = client_.take();
+    ASSERT_TRUE(file.isOpen());
+    EXPECT_EQ(file.realPath(), path);
+    EXPECT_EQ(textOf(file), "good");
+    EXPECT_EQ(textOf(file), "good") << "as often as it is wanted";
+    hanging->hang();  // for a quarter of a minute
+    const auto start = Clock::now();
+    file = PictureFile();
+    EXPECT_LT(Clock::now() - start, 8s);
+    EXPECT_EQ(after(folder_.write("home.jpg", "home")), OpenStage::done);
+    hanging->recover();
 }
 
 TEST_F(OpenerClient, leavesAFileSystemAloneThatKeepsTwo)

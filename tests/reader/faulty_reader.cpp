@@ -10,6 +10,7 @@
 // with "--file-ban-only" or "--namespaces-only" it has one of the locks.
 // With "--slow-start" and a number it sleeps so many milliseconds before its first word.
 
+#include "base/descriptor_box.h"
 #include "pictures/more_properties.h"
 #include "pictures/picture_properties.h"
 #include "pictures/pixels/picture_preview.h"
@@ -351,10 +352,12 @@ bool serveNext()
     std::optional<ReaderRequest> request = decodeRequest(bytes);
     if (!request) return false;
     for (const DescriptorHolder& descriptor : descriptors) {
-        const Fault fault = faultOf(descriptor.get());
+        const DescriptorHolder unboxed = unboxDescriptor(descriptor.get());
+        const int file = unboxed ? unboxed.get() : descriptor.get();
+        const Fault fault = faultOf(file);
         if (fault.name.empty()) {
-            sleepFor(slownessOf(descriptor.get()));
-            readProperly(descriptor.get(), *request);
+            sleepFor(slownessOf(file));
+            readProperly(file, *request);
         } else {
             commit(fault, *request);
         }

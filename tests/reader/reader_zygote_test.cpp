@@ -256,7 +256,7 @@ TEST(pinoramaReader, itsProcessesMayTakeLittleOfTheMachine)
         EXPECT_EQ(statusLine(child, "NoNewPrivs"), "1");
         EXPECT_EQ(statusLine(child, "Threads"), "1");
         EXPECT_EQ(test::hardLimitOf(child, "Max core file size"), "0");
-        EXPECT_EQ(test::hardLimitOf(child, "Max open files"), kHasSanitizers ? "13" : "5");
+        EXPECT_EQ(test::hardLimitOf(child, "Max open files"), kHasSanitizers ? "14" : "6");
         if (!kHasSanitizers) {
             EXPECT_EQ(test::hardLimitOf(child, "Max file size"), "0");
             EXPECT_NE(test::hardLimitOf(child, "Max address space"), "unlimited");

@@ -106,33 +106,14 @@ std::set<int> callsWith(std::uint32_t wanted, Program program = kSandboxFilter)
 
 TEST(filterSystemCalls, allowsWhatReadingNeeds)
 {
-    std::set<int> expected = {SYS_brk,
-                              SYS_munmap,
-                              SYS_mremap,
-                              SYS_madvise,
-                              SYS_mprotect,
-                              SYS_clock_gettime,
-                              SYS_clock_getres,
-                              SYS_gettimeofday,
-                              SYS_getrandom,
-                              SYS_sysinfo,
-                              SYS_getpid,
-                              SYS_gettid,
-                              SYS_sched_yield,
-                              SYS_futex,
-                              SYS_rt_sigreturn,
-                              SYS_rt_sigprocmask,
-                              SYS_rt_sigaction,
-                              SYS_sigaltstack,
-                              SYS_restart_syscall,
-                              SYS_exit,
-                              SYS_exit_group,
-                              SYS_read,
-                              SYS_pread64,
-                              SYS_lseek,
-                              SYS_close,
-                              SYS_fstat,
-                              SYS_ppoll};
+    std::set<int> expected = {
+        SYS_brk,          SYS_munmap,        SYS_mremap,          SYS_madvise,
+        SYS_mprotect,     SYS_clock_gettime, SYS_clock_getres,    SYS_gettimeofday,
+        SYS_getrandom,    SYS_sysinfo,       SYS_getpid,          SYS_gettid,
+        SYS_sched_yield,  SYS_futex,         SYS_rt_sigreturn,    SYS_rt_sigprocmask,
+        SYS_rt_sigaction, SYS_sigaltstack,   SYS_restart_syscall, SYS_exit,
+        SYS_exit_group,   SYS_read,          SYS_pread64,         SYS_lseek,
+        SYS_close,        SYS_fstat,         SYS_recvmsg,         SYS_ppoll};
 #ifdef SYS_time
     expected.insert(SYS_time);
 #endif
@@ -184,10 +165,9 @@ TEST(filterSystemCalls, allowsAReaderToForkAndLittleElse)
     for (const int call : callsWith(SECCOMP_RET_ALLOW, kForkingFilter)) {
         if (verdict(call, kAnyArguments) != SECCOMP_RET_ALLOW) more.insert(call);
     }
-    std::set<int> expected = {SYS_clone,   SYS_set_robust_list, SYS_rseq,    SYS_getppid,
-                              SYS_dup3,    SYS_close_range,     SYS_seccomp, SYS_prlimit64,
-                              SYS_sendmsg, SYS_sendto,          SYS_recvmsg, SYS_recvfrom,
-                              SYS_wait4};
+    std::set<int> expected = {SYS_clone,   SYS_set_robust_list, SYS_rseq,     SYS_getppid,
+                              SYS_dup3,    SYS_close_range,     SYS_seccomp,  SYS_prlimit64,
+                              SYS_sendmsg, SYS_sendto,          SYS_recvfrom, SYS_wait4};
 #ifdef SYS_dup2
     expected.insert(SYS_dup2);
 #endif
@@ -247,7 +227,7 @@ TEST(filterSystemCalls, checksArguments)
         {"message", SYS_sendmsg, {kSocket}, true},
         {"message elsewhere", SYS_sendmsg, {STDERR_FILENO}, false},
         {"receive", SYS_recvmsg, {kSocket}, true},
-        {"receive elsewhere", SYS_recvmsg, {7}, false},
+        {"take out of a box", SYS_recvmsg, {7}, true},
         {"receive bytes", SYS_recvfrom, {kSocket}, true},
         {"write to the socket", SYS_write, {kSocket}, true},
         {"complain", SYS_write, {STDERR_FILENO}, true},
