@@ -148,6 +148,16 @@
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;. pinorama-info is the name of a program and stays</extracomment>
         <translation>يطبع المعلومات نفسها في الطرفية بواسطة pinorama-info، لصورة واحدة أو لآلاف الصور</translation>
     </message>
+    <message>
+        <source>Taken at</source>
+        <extracomment>Column in the list view of file managers: the place where the picture was taken, in words</extracomment>
+        <translation>مكان الالتقاط</translation>
+    </message>
+    <message>
+        <source>The place where the picture was taken</source>
+        <extracomment>Explains the column &quot;Taken at&quot; in the settings of file managers</extracomment>
+        <translation>المكان الذي التُقطت فيه الصورة</translation>
+    </message>
 </context>
 <context>
     <name>GPS</name>
