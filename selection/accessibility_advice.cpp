@@ -1,6 +1,6 @@
 #include "selection/accessibility_advice.h"
 
-#include "selection/accessible.h"
+#include "selection/bus_process.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -49,8 +49,7 @@ QStringList programsIn(const QDBusMessage& reply)
 std::vector<QDBusMessage> processCalls(const QStringList& programs)
 {
     std::vector<QDBusMessage> calls;
-    for (const QString& program : programs)
-        calls.push_back(busCall(QStringLiteral("GetConnectionUnixProcessID"), {program}));
+    for (const QString& program : programs) calls.push_back(processCall(program));
     return calls;
 }
 
@@ -58,8 +57,7 @@ std::vector<pid_t> processesIn(const std::vector<QDBusMessage>& replies)
 {
     std::vector<pid_t> processes;
     for (const QDBusMessage& reply : replies) {
-        const auto process = static_cast<pid_t>(numberIn(reply).value_or(0));
-        if (process > 0) processes.push_back(process);
+        if (const auto process = processIn(reply)) processes.push_back(*process);
     }
     return processes;
 }

@@ -1,5 +1,7 @@
 #include "selection/frame_tracker.h"
 
+#include "selection/bus_process.h"
+
 #include <QDBusPendingCallWatcher>
 
 #include <algorithm>
@@ -21,15 +23,6 @@ constexpr std::size_t kMaxFrames = 32;  // of one program
 Accessible rootOf(const QString& service)
 {
     return {service, QStringLiteral("/org/a11y/atspi/accessible/root")};
-}
-
-QDBusMessage processCall(const QString& service)
-{
-    QDBusMessage message = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetConnectionUnixProcessID"));
-    message.setArguments({service});
-    return message;
 }
 }  // namespace
 
@@ -149,13 +142,13 @@ Task<Done> FrameTracker::scanPrograms(DBusQuery& query)
     }
     const auto replies = co_await query.replies(calls);
     for (std::size_t i = 0; i < unknown.size(); i++) {
-        const auto process = static_cast<pid_t>(numberIn(replies[i]).value_or(0));
-        if (process == 0) {
+        const auto process = processIn(replies[i]);
+        if (!process) {
             list_.remove(unknown[i]);
             continue;
         }
-        const FileManagerKind* kind = kindOfProcess_(process);
-        if (!list_.identify(unknown[i], process, kind) || kind == nullptr) continue;
+        const FileManagerKind* kind = kindOfProcess_(*process);
+        if (!list_.identify(unknown[i], *process, kind) || kind == nullptr) continue;
         bus_.listenTo(unknown[i],
                       {.names = kind->reportsByNames, .activity = kind->activatesSilently});
     }

@@ -1,10 +1,9 @@
 #include "selection/selection_pushes.h"
 
 #include "base/file_uri.h"
+#include "selection/bus_process.h"
 
 #include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
 
 #include <algorithm>
 #include <optional>
@@ -79,19 +78,12 @@ void SelectionPushes::Push(const QStringList& uris, const QString& windowTitle)
     pushed.at = Clock::now();
     pushed.frame = frameInFront_();
 
-    QDBusMessage call = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetConnectionUnixProcessID"));
-    call.setArguments({message().service()});
     pending_++;
-    auto* watcher = new QDBusPendingCallWatcher(bus_.asyncCall(call), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this,
-            [this, watcher, pushed = std::move(pushed)] {
-                const QDBusPendingReply<uint> process = *watcher;
-                watcher->deleteLater();
-                pending_--;
-                if (process.isValid()) keep(static_cast<pid_t>(process.value()), pushed);
-            });
+    askForProcess(bus_, message().service(), this,
+                  [this, pushed = std::move(pushed)](std::optional<pid_t> process) {
+                      pending_--;
+                      if (process) keep(*process, pushed);
+                  });
 }
 
 void SelectionPushes::keep(pid_t process, PushedSelection pushed)

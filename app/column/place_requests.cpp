@@ -3,10 +3,9 @@
 #include "base/file_uri.h"
 #include "location/accepted_types.h"
 #include "location/picture_source.h"
+#include "selection/bus_process.h"
 
 #include <QDBusError>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
 #include <QTimer>
 
 #include <algorithm>
@@ -86,25 +85,18 @@ QStringList PlaceRequests::PlacesOf(const QStringList& uris)
 
 void PlaceRequests::askWhoCalls(Request request)
 {
-    QDBusMessage call = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetConnectionUnixProcessID"));
-    call.setArguments({request.call.service()});
     unknown_++;
-    auto* watcher = new QDBusPendingCallWatcher(bus_.asyncCall(call), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this,
-            [this, watcher, request = std::move(request)] {
-                const QDBusPendingReply<uint> process = *watcher;
-                watcher->deleteLater();
-                unknown_--;
-                if (process.isValid() &&
-                    kindOfProcess_(static_cast<pid_t>(process.value())) != nullptr) {
-                    take(request);
-                } else {
-                    bus_.send(request.call.createErrorReply(QDBusError::AccessDenied,
-                                                            QStringLiteral("no file manager")));
-                }
-            });
+    const QString caller = request.call.service();
+    askForProcess(bus_, caller, this,
+                  [this, request = std::move(request)](std::optional<pid_t> process) {
+                      unknown_--;
+                      if (process && kindOfProcess_(*process) != nullptr) {
+                          take(request);
+                      } else {
+                          bus_.send(request.call.createErrorReply(
+                              QDBusError::AccessDenied, QStringLiteral("no file manager")));
+                      }
+                  });
 }
 
 void PlaceRequests::take(Request request)

@@ -1,5 +1,6 @@
 #include "selection/managers/nautilus.h"
 
+#include "selection/bus_process.h"
 #include "selection/folder_choice.h"
 #include "selection/managers/kinds.h"
 
@@ -64,16 +65,14 @@ bool hasQuotation(const QString& title)
 // publish them: another program is the one that shows folders in this session, or it is too old.
 Task<std::optional<std::vector<QString>>> openLocations(DBusQuery& query, pid_t process)
 {
-    const std::vector<QDBusMessage> calls = callList(
-        callTo(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-               QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetConnectionUnixProcessID"),
-               {kService}),
-        callTo(kService, QStringLiteral("/org/freedesktop/FileManager1"),
-               QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"),
-               {kService, QStringLiteral("OpenWindowsWithLocations")}));
+    const std::vector<QDBusMessage> calls =
+        callList(processCall(kService),
+                 callTo(kService, QStringLiteral("/org/freedesktop/FileManager1"),
+                        QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"),
+                        {kService, QStringLiteral("OpenWindowsWithLocations")}));
     const auto replies = co_await query.repliesFrom(QDBusConnection::sessionBus(), calls);
     std::optional<std::vector<QString>> uris;
-    if (static_cast<pid_t>(numberIn(replies[0]).value_or(0)) == process) uris = urisIn(replies[1]);
+    if (processIn(replies[0]) == process) uris = urisIn(replies[1]);
     co_return uris;
 }
 
