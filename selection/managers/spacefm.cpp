@@ -90,6 +90,17 @@ Task<SelectedItems> SpaceFMWindow::readStatusBar(DBusQuery& query, ItemReader& r
     co_return selected;
 }
 
+namespace {
+// Whether text ends with the number 1. German has no blank before it.
+bool endsWithOne(const QString& text)
+{
+    if (!text.endsWith(QLatin1Char('1'))) return false;
+    if (text.size() == 1) return true;
+    const QChar before = text.at(text.size() - 2);
+    return !before.isNumber() && !before.isPunct();
+}
+}  // namespace
+
 std::optional<QString> nameInStatusOfSpaceFM(const QString& status)
 {
     // The first bracket is that before the size: only numbers and units stand before it.
@@ -98,8 +109,7 @@ std::optional<QString> nameInStatusOfSpaceFM(const QString& status)
     const qsizetype end = status.indexOf(QLatin1String(")   "), size);
     const qsizetype slash = counts.lastIndexOf(QLatin1String(" / "));
     if (size < 0 || end < 0 || slash < 0) return std::nullopt;
-    const QString before = counts.left(slash);
-    if (before != QLatin1String("1") && !before.endsWith(QLatin1String(" 1"))) return std::nullopt;
+    if (!endsWithOne(counts.left(slash))) return std::nullopt;
     QString name = status.mid(end + 4);
     return name.isEmpty() ? std::nullopt : std::optional(std::move(name));
 }
