@@ -289,7 +289,14 @@ bool isGtk4Object(const Accessible& object)
     return !object.path.startsWith(QLatin1String("/org/a11y/"));
 }
 
-std::vector<View> chooseViews(std::vector<View> candidates)
+namespace {
+bool isSmaller(const View& a, const View& b)
+{
+    return a.size.area() < b.size.area();
+}
+
+// Chooses among all candidates of one folder, or of neighbour panes.
+std::vector<View> chooseNeighbours(const std::vector<View>& candidates)
 {
     // Of a directory pane that contains a list, the list is the view.
     const auto isOpaque = [](const View& view) { return view.access == ViewAccess::opaque; };
@@ -307,12 +314,29 @@ std::vector<View> chooseViews(std::vector<View> candidates)
                      [&](const View& view) { return !isOpaque(view); });
     }
     if (views.empty()) return views;
-    const View largest = *std::max_element(
-        views.begin(), views.end(),
-        [](const View& a, const View& b) { return a.size.area() < b.size.area(); });
+    const View largest = *std::max_element(views.begin(), views.end(), isSmaller);
     std::erase_if(views, [&](const View& view) {
         return view.depth != largest.depth || view.size.area() * 5 < largest.size.area() * 2;
     });
+    return views;
+}
+}  // namespace
+
+std::vector<View> chooseViews(std::vector<View> candidates)
+{
+    const auto hasLocation = [](const View& view) { return !view.location.isNull(); };
+    if (std::none_of(candidates.begin(), candidates.end(), hasLocation))
+        return chooseNeighbours(candidates);
+    std::vector<View> views;
+    while (!candidates.empty()) {
+        const Accessible tab = candidates.front().tab;
+        const auto end = std::stable_partition(candidates.begin(), candidates.end(),
+                                               [&](const View& view) { return view.tab == tab; });
+        const std::vector<View> inTab = chooseNeighbours({candidates.begin(), end});
+        candidates.erase(candidates.begin(), end);
+        if (!tab.isNull() && !inTab.empty())
+            views.push_back(*std::max_element(inTab.begin(), inTab.end(), isSmaller));
+    }
     return views;
 }
 

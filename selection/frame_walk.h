@@ -75,7 +75,9 @@ bool isGtk4Object(const Accessible& object);
 
 // Chooses the view of the files among everything that looks like a list of items: the largest, and
 // with it its neighbour panes, which have the same depth and at least two fifths of its area. Side
-// bars are smaller or have another depth. A directory pane without items wins over every list.
+// bars are smaller or have another depth. A directory pane without items wins over every list. If a
+// tab has a location entry of its own, each tab shows one folder: then the largest view of each tab
+// is chosen, whatever is in the others.
 std::vector<View> chooseViews(std::vector<View> candidates);
 
 }  // namespace pinorama

@@ -59,9 +59,9 @@ Task<SelectedItems> SpaceFMWindow::selectedItems(DBusQuery& query, ItemReader& r
         callList(nameCall(view.ancestors.front()), textCall(view.location, kWholeText));
     const auto replies = co_await query.replies(calls);
     const std::string folder = folderIn(textIn(replies[0]));
-    // With a list beside icons only one of the two is among the views.
+    // A panel whose view was not found may be the one in use, and show the same folder.
     const bool isSure = !folder.empty() && folderIn(textIn(replies[1])) == folder &&
-                        layout->locations.size() == layout->views.size();
+                        layout->locations.size() <= layout->views.size();
     for (NamedItem& item : selected.items) {
         if (item.path && !(isSure && isDirectlyIn(folder, *item.path))) item.path.reset();
     }

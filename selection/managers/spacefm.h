@@ -4,14 +4,14 @@
 // bar of its own.
 //
 // View: the list has the Table interface. The icons and the compact list are a panel without any
-// object in it, directly in a scroll pane. Beside such a panel chooseViews() finds no list.
+// object in it, directly in a scroll pane.
 //
 // Selection: the status bar has the name of the selected file at its end, and counts several:
 // " 58 G free / 252 G   1 / 10 (4.0 K)   a.jpg". Of a symbolic link it has the target instead.
 //
 // Folder: the title of the window is the path of the folder in the panel that is in use, unless the
 // user has given it another format. The entry of a tab has the path of that tab, or what the user
-// is typing.
+// is typing. A narrow panel does not show it.
 
 #pragma once
 

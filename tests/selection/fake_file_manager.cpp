@@ -444,7 +444,7 @@ QDBusMessage test::FakeFileManager::replyTo(const QDBusMessage& call)
         const int row = object.children.at(static_cast<std::size_t>(first));
         value = column == 0 ? reference(row) : at(objects_[row].cells, column - 1);
     } else if (what == "GetSize") {
-        return call.createReply({800, 600});
+        return call.createReply({object.size.width, object.size.height});
     } else {
         return call.createErrorReply("org.freedesktop.DBus.Error.UnknownMethod", what);
     }

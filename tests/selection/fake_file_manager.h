@@ -33,6 +33,7 @@ struct FakeObject {
     std::vector<int> cells = {};     // of a row of a list, without the first, which is the row
     bool hidesRows = false;          // reports no selected rows, as the views of Qt 6
     bool hidesLater = false;         // of several selected items names only the first
+    pinorama::Size size = {800, 600};
     int treeParent = -1;             // the row above it in a tree, or the tree; -1 for none
 };
 

@@ -31,6 +31,12 @@ constexpr auto kLimit = 30s;  // no measure of speed
 constexpr int kTab = 2;       // the container in the window
 constexpr int kScrollPane = 50;
 
+// Of a second panel.
+constexpr int kOtherTab = 60;
+constexpr int kOtherLocation = 61;
+constexpr int kOtherList = 62;
+constexpr int kOtherItem = 63;
+
 class SpaceFM : public testing::Test {
 protected:
     void SetUp() override
@@ -62,6 +68,34 @@ protected:
                          [&](FakeObject& object) { object.name = QString::fromStdString(name); });
     }
 
+    // Shows a list beside it, in the same folder, in which the other picture is selected.
+    void showListBeside()
+    {
+        const States shown = statesOf(FakeFileManager::kView);
+        add(kOtherTab, {.role = Role::pageTab, .states = shown, .parent = FakeFileManager::kFrame});
+        add(kOtherLocation, {.role = Role::text,
+                             .states = shown,
+                             .name = QString::fromStdString(folder_.path()),
+                             .parent = kOtherTab});
+        add(kOtherList, {.role = Role::treeTable,
+                         .states = shown,
+                         .interfaces = {"org.a11y.atspi.Selection", "org.a11y.atspi.Table"},
+                         .parent = kOtherTab,
+                         .selected = {0}});
+        add(kOtherItem, {.role = Role::tableCell,
+                         .states = shown,
+                         .name = QStringLiteral("b.jpg"),
+                         .parent = kOtherList});
+    }
+
+    // Gives the focus to the first of the two objects and takes it from the other one.
+    void setFocus(int number, int other)
+    {
+        const States focused = States{1} << static_cast<unsigned>(State::focused);
+        manager_->change(number, [&](FakeObject& object) { object.states |= focused; });
+        manager_->change(other, [&](FakeObject& object) { object.states &= ~focused; });
+    }
+
     // What a reader of the window finds that has not seen it before.
     Paths paths()
     {
@@ -74,11 +108,26 @@ protected:
     }
 
     Paths pathOfFirst() const { return std::vector{folder_.file("a.jpg")}; }
+    Paths pathOfSecond() const { return std::vector{folder_.file("b.jpg")}; }
 
     const test::TemporaryFolder folder_;
     std::unique_ptr<FakeFileManager> manager_;
 
 private:
+    States statesOf(int number)
+    {
+        States states = 0;
+        manager_->change(number, [&](const FakeObject& object) { states = object.states; });
+        return states;
+    }
+
+    void add(int number, const FakeObject& object)
+    {
+        manager_->change(number, [&](FakeObject& added) { added = object; });
+        manager_->change(object.parent,
+                         [number](FakeObject& parent) { parent.children.push_back(number); });
+    }
+
     // A bare panel in a scroll pane, and the status bar below.
     void showIcons()
     {
@@ -140,6 +189,44 @@ TEST_F(SpaceFM, isNotFollowedIfTheEntryMayBeThatOfAnotherTab)
 {
     show(Kind::table);
     manager_->change(kTab, [](FakeObject& panel) { panel.role = Role::panel; });
+    EXPECT_EQ(paths(), std::nullopt);
+}
+
+TEST_F(SpaceFM, isFollowedInTheOneOfTwoPanelsThatHasTheFocus)
+{
+    for (const Kind kind : {Kind::table, Kind::statusBar}) {
+        SCOPED_TRACE(static_cast<int>(kind));
+        show(kind);
+        showListBeside();
+        setFocus(kOtherList, FakeFileManager::kView);
+        EXPECT_EQ(paths(), pathOfSecond());
+        setFocus(FakeFileManager::kView, kOtherList);
+        EXPECT_EQ(paths(), pathOfFirst());
+    }
+}
+
+// A narrow panel has no room for its entry.
+TEST_F(SpaceFM, isNotFollowedInAPanelWithoutAnEntry)
+{
+    for (const Kind kind : {Kind::table, Kind::statusBar}) {
+        SCOPED_TRACE(static_cast<int>(kind));
+        show(kind);
+        showListBeside();
+        manager_->change(FakeFileManager::kLocation, [](FakeObject& entry) { entry.states = 0; });
+        manager_->change(FakeFileManager::kView, [](FakeObject& view) { view.size.width = 200; });
+        setFocus(FakeFileManager::kView, kOtherList);
+        EXPECT_EQ(paths(), std::nullopt);
+        setFocus(kOtherList, FakeFileManager::kView);
+        EXPECT_EQ(paths(), pathOfSecond());
+    }
+}
+
+// Which of two panels with the same folder is in use, only their views can say.
+TEST_F(SpaceFM, isNotFollowedBesideAPanelWithoutAView)
+{
+    show(Kind::table);
+    showListBeside();
+    manager_->change(kOtherList, [](FakeObject& list) { list.interfaces.clear(); });
     EXPECT_EQ(paths(), std::nullopt);
 }
 
