@@ -7,7 +7,9 @@
 // object in it, directly in a scroll pane.
 //
 // Selection: the status bar has the name of the selected file at its end, and counts several:
-// " 58 G free / 252 G   1 / 10 (4.0 K)   a.jpg". Of a symbolic link it has the target instead.
+// " 58 G free / 252 G   1 / 10 (4.0 K)   a.jpg"; some languages have no blank before the "1". Of a
+// symbolic link it has the target instead. If the name or that target is not UTF-8, it is empty, as
+// it also is before the window has been filled.
 //
 // Folder: the title of the window is the path of the folder in the panel that is in use, unless the
 // user has given it another format. The entry of a tab has the path of that tab, or what the user

@@ -81,13 +81,17 @@ class Follow:
 
     def switchView(self, view):
         keys, self.step = self.manager.views[view]
+        self.startWithView(view)
+        self.desktop.clickEmptySpace(self.window)
+        self.desktop.keys(*keys)
+        time.sleep(0.8)
+
+    def startWithView(self, view):
+        """Where settings choose the view, starts the file manager anew if it shows another one."""
         if view in self.manager.viewSettings and view != self.settledView:
             self.kill()
             self.settleView(view)
             self.window = self.open()
-        self.desktop.clickEmptySpace(self.window)
-        self.desktop.keys(*keys)
-        time.sleep(0.8)
 
     def search(self, text):
         """Shows what a search below the open folder finds."""

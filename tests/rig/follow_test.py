@@ -159,33 +159,41 @@ def tabs(follow):
         time.sleep(0.5)
 
 
+def usePanes(follow, leftStep, rightStep):
+    """Selects in the left pane, opens the right one, selects there, and then in the left one again."""
+    follow.step = leftStep
+    follow.selectNamed(follow.window, follow.pictures, b"c.jpg")
+    follow.desktop.keys(follow.manager.split)
+    time.sleep(1.5)
+    try:
+        follow.desktop.clickEmptySpace(follow.window, 0.97)
+        follow.desktop.keys("Home", rightStep, "Home")
+        time.sleep(0.6)
+        right = follow.expectOne()
+        follow.desktop.keys(rightStep)
+        follow.expect(lambda paths: len(paths) == 1 and paths[0] != right, "the next item")
+        moved = follow.probe.paths()[0]
+        follow.desktop.clickEmptySpace(follow.window, 0.48)
+        follow.desktop.keys("Home", leftStep, "Home", leftStep, leftStep)
+        follow.expect(lambda paths: len(paths) == 1 and paths[0] not in (right, moved) and
+                      paths[0].startswith(follow.pictures + b"/"), "an item of the left pane")
+    finally:
+        follow.desktop.keys(follow.manager.split)
+        time.sleep(0.8)
+
+
 @cases.add
 def panes(follow):
     """A split window: the pane with the focus counts."""
     if not follow.manager.split:
         raise Skip("no split windows")
-    if follow.manager.splitView:
-        follow.switchView(follow.manager.splitView)
-    follow.selectNamed(follow.window, follow.pictures, b"c.jpg")
-    width, _ = follow.desktop.sizeOf(follow.window)
-    follow.desktop.keys(follow.manager.split)
-    time.sleep(1.5)
     try:
-        follow.desktop.clickEmptySpace(follow.window, 0.97)
-        follow.step = "Down" if follow.step == "Down" else "Right"
-        follow.desktop.keys("Home", follow.step, "Home")
-        time.sleep(0.6)
-        right = follow.expectOne()
-        follow.desktop.keys(follow.step)
-        follow.expect(lambda paths: len(paths) == 1 and paths[0] != right, "the next item")
-        moved = follow.probe.paths()[0]
-        follow.desktop.clickEmptySpace(follow.window, 0.48)
-        follow.desktop.keys("Home", follow.step, "Home", follow.step, follow.step)
-        follow.expect(lambda paths: len(paths) == 1 and paths[0] not in (right, moved),
-                      "an item of the left pane")
+        for view, (leftStep, rightStep) in follow.manager.splitViews.items():
+            follow.startWithView(view)
+            usePanes(follow, leftStep, rightStep)
+        if not follow.manager.splitViews:
+            usePanes(follow, follow.step, follow.step)
     finally:
-        follow.desktop.keys(follow.manager.split)
-        time.sleep(0.8)
         follow.switchView(follow.manager.firstView)
 
 

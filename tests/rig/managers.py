@@ -24,7 +24,8 @@ class Manager:
     viewSettings: dict = field(default_factory=dict)  # view without keys -> its line in settingsFile
     settingsFile: str = ""         # below the home folder; read at the start
     split: str = ""                # key that opens and closes a second pane; "" for none
-    splitView: str = ""            # view in which a second pane is opened; "" for the first one
+    splitViews: dict = field(default_factory=dict)  # of viewSettings -> the key to the next item in each of two
+                                                    # panes; {} for the first view in both
     newTab: tuple = ("ctrl+t",)    # keys that open a tab and switch to it
     toTabs: tuple = ("ctrl+Prior", "ctrl+Next")  # keys that switch to the first and to the second tab
     extra: dict = field(default_factory=dict)  # environment
@@ -49,11 +50,12 @@ ICONS = "Right"
 LIST = "Down"
 
 
-def spaceFMSession(view):
-    """The settings with which SpaceFM begins with that view in both panels."""
+def spaceFMSession(*views):
+    """The settings with which SpaceFM begins with these views in its two panels, of which the first has room for
+    all that it shows."""
     lines = [f"panel{panel}_list_{each}-b={1 if each == view else 2}\n"
-             for panel in (1, 2) for each in ("detailed", "icons", "compact")]
-    return "[MOD]\n" + "".join(lines)
+             for panel, view in enumerate(views, 1) for each in ("detailed", "icons", "compact")]
+    return "[MOD]\npanel_sliders-x=700\n" + "".join(lines)
 
 
 MANAGERS = [
@@ -93,10 +95,13 @@ MANAGERS = [
             remote="webdav"),
     Manager("spacefm", ["spacefm", "-n", "-w"], "spacefm",
             views={"icons": ([], ICONS), "compact": ([], LIST), "list": ([], LIST)},
-            viewSettings={"icons": spaceFMSession("icons"), "compact": spaceFMSession("compact"),
-                          "list": spaceFMSession("detailed")},
+            viewSettings={"icons": spaceFMSession("icons", "icons"),
+                          "compact": spaceFMSession("compact", "compact"),
+                          "list": spaceFMSession("detailed", "detailed"),
+                          "icons and list": spaceFMSession("icons", "detailed")},
             settingsFile=".config/spacefm/session", split="ctrl+2",
-            splitView="list",  # the second panel shows the root, where many items are links
+            # The second panel shows the root or the home folder; only lists name the links in it.
+            splitViews={"list": (LIST, LIST), "icons and list": (ICONS, LIST)},
             newTab=("ctrl+t", "Home", "Return"),  # a new tab shows the home folder
             toTabs=("alt+1", "alt+2"), hidesMalformed=(1,), extra={"GTK_MODULES": "gail:atk-bridge"}),
 ]
