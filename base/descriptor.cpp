@@ -15,17 +15,6 @@ namespace pinorama {
 namespace {
 constexpr int kFirstOwnDescriptor = 3;
 
-// Moves a descriptor that stands where a standard stream belongs to a higher number.
-int aboveStandardStreams(int descriptor)
-{
-    if (descriptor < 0 || descriptor >= kFirstOwnDescriptor) return descriptor;
-    const int moved = fcntl(descriptor, F_DUPFD_CLOEXEC, kFirstOwnDescriptor);
-    const int error = errno;
-    close(descriptor);
-    errno = error;
-    return moved;
-}
-
 // Calls step(done) until `count` bytes are done, no more are moved, or a step fails. A count of 0
 // makes one step, so that a bad descriptor is reported all the same.
 template <typename Step>
@@ -84,6 +73,16 @@ std::int32_t statusOfErrno(int error)
     case ENOMEM: return kErrNoMemory;
     default: return kErrInputOutput;
     }
+}
+
+int aboveStandardStreams(int descriptor)
+{
+    if (descriptor < 0 || descriptor >= kFirstOwnDescriptor) return descriptor;
+    const int moved = fcntl(descriptor, F_DUPFD_CLOEXEC, kFirstOwnDescriptor);
+    const int error = errno;
+    close(descriptor);
+    errno = error;
+    return moved;
 }
 
 int openDescriptor(const char* path, int flags, mode_t mode)

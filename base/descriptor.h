@@ -24,6 +24,11 @@ std::int32_t statusOfErrno(int error);
 // Returns -1 with errno set on failure.
 [[nodiscard]] int openDescriptor(const char* path, int flags, mode_t mode = 0666);
 
+// Moves a descriptor that stands where a standard stream belongs to a higher number, closed in
+// programs started later; others stay as they are. Returns -1 with errno set on failure, when the
+// descriptor is closed.
+[[nodiscard]] int aboveStandardStreams(int descriptor);
+
 // Reads `count` bytes at `offset`, or up to the end of the file when that comes first.
 //
 // Returns the bytes read, or -1 with errno set.

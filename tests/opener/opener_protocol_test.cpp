@@ -1,5 +1,6 @@
 #include "opener/opener_protocol.h"
 
+#include "base/descriptor_passing.h"
 #include "opener/opener_socket.h"
 
 #include <gtest/gtest.h>
@@ -186,6 +187,22 @@ TEST(receiveOpenMessage, bringsTheDescriptorAlong)
     EXPECT_EQ(fstat(first.descriptor.get(), &facts), 0);
     EXPECT_TRUE(S_ISCHR(facts.st_mode));
     EXPECT_FALSE(receiveOpenMessage(sockets.far.get(), true).descriptor);
+}
+
+// They would stay open for good: nobody knows of the second one.
+TEST(receiveOpenMessage, leavesNoneOpenOfTwoDescriptors)
+{
+    const Sockets sockets;
+    const DescriptorHolder file(openDescriptor("/dev/null", O_RDONLY));
+    const int next = dup(file.get());
+    (void)close(next);
+    const int both[] = {file.get(), file.get()};
+    const std::uint8_t byte = 1;
+    ASSERT_EQ(sendWithDescriptors(sockets.near.get(), {&byte, 1}, both), 1);
+    (void)receiveOpenMessage(sockets.far.get(), true);
+    const int after = dup(file.get());
+    EXPECT_EQ(after, next);
+    (void)close(after);
 }
 
 TEST(receiveOpenMessage, noticesTheEnd)
