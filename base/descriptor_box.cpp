@@ -14,17 +14,21 @@
 #include <sys/types.h>
 
 namespace pinorama {
-DescriptorHolder boxDescriptor(int descriptor, const std::string& path)
+
+DescriptorHolder boxDescriptor(int descriptor, const std::string& path,
+                               DescriptorHolder* outOtherEnd)
 {
     int ends[2];
-    if (socketpair(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0, ends) != 0) return DescriptorHolder();
+    if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends) != 0) return DescriptorHolder();
     DescriptorHolder box(ends[0]);
-    const DescriptorHolder other(ends[1]);
+    DescriptorHolder other(ends[1]);
     // With its final zero byte, because a descriptor needs a byte to come along with.
     const std::span bytes(reinterpret_cast<const std::uint8_t*>(path.c_str()), path.size() + 1);
     const bool isIn =
         sendWithDescriptors(other.get(), bytes, std::span(&descriptor, 1), MSG_DONTWAIT) > 0;
-    return isIn ? std::move(box) : DescriptorHolder();
+    if (!isIn) return DescriptorHolder();
+    if (outOtherEnd != nullptr) *outOtherEnd = std::move(other);
+    return box;
 }
 
 DescriptorHolder unboxDescriptor(int box)

@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <charconv>
 #include <climits>
+#include <iterator>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -40,6 +41,24 @@ std::uint64_t deviceIn(std::string_view word)
         return 0;
     }
     return std::uint64_t{major} << 32 | minor;
+}
+
+// The type of the file system in the rest of a line, after fields of any number and a dash.
+std::string_view typeIn(std::string_view rest)
+{
+    const std::size_t dash = rest.find(" - ");
+    if (dash == rest.npos) return {};
+    rest.remove_prefix(dash + 3);
+    return takeWord(&rest);
+}
+
+// They tell a server that a file has been given up, and wait for its reply. Those in user space are
+// told without waiting, all but fuseblk.
+bool isKeepingType(std::string_view type)
+{
+    constexpr std::string_view kTypes[] = {"nfs",  "nfs4",   "cifs", "smb3",   "afs",
+                                           "ceph", "lustre", "coda", "fuseblk"};
+    return std::ranges::find(kTypes, type) != std::end(kTypes);
 }
 
 bool isOctal(char c)
@@ -105,7 +124,9 @@ MountList::MountList(std::string_view mountinfo)
         (void)takeWord(&line);  // root
         const std::string path = unescaped(takeWord(&line));
         // Of two mounts over one folder the later one is seen.
-        if (device != 0 && path.starts_with('/')) devices_[path] = device;
+        if (device == 0 || !path.starts_with('/')) continue;
+        devices_[path] = device;
+        if (isKeepingType(typeIn(line))) keeping_.insert(device);
     }
 }
 

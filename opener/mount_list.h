@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -30,8 +31,13 @@ public:
     // Returns its device, never 0; 0 if it is not known.
     std::uint64_t deviceOf(std::string_view path) const;
 
+    // Whether a file system keeps the last one who gives up a file until a disk or a server has
+    // answered, and not only whoever opens, reads and saves one.
+    bool keepsWhoGivesUp(std::uint64_t device) const { return keeping_.contains(device); }
+
 private:
     std::map<std::string, std::uint64_t, std::less<>> devices_;  // by the path of the mount
+    std::set<std::uint64_t> keeping_;                            // devices
 };
 
 // Follows `path` part by part and link by link, and calls `enter` with the device of each file

@@ -170,14 +170,9 @@ void OpenerClient::passNewsOn()
 void OpenerClient::takeIn()
 {
     for (std::size_t i = openers_.size(); i > 0; i--) receive(i - 1);
+    closeReleased();
     endSurplus();
     collectEnded();
-}
-
-std::size_t OpenerClient::countAtWork() const
-{
-    return static_cast<std::size_t>(
-        std::ranges::count_if(openers_, [](const auto& opener) { return opener->number != 0; }));
 }
 
 // All that somebody wants to know, the file first.
@@ -191,7 +186,8 @@ std::vector<std::shared_ptr<OpenerQuestion>> OpenerClient::questions() const
 }
 
 // Those that its reply is for.
-std::vector<std::shared_ptr<OpenerQuestion>> OpenerClient::questionsOf(const Opener& opener) const
+std::vector<std::shared_ptr<OpenerQuestion>> OpenerClient::questionsOf(
+    const OpenerAtWork& opener) const
 {
     std::vector<SharedQuestion> all = questions();
     std::erase_if(all, [&](const auto& question) {
@@ -201,42 +197,18 @@ std::vector<std::shared_ptr<OpenerQuestion>> OpenerClient::questionsOf(const Ope
 }
 
 // An opener without a request, started if there may be one more; null if there is none.
-OpenerClient::Opener* OpenerClient::idleOpener()
+OpenerAtWork* OpenerClient::idleOpener()
 {
     for (const auto& opener : openers_) {
-        if (opener->number == 0) return opener.get();
+        if (opener->isIdle()) return opener.get();
     }
     if (openers_.size() >= kMaxOpeners) return nullptr;
     OpenerProcess process = launcher_();
     if (process.process < 0) return nullptr;
     watch(events_.get(), process.socket.get());
-    openers_.push_back(std::make_unique<Opener>());
+    openers_.push_back(std::make_unique<OpenerAtWork>());
     openers_.back()->process = std::move(process);
     return openers_.back().get();
-}
-
-std::vector<std::uint64_t> OpenerClient::fileSystemsToLeaveAlone() const
-{
-    std::vector<std::uint64_t> devices;
-    const std::size_t atWork = countAtWork();
-    for (const auto& opener : openers_) {
-        if (opener->number == 0 || opener->device == 0) continue;
-        const auto here =
-            static_cast<std::size_t>(std::ranges::count_if(openers_, [&](const auto& other) {
-                return other->number != 0 && other->device == opener->device;
-            }));
-        const bool isFull = here >= kMaxInFileSystem || atWork > here;
-        if (isFull && std::ranges::find(devices, opener->device) == devices.end()) {
-            devices.push_back(opener->device);
-        }
-    }
-    return devices;
-}
-
-bool OpenerClient::isToBeLeftAlone(std::uint64_t device) const
-{
-    const std::vector<std::uint64_t> devices = fileSystemsToLeaveAlone();
-    return std::ranges::find(devices, device) != devices.end();
 }
 
 // Lets the question wait for an opener that has the same request already, if there is one.
@@ -258,10 +230,8 @@ void OpenerClient::ask(OpenerQuestion& question)
 {
     if (joins(question)) return;
     OpenRequest request = question.request_;
-    request.number = nextNumber_++;
-    request.leftAlone = fileSystemsToLeaveAlone();
-    if (nextNumber_ == 0) nextNumber_ = 1;
-    Opener* const opener = idleOpener();
+    request.leftAlone = fileSystemsToLeaveAlone(openers_);
+    OpenerAtWork* const opener = idleOpener();
     if (opener == nullptr) {
         const bool isFull = openers_.size() >= kMaxOpeners;
         question.stage_ = isFull ? OpenStage::leftAlone : OpenStage::noOpener;
@@ -269,34 +239,38 @@ void OpenerClient::ask(OpenerQuestion& question)
     }
     question.stage_ = OpenStage::waiting;
     question.file_ = {};
-    question.number_ = opener->number = request.number;
-    // One that is gone is seen to be when it is heard the next time.
-    (void)sendOpenMessage(opener->process.socket.get(), messageOf(request),
-                          question.content_.get());
-    opener->request = std::move(request);
     opener->device = 0;
-    opener->looked.reset();
-    opener->hasNamed = false;
+    question.number_ = assign(*opener, std::move(request), question.content_.get());
+}
+
+// Has an idle opener do something. Returns the number of the request.
+std::uint32_t OpenerClient::assign(OpenerAtWork& opener, OpenRequest request, int content)
+{
+    request.number = opener.number = nextNumber_++;
+    if (nextNumber_ == 0) nextNumber_ = 1;
+    // One that is gone is seen to be when it is heard the next time.
+    (void)sendOpenMessage(opener.process.socket.get(), messageOf(request), content);
+    opener.request = std::move(request);
+    opener.looked.reset();
+    opener.hasNamed = false;
+    return opener.number;
 }
 
 // Takes in what an opener has sent.
 void OpenerClient::receive(std::size_t index)
 {
-    Opener& opener = *openers_[index];
+    OpenerAtWork& opener = *openers_[index];
     for (int i = 0; i < kMaxAtOnce; i++) {
         OpenMessage message = receiveOpenMessage(opener.process.socket.get(), false);
         if (message.outcome == OpenMessage::Outcome::none) return;
         std::optional<OpenReply> reply;
         if (message.outcome == OpenMessage::Outcome::received) reply = openReplyIn(message.bytes);
-        const bool isSound = reply && reply->number == opener.number && opener.number != 0 &&
-                             (reply->event != OpenEvent::facts ||
-                              reply->facts.size() == opener.request.paths.size());
-        if (!isSound) return lose(index);
+        if (!reply || !opener.mayReply(*reply)) return lose(index);
         take(opener, std::move(*reply), std::move(message.descriptor));
     }
 }
 
-void OpenerClient::take(Opener& opener, OpenReply reply, DescriptorHolder descriptor)
+void OpenerClient::take(OpenerAtWork& opener, OpenReply reply, DescriptorHolder descriptor)
 {
     const std::vector<SharedQuestion> wanted = questionsOf(opener);
     bool isLast = true;
@@ -314,7 +288,7 @@ void OpenerClient::take(Opener& opener, OpenReply reply, DescriptorHolder descri
             settle(*question, OpenStage::leftAlone);
         }
         // Meanwhile an opener may have left that file system behind.
-        if (!isToBeLeftAlone(reply.device)) askThoseLeftAlone();
+        if (!isToBeLeftAlone(openers_, reply.device)) askThoseLeftAlone();
         return;
     case OpenEvent::looked:
         isLast = !reply.isOpen;
@@ -324,6 +298,9 @@ void OpenerClient::take(Opener& opener, OpenReply reply, DescriptorHolder descri
             settle(*question, OpenStage::looked);
         }
         break;
+    case OpenEvent::keeps: opener.kept++; return;
+    case OpenEvent::released: opener.released.push_back(reply.device); return;
+    case OpenEvent::closed: opener.kept--; break;
     case OpenEvent::names:
         isLast = reply.isLast;
         opener.hasNamed = true;
@@ -340,7 +317,7 @@ void OpenerClient::take(Opener& opener, OpenReply reply, DescriptorHolder descri
 }
 
 // An opener has come back: what waits for one may go on.
-void OpenerClient::finish(Opener& opener)
+void OpenerClient::finish(OpenerAtWork& opener)
 {
     opener.number = 0;
     opener.looked.reset();
@@ -357,7 +334,7 @@ void OpenerClient::askThoseLeftAlone()
 // Lets an opener go, and has another one do what it had to do.
 void OpenerClient::lose(std::size_t index)
 {
-    const std::unique_ptr<Opener> opener = std::move(openers_[index]);
+    const std::unique_ptr<OpenerAtWork> opener = std::move(openers_[index]);
     openers_.erase(openers_.begin() + static_cast<std::ptrdiff_t>(index));
     kill(opener->process.process, SIGKILL);
     ended_.push_back(opener->process.process);
@@ -372,13 +349,31 @@ void OpenerClient::lose(std::size_t index)
     if (opener->number != 0) askThoseLeftAlone();
 }
 
-// One idle opener is enough.
+// Has files closed that only openers have open. That may take any time, so a question that waits
+// for an opener comes first.
+void OpenerClient::closeReleased()
+{
+    for (const SharedQuestion& question : questions()) {
+        if (question->stage_ == OpenStage::waiting && question->number_ == 0) return;
+    }
+    for (const auto& opener : openers_) {
+        if (!opener->isIdle() || opener->released.empty() ||
+            isToBeLeftAlone(openers_, opener->released.front()))
+            continue;
+        opener->device = opener->released.front();
+        opener->released.pop_front();
+        assign(*opener, {.task = OpenTask::close}, -1);
+    }
+}
+
+// One idle opener is enough. What keeps a file has to live until the file can be closed.
 void OpenerClient::endSurplus()
 {
     std::erase_if(questions_, [](const auto& question) { return question.expired(); });
-    bool isOneIdle = false;
+    bool isOneIdle = std::ranges::any_of(
+        openers_, [](const auto& opener) { return opener->isIdle() && opener->kept > 0; });
     for (std::size_t i = 0; i < openers_.size(); i++) {
-        if (openers_[i]->number != 0) continue;
+        if (!openers_[i]->isIdle() || openers_[i]->kept > 0) continue;
         if (!std::exchange(isOneIdle, true)) continue;
         lose(i--);
     }

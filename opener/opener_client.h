@@ -16,12 +16,17 @@
 //   stuck  It has one that nobody wants any more. Nothing can end it while the system keeps it, so
 //          it is left to come back; what it brings then is thrown away.
 //
+// A file that comes from a server may be kept open by the opener that opened it, so that the last
+// one to give it up is never this process. The opener is asked to close it when nobody else has it
+// any more, and is busy with that as with a request.
+//
 // There are never more than four. A file system has two of them at most, because one file may hang
 // alone, and only one when another file system has some too; so a disk that works is served as long
 // as no four others hang. A request that finds no opener waits, at no cost, until one comes back.
 
 #pragma once
 
+#include "opener/opener_at_work.h"
 #include "opener/opener_protocol.h"
 #include "opener/opener_question.h"
 #include "opener/opener_start.h"
@@ -42,7 +47,6 @@ namespace pinorama {
 class OpenerClient {
 public:
     static constexpr std::size_t kMaxOpeners = 4;
-    static constexpr std::size_t kMaxInFileSystem = 2;
 
     explicit OpenerClient(OpenerLauncher launcher);
     OpenerClient(const OpenerClient&) = delete;
@@ -93,44 +97,35 @@ public:
     void advance();
 
     // The openers that have a request, and all.
-    std::size_t countAtWork() const;
+    std::size_t countAtWork() const { return pinorama::countAtWork(openers_); }
     std::size_t count() const { return openers_.size(); }
 
 private:
     using SharedQuestion = std::shared_ptr<OpenerQuestion>;
 
-    struct Opener {
-        OpenerProcess process;
-        std::uint32_t number = 0;  // of its request; 0 when it is idle
-        OpenRequest request;
-        std::uint64_t device = 0;         // where it is; 0 if it is not known
-        std::optional<OpenReply> looked;  // what it has found out so far
-        bool hasNamed = false;            // whether it has sent names, which it does not do again
-    };
-
     std::vector<SharedQuestion> questions() const;
-    std::vector<SharedQuestion> questionsOf(const Opener& opener) const;
-    Opener* idleOpener();
-    std::vector<std::uint64_t> fileSystemsToLeaveAlone() const;
-    bool isToBeLeftAlone(std::uint64_t device) const;
+    std::vector<SharedQuestion> questionsOf(const OpenerAtWork& opener) const;
+    OpenerAtWork* idleOpener();
     SharedQuestion begin(SharedQuestion question);
     void ask(OpenerQuestion& question);
+    std::uint32_t assign(OpenerAtWork& opener, OpenRequest request, int content);
     void askThoseLeftAlone();
     bool joins(OpenerQuestion& question);
     void settle(OpenerQuestion& question, OpenStage stage);
     void takeIn();
     void passNewsOn();
     void receive(std::size_t index);
-    void take(Opener& opener, OpenReply reply, DescriptorHolder descriptor);
-    void finish(Opener& opener);
+    void take(OpenerAtWork& opener, OpenReply reply, DescriptorHolder descriptor);
+    void finish(OpenerAtWork& opener);
     void lose(std::size_t index);
+    void closeReleased();
     void endSurplus();
     void collectEnded();
 
     OpenerLauncher launcher_;
     DescriptorHolder events_;  // readable when a socket of one of the openers is, or news_
     DescriptorHolder news_;    // readable when somebody else than who waited has news
-    std::vector<std::unique_ptr<Opener>> openers_;
+    OpenersAtWork openers_;
     std::vector<pid_t> ended_;  // to be waited for
     std::uint32_t nextNumber_ = 1;
     const OpenerQuestion* waitedFor_ = nullptr;

@@ -123,10 +123,11 @@ std::optional<OpenRequest> openRequestIn(std::span<const std::uint8_t> message)
     request.shown.assign(shown.begin(), shown.end());
     auto paths = textsIn(reader, kMaxOpenPath, kMaxPathBytes);
     const bool isKnown = task >= static_cast<std::uint16_t>(OpenTask::open) &&
-                         task <= static_cast<std::uint16_t>(OpenTask::save);
-    if (reader.hasFailed() || !isKnown || length > kMaxShownName || !paths || paths->empty())
-        return std::nullopt;
-    if (paths->size() > (request.task == OpenTask::facts ? kMaxOpenPaths : 1)) return std::nullopt;
+                         task <= static_cast<std::uint16_t>(OpenTask::close);
+    if (reader.hasFailed() || !isKnown || length > kMaxShownName || !paths) return std::nullopt;
+    const std::size_t least = request.task == OpenTask::close ? 0 : 1;
+    const std::size_t most = request.task == OpenTask::facts ? kMaxOpenPaths : least;
+    if (paths->size() < least || paths->size() > most) return std::nullopt;
     request.paths = std::move(*paths);
     return request;
 }
@@ -156,6 +157,9 @@ std::vector<std::uint8_t> messageOf(const OpenReply& reply)
         message.put32(reply.count.all);
         break;
     case OpenEvent::saved: message.put32(static_cast<std::uint32_t>(reply.error)); break;
+    case OpenEvent::keeps:
+    case OpenEvent::released: message.put64(reply.device); break;
+    case OpenEvent::closed: break;
     default: putLook(message, reply);
     }
     return std::move(message.bytes());
@@ -188,6 +192,9 @@ std::optional<OpenReply> openReplyIn(std::span<const std::uint8_t> message)
         reply.count.all = reader.get32();
         break;
     case OpenEvent::saved: reply.error = static_cast<std::int32_t>(reader.get32()); break;
+    case OpenEvent::keeps:
+    case OpenEvent::released: reply.device = reader.get64(); break;
+    case OpenEvent::closed: break;
     default: isSound = false;
     }
     if (!reader.isComplete() || !isSound) return std::nullopt;

@@ -9,9 +9,19 @@
 //   looked     what is there, or why that cannot be known
 //   opened     with the file's box, when the first bytes have been read; only if `looked` says so
 //
-// The last two are those of the first three tasks. The others have one reply of their own instead:
+// The last two are those of the first three tasks. Between them comes
+//
+//   keeps      the opener keeps the file open itself until it is asked to close it
+//   (OpenTask::close)
+//
+// on a file system that would make the window wait if the window were the last one to give the file
+// up (MountList::keepsWhoGivesUp). When nobody else has the file any more the opener says so:
+//
+//   released   with the number 0, at any time, once for each file that it keeps
+//
+// The other tasks have one reply of their own instead:
 // `facts` for all paths, in which those on a file system that is left alone are not known; `count`;
-// `saved`; and `names` as often as it takes.
+// `saved`; `closed`; and `names` as often as it takes.
 
 #pragma once
 
@@ -42,13 +52,15 @@ enum class OpenTask : std::uint16_t {
     names,      // the names in a folder that may be shown as `shown`
     count,      // how many items a folder has
     save,       // puts the bytes of the descriptor that comes along into a file (ReplacingFile)
+    close,      // closes the file of the oldest `released` that this was not done for yet
 };
 
 struct OpenRequest {
     std::uint32_t number = 0;  // by which its replies are recognised
     OpenTask task = OpenTask::open;
     std::vector<std::uint64_t> leftAlone{};  // devices of file systems (mount_list.h)
-    // Each of 1 to kMaxOpenPath bytes of the system, none of them zero. One, but for `facts`.
+    // Each of 1 to kMaxOpenPath bytes of the system, none of them zero. One, but for `facts`
+    // and for `close`, which has none.
     std::vector<std::string> paths{};
     std::string shown{};  // for `names`: UTF-8, as mayBeShownAs() takes it
 };
@@ -61,13 +73,16 @@ enum class OpenEvent : std::uint16_t {
     facts,
     names,
     count,
-    saved
+    saved,
+    keeps,
+    released,
+    closed
 };
 
 struct OpenReply {
     std::uint32_t number = 0;  // of the request
     OpenEvent event = OpenEvent::entering;
-    std::uint64_t device = 0;  // entering, leftAlone
+    std::uint64_t device = 0;  // entering, leftAlone, keeps, released
     std::int32_t error = 0;    // looked: errno, as PictureFile::error; saved: errno or 0
     std::optional<FileAttributes> item{};  // looked: what is there
     bool isOpen = false;                   // looked: `opened` follows

@@ -25,7 +25,10 @@ void OpenerQuestion::take(const OpenReply& reply, DescriptorHolder& descriptor)
     // Of its way and its stages, which are the client's.
     case OpenEvent::entering:
     case OpenEvent::leftAlone:
-    case OpenEvent::looked: return;
+    case OpenEvent::looked:
+    case OpenEvent::keeps:
+    case OpenEvent::released:
+    case OpenEvent::closed: return;
     }
 }
 

@@ -3,6 +3,7 @@
 #include "base/descriptor_box.h"
 #include "base/replacing_file.h"
 #include "opener/item_facts.h"
+#include "opener/kept_files.h"
 #include "opener/mount_list.h"
 #include "opener/opener_protocol.h"
 #include "opener/opener_socket.h"
@@ -36,18 +37,15 @@ DescriptorHolder referenceTo(const PictureFile& file)
     return DescriptorHolder(openDescriptor(link.c_str(), O_PATH));
 }
 
-// What is handed over of a file, which is closed here.
-DescriptorHolder packed(PictureFile file, OpenTask task)
-{
-    return task == OpenTask::reference ? referenceTo(file)
-                                       : boxDescriptor(file.descriptor(), file.realPath());
-}
-
 // Serves one request.
 class Service {
 public:
-    Service(int socket, const OpenRequest& request, int content)
-        : socket_(socket), request_(request), content_(content), mounts_(MountList::current())
+    Service(int socket, const OpenRequest& request, int content, MountList mounts, KeptFiles& kept)
+        : socket_(socket),
+          request_(request),
+          content_(content),
+          mounts_(std::move(mounts)),
+          kept_(kept)
     {
     }
 
@@ -60,6 +58,11 @@ public:
         }
         if (request_.task == OpenTask::sidecar) {
             openSidecar();
+            return isHeard_;
+        }
+        if (request_.task == OpenTask::close) {
+            if (!kept_.closeOldest()) return false;
+            send({.event = OpenEvent::closed});
             return isHeard_;
         }
         if (!reaches(request_.paths.front())) {
@@ -120,9 +123,9 @@ private:
         send(std::move(file));
     }
 
-    // Hands a file over in a box, so that nobody waits for its disk to close it. The descriptor of
-    // this process is closed before that, because whoever is told of the file takes this process
-    // for idle.
+    // Hands a file over in a box, so that nobody waits for its disk to close it. If the descriptor
+    // of this process is not kept it is closed before that, because whoever is told of the file
+    // takes this process for idle.
     void send(PictureFile&& file)
     {
         send({.event = OpenEvent::looked,
@@ -132,8 +135,22 @@ private:
         if (!isHeard_ || !file.isOpen()) return;
         char bytes[kFirstBytes];
         (void)readAt(file.descriptor(), 0, bytes, sizeof bytes);  // whoever reads on sees the error
-        const DescriptorHolder passed = packed(std::move(file), request_.task);
-        send({.event = OpenEvent::opened}, passed.get());
+        const DescriptorHolder passed = packed(std::move(file));
+        if (isHeard_) send({.event = OpenEvent::opened}, passed.get());
+    }
+
+    // What is handed over of a file, which is closed or kept here.
+    DescriptorHolder packed(PictureFile file)
+    {
+        if (request_.task == OpenTask::reference) return referenceTo(file);
+        if (!mounts_.keepsWhoGivesUp(device_) || kept_.isFull())
+            return boxDescriptor(file.descriptor(), file.realPath());
+        DescriptorHolder otherEnd;
+        DescriptorHolder box = boxDescriptor(file.descriptor(), file.realPath(), &otherEnd);
+        if (!box) return box;
+        kept_.add(std::move(file), std::move(otherEnd), device_);
+        send({.event = OpenEvent::keeps, .device = device_});
+        return box;
     }
 
     // False with errno set. What has come along is in memory.
@@ -186,19 +203,28 @@ private:
     const OpenRequest& request_;
     int content_;
     MountList mounts_;
+    KeptFiles& kept_;
     bool hasEntered_ = false;
     std::uint64_t device_ = 0;  // that was entered last, or is left alone
     bool isHeard_ = true;
 };
 }  // namespace
 
-void serveOpener(int socket)
+void serveOpener(int socket, const std::function<MountList()>& mounts)
 {
+    KeptFiles kept;
     while (true) {
-        const OpenMessage message = receiveOpenMessage(socket, true);
+        for (const std::uint64_t device : kept.waitFor(socket)) {
+            const OpenReply reply{.event = OpenEvent::released, .device = device};
+            if (!sendOpenMessage(socket, messageOf(reply), -1, WhenFull::wait)) return;
+        }
+        const OpenMessage message = receiveOpenMessage(socket, false);
+        if (message.outcome == OpenMessage::Outcome::none) continue;
         if (message.outcome != OpenMessage::Outcome::received) return;
         const std::optional<OpenRequest> request = openRequestIn(message.bytes);
-        if (!request || !Service(socket, *request, message.descriptor.get()).serve()) return;
+        if (!request) return;
+        Service service(socket, *request, message.descriptor.get(), mounts(), kept);
+        if (!service.serve()) return;
     }
 }
 

@@ -3,6 +3,10 @@
 
 #pragma once
 
+#include <functional>
+
+#include "opener/mount_list.h"
+
 namespace pinorama {
 
 // The socket of the program pinorama-opener.
@@ -13,6 +17,8 @@ constexpr int kOpenerSocket = 3;
 //
 // Before the descriptor of a file is handed over its first bytes are read, and forgotten: a disk
 // that does not answer is noticed here, and one that has to spin up has done so.
-void serveOpener(int socket);
+//
+//   mounts  gives the mounts of now, for each request.
+void serveOpener(int socket, const std::function<MountList()>& mounts = MountList::current);
 
 }  // namespace pinorama

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -71,6 +72,28 @@ TEST(pathInBox, isThatWhichCameWithTheFile)
     EXPECT_EQ(pathInBox(boxDescriptor(file.get(), "").get()), "");
     EXPECT_EQ(pathInBox(file.get()), "");
     EXPECT_EQ(pathInBox(-1), "");
+}
+
+TEST(boxDescriptor, tellsWhenNobodyHasTheBoxAnyMore)
+{
+    const test::TemporaryFolder folder;
+    const DescriptorHolder file = opened(folder.write("a.jpg", "x"));
+    DescriptorHolder otherEnd;
+    DescriptorHolder box = boxDescriptor(file.get(), "/a/b.jpg", &otherEnd);
+    ASSERT_TRUE(box);
+    ASSERT_TRUE(otherEnd);
+    EXPECT_EQ(textOf(unboxDescriptor(box.get())), "x");
+    EXPECT_EQ(pathInBox(box.get()), "/a/b.jpg");
+    const auto hasHungUp = [&otherEnd] {
+        pollfd state = {otherEnd.get(), 0, 0};
+        return poll(&state, 1, 0) == 1 && (state.revents & POLLHUP) != 0;
+    };
+    DescriptorHolder copy(fcntl(box.get(), F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
+    EXPECT_FALSE(hasHungUp());
+    box = DescriptorHolder();
+    EXPECT_FALSE(hasHungUp()) << "a copy of it is left";
+    copy = DescriptorHolder();
+    EXPECT_TRUE(hasHungUp());
 }
 
 TEST(boxDescriptor, takesNothingThatIsNotOpen)

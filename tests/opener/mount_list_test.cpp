@@ -52,6 +52,23 @@ TEST(MountList, knowsTheFileSystemOfAPath)
     EXPECT_EQ(MountList(std::string_view()).deviceOf("/a"), 0u);
 }
 
+TEST(MountList, knowsWhichOnesKeepWhoeverGivesAFileUp)
+{
+    const MountList mounts{
+        std::string_view("22 1 8:1 / / rw,relatime shared:1 master:2 - ext4 /dev/sda1 rw\n"
+                         "23 22 0:40 / /mnt/a rw - nfs4 server:/nfs rw\n"
+                         "24 22 0:41 / /mnt/b rw shared:7 - cifs //server/b rw\n"
+                         "25 22 8:17 / /mnt/c rw - fuseblk /dev/sdb1 rw\n"
+                         "26 22 0:42 / /mnt/d rw - fuse.sshfs server:/ rw\n"
+                         "27 22 0:43 / /mnt/e rw nfs")};
+    for (const auto keeping : {device(0, 40), device(0, 41), device(8, 17)}) {
+        EXPECT_TRUE(mounts.keepsWhoGivesUp(keeping)) << keeping;
+    }
+    for (const auto other : {device(8, 1), device(0, 42), device(0, 43), device(0, 0)}) {
+        EXPECT_FALSE(mounts.keepsWhoGivesUp(other)) << other;
+    }
+}
+
 TEST(MountList, isThatOfTheSystem)
 {
     struct stat facts = {};

@@ -77,7 +77,9 @@ TEST(openRequestIn, takesAsManyPathsAsTheTaskHas)
         openRequestIn(messageOf(OpenRequest{.task = OpenTask::sidecar, .paths = {"/a"}}));
     ASSERT_TRUE(sidecar);
     EXPECT_EQ(sidecar->task, OpenTask::sidecar);
-    for (const std::uint16_t task : {0, 8}) {
+    EXPECT_TRUE(openRequestIn(messageOf(OpenRequest{.task = OpenTask::close})));
+    EXPECT_FALSE(openRequestIn(messageOf(OpenRequest{.task = OpenTask::close, .paths = {"/"}})));
+    for (const std::uint16_t task : {0, 9}) {
         EXPECT_FALSE(openRequestIn(
             messageOf(OpenRequest{.task = static_cast<OpenTask>(task), .paths = {"/"}})));
     }
@@ -107,6 +109,9 @@ TEST(openReplyIn, givesWhatWasSent)
         {.number = 9, .event = OpenEvent::names},
         {.number = 10, .event = OpenEvent::count, .count = {7, 8}},
         {.number = 11, .event = OpenEvent::saved, .error = ENOSPC},
+        {.number = 12, .event = OpenEvent::keeps, .device = 0x800000001},
+        {.number = 0, .event = OpenEvent::released, .device = 7},
+        {.number = 13, .event = OpenEvent::closed},
     };
     for (const OpenReply& sent : rows) {
         const std::optional<OpenReply> reply = openReplyIn(messageOf(sent));
@@ -133,7 +138,7 @@ TEST(openReplyIn, refusesWhatIsMalformed)
     whole.push_back(0);
     EXPECT_FALSE(openReplyIn(whole)) << "too long";
     EXPECT_FALSE(openReplyIn(messageOf(OpenReply{.event = OpenEvent{0}})));
-    EXPECT_FALSE(openReplyIn(messageOf(OpenReply{.event = OpenEvent{9}})));
+    EXPECT_FALSE(openReplyIn(messageOf(OpenReply{.event = OpenEvent{12}})));
     EXPECT_FALSE(openReplyIn(messageOf(OpenReply{.event = OpenEvent::looked, .isOpen = true})))
         << "open, and there is nothing";
     FileAttributes folder = someItem();

@@ -6,6 +6,7 @@
 #include <poll.h>
 #include <sys/mount.h>
 #include <sys/prctl.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/uio.h>
 #include <sys/wait.h>
@@ -231,6 +232,18 @@ private:
     std::vector<std::optional<Clock::time_point>> firstRequests_;  // that take their time
     std::vector<Waiting> waiting_;
 };
+// Whoever has the other end of one, such as that of a file's box, is told of its end by the process
+// that this one was forked from.
+void closeSockets()
+{
+    constexpr int kMaxDescriptor = 1024;
+    for (int descriptor = STDERR_FILENO + 1; descriptor < kMaxDescriptor; descriptor++) {
+        int type = 0;
+        socklen_t size = sizeof type;
+        const bool isSocket = getsockopt(descriptor, SOL_SOCKET, SO_TYPE, &type, &size) == 0;
+        if (isSocket) (void)close(descriptor);
+    }
+}
 }  // namespace
 
 test::SlowDisk::SlowDisk(std::string folder, std::vector<File> files) : folder_(std::move(folder))
@@ -274,6 +287,7 @@ void test::SlowDisk::hang() const
         // Whoever reads the test's output does not wait for this. Files of the disk stay open:
         // closing one would have to wait for the disk.
         (void)close_range(STDIN_FILENO, STDERR_FILENO, 0);
+        closeSockets();
         (void)sleep(kMaxHang);
         kill(server, SIGCONT);
         _exit(0);
