@@ -185,6 +185,10 @@ try {
     const de265_image* const decoded = decodedBy(decoder.get());
     HevcImage result(std::move(decoder));
     if (decoded == nullptr || !result.take(decoded, image.colours)) return std::nullopt;
+    // Some cameras code whole blocks and say only here how much of them is the image.
+    const PixelSize stated = image.size;
+    if (stated.width > 0) result.size_.width = std::min(result.size_.width, stated.width);
+    if (stated.height > 0) result.size_.height = std::min(result.size_.height, stated.height);
     return std::optional<HevcImage>(std::move(result));
 } catch (const std::exception&) {
     return std::nullopt;

@@ -24,7 +24,7 @@ class HevcImage {
 public:
     // Nothing when the decoder is not loaded or makes no image of the bytes.
     //
-    //   image   of the type hvc1; its size is not looked at.
+    //   image   of the type hvc1; what is coded beyond the size that it states is left out.
     //   quick   leaves the filters out that nobody sees once the image is scaled down.
     static std::optional<HevcImage> decode(const HeifImage& image, bool quick);
 

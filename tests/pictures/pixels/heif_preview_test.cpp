@@ -175,6 +175,24 @@ TEST(makeHeifPreview, decodesHevcWhereItsDecoderIs)
     EXPECT_TRUE(test::areNear(test::quartersOf(small->image), kCorners, kTolerance));
 }
 
+TEST(makeHeifPreview, leavesOutWhatIsCodedBeyondTheStatedSize)
+{
+    if (!canDecodeHevc()) GTEST_SKIP() << "libde265 is not installed";
+    HeifPart part = test::hevcPart();
+    part.properties[1] = test::heifSize(48, 40);
+    const auto preview = previewOf(test::heifPicture({part}));
+    ASSERT_TRUE(preview);
+    EXPECT_EQ(preview->image.width, 48);
+    EXPECT_EQ(preview->image.height, 40);
+    EXPECT_TRUE(test::isNear(preview->image.pixels.front(), test::kRed, kTolerance));
+    EXPECT_TRUE(test::isNear(preview->image.pixels.back(), test::kYellow, kTolerance));
+
+    part.properties[1] = test::heifSize(100, 100);
+    const auto whole = previewOf(test::heifPicture({part}));
+    ASSERT_TRUE(whole);
+    EXPECT_EQ(whole->image.width, 64) << "there is no more of it";
+}
+
 TEST(makeHeifPreview, putsTilesTogether)
 {
     if (!canDecodeHevc()) GTEST_SKIP() << "libde265 is not installed";
