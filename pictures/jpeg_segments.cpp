@@ -3,6 +3,7 @@
 #include "pictures/byte_order.h"
 #include "pictures/tiff_directory.h"
 
+#include <array>
 #include <optional>
 
 namespace pinorama {
@@ -13,6 +14,7 @@ constexpr std::uint8_t kStartOfImage = 0xd8;
 constexpr std::uint8_t kEndOfImage = 0xd9;
 constexpr std::uint8_t kStartOfScan = 0xda;
 constexpr std::uint8_t kApp1 = 0xe1;
+constexpr std::uint8_t kApp2 = 0xe2;
 constexpr std::uint8_t kApp13 = 0xed;
 
 // The fifth letter is a zero byte; what the sixth is does not matter to anybody.
@@ -20,6 +22,8 @@ constexpr std::uint8_t kExifName[] = {'E', 'x', 'i', 'f', 0};
 constexpr std::uint64_t kExifHeader = 6;
 constexpr std::uint8_t kPhotoshopName[] = {'P', 'h', 'o', 't', 'o', 's', 'h',
                                            'o', 'p', ' ', '3', '.', '0', 0};
+
+constexpr std::uint8_t kProfileName[] = {'I', 'C', 'C', '_', 'P', 'R', 'O', 'F', 'I', 'L', 'E', 0};
 
 constexpr char kXmpName[] = "http://ns.adobe.com/xap/1.0/";  // and its zero byte
 
@@ -111,6 +115,29 @@ JpegMetadata findJpegMetadata(const ByteBlock& jpeg, WithXmp withXmp)
         }
     }
     return found;
+}
+
+std::vector<std::uint8_t> findJpegProfile(const ByteBlock& jpeg, std::size_t maxLength)
+{
+    // Each piece has its number, from 1 on, and how many there are.
+    std::array<ByteBlock, 255> pieces;
+    std::size_t count = 0;
+    Segments segments(jpeg);
+    while (const std::optional<Segment> segment = segments.next()) {
+        if (segment->marker != kApp2 || !segment->content.beginsWith(kProfileName)) continue;
+        const ByteView numbers = segment->content.view(sizeof kProfileName, 2);
+        if (numbers.empty() || numbers[0] == 0 || numbers[0] > numbers[1]) return {};
+        count = numbers[1];
+        pieces[numbers[0] - 1u] = segment->content.from(sizeof kProfileName + 2);
+    }
+    std::vector<std::uint8_t> profile;
+    for (std::size_t i = 0; i < count; i++) {
+        const ByteBlock& piece = pieces[i];
+        const ByteView bytes = piece.view(0, static_cast<std::size_t>(piece.length()));
+        if (bytes.empty() || profile.size() + bytes.size() > maxLength) return {};
+        profile.insert(profile.end(), bytes.begin(), bytes.end());
+    }
+    return profile;
 }
 
 }  // namespace pinorama

@@ -2,6 +2,8 @@
 
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <vector>
 
 #include "pictures/byte_source.h"
@@ -29,5 +31,10 @@ bool isJpeg(const ByteBlock& picture);
 // go on after the end is cut there.
 // Source: ITU-T T.81, Annex B; Exif 2.32, 4.7; XMP Specification, Part 3, 1.1.3.
 JpegMetadata findJpegMetadata(const ByteBlock& jpeg, WithXmp withXmp = WithXmp::no);
+
+// The ICC profile of the first image in `jpeg`, which lies in pieces in its segments (APP2). Empty
+// when there is none, a piece is missing, or it is longer than `maxLength` bytes.
+// Source: ICC.1:2022, B.4.
+std::vector<std::uint8_t> findJpegProfile(const ByteBlock& jpeg, std::size_t maxLength);
 
 }  // namespace pinorama

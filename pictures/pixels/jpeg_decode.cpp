@@ -1,5 +1,8 @@
 #include "pictures/pixels/jpeg_decode.h"
 
+#include "pictures/jpeg_segments.h"
+#include "pictures/pixels/colour_profile.h"
+
 #include <cstdio>  // jpeglib.h needs it before itself
 
 #include <jerror.h>
@@ -231,6 +234,17 @@ bool decodeRow(Decoding* decoding, RowScaler* scaler)
     return true;
 }
 
+// Converts the colours of the image to sRGB, where one of the streams has a profile.
+void convertColours(const ByteBlock& jpeg, const ByteBlock& whole, PixelImage* image)
+{
+    std::vector<std::uint8_t> bytes = findJpegProfile(jpeg, kMaxProfileLength);
+    if (bytes.empty()) bytes = findJpegProfile(whole, kMaxProfileLength);
+    if (bytes.empty()) return;
+    if (const auto profile = ColourProfile::fromIcc(ByteView(bytes))) {
+        profile->convertToSrgb(*image);
+    }
+}
+
 void decodeRows(Decoding* decoding, RowScaler* scaler)
 {
     const jpeg_decompress_struct& info = decoding->info;
@@ -249,7 +263,7 @@ PixelSize jpegSize(const ByteBlock& jpeg)
     return sizeOf(decoding.info);
 }
 
-std::optional<PixelImage> decodeJpeg(const ByteBlock& jpeg, PixelSize box)
+std::optional<PixelImage> decodeJpeg(const ByteBlock& jpeg, PixelSize box, const ByteBlock& whole)
 {
     Decoding decoding(jpeg);
     if (setjmp(decoding.errors.leave) == 0) {
@@ -263,7 +277,9 @@ std::optional<PixelImage> decodeJpeg(const ByteBlock& jpeg, PixelSize box)
     }
     // A stream that broke off inside its picture shows what there was of it.
     if (!decoding.scaler || decoding.errors.isCutAtTheTop) return std::nullopt;
-    return decoding.scaler->take(kGray);
+    PixelImage image = decoding.scaler->take(kGray);
+    if (decoding.info.out_color_space != JCS_CMYK) convertColours(jpeg, whole, &image);
+    return image;
 }
 
 }  // namespace pinorama

@@ -90,9 +90,10 @@ std::optional<ByteBlock> chooseStream(const EmbeddedJpegs& embedded, PixelSize p
 }
 
 std::optional<Preview> decodeUpright(const ByteBlock& jpeg, PixelSize stored,
-                                     Orientation orientation, bool wasDecoded)
+                                     Orientation orientation, bool wasDecoded,
+                                     const ByteBlock& whole = {})
 {
-    std::optional<PixelImage> image = decodeJpeg(jpeg, stored);
+    std::optional<PixelImage> image = decodeJpeg(jpeg, stored, whole);
     if (!image) return std::nullopt;
     return Preview{turnedUpright(std::move(*image), orientation), wasDecoded};
 }
@@ -105,7 +106,7 @@ std::optional<Preview> previewOfJpeg(const ByteBlock& jpeg, PixelSize box)
     const PixelSize stored = storedBox(box, embedded.orientation);
     if (const std::optional<ByteBlock> thumbnail = chooseStream(embedded, picture, stored)) {
         std::optional<Preview> preview =
-            decodeUpright(*thumbnail, stored, embedded.orientation, false);
+            decodeUpright(*thumbnail, stored, embedded.orientation, false, jpeg);
         if (preview) return preview;
     }
     return decodeUpright(jpeg, stored, embedded.orientation, true);

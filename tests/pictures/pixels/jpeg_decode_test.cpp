@@ -1,6 +1,7 @@
 #include "pictures/pixels/jpeg_decode.h"
 
 #include "tests/support/byte_views.h"
+#include "tests/support/icc_profiles.h"
 #include "tests/support/jpeg_pictures.h"
 
 #include <gtest/gtest.h>
@@ -78,6 +79,35 @@ TEST(decodeJpeg, showsGrayAsGray)
     ASSERT_TRUE(image);
     EXPECT_TRUE(test::areNear(test::quartersOf(*image),
                               {0xff000000, 0xff404040, 0xff808080, 0xffffffff}, 3));
+}
+
+TEST(decodeJpeg, convertsTheColoursOfAProfile)
+{
+    const std::uint32_t red = 0xffc86464;  // of Display P3
+    const std::uint32_t converted = 0xffd75d61;
+    const std::string plain = test::jpegOfQuarters(64, 64, {.corners = {red, red, red, red}});
+    const auto colourOf = [](const std::string& jpeg, const std::string& whole) {
+        MemoryByteSource source(test::viewOf(jpeg));
+        MemoryByteSource wholeSource(test::viewOf(whole));
+        const auto image = decodeJpeg(ByteBlock(source), {8, 8}, ByteBlock(wholeSource));
+        return image ? image->pixels[0] : 0;
+    };
+    const std::string icc = test::iccDisplayP3();
+    const std::string inPieces = test::withJpegProfile(plain, icc, 100);
+    EXPECT_TRUE(test::isNear(colourOf(plain, ""), red, 3));
+    EXPECT_TRUE(test::isNear(colourOf(test::withJpegProfile(plain, icc), ""), converted, 3));
+    EXPECT_TRUE(test::isNear(colourOf(inPieces, ""), converted, 3));
+    EXPECT_TRUE(test::isNear(colourOf(plain, inPieces), converted, 3)) << "a thumbnail";
+    EXPECT_TRUE(
+        test::isNear(colourOf(test::withJpegProfile(plain, test::iccSrgb()), inPieces), red, 3))
+        << "a thumbnail with a profile of its own";
+    EXPECT_TRUE(
+        test::isNear(colourOf(test::withJpegProfile(plain, icc.substr(0, 200)), ""), red, 3))
+        << "a profile that is cut off";
+
+    const test::JpegOptions inks = {.kind = JpegKind::cmykOfAdobe, .corners = {red, red, red, red}};
+    const std::string printed = test::withJpegProfile(test::jpegOfQuarters(64, 64, inks), icc);
+    EXPECT_TRUE(test::isNear(colourOf(printed, ""), red, 3)) << "a profile of other channels";
 }
 
 TEST(decodeJpeg, keepsALineOfPixels)
