@@ -1,12 +1,27 @@
 #include "reader/qt_pixels.h"
 
+#include "pictures/pixels/colour_profile.h"
+
+#include <QColorSpace>
 #include <QImage>
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
 
 namespace pinorama {
 namespace {
 constexpr int kBandPixels = 16 * 1024;  // from 64 k on Qt takes several threads
+
+// Qt itself would convert a large image with several threads.
+void convertColours(const QColorSpace& space, PixelImage& image)
+{
+    if (!space.isValid() || space == QColorSpace(QColorSpace::SRgb)) return;
+    const QByteArray icc = space.iccProfile();
+    const ByteView bytes(reinterpret_cast<const std::uint8_t*>(icc.constData()),
+                         static_cast<std::size_t>(icc.size()));
+    if (const auto profile = ColourProfile::fromIcc(bytes)) profile->convertToSrgb(image);
+}
 }  // namespace
 
 PixelImage scaledPixels(const QImage& image, PixelSize box)
@@ -24,7 +39,9 @@ PixelImage scaledPixels(const QImage& image, PixelSize box)
             scaler.addRow(reinterpret_cast<const std::uint32_t*>(band.constScanLine(y)));
         }
     }
-    return scaler.take(0);
+    PixelImage scaled = scaler.take(0);
+    convertColours(image.colorSpace(), scaled);
+    return scaled;
 }
 
 }  // namespace pinorama
