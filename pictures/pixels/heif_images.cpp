@@ -13,7 +13,10 @@ constexpr std::int32_t kMaxTiles = 1024;
 
 // Turns by quarters against the clock, as orientations.
 constexpr Orientation kRotations[] = {1, 8, 3, 6};
-constexpr Orientation kMirrors[] = {2, 4};  // left and right exchanged, top and bottom exchanged
+// Top and bottom exchanged, left and right exchanged. The first edition of the standard named the
+// axis instead, in words that could be read both ways; this is the meaning since its amendment 2.
+// Source: ISO/IEC 23008-12:2022, 6.5.12.
+constexpr Orientation kMirrors[] = {4, 2};
 
 PixelSize sizeIn(const ByteBlock& ispe)
 {
