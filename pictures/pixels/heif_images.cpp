@@ -4,6 +4,7 @@
 #include "pictures/iso_item_tables.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace pinorama {
@@ -31,11 +32,36 @@ std::optional<ColourCoding> coloursIn(const ByteBlock& colr)
 {
     IsoNumbers numbers(colr);
     if (numbers.next(4) != boxType("nclx")) return std::nullopt;
-    numbers.next(4);  // primaries and transfer
-    const auto matrix = static_cast<int>(numbers.next(2));
-    const bool isFullRange = (numbers.next(1) & 0x80) != 0;
+    ColourCoding colours;
+    colours.primaries = static_cast<int>(numbers.next(2));
+    colours.transfer = static_cast<int>(numbers.next(2));
+    colours.matrix = static_cast<int>(numbers.next(2));
+    colours.isFullRange = (numbers.next(1) & 0x80) != 0;
     if (numbers.hasFailed()) return std::nullopt;
-    return ColourCoding{matrix, isFullRange};
+    return colours;
+}
+
+// The ICC profile in it, if that is what it holds.
+ByteBlock profileIn(const ByteBlock& colr)
+{
+    IsoNumbers numbers(colr);
+    const std::uint64_t kind = numbers.next(4);
+    const bool isProfile = kind == boxType("prof") || kind == boxType("rICC");
+    return isProfile ? colr.from(4) : ByteBlock();
+}
+
+// Nothing if a number is no fraction.
+std::optional<HeifChange::Part> partIn(const ByteBlock& clap)
+{
+    IsoNumbers numbers(clap);
+    double fractions[4] = {};
+    for (double& fraction : fractions) {
+        const auto above = static_cast<std::int32_t>(numbers.next(4));
+        const auto below = static_cast<std::int32_t>(numbers.next(4));
+        if (below <= 0) return std::nullopt;
+        fraction = static_cast<double>(above) / below;
+    }
+    return HeifChange::Part{fractions[0], fractions[1], fractions[2], fractions[3]};
 }
 
 void apply(const IsoBox& property, HeifImage& image)
@@ -46,21 +72,61 @@ void apply(const IsoBox& property, HeifImage& image)
     case boxType("hvcC"): image.configuration = property.content; break;
     case boxType("colr"):
         if (const auto colours = coloursIn(property.content)) image.colours = colours;
+        if (image.profile.isEmpty()) image.profile = profileIn(property.content);
+        break;
+    case boxType("clap"):
+        if (const auto part = partIn(property.content)) image.changes.push_back({1, part});
         break;
     case boxType("irot"):
-        if (!first.empty()) image.turns.push_back(kRotations[first[0] & 3]);
+        if (!first.empty()) image.changes.push_back({kRotations[first[0] & 3], {}});
         break;
     case boxType("imir"):
-        if (!first.empty()) image.turns.push_back(kMirrors[first[0] & 1]);
+        if (!first.empty()) image.changes.push_back({kMirrors[first[0] & 1], {}});
         break;
     default: break;
     }
 }
 }  // namespace
 
+PixelArea HeifChange::keptOf(PixelSize size) const
+{
+    const PixelArea whole = {0, 0, size.width, size.height};
+    if (!part) return whole;
+    const double left = (size.width - part->width) / 2 + part->right;
+    const double top = (size.height - part->height) / 2 + part->down;
+    constexpr double kRounding = 0.5;
+    const bool isInside = part->width >= 1 && part->height >= 1 && left > -kRounding &&
+                          top > -kRounding && left + part->width < size.width + kRounding &&
+                          top + part->height < size.height + kRounding;
+    if (!isInside) return whole;
+    PixelArea kept;
+    kept.left = std::max(static_cast<std::int32_t>(std::lround(left)), 0);
+    kept.top = std::max(static_cast<std::int32_t>(std::lround(top)), 0);
+    kept.right = std::min(
+        kept.left + std::max(static_cast<std::int32_t>(std::lround(part->width)), 1), size.width);
+    kept.bottom = std::min(
+        kept.top + std::max(static_cast<std::int32_t>(std::lround(part->height)), 1), size.height);
+    return kept.left < kept.right && kept.top < kept.bottom ? kept : whole;
+}
+
+PixelSize HeifImage::sizeAfterChanges(PixelSize stored) const
+{
+    PixelSize after = stored;
+    for (const HeifChange& change : changes) {
+        const PixelArea kept = change.keptOf(after);
+        after = {kept.right - kept.left, kept.bottom - kept.top};
+        if (pinorama::isTransposed(change.turn)) std::swap(after.width, after.height);
+    }
+    return after;
+}
+
 bool HeifImage::isTransposed() const
 {
-    return std::count_if(turns.begin(), turns.end(), pinorama::isTransposed) % 2 != 0;
+    return std::count_if(
+               changes.begin(), changes.end(),
+               [](const HeifChange& change) { return pinorama::isTransposed(change.turn); }) %
+               2 !=
+           0;
 }
 
 std::optional<HeifGrid> gridOf(const HeifImage& image)

@@ -18,6 +18,27 @@ namespace pinorama {
 struct ColourCoding {
     int matrix = 0;  // MatrixCoefficients
     bool isFullRange = false;
+    int primaries = 2;  // ColourPrimaries; 2 says nothing
+    int transfer = 2;   // TransferCharacteristics; the same
+};
+
+// What is done to a stored image so that it looks as it should: a part is cut out of it, then it is
+// turned or mirrored.
+struct HeifChange {
+    // A part in fractions of a pixel; the place counts between the middles of part and image.
+    struct Part {
+        double width;
+        double height;
+        double right;
+        double down;
+    };
+
+    Orientation turn = 1;
+    std::optional<Part> part{};
+
+    // The pixels of an image of that size that stay; all of them if they lie beyond it.
+    // Source: ISO/IEC 14496-12, 12.1.4.
+    PixelArea keptOf(PixelSize size) const;
 };
 
 struct HeifImage {
@@ -25,11 +46,15 @@ struct HeifImage {
     ByteBlock bytes{};                      // as they are coded
     ByteBlock configuration{};              // of the decoder: the content of hvcC
     PixelSize size{};                       // as stored; {0, 0} if the file does not say it
-    std::vector<Orientation> turns{};       // make the stored image upright, one after the other
+    std::vector<HeifChange> changes{};      // of the stored image, one after the other
     std::optional<ColourCoding> colours{};  // else what is in the bytes
+    ByteBlock profile{};                    // an ICC profile, which counts more than primaries
     std::vector<std::uint32_t> tiles{};     // of a grid: its items row by row
 
-    // Whether the turns exchange width and height.
+    // The size that an image of size `stored` has after the changes.
+    PixelSize sizeAfterChanges(PixelSize stored) const;
+
+    // Whether the changes exchange width and height.
     bool isTransposed() const;
 };
 

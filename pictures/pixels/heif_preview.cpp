@@ -1,5 +1,7 @@
 #include "pictures/pixels/heif_preview.h"
 
+#include "pictures/jpeg_segments.h"
+#include "pictures/pixels/colour_profile.h"
 #include "pictures/pixels/heif_images.h"
 #include "pictures/pixels/hevc_image.h"
 #include "pictures/pixels/jpeg_decode.h"
@@ -20,6 +22,7 @@ constexpr std::int64_t kMaxPixelsOfTiles = 64 << 20;
 // An image that may become the preview, with the size that it has when it is upright.
 struct Candidate {
     HeifImage image;
+    PixelSize stored{};
     PixelSize size{};
     bool isPicture = false;
 };
@@ -34,8 +37,8 @@ Candidate candidateOf(HeifImage image, bool isPicture)
     PixelSize stored = image.size;
     if (image.type == boxType("jpeg")) stored = jpegSize(image.bytes);
     if (const auto grid = gridOf(image)) stored = grid->size;
-    const PixelSize size = transposedIf(image.isTransposed(), stored);
-    return {std::move(image), size, isPicture};
+    const PixelSize size = image.sizeAfterChanges(stored);
+    return {std::move(image), stored, size, isPicture};
 }
 
 // Nobody sees the filters of an image that is shown at less than half of its size.
@@ -60,13 +63,15 @@ std::optional<PixelImage> decodeHevc(const HeifImage& image, PixelSize box)
 
 // The tiles of one row of a grid; fewer when one cannot be decoded or is not as large as `size`,
 // which is that of the first tile if it is not known yet.
-std::vector<HevcImage> decodeTiles(const HeifImages& images, const std::uint32_t* items,
-                                   std::int32_t count, bool quick, PixelSize* size)
+std::vector<HevcImage> decodeTiles(const HeifImages& images, const HeifImage& grid,
+                                   const std::uint32_t* items, std::int32_t count, bool quick,
+                                   PixelSize* size)
 {
     std::vector<HevcImage> tiles;
     for (std::int32_t i = 0; i < count; i++) {
-        const std::optional<HeifImage> tile = images.image(items[i]);
+        std::optional<HeifImage> tile = images.image(items[i]);
         if (!tile || tile->type != boxType("hvc1")) break;
+        if (!tile->colours) tile->colours = grid.colours;
         std::optional<HevcImage> decoded = HevcImage::decode(*tile, quick);
         if (!decoded) break;
         if (size->width == 0) *size = decoded->size();
@@ -89,7 +94,7 @@ std::optional<PixelImage> decodeGrid(const HeifImages& images, const HeifImage& 
     PixelSize tile;
     for (std::int32_t i = 0; i < grid->rows && scaler.rowsMissing() > 0; i++) {
         const std::vector<HevcImage> tiles =
-            decodeTiles(images, &image.tiles[static_cast<std::size_t>(i * grid->columns)],
+            decodeTiles(images, image, &image.tiles[static_cast<std::size_t>(i * grid->columns)],
                         grid->columns, quick, &tile);
         const bool isWhole = tiles.size() == static_cast<std::size_t>(grid->columns) &&
                              tile.width * grid->columns >= grid->size.width;
@@ -108,17 +113,87 @@ std::optional<PixelImage> decodeGrid(const HeifImages& images, const HeifImage& 
     return scaler.take(kMissing);
 }
 
+// The box for the stored image so that what stays of it fits into `box` after the changes.
+PixelSize storedBox(const Candidate& candidate, PixelSize box)
+{
+    const bool isTransposed = candidate.image.isTransposed();
+    const PixelSize stays = transposedIf(isTransposed, candidate.size);
+    const PixelSize stored = candidate.stored;
+    if (stays == stored || stays.width <= 0 || stays.height <= 0) {
+        return transposedIf(isTransposed, box);
+    }
+    const PixelSize wanted = transposedIf(isTransposed, fitInto(candidate.size, box));
+    const auto scaled = [](std::int64_t whole, std::int64_t part, std::int64_t length) {
+        return static_cast<std::int32_t>(std::max<std::int64_t>(whole * length / part, 1));
+    };
+    return {scaled(stored.width, stays.width, wanted.width),
+            scaled(stored.height, stays.height, wanted.height)};
+}
+
+// Makes the changes of the candidate on its pixels, which are scaled down.
+PixelImage changed(PixelImage image, const Candidate& candidate, PixelSize box)
+{
+    PixelSize stored = candidate.stored;
+    for (const HeifChange& change : candidate.image.changes) {
+        const PixelArea kept = change.keptOf(stored);
+        if (change.part && stored.width > 0 && stored.height > 0) {
+            const auto place = [](std::int64_t at, std::int64_t pixels, std::int64_t length) {
+                return static_cast<std::int32_t>((at * pixels + length / 2) / length);
+            };
+            PixelArea part;
+            part.left = std::min(place(kept.left, image.width, stored.width), image.width - 1);
+            part.top = std::min(place(kept.top, image.height, stored.height), image.height - 1);
+            part.right = std::max(place(kept.right, image.width, stored.width), part.left + 1);
+            part.bottom = std::max(place(kept.bottom, image.height, stored.height), part.top + 1);
+            image = cutOut(image, part);
+        }
+        image = turnedUpright(std::move(image), change.turn);
+        stored = transposedIf(isTransposed(change.turn),
+                              {kept.right - kept.left, kept.bottom - kept.top});
+    }
+    // Rounding may have left one pixel too many.
+    if (image.width > box.width || image.height > box.height) {
+        image = cutOut(
+            image, {0, 0, std::min(image.width, box.width), std::min(image.height, box.height)});
+    }
+    return image;
+}
+
+// Converts the colours to sRGB: by the profile of the image or, of a thumbnail, of the picture;
+// else by their primaries. A JPEG image may have a profile of its own, by which it is converted
+// already.
+void convertColours(const HeifImages& images, const HeifImage& image, PixelImage& pixels)
+{
+    const bool isJpeg = image.type == boxType("jpeg");
+    if (isJpeg && !findJpegProfile(image.bytes, kMaxProfileLength).empty()) return;
+    const auto convertBy = [&pixels](const HeifImage& stating) {
+        std::optional<ColourProfile> profile = ColourProfile::fromIcc(stating.profile);
+        const bool isStated = profile || stating.colours;
+        if (!profile && stating.colours) {
+            profile =
+                ColourProfile::fromCodes(stating.colours->primaries, stating.colours->transfer);
+        }
+        if (profile) profile->convertToSrgb(pixels);
+        return isStated;
+    };
+    if (convertBy(image)) return;
+    const std::optional<HeifImage> tile =
+        image.tiles.empty() ? std::nullopt : images.image(image.tiles.front());
+    if (tile && convertBy(*tile)) return;
+    if (const std::optional<HeifImage> picture = images.picture()) convertBy(*picture);
+}
+
 std::optional<Preview> decode(const HeifImages& images, const Candidate& candidate, PixelSize box)
 {
     const HeifImage& image = candidate.image;
-    const PixelSize stored = transposedIf(image.isTransposed(), box);
+    const PixelSize stored = storedBox(candidate, box);
     std::optional<PixelImage> pixels;
     if (image.type == boxType("jpeg")) pixels = decodeJpeg(image.bytes, stored);
     if (image.type == boxType("hvc1")) pixels = decodeHevc(image, stored);
     if (image.type == boxType("grid")) pixels = decodeGrid(images, image, stored);
     if (!pixels || pixels->pixels.empty()) return std::nullopt;
-    for (const Orientation turn : image.turns) pixels = turnedUpright(std::move(*pixels), turn);
-    return Preview{std::move(*pixels), candidate.isPicture};
+    convertColours(images, image, *pixels);
+    return Preview{changed(std::move(*pixels), candidate, box), candidate.isPicture};
 }
 }  // namespace
 

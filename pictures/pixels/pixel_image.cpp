@@ -25,22 +25,12 @@ bool isEmpty(PixelSize size)
     return size.width <= 0 || size.height <= 0;
 }
 
-// A part of a picture, in pixels.
-struct Area {
-    std::int32_t left, top, right, bottom;  // the last two are outside
-
-    bool contains(std::int32_t x, std::int32_t y) const
-    {
-        return x >= left && x < right && y >= top && y < bottom;
-    }
-};
-
 bool isDark(std::uint32_t pixel)
 {
     return (pixel >> 16 & 0xff) < kDark && (pixel >> 8 & 0xff) < kDark && (pixel & 0xff) < kDark;
 }
 
-bool isDarkOutside(const PixelImage& image, const Area& area)
+bool isDarkOutside(const PixelImage& image, const PixelArea& area)
 {
     std::size_t i = 0;
     for (std::int32_t y = 0; y < image.height; y++) {
@@ -117,6 +107,19 @@ PixelImage turnedUpright(PixelImage image, Orientation orientation)
     return upright;
 }
 
+PixelImage cutOut(const PixelImage& image, const PixelArea& kept)
+{
+    PixelImage cut;
+    cut.width = kept.right - kept.left;
+    cut.height = kept.bottom - kept.top;
+    cut.pixels.reserve(static_cast<std::size_t>(cut.width) * cut.height);
+    for (std::int32_t y = kept.top; y < kept.bottom; y++) {
+        const auto row = image.pixels.begin() + std::ptrdiff_t{y} * image.width;
+        cut.pixels.insert(cut.pixels.end(), row + kept.left, row + kept.right);
+    }
+    return cut;
+}
+
 PixelImage withoutBars(PixelImage image, PixelSize picture)
 {
     if (picture.width <= 0 || picture.height <= 0) return image;
@@ -129,20 +132,11 @@ PixelImage withoutBars(PixelImage image, PixelSize picture)
     const std::int32_t left = (image.width - columns) / 2;
     const std::int32_t top = (image.height - rows) / 2;
     // The row at the edge of a bar may be a mixture.
-    const Area kept = {left, top, left + columns, top + rows};
-    const Area looked = {left - (left > 0), top - (top > 0), kept.right + (left > 0),
-                         kept.bottom + (top > 0)};
+    const PixelArea kept = {left, top, left + columns, top + rows};
+    const PixelArea looked = {left - (left > 0), top - (top > 0), kept.right + (left > 0),
+                              kept.bottom + (top > 0)};
     if (!isDarkOutside(image, looked)) return image;
-
-    PixelImage cut;
-    cut.width = columns;
-    cut.height = rows;
-    cut.pixels.reserve(static_cast<std::size_t>(columns) * rows);
-    for (std::int32_t y = kept.top; y < kept.bottom; y++) {
-        const auto row = image.pixels.begin() + std::ptrdiff_t{y} * image.width;
-        cut.pixels.insert(cut.pixels.end(), row + kept.left, row + kept.right);
-    }
-    return cut;
+    return cutOut(image, kept);
 }
 
 // A source pixel is thought of as to.width (times to.height) units wide and a result pixel as

@@ -24,6 +24,19 @@ struct PixelSize {
     bool operator==(const PixelSize&) const = default;
 };
 
+// A part of an image.
+struct PixelArea {
+    std::int32_t left = 0;
+    std::int32_t top = 0;
+    std::int32_t right = 0;  // the last two are outside
+    std::int32_t bottom = 0;
+
+    bool contains(std::int32_t x, std::int32_t y) const
+    {
+        return x >= left && x < right && y >= top && y < bottom;
+    }
+};
+
 // The largest size with the aspect of `picture` that fits into `box`, never larger than `picture`
 // itself and at least 1 pixel each way. {0, 0} when any of the four numbers is not positive.
 PixelSize fitInto(PixelSize picture, PixelSize box);
@@ -41,6 +54,9 @@ bool isTransposed(Orientation orientation);
 
 // Returns the picture turned and mirrored so that it stands upright.
 PixelImage turnedUpright(PixelImage image, Orientation orientation);
+
+// Returns the pixels of `kept`, which lies within the image and is not empty.
+PixelImage cutOut(const PixelImage& image, const PixelArea& kept);
 
 // Returns the picture without the black bars that a camera adds above and below, or to both sides,
 // when its preview has another aspect than `picture`. Only bars that are dark all over are cut off;

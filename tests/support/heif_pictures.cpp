@@ -98,10 +98,26 @@ std::string test::heifMirror(int axis)
     return isoBox("imir", byte(axis));
 }
 
-std::string test::heifColours(int matrix, bool isFullRange)
+std::string test::heifColours(int matrix, bool isFullRange, int primaries, int transfer)
 {
-    return isoBox("colr", "nclx" + half(1) + half(13) + half(static_cast<std::size_t>(matrix)) +
+    return isoBox("colr", "nclx" + half(static_cast<std::size_t>(primaries)) +
+                              half(static_cast<std::size_t>(transfer)) +
+                              half(static_cast<std::size_t>(matrix)) +
                               byte(isFullRange ? 0x80 : 0));
+}
+
+std::string test::heifProfile(const std::string& icc)
+{
+    return isoBox("colr", "prof" + icc);
+}
+
+std::string test::heifPart(int width, int height, int right, int down)
+{
+    std::string fractions;
+    for (const int number : {width, height, right, down}) {
+        fractions += big32(static_cast<std::uint32_t>(2 * number)) + big32(2);
+    }
+    return isoBox("clap", fractions);
 }
 
 std::string test::heifDecoder(const std::string& hvcc)

@@ -25,7 +25,10 @@ std::string heifPicture(const std::vector<HeifPart>& parts, int primary = 1);
 std::string heifSize(int width, int height);
 std::string heifRotation(int quarters);  // against the clock
 std::string heifMirror(int axis);
-std::string heifColours(int matrix, bool isFullRange);
+std::string heifColours(int matrix, bool isFullRange, int primaries = 1, int transfer = 13);
+std::string heifProfile(const std::string& icc);
+// A part of the image in the middle, but for so many pixels.
+std::string heifPart(int width, int height, int right = 0, int down = 0);
 std::string heifDecoder(const std::string& hvcc);
 
 // A grid of rows x columns tiles; its size in pixels.

@@ -4,6 +4,7 @@
 #include "tests/support/byte_views.h"
 #include "tests/support/container_builder.h"
 #include "tests/support/heif_pictures.h"
+#include "tests/support/icc_profiles.h"
 #include "tests/support/jpeg_pictures.h"
 
 #include <gtest/gtest.h>
@@ -156,6 +157,89 @@ TEST(makeHeifPreview, turnsImagesUpright)
         EXPECT_TRUE(test::areNear(test::quartersOf(preview->image), row.upright));
         EXPECT_EQ(preview->image.width, row.isTall ? 85 : 128);
     }
+}
+
+TEST(makeHeifPreview, cutsTheStatedPartOut)
+{
+    const struct {
+        const char* name;
+        std::vector<std::string> changes;
+        int box;
+        PixelSize size;
+        std::vector<std::uint32_t> quarters;
+    } rows[] = {
+        {"the middle", {test::heifPart(100, 100)}, 128, {100, 100}, kCorners},
+        {"scaled down", {test::heifPart(200, 100)}, 64, {64, 32}, kCorners},
+        {"the left upper quarter",
+         {test::heifPart(150, 100, -75, -50)},
+         128,
+         {128, 85},
+         {test::kRed, test::kRed, test::kRed, test::kRed}},
+        {"the right half",
+         {test::heifPart(150, 200, 75, 0)},
+         64,
+         {48, 64},
+         {test::kGreen, test::kGreen, test::kYellow, test::kYellow}},
+        {"the right half, turned",
+         {test::heifPart(150, 200, 75, 0), test::heifRotation(1)},
+         64,
+         {64, 48},
+         {test::kGreen, test::kYellow, test::kGreen, test::kYellow}},
+        {"beyond the image", {test::heifPart(150, 100, 100, 0)}, 300, {300, 200}, kCorners},
+        {"nothing", {test::heifPart(0, 100)}, 300, {300, 200}, kCorners},
+        {"no fraction", {test::isoBox("clap", std::string(32, '\0'))}, 300, {300, 200}, kCorners},
+        {"cut off", {test::isoBox("clap", "short")}, 300, {300, 200}, kCorners},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        HeifPart part = jpegPart(300, 200);
+        part.properties = row.changes;
+        const auto preview = previewOf(test::heifPicture({part}), row.box, row.box);
+        ASSERT_TRUE(preview);
+        EXPECT_EQ((PixelSize{preview->image.width, preview->image.height}), row.size);
+        EXPECT_TRUE(test::areNear(test::quartersOf(preview->image), row.quarters));
+    }
+}
+
+TEST(makeHeifPreview, showsTheColoursOfTheProfile)
+{
+    const std::uint32_t red = 0xffc86464;  // of Display P3
+    const std::uint32_t converted = 0xffd75d61;
+    const auto colourOf = [](const std::string& file) {
+        const auto preview = previewOf(file);
+        return preview ? preview->image.pixels[0] : 0;
+    };
+    const auto with = [&](const std::vector<std::string>& properties) {
+        HeifPart part = jpegPart(300, 200, std::vector<std::uint32_t>(4, red));
+        part.properties = properties;
+        return part;
+    };
+    const std::string profile = test::heifProfile(test::iccDisplayP3());
+    const struct {
+        const char* name;
+        std::string file;
+        std::uint32_t colour;
+    } rows[] = {
+        {"none", test::heifPicture({with({})}), red},
+        {"of sRGB", test::heifPicture({with({test::heifProfile(test::iccSrgb())})}), red},
+        {"of Display P3", test::heifPicture({with({profile})}), converted},
+        {"primaries", test::heifPicture({with({test::heifColours(6, true, 12, 13)})}), converted},
+        {"a profile and primaries",
+         test::heifPicture({with({test::heifColours(6, true, 1, 13), profile})}), converted},
+        {"malformed", test::heifPicture({with({test::heifProfile("no profile")})}), red},
+        {"of the picture, for a thumbnail", unknownPicture(600, 400, {with({})}, {profile}),
+         converted},
+        {"of the thumbnail",
+         unknownPicture(600, 400, {with({test::heifProfile(test::iccSrgb())})}, {profile}), red},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_TRUE(test::isNear(colourOf(row.file), row.colour, 3))
+            << std::hex << colourOf(row.file);
+    }
+    HeifPart own = with({profile});
+    own.bytes = test::withJpegProfile(own.bytes, test::iccDisplayP3());
+    EXPECT_TRUE(test::isNear(colourOf(test::heifPicture({own})), converted, 3)) << "only once";
 }
 
 TEST(makeHeifPreview, decodesHevcWhereItsDecoderIs)
