@@ -2,9 +2,10 @@
 """Loads Pinorama's extension with the column "Taken at" into one real file manager, beside the real program, and
 reads the cells of its list view.
 
-usage: column_test.py BIN_FOLDER COLUMN MANAGER
+usage: column_test.py BIN_FOLDER COLUMN MANAGER [--own]
 
-COLUMN is the extension as the build fills it in; the other one, which it needs, is taken from the sources."""
+COLUMN is the extension as the build fills it in; the other one, which it needs, is taken from the sources. With
+--own the column is one of this folder's columns, not of the usual ones."""
 
 import os
 import shutil
@@ -16,7 +17,7 @@ from desktop import Desktop
 from extension_test import FOLDERS, needBinding
 from managers import managerNamed
 from pictures import writePicture
-from running import need, programIn, run
+from running import need, programIn, run, skip
 from session import DesktopSession, RigError, waitFor
 
 HERE = os.path.dirname(os.path.abspath(__file__))
@@ -34,6 +35,7 @@ SETTINGS = {
             "[org/mate/caja/list-view]\ndefault-visible-columns={}\n",
 }
 USHUAIA, USHUAIA_WORDS = (-54.80, -68.30), "Near Ushuaia, Argentina"
+NUUK, NUUK_WORDS = (64.18, -51.70), "Near Nuuk, Greenland"
 IMAGE = "GtkImage"
 SKIPPED = {"menu bar", "menu", "scroll bar", "tool bar", "button"}
 
@@ -62,7 +64,7 @@ def isServed(session):
 class Beside:
     """The file manager with the extension, on a folder of pictures, and the program."""
 
-    def __init__(self, session, manager, binFolder, column):
+    def __init__(self, session, manager, binFolder, column, isOwn):
         self.session, self.manager = session, manager
         self.desktop = Desktop(session)
         self.program = programIn(binFolder)
@@ -72,7 +74,17 @@ class Beside:
         self.write("b.NEF", USHUAIA)
         self.write("other.txt", USHUAIA)
         shutil.copy(SELECTION, self.path("none.jpg"))  # a picture by its name only
-        install(session, manager, column)
+        install(session, manager, column, None if isOwn else COLUMN)
+        if isOwn:
+            self.setOwnColumns()
+
+    def setOwnColumns(self):
+        """As the file manager does for one folder; only with GVfs it can."""
+        del self.session.environment["GIO_USE_VFS"]
+        key = f"metadata::{self.manager.name}-list-view-visible-columns"
+        command = ["gio", "set", "-t", "stringv", self.folder, key, "name", "size", COLUMN]
+        if self.session.run(command) is None:
+            raise RigError("gio cannot set the columns of a folder")
 
     def path(self, name):
         return os.path.join(self.folder, name)
@@ -167,6 +179,20 @@ def words(beside):
 
 
 @cases.add
+def otherPlaces(beside):
+    """A picture whose position changes gets its new place, and one that loses it has none, when the folder is
+    loaded again."""
+    beside.write("a.jpg", NUUK)
+    shutil.copy(SELECTION, beside.path("b.NEF"))
+    beside.desktop.activate(beside.window)
+    beside.desktop.keys("F5")
+    beside.expect(a=NUUK_WORDS, b=None, none=None, other=None)
+    beside.write("b.NEF", USHUAIA)
+    beside.desktop.keys("F5")
+    beside.expect(a=NUUK_WORDS, b=USHUAIA_WORDS)
+
+
+@cases.add
 def aNewPicture(beside):
     """What is added to the folder gets its place."""
     beside.write("c.jpg", USHUAIA)
@@ -197,10 +223,13 @@ def quiet(beside):
 def main():
     binFolder, column = (os.path.abspath(path) for path in sys.argv[1:3])
     manager = managerNamed(sys.argv[3])
+    isOwn = "--own" in sys.argv[4:]
     need(manager.command[0])
     needBinding(manager)
+    if isOwn and not os.path.exists("/usr/libexec/gvfsd-metadata"):
+        skip("GVfs, which remembers the columns of a folder, is not installed")
     with DesktopSession() as session:
-        beside = Beside(session, manager, binFolder, column)
+        beside = Beside(session, manager, binFolder, column, isOwn)
         beside.open()
         return cases.run(manager.name, beside)
 
