@@ -11,6 +11,7 @@ metainfo=packaging/org.pinorama.Pinorama.metainfo.xml.in
 (cd "$tree" && cp --parents CMakeLists.txt CHANGELOG.md README.md debian/changelog $metainfo \
     packaging/rpm/pinorama.spec packaging/arch/PKGBUILD scripts/release "$copy")
 cd "$copy"
+echo /build/ >.gitignore
 export GIT_CONFIG_GLOBAL=/dev/null GIT_CONFIG_SYSTEM=/dev/null
 record() {
     git add -A
@@ -94,7 +95,14 @@ complains "a change that is not committed" "uncommitted changes"
 touch stray
 complains "a file that is not committed" "uncommitted changes"
 
+command=$(scripts/release | sed -n 's/^ *\(git archive .*\)/\1/p')
 git tag "v$version"
+mkdir build
+bash -euc "$command" || command="fails: $command"
+if [ -n "$(git status --porcelain)" ] || ! tar -tzf "build/pinorama-$version.tar.gz" "pinorama-$version/README.md" >/dev/null; then
+    echo "Packing the archive should leave the tree as it is: $command"
+    failures=$((failures + 1))
+fi
 complains "a tag that exists" "existing tags of this version"
 git tag -d "v$version" >/dev/null
 
