@@ -21,10 +21,11 @@ Ring readRing(const std::uint8_t* item)
             load16(item + 24)};
 }
 
-bool isInBox(const Ring& ring, StoredPoint point)
+// Most rings are far away: their boxes are looked at before anything else of them.
+bool isInBox(const std::uint8_t* item, StoredPoint point)
 {
-    return point.x >= ring.west && point.x <= ring.east && point.y >= ring.south &&
-           point.y <= ring.north;
+    return point.y >= loadSigned32(item + 4) && point.y <= loadSigned32(item + 12) &&
+           point.x >= loadSigned32(item) && point.x <= loadSigned32(item + 8);
 }
 
 // Counts the sides that a line from the point to the east crosses. Differences and products of
@@ -75,9 +76,11 @@ std::optional<std::uint16_t> pinorama::areaAt(const PlaceData& data, StoredPoint
         bool inside = false;
         double size = 0;
         for (; index < count; ++index) {
-            const Ring ring = readRing(data.rings.item(index));
-            if (ring.owner != owner) break;
-            if (!isInBox(ring, point) || !isInside(ring, data.vertices, point)) continue;
+            const std::uint8_t* item = data.rings.item(index);
+            if (load16(item + 24) != owner) break;
+            if (!isInBox(item, point)) continue;
+            const Ring ring = readRing(item);
+            if (!isInside(ring, data.vertices, point)) continue;
             inside = !inside;
             if (inside) size = boxSize(ring);
         }
@@ -93,11 +96,11 @@ std::optional<std::uint16_t> pinorama::seaAt(const PlaceData& data, StoredPoint 
 {
     const StoredPoint turned{point.x + kFullTurn, point.y};
     for (std::size_t index = 0; index < data.seaRings.count(); ++index) {
-        const Ring ring = readRing(data.seaRings.item(index));
+        const std::uint8_t* item = data.seaRings.item(index);
         for (const StoredPoint candidate : {point, turned}) {
-            if (isInBox(ring, candidate) && isInside(ring, data.seaVertices, candidate)) {
-                return ring.owner;
-            }
+            if (!isInBox(item, candidate)) continue;
+            const Ring ring = readRing(item);
+            if (isInside(ring, data.seaVertices, candidate)) return ring.owner;
         }
     }
     return std::nullopt;

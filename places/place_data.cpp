@@ -32,31 +32,6 @@ constexpr SectionRule kSections[] = {
 };
 }  // namespace
 
-std::uint16_t pinorama::load16(const std::uint8_t* bytes)
-{
-    return static_cast<std::uint16_t>(bytes[0] | bytes[1] << 8);
-}
-
-std::uint32_t pinorama::load24(const std::uint8_t* bytes)
-{
-    return static_cast<std::uint32_t>(bytes[0] | bytes[1] << 8 | bytes[2] << 16);
-}
-
-std::uint32_t pinorama::load32(const std::uint8_t* bytes)
-{
-    return load24(bytes) | std::uint32_t{bytes[3]} << 24;
-}
-
-std::int32_t pinorama::loadSigned32(const std::uint8_t* bytes)
-{
-    return static_cast<std::int32_t>(load32(bytes));
-}
-
-std::uint64_t pinorama::load64(const std::uint8_t* bytes)
-{
-    return load32(bytes) | std::uint64_t{load32(bytes + 4)} << 32;
-}
-
 std::uint64_t pinorama::placesChecksum(std::span<const std::uint8_t> bytes)
 {
     std::uint64_t sum = 0xcbf29ce484222325;

@@ -18,6 +18,32 @@ namespace pinorama {
 constexpr double kStoredUnit = 100000.0;    // stored units in a degree
 constexpr double kEarthRadius = 6371.0088;  // kilometres, the mean radius of WGS 84
 
+// Numbers without an alignment. They are read by the hundred for one place.
+inline std::uint16_t load16(const std::uint8_t* bytes)
+{
+    return static_cast<std::uint16_t>(bytes[0] | bytes[1] << 8);
+}
+
+inline std::uint32_t load24(const std::uint8_t* bytes)
+{
+    return static_cast<std::uint32_t>(bytes[0] | bytes[1] << 8 | bytes[2] << 16);
+}
+
+inline std::uint32_t load32(const std::uint8_t* bytes)
+{
+    return load24(bytes) | std::uint32_t{bytes[3]} << 24;
+}
+
+inline std::int32_t loadSigned32(const std::uint8_t* bytes)
+{
+    return static_cast<std::int32_t>(load32(bytes));
+}
+
+inline std::uint64_t load64(const std::uint8_t* bytes)
+{
+    return load32(bytes) | std::uint64_t{load32(bytes + 4)} << 32;
+}
+
 // A section is a sequence of items of one size.
 class PlaceSection {
 public:
@@ -44,12 +70,6 @@ private:
     std::span<const std::uint8_t> bytes_;
     std::size_t itemSize_ = 1;
 };
-
-std::uint16_t load16(const std::uint8_t* bytes);
-std::uint32_t load24(const std::uint8_t* bytes);
-std::uint32_t load32(const std::uint8_t* bytes);
-std::int32_t loadSigned32(const std::uint8_t* bytes);
-std::uint64_t load64(const std::uint8_t* bytes);
 
 class PlaceData {
 public:

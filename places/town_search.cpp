@@ -7,12 +7,13 @@
 #include <cmath>
 #include <limits>
 #include <numbers>
+#include <vector>
 
 using namespace pinorama;
 
 namespace {
 constexpr double kVectorUnit = 1 << 30;  // of the stored unit vectors
-constexpr double kAngleSteps = (1 << 24) - 1;
+constexpr std::uint32_t kAngleSteps = (1 << 24) - 1;
 constexpr double kPeoplePerSquareKilometre = 4000;
 
 using Vector = std::array<double, 3>;
@@ -24,16 +25,26 @@ Vector unitVector(double latitude, double longitude)
     return {std::cos(a) * std::cos(b), std::cos(a) * std::sin(b), std::sin(a)};
 }
 
-double chord(const Vector& a, const Vector& b)
+double squareOfChord(const Vector& a, const Vector& b)
 {
     const double x = a[0] - b[0], y = a[1] - b[1], z = a[2] - b[2];
-    return std::sqrt(x * x + y * y + z * z);
+    return x * x + y * y + z * z;
 }
 
-// Kilometres along the surface between two points whose unit vectors are `length` apart.
-double arc(double length)
+// Kilometres along the surface between two points whose unit vectors are `chord` apart.
+double arc(double chord)
 {
-    return 2 * kEarthRadius * std::asin(std::min(1.0, length / 2));
+    return 2 * kEarthRadius * std::asin(std::min(1.0, chord / 2));
+}
+
+// The square of the chord of an arc, in kilometres: below zero for less than nothing, and more than
+// any chord has for more than half of the Earth.
+double squareOfChord(double kilometres)
+{
+    if (kilometres < 0) return -1;
+    if (kilometres > kEarthRadius * std::numbers::pi) return 5;
+    const double chord = 2 * std::sin(kilometres / (2 * kEarthRadius));
+    return chord * chord;
 }
 
 struct Tree {
@@ -47,12 +58,50 @@ struct Tree {
     double reach;  // the greatest chord from the centre to a town
 };
 
-struct Record {
-    double latitude, longitude;
+struct StoredTown {
+    std::uint32_t latitude, longitude;  // steps from the south pole and from 180 degrees west
     std::uint32_t name;
-    double radius;
+    std::uint8_t size;  // of the population
     std::uint8_t zone;
 };
+
+double degrees(std::uint32_t steps)
+{
+    return steps / static_cast<double>(kAngleSteps) * 360;
+}
+
+struct Turn {
+    double cosine, sine;
+};
+
+// The cosine and the sine of a stored angle. A search asks for hundreds of them, so most of the
+// angle is looked up, and a short series is exact for the rest.
+Turn turnOf(std::uint32_t steps)
+{
+    constexpr std::uint32_t kParts = 256;
+    constexpr std::uint32_t kPart = (kAngleSteps + 1) / kParts;
+    constexpr double kStep = 2 * std::numbers::pi / kAngleSteps;
+    static const std::array<Turn, kParts> coarse = [] {
+        std::array<Turn, kParts> all{};
+        for (std::uint32_t index = 0; index < kParts; ++index) {
+            const double angle = kStep * (index * kPart + kPart / 2);
+            all[index] = {std::cos(angle), std::sin(angle)};
+        }
+        return all;
+    }();
+    const Turn& part = coarse[steps / kPart % kParts];
+    const double rest = kStep * (static_cast<double>(steps % kPart) - kPart / 2);
+    const double square = rest * rest;
+    const double cosine = 1 - square / 2 * (1 - square / 12 * (1 - square / 30));
+    const double sine = rest * (1 - square / 6 * (1 - square / 20));
+    return {part.cosine * cosine - part.sine * sine, part.sine * cosine + part.cosine * sine};
+}
+
+// The unit vector of a town. The steps begin at the south pole and at 180 degrees west.
+Vector vectorOf(const Turn& upwards, const Turn& eastwards)
+{
+    return {-upwards.sine * eastwards.cosine, -upwards.sine * eastwards.sine, -upwards.cosine};
+}
 
 // The radius of a town by the stored size of its population.
 double radiusOf(std::uint8_t size)
@@ -85,14 +134,14 @@ Tree readTree(const std::uint8_t* item)
             load32(item + 28) / kVectorUnit};
 }
 
-Record readRecord(const std::uint8_t* item)
+StoredTown readTown(const std::uint8_t* item)
 {
-    return {load24(item) / kAngleSteps * 360 - 90, load24(item + 3) / kAngleSteps * 360 - 180,
-            load24(item + 6), radiusOf(item[9]), item[10]};
+    return {load24(item), load24(item + 3), load24(item + 6), item[9], item[10]};
 }
 
 // One search through the trees. The towns of a tree are a k-d tree over x, y and z in turn: the
-// middle one of a range divides it.
+// middle one of a range divides it. Chords are compared by their squares, and an arc is computed
+// for a town only that could be the best one.
 class Search {
 public:
     Search(const PlaceData& data, const Vector& from, double limit)
@@ -100,27 +149,26 @@ public:
     {
     }
 
-    // Kilometres from the point to the nearest town that the tree could have, less what the
-    // largest one extends.
+    // Not more kilometres than from the point to the nearest town that the tree could have, less
+    // what the largest one extends.
     double lowerBound(const Tree& tree) const
     {
-        const double nearest = chord(from_, tree.centre) - tree.reach;
-        return (nearest <= 0 ? 0 : arc(nearest)) - tree.largestRadius;
+        const double nearest = std::sqrt(squareOfChord(from_, tree.centre)) - tree.reach;
+        return std::max(nearest, 0.0) * kEarthRadius - tree.largestRadius;
     }
 
-    double distanceToCentre(const Tree& tree) const { return chord(from_, tree.centre); }
-
-    bool canImprove(double bound) const { return bound < best_; }
+    bool canImprove(double bound) const { return bound <= limit_ && bound < best_; }
 
     void searchTree(const Tree& tree)
     {
         if (!data_.towns.has(tree.first, tree.count)) return;
         tree_ = tree;
+        setReach();
         searchRange(tree.first, tree.count, 0, {});
     }
 
     bool hasFound() const { return hasFound_; }
-    const Record& record() const { return record_; }
+    const StoredTown& town() const { return town_; }
     const Tree& tree() const { return bestTree_; }
     double distance() const { return distance_; }
 
@@ -131,9 +179,15 @@ private:
     {
         if (count == 0) return;
         const std::uint32_t before = count / 2;
-        const Record town = readRecord(data_.towns.item(first + before));
-        const Vector where = unitVector(town.latitude, town.longitude);
-        consider(town, arc(chord(from_, where)));
+        const StoredTown town = readTown(data_.towns.item(first + before));
+        const Turn upwards = turnOf(town.latitude);
+        const double north = from_[2] + upwards.cosine;
+        // Half of the towns divide nothing, and most of them are too far north or south.
+        if (count == 1 && north * north > reach_) return;
+        const Vector where = vectorOf(upwards, turnOf(town.longitude));
+        const double square = squareOfChord(from_, where);
+        if (square <= reach_) consider(town, arc(std::sqrt(square)));
+        if (count == 1) return;
 
         const std::uint32_t after = count - before - 1;
         const int next = (axis + 1) % 3;
@@ -146,29 +200,33 @@ private:
                         : searchRange(first + before + 1, after, next, distances);
         };
         search(isBefore, apart);
-        const double bound = arc(chord(beyond, {}));
-        if (bound > limit_ || !canImprove(bound - tree_.largestRadius)) return;
+        if (squareOfChord(beyond, {}) > reach_) return;
         search(!isBefore, beyond);
     }
 
-    void consider(const Record& town, double distance)
+    void consider(const StoredTown& town, double distance)
     {
-        const double score = townScore(distance, town.radius);
+        const double score = townScore(distance, radiusOf(town.size));
         if (distance > limit_ || score >= best_) return;
         best_ = score;
         hasFound_ = true;
-        record_ = town;
+        town_ = town;
         bestTree_ = tree_;
         distance_ = distance;
+        setReach();
     }
+
+    // No town of the tree that lies beyond can be better than the best one so far.
+    void setReach() { reach_ = squareOfChord(std::min(limit_, best_ + tree_.largestRadius)); }
 
     const PlaceData& data_;
     const Vector from_;
     const double limit_;
     Tree tree_{};
+    double reach_ = 0;  // the square of a chord
     double best_ = std::numeric_limits<double>::infinity();
     bool hasFound_ = false;
-    Record record_{};
+    StoredTown town_{};
     Tree bestTree_{};
     double distance_ = 0;
 };
@@ -199,38 +257,38 @@ std::optional<FoundTown> pinorama::findTown(const PlaceData& data, double latitu
                                             double limit)
 {
     Search search(data, unitVector(latitude, longitude), limit);
+    struct Candidate {
+        double bound;
+        std::size_t tree;
+    };
+    std::vector<Candidate> candidates;
     const std::size_t count = data.trees.count();
-    // The tree around the nearest centre first: what it gives rules out most of the others.
-    std::size_t nearest = count;
-    double nearestCentre = std::numeric_limits<double>::infinity();
     for (std::size_t index = 0; index < count; ++index) {
         const std::uint8_t* item = data.trees.item(index);
         if (!isIn(item, country)) continue;
-        const Tree tree = readTree(item);
-        const double centre = search.distanceToCentre(tree);
-        if (centre >= nearestCentre) continue;
-        nearestCentre = centre;
-        nearest = index;
+        const double bound = search.lowerBound(readTree(item));
+        if (search.canImprove(bound)) candidates.push_back({bound, index});
     }
-    if (nearest == count) return std::nullopt;
-    search.searchTree(readTree(data.trees.item(nearest)));
-    for (std::size_t index = 0; index < count; ++index) {
-        const std::uint8_t* item = data.trees.item(index);
-        if (index == nearest || !isIn(item, country)) continue;
-        const Tree tree = readTree(item);
-        const double bound = search.lowerBound(tree);
-        if (bound <= limit && search.canImprove(bound)) search.searchTree(tree);
+    // The tree that could have the nearest town is searched first: what it gives rules out others.
+    while (!candidates.empty()) {
+        const auto nearest = std::min_element(
+            candidates.begin(), candidates.end(),
+            [](const Candidate& a, const Candidate& b) { return a.bound < b.bound; });
+        search.searchTree(readTree(data.trees.item(nearest->tree)));
+        candidates.erase(nearest);
+        std::erase_if(candidates,
+                      [&](const Candidate& rest) { return !search.canImprove(rest.bound); });
     }
     if (!search.hasFound()) return std::nullopt;
 
-    const Record& record = search.record();
+    const StoredTown& town = search.town();
     FoundTown found;
-    found.town = {data.name(record.name), std::string(search.tree().country), search.distance(),
-                  initialBearing(record.latitude, record.longitude, latitude, longitude),
-                  record.radius};
-    found.latitude = record.latitude;
-    found.longitude = record.longitude;
-    found.zone = zoneName(data, search.tree(), record.zone);
+    found.latitude = degrees(town.latitude) - 90;
+    found.longitude = degrees(town.longitude) - 180;
+    found.town = {data.name(town.name), std::string(search.tree().country), search.distance(),
+                  initialBearing(found.latitude, found.longitude, latitude, longitude),
+                  radiusOf(town.size)};
+    found.zone = zoneName(data, search.tree(), town.zone);
     if (found.town.name.empty()) return std::nullopt;
     return found;
 }
