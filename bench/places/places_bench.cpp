@@ -65,8 +65,11 @@ void printBorderPoints(PlaceFinder& finder)
             if (country == point.country) {
                 ++right;
             } else {
-                std::printf("  %.5f %.5f: %s instead of %s\n", point.latitude, point.longitude,
-                            country.c_str(), point.country.c_str());
+                std::printf("  %.5f %.5f: %s instead of %s%s\n", point.latitude, point.longitude,
+                            country.c_str(), point.country.c_str(),
+                            isDisputedBySources(point)
+                                ? ", as country-coder has it, whose border is off there"
+                                : "");
             }
         }
         std::printf("%zu border points (%s): country right in %zu\n", count, kind, right);

@@ -51,3 +51,8 @@ bool isOneOf(const std::string& text, const std::vector<std::string>& answers)
 {
     return std::find(answers.begin(), answers.end(), text) != answers.end();
 }
+
+bool isDisputedBySources(const BorderPoint& point)
+{
+    return point.latitude == -10.74852 && point.longitude == -68.06201;
+}

@@ -22,6 +22,10 @@ struct BorderPoint {
     std::string kind;  // "near" or "apart"
 };
 
+// True for the point where the two sources of borders disagree by some kilometres, in northern
+// Bolivia: the look-up has country-coder's, and the table says what Natural Earth has.
+bool isDisputedBySources(const BorderPoint& point);
+
 std::vector<KnownPlace> readKnownPlaces(const std::string& path);
 std::vector<BorderPoint> readBorderPoints(const std::string& path);
 
