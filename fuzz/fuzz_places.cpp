@@ -1,11 +1,11 @@
-// The places file: a look-up in it and a map of it. The length and the checksum are made right
+// The places file: a look-up in it and a map of it. The length and the checksums are made right
 // first, or nothing else would be tried.
 
 #include "places/map_lines.h"
 #include "places/place_data.h"
 #include "places/place_finder.h"
+#include "tests/places/places_file.h"
 
-#include <cstring>
 #include <vector>
 
 using namespace pinorama;
@@ -15,10 +15,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::vector<std::uint8_t> bytes(data, data + size);
     if (size >= 32) {
         for (int i = 0; i < 4; ++i) bytes[24 + i] = static_cast<std::uint8_t>(size >> 8 * i);
-        const std::uint64_t sum = placesChecksum(std::span(bytes).subspan(kPlacesChecksumAt + 8));
-        for (int i = 0; i < 8; ++i) {
-            bytes[kPlacesChecksumAt + i] = static_cast<std::uint8_t>(sum >> 8 * i);
-        }
+        sealPlacesFile(bytes);
     }
     const auto places = PlaceData::parse(bytes);
     if (!places) return 0;

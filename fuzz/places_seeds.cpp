@@ -31,6 +31,7 @@ int main(int argc, char** argv)
                    i % 2 == 0 ? 5.0 : 25.0, 1000.0 * i, "Europe/Berlin"});
     }
     write(folder + "/land", land.build());
+    write(folder + "/blocks", land.blockSums().build());
     write(folder + "/sea", PlacesFile()
                                .sea("Wide Sea", {{-200, -50}, {200, -50}, {200, 65}, {-200, 65}})
                                .town({"BB", "Harbour", 0, 0, 10, ""})

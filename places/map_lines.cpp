@@ -10,6 +10,7 @@ using namespace pinorama;
 namespace {
 constexpr std::uint16_t kStoredLand = 0;
 constexpr std::uint16_t kStoredBorder = 1;
+constexpr std::size_t kLineSize = 28;  // bytes
 
 // The least degrees in a pixel for which the first two of the stored maps will do: drawings of
 // 1:110 and 1:50 million at 96 pixels to the inch.
@@ -31,12 +32,13 @@ StoredLine readLine(const std::uint8_t* item)
 // Reads numbers of seven bits to the byte, the lowest first, whose lowest bit is the sign.
 class Numbers {
 public:
-    explicit Numbers(std::span<const std::uint8_t> bytes) : rest_(bytes) {}
+    Numbers(const PlaceSection& section, std::uint64_t first) : section_(section), next_(first) {}
 
     std::optional<std::int64_t> next()
     {
         std::uint64_t value = 0;
         for (int shift = 0; shift < 35; shift += 7) {
+            if (rest_.empty()) rest_ = section_.itemsFrom(next_), next_ += rest_.size();
             if (rest_.empty()) return std::nullopt;
             const std::uint8_t byte = rest_.front();
             rest_ = rest_.subspan(1);
@@ -50,6 +52,8 @@ public:
     }
 
 private:
+    const PlaceSection& section_;
+    std::uint64_t next_;  // the byte that follows `rest_`
     std::span<const std::uint8_t> rest_;
 };
 
@@ -57,11 +61,9 @@ private:
 std::vector<MapPoint> readPoints(const PlaceData& data, const StoredLine& line, double units,
                                  double shift)
 {
-    const std::span<const std::uint8_t> bytes = data.mapPoints.bytes();
+    Numbers numbers(data.mapPoints, line.first);
     std::vector<MapPoint> points;
-    if (line.first >= bytes.size()) return points;
-    Numbers numbers(bytes.subspan(line.first));
-    points.reserve(std::min<std::size_t>(line.count, bytes.size() / 2));
+    points.reserve(std::min<std::size_t>(line.count, data.mapPoints.count() / 2));
     std::int64_t x = 0, y = 0;
     for (std::uint32_t index = 0; index < line.count; ++index) {
         const auto dx = numbers.next();
@@ -188,15 +190,17 @@ std::vector<MapLine> pinorama::mapLines(const PlaceData& data, const MapBox& box
     if (!isUsable(box, degreesPerPixel) || data.mapLevels.count() == 0) return lines;
     const std::uint8_t* level =
         data.mapLevels.item(levelFor(degreesPerPixel, data.mapLevels.count()));
+    if (level == nullptr) return lines;
     const double units = load32(level);
     const std::uint32_t first = load32(level + 4);
     const std::uint32_t count = load32(level + 8);
-    if (units == 0 || !data.mapLines.has(first, count)) return lines;
+    const std::span<const std::uint8_t> stored = data.mapLines.items(first, count);
+    if (units == 0 || stored.empty()) return lines;
 
     const double margin = 2 * degreesPerPixel;
     const MapBox wide{box.west - margin, box.south - margin, box.east + margin, box.north + margin};
-    for (std::uint32_t index = first; index < first + count; ++index) {
-        const StoredLine line = readLine(data.mapLines.item(index));
+    for (std::size_t at = 0; at < stored.size(); at += kLineSize) {
+        const StoredLine line = readLine(stored.data() + at);
         if (line.kind != kStoredLand && line.kind != kStoredBorder) continue;
         const double size = std::max(line.east - line.west, line.north - line.south);
         if (line.kind == kStoredLand && size / units < degreesPerPixel) continue;
@@ -216,5 +220,6 @@ std::vector<MapLine> pinorama::mapLines(const PlaceData& data, const MapBox& box
             if (points.size() > 2) lines.push_back({MapLineKind::land, std::move(points)});
         }
     }
+    if (data.isDamaged()) lines.clear();
     return lines;
 }

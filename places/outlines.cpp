@@ -7,6 +7,7 @@ using namespace pinorama;
 
 namespace {
 constexpr std::int32_t kFullTurn = 36000000;  // 360 degrees
+constexpr std::size_t kRingSize = 28;         // bytes
 
 struct Ring {
     std::int32_t west, south, east, north;
@@ -32,8 +33,9 @@ bool isInBox(const std::uint8_t* item, StoredPoint point)
 // damaged vertices are computed in 64 bits and in floating point, where nothing overflows.
 bool isInside(const Ring& ring, const PlaceSection& vertices, StoredPoint point)
 {
-    if (ring.count < 3 || !vertices.has(ring.first, ring.count)) return false;
-    const std::uint8_t* vertex = vertices.item(ring.first);
+    const std::span<const std::uint8_t> items = vertices.items(ring.first, ring.count);
+    if (ring.count < 3 || items.empty()) return false;
+    const std::uint8_t* vertex = items.data();
     const std::uint8_t* last = vertex + static_cast<std::size_t>(ring.count - 1) * 8;
     std::int64_t x = loadSigned32(last);
     std::int64_t y = loadSigned32(last + 4);
@@ -69,14 +71,15 @@ std::optional<std::uint16_t> pinorama::areaAt(const PlaceData& data, StoredPoint
 {
     std::optional<std::uint16_t> found;
     double smallest = std::numeric_limits<double>::infinity();
-    const std::size_t count = data.rings.count();
+    const std::span<const std::uint8_t> rings = data.rings.items(0, data.rings.count());
+    const std::size_t count = rings.size() / kRingSize;
     // The rings of an area stand together.
     for (std::size_t index = 0; index < count;) {
-        const std::uint16_t owner = load16(data.rings.item(index) + 24);
+        const std::uint16_t owner = load16(rings.data() + index * kRingSize + 24);
         bool inside = false;
         double size = 0;
         for (; index < count; ++index) {
-            const std::uint8_t* item = data.rings.item(index);
+            const std::uint8_t* item = rings.data() + index * kRingSize;
             if (load16(item + 24) != owner) break;
             if (!isInBox(item, point)) continue;
             const Ring ring = readRing(item);
@@ -97,6 +100,7 @@ std::optional<std::uint16_t> pinorama::seaAt(const PlaceData& data, StoredPoint 
     const StoredPoint turned{point.x + kFullTurn, point.y};
     for (std::size_t index = 0; index < data.seaRings.count(); ++index) {
         const std::uint8_t* item = data.seaRings.item(index);
+        if (item == nullptr) break;
         for (const StoredPoint candidate : {point, turned}) {
             if (!isInBox(item, candidate)) continue;
             const Ring ring = readRing(item);

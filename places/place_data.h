@@ -1,13 +1,16 @@
 // The content of the places file, checked piece by piece as it is read. Whatever the bytes are,
 // nothing outside them is read: an index that is too large gives an empty result.
 //
-// Stored numbers have the least significant byte first. Stored coordinates count
-// hundred-thousandths of a degree; docs/formats.md has the tables.
+// Stored coordinates count hundred-thousandths of a degree; docs/formats.md has the tables.
 
 #pragma once
 
+#include "places/block_sums.h"
+#include "places/stored_numbers.h"
+
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -18,64 +21,57 @@ namespace pinorama {
 constexpr double kStoredUnit = 100000.0;    // stored units in a degree
 constexpr double kEarthRadius = 6371.0088;  // kilometres, the mean radius of WGS 84
 
-// Numbers without an alignment. They are read by the hundred for one place.
-inline std::uint16_t load16(const std::uint8_t* bytes)
-{
-    return static_cast<std::uint16_t>(bytes[0] | bytes[1] << 8);
-}
-
-inline std::uint32_t load24(const std::uint8_t* bytes)
-{
-    return static_cast<std::uint32_t>(bytes[0] | bytes[1] << 8 | bytes[2] << 16);
-}
-
-inline std::uint32_t load32(const std::uint8_t* bytes)
-{
-    return load24(bytes) | std::uint32_t{bytes[3]} << 24;
-}
-
-inline std::int32_t loadSigned32(const std::uint8_t* bytes)
-{
-    return static_cast<std::int32_t>(load32(bytes));
-}
-
-inline std::uint64_t load64(const std::uint8_t* bytes)
-{
-    return load32(bytes) | std::uint64_t{load32(bytes + 4)} << 32;
-}
-
-// A section is a sequence of items of one size.
+// A section is a sequence of items of one size. Where the file has checksums of its blocks, what is
+// handed out has been compared with them.
 class PlaceSection {
 public:
     PlaceSection() = default;
-    PlaceSection(std::span<const std::uint8_t> bytes, std::size_t itemSize)
-        : bytes_(bytes.first(bytes.size() / itemSize * itemSize)), itemSize_(itemSize)
+
+    // `sums` is null where all of the bytes have been checked, and outlives the section otherwise.
+    PlaceSection(std::span<const std::uint8_t> bytes, std::size_t itemSize, BlockSums* sums)
+        : bytes_(bytes.first(bytes.size() / itemSize * itemSize)), itemSize_(itemSize), sums_(sums)
     {
     }
 
     std::size_t count() const { return bytes_.size() / itemSize_; }
 
-    // The bytes of one item; null if there is no such item.
+    // The bytes of one item; null if there is no such item, or if it is damaged.
     const std::uint8_t* item(std::size_t index) const
     {
-        return index < count() ? bytes_.data() + index * itemSize_ : nullptr;
+        if (index >= count()) return nullptr;
+        const std::uint8_t* bytes = bytes_.data() + index * itemSize_;
+        return sums_ == nullptr || sums_->areWhole(bytes, itemSize_) ? bytes : nullptr;
     }
 
-    // True if `number` items from `first` on exist.
+    // True if `number` items from `first` on exist; they may be damaged.
     bool has(std::uint64_t first, std::uint64_t number) const { return first + number <= count(); }
 
-    std::span<const std::uint8_t> bytes() const { return bytes_; }
+    // The bytes of `number` items from `first` on, one after the other; empty if one of them does
+    // not exist or is damaged.
+    std::span<const std::uint8_t> items(std::uint64_t first, std::uint64_t number) const;
+
+    // The bytes from item `first` on that can be had by checking one more block; empty at the end
+    // of the section and where it is damaged.
+    std::span<const std::uint8_t> itemsFrom(std::uint64_t first) const;
 
 private:
     std::span<const std::uint8_t> bytes_;
     std::size_t itemSize_ = 1;
+    BlockSums* sums_ = nullptr;
 };
 
 class PlaceData {
 public:
     // Takes the content of a file, which must outlive the object. Nothing if the header, the
-    // length, the checksum or the table of sections is wrong.
+    // length, the checksum of these or the table of sections is wrong. A file without checksums of
+    // its blocks is checked as a whole.
     static std::optional<PlaceData> parse(std::span<const std::uint8_t> bytes);
+
+    // True once something damaged was to be read: what was found with it is not to be relied upon.
+    bool isDamaged() const { return sums_ && sums_->haveFailed(); }
+
+    // The checksums of the blocks; null if the file has none.
+    const BlockSums* blockSums() const { return sums_.get(); }
 
     PlaceSection areas;        // "AREA": a country, and the islands that it is
     PlaceSection rings;        // "RING": the outlines of the areas
@@ -98,11 +94,10 @@ public:
 
     // The text of a field of 32 bytes that ends with its first zero.
     static std::string_view fixedText(const PlaceSection& section, std::size_t index);
-};
 
-// The checksum of a file: FNV-1a over words of 8 bytes, the last one filled up with zeros, with the
-// upper half of the sum folded into the lower one after each step.
-std::uint64_t placesChecksum(std::span<const std::uint8_t> bytes);
+private:
+    std::shared_ptr<BlockSums> sums_;  // of all copies
+};
 
 constexpr std::size_t kPlacesChecksumAt = 16;  // its 8 bytes; it covers all that follows them
 

@@ -52,22 +52,27 @@ std::optional<Place> placeAtSea(const PlaceData& data, double latitude, double l
     }
     return place;
 }
+
+std::optional<Place> placeAt(const PlaceData& data, double latitude, double longitude)
+{
+    const StoredPoint point = storedPoint(latitude, longitude);
+    if (const auto area = areaAt(data, point)) {
+        const std::uint8_t* item = data.areas.item(*area);
+        const std::string country = item == nullptr ? std::string() : code(item);
+        if (!country.empty()) return placeOnLand(data, latitude, longitude, country);
+    }
+    const auto sea = seaAt(data, point);
+    return sea ? placeAtSea(data, latitude, longitude, *sea) : std::nullopt;
+}
 }  // namespace
 
 std::optional<Place> pinorama::findPlace(const PlaceData& data, double latitude, double longitude)
 {
     if (!(std::abs(latitude) <= 90) || !(std::abs(longitude) <= 180)) return std::nullopt;
     return baseGuardMemory([&]() -> std::optional<Place> {
-        const StoredPoint point = storedPoint(latitude, longitude);
-        if (const auto area = areaAt(data, point)) {
-            const std::uint8_t* item = data.areas.item(*area);
-            const std::string country = item == nullptr ? std::string() : code(item);
-            if (!country.empty()) return placeOnLand(data, latitude, longitude, country);
-        }
-        if (const auto sea = seaAt(data, point)) {
-            return placeAtSea(data, latitude, longitude, *sea);
-        }
-        return std::nullopt;
+        auto place = placeAt(data, latitude, longitude);
+        if (data.isDamaged()) place.reset();
+        return place;
     });
 }
 
@@ -77,7 +82,7 @@ PlaceFinder::~PlaceFinder() = default;
 
 const PlaceData* PlaceFinder::data()
 {
-    if (isOpened_) return data_.get();
+    if (isOpened_) return data_ != nullptr && !data_->isDamaged() ? data_.get() : nullptr;
     isOpened_ = true;
     (void)baseGuardMemory([this] {
         file_ = std::make_unique<MappedFile>(path_, kMaxFileSize);

@@ -49,8 +49,8 @@ public:
     PlaceFinder& operator=(const PlaceFinder&) = delete;
     ~PlaceFinder();
 
-    // The place at a point. The first call maps the file and checks it, which takes about a
-    // millisecond; each look-up takes some microseconds.
+    // The place at a point. The first call maps the file and checks its header. Blocks of the file
+    // are checked when they are first needed; after that a look-up takes some microseconds.
     //
     //   latitude   -90 to 90, south is negative.
     //   longitude  -180 to 180, west is negative.
@@ -63,8 +63,8 @@ public:
     // usable, missing or damaged. Maps the file like find.
     int error();
 
-    // The file's content for those who draw a map of it; null if there is no usable file. Lives as
-    // long as the finder. Maps the file like find.
+    // The file's content for those who draw a map of it; null if there is no usable file, or once
+    // it turned out to be damaged. Lives as long as the finder. Maps the file like find.
     const PlaceData* data();
 
 private:

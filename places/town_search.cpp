@@ -179,7 +179,9 @@ private:
     {
         if (count == 0) return;
         const std::uint32_t before = count / 2;
-        const StoredTown town = readTown(data_.towns.item(first + before));
+        const std::uint8_t* item = data_.towns.item(first + before);
+        if (item == nullptr) return;
+        const StoredTown town = readTown(item);
         const Turn upwards = turnOf(town.latitude);
         const double north = from_[2] + upwards.cosine;
         // Half of the towns divide nothing, and most of them are too far north or south.
@@ -265,6 +267,7 @@ std::optional<FoundTown> pinorama::findTown(const PlaceData& data, double latitu
     const std::size_t count = data.trees.count();
     for (std::size_t index = 0; index < count; ++index) {
         const std::uint8_t* item = data.trees.item(index);
+        if (item == nullptr) return std::nullopt;
         if (!isIn(item, country)) continue;
         const double bound = search.lowerBound(readTree(item));
         if (search.canImprove(bound)) candidates.push_back({bound, index});

@@ -115,11 +115,13 @@ TEST(findPlace, survivesEveryChangedByteUnderARightChecksum)
     }
 }
 
-TEST(findPlace, survivesRandomContentUnderARightChecksum)
+TEST(findPlace, survivesRandomContentUnderRightChecksums)
 {
     std::mt19937 random(11);
-    const auto whole = smallWorld().build();
-    for (int round = 0; round < 3000; ++round) {
+    const auto plain = smallWorld().build();
+    const auto summed = smallWorld().blockSums().build();
+    for (int round = 0; round < 6000; ++round) {
+        const auto& whole = round % 2 == 0 ? plain : summed;
         auto bytes = whole;
         for (int changes = 0; changes < 12; ++changes) {
             bytes[24 + random() % (bytes.size() - 24)] = static_cast<std::uint8_t>(random());

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstring>
 #include <numbers>
 #include <set>
 
@@ -114,6 +115,12 @@ PlacesFile& PlacesFile::town(const BuiltTown& town)
     return *this;
 }
 
+PlacesFile& PlacesFile::blockSums()
+{
+    hasSums_ = true;
+    return *this;
+}
+
 PlacesFile& PlacesFile::mapLevel(std::uint32_t units)
 {
     sections_["MLVL"] += number(units, 4) + number(sections_["MLIN"].size() / 28, 4) + number(0, 4);
@@ -214,14 +221,22 @@ std::vector<std::uint8_t> PlacesFile::build(const std::map<std::string, std::str
     for (const auto& [name, content] : other) sections[name] = content;
 
     std::string table, body;
-    const std::size_t tableEnd = 32 + 12 * sections.size();
+    const std::size_t tableEnd = 32 + 12 * (sections.size() + (hasSums_ ? 1 : 0));
+    if (hasSums_) {
+        // Sums for one block more than the file may have without them.
+        std::size_t length = tableEnd;
+        for (const auto& [name, content] : sections) length += content.size();
+        const std::size_t blocks = BlockSums::blocksOf(length + length / 1000 + 64);
+        body.resize(8 * (blocks + 1));
+        table = "SUMS" + number(tableEnd, 4) + number(body.size(), 4);
+    }
     for (const auto& [name, content] : sections) {
         table += name + number(tableEnd + body.size(), 4) + number(content.size(), 4);
         body += content;
     }
     const std::string file = "PnPlaces" + number(1, 4) + number(0, 4) + number(0, 8) +
-                             number(tableEnd + body.size(), 4) + number(sections.size(), 4) +
-                             table + body;
+                             number(tableEnd + body.size(), 4) +
+                             number(sections.size() + (hasSums_ ? 1 : 0), 4) + table + body;
     std::vector<std::uint8_t> bytes(file.begin(), file.end());
     sealPlacesFile(bytes);
     return bytes;
@@ -229,7 +244,23 @@ std::vector<std::uint8_t> PlacesFile::build(const std::map<std::string, std::str
 
 void sealPlacesFile(std::vector<std::uint8_t>& bytes)
 {
-    const std::uint64_t sum = placesChecksum(std::span(bytes).subspan(kPlacesChecksumAt + 8));
-    for (int i = 0; i < 8; ++i)
-        bytes[kPlacesChecksumAt + i] = static_cast<std::uint8_t>(sum >> 8 * i);
+    if (bytes.size() < 32) return;
+    const auto store = [&](std::size_t at, std::uint64_t sum) {
+        for (int i = 0; i < 8; ++i) bytes[at + i] = static_cast<std::uint8_t>(sum >> 8 * i);
+    };
+    const std::size_t entries = std::min<std::size_t>(load32(bytes.data() + 28), 64);
+    for (std::size_t entry = 32; entry < 32 + 12 * entries && entry + 12 <= bytes.size();
+         entry += 12) {
+        const std::size_t first = load32(bytes.data() + entry + 4);
+        const std::size_t end = first + load32(bytes.data() + entry + 8);
+        const std::size_t blocks = BlockSums::blocksOf(bytes.size());
+        const bool isSums = std::memcmp(bytes.data() + entry, "SUMS", 4) == 0;
+        if (!isSums || first < 32 || end > bytes.size() || end - first != 8 * (blocks + 1))
+            continue;
+        for (std::size_t block = 0; block < blocks; ++block) {
+            store(first + 8 * block, placesChecksum(BlockSums::summed(bytes, block, end)));
+        }
+        store(end - 8, placesChecksum(std::span(bytes).subspan(24, end - 8 - 24)));
+    }
+    store(kPlacesChecksumAt, placesChecksum(std::span(bytes).subspan(kPlacesChecksumAt + 8)));
 }

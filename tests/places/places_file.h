@@ -30,6 +30,9 @@ public:
     PlacesFile& mapLevel(std::uint32_t units);
     PlacesFile& mapLine(std::uint16_t kind, const std::vector<std::pair<int, int>>& points);
 
+    // Gives the blocks of the file their own checksums, as the file that is shipped has them.
+    PlacesFile& blockSums();
+
     // The bytes of the file. Sections may be replaced by `other`, to damage one.
     std::vector<std::uint8_t> build() const { return build({}); }
     std::vector<std::uint8_t> build(const std::map<std::string, std::string>& other) const;
@@ -40,8 +43,9 @@ private:
     void addTowns(std::map<std::string, std::string>& sections) const;
 
     std::map<std::string, std::string> sections_;
+    bool hasSums_ = false;
     std::vector<BuiltTown> towns_;
 };
 
-// Writes the right checksum into a file whose bytes were changed.
+// Writes the right checksums into a file whose bytes were changed.
 void sealPlacesFile(std::vector<std::uint8_t>& bytes);
