@@ -38,7 +38,8 @@ void FootLine::say(Topic topic, const QString& words, const FootOffer& offer)
     const auto said =
         std::ranges::find_if(lines_, [topic](const Line& line) { return line.topic == topic; });
     if (said != lines_.end()) {
-        if (said->words == words) return;
+        // What is looked at again and again says the same each time; who asks again wants to hear.
+        if (said->words == words && topic != Topic::action) return;
         lines_.erase(said);
     }
     lines_.push_back({topic, words, offer});

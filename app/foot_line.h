@@ -42,7 +42,8 @@ public:
         selection,  // in the file manager
     };
 
-    // Says something of a topic. To say again what is said already changes nothing.
+    // Says something of a topic. To say again what is said already changes nothing, except of an
+    // action: it comes to the front, is read out again, and its button does what it was given last.
     void say(Topic topic, const QString& words, const FootOffer& offer = {});
 
     // Nothing is to be said of a topic any more. The line keeps its room, so that the window stays

@@ -99,6 +99,28 @@ TEST_F(FootLineTest, offersAButtonWithItsOwnWords)
     EXPECT_TRUE(button()->isHidden());
 }
 
+TEST_F(FootLineTest, anActionThatFailsAgainIsSaidAgain)
+{
+    line.say(Topic::action, QStringLiteral("no browser"));
+    line.say(Topic::selection, QStringLiteral("several"));
+    line.say(Topic::action, QStringLiteral("no browser"));
+    EXPECT_EQ(words(), "no browser");
+    line.say(Topic::selection, QStringLiteral("several"));
+    EXPECT_EQ(words(), "no browser") << "the selection is looked at all the time";
+}
+
+TEST_F(FootLineTest, theButtonIsThatOfTheLastActionEvenIfItsWordsAreTheSame)
+{
+    std::string done;
+    const auto offer = [&done](const char* which) {
+        return FootOffer{QStringLiteral("Show"), [&done, which] { done += which; }};
+    };
+    line.say(Topic::action, QStringLiteral("saved"), offer("first"));
+    line.say(Topic::action, QStringLiteral("saved"), offer("second"));
+    button()->click();
+    EXPECT_EQ(done, "second");
+}
+
 TEST_F(FootLineTest, isReadOutAndTakesMarkupAsItStands)
 {
     line.say(Topic::action, QStringLiteral("<b>%1 &x.jpg"));
