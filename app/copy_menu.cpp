@@ -54,14 +54,11 @@ CopyMenu::CopyMenu(const fileInfoRecord& info, const TovStringRef& path, QWidget
         //: Entry of the menu "Copy It As": copies "54° 48.114' S"
         tr("Degrees and Decimal Minutes"),
         //: An address that begins with "geo:", which map programs take
-        tr("geo: Address"),
-        QStringLiteral("Plus Code"),
-        QStringLiteral("UTM"),
+        tr("geo: Address"), QStringLiteral("Plus Code"), QStringLiteral("UTM"),
         QStringLiteral("MGRS"),
         //: Copies "Near Ushuaia, Argentina"
         tr("Place in Words"),
-        //: %1 is a map service, such as OpenStreetMap
-        tr("Link to %1"),
+        QString(),  // the link, whose title names the map
     };
     for (std::size_t i = 0; i < kForms; ++i) {
         actions_[i] = addAction(titles[i], this, [this, form = static_cast<Form>(i)] {
@@ -69,6 +66,7 @@ CopyMenu::CopyMenu(const fileInfoRecord& info, const TovStringRef& path, QWidget
             if (!copied.isEmpty()) QGuiApplication::clipboard()->setText(copied);
         });
     }
+    action(Form::mapLink)->setVisible(false);
     connect(this, &QMenu::aboutToShow, this, &CopyMenu::adapt);
     setHasPlace(false);
 }
@@ -93,9 +91,9 @@ void CopyMenu::adapt()
     const WebPage map = firstWebPage();
     QString title = unitsOf(map.title);
     action(Form::mapLink)->setVisible(!title.isEmpty());
-    action(Form::mapLink)
-        ->setText(
-            tr("Link to %1").arg(isolated(title.replace(QLatin1Char('&'), QLatin1String("&&")))));
+    title = isolated(title.replace(QLatin1Char('&'), QLatin1String("&&")));
+    //: %1 is a map service, such as OpenStreetMap
+    action(Form::mapLink)->setText(tr("Link to %1").arg(title));
 }
 
 QString CopyMenu::text(Form form)

@@ -81,6 +81,12 @@ protected:
         return QGuiApplication::clipboard()->text().toStdString();
     }
 
+    static void open(CopyMenu& menu)
+    {
+        menu.setHasPlace(true);
+        Q_EMIT menu.aboutToShow();
+    }
+
     test::TemporaryFolder resources_;
     test::TemporaryFolder folder_;
     std::optional<test::ScopedVariable> variable_;
@@ -230,6 +236,13 @@ TEST_F(CopyMenuTest, copiesThisPicturesPlaceWhereTheFieldsStillHaveTheLastOnes)
     EXPECT_LT(metres(readAsShown(copied(Form::asShown)), {0, 9}), 5);
 }
 
+TEST_F(CopyMenuTest, hasNoTitleWithABlankToFillBeforeItIsOpened)
+{
+    for (const QAction* action : menu().actions())
+        EXPECT_FALSE(action->text().contains(QLatin1Char('%'))) << action->text().toStdString();
+    EXPECT_FALSE(menu().action(Form::mapLink)->isVisible());
+}
+
 TEST_F(CopyMenuTest, linksToTheFirstMapOnTheWeb)
 {
     useServices(
@@ -268,13 +281,15 @@ TEST_F(CopyMenuTest, hasTitlesInEveryLanguage)
     ASSERT_GE(files.size(), 9);
     const fileInfoRecord info{};
     const TovStringRef path = nullptr;
-    const CopyMenu english(info, path, nullptr);
+    CopyMenu english(info, path, nullptr);
+    open(english);
     for (const QString& file : files) {
         SCOPED_TRACE(file.toStdString());
         QTranslator translator;
         ASSERT_TRUE(translator.load(QStringLiteral(":/i18n/") + file));
         QCoreApplication::installTranslator(&translator);
-        const CopyMenu translated(info, path, nullptr);
+        CopyMenu translated(info, path, nullptr);
+        open(translated);
         EXPECT_NE(translated.title(), english.title());
         for (const Form form : {Form::asShown, Form::decimalDegrees, Form::degreesMinutes,
                                 Form::geoAddress, Form::words, Form::mapLink}) {
