@@ -149,7 +149,7 @@
     <message>
         <source>%1 could not be written: %2</source>
         <extracomment>A notice in the window: %1 is the name of a file, %2 a reason, with its full stop</extracomment>
-        <translation>%1 nelze zapsat: %2</translation>
+        <translation>%1 se nepodařilo zapsat: %2</translation>
     </message>
     <message>
         <source>%1 was saved.</source>
@@ -177,7 +177,7 @@
     <message>
         <source>The file for the globe program cannot be written.</source>
         <extracomment>The foot of the window</extracomment>
-        <translation>Soubor pro program s glóbusem nelze zapsat.</translation>
+        <translation>Soubor pro program s glóbem nelze zapsat.</translation>
     </message>
     <message>
         <source>Marble was started, but has not appeared so far.</source>
@@ -230,7 +230,7 @@
     <message>
         <source>Finds all catalogued pictures taken within 2000 m</source>
         <extracomment>Tool tip of the button &quot;Find in Skallion&quot;</extracomment>
-        <translation>Najde všechny snímky katalogu pořízené do vzdálenosti 2000 m</translation>
+        <translation>Najde všechny snímky katalogu pořízené do vzdálenosti 2000&#xa0;m</translation>
     </message>
     <message>
         <source>&amp;Find in Skallion</source>
@@ -305,7 +305,7 @@
     <message>
         <source>State:</source>
         <extracomment>Caption before the name of the state or province, which the photographer wrote into the picture</extracomment>
-        <translation>Kraj:</translation>
+        <translation>Region:</translation>
     </message>
     <message>
         <source>Country:</source>
@@ -350,7 +350,7 @@
     <message>
         <source>Cop&amp;y Coordinate</source>
         <extracomment>Menu entry: copies the coordinate as the window shows it</extracomment>
-        <translation>&amp;Kopírovat souřadnice</translation>
+        <translation>Kopírovat &amp;souřadnice</translation>
     </message>
     <message>
         <source>Copy as &amp;Decimal Degrees</source>
@@ -370,7 +370,7 @@
     <message>
         <source>&amp;Quit Pinorama</source>
         <extracomment>Menu entry: ends the program. Pinorama is its name and stays</extracomment>
-        <translation>&amp;Ukončit Pinorama</translation>
+        <translation>&amp;Ukončit aplikaci Pinorama</translation>
     </message>
     <message>
         <source>Pinorama &amp;Manual</source>
@@ -589,7 +589,7 @@
     <message>
         <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
         <extracomment>The foot of the window. JPEG stays</extracomment>
-        <translation>Soubory tohoto typu se nečtou, jen JPEG a soubory RAW fotoaparátů.</translation>
+        <translation>Soubory tohoto typu se nečtou, jen JPEG a surové soubory fotoaparátů.</translation>
     </message>
     <message>
         <source>There is no file %1.</source>
@@ -640,12 +640,12 @@
     <message>
         <source>Still reading %1...</source>
         <extracomment>The foot of the window; %1 is the name of a file</extracomment>
-        <translation>Čte se %1...</translation>
+        <translation>Stále se čte %1...</translation>
     </message>
     <message>
         <source>%1 could not be read.</source>
         <extracomment>The foot of the window; %1 is the name of a file</extracomment>
-        <translation>%1 nelze přečíst.</translation>
+        <translation>%1 se nepodařilo přečíst.</translation>
     </message>
     <message>
         <source>%1 does not answer.</source>
@@ -655,7 +655,7 @@
     <message>
         <source>The XMP file beside %1 could not be read.</source>
         <extracomment>The foot of the window; %1 is the name of a file. XMP is a kind of file and stays</extracomment>
-        <translation>Soubor XMP vedle %1 nelze přečíst.</translation>
+        <translation>Soubor XMP vedle %1 se nepodařilo přečíst.</translation>
     </message>
     <message>
         <source>The XMP file beside %1 does not answer.</source>

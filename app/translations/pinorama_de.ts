@@ -67,7 +67,7 @@
     <message>
         <source>Re&amp;load</source>
         <extracomment>Reads the file again that is shown</extracomment>
-        <translation>&amp;Neu einlesen</translation>
+        <translation>&amp;Neu laden</translation>
     </message>
 </context>
 <context>
@@ -200,7 +200,7 @@
     <message>
         <source>The picture has a location</source>
         <extracomment>Tool tip of the pin in the corner of the small map</extracomment>
-        <translation>Das Bild verrät, wo es aufgenommen wurde</translation>
+        <translation>Das Bild enthält seinen Aufnahmeort</translation>
     </message>
     <message>
         <source>Opens the location in a web map</source>
@@ -225,7 +225,7 @@
     <message>
         <source>Finds all catalogued pictures taken within 2000 m</source>
         <extracomment>Tool tip of the button &quot;Find in Skallion&quot;</extracomment>
-        <translation>Findet alle katalogisierten Bilder im Umkreis von 2000 m</translation>
+        <translation>Findet alle katalogisierten Bilder im Umkreis von 2000&#xa0;m</translation>
     </message>
     <message>
         <source>&amp;Find in Skallion</source>
@@ -240,7 +240,7 @@
     <message>
         <source>&amp;Export as KML…</source>
         <extracomment>A button. KML is a kind of file; the name stays. Keep it short</extracomment>
-        <translation>Als KML &amp;exportieren …</translation>
+        <translation>Als KML &amp;exportieren&#xa0;…</translation>
     </message>
     <message>
         <source>Name:</source>
@@ -285,12 +285,12 @@
     <message>
         <source>City:</source>
         <extracomment>Caption before the name of the town, which the photographer wrote into the picture</extracomment>
-        <translation>Ort:</translation>
+        <translation>Stadt:</translation>
     </message>
     <message>
         <source>State:</source>
         <extracomment>Caption before the name of the state or province, which the photographer wrote into the picture</extracomment>
-        <translation>Bundesland:</translation>
+        <translation>Region:</translation>
     </message>
     <message>
         <source>Country:</source>
@@ -325,7 +325,7 @@
     <message>
         <source>&amp;Open…</source>
         <extracomment>Menu entry: has the user choose a file</extracomment>
-        <translation>Ö&amp;ffnen …</translation>
+        <translation>Ö&amp;ffnen&#xa0;…</translation>
     </message>
     <message>
         <source>Open in &amp;Map Service</source>
@@ -350,7 +350,7 @@
     <message>
         <source>&amp;Donate…</source>
         <extracomment>Menu entry: opens a page on which one can give the makers money</extracomment>
-        <translation>&amp;Spenden …</translation>
+        <translation>&amp;Spenden&#xa0;…</translation>
     </message>
     <message>
         <source>&amp;About Pinorama</source>
@@ -464,7 +464,7 @@
     <message>
         <source>&amp;Stop</source>
         <extracomment>Button: ends the search</extracomment>
-        <translation>&amp;Abbrechen</translation>
+        <translation>&amp;Stopp</translation>
     </message>
     <message>
         <source>Pictures Nearby</source>
@@ -484,7 +484,7 @@
     <message>
         <source>Searching...</source>
         <extracomment>Below the pictures, until the first is found</extracomment>
-        <translation>Suche läuft...</translation>
+        <translation>Suche läuft&#xa0;...</translation>
     </message>
     <message>
         <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
@@ -495,28 +495,28 @@
         <source>No other picture within %1 m was found in these folders:
 %2</source>
         <extracomment>In the place of the pictures; %1 is a distance, %2 a list of folders</extracomment>
-        <translation>Im Umkreis von %1&#xa0;m gibt es kein anderes Bild in diesen Ordnern:
+        <translation>Im Umkreis von %1&#xa0;m wurde in diesen Ordnern kein anderes Bild gefunden:
 %2</translation>
     </message>
     <message>
         <source>Open &amp;With...</source>
         <extracomment>Context menu: has the user choose the program</extracomment>
-        <translation>Öffnen &amp;mit...</translation>
+        <translation>Öffnen &amp;mit&#xa0;...</translation>
     </message>
     <message numerus="yes">
         <source>Searching... %Ln picture(s) found so far</source>
         <extracomment>Below the pictures; %Ln is their number</extracomment>
         <translation>
-            <numerusform>Suche läuft... Bisher %Ln Bild gefunden</numerusform>
-            <numerusform>Suche läuft... Bisher %Ln Bilder gefunden</numerusform>
+            <numerusform>Suche läuft&#xa0;... Bisher %Ln Bild gefunden</numerusform>
+            <numerusform>Suche läuft&#xa0;... Bisher %Ln Bilder gefunden</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Stopped. %Ln picture(s) found until then</source>
         <extracomment>Below the pictures, after the button &quot;Stop&quot;; %Ln is their number</extracomment>
         <translation>
-            <numerusform>Abgebrochen. Bis dahin %Ln Bild gefunden</numerusform>
-            <numerusform>Abgebrochen. Bis dahin %Ln Bilder gefunden</numerusform>
+            <numerusform>Gestoppt. Bis dahin %Ln Bild gefunden</numerusform>
+            <numerusform>Gestoppt. Bis dahin %Ln Bilder gefunden</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -603,7 +603,7 @@
     <message>
         <source>This picture does not say where it was taken.</source>
         <extracomment>The foot of the window</extracomment>
-        <translation>Dieses Bild verrät nicht, wo es aufgenommen wurde.</translation>
+        <translation>Dieses Bild gibt nicht an, wo es aufgenommen wurde.</translation>
     </message>
     <message>
         <source>Several files are selected; the window shows one at a time.</source>
@@ -634,7 +634,7 @@
     <message>
         <source>Still reading %1...</source>
         <extracomment>The foot of the window; %1 is the name of a file</extracomment>
-        <translation>%1 wird noch gelesen...</translation>
+        <translation>%1 wird noch gelesen&#xa0;...</translation>
     </message>
     <message>
         <source>%1 could not be read.</source>

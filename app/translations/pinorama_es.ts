@@ -39,12 +39,12 @@
     <message>
         <source>Pinorama can follow the selection in %1 once accessibility is on. This is a permanent setting of your desktop; restart the file manager after switching it on.</source>
         <extracomment>A notice in the window; %1 is the name of a file manager. Accessibility as in the settings of desktops</extracomment>
-        <translation>La selección en %1 se podrá seguir cuando la accesibilidad esté activada. Es un ajuste permanente del escritorio; después hay que reiniciar el gestor de archivos.</translation>
+        <translation>Pinorama puede seguir la selección en %1 cuando la accesibilidad esté activada. Es un ajuste permanente del escritorio; después de activarla, reinicie el gestor de archivos.</translation>
     </message>
     <message>
         <source>Accessibility is on. Restart %1 or log in again; Pinorama then follows its selection.</source>
         <extracomment>A notice in the window; %1 is the name of a file manager</extracomment>
-        <translation>La accesibilidad está activada. Reinicie %1, o vuelva a iniciar sesión, para seguir su selección.</translation>
+        <translation>La accesibilidad está activada. Reinicie %1 o vuelva a iniciar sesión; Pinorama seguirá entonces su selección.</translation>
     </message>
     <message>
         <source>Accessibility could not be switched on. The manual explains how to do it by hand.</source>
@@ -172,7 +172,7 @@
     <message>
         <source>The globe program cannot be started.</source>
         <extracomment>The foot of the window</extracomment>
-        <translation>No se puede iniciar el globo terráqueo.</translation>
+        <translation>No se puede iniciar el programa de globo terráqueo.</translation>
     </message>
     <message>
         <source>The file for the globe program cannot be written.</source>
@@ -225,7 +225,7 @@
     <message>
         <source>Finds all catalogued pictures taken within 2000 m</source>
         <extracomment>Tool tip of the button &quot;Find in Skallion&quot;</extracomment>
-        <translation>Busca todas las fotos catalogadas tomadas a menos de 2000&#xa0;m</translation>
+        <translation>Encuentra todas las fotos catalogadas tomadas a menos de 2000&#xa0;m</translation>
     </message>
     <message>
         <source>&amp;Find in Skallion</source>
@@ -395,7 +395,7 @@
     <message>
         <source>&amp;Keep Above Other Windows</source>
         <extracomment>Menu entry with a check mark: the window stays in front of those of other programs</extracomment>
-        <translation>Mantener siem&amp;pre visible</translation>
+        <translation>Siem&amp;pre encima de otras ventanas</translation>
     </message>
 </context>
 <context>
@@ -428,7 +428,7 @@
     <message>
         <source>Read Them</source>
         <extracomment>Button beside &quot;... pictures can be read, too&quot;: has them read from now on</extracomment>
-        <translation>Leerlas</translation>
+        <translation>Leer</translation>
     </message>
     <message>
         <source>%1 pictures can be read, too.</source>
@@ -621,12 +621,12 @@
     <message>
         <source>Without Skallion, pictures nearby are looked for in the folders around this one</source>
         <extracomment>The second line of a tool tip</extracomment>
-        <translation>Sin Skallion se buscan imágenes cercanas en las carpetas de alrededor</translation>
+        <translation>Sin Skallion se buscan fotos cercanas en las carpetas de alrededor</translation>
     </message>
     <message>
         <source>The address of %1 has no room for latitude and longitude.</source>
         <extracomment>The foot of the window. %1 is the title of a map service that the user has added</extracomment>
-        <translation>La dirección de %1 no tiene lugar para la latitud y la longitud.</translation>
+        <translation>La dirección de %1 no tiene espacio para la latitud y la longitud.</translation>
     </message>
 </context>
 <context>

@@ -39,12 +39,12 @@
     <message>
         <source>Pinorama can follow the selection in %1 once accessibility is on. This is a permanent setting of your desktop; restart the file manager after switching it on.</source>
         <extracomment>A notice in the window; %1 is the name of a file manager. Accessibility as in the settings of desktops</extracomment>
-        <translation>La sélection dans %1 peut être suivie une fois l’accessibilité activée. C’est un réglage permanent du bureau&#xa0;; redémarrez ensuite le gestionnaire de fichiers.</translation>
+        <translation>Pinorama peut suivre la sélection dans %1 une fois l’accessibilité activée. C’est un réglage permanent du bureau&#x202f;; redémarrez ensuite le gestionnaire de fichiers.</translation>
     </message>
     <message>
         <source>Accessibility is on. Restart %1 or log in again; Pinorama then follows its selection.</source>
         <extracomment>A notice in the window; %1 is the name of a file manager</extracomment>
-        <translation>L’accessibilité est activée. Redémarrez %1, ou reconnectez-vous, pour suivre sa sélection.</translation>
+        <translation>L’accessibilité est activée. Redémarrez %1 ou reconnectez-vous&#x202f;; Pinorama suivra alors sa sélection.</translation>
     </message>
     <message>
         <source>Accessibility could not be switched on. The manual explains how to do it by hand.</source>
@@ -103,7 +103,7 @@
     <message>
         <source>geo: Address</source>
         <extracomment>An address that begins with &quot;geo:&quot;, which map programs take</extracomment>
-        <translation>Adresse « geo: »</translation>
+        <translation>Adresse «&#xa0;geo:&#xa0;»</translation>
     </message>
     <message>
         <source>Place in Words</source>
@@ -149,7 +149,7 @@
     <message>
         <source>%1 could not be written: %2</source>
         <extracomment>A notice in the window: %1 is the name of a file, %2 a reason, with its full stop</extracomment>
-        <translation>Impossible d’écrire %1 : %2</translation>
+        <translation>Impossible d’écrire %1&#xa0;: %2</translation>
     </message>
     <message>
         <source>%1 was saved.</source>
@@ -177,7 +177,7 @@
     <message>
         <source>The file for the globe program cannot be written.</source>
         <extracomment>The foot of the window</extracomment>
-        <translation>Le fichier destiné au programme de globe ne peut pas être écrit.</translation>
+        <translation>Impossible d’écrire le fichier destiné au globe virtuel.</translation>
     </message>
     <message>
         <source>Marble was started, but has not appeared so far.</source>
@@ -250,7 +250,7 @@
     <message>
         <source>Select a picture, or drop one here</source>
         <extracomment>Stands in the empty field for the name until a picture is shown</extracomment>
-        <translation>Choisissez ou déposez une photo ici</translation>
+        <translation>Sélectionnez ou déposez une photo ici</translation>
     </message>
     <message>
         <source>Size:</source>
@@ -360,7 +360,7 @@
     <message>
         <source>Cop&amp;y Coordinate</source>
         <extracomment>Menu entry: copies the coordinate as the window shows it</extracomment>
-        <translation>Cop&amp;ier les coordonnées</translation>
+        <translation>Copier &amp;les coordonnées</translation>
     </message>
     <message>
         <source>Copy as &amp;Decimal Degrees</source>
@@ -583,7 +583,7 @@
     <message>
         <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
         <extracomment>The foot of the window. JPEG stays</extracomment>
-        <translation>Les fichiers de ce type ne sont pas lus : seuls le sont JPEG et les fichiers bruts des appareils photo.</translation>
+        <translation>Les fichiers de ce type ne sont pas lus&#xa0;: seuls le sont JPEG et les fichiers bruts des appareils photo.</translation>
     </message>
     <message>
         <source>There is no file %1.</source>
@@ -598,7 +598,7 @@
     <message>
         <source>%1 cannot be opened: %2.</source>
         <extracomment>%2 is the system&apos;s reason, such as &quot;Input/output error&quot;</extracomment>
-        <translation>Impossible d’ouvrir %1 : %2.</translation>
+        <translation>Impossible d’ouvrir %1&#xa0;: %2.</translation>
     </message>
     <message>
         <source>This picture does not say where it was taken.</source>
@@ -608,7 +608,7 @@
     <message>
         <source>Several files are selected; the window shows one at a time.</source>
         <extracomment>The foot of the window</extracomment>
-        <translation>Plusieurs fichiers sont sélectionnés ; la fenêtre n’en montre qu’un à la fois.</translation>
+        <translation>Plusieurs fichiers sont sélectionnés&#x202f;; la fenêtre n’en montre qu’un à la fois.</translation>
     </message>
 </context>
 <context>
@@ -621,7 +621,7 @@
     <message>
         <source>Without Skallion, pictures nearby are looked for in the folders around this one</source>
         <extracomment>The second line of a tool tip</extracomment>
-        <translation>Sans Skallion, les images proches sont cherchées dans les dossiers voisins</translation>
+        <translation>Sans Skallion, les photos proches sont cherchées dans les dossiers voisins</translation>
     </message>
     <message>
         <source>The address of %1 has no room for latitude and longitude.</source>
@@ -692,7 +692,7 @@
     <message>
         <source>%1 could not be opened. Is xdg-utils installed?</source>
         <extracomment>The foot of the window. %1 is an address; xdg-utils is the name of a package</extracomment>
-        <translation>%1 n’a pas pu être ouvert. xdg-utils est-il installé ?</translation>
+        <translation>%1 n’a pas pu être ouvert. xdg-utils est-il installé&#x202f;?</translation>
     </message>
 </context>
 <context>

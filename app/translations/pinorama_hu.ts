@@ -83,7 +83,7 @@
     <message>
         <source>Copy &amp;It As</source>
         <extracomment>The menu of the forms in which a place can be copied</extracomment>
-        <translation>Másolás &amp;mint</translation>
+        <translation>Má&amp;solás mint</translation>
     </message>
     <message>
         <source>As Shown</source>
@@ -230,12 +230,12 @@
     <message>
         <source>Finds all catalogued pictures taken within 2000 m</source>
         <extracomment>Tool tip of the button &quot;Find in Skallion&quot;</extracomment>
-        <translation>Megkeresi az összes katalogizált képet 2000 m-en belül</translation>
+        <translation>Megkeresi az összes, 2000&#xa0;m-en belül készült katalogizált képet</translation>
     </message>
     <message>
         <source>&amp;Find in Skallion</source>
         <extracomment>A button. Skallion is a program that catalogues pictures; the name stays. Keep it short</extracomment>
-        <translation>Keresés: S&amp;kallion</translation>
+        <translation>Keresés a S&amp;kallionban</translation>
     </message>
     <message>
         <source>Writes the location as a placemark file</source>
@@ -245,7 +245,7 @@
     <message>
         <source>&amp;Export as KML…</source>
         <extracomment>A button. KML is a kind of file; the name stays. Keep it short</extracomment>
-        <translation>&amp;Exportálás: KML…</translation>
+        <translation>&amp;Exportálás KML-be…</translation>
     </message>
     <message>
         <source>Name:</source>
@@ -305,7 +305,7 @@
     <message>
         <source>State:</source>
         <extracomment>Caption before the name of the state or province, which the photographer wrote into the picture</extracomment>
-        <translation>Megye:</translation>
+        <translation>Régió:</translation>
     </message>
     <message>
         <source>Country:</source>
@@ -500,7 +500,7 @@
         <source>No other picture within %1 m was found in these folders:
 %2</source>
         <extracomment>In the place of the pictures; %1 is a distance, %2 a list of folders</extracomment>
-        <translation>%1&#xa0;m-en belül nincs más kép ezekben a mappákban:
+        <translation>%1&#xa0;m-en belül nem található más kép ezekben a mappákban:
 %2</translation>
     </message>
     <message numerus="yes">
@@ -577,7 +577,7 @@
     <message>
         <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
         <extracomment>The foot of the window. JPEG stays</extracomment>
-        <translation>Az ilyen típusú fájlokat nem olvassa, csak a JPEG-et és a fényképezőgépek nyers fájljait.</translation>
+        <translation>Az ilyen típusú fájlok nem olvashatók, csak a JPEG és a fényképezőgépek nyers fájljai.</translation>
     </message>
     <message>
         <source>There is no file %1.</source>
@@ -628,12 +628,12 @@
     <message>
         <source>Still reading %1...</source>
         <extracomment>The foot of the window; %1 is the name of a file</extracomment>
-        <translation>%1 olvasása folyik...</translation>
+        <translation>%1 olvasása még tart...</translation>
     </message>
     <message>
         <source>%1 could not be read.</source>
         <extracomment>The foot of the window; %1 is the name of a file</extracomment>
-        <translation>%1 nem olvasható.</translation>
+        <translation>Nem sikerült beolvasni: %1.</translation>
     </message>
     <message>
         <source>%1 does not answer.</source>
@@ -643,7 +643,7 @@
     <message>
         <source>The XMP file beside %1 could not be read.</source>
         <extracomment>The foot of the window; %1 is the name of a file. XMP is a kind of file and stays</extracomment>
-        <translation>A mellette lévő XMP-fájl nem olvasható: %1.</translation>
+        <translation>Nem sikerült beolvasni a mellette lévő XMP-fájlt: %1.</translation>
     </message>
     <message>
         <source>The XMP file beside %1 does not answer.</source>
@@ -661,17 +661,17 @@
     <message>
         <source>No program opens geo: addresses. Marble and GNOME Maps do.</source>
         <extracomment>&quot;geo:&quot; is the beginning of an address; the names are those of programs</extracomment>
-        <translation>Egy program sem nyitja meg a geo: címeket. A Marble és a GNOME Térképek igen.</translation>
+        <translation>Egyetlen program sem nyitja meg a geo: címeket. A Marble és a GNOME Térképek igen.</translation>
     </message>
     <message>
         <source>No program opens KML files. Marble and Google Earth do.</source>
         <extracomment>The foot of the window. KML is a kind of file; the names of programs stay</extracomment>
-        <translation>Egy program sem nyitja meg a KML-fájlokat. A Marble és a Google Earth igen.</translation>
+        <translation>Egyetlen program sem nyitja meg a KML-fájlokat. A Marble és a Google Earth igen.</translation>
     </message>
     <message>
         <source>No program opens addresses that begin with %1:.</source>
         <extracomment>%1 is the beginning of an address, such as &quot;om&quot;</extracomment>
-        <translation>Egy program sem nyitja meg az így kezdődő címeket: %1:.</translation>
+        <translation>Egyetlen program sem nyitja meg az így kezdődő címeket: %1:.</translation>
     </message>
     <message>
         <source>No program opens %1.</source>

@@ -39,12 +39,12 @@
     <message>
         <source>Pinorama can follow the selection in %1 once accessibility is on. This is a permanent setting of your desktop; restart the file manager after switching it on.</source>
         <extracomment>A notice in the window; %1 is the name of a file manager. Accessibility as in the settings of desktops</extracomment>
-        <translation>La selezione in %1 può essere seguita quando l’accessibilità è attiva. È un’impostazione permanente del desktop; dopo averla attivata, riavvia il gestore file.</translation>
+        <translation>Pinorama può seguire la selezione in %1 quando l’accessibilità è attiva. È un’impostazione permanente del desktop; dopo averla attivata, riavvia il gestore file.</translation>
     </message>
     <message>
         <source>Accessibility is on. Restart %1 or log in again; Pinorama then follows its selection.</source>
         <extracomment>A notice in the window; %1 is the name of a file manager</extracomment>
-        <translation>L’accessibilità è attiva. Riavvia %1, o accedi di nuovo, per seguirne la selezione.</translation>
+        <translation>L’accessibilità è attiva. Riavvia %1 o accedi di nuovo; Pinorama ne seguirà poi la selezione.</translation>
     </message>
     <message>
         <source>Accessibility could not be switched on. The manual explains how to do it by hand.</source>
@@ -103,7 +103,7 @@
     <message>
         <source>geo: Address</source>
         <extracomment>An address that begins with &quot;geo:&quot;, which map programs take</extracomment>
-        <translation>Indirizzo &quot;geo:&quot;</translation>
+        <translation>Indirizzo «geo:»</translation>
     </message>
     <message>
         <source>Place in Words</source>
@@ -177,7 +177,7 @@
     <message>
         <source>The file for the globe program cannot be written.</source>
         <extracomment>The foot of the window</extracomment>
-        <translation>Impossibile scrivere il file per il programma del globo.</translation>
+        <translation>Impossibile scrivere il file per il globo virtuale.</translation>
     </message>
     <message>
         <source>Marble was started, but has not appeared so far.</source>
@@ -583,7 +583,7 @@
     <message>
         <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
         <extracomment>The foot of the window. JPEG stays</extracomment>
-        <translation>I file di questo tipo non vengono letti: solo JPEG e i file RAW delle fotocamere.</translation>
+        <translation>I file di questo tipo non vengono letti: solo JPEG e i file raw delle fotocamere.</translation>
     </message>
     <message>
         <source>There is no file %1.</source>
@@ -621,7 +621,7 @@
     <message>
         <source>Without Skallion, pictures nearby are looked for in the folders around this one</source>
         <extracomment>The second line of a tool tip</extracomment>
-        <translation>Senza Skallion le immagini vicine vengono cercate nelle cartelle intorno</translation>
+        <translation>Senza Skallion le foto vicine vengono cercate nelle cartelle intorno</translation>
     </message>
     <message>
         <source>The address of %1 has no room for latitude and longitude.</source>

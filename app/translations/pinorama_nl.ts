@@ -39,12 +39,12 @@
     <message>
         <source>Pinorama can follow the selection in %1 once accessibility is on. This is a permanent setting of your desktop; restart the file manager after switching it on.</source>
         <extracomment>A notice in the window; %1 is the name of a file manager. Accessibility as in the settings of desktops</extracomment>
-        <translation>De selectie in %1 kan worden gevolgd zodra toegankelijkheid aanstaat. Dat is een blijvende instelling van het bureaublad; herstart daarna de bestandsbeheerder.</translation>
+        <translation>Pinorama kan de selectie in %1 volgen zodra toegankelijkheid aanstaat. Dat is een blijvende instelling van het bureaublad; herstart daarna de bestandsbeheerder.</translation>
     </message>
     <message>
         <source>Accessibility is on. Restart %1 or log in again; Pinorama then follows its selection.</source>
         <extracomment>A notice in the window; %1 is the name of a file manager</extracomment>
-        <translation>Toegankelijkheid staat aan. Na een herstart van %1, of na opnieuw aanmelden, wordt de selectie gevolgd.</translation>
+        <translation>Toegankelijkheid staat aan. Herstart %1 of meld u opnieuw aan; Pinorama volgt dan de selectie.</translation>
     </message>
     <message>
         <source>Accessibility could not be switched on. The manual explains how to do it by hand.</source>
@@ -67,7 +67,7 @@
     <message>
         <source>Re&amp;load</source>
         <extracomment>Reads the file again that is shown</extracomment>
-        <translation>Ve&amp;rnieuwen</translation>
+        <translation>He&amp;rladen</translation>
     </message>
 </context>
 <context>
@@ -75,7 +75,7 @@
     <message>
         <source>Pinorama keeps running when its window is closed. %1 &gt; %2 ends it.</source>
         <extracomment>The foot of the window, once: %1 is the title of a menu, %2 of the entry in it that ends the program. Pinorama stays</extracomment>
-        <translation>Pinorama blijft actief als het venster wordt gesloten. %1 &gt; %2 sluit het af.</translation>
+        <translation>Pinorama blijft actief als het venster wordt gesloten. %1 &gt; %2 sluit het programma af.</translation>
     </message>
 </context>
 <context>
@@ -108,7 +108,7 @@
     <message>
         <source>Place in Words</source>
         <extracomment>Copies &quot;Near Ushuaia, Argentina&quot;</extracomment>
-        <translation>Plaats in woorden</translation>
+        <translation>Locatie in woorden</translation>
     </message>
     <message>
         <source>Link to %1</source>
@@ -177,7 +177,7 @@
     <message>
         <source>The file for the globe program cannot be written.</source>
         <extracomment>The foot of the window</extracomment>
-        <translation>Het bestand voor het globeprogramma kan niet worden geschreven.</translation>
+        <translation>Het bestand voor het wereldbolprogramma kan niet worden geschreven.</translation>
     </message>
     <message>
         <source>Marble was started, but has not appeared so far.</source>
@@ -235,7 +235,7 @@
     <message>
         <source>Writes the location as a placemark file</source>
         <extracomment>Tool tip of the button &quot;Export as KML&quot;</extracomment>
-        <translation>Bewaart de locatie als plaatsmarkering in een bestand</translation>
+        <translation>Slaat de locatie als plaatsmarkering op in een bestand</translation>
     </message>
     <message>
         <source>&amp;Export as KML…</source>
@@ -250,7 +250,7 @@
     <message>
         <source>Select a picture, or drop one here</source>
         <extracomment>Stands in the empty field for the name until a picture is shown</extracomment>
-        <translation>Kies een foto of sleep hem hierheen</translation>
+        <translation>Selecteer een foto of sleep hem hierheen</translation>
     </message>
     <message>
         <source>Size:</source>
@@ -265,7 +265,7 @@
     <message>
         <source>Created:</source>
         <extracomment>Caption before the time at which the file was made</extracomment>
-        <translation>Gemaakt:</translation>
+        <translation>Aangemaakt:</translation>
     </message>
     <message>
         <source>Coordinate:</source>
@@ -375,7 +375,7 @@
     <message>
         <source>Place</source>
         <extracomment>What a screen reader says before the place in words.</extracomment>
-        <translation>Plaats</translation>
+        <translation>Locatie</translation>
     </message>
     <message>
         <source>A click shows more of the surroundings, or less</source>
@@ -489,7 +489,7 @@
     <message>
         <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
         <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
-        <translation>Foto’s kunnen niet worden doorzocht: het programma pinorama-search start niet.</translation>
+        <translation>Er kan niet naar foto’s worden gezocht: het programma pinorama-search start niet.</translation>
     </message>
     <message>
         <source>No other picture within %1 m was found in these folders:
@@ -621,7 +621,7 @@
     <message>
         <source>Without Skallion, pictures nearby are looked for in the folders around this one</source>
         <extracomment>The second line of a tool tip</extracomment>
-        <translation>Zonder Skallion wordt in de omliggende mappen naar foto&apos;s uit de buurt gezocht</translation>
+        <translation>Zonder Skallion wordt in de omliggende mappen naar foto’s uit de buurt gezocht</translation>
     </message>
     <message>
         <source>The address of %1 has no room for latitude and longitude.</source>

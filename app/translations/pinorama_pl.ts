@@ -39,12 +39,12 @@
     <message>
         <source>Pinorama can follow the selection in %1 once accessibility is on. This is a permanent setting of your desktop; restart the file manager after switching it on.</source>
         <extracomment>A notice in the window; %1 is the name of a file manager. Accessibility as in the settings of desktops</extracomment>
-        <translation>Zaznaczenie w programie %1 można śledzić, gdy ułatwienia dostępu są włączone. To trwałe ustawienie pulpitu; po włączeniu uruchom ponownie menedżer plików.</translation>
+        <translation>Pinorama może śledzić zaznaczenie w programie %1, gdy ułatwienia dostępu są włączone. To trwałe ustawienie pulpitu; po włączeniu uruchom ponownie menedżer plików.</translation>
     </message>
     <message>
         <source>Accessibility is on. Restart %1 or log in again; Pinorama then follows its selection.</source>
         <extracomment>A notice in the window; %1 is the name of a file manager</extracomment>
-        <translation>Ułatwienia dostępu są włączone. Uruchom ponownie program %1 albo zaloguj się jeszcze raz, aby śledzić jego zaznaczenie.</translation>
+        <translation>Ułatwienia dostępu są włączone. Uruchom ponownie program %1 albo zaloguj się jeszcze raz; Pinorama będzie wtedy śledzić jego zaznaczenie.</translation>
     </message>
     <message>
         <source>Accessibility could not be switched on. The manual explains how to do it by hand.</source>
@@ -108,12 +108,12 @@
     <message>
         <source>Place in Words</source>
         <extracomment>Copies &quot;Near Ushuaia, Argentina&quot;</extracomment>
-        <translation>Miejsce w słowach</translation>
+        <translation>Miejsce słowami</translation>
     </message>
     <message>
         <source>Link to %1</source>
         <extracomment>%1 is a map service, such as OpenStreetMap</extracomment>
-        <translation>Łącze do %1</translation>
+        <translation>Odnośnik do %1</translation>
     </message>
 </context>
 <context>
@@ -345,7 +345,7 @@
     <message>
         <source>Pinorama &amp;Home Page</source>
         <extracomment>Menu entry: opens the page in the browser. Pinorama stays</extracomment>
-        <translation>Strona &amp;domowa Pinoramy</translation>
+        <translation>Strona &amp;domowa programu Pinorama</translation>
     </message>
     <message>
         <source>&amp;Donate…</source>
@@ -495,7 +495,7 @@
         <source>No other picture within %1 m was found in these folders:
 %2</source>
         <extracomment>In the place of the pictures; %1 is a distance, %2 a list of folders</extracomment>
-        <translation>W tych folderach nie ma innych zdjęć w promieniu %1&#xa0;m:
+        <translation>W tych folderach nie znaleziono innych zdjęć w promieniu %1&#xa0;m:
 %2</translation>
     </message>
     <message>
@@ -698,7 +698,7 @@
     <message>
         <source>%1 could not be opened. Is xdg-utils installed?</source>
         <extracomment>The foot of the window. %1 is an address; xdg-utils is the name of a package</extracomment>
-        <translation>Nie udało się otworzyć %1. Czy xdg-utils jest zainstalowane?</translation>
+        <translation>Nie udało się otworzyć %1. Czy pakiet xdg-utils jest zainstalowany?</translation>
     </message>
 </context>
 <context>

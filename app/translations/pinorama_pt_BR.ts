@@ -39,12 +39,12 @@
     <message>
         <source>Pinorama can follow the selection in %1 once accessibility is on. This is a permanent setting of your desktop; restart the file manager after switching it on.</source>
         <extracomment>A notice in the window; %1 is the name of a file manager. Accessibility as in the settings of desktops</extracomment>
-        <translation>A seleção no %1 pode ser acompanhada quando a acessibilidade estiver ativada. É uma configuração permanente da área de trabalho; depois, reinicie o gerenciador de arquivos.</translation>
+        <translation>O Pinorama pode acompanhar a seleção no %1 quando a acessibilidade estiver ativada. É uma configuração permanente da área de trabalho; depois de ativá-la, reinicie o gerenciador de arquivos.</translation>
     </message>
     <message>
         <source>Accessibility is on. Restart %1 or log in again; Pinorama then follows its selection.</source>
         <extracomment>A notice in the window; %1 is the name of a file manager</extracomment>
-        <translation>A acessibilidade está ativada. Reinicie o %1, ou entre novamente na sessão, para acompanhar a seleção.</translation>
+        <translation>A acessibilidade está ativada. Reinicie o %1 ou entre novamente na sessão; o Pinorama acompanhará então a seleção.</translation>
     </message>
     <message>
         <source>Accessibility could not be switched on. The manual explains how to do it by hand.</source>
@@ -177,7 +177,7 @@
     <message>
         <source>The file for the globe program cannot be written.</source>
         <extracomment>The foot of the window</extracomment>
-        <translation>Não é possível gravar o arquivo para o programa de globo.</translation>
+        <translation>Não é possível gravar o arquivo para o globo virtual.</translation>
     </message>
     <message>
         <source>Marble was started, but has not appeared so far.</source>
@@ -225,7 +225,7 @@
     <message>
         <source>Finds all catalogued pictures taken within 2000 m</source>
         <extracomment>Tool tip of the button &quot;Find in Skallion&quot;</extracomment>
-        <translation>Localiza todas as fotos catalogadas tiradas a até 2000&#xa0;m</translation>
+        <translation>Encontra todas as fotos catalogadas tiradas a até 2000&#xa0;m</translation>
     </message>
     <message>
         <source>&amp;Find in Skallion</source>
@@ -360,7 +360,7 @@
     <message>
         <source>Cop&amp;y Coordinate</source>
         <extracomment>Menu entry: copies the coordinate as the window shows it</extracomment>
-        <translation>&amp;Copiar coordenadas</translation>
+        <translation>Co&amp;piar coordenadas</translation>
     </message>
     <message>
         <source>Copy as &amp;Decimal Degrees</source>
@@ -375,7 +375,7 @@
     <message>
         <source>Place</source>
         <extracomment>What a screen reader says before the place in words.</extracomment>
-        <translation>Lugar</translation>
+        <translation>Local</translation>
     </message>
     <message>
         <source>A click shows more of the surroundings, or less</source>
@@ -395,7 +395,7 @@
     <message>
         <source>&amp;Keep Above Other Windows</source>
         <extracomment>Menu entry with a check mark: the window stays in front of those of other programs</extracomment>
-        <translation>Manter sempre &amp;visível</translation>
+        <translation>Sempre acima de outras &amp;janelas</translation>
     </message>
 </context>
 <context>
@@ -446,7 +446,7 @@
     <message>
         <source>same place</source>
         <extracomment>Below a picture, in the place of a distance: it was taken where the other one was</extracomment>
-        <translation>mesmo lugar</translation>
+        <translation>mesmo local</translation>
     </message>
     <message>
         <source>%1 m %2</source>
@@ -621,7 +621,7 @@
     <message>
         <source>Without Skallion, pictures nearby are looked for in the folders around this one</source>
         <extracomment>The second line of a tool tip</extracomment>
-        <translation>Sem o Skallion, as imagens próximas são procuradas nas pastas ao redor</translation>
+        <translation>Sem o Skallion, as fotos próximas são procuradas nas pastas ao redor</translation>
     </message>
     <message>
         <source>The address of %1 has no room for latitude and longitude.</source>

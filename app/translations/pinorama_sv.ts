@@ -230,7 +230,7 @@
     <message>
         <source>Finds all catalogued pictures taken within 2000 m</source>
         <extracomment>Tool tip of the button &quot;Find in Skallion&quot;</extracomment>
-        <translation>Hittar alla katalogiserade bilder tagna inom 2000 m</translation>
+        <translation>Hittar alla katalogiserade bilder tagna inom 2000&#xa0;m</translation>
     </message>
     <message>
         <source>&amp;Find in Skallion</source>
@@ -265,7 +265,7 @@
     <message>
         <source>Taken:</source>
         <extracomment>The time at which the picture was taken.</extracomment>
-        <translation>Taget:</translation>
+        <translation>Tagen:</translation>
     </message>
     <message>
         <source>Size:</source>
@@ -275,12 +275,12 @@
     <message>
         <source>Modified:</source>
         <extracomment>Caption before the time at which the file was last changed</extracomment>
-        <translation>Ändrat:</translation>
+        <translation>Ändrad:</translation>
     </message>
     <message>
         <source>Created:</source>
         <extracomment>Caption before the time at which the file was made</extracomment>
-        <translation>Skapat:</translation>
+        <translation>Skapad:</translation>
     </message>
     <message>
         <source>Coordinate:</source>
@@ -305,7 +305,7 @@
     <message>
         <source>State:</source>
         <extracomment>Caption before the name of the state or province, which the photographer wrote into the picture</extracomment>
-        <translation>Län:</translation>
+        <translation>Region:</translation>
     </message>
     <message>
         <source>Country:</source>
@@ -494,7 +494,7 @@
     <message>
         <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
         <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
-        <translation>Bilder kan inte sökas: programmet pinorama-search startar inte.</translation>
+        <translation>Det går inte att söka efter bilder: programmet pinorama-search startar inte.</translation>
     </message>
     <message>
         <source>No other picture within %1 m was found in these folders:

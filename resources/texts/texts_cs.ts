@@ -36,17 +36,18 @@
     <message>
         <source>Hasselblad raw image</source>
         <extracomment>Kind of file, in file managers. Hasselblad stays</extracomment>
-        <translation>obrázek RAW Hasselblad</translation>
+        <translatorcomment>As shared-mime-info names the raw files of other makers, beside which it stands</translatorcomment>
+        <translation>surový obrázek Hasselblad</translation>
     </message>
     <message>
         <source>Leaf raw image</source>
         <extracomment>Kind of file, in file managers. Leaf is a maker of cameras and stays</extracomment>
-        <translation>obrázek RAW Leaf</translation>
+        <translation>surový obrázek Leaf</translation>
     </message>
     <message>
         <source>Pentax raw image</source>
         <extracomment>Kind of file, in file managers. Pentax stays</extracomment>
-        <translation>obrázek RAW Pentax</translation>
+        <translation>surový obrázek Pentax</translation>
     </message>
     <message>
         <source>Show Where It Was Taken</source>
@@ -61,7 +62,7 @@
     <message>
         <source>Pinorama keeps one small window open beside the file manager. Select a picture there, and the window shows where it was taken: in words and on a small map, with preview, size, dates, coordinate, altitude and direction of view. It reads JPEG and the raw formats of common cameras, and it needs no network.</source>
         <extracomment>What the program is for, in software stores. Pinorama and JPEG stay</extracomment>
-        <translation>Pinorama má vedle správce souborů otevřené malé okno. Vyberte tam snímek a okno ukáže, kde byl pořízen: slovy a na malé mapě, s náhledem, velikostí, daty, souřadnicí, výškou a směrem pohledu. Čte JPEG a surové formáty běžných fotoaparátů a nepotřebuje síť.</translation>
+        <translation>Pinorama má vedle správce souborů otevřené malé okno. Vyberte tam snímek a okno ukáže, kde byl pořízen: slovy a na malé mapě, s náhledem, velikostí, daty, souřadnicemi, výškou a směrem pohledu. Čte JPEG a surové formáty běžných fotoaparátů a nepotřebuje síť.</translation>
     </message>
     <message>
         <source>From the window you can:</source>
@@ -86,7 +87,7 @@
     <message>
         <source>Copy the place as a coordinate, as a link or in words</source>
         <extracomment>In the list below &quot;From the window you can:&quot;</extracomment>
-        <translation>Zkopírovat místo jako souřadnici, jako odkaz nebo slovy</translation>
+        <translation>Zkopírovat místo jako souřadnice, jako odkaz nebo slovy</translation>
     </message>
     <message>
         <source>Find the other pictures that were taken nearby</source>
@@ -101,7 +102,7 @@
     <message>
         <source>The Pinorama developers</source>
         <extracomment>The makers of the program, in software stores. Pinorama stays</extracomment>
-        <translation>Vývojáři programu Pinorama</translation>
+        <translation>Vývojáři aplikace Pinorama</translation>
     </message>
     <message>
         <source>The place of a picture in words and on a map</source>

@@ -41,6 +41,7 @@
     <message>
         <source>See where a picture was taken</source>
         <extracomment>Line under the program&apos;s name in software stores, without a full stop. At most 35 characters</extracomment>
+        <translatorcomment>With &quot;aufgenommen wurde&quot; it has 36 characters</translatorcomment>
         <translation>Zeigt, wo ein Bild entstanden ist</translation>
     </message>
     <message>
@@ -495,7 +496,7 @@
         <source>Alboran Sea</source>
         <comment>Alboran Sea</comment>
         <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
-        <translation>Alboran-Meer</translation>
+        <translation>Alborán-Meer</translation>
     </message>
     <message>
         <source>Mediterranean Sea</source>

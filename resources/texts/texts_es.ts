@@ -46,6 +46,7 @@
     <message>
         <source>Hasselblad raw image</source>
         <extracomment>Kind of file, in file managers. Hasselblad stays</extracomment>
+        <translatorcomment>As shared-mime-info names the raw files of other makers, beside which it stands</translatorcomment>
         <translation>imagen en bruto de Hasselblad</translation>
     </message>
     <message>
@@ -61,7 +62,7 @@
     <message>
         <source>Pinorama keeps one small window open beside the file manager. Select a picture there, and the window shows where it was taken: in words and on a small map, with preview, size, dates, coordinate, altitude and direction of view. It reads JPEG and the raw formats of common cameras, and it needs no network.</source>
         <extracomment>What the program is for, in software stores. Pinorama and JPEG stay</extracomment>
-        <translation>Pinorama mantiene abierta una pequeña ventana junto al gestor de archivos. Seleccione allí una foto y la ventana mostrará dónde se tomó: en palabras y en un pequeño mapa, con vista previa, tamaño, fechas, coordenadas, altitud y dirección de la mirada. Lee JPEG y los formatos RAW de las cámaras habituales, y no necesita red.</translation>
+        <translation>Pinorama mantiene abierta una pequeña ventana junto al gestor de archivos. Seleccione allí una foto y la ventana mostrará dónde se tomó: en palabras y en un pequeño mapa, con vista previa, tamaño, fechas, coordenadas, altitud y dirección de la toma. Lee JPEG y los formatos RAW de las cámaras habituales, y no necesita red.</translation>
     </message>
     <message>
         <source>From the window you can:</source>
@@ -111,7 +112,7 @@
     <message>
         <source>A raw file, with its direction of view</source>
         <extracomment>Below a picture of the window in software stores, without a full stop. It shows a file of a camera&apos;s own format</extracomment>
-        <translation>Un archivo RAW, con la dirección de la mirada</translation>
+        <translation>Un archivo RAW, con la dirección de la toma</translation>
     </message>
     <message>
         <source>The window in a dark theme</source>
@@ -151,12 +152,12 @@
     <message>
         <source>Taken at</source>
         <extracomment>Column in the list view of file managers: the place where the picture was taken, in words</extracomment>
-        <translation>Tomada en</translation>
+        <translation>Lugar de la toma</translation>
     </message>
     <message>
         <source>The place where the picture was taken</source>
         <extracomment>Explains the column &quot;Taken at&quot; in the settings of file managers</extracomment>
-        <translation>El lugar donde se tomó la imagen</translation>
+        <translation>El lugar donde se tomó la foto</translation>
     </message>
 </context>
 <context>
@@ -435,7 +436,7 @@
         <source>By the camera&apos;s clock. The picture does not say its time zone; the one shown is that of the place.</source>
         <comment>takenByCameraAssumed</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
-        <translation>Según el reloj de la cámara. La imagen no indica su zona horaria; se muestra la del lugar.</translation>
+        <translation>Según el reloj de la cámara. La foto no indica su zona horaria; se muestra la del lugar.</translation>
     </message>
     <message>
         <source>By the camera&apos;s clock. Its time zone is not known.</source>

@@ -46,6 +46,7 @@
     <message>
         <source>Hasselblad raw image</source>
         <extracomment>Kind of file, in file managers. Hasselblad stays</extracomment>
+        <translatorcomment>As shared-mime-info names the raw files of other makers, beside which it stands</translatorcomment>
         <translation>image brute Hasselblad</translation>
     </message>
     <message>
@@ -61,7 +62,7 @@
     <message>
         <source>Pinorama keeps one small window open beside the file manager. Select a picture there, and the window shows where it was taken: in words and on a small map, with preview, size, dates, coordinate, altitude and direction of view. It reads JPEG and the raw formats of common cameras, and it needs no network.</source>
         <extracomment>What the program is for, in software stores. Pinorama and JPEG stay</extracomment>
-        <translation>Pinorama garde une petite fenêtre ouverte à côté du gestionnaire de fichiers. Sélectionnez-y une photo, et la fenêtre montre où elle a été prise&#xa0;: en mots et sur une petite carte, avec l’aperçu, la taille, les dates, les coordonnées, l’altitude et la direction du regard. Elle lit le JPEG et les formats bruts des appareils courants, sans avoir besoin du réseau.</translation>
+        <translation>Pinorama garde une petite fenêtre ouverte à côté du gestionnaire de fichiers. Sélectionnez-y une photo, et la fenêtre montre où elle a été prise&#xa0;: en mots et sur une petite carte, avec l’aperçu, la taille, les dates, les coordonnées, l’altitude et la direction de prise de vue. Pinorama lit le JPEG et les formats bruts des appareils courants, sans avoir besoin du réseau.</translation>
     </message>
     <message>
         <source>From the window you can:</source>
@@ -71,7 +72,7 @@
     <message>
         <source>Fly a globe program to the place</source>
         <extracomment>In the list below &quot;From the window you can:&quot;. Globe programs are such as Google Earth</extracomment>
-        <translation>Faire voler un globe virtuel jusqu’au lieu</translation>
+        <translation>Survoler le lieu dans un globe virtuel</translation>
     </message>
     <message>
         <source>Open the place in a web map of your choice</source>
@@ -111,7 +112,7 @@
     <message>
         <source>A raw file, with its direction of view</source>
         <extracomment>Below a picture of the window in software stores, without a full stop. It shows a file of a camera&apos;s own format</extracomment>
-        <translation>Un fichier brut, avec la direction du regard</translation>
+        <translation>Un fichier brut, avec la direction de prise de vue</translation>
     </message>
     <message>
         <source>The window in a dark theme</source>
@@ -156,7 +157,7 @@
     <message>
         <source>The place where the picture was taken</source>
         <extracomment>Explains the column &quot;Taken at&quot; in the settings of file managers</extracomment>
-        <translation>L’endroit où l’image a été prise</translation>
+        <translation>Le lieu où la photo a été prise</translation>
     </message>
 </context>
 <context>
@@ -213,7 +214,7 @@
         <source>Map program of this computer</source>
         <comment>a9</comment>
         <extracomment>In the menu of map services: opens the place in the map program that is installed.</extracomment>
-        <translation>Application de cartographie de cet ordinateur</translation>
+        <translation>Programme de cartographie de cet ordinateur</translation>
     </message>
     <message>
         <source>Picture</source>
@@ -435,7 +436,7 @@
         <source>By the camera&apos;s clock. The picture does not say its time zone; the one shown is that of the place.</source>
         <comment>takenByCameraAssumed</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
-        <translation>D’après l’horloge de l’appareil. L’image n’indique pas son fuseau horaire ; celui qui est affiché est celui du lieu.</translation>
+        <translation>D’après l’horloge de l’appareil. La photo n’en indique pas le fuseau horaire&#x202f;; celui qui est affiché est celui du lieu.</translation>
     </message>
     <message>
         <source>By the camera&apos;s clock. Its time zone is not known.</source>
@@ -447,7 +448,7 @@
         <source>Sea of Azov</source>
         <comment>Sea of Azov</comment>
         <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
-        <translation>Mer d&apos;Azov</translation>
+        <translation>Mer d’Azov</translation>
     </message>
     <message>
         <source>Black Sea</source>
@@ -495,7 +496,7 @@
         <source>Alboran Sea</source>
         <comment>Alboran Sea</comment>
         <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
-        <translation>Mer d&apos;Alboran</translation>
+        <translation>Mer d’Alboran</translation>
     </message>
     <message>
         <source>Mediterranean Sea</source>
@@ -543,7 +544,7 @@
         <source>Irish Sea</source>
         <comment>Irish Sea</comment>
         <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
-        <translation>Mer d&apos;Irlande</translation>
+        <translation>Mer d’Irlande</translation>
     </message>
     <message>
         <source>Celtic Sea</source>
@@ -639,7 +640,7 @@
         <source>Hudson Bay</source>
         <comment>Hudson Bay</comment>
         <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
-        <translation>Baie d&apos;Hudson</translation>
+        <translation>Baie d’Hudson</translation>
     </message>
     <message>
         <source>Gulf of Saint Lawrence</source>
@@ -675,7 +676,7 @@
         <source>Gulf of Alaska</source>
         <comment>Gulf of Alaska</comment>
         <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
-        <translation>Golfe d&apos;Alaska</translation>
+        <translation>Golfe d’Alaska</translation>
     </message>
     <message>
         <source>Bering Sea</source>
@@ -717,7 +718,7 @@
         <source>Gulf of Aden</source>
         <comment>Gulf of Aden</comment>
         <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
-        <translation>Golfe d&apos;Aden</translation>
+        <translation>Golfe d’Aden</translation>
     </message>
     <message>
         <source>Persian Gulf</source>
@@ -729,13 +730,13 @@
         <source>Gulf of Oman</source>
         <comment>Gulf of Oman</comment>
         <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
-        <translation>Golfe d&apos;Oman</translation>
+        <translation>Golfe d’Oman</translation>
     </message>
     <message>
         <source>Arabian Sea</source>
         <comment>Arabian Sea</comment>
         <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
-        <translation>Mer d&apos;Arabie</translation>
+        <translation>Mer d’Arabie</translation>
     </message>
     <message>
         <source>Laccadive Sea</source>
@@ -747,7 +748,7 @@
         <source>Andaman Sea</source>
         <comment>Andaman Sea</comment>
         <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
-        <translation>Mer d&apos;Andaman</translation>
+        <translation>Mer d’Andaman</translation>
     </message>
     <message>
         <source>Bay of Bengal</source>
@@ -813,7 +814,7 @@
         <source>Arafura Sea</source>
         <comment>Arafura Sea</comment>
         <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
-        <translation>Mer d&apos;Arafura</translation>
+        <translation>Mer d’Arafura</translation>
     </message>
     <message>
         <source>Gulf of Carpentaria</source>
@@ -849,7 +850,7 @@
         <source>Sea of Okhotsk</source>
         <comment>Sea of Okhotsk</comment>
         <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
-        <translation>Mer d&apos;Okhotsk</translation>
+        <translation>Mer d’Okhotsk</translation>
     </message>
     <message>
         <source>Solomon Sea</source>

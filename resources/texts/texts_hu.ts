@@ -6,7 +6,7 @@
     <message>
         <source>Picture Location Viewer</source>
         <extracomment>Kind of program, in the menu of programs</extracomment>
-        <translation>Felvételi hely megjelenítő</translation>
+        <translation>Felvételhely-megjelenítő</translation>
     </message>
     <message>
         <source>See where the selected picture was taken</source>

@@ -41,37 +41,38 @@
     <message>
         <source>See where a picture was taken</source>
         <extracomment>Line under the program&apos;s name in software stores, without a full stop. At most 35 characters</extracomment>
-        <translation>Vedi dove è stata scattata la foto</translation>
+        <translation>Vedi dove è stata scattata una foto</translation>
     </message>
     <message>
         <source>Hasselblad raw image</source>
         <extracomment>Kind of file, in file managers. Hasselblad stays</extracomment>
-        <translation>immagine raw Hasselblad</translation>
+        <translatorcomment>As shared-mime-info names the raw files of other makers, beside which it stands</translatorcomment>
+        <translation>Immagine raw Hasselblad</translation>
     </message>
     <message>
         <source>Leaf raw image</source>
         <extracomment>Kind of file, in file managers. Leaf is a maker of cameras and stays</extracomment>
-        <translation>immagine raw Leaf</translation>
+        <translation>Immagine raw Leaf</translation>
     </message>
     <message>
         <source>Pentax raw image</source>
         <extracomment>Kind of file, in file managers. Pentax stays</extracomment>
-        <translation>immagine raw Pentax</translation>
+        <translation>Immagine raw Pentax</translation>
     </message>
     <message>
         <source>Pinorama keeps one small window open beside the file manager. Select a picture there, and the window shows where it was taken: in words and on a small map, with preview, size, dates, coordinate, altitude and direction of view. It reads JPEG and the raw formats of common cameras, and it needs no network.</source>
         <extracomment>What the program is for, in software stores. Pinorama and JPEG stay</extracomment>
-        <translation>Pinorama tiene aperta una piccola finestra accanto al gestore file. Selezionandovi una foto, la finestra mostra dove è stata scattata: a parole e su una piccola mappa, con anteprima, dimensione, date, coordinate, altitudine e direzione dello sguardo. Legge JPEG e i formati RAW delle fotocamere più diffuse e non ha bisogno della rete.</translation>
+        <translation>Pinorama tiene aperta una piccola finestra accanto al gestore file. Seleziona lì una foto e la finestra mostra dove è stata scattata: a parole e su una piccola mappa, con anteprima, dimensione, date, coordinate, altitudine e direzione di ripresa. Legge JPEG e i formati raw delle fotocamere più diffuse e non ha bisogno della rete.</translation>
     </message>
     <message>
         <source>From the window you can:</source>
         <extracomment>In software stores, above a list</extracomment>
-        <translation>Dalla finestra si può:</translation>
+        <translation>Dalla finestra puoi:</translation>
     </message>
     <message>
         <source>Fly a globe program to the place</source>
         <extracomment>In the list below &quot;From the window you can:&quot;. Globe programs are such as Google Earth</extracomment>
-        <translation>Far volare un programma con globo fino al luogo</translation>
+        <translation>Volare sul luogo in un globo virtuale</translation>
     </message>
     <message>
         <source>Open the place in a web map of your choice</source>
@@ -111,7 +112,7 @@
     <message>
         <source>A raw file, with its direction of view</source>
         <extracomment>Below a picture of the window in software stores, without a full stop. It shows a file of a camera&apos;s own format</extracomment>
-        <translation>Un file RAW, con la direzione dello sguardo</translation>
+        <translation>Un file raw, con la direzione di ripresa</translation>
     </message>
     <message>
         <source>The window in a dark theme</source>
@@ -131,7 +132,7 @@
     <message>
         <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;. HEIC and JPEG stay</extracomment>
-        <translation>legge JPEG e i formati RAW delle fotocamere più diffuse e, su richiesta, HEIC, video e altro</translation>
+        <translation>legge JPEG e i formati raw delle fotocamere più diffuse e, su richiesta, HEIC, video e altro</translation>
     </message>
     <message>
         <source>says in words where a picture was taken and shows it on a small map, without a network</source>
@@ -151,12 +152,12 @@
     <message>
         <source>Taken at</source>
         <extracomment>Column in the list view of file managers: the place where the picture was taken, in words</extracomment>
-        <translation>Luogo dello scatto</translation>
+        <translation>Luogo di scatto</translation>
     </message>
     <message>
         <source>The place where the picture was taken</source>
         <extracomment>Explains the column &quot;Taken at&quot; in the settings of file managers</extracomment>
-        <translation>Il luogo in cui l’immagine è stata scattata</translation>
+        <translation>Il luogo in cui la foto è stata scattata</translation>
     </message>
 </context>
 <context>
@@ -411,43 +412,43 @@
         <source>By the clock of the satellites, in the time of the place.</source>
         <comment>takenBySatellites</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
-        <translation>Secondo l&apos;orologio dei satelliti, nell&apos;ora del luogo.</translation>
+        <translation>Secondo l’orologio dei satelliti, nell’ora del luogo.</translation>
     </message>
     <message>
         <source>By the clock of the satellites, which is in UTC.</source>
         <comment>takenBySatellitesInUTC</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
-        <translation>Secondo l&apos;orologio dei satelliti, in UTC.</translation>
+        <translation>Secondo l’orologio dei satelliti, in UTC.</translation>
     </message>
     <message>
         <source>By the camera&apos;s clock, which was set to {zone}.</source>
         <comment>takenByCamera</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
-        <translation>Secondo l&apos;orologio della fotocamera, impostato su {zone}.</translation>
+        <translation>Secondo l’orologio della fotocamera, impostato su {zone}.</translation>
     </message>
     <message>
         <source>In the time of the place. The camera&apos;s clock was set to {zone} and showed {time}.</source>
         <comment>takenByCameraElsewhere</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
-        <translation>Nell&apos;ora del luogo. L&apos;orologio della fotocamera era impostato su {zone} e segnava {time}.</translation>
+        <translation>Nell’ora del luogo. L’orologio della fotocamera era impostato su {zone} e segnava {time}.</translation>
     </message>
     <message>
         <source>By the camera&apos;s clock. The picture does not say its time zone; the one shown is that of the place.</source>
         <comment>takenByCameraAssumed</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
-        <translation>Secondo l&apos;orologio della fotocamera. L&apos;immagine non ne indica il fuso orario; è mostrato quello del luogo.</translation>
+        <translation>Secondo l’orologio della fotocamera. La foto non ne indica il fuso orario; è mostrato quello del luogo.</translation>
     </message>
     <message>
         <source>By the camera&apos;s clock. Its time zone is not known.</source>
         <comment>takenByCameraWithoutZone</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
-        <translation>Secondo l&apos;orologio della fotocamera. Il suo fuso orario non è noto.</translation>
+        <translation>Secondo l’orologio della fotocamera. Il suo fuso orario non è noto.</translation>
     </message>
     <message>
         <source>Sea of Azov</source>
         <comment>Sea of Azov</comment>
         <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
-        <translation>Mar d&apos;Azov</translation>
+        <translation>Mar d’Azov</translation>
     </message>
     <message>
         <source>Black Sea</source>
@@ -543,7 +544,7 @@
         <source>Irish Sea</source>
         <comment>Irish Sea</comment>
         <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
-        <translation>Mare d&apos;Irlanda</translation>
+        <translation>Mare d’Irlanda</translation>
     </message>
     <message>
         <source>Celtic Sea</source>
@@ -675,7 +676,7 @@
         <source>Gulf of Alaska</source>
         <comment>Gulf of Alaska</comment>
         <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
-        <translation>Golfo dell&apos;Alaska</translation>
+        <translation>Golfo dell’Alaska</translation>
     </message>
     <message>
         <source>Bering Sea</source>

@@ -46,17 +46,18 @@
     <message>
         <source>Hasselblad raw image</source>
         <extracomment>Kind of file, in file managers. Hasselblad stays</extracomment>
-        <translation>Hasselblad raw-afbeelding</translation>
+        <translatorcomment>As shared-mime-info names the raw files of other makers, beside which it stands</translatorcomment>
+        <translation>onbewerkt Hasselblad-beeld</translation>
     </message>
     <message>
         <source>Leaf raw image</source>
         <extracomment>Kind of file, in file managers. Leaf is a maker of cameras and stays</extracomment>
-        <translation>Leaf raw-afbeelding</translation>
+        <translation>onbewerkt Leaf-beeld</translation>
     </message>
     <message>
         <source>Pentax raw image</source>
         <extracomment>Kind of file, in file managers. Pentax stays</extracomment>
-        <translation>Pentax raw-afbeelding</translation>
+        <translation>onbewerkt Pentax-beeld</translation>
     </message>
     <message>
         <source>Pinorama keeps one small window open beside the file manager. Select a picture there, and the window shows where it was taken: in words and on a small map, with preview, size, dates, coordinate, altitude and direction of view. It reads JPEG and the raw formats of common cameras, and it needs no network.</source>
@@ -71,22 +72,22 @@
     <message>
         <source>Fly a globe program to the place</source>
         <extracomment>In the list below &quot;From the window you can:&quot;. Globe programs are such as Google Earth</extracomment>
-        <translation>Een wereldbolprogramma naar de plaats laten vliegen</translation>
+        <translation>Een wereldbolprogramma naar de locatie laten vliegen</translation>
     </message>
     <message>
         <source>Open the place in a web map of your choice</source>
         <extracomment>In the list below &quot;From the window you can:&quot;</extracomment>
-        <translation>De plaats openen in een webkaart naar keuze</translation>
+        <translation>De locatie openen in een webkaart naar keuze</translation>
     </message>
     <message>
         <source>Save the place as a KML placemark</source>
         <extracomment>In the list below &quot;From the window you can:&quot;. KML is a kind of file and stays</extracomment>
-        <translation>De plaats opslaan als KML-plaatsmarkering</translation>
+        <translation>De locatie opslaan als KML-plaatsmarkering</translation>
     </message>
     <message>
         <source>Copy the place as a coordinate, as a link or in words</source>
         <extracomment>In the list below &quot;From the window you can:&quot;</extracomment>
-        <translation>De plaats kopiëren als coördinaten, als link of in woorden</translation>
+        <translation>De locatie kopiëren als coördinaten, als koppeling of in woorden</translation>
     </message>
     <message>
         <source>Find the other pictures that were taken nearby</source>
@@ -106,7 +107,7 @@
     <message>
         <source>The place of a picture in words and on a map</source>
         <extracomment>Below a picture of the window in software stores, without a full stop</extracomment>
-        <translation>De plaats van een foto in woorden en op een kaart</translation>
+        <translation>De locatie van een foto in woorden en op een kaart</translation>
     </message>
     <message>
         <source>A raw file, with its direction of view</source>
@@ -151,12 +152,12 @@
     <message>
         <source>Taken at</source>
         <extracomment>Column in the list view of file managers: the place where the picture was taken, in words</extracomment>
-        <translation>Opnameplaats</translation>
+        <translation>Opnamelocatie</translation>
     </message>
     <message>
         <source>The place where the picture was taken</source>
         <extracomment>Explains the column &quot;Taken at&quot; in the settings of file managers</extracomment>
-        <translation>De plaats waar de foto is gemaakt</translation>
+        <translation>De locatie waar de foto is gemaakt</translation>
     </message>
 </context>
 <context>
@@ -195,7 +196,7 @@
         <source>Street-level pictures (Mapillary)</source>
         <comment>a6</comment>
         <extracomment>In the menu of map services: opens pictures that people took of the streets around. Mapillary is a name and stays.</extracomment>
-        <translation>Straatfoto&apos;s (Mapillary)</translation>
+        <translation>Straatfoto’s (Mapillary)</translation>
     </message>
     <message>
         <source>Wikipedia articles nearby</source>

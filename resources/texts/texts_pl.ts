@@ -71,7 +71,7 @@
     <message>
         <source>Fly a globe program to the place</source>
         <extracomment>In the list below &quot;From the window you can:&quot;. Globe programs are such as Google Earth</extracomment>
-        <translation>Przelecieć programem z globusem do miejsca</translation>
+        <translation>Przenieść widok globusa do tego miejsca</translation>
     </message>
     <message>
         <source>Open the place in a web map of your choice</source>
@@ -687,7 +687,7 @@
         <source>Drake Passage</source>
         <comment>Drake Passage</comment>
         <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
-        <translation>Cieśnina Drake&apos;a</translation>
+        <translation>Cieśnina Drake’a</translation>
     </message>
     <message>
         <source>Scotia Sea</source>

@@ -21,7 +21,7 @@
     <message>
         <source>Open the Home Page</source>
         <extracomment>Action of the program&apos;s icon in docks and menus</extracomment>
-        <translation>Abrir a página inicial</translation>
+        <translation>Abrir a página web</translation>
     </message>
     <message>
         <source>Donate</source>
@@ -46,22 +46,23 @@
     <message>
         <source>Hasselblad raw image</source>
         <extracomment>Kind of file, in file managers. Hasselblad stays</extracomment>
-        <translation>Imagem raw da Hasselblad</translation>
+        <translatorcomment>As shared-mime-info names the raw files of other makers, beside which it stands</translatorcomment>
+        <translation>Imagem bruta da Hasselblad</translation>
     </message>
     <message>
         <source>Leaf raw image</source>
         <extracomment>Kind of file, in file managers. Leaf is a maker of cameras and stays</extracomment>
-        <translation>Imagem raw da Leaf</translation>
+        <translation>Imagem bruta da Leaf</translation>
     </message>
     <message>
         <source>Pentax raw image</source>
         <extracomment>Kind of file, in file managers. Pentax stays</extracomment>
-        <translation>Imagem raw da Pentax</translation>
+        <translation>Imagem bruta da Pentax</translation>
     </message>
     <message>
         <source>Pinorama keeps one small window open beside the file manager. Select a picture there, and the window shows where it was taken: in words and on a small map, with preview, size, dates, coordinate, altitude and direction of view. It reads JPEG and the raw formats of common cameras, and it needs no network.</source>
         <extracomment>What the program is for, in software stores. Pinorama and JPEG stay</extracomment>
-        <translation>O Pinorama mantém uma pequena janela aberta ao lado do gerenciador de arquivos. Selecione ali uma foto e a janela mostra onde ela foi tirada: em palavras e em um pequeno mapa, com prévia, tamanho, datas, coordenadas, altitude e direção do olhar. Ele lê JPEG e os formatos RAW das câmeras comuns e não precisa de rede.</translation>
+        <translation>O Pinorama mantém uma pequena janela aberta ao lado do gerenciador de arquivos. Selecione ali uma foto e a janela mostra onde ela foi tirada: em palavras e em um pequeno mapa, com pré-visualização, tamanho, datas, coordenadas, altitude e direção da câmera. Ele lê JPEG e os formatos RAW das câmeras comuns e não precisa de rede.</translation>
     </message>
     <message>
         <source>From the window you can:</source>
@@ -71,22 +72,22 @@
     <message>
         <source>Fly a globe program to the place</source>
         <extracomment>In the list below &quot;From the window you can:&quot;. Globe programs are such as Google Earth</extracomment>
-        <translation>Levar um programa de globo até o lugar</translation>
+        <translation>Levar um globo virtual até o local</translation>
     </message>
     <message>
         <source>Open the place in a web map of your choice</source>
         <extracomment>In the list below &quot;From the window you can:&quot;</extracomment>
-        <translation>Abrir o lugar em um mapa da web de sua escolha</translation>
+        <translation>Abrir o local em um mapa da web de sua escolha</translation>
     </message>
     <message>
         <source>Save the place as a KML placemark</source>
         <extracomment>In the list below &quot;From the window you can:&quot;. KML is a kind of file and stays</extracomment>
-        <translation>Salvar o lugar como marcador KML</translation>
+        <translation>Salvar o local como marcador KML</translation>
     </message>
     <message>
         <source>Copy the place as a coordinate, as a link or in words</source>
         <extracomment>In the list below &quot;From the window you can:&quot;</extracomment>
-        <translation>Copiar o lugar como coordenadas, como link ou em palavras</translation>
+        <translation>Copiar o local como coordenadas, como link ou em palavras</translation>
     </message>
     <message>
         <source>Find the other pictures that were taken nearby</source>
@@ -106,12 +107,12 @@
     <message>
         <source>The place of a picture in words and on a map</source>
         <extracomment>Below a picture of the window in software stores, without a full stop</extracomment>
-        <translation>O lugar de uma foto em palavras e em um mapa</translation>
+        <translation>O local de uma foto em palavras e em um mapa</translation>
     </message>
     <message>
         <source>A raw file, with its direction of view</source>
         <extracomment>Below a picture of the window in software stores, without a full stop. It shows a file of a camera&apos;s own format</extracomment>
-        <translation>Um arquivo RAW, com a direção do olhar</translation>
+        <translation>Um arquivo RAW, com a direção da câmera</translation>
     </message>
     <message>
         <source>The window in a dark theme</source>
@@ -156,7 +157,7 @@
     <message>
         <source>The place where the picture was taken</source>
         <extracomment>Explains the column &quot;Taken at&quot; in the settings of file managers</extracomment>
-        <translation>O lugar onde a foto foi tirada</translation>
+        <translation>O local onde a foto foi tirada</translation>
     </message>
 </context>
 <context>
@@ -411,7 +412,7 @@
         <source>By the clock of the satellites, in the time of the place.</source>
         <comment>takenBySatellites</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
-        <translation>Pelo relógio dos satélites, na hora do lugar.</translation>
+        <translation>Pelo relógio dos satélites, na hora do local.</translation>
     </message>
     <message>
         <source>By the clock of the satellites, which is in UTC.</source>
@@ -429,13 +430,13 @@
         <source>In the time of the place. The camera&apos;s clock was set to {zone} and showed {time}.</source>
         <comment>takenByCameraElsewhere</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
-        <translation>Na hora do lugar. O relógio da câmera estava ajustado para {zone} e marcava {time}.</translation>
+        <translation>Na hora do local. O relógio da câmera estava ajustado para {zone} e marcava {time}.</translation>
     </message>
     <message>
         <source>By the camera&apos;s clock. The picture does not say its time zone; the one shown is that of the place.</source>
         <comment>takenByCameraAssumed</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
-        <translation>Pelo relógio da câmera. A imagem não informa o fuso horário; é mostrado o do lugar.</translation>
+        <translation>Pelo relógio da câmera. A foto não informa o fuso horário; é mostrado o do local.</translation>
     </message>
     <message>
         <source>By the camera&apos;s clock. Its time zone is not known.</source>

@@ -6,7 +6,7 @@
     <message>
         <source>Picture Location Viewer</source>
         <extracomment>Kind of program, in the menu of programs</extracomment>
-        <translation>Visar var bilder togs</translation>
+        <translation>Fotoplatsvisare</translation>
     </message>
     <message>
         <source>See where the selected picture was taken</source>
@@ -151,7 +151,7 @@
     <message>
         <source>Taken at</source>
         <extracomment>Column in the list view of file managers: the place where the picture was taken, in words</extracomment>
-        <translation>Tagen vid</translation>
+        <translation>Fotoplats</translation>
     </message>
     <message>
         <source>The place where the picture was taken</source>
