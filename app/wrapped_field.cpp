@@ -204,7 +204,8 @@ int WrappedField::linesNeeded() const
 {
     // Before its window is laid out the field has no width of its own to count lines with. After
     // that it is the width without a scroll bar: whether there is one depends on the lines.
-    const int width = isLaidOut_ ? contentsRect().width() : usualWidth(fontMetrics());
+    const int field = isLaidOut_ ? contentsRect().width() : usualWidth(fontMetrics());
+    const int width = field - kLineMargin;  // the margin of the viewport, which alignText() sets
     int lines = 0;
     for (const QString& paragraph : toPlainText().split(QLatin1Char('\n'))) {
         QTextLayout layout(paragraph, font());

@@ -19,6 +19,8 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QStyleOptionComboBox>
+#include <QTextBlock>
+#include <QTextLayout>
 #include <QToolTip>
 #include <QVBoxLayout>
 #include <QWheelEvent>
@@ -113,6 +115,21 @@ TEST(WrappedField, followsTheWidthOfItsWindow)
     EXPECT_GT(window.field->height(), wide);
     EXPECT_GE(window.window.height(), window.field->height() + window.other->height())
         << "the window grows with it";
+}
+
+// At some of the widths the last word has only just no room in the line before.
+TEST(WrappedField, isAsHighAsItsTextAtEveryWidth)
+{
+    QWidget window;
+    auto* field = new WrappedField(&window);
+    field->setMaximumLines(100);
+    field->setText(QStringLiteral("21 June 2026, 12:00 (Central European Summer Time)"));
+    window.show();
+    for (int width = 60; width < 460; ++width) {
+        field->resize(width, field->height());
+        const int lines = field->document()->firstBlock().layout()->lineCount();
+        EXPECT_EQ(field->minimumHeight(), lines * field->fontMetrics().lineSpacing() + 1) << width;
+    }
 }
 
 TEST(WrappedField, scrollsBeyondItsLines)
