@@ -210,7 +210,7 @@
     <message>
         <source>Opens the location in a web map</source>
         <extracomment>Tool tip of the pop-up menu of map services</extracomment>
-        <translation>يفتح الموقع في خريطة على الوب</translation>
+        <translation>يفتح الموقع في خريطة على الويب</translation>
     </message>
     <message>
         <source>Map Services</source>
@@ -225,7 +225,7 @@
     <message>
         <source>Show in &amp;Globe</source>
         <extracomment>A button: shows the place in a globe program such as Marble. Keep it short</extracomment>
-        <translation>العرض على الكرة(&amp;G)</translation>
+        <translation>عرض على الكرة(&amp;G)</translation>
     </message>
     <message>
         <source>Finds all catalogued pictures taken within 2000 m</source>
@@ -519,12 +519,12 @@
         <source>Stopped. %Ln picture(s) found until then</source>
         <extracomment>Below the pictures, after the button &quot;Stop&quot;; %Ln is their number</extracomment>
         <translation>
-            <numerusform>أوقف البحث. عُثر حتى ذلك الحين على %Ln صورة</numerusform>
-            <numerusform>أوقف البحث. عُثر حتى ذلك الحين على صورة واحدة</numerusform>
-            <numerusform>أوقف البحث. عُثر حتى ذلك الحين على صورتين</numerusform>
-            <numerusform>أوقف البحث. عُثر حتى ذلك الحين على %Ln صور</numerusform>
-            <numerusform>أوقف البحث. عُثر حتى ذلك الحين على %Ln صورة</numerusform>
-            <numerusform>أوقف البحث. عُثر حتى ذلك الحين على %Ln صورة</numerusform>
+            <numerusform>أُوقف البحث. عُثر حتى ذلك الحين على %Ln صورة</numerusform>
+            <numerusform>أُوقف البحث. عُثر حتى ذلك الحين على صورة واحدة</numerusform>
+            <numerusform>أُوقف البحث. عُثر حتى ذلك الحين على صورتين</numerusform>
+            <numerusform>أُوقف البحث. عُثر حتى ذلك الحين على %Ln صور</numerusform>
+            <numerusform>أُوقف البحث. عُثر حتى ذلك الحين على %Ln صورة</numerusform>
+            <numerusform>أُوقف البحث. عُثر حتى ذلك الحين على %Ln صورة</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -632,7 +632,7 @@
     <message>
         <source>Several files are selected; the window shows one at a time.</source>
         <extracomment>The foot of the window</extracomment>
-        <translation>حُدّدت عدة ملفات؛ تعرض النافذة ملفًا واحدًا كل مرة.</translation>
+        <translation>حُدّدت عدة ملفات؛ تعرض النافذة ملفًا واحدًا في كل مرة.</translation>
     </message>
 </context>
 <context>
@@ -686,7 +686,7 @@
     <message>
         <source>No web browser is installed.</source>
         <extracomment>The foot of the window; so are the others</extracomment>
-        <translation>لا يوجد متصفح وب مثبّت.</translation>
+        <translation>لا يوجد متصفح ويب مثبّت.</translation>
     </message>
     <message>
         <source>No program opens geo: addresses. Marble and GNOME Maps do.</source>

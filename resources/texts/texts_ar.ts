@@ -36,17 +36,17 @@
     <message>
         <source>Hasselblad raw image</source>
         <extracomment>Kind of file, in file managers. Hasselblad stays</extracomment>
-        <translation>صورة Hasselblad خام</translation>
+        <translation>صورة Hasselblad خامة</translation>
     </message>
     <message>
         <source>Leaf raw image</source>
         <extracomment>Kind of file, in file managers. Leaf is a maker of cameras and stays</extracomment>
-        <translation>صورة Leaf خام</translation>
+        <translation>صورة Leaf خامة</translation>
     </message>
     <message>
         <source>Pentax raw image</source>
         <extracomment>Kind of file, in file managers. Pentax stays</extracomment>
-        <translation>صورة Pentax خام</translation>
+        <translation>صورة Pentax خامة</translation>
     </message>
     <message>
         <source>Show Where It Was Taken</source>
@@ -61,7 +61,7 @@
     <message>
         <source>Pinorama keeps one small window open beside the file manager. Select a picture there, and the window shows where it was taken: in words and on a small map, with preview, size, dates, coordinate, altitude and direction of view. It reads JPEG and the raw formats of common cameras, and it needs no network.</source>
         <extracomment>What the program is for, in software stores. Pinorama and JPEG stay</extracomment>
-        <translation>يُبقي Pinorama نافذة صغيرة مفتوحة بجانب مدير الملفات. اختر صورة هناك فتعرض النافذة مكان التقاطها: بالكلمات وعلى خريطة صغيرة، مع المعاينة والحجم والتواريخ والإحداثيات والارتفاع واتجاه النظر. يقرأ JPEG والصيغ الخام للكاميرات الشائعة، ولا يحتاج إلى شبكة.</translation>
+        <translation>يُبقي Pinorama نافذة صغيرة مفتوحة بجانب مدير الملفات. حدّد صورة هناك فتعرض النافذة مكان التقاطها: بالكلمات وعلى خريطة صغيرة، مع المعاينة والحجم والتواريخ والإحداثيات والارتفاع واتجاه التصوير. يقرأ JPEG والصيغ الخام للكاميرات الشائعة، ولا يحتاج إلى شبكة.</translation>
     </message>
     <message>
         <source>From the window you can:</source>
@@ -81,7 +81,7 @@
     <message>
         <source>Save the place as a KML placemark</source>
         <extracomment>In the list below &quot;From the window you can:&quot;. KML is a kind of file and stays</extracomment>
-        <translation>حفظ المكان كعلامة موضع KML</translation>
+        <translation>حفظ المكان كعلامة موضعية بصيغة KML</translation>
     </message>
     <message>
         <source>Copy the place as a coordinate, as a link or in words</source>
@@ -111,7 +111,7 @@
     <message>
         <source>A raw file, with its direction of view</source>
         <extracomment>Below a picture of the window in software stores, without a full stop. It shows a file of a camera&apos;s own format</extracomment>
-        <translation>ملف خام مع اتجاه النظر</translation>
+        <translation>ملف خام مع اتجاه التصوير</translation>
     </message>
     <message>
         <source>The window in a dark theme</source>
@@ -121,7 +121,7 @@
     <message>
         <source>The first release. Pinorama:</source>
         <extracomment>What is new in version 1.0.0, in software stores, above a list</extracomment>
-        <translation>الإصدار الأول. Pinorama:</translation>
+        <translation>الإصدار الأول. برنامج Pinorama:</translation>
     </message>
     <message>
         <source>follows the selection of Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt and SpaceFM</source>
