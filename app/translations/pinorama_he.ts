@@ -39,7 +39,7 @@
     <message>
         <source>Pinorama can follow the selection in %1 once accessibility is on. This is a permanent setting of your desktop; restart the file manager after switching it on.</source>
         <extracomment>A notice in the window; %1 is the name of a file manager. Accessibility as in the settings of desktops</extracomment>
-        <translation>התוכנה Pinorama יכולה לעקוב אחר הבחירה ב־%1 כשהנגישות מופעלת. זוהי הגדרה קבועה של שולחן העבודה; יש להפעיל מחדש את מנהל הקבצים לאחר מכן.</translation>
+        <translation>התוכנית Pinorama יכולה לעקוב אחר הבחירה ב־%1 כשהנגישות מופעלת. זוהי הגדרה קבועה של שולחן העבודה; יש להפעיל מחדש את מנהל הקבצים לאחר מכן.</translation>
     </message>
     <message>
         <source>Accessibility is on. Restart %1 or log in again; Pinorama then follows its selection.</source>
@@ -75,7 +75,7 @@
     <message>
         <source>Pinorama keeps running when its window is closed. %1 &gt; %2 ends it.</source>
         <extracomment>The foot of the window, once: %1 is the title of a menu, %2 of the entry in it that ends the program. Pinorama stays</extracomment>
-        <translation>התוכנה Pinorama ממשיכה לפעול גם כשהחלון שלה סגור. כדי לסיים אותה: %1 &gt; %2.</translation>
+        <translation>התוכנית Pinorama ממשיכה לפעול גם כשהחלון שלה סגור. כדי לסיים אותה: %1 &gt; %2.</translation>
     </message>
 </context>
 <context>
@@ -210,7 +210,7 @@
     <message>
         <source>Opens the location in a web map</source>
         <extracomment>Tool tip of the pop-up menu of map services</extracomment>
-        <translation>פותח את המיקום במפה ברשת</translation>
+        <translation>פותח את המיקום במפה מקוונת</translation>
     </message>
     <message>
         <source>Map Services</source>
@@ -310,7 +310,7 @@
     <message>
         <source>Country:</source>
         <extracomment>Caption before the name of the country, which the photographer wrote into the picture</extracomment>
-        <translation>ארץ:</translation>
+        <translation>מדינה:</translation>
     </message>
     <message>
         <source>Caption:</source>
@@ -438,7 +438,7 @@
     <message>
         <source>Read Them</source>
         <extracomment>Button beside &quot;... pictures can be read, too&quot;: has them read from now on</extracomment>
-        <translation>לקרוא מעתה</translation>
+        <translation>קריאה מעתה</translation>
     </message>
 </context>
 <context>
@@ -489,7 +489,7 @@
     <message>
         <source>Searching...</source>
         <extracomment>Below the pictures, until the first is found</extracomment>
-        <translation>בחיפוש...</translation>
+        <translation>מתבצע חיפוש...</translation>
     </message>
     <message>
         <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
@@ -507,16 +507,16 @@
         <source>Searching... %Ln picture(s) found so far</source>
         <extracomment>Below the pictures; %Ln is their number</extracomment>
         <translation>
-            <numerusform>בחיפוש... עד כה נמצאה תמונה אחת</numerusform>
-            <numerusform>בחיפוש... עד כה נמצאו %Ln תמונות</numerusform>
+            <numerusform>מתבצע חיפוש... עד כה נמצאה תמונה אחת</numerusform>
+            <numerusform>מתבצע חיפוש... עד כה נמצאו %Ln תמונות</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Stopped. %Ln picture(s) found until then</source>
         <extracomment>Below the pictures, after the button &quot;Stop&quot;; %Ln is their number</extracomment>
         <translation>
-            <numerusform>נעצר. עד אז נמצאה תמונה אחת</numerusform>
-            <numerusform>נעצר. עד אז נמצאו %Ln תמונות</numerusform>
+            <numerusform>החיפוש נעצר. עד אז נמצאה תמונה אחת</numerusform>
+            <numerusform>החיפוש נעצר. עד אז נמצאו %Ln תמונות</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -621,7 +621,7 @@
     <message>
         <source>Without Skallion, pictures nearby are looked for in the folders around this one</source>
         <extracomment>The second line of a tool tip</extracomment>
-        <translation>בלי Skallion, התמונות בסביבה מחופשות בתיקיות הסמוכות</translation>
+        <translation>בלי Skallion, החיפוש אחר תמונות בסביבה נעשה בתיקיות הסמוכות</translation>
     </message>
     <message>
         <source>The address of %1 has no room for latitude and longitude.</source>
@@ -634,7 +634,7 @@
     <message>
         <source>Still reading %1...</source>
         <extracomment>The foot of the window; %1 is the name of a file</extracomment>
-        <translation>עדיין בקריאה: %1...</translation>
+        <translation>הקריאה של %1 עדיין נמשכת...</translation>
     </message>
     <message>
         <source>%1 could not be read.</source>

@@ -36,17 +36,17 @@
     <message>
         <source>Hasselblad raw image</source>
         <extracomment>Kind of file, in file managers. Hasselblad stays</extracomment>
-        <translation>תמונת RAW של Hasselblad</translation>
+        <translation>תמונה גולמית של Hasselblad</translation>
     </message>
     <message>
         <source>Leaf raw image</source>
         <extracomment>Kind of file, in file managers. Leaf is a maker of cameras and stays</extracomment>
-        <translation>תמונת RAW של Leaf</translation>
+        <translation>תמונה גולמית של Leaf</translation>
     </message>
     <message>
         <source>Pentax raw image</source>
         <extracomment>Kind of file, in file managers. Pentax stays</extracomment>
-        <translation>תמונת RAW של Pentax</translation>
+        <translation>תמונה גולמית של Pentax</translation>
     </message>
     <message>
         <source>Show Where It Was Taken</source>
@@ -61,7 +61,7 @@
     <message>
         <source>Pinorama keeps one small window open beside the file manager. Select a picture there, and the window shows where it was taken: in words and on a small map, with preview, size, dates, coordinate, altitude and direction of view. It reads JPEG and the raw formats of common cameras, and it needs no network.</source>
         <extracomment>What the program is for, in software stores. Pinorama and JPEG stay</extracomment>
-        <translation>התוכנית Pinorama משאירה חלון קטן אחד פתוח לצד מנהל הקבצים. בחרו שם תמונה, והחלון יראה היכן היא צולמה: במילים ועל מפה קטנה, עם תצוגה מקדימה, גודל, תאריכים, קואורדינטות, גובה וכיוון המבט. היא קוראת JPEG ואת תבניות הגלם של מצלמות נפוצות, ואינה זקוקה לרשת.</translation>
+        <translation>התוכנית Pinorama משאירה חלון קטן אחד פתוח לצד מנהל הקבצים. כשבוחרים שם תמונה, החלון מראה היכן היא צולמה: במילים ועל מפה קטנה, עם תצוגה מקדימה, גודל, תאריכים, קואורדינטות, גובה וכיוון הצילום. היא קוראת JPEG ואת קובצי ה־RAW של מצלמות נפוצות, ואינה זקוקה לרשת.</translation>
     </message>
     <message>
         <source>From the window you can:</source>
@@ -71,12 +71,12 @@
     <message>
         <source>Fly a globe program to the place</source>
         <extracomment>In the list below &quot;From the window you can:&quot;. Globe programs are such as Google Earth</extracomment>
-        <translation>לטוס אל המקום בתוכנת גלובוס</translation>
+        <translation>לטוס אל המקום בתוכנית גלובוס</translation>
     </message>
     <message>
         <source>Open the place in a web map of your choice</source>
         <extracomment>In the list below &quot;From the window you can:&quot;</extracomment>
-        <translation>לפתוח את המקום במפת רשת לבחירתכם</translation>
+        <translation>לפתוח את המקום במפה מקוונת לפי בחירה</translation>
     </message>
     <message>
         <source>Save the place as a KML placemark</source>
@@ -91,7 +91,7 @@
     <message>
         <source>Find the other pictures that were taken nearby</source>
         <extracomment>In the list below &quot;From the window you can:&quot;</extracomment>
-        <translation>למצוא את שאר התמונות שצולמו בסביבה</translation>
+        <translation>למצוא תמונות נוספות שצולמו בסביבה</translation>
     </message>
     <message>
         <source>Pictures are read in a separate, sandboxed process, so that a damaged or hostile file cannot harm the program.</source>
@@ -111,7 +111,7 @@
     <message>
         <source>A raw file, with its direction of view</source>
         <extracomment>Below a picture of the window in software stores, without a full stop. It shows a file of a camera&apos;s own format</extracomment>
-        <translation>קובץ גלם עם כיוון המבט</translation>
+        <translation>קובץ RAW עם כיוון הצילום</translation>
     </message>
     <message>
         <source>The window in a dark theme</source>
@@ -121,7 +121,7 @@
     <message>
         <source>The first release. Pinorama:</source>
         <extracomment>What is new in version 1.0.0, in software stores, above a list</extracomment>
-        <translation>הגרסה הראשונה. Pinorama:</translation>
+        <translation>הגרסה הראשונה. התוכנית Pinorama:</translation>
     </message>
     <message>
         <source>follows the selection of Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt and SpaceFM</source>
@@ -131,12 +131,12 @@
     <message>
         <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;. HEIC and JPEG stay</extracomment>
-        <translation>קוראת JPEG ואת תבניות הגלם של מצלמות נפוצות, ולפי בקשה HEIC, סרטונים ועוד</translation>
+        <translation>קוראת JPEG ואת קובצי ה־RAW של מצלמות נפוצות, ולפי בקשה HEIC, סרטונים ועוד</translation>
     </message>
     <message>
         <source>says in words where a picture was taken and shows it on a small map, without a network</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;</extracomment>
-        <translation>אומרת במילים היכן צולמה תמונה ומראה זאת על מפה קטנה, ללא רשת</translation>
+        <translation>מתארת במילים היכן צולמה תמונה ומראה זאת על מפה קטנה, ללא רשת</translation>
     </message>
     <message>
         <source>finds the pictures that were taken nearby</source>
@@ -146,7 +146,7 @@
     <message>
         <source>prints the same facts in a terminal with pinorama-info, for one picture or thousands</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;. pinorama-info is the name of a program and stays</extracomment>
-        <translation>מדפיסה את אותן העובדות במסוף בעזרת pinorama-info, לתמונה אחת או לאלפים</translation>
+        <translation>מדפיסה את אותו המידע במסוף בעזרת pinorama-info, לתמונה אחת או לאלפים</translation>
     </message>
     <message>
         <source>Taken at</source>
