@@ -39,12 +39,12 @@
     <message>
         <source>Pinorama can follow the selection in %1 once accessibility is on. This is a permanent setting of your desktop; restart the file manager after switching it on.</source>
         <extracomment>A notice in the window; %1 is the name of a file manager. Accessibility as in the settings of desktops</extracomment>
-        <translation>アクセシビリティを有効にすると、%1 の選択に追従できます。この設定はデスクトップに保存されます。有効にした後、ファイルマネージャーを再起動してください。</translation>
+        <translation>アクセシビリティを有効にすると、Pinorama は %1 の選択に追従できます。この設定はデスクトップに残り続けます。有効にした後、ファイルマネージャーを再起動してください。</translation>
     </message>
     <message>
         <source>Accessibility is on. Restart %1 or log in again; Pinorama then follows its selection.</source>
         <extracomment>A notice in the window; %1 is the name of a file manager</extracomment>
-        <translation>アクセシビリティを有効にしました。%1 を再起動するか、ログインし直すと、選択に追従します。</translation>
+        <translation>アクセシビリティは有効です。%1 を再起動するか、ログインし直すと、Pinorama が選択に追従します。</translation>
     </message>
     <message>
         <source>Accessibility could not be switched on. The manual explains how to do it by hand.</source>
@@ -172,7 +172,7 @@
     <message>
         <source>The globe program cannot be started.</source>
         <extracomment>The foot of the window</extracomment>
-        <translation>地球儀ソフトを起動できません。</translation>
+        <translation>地球儀プログラムを起動できません。</translation>
     </message>
     <message>
         <source>The file for the globe program cannot be written.</source>
@@ -215,7 +215,7 @@
     <message>
         <source>Flies the globe program to the location</source>
         <extracomment>Tool tip of the button &quot;Show in Globe&quot;</extracomment>
-        <translation>地球儀ソフトでこの場所へ移動します</translation>
+        <translation>地球儀プログラムでこの場所へ移動します</translation>
     </message>
     <message>
         <source>Show in &amp;Globe</source>
@@ -380,12 +380,12 @@
     <message>
         <source>A click shows more of the surroundings, or less</source>
         <extracomment>Of the small map.</extracomment>
-        <translation>クリックすると表示範囲が変わります</translation>
+        <translation>クリックすると、周辺をより広く、または狭く表示します</translation>
     </message>
     <message>
         <source>&amp;Read More Kinds of Files</source>
         <extracomment>Menu entry with a check mark: has pictures of more kinds and videos read, too</extracomment>
-        <translation>ほかの種類のファイルも読み取る(&amp;R)</translation>
+        <translation>他の種類のファイルも読み込む(&amp;R)</translation>
     </message>
     <message>
         <source>Taken:</source>
@@ -428,17 +428,17 @@
     <message>
         <source>Read Them</source>
         <extracomment>Button beside &quot;... pictures can be read, too&quot;: has them read from now on</extracomment>
-        <translation>読み取る</translation>
+        <translation>読み込む</translation>
     </message>
     <message>
         <source>%1 pictures can be read, too.</source>
         <extracomment>At the foot of the window; %1 is the name of a kind, such as &quot;HEIC&quot;, and no number</extracomment>
-        <translation>%1 の写真も読み取れます。</translation>
+        <translation>%1 の写真も読み込めます。</translation>
     </message>
     <message>
         <source>%1 videos can be read, too.</source>
         <extracomment>At the foot of the window; %1 is the name of a kind, such as &quot;MP4&quot;, and no number</extracomment>
-        <translation>%1 の動画も読み取れます。</translation>
+        <translation>%1 の動画も読み込めます。</translation>
     </message>
 </context>
 <context>
@@ -615,7 +615,7 @@
     <message>
         <source>Without Skallion, pictures nearby are looked for in the folders around this one</source>
         <extracomment>The second line of a tool tip</extracomment>
-        <translation>Skallion がない場合は、近くで撮影された画像を周りのフォルダーから探します</translation>
+        <translation>Skallion がない場合は、近くの写真を周りのフォルダーから探します</translation>
     </message>
     <message>
         <source>The address of %1 has no room for latitude and longitude.</source>
@@ -628,7 +628,7 @@
     <message>
         <source>Still reading %1...</source>
         <extracomment>The foot of the window; %1 is the name of a file</extracomment>
-        <translation>%1 を読み込み中です...</translation>
+        <translation>%1 をまだ読み込んでいます...</translation>
     </message>
     <message>
         <source>%1 could not be read.</source>
@@ -661,7 +661,7 @@
     <message>
         <source>No program opens geo: addresses. Marble and GNOME Maps do.</source>
         <extracomment>&quot;geo:&quot; is the beginning of an address; the names are those of programs</extracomment>
-        <translation>geo: アドレスを開くプログラムがありません。Marble や GNOME マップで開けます。</translation>
+        <translation>geo: アドレスを開くプログラムがありません。Marble や GNOME の「地図」で開けます。</translation>
     </message>
     <message>
         <source>No program opens KML files. Marble and Google Earth do.</source>
@@ -694,7 +694,7 @@
     <message>
         <source>from %1</source>
         <extracomment>Of a text that belongs to an earlier picture; %1 is the name of that</extracomment>
-        <translation>%1 より</translation>
+        <translation>%1 の情報</translation>
     </message>
 </context>
 </TS>

@@ -131,7 +131,7 @@
     <message>
         <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;. HEIC and JPEG stay</extracomment>
-        <translation>JPEG と一般的なカメラの RAW 形式を読み込み、必要に応じて HEIC や動画なども読み込みます</translation>
+        <translation>JPEG と一般的なカメラの RAW 形式を読み込み、設定により HEIC や動画なども読み込みます</translation>
     </message>
     <message>
         <source>says in words where a picture was taken and shows it on a small map, without a network</source>
@@ -171,19 +171,19 @@
         <source>Google Maps</source>
         <comment>a2</comment>
         <extracomment>In the menu of map services: the name of a web map. Most languages keep it.</extracomment>
-        <translation>Google Maps</translation>
+        <translation>Google マップ</translation>
     </message>
     <message>
         <source>Bing Maps</source>
         <comment>a3</comment>
         <extracomment>In the menu of map services: the name of a web map. Most languages keep it.</extracomment>
-        <translation>Bing Maps</translation>
+        <translation>Bing マップ</translation>
     </message>
     <message>
         <source>Apple Maps</source>
         <comment>a4</comment>
         <extracomment>In the menu of map services: the name of a web map. Most languages keep it.</extracomment>
-        <translation>Apple Maps</translation>
+        <translation>Apple マップ</translation>
     </message>
     <message>
         <source>OpenTopoMap</source>
@@ -201,7 +201,7 @@
         <source>Wikipedia articles nearby</source>
         <comment>a7</comment>
         <extracomment>In the menu of map services: opens the list of Wikipedia articles about places nearby.</extracomment>
-        <translation>付近のウィキペディア記事</translation>
+        <translation>近くのウィキペディア記事</translation>
     </message>
     <message>
         <source>All map services (GeoHack)</source>
@@ -429,13 +429,13 @@
         <source>In the time of the place. The camera&apos;s clock was set to {zone} and showed {time}.</source>
         <comment>takenByCameraElsewhere</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
-        <translation>現地時間です。カメラの時計は {zone} に設定されており、{time} を指していました。</translation>
+        <translation>現地時間です。カメラの時計は {zone} に設定されており、{time} を示していました。</translation>
     </message>
     <message>
         <source>By the camera&apos;s clock. The picture does not say its time zone; the one shown is that of the place.</source>
         <comment>takenByCameraAssumed</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
-        <translation>カメラの時計による時刻です。画像にはタイムゾーンの記録がないため、撮影地のものを表示しています。</translation>
+        <translation>カメラの時計による時刻です。写真にはタイムゾーンの記録がないため、撮影地のものを表示しています。</translation>
     </message>
     <message>
         <source>By the camera&apos;s clock. Its time zone is not known.</source>
