@@ -149,12 +149,12 @@
     <message>
         <source>%1 could not be written: %2</source>
         <extracomment>A notice in the window: %1 is the name of a file, %2 a reason, with its full stop</extracomment>
-        <translation>%1에 쓸 수 없습니다: %2</translation>
+        <translation>%1 파일을 쓸 수 없습니다: %2</translation>
     </message>
     <message>
         <source>%1 was saved.</source>
         <extracomment>%1 is the name of a file that was written</extracomment>
-        <translation>%1 저장됨.</translation>
+        <translation>%1 파일을 저장했습니다.</translation>
     </message>
     <message>
         <source>Show in Fo&amp;lder</source>
@@ -230,7 +230,7 @@
     <message>
         <source>Finds all catalogued pictures taken within 2000 m</source>
         <extracomment>Tool tip of the button &quot;Find in Skallion&quot;</extracomment>
-        <translation>2000 m 안에서 찍은 목록 속 사진을 모두 찾습니다</translation>
+        <translation>2000 m 이내에서 찍은 카탈로그의 사진을 모두 찾습니다</translation>
     </message>
     <message>
         <source>&amp;Find in Skallion</source>
@@ -240,7 +240,7 @@
     <message>
         <source>Writes the location as a placemark file</source>
         <extracomment>Tool tip of the button &quot;Export as KML&quot;</extracomment>
-        <translation>위치를 위치표 파일로 저장합니다</translation>
+        <translation>위치를 위치표시 파일로 저장합니다</translation>
     </message>
     <message>
         <source>&amp;Export as KML…</source>
@@ -514,7 +514,7 @@
         <source>Stopped. %Ln picture(s) found until then</source>
         <extracomment>Below the pictures, after the button &quot;Stop&quot;; %Ln is their number</extracomment>
         <translation>
-            <numerusform>중지됨. 그때까지 사진 %Ln장을 찾았습니다</numerusform>
+            <numerusform>중지했습니다. 그때까지 사진 %Ln장을 찾았습니다</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -628,7 +628,7 @@
     <message>
         <source>Still reading %1...</source>
         <extracomment>The foot of the window; %1 is the name of a file</extracomment>
-        <translation>%1 읽는 중...</translation>
+        <translation>%1 파일을 아직 읽는 중...</translation>
     </message>
     <message>
         <source>%1 could not be read.</source>
@@ -661,32 +661,32 @@
     <message>
         <source>No program opens geo: addresses. Marble and GNOME Maps do.</source>
         <extracomment>&quot;geo:&quot; is the beginning of an address; the names are those of programs</extracomment>
-        <translation>geo: 주소를 여는 프로그램이 없습니다. Marble과 GNOME 지도가 엽니다.</translation>
+        <translation>geo: 주소를 여는 프로그램이 없습니다. Marble이나 GNOME 지도로 열 수 있습니다.</translation>
     </message>
     <message>
         <source>No program opens KML files. Marble and Google Earth do.</source>
         <extracomment>The foot of the window. KML is a kind of file; the names of programs stay</extracomment>
-        <translation>KML 파일을 여는 프로그램이 없습니다. Marble과 Google Earth가 엽니다.</translation>
+        <translation>KML 파일을 여는 프로그램이 없습니다. Marble이나 Google Earth로 열 수 있습니다.</translation>
     </message>
     <message>
         <source>No program opens addresses that begin with %1:.</source>
         <extracomment>%1 is the beginning of an address, such as &quot;om&quot;</extracomment>
-        <translation>%1: 형식으로 시작하는 주소를 여는 프로그램이 없습니다.</translation>
+        <translation>%1:(으)로 시작하는 주소를 여는 프로그램이 없습니다.</translation>
     </message>
     <message>
         <source>No program opens %1.</source>
         <extracomment>The foot of the window. %1 is the name of a file, such as manual.md</extracomment>
-        <translation>%1을(를) 여는 프로그램이 없습니다.</translation>
+        <translation>%1 파일을 여는 프로그램이 없습니다.</translation>
     </message>
     <message>
         <source>%1 is no valid address.</source>
         <extracomment>The foot of the window. %1 is an address that the user has written</extracomment>
-        <translation>%1은(는) 올바른 주소가 아닙니다.</translation>
+        <translation>%1: 올바른 주소가 아닙니다.</translation>
     </message>
     <message>
         <source>%1 could not be opened. Is xdg-utils installed?</source>
         <extracomment>The foot of the window. %1 is an address; xdg-utils is the name of a package</extracomment>
-        <translation>%1을(를) 열 수 없었습니다. xdg-utils가 설치되어 있습니까?</translation>
+        <translation>%1 주소를 열 수 없었습니다. xdg-utils가 설치되어 있습니까?</translation>
     </message>
 </context>
 <context>
@@ -694,7 +694,7 @@
     <message>
         <source>from %1</source>
         <extracomment>Of a text that belongs to an earlier picture; %1 is the name of that</extracomment>
-        <translation>%1에서</translation>
+        <translation>%1의 정보</translation>
     </message>
 </context>
 </TS>

@@ -36,17 +36,17 @@
     <message>
         <source>Hasselblad raw image</source>
         <extracomment>Kind of file, in file managers. Hasselblad stays</extracomment>
-        <translation>Hasselblad RAW 그림</translation>
+        <translation>Hasselblad RAW 사진</translation>
     </message>
     <message>
         <source>Leaf raw image</source>
         <extracomment>Kind of file, in file managers. Leaf is a maker of cameras and stays</extracomment>
-        <translation>Leaf RAW 그림</translation>
+        <translation>Leaf RAW 사진</translation>
     </message>
     <message>
         <source>Pentax raw image</source>
         <extracomment>Kind of file, in file managers. Pentax stays</extracomment>
-        <translation>Pentax RAW 그림</translation>
+        <translation>Pentax RAW 사진</translation>
     </message>
     <message>
         <source>Show Where It Was Taken</source>
@@ -81,7 +81,7 @@
     <message>
         <source>Save the place as a KML placemark</source>
         <extracomment>In the list below &quot;From the window you can:&quot;. KML is a kind of file and stays</extracomment>
-        <translation>그곳을 KML 위치표로 저장하기</translation>
+        <translation>그곳을 KML 위치표시로 저장하기</translation>
     </message>
     <message>
         <source>Copy the place as a coordinate, as a link or in words</source>
@@ -279,13 +279,13 @@
         <source>{distance} km {direction} of {town}, {country}</source>
         <comment>away</comment>
         <extracomment>A place on land. {town} and {country} are names as they stand on maps, {distance} is a number of kilometres and {direction} one of the points of the compass below. The names in braces may stand in any order. The form without {country} is for places such as Singapore, which are town and country.</extracomment>
-        <translation>{country} {town}에서 {direction}쪽 {distance} km</translation>
+        <translation>{country} {town}에서 {direction}쪽으로 {distance} km</translation>
     </message>
     <message>
         <source>{distance} km {direction} of {town}</source>
         <comment>awayTown</comment>
         <extracomment>A place on land. {town} and {country} are names as they stand on maps, {distance} is a number of kilometres and {direction} one of the points of the compass below. The names in braces may stand in any order. The form without {country} is for places such as Singapore, which are town and country.</extracomment>
-        <translation>{town}에서 {direction}쪽 {distance} km</translation>
+        <translation>{town}에서 {direction}쪽으로 {distance} km</translation>
     </message>
     <message>
         <source>{sea}, {distance} km from {place}</source>
