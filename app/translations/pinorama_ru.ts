@@ -11,7 +11,7 @@
     <message>
         <source>Shows where the picture selected in the file manager was taken.</source>
         <extracomment>In the dialog &quot;About Pinorama&quot;: what the program does</extracomment>
-        <translation>Показывает, где снята фотография, выбранная в диспетчере файлов.</translation>
+        <translation>Показывает, где сделан снимок, выбранный в диспетчере файлов.</translation>
     </message>
     <message>
         <source>Free software under the GNU General Public License, version 3 or later. It comes with no warranty.</source>
@@ -57,12 +57,12 @@
     <message>
         <source>Files cannot be opened: the program pinorama-opener does not start.</source>
         <extracomment>The foot of the window. pinorama-opener is the name of a program and stays</extracomment>
-        <translation>Нельзя открывать файлы: программа pinorama-opener не запускается.</translation>
+        <translation>Не удаётся открыть файлы: программа pinorama-opener не запускается.</translation>
     </message>
     <message>
         <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
         <extracomment>The foot of the window. pinorama-reader is the name of a program and stays</extracomment>
-        <translation>Нельзя читать фотографии: программа pinorama-reader не запускается.</translation>
+        <translation>Не удаётся прочитать снимки: программа pinorama-reader не запускается.</translation>
     </message>
     <message>
         <source>Re&amp;load</source>
@@ -195,7 +195,7 @@
     <message>
         <source>Preview</source>
         <extracomment>What a screen reader says of the small picture</extracomment>
-        <translation>Просмотр</translation>
+        <translation>Предварительный просмотр</translation>
     </message>
     <message>
         <source>A click shows more of the surroundings, or less</source>
@@ -210,7 +210,7 @@
     <message>
         <source>Opens the location in a web map</source>
         <extracomment>Tool tip of the pop-up menu of map services</extracomment>
-        <translation>Открывает место на карте в интернете</translation>
+        <translation>Открывает место на веб-карте</translation>
     </message>
     <message>
         <source>Map Services</source>
@@ -494,7 +494,7 @@
     <message>
         <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
         <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
-        <translation>Нельзя искать снимки: программа pinorama-search не запускается.</translation>
+        <translation>Не удаётся искать снимки: программа pinorama-search не запускается.</translation>
     </message>
     <message>
         <source>No other picture within %1 m was found in these folders:
@@ -614,7 +614,7 @@
     <message>
         <source>Several files are selected; the window shows one at a time.</source>
         <extracomment>The foot of the window</extracomment>
-        <translation>Выбрано несколько файлов; окно показывает только один.</translation>
+        <translation>Выбрано несколько файлов; окно показывает их по одному.</translation>
     </message>
 </context>
 <context>
@@ -640,7 +640,7 @@
     <message>
         <source>Still reading %1...</source>
         <extracomment>The foot of the window; %1 is the name of a file</extracomment>
-        <translation>Чтение %1...</translation>
+        <translation>Всё ещё читается %1...</translation>
     </message>
     <message>
         <source>%1 could not be read.</source>

@@ -11,7 +11,7 @@
     <message>
         <source>See where the selected picture was taken</source>
         <extracomment>Tool tip of the program in the menu of programs</extracomment>
-        <translation>Показывает, где снята выбранная фотография</translation>
+        <translation>Показывает, где сделан выбранный снимок</translation>
     </message>
     <message>
         <source>photo;picture;GPS;location;map;EXIF;IPTC;geotag;coordinates;KML;raw;</source>
@@ -36,17 +36,17 @@
     <message>
         <source>Hasselblad raw image</source>
         <extracomment>Kind of file, in file managers. Hasselblad stays</extracomment>
-        <translation>Изображение RAW Hasselblad</translation>
+        <translation>Необработанное изображение Hasselblad</translation>
     </message>
     <message>
         <source>Leaf raw image</source>
         <extracomment>Kind of file, in file managers. Leaf is a maker of cameras and stays</extracomment>
-        <translation>Изображение RAW Leaf</translation>
+        <translation>Необработанное изображение Leaf</translation>
     </message>
     <message>
         <source>Pentax raw image</source>
         <extracomment>Kind of file, in file managers. Pentax stays</extracomment>
-        <translation>Изображение RAW Pentax</translation>
+        <translation>Необработанное изображение Pentax</translation>
     </message>
     <message>
         <source>Show Where It Was Taken</source>
@@ -61,7 +61,7 @@
     <message>
         <source>Pinorama keeps one small window open beside the file manager. Select a picture there, and the window shows where it was taken: in words and on a small map, with preview, size, dates, coordinate, altitude and direction of view. It reads JPEG and the raw formats of common cameras, and it needs no network.</source>
         <extracomment>What the program is for, in software stores. Pinorama and JPEG stay</extracomment>
-        <translation>Pinorama держит рядом с диспетчером файлов небольшое окно. Выберите там снимок, и окно покажет, где он сделан: словами и на маленькой карте, с миниатюрой, размером, датами, координатами, высотой и направлением взгляда. Программа читает JPEG и необработанные форматы распространённых камер, сеть ей не нужна.</translation>
+        <translation>Pinorama держит рядом с диспетчером файлов небольшое окно. Выберите там снимок, и окно покажет, где он сделан: словами и на маленькой карте, с предварительным просмотром, размером, датами, координатами, высотой и направлением съёмки. Программа читает JPEG и форматы RAW распространённых фотоаппаратов, сеть ей не нужна.</translation>
     </message>
     <message>
         <source>From the window you can:</source>
@@ -111,7 +111,7 @@
     <message>
         <source>A raw file, with its direction of view</source>
         <extracomment>Below a picture of the window in software stores, without a full stop. It shows a file of a camera&apos;s own format</extracomment>
-        <translation>Необработанный файл с направлением взгляда</translation>
+        <translation>Файл RAW с направлением съёмки</translation>
     </message>
     <message>
         <source>The window in a dark theme</source>
@@ -131,12 +131,12 @@
     <message>
         <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;. HEIC and JPEG stay</extracomment>
-        <translation>читает JPEG и необработанные форматы распространённых камер, а по желанию HEIC, видео и другое</translation>
+        <translation>читает JPEG и форматы RAW распространённых фотоаппаратов, а по желанию HEIC, видео и другое</translation>
     </message>
     <message>
         <source>says in words where a picture was taken and shows it on a small map, without a network</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;</extracomment>
-        <translation>говорит словами, где сделан снимок, и показывает это на маленькой карте, без сети</translation>
+        <translation>описывает словами, где сделан снимок, и показывает это на маленькой карте, без сети</translation>
     </message>
     <message>
         <source>finds the pictures that were taken nearby</source>
@@ -201,7 +201,7 @@
         <source>Street-level pictures (Mapillary)</source>
         <comment>a6</comment>
         <extracomment>In the menu of map services: opens pictures that people took of the streets around. Mapillary is a name and stays.</extracomment>
-        <translation>Панорамы улиц (Mapillary)</translation>
+        <translation>Снимки улиц (Mapillary)</translation>
     </message>
     <message>
         <source>Wikipedia articles nearby</source>
@@ -411,7 +411,7 @@
         <source>By the clock of the satellites, in the time of the place.</source>
         <comment>takenBySatellites</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
-        <translation>По часам спутников, во времени места.</translation>
+        <translation>По часам спутников, по времени места съёмки.</translation>
     </message>
     <message>
         <source>By the clock of the satellites, which is in UTC.</source>
@@ -429,13 +429,13 @@
         <source>In the time of the place. The camera&apos;s clock was set to {zone} and showed {time}.</source>
         <comment>takenByCameraElsewhere</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
-        <translation>Во времени места. Часы фотоаппарата были установлены на {zone} и показывали {time}.</translation>
+        <translation>По времени места съёмки. Часы фотоаппарата были установлены на {zone} и показывали {time}.</translation>
     </message>
     <message>
         <source>By the camera&apos;s clock. The picture does not say its time zone; the one shown is that of the place.</source>
         <comment>takenByCameraAssumed</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
-        <translation>По часам фотоаппарата. В снимке не указан их часовой пояс; показан пояс места.</translation>
+        <translation>По часам фотоаппарата. Часовой пояс в снимке не указан; показан пояс места съёмки.</translation>
     </message>
     <message>
         <source>By the camera&apos;s clock. Its time zone is not known.</source>
