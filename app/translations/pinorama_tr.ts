@@ -83,7 +83,7 @@
     <message>
         <source>Copy &amp;It As</source>
         <extracomment>The menu of the forms in which a place can be copied</extracomment>
-        <translation>Ş&amp;öyle Kopyala</translation>
+        <translation>&amp;Farklı Kopyala</translation>
     </message>
     <message>
         <source>As Shown</source>
@@ -195,7 +195,7 @@
     <message>
         <source>Preview</source>
         <extracomment>What a screen reader says of the small picture</extracomment>
-        <translation>Ön izleme</translation>
+        <translation>Önizleme</translation>
     </message>
     <message>
         <source>A click shows more of the surroundings, or less</source>
@@ -230,7 +230,7 @@
     <message>
         <source>Finds all catalogued pictures taken within 2000 m</source>
         <extracomment>Tool tip of the button &quot;Find in Skallion&quot;</extracomment>
-        <translation>Kataloglanmış, 2000 m içinde çekilmiş tüm resimleri bulur</translation>
+        <translation>2000 m içinde çekilmiş, kataloglanmış tüm resimleri bulur</translation>
     </message>
     <message>
         <source>&amp;Find in Skallion</source>
@@ -240,7 +240,7 @@
     <message>
         <source>Writes the location as a placemark file</source>
         <extracomment>Tool tip of the button &quot;Export as KML&quot;</extracomment>
-        <translation>Konumu yer imi dosyası olarak yazar</translation>
+        <translation>Konumu yer işareti dosyası olarak yazar</translation>
     </message>
     <message>
         <source>&amp;Export as KML…</source>
@@ -290,7 +290,7 @@
     <message>
         <source>Altitude:</source>
         <extracomment>Caption before the height above the sea, such as &quot;1,200 m&quot;</extracomment>
-        <translation>Yükseklik:</translation>
+        <translation>Rakım:</translation>
     </message>
     <message>
         <source>Direction:</source>
@@ -305,7 +305,7 @@
     <message>
         <source>State:</source>
         <extracomment>Caption before the name of the state or province, which the photographer wrote into the picture</extracomment>
-        <translation>Eyalet:</translation>
+        <translation>İl/Eyalet:</translation>
     </message>
     <message>
         <source>Country:</source>
@@ -628,7 +628,7 @@
     <message>
         <source>Still reading %1...</source>
         <extracomment>The foot of the window; %1 is the name of a file</extracomment>
-        <translation>%1 okunuyor...</translation>
+        <translation>%1 hâlâ okunuyor...</translation>
     </message>
     <message>
         <source>%1 could not be read.</source>

@@ -61,7 +61,7 @@
     <message>
         <source>Pinorama keeps one small window open beside the file manager. Select a picture there, and the window shows where it was taken: in words and on a small map, with preview, size, dates, coordinate, altitude and direction of view. It reads JPEG and the raw formats of common cameras, and it needs no network.</source>
         <extracomment>What the program is for, in software stores. Pinorama and JPEG stay</extracomment>
-        <translation>Pinorama, dosya yöneticisinin yanında küçük bir pencereyi açık tutar. Orada bir resim seçin; pencere onun nerede çekildiğini gösterir: sözle ve küçük bir haritada, önizleme, boyut, tarihler, koordinat, yükseklik ve bakış yönüyle birlikte. JPEG dosyalarını ve yaygın fotoğraf makinelerinin ham biçimlerini okur, ağa gerek duymaz.</translation>
+        <translation>Pinorama, dosya yöneticisinin yanında küçük bir pencereyi açık tutar. Orada bir resim seçin; pencere onun nerede çekildiğini gösterir: sözle ve küçük bir haritada, önizleme, boyut, tarihler, koordinat, rakım ve çekim yönüyle birlikte. JPEG dosyalarını ve yaygın kameraların ham biçimlerini okur, ağa gerek duymaz.</translation>
     </message>
     <message>
         <source>From the window you can:</source>
@@ -111,7 +111,7 @@
     <message>
         <source>A raw file, with its direction of view</source>
         <extracomment>Below a picture of the window in software stores, without a full stop. It shows a file of a camera&apos;s own format</extracomment>
-        <translation>Bakış yönüyle birlikte bir ham dosya</translation>
+        <translation>Çekim yönüyle birlikte bir ham dosya</translation>
     </message>
     <message>
         <source>The window in a dark theme</source>
@@ -131,7 +131,7 @@
     <message>
         <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;. HEIC and JPEG stay</extracomment>
-        <translation>JPEG dosyalarını ve yaygın fotoğraf makinelerinin ham biçimlerini, istenirse HEIC, video ve başkalarını okur</translation>
+        <translation>JPEG dosyalarını ve yaygın kameraların ham biçimlerini, istenirse HEIC, video ve başkalarını okur</translation>
     </message>
     <message>
         <source>says in words where a picture was taken and shows it on a small map, without a network</source>
@@ -156,7 +156,7 @@
     <message>
         <source>The place where the picture was taken</source>
         <extracomment>Explains the column &quot;Taken at&quot; in the settings of file managers</extracomment>
-        <translation>Fotoğrafın çekildiği yer</translation>
+        <translation>Resmin çekildiği yer</translation>
     </message>
 </context>
 <context>
@@ -279,13 +279,13 @@
         <source>{distance} km {direction} of {town}, {country}</source>
         <comment>away</comment>
         <extracomment>A place on land. {town} and {country} are names as they stand on maps, {distance} is a number of kilometres and {direction} one of the points of the compass below. The names in braces may stand in any order. The form without {country} is for places such as Singapore, which are town and country.</extracomment>
-        <translation>{town}, {country} noktasının {distance} km {direction} yönünde</translation>
+        <translation>{town}, {country} noktasından {distance} km {direction} yönünde</translation>
     </message>
     <message>
         <source>{distance} km {direction} of {town}</source>
         <comment>awayTown</comment>
         <extracomment>A place on land. {town} and {country} are names as they stand on maps, {distance} is a number of kilometres and {direction} one of the points of the compass below. The names in braces may stand in any order. The form without {country} is for places such as Singapore, which are town and country.</extracomment>
-        <translation>{town} noktasının {distance} km {direction} yönünde</translation>
+        <translation>{town} noktasından {distance} km {direction} yönünde</translation>
     </message>
     <message>
         <source>{sea}, {distance} km from {place}</source>
@@ -411,7 +411,7 @@
         <source>By the clock of the satellites, in the time of the place.</source>
         <comment>takenBySatellites</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
-        <translation>Uyduların saatine göre, yerin saatiyle.</translation>
+        <translation>Uyduların saatine göre, çekim yerinin saatiyle.</translation>
     </message>
     <message>
         <source>By the clock of the satellites, which is in UTC.</source>
@@ -429,13 +429,13 @@
         <source>In the time of the place. The camera&apos;s clock was set to {zone} and showed {time}.</source>
         <comment>takenByCameraElsewhere</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
-        <translation>Yerin saatiyle. Kameranın saati {zone} olarak ayarlıydı ve {time} gösteriyordu.</translation>
+        <translation>Çekim yerinin saatiyle. Kameranın saati {zone} olarak ayarlıydı ve {time} gösteriyordu.</translation>
     </message>
     <message>
         <source>By the camera&apos;s clock. The picture does not say its time zone; the one shown is that of the place.</source>
         <comment>takenByCameraAssumed</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
-        <translation>Kameranın saatine göre. Resim, saat dilimini belirtmiyor; gösterilen, yerin saat dilimidir.</translation>
+        <translation>Kameranın saatine göre. Resim, saat dilimini belirtmiyor; gösterilen, çekim yerinin saat dilimidir.</translation>
     </message>
     <message>
         <source>By the camera&apos;s clock. Its time zone is not known.</source>
