@@ -57,12 +57,12 @@
     <message>
         <source>Files cannot be opened: the program pinorama-opener does not start.</source>
         <extracomment>The foot of the window. pinorama-opener is the name of a program and stays</extracomment>
-        <translation>Не можна відкривати файли: програма pinorama-opener не запускається.</translation>
+        <translation>Не вдається відкрити файли: програма pinorama-opener не запускається.</translation>
     </message>
     <message>
         <source>Pictures cannot be read: the program pinorama-reader does not start.</source>
         <extracomment>The foot of the window. pinorama-reader is the name of a program and stays</extracomment>
-        <translation>Не можна читати знімки: програма pinorama-reader не запускається.</translation>
+        <translation>Не вдається прочитати знімки: програма pinorama-reader не запускається.</translation>
     </message>
     <message>
         <source>Re&amp;load</source>
@@ -195,7 +195,7 @@
     <message>
         <source>Preview</source>
         <extracomment>What a screen reader says of the small picture</extracomment>
-        <translation>Перегляд</translation>
+        <translation>Попередній перегляд</translation>
     </message>
     <message>
         <source>A click shows more of the surroundings, or less</source>
@@ -240,7 +240,7 @@
     <message>
         <source>Writes the location as a placemark file</source>
         <extracomment>Tool tip of the button &quot;Export as KML&quot;</extracomment>
-        <translation>Записує місце до файла позначки</translation>
+        <translation>Записує місце до файла мітки</translation>
     </message>
     <message>
         <source>&amp;Export as KML…</source>
@@ -305,7 +305,7 @@
     <message>
         <source>State:</source>
         <extracomment>Caption before the name of the state or province, which the photographer wrote into the picture</extracomment>
-        <translation>Область:</translation>
+        <translation>Регіон:</translation>
     </message>
     <message>
         <source>Country:</source>
@@ -345,7 +345,7 @@
     <message>
         <source>Open in &amp;Map Service</source>
         <extracomment>Menu entry: its submenu has the web maps</extracomment>
-        <translation>Відкрити у слу&amp;жбі карт</translation>
+        <translation>Відкрити в картографічній слу&amp;жбі</translation>
     </message>
     <message>
         <source>Cop&amp;y Coordinate</source>
@@ -494,7 +494,7 @@
     <message>
         <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
         <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
-        <translation>Не можна шукати знімки: програма pinorama-search не запускається.</translation>
+        <translation>Не вдається шукати знімки: програма pinorama-search не запускається.</translation>
     </message>
     <message>
         <source>No other picture within %1 m was found in these folders:
@@ -604,7 +604,7 @@
     <message>
         <source>%1 cannot be opened: %2.</source>
         <extracomment>%2 is the system&apos;s reason, such as &quot;Input/output error&quot;</extracomment>
-        <translation>Не можна відкрити %1: %2.</translation>
+        <translation>Не вдається відкрити %1: %2.</translation>
     </message>
     <message>
         <source>This picture does not say where it was taken.</source>
@@ -614,7 +614,7 @@
     <message>
         <source>Several files are selected; the window shows one at a time.</source>
         <extracomment>The foot of the window</extracomment>
-        <translation>Вибрано декілька файлів; вікно показує лише один.</translation>
+        <translation>Вибрано декілька файлів; вікно показує їх по одному.</translation>
     </message>
 </context>
 <context>
@@ -640,7 +640,7 @@
     <message>
         <source>Still reading %1...</source>
         <extracomment>The foot of the window; %1 is the name of a file</extracomment>
-        <translation>Читання %1...</translation>
+        <translation>Усе ще читається %1...</translation>
     </message>
     <message>
         <source>%1 could not be read.</source>

@@ -6,7 +6,7 @@
     <message>
         <source>Picture Location Viewer</source>
         <extracomment>Kind of program, in the menu of programs</extracomment>
-        <translation>Переглядач місця зйомки</translation>
+        <translation>Переглядач місця знімання</translation>
     </message>
     <message>
         <source>See where the selected picture was taken</source>
@@ -36,22 +36,22 @@
     <message>
         <source>Hasselblad raw image</source>
         <extracomment>Kind of file, in file managers. Hasselblad stays</extracomment>
-        <translation>Зображення RAW Hasselblad</translation>
+        <translation>цифровий негатив Hasselblad</translation>
     </message>
     <message>
         <source>Leaf raw image</source>
         <extracomment>Kind of file, in file managers. Leaf is a maker of cameras and stays</extracomment>
-        <translation>Зображення RAW Leaf</translation>
+        <translation>цифровий негатив Leaf</translation>
     </message>
     <message>
         <source>Pentax raw image</source>
         <extracomment>Kind of file, in file managers. Pentax stays</extracomment>
-        <translation>Зображення RAW Pentax</translation>
+        <translation>цифровий негатив Pentax</translation>
     </message>
     <message>
         <source>Show Where It Was Taken</source>
         <extracomment>Entry in the context menu of file managers, for a picture: shows its place in Pinorama</extracomment>
-        <translation>Показати місце зйомки</translation>
+        <translation>Показати місце знімання</translation>
     </message>
     <message>
         <source>Shows in Pinorama where the picture was taken</source>
@@ -61,7 +61,7 @@
     <message>
         <source>Pinorama keeps one small window open beside the file manager. Select a picture there, and the window shows where it was taken: in words and on a small map, with preview, size, dates, coordinate, altitude and direction of view. It reads JPEG and the raw formats of common cameras, and it needs no network.</source>
         <extracomment>What the program is for, in software stores. Pinorama and JPEG stay</extracomment>
-        <translation>Pinorama тримає поряд із менеджером файлів невелике вікно. Виберіть там знімок, і вікно покаже, де його зроблено: словами й на маленькій карті, з мініатюрою, розміром, датами, координатами, висотою та напрямком погляду. Програма читає JPEG і необроблені формати поширених камер, мережа їй не потрібна.</translation>
+        <translation>Pinorama тримає поряд із менеджером файлів невелике вікно. Виберіть там знімок, і вікно покаже, де його зроблено: словами й на маленькій карті, з попереднім переглядом, розміром, датами, координатами, висотою та напрямком знімання. Програма читає JPEG і формати RAW поширених фотоапаратів, мережа їй не потрібна.</translation>
     </message>
     <message>
         <source>From the window you can:</source>
@@ -106,12 +106,12 @@
     <message>
         <source>The place of a picture in words and on a map</source>
         <extracomment>Below a picture of the window in software stores, without a full stop</extracomment>
-        <translation>Місце знімка словами й на карті</translation>
+        <translation>Місце знімання словами й на карті</translation>
     </message>
     <message>
         <source>A raw file, with its direction of view</source>
         <extracomment>Below a picture of the window in software stores, without a full stop. It shows a file of a camera&apos;s own format</extracomment>
-        <translation>Необроблений файл із напрямком погляду</translation>
+        <translation>Файл RAW із напрямком знімання</translation>
     </message>
     <message>
         <source>The window in a dark theme</source>
@@ -131,12 +131,12 @@
     <message>
         <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;. HEIC and JPEG stay</extracomment>
-        <translation>читає JPEG і необроблені формати поширених камер, а за бажанням HEIC, відео та інше</translation>
+        <translation>читає JPEG і формати RAW поширених фотоапаратів, а за бажанням HEIC, відео та інше</translation>
     </message>
     <message>
         <source>says in words where a picture was taken and shows it on a small map, without a network</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;</extracomment>
-        <translation>каже словами, де зроблено знімок, і показує це на маленькій карті, без мережі</translation>
+        <translation>описує словами, де зроблено знімок, і показує це на маленькій карті, без мережі</translation>
     </message>
     <message>
         <source>finds the pictures that were taken nearby</source>
@@ -201,7 +201,7 @@
         <source>Street-level pictures (Mapillary)</source>
         <comment>a6</comment>
         <extracomment>In the menu of map services: opens pictures that people took of the streets around. Mapillary is a name and stays.</extracomment>
-        <translation>Панорами вулиць (Mapillary)</translation>
+        <translation>Знімки вулиць (Mapillary)</translation>
     </message>
     <message>
         <source>Wikipedia articles nearby</source>
@@ -219,7 +219,7 @@
         <source>Map program of this computer</source>
         <comment>a9</comment>
         <extracomment>In the menu of map services: opens the place in the map program that is installed.</extracomment>
-        <translation>Програма карт на цьому комп&apos;ютері</translation>
+        <translation>Програма карт на цьому комп’ютері</translation>
     </message>
 </context>
 <context>
@@ -411,7 +411,7 @@
         <source>By the clock of the satellites, in the time of the place.</source>
         <comment>takenBySatellites</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
-        <translation>За годинником супутників, у часі місця.</translation>
+        <translation>За годинником супутників, за часом місця знімання.</translation>
     </message>
     <message>
         <source>By the clock of the satellites, which is in UTC.</source>
@@ -429,13 +429,13 @@
         <source>In the time of the place. The camera&apos;s clock was set to {zone} and showed {time}.</source>
         <comment>takenByCameraElsewhere</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
-        <translation>У часі місця. Годинник фотоапарата було виставлено на {zone}, і він показував {time}.</translation>
+        <translation>За часом місця знімання. Годинник фотоапарата було виставлено на {zone}, і він показував {time}.</translation>
     </message>
     <message>
         <source>By the camera&apos;s clock. The picture does not say its time zone; the one shown is that of the place.</source>
         <comment>takenByCameraAssumed</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
-        <translation>За годинником фотоапарата. Знімок не називає його часового поясу; показано пояс місця.</translation>
+        <translation>За годинником фотоапарата. У знімку не вказано часовий пояс; показано пояс місця знімання.</translation>
     </message>
     <message>
         <source>By the camera&apos;s clock. Its time zone is not known.</source>
