@@ -113,7 +113,7 @@
     <message>
         <source>Link to %1</source>
         <extracomment>%1 is a map service, such as OpenStreetMap</extracomment>
-        <translation>%1 的链接</translation>
+        <translation>%1 链接</translation>
     </message>
 </context>
 <context>
@@ -134,7 +134,7 @@
     <message>
         <source>writing there is not allowed.</source>
         <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
-        <translation>那里不允许写入。</translation>
+        <translation>不允许写入该位置。</translation>
     </message>
     <message>
         <source>there is no such folder.</source>
@@ -225,7 +225,7 @@
     <message>
         <source>Finds all catalogued pictures taken within 2000 m</source>
         <extracomment>Tool tip of the button &quot;Find in Skallion&quot;</extracomment>
-        <translation>查找目录中在 2000&#xa0;米范围内拍摄的所有照片</translation>
+        <translation>查找 2000&#xa0;米范围内拍摄的所有已编目照片</translation>
     </message>
     <message>
         <source>&amp;Find in Skallion</source>
@@ -577,7 +577,7 @@
     <message>
         <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
         <extracomment>The foot of the window. JPEG stays</extracomment>
-        <translation>不读取此类文件：只读取 JPEG 和相机的原始文件。</translation>
+        <translation>不读取此类文件：只读取 JPEG 和相机的 RAW 文件。</translation>
     </message>
     <message>
         <source>There is no file %1.</source>
@@ -615,12 +615,12 @@
     <message>
         <source>Without Skallion, pictures nearby are looked for in the folders around this one</source>
         <extracomment>The second line of a tool tip</extracomment>
-        <translation>没有 Skallion 时，在周围的文件夹中查找附近拍摄的图片</translation>
+        <translation>没有 Skallion 时，在周围的文件夹中查找附近的照片</translation>
     </message>
     <message>
         <source>The address of %1 has no room for latitude and longitude.</source>
         <extracomment>The foot of the window. %1 is the title of a map service that the user has added</extracomment>
-        <translation>%1 的地址中没有纬度和经度的位置。</translation>
+        <translation>%1 的地址中没有可填入纬度和经度的位置。</translation>
     </message>
 </context>
 <context>

@@ -61,7 +61,7 @@
     <message>
         <source>Pinorama keeps one small window open beside the file manager. Select a picture there, and the window shows where it was taken: in words and on a small map, with preview, size, dates, coordinate, altitude and direction of view. It reads JPEG and the raw formats of common cameras, and it needs no network.</source>
         <extracomment>What the program is for, in software stores. Pinorama and JPEG stay</extracomment>
-        <translation>Pinorama 会在文件管理器旁保持打开一个小窗口。在文件管理器中选中一张照片，窗口就会显示它的拍摄地点：既有文字也有小地图，还有预览、大小、日期、坐标、海拔和拍摄方向。它可以读取 JPEG 和常见相机的原始格式，而且不需要网络。</translation>
+        <translation>Pinorama 会在文件管理器旁保持打开一个小窗口。在文件管理器中选中一张照片，窗口就会显示它的拍摄地点：既有文字也有小地图，还有预览、大小、日期、坐标、海拔和拍摄方向。它可以读取 JPEG 和常见相机的 RAW 格式，而且不需要网络。</translation>
     </message>
     <message>
         <source>From the window you can:</source>
@@ -111,7 +111,7 @@
     <message>
         <source>A raw file, with its direction of view</source>
         <extracomment>Below a picture of the window in software stores, without a full stop. It shows a file of a camera&apos;s own format</extracomment>
-        <translation>原始格式文件及其拍摄方向</translation>
+        <translation>RAW 文件及其拍摄方向</translation>
     </message>
     <message>
         <source>The window in a dark theme</source>
@@ -131,7 +131,7 @@
     <message>
         <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;. HEIC and JPEG stay</extracomment>
-        <translation>读取 JPEG 和常见相机的原始格式，并可按需读取 HEIC、视频等</translation>
+        <translation>读取 JPEG 和常见相机的 RAW 格式，并可按需读取 HEIC、视频等</translation>
     </message>
     <message>
         <source>says in words where a picture was taken and shows it on a small map, without a network</source>
@@ -171,19 +171,19 @@
         <source>Google Maps</source>
         <comment>a2</comment>
         <extracomment>In the menu of map services: the name of a web map. Most languages keep it.</extracomment>
-        <translation>Google Maps</translation>
+        <translation>Google 地图</translation>
     </message>
     <message>
         <source>Bing Maps</source>
         <comment>a3</comment>
         <extracomment>In the menu of map services: the name of a web map. Most languages keep it.</extracomment>
-        <translation>Bing Maps</translation>
+        <translation>Bing 地图</translation>
     </message>
     <message>
         <source>Apple Maps</source>
         <comment>a4</comment>
         <extracomment>In the menu of map services: the name of a web map. Most languages keep it.</extracomment>
-        <translation>Apple Maps</translation>
+        <translation>Apple 地图</translation>
     </message>
     <message>
         <source>OpenTopoMap</source>
@@ -435,7 +435,7 @@
         <source>By the camera&apos;s clock. The picture does not say its time zone; the one shown is that of the place.</source>
         <comment>takenByCameraAssumed</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
-        <translation>依据相机时钟。图片未注明时区，此处显示的是拍摄地的时区。</translation>
+        <translation>依据相机时钟。照片未注明时区，此处显示的是拍摄地的时区。</translation>
     </message>
     <message>
         <source>By the camera&apos;s clock. Its time zone is not known.</source>
