@@ -21,12 +21,12 @@
     <message>
         <source>Made with these libraries:</source>
         <extracomment>In the dialog &quot;About Pinorama&quot;, above a list</extracomment>
-        <translation>使用的函式庫:</translation>
+        <translation>使用的函式庫：</translation>
     </message>
     <message>
         <source>Places and map are made from:</source>
         <extracomment>In the dialog &quot;About Pinorama&quot;, above a list of sources</extracomment>
-        <translation>地點和地圖的來源:</translation>
+        <translation>地點和地圖的來源：</translation>
     </message>
 </context>
 <context>
@@ -34,22 +34,22 @@
     <message>
         <source>S&amp;witch On</source>
         <extracomment>Button of the notice about accessibility: switches it on</extracomment>
-        <translation>開啟(&amp;W)</translation>
+        <translation>啟用(&amp;W)</translation>
     </message>
     <message>
         <source>Pinorama can follow the selection in %1 once accessibility is on. This is a permanent setting of your desktop; restart the file manager after switching it on.</source>
         <extracomment>A notice in the window; %1 is the name of a file manager. Accessibility as in the settings of desktops</extracomment>
-        <translation>開啟無障礙功能後，Pinorama 就能跟隨 %1 中的選取。這是桌面環境的永久設定；開啟後請重新啟動檔案管理員。</translation>
+        <translation>啟用無障礙功能後，Pinorama 就能跟隨 %1 中的選取。這是桌面環境的永久設定；啟用後請重新啟動檔案管理員。</translation>
     </message>
     <message>
         <source>Accessibility is on. Restart %1 or log in again; Pinorama then follows its selection.</source>
         <extracomment>A notice in the window; %1 is the name of a file manager</extracomment>
-        <translation>無障礙功能已開啟。請重新啟動 %1 或重新登入；之後 Pinorama 就會跟隨選取。</translation>
+        <translation>無障礙功能已啟用。請重新啟動 %1 或重新登入；之後 Pinorama 就會跟隨選取。</translation>
     </message>
     <message>
         <source>Accessibility could not be switched on. The manual explains how to do it by hand.</source>
         <extracomment>A notice in the window</extracomment>
-        <translation>無法開啟無障礙功能。手冊說明了如何手動開啟。</translation>
+        <translation>無法啟用無障礙功能。手冊說明了如何手動啟用。</translation>
     </message>
 </context>
 <context>
@@ -88,7 +88,7 @@
     <message>
         <source>As Shown</source>
         <extracomment>Entry of the menu &quot;Copy It As&quot;: the coordinate as the window shows it</extracomment>
-        <translation>如顯示</translation>
+        <translation>依顯示的格式</translation>
     </message>
     <message>
         <source>Decimal Degrees</source>
@@ -250,7 +250,7 @@
     <message>
         <source>Name:</source>
         <extracomment>Caption before the name of the file</extracomment>
-        <translation>名稱:</translation>
+        <translation>名稱：</translation>
     </message>
     <message>
         <source>Select a picture, or drop one here</source>
@@ -265,57 +265,57 @@
     <message>
         <source>Taken:</source>
         <extracomment>The time at which the picture was taken.</extracomment>
-        <translation>拍攝時間:</translation>
+        <translation>拍攝時間：</translation>
     </message>
     <message>
         <source>Size:</source>
         <extracomment>Caption before the size of the file, such as &quot;1.2 MB&quot;</extracomment>
-        <translation>大小:</translation>
+        <translation>大小：</translation>
     </message>
     <message>
         <source>Modified:</source>
         <extracomment>Caption before the time at which the file was last changed</extracomment>
-        <translation>修改時間:</translation>
+        <translation>修改時間：</translation>
     </message>
     <message>
         <source>Created:</source>
         <extracomment>Caption before the time at which the file was made</extracomment>
-        <translation>建立時間:</translation>
+        <translation>建立時間：</translation>
     </message>
     <message>
         <source>Coordinate:</source>
         <extracomment>Caption before the coordinate of the place</extracomment>
-        <translation>座標:</translation>
+        <translation>座標：</translation>
     </message>
     <message>
         <source>Altitude:</source>
         <extracomment>Caption before the height above the sea, such as &quot;1,200 m&quot;</extracomment>
-        <translation>高度:</translation>
+        <translation>海拔：</translation>
     </message>
     <message>
         <source>Direction:</source>
         <extracomment>Caption before the direction that the camera looked in</extracomment>
-        <translation>方向:</translation>
+        <translation>方向：</translation>
     </message>
     <message>
         <source>City:</source>
         <extracomment>Caption before the name of the town, which the photographer wrote into the picture</extracomment>
-        <translation>城市:</translation>
+        <translation>城市：</translation>
     </message>
     <message>
         <source>State:</source>
         <extracomment>Caption before the name of the state or province, which the photographer wrote into the picture</extracomment>
-        <translation>州／省:</translation>
+        <translation>州／省：</translation>
     </message>
     <message>
         <source>Country:</source>
         <extracomment>Caption before the name of the country, which the photographer wrote into the picture</extracomment>
-        <translation>國家:</translation>
+        <translation>國家：</translation>
     </message>
     <message>
         <source>Caption:</source>
         <extracomment>Caption before the description, which the photographer wrote into the picture</extracomment>
-        <translation>說明:</translation>
+        <translation>描述：</translation>
     </message>
     <message>
         <source>Always shows the picture selected in the file manager</source>
@@ -385,7 +385,7 @@
     <message>
         <source>&amp;Donate…</source>
         <extracomment>Menu entry: opens a page on which one can give the makers money</extracomment>
-        <translation>贊助(&amp;D)…</translation>
+        <translation>捐款(&amp;D)…</translation>
     </message>
     <message>
         <source>&amp;About Pinorama</source>
@@ -514,14 +514,14 @@
         <source>Stopped. %Ln picture(s) found until then</source>
         <extracomment>Below the pictures, after the button &quot;Stop&quot;; %Ln is their number</extracomment>
         <translation>
-            <numerusform>已停止。到那時為止找到 %Ln 張相片</numerusform>
+            <numerusform>已停止。在此之前找到 %Ln 張相片</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>The search ended too early. %Ln picture(s) found until then</source>
         <extracomment>Below the pictures: the search failed; %Ln is their number</extracomment>
         <translation>
-            <numerusform>搜尋過早結束。到那時為止找到 %Ln 張相片</numerusform>
+            <numerusform>搜尋過早結束。在此之前找到 %Ln 張相片</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -620,7 +620,7 @@
     <message>
         <source>The address of %1 has no room for latitude and longitude.</source>
         <extracomment>The foot of the window. %1 is the title of a map service that the user has added</extracomment>
-        <translation>%1 的位址中沒有緯度和經度的位置。</translation>
+        <translation>%1 的位址中沒有可填入緯度和經度的位置。</translation>
     </message>
 </context>
 <context>
@@ -628,7 +628,7 @@
     <message>
         <source>Still reading %1...</source>
         <extracomment>The foot of the window; %1 is the name of a file</extracomment>
-        <translation>正在讀取 %1...</translation>
+        <translation>仍在讀取 %1...</translation>
     </message>
     <message>
         <source>%1 could not be read.</source>

@@ -26,7 +26,7 @@
     <message>
         <source>Donate</source>
         <extracomment>Action of the program&apos;s icon in docks and menus: give the makers money</extracomment>
-        <translation>贊助</translation>
+        <translation>捐款</translation>
     </message>
     <message>
         <source>See where a picture was taken</source>
@@ -36,17 +36,17 @@
     <message>
         <source>Hasselblad raw image</source>
         <extracomment>Kind of file, in file managers. Hasselblad stays</extracomment>
-        <translation>Hasselblad RAW 圖片</translation>
+        <translation>Hasselblad 原始影像</translation>
     </message>
     <message>
         <source>Leaf raw image</source>
         <extracomment>Kind of file, in file managers. Leaf is a maker of cameras and stays</extracomment>
-        <translation>Leaf RAW 圖片</translation>
+        <translation>Leaf 原始影像</translation>
     </message>
     <message>
         <source>Pentax raw image</source>
         <extracomment>Kind of file, in file managers. Pentax stays</extracomment>
-        <translation>Pentax RAW 圖片</translation>
+        <translation>Pentax 原始影像</translation>
     </message>
     <message>
         <source>Show Where It Was Taken</source>
@@ -61,7 +61,7 @@
     <message>
         <source>Pinorama keeps one small window open beside the file manager. Select a picture there, and the window shows where it was taken: in words and on a small map, with preview, size, dates, coordinate, altitude and direction of view. It reads JPEG and the raw formats of common cameras, and it needs no network.</source>
         <extracomment>What the program is for, in software stores. Pinorama and JPEG stay</extracomment>
-        <translation>Pinorama 會在檔案管理員旁保持開啟一個小視窗。在檔案管理員中選取一張相片，視窗就會顯示它的拍攝地點：以文字和小地圖呈現，並附上預覽、大小、日期、座標、高度和拍攝方向。它可以讀取 JPEG 和常見相機的原始格式，而且不需要網路。</translation>
+        <translation>Pinorama 會在檔案管理員旁保持開啟一個小視窗。在檔案管理員中選取一張相片，視窗就會顯示它的拍攝地點：以文字和小地圖呈現，並附上預覽、大小、日期、座標、海拔和拍攝方向。它可以讀取 JPEG 和常見相機的 RAW 格式，而且不需要網路。</translation>
     </message>
     <message>
         <source>From the window you can:</source>
@@ -111,7 +111,7 @@
     <message>
         <source>A raw file, with its direction of view</source>
         <extracomment>Below a picture of the window in software stores, without a full stop. It shows a file of a camera&apos;s own format</extracomment>
-        <translation>原始格式檔案及其拍攝方向</translation>
+        <translation>RAW 檔案及其拍攝方向</translation>
     </message>
     <message>
         <source>The window in a dark theme</source>
@@ -131,7 +131,7 @@
     <message>
         <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;. HEIC and JPEG stay</extracomment>
-        <translation>讀取 JPEG 和常見相機的原始格式，並可視需要讀取 HEIC、影片等</translation>
+        <translation>讀取 JPEG 和常見相機的 RAW 格式，並可視需要讀取 HEIC、影片等</translation>
     </message>
     <message>
         <source>says in words where a picture was taken and shows it on a small map, without a network</source>
@@ -156,7 +156,7 @@
     <message>
         <source>The place where the picture was taken</source>
         <extracomment>Explains the column &quot;Taken at&quot; in the settings of file managers</extracomment>
-        <translation>照片的拍攝地點</translation>
+        <translation>相片的拍攝地點</translation>
     </message>
 </context>
 <context>
@@ -507,7 +507,7 @@
         <source>Gulf of Bothnia</source>
         <comment>Gulf of Bothnia</comment>
         <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
-        <translation>波士尼亞灣</translation>
+        <translation>波的尼亞灣</translation>
     </message>
     <message>
         <source>Gulf of Finland</source>
