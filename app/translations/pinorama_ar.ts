@@ -245,7 +245,7 @@
     <message>
         <source>&amp;Export as KML…</source>
         <extracomment>A button. KML is a kind of file; the name stays. Keep it short</extracomment>
-        <translation>تصدير إلى KML…(&amp;E)</translation>
+        <translation>تصدير إلى KML(&amp;E)…</translation>
     </message>
     <message>
         <source>Name:</source>
@@ -340,7 +340,7 @@
     <message>
         <source>&amp;Open…</source>
         <extracomment>Menu entry: has the user choose a file</extracomment>
-        <translation>فتح…(&amp;O)</translation>
+        <translation>فتح(&amp;O)…</translation>
     </message>
     <message>
         <source>Open in &amp;Map Service</source>
@@ -385,7 +385,7 @@
     <message>
         <source>&amp;Donate…</source>
         <extracomment>Menu entry: opens a page on which one can give the makers money</extracomment>
-        <translation>تبرّع…(&amp;D)</translation>
+        <translation>تبرّع(&amp;D)…</translation>
     </message>
     <message>
         <source>&amp;About Pinorama</source>
@@ -479,7 +479,7 @@
     <message>
         <source>Open &amp;With...</source>
         <extracomment>Context menu: has the user choose the program</extracomment>
-        <translation>فتح باستخدام...(&amp;W)</translation>
+        <translation>فتح باستخدام(&amp;W)...</translation>
     </message>
     <message>
         <source>Within %1 m of %2</source>
