@@ -36,6 +36,7 @@
     <message>
         <source>Hasselblad raw image</source>
         <extracomment>Kind of file, in file managers. Hasselblad stays</extracomment>
+        <translatorcomment>As the shared MIME types call raw files in Hebrew; elsewhere RAW, as photographers write it</translatorcomment>
         <translation>תמונה גולמית של Hasselblad</translation>
     </message>
     <message>
@@ -405,7 +406,8 @@
         <source>{time} ({zone})</source>
         <comment>takenIn</comment>
         <extracomment>When a picture was taken, in the window. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
-        <translation>{time} ({zone})</translation>
+        <translatorcomment>No parentheses: ICU&apos;s Hebrew names of time zones have some of their own</translatorcomment>
+        <translation>{time} – {zone}</translation>
     </message>
     <message>
         <source>By the clock of the satellites, in the time of the place.</source>
