@@ -279,13 +279,13 @@
         <source>{distance} km {direction} of {town}, {country}</source>
         <comment>away</comment>
         <extracomment>A place on land. {town} and {country} are names as they stand on maps, {distance} is a number of kilometres and {direction} one of the points of the compass below. The names in braces may stand in any order. The form without {country} is for places such as Singapore, which are town and country.</extracomment>
-        <translation>{town}, {country} noktasından {distance} km {direction} yönünde</translation>
+        <translation>{town}, {country} noktasından {distance} km {direction}</translation>
     </message>
     <message>
         <source>{distance} km {direction} of {town}</source>
         <comment>awayTown</comment>
         <extracomment>A place on land. {town} and {country} are names as they stand on maps, {distance} is a number of kilometres and {direction} one of the points of the compass below. The names in braces may stand in any order. The form without {country} is for places such as Singapore, which are town and country.</extracomment>
-        <translation>{town} noktasından {distance} km {direction} yönünde</translation>
+        <translation>{town} noktasından {distance} km {direction}</translation>
     </message>
     <message>
         <source>{sea}, {distance} km from {place}</source>
