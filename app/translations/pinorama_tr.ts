@@ -305,6 +305,7 @@
     <message>
         <source>State:</source>
         <extracomment>Caption before the name of the state or province, which the photographer wrote into the picture</extracomment>
+        <translatorcomment>A province first: pictures from Turkey have one, no federal state</translatorcomment>
         <translation>İl/Eyalet:</translation>
     </message>
     <message>

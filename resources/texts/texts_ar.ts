@@ -573,6 +573,7 @@
         <source>White Sea</source>
         <comment>White Sea</comment>
         <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translatorcomment>Not the Mediterranean, which has its own word beside it</translatorcomment>
         <translation>البحر الأبيض</translation>
     </message>
     <message>
@@ -723,6 +724,7 @@
         <source>Persian Gulf</source>
         <comment>Persian Gulf</comment>
         <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translatorcomment>The name of this gulf on Arabic maps</translatorcomment>
         <translation>الخليج العربي</translation>
     </message>
     <message>

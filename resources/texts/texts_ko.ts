@@ -843,6 +843,7 @@
         <source>Sea of Japan</source>
         <comment>Sea of Japan</comment>
         <extracomment>A sea, named as on maps of the language, beginning as it does at the start of a line.</extracomment>
+        <translatorcomment>The name of this sea on Korean maps</translatorcomment>
         <translation>동해</translation>
     </message>
     <message>

@@ -36,6 +36,7 @@
     <message>
         <source>Hasselblad raw image</source>
         <extracomment>Kind of file, in file managers. Hasselblad stays</extracomment>
+        <translatorcomment>As the shared MIME types call raw files in Russian; elsewhere RAW, as photographers write it</translatorcomment>
         <translation>Необработанное изображение Hasselblad</translation>
     </message>
     <message>

@@ -36,16 +36,19 @@
     <message>
         <source>Hasselblad raw image</source>
         <extracomment>Kind of file, in file managers. Hasselblad stays</extracomment>
+        <translatorcomment>As the shared MIME types call raw files in Ukrainian, in the same column of file managers</translatorcomment>
         <translation>цифровий негатив Hasselblad</translation>
     </message>
     <message>
         <source>Leaf raw image</source>
         <extracomment>Kind of file, in file managers. Leaf is a maker of cameras and stays</extracomment>
+        <translatorcomment>As the shared MIME types call raw files in Ukrainian, in the same column of file managers</translatorcomment>
         <translation>цифровий негатив Leaf</translation>
     </message>
     <message>
         <source>Pentax raw image</source>
         <extracomment>Kind of file, in file managers. Pentax stays</extracomment>
+        <translatorcomment>As the shared MIME types call raw files in Ukrainian, in the same column of file managers</translatorcomment>
         <translation>цифровий негатив Pentax</translation>
     </message>
     <message>

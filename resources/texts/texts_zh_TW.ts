@@ -36,6 +36,7 @@
     <message>
         <source>Hasselblad raw image</source>
         <extracomment>Kind of file, in file managers. Hasselblad stays</extracomment>
+        <translatorcomment>As the shared MIME types call raw files in Chinese; elsewhere RAW, as photographers write it</translatorcomment>
         <translation>Hasselblad 原始影像</translation>
     </message>
     <message>
