@@ -45,7 +45,7 @@ QString wordsOfGlobe(Failure failure)
         return GlobeNotice::tr("The file for the globe program cannot be written.");
     case Failure::notAppeared:
         //: The foot of the window. Marble is the name of a program
-        return GlobeNotice::tr("Marble was started, but has not appeared so far.");
+        return GlobeNotice::tr("Marble was started, but has not appeared yet.");
     case Failure::notAnswering: break;
     }
     //: The foot of the window. Marble is the name of a program

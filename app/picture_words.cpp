@@ -21,11 +21,11 @@ QString wordsOfKind(const FileAttributes& item, const QString& name, bool isRead
     //: The foot of the window; so are the others. %1 is the name of the file that is shown
     if (S_ISDIR(item.type)) return PictureWords::tr("%1 is a folder.").arg(name);
     //: A pipe or a device
-    if (!item.isRegular) return PictureWords::tr("%1 is no file that can be read.").arg(name);
+    if (!item.isRegular) return PictureWords::tr("%1 is not a file that can be read.").arg(name);
     if (isRead) return {};
     //: The foot of the window. JPEG stays
     return PictureWords::tr(
-        "Files of this type are not read: JPEG and the raw files of cameras are.");
+        "Files of this type are not read; JPEG and the raw files of cameras are.");
 }
 
 QString wordsOfOpenError(int error, const QString& name)

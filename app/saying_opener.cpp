@@ -51,7 +51,7 @@ QString wordsOfNotOpened(const QByteArray& url, const QFontMetrics& letters)
 {
     const QString shown = shownName(QString::fromUtf8(url), letters);
     //: The foot of the window. %1 is an address that the user has written
-    if (!isWellFormed(url)) return Words::tr("%1 is no valid address.").arg(shown);
+    if (!isWellFormed(url)) return Words::tr("%1 is not a valid address.").arg(shown);
     //: The foot of the window. %1 is an address; xdg-utils is the name of a package
     return Words::tr("%1 could not be opened. Is xdg-utils installed?").arg(shown);
 }

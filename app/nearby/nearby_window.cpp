@@ -134,7 +134,7 @@ void NearbyWindow::addActions()
     //: Context menu: opens the picture in the program for it
     addAction(tr("&Open"), "nearbyOpenAction", &NearbyWindow::openCurrent);
     //: Context menu: has the user choose the program
-    addAction(tr("Open &With..."), "nearbyOpenWithAction", &NearbyWindow::openCurrentWith);
+    addAction(tr("Open &With…"), "nearbyOpenWithAction", &NearbyWindow::openCurrentWith);
     view_->setContextMenuPolicy(Qt::ActionsContextMenu);
 }
 
@@ -219,7 +219,7 @@ QString NearbyWindow::words() const
         return tr("The search ended too early. %Ln picture(s) found until then", nullptr, count);
     case State::missing:
         //: Below the pictures. pinorama-search is the name of a program and stays
-        return tr("Pictures cannot be searched: the program pinorama-search does not start.");
+        return tr("Pictures cannot be searched for: the program pinorama-search does not start.");
     case State::complete: break;
     }
     if (model_.foundCount() > NearbyModel::kMaxPictures) {

@@ -180,7 +180,7 @@
         <translation>لا يمكن كتابة الملف المخصّص لبرنامج الكرة الأرضية.</translation>
     </message>
     <message>
-        <source>Marble was started, but has not appeared so far.</source>
+        <source>Marble was started, but has not appeared yet.</source>
         <extracomment>The foot of the window. Marble is the name of a program</extracomment>
         <translation>بدأ تشغيل Marble لكنه لم يظهر حتى الآن.</translation>
     </message>
@@ -477,9 +477,9 @@
         <translation>فتح(&amp;O)</translation>
     </message>
     <message>
-        <source>Open &amp;With...</source>
+        <source>Open &amp;With…</source>
         <extracomment>Context menu: has the user choose the program</extracomment>
-        <translation>فتح باستخدام(&amp;W)...</translation>
+        <translation>فتح باستخدام(&amp;W)…</translation>
     </message>
     <message>
         <source>Within %1 m of %2</source>
@@ -492,7 +492,7 @@
         <translation>جارٍ البحث...</translation>
     </message>
     <message>
-        <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
+        <source>Pictures cannot be searched for: the program pinorama-search does not start.</source>
         <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
         <translation>لا يمكن البحث عن الصور: البرنامج pinorama-search لا يبدأ.</translation>
     </message>
@@ -600,12 +600,12 @@
         <translation>العنصر %1 مجلد.</translation>
     </message>
     <message>
-        <source>%1 is no file that can be read.</source>
+        <source>%1 is not a file that can be read.</source>
         <extracomment>A pipe or a device</extracomment>
         <translation>العنصر %1 ليس ملفًا يمكن قراءته.</translation>
     </message>
     <message>
-        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
+        <source>Files of this type are not read; JPEG and the raw files of cameras are.</source>
         <extracomment>The foot of the window. JPEG stays</extracomment>
         <translation>لا تُقرأ ملفات هذا النوع؛ تُقرأ ملفات JPEG وملفات الكاميرات الخام فقط.</translation>
     </message>
@@ -709,7 +709,7 @@
         <translation>لا يوجد برنامج يفتح %1.</translation>
     </message>
     <message>
-        <source>%1 is no valid address.</source>
+        <source>%1 is not a valid address.</source>
         <extracomment>The foot of the window. %1 is an address that the user has written</extracomment>
         <translation>العنوان %1 غير صالح.</translation>
     </message>

@@ -180,7 +180,7 @@
         <translation>Soubor pro program s glóbem nelze zapsat.</translation>
     </message>
     <message>
-        <source>Marble was started, but has not appeared so far.</source>
+        <source>Marble was started, but has not appeared yet.</source>
         <extracomment>The foot of the window. Marble is the name of a program</extracomment>
         <translation>Marble byl spuštěn, ale zatím se neobjevil.</translation>
     </message>
@@ -477,9 +477,9 @@
         <translation>&amp;Otevřít</translation>
     </message>
     <message>
-        <source>Open &amp;With...</source>
+        <source>Open &amp;With…</source>
         <extracomment>Context menu: has the user choose the program</extracomment>
-        <translation>Otevřít &amp;pomocí...</translation>
+        <translation>Otevřít &amp;pomocí…</translation>
     </message>
     <message>
         <source>Within %1 m of %2</source>
@@ -492,7 +492,7 @@
         <translation>Hledání...</translation>
     </message>
     <message>
-        <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
+        <source>Pictures cannot be searched for: the program pinorama-search does not start.</source>
         <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
         <translation>Snímky nelze hledat: program pinorama-search se nespouští.</translation>
     </message>
@@ -582,12 +582,12 @@
         <translation>%1 je složka.</translation>
     </message>
     <message>
-        <source>%1 is no file that can be read.</source>
+        <source>%1 is not a file that can be read.</source>
         <extracomment>A pipe or a device</extracomment>
         <translation>%1 není soubor, který lze číst.</translation>
     </message>
     <message>
-        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
+        <source>Files of this type are not read; JPEG and the raw files of cameras are.</source>
         <extracomment>The foot of the window. JPEG stays</extracomment>
         <translation>Soubory tohoto typu se nečtou, jen JPEG a surové soubory fotoaparátů.</translation>
     </message>
@@ -691,7 +691,7 @@
         <translation>%1 neotevírá žádný program.</translation>
     </message>
     <message>
-        <source>%1 is no valid address.</source>
+        <source>%1 is not a valid address.</source>
         <extracomment>The foot of the window. %1 is an address that the user has written</extracomment>
         <translation>%1 není platná adresa.</translation>
     </message>

@@ -180,7 +180,7 @@
         <translation>Die Datei für das Globusprogramm lässt sich nicht schreiben.</translation>
     </message>
     <message>
-        <source>Marble was started, but has not appeared so far.</source>
+        <source>Marble was started, but has not appeared yet.</source>
         <extracomment>The foot of the window. Marble is the name of a program</extracomment>
         <translation>Marble wurde gestartet, ist aber bisher nicht erschienen.</translation>
     </message>
@@ -487,7 +487,7 @@
         <translation>Suche läuft&#xa0;...</translation>
     </message>
     <message>
-        <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
+        <source>Pictures cannot be searched for: the program pinorama-search does not start.</source>
         <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
         <translation>Bilder können nicht durchsucht werden: Das Programm pinorama-search startet nicht.</translation>
     </message>
@@ -499,9 +499,9 @@
 %2</translation>
     </message>
     <message>
-        <source>Open &amp;With...</source>
+        <source>Open &amp;With…</source>
         <extracomment>Context menu: has the user choose the program</extracomment>
-        <translation>Öffnen &amp;mit&#xa0;...</translation>
+        <translation>Öffnen &amp;mit&#xa0;…</translation>
     </message>
     <message numerus="yes">
         <source>Searching... %Ln picture(s) found so far</source>
@@ -576,12 +576,12 @@
         <translation>%1 ist ein Ordner.</translation>
     </message>
     <message>
-        <source>%1 is no file that can be read.</source>
+        <source>%1 is not a file that can be read.</source>
         <extracomment>A pipe or a device</extracomment>
         <translation>%1 ist keine Datei, die sich lesen lässt.</translation>
     </message>
     <message>
-        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
+        <source>Files of this type are not read; JPEG and the raw files of cameras are.</source>
         <extracomment>The foot of the window. JPEG stays</extracomment>
         <translation>Dateien dieser Art werden nicht gelesen, nur JPEG und Rohdateien von Kameras.</translation>
     </message>
@@ -685,7 +685,7 @@
         <translation>Kein Programm öffnet %1.</translation>
     </message>
     <message>
-        <source>%1 is no valid address.</source>
+        <source>%1 is not a valid address.</source>
         <extracomment>The foot of the window. %1 is an address that the user has written</extracomment>
         <translation>%1 ist keine gültige Adresse.</translation>
     </message>

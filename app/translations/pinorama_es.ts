@@ -180,7 +180,7 @@
         <translation>No se puede escribir el archivo para el programa de globo terráqueo.</translation>
     </message>
     <message>
-        <source>Marble was started, but has not appeared so far.</source>
+        <source>Marble was started, but has not appeared yet.</source>
         <extracomment>The foot of the window. Marble is the name of a program</extracomment>
         <translation>Se ha iniciado Marble, pero aún no ha aparecido.</translation>
     </message>
@@ -487,7 +487,7 @@
         <translation>Buscando...</translation>
     </message>
     <message>
-        <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
+        <source>Pictures cannot be searched for: the program pinorama-search does not start.</source>
         <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
         <translation>No se pueden buscar fotos: el programa pinorama-search no se inicia.</translation>
     </message>
@@ -499,9 +499,9 @@
 %2</translation>
     </message>
     <message>
-        <source>Open &amp;With...</source>
+        <source>Open &amp;With…</source>
         <extracomment>Context menu: has the user choose the program</extracomment>
-        <translation>Abrir &amp;con...</translation>
+        <translation>Abrir &amp;con…</translation>
     </message>
     <message numerus="yes">
         <source>Searching... %Ln picture(s) found so far</source>
@@ -576,12 +576,12 @@
         <translation>%1 es una carpeta.</translation>
     </message>
     <message>
-        <source>%1 is no file that can be read.</source>
+        <source>%1 is not a file that can be read.</source>
         <extracomment>A pipe or a device</extracomment>
         <translation>%1 no es un archivo que se pueda leer.</translation>
     </message>
     <message>
-        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
+        <source>Files of this type are not read; JPEG and the raw files of cameras are.</source>
         <extracomment>The foot of the window. JPEG stays</extracomment>
         <translation>Los archivos de este tipo no se leen: solo JPEG y los archivos RAW de las cámaras.</translation>
     </message>
@@ -685,7 +685,7 @@
         <translation>Ningún programa abre %1.</translation>
     </message>
     <message>
-        <source>%1 is no valid address.</source>
+        <source>%1 is not a valid address.</source>
         <extracomment>The foot of the window. %1 is an address that the user has written</extracomment>
         <translation>%1 no es una dirección válida.</translation>
     </message>

@@ -180,7 +180,7 @@
         <translation>Impossible d’écrire le fichier destiné au globe virtuel.</translation>
     </message>
     <message>
-        <source>Marble was started, but has not appeared so far.</source>
+        <source>Marble was started, but has not appeared yet.</source>
         <extracomment>The foot of the window. Marble is the name of a program</extracomment>
         <translation>Marble a été lancé, mais n’est pas encore apparu.</translation>
     </message>
@@ -487,7 +487,7 @@
         <translation>Recherche en cours...</translation>
     </message>
     <message>
-        <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
+        <source>Pictures cannot be searched for: the program pinorama-search does not start.</source>
         <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
         <translation>Impossible de rechercher des photos&#xa0;: le programme pinorama-search ne démarre pas.</translation>
     </message>
@@ -499,9 +499,9 @@
 %2</translation>
     </message>
     <message>
-        <source>Open &amp;With...</source>
+        <source>Open &amp;With…</source>
         <extracomment>Context menu: has the user choose the program</extracomment>
-        <translation>Ouvrir a&amp;vec...</translation>
+        <translation>Ouvrir a&amp;vec…</translation>
     </message>
     <message numerus="yes">
         <source>Searching... %Ln picture(s) found so far</source>
@@ -576,12 +576,12 @@
         <translation>%1 est un dossier.</translation>
     </message>
     <message>
-        <source>%1 is no file that can be read.</source>
+        <source>%1 is not a file that can be read.</source>
         <extracomment>A pipe or a device</extracomment>
         <translation>%1 n’est pas un fichier lisible.</translation>
     </message>
     <message>
-        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
+        <source>Files of this type are not read; JPEG and the raw files of cameras are.</source>
         <extracomment>The foot of the window. JPEG stays</extracomment>
         <translation>Les fichiers de ce type ne sont pas lus&#xa0;: seuls le sont JPEG et les fichiers bruts des appareils photo.</translation>
     </message>
@@ -685,7 +685,7 @@
         <translation>Aucun programme n’ouvre %1.</translation>
     </message>
     <message>
-        <source>%1 is no valid address.</source>
+        <source>%1 is not a valid address.</source>
         <extracomment>The foot of the window. %1 is an address that the user has written</extracomment>
         <translation>%1 n’est pas une adresse valide.</translation>
     </message>

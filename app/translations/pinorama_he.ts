@@ -180,7 +180,7 @@
         <translation>לא ניתן לכתוב את הקובץ עבור תוכנית הגלובוס.</translation>
     </message>
     <message>
-        <source>Marble was started, but has not appeared so far.</source>
+        <source>Marble was started, but has not appeared yet.</source>
         <extracomment>The foot of the window. Marble is the name of a program</extracomment>
         <translation>התוכנית Marble הופעלה, אך עדיין לא הופיעה.</translation>
     </message>
@@ -477,9 +477,9 @@
         <translation>&amp;פתיחה</translation>
     </message>
     <message>
-        <source>Open &amp;With...</source>
+        <source>Open &amp;With…</source>
         <extracomment>Context menu: has the user choose the program</extracomment>
-        <translation>פתיחה &amp;באמצעות...</translation>
+        <translation>פתיחה &amp;באמצעות…</translation>
     </message>
     <message>
         <source>Within %1 m of %2</source>
@@ -492,7 +492,7 @@
         <translation>מתבצע חיפוש...</translation>
     </message>
     <message>
-        <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
+        <source>Pictures cannot be searched for: the program pinorama-search does not start.</source>
         <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
         <translation>לא ניתן לחפש תמונות: התוכנית pinorama-search אינה עולה.</translation>
     </message>
@@ -576,12 +576,12 @@
         <translation>הפריט %1 הוא תיקייה.</translation>
     </message>
     <message>
-        <source>%1 is no file that can be read.</source>
+        <source>%1 is not a file that can be read.</source>
         <extracomment>A pipe or a device</extracomment>
         <translation>הפריט %1 אינו קובץ שניתן לקרוא.</translation>
     </message>
     <message>
-        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
+        <source>Files of this type are not read; JPEG and the raw files of cameras are.</source>
         <extracomment>The foot of the window. JPEG stays</extracomment>
         <translation>קבצים מסוג זה אינם נקראים, רק JPEG וקובצי RAW של מצלמות.</translation>
     </message>
@@ -685,7 +685,7 @@
         <translation>אין תוכנית שפותחת את %1.</translation>
     </message>
     <message>
-        <source>%1 is no valid address.</source>
+        <source>%1 is not a valid address.</source>
         <extracomment>The foot of the window. %1 is an address that the user has written</extracomment>
         <translation>הכתובת %1 אינה תקינה.</translation>
     </message>

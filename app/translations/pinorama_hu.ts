@@ -180,7 +180,7 @@
         <translation>A földgömbprogramnak szánt fájl nem írható.</translation>
     </message>
     <message>
-        <source>Marble was started, but has not appeared so far.</source>
+        <source>Marble was started, but has not appeared yet.</source>
         <extracomment>The foot of the window. Marble is the name of a program</extracomment>
         <translation>A Marble elindult, de eddig nem jelent meg.</translation>
     </message>
@@ -477,9 +477,9 @@
         <translation>&amp;Megnyitás</translation>
     </message>
     <message>
-        <source>Open &amp;With...</source>
+        <source>Open &amp;With…</source>
         <extracomment>Context menu: has the user choose the program</extracomment>
-        <translation>Megnyitás &amp;ezzel...</translation>
+        <translation>Megnyitás &amp;ezzel…</translation>
     </message>
     <message>
         <source>Within %1 m of %2</source>
@@ -492,7 +492,7 @@
         <translation>Keresés...</translation>
     </message>
     <message>
-        <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
+        <source>Pictures cannot be searched for: the program pinorama-search does not start.</source>
         <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
         <translation>A képek között nem lehet keresni: a pinorama-search program nem indul el.</translation>
     </message>
@@ -570,12 +570,12 @@
         <translation>%1 egy mappa.</translation>
     </message>
     <message>
-        <source>%1 is no file that can be read.</source>
+        <source>%1 is not a file that can be read.</source>
         <extracomment>A pipe or a device</extracomment>
         <translation>%1 nem olvasható fájl.</translation>
     </message>
     <message>
-        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
+        <source>Files of this type are not read; JPEG and the raw files of cameras are.</source>
         <extracomment>The foot of the window. JPEG stays</extracomment>
         <translation>Az ilyen típusú fájlok nem olvashatók, csak a JPEG és a fényképezőgépek nyers fájljai.</translation>
     </message>
@@ -679,7 +679,7 @@
         <translation>Egyetlen program sem nyitja meg ezt: %1.</translation>
     </message>
     <message>
-        <source>%1 is no valid address.</source>
+        <source>%1 is not a valid address.</source>
         <extracomment>The foot of the window. %1 is an address that the user has written</extracomment>
         <translation>%1: érvénytelen cím.</translation>
     </message>

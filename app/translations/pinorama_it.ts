@@ -180,7 +180,7 @@
         <translation>Impossibile scrivere il file per il globo virtuale.</translation>
     </message>
     <message>
-        <source>Marble was started, but has not appeared so far.</source>
+        <source>Marble was started, but has not appeared yet.</source>
         <extracomment>The foot of the window. Marble is the name of a program</extracomment>
         <translation>Marble è stato avviato, ma finora non è comparso.</translation>
     </message>
@@ -487,7 +487,7 @@
         <translation>Ricerca in corso...</translation>
     </message>
     <message>
-        <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
+        <source>Pictures cannot be searched for: the program pinorama-search does not start.</source>
         <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
         <translation>Impossibile cercare le foto: il programma pinorama-search non si avvia.</translation>
     </message>
@@ -499,9 +499,9 @@
 %2</translation>
     </message>
     <message>
-        <source>Open &amp;With...</source>
+        <source>Open &amp;With…</source>
         <extracomment>Context menu: has the user choose the program</extracomment>
-        <translation>Apri c&amp;on...</translation>
+        <translation>Apri c&amp;on…</translation>
     </message>
     <message numerus="yes">
         <source>Searching... %Ln picture(s) found so far</source>
@@ -576,12 +576,12 @@
         <translation>%1 è una cartella.</translation>
     </message>
     <message>
-        <source>%1 is no file that can be read.</source>
+        <source>%1 is not a file that can be read.</source>
         <extracomment>A pipe or a device</extracomment>
         <translation>%1 non è un file leggibile.</translation>
     </message>
     <message>
-        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
+        <source>Files of this type are not read; JPEG and the raw files of cameras are.</source>
         <extracomment>The foot of the window. JPEG stays</extracomment>
         <translation>I file di questo tipo non vengono letti: solo JPEG e i file raw delle fotocamere.</translation>
     </message>
@@ -685,7 +685,7 @@
         <translation>Nessun programma apre %1.</translation>
     </message>
     <message>
-        <source>%1 is no valid address.</source>
+        <source>%1 is not a valid address.</source>
         <extracomment>The foot of the window. %1 is an address that the user has written</extracomment>
         <translation>%1 non è un indirizzo valido.</translation>
     </message>

@@ -180,7 +180,7 @@
         <translation>地球儀プログラム用のファイルを書き込めません。</translation>
     </message>
     <message>
-        <source>Marble was started, but has not appeared so far.</source>
+        <source>Marble was started, but has not appeared yet.</source>
         <extracomment>The foot of the window. Marble is the name of a program</extracomment>
         <translation>Marble を起動しましたが、まだ表示されていません。</translation>
     </message>
@@ -487,7 +487,7 @@
         <translation>検索中です...</translation>
     </message>
     <message>
-        <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
+        <source>Pictures cannot be searched for: the program pinorama-search does not start.</source>
         <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
         <translation>写真を検索できません。プログラム pinorama-search を起動できません。</translation>
     </message>
@@ -499,9 +499,9 @@
 %2</translation>
     </message>
     <message>
-        <source>Open &amp;With...</source>
+        <source>Open &amp;With…</source>
         <extracomment>Context menu: has the user choose the program</extracomment>
-        <translation>プログラムから開く(&amp;W)...</translation>
+        <translation>プログラムから開く(&amp;W)…</translation>
     </message>
     <message numerus="yes">
         <source>Searching... %Ln picture(s) found so far</source>
@@ -570,12 +570,12 @@
         <translation>%1 はフォルダーです。</translation>
     </message>
     <message>
-        <source>%1 is no file that can be read.</source>
+        <source>%1 is not a file that can be read.</source>
         <extracomment>A pipe or a device</extracomment>
         <translation>%1 は読み込めるファイルではありません。</translation>
     </message>
     <message>
-        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
+        <source>Files of this type are not read; JPEG and the raw files of cameras are.</source>
         <extracomment>The foot of the window. JPEG stays</extracomment>
         <translation>この種類のファイルは読み込みません。読み込むのは JPEG とカメラの RAW ファイルです。</translation>
     </message>
@@ -679,7 +679,7 @@
         <translation>%1 を開くプログラムがありません。</translation>
     </message>
     <message>
-        <source>%1 is no valid address.</source>
+        <source>%1 is not a valid address.</source>
         <extracomment>The foot of the window. %1 is an address that the user has written</extracomment>
         <translation>%1 は有効なアドレスではありません。</translation>
     </message>

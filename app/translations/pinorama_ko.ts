@@ -180,7 +180,7 @@
         <translation>지구본 프로그램에 줄 파일을 쓸 수 없습니다.</translation>
     </message>
     <message>
-        <source>Marble was started, but has not appeared so far.</source>
+        <source>Marble was started, but has not appeared yet.</source>
         <extracomment>The foot of the window. Marble is the name of a program</extracomment>
         <translation>Marble을 시작했지만 아직 나타나지 않았습니다.</translation>
     </message>
@@ -477,9 +477,9 @@
         <translation>열기(&amp;O)</translation>
     </message>
     <message>
-        <source>Open &amp;With...</source>
+        <source>Open &amp;With…</source>
         <extracomment>Context menu: has the user choose the program</extracomment>
-        <translation>다른 프로그램으로 열기(&amp;W)...</translation>
+        <translation>다른 프로그램으로 열기(&amp;W)…</translation>
     </message>
     <message>
         <source>Within %1 m of %2</source>
@@ -492,7 +492,7 @@
         <translation>찾는 중...</translation>
     </message>
     <message>
-        <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
+        <source>Pictures cannot be searched for: the program pinorama-search does not start.</source>
         <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
         <translation>사진을 찾을 수 없습니다: pinorama-search 프로그램이 시작되지 않습니다.</translation>
     </message>
@@ -570,12 +570,12 @@
         <translation>%1: 폴더입니다.</translation>
     </message>
     <message>
-        <source>%1 is no file that can be read.</source>
+        <source>%1 is not a file that can be read.</source>
         <extracomment>A pipe or a device</extracomment>
         <translation>%1: 읽을 수 있는 파일이 아닙니다.</translation>
     </message>
     <message>
-        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
+        <source>Files of this type are not read; JPEG and the raw files of cameras are.</source>
         <extracomment>The foot of the window. JPEG stays</extracomment>
         <translation>이 종류의 파일은 읽지 않습니다. JPEG와 카메라의 RAW 파일만 읽습니다.</translation>
     </message>
@@ -679,7 +679,7 @@
         <translation>%1 파일을 여는 프로그램이 없습니다.</translation>
     </message>
     <message>
-        <source>%1 is no valid address.</source>
+        <source>%1 is not a valid address.</source>
         <extracomment>The foot of the window. %1 is an address that the user has written</extracomment>
         <translation>%1: 올바른 주소가 아닙니다.</translation>
     </message>

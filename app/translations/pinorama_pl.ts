@@ -180,7 +180,7 @@
         <translation>Nie można zapisać pliku dla programu z globusem.</translation>
     </message>
     <message>
-        <source>Marble was started, but has not appeared so far.</source>
+        <source>Marble was started, but has not appeared yet.</source>
         <extracomment>The foot of the window. Marble is the name of a program</extracomment>
         <translation>Marble uruchomiono, ale na razie się nie pojawił.</translation>
     </message>
@@ -487,7 +487,7 @@
         <translation>Wyszukiwanie...</translation>
     </message>
     <message>
-        <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
+        <source>Pictures cannot be searched for: the program pinorama-search does not start.</source>
         <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
         <translation>Nie można wyszukiwać zdjęć: program pinorama-search się nie uruchamia.</translation>
     </message>
@@ -499,9 +499,9 @@
 %2</translation>
     </message>
     <message>
-        <source>Open &amp;With...</source>
+        <source>Open &amp;With…</source>
         <extracomment>Context menu: has the user choose the program</extracomment>
-        <translation>Otwórz &amp;za pomocą...</translation>
+        <translation>Otwórz &amp;za pomocą…</translation>
     </message>
     <message numerus="yes">
         <source>Searching... %Ln picture(s) found so far</source>
@@ -582,12 +582,12 @@
         <translation>%1 to folder.</translation>
     </message>
     <message>
-        <source>%1 is no file that can be read.</source>
+        <source>%1 is not a file that can be read.</source>
         <extracomment>A pipe or a device</extracomment>
         <translation>%1 nie jest plikiem, który można odczytać.</translation>
     </message>
     <message>
-        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
+        <source>Files of this type are not read; JPEG and the raw files of cameras are.</source>
         <extracomment>The foot of the window. JPEG stays</extracomment>
         <translation>Pliki tego typu nie są odczytywane: tylko JPEG i surowe pliki z aparatów.</translation>
     </message>
@@ -691,7 +691,7 @@
         <translation>Żaden program nie otwiera %1.</translation>
     </message>
     <message>
-        <source>%1 is no valid address.</source>
+        <source>%1 is not a valid address.</source>
         <extracomment>The foot of the window. %1 is an address that the user has written</extracomment>
         <translation>%1 nie jest poprawnym adresem.</translation>
     </message>

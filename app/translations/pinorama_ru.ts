@@ -180,7 +180,7 @@
         <translation>Не удаётся записать файл для программы-глобуса.</translation>
     </message>
     <message>
-        <source>Marble was started, but has not appeared so far.</source>
+        <source>Marble was started, but has not appeared yet.</source>
         <extracomment>The foot of the window. Marble is the name of a program</extracomment>
         <translation>Программа Marble запущена, но пока не появилась.</translation>
     </message>
@@ -477,9 +477,9 @@
         <translation>&amp;Открыть</translation>
     </message>
     <message>
-        <source>Open &amp;With...</source>
+        <source>Open &amp;With…</source>
         <extracomment>Context menu: has the user choose the program</extracomment>
-        <translation>Открыть с &amp;помощью...</translation>
+        <translation>Открыть с &amp;помощью…</translation>
     </message>
     <message>
         <source>Within %1 m of %2</source>
@@ -492,7 +492,7 @@
         <translation>Поиск...</translation>
     </message>
     <message>
-        <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
+        <source>Pictures cannot be searched for: the program pinorama-search does not start.</source>
         <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
         <translation>Не удаётся искать снимки: программа pinorama-search не запускается.</translation>
     </message>
@@ -582,12 +582,12 @@
         <translation>%1 — это папка.</translation>
     </message>
     <message>
-        <source>%1 is no file that can be read.</source>
+        <source>%1 is not a file that can be read.</source>
         <extracomment>A pipe or a device</extracomment>
         <translation>%1 — не файл, который можно прочитать.</translation>
     </message>
     <message>
-        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
+        <source>Files of this type are not read; JPEG and the raw files of cameras are.</source>
         <extracomment>The foot of the window. JPEG stays</extracomment>
         <translation>Файлы этого типа не читаются, только JPEG и файлы RAW фотоаппаратов.</translation>
     </message>
@@ -691,7 +691,7 @@
         <translation>Ни одна программа не открывает %1.</translation>
     </message>
     <message>
-        <source>%1 is no valid address.</source>
+        <source>%1 is not a valid address.</source>
         <extracomment>The foot of the window. %1 is an address that the user has written</extracomment>
         <translation>%1 — неправильный адрес.</translation>
     </message>

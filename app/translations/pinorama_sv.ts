@@ -180,7 +180,7 @@
         <translation>Filen till jordglobsprogrammet kan inte skrivas.</translation>
     </message>
     <message>
-        <source>Marble was started, but has not appeared so far.</source>
+        <source>Marble was started, but has not appeared yet.</source>
         <extracomment>The foot of the window. Marble is the name of a program</extracomment>
         <translation>Marble startades, men har inte visat sig än.</translation>
     </message>
@@ -477,9 +477,9 @@
         <translation>&amp;Öppna</translation>
     </message>
     <message>
-        <source>Open &amp;With...</source>
+        <source>Open &amp;With…</source>
         <extracomment>Context menu: has the user choose the program</extracomment>
-        <translation>Öppna &amp;med...</translation>
+        <translation>Öppna &amp;med…</translation>
     </message>
     <message>
         <source>Within %1 m of %2</source>
@@ -492,7 +492,7 @@
         <translation>Söker...</translation>
     </message>
     <message>
-        <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
+        <source>Pictures cannot be searched for: the program pinorama-search does not start.</source>
         <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
         <translation>Det går inte att söka efter bilder: programmet pinorama-search startar inte.</translation>
     </message>
@@ -576,12 +576,12 @@
         <translation>%1 är en mapp.</translation>
     </message>
     <message>
-        <source>%1 is no file that can be read.</source>
+        <source>%1 is not a file that can be read.</source>
         <extracomment>A pipe or a device</extracomment>
         <translation>%1 är ingen fil som kan läsas.</translation>
     </message>
     <message>
-        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
+        <source>Files of this type are not read; JPEG and the raw files of cameras are.</source>
         <extracomment>The foot of the window. JPEG stays</extracomment>
         <translation>Filer av den här typen läses inte, bara JPEG och kamerors råfiler.</translation>
     </message>
@@ -685,7 +685,7 @@
         <translation>Inget program öppnar %1.</translation>
     </message>
     <message>
-        <source>%1 is no valid address.</source>
+        <source>%1 is not a valid address.</source>
         <extracomment>The foot of the window. %1 is an address that the user has written</extracomment>
         <translation>%1 är ingen giltig adress.</translation>
     </message>

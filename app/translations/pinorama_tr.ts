@@ -180,7 +180,7 @@
         <translation>Küre programı için dosya yazılamıyor.</translation>
     </message>
     <message>
-        <source>Marble was started, but has not appeared so far.</source>
+        <source>Marble was started, but has not appeared yet.</source>
         <extracomment>The foot of the window. Marble is the name of a program</extracomment>
         <translation>Marble başlatıldı, ancak henüz görünmedi.</translation>
     </message>
@@ -478,9 +478,9 @@
         <translation>&amp;Aç</translation>
     </message>
     <message>
-        <source>Open &amp;With...</source>
+        <source>Open &amp;With…</source>
         <extracomment>Context menu: has the user choose the program</extracomment>
-        <translation>&amp;Birlikte Aç...</translation>
+        <translation>&amp;Birlikte Aç…</translation>
     </message>
     <message>
         <source>Within %1 m of %2</source>
@@ -493,7 +493,7 @@
         <translation>Aranıyor...</translation>
     </message>
     <message>
-        <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
+        <source>Pictures cannot be searched for: the program pinorama-search does not start.</source>
         <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
         <translation>Resimler aranamıyor: pinorama-search programı başlamıyor.</translation>
     </message>
@@ -571,12 +571,12 @@
         <translation>%1 bir klasör.</translation>
     </message>
     <message>
-        <source>%1 is no file that can be read.</source>
+        <source>%1 is not a file that can be read.</source>
         <extracomment>A pipe or a device</extracomment>
         <translation>%1 okunabilen bir dosya değil.</translation>
     </message>
     <message>
-        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
+        <source>Files of this type are not read; JPEG and the raw files of cameras are.</source>
         <extracomment>The foot of the window. JPEG stays</extracomment>
         <translation>Bu türdeki dosyalar okunmaz; yalnızca JPEG ve kameraların ham dosyaları okunur.</translation>
     </message>
@@ -680,7 +680,7 @@
         <translation>Hiçbir program %1 dosyasını açmıyor.</translation>
     </message>
     <message>
-        <source>%1 is no valid address.</source>
+        <source>%1 is not a valid address.</source>
         <extracomment>The foot of the window. %1 is an address that the user has written</extracomment>
         <translation>%1 geçerli bir adres değil.</translation>
     </message>

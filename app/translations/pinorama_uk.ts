@@ -180,7 +180,7 @@
         <translation>Не вдається записати файл для програми-глобуса.</translation>
     </message>
     <message>
-        <source>Marble was started, but has not appeared so far.</source>
+        <source>Marble was started, but has not appeared yet.</source>
         <extracomment>The foot of the window. Marble is the name of a program</extracomment>
         <translation>Marble запущено, але він досі не з’явився.</translation>
     </message>
@@ -477,9 +477,9 @@
         <translation>&amp;Відкрити</translation>
     </message>
     <message>
-        <source>Open &amp;With...</source>
+        <source>Open &amp;With…</source>
         <extracomment>Context menu: has the user choose the program</extracomment>
-        <translation>Відкрити &amp;за допомогою...</translation>
+        <translation>Відкрити &amp;за допомогою…</translation>
     </message>
     <message>
         <source>Within %1 m of %2</source>
@@ -492,7 +492,7 @@
         <translation>Пошук...</translation>
     </message>
     <message>
-        <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
+        <source>Pictures cannot be searched for: the program pinorama-search does not start.</source>
         <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
         <translation>Не вдається шукати знімки: програма pinorama-search не запускається.</translation>
     </message>
@@ -582,12 +582,12 @@
         <translation>%1 є текою.</translation>
     </message>
     <message>
-        <source>%1 is no file that can be read.</source>
+        <source>%1 is not a file that can be read.</source>
         <extracomment>A pipe or a device</extracomment>
         <translation>%1 не є файлом, який можна прочитати.</translation>
     </message>
     <message>
-        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
+        <source>Files of this type are not read; JPEG and the raw files of cameras are.</source>
         <extracomment>The foot of the window. JPEG stays</extracomment>
         <translation>Файли цього типу не читаються, лише JPEG і файли RAW фотоапаратів.</translation>
     </message>
@@ -691,7 +691,7 @@
         <translation>Жодна програма не відкриває %1.</translation>
     </message>
     <message>
-        <source>%1 is no valid address.</source>
+        <source>%1 is not a valid address.</source>
         <extracomment>The foot of the window. %1 is an address that the user has written</extracomment>
         <translation>%1 не є правильною адресою.</translation>
     </message>

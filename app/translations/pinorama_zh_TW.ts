@@ -180,7 +180,7 @@
         <translation>無法寫入供地球儀程式使用的檔案。</translation>
     </message>
     <message>
-        <source>Marble was started, but has not appeared so far.</source>
+        <source>Marble was started, but has not appeared yet.</source>
         <extracomment>The foot of the window. Marble is the name of a program</extracomment>
         <translation>Marble 已啟動，但目前尚未出現。</translation>
     </message>
@@ -477,9 +477,9 @@
         <translation>開啟(&amp;O)</translation>
     </message>
     <message>
-        <source>Open &amp;With...</source>
+        <source>Open &amp;With…</source>
         <extracomment>Context menu: has the user choose the program</extracomment>
-        <translation>開啟方式(&amp;W)...</translation>
+        <translation>開啟方式(&amp;W)…</translation>
     </message>
     <message>
         <source>Within %1 m of %2</source>
@@ -492,7 +492,7 @@
         <translation>正在搜尋...</translation>
     </message>
     <message>
-        <source>Pictures cannot be searched: the program pinorama-search does not start.</source>
+        <source>Pictures cannot be searched for: the program pinorama-search does not start.</source>
         <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
         <translation>無法搜尋相片：程式 pinorama-search 未能啟動。</translation>
     </message>
@@ -570,12 +570,12 @@
         <translation>%1 是資料夾。</translation>
     </message>
     <message>
-        <source>%1 is no file that can be read.</source>
+        <source>%1 is not a file that can be read.</source>
         <extracomment>A pipe or a device</extracomment>
         <translation>%1 不是可讀取的檔案。</translation>
     </message>
     <message>
-        <source>Files of this type are not read: JPEG and the raw files of cameras are.</source>
+        <source>Files of this type are not read; JPEG and the raw files of cameras are.</source>
         <extracomment>The foot of the window. JPEG stays</extracomment>
         <translation>不讀取此類型的檔案，僅讀取 JPEG 和相機的 RAW 檔案。</translation>
     </message>
@@ -679,7 +679,7 @@
         <translation>沒有可開啟 %1 的程式。</translation>
     </message>
     <message>
-        <source>%1 is no valid address.</source>
+        <source>%1 is not a valid address.</source>
         <extracomment>The foot of the window. %1 is an address that the user has written</extracomment>
         <translation>%1 不是有效的位址。</translation>
     </message>

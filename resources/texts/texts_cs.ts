@@ -130,7 +130,7 @@
         <translation>sleduje výběr v programech Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt a SpaceFM</translation>
     </message>
     <message>
-        <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>
+        <source>reads JPEG and the raw formats of common cameras, and on request HEIC, videos and more</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;. HEIC and JPEG stay</extracomment>
         <translation>čte JPEG a surové formáty běžných fotoaparátů, na přání i HEIC, videa a další</translation>
     </message>
@@ -433,7 +433,7 @@
         <translation>V čase místa. Hodiny fotoaparátu byly nastaveny na {zone} a ukazovaly {time}.</translation>
     </message>
     <message>
-        <source>By the camera&apos;s clock. The picture does not say its time zone; the one shown is that of the place.</source>
+        <source>By the camera&apos;s clock. The picture does not state its time zone; the one shown is that of the place.</source>
         <comment>takenByCameraAssumed</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
         <translation>Podle hodin fotoaparátu. Snímek neuvádí jejich časové pásmo; zobrazeno je pásmo místa.</translation>

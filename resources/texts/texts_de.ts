@@ -130,7 +130,7 @@
         <translation>folgt der Auswahl in Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt und SpaceFM</translation>
     </message>
     <message>
-        <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>
+        <source>reads JPEG and the raw formats of common cameras, and on request HEIC, videos and more</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;. HEIC and JPEG stay</extracomment>
         <translation>liest JPEG und die Rohformate der verbreiteten Kameras, auf Wunsch auch HEIC, Videos und mehr</translation>
     </message>
@@ -433,7 +433,7 @@
         <translation>In der Zeit des Ortes. Die Uhr der Kamera war auf {zone} gestellt und zeigte {time}.</translation>
     </message>
     <message>
-        <source>By the camera&apos;s clock. The picture does not say its time zone; the one shown is that of the place.</source>
+        <source>By the camera&apos;s clock. The picture does not state its time zone; the one shown is that of the place.</source>
         <comment>takenByCameraAssumed</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
         <translation>Nach der Uhr der Kamera. Das Bild nennt ihre Zeitzone nicht; gezeigt wird die des Ortes.</translation>

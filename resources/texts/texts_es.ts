@@ -130,7 +130,7 @@
         <translation>sigue la selección de Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt y SpaceFM</translation>
     </message>
     <message>
-        <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>
+        <source>reads JPEG and the raw formats of common cameras, and on request HEIC, videos and more</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;. HEIC and JPEG stay</extracomment>
         <translation>lee JPEG y los formatos RAW de las cámaras habituales y, si se le pide, HEIC, vídeos y más</translation>
     </message>
@@ -433,7 +433,7 @@
         <translation>En la hora del lugar. El reloj de la cámara estaba ajustado a {zone} y marcaba {time}.</translation>
     </message>
     <message>
-        <source>By the camera&apos;s clock. The picture does not say its time zone; the one shown is that of the place.</source>
+        <source>By the camera&apos;s clock. The picture does not state its time zone; the one shown is that of the place.</source>
         <comment>takenByCameraAssumed</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
         <translation>Según el reloj de la cámara. La foto no indica su zona horaria; se muestra la del lugar.</translation>

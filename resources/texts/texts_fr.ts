@@ -130,7 +130,7 @@
         <translation>suit la sélection de Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt et SpaceFM</translation>
     </message>
     <message>
-        <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>
+        <source>reads JPEG and the raw formats of common cameras, and on request HEIC, videos and more</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;. HEIC and JPEG stay</extracomment>
         <translation>lit le JPEG et les formats bruts des appareils courants et, sur demande, HEIC, les vidéos et d’autres fichiers</translation>
     </message>
@@ -433,7 +433,7 @@
         <translation>À l’heure du lieu. L’horloge de l’appareil était réglée sur {zone} et indiquait {time}.</translation>
     </message>
     <message>
-        <source>By the camera&apos;s clock. The picture does not say its time zone; the one shown is that of the place.</source>
+        <source>By the camera&apos;s clock. The picture does not state its time zone; the one shown is that of the place.</source>
         <comment>takenByCameraAssumed</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
         <translation>D’après l’horloge de l’appareil. La photo n’en indique pas le fuseau horaire&#x202f;; celui qui est affiché est celui du lieu.</translation>

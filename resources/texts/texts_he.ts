@@ -130,7 +130,7 @@
         <translation>עוקבת אחר הבחירה ב־Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt ו־SpaceFM</translation>
     </message>
     <message>
-        <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>
+        <source>reads JPEG and the raw formats of common cameras, and on request HEIC, videos and more</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;. HEIC and JPEG stay</extracomment>
         <translation>קוראת JPEG ואת קובצי ה־RAW של מצלמות נפוצות, ולפי בקשה HEIC, סרטונים ועוד</translation>
     </message>
@@ -434,7 +434,7 @@
         <translation>בשעון המקום. שעון המצלמה כוון ל־{zone} והראה {time}.</translation>
     </message>
     <message>
-        <source>By the camera&apos;s clock. The picture does not say its time zone; the one shown is that of the place.</source>
+        <source>By the camera&apos;s clock. The picture does not state its time zone; the one shown is that of the place.</source>
         <comment>takenByCameraAssumed</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
         <translation>לפי שעון המצלמה. התמונה אינה מציינת את אזור הזמן שלו; מוצג זה של המקום.</translation>

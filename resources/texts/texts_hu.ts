@@ -129,7 +129,7 @@
         <translation>követi a Nautilus, a Nemo, a Caja, a Thunar, a Dolphin, a PCManFM, a PCManFM-Qt és a SpaceFM kijelölését</translation>
     </message>
     <message>
-        <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>
+        <source>reads JPEG and the raw formats of common cameras, and on request HEIC, videos and more</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;. HEIC and JPEG stay</extracomment>
         <translation>olvassa a JPEG-et és az elterjedt fényképezőgépek nyers formátumait, kérésre a HEIC-et, a videókat és mást is</translation>
     </message>
@@ -432,7 +432,7 @@
         <translation>A hely idejében. A fényképezőgép órája erre volt állítva: {zone}, és ezt mutatta: {time}.</translation>
     </message>
     <message>
-        <source>By the camera&apos;s clock. The picture does not say its time zone; the one shown is that of the place.</source>
+        <source>By the camera&apos;s clock. The picture does not state its time zone; the one shown is that of the place.</source>
         <comment>takenByCameraAssumed</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
         <translation>A fényképezőgép órája szerint. A kép nem adja meg az időzónáját; a hely időzónája látható.</translation>

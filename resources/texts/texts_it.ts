@@ -130,7 +130,7 @@
         <translation>segue la selezione di Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt e SpaceFM</translation>
     </message>
     <message>
-        <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>
+        <source>reads JPEG and the raw formats of common cameras, and on request HEIC, videos and more</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;. HEIC and JPEG stay</extracomment>
         <translation>legge JPEG e i formati raw delle fotocamere più diffuse e, su richiesta, HEIC, video e altro</translation>
     </message>
@@ -433,7 +433,7 @@
         <translation>Nell’ora del luogo. L’orologio della fotocamera era impostato su {zone} e segnava {time}.</translation>
     </message>
     <message>
-        <source>By the camera&apos;s clock. The picture does not say its time zone; the one shown is that of the place.</source>
+        <source>By the camera&apos;s clock. The picture does not state its time zone; the one shown is that of the place.</source>
         <comment>takenByCameraAssumed</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
         <translation>Secondo l’orologio della fotocamera. La foto non ne indica il fuso orario; è mostrato quello del luogo.</translation>

@@ -129,7 +129,7 @@
         <translation>Nautilus、Nemo、Caja、Thunar、Dolphin、PCManFM、PCManFM-Qt、SpaceFM の選択に追従します</translation>
     </message>
     <message>
-        <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>
+        <source>reads JPEG and the raw formats of common cameras, and on request HEIC, videos and more</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;. HEIC and JPEG stay</extracomment>
         <translation>JPEG と一般的なカメラの RAW 形式を読み込み、設定により HEIC や動画なども読み込みます</translation>
     </message>
@@ -432,7 +432,7 @@
         <translation>現地時間です。カメラの時計は {zone} に設定されており、{time} を示していました。</translation>
     </message>
     <message>
-        <source>By the camera&apos;s clock. The picture does not say its time zone; the one shown is that of the place.</source>
+        <source>By the camera&apos;s clock. The picture does not state its time zone; the one shown is that of the place.</source>
         <comment>takenByCameraAssumed</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
         <translation>カメラの時計による時刻です。写真にはタイムゾーンの記録がないため、撮影地のものを表示しています。</translation>

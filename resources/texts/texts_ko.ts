@@ -129,7 +129,7 @@
         <translation>Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt, SpaceFM의 선택을 따라갑니다</translation>
     </message>
     <message>
-        <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>
+        <source>reads JPEG and the raw formats of common cameras, and on request HEIC, videos and more</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;. HEIC and JPEG stay</extracomment>
         <translation>JPEG와 널리 쓰이는 카메라의 RAW 형식을 읽고, 원하면 HEIC와 동영상 등도 읽습니다</translation>
     </message>
@@ -432,7 +432,7 @@
         <translation>장소의 시간입니다. 카메라의 시계는 {zone}(으)로 맞춰져 있었고 {time}을(를) 가리켰습니다.</translation>
     </message>
     <message>
-        <source>By the camera&apos;s clock. The picture does not say its time zone; the one shown is that of the place.</source>
+        <source>By the camera&apos;s clock. The picture does not state its time zone; the one shown is that of the place.</source>
         <comment>takenByCameraAssumed</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
         <translation>카메라의 시계에 따릅니다. 사진에 시간대가 나와 있지 않아 장소의 시간대를 보여 줍니다.</translation>

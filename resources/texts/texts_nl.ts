@@ -130,7 +130,7 @@
         <translation>volgt de selectie van Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt en SpaceFM</translation>
     </message>
     <message>
-        <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>
+        <source>reads JPEG and the raw formats of common cameras, and on request HEIC, videos and more</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;. HEIC and JPEG stay</extracomment>
         <translation>leest JPEG en de raw-indelingen van gangbare camera’s, en op verzoek HEIC, video’s en meer</translation>
     </message>
@@ -433,7 +433,7 @@
         <translation>In de tijd van de plaats. De klok van de camera stond op {zone} en gaf {time} aan.</translation>
     </message>
     <message>
-        <source>By the camera&apos;s clock. The picture does not say its time zone; the one shown is that of the place.</source>
+        <source>By the camera&apos;s clock. The picture does not state its time zone; the one shown is that of the place.</source>
         <comment>takenByCameraAssumed</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
         <translation>Volgens de klok van de camera. De foto noemt de tijdzone niet; die van de plaats wordt getoond.</translation>

@@ -129,7 +129,7 @@
         <translation>śledzi zaznaczenie w programach Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt i SpaceFM</translation>
     </message>
     <message>
-        <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>
+        <source>reads JPEG and the raw formats of common cameras, and on request HEIC, videos and more</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;. HEIC and JPEG stay</extracomment>
         <translation>czyta JPEG i formaty surowe popularnych aparatów, a na życzenie także HEIC, filmy i inne pliki</translation>
     </message>
@@ -432,7 +432,7 @@
         <translation>W czasie tego miejsca. Zegar aparatu był ustawiony na {zone} i wskazywał {time}.</translation>
     </message>
     <message>
-        <source>By the camera&apos;s clock. The picture does not say its time zone; the one shown is that of the place.</source>
+        <source>By the camera&apos;s clock. The picture does not state its time zone; the one shown is that of the place.</source>
         <comment>takenByCameraAssumed</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
         <translation>Według zegara aparatu. Zdjęcie nie podaje strefy czasowej; pokazano strefę tego miejsca.</translation>

@@ -130,7 +130,7 @@
         <translation>acompanha a seleção do Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt e SpaceFM</translation>
     </message>
     <message>
-        <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>
+        <source>reads JPEG and the raw formats of common cameras, and on request HEIC, videos and more</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;. HEIC and JPEG stay</extracomment>
         <translation>lê JPEG e os formatos RAW das câmeras comuns e, se pedido, HEIC, vídeos e mais</translation>
     </message>
@@ -433,7 +433,7 @@
         <translation>Na hora do local. O relógio da câmera estava ajustado para {zone} e marcava {time}.</translation>
     </message>
     <message>
-        <source>By the camera&apos;s clock. The picture does not say its time zone; the one shown is that of the place.</source>
+        <source>By the camera&apos;s clock. The picture does not state its time zone; the one shown is that of the place.</source>
         <comment>takenByCameraAssumed</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
         <translation>Pelo relógio da câmera. A foto não informa o fuso horário; é mostrado o do local.</translation>

@@ -130,7 +130,7 @@
         <translation>следит за выбором в Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt и SpaceFM</translation>
     </message>
     <message>
-        <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>
+        <source>reads JPEG and the raw formats of common cameras, and on request HEIC, videos and more</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;. HEIC and JPEG stay</extracomment>
         <translation>читает JPEG и форматы RAW распространённых фотоаппаратов, а по желанию HEIC, видео и другое</translation>
     </message>
@@ -433,7 +433,7 @@
         <translation>По времени места съёмки. Часы фотоаппарата были установлены на {zone} и показывали {time}.</translation>
     </message>
     <message>
-        <source>By the camera&apos;s clock. The picture does not say its time zone; the one shown is that of the place.</source>
+        <source>By the camera&apos;s clock. The picture does not state its time zone; the one shown is that of the place.</source>
         <comment>takenByCameraAssumed</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
         <translation>По часам фотоаппарата. Часовой пояс в снимке не указан; показан пояс места съёмки.</translation>

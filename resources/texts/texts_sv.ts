@@ -129,7 +129,7 @@
         <translation>följer markeringen i Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt och SpaceFM</translation>
     </message>
     <message>
-        <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>
+        <source>reads JPEG and the raw formats of common cameras, and on request HEIC, videos and more</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;. HEIC and JPEG stay</extracomment>
         <translation>läser JPEG och råformaten från vanliga kameror, och på begäran HEIC, videor med mera</translation>
     </message>
@@ -432,7 +432,7 @@
         <translation>I platsens tid. Kamerans klocka var ställd på {zone} och visade {time}.</translation>
     </message>
     <message>
-        <source>By the camera&apos;s clock. The picture does not say its time zone; the one shown is that of the place.</source>
+        <source>By the camera&apos;s clock. The picture does not state its time zone; the one shown is that of the place.</source>
         <comment>takenByCameraAssumed</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
         <translation>Enligt kamerans klocka. Bilden anger inte dess tidszon; den som visas är platsens.</translation>

@@ -129,7 +129,7 @@
         <translation>Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt ve SpaceFM içindeki seçimi izler</translation>
     </message>
     <message>
-        <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>
+        <source>reads JPEG and the raw formats of common cameras, and on request HEIC, videos and more</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;. HEIC and JPEG stay</extracomment>
         <translation>JPEG dosyalarını ve yaygın kameraların ham biçimlerini, istenirse HEIC, video ve başkalarını okur</translation>
     </message>
@@ -432,7 +432,7 @@
         <translation>Çekim yerinin saatiyle. Kameranın saati {zone} olarak ayarlıydı ve {time} gösteriyordu.</translation>
     </message>
     <message>
-        <source>By the camera&apos;s clock. The picture does not say its time zone; the one shown is that of the place.</source>
+        <source>By the camera&apos;s clock. The picture does not state its time zone; the one shown is that of the place.</source>
         <comment>takenByCameraAssumed</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
         <translation>Kameranın saatine göre. Resim, saat dilimini belirtmiyor; gösterilen, çekim yerinin saat dilimidir.</translation>

@@ -132,7 +132,7 @@
         <translation>стежить за вибором у Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt і SpaceFM</translation>
     </message>
     <message>
-        <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>
+        <source>reads JPEG and the raw formats of common cameras, and on request HEIC, videos and more</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;. HEIC and JPEG stay</extracomment>
         <translation>читає JPEG і формати RAW поширених фотоапаратів, а за бажанням HEIC, відео та інше</translation>
     </message>
@@ -435,7 +435,7 @@
         <translation>За часом місця знімання. Годинник фотоапарата було виставлено на {zone}, і він показував {time}.</translation>
     </message>
     <message>
-        <source>By the camera&apos;s clock. The picture does not say its time zone; the one shown is that of the place.</source>
+        <source>By the camera&apos;s clock. The picture does not state its time zone; the one shown is that of the place.</source>
         <comment>takenByCameraAssumed</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
         <translation>За годинником фотоапарата. У знімку не вказано часовий пояс; показано пояс місця знімання.</translation>

@@ -130,7 +130,7 @@
         <translation>跟随 Nautilus、Nemo、Caja、Thunar、Dolphin、PCManFM、PCManFM-Qt 和 SpaceFM 中选中的文件</translation>
     </message>
     <message>
-        <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>
+        <source>reads JPEG and the raw formats of common cameras, and on request HEIC, videos and more</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;. HEIC and JPEG stay</extracomment>
         <translation>读取 JPEG 和常见相机的 RAW 格式，并可按需读取 HEIC、视频等</translation>
     </message>
@@ -433,7 +433,7 @@
         <translation>以当地时间显示。相机时钟设置为 {zone}，当时显示 {time}。</translation>
     </message>
     <message>
-        <source>By the camera&apos;s clock. The picture does not say its time zone; the one shown is that of the place.</source>
+        <source>By the camera&apos;s clock. The picture does not state its time zone; the one shown is that of the place.</source>
         <comment>takenByCameraAssumed</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
         <translation>依据相机时钟。照片未注明时区，此处显示的是拍摄地的时区。</translation>

@@ -130,7 +130,7 @@
         <translation>跟隨 Nautilus、Nemo、Caja、Thunar、Dolphin、PCManFM、PCManFM-Qt 和 SpaceFM 中的選取</translation>
     </message>
     <message>
-        <source>reads JPEG and the raw formats of common cameras, on request HEIC, videos and more</source>
+        <source>reads JPEG and the raw formats of common cameras, and on request HEIC, videos and more</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;. HEIC and JPEG stay</extracomment>
         <translation>讀取 JPEG 和常見相機的 RAW 格式，並可視需要讀取 HEIC、影片等</translation>
     </message>
@@ -433,7 +433,7 @@
         <translation>當地時間。相機時鐘設定為 {zone}，顯示 {time}。</translation>
     </message>
     <message>
-        <source>By the camera&apos;s clock. The picture does not say its time zone; the one shown is that of the place.</source>
+        <source>By the camera&apos;s clock. The picture does not state its time zone; the one shown is that of the place.</source>
         <comment>takenByCameraAssumed</comment>
         <extracomment>Tool tip of the time at which a picture was taken: whose clock gave it. {time} is a date and a time, {zone} a time zone: its name or &quot;UTC+2&quot;.</extracomment>
         <translation>依相機時鐘。相片未註明其時區；顯示的是當地時區。</translation>

@@ -161,7 +161,7 @@ TEST_F(whatTheFootSays, whatIsMissingOrOfAnotherKind)
     EXPECT_FALSE(show(folder.file("gone.txt")));
     EXPECT_EQ(words(), "There is no file gone.txt.");
     EXPECT_FALSE(show(folder.write("notes.txt", "x")));
-    EXPECT_EQ(words(), "Files of this type are not read: JPEG and the raw files of cameras are.");
+    EXPECT_EQ(words(), "Files of this type are not read; JPEG and the raw files of cameras are.");
     std::filesystem::create_directory(folder.file("Pictures"));
     EXPECT_FALSE(show(folder.file("Pictures")));
     EXPECT_EQ(words(), "Pictures is a folder.");
@@ -170,7 +170,7 @@ TEST_F(whatTheFootSays, whatIsMissingOrOfAnotherKind)
     EXPECT_EQ(words(), "x.jpg is a folder.");
     ASSERT_EQ(mkfifo(folder.file("pipe.jpg").c_str(), 0600), 0);
     EXPECT_TRUE(show(folder.file("pipe.jpg")));
-    EXPECT_EQ(words(), "pipe.jpg is no file that can be read.");
+    EXPECT_EQ(words(), "pipe.jpg is not a file that can be read.");
 }
 
 TEST_F(whatTheFootSays, whatMayNotBeRead)

@@ -33,10 +33,9 @@ protected:
 TEST_F(sayOfGlobes, saysAtTheFootOfTheWindowWhyThereIsNothingToSee)
 {
     pinorama::sayOfGlobes(globes, window);
-    const char* const expected[] = {"The globe program cannot be started.",
-                                    "The file for the globe program cannot be written.",
-                                    "Marble was started, but has not appeared so far.",
-                                    "Marble is running, but does not answer."};
+    const char* const expected[] = {
+        "The globe program cannot be started.", "The file for the globe program cannot be written.",
+        "Marble was started, but has not appeared yet.", "Marble is running, but does not answer."};
     for (std::size_t i = 0; i < std::size(kFailures); ++i) {
         Q_EMIT globes.failed(kFailures[i]);
         EXPECT_EQ(words(), expected[i]);

@@ -97,7 +97,7 @@ TEST_F(SayingOpenerTest, doesNotHandOnAMalformedAddressAndSaysSo)
     SayingOpener saying(*controller.myWindow, opener);
     for (const char* url : {"https://a.example/%zz", "a.example/x"}) {
         EXPECT_FALSE(saying.open(url));
-        EXPECT_EQ(words(), std::string(url) + " is no valid address.");
+        EXPECT_EQ(words(), std::string(url) + " is not a valid address.");
     }
     EXPECT_EQ(opener.addresses, std::vector<std::string>());
 }

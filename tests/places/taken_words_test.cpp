@@ -79,14 +79,14 @@ TEST(createTakenText, isInTheTimeOfThePlaceIfThatCanBeKnown)
          {kNoonInJuly, std::nullopt},
          "America/Argentina/Ushuaia",
          "14 Jul 2026, 12:00 (Argentina Standard Time)",
-         "By the camera's clock. The picture does not say its time zone; the one shown is that of "
-         "the place."},
+         "By the camera's clock. The picture does not state its time zone; the one shown is that "
+         "of the place."},
         {"a clock without an offset, in summer",
          {kNoonInJuly, std::nullopt},
          "Europe/Rome",
          "14 Jul 2026, 12:00 (Central European Summer Time)",
-         "By the camera's clock. The picture does not say its time zone; the one shown is that of "
-         "the place."},
+         "By the camera's clock. The picture does not state its time zone; the one shown is that "
+         "of the place."},
         {"a clock and nothing else",
          {kNoonInJuly, std::nullopt},
          "",

@@ -172,7 +172,7 @@ TEST_F(nearbyWindow, saysHowASearchEnds)
     window.search("/photos/trip/here.jpg", {0.5, 10});
     EXPECT_TRUE(waitUntilIdle());
     EXPECT_EQ(views.status(),
-              "Pictures cannot be searched: the program pinorama-search does not start.");
+              "Pictures cannot be searched for: the program pinorama-search does not start.");
     EXPECT_EQ(views.view()->accessibleName().toStdString(), views.status())
         << "what a screen reader says of the empty list";
 }
