@@ -82,4 +82,18 @@ bool ByteBlock::beginsWith(ByteView bytes) const
     return start.size() == bytes.size() && std::equal(start.begin(), start.end(), bytes.begin());
 }
 
+std::vector<std::uint8_t> copyOf(const ByteBlock& block, std::uint64_t maxLength)
+{
+    std::vector<std::uint8_t> bytes;
+    if (block.length() > maxLength) return bytes;
+    bytes.reserve(static_cast<std::size_t>(block.length()));
+    while (bytes.size() < block.length()) {
+        const auto wanted = std::min<std::uint64_t>(block.length() - bytes.size(), kMaxViewLength);
+        const ByteView part = block.view(bytes.size(), static_cast<std::size_t>(wanted));
+        if (part.empty()) return {};
+        bytes.insert(bytes.end(), part.begin(), part.end());
+    }
+    return bytes;
+}
+
 }  // namespace pinorama

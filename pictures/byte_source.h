@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <vector>
 
 namespace pinorama {
 
@@ -129,5 +130,8 @@ private:
     std::uint64_t start_ = 0;
     std::uint64_t length_ = 0;
 };
+
+// The bytes of a block; none when it is longer than `maxLength` or a part of it cannot be read.
+std::vector<std::uint8_t> copyOf(const ByteBlock& block, std::uint64_t maxLength);
 
 }  // namespace pinorama

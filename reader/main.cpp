@@ -4,6 +4,7 @@
 #include "base/user_language.h"
 #include "pictures/more_properties.h"
 #include "pictures/picture_properties.h"
+#include "pictures/pixels/av1_image.h"
 #include "pictures/pixels/hevc_image.h"
 #include "reader/namespaces.h"
 #include "reader/other_pictures.h"
@@ -42,6 +43,7 @@ int main()
     }
     loadPicturePlugins();
     (void)loadHevcDecoder();  // without it there is no preview of most HEIC pictures
+    (void)loadAv1Decoder();   // ... of AVIF pictures
     bool hasNamespaces = false;
     if (!enterSandbox(readerRules(kReaderSocket), &hasNamespaces)) return EXIT_FAILURE;
     const ReaderProcess keeper = hasNamespaces ? forkNamespaceKeeper() : ReaderProcess();

@@ -296,16 +296,7 @@ std::optional<ColourProfile> ColourProfile::fromIcc(ByteView profile)
 
 std::optional<ColourProfile> ColourProfile::fromIcc(const ByteBlock& profile)
 {
-    if (profile.isEmpty() || profile.length() > kMaxProfileLength) return std::nullopt;
-    std::vector<std::uint8_t> bytes;
-    bytes.reserve(static_cast<std::size_t>(profile.length()));
-    while (bytes.size() < profile.length()) {
-        const auto wanted =
-            std::min<std::uint64_t>(profile.length() - bytes.size(), kMaxViewLength);
-        const ByteView part = profile.view(bytes.size(), static_cast<std::size_t>(wanted));
-        if (part.empty()) return std::nullopt;
-        bytes.insert(bytes.end(), part.begin(), part.end());
-    }
+    const std::vector<std::uint8_t> bytes = copyOf(profile, kMaxProfileLength);
     return fromIcc(ByteView(bytes));
 }
 

@@ -1,6 +1,7 @@
 #include "pictures/pixels/heif_preview.h"
 
 #include "pictures/jpeg_segments.h"
+#include "pictures/pixels/av1_image.h"
 #include "pictures/pixels/colour_profile.h"
 #include "pictures/pixels/heif_images.h"
 #include "pictures/pixels/hevc_image.h"
@@ -47,9 +48,20 @@ bool isQuick(PixelSize size, PixelSize wanted)
     return wanted.width < size.width / 2;
 }
 
-std::optional<PixelImage> decodeHevc(const HeifImage& image, PixelSize box)
+// Whether it is coded in one of the two ways of videos.
+bool isOfVideo(const HeifImage& image)
 {
-    const auto decoded = HevcImage::decode(image, isQuick(image.size, fitInto(image.size, box)));
+    return image.type == boxType("hvc1") || image.type == boxType("av01");
+}
+
+std::optional<YuvImage> decodeVideoImage(const HeifImage& image, bool quick)
+{
+    return image.type == boxType("av01") ? decodeAv1(image) : decodeHevc(image, quick);
+}
+
+std::optional<PixelImage> decodeSingle(const HeifImage& image, PixelSize box)
+{
+    const auto decoded = decodeVideoImage(image, isQuick(image.size, fitInto(image.size, box)));
     if (!decoded) return std::nullopt;
     const PixelSize size = decoded->size();
     RowScaler scaler(size, fitInto(size, box));
@@ -63,16 +75,16 @@ std::optional<PixelImage> decodeHevc(const HeifImage& image, PixelSize box)
 
 // The tiles of one row of a grid; fewer when one cannot be decoded or is not as large as `size`,
 // which is that of the first tile if it is not known yet.
-std::vector<HevcImage> decodeTiles(const HeifImages& images, const HeifImage& grid,
-                                   const std::uint32_t* items, std::int32_t count, bool quick,
-                                   PixelSize* size)
+std::vector<YuvImage> decodeTiles(const HeifImages& images, const HeifImage& grid,
+                                  const std::uint32_t* items, std::int32_t count, bool quick,
+                                  PixelSize* size)
 {
-    std::vector<HevcImage> tiles;
+    std::vector<YuvImage> tiles;
     for (std::int32_t i = 0; i < count; i++) {
         std::optional<HeifImage> tile = images.image(items[i]);
-        if (!tile || tile->type != boxType("hvc1")) break;
+        if (!tile || !isOfVideo(*tile)) break;
         if (!tile->colours) tile->colours = grid.colours;
-        std::optional<HevcImage> decoded = HevcImage::decode(*tile, quick);
+        std::optional<YuvImage> decoded = decodeVideoImage(*tile, quick);
         if (!decoded) break;
         if (size->width == 0) *size = decoded->size();
         const std::int64_t pixels = std::int64_t{size->width} * size->height * count;
@@ -93,7 +105,7 @@ std::optional<PixelImage> decodeGrid(const HeifImages& images, const HeifImage& 
     std::vector<std::uint32_t> row;
     PixelSize tile;
     for (std::int32_t i = 0; i < grid->rows && scaler.rowsMissing() > 0; i++) {
-        const std::vector<HevcImage> tiles =
+        const std::vector<YuvImage> tiles =
             decodeTiles(images, image, &image.tiles[static_cast<std::size_t>(i * grid->columns)],
                         grid->columns, quick, &tile);
         const bool isWhole = tiles.size() == static_cast<std::size_t>(grid->columns) &&
@@ -103,7 +115,7 @@ std::optional<PixelImage> decodeGrid(const HeifImages& images, const HeifImage& 
         row.resize(static_cast<std::size_t>(tile.width * grid->columns));
         for (std::int32_t y = 0; y < tile.height && scaler.rowsMissing() > 0; y++) {
             std::uint32_t* place = row.data();
-            for (const HevcImage& part : tiles) {
+            for (const YuvImage& part : tiles) {
                 part.readRow(y, place);
                 place += tile.width;
             }
@@ -189,7 +201,7 @@ std::optional<Preview> decode(const HeifImages& images, const Candidate& candida
     const PixelSize stored = storedBox(candidate, box);
     std::optional<PixelImage> pixels;
     if (image.type == boxType("jpeg")) pixels = decodeJpeg(image.bytes, stored);
-    if (image.type == boxType("hvc1")) pixels = decodeHevc(image, stored);
+    if (isOfVideo(image)) pixels = decodeSingle(image, stored);
     if (image.type == boxType("grid")) pixels = decodeGrid(images, image, stored);
     if (!pixels || pixels->pixels.empty()) return std::nullopt;
     convertColours(images, image, *pixels);

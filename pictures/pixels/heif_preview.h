@@ -14,8 +14,8 @@ namespace pinorama {
 // shows the whole picture, the picture itself included; else of the largest one that can be
 // decoded.
 //
-// JPEG images always can be. Images of HEVC, and grids of them, can be if this machine has a
-// decoder (hevc_image.h). Nothing when there is no image of these two.
+// JPEG images always can be. Images of HEVC and AV1, and grids of them, can be if this machine has
+// a decoder (hevc_image.h, av1_image.h). Nothing when there is no image of these three.
 std::optional<Preview> makeHeifPreview(const ByteBlock& file, PixelSize box);
 
 }  // namespace pinorama

@@ -2,11 +2,11 @@
 
 #include <dlfcn.h>
 
-#include <algorithm>
-#include <cmath>
 #include <exception>
 #include <utility>
 #include <vector>
+
+struct de265_image;
 
 namespace pinorama {
 namespace {
@@ -14,13 +14,11 @@ constexpr const char* kLibrary = "libde265.so.0";
 constexpr std::uint32_t kKnownVersion = 1;  // major
 
 constexpr std::uint64_t kMaxUnit = 32 << 20;  // bytes
-constexpr int kMaxSide = 16384;               // pixels; HEVC has no larger images
 
 // Values of the library's enumerations.
 constexpr int kFirstWarning = 1000;  // smaller numbers but 0 are errors
 constexpr int kNoDeblocking = 7;
 constexpr int kNoSampleOffset = 8;
-enum : int { kMonochrome, k420, k422, k444 };
 
 // What is used of the library, declared here because nobody needs it to build the program.
 struct Library {
@@ -92,15 +90,8 @@ bool isFine(int result)
 // Hands one unit of the stream to the decoder.
 bool push(void* decoder, const ByteBlock& unit)
 {
-    if (unit.isEmpty() || unit.length() > kMaxUnit) return false;
-    std::vector<std::uint8_t> bytes;
-    bytes.reserve(unit.length());
-    while (bytes.size() < unit.length()) {
-        const auto wanted = std::min<std::uint64_t>(unit.length() - bytes.size(), kMaxViewLength);
-        const ByteView part = unit.view(bytes.size(), wanted);
-        if (part.empty()) return false;
-        bytes.insert(bytes.end(), part.begin(), part.end());
-    }
+    const std::vector<std::uint8_t> bytes = copyOf(unit, kMaxUnit);
+    if (bytes.empty()) return false;
     return isFine(
         library()->pushUnit(decoder, bytes.data(), static_cast<int>(bytes.size()), 0, nullptr));
 }
@@ -159,9 +150,29 @@ const de265_image* decodedBy(void* decoder)
     return nullptr;
 }
 
-std::uint32_t clamped(int value)
+// Nothing if a plane is smaller than it has to be.
+std::optional<YuvImage::Layout> layoutOf(const de265_image* image)
 {
-    return static_cast<std::uint32_t>(std::clamp(value >> 16, 0, 255));
+    const Library& decoder = *library();
+    YuvImage::Layout layout;
+    layout.size = {decoder.width(image, 0), decoder.height(image, 0)};
+    layout.chroma = decoder.chroma(image);
+    const bool isHalfWide = layout.chroma == YuvImage::k420 || layout.chroma == YuvImage::k422;
+    const bool isHalfHigh = layout.chroma == YuvImage::k420;
+    const int planes = layout.chroma == YuvImage::kMonochrome ? 1 : 3;
+    for (int i = 0; i < planes; i++) {
+        YuvImage::Plane& plane = layout.planes[i];
+        int stride = 0;
+        plane.bytes = decoder.plane(image, i, &stride);
+        plane.stride = stride;
+        plane.bits = decoder.bits(image, i);
+        const int width = i != 0 && isHalfWide ? (layout.size.width + 1) / 2 : layout.size.width;
+        const int height = i != 0 && isHalfHigh ? (layout.size.height + 1) / 2 : layout.size.height;
+        if (decoder.width(image, i) < width || decoder.height(image, i) < height) {
+            return std::nullopt;
+        }
+    }
+    return layout;
 }
 }  // namespace
 
@@ -171,10 +182,10 @@ bool loadHevcDecoder()
 }
 
 // The library keeps most of its exceptions to itself; a lack of memory comes through.
-std::optional<HevcImage> HevcImage::decode(const HeifImage& image, bool quick)
+std::optional<YuvImage> decodeHevc(const HeifImage& image, bool quick)
 try {
     if (library() == nullptr) return std::nullopt;
-    Decoder decoder(library()->newDecoder(), freeDecoder);
+    YuvImage::Owner decoder(library()->newDecoder(), freeDecoder);
     if (!decoder) return std::nullopt;
     if (quick) {
         library()->setParameter(decoder.get(), kNoDeblocking, 1);
@@ -183,86 +194,13 @@ try {
     const std::size_t lengthSize = pushConfiguration(decoder.get(), image.configuration);
     if (lengthSize == 0 || !pushImage(decoder.get(), image.bytes, lengthSize)) return std::nullopt;
     const de265_image* const decoded = decodedBy(decoder.get());
-    HevcImage result(std::move(decoder));
-    if (decoded == nullptr || !result.take(decoded, image.colours)) return std::nullopt;
-    // Some cameras code whole blocks and say only here how much of them is the image.
-    const PixelSize stated = image.size;
-    if (stated.width > 0) result.size_.width = std::min(result.size_.width, stated.width);
-    if (stated.height > 0) result.size_.height = std::min(result.size_.height, stated.height);
-    return std::optional<HevcImage>(std::move(result));
+    if (decoded == nullptr) return std::nullopt;
+    const ColourCoding coded = {library()->matrix(decoded), library()->isFullRange(decoded) != 0};
+    const std::optional<YuvImage::Layout> layout = layoutOf(decoded);
+    if (!layout) return std::nullopt;
+    return YuvImage::make(std::move(decoder), *layout, image.colours.value_or(coded), image.size);
 } catch (const std::exception&) {
     return std::nullopt;
-}
-
-bool HevcImage::take(const de265_image* image, const std::optional<ColourCoding>& colours)
-{
-    const Library& decoder = *library();
-    size_ = {decoder.width(image, 0), decoder.height(image, 0)};
-    if (size_.width <= 0 || size_.height <= 0 || std::max(size_.width, size_.height) > kMaxSide) {
-        return false;
-    }
-    const int chroma = decoder.chroma(image);
-    hasColours_ = chroma != kMonochrome;
-    shiftX_ = chroma == k420 || chroma == k422 ? 1 : 0;
-    shiftY_ = chroma == k420 ? 1 : 0;
-    for (int i = 0; i < (hasColours_ ? 3 : 1); i++) {
-        Plane& plane = planes_[i];
-        plane.bytes = decoder.plane(image, i, &plane.stride);
-        plane.bits = decoder.bits(image, i);
-        const int sampleSize = plane.bits > 8 ? 2 : 1;
-        const int width = i == 0 ? size_.width : (size_.width + shiftX_) >> shiftX_;
-        const int height = i == 0 ? size_.height : (size_.height + shiftY_) >> shiftY_;
-        const bool isSound = plane.bytes != nullptr && plane.bits >= 8 && plane.bits <= 16 &&
-                             decoder.width(image, i) >= width &&
-                             decoder.height(image, i) >= height &&
-                             plane.stride >= width * sampleSize;
-        if (!isSound) return false;
-    }
-    setColours(
-        colours.value_or(ColourCoding{decoder.matrix(image), decoder.isFullRange(image) != 0}));
-    return true;
-}
-
-// Source: ITU-T H.273, 8.3.
-void HevcImage::setColours(ColourCoding colours)
-{
-    double red = 0.299;
-    double blue = 0.114;
-    if (colours.matrix == 1) red = 0.2126, blue = 0.0722;
-    if (colours.matrix == 9 || colours.matrix == 10) red = 0.2627, blue = 0.0593;
-    const double green = 1 - red - blue;
-    const double one = 65536;
-    const double luma = colours.isFullRange ? 1 : 255.0 / 219;
-    const double chroma = colours.isFullRange ? 1 : 255.0 / 224;
-    const auto fixed = [one](double value) { return static_cast<int>(std::lround(value * one)); };
-    luma_ = fixed(luma);
-    lumaOffset_ = colours.isFullRange ? 0 : 16;
-    redOfV_ = fixed(2 * (1 - red) * chroma);
-    blueOfU_ = fixed(2 * (1 - blue) * chroma);
-    greenOfV_ = fixed(2 * (1 - red) * red / green * chroma);
-    greenOfU_ = fixed(2 * (1 - blue) * blue / green * chroma);
-}
-
-int HevcImage::sample(int channel, std::int32_t x, std::int32_t y) const
-{
-    const Plane& plane = planes_[channel];
-    const std::uint8_t* row = plane.bytes + static_cast<std::ptrdiff_t>(y) * plane.stride;
-    if (plane.bits == 8) return row[x];
-    // The library keeps them in the byte order of the machine.
-    return reinterpret_cast<const std::uint16_t*>(row)[x] >> (plane.bits - 8);
-}
-
-void HevcImage::readRow(std::int32_t y, std::uint32_t* out) const
-{
-    constexpr std::uint32_t kOpaque = 0xff000000;
-    constexpr int kHalf = 1 << 15;
-    for (std::int32_t x = 0; x < size_.width; x++) {
-        const int luma = (sample(0, x, y) - lumaOffset_) * luma_ + kHalf;
-        const int u = hasColours_ ? sample(1, x >> shiftX_, y >> shiftY_) - 128 : 0;
-        const int v = hasColours_ ? sample(2, x >> shiftX_, y >> shiftY_) - 128 : 0;
-        out[x] = kOpaque | clamped(luma + redOfV_ * v) << 16 |
-                 clamped(luma - greenOfU_ * u - greenOfV_ * v) << 8 | clamped(luma + blueOfU_ * u);
-    }
 }
 
 }  // namespace pinorama

@@ -2,6 +2,7 @@
 
 #include "base/alloc.h"
 #include "location/picture_source.h"
+#include "pictures/pixels/av1_image.h"
 #include "pictures/pixels/hevc_image.h"
 #include "previews/picture_reader.h"
 #include "tests/previews/preview_fixture.h"
@@ -131,6 +132,20 @@ TEST_F(PreviewLoader, showsHevcFromTheSandbox)
     setReadsMoreKinds(false);
     ASSERT_EQ(arrivals_.size(), 1u);
     EXPECT_EQ(arrivals_[0].picture.size(), QSize(128, 121));
+    EXPECT_EQ(cuPictureReader().failureCount(), failuresBefore);
+}
+
+TEST_F(PreviewLoader, showsAv1FromTheSandbox)
+{
+    if (!loadAv1Decoder()) GTEST_SKIP() << "dav1d is not installed";
+    const int failuresBefore = cuPictureReader().failureCount();
+    setReadsMoreKinds(true);
+    request(folder_.write("a.avif", test::heifPicture({test::av1Part()})));
+    wait();
+    setReadsMoreKinds(false);
+    ASSERT_EQ(arrivals_.size(), 1u);
+    EXPECT_TRUE(arrivals_[0].isPreview);
+    EXPECT_TRUE(test::areNear(quartersOf(arrivals_[0].picture), kCorners));
     EXPECT_EQ(cuPictureReader().failureCount(), failuresBefore);
 }
 

@@ -42,6 +42,9 @@ std::string hevcQuarters();
 // An item of it.
 HeifPart hevcPart();
 
+// The same image in AV1, which says of itself what its decoder has to know.
+HeifPart av1Part();
+
 // A CR3 file with these two JPEG pictures and a TIFF block that states the orientation.
 std::string cr3Picture(std::string_view tiff, std::string_view thumbnail, std::string_view preview);
 

@@ -1,5 +1,6 @@
 #include "pictures/pixels/heif_preview.h"
 
+#include "pictures/pixels/av1_image.h"
 #include "pictures/pixels/hevc_image.h"
 #include "tests/support/byte_views.h"
 #include "tests/support/container_builder.h"
@@ -257,6 +258,46 @@ TEST(makeHeifPreview, decodesHevcWhereItsDecoderIs)
     EXPECT_FALSE(small->wasDecoded) << "it is a thumbnail";
     EXPECT_EQ(small->image.width, 32);
     EXPECT_TRUE(test::areNear(test::quartersOf(small->image), kCorners, kTolerance));
+}
+
+TEST(makeHeifPreview, decodesAv1WhereItsDecoderIs)
+{
+    if (!loadAv1Decoder()) GTEST_SKIP() << "dav1d is not installed";
+    const auto preview = previewOf(test::heifPicture({test::av1Part()}));
+    ASSERT_TRUE(preview);
+    EXPECT_TRUE(preview->wasDecoded);
+    EXPECT_EQ(preview->image.width, 64);
+    EXPECT_EQ(preview->image.height, 64);
+    EXPECT_TRUE(test::areNear(test::quartersOf(preview->image), kCorners));
+
+    HeifPart named = test::av1Part();
+    named.properties.push_back(test::heifColours(1, true));
+    const auto other = previewOf(test::heifPicture({named}));
+    ASSERT_TRUE(other);
+    EXPECT_FALSE(test::areNear(test::quartersOf(other->image), kCorners))
+        << "by what the file says";
+
+    const HeifPart tile = test::av1Part();
+    const auto grid = previewOf(gridOfTiles({tile, tile, tile, tile}, 2, 2, 100, 100));
+    ASSERT_TRUE(grid);
+    EXPECT_TRUE(test::isNear(grid->image.pixels[80 * 100 + 16], test::kRed));
+}
+
+TEST(makeHeifPreview, survivesEveryDamageOfAv1)
+{
+    if (!loadAv1Decoder()) GTEST_SKIP() << "dav1d is not installed";
+    const std::string file = test::heifPicture({test::av1Part()});
+    for (std::size_t size = 0; size < file.size(); size += 3) {
+        (void)previewOf(file.substr(0, size));
+    }
+    for (std::size_t i = 0; i < file.size(); i++) {
+        std::string damaged = file;
+        damaged[i] = static_cast<char>(damaged[i] ^ (i % 2 == 0 ? 0xff : 0x10));
+        const auto preview = previewOf(damaged, 32, 32);
+        if (preview) {
+            EXPECT_LE(preview->image.width, 32);
+        }
+    }
 }
 
 TEST(makeHeifPreview, leavesOutWhatIsCodedBeyondTheStatedSize)
