@@ -86,7 +86,10 @@ void drawMap(QPainter& painter, const PlaceData& data, const MapFrame& frame,
     for (const MapLine& line : lines) {
         if (line.kind == MapLineKind::land) land.addPolygon(polygonOf(line, frame));
     }
+    // The coast is drawn over its edge.
+    painter.setRenderHint(QPainter::Antialiasing, false);
     painter.fillPath(land, colours.land);
+    painter.setRenderHint(QPainter::Antialiasing);
     for (const auto& [kind, colour, width] : {std::tuple(MapLineKind::border, colours.border, 1.0),
                                               std::tuple(MapLineKind::coast, colours.coast, 1.0)}) {
         painter.setPen(QPen(colour, width, Qt::SolidLine, Qt::FlatCap, Qt::BevelJoin));

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <optional>
 #include <utility>
 
 using namespace pinorama;
@@ -34,60 +33,56 @@ class Numbers {
 public:
     Numbers(const PlaceSection& section, std::uint64_t first) : section_(section), next_(first) {}
 
-    std::optional<std::int64_t> next()
+    // Adds the next number; false if there is none.
+    bool addTo(std::int64_t& sum)
     {
         std::uint64_t value = 0;
         for (int shift = 0; shift < 35; shift += 7) {
-            if (rest_.empty()) rest_ = section_.itemsFrom(next_), next_ += rest_.size();
-            if (rest_.empty()) return std::nullopt;
-            const std::uint8_t byte = rest_.front();
-            rest_ = rest_.subspan(1);
+            if (byte_ == end_ && !readOn()) return false;
+            const std::uint8_t byte = *byte_++;
             value |= std::uint64_t{byte & 0x7fU} << shift;
-            if (byte < 0x80) {
-                const auto half = static_cast<std::int64_t>(value >> 1);
-                return (value & 1) != 0 ? -half - 1 : half;
-            }
+            if (byte >= 0x80) continue;
+            const auto half = static_cast<std::int64_t>(value >> 1);
+            sum += (value & 1) != 0 ? -half - 1 : half;
+            return true;
         }
-        return std::nullopt;
+        return false;
     }
 
 private:
+    bool readOn()
+    {
+        const std::span<const std::uint8_t> bytes = section_.itemsFrom(next_);
+        byte_ = bytes.data();
+        end_ = byte_ + bytes.size();
+        next_ += bytes.size();
+        return !bytes.empty();
+    }
+
     const PlaceSection& section_;
-    std::uint64_t next_;  // the byte that follows `rest_`
-    std::span<const std::uint8_t> rest_;
+    std::uint64_t next_;  // the byte that `end_` is
+    const std::uint8_t* byte_ = nullptr;
+    const std::uint8_t* end_ = nullptr;
 };
 
-// The points of a line, shifted by whole turns; as many as there are in a damaged file.
+// The points of a line, shifted by whole turns; as many as there are in a damaged file. Those that
+// are less than `least` degrees away from the one before are left out, except for the last one.
 std::vector<MapPoint> readPoints(const PlaceData& data, const StoredLine& line, double units,
-                                 double shift)
+                                 double shift, double least)
 {
     Numbers numbers(data.mapPoints, line.first);
+    const auto leastUnits = static_cast<std::int64_t>(std::ceil(least * units));
     std::vector<MapPoint> points;
-    points.reserve(std::min<std::size_t>(line.count, data.mapPoints.count() / 2));
-    std::int64_t x = 0, y = 0;
+    std::int64_t x = 0, y = 0, keptX = 0, keptY = 0;
     for (std::uint32_t index = 0; index < line.count; ++index) {
-        const auto dx = numbers.next();
-        const auto dy = numbers.next();
-        if (!dx || !dy) break;
-        x += *dx;
-        y += *dy;
+        if (!numbers.addTo(x) || !numbers.addTo(y)) break;
+        const bool isFar = std::abs(x - keptX) >= leastUnits || std::abs(y - keptY) >= leastUnits;
+        if (!isFar && index != 0 && index + 1 != line.count) continue;
+        keptX = x;
+        keptY = y;
         points.push_back({static_cast<double>(x) / units + shift, static_cast<double>(y) / units});
     }
     return points;
-}
-
-// Leaves out points that are hardly away from the one before; the last one stays.
-void thin(std::vector<MapPoint>& points, double least)
-{
-    if (points.size() < 3) return;
-    std::size_t kept = 1;
-    for (std::size_t index = 1; index < points.size(); ++index) {
-        const MapPoint& before = points[kept - 1];
-        const bool isFar = std::abs(points[index].x - before.x) >= least ||
-                           std::abs(points[index].y - before.y) >= least;
-        if (isFar || index + 1 == points.size()) points[kept++] = points[index];
-    }
-    points.resize(kept);
 }
 
 // Cuts off what lies beyond one side of the box (Sutherland and Hodgman).
@@ -201,6 +196,7 @@ std::vector<MapLine> pinorama::mapLines(const PlaceData& data, const MapBox& box
     const MapBox wide{box.west - margin, box.south - margin, box.east + margin, box.north + margin};
     for (std::size_t at = 0; at < stored.size(); at += kLineSize) {
         const StoredLine line = readLine(stored.data() + at);
+        if (line.north < wide.south * units || line.south > wide.north * units) continue;
         if (line.kind != kStoredLand && line.kind != kStoredBorder) continue;
         const double size = std::max(line.east - line.west, line.north - line.south);
         if (line.kind == kStoredLand && size / units < degreesPerPixel) continue;
@@ -208,8 +204,8 @@ std::vector<MapLine> pinorama::mapLines(const PlaceData& data, const MapBox& box
             const MapPoint southWest{line.west / units + shift, line.south / units};
             const MapPoint northEast{line.east / units + shift, line.north / units};
             if (!meetsBox(southWest, northEast, wide)) continue;
-            std::vector<MapPoint> points = readPoints(data, line, units, shift);
-            thin(points, degreesPerPixel / 2);
+            std::vector<MapPoint> points =
+                readPoints(data, line, units, shift, degreesPerPixel / 2);
             if (points.size() < 2) continue;
             if (line.kind == kStoredBorder) {
                 addRuns(lines, MapLineKind::border, points, wide, shift);
