@@ -489,7 +489,7 @@
     <message>
         <source>Pictures cannot be searched for: the program pinorama-search does not start.</source>
         <extracomment>Below the pictures. pinorama-search is the name of a program and stays</extracomment>
-        <translation>Bilder können nicht durchsucht werden: Das Programm pinorama-search startet nicht.</translation>
+        <translation>Nach Bildern kann nicht gesucht werden: Das Programm pinorama-search startet nicht.</translation>
     </message>
     <message>
         <source>No other picture within %1 m was found in these folders:
