@@ -12,8 +12,8 @@ namespace pinorama {
 namespace {
 
 // The kernel keeps 15 bytes of a process name; all of these are shorter.
-constexpr std::array kKinds = {&kNautilus, &kNemo,      &kNemoDesktop, &kCaja,   &kThunar,
-                               &kPCManFM,  &kPCManFMQt, &kDolphin,     &kSpaceFM};
+constexpr std::array kKinds = {&kNautilus, &kNemo,      &kNemoDesktop, &kCaja,    &kThunar,
+                               &kPCManFM,  &kPCManFMQt, &kDolphin,     &kSpaceFM, &kKrusader};
 
 bool equalIgnoringCase(std::string_view a, std::string_view b)
 {

@@ -15,5 +15,6 @@ extern const FileManagerKind kPCManFM;
 extern const FileManagerKind kPCManFMQt;
 extern const FileManagerKind kDolphin;
 extern const FileManagerKind kSpaceFM;
+extern const FileManagerKind kKrusader;
 
 }  // namespace pinorama

@@ -8,6 +8,7 @@
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
 
+#include <algorithm>
 #include <utility>
 
 using namespace pinorama;
@@ -390,12 +391,16 @@ QDBusMessage test::FakeFileManager::replyTo(const QDBusMessage& call)
     };
 
     QVariant value;
-    if (what == "Name") {
+    if (what == "Name" || what == "Description") {
         value = object.name;
     } else if (what == "Parent") {
         value = reference(object.parent);
     } else if (what == "ChildCount") {
         value = static_cast<int>(object.children.size());
+    } else if (what == "GetIndexInParent") {
+        const std::vector<int>& siblings = objects_[object.parent].children;
+        value = static_cast<int>(std::find(siblings.begin(), siblings.end(), number) -
+                                 siblings.begin());
     } else if (what == "NSelectedChildren") {
         value = static_cast<int>(object.selected.size());
     } else if (what == "GetRole") {

@@ -25,7 +25,7 @@ namespace test {
 struct FakeObject {
     pinorama::Role role = pinorama::Role::panel;
     pinorama::States states = 0;
-    QString name = {};  // of a text entry, its content
+    QString name = {};  // of a text entry, its content; also the description
     QStringList interfaces = {};
     int parent = 0;
     std::vector<int> children = {};
@@ -34,7 +34,7 @@ struct FakeObject {
     bool hidesRows = false;          // reports no selected rows, as the views of Qt 6
     bool hidesLater = false;         // of several selected items names only the first
     pinorama::Size size = {800, 600};
-    int treeParent = -1;             // the row above it in a tree, or the tree; -1 for none
+    int treeParent = -1;  // the row above it in a tree, or the tree; -1 for none
 };
 
 class FakeFileManager {

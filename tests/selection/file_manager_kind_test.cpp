@@ -9,7 +9,7 @@ using namespace pinorama;
 TEST(fileManagerKind, knowsThoseThatAreFollowedOnly)
 {
     for (const char* process : {"nautilus", "nemo", "nemo-desktop", "caja", "thunar", "Thunar",
-                                "pcmanfm", "pcmanfm-qt", "dolphin", "spacefm"}) {
+                                "pcmanfm", "pcmanfm-qt", "dolphin", "spacefm", "krusader"}) {
         SCOPED_TRACE(process);
         EXPECT_NE(fileManagerKind(process), nullptr);
     }
