@@ -243,10 +243,13 @@ Task<SelectedItems> KrusaderWindow::selectedItems(DBusQuery& query, ItemReader& 
 std::vector<QString> namesInStatusOfKrusader(const QString& status)
 {
     std::vector<QString> names;
-    const QString beforeSize = QStringLiteral("  (");
-    for (qsizetype end = status.indexOf(beforeSize); end > 0;
-         end = status.indexOf(beforeSize, end + 1))
-        names.push_back(status.left(end));
+    // The size, or the target of a link.
+    for (const QString& beside : {QStringLiteral("  ("), QStringLiteral(" -> ")}) {
+        for (qsizetype end = status.indexOf(beside); end >= 0;
+             end = status.indexOf(beside, end + 1)) {
+            if (end > 0) names.push_back(status.left(end));
+        }
+    }
     const qsizetype slash = status.indexOf(QLatin1Char('/'));
     if (slash > 0 && status.mid(slash).startsWith(QLatin1String("/  ")))
         names.push_back(status.left(slash));

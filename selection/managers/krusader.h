@@ -8,8 +8,8 @@
 // does with a file when none is marked.
 //
 // Selection: the status bar of the window describes that item, "a.jpg  (142 B)  JPEG image" or
-// "Pictures/  folder". Of a symbolic link it has the target too; "..", and the hint for a menu
-// entry, have other texts.
+// "Pictures/  folder"; of a symbolic link "b.jpg -> a.jpg  JPEG image (Link)". "..", and the hint
+// for a menu entry, have other texts.
 //
 // Folder: the tab that is in front of each panel has its path, or its address if it is not local,
 // as its description. Each tab has a view of its own. Which of the panels is in use only the events

@@ -76,6 +76,19 @@ def names(panels):
 
 
 @cases.add
+def links(panels):
+    """A link has its own path, not that of its target."""
+    link = os.path.join(panels.pictures, b"b link.jpg")
+    os.symlink(b"c.jpg", link)
+    try:
+        time.sleep(1.5)
+        panels.find(link, len(panels.names) + 2)
+    finally:
+        os.remove(link)
+        time.sleep(1.5)
+
+
+@cases.add
 def panelInUse(panels):
     """The same name at the cursor of both panels."""
     right, left = (os.path.join(folder, b"c.jpg") for folder in (panels.pictures, panels.other))

@@ -209,6 +209,9 @@ TEST(namesInStatusOfKrusader, areAllThatTheItemMayHave)
                 {"a  (1).jpg  (142 B)  JPEG image", {"a", "a  (1).jpg"}},
                 {"line\nfeed.jpg  (142 B)  ", {"line\nfeed.jpg"}},
                 {"Pictures/  folder", {"Pictures"}},
+                {"b.jpg -> a.jpg  JPEG image (Link)", {"b.jpg"}},
+                {"b.jpg -> gone  (Broken Link)", {"b.jpg -> gone", "b.jpg"}},
+                {"a -> b.jpg  (142 B)  JPEG image", {"a -> b.jpg", "a"}},
                 {"2024  (old)/  folder", {"2024", "2024  (old)"}},
                 {"a.cpp  (142 B)  C/C++ source", {"a.cpp"}}};
     for (const auto& row : rows) {
