@@ -186,6 +186,7 @@ void ReaderClient::waitWhile(const std::function<bool()>& isOpen, Clock::time_po
 
 void ReaderClient::step()
 {
+    (void)lingeringReaders();  // collects those that have ended meanwhile
     // First what has come: a reader that died, or that sends what nobody asked for, gets no new
     // picture.
     while (process_ && receive()) {
@@ -266,7 +267,7 @@ void ReaderClient::stopStuckFront(Clock::time_point now)
 void ReaderClient::replaceCrashedReader()
 {
     if (crashes_ < kMaxCrashes || !jobs_.isEmpty()) return;
-    process_.end();
+    process_.end(limits_.end);
     startProcess();
 }
 
@@ -304,7 +305,7 @@ bool ReaderClient::hasRoomForProcess(Clock::time_point now)
 // The reader is gone, or has to go.
 void ReaderClient::loseReader(Loss loss)
 {
-    process_.end();
+    process_.end(limits_.end);
     const Clock::time_point now = Clock::now();
     const bool wasReady = jobs_.isReady();
     jobs_.disconnect();

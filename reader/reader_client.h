@@ -41,6 +41,8 @@ struct ReaderLimits {
     // For giving up what nobody waits for any more or what is stuck, and for a preview that another
     // request waits for.
     std::chrono::milliseconds giveWay{150};
+    // For the end of a reader that was killed. Whoever waits for a picture waits for that as well.
+    std::chrono::milliseconds end{5};
     // Before a reader that cannot start is tried again.
     std::chrono::milliseconds whenMissing{5000};
     // Processes that were killed and do not end, because a disk keeps them: with so many no other
