@@ -189,7 +189,9 @@ void AppController::showMainWindow()
 
 void AppController::updateSelection()
 {
+    turnBegan_ = std::chrono::steady_clock::now();
     intake_.passSelection();
+    turnBegan_.reset();
 }
 
 TovArrayRef AppController::getFinderSelection()
@@ -242,7 +244,8 @@ bool AppController::show(const std::string& path, TovStringRef text)
         actions_.setEnabled(false);
     }
     // Nearly always the file is opened, and showOpened called, before this returns.
-    reading_.begin(path);
+    const auto now = std::chrono::steady_clock::now();
+    reading_.begin(path, now - turnBegan_.value_or(now));
     if (!reading_.hasLooked()) fields_.clearItem();
     if (reading_.isOpening()) showNoPlaceYet();
     return isAccepted;

@@ -25,8 +25,10 @@
 #include <QObject>
 #include <QTimer>
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 class QCheckBox;
@@ -169,6 +171,8 @@ private:
     std::unique_ptr<MainWindow> window_;
     std::string path_;     // the bytes of lastPath
     bool isRead_ = false;  // whether files of its type are read
+    // When the turn of the event loop began that asks for the selection.
+    std::optional<std::chrono::steady_clock::time_point> turnBegan_;
     DesktopUrlOpener desktopOpener_;
     SayingOpener opener_;
     FileFields fields_;

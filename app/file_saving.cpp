@@ -12,7 +12,8 @@ namespace pinorama {
 namespace {
 using namespace std::chrono_literals;
 
-constexpr auto kPatience = 40ms;
+// Not long, because a look whether there is such a file has been waited for before (item_look.h).
+constexpr auto kPatience = 20ms;
 constexpr auto kSilence = 3s;  // after which the user is told
 }  // namespace
 

@@ -54,7 +54,7 @@ PictureReading::PictureReading(MainWindow& window) : window_(window), larger_(*w
     });
 }
 
-void PictureReading::begin(const std::string& path)
+void PictureReading::begin(const std::string& path, std::chrono::nanoseconds waited)
 {
     path_ = path;
     previews_.cancel();
@@ -72,9 +72,10 @@ void PictureReading::begin(const std::string& path)
     properties_ = {};
     hasLooked_ = false;
     isOpening_ = true;
-    begun_ = asked_ = Clock::now();
+    begun_ = Clock::now();
+    asked_ = begun_ - std::max<std::chrono::nanoseconds>(waited - kMoreInATurn, {});
     cuPictureOpener().request(path);
-    (void)cuPictureOpener().wait(patience_);
+    (void)cuPictureOpener().wait(patienceLeft());
     takeOpened();
     if (!isOpening_) return;
     awaitSlowFile();

@@ -44,17 +44,20 @@ public:
     explicit PictureReading(MainWindow& window);
 
     // How long the window waits for a file and its place together, before it goes on and shows them
-    // when they come. Nearly every picture takes less, and so appears in one step. The window has
-    // to answer within a tenth of a second, and ending a reader may take half of that.
+    // when they come. Nearly every picture takes less, and so appears in one step.
     static constexpr std::chrono::milliseconds kPatience{40};
+    // How much longer it waits in all, in one turn of its event loop, if it has waited for a file
+    // manager before: it has to answer within a tenth of a second, in which it also has to draw.
+    static constexpr std::chrono::milliseconds kMoreInATurn{20};
     void setPatience(std::chrono::milliseconds patience) { patience_ = patience; }
 
     // Another file is shown: forgets what was to come of the one before, so that nothing waits for
     // it, and has this one opened. `looked` and `opened` come before this returns, or later if the
     // disk takes its time.
     //
-    //   path  absolute, in the bytes of the system.
-    void begin(const std::string& path);
+    //   path    absolute, in the bytes of the system.
+    //   waited  for how long this turn of the event loop has kept the window already.
+    void begin(const std::string& path, std::chrono::nanoseconds waited = {});
 
     // Whether `looked` has come, and whether `opened` is still to come.
     bool hasLooked() const { return hasLooked_; }
@@ -135,7 +138,7 @@ private:
     PictureProperties properties_;
     std::chrono::milliseconds patience_ = kPatience;
     std::chrono::steady_clock::time_point begun_{};  // of the file
-    std::chrono::steady_clock::time_point asked_{};  // from when on the window waits
+    std::chrono::steady_clock::time_point asked_{};  // from when on its patience counts
     QTimer stillReading_;                            // runs out when the window has to say so
     bool hasLooked_ = false;
     bool isOpening_ = false;

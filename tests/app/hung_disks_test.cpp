@@ -158,6 +158,20 @@ TEST_F(hungDisks, doNotKeepTheWindowThatIsDoneWithAFile)
     disk_->recover();
 }
 
+// For a file manager, in the same turn of its event loop.
+TEST_F(hungDisks, doNotKeepTheWindowThatHasWaitedAlready)
+{
+    constexpr auto kPatience = std::chrono::seconds(20);
+    controller.reading().setPatience(kPatience);
+    disk_->hang();  // for a quarter of a minute
+    const auto start = std::chrono::steady_clock::now();
+    controller.reading().begin(disk_->file("good.jpg"), kPatience + PictureReading::kMoreInATurn);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(8));
+    EXPECT_TRUE(controller.reading().isOpening());
+    disk_->recover();
+    EXPECT_TRUE(test::waitUntil([this] { return !controller.reading().isGoingOn(); }));
+}
+
 TEST_F(hungDisks, withoutAnOpenerTheWindowSaysSo)
 {
     cuPictureOpener().stop();
