@@ -1,5 +1,5 @@
 // The whole way of a preview in the process that reads a picture, from bytes to the reply: our own
-// decoders, LibRaw, libde265, dav1d and the toolkit's image plug-ins. scripts/fuzz links a LibRaw
+// decoders, LibRaw, libde265, dav1d, libjxl and the toolkit's image plug-ins. scripts/fuzz links a LibRaw
 // that is built with the sanitizers.
 
 #include "reader/other_pictures.h"

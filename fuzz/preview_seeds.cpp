@@ -2,6 +2,7 @@
 
 #include "reader/reader_protocol.h"
 #include "tests/support/heif_pictures.h"
+#include "tests/support/icc_profiles.h"
 #include "tests/support/jpeg_pictures.h"
 
 #include <cstdio>
@@ -41,8 +42,22 @@ void writeImages(const std::filesystem::path& folder)
     write(folder, "hevc", test::heifPicture({tile, {"jpeg", jpeg, {}, "thmb", {1}}}));
     test::HeifPart grid = {"grid", test::heifGrid(1, 2, 100, 60), {}, "dimg", {2, 3}};
     grid.properties = {test::heifSize(100, 60), test::heifRotation(1), test::heifColours(1, true)};
+    write(folder, "av1", test::heifPicture({test::av1Part()}));
+    write(folder, "part", test::heifPicture({{"jpeg", jpeg, {test::heifPart(12, 8, 3, -2)}}}));
     write(folder, "grid", test::heifPicture({grid, tile, tile}));
     write(folder, "cr3", test::cr3Picture(test::exifWithThumbnail(6, ""), jpeg, jpeg));
+}
+
+void writeMorePictures(const std::filesystem::path& folder)
+{
+    const std::string jpeg = test::jpegOfQuarters(24, 16);
+    test::HeifPart image = {"jpeg", jpeg};
+    image.properties = {test::heifProfile(test::iccDisplayP3()), test::heifPart(12, 16, 6, 0)};
+    write(folder, "heif", test::heifPicture({image}));
+    write(folder, "hevc", test::heifPicture({test::hevcPart()}));
+    write(folder, "av1", test::heifPicture({test::av1Part()}));
+    write(folder, "jxl", test::jxlQuarters());
+    write(folder, "profile", test::withJpegProfile(jpeg, test::iccDisplayP3(), 300));
 }
 
 void writeRequests(const std::filesystem::path& folder)
@@ -81,6 +96,7 @@ int main(int argc, char** argv)
     const std::filesystem::path folder = argv[1];
     writeJpegs(folder / "fuzz_jpeg_preview");
     writeImages(folder / "fuzz_iso_images");
+    writeMorePictures(folder / "fuzz_picture_preview");
     writeRequests(folder / "fuzz_reader_request");
     writeReplies(folder / "fuzz_reader_reply");
     return 0;

@@ -6,6 +6,7 @@
 #include "pictures/picture_properties.h"
 #include "pictures/pixels/av1_image.h"
 #include "pictures/pixels/hevc_image.h"
+#include "pictures/pixels/jxl_image.h"
 #include "reader/namespaces.h"
 #include "reader/other_pictures.h"
 #include "reader/preview_replies.h"
@@ -44,6 +45,7 @@ int main()
     loadPicturePlugins();
     (void)loadHevcDecoder();  // without it there is no preview of most HEIC pictures
     (void)loadAv1Decoder();   // ... of AVIF pictures
+    (void)loadJxlDecoder();   // ... of JPEG XL
     bool hasNamespaces = false;
     if (!enterSandbox(readerRules(kReaderSocket), &hasNamespaces)) return EXIT_FAILURE;
     const ReaderProcess keeper = hasNamespaces ? forkNamespaceKeeper() : ReaderProcess();

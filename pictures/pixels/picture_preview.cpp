@@ -7,6 +7,7 @@
 #include "pictures/pixels/embedded_jpegs.h"
 #include "pictures/pixels/heif_preview.h"
 #include "pictures/pixels/jpeg_decode.h"
+#include "pictures/pixels/jxl_image.h"
 #include "pictures/pixels/raw_preview.h"
 #include "pictures/psd_resources.h"
 
@@ -163,6 +164,18 @@ ByteBlock jpegOfRaf(const ByteBlock& raf)
     if (place.empty()) return {};
     return raf.part(bigEndian32(place.data()), bigEndian32(place.data() + 4));
 }
+
+// The thumbnail in the Exif data of a picture that cannot be decoded.
+std::optional<Preview> previewOfExif(const ByteBlock& file, PixelSize box)
+{
+    const EmbeddedJpegs embedded = findEmbeddedJpegs(findIsoMetadata(file).exif);
+    const PixelSize stored = storedBox(box, embedded.orientation);
+    ByteBlock largest;
+    if (largestStream(embedded, &largest).width == 0) return std::nullopt;
+    std::optional<Preview> preview = decodeUpright(largest, stored, embedded.orientation, false);
+    if (preview) preview->image = withoutBars(std::move(preview->image), embedded.picture);
+    return preview;
+}
 }  // namespace
 
 std::optional<Preview> makePreview(ByteSource& source, std::int32_t maxWidth,
@@ -187,13 +200,17 @@ std::optional<Preview> makeMorePreview(ByteSource& source, std::int32_t maxWidth
 {
     const PixelSize box = {maxWidth, maxHeight};
     const ByteBlock file(source);
-    const bool isOther = isIsoMedia(file) || isPsd(file);
+    const bool isOther = isIsoMedia(file) || isPsd(file) || isJxl(file);
     if (!isOther) return makePreview(source, maxWidth, maxHeight);
     if (maxWidth <= 0 || maxHeight <= 0) return std::nullopt;
     if (isPsd(file)) return decodeUpright(findPsdThumbnail(file), box, 1, false);
+    if (isJxl(file)) {
+        if (auto image = decodeJxl(file, box)) return Preview{std::move(*image), true};
+        return previewOfExif(file, box);
+    }
     if (std::optional<Preview> preview = makeHeifPreview(file, box)) return preview;
     const EmbeddedJpegs embedded = findCr3Jpegs(file);
-    if (embedded.streams.empty()) return std::nullopt;
+    if (embedded.streams.empty()) return previewOfExif(file, box);
     return previewOfRaw(source, embedded, box);
 }
 

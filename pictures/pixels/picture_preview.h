@@ -11,7 +11,7 @@
 namespace pinorama {
 
 struct Preview {
-    PixelImage image;         // upright, opaque
+    PixelImage image;         // upright
     bool wasDecoded = false;  // the picture itself had to be decoded, which takes its time
 };
 
@@ -29,7 +29,9 @@ std::optional<Preview> makePreview(ByteSource& source, std::int32_t maxWidth,
                                    std::int32_t maxHeight);
 
 // The same of more kinds of pictures: those above, HEIF as makeHeifPreview has it (heif_preview.h),
-// the JPEG pictures in CR3, and the thumbnails of Photoshop documents. Of videos there is none.
+// the JPEG pictures in CR3, JPEG XL if this machine has a decoder (jxl_image.h), and the thumbnails
+// of Photoshop documents. Where HEIF and JPEG XL cannot be decoded their Exif thumbnail is taken.
+// Of videos there is none.
 std::optional<Preview> makeMorePreview(ByteSource& source, std::int32_t maxWidth,
                                        std::int32_t maxHeight);
 

@@ -4,6 +4,7 @@
 #include "location/picture_source.h"
 #include "pictures/pixels/av1_image.h"
 #include "pictures/pixels/hevc_image.h"
+#include "pictures/pixels/jxl_image.h"
 #include "previews/picture_reader.h"
 #include "tests/previews/preview_fixture.h"
 #include "tests/support/heif_pictures.h"
@@ -141,6 +142,20 @@ TEST_F(PreviewLoader, showsAv1FromTheSandbox)
     const int failuresBefore = cuPictureReader().failureCount();
     setReadsMoreKinds(true);
     request(folder_.write("a.avif", test::heifPicture({test::av1Part()})));
+    wait();
+    setReadsMoreKinds(false);
+    ASSERT_EQ(arrivals_.size(), 1u);
+    EXPECT_TRUE(arrivals_[0].isPreview);
+    EXPECT_TRUE(test::areNear(quartersOf(arrivals_[0].picture), kCorners));
+    EXPECT_EQ(cuPictureReader().failureCount(), failuresBefore);
+}
+
+TEST_F(PreviewLoader, showsJxlFromTheSandbox)
+{
+    if (!loadJxlDecoder()) GTEST_SKIP() << "libjxl is not installed";
+    const int failuresBefore = cuPictureReader().failureCount();
+    setReadsMoreKinds(true);
+    request(folder_.write("a.jxl", test::jxlQuarters()));
     wait();
     setReadsMoreKinds(false);
     ASSERT_EQ(arrivals_.size(), 1u);

@@ -204,10 +204,10 @@ std::string test::bigTiffFile(pinorama::ByteOrder order, int pointerType, std::s
            degrees(48, 30) + degrees(2, 15) + str(xmp);
 }
 
-std::string test::jxlFile(std::string_view tiff, std::string_view xmp)
+std::string test::jxlFile(std::string_view tiff, std::string_view xmp, std::string_view codestream)
 {
     return isoBox("JXL ", "\x0d\x0a\x87\x0a") + isoBox("ftyp", "jxl \0\0\0\0jxl "s) +
-           isoBox("Exif", big32(0) + str(tiff)) + isoBox("xml ", xmp) + isoBox("jxlc", "code");
+           isoBox("Exif", big32(0) + str(tiff)) + isoBox("xml ", xmp) + isoBox("jxlc", codestream);
 }
 
 std::string test::pngChunk(std::string_view type, std::string_view data)

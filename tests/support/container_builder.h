@@ -65,7 +65,8 @@ std::string cr3File(std::string_view tiff, std::string_view gpsTiff, std::string
 std::string bigTiffFile(pinorama::ByteOrder order, int pointerType, std::string_view xmp);
 
 // JPEG XL in a container.
-std::string jxlFile(std::string_view tiff, std::string_view xmp);
+std::string jxlFile(std::string_view tiff, std::string_view xmp,
+                    std::string_view codestream = "code");
 
 std::string pngChunk(std::string_view type, std::string_view data);
 std::string pngXmpChunk(std::string_view xmp, bool isCompressed = false);

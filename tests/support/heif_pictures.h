@@ -1,5 +1,5 @@
-// HEIF files with images in them, byte by byte, and an image of HEVC to put into them; CR3 files
-// with JPEG pictures.
+// HEIF files with images in them, byte by byte, and images of HEVC and AV1 to put into them; one of
+// JPEG XL; CR3 files with JPEG pictures.
 
 #pragma once
 
@@ -44,6 +44,9 @@ HeifPart hevcPart();
 
 // The same image in AV1, which says of itself what its decoder has to know.
 HeifPart av1Part();
+
+// The same image as a file of JPEG XL without a container.
+std::string jxlQuarters();
 
 // A CR3 file with these two JPEG pictures and a TIFF block that states the orientation.
 std::string cr3Picture(std::string_view tiff, std::string_view thumbnail, std::string_view preview);
