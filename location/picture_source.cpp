@@ -3,6 +3,7 @@
 #include "base/descriptor_box.h"
 #include "base/user_language.h"
 #include "pictures/more_properties.h"
+#include "pictures/packed_part.h"
 
 #include <utility>
 
@@ -21,6 +22,7 @@ PropertySource& currentSource()
 void pinorama::setReadsMoreKinds(bool isOn)
 {
     gReadsMoreKinds = isOn;
+    if (isOn) loadUnpackers();  // for the sandboxed processes that are forked later on
 }
 
 bool pinorama::readsMoreKinds()

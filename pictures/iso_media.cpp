@@ -47,6 +47,17 @@ void readUuid(const ByteBlock& box, StepBudget& budget, EmbeddedMetadata& metada
     if (box.beginsWith(kCanonUuid)) readCanonBoxes(content, budget, metadata);
 }
 
+// The type of the box, and what it holds as Brotli packs it.
+// Source: ISO/IEC 18181-2, 9.4 (brob).
+void readPackedBox(const ByteBlock& brob, EmbeddedMetadata& metadata)
+{
+    const ByteView type = brob.view(0, 4);
+    if (type.empty()) return;
+    const PackedPart part = {brob.from(4), Packing::brotli};
+    if (bigEndian32(type.data()) == boxType("Exif")) metadata.packedExif = part;
+    if (bigEndian32(type.data()) == boxType("xml ")) metadata.packedXmp = part;
+}
+
 // In one pass: between its boxes there may be megabytes about the film.
 void readMovie(const ByteBlock& moov, StepBudget& budget, EmbeddedMetadata& metadata)
 {
@@ -88,14 +99,9 @@ EmbeddedMetadata findIsoMetadata(const ByteBlock& file)
         case boxType("meta"): findIsoItems(box->content, file, budget, metadata); break;
         case boxType("moov"): readMovie(box->content, budget, metadata); break;
         case boxType("uuid"): readUuid(box->content, budget, metadata); break;
-        case boxType("Exif"):
-            // The offset of the TIFF header, which is 0 in practice.
-            if (const ByteView offset = box->content.view(0, 4); !offset.empty()) {
-                takeFirst(metadata.exif, tiffInExifPart(box->content.from(
-                                             4 + std::uint64_t{bigEndian32(offset.data())})));
-            }
-            break;
+        case boxType("Exif"): takeFirst(metadata.exif, tiffInOffsetExif(box->content)); break;
         case boxType("xml "): takeFirst(metadata.xmp, box->content); break;
+        case boxType("brob"): readPackedBox(box->content, metadata); break;
         default: break;
         }
     }

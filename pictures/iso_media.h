@@ -11,7 +11,7 @@ namespace pinorama {
 bool isIsoMedia(const ByteBlock& file);
 
 // Finds the metadata: the Exif and XMP items of a HEIF file, the TIFF blocks of a CR3 file, the
-// Exif and XMP boxes of JPEG XL (not compressed ones), the position of a video, XMP in its box of
+// Exif and XMP boxes of JPEG XL, the position of a video, XMP in its box of
 // any of them. The `moov` box may lie at the end of the file; what is in front of it is stepped
 // over and not read.
 EmbeddedMetadata findIsoMetadata(const ByteBlock& file);

@@ -18,8 +18,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <iterator>
+#include <memory>
 #include <utility>
+#include <vector>
 
 namespace pinorama {
 namespace {
@@ -47,11 +50,27 @@ PictureProperties propertiesOfPlace(const StatedPlace& place)
     return properties;
 }
 
+struct UnpackedPart {
+    explicit UnpackedPart(std::vector<std::uint8_t> content) : bytes(std::move(content)) {}
+
+    const std::vector<std::uint8_t> bytes;
+    MemoryByteSource source{bytes};
+};
+
 // What has been read of a file, and where its XMP is.
 struct Reading {
     PictureProperties properties{};
     ByteBlock xmp{};
     std::optional<StatedPlace> place{};
+    std::vector<std::unique_ptr<UnpackedPart>> unpackedParts{};  // that blocks are parts of
+
+    // What is packed in the part; empty if nothing is.
+    ByteBlock unpack(const PackedPart& part)
+    {
+        if (part.bytes.isEmpty()) return {};
+        unpackedParts.push_back(std::make_unique<UnpackedPart>(unpacked(part)));
+        return ByteBlock(unpackedParts.back()->source);
+    }
 
     void takeTiff(const ByteBlock& block)
     {
@@ -64,10 +83,12 @@ struct Reading {
     void take(const EmbeddedMetadata& metadata)
     {
         readIptcRecord(metadata.iptc, properties);
-        takeTiff(metadata.exif);
+        takeTiff(metadata.exif.isEmpty() ? tiffInOffsetExif(unpack(metadata.packedExif))
+                                         : metadata.exif);
         const auto gps = TiffBlock::open(metadata.gps);
         if (gps) readGpsDirectory(*gps, gps->firstDirectory(), properties);
         if (!metadata.xmp.isEmpty()) xmp = metadata.xmp;
+        if (xmp.isEmpty()) xmp = unpack(metadata.packedXmp);
         place = metadata.place;
     }
 };

@@ -12,24 +12,28 @@ constexpr std::uint8_t kName[] = {0x89, 'P', 'N', 'G', 0x0d, 0x0a, 0x1a, 0x0a};
 constexpr std::size_t kHeaderSize = 8;      // length and type
 constexpr std::uint64_t kChecksumSize = 4;  // after the data
 
-// The text of an iTXt chunk whose keyword is that of XMP.
-ByteBlock xmpOf(const ByteBlock& chunk)
+// Takes the text of an iTXt chunk whose keyword is that of XMP.
+void takeXmp(const ByteBlock& chunk, EmbeddedMetadata& metadata)
 {
     static constexpr char kKeyword[] = "XML:com.adobe.xmp";  // and its zero byte
     constexpr std::uint64_t kMaxHeader = 512;
     const ByteView start = chunk.view(0, std::min(chunk.length(), kMaxHeader));
-    if (start.size() < sizeof kKeyword + 2) return {};
-    if (std::memcmp(start.data(), kKeyword, sizeof kKeyword) != 0) return {};
+    if (start.size() < sizeof kKeyword + 2) return;
+    if (std::memcmp(start.data(), kKeyword, sizeof kKeyword) != 0) return;
     const bool isCompressed = start[sizeof kKeyword] != 0;
-    if (isCompressed) return {};
     // The language and the translated keyword, each with its zero byte.
     auto position = start.begin() + sizeof kKeyword + 2;
     for (int text = 0; text < 2; text++) {
         position = std::find(position, start.end(), std::uint8_t{0});
-        if (position == start.end()) return {};
+        if (position == start.end()) return;
         ++position;
     }
-    return chunk.from(static_cast<std::uint64_t>(position - start.begin()));
+    const ByteBlock text = chunk.from(static_cast<std::uint64_t>(position - start.begin()));
+    if (isCompressed) {
+        metadata.packedXmp = {text, Packing::deflate};
+    } else {
+        metadata.xmp = text;
+    }
 }
 }  // namespace
 
@@ -52,7 +56,7 @@ EmbeddedMetadata findPngMetadata(const ByteBlock& png)
         constexpr std::uint32_t kExif = 0x65584966;  // "eXIf"
         constexpr std::uint32_t kText = 0x69545874;  // "iTXt"
         if (type == kExif && metadata.exif.isEmpty()) metadata.exif = tiffInExifPart(chunk);
-        if (type == kText && metadata.xmp.isEmpty()) metadata.xmp = xmpOf(chunk);
+        if (type == kText && metadata.xmp.isEmpty()) takeXmp(chunk, metadata);
         if (!budget.spend(kHeaderSize + length + kChecksumSize)) break;
         position += kHeaderSize + length + kChecksumSize;
     }

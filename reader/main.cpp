@@ -3,6 +3,7 @@
 
 #include "base/user_language.h"
 #include "pictures/more_properties.h"
+#include "pictures/packed_part.h"
 #include "pictures/picture_properties.h"
 #include "pictures/pixels/av1_image.h"
 #include "pictures/pixels/hevc_image.h"
@@ -46,6 +47,7 @@ int main()
     (void)loadHevcDecoder();  // without it there is no preview of most HEIC pictures
     (void)loadAv1Decoder();   // ... of AVIF pictures
     (void)loadJxlDecoder();   // ... of JPEG XL
+    loadUnpackers();          // ... no compressed metadata
     bool hasNamespaces = false;
     if (!enterSandbox(readerRules(kReaderSocket), &hasNamespaces)) return EXIT_FAILURE;
     const ReaderProcess keeper = hasNamespaces ? forkNamespaceKeeper() : ReaderProcess();
