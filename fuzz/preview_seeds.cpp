@@ -60,6 +60,16 @@ void writeMorePictures(const std::filesystem::path& folder)
     write(folder, "profile", test::withJpegProfile(jpeg, test::iccDisplayP3(), 300));
 }
 
+void writeProfiles(const std::filesystem::path& folder)
+{
+    write(folder, "formula", test::iccDisplayP3());
+    write(folder, "exponent", test::iccAdobeRgb());
+    write(folder, "table",
+          test::iccProfile(test::kSrgbPrimaries, std::string("curv\0\0\0\0\0\0\0\3"
+                                                             "\0\0\x30\0\xff\xff",
+                                                             18)));
+}
+
 void writeRequests(const std::filesystem::path& folder)
 {
     write(folder, "properties", encodeRequest({ReaderTask::properties, 1, 64, {}}));
@@ -97,6 +107,7 @@ int main(int argc, char** argv)
     writeJpegs(folder / "fuzz_jpeg_preview");
     writeImages(folder / "fuzz_iso_images");
     writeMorePictures(folder / "fuzz_picture_preview");
+    writeProfiles(folder / "fuzz_colour_profile");
     writeRequests(folder / "fuzz_reader_request");
     writeReplies(folder / "fuzz_reader_reply");
     return 0;
