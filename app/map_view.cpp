@@ -1,6 +1,6 @@
 #include "app/map_view.h"
 
-#include "app/map_drawing.h"
+#include "places/place_data.h"
 
 #include <QEvent>
 #include <QPaintEvent>
@@ -8,7 +8,9 @@
 #include <QPainterPath>
 #include <QStyleOptionFocusRect>
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace pinorama {
 namespace {
@@ -32,7 +34,7 @@ MapView::MapView(QWidget* parent) : QAbstractButton(parent)
     connect(this, &QAbstractButton::clicked, this, [this] {
         if (!isDrawn()) return;
         scale_ = (scale_ + 1) % kScales;
-        drawAnew();
+        showAnew();
     });
     setVisible(false);
 }
@@ -54,14 +56,13 @@ void MapView::showPlace(const PlaceData* places, const Subject& subject, const Q
     } else {
         unsetCursor();
     }
-    drawAnew();
+    showAnew();
     setVisible(true);
 }
 
 void MapView::showNothing()
 {
     data_ = nullptr;
-    map_ = {};
     setAccessibleName({});
     setVisible(false);
 }
@@ -79,23 +80,37 @@ QSize MapView::minimumSizeHint() const
 void MapView::changeEvent(QEvent* event)
 {
     QAbstractButton::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange) drawAnew();
+    if (event->type() != QEvent::PaletteChange && event->type() != QEvent::StyleChange) return;
+    map_ = {};
+    update();
 }
 
 void MapView::resizeEvent(QResizeEvent* event)
 {
     QAbstractButton::resizeEvent(event);
-    drawAnew();
+    showAnew();
 }
 
 void MapView::paintEvent(QPaintEvent* /*event*/)
 {
     if (!isDrawn()) return;
+    const Region wanted = region();
     // Another screen may have another density.
-    if (map_.isNull() || map_.devicePixelRatio() != devicePixelRatioF()) map_ = drawn();
+    if (map_.isNull() || map_.devicePixelRatio() != devicePixelRatioF() || wanted != mapped_) {
+        map_ = drawn(wanted);
+        mapped_ = wanted;
+        ++drawings_;
+    }
     QPainter painter(this);
     painter.drawPixmap(0, 0, map_);
+    if (subject_.direction) {
+        drawDirection(painter, wanted.frame().at(subject_.latitude, subject_.longitude),
+                      *subject_.direction, kWedge, palette().color(QPalette::Highlight));
+    }
     if (!hasFocus()) return;
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.setBrush(Qt::NoBrush);
     QStyleOptionFocusRect focus;
     focus.initFrom(this);
     style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, this);
@@ -107,11 +122,22 @@ double MapView::span() const
     return subject_.isAtSea ? kSpansAtSea[at] : kSpansOnLand[at];
 }
 
+// The middle of a map is a multiple of a quarter of a point, so that places of one walk have the
+// same map.
+MapView::Region MapView::region() const
+{
+    const double step = MapFrame(0, 0, span(), size()).degreesPerPoint() / 4;
+    const auto rounded = [step](double degrees, double limit) {
+        return std::clamp(std::round(degrees / step) * step, -limit, limit);
+    };
+    return {data_, rounded(subject_.latitude, 90), rounded(subject_.longitude, 180), span(),
+            size()};
+}
+
 // The map is painted from the event loop: while pictures are walked through quickly only the last
 // one is drawn.
-void MapView::drawAnew()
+void MapView::showAnew()
 {
-    map_ = {};
     placeMarker();
     update();
 }
@@ -119,8 +145,7 @@ void MapView::drawAnew()
 void MapView::placeMarker()
 {
     if (marker_ == nullptr || size().isEmpty()) return;
-    const MapFrame frame(subject_.latitude, subject_.longitude, span(), size());
-    const QPointF place = isDrawn() ? frame.at(subject_.latitude, subject_.longitude)
+    const QPointF place = isDrawn() ? region().frame().at(subject_.latitude, subject_.longitude)
                                     : QPointF(width() / 2.0, height() / 2.0);
     const QSize marker = marker_->minimumSize();
     marker_->setGeometry(
@@ -128,18 +153,18 @@ void MapView::placeMarker()
               marker));
 }
 
-QPixmap MapView::drawn() const
+QPixmap MapView::drawn(const Region& region) const
 {
     const qreal ratio = devicePixelRatioF();
     QPixmap map(size() * ratio);
     map.setDevicePixelRatio(ratio);
     map.fill(Qt::transparent);
     QPainter painter(&map);
-    const MapFrame frame(subject_.latitude, subject_.longitude, span(), size());
-    drawMap(painter, *data_, frame, MapColours::of(palette()), ratio);
-    if (subject_.direction) {
-        drawDirection(painter, frame.at(subject_.latitude, subject_.longitude), *subject_.direction,
-                      kWedge, palette().color(QPalette::Highlight));
+    drawMap(painter, *region.data, region.frame(), MapColours::of(palette()), ratio);
+    if (region.data->isDamaged()) {
+        painter.end();
+        map.fill(Qt::transparent);  // not a sea without land
+        return map;
     }
     // What lies outside of the rounded corners is taken away.
     QPainterPath outside;

@@ -5,6 +5,8 @@
 
 #pragma once
 
+#include "app/map_drawing.h"
+
 #include <QAbstractButton>
 #include <QPixmap>
 #include <QString>
@@ -47,6 +49,10 @@ public:
     int scale() const { return scale_; }
     static constexpr int kScales = 3;
 
+    // How many maps have been drawn. One that is there already is shown again for places that lie
+    // hardly apart on it, as those of one walk do.
+    int drawings() const { return drawings_; }
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
@@ -56,17 +62,32 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    // What a map shows, and in which size.
+    struct Region {
+        const PlaceData* data = nullptr;
+        double latitude = 0;
+        double longitude = 0;
+        double span = 0;
+        QSize size{};
+
+        bool operator==(const Region&) const = default;
+        MapFrame frame() const { return {latitude, longitude, span, size}; }
+    };
+
     double span() const;
+    Region region() const;
     bool isDrawn() const { return data_ != nullptr; }
-    void drawAnew();
+    void showAnew();
     void placeMarker();
-    QPixmap drawn() const;
+    QPixmap drawn(const Region& region) const;
 
     const PlaceData* data_ = nullptr;
     Subject subject_;
     int scale_ = 0;
     QWidget* marker_ = nullptr;
-    QPixmap map_;  // null if it has to be drawn
+    QPixmap map_;    // null if it has to be drawn
+    Region mapped_;  // what is on it
+    int drawings_ = 0;
 };
 
 }  // namespace pinorama

@@ -288,6 +288,28 @@ TEST_F(MapViewTest, hasAWedgeInTheDirectionOfView)
     }
 }
 
+TEST_F(MapViewTest, keepsTheMapOfPlacesThatLieHardlyApart)
+{
+    showMunich();
+    const QImage without = shown();
+    EXPECT_EQ(view.drawings(), 1);
+    view.showPlace(data, {kMunich.latitude + 0.002, kMunich.longitude - 0.002, false, {}}, {});
+    EXPECT_EQ(shown(), without);
+    showMunich(90.0);
+    EXPECT_NE(shown(), without) << "the direction is drawn for each";
+    view.showNothing();
+    showMunich();
+    EXPECT_EQ(shown(), without);
+    EXPECT_EQ(view.drawings(), 1);
+
+    view.showPlace(data, {kMunich.latitude + 1, kMunich.longitude, false, {}}, {});
+    EXPECT_NE(shown(), without);
+    EXPECT_EQ(view.drawings(), 2);
+    view.resize(kSize * 2);
+    (void)shown();
+    EXPECT_EQ(view.drawings(), 3);
+}
+
 TEST_F(MapViewTest, followsThePalette)
 {
     showMunich();
