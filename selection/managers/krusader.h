@@ -1,11 +1,11 @@
-// Krusader, tried with 2.8 (Qt 5).
+// Krusader, tried with 2.8 (Qt 5) and 2.9 (Qt 6).
 //
 // Window: two panels side by side, each with one view and a row of tabs. Both are always shown.
 //
-// View: a tree with the Table interface only. Its items have no state that says whether they are
-// marked; the item at the cursor of each panel has the focus, also in the panel that is not in use.
-// So the item at the cursor of the panel in use counts as selected, as it does for what Krusader
-// does with a file when none is marked.
+// View: a tree with the Table interface, beside which those of Qt 6 have a selection. In 2.8 no
+// state of an item says whether it is marked; the item at the cursor of each panel has the focus,
+// also in the panel that is not in use. So the item at the cursor of the panel in use counts as
+// selected, as it does for what Krusader does with a file when none is marked.
 //
 // Selection: the status bar of the window describes that item, "a.jpg  (142 B)  JPEG image" or
 // "Pictures/  folder"; of a symbolic link "b.jpg -> a.jpg  JPEG image (Link)". "..", and the hint
