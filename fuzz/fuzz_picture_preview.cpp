@@ -1,6 +1,6 @@
 // The whole way of a preview in the process that reads a picture, from bytes to the reply: our own
-// decoders, LibRaw, libde265, dav1d, libjxl and the toolkit's image plug-ins. scripts/fuzz links a LibRaw
-// that is built with the sanitizers.
+// decoders, LibRaw, libde265, dav1d, libjxl and the toolkit's image plug-ins. scripts/fuzz links a
+// LibRaw that is built with the sanitizers.
 
 #include "reader/other_pictures.h"
 #include "reader/preview_replies.h"

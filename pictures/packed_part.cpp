@@ -17,18 +17,18 @@ struct Libraries {
 };
 
 template <typename Function>
-void load(const char* library, const char* name, Function* out)
+void find(void* library, const char* name, Function* out)
 {
-    void* const file = dlopen(library, RTLD_NOW | RTLD_LOCAL);
-    if (file != nullptr) *out = reinterpret_cast<Function>(dlsym(file, name));
+    if (library != nullptr) *out = reinterpret_cast<Function>(dlsym(library, name));
 }
 
 const Libraries& libraries()
 {
     static const Libraries loaded = [] {
         Libraries found;
-        load("libz.so.1", "uncompress", &found.inflate);
-        load("libbrotlidec.so.1", "BrotliDecoderDecompress", &found.unbrotli);
+        find(dlopen("libz.so.1", RTLD_NOW | RTLD_LOCAL), "uncompress", &found.inflate);
+        find(dlopen("libbrotlidec.so.1", RTLD_NOW | RTLD_LOCAL), "BrotliDecoderDecompress",
+             &found.unbrotli);
         return found;
     }();
     return loaded;
