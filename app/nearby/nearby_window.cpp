@@ -88,7 +88,7 @@ NearbyWindow::NearbyWindow(UrlOpener& opener, QWidget* parent)
 
     auto* foot = new QHBoxLayout;
     foot->addWidget(status_, 1);
-    foot->addWidget(stopButton_);
+    foot->addWidget(stopButton_, 0, Qt::AlignRight);  // mirrored with the window
     auto* rows = new QVBoxLayout(this);
     rows->addWidget(heading_);
     rows->addWidget(view_, 1);

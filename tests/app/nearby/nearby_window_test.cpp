@@ -17,6 +17,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
+#include <QLayout>
 #include <QLocale>
 #include <QPushButton>
 #include <QScrollBar>
@@ -199,6 +200,17 @@ TEST_F(nearbyWindow, isolatesNamesAndFoldersInAMirroredWindow)
         views.status().starts_with("No other picture within 2000 m was found in these folders:\n"
                                    "\u2066/\u2068photos\u2069/\u2068trip\u2069\u2069\n"))
         << views.status();
+}
+
+// The words that stand beside the button otherwise stand in the list then.
+TEST_F(nearbyWindow, keepsTheWidthOfItsButtonWhereNothingWasFound)
+{
+    window.show();
+    searchBy(test::foundLine("/photos/trip/here.jpg", "0"));
+    EXPECT_TRUE(waitUntilIdle());
+    window.layout()->activate();
+    EXPECT_EQ(views.stopButton()->width(), views.stopButton()->sizeHint().width());
+    EXPECT_GT(views.stopButton()->x(), window.width() / 2) << "at the end of its line";
 }
 
 TEST_F(nearbyWindow, stopsASearch)
