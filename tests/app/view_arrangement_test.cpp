@@ -19,6 +19,8 @@ protected:
     void SetUp() override
     {
         test::ControllerTest::SetUp();
+        // Fields that came late would change how narrow the window can be, in the middle of a test.
+        controller.reading().setPatience(std::chrono::seconds(10));
         EXPECT_TRUE(showPicture("one.jpg", {.lat = 48.1,
                                             .latRef = "N",
                                             .lon = 11.5,
