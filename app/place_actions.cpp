@@ -108,13 +108,8 @@ void PlaceActions::connectCopying()
     connect(window_.copyCoordinateAction, &QAction::triggered, this, &PlaceActions::copyCoordinate);
     connect(window_.copyDecimalAction, &QAction::triggered, this,
             &PlaceActions::copyDecimalDegrees);
-    const WrappedField* coordinate = window_.gpsCoordinateField;
-    for (QAction* action : {window_.copyCoordinateAction, window_.copyDecimalAction}) {
-        window_.gpsCoordinateField->addAction(action);
-        connect(coordinate, &WrappedField::textChanged, action,
-                [coordinate, action] { action->setEnabled(!coordinate->text().isEmpty()); });
-    }
-    window_.gpsCoordinateField->addAction(copyMenu_->menuAction());
+    window_.gpsCoordinateField->addActions(
+        {window_.copyCoordinateAction, window_.copyDecimalAction, copyMenu_->menuAction()});
     const QList<QAction*> items = window_.pictureMenu->actions();
     window_.pictureMenu->insertMenu(items.value(items.indexOf(window_.copyDecimalAction) + 1),
                                     copyMenu_);
@@ -127,8 +122,9 @@ void PlaceActions::setEnabled(bool enabled)
                                          window_.exportKMLButton, window_.webServicesMenu}) {
         control->setEnabled(enabled);
     }
-    for (QAction* action : {window_.showInGEAction, window_.searchInTovAction,
-                            window_.exportKMLAction, window_.webServicesAction}) {
+    for (QAction* action :
+         {window_.showInGEAction, window_.searchInTovAction, window_.exportKMLAction,
+          window_.webServicesAction, window_.copyCoordinateAction, window_.copyDecimalAction}) {
         action->setEnabled(enabled);
     }
     copyMenu_->setHasPlace(enabled);
@@ -244,7 +240,9 @@ void PlaceActions::flyGlobe()
 
 void PlaceActions::copyCoordinate()
 {
-    QGuiApplication::clipboard()->setText(window_.gpsCoordinateField->text());
+    // Not the text of the field, which may be that of the picture before.
+    const StringHolder position(gpsMakePositionText(shown_.info));
+    QGuiApplication::clipboard()->setText(cuTextUnits(position.get()));
 }
 
 void PlaceActions::copyDecimalDegrees()

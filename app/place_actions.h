@@ -62,8 +62,8 @@ public Q_SLOTS:
     // Flies the globe program to the location.
     void flyGlobe();
 
-    // Put the coordinate on the clipboard: as it is shown, and as signed decimal degrees for other
-    // programs.
+    // Put the coordinate of this picture on the clipboard: in the form in which it is shown, and as
+    // signed decimal degrees for other programs.
     void copyCoordinate();
     void copyDecimalDegrees();
 

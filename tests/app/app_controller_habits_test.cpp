@@ -116,6 +116,24 @@ TEST_F(AppControllerHabits, withoutACoordinateThereIsNothingToCopy)
     EXPECT_FALSE(window->copyDecimalAction->isEnabled());
 }
 
+TEST_F(AppControllerHabits, theCopyKeysCopyThisPicturesPlaceWhereTheFieldKeepsTheLastOne)
+{
+    // On the equator the location fields keep their texts, and the actions are there.
+    const test::PictureFields equator = {.lat = 0.0, .latRef = "N", .lon = 30.5, .lonRef = "E"};
+    const MainWindow* window = controller.myWindow;
+    EXPECT_TRUE(showPicture("first.jpg", equator));
+    EXPECT_EQ(shown(controller.gpsCoordinateField), "");
+    EXPECT_TRUE(window->copyCoordinateAction->isEnabled());
+    EXPECT_TRUE(window->copyDecimalAction->isEnabled());
+    EXPECT_TRUE(showPicture("cape.jpg", kCape));
+    EXPECT_TRUE(showPicture("equator.jpg", equator));
+    ASSERT_NE(shown(controller.gpsCoordinateField), "");
+    window->copyCoordinateAction->trigger();
+    EXPECT_EQ(copied(), "N 0° 0' 0.0\"   E 30° 30' 0.0\"");
+    window->copyDecimalAction->trigger();
+    EXPECT_EQ(copied(), "0.000000, 30.500000");
+}
+
 TEST_F(AppControllerHabits, theHelpKeyOpensTheManual)
 {
     showActiveWindow();
