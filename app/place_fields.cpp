@@ -64,14 +64,19 @@ void PlaceFields::clear()
 void PlaceFields::showDirection(const fileInfoRecord& info, const PictureProperties& properties)
 {
     const auto direction = directionOf(info);
-    if (!direction) {
-        window_.compassField->clearDirection();
-        return;
-    }
+    if (!direction) return clearDirection();
     const std::u16string reference = properties.imageDirectionReference.value_or(u"");
     const char north = reference == u"T" ? 'T' : reference == u"M" ? 'M' : '\0';
     const StringHolder words(createViewText(*direction, north));
     window_.compassField->setDirection(*direction, cuDisplayText(words.get()));
+    // The compass is no stop of the Tab key: a screen reader says its words after the number.
+    window_.gpsDirectionField->setAccessibleDescription(cuDisplayText(words.get()));
+}
+
+void PlaceFields::clearDirection()
+{
+    window_.compassField->clearDirection();
+    window_.gpsDirectionField->setAccessibleDescription({});
 }
 
 void PlaceFields::showTaken(const PictureProperties& properties, const std::string& zone)
@@ -94,7 +99,7 @@ void PlaceFields::clearPlace()
 {
     cocoaUtils::setStringValue(window_.placeField, nullptr);
     window_.placeMap->showNothing();
-    window_.compassField->clearDirection();
+    clearDirection();
 }
 
 }  // namespace pinorama

@@ -39,6 +39,7 @@ private:
     void showDirection(const fileInfoRecord& info, const PictureProperties& properties);
     void showTaken(const PictureProperties& properties, const std::string& zone);
     void clearPlace();
+    void clearDirection();
 
     MainWindow& window_;
     PlaceFinder places_;

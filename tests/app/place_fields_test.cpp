@@ -129,12 +129,14 @@ TEST_F(PlaceFieldsTest, sayTheDirectionAsPeopleDoBesideTheDegrees)
         EXPECT_TRUE(showPicture(row.name, fields));
         EXPECT_EQ(shown(controller.gpsDirectionField), row.degrees);
         EXPECT_EQ(compass->text().toStdString(), row.words);
+        EXPECT_EQ(controller.gpsDirectionField->accessibleDescription().toStdString(), row.words);
     }
     fields.imgDirection = 90.0;
     EXPECT_TRUE(showPicture("east.jpg", fields));
     EXPECT_FALSE(compass->text().isEmpty());
     EXPECT_TRUE(showPicture("no position.jpg", {.imgDirection = 90.0}));
     EXPECT_EQ(compass->text(), QString());
+    EXPECT_EQ(controller.gpsDirectionField->accessibleDescription(), QString());
 }
 
 TEST_F(PlaceFieldsTest, standRightBesideTheDegrees)
