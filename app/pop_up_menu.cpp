@@ -27,6 +27,9 @@ void PopUpMenu::makeFirstItemTheTitle()
 void PopUpMenu::setOffered(int index, bool isOffered)
 {
     if (auto* list = qobject_cast<QListView*>(view())) list->setRowHidden(index, !isOffered);
+    // Keys find hidden items, too, but not disabled ones.
+    auto* items = qobject_cast<QStandardItemModel*>(model());
+    if (items && items->item(index)) items->item(index)->setEnabled(isOffered);
 }
 
 bool PopUpMenu::isOffered(int index) const
@@ -55,7 +58,23 @@ void PopUpMenu::showPopup()
     const int items = view()->sizeHintForColumn(0);
     const int frame = 2 * view()->frameWidth() + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     view()->setMinimumWidth(items + frame);
+    view()->installEventFilter(this);  // once, however often it is called
     QComboBox::showPopup();
+}
+
+// The list's own Home and End keys go to the title and to the last item even if it is hidden.
+bool PopUpMenu::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched != view() || event->type() != QEvent::KeyPress)
+        return QComboBox::eventFilter(watched, event);
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key != Qt::Key_Home && key != Qt::Key_End) return QComboBox::eventFilter(watched, event);
+    const int step = key == Qt::Key_Home ? 1 : -1;
+    int index = key == Qt::Key_Home ? 1 : count() - 1;
+    while (index > 0 && index < count() && !isOffered(index)) index += step;
+    if (index > 0 && index < count())
+        view()->setCurrentIndex(model()->index(index, modelColumn(), rootModelIndex()));
+    return true;
 }
 
 // The arrow keys, letters and the wheel walk through a closed combo box and choose each item on the

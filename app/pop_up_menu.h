@@ -27,6 +27,8 @@ public:
     // Opens the list, wide enough for its longest item.
     void showPopup() override;
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 Q_SIGNALS:
     // The list is about to open: the time to leave items out.
     void aboutToShow();

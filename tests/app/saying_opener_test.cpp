@@ -6,8 +6,10 @@
 #include "tests/app/controller_fixture.h"
 #include "tests/support/toolkit.h"
 
+#include <QAbstractItemView>
 #include <QHelpEvent>
 #include <QPushButton>
+#include <QTest>
 #include <QTranslator>
 
 using namespace pinorama;
@@ -148,6 +150,28 @@ TEST_F(SayingOpenerTest, aMapProgramIsInTheListOnlyIfThereIsOneAndStandsLast)
         menu->hidePopup();
     }
     EXPECT_EQ(menu->count(), last + 1) << "the items stay what they are";
+}
+
+TEST_F(SayingOpenerTest, noKeyLeadsToAnItemThatIsNotInTheList)
+{
+    PopUpMenu* menu = controller.webServicesMenu;
+    const int last = menu->count() - 1;
+    ASSERT_GT(last, 2);
+    EXPECT_TRUE(showPicture("a.jpg", {.lat = 1, .latRef = "N", .lon = 2, .lonRef = "E"}));
+    controller.showMainWindow();
+    for (const bool isThere : {true, false}) {
+        opener.untaken = isThere ? std::vector<std::string>() : std::vector<std::string>{"geo:"};
+        menu->showPopup();
+        QAbstractItemView* list = menu->view();
+        QTest::keyClick(list, Qt::Key_End);
+        EXPECT_EQ(list->currentIndex().row(), isThere ? last : last - 1);
+        QTest::keyClick(list, Qt::Key_Home);
+        EXPECT_EQ(list->currentIndex().row(), 1) << "below the title";
+        list->keyboardSearch({});  // begins anew
+        list->keyboardSearch(menu->itemText(last));
+        EXPECT_EQ(list->currentIndex().row() == last, isThere) << "by its first letters";
+        menu->hidePopup();
+    }
 }
 
 TEST_F(SayingOpenerTest, speaksEveryLanguage)
