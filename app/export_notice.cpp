@@ -55,11 +55,15 @@ void showExportResult(MainWindow& window, UrlOpener& opener, const QString& file
         forgetExport(window);
         FootLine& line = footLine(window);
         const QString name = shownName(QFileInfo(file).fileName(), line.fontMetrics());
+        const QString folder = shownFolder(QFileInfo(file).path(), line.fontMetrics());
         const auto showFile = [&line, &opener, path = QFile::encodeName(file).toStdString()] {
             showInFileManager(path, opener, &line);
         };
-        //: %1 is the name of a file that was written
-        line.say(FootLine::Topic::action, ExportNotice::tr("%1 was saved.").arg(name),
+        line.say(FootLine::Topic::action,
+                 // Both at once: the name may hold a "%2".
+                 //: The foot of the window. %1 is the name of a file that was written, %2 the
+                 //: folder that it is in
+                 ExportNotice::tr("%1 was saved in %2.").arg(name, folder),
                  //: A button: shows the file in the file manager
                  {ExportNotice::tr("Show in Fo&lder"), showFile});
         return;

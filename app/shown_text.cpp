@@ -15,6 +15,7 @@ namespace {
 constexpr QChar kEllipsis(0x2026);
 constexpr qsizetype kMaxCharacterLength = 64;
 constexpr int kMaxNameLetters = 30;
+constexpr int kMaxFolderLetters = 45;
 constexpr QChar kLeftToRightIsolate(0x2066);
 constexpr QChar kFirstStrongIsolate(0x2068);
 constexpr QChar kPopDirectionalIsolate(0x2069);
@@ -60,6 +61,12 @@ bool needsIsolation(const QString& text)
 {
     return !text.isEmpty() && (QGuiApplication::isRightToLeft() || hasRightToLeftLetters(text));
 }
+
+QString elided(const QString& text, int maxLetters, const QFontMetrics& letters)
+{
+    return letters.elidedText(shownText(text), Qt::ElideMiddle,
+                              maxLetters * letters.averageCharWidth());
+}
 }  // namespace
 
 QString shownText(const QString& text)
@@ -90,8 +97,12 @@ QString withoutIsolation(QString text)
 
 QString shownName(const QString& name, const QFontMetrics& letters)
 {
-    return isolated(letters.elidedText(shownText(name), Qt::ElideMiddle,
-                                       kMaxNameLetters * letters.averageCharWidth()));
+    return isolated(elided(name, kMaxNameLetters, letters));
+}
+
+QString shownFolder(const QString& path, const QFontMetrics& letters)
+{
+    return isolatedPath(elided(path, kMaxFolderLetters, letters));
 }
 
 }  // namespace pinorama

@@ -36,4 +36,7 @@ QString withoutIsolation(QString text);
 // about 30 letters, so that it does not widen the window.
 QString shownName(const QString& name, const QFontMetrics& letters);
 
+// The path of a folder within a sentence: the same with about 45 letters.
+QString shownFolder(const QString& path, const QFontMetrics& letters);
+
 }  // namespace pinorama

@@ -152,11 +152,6 @@
         <translation>تعذّرت كتابة %1: %2</translation>
     </message>
     <message>
-        <source>%1 was saved.</source>
-        <extracomment>%1 is the name of a file that was written</extracomment>
-        <translation>حُفظ %1.</translation>
-    </message>
-    <message>
         <source>Show in Fo&amp;lder</source>
         <extracomment>A button: shows the file in the file manager</extracomment>
         <translation>عرض في المجلد(&amp;L)</translation>
@@ -165,6 +160,11 @@
         <source>the disk does not answer.</source>
         <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
         <translation>القرص لا يستجيب.</translation>
+    </message>
+    <message>
+        <source>%1 was saved in %2.</source>
+        <extracomment>The foot of the window. %1 is the name of a file that was written, %2 the folder that it is in</extracomment>
+        <translation>حُفظ %1 في %2.</translation>
     </message>
 </context>
 <context>

@@ -166,6 +166,11 @@
         <extracomment>A reason; stands in the place of %2 in &quot;%1 could not be written: %2&quot;</extracomment>
         <translation>디스크가 응답하지 않습니다.</translation>
     </message>
+    <message>
+        <source>%1 was saved in %2.</source>
+        <extracomment>The foot of the window. %1 is the name of a file that was written, %2 the folder that it is in</extracomment>
+        <translation>%2에 %1 저장됨.</translation>
+    </message>
 </context>
 <context>
     <name>pinorama::GlobeNotice</name>

@@ -104,7 +104,7 @@ TEST_F(showExportResult, goesWithTheNextPicture)
 TEST_F(showExportResult, saysThatItWasSavedAndShowsTheFile)
 {
     show(0);
-    EXPECT_EQ(saved(), "place.kml was saved.");
+    EXPECT_EQ(saved(), "place.kml was saved in /home/me.");
     auto* button = controller.myWindow->findChild<QPushButton*>(QStringLiteral("footLineButton"));
     ASSERT_NE(button, nullptr);
     EXPECT_FALSE(button->isHidden());
@@ -133,6 +133,10 @@ TEST_F(showExportResult, aLongNameKeepsTheWindowAsWideAsItIs)
     QCoreApplication::processEvents();
     EXPECT_EQ(controller.myWindow->minimumSizeHint().width(), width);
     EXPECT_NE(words().find("W.kml could not"), std::string::npos) << words();
+    show(0, QStringLiteral("/tmp/") + QString(250, u'W') + QStringLiteral("/place.kml"));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(controller.myWindow->minimumSizeHint().width(), width);
+    EXPECT_TRUE(saved().starts_with("place.kml was saved in /tmp/W")) << saved();
 }
 
 TEST_F(showExportResult, markupInANameIsShownAsItStands)

@@ -222,7 +222,7 @@ TEST_F(mirroredWindow, isolatesNamesInWhatTheFootSays)
     // The names of files come isolated (shownName); the system's reason is not the window's either.
     EXPECT_TRUE(wordsOfOpenError(EIO, name).contains(QStringLiteral(": \u2068")));
     showExportResult(window, opener, QStringLiteral("/a/b.kml"), 0);
-    EXPECT_EQ(footWords(), "\u2068b.kml\u2069 was saved.");
+    EXPECT_EQ(footWords(), "\u2068b.kml\u2069 was saved in \u2066/\u2068a\u2069\u2069.");
     showExportResult(window, opener, QStringLiteral("/a/b.kml"), EIO);
     const std::string failed = textOf(window.findChild<QLabel*>("exportNoticeWords"));
     EXPECT_TRUE(failed.starts_with("\u200f\u2068b.kml\u2069 could not be written: \u2068"))
