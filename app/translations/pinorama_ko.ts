@@ -152,11 +152,6 @@
         <translation>%1 파일을 쓸 수 없습니다: %2</translation>
     </message>
     <message>
-        <source>%1 was saved.</source>
-        <extracomment>%1 is the name of a file that was written</extracomment>
-        <translation>%1 파일을 저장했습니다.</translation>
-    </message>
-    <message>
         <source>Show in Fo&amp;lder</source>
         <extracomment>A button: shows the file in the file manager</extracomment>
         <translation>폴더에서 보기(&amp;L)</translation>
@@ -169,7 +164,7 @@
     <message>
         <source>%1 was saved in %2.</source>
         <extracomment>The foot of the window. %1 is the name of a file that was written, %2 the folder that it is in</extracomment>
-        <translation>%2에 %1 저장됨.</translation>
+        <translation>%2에 %1 파일을 저장했습니다.</translation>
     </message>
 </context>
 <context>
