@@ -61,12 +61,14 @@ CopyMenu::CopyMenu(const fileInfoRecord& info, const TovStringRef& path, QWidget
         QString(),  // the link, whose title names the map
     };
     for (std::size_t i = 0; i < kForms; ++i) {
-        actions_[i] = addAction(titles[i], this, [this, form = static_cast<Form>(i)] {
+        actions_[i] = new QAction(titles[i], this);
+        connect(actions_[i], &QAction::triggered, this, [this, form = static_cast<Form>(i)] {
             const QString copied = text(form);
             if (!copied.isEmpty()) QGuiApplication::clipboard()->setText(copied);
         });
+        // A screen reader finds entries that are not visible, too.
+        if (!titles[i].isEmpty()) addAction(actions_[i]);
     }
-    action(Form::mapLink)->setVisible(false);
     connect(this, &QMenu::aboutToShow, this, &CopyMenu::adapt);
     setHasPlace(false);
 }
@@ -88,12 +90,13 @@ void CopyMenu::adapt()
         actions_[i]->setEnabled(!text(static_cast<Form>(i)).isEmpty());
     action(Form::words)->setVisible(places_->data() != nullptr);
 
-    const WebPage map = firstWebPage();
-    QString title = unitsOf(map.title);
-    action(Form::mapLink)->setVisible(!title.isEmpty());
+    QAction* const link = action(Form::mapLink);
+    QString title = unitsOf(firstWebPage().title);
+    if (title.isEmpty()) return removeAction(link);
     title = isolated(title.replace(QLatin1Char('&'), QLatin1String("&&")));
     //: %1 is a map service, such as OpenStreetMap
-    action(Form::mapLink)->setText(tr("Link to %1").arg(title));
+    link->setText(tr("Link to %1").arg(title));
+    if (!actions().contains(link)) addAction(link);
 }
 
 QString CopyMenu::text(Form form)
