@@ -241,7 +241,7 @@ bool Zygote::begin()
         if (outcome == SendOutcome::sent) {
             spare_.limitProcessorTime(isPreview ? kMaxPreviewTime : kMaxPropertiesTime);
             reported_ = Clock::now();
-            work_.emplace(std::move(spare_), request, PartialReply(request), reported_);
+            work_.emplace(Work{std::move(spare_), request, PartialReply(request), reported_});
             spare_ = ReaderProcess();
             waiting_.pop_front();
             return true;
