@@ -1,9 +1,8 @@
 #include "location/dictionary_getters.h"
 
-#include "base/alloc.h"
 #include "lib/objects/object_holder.h"
+#include "tests/location/dictionary_values.h"
 #include "tests/support/environment.h"
-#include "tests/support/failing_memory.h"
 #include "tests/support/texts.h"
 
 #include <gtest/gtest.h>
@@ -15,43 +14,16 @@
 using namespace pinorama;
 
 namespace {
+using test::array;
+using test::boolean;
+using test::date;
+using test::floating;
+using test::Holding;
+using test::integer;
+using test::string;
 using test::takeUTF8;
 using test::text;
-
-using Value = ObjectHolder<TovTypeRef>;
-
-Value integer(std::int64_t value)
-{
-    return Value(TovNumberCreateSInt64(value));
-}
-
-Value floating(double value)
-{
-    return Value(TovNumberCreateDouble(value));
-}
-
-Value string(std::string_view utf8)
-{
-    return Value(text(utf8).take());
-}
-
-Value boolean(bool value)
-{
-    return Value(TovBooleanCreate(value));
-}
-
-Value date(double absoluteTime)
-{
-    return Value(TovDateCreate(absoluteTime));
-}
-
-template <typename... Values>
-Value array(const Values&... values)
-{
-    TovArrayRef result = TovArrayCreate();
-    (TovArrayAppend(result, values.get()), ...);
-    return Value(result);
-}
+using test::Value;
 
 Value versionArray(const std::vector<std::int64_t>& numbers)
 {
@@ -59,21 +31,6 @@ Value versionArray(const std::vector<std::int64_t>& numbers)
     for (const std::int64_t number : numbers) TovArrayAppend(result, integer(number).get());
     return Value(result);
 }
-
-// A dictionary with one value under "key".
-class Holding {
-public:
-    explicit Holding(const Value& value) : dictionary_(TovDictionaryCreate()), key_(text("key"))
-    {
-        TovDictionarySetValue(dictionary_.get(), key_.get(), value.get());
-    }
-    TovDictionaryRef dictionary() const { return dictionary_.get(); }
-    TovStringRef key() const { return key_.get(); }
-
-private:
-    ObjectHolder<TovDictionaryRef> dictionary_;
-    test::Text key_;
-};
 
 // What every getter gives for a container and a key, as one line.
 std::string everything(TovTypeRef container, TovStringRef key)
@@ -202,80 +159,6 @@ TEST(convGetNumberFromArray, readsNumbersOnly)
     EXPECT_EQ(convGetNumberFromArray(string("5").get(), 0), 0u);
 }
 
-TEST(convGetTovStringRef, lendsTheTextItself)
-{
-    const Value value = string("Rome");
-    const Holding holding(value);
-    const std::int32_t references = uCFGetRetainCount(value.get());
-    EXPECT_EQ(convGetTovStringRef(holding.dictionary(), holding.key()), value.get());
-    EXPECT_EQ(uCFGetRetainCount(value.get()), references);
-}
-
-TEST(convCopyTovStringRef, copiesATextAndWritesANumberAsUnsigned32Bits)
-{
-    const struct {
-        const char* name;
-        Value value;
-        std::optional<std::string> expected;
-    } rows[] = {
-        {"text", string("Rome"), "Rome"},
-        {"empty text", string(""), ""},
-        {"number", integer(42), "42"},
-        {"negative", integer(-5), "4294967291"},
-        {"2^32 + 5", integer(4294967301), "5"},
-        {"float", floating(3.9), "3"},
-        {"boolean", boolean(true), std::nullopt},
-        {"date", date(0), std::nullopt},
-        {"array", array(), std::nullopt},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        const Holding holding(row.value);
-        EXPECT_EQ(takeUTF8(convCopyTovStringRef(holding.dictionary(), holding.key())),
-                  row.expected);
-    }
-}
-
-TEST(convCopyTovStringRef, isACopyThatOutlivesItsSource)
-{
-    const test::Text source = test::mutableText("Rome");
-    TovStringRef copy = nullptr;
-    {
-        const Holding holding(Value(uCFRetain(source.get())));
-        copy = convCopyTovStringRef(holding.dictionary(), holding.key());
-    }
-    appendUnits(source.get(), u"!");
-    EXPECT_EQ(uCFGetRetainCount(copy), 1);
-    EXPECT_EQ(takeUTF8(copy), "Rome");
-}
-
-TEST(convCopyTovStringRefFromArrayOfStrings, separatesByTheIndexOfTheElement)
-{
-    const struct {
-        const char* name;
-        Value value;
-        std::optional<std::string> expected;
-    } rows[] = {
-        {"empty", array(), ""},
-        {"one", array(string("a")), "a"},
-        {"two", array(string("a"), string("b")), "a\nb"},
-        {"a number between", array(string("a"), integer(5), string("b")), "a\nb"},
-        {"a number at the end", array(string("a"), string("b"), integer(5)), "a\nb\n"},
-        {"a null at the end", array(string("a"), Value()), "a\n"},
-        {"only numbers", array(integer(5), integer(6)), ""},
-        {"empty texts", array(string(""), string(""), string("")), "\n\n"},
-        {"no array", string("a"), std::nullopt},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        const Holding holding(row.value);
-        TovStringRef joined =
-            convCopyTovStringRefFromArrayOfStrings(holding.dictionary(), holding.key());
-        EXPECT_TRUE(joined == nullptr || joined->isMutable);
-        EXPECT_EQ(takeUTF8(joined), row.expected);
-    }
-}
-
 TEST(convGetUInt64FromDictString, readsASigned32BitNumber)
 {
     const struct {
@@ -373,32 +256,4 @@ TEST(convCFDateRefToMacTime, isZeroWithoutADate)
     std::uint32_t seconds = 99;
     convCFDateRefToMacTime(nullptr, &seconds);
     EXPECT_EQ(seconds, 0u);
-}
-
-TEST(conv, copiesGiveNullWhenMemoryRunsOut)
-{
-    const Holding name(string("Rome"));
-    const Holding number(integer(5));
-    const Holding list(array(string("a"), string("b")));
-    for (std::uint64_t nth = 1; nth <= 2; nth++) {
-        baseFailAllocation(nth);
-        const std::optional<std::string> copied =
-            takeUTF8(convCopyTovStringRef(name.dictionary(), name.key()));
-        EXPECT_EQ(copied.has_value(), !baseAllocationHasFailed());
-        baseFailAllocation(1);
-        EXPECT_EQ(convCopyTovStringRef(number.dictionary(), number.key()), nullptr);
-        baseFailAllocation(1);
-        EXPECT_EQ(convCopyTovStringRefFromArrayOfStrings(list.dictionary(), list.key()), nullptr);
-        baseFailAllocation(0);
-    }
-}
-
-TEST(convCopyTovStringRefFromArrayOfStrings, isNullInsteadOfAPartWhenMemoryRunsOut)
-{
-    const Holding list(
-        array(string("a text that takes memory"), string(std::string(200, 'b').c_str())));
-    EXPECT_GT(test::failEachRequest([&] {
-                  return convCopyTovStringRefFromArrayOfStrings(list.dictionary(), list.key());
-              }),
-              2u);
 }
