@@ -1,5 +1,7 @@
 #include "tests/lib/containers/containers_under_test.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
@@ -25,6 +27,11 @@ bool sameRecord(const DynArray& a, const DynArray& b)
            a.itemCount == b.itemCount && a.data == b.data;
 }
 }  // namespace
+
+void test::fill(Array& array, std::uint32_t count)
+{
+    for (std::uint32_t i = 0; i < count; ++i) ASSERT_EQ(memAppendItem(&array, &i), 0);
+}
 
 test::ArrayState test::stateOf(const DynArray& array)
 {

@@ -43,6 +43,9 @@ struct ArrayOf : Array {
     }
 };
 
+// Appends the numbers from 0 on, so many of them, to an array of items of 4 bytes.
+void fill(Array& array, std::uint32_t count);
+
 // The items of an array of plain numbers.
 template <typename ID>
 std::vector<ID> itemsOf(const DynArray& array)

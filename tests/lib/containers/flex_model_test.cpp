@@ -6,6 +6,7 @@
 #include "lib/containers/flex_lookup.h"
 #include "lib/containers/flex_runs.h"
 #include "tests/lib/containers/containers_under_test.h"
+#include "tests/lib/containers/flex_model.h"
 
 #include <gtest/gtest.h>
 
@@ -16,41 +17,6 @@ using namespace pinorama;
 
 namespace {
 using Items = std::vector<test::FlexItem>;
-using Entries = std::vector<test::IndexEntry>;
-
-struct Model {
-    std::uint64_t allocated = 0;
-    Items items;
-    bool hasIndexBlock = false;
-    std::uint64_t indexAllocated = 0;
-    Entries index;
-};
-
-std::uint64_t usedBytes(const Model& model)
-{
-    return test::bytesOf(model.items).size();
-}
-
-// Every entry of a small index, and of a large one those a step apart.
-Entries expectedIndex(const Items& items)
-{
-    Entries firsts;
-    Entries all;
-    std::uint32_t location = 0;
-    for (std::size_t i = 0; i < items.size(); ++i) {
-        if (i == 0 || items[i].id != items[i - 1].id) firsts.push_back({items[i].id, location});
-        all.push_back({items[i].id, location});
-        location += 12 + static_cast<std::uint32_t>(items[i].data.size());
-    }
-    if (firsts.size() <= 2048) return firsts;
-
-    const std::uint64_t step = firsts.size() / 2048 + 1;
-    Entries sparse;
-    for (const test::IndexEntry& entry : all) {
-        if (sparse.empty() || entry.id >= sparse.back().id + step) sparse.push_back(entry);
-    }
-    return sparse;
-}
 
 class FlexRun {
 public:
@@ -60,7 +26,7 @@ public:
     {
         const bool planned = below(10) == 0;
         const test::FailingAllocation failure(planned ? 1 + below(latestFailure_) : 0);
-        const Model before = model_;
+        const test::FlexModel before = model_;
         Outcome outcome = callOne();
         if (planned && failure.hasHappened() && !outcome.indexOnly) {
             outcome.expected = kMemErrNoMemory;
@@ -105,20 +71,6 @@ private:
         return data;
     }
 
-    std::size_t firstOf(std::uint32_t id) const
-    {
-        std::size_t i = 0;
-        while (i < model_.items.size() && model_.items[i].id != id) ++i;
-        return i;
-    }
-
-    std::size_t endOfRun(std::size_t first) const
-    {
-        std::size_t i = first;
-        while (i < model_.items.size() && model_.items[i].id == model_.items[first].id) ++i;
-        return i;
-    }
-
     Outcome callOne()
     {
         switch (below(16)) {
@@ -147,15 +99,10 @@ private:
     void takeIndex(bool failed)
     {
         if (failed && flex_.index.data == nullptr) {
-            model_.hasIndexBlock = false;
-            model_.index.clear();
-            model_.indexAllocated = 0;
-            return;
+            model_.dropIndex();
+        } else {
+            model_.buildIndex();
         }
-        model_.hasIndexBlock = true;
-        model_.index = expectedIndex(model_.items);
-        model_.indexAllocated = 2048;
-        while (model_.indexAllocated < model_.index.size()) model_.indexAllocated += 40;
     }
 
     Outcome addAtEnd()
@@ -163,7 +110,7 @@ private:
         const std::uint32_t id = below(ids_);
         const std::uint32_t type = below(4);
         const std::string data = newData();
-        const std::uint64_t needed = usedBytes(model_) + data.size() + 12;
+        const std::uint64_t needed = model_.usedBytes() + data.size() + 12;
         if (model_.allocated <= needed) {
             model_.allocated +=
                 std::max<std::uint64_t>(model_.allocated * 12 / 100, data.size() * 2 + 24);
@@ -173,31 +120,6 @@ private:
                 memAddFlexDataAtEnd(&flex_, id, type, static_cast<std::uint32_t>(data.size()),
                                     data.data()),
                 0};
-    }
-
-    // What memChangeFlexData does to the model.
-    void changeModel(std::uint32_t id, std::uint32_t type, const std::string& data)
-    {
-        std::size_t i = 0;
-        while (i < model_.items.size() && model_.items[i].id <= id) {
-            if (model_.items[i].id == id && model_.items[i].type == type) break;
-            ++i;
-        }
-        const bool found =
-            i < model_.items.size() && model_.items[i].id == id && model_.items[i].type == type;
-        const std::uint64_t used = usedBytes(model_);
-        if (found) {
-            const std::uint64_t older = model_.items[i].data.size();
-            if (data.size() > older && model_.allocated < used + data.size() - older)
-                model_.allocated += data.size() - older + 4096;
-            model_.items[i].data = data;
-            sizeChanged_ = data.size() != older;
-            return;
-        }
-        if (model_.allocated < used + data.size() + 12) model_.allocated += data.size() + 12 + 4096;
-        model_.items.insert(model_.items.begin() + static_cast<std::ptrdiff_t>(i),
-                            {id, type, data});
-        sizeChanged_ = true;
     }
 
     Outcome change()
@@ -214,10 +136,10 @@ private:
             data = model_.items[from].data;
             given = flex_.data + location;
         }
-        changeModel(id, type, data);
+        const bool movesItems = model_.change(id, type, data);
         const auto size = static_cast<std::uint32_t>(data.size());
         const std::int16_t status = memChangeFlexData(&flex_, id, type, size, given);
-        if (status == 0 && sizeChanged_) indexRebuilt();
+        if (status == 0 && movesItems) indexRebuilt();
         return {"change", status, 0, status == 0};
     }
 
@@ -234,9 +156,7 @@ private:
     {
         const std::int16_t status = memRemoveFlexIndex(&flex_);
         if (model_.index.empty()) return {"remove no index", status, kMemErrNotFound};
-        model_.index.clear();
-        model_.indexAllocated = 0;
-        model_.hasIndexBlock = false;
+        model_.dropIndex();
         return {"remove index", status, 0};
     }
 
@@ -244,23 +164,23 @@ private:
     {
         const std::uint32_t id = below(ids_);
         const std::int16_t status = memDeleteAllFlexData(&flex_, id);
-        const std::size_t first = firstOf(id);
+        const std::size_t first = model_.firstOf(id);
         if (first == model_.items.size()) return {"delete no ID", status, kMemErrNotFound};
         model_.items.erase(model_.items.begin() + static_cast<std::ptrdiff_t>(first),
-                           model_.items.begin() + static_cast<std::ptrdiff_t>(endOfRun(first)));
+                           model_.items.begin() + static_cast<std::ptrdiff_t>(model_.endOfRun(first)));
         indexRebuilt();
         return {"delete ID", status, 0, true};
     }
 
     Outcome shrink()
     {
-        model_.allocated = usedBytes(model_);
+        model_.allocated = model_.usedBytes();
         return {"shrink", memShrinkFlexToUsed(&flex_), 0};
     }
 
     Outcome resize()
     {
-        model_.allocated = usedBytes(model_) + below(300);
+        model_.allocated = model_.usedBytes() + below(300);
         return {"resize",
                 m2ResizeFlexDynArray(&flex_, static_cast<std::uint32_t>(model_.allocated)), 0};
     }
@@ -278,7 +198,7 @@ private:
         const std::int16_t status = memAppendFlexDynArray(&source, &flex_);
         EXPECT_EQ(source.data, nullptr);
         if (!added.empty()) {
-            if (model_.allocated <= usedBytes(model_) + bytes.size())
+            if (model_.allocated <= model_.usedBytes() + bytes.size())
                 model_.allocated += bytes.size();
             model_.items.insert(model_.items.end(), added.begin(), added.end());
             indexRebuilt();
@@ -291,11 +211,11 @@ private:
         test::Flex dest;
         const std::uint32_t id = below(ids_);
         const std::int16_t status = memExtractFlexItemsForSpecificID(&flex_, id, &dest);
-        const std::size_t first = firstOf(id);
+        const std::size_t first = model_.firstOf(id);
         if (first == model_.items.size()) return {"extract no ID", status, kMemErrNotFound};
         if (status != 0) return {"extract", status, 0};
         const Items expected(model_.items.begin() + static_cast<std::ptrdiff_t>(first),
-                             model_.items.begin() + static_cast<std::ptrdiff_t>(endOfRun(first)));
+                             model_.items.begin() + static_cast<std::ptrdiff_t>(model_.endOfRun(first)));
         EXPECT_EQ(test::itemsOf(dest), expected);
         EXPECT_EQ(dest.allocatedBytes, dest.usedBytes);
         return {"extract", status, 0};
@@ -312,8 +232,7 @@ private:
         const test::Flex source(given);
         const std::uint32_t id = below(ids_);
         for (const test::FlexItem& item : given) {
-            changeModel(id, item.type, item.data);
-            if (sizeChanged_) indexRebuilt();
+            if (model_.change(id, item.type, item.data)) indexRebuilt();
         }
         return {"replace", memReplaceFlexItemsForSpecificID(&source, &flex_, id), 0};
     }
@@ -330,11 +249,7 @@ private:
     Outcome deleteAll()
     {
         model_.items.clear();
-        if (!model_.index.empty()) {
-            model_.index.clear();
-            model_.indexAllocated = 0;
-            model_.hasIndexBlock = false;
-        }
+        if (!model_.index.empty()) model_.dropIndex();
         return {"delete all", memDeleteAllFlexItems(&flex_), 0};
     }
 
@@ -346,13 +261,7 @@ private:
         ASSERT_EQ(flex_.index.allocatedAmount, model_.indexAllocated) << name;
         ASSERT_EQ(test::indexOf(flex_), model_.index) << name;
         ASSERT_EQ(memHasFlexIndex(&flex_), !model_.index.empty()) << name;
-        if (isSorted()) compareLookup(name);
-    }
-
-    bool isSorted() const
-    {
-        return std::is_sorted(model_.items.begin(), model_.items.end(),
-                              [](const auto& a, const auto& b) { return a.id < b.id; });
+        if (model_.isSorted()) compareLookup(name);
     }
 
     // In a sorted array every item is found, except one without data in last place; through an
@@ -361,14 +270,7 @@ private:
     {
         const std::uint32_t id = below(ids_ + 1);
         const std::uint32_t type = below(4);
-        std::uint32_t location = 0;
-        std::uint32_t expected = UINT32_MAX;
-        for (std::size_t i = 0; i < model_.items.size() && expected == UINT32_MAX; ++i) {
-            const test::FlexItem& item = model_.items[i];
-            const bool isLastEmpty = i + 1 == model_.items.size() && item.data.empty();
-            if (item.id == id && item.type == type && !isLastEmpty) expected = location;
-            location += 12 + static_cast<std::uint32_t>(item.data.size());
-        }
+        const std::uint32_t expected = model_.locationOf(id, type);
         std::uint32_t found = 1;
         const std::int16_t status = m2LookupFlexDataOffset(&flex_, id, type, &found);
         ASSERT_EQ(status, expected == UINT32_MAX ? kMemErrNotFound : 0) << name;
@@ -378,9 +280,8 @@ private:
     std::uint32_t ids_;
     std::uint32_t latestFailure_ = 2;
     std::mt19937 random_;
-    Model model_;
+    test::FlexModel model_;
     test::Flex flex_;
-    bool sizeChanged_ = false;
 };
 
 void runSteps(FlexRun& run, int steps)

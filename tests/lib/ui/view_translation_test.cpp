@@ -1,9 +1,6 @@
-#include "lib/strings/tov_string.h"
 #include "lib/ui/cocoa_utils.h"
-#include "lib/ui/string_tables.h"
 #include "lib/ui/view_texts.h"
-#include "tests/support/environment.h"
-#include "tests/support/texts.h"
+#include "tests/lib/ui/translated_window.h"
 
 #include <gtest/gtest.h>
 
@@ -23,7 +20,6 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include <filesystem>
 #include <stdexcept>
 #include <vector>
 
@@ -35,104 +31,9 @@ QString key(int table, int index)
     return QStringLiteral("STR#%1:%2").arg(table).arg(index);
 }
 
-// A window with a table of its own: texts 1, 5 and 12 are translated, every other one shows its
-// key.
-class Translation : public testing::Test {
-protected:
-    Translation()
-    {
-        std::filesystem::create_directory(folder_.file("en"));
-        (void)folder_.write("en/Localizable.strings",
-                            "\"STR#1100:1\" = \"one\";\n\"STR#1100:5\" = \"five\";\n"
-                            "\"STR#1001:12\" = \"twelve\";\n");
-        const test::Text identifier = test::text("org.pinorama.TranslationTest");
-        iuRegisterBundle(identifier.get(), folder_.path().c_str(), true);
-        initStringBundle(identifier.get());
-    }
-    ~Translation() override { cuReplaceViewTextSetter({}); }
-
-    template <typename View, typename... Arguments>
-    View* add(Arguments&&... arguments)
-    {
-        auto* view = new View(std::forward<Arguments>(arguments)...);
-        view->setParent(&window_);
-        return view;
-    }
-    void translate() { cocoaUtils::translateWindow(&window_, 1); }
-
-    test::TemporaryFolder folder_;
-    QWidget window_;
-};
-
-using translateADialogString = Translation;
-using translateOneView = Translation;
-using translateWindow = Translation;
-
-std::string translatedText(std::string_view text)
-{
-    const test::Text original = test::text(text);
-    const test::Text result(cocoaUtils::translateADialogString(original.get()));
-    if (result.get() == original.get()) uCFRetain(original.get());
-    return test::utf8(result.get()).value_or("null");
-}
+using translateOneView = test::TranslatedWindow;
+using translateWindow = test::TranslatedWindow;
 }  // namespace
-
-TEST_F(translateADialogString, readsMarkerAndNumber)
-{
-    const struct {
-        const char *text, *expected;
-    } rows[] = {
-        {"##5", "five"},
-        {"+#12", "twelve"},
-        {"##17", "STR#1100:17"},
-        {"+#93", "STR#1001:93"},
-        {"## 7", "STR#1100:7"},
-        {"##\t7", "STR#1100:7"},
-        {"##+7", "STR#1100:7"},
-        {"##7x", "STR#1100:7"},
-        {"##-3", "STR#1100:-3"},
-        {"##005", "five"},
-        {"###5", "###5"},
-        {"#+5", "#+5"},
-        {"+ #5", "+ #5"},
-        {"++5", "++5"},
-        {" ##5", " ##5"},
-        {"##", "##"},
-        {"##abc", "##abc"},
-        {"##0", "##0"},
-        {"##-0", "##-0"},
-        {"## ", "## "},
-        {"OK", "OK"},
-        {"", ""},
-        {"\xC3\xA4#5", "\xC3\xA4#5"},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.text);
-        EXPECT_EQ(translatedText(row.text), row.expected);
-    }
-}
-
-TEST_F(translateADialogString, testsTheNumberForZeroBeforeNarrowingIt)
-{
-    EXPECT_EQ(translatedText("##65536"), "STR#1100:0");
-    EXPECT_EQ(translatedText("##70000"), "STR#1100:4464");
-    EXPECT_EQ(translatedText("##40000"), "STR#1100:-25536");
-    EXPECT_EQ(translatedText("##99999999999"), "STR#1100:-1");  // held at 2^31 - 1
-}
-
-TEST_F(translateADialogString, ordinaryTextIsTheSameObject)
-{
-    const test::Text ordinary = test::text("Fixed");
-    EXPECT_EQ(cocoaUtils::translateADialogString(ordinary.get()), ordinary.get());
-    EXPECT_EQ(uCFGetRetainCount(ordinary.get()), 1);
-    EXPECT_EQ(cocoaUtils::translateADialogString(nullptr), nullptr);
-}
-
-TEST_F(translateADialogString, aTextWithoutAUTF8FormIsNotAPlaceholder)
-{
-    const test::Text broken(createString(u"##5\xD800"));
-    EXPECT_EQ(cocoaUtils::translateADialogString(broken.get()), broken.get());
-}
 
 TEST_F(translateOneView, translatesEachKindOfView)
 {
