@@ -23,44 +23,30 @@
 #include "reader/reader_zygote.h"
 #include "reader/sandbox.h"
 #include "reader/stream_byte_source.h"
+#include "tests/reader/thefts.h"
 
 #include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <limits>
-#include <map>
 #include <sstream>
 #include <string>
 #include <string_view>
 
-#include <fcntl.h>
-#include <netinet/in.h>
 #include <poll.h>
-#include <sys/mman.h>
 #include <sys/prctl.h>
-#include <sys/socket.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace pinorama;
 
 namespace {
-
 constexpr int kSocket = kReaderSocket;
 
 struct Fault {
     std::string name;
     std::string argument;
 };
-
-// What a fault got hold of: told as a caption, so that a test sees it.
-using Loot = std::optional<std::u16string>;
-
-Loot text(std::string_view bytes)
-{
-    return std::u16string(bytes.begin(), bytes.end());
-}
 
 Fault faultOf(int descriptor)
 {
@@ -107,61 +93,6 @@ void sendLoot(const ReaderRequest& request, const Loot& loot)
         reply.image = {1, 1, {0xff123456}};
         sendBody(request, encodePreview(reply));
     }
-}
-
-Loot openFile(const std::string& path)
-{
-    const int descriptor = open(path.c_str(), O_RDONLY);
-    if (descriptor < 0) return std::nullopt;
-    char bytes[256] = {};
-    const ssize_t count = read(descriptor, bytes, sizeof bytes);
-    return text({bytes, static_cast<std::size_t>(count < 0 ? 0 : count)});
-}
-
-Loot writeFile(const std::string& path)
-{
-    const int descriptor = open(path.c_str(), O_WRONLY | O_CREAT, 0600);
-    if (descriptor < 0 || write(descriptor, "harm", 4) != 4) return std::nullopt;
-    return text("written");
-}
-
-Loot openSocket()
-{
-    return socket(AF_INET, SOCK_STREAM, 0) < 0 ? std::nullopt : text("socket");
-}
-
-Loot startProgram(const std::string& path)
-{
-    const pid_t child = fork();
-    if (child == 0) {
-        execl("/bin/sh", "sh", "-c", ("echo harm > '" + path + "'").c_str(), nullptr);
-        _exit(1);
-    }
-    int status = 0;
-    (void)waitpid(child, &status, 0);
-    return text("started");
-}
-
-Loot allocate()
-{
-    // Memory that nobody sees written is never asked for by an optimised program.
-    auto* const block = static_cast<volatile char*>(std::malloc(std::size_t{8} << 30));
-    if (block == nullptr) return std::nullopt;
-    for (int i = 0; i < 4096; i++) block[i] = 1;
-    std::free(const_cast<char*>(block));
-    return text("allocated");
-}
-
-Loot makeExecutable()
-{
-    void* block =
-        mmap(nullptr, 4096, PROT_READ | PROT_WRITE | PROT_EXEC, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-    return block == MAP_FAILED ? std::nullopt : text("executable");
-}
-
-Loot killOther(const std::string& process)
-{
-    return kill(std::atoi(process.c_str()), SIGUSR1) == 0 ? text("killed") : std::nullopt;
 }
 
 void spin(std::chrono::milliseconds time)
@@ -269,17 +200,8 @@ void poison(ReaderRequest request)
 
 void commit(const Fault& fault, const ReaderRequest& request)
 {
-    const std::map<std::string, std::function<Loot()>> thefts = {
-        {"open-file", [&] { return openFile(fault.argument); }},
-        {"write-file", [&] { return writeFile(fault.argument); }},
-        {"open-socket", openSocket},
-        {"start-program", [&] { return startProgram(fault.argument); }},
-        {"allocate", allocate},
-        {"make-executable", makeExecutable},
-        {"kill-other", [&] { return killOther(fault.argument); }},
-    };
-    if (const auto theft = thefts.find(fault.name); theft != thefts.end()) {
-        sendLoot(request, theft->second());
+    if (const auto theft = theftCalled(fault.name)) {
+        sendLoot(request, theft(fault.argument));
     } else if (fault.name == "loop") {
         for (;;) spin(std::chrono::hours(1));
     } else if (fault.name == "crash") {

@@ -15,9 +15,12 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <sstream>
 #include <string>
 #include <vector>
+
+#include <unistd.h>
 
 namespace test {
 
@@ -103,6 +106,17 @@ inline void expectGoodPicture(pinorama::ReaderClient& client, const ReaderPictur
     EXPECT_EQ(preview.reply.image.width, 64);
     EXPECT_EQ(preview.reply.image.height, 32);
     EXPECT_TRUE(areNear(quartersOf(preview.reply.image), {kRed, kGreen, kBlue, kYellow}));
+}
+
+// True as soon as `isTrue` is; false if that takes half a minute.
+inline bool waitUntil(const std::function<bool()>& isTrue)
+{
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+    while (std::chrono::steady_clock::now() < end) {
+        if (isTrue()) return true;
+        usleep(1000);
+    }
+    return false;
 }
 
 // What /proc says about a process under that name; empty if it says nothing.
