@@ -2,6 +2,7 @@
 // them.
 
 #include "tests/support/hostile_items.h"
+#include "tests/cli/info_run.h"
 #include "tests/support/picture_builder.h"
 #include "tests/support/program.h"
 #include "tests/support/restless_file.h"
@@ -9,7 +10,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <sstream>
 
 #include <nlohmann/json.hpp>
 
@@ -17,6 +17,7 @@ using namespace pinorama;
 
 namespace {
 using nlohmann::ordered_json;
+using test::objectsOf;
 
 constexpr std::size_t kMaxArgumentLength =
     100'000;  // bytes; the system allows no more than 128 KiB
@@ -28,13 +29,6 @@ test::ProgramResult runJson(std::vector<std::string> paths)
     return test::runProgram({.command = std::move(paths), .seconds = 30});
 }
 
-std::vector<ordered_json> objectsOf(const std::string& out)
-{
-    std::vector<ordered_json> objects;
-    std::istringstream lines(out);
-    for (std::string line; std::getline(lines, line);) objects.push_back(ordered_json::parse(line));
-    return objects;
-}
 }  // namespace
 
 TEST(pinoramaInfoWithHostileItems, reportsEachAndContinues)

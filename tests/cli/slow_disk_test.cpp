@@ -2,6 +2,7 @@
 
 #include "tests/support/slow_disk.h"
 
+#include "tests/cli/info_run.h"
 #include "tests/cli/running_program.h"
 #include "tests/support/environment.h"
 #include "tests/support/picture_builder.h"
@@ -20,6 +21,7 @@ using namespace pinorama;
 
 namespace {
 using namespace std::chrono_literals;
+using test::run;
 using Clock = std::chrono::steady_clock;
 
 class pinoramaInfoOnASlowDisk : public testing::Test {
@@ -36,12 +38,6 @@ protected:
                                                      {"slower.jpg", bytes, 2500},
                                                      {"dead.jpg", bytes, test::SlowDisk::kNever}});
         if (!disk_->isUsable()) GTEST_SKIP() << "no disk may be mounted here";
-    }
-
-    static test::ProgramResult run(std::vector<std::string> arguments)
-    {
-        arguments.insert(arguments.begin(), PINORAMA_INFO);
-        return test::runProgram({.command = arguments});
     }
 
     test::TemporaryFolder folder_;
