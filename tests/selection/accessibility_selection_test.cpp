@@ -1,24 +1,17 @@
 #include "selection/accessibility_selection.h"
 
-#include "selection/file_manager_kind.h"
-#include "tests/selection/fake_file_manager.h"
-#include "tests/support/environment.h"
-#include "tests/support/event_loop.h"
-
-#include <gtest/gtest.h>
-
-#include <QDeadlineTimer>
+#include "tests/selection/accessibility_fixture.h"
 
 #include <sys/stat.h>
 
-#include <algorithm>
-#include <functional>
-#include <memory>
+#include <cstdio>
 #include <string>
+#include <vector>
 
 using namespace pinorama;
 
 namespace {
+using test::AccessibilitySelectionTest;
 using test::FakeFileManager;
 using Kind = FakeFileManager::Kind;
 using Paths = std::vector<std::string>;
@@ -26,86 +19,6 @@ using Paths = std::vector<std::string>;
 constexpr int kFrame = FakeFileManager::kFrame;
 constexpr int kFirstItem = FakeFileManager::kFirstItem;
 constexpr int kStatusBar = FakeFileManager::kStatusBar;
-
-std::vector<QString> pictureNames(int count)
-{
-    std::vector<QString> names;
-    for (int i = 0; i < count; i++) names.push_back(QStringLiteral("%1.jpg").arg(i));
-    return names;
-}
-
-class AccessibilitySelectionTest : public testing::Test {
-protected:
-    void SetUp() override
-    {
-        if (!QDBusConnection::sessionBus().isConnected())
-            GTEST_SKIP() << "no session bus can be started";
-    }
-
-    // Starts a file manager that shows this number of pictures, and follows it.
-    // `names` are those of the items that it shows, if they are others.
-    void follow(Kind kind, const char* process, int count, std::vector<QString> names = {})
-    {
-        if (names.empty()) names = pictureNames(count);
-        source_.reset();
-        tracker_.reset();
-        manager_.reset();
-        // Creating thousands of files takes long, and only those that are selected must exist.
-        for (int i = 0; i < count; i++) {
-            if (i < 12 || i == count - 1) folder_.write(std::to_string(i) + ".jpg", "x");
-        }
-        manager_ = std::make_unique<FakeFileManager>(kind, folder_.path(), names);
-        tracker_ =
-            std::make_unique<FrameTracker>([process](pid_t) { return fileManagerKind(process); });
-        source_ = std::make_unique<AccessibilitySelection>(*tracker_);
-    }
-
-    // Calls selectedPaths() five times a second, as the window does, until it returns these paths.
-    bool findsPaths(const Paths& wanted)
-    {
-        return waitFor([&] { return source_->selectedPaths() == wanted; });
-    }
-
-    static bool waitFor(const std::function<bool()>& condition)
-    {
-        const QDeadlineTimer limit(test::kPatience);
-        while (!limit.hasExpired()) {
-            if (condition()) return true;
-            test::goOnFor(200);
-        }
-        return false;
-    }
-
-    // The calls that one selectedPaths() makes to the window if nothing has changed. Now and then
-    // it makes more, so this takes the shortest list of several rounds.
-    std::vector<std::string> callsAtRest(const Paths& wanted)
-    {
-        std::vector<std::string> shortest;
-        for (int round = 0; round < 5; round++) {
-            (void)takeCalls();
-            EXPECT_TRUE(findsPaths(wanted));
-            std::vector<std::string> calls = takeCalls();
-            std::sort(calls.begin(), calls.end());
-            if (shortest.empty() || calls.size() < shortest.size()) shortest = calls;
-        }
-        return shortest;
-    }
-
-    // Without the calls that look for new and closed windows.
-    std::vector<std::string> takeCalls()
-    {
-        std::vector<std::string> calls = manager_->takeCalls();
-        std::erase_if(calls, [](const std::string& call) { return call.starts_with("0 "); });
-        return calls;
-    }
-
-    std::string picture(int number) const { return folder_.file(std::to_string(number) + ".jpg"); }
-
-    test::TemporaryFolder folder_;
-    std::unique_ptr<FakeFileManager> manager_;
-    std::unique_ptr<FrameTracker> tracker_;
-    std::unique_ptr<AccessibilitySelection> source_;
-};
 
 TEST_F(AccessibilitySelectionTest, readsTheItemsThatTheViewReports)
 {
@@ -355,80 +268,5 @@ TEST_F(AccessibilitySelectionTest, knowsWhetherNothingIsSelectedOrNothingIsKnown
     EXPECT_EQ(source_->selectedPaths(), Paths());
     EXPECT_FALSE(source_->isKnown()) << "it does not reply";
     manager_->setReplying(true);
-}
-
-TEST_F(AccessibilitySelectionTest, getFiveQuestionsAllAtOnceWhileNothingChanges)
-{
-    follow(Kind::selection, "nemo", 12);
-    manager_->select({3});
-    ASSERT_TRUE(findsPaths({picture(3)}));
-    EXPECT_EQ(callsAtRest({picture(3)}),
-              (std::vector<std::string>{"1 GetState", "1 Name", "103 GetState", "103 Name",
-                                        "4 NSelectedChildren"}));
-}
-
-TEST_F(AccessibilitySelectionTest, readsTheStatusBarEveryTime)
-{
-    follow(Kind::statusBar, "thunar", 12);
-    manager_->change(kStatusBar, [](test::FakeObject& bar) { bar.name = "\"3.jpg\""; });
-    ASSERT_TRUE(findsPaths({picture(3)}));
-    EXPECT_EQ(callsAtRest({picture(3)}),
-              (std::vector<std::string>{"1 GetState", "1 Name", "5 Name"}));
-}
-
-TEST_F(AccessibilitySelectionTest, makesNoMoreCallsInALargeFolder)
-{
-    follow(Kind::states, "dolphin", 3000);
-    manager_->select({2999});
-    ASSERT_TRUE(findsPaths({picture(2999)}));
-    EXPECT_EQ(callsAtRest({picture(2999)}),
-              (std::vector<std::string>{"1 GetState", "1 Name", "3099 GetState", "3099 Name"}));
-}
-
-// Nobody waits for a reading that no change has caused.
-TEST_F(AccessibilitySelectionTest, readsAgainFromTimeToTimeInTheEventLoop)
-{
-    follow(Kind::selection, "nemo", 12);
-    manager_->select({3});
-    ASSERT_TRUE(findsPaths({picture(3)}));
-    const std::string reading = "4 GetSelectedChild";
-    std::vector<std::string> inBetween;
-    EXPECT_TRUE(waitFor([&] {
-        for (std::string& call : takeCalls()) inBetween.push_back(std::move(call));
-        EXPECT_EQ(source_->selectedPaths(), Paths{picture(3)});
-        const std::vector<std::string> waitedFor = takeCalls();
-        EXPECT_EQ(std::count(waitedFor.begin(), waitedFor.end(), reading), 0);
-        return std::count(inBetween.begin(), inBetween.end(), reading) > 0;
-    }));
-}
-
-TEST_F(AccessibilitySelectionTest, makesNoCallsForABurstOfEvents)
-{
-    follow(Kind::selection, "nemo", 12);
-    manager_->select({3});
-    ASSERT_TRUE(findsPaths({picture(3)}));
-    int received = 0;
-    QObject::connect(tracker_.get(), &FrameTracker::selectionMayHaveChanged, [&] { received++; });
-    (void)takeCalls();
-    for (int i = 0; i < 500; i++)
-        manager_->emitEvent(kFirstItem + i % 12, "StateChanged", "selected", 0);
-    ASSERT_TRUE(waitFor([&] { return received == 500; }));
-    // One of the regular readings in the event loop may have happened meanwhile.
-    EXPECT_LT(takeCalls().size(), 20U);
-    EXPECT_TRUE(findsPaths({picture(3)}));
-}
-
-TEST_F(AccessibilitySelectionTest, pausesAProgramThatDoesNotReply)
-{
-    follow(Kind::selection, "nemo", 12);
-    manager_->select({3});
-    ASSERT_TRUE(findsPaths({picture(3)}));
-    (void)takeCalls();
-    manager_->setReplying(false);
-    for (int tick = 0; tick < 4; tick++) EXPECT_EQ(source_->selectedPaths(), Paths());
-    manager_->setReplying(true);
-    const std::vector<std::string> calls = takeCalls();
-    EXPECT_EQ(std::count(calls.begin(), calls.end(), std::to_string(kFrame) + " GetState"), 1);
-    EXPECT_TRUE(findsPaths({picture(3)}));
 }
 }  // namespace
