@@ -6,81 +6,14 @@
 #include "pictures/pixels/hevc_image.h"
 #include "pictures/pixels/jxl_image.h"
 #include "previews/picture_reader.h"
-#include "tests/previews/preview_fixture.h"
+#include "tests/previews/preview_loader_fixture.h"
 #include "tests/support/heif_pictures.h"
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
-
-#include <csignal>
+#include <filesystem>
 #include <string>
 #include <vector>
 
-// The suites are named after what they test, which they hide here.
 namespace pinorama::tests {
-using test::kCorners;
-using test::kSize;
-using test::quartersOf;
-
-// Holds the reader up, so that no reply comes as long as this is there.
-class HeldReader {
-public:
-    HeldReader()
-    {
-        cuPictureReader().start();
-        kill(cuPictureReader().processID(), SIGSTOP);
-    }
-    HeldReader(const HeldReader&) = delete;
-    HeldReader& operator=(const HeldReader&) = delete;
-    ~HeldReader() { kill(cuPictureReader().processID(), SIGCONT); }
-};
-
-class PreviewLoader : public test::PreviewTest {
-protected:
-    struct Arrival {
-        std::string path;
-        QPixmap picture;
-        bool isPreview;
-    };
-
-    PreviewLoader()
-    {
-        QObject::connect(&loader_, &pinorama::PreviewLoader::previewReady,
-                         [this](const std::string& path, const QPixmap& picture, bool isPreview) {
-                             arrivals_.push_back({path, picture, isPreview});
-                         });
-    }
-
-    void request(const std::string& path, qreal ratio = 1)
-    {
-        loader_.request(path, PictureFile(path), kSize, ratio);
-    }
-
-    // Lets the event loop run until so many pictures have arrived in all.
-    void wait(std::size_t count = 1)
-    {
-        EXPECT_TRUE(test::waitUntil([&] { return arrivals_.size() >= count; }));
-    }
-
-    // Lets the event loop run until the reader has been asked for a preview after the one with the
-    // ticket `last`. The ticket of it.
-    static std::uint32_t untilItIsUnderWay(std::uint32_t last = 0)
-    {
-        const QDeadlineTimer limit(test::kPatience);
-        while (cuPictureReader().previewTicket() <= last && !limit.hasExpired()) {
-            QCoreApplication::processEvents();
-        }
-        EXPECT_GT(cuPictureReader().previewTicket(), last);
-        return cuPictureReader().previewTicket();
-    }
-
-    // Lets the event loop run until nothing more can come.
-    static void settle() { test::goOnFor(300); }
-
-    pinorama::PreviewLoader loader_;
-    std::vector<Arrival> arrivals_;
-};
-
 TEST_F(PreviewLoader, deliversThroughTheEventLoop)
 {
     const std::string path = picture();
@@ -114,7 +47,7 @@ TEST_F(PreviewLoader, showsMoreKindsOfPicturesWhereSomebodyAsksForThem)
     EXPECT_TRUE(test::areNear(quartersOf(arrivals_[1].picture), kCorners));
 }
 
-// The decoder works in the process that reads one picture, which may not start a thread or open a
+// The decoders work in the process that reads one picture, which may not start a thread or open a
 // file.
 TEST_F(PreviewLoader, showsHevcFromTheSandbox)
 {
@@ -126,42 +59,21 @@ TEST_F(PreviewLoader, showsHevcFromTheSandbox)
         parts[0].to.push_back(i);
         parts.push_back(tile);
     }
-    const int failuresBefore = cuPictureReader().failureCount();
-    setReadsMoreKinds(true);
-    request(folder_.write("a.heic", test::heifPicture(parts)));
-    wait();
-    setReadsMoreKinds(false);
+    requestFromTheSandbox(folder_.write("a.heic", test::heifPicture(parts)));
     ASSERT_EQ(arrivals_.size(), 1u);
     EXPECT_EQ(arrivals_[0].picture.size(), QSize(128, 121));
-    EXPECT_EQ(cuPictureReader().failureCount(), failuresBefore);
 }
 
 TEST_F(PreviewLoader, showsAv1FromTheSandbox)
 {
     if (!loadAv1Decoder()) GTEST_SKIP() << "dav1d is not installed";
-    const int failuresBefore = cuPictureReader().failureCount();
-    setReadsMoreKinds(true);
-    request(folder_.write("a.avif", test::heifPicture({test::av1Part()})));
-    wait();
-    setReadsMoreKinds(false);
-    ASSERT_EQ(arrivals_.size(), 1u);
-    EXPECT_TRUE(arrivals_[0].isPreview);
-    EXPECT_TRUE(test::areNear(quartersOf(arrivals_[0].picture), kCorners));
-    EXPECT_EQ(cuPictureReader().failureCount(), failuresBefore);
+    expectQuartersFromTheSandbox(folder_.write("a.avif", test::heifPicture({test::av1Part()})));
 }
 
 TEST_F(PreviewLoader, showsJxlFromTheSandbox)
 {
     if (!loadJxlDecoder()) GTEST_SKIP() << "libjxl is not installed";
-    const int failuresBefore = cuPictureReader().failureCount();
-    setReadsMoreKinds(true);
-    request(folder_.write("a.jxl", test::jxlQuarters()));
-    wait();
-    setReadsMoreKinds(false);
-    ASSERT_EQ(arrivals_.size(), 1u);
-    EXPECT_TRUE(arrivals_[0].isPreview);
-    EXPECT_TRUE(test::areNear(quartersOf(arrivals_[0].picture), kCorners));
-    EXPECT_EQ(cuPictureReader().failureCount(), failuresBefore);
+    expectQuartersFromTheSandbox(folder_.write("a.jxl", test::jxlQuarters()));
 }
 
 TEST_F(PreviewLoader, showsADecodedPreviewBeforeItIsStored)
@@ -279,134 +191,6 @@ TEST_F(PreviewLoader, deliversNullAndNoIconWhenMemoryRunsOutForAPreview)
     ASSERT_EQ(arrivals_.size(), 1u);
     EXPECT_EQ(arrivals_[0].path, path);
     EXPECT_TRUE(arrivals_[0].picture.isNull());
-}
-
-TEST_F(PreviewLoader, givesUpAPreviewThatIsUnderWay)
-{
-    const std::string last = picture("b.jpg");
-    {
-        const HeldReader held;
-        request(picture("a.jpg"));
-        const std::uint32_t ticket = untilItIsUnderWay();
-        request(last);
-        EXPECT_EQ(cuPictureReader().previewTicket(), 0u);
-        untilItIsUnderWay(ticket);
-    }
-    wait();
-    settle();
-    ASSERT_EQ(arrivals_.size(), 1u);
-    EXPECT_EQ(arrivals_[0].path, last);
-}
-
-TEST_F(PreviewLoader, startsAgainWhenAPreviewThatIsWaitedForTookThePlace)
-{
-    const std::string path = picture("a.jpg");
-    {
-        const HeldReader held;
-        request(path);
-        untilItIsUnderWay();
-    }
-    EXPECT_EQ(test::pictureOf(picture("b.jpg")).size(), QSize(128, 85));
-    EXPECT_TRUE(arrivals_.empty());
-    wait();
-    ASSERT_EQ(arrivals_.size(), 1u);
-    EXPECT_EQ(arrivals_[0].path, path);
-}
-
-TEST_F(PreviewLoader, startsAgainWhenAnotherOneTookThePlaceAndCancels)
-{
-    const std::string path = picture("a.jpg");
-    const std::string otherPath = picture("b.jpg");
-    {
-        const HeldReader held;
-        request(path);
-        const std::uint32_t ticket = untilItIsUnderWay();
-        pinorama::PreviewLoader other;
-        other.request(otherPath, PictureFile(otherPath), kSize, 1);
-        untilItIsUnderWay(ticket);
-    }
-    wait();
-    ASSERT_EQ(arrivals_.size(), 1u);
-    EXPECT_EQ(arrivals_[0].path, path);
-}
-
-TEST_F(PreviewLoader, reportsAMissingReaderAndDeliversNothing)
-{
-    std::vector<std::string> reported;
-    QObject::connect(&loader_, &pinorama::PreviewLoader::readerMissing,
-                     [&](const std::string& path) { reported.push_back(path); });
-    const std::string path = picture();
-    {
-        const test::ScopedVariable reader("PINORAMA_READER", "/nowhere/pinorama-reader");
-        cuPictureReader().stop();
-        request(path);
-        EXPECT_TRUE(test::waitUntil([&] { return !reported.empty(); }));
-        settle();
-    }
-    ASSERT_EQ(reported.size(), 1u);
-    EXPECT_EQ(reported[0], path);
-    EXPECT_TRUE(arrivals_.empty());
-
-    cuPictureReader().stop();
-    request(path);
-    wait();
-    EXPECT_EQ(arrivals_.size(), 1u) << "there is one again";
-}
-
-TEST_F(PreviewLoader, comesHoweverLongTheDiskTakes)
-{
-    const std::string path = picture();
-    {
-        const HeldReader held;
-        request(path);
-        test::goOnFor(4000);
-        EXPECT_TRUE(loader_.isLoading());
-        EXPECT_TRUE(arrivals_.empty());
-    }
-    wait();
-    ASSERT_EQ(arrivals_.size(), 1u);
-    EXPECT_TRUE(test::areNear(quartersOf(arrivals_[0].picture), kCorners));
-    EXPECT_FALSE(loader_.isLoading());
-}
-
-TEST_F(PreviewLoader, reportsAStuckReaderAndDeliversTheIcon)
-{
-    std::vector<std::string> reported;
-    QObject::connect(&loader_, &pinorama::PreviewLoader::readerStuck, [&](const std::string& path) {
-        reported.push_back(path);
-        EXPECT_TRUE(arrivals_.empty());
-    });
-    ReaderLimits limits;
-    limits.preview.silence = std::chrono::seconds(1);
-    cuPictureReader().setLimits(limits);
-    const std::string path = picture();
-    {
-        request(picture("b.jpg"));
-        wait();  // the reader has started
-        arrivals_.clear();
-        const HeldReader held;
-        request(path);
-        wait();
-    }
-    cuPictureReader().setLimits({});
-    ASSERT_EQ(arrivals_.size(), 1u);
-    EXPECT_EQ(arrivals_[0].picture.size(), QSize(128, 128));
-    ASSERT_EQ(reported.size(), 1u);
-    EXPECT_EQ(reported[0], path);
-}
-
-TEST_F(PreviewLoader, settlesForTheIcon)
-{
-    loader_.settleForIcon();
-    EXPECT_TRUE(arrivals_.empty()) << "nothing was asked for";
-    const HeldReader held;
-    request(picture());
-    untilItIsUnderWay();
-    loader_.settleForIcon();
-    ASSERT_EQ(arrivals_.size(), 1u);
-    EXPECT_EQ(arrivals_[0].picture.size(), QSize(128, 128));
-    EXPECT_FALSE(loader_.isLoading());
-    EXPECT_EQ(cuPictureReader().previewTicket(), 0u);
 }
 
 TEST_F(PreviewLoader, mayBeAskedAgainByTheReceiver)
