@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Compares the libraries that Debian's package is built with to those that the RPM specification, the PKGBUILD and
-# README.md name: nobody builds those packages here, so nothing else would tell that one is missing.
+# README.md name, and the licences in REUSE.toml to those that both name and hand out: nobody builds those packages
+# here, so nothing else would tell that one is missing.
 # usage: check_dependencies.sh SOURCE_FOLDER
 set -u
 cd "$1" || exit 1
@@ -35,5 +36,17 @@ for package in "${needed[@]}"; do
     grep -qxF -- "$arch" <<<"$script" || complain "the PKGBUILD lacks $arch"
     [ "$readme" = - ] || grep -qwF -- "$readme" <<<"$promise" || complain "README.md does not name $readme"
 done
-printf '%d packages, %d complaints\n' ${#needed[@]} $failures
-[ ${#needed[@]} -ge 10 ] && [ $failures -eq 0 ]
+
+mapfile -t licences < <(sed -n 's/^SPDX-License-Identifier = "\(.*\)"$/\1/p' REUSE.toml | sed 's/ AND /\n/g' | sort -u)
+fedora=$(sed -n 's/^License: *//p' packaging/rpm/pinorama.spec | sed 's/ AND /\n/g')
+arch=$(bash -c '. packaging/arch/PKGBUILD && printf "%s\n" "${license[@]}"')
+for licence in "${licences[@]}"; do
+    grep -qxF -- "$licence" <<<"$fedora" || complain "the RPM specification does not name the licence $licence"
+    grep -qxF -- "$licence" <<<"$arch" || complain "the PKGBUILD does not name the licence $licence"
+    for file in packaging/rpm/pinorama.spec packaging/arch/PKGBUILD packaging/flatpak/org.pinorama.Pinorama.yml; do
+        [ "$licence" = GPL-3.0-or-later ] || grep -qF -- "LICENSES/$licence.txt" $file ||
+            complain "$file does not hand out LICENSES/$licence.txt"
+    done
+done
+printf '%d packages, %d licences, %d complaints\n' ${#needed[@]} ${#licences[@]} $failures
+[ ${#needed[@]} -ge 10 ] && [ ${#licences[@]} -ge 4 ] && [ $failures -eq 0 ]
