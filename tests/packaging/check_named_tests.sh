@@ -8,11 +8,11 @@ missing=0
 count=0
 while IFS=. read -r suite name; do
     count=$((count + 1))
-    grep -rqE "^TEST(_F)?\($suite, ?($name|\$)" tests --include='*.cpp' &&
-        grep -rqw "$name" tests --include='*.cpp' && continue
+    # A long name stands on the next line.
+    grep -rqPzo "TEST(_F|_P)?\($suite,\s*$name\)" tests --include='*.cpp' && continue
     echo "$2 names $suite.$name, which does not exist"
     missing=1
-done < <(grep -oE '`[A-Za-z]+\.[a-z][A-Za-z0-9]{8,}`' "$2" | tr -d '`' | sort -u)
+done < <(grep -oE '`[A-Za-z][A-Za-z0-9_]*\.[a-z][A-Za-z0-9]{8,}`' "$2" | tr -d '`' | sort -u)
 [ $count -gt 0 ] || {
     echo "$2 names no test"
     missing=1
