@@ -125,9 +125,9 @@
         <translation>První vydání. Pinorama:</translation>
     </message>
     <message>
-        <source>follows the selection of Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt and SpaceFM</source>
+        <source>follows the selection of Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt, SpaceFM and Krusader</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;, so that it goes on from there. The names stay</extracomment>
-        <translation>sleduje výběr v programech Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt a SpaceFM</translation>
+        <translation>sleduje výběr v programech Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt, SpaceFM a Krusader</translation>
     </message>
     <message>
         <source>reads JPEG and the raw formats of common cameras, and on request HEIC, videos and more</source>

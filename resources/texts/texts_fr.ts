@@ -125,9 +125,9 @@
         <translation>La première version. Pinorama&#xa0;:</translation>
     </message>
     <message>
-        <source>follows the selection of Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt and SpaceFM</source>
+        <source>follows the selection of Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt, SpaceFM and Krusader</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;, so that it goes on from there. The names stay</extracomment>
-        <translation>suit la sélection de Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt et SpaceFM</translation>
+        <translation>suit la sélection de Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt, SpaceFM et Krusader</translation>
     </message>
     <message>
         <source>reads JPEG and the raw formats of common cameras, and on request HEIC, videos and more</source>

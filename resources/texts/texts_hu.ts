@@ -124,9 +124,9 @@
         <translation>Az első kiadás. A Pinorama:</translation>
     </message>
     <message>
-        <source>follows the selection of Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt and SpaceFM</source>
+        <source>follows the selection of Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt, SpaceFM and Krusader</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;, so that it goes on from there. The names stay</extracomment>
-        <translation>követi a Nautilus, a Nemo, a Caja, a Thunar, a Dolphin, a PCManFM, a PCManFM-Qt és a SpaceFM kijelölését</translation>
+        <translation>követi a Nautilus, a Nemo, a Caja, a Thunar, a Dolphin, a PCManFM, a PCManFM-Qt, a SpaceFM és a Krusader kijelölését</translation>
     </message>
     <message>
         <source>reads JPEG and the raw formats of common cameras, and on request HEIC, videos and more</source>

@@ -124,9 +124,9 @@
         <translation>첫 번째 릴리스입니다. Pinorama는:</translation>
     </message>
     <message>
-        <source>follows the selection of Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt and SpaceFM</source>
+        <source>follows the selection of Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt, SpaceFM and Krusader</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;, so that it goes on from there. The names stay</extracomment>
-        <translation>Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt, SpaceFM의 선택을 따라갑니다</translation>
+        <translation>Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt, SpaceFM, Krusader의 선택을 따라갑니다</translation>
     </message>
     <message>
         <source>reads JPEG and the raw formats of common cameras, and on request HEIC, videos and more</source>

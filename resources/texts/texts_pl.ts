@@ -124,9 +124,9 @@
         <translation>Pierwsze wydanie. Pinorama:</translation>
     </message>
     <message>
-        <source>follows the selection of Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt and SpaceFM</source>
+        <source>follows the selection of Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt, SpaceFM and Krusader</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;, so that it goes on from there. The names stay</extracomment>
-        <translation>śledzi zaznaczenie w programach Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt i SpaceFM</translation>
+        <translation>śledzi zaznaczenie w programach Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt, SpaceFM i Krusader</translation>
     </message>
     <message>
         <source>reads JPEG and the raw formats of common cameras, and on request HEIC, videos and more</source>

@@ -125,9 +125,9 @@
         <translation>首个版本。Pinorama：</translation>
     </message>
     <message>
-        <source>follows the selection of Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt and SpaceFM</source>
+        <source>follows the selection of Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt, SpaceFM and Krusader</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;, so that it goes on from there. The names stay</extracomment>
-        <translation>跟随 Nautilus、Nemo、Caja、Thunar、Dolphin、PCManFM、PCManFM-Qt 和 SpaceFM 中选中的文件</translation>
+        <translation>跟随 Nautilus、Nemo、Caja、Thunar、Dolphin、PCManFM、PCManFM-Qt、SpaceFM 和 Krusader 中选中的文件</translation>
     </message>
     <message>
         <source>reads JPEG and the raw formats of common cameras, and on request HEIC, videos and more</source>

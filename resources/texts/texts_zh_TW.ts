@@ -125,9 +125,9 @@
         <translation>第一個版本。Pinorama：</translation>
     </message>
     <message>
-        <source>follows the selection of Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt and SpaceFM</source>
+        <source>follows the selection of Nautilus, Nemo, Caja, Thunar, Dolphin, PCManFM, PCManFM-Qt, SpaceFM and Krusader</source>
         <extracomment>In the list below &quot;The first release. Pinorama:&quot;, so that it goes on from there. The names stay</extracomment>
-        <translation>跟隨 Nautilus、Nemo、Caja、Thunar、Dolphin、PCManFM、PCManFM-Qt 和 SpaceFM 中的選取</translation>
+        <translation>跟隨 Nautilus、Nemo、Caja、Thunar、Dolphin、PCManFM、PCManFM-Qt、SpaceFM 和 Krusader 中的選取</translation>
     </message>
     <message>
         <source>reads JPEG and the raw formats of common cameras, and on request HEIC, videos and more</source>

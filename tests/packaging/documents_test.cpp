@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <regex>
+#include <set>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -273,6 +274,27 @@ TEST(documents, stateTheRightNumbers)
     const std::string services = documentOf("resources/strings/en/GPS.strings");
     EXPECT_NE(services.find("\"a9\" = "), std::string::npos);
     EXPECT_EQ(services.find("\"a10\" = "), std::string::npos);
+}
+
+TEST(documents, nameAllFileManagers)
+{
+    std::set<std::string> names;
+    for (const auto& file :
+         std::filesystem::directory_iterator(PINORAMA_SOURCE_FOLDER "/selection/managers")) {
+        const std::string source = test::readFile(file.path().string());
+        std::smatch match;
+        if (std::regex_search(source, match, std::regex("\n    \\.name = \"([^\"]+)\",\n")))
+            names.insert(match[1]);
+    }
+    EXPECT_EQ(names.size(), 9);
+    for (const std::string document :
+         {"README.md", "docs/manual.md", "docs/file-managers.md", "packaging/man/pinorama.1",
+          "packaging/org.pinorama.Pinorama.metainfo.xml.in"}) {
+        const std::string text = documentOf(document);
+        for (const std::string& name : names)  // one begins like another
+            EXPECT_TRUE(std::regex_search(text, std::regex(name + "(?![-A-Za-z])")))
+                << document << " does not name " << name;
+    }
 }
 
 TEST(documents, nameThePackagesOfTheFileManagers)
