@@ -54,6 +54,13 @@ class Desktop:
             raise RigError(f"no window {pattern} appeared")
         return int(found[0])
 
+    def titleOf(self, window):
+        return (self.xdotool("getwindowname", window) or "").strip()
+
+    def inFront(self):
+        """The window with the focus."""
+        return (self.xdotool("getactivewindow") or "").strip()
+
     def exists(self, window):
         return self.xdotool("getwindowname", window) is not None
 

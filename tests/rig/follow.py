@@ -105,9 +105,8 @@ class Follow:
     def state(self):
         """What helps to understand a failure: whether the file manager runs, its windows with their titles, which
         window has the focus, and how the probe's queries go."""
-        titles = {window: (self.desktop.xdotool("getwindowname", window) or "").strip()
-                  for window in self.desktop.windowsOf(self.process)}
-        front = (self.desktop.xdotool("getactivewindow") or "").strip()
+        titles = {window: self.desktop.titleOf(window) for window in self.desktop.windowsOf(self.process)}
+        front = self.desktop.inFront()
         use = ProcessorUse(self.process.pid)
         stats = self.probe.stats() if isinstance(self.probe, Probe) and self.probe.process.poll() is None else None
         return (f"ended with {self.process.poll()}, waits {use.waits}, windows {titles}, in front {front}, "

@@ -59,6 +59,12 @@ class WaylandDesktop(Desktop):
             raise RigError(f"no window {pattern} appeared")
         return found[0]
 
+    def titleOf(self, window):
+        return self.windows().get(window, {}).get("title", "")
+
+    def inFront(self):
+        return next((window for window, facts in self.windows().items() if facts["focused"]), None)
+
     def exists(self, window):
         return window in self.windows()
 
