@@ -162,11 +162,13 @@ class DesktopSession:
         return output is not None and "window id" in output and "not found" not in output
 
     def _writeSettings(self):
-        """Makes Nemo treat the root user, as whom tests may run, like any other."""
+        """Makes Nemo treat the root user, as whom tests may run, like any other, and open folders within its list,
+        which 6.6 does only on request."""
         folder = os.path.join(self.home, ".config", "glib-2.0", "settings")
         os.makedirs(folder)
         with open(os.path.join(folder, "keyfile"), "w", encoding="utf-8") as settings:
-            settings.write("[org/nemo/preferences]\ntreat-root-as-normal=true\n")
+            settings.write("[org/nemo/preferences]\ntreat-root-as-normal=true\n"
+                           "[org/nemo/list-view]\nenable-folder-expansion=true\n")
 
     def _startDisplay(self):
         reader, writer = os.pipe()
