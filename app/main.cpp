@@ -20,6 +20,7 @@
 
 #include <QApplication>
 #include <QDBusObjectPath>
+#include <QLoggingCategory>
 #include <QTimer>
 
 #include <algorithm>
@@ -195,6 +196,10 @@ int main(int argc, char** argv)
     }
     // GTK's theme for the toolkit ends a program that has no display server to draw with.
     if (!hasServer()) unsetenv("QT_QPA_PLATFORMTHEME");
+    // From 6.10 on Qt introduces each program to the desktop's portal, and complains at every start
+    // if there is none, or if it has introduced the program before.
+    QLoggingCategory::setFilterRules(
+        QStringLiteral("qt.qpa.services.warning=false\nqt.qpa.theme.gnome.warning=false"));
     QApplication application(argc, argv);  // takes the toolkit's own options out
     QApplication::setApplicationName(QStringLiteral("Pinorama"));
     QApplication::setApplicationVersion(QStringLiteral(PINORAMA_VERSION));

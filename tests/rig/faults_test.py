@@ -284,8 +284,9 @@ def busStartedAgain(faulty):
 
 @cases.add
 def quiet(faulty):
-    """The window has written nothing to the terminal."""
-    text = faulty.shown.messages()
+    """The window has written nothing to the terminal, but for what Qt 6.11 says when the accessibility bus ends."""
+    lines = faulty.shown.messages().splitlines(keepends=True)
+    text = "".join(line for line in lines if not line.startswith("Accessibility encountered a DBus error: "))
     require(not text.strip(), f"{len(text)} characters: {text[:2000]}")
 
 
