@@ -17,6 +17,9 @@ SETTINGS = """
 [org/gnome/desktop/search-providers]
 disable-external=true
 
+[org/gnome/desktop/interface]
+enable-hot-corners=false
+
 [org/gnome/shell]
 welcome-dialog-last-shown-version='99'
 """
@@ -99,9 +102,15 @@ class GnomeInput:
                  "".join(f"keyboard.notify_key(now(), {CODES[name]}, Clutter.KeyState.RELEASED);"
                          for name in reversed(names)))
 
-    def click(self, x, y):
-        self.run(f"mouse.notify_absolute_motion(now(), {int(x)}, {int(y)});")
+    def move(self, x, y):
+        """Whether the mouse is there. The first motion of GNOME Shell 50 is only sideways, along the upper edge."""
+        self.run(f"mouse.notify_absolute_motion(now(), {x}, {y});")
         time.sleep(0.05)
+        return (self.session.evaluate("global.get_pointer()") or [])[:2] == [x, y]
+
+    def click(self, x, y):
+        if not waitFor(lambda: self.move(int(x), int(y)), 3, 0.05):
+            raise RigError(f"the mouse does not get to {int(x)}, {int(y)}")
         self.run("mouse.notify_button(now(), 1, Clutter.ButtonState.PRESSED);"
                  "mouse.notify_button(now(), 1, Clutter.ButtonState.RELEASED);")
 
