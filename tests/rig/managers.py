@@ -40,6 +40,8 @@ class Manager:
     reportsSeveral: bool = False   # whether it exposes the paths of several selected items
     hidesMalformed: tuple = ()     # the version from which on it hides names that are not UTF-8
     hidesUnseen: tuple = ()        # the version from which on it hides names that are scrolled out of view
+    asksAgain: tuple = ()          # the version from which on it may ask its extensions for the others of a folder
+                                   # again when a file is new
 
     def isSince(self, version):
         """Whether the installed one is of that version or a later one; False for ()."""
@@ -66,7 +68,7 @@ MANAGERS = [
             views={"icons": (["ctrl+1"], ICONS), "list": (["ctrl+2"], LIST),
                    "compact": (["ctrl+3"], LIST)},
             split="F3", expand="Right", searches=True, findsLocations=True, desktop=["nemo-desktop"],
-            reportsSeveral=True),
+            reportsSeveral=True, asksAgain=(6, 6)),
     Manager("caja", ["caja", "--no-desktop", "--browser"], "caja",
             views={"icons": (["ctrl+1"], ICONS), "list": (["ctrl+2"], LIST),
                    "compact": (["ctrl+3"], LIST)},
