@@ -176,7 +176,7 @@ Task<Done> FrameReader::read(DBusQuery& query)
 
     const View view = layout->views[std::min(pane_, layout->views.size() - 1)];
     const std::vector<Accessible> likely = {focused_, item_};
-    ItemReader reader(layout, folder_);
+    ItemReader reader(*window_, layout, folder_);
     SelectedItems selected = co_await window_->selectedItems(query, reader, view, likely);
     if (layout_ != layout) co_return {};
     if (selected.items.size() == 1) {

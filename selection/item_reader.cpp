@@ -1,8 +1,9 @@
 #include "selection/item_reader.h"
 
 #include "selection/item_name.h"
+#include "selection/manager_window.h"
 
-#include <vector>
+#include <algorithm>
 
 namespace pinorama {
 
@@ -19,7 +20,15 @@ Task<NamedItem> ItemReader::named(DBusQuery& query, Accessible item, std::string
     named.name = *name;
     named.reportsSelected = has(statesIn(replies[1]).value_or(0), State::selected);
     named.path = co_await pathOf(query, folder, *name);
+    const std::vector<QString> shorter = window_.namesWithin(*name);
+    const std::vector<std::string> others = co_await pathsOf(query, folder, shorter);
+    const bool isAmbiguous =
+        named.path && std::any_of(others.begin(), others.end(),
+                                  [&](const std::string& path) { return path != named.path; });
+    if (isAmbiguous) named.path.reset();
     if (!named.path) named = co_await namedInside(query, named, folder);
+    if (!named.path && !named.hasParts && !isAmbiguous && others.size() == 1)
+        named.path = others.front();
     co_return named;
 }
 
@@ -37,6 +46,7 @@ Task<NamedItem> ItemReader::namedInside(DBusQuery& query, NamedItem item, std::s
             for (Accessible& child : objectsIn(list, kMaxParts).value_or(std::vector<Accessible>{}))
                 if (!child.isNull() && level.size() < kMaxParts) level.push_back(std::move(child));
         }
+        item.hasParts = item.hasParts || !level.empty();
         const auto nameCalls = callsFor(level, nameCall);
         query.sendAhead(callsFor(level, childrenCall));  // in case that none of the names will do
         const auto names = co_await query.replies(nameCalls);
@@ -67,6 +77,19 @@ Task<std::optional<std::string>> ItemReader::pathOf(DBusQuery& query, std::strin
         path = co_await withItems(query, find);
     }
     co_return path;
+}
+
+// The items that have one of these names, without repetition.
+Task<std::vector<std::string>> ItemReader::pathsOf(DBusQuery& query, std::string folder,
+                                                   std::vector<QString> names)
+{
+    std::vector<std::string> paths;
+    for (const QString& name : names) {
+        const auto path = co_await pathOf(query, folder, name);
+        if (path && std::find(paths.begin(), paths.end(), *path) == paths.end())
+            paths.push_back(*path);
+    }
+    co_return paths;
 }
 
 }  // namespace pinorama

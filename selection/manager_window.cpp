@@ -12,6 +12,11 @@ ManagerWindow::Opaqueness ManagerWindow::opaqueness(Role, Role) const
     return Opaqueness::no;
 }
 
+std::vector<QString> ManagerWindow::namesWithin(const QString&) const
+{
+    return {};
+}
+
 Task<Done> ManagerWindow::prepare(DBusQuery&, Accessible)
 {
     co_return {};

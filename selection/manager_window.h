@@ -42,6 +42,10 @@ public:
     enum class Opaqueness { no, yes, ifEmpty };
     virtual Opaqueness opaqueness(Role role, Role container) const;
 
+    // The names that an item may have that is called `told`, apart from that one, if it has no
+    // parts that say its name: a file manager may add what it is.
+    virtual std::vector<QString> namesWithin(const QString& told) const;
+
     // What the list of results of a search says about the folders of its items.
     virtual LocationColumn locationColumn() const { return LocationColumn::none; }
 

@@ -159,6 +159,20 @@ std::vector<std::string> foldersOfWindow(KnownItems& items, const QString& title
     return folders;
 }
 
+// "a.jpg. File", and "a.jpg. File. Starred", in the user's language.
+std::vector<QString> NautilusWindow::namesWithin(const QString& told) const
+{
+    std::vector<QString> names;
+    const QString pause = QStringLiteral(". ");
+    qsizetype end = told.size();
+    for (int words = 0; words < 2; words++) {
+        end = end > 0 ? told.lastIndexOf(pause, end - 1) : -1;
+        if (end <= 0) break;
+        names.push_back(told.left(end));
+    }
+    return names;
+}
+
 Task<std::optional<std::vector<std::string>>> NautilusWindow::publishedFolders(DBusQuery& query,
                                                                                QString title)
 {
