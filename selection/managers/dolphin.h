@@ -1,7 +1,7 @@
-// Dolphin, tried with 22.12 (Qt 5) and 25.04 (Qt 6).
+// Dolphin, tried with 22.12 (Qt 5), 25.04 and 26.08 (Qt 6).
 //
 // View: 22.12 has the Table interface only, and the states of the items tell what is
-// selected. 25.04 has the Selection interface too, and reports no selected rows.
+// selected. Those of Qt 6 have the Selection interface too, and report no selected rows.
 //
 // Selection: an interface of its own on the session bus tells whether exactly one item is selected,
 // which saves asking all of them. It says so a moment late.

@@ -1,8 +1,8 @@
-// Nemo, tried with 5.6 and 6.4 (GTK 3).
+// Nemo, tried with 5.6, 6.4 and 6.6 (GTK 3).
 //
 // View: the icons and the compact list have the Selection interface, and their items do not say
 // that they are selected; the list has the Table interface, with the rows above a row in its
-// relations.
+// relations. 6.6 opens folders in its list only if a setting says so.
 //
 // Folder: from the location entry or the path buttons. A split window has a path bar for each pane,
 // of which only that of the pane with the focus is visible. Results of a search have their location

@@ -1,8 +1,8 @@
-// PCManFM-Qt, tried with 1.2 (Qt 5) and 2.1 (Qt 6).
+// PCManFM-Qt, tried with 1.2 (Qt 5), 2.1 and 2.4 (Qt 6).
 //
 // View: 1.2 has the Table interface only. Its detailed list reports the selected rows; of icons,
-// the states of the items tell what is selected. In 2.1 the icons report no selected rows but a
-// selection, and the detailed list reports rows, while its selection counts every cell.
+// the states of the items tell what is selected. In those of Qt 6 the icons report no selected rows
+// but a selection, and the detailed list reports rows, while its selection counts every cell.
 //
 // Selection: in 1.2 the status bar quotes the name of the selected file, and counts several, half a
 // second after the change.
