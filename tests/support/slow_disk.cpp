@@ -248,13 +248,14 @@ void closeSockets()
 
 test::SlowDisk::SlowDisk(std::string folder, std::vector<File> files) : folder_(std::move(folder))
 {
-    const int device = open("/dev/fuse", O_RDWR | O_CLOEXEC);
+    // The kernel mounts only what was opened in the user namespace of the mount.
+    const bool mayMount = enterMountNamespace();
+    const int device = mayMount ? open("/dev/fuse", O_RDWR | O_CLOEXEC) : -1;
     const std::string options = "fd=" + std::to_string(device) +
                                 ",rootmode=40000,user_id=" + std::to_string(geteuid()) +
                                 ",group_id=" + std::to_string(getegid());
-    const bool isMounted =
-        device >= 0 && enterMountNamespace() &&
-        mount("slow-disk", folder_.c_str(), "fuse", MS_NOSUID | MS_NODEV, options.c_str()) == 0;
+    const bool isMounted = device >= 0 && mount("slow-disk", folder_.c_str(), "fuse",
+                                                MS_NOSUID | MS_NODEV, options.c_str()) == 0;
     if (isMounted) server_ = fork();
     if (server_ == 0) {
         prctl(PR_SET_PDEATHSIG, SIGKILL);
