@@ -6,13 +6,13 @@
 #include "base/descriptor_box.h"
 #include "opener/opener_client.h"
 #include "opener/opener_service.h"
+#include "tests/opener/opener_turns.h"
 #include "tests/support/environment.h"
 #include "tests/support/slow_disk.h"
 
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
-#include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -28,7 +28,6 @@ namespace pinorama::tests {
 namespace {
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
-using Clock = std::chrono::steady_clock;
 
 // The mounts of now, which all keep whoever gives a file up last, as those of a server do.
 MountList keepingMounts()
@@ -97,17 +96,9 @@ protected:
 
 class OpenerOfAServer : public testing::Test {
 protected:
-    static constexpr auto kPatience = 30s;  // no measure of speed: a busy machine may stall
-
     bool goesOnUntil(const std::function<bool()>& isTrue)
     {
-        const auto end = Clock::now() + kPatience;
-        while (!isTrue() && Clock::now() < end) {
-            pollfd state = {client_.descriptor(), POLLIN, 0};
-            (void)poll(&state, 1, 10);
-            client_.advance();
-        }
-        return isTrue();
+        return test::goesOnUntil(&client_, isTrue);
     }
 
     PictureFile opened(const std::string& path)

@@ -6,6 +6,7 @@
 
 #include "base/descriptor_box.h"
 #include "base/resource_folder.h"
+#include "tests/opener/opener_turns.h"
 #include "tests/support/environment.h"
 #include "tests/support/slow_disk.h"
 
@@ -46,13 +47,7 @@ protected:
     // Goes on as an event loop does until so many openers are at work.
     bool goesOnUntil(const std::function<bool()>& isTrue)
     {
-        const auto end = Clock::now() + kPatience;
-        while (!isTrue() && Clock::now() < end) {
-            pollfd state = {client_.descriptor(), POLLIN, 0};
-            (void)poll(&state, 1, 10);
-            client_.advance();
-        }
-        return isTrue();
+        return test::goesOnUntil(&client_, isTrue);
     }
 
     OpenStage after(const std::string& path, std::chrono::milliseconds wait = kPatience)
