@@ -18,6 +18,13 @@ constexpr qsizetype kMaxUriLength = 3 * 4096 + 256;  // UTF-16 units; every byte
 const QString kService = QStringLiteral("org.pinorama.Pinorama.Places");
 const QString kObject = QStringLiteral("/org/pinorama/Places");
 
+qsizetype lengthOf(const QStringList& uris)
+{
+    qsizetype length = 0;
+    for (const QString& uri : uris) length += uri.size();
+    return length;
+}
+
 std::string pathOf(const QString& uri)
 {
     if (uri.size() > kMaxUriLength) return {};
@@ -68,8 +75,8 @@ QStringList PlaceRequests::Endings()
 QStringList PlaceRequests::PlacesOf(const QStringList& uris)
 {
     if (!calledFromDBus()) return {};
-    if (uris.size() > kMaxUris) {
-        sendErrorReply(QDBusError::InvalidArgs, QStringLiteral("too many URIs"));
+    if (uris.size() > kMaxUris || lengthOf(uris) > kMaxLength) {
+        sendErrorReply(QDBusError::InvalidArgs, QStringLiteral("too many URIs, or too long ones"));
         return {};
     }
     if (unknown_ + waiting_.size() >= kMaxRequests) {
@@ -101,6 +108,7 @@ void PlaceRequests::askWhoCalls(Request request)
 
 void PlaceRequests::take(Request request)
 {
+    request.call.setArguments({});  // the paths are all that is wanted of them
     const auto isNone = [](const std::string& path) { return path.empty(); };
     if (std::ranges::all_of(request.paths, isNone)) return replyTo(request, {});
     // A process that a disk keeps must not keep the callers.

@@ -45,6 +45,9 @@ public:
     using KindOfProcess = std::function<const FileManagerKind*(pid_t)>;
     static constexpr qsizetype kMaxUris = 256;       // of one call; more are refused
     static constexpr std::size_t kMaxRequests = 16;  // that wait; more are refused
+    // UTF-16 units of all URIs of one call together; more are refused. A call that waits is kept
+    // whole, because a reply is made from it.
+    static constexpr qsizetype kMaxLength = 1 << 19;
     static constexpr std::chrono::milliseconds kPatience{10'000};
 
     //   patience  after which a request gets empty places instead of waiting for those before it.

@@ -135,7 +135,7 @@ TEST_F(PlaceRequestsTest, startsNothingForWhatIsNoLocalFile)
                                  QStringLiteral("/b.jpg"),
                                  QString(),
                                  QStringLiteral("--help"),
-                                 QStringLiteral("file:///") + QString(1 << 20, QLatin1Char('b'))};
+                                 QStringLiteral("file:///") + QString(1 << 18, QLatin1Char('b'))};
     EXPECT_EQ(placesOf(hostile), QStringList(hostile.size(), QString()));
     EXPECT_EQ(placesOf({}), QStringList());
     EXPECT_FALSE(std::filesystem::exists(program.folder().file("ran")));
@@ -155,6 +155,17 @@ TEST_F(PlaceRequestsTest, takes256UrisAndRefusesMore)
     const QString uri = QStringLiteral("file:///a.jpg");
     EXPECT_EQ(placesOf(QStringList(256, uri)), QStringList(256, kPlace));
     EXPECT_EQ(errorOf(QStringList(257, uri)), QDBusError::InvalidArgs);
+}
+
+TEST_F(PlaceRequestsTest, refusesUrisThatAreTooLongTogether)
+{
+    const test::SearchProgram program(test::located("/a.jpg"));
+    const QString uri = QStringLiteral("file:///") + QString(4096, QLatin1Char('b'));
+    EXPECT_EQ(placesOf({QStringLiteral("file:///a.jpg"), uri}), QStringList({kPlace, {}}));
+    EXPECT_EQ(errorOf(QStringList(256, uri)), QDBusError::InvalidArgs);
+    EXPECT_EQ(errorOf({QStringLiteral("file:///") + QString(1 << 20, QLatin1Char('b'))}),
+              QDBusError::InvalidArgs);
+    EXPECT_EQ(placesOf({QStringLiteral("file:///a.jpg")}), QStringList({kPlace}));
 }
 
 TEST_F(PlaceRequestsTest, refusesAFloodAndGoesOn)
