@@ -83,7 +83,7 @@ bool missesAddress(const Options& options, const WorkCounts& counts)
 // Prints each picture that arrives in the folders.
 int reportOnArrivals(const Options& options, ReportOptions reportOptions, PlaceFilter filter)
 {
-    BatchWork work(std::move(reportOptions), std::move(filter));
+    BatchWork work(std::move(reportOptions), std::move(filter), readersForMany());
     work.warmUp();
     return reportBy(options, [&](StopSignals& signals, Outputs& outputs) {
         FolderWatch watch(options.recursive,
@@ -119,6 +119,11 @@ std::size_t filesAtOnce()
     if (getrlimit(RLIMIT_NOFILE, &limit) != 0) return 1;
     // A picture is open together with its sidecar where those are read.
     return std::clamp<std::size_t>(limit.rlim_cur / (readsMoreKinds() ? 4 : 2), 1, kMaxDescriptors);
+}
+
+ReaderLauncher readersForMany()
+{
+    return [] { return startPropertyReader(readsMoreKinds()); };
 }
 
 ReportOptions reportOptionsOf(const Options& options, StringHolder serviceTemplate,
@@ -170,7 +175,8 @@ int reportOnFiles(const Options& options, StringHolder serviceTemplate, PlaceFil
         reportOptionsOf(options, std::move(serviceTemplate), std::move(thumbnailer));
     if (options.watch)
         return reportOnArrivals(options, std::move(reportOptions), std::move(filter));
-    BatchWork work(std::move(reportOptions), std::move(filter));
+    BatchWork work(std::move(reportOptions), std::move(filter),
+                   isBatch(options) ? readersForMany() : forkPropertyReader);
     if (!isBatch(options)) work.expect(options.files);
     return reportBy(options, [&](StopSignals& signals, Outputs& outputs) {
         std::optional<PathList> list;

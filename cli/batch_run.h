@@ -17,6 +17,7 @@
 #include "cli/stop_signals.h"
 #include "cli/thumbnailer.h"
 #include "lib/strings/string_holder.h"
+#include "reader/sandboxed_properties.h"
 
 #include <functional>
 #include <optional>
@@ -46,6 +47,11 @@ using ReportWork = std::function<void(StopSignals& signals, Outputs& outputs)>;
 
 // Begins and ends the outputs around `work`, and returns the exit status.
 int reportBy(const Options& options, const ReportWork& work);
+
+// The readers of a run over many pictures: each has a layout of its addresses of its own, the one
+// that takes the place of another, too. So no picture can learn or try out where the memory is that
+// another worker, or a later reader, meets its pictures with.
+ReaderLauncher readersForMany();
 
 ReportOptions reportOptionsOf(const Options& options, StringHolder serviceTemplate,
                               Thumbnailer thumbnailer = {});

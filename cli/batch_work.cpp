@@ -62,14 +62,14 @@ void BatchResult::add(BatchResult following)
     track.insert(track.end(), following.track.begin(), following.track.end());
 }
 
-BatchWork::BatchWork(ReportOptions options, PlaceFilter filter)
+BatchWork::BatchWork(ReportOptions options, PlaceFilter filter, ReaderLauncher launcher)
     : output_(options.output),
       isRaw_(options.isRaw),
       hasTrack_(options.hasTrack),
       isSorted_(options.isSorted),
       filter_(std::move(filter)),
       thumbnailer_(options.thumbnailer),
-      reporter_(std::move(options))
+      reporter_(std::move(options), std::move(launcher))
 {
 }
 

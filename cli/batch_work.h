@@ -44,7 +44,8 @@ struct BatchResult {
 class BatchWork {
 public:
     // Only reports that pass the filter are printed; all are counted.
-    explicit BatchWork(ReportOptions options, PlaceFilter filter = {});
+    explicit BatchWork(ReportOptions options, PlaceFilter filter = {},
+                       ReaderLauncher launcher = forkPropertyReader);
 
     // See FileReporter.
     void expect(std::span<const std::string> paths) { reporter_.expect(paths); }

@@ -10,6 +10,7 @@
 #include "lib/ui/application_bundle.h"
 #include "location/picture_source.h"
 #include "reader/sandbox_locks.h"
+#include "reader/sandboxed_properties.h"
 
 #include <cerrno>
 #include <csignal>
@@ -20,6 +21,7 @@
 #include <utility>
 
 #include <fcntl.h>
+#include <sys/prctl.h>
 #include <unistd.h>
 
 namespace pinorama {
@@ -113,6 +115,10 @@ std::string searchProgram()
 
 int runInfoProgram(int argc, char** argv, const Search& search)
 {
+    if (isPropertyReader(argc, argv)) {
+        (void)prctl(PR_SET_NAME, "pinorama-info");  // by the path it was started with it is "exe"
+        servePropertyReader(argc, argv);
+    }
     holdStandardStreams();
     // A limit on the size of files is then reported as an error of writing.
     (void)std::signal(SIGXFSZ, SIG_IGN);

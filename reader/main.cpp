@@ -21,25 +21,13 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include <sys/socket.h>
 #include <unistd.h>
-
-namespace pinorama {
-namespace {
-bool isSocket(int descriptor)
-{
-    int type = 0;
-    socklen_t size = sizeof type;
-    return getsockopt(descriptor, SOL_SOCKET, SO_TYPE, &type, &size) == 0;
-}
-}  // namespace
-}  // namespace pinorama
 
 using namespace pinorama;
 
 int main()
 {
-    if (!isSocket(kReaderSocket)) {
+    if (!hasReaderSocket()) {
         std::fputs("pinorama-reader is started by Pinorama and does nothing by itself.\n", stderr);
         return EXIT_FAILURE;
     }

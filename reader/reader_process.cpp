@@ -148,6 +148,13 @@ ReaderProcess startReaderProgram(const std::string& program,
     return process < 0 ? ReaderProcess() : ReaderProcess(process, near.take());
 }
 
+bool hasReaderSocket()
+{
+    int type = 0;
+    socklen_t size = sizeof type;
+    return getsockopt(kReaderSocket, SOL_SOCKET, SO_TYPE, &type, &size) == 0;
+}
+
 ReaderProcess forkReader(const std::function<void(int socket)>& serve)
 {
     DescriptorHolder near;

@@ -62,6 +62,9 @@ constexpr int kReaderSocket = 3;
 ReaderProcess startReaderProgram(const std::string& program,
                                  const std::vector<std::string>& arguments = {});
 
+// Whether this process was started that way: it has the socket.
+bool hasReaderSocket();
+
 // Splits this process (forkProcess). In the new one `serve` runs with the socket; the caller has
 // one thread.
 ReaderProcess forkReader(const std::function<void(int socket)>& serve);

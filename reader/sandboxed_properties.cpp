@@ -2,12 +2,20 @@
 
 #include "base/user_language.h"
 #include "pictures/more_properties.h"
+#include "pictures/packed_part.h"
 #include "pictures/picture_properties.h"
 #include "reader/reader_protocol.h"
 #include "reader/reader_service.h"
 #include "reader/sandbox.h"
 
 #include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include <unistd.h>
 
 namespace pinorama {
 namespace {
@@ -16,6 +24,11 @@ namespace {
 constexpr std::uint64_t kMemory = std::uint64_t{512} << 20;
 // Standard streams, the socket, and a request's files.
 constexpr std::uint32_t kDescriptors = 4 + kMaxDescriptors;
+
+// Whatever file the program has by now, even if a newer version has replaced it.
+constexpr const char* kRunningProgram = "/proc/self/exe";
+constexpr std::string_view kReaderArgument = "--property-reader";
+constexpr std::string_view kMoreArgument = "--more";
 
 void serveSandboxedProperties(int socket)
 {
@@ -27,6 +40,26 @@ void serveSandboxedProperties(int socket)
 ReaderProcess forkPropertyReader()
 {
     return forkReader(serveSandboxedProperties);
+}
+
+ReaderProcess startPropertyReader(bool readsMore)
+{
+    std::vector<std::string> arguments = {std::string(kReaderArgument)};
+    if (readsMore) arguments.emplace_back(kMoreArgument);
+    ReaderProcess reader = startReaderProgram(kRunningProgram, arguments);
+    return reader ? std::move(reader) : forkPropertyReader();
+}
+
+bool isPropertyReader(int argc, const char* const* argv)
+{
+    return argc > 1 && argv[1] == kReaderArgument && hasReaderSocket();
+}
+
+void servePropertyReader(int argc, const char* const* argv)
+{
+    if (argc > 2 && argv[2] == kMoreArgument) loadUnpackers();
+    serveSandboxedProperties(kReaderSocket);
+    _exit(EXIT_SUCCESS);
 }
 
 }  // namespace pinorama

@@ -83,17 +83,20 @@ FolderSearch::FolderSearch(ReportOptions options, std::shared_ptr<const SearchFi
                            std::string indexPath)
     : filter_(std::move(filter)),
       indexPath_(std::move(indexPath)),
-      work_(std::move(options), [this](FileReport* report) {
-          // Reports come in the order in which the pictures were given.
-          if (nextRead_ < reading_.size()) {
-              Item* item = reading_[nextRead_++];
-              // A position that is not on the Earth is none, but counts as one.
-              const bool isElsewhere = report->isLocated() && !report->position;
-              item->isStored = report->error.empty() && !isElsewhere;
-              item->position = report->position;
-          }
-          return (*filter_)(report);
-      })
+      work_(
+          std::move(options),
+          [this](FileReport* report) {
+              // Reports come in the order in which the pictures were given.
+              if (nextRead_ < reading_.size()) {
+                  Item* item = reading_[nextRead_++];
+                  // A position that is not on the Earth is none, but counts as one.
+                  const bool isElsewhere = report->isLocated() && !report->position;
+                  item->isStored = report->error.empty() && !isElsewhere;
+                  item->position = report->position;
+              }
+              return (*filter_)(report);
+          },
+          readersForMany())
 {
 }
 
