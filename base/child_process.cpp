@@ -5,9 +5,11 @@
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <cstdio>
 #include <string_view>
 
 #include <fcntl.h>
+#include <poll.h>
 #include <spawn.h>
 #include <sys/mman.h>
 #include <sys/prctl.h>
@@ -181,6 +183,30 @@ int runAndWait(const std::vector<std::string>& arguments,
     }
     if (streams.output != nullptr && !readAll(output, streams.output)) return kCannotStart;
     return WIFSIGNALED(status) ? kEndedBySignal + WTERMSIG(status) : WEXITSTATUS(status);
+}
+
+bool waitForEnd(pid_t process, std::chrono::milliseconds max)
+{
+    if (waitpid(process, nullptr, WNOHANG) != 0) return true;
+    if (max.count() <= 0) return false;
+    const DescriptorHolder descriptor(static_cast<int>(syscall(SYS_pidfd_open, process, 0u)));
+    pollfd state = {descriptor.get(), POLLIN, 0};
+    // Without a descriptor of it the time is all there is to wait for.
+    while (poll(&state, descriptor ? 1 : 0, static_cast<int>(max.count())) < 0 && errno == EINTR) {
+    }
+    return waitpid(process, nullptr, WNOHANG) != 0;
+}
+
+void endAfterAllProcesses()
+{
+    int adopts = 0;
+    if (prctl(PR_GET_CHILD_SUBREAPER, &adopts) != 0 || adopts == 0) return;
+    // Whoever asks it to end now need not.
+    (void)std::signal(SIGTERM, SIG_IGN);
+    (void)std::fclose(stdout);
+    (void)syscall(SYS_close_range, STDERR_FILENO + 1u, ~0u, 0u);
+    while (waitpid(-1, nullptr, 0) > 0 || errno == EINTR) {
+    }
 }
 
 }  // namespace pinorama

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -62,5 +63,17 @@ constexpr int kForkedDescriptor = 3;
 //
 // Returns its process, which is the caller's to wait for; -1 with errno set.
 pid_t forkProcess(int descriptor, const std::function<void(int descriptor)>& work);
+
+// Waits until a child has ended, and collects it. False if it has not ended in time: one that was
+// killed lingers while it sleeps in the kernel, as in a read that a disk does not answer. With no
+// time it only looks, which a sandboxed process may do as well.
+bool waitForEnd(pid_t process, std::chrono::milliseconds max);
+
+// Ends all that is left of this program's work if whoever started it had it adopt what its children
+// leave behind (PR_SET_CHILD_SUBREAPER): it closes its standard output and every descriptor above
+// the standard streams, which tells others that it is done, and waits for the end of all of its
+// processes, however long a disk keeps them. So whoever counts this process counts those. They have
+// been killed, or end with their parents.
+void endAfterAllProcesses();
 
 }  // namespace pinorama

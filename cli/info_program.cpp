@@ -1,5 +1,6 @@
 #include "cli/info_program.h"
 
+#include "base/child_process.h"
 #include "base/file_attributes.h"
 #include "base/resource_folder.h"
 #include "cli/accepted_names.h"
@@ -106,19 +107,9 @@ int becomeSearchProgram(char** argv)
     printDiagnostic(shownPath(program) + ": " + std::strerror(errno));
     return kSomeFileFailed;
 }
-}  // namespace
 
-std::string searchProgram()
+int run(int argc, char** argv, const Search& search)
 {
-    return helperProgram("pinorama-search");
-}
-
-int runInfoProgram(int argc, char** argv, const Search& search)
-{
-    if (isPropertyReader(argc, argv)) {
-        (void)prctl(PR_SET_NAME, "pinorama-info");  // by the path it was started with it is "exe"
-        servePropertyReader(argc, argv);
-    }
     holdStandardStreams();
     // A limit on the size of files is then reported as an error of writing.
     (void)std::signal(SIGXFSZ, SIG_IGN);
@@ -155,6 +146,23 @@ int runInfoProgram(int argc, char** argv, const Search& search)
     options.kmlPath.clear();
     const bool isDone = status != kSuccess || options.output == Output::nothing;
     return isDone ? status : report(options, search);
+}
+}  // namespace
+
+std::string searchProgram()
+{
+    return helperProgram("pinorama-search");
+}
+
+int runInfoProgram(int argc, char** argv, const Search& search)
+{
+    if (isPropertyReader(argc, argv)) {
+        (void)prctl(PR_SET_NAME, "pinorama-info");  // by the path it was started with it is "exe"
+        servePropertyReader(argc, argv);
+    }
+    const int status = run(argc, argv, search);
+    endAfterAllProcesses();
+    return status;
 }
 
 }  // namespace pinorama

@@ -6,13 +6,13 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <utility>
 
 #include <poll.h>
 #include <sched.h>
 #include <sys/socket.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace pinorama {
@@ -20,6 +20,7 @@ namespace {
 constexpr std::size_t kMaxBatchesPerWorker = 4;  // dispatched, or with a result not yet taken
 constexpr std::size_t kMaxQueuedBatches = 2;     // of one worker: the current one and the next
 constexpr std::size_t kReceiveSize = 65536;
+constexpr std::chrono::milliseconds kMaxEnd(200);  // of a worker that was killed
 
 // The main function of a worker. It ends when its parent closes the socket or dies. Signals from
 // the terminal are for the parent; they stay blocked here as they are there.
@@ -52,8 +53,12 @@ WorkerPool::~WorkerPool()
     for (const Worker& worker : workers_) {
         if (worker.process > 0) kill(worker.process, SIGKILL);
     }
+    // Whoever stops the program does not wait for a disk that keeps them.
+    const auto end = std::chrono::steady_clock::now() + kMaxEnd;
     for (const Worker& worker : workers_) {
-        if (worker.process > 0) waitpid(worker.process, nullptr, 0);
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(
+            std::max(end - std::chrono::steady_clock::now(), {}));
+        if (worker.process > 0) (void)waitForEnd(worker.process, left);
     }
 }
 
@@ -102,7 +107,7 @@ void WorkerPool::discard(Worker* worker)
     worker->socket = DescriptorHolder();
     if (worker->process > 0) {
         kill(worker->process, SIGKILL);
-        waitpid(worker->process, nullptr, 0);
+        (void)waitForEnd(worker->process, kMaxEnd);
     }
     std::deque<Batch*> queue = std::move(worker->queue);
     *worker = Worker{};

@@ -4,16 +4,13 @@
 #include "base/resource_folder.h"
 #include "base/user_language.h"
 
-#include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <ctime>
 #include <utility>
 
-#include <poll.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
-#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -35,16 +32,6 @@ void collectEnded()
     std::erase_if(endedProcesses(), [](pid_t process) {
         return waitpid(process, nullptr, WNOHANG) != 0;  // gone, or not ours any more
     });
-}
-
-// Waits until a process has ended, a while at most.
-void waitForEnd(pid_t process, std::chrono::milliseconds max)
-{
-    const DescriptorHolder descriptor(static_cast<int>(syscall(SYS_pidfd_open, process, 0u)));
-    pollfd state = {descriptor.get(), POLLIN, 0};
-    // Without a descriptor of it the time is all there is to wait for.
-    while (poll(&state, descriptor ? 1 : 0, static_cast<int>(max.count())) < 0 && errno == EINTR) {
-    }
 }
 
 std::vector<std::string> readerEnvironment()
@@ -118,8 +105,7 @@ void ReaderProcess::end(std::chrono::milliseconds maxWait)
     const pid_t process = std::exchange(process_, -1);
     if (process <= 0) return;
     kill(process, SIGKILL);
-    if (waitpid(process, nullptr, WNOHANG) != 0) return;
-    if (maxWait.count() > 0) waitForEnd(process, maxWait);
+    if (waitForEnd(process, maxWait)) return;
     endedProcesses().push_back(process);
     collectEnded();
 }

@@ -1,5 +1,6 @@
 #include "app/column/place_look_up.h"
 
+#include "app/nearby/kept_searches.h"
 #include "app/nearby/nearby_search.h"
 #include "lib/strings/string_holder.h"
 #include "lib/ui/qt_text.h"
@@ -9,21 +10,18 @@
 
 #include <QByteArray>
 #include <QFile>
+#include <QPointer>
 #include <QProcess>
 
 #include <algorithm>
 #include <cmath>
-#include <csignal>
 #include <optional>
 #include <utility>
-
-#include <sys/prctl.h>
-#include <unistd.h>
 
 namespace pinorama {
 namespace {
 constexpr std::chrono::milliseconds kEndingTime(1000);  // then it is killed
-constexpr int kNiceness = 5;                            // the picture that is shown comes first
+constexpr std::chrono::milliseconds kDoneTime(200);     // for the end of one that is done
 
 QStringList arguments()
 {
@@ -44,13 +42,6 @@ QByteArray inputOf(const std::vector<std::string>& paths)
     return input;
 }
 
-// Runs in the child before it becomes the program: without the window nobody wants its result.
-void prepareChild()
-{
-    (void)prctl(PR_SET_PDEATHSIG, SIGTERM);
-    (void)nice(kNiceness);
-}
-
 // The coordinate as the window shows it.
 QString coordinateText(double latitude, double longitude)
 {
@@ -67,6 +58,16 @@ PlaceLookUp::PlaceLookUp(std::chrono::milliseconds patience) : patience_(patienc
 {
     timer_.setSingleShot(true);
     connect(&timer_, &QTimer::timeout, this, &PlaceLookUp::end);
+    connect(&KeptSearches::all(), &KeptSearches::changed, this, [this] {
+        if (!KeptSearches::all().isEnding(ending_)) ending_ = nullptr;
+        beIdle();
+    });
+    connect(&KeptSearches::all(), &KeptSearches::done, this, [this](QProcess* process) {
+        // By then it may be gone, and another one stand where it was.
+        QTimer::singleShot(kDoneTime, this, [this, done = QPointer(process)] {
+            if (done != nullptr && process_ == done) leave();
+        });
+    });
 }
 
 PlaceLookUp::~PlaceLookUp()
@@ -87,13 +88,14 @@ void PlaceLookUp::begin(std::vector<std::string> paths)
     isWaiting_ = true;
     process_ = new QProcess;
     process_->setStandardErrorFile(QProcess::nullDevice());
-    process_->setChildProcessModifier(&prepareChild);
+    KeptSearches::all().prepare(process_);
     connect(process_, &QProcess::readyReadStandardOutput, this, &PlaceLookUp::takeOutput);
-    const auto onEnd = [this] {
+    const auto onEnd = [this, process = process_] {
         takeOutput();
+        if (process_ != process) return;  // that was no list
         std::exchange(process_, nullptr)->deleteLater();
         finish();
-        Q_EMIT idle();
+        beIdle();
     };
     connect(process_, &QProcess::finished, this, onEnd);
     // Queued, because starting may fail at once.
@@ -150,14 +152,38 @@ void PlaceLookUp::finish()
     Q_EMIT finished(places);
 }
 
+// The program is done and does not end: a disk keeps processes of it.
+void PlaceLookUp::leave()
+{
+    const QProcess* const process = process_;
+    takeOutput();
+    if (process_ != process) return;  // that was no list
+    process_->disconnect(this);
+    KeptSearches::all().keep(std::exchange(process_, nullptr));
+    finish();
+    beIdle();
+}
+
 // The time is over, or the program prints something else: what is known by now is the result.
 void PlaceLookUp::end()
 {
-    QProcess* process = process_;
-    process->closeReadChannel(QProcess::StandardOutput);
-    process->terminate();
-    QTimer::singleShot(kEndingTime, process, [process] { process->kill(); });
+    process_->disconnect(this);
+    QProcess* const process = std::exchange(process_, nullptr);
+    ending_ = process;
+    KeptSearches::all().end(process, kEndingTime);
+    if (!KeptSearches::all().isEnding(ending_)) ending_ = nullptr;  // it has ended already
     finish();
+    beIdle();
+}
+
+bool PlaceLookUp::isIdle() const
+{
+    return process_ == nullptr && ending_ == nullptr && !KeptSearches::all().isFull();
+}
+
+void PlaceLookUp::beIdle()
+{
+    if (isIdle()) Q_EMIT idle();
 }
 
 }  // namespace pinorama

@@ -35,9 +35,9 @@ public:
     explicit PlaceLookUp(std::chrono::milliseconds patience = kPatience);
     ~PlaceLookUp() override;
 
-    // Whether begin may be called: there is never more than one process. One that a disk keeps
-    // although it was killed counts.
-    bool isIdle() const { return process_ == nullptr; }
+    // Whether begin may be called: there is never more than one process at work, and only a few
+    // that a disk keeps (KeptSearches).
+    bool isIdle() const;
 
     // Looks up the places of pictures, absolute paths in the bytes of the system. `finished` comes
     // once, when the patience is over at the latest.
@@ -57,12 +57,16 @@ Q_SIGNALS:
 
 private:
     void takeOutput();
+    void leave();
+    void beIdle();
     bool takePicture(const std::vector<std::string>& fields);
     void finish();
     void end();
 
     const std::chrono::milliseconds patience_;
     QProcess* process_ = nullptr;
+    // The one before, which KeptSearches has, until it ends or is done.
+    const QProcess* ending_ = nullptr;
     QTimer timer_;
     PlaceFinder finder_{placesFile()};
     ListFields output_;

@@ -1,25 +1,24 @@
 #include "app/nearby/nearby_search.h"
 
+#include "app/nearby/kept_searches.h"
 #include "base/resource_folder.h"
 #include "location/picture_source.h"
 
 #include <QFile>
+#include <QPointer>
 #include <QProcess>
 #include <QStringList>
 #include <QTimer>
 
 #include <charconv>
-#include <csignal>
+#include <chrono>
 #include <utility>
-
-#include <sys/prctl.h>
-#include <unistd.h>
 
 namespace pinorama {
 namespace {
 // For writing down what it has read. It is killed then.
-constexpr int kEndingTime = 5000;  // milliseconds
-constexpr int kNiceness = 5;       // the picture that is shown comes first
+constexpr std::chrono::milliseconds kEndingTime(5000);
+constexpr std::chrono::milliseconds kDoneTime(200);  // for the end of one that is done
 
 std::string textOf(double number)
 {
@@ -52,13 +51,6 @@ QByteArray inputOf(const std::vector<std::string>& folders)
     }
     return input;
 }
-
-// Runs in the child before it becomes the program: without the window nobody wants its result.
-void prepareChild()
-{
-    (void)prctl(PR_SET_PDEATHSIG, SIGTERM);
-    (void)nice(kNiceness);
-}
 }  // namespace
 
 std::string nearbySearchProgram()
@@ -66,7 +58,16 @@ std::string nearbySearchProgram()
     return helperProgram("pinorama-search", "PINORAMA_SEARCH");
 }
 
-NearbySearch::NearbySearch(QObject* parent) : QObject(parent) {}
+NearbySearch::NearbySearch(QObject* parent) : QObject(parent)
+{
+    connect(&KeptSearches::all(), &KeptSearches::changed, this, &NearbySearch::startIfThereIsRoom);
+    connect(&KeptSearches::all(), &KeptSearches::done, this, [this](QProcess* process) {
+        // By then it may be gone, and another one stand where it was.
+        QTimer::singleShot(kDoneTime, this, [this, done = QPointer(process)] {
+            if (done != nullptr && process_ == done) leave();
+        });
+    });
+}
 
 NearbySearch::~NearbySearch()
 {
@@ -80,7 +81,7 @@ void NearbySearch::begin(NearbyPlace place, const std::vector<std::string>& fold
     auto* process = new QProcess;
     process_ = process;
     process->setStandardErrorFile(QProcess::nullDevice());
-    process->setChildProcessModifier(&prepareChild);
+    KeptSearches::all().prepare(process);
     connect(process, &QProcess::readyReadStandardOutput, this,
             [this, process] { takeOutput(process); });
     connect(process, &QProcess::finished, this,
@@ -104,9 +105,18 @@ void NearbySearch::begin(NearbyPlace place, const std::vector<std::string>& fold
         });
         return;
     }
-    process->start(QFile::decodeName(nearbySearchProgram().c_str()), argumentsOf(place));
-    process->write(inputOf(folders));
-    process->closeWriteChannel();
+    process->setProgram(QFile::decodeName(nearbySearchProgram().c_str()));
+    process->setArguments(argumentsOf(place));
+    input_ = inputOf(folders);
+    startIfThereIsRoom();
+}
+
+void NearbySearch::startIfThereIsRoom()
+{
+    if (process_ == nullptr || input_.isEmpty() || KeptSearches::all().isFull()) return;
+    process_->start();
+    process_->write(std::exchange(input_, {}));
+    process_->closeWriteChannel();
 }
 
 void NearbySearch::end()
@@ -114,17 +124,18 @@ void NearbySearch::end()
     QProcess* process = std::exchange(process_, nullptr);
     if (process == nullptr) return;
     process->disconnect(this);
-    if (process->state() == QProcess::NotRunning) {
-        process->deleteLater();
-        return;
-    }
-    connect(process, &QProcess::finished, process, &QObject::deleteLater);
-    connect(process, &QProcess::errorOccurred, process, [process] {
-        if (process->state() == QProcess::NotRunning) process->deleteLater();
-    });
-    process->closeReadChannel(QProcess::StandardOutput);
-    process->terminate();
-    QTimer::singleShot(kEndingTime, process, [process] { process->kill(); });
+    input_.clear();
+    KeptSearches::all().end(process, kEndingTime);
+}
+
+// The program is done and does not end: a disk keeps processes of it.
+void NearbySearch::leave()
+{
+    takeOutput(process_);
+    if (process_ == nullptr) return;
+    process_->disconnect(this);
+    KeptSearches::all().keep(std::exchange(process_, nullptr));
+    finish(reader_.isComplete() ? Outcome::complete : Outcome::cutShort);
 }
 
 qint64 NearbySearch::processID() const

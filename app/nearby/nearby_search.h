@@ -9,6 +9,7 @@
 
 #include "app/nearby/nearby_list.h"
 
+#include <QByteArray>
 #include <QObject>
 
 #include <string>
@@ -44,7 +45,8 @@ public:
     ~NearbySearch() override;
 
     // Searches the folders, with everything in them, for pictures within kRadius of a place. An
-    // earlier search ends. `found` and `finished` come from the event loop.
+    // earlier search ends. `found` and `finished` come from the event loop. While a disk keeps too
+    // many earlier ones (KeptSearches) the search is running and waits for the end of one of them.
     //
     //   folders  absolute, in the bytes of the system; with none the search is complete at once.
     void begin(NearbyPlace place, const std::vector<std::string>& folders);
@@ -54,7 +56,7 @@ public:
 
     bool isRunning() const { return process_ != nullptr; }
 
-    // For tests: the process; 0 for none.
+    // For tests: the process; 0 for none, and while the search waits.
     qint64 processID() const;
 
 Q_SIGNALS:
@@ -63,10 +65,13 @@ Q_SIGNALS:
     void finished(NearbySearch::Outcome outcome);
 
 private:
+    void startIfThereIsRoom();
     void takeOutput(QProcess* process);
+    void leave();
     void finish(Outcome outcome);
 
-    QProcess* process_ = nullptr;  // deletes itself when the program has ended
+    QProcess* process_ = nullptr;
+    QByteArray input_;  // of a process that has not been started
     NearbyListReader reader_;
 };
 

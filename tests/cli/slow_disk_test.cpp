@@ -13,7 +13,11 @@
 #include <chrono>
 #include <csignal>
 #include <filesystem>
+#include <fstream>
 #include <memory>
+#include <string>
+#include <thread>
+#include <vector>
 
 #include <sys/wait.h>
 
@@ -34,10 +38,25 @@ protected:
         const std::string place = folder_.file("disk" + std::to_string(++disks_));
         std::filesystem::create_directory(place);
         disk_ = std::make_unique<test::SlowDisk>(
-            place, std::vector<test::SlowDisk::File>{{"slow.jpg", bytes, 1500},
-                                                     {"slower.jpg", bytes, 2500},
-                                                     {"dead.jpg", bytes, test::SlowDisk::kNever}});
+            place, std::vector<test::SlowDisk::File>{
+                       {"slow.jpg", bytes, 1500},
+                       {"slower.jpg", bytes, 2500},
+                       {"dead.jpg", bytes, test::SlowDisk::kNever},
+                       {"shut.jpg", bytes, test::SlowDisk::kNever, test::SlowDisk::Step::open}});
         if (!disk_->isUsable()) GTEST_SKIP() << "no disk may be mounted here";
+    }
+
+    // Waits until the program has a worker, and gives that the time to come to the disk.
+    static void letAWorkerBegin(const test::RunningProgram& program)
+    {
+        const std::string id = std::to_string(program.process());
+        pid_t worker = 0;
+        for (int i = 0; i < 1000 && worker == 0; i++) {
+            std::ifstream("/proc/" + id + "/task/" + id + "/children") >> worker;
+            std::this_thread::sleep_for(10ms);
+        }
+        EXPECT_NE(worker, 0);
+        std::this_thread::sleep_for(500ms);
     }
 
     test::TemporaryFolder folder_;
@@ -94,5 +113,24 @@ TEST_F(pinoramaInfoOnASlowDisk, canBeStoppedWhileItWaits)
         disk_.reset();
         EXPECT_EQ(program.finish(), 128 + signal);
         EXPECT_EQ(program.err(), "") << "an interrupted read is not a failure";
+    }
+}
+
+TEST_F(pinoramaInfoOnASlowDisk, canBeStoppedWhileItsWorkersWait)
+{
+    for (const char* name : {"dead.jpg", "shut.jpg"}) {
+        SCOPED_TRACE(name);
+        if (!disk_) SetUp();
+        const std::string list = folder_.write("list", near_ + '\n' + disk_->file(name) + '\n');
+        test::RunningProgram program({"--json", "--files-from", list});
+        letAWorkerBegin(program);
+        const auto start = Clock::now();
+        ASSERT_EQ(kill(program.process(), SIGINT), 0);
+        siginfo_t end = {};
+        ASSERT_EQ(waitid(P_PID, static_cast<id_t>(program.process()), &end, WEXITED | WNOWAIT), 0);
+        EXPECT_LT(Clock::now() - start, 20s) << "it waited for the disk";
+        disk_.reset();
+        EXPECT_EQ(program.finish(), 128 + SIGINT) << program.err();
+        EXPECT_EQ(program.out(), "") << "nothing had to wait for the disk";
     }
 }
