@@ -13,6 +13,7 @@ import sys
 import time
 import unittest
 
+from desktop import Desktop
 from follow import Follow
 from managers import managerNamed
 from pictures import writePicture, writeTexts
@@ -39,7 +40,21 @@ WORST_TEXTS = {
     "zero width": "\u200b" * 5300,
     "marks of direction": "\u202e\u2066" * 2600,
 }
+FAULTS_OF_A_WHOLE_READER = ("crash", "exit", "garbage", "loop", "poison")
 FAULTS = ("loop", "crash", "exit", "garbage", "too-much", "twice", "half", "allocate", "die-afterwards")
+
+
+def nameOf(process):
+    try:
+        with open(f"/proc/{process}/comm", encoding="utf-8") as file:
+            return file.read().strip()
+    except OSError:
+        return ""
+
+
+def childrenOf(process):
+    with open(f"/proc/{process}/task/{process}/children", encoding="utf-8") as file:
+        return [int(child) for child in file.read().split()]
 
 
 class AnsweringTest(unittest.TestCase):
@@ -54,8 +69,10 @@ class AnsweringTest(unittest.TestCase):
         cls.hung, cls.full, cls.pictures = folders
         cls.good = cls.picture("good.jpg")
         reader = os.path.join(cls.session.root, "reader")
+        cls.options = os.path.join(cls.session.root, "reader-options")
+        cls.setReader("")
         with open(reader, "w", encoding="utf-8") as script:
-            script.write(f"#!/bin/sh\nexec '{BIN}/faulty-reader'\n")
+            script.write(f"#!/bin/sh\nexec '{BIN}/faulty-reader' $(cat '{cls.options}')\n")
         os.chmod(reader, 0o700)
         # Thumbnails go to the full disk.
         cls.window = Window(cls.session, programIn(BIN))
@@ -78,6 +95,17 @@ class AnsweringTest(unittest.TestCase):
         path = os.path.join(cls.pictures, name)
         writePicture(path, 48.5, 11.5)
         return path
+
+    @classmethod
+    def setReader(cls, options):
+        """What every reader is like that starts from now on (faulty_reader.cpp)."""
+        with open(cls.options, "w", encoding="utf-8") as file:
+            file.write(options)
+
+    def endReaders(self):
+        for process in childrenOf(self.window.process.pid):
+            if nameOf(process) == "faulty-reader":
+                os.kill(process, signal.SIGKILL)
 
     @classmethod
     def measured(cls):
@@ -154,6 +182,74 @@ class AnsweringTest(unittest.TestCase):
             with self.subTest(fault):
                 self.expectAnswers(lambda shown=path: self.show(shown), 3)
             self.show(self.good)
+
+    def useReader(self, options):
+        """Has another kind of reader take the place of the running one. The result brings the good one back."""
+        self.setReader(options)
+        self.endReaders()
+
+        def end():
+            self.setReader("")
+            self.endReaders()
+            # A reader that could not start is not tried again for a while.
+            other = self.picture("other.jpg")
+            for _ in range(20):
+                self.show(other)
+                self.show(self.good)
+                if waitFor(lambda: self.window.text("Coordinate").startswith("N 48°"), 1):
+                    return
+        return end
+
+    def testReadersThatCannotStart(self):
+        names = [self.picture(f"without{number}.jpg") for number in range(20)]
+
+        def harm():
+            end = self.useReader("--exit-at-once")
+            for name in names:
+                self.show(name)
+                time.sleep(0.4)
+            self.assertNotIn("48°", self.window.text("Coordinate"), "there is a reader all the same")
+            return end
+        self.expectAnswers(harm)
+
+    def testReadersThatEachPictureEnds(self):
+        for fault in FAULTS_OF_A_WHOLE_READER:
+            paths = []
+            for number in range(8):
+                paths.append(os.path.join(self.pictures, f"fault{number}.jpg"))
+                with open(paths[-1], "w", encoding="utf-8") as file:
+                    file.write(f"FAULT {fault}\n")
+
+            def harm(shown=tuple(paths)):
+                end = self.useReader("--alone")
+                for path in shown:
+                    self.show(path)
+                    time.sleep(0.4)
+                return end
+            with self.subTest(fault):
+                self.expectAnswers(harm)
+
+    def testAnExportToADiskThatHangs(self):
+        uris = [f"file://{self.hung}/{name}" for name in ("look", "look.kml", "read.jpg")]
+        portal = self.session.start([os.path.join(BIN, "saving_portal"), *uris])
+
+        def isThere():
+            return self.session.call("org.freedesktop.DBus", "/org/freedesktop/DBus",
+                                     "org.freedesktop.DBus.GetNameOwner",
+                                     "org.freedesktop.portal.Desktop")
+        self.assertTrue(waitFor(isThere, 10), "the portal does not start")
+        self.show(self.good)
+        desktop = Desktop(self.session)
+
+        def harm():
+            for _ in uris:
+                desktop.activate(self.window.window)
+                desktop.keys("ctrl+e")
+                time.sleep(1)
+        self.expectAnswers(harm, 4)
+        with open(os.path.join(self.session.root, "saving_portal.log"), encoding="utf-8") as log:
+            self.assertGreaterEqual(len(log.readlines()), len(uris), "the window did not ask for a name")
+        self.session.end(portal)
 
     def testBurstsOfRequests(self):
         def harm():

@@ -1,8 +1,8 @@
 // Runs a program with two disks that nobody else sees: one that hangs and one that is full.
 //
 // usage: beside_disks PICTURE HUNG_FOLDER FULL_FOLDER PROGRAM [ARGUMENT...]
-//   HUNG_FOLDER  gets good.jpg, which is PICTURE, and look.jpg, open.jpg and read.jpg, which never
-//   come
+//   HUNG_FOLDER  gets good.jpg, which is PICTURE, and look.jpg, look.kml, open.jpg and read.jpg,
+//                which never come
 // It exits with status 77 if this machine allows no such disks.
 
 #include "tests/support/slow_disk.h"
@@ -25,6 +25,7 @@ int main(int argc, char** argv)
     const SlowDisk disk(argv[2], {{"good.jpg", bytes, 0},
                                   {"look.jpg", bytes, SlowDisk::kNever, SlowDisk::Step::look},
                                   {"open.jpg", bytes, SlowDisk::kNever, SlowDisk::Step::open},
+                                  {"look.kml", {}, SlowDisk::kNever, SlowDisk::Step::look},
                                   {"read.jpg", bytes, SlowDisk::kNever}});
     if (!disk.isUsable() || !test::mountSmallDisk(argv[3])) return kCannotMount;
     test::fillDisk(argv[3]);
