@@ -25,10 +25,10 @@ QString nameAndVersion()
 QString librariesAsLines()
 {
     return QStringLiteral(
-               "Qt %1 (LGPL-3.0)<br>ICU (Unicode-3.0)<br>"
+               "Qt %1 (LGPL-3.0)<br>ICU (Unicode-3.0)<br>GeographicLib (MIT)<br>"
                "LibRaw (LGPL-2.1 / CDDL-1.0)<br>"
-               "libjpeg-turbo (IJG / BSD-3-Clause / Zlib)<br>"
-               "nlohmann-json (MIT)<br>libseccomp (LGPL-2.1)")
+               "libjpeg-turbo (IJG / BSD-3-Clause / Zlib)<br>libpng (libpng-2.0)<br>"
+               "SQLite (public domain)<br>nlohmann-json (MIT)<br>libseccomp (LGPL-2.1)")
         .arg(QLatin1String(qVersion()));
 }
 

@@ -317,8 +317,8 @@ TEST_F(MainWindowTest, theAboutBoxTellsVersionLicenceLibrariesAndSourcesOfPlaces
     for (const QLabel* label : box->findChildren<QLabel*>()) words += label->text();
     EXPECT_TRUE(words.contains(QLatin1String("Pinorama " PINORAMA_VERSION)));
     EXPECT_TRUE(words.contains(QLatin1String("General Public License")));
-    for (const char* library :
-         {"Qt ", "ICU", "LibRaw", "libjpeg-turbo", "nlohmann-json", "libseccomp"})
+    for (const char* library : {"Qt ", "ICU", "GeographicLib", "LibRaw", "libjpeg-turbo", "libpng",
+                                "SQLite", "nlohmann-json", "libseccomp"})
         EXPECT_TRUE(words.contains(QLatin1String(library))) << library;
     for (const char* source : {"GeoNames (CC BY 4.0)", "country-coder (ISC)", "Natural Earth"})
         EXPECT_TRUE(words.contains(QLatin1String(source))) << source;
