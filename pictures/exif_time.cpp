@@ -14,6 +14,9 @@ constexpr std::uint16_t kGpsDateStamp = 29;
 // Receivers without a fix, and those whose count of weeks has overflowed, write earlier years.
 constexpr int kFirstGpsYear = 1980;
 
+// No photograph is older. Programs that know no date write the year 1.
+constexpr int kFirstPhotograph = 1826;
+
 constexpr std::string_view kDateForm = "0000:00:00";
 constexpr std::string_view kDateTimeForm = "0000:00:00 00:00:00";
 constexpr std::string_view kOffsetForm = "+00:00";
@@ -58,7 +61,8 @@ std::optional<std::int64_t> secondsOf(std::string_view text, std::int64_t hour, 
         std::chrono::month(static_cast<unsigned>(numberAt(text, 5, 2))),
         std::chrono::day(static_cast<unsigned>(numberAt(text, 8, 2)))};
     const bool isTime = hour < 24 && minute < 60 && second < 60;
-    if (!date.ok() || date.year() < std::chrono::year(1) || !isTime) return std::nullopt;
+    if (!date.ok() || date.year() < std::chrono::year(kFirstPhotograph) || !isTime)
+        return std::nullopt;
     const std::int64_t days = std::chrono::sys_days(date).time_since_epoch().count();
     return ((days * 24 + hour) * 60 + minute) * 60 + second;
 }

@@ -18,8 +18,9 @@ namespace pinorama {
 //   exif, gps  where the two directories lie in `tiff`; nothing if the picture has no such one.
 //
 // A time that no clock shows, such as the "0000:00:00 00:00:00" of a camera whose clock was never
-// set, counts as absent, and so does a time of satellites before there were any. Fractions of a
-// second are dropped. Source: Exif 2.32, 4.6.5 and 4.6.6.
+// set, counts as absent, and so does one before there were photographs, or satellites if it is
+// theirs. Any later year is taken, of scans and of clocks that are set wrong. Fractions of a second
+// are dropped. Source: Exif 2.32, 4.6.5 and 4.6.6.
 void readExifTime(const TiffBlock& tiff, std::optional<std::uint64_t> exif,
                   std::optional<std::uint64_t> gps, PictureProperties& properties);
 

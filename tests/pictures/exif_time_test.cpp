@@ -51,6 +51,13 @@ TEST(readExifTime, prefersTheTimeThatKnowsItsOffset)
          {.taken = "2026:05:03 14:03:22", .gpsDate = "1915:08:08", .gpsTime = noon},
          kTime,
          std::nullopt},
+        {"satellites rather than a clock of the year 1",
+         {.taken = "0001:01:01 00:00:00",
+          .takenOffset = "+02:00",
+          .gpsDate = "2026:05:03",
+          .gpsTime = noon},
+         kDay + 12 * 3600 + 5,
+         0},
         {"satellites without a date",
          {.taken = "2026:05:03 14:03:22", .gpsTime = noon},
          kTime,
@@ -85,12 +92,19 @@ TEST(readExifTime, saysWhetherTheSatellitesDatedThePicture)
 
 TEST(readExifTime, takesNoTimeThatNoClockShows)
 {
-    for (const char* text : {"0000:00:00 00:00:00", "    :  :     :  :  ", "2026:13:03 14:03:22",
-                             "2026:02:30 14:03:22", "2026:05:03 24:00:00", "2026:05:03 14:60:22",
-                             "2026:05:03 14:03:60", "2026:05:03 14:03", "2026:05:03", "",
-                             "-026:05:03 14:03:22", "yesterday at a quarter"}) {
+    for (const char* text :
+         {"0000:00:00 00:00:00", "    :  :     :  :  ", "2026:13:03 14:03:22",
+          "2026:02:30 14:03:22", "2026:05:03 24:00:00", "2026:05:03 14:60:22",
+          "2026:05:03 14:03:60", "2026:05:03 14:03", "2026:05:03", "", "-026:05:03 14:03:22",
+          "yesterday at a quarter", "0001:01:01 00:00:00", "1825:12:31 23:59:59"}) {
         SCOPED_TRACE(text);
         EXPECT_FALSE(propertiesOf({.taken = text}).taken);
+    }
+    // A scan of an old print, and a clock that is set wrong.
+    for (const char* text : {"1826:01:01 00:00:00", "1904:01:01 00:00:00", "1970:01:01 00:00:00",
+                             "2099:12:31 23:59:59", "9999:12:31 23:59:59"}) {
+        SCOPED_TRACE(text);
+        EXPECT_TRUE(propertiesOf({.taken = text}).taken);
     }
     for (const char* offset : {"+16:00", "+02:60", "02:00 ", "+2:00", "      ", "*02:00"}) {
         SCOPED_TRACE(offset);
