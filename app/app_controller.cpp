@@ -1,7 +1,6 @@
 #include "app/app_controller.h"
 
 #include "app/about_box.h"
-#include "app/export_notice.h"
 #include "app/file_dialogs.h"
 #include "app/finder_sync.h"
 #include "app/foot_line.h"
@@ -231,7 +230,6 @@ bool AppController::show(const std::string& path, TovStringRef text)
     path_ = path;
     fields_.showName(text);
     forgetPicture(*window_);
-    forgetExport(*window_);
     moreKinds_.offerFor(text);
     const bool isAccepted = reads(text);
     isRead_ = isAccepted;

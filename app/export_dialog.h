@@ -20,7 +20,7 @@ namespace pinorama {
 struct ExportEnds {
     // Saves under this path, in the bytes of the system.
     std::function<void(const std::string& path)> save;
-    // Nobody knows what has that path, and so nothing is saved: an errno, as ExportNotice takes it.
+    // Nobody knows what has that path, and so nothing is saved: an errno.
     std::function<void(const std::string& path, int error)> fail;
 };
 

@@ -2,6 +2,7 @@
 // the foot of the window and nowhere else, and nothing else is lost.
 
 #include "app/file_saving.h"
+#include "app/foot_line.h"
 #include "globe/kml_document.h"
 #include "opener/events/picture_opener.h"
 #include "tests/app/controller_fixture.h"
@@ -11,7 +12,6 @@
 
 #include <QCheckBox>
 #include <QFileDialog>
-#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -77,13 +77,11 @@ protected:
         }
     }
 
-    // What the window says; empty when it says nothing.
+    // What the foot of the window says; empty when it says nothing.
     std::string notice() const
     {
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        const auto* words =
-            controller.myWindow->findChild<QLabel*>(QStringLiteral("exportNoticeWords"));
-        return words == nullptr ? std::string() : words->text().toStdString();
+        const auto* line = controller.myWindow->findChild<FootLine*>();
+        return line == nullptr ? std::string() : line->words().toStdString();
     }
 
     std::string document() const
@@ -135,7 +133,7 @@ TEST_F(placesToWrite, aFullDiskTakesNoExportAndKeepsWhatItHolds)
     exportTo("first.kml");
     EXPECT_EQ(test::readFile(place_ + "/first.kml"), document());
     test::fillDisk(place_);
-    EXPECT_EQ(notice(), "");
+    EXPECT_TRUE(notice().starts_with("first.kml was saved in ")) << notice();
     for (const char* name : {"second.kml", "third.kml"}) {
         exportTo(name);
         EXPECT_FALSE(fs::exists(place_ + "/" + name));
@@ -147,7 +145,7 @@ TEST_F(placesToWrite, aFullDiskTakesNoExportAndKeepsWhatItHolds)
     fs::remove(place_ + "/filler");
     exportTo("fourth.kml");
     EXPECT_EQ(test::readFile(place_ + "/fourth.kml"), document());
-    EXPECT_EQ(notice(), "") << "what was said is no longer so";
+    EXPECT_TRUE(notice().starts_with("fourth.kml was saved in ")) << notice();
 }
 
 TEST_F(placesToWrite, aReadOnlyFolderTakesNoExport)

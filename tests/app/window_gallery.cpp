@@ -8,6 +8,7 @@
 #include "app/app_controller.h"
 #include "app/drawing.h"
 #include "app/export_notice.h"
+#include "app/foot_line.h"
 #include "app/main_window.h"
 #include "app/menu_bar.h"
 #include "app/translations.h"
@@ -104,9 +105,9 @@ void addNotices(Gallery& gallery, AppController& controller)
     }
     DesktopUrlOpener opener;
     showExportResult(*controller.myWindow, opener, QStringLiteral("/tmp/place.kml"), EACCES);
-    auto* failure = controller.myWindow->findChild<ExportNotice*>();
-    gallery.add(failure);
-    delete failure;
+    FootLine& failure = footLine(*controller.myWindow);
+    gallery.add(&failure);
+    failure.takeBack(FootLine::Topic::action);
 }
 }  // namespace
 
