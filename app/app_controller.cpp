@@ -6,6 +6,7 @@
 #include "app/foot_line.h"
 #include "app/main_window.h"
 #include "app/picture_words.h"
+#include "app/reading_notice.h"
 #include "app/shown_text.h"
 #include "base/file_uri.h"
 #include "base/resource_folder.h"
@@ -310,13 +311,15 @@ void AppController::sayOfPicture(const QString& words)
     if (!words.isEmpty()) footLine(*window_).say(FootLine::Topic::picture, words);
 }
 
-// Everything has come of the file that is shown: says that it has no place, unless it has been said
-// why there is none.
+// Everything has come of the file that is shown: says that it has no place, or is no picture,
+// unless it has been said why there is none.
 void AppController::sayIfNoPlace()
 {
     if (!isRead_ || hasPlace() || reading_.hasFailed()) return;
     const auto* line = window_->findChild<FootLine*>();
-    if (line == nullptr || !line->says(FootLine::Topic::picture)) sayOfPicture(wordsOfNoPlace());
+    if (line != nullptr && line->says(FootLine::Topic::picture)) return;
+    sayOfPicture(reading_.isPicture() ? wordsOfNoPlace()
+                                      : ReadingNotice::wordsOfNotRead(nameInWords()));
 }
 
 void AppController::setupWebMenu()

@@ -71,6 +71,7 @@ void PictureReading::begin(const std::string& path, std::chrono::nanoseconds wai
     item_.reset();
     properties_ = {};
     hasLooked_ = false;
+    hasPreview_ = false;
     isOpening_ = true;
     begun_ = Clock::now();
     asked_ = begun_ - std::max<std::chrono::nanoseconds>(waited - kMoreInATurn, {});
@@ -248,6 +249,7 @@ void PictureReading::takePlace(std::uint32_t ticket, const PropertyResult& resul
 void PictureReading::takePreview(const std::string& path, const QPixmap& preview, bool isPreview)
 {
     if (path != path_) return;
+    hasPreview_ = isPreview;
     Q_EMIT previewRead(preview);
     if (isPreview && item_) larger_.follow(path, *item_);
     readLateSidecar();

@@ -79,6 +79,10 @@ public:
     // All that the picture says of where and when it was taken; empty until it has been read.
     const PictureProperties& properties() const { return properties_; }
 
+    // Whether the file is a picture as far as one can tell once nothing is to come any more: it has
+    // a preview, or says something.
+    bool isPicture() const { return hasPreview_ || properties_ != PictureProperties{}; }
+
     // Asks for the preview of the file that was opened, in the size of its field. It is not read
     // afterwards.
     void requestPreview();
@@ -141,6 +145,7 @@ private:
     std::chrono::steady_clock::time_point asked_{};  // from when on its patience counts
     QTimer stillReading_;                            // runs out when the window has to say so
     bool hasLooked_ = false;
+    bool hasPreview_ = false;  // and no icon stands for it
     bool isOpening_ = false;
     QTimer silence_;                  // runs out when a file has not been opened for long
     std::uint32_t awaitedPlace_ = 0;  // the ticket of the place that is to come; 0 for none

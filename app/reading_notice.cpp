@@ -14,6 +14,12 @@ ReadingNotice::ReadingNotice(QWidget* parent) : ElidedField(parent)
     setVisible(false);
 }
 
+QString ReadingNotice::wordsOfNotRead(const QString& name)
+{
+    //: The foot of the window; %1 is the name of a file
+    return tr("%1 could not be read.").arg(name);
+}
+
 void ReadingNotice::sayStillReading(const QString& name)
 {
     isStillReading_ = true;
@@ -24,8 +30,7 @@ void ReadingNotice::sayStillReading(const QString& name)
 void ReadingNotice::sayNotRead(const QString& name)
 {
     isStillReading_ = false;
-    //: The foot of the window; %1 is the name of a file
-    say(tr("%1 could not be read.").arg(isolated(shownText(name))));
+    say(wordsOfNotRead(isolated(shownText(name))));
 }
 
 void ReadingNotice::sayNotAnswering(const QString& name)

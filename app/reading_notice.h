@@ -16,6 +16,9 @@ class ReadingNotice : public ElidedField {
 public:
     explicit ReadingNotice(QWidget* parent = nullptr);
 
+    // What it says of a file that could not be read; `name` as it stands in a sentence.
+    static QString wordsOfNotRead(const QString& name);
+
     // Each shows the line; `name` is the file name of the picture.
     void sayStillReading(const QString& name);
     void sayNotRead(const QString& name);

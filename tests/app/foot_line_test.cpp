@@ -173,6 +173,23 @@ TEST_F(whatTheFootSays, whatIsMissingOrOfAnotherKind)
     EXPECT_EQ(words(), "pipe.jpg is not a file that can be read.");
 }
 
+TEST_F(whatTheFootSays, whatIsNoPictureWhateverItsName)
+{
+    const struct {
+        const char* name;
+        std::string bytes;
+    } rows[] = {{"empty.jpg", ""},
+                {"text.jpg", "some words"},
+                {"noise.nef", "\x07\xf3 6\x90\xee"},
+                {"broken.jpg", "\xff\xd8\xff\xe1 and nothing more"}};
+    for (const auto& row : rows) {
+        EXPECT_TRUE(show(folder.write(row.name, row.bytes)));
+        EXPECT_TRUE(waitFor(std::string(row.name) + " could not be read.")) << words();
+    }
+    EXPECT_TRUE(showPicture("cape.jpg", kCape));
+    EXPECT_EQ(words(), "") << "gone with the next picture";
+}
+
 TEST_F(whatTheFootSays, whatMayNotBeRead)
 {
     if (geteuid() == 0) {
