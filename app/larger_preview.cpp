@@ -43,7 +43,7 @@ void LargerPreview::follow(const std::string& path, const FileAttributes& item)
         return;
     path_ = path;
     item_ = item;
-    there_ = PictureField::kSmallest;
+    there_ = {PictureField::kSmallest, small.devicePixelRatio()};
     adapt();
     if (!settled_.isActive()) return;
     settled_.stop();
@@ -56,26 +56,27 @@ void LargerPreview::forget()
     opening_.reset();
     loader_.cancel();
     path_.clear();
-    asked_ = there_ = 0;
+    asked_ = there_ = {};
 }
 
-// The side of the square that what the field has room for fits into.
-int LargerPreview::wantedSide() const
+// The square that what the field has room for fits into.
+LargerPreview::Square LargerPreview::wanted() const
 {
+    const qreal ratio = field_.devicePixelRatioF();
     const QSize fitted = field_.pixmap().size().scaled(field_.room(), Qt::KeepAspectRatio);
     const int needed = std::max(fitted.width(), fitted.height());
-    if (needed <= PictureField::kSmallest) return PictureField::kSmallest;
+    if (needed <= PictureField::kSmallest) return {PictureField::kSmallest, ratio};
     const auto side = std::ranges::find_if(kSides, [needed](int each) { return each >= needed; });
-    return side == kSides.end() ? kSides.back() : *side;
+    return {side == kSides.end() ? kSides.back() : *side, ratio};
 }
 
-// The room has changed, or there is something to follow for the first time.
+// The room or the density has changed, or there is something to follow for the first time.
 void LargerPreview::adapt()
 {
     if (path_.empty() || !field_.isVisible()) return;
-    const int wanted = wantedSide();
-    field_.setAwaitsLarger(wanted > there_);
-    if (wanted > std::max(there_, asked_)) {
+    const qreal pixels = wanted().pixels();
+    field_.setAwaitsLarger(pixels > there_.pixels());
+    if (pixels > std::max(there_.pixels(), asked_.pixels())) {
         settled_.start();
     } else {
         settled_.stop();
@@ -84,7 +85,7 @@ void LargerPreview::adapt()
 
 void LargerPreview::ask()
 {
-    asked_ = wantedSide();
+    asked_ = wanted();
     ++requests_;
     loader_.cancel();
     if (opening_ != nullptr) return;
@@ -97,7 +98,7 @@ void LargerPreview::takeOpened()
     if (opening_ == nullptr || !opening_->isAnswered()) return;
     PictureFile file = std::exchange(opening_, nullptr)->takeFile();
     if (!file.isOpen() || file.attributes() != item_) return settleForWhatIsThere();
-    loader_.request(path_, std::move(file), QSizeF(asked_, asked_), field_.devicePixelRatioF());
+    loader_.request(path_, std::move(file), QSizeF(asked_.side, asked_.side), asked_.ratio);
 }
 
 void LargerPreview::take(const QPixmap& preview, bool isPreview)
@@ -107,7 +108,8 @@ void LargerPreview::take(const QPixmap& preview, bool isPreview)
     if (!isLarger) return settleForWhatIsThere();
     field_.showLarger(preview);
     there_ = asked_;
-    if (!fillsSquare(preview, asked_, preview.devicePixelRatio())) return settleForWhatIsThere();
+    if (!fillsSquare(preview, asked_.side, preview.devicePixelRatio()))
+        return settleForWhatIsThere();
     adapt();
 }
 

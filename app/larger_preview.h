@@ -1,10 +1,11 @@
 // A larger preview of the picture that is shown, where the window has room for more than the small
-// one. It is asked for when the small one is there, and again when the window has been made larger
-// and has settled; the file is opened anew for it, because an open file would keep a memory card
-// from being removed.
+// one, or its screen a higher density. It is asked for when the small one is there, and again when
+// the window has been made larger, or has come to such a screen, and has settled; the file is
+// opened anew for it, because an open file would keep a memory card from being removed.
 //
 // It comes in two sizes, those of the desktop's thumbnails: whichever covers what is needed. So a
-// picture is read at most two more times, however often the window changes its size. Nothing is
+// picture is read at most two more times for each density, however often the window changes its
+// size. Nothing is
 // asked for if the small one shows all pixels that the file has, if there is no preview, while the
 // window is hidden, and no more once the file has given nothing, or nothing larger. Whatever fails,
 // the small one stays, and nothing is said.
@@ -51,7 +52,15 @@ public:
     int requests() const { return requests_; }
 
 private:
-    int wantedSide() const;
+    // The square that a preview is made for.
+    struct Square {
+        int side = 0;     // points; 0 for none
+        qreal ratio = 1;  // pixels per point
+
+        qreal pixels() const { return side * ratio; }
+    };
+
+    Square wanted() const;
     void adapt();
     void ask();
     void takeOpened();
@@ -64,8 +73,8 @@ private:
     QTimer settled_;                           // runs out when the room has not changed for long
     std::string path_;                         // empty if there is nothing to follow
     FileAttributes item_{};
-    int asked_ = 0;  // the side of the last one that was asked for, in points; 0 for none
-    int there_ = 0;  // the same of the one that is shown
+    Square asked_;  // that of the last one that was asked for
+    Square there_;  // that of the one that is shown
     int requests_ = 0;
 };
 

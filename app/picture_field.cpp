@@ -125,10 +125,14 @@ const QPixmap& PictureField::scaledTo(QSize size)
 
 void PictureField::paintEvent(QPaintEvent* event)
 {
+    // The window may have come to another screen, or its screen has changed.
+    if (devicePixelRatioF() != std::exchange(painted_, devicePixelRatioF()))
+        QMetaObject::invokeMethod(this, &PictureField::roomChanged, Qt::QueuedConnection);
     const QPixmap small = pixmap();
     if (small.isNull() && text().isEmpty()) return paintOutline();
     const QSize shown = shownSize();
-    if (shown == small.deviceIndependentSize().toSize()) {
+    const bool isOfThisScreen = small.devicePixelRatio() == devicePixelRatioF();
+    if (small.isNull() || (isOfThisScreen && shown == small.deviceIndependentSize().toSize())) {
         scaled_ = {};
         scaledKey_ = 0;
         QLabel::paintEvent(event);

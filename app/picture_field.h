@@ -40,7 +40,8 @@ public:
     void showPreview(const QPixmap& preview);
 
     // Shows a larger preview of the same file, as large as there is room and never larger than it
-    // is. Where there is no more room than the small one takes, that is shown.
+    // is. Where there is no more room than the small one takes, that is shown, or this one in its
+    // size if the small one is for another density than that of the screen.
     void showLarger(const QPixmap& larger);
 
     // Whether a larger one is to come. Meanwhile what is there fills the room, so that nothing
@@ -62,7 +63,8 @@ public:
     QSize sizeHint() const override;
 
 Q_SIGNALS:
-    // The room may have changed, or the field is shown after it was hidden.
+    // The room may have changed, or the density of the screen has, or the field is shown after it
+    // was hidden.
     void roomChanged();
 
 protected:
@@ -82,6 +84,7 @@ private:
     QSize hint_ = room_;
     QPixmap larger_;  // null until it has come
     bool awaitsLarger_ = false;
+    qreal painted_ = 0;     // the density that was painted for last; 0 for none
     QPixmap scaled_;        // what was painted last, of the pixmap with this key
     qint64 scaledKey_ = 0;  // 0 for none
 };

@@ -7,7 +7,7 @@ void test::Toolkit::SetUp()
     static int argc = 1;
     static char name[] = "test";
     static char* argv[] = {name, nullptr};
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QPA_PLATFORM", platform_);
     application_ = std::make_unique<QApplication>(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
 }

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QByteArray>
 #include <QStringList>
 
 #include <memory>
@@ -20,6 +21,9 @@ class Toolkit : public testing::Environment {
 public:
     void SetUp() override;
     void TearDown() override;
+
+protected:
+    QByteArray platform_ = "offscreen";
 
 private:
     std::unique_ptr<QApplication> application_;
