@@ -5,7 +5,9 @@
 
 namespace pinorama {
 namespace {
-constexpr int kQuietest = 72;  // percent of the way from the background to the text
+// Percent of the way from the background to the text.
+constexpr int kQuietest = 72;
+constexpr int kQuietestOfNothing = 40;
 constexpr int kStep = 4;
 
 double linear(float channel)
@@ -26,6 +28,17 @@ QColor between(const QColor& background, const QColor& text, float strength)
                             mixed(background.greenF(), text.greenF()),
                             mixed(background.blueF(), text.blueF()));
 }
+
+// The first colour on the way from the background to the text that is easy to read.
+QColor colourOnTheWay(const QColor& background, const QColor& text, int percent)
+{
+    const QColor seen = between(background, text, text.alphaF());
+    for (; percent < 100; percent += kStep) {
+        const QColor colour = between(background, seen, static_cast<float>(percent) / 100.0F);
+        if (contrastRatio(background, colour) >= kReadableContrast) return colour;
+    }
+    return seen;
+}
 }  // namespace
 
 double contrastRatio(const QColor& one, const QColor& other)
@@ -36,17 +49,16 @@ double contrastRatio(const QColor& one, const QColor& other)
 
 QColor captionColour(const QColor& background, const QColor& text)
 {
-    const QColor seen = between(background, text, text.alphaF());
-    for (int percent = kQuietest; percent < 100; percent += kStep) {
-        const QColor colour = between(background, seen, static_cast<float>(percent) / 100.0F);
-        if (contrastRatio(background, colour) >= kReadableContrast) return colour;
-    }
-    return seen;
+    return colourOnTheWay(background, text, kQuietest);
 }
 
-QColor captionColour(const QPalette& palette, QPalette::ColorGroup group)
+QColor captionColour(const QPalette& palette, QPalette::ColorGroup group, Captioned captioned)
 {
     const QColor background = palette.color(group, QPalette::Window);
+    if (captioned == Captioned::nothing) {
+        return colourOnTheWay(background, palette.color(QPalette::Active, QPalette::WindowText),
+                              kQuietestOfNothing);
+    }
     const QColor own = captionColour(background, palette.color(group, QPalette::WindowText));
     const QColor other =
         captionColour(background, palette.color(QPalette::Active, QPalette::WindowText));

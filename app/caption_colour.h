@@ -19,9 +19,16 @@ double contrastRatio(const QColor& one, const QColor& other);
 // background is opaque; the text may be translucent.
 QColor captionColour(const QColor& background, const QColor& text);
 
+// What stands beside a caption.
+enum class Captioned {
+    text,
+    nothing,  // the caption is quieter still, and as easy to read
+};
+
 // The colour of the captions in a window with this palette, while it is in the state that `group`
 // stands for. Some themes fade the texts of an inactive window so far that nothing quieter can be
 // read; there the texts of the active window are the measure.
-QColor captionColour(const QPalette& palette, QPalette::ColorGroup group);
+QColor captionColour(const QPalette& palette, QPalette::ColorGroup group,
+                     Captioned captioned = Captioned::text);
 
 }  // namespace pinorama

@@ -100,7 +100,7 @@ void MainWindow::furnish()
     showMarker();
     quietCaptions();
     enlargeHeadline();
-    keepBaselines();
+    followFields();
     keepAboveAction->setChecked(windowFlags().testFlag(Qt::WindowStaysOnTopHint));
     connect(keepAboveAction, &QAction::toggled, this, &MainWindow::keepAbove);
     // Where a program cannot have that, the desktop has it in the window's own menu.
@@ -179,13 +179,22 @@ void MainWindow::followScreen()
 
 void MainWindow::quietCaptions()
 {
+    for (const auto& captions = findChildren<QLabel*>(); QLabel * caption : captions) {
+        if (caption->buddy() != nullptr) quieten(*caption);
+    }
+}
+
+void MainWindow::quieten(QLabel& caption)
+{
+    const auto* field = qobject_cast<const WrappedField*>(caption.buddy());
+    const bool isEmpty = field != nullptr && field->text().isEmpty();
     QPalette quiet = palette();
     for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
-        quiet.setColor(group, QPalette::WindowText, captionColour(palette(), group));
+        quiet.setColor(
+            group, QPalette::WindowText,
+            captionColour(palette(), group, isEmpty ? Captioned::nothing : Captioned::text));
     }
-    for (const auto& captions = findChildren<QLabel*>(); QLabel * caption : captions) {
-        if (caption->buddy() != nullptr) caption->setPalette(quiet);
-    }
+    caption.setPalette(quiet);
 }
 
 // The answer to "where?" is the first thing one reads.
@@ -200,14 +209,17 @@ void MainWindow::enlargeHeadline()
     placeField->setFont(large);
 }
 
-void MainWindow::keepBaselines()
+// The captions stand on the lines of their fields, and fade beside empty ones.
+void MainWindow::followFields()
 {
     for (const auto& captions = findChildren<QLabel*>(); QLabel * caption : captions) {
         auto* field = qobject_cast<WrappedField*>(caption->buddy());
         if (field == nullptr) continue;
-        const auto align = [caption, field] { alignBaselines(*caption, *field); };
-        connect(field, &WrappedField::textChanged, caption, align);
-        align();
+        connect(field, &WrappedField::textChanged, caption, [this, caption, field] {
+            alignBaselines(*caption, *field);
+            quieten(*caption);
+        });
+        alignBaselines(*caption, *field);
     }
 }
 

@@ -58,7 +58,8 @@ private:
     void enlargeHeadline();
     void followScreen();
     void keepAbove(bool isAbove);
-    void keepBaselines();
+    void followFields();
+    void quieten(QLabel& caption);
     void quietCaptions();
     void showMarker();
 

@@ -1,5 +1,6 @@
 // The window as a whole: what a screen reader finds in it, the keys, languages, sizes.
 
+#include "app/caption_colour.h"
 #include "tests/app/controller_fixture.h"
 #include "tests/support/toolkit.h"
 
@@ -254,6 +255,7 @@ TEST_F(MainWindowTest, holdsEveryTextWholeInBothLanguages)
 TEST_F(MainWindowTest, captionsAreQuietInLightAndDark)
 {
     const auto* caption = controller.myWindow->fileSizeCaption;
+    controller.fileSizeField->setText(QStringLiteral("8 KB"));
     for (const auto& [background, text] :
          {std::pair(Qt::white, Qt::black), std::pair(Qt::black, Qt::white)}) {
         QPalette palette;
@@ -264,6 +266,25 @@ TEST_F(MainWindowTest, captionsAreQuietInLightAndDark)
         const int full = QColor(text).lightness();
         EXPECT_NE(level, full);
         EXPECT_LT(std::abs(level - full), 90) << "still easy to read";
+    }
+}
+
+TEST_F(MainWindowTest, captionsOfEmptyRowsAreQuieterAndCanBeRead)
+{
+    const auto* caption = controller.myWindow->iptcCityCaption;
+    const auto colour = [caption] { return caption->palette().color(QPalette::WindowText); };
+    for (const auto& [background, text] :
+         {std::pair(Qt::white, Qt::black), std::pair(Qt::black, Qt::white)}) {
+        QPalette palette;
+        palette.setColor(QPalette::Window, background);
+        palette.setColor(QPalette::WindowText, text);
+        controller.myWindow->setPalette(palette);
+        const double empty = contrastRatio(background, colour());
+        EXPECT_GE(empty, kReadableContrast);
+        controller.iptcCityField->setText(QStringLiteral("Rome"));
+        EXPECT_GT(contrastRatio(background, colour()), empty + 2);
+        controller.iptcCityField->setText({});
+        EXPECT_EQ(contrastRatio(background, colour()), empty);
     }
 }
 
