@@ -12,6 +12,8 @@ constexpr int kPicturesWidth = 176;   // points, the least of their column besid
 constexpr int kPicturesLetters = 22;  // characters, the same where letters are large
 constexpr int kMeasure = 60;          // characters in a line of the texts
 constexpr int kTwoRows = 2;           // columns of buttons in two rows
+constexpr int kStacked = 264;    // points, the least height of preview and map, one below the other
+constexpr double kStrip = 0.85;  // of the width of both: in a higher row the map would be a strip
 }  // namespace
 
 ViewArrangement::ViewArrangement(MainWindow& window)
@@ -29,6 +31,8 @@ bool ViewArrangement::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest) {
         fit(window_.contentView->width());
         window_.windowLayout->activate();
+        stackPictures();
+        window_.windowLayout->activate();
         giveThePreviewRoom();
         window_.windowLayout->activate();
     }
@@ -40,8 +44,8 @@ void ViewArrangement::fit(int width)
     const QMargins margins = window_.windowLayout->contentsMargins();
     const int room = width - margins.left() - margins.right();
     const int spacing = window_.columnsLayout->spacing();
-    const bool isWide = room >= picturesWidth() + spacing + window_.factsLayout->sizeHint().width();
-    arrangePictures(room, isWide);
+    const int texts = window_.factsLayout->sizeHint().width();
+    arrangePictures(room, room >= picturesWidth() + spacing + texts);
     arrangeButtons(room >= buttonsWidth(kButtons) ? kButtons : kTwoRows);
     // The layout would only let the window become as narrow as it is arranged at the moment.
     window_.contentView->setMinimumWidth(leastWidth());
@@ -102,20 +106,50 @@ void ViewArrangement::arrangeButtons(int columns)
 void ViewArrangement::arrangePictures(int room, bool isWide)
 {
     QBoxLayout& columns = *window_.columnsLayout;
+    QBoxLayout& pictures = *window_.picturesLayout;
+    const bool wasWide = this->isWide();
     columns.setDirection(isWide ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
     columns.setStretch(0, isWide ? 0 : 1);
     columns.setStretch(1, isWide ? 1 : 0);
-    window_.picturesLayout->setDirection(isWide ? QBoxLayout::TopToBottom
-                                                : QBoxLayout::LeftToRight);
     if (!isWide) {
+        // How high they are shows when they have been laid out.
+        if (wasWide) pictures.setDirection(QBoxLayout::LeftToRight);
         window_.placeMap->setMinimumWidth(0);
         window_.placeMap->setMaximumWidth(QWIDGETSIZE_MAX);
         return;
     }
+    pictures.setDirection(QBoxLayout::TopToBottom);
+    letPicturesBeLow(false);
     const int beside = room - columns.spacing();
     const int texts = captionsWidth() + kMeasure * window_.fontMetrics().averageCharWidth();
     window_.placeMap->setFixedWidth(std::clamp(beside - texts, picturesWidth(),
                                                beside - window_.factsLayout->sizeHint().width()));
+}
+
+bool ViewArrangement::isWide() const
+{
+    return window_.columnsLayout->direction() == QBoxLayout::LeftToRight;
+}
+
+// Above the texts the map stands beside the preview, or below it where it would be a strip. The
+// height that the two have is the same in both ways.
+void ViewArrangement::stackPictures()
+{
+    if (isWide()) return;
+    QBoxLayout& pictures = *window_.picturesLayout;
+    const QSize room = pictures.geometry().size();
+    const bool isHigh = room.height() >= kStacked && room.height() > kStrip * room.width();
+    pictures.setDirection(isHigh ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    letPicturesBeLow(isHigh);
+}
+
+// Together as low as one of them: the window may become as low as with the two side by side, where
+// they stand before that.
+void ViewArrangement::letPicturesBeLow(bool areStacked)
+{
+    const int gap = window_.picturesLayout->spacing();
+    window_.placeMap->setMinimumHeight(areStacked ? 1 : 0);
+    window_.fileIconField->setMinimumHeight(PictureField::kSmallest - (areStacked ? gap + 1 : 0));
 }
 
 void ViewArrangement::giveThePreviewRoom()
@@ -128,13 +162,16 @@ void ViewArrangement::giveThePreviewRoom()
     const QSize more = (window_.size() - usual_).expandedTo({0, 0});
     const int grown = std::min(kSmallest + more.width() + more.height(), kMaxPreview);
     const bool isAboveTheMap = pictures.direction() == QBoxLayout::TopToBottom;
+    const QRect row = pictures.geometry();
     QSize room;
-    if (isAboveTheMap) {
+    if (isWide()) {
         const int width = std::min(grown, window_.placeMap->maximumWidth());
         room = {width, std::min(width, window_.contentView->height() * 2 / 5)};
+    } else if (isAboveTheMap) {
+        const int width = std::min(grown, row.width());
+        room = {width, std::min(width, (row.height() - pictures.spacing()) / 2)};
     } else {
         // The row is as high as the texts below let it be, and may not ask for more.
-        const QRect row = pictures.geometry();
         const int width = std::min({grown, (row.width() - pictures.spacing()) / 2, row.height()});
         room = {width, width};
     }

@@ -1,10 +1,11 @@
 // Arranges the views of the window for its size: the pictures stand beside the texts in a wide
-// window and above them in a narrow one, the buttons in one row or in two. The map and the preview
-// take what room there is; the texts keep the measure of a line that is easy to read.
+// window and above them in a narrow one, the map beside the preview or, where that would be a
+// strip, below it; the buttons in one row or in two. The map and the preview take what room there
+// is; the texts keep the measure of a line that is easy to read.
 //
 // The preview has its smallest size in a window of the usual size, whatever the font, and grows
 // point by point with what the window is larger. Beside the texts it is never higher than two
-// fifths of the window, above them never wider than the map, and it is never more than 512 points.
+// fifths of the window, above them never larger than the map, and it is never more than 512 points.
 
 #pragma once
 
@@ -45,7 +46,10 @@ private:
     int buttonsWidth(int columns) const;
     int captionsWidth() const;
     void arrangeButtons(int columns);
+    bool isWide() const;
     void arrangePictures(int room, bool isWide);
+    void stackPictures();
+    void letPicturesBeLow(bool areStacked);
     void giveThePreviewRoom();
 
     MainWindow& window_;

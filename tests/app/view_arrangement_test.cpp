@@ -12,7 +12,8 @@
 using namespace pinorama;
 
 namespace {
-constexpr int kWide = 1600;  // points, wide enough for every font
+constexpr int kWide = 1600;   // points, wide enough for every font
+constexpr int kNarrow = 420;  // points
 
 class ViewArrangementTest : public test::ControllerTest {
 protected:
@@ -38,6 +39,13 @@ protected:
         for (int i = 0; i < 10; ++i) QCoreApplication::processEvents();
     }
 
+    // How high the texts are, and so what is left for the pictures, depends on the font.
+    void makeNarrowAndLow()
+    {
+        resize(kNarrow, 800);
+        resize(kNarrow, window.minimumSizeHint().height());
+    }
+
     bool isWide() const { return window.placeField->x() > window.placeMap->geometry().right(); }
 
     int rowsOfButtons() const
@@ -61,7 +69,7 @@ TEST_F(ViewArrangementTest, putsThePicturesBesideTheTextsInAWideWindow)
 
 TEST_F(ViewArrangementTest, putsThemAboveTheTextsInANarrowWindow)
 {
-    resize(420, 800);
+    makeNarrowAndLow();
     EXPECT_FALSE(isWide());
     EXPECT_GT(window.placeMap->x(), window.fileIconField->geometry().right());
     EXPECT_GT(window.fileNameField->y(), window.placeMap->geometry().bottom());
@@ -69,6 +77,23 @@ TEST_F(ViewArrangementTest, putsThemAboveTheTextsInANarrowWindow)
     resize(kWide, 800);
     EXPECT_TRUE(isWide()) << "and back";
     EXPECT_EQ(rowsOfButtons(), 1);
+}
+
+TEST_F(ViewArrangementTest, putsTheMapBelowThePreviewInANarrowAndHighWindow)
+{
+    resize(kNarrow, 1400);
+    EXPECT_FALSE(isWide());
+    EXPECT_GT(window.placeMap->y(), window.fileIconField->geometry().bottom());
+    EXPECT_GT(window.fileNameField->y(), window.placeMap->geometry().bottom());
+    EXPECT_GE(window.placeMap->width(), window.placeMap->height() * 2 / 3) << "no strip";
+    EXPECT_GE(window.placeMap->height(), window.fileIconField->room().height());
+    makeNarrowAndLow();
+    EXPECT_GT(window.placeMap->x(), window.fileIconField->geometry().right()) << "and back";
+    EXPECT_GE(window.placeMap->height(), window.placeMap->minimumSizeHint().height());
+    resize(kNarrow, 1400);
+    resize(kWide, 600);
+    EXPECT_TRUE(isWide()) << "and from there";
+    EXPECT_GE(window.placeMap->height(), window.placeMap->minimumSizeHint().height());
 }
 
 TEST_F(ViewArrangementTest, cutsNothingInAnySize)
