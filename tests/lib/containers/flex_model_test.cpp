@@ -1,12 +1,12 @@
 // Long random runs of calls on variable-item arrays against a plain model of what they must be
 // after each call: items, amounts, bytes and index.
 
+#include "tests/lib/containers/flex_model.h"
 #include "lib/containers/flex_dyn_array.h"
 #include "lib/containers/flex_index.h"
 #include "lib/containers/flex_lookup.h"
 #include "lib/containers/flex_runs.h"
 #include "tests/lib/containers/containers_under_test.h"
-#include "tests/lib/containers/flex_model.h"
 
 #include <gtest/gtest.h>
 
@@ -166,8 +166,9 @@ private:
         const std::int16_t status = memDeleteAllFlexData(&flex_, id);
         const std::size_t first = model_.firstOf(id);
         if (first == model_.items.size()) return {"delete no ID", status, kMemErrNotFound};
-        model_.items.erase(model_.items.begin() + static_cast<std::ptrdiff_t>(first),
-                           model_.items.begin() + static_cast<std::ptrdiff_t>(model_.endOfRun(first)));
+        model_.items.erase(
+            model_.items.begin() + static_cast<std::ptrdiff_t>(first),
+            model_.items.begin() + static_cast<std::ptrdiff_t>(model_.endOfRun(first)));
         indexRebuilt();
         return {"delete ID", status, 0, true};
     }
@@ -214,8 +215,9 @@ private:
         const std::size_t first = model_.firstOf(id);
         if (first == model_.items.size()) return {"extract no ID", status, kMemErrNotFound};
         if (status != 0) return {"extract", status, 0};
-        const Items expected(model_.items.begin() + static_cast<std::ptrdiff_t>(first),
-                             model_.items.begin() + static_cast<std::ptrdiff_t>(model_.endOfRun(first)));
+        const Items expected(
+            model_.items.begin() + static_cast<std::ptrdiff_t>(first),
+            model_.items.begin() + static_cast<std::ptrdiff_t>(model_.endOfRun(first)));
         EXPECT_EQ(test::itemsOf(dest), expected);
         EXPECT_EQ(dest.allocatedBytes, dest.usedBytes);
         return {"extract", status, 0};

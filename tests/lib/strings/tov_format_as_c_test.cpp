@@ -97,12 +97,10 @@ TEST(tovFormat, printsIntegersAsCDoes)
     for (int i = 0; i < 50000; i++) {
         const std::uint64_t value = directives.integer();
         const std::string narrow = directives.make("-+ #0", "", "diuxXo");
-        ASSERT_EQ(printedHere(narrow, value),
-                  printedByC(narrow, static_cast<std::uint32_t>(value)))
+        ASSERT_EQ(printedHere(narrow, value), printedByC(narrow, static_cast<std::uint32_t>(value)))
             << narrow << " of " << value;
         const std::string wide = directives.make("-+ #0", "ll", "diuxXo");
-        ASSERT_EQ(printedHere(wide, value), printedByC(wide, value))
-            << wide << " of " << value;
+        ASSERT_EQ(printedHere(wide, value), printedByC(wide, value)) << wide << " of " << value;
     }
 }
 
