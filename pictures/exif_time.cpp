@@ -80,13 +80,15 @@ std::optional<std::int64_t> gpsSeconds(const TiffBlock& tiff, std::uint64_t offs
 {
     TiffEntry entries[] = {{kGpsTimeStamp}, {kGpsDateStamp}};
     tiff.findEntries(offset, entries);
-    const auto date = textLike(kDateForm, entries[1]);
     const ByteView bytes = entries[0].value.view(0, 24);
-    if (!date || entries[0].type != TiffType::rational || bytes.size() < 24) return std::nullopt;
+    if (entries[0].type != TiffType::rational || bytes.size() < 24) return std::nullopt;
     const auto hour = clockNumber(tiff, &bytes[0]);
     const auto minute = clockNumber(tiff, &bytes[8]);
     const auto second = clockNumber(tiff, &bytes[16]);
-    if (!hour || !minute || !second || numberAt(*date, 0, 4) < kFirstGpsYear) return std::nullopt;
+    // Looked at only now, because the next view takes the one before away.
+    const auto date = textLike(kDateForm, entries[1]);
+    if (!hour || !minute || !second || !date) return std::nullopt;
+    if (numberAt(*date, 0, 4) < kFirstGpsYear) return std::nullopt;
     return secondsOf(*date, *hour, *minute, *second);
 }
 

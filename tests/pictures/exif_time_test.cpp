@@ -1,6 +1,8 @@
 #include "pictures/exif_time.h"
 
+#include "pictures/picture_file.h"
 #include "tests/support/byte_views.h"
+#include "tests/support/environment.h"
 #include "tests/support/picture_builder.h"
 
 #include <gtest/gtest.h>
@@ -121,4 +123,22 @@ TEST(readExifTime, takesNoTimeThatNoClockShows)
                                                   {{4294967295, 1}, {0, 1}, {0, 1}}}) {
         EXPECT_FALSE(propertiesOf({.gpsDate = "2026:05:03", .gpsTime = time}).taken);
     }
+}
+
+TEST(readExifTime, readsDateAndTimeThatStandFarApart)
+{
+    // Farther than one view reaches, so that each of the two takes the place of the other.
+    const std::string filler(70000, 'f');
+    const auto order = test::ByteOrder::little;
+    const std::string tiff = test::tiffBlock(
+        {.gps = {test::asciiField(8, filler),
+                 test::rationalField(order, 7, {{12, 1}, {30, 1}, {5, 1}}),
+                 test::asciiField(27, filler), test::asciiField(29, "2026:05:03")}});
+    const test::TemporaryFolder folder;
+    const PictureFile file(folder.write("far.tif", tiff));
+    FileByteSource source(file.descriptor(), file.size());
+    const auto properties = readPictureProperties(source);
+    ASSERT_TRUE(properties);
+    EXPECT_EQ(properties->taken, kDay + 12 * 3600 + 30 * 60 + 5);
+    EXPECT_TRUE(properties->isTakenBySatellites);
 }
