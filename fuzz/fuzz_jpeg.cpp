@@ -1,8 +1,10 @@
 // The segments of a JPEG picture and the resources in them.
 
+#include "pictures/extended_xmp.h"
 #include "pictures/jpeg_segments.h"
 #include "pictures/photoshop_resources.h"
 #include "pictures/tiff_directory.h"
+#include "pictures/xmp_packet.h"
 
 using namespace pinorama;
 
@@ -11,7 +13,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     MemoryByteSource source({data, size});
     const ByteBlock picture(source);
     (void)isJpeg(picture);  // must accept any bytes, like the search
-    const JpegMetadata metadata = findJpegMetadata(picture);
+    const JpegMetadata metadata = findJpegMetadata(picture, WithXmp::yes);
+    if (extendedXmp(metadata.xmp).size() > kMaxXmpLength) __builtin_trap();
     for (const ByteBlock& piece : metadata.photoshop) {
         (void)findPhotoshopResource(piece, kIptcResource);
     }

@@ -99,6 +99,14 @@ void writeMoreSeeds(const Writer& writer)
                       test::photoshopResource(
                           0x0404, test::iptcRecord(test::everyField(test::ByteOrder::big)))));
     write("fuzz_x3f", "x3f", test::x3fFile(test::jpegPicture({test::exifSegment(tiff)})));
+    const std::string name(32, 'A');
+    const std::string packet = test::xmpPacket(
+        "xmlns:xmpNote='http://ns.adobe.com/xmp/note/' xmpNote:HasExtendedXMP='" + name + "'");
+    const auto length = static_cast<std::uint32_t>(xmp.size());
+    write("fuzz_jpeg", "long-xmp",
+          test::jpegPicture({test::xmpSegment(packet),
+                             test::xmpPieceSegment(name, length, 300, xmp.substr(300)),
+                             test::xmpPieceSegment(name, length, 0, xmp.substr(0, 300))}));
     write("fuzz_xmp", "xmp", xmp);
     writer.write("fuzz_xml", "xmp", xmp);
     writer.write("fuzz_xml", "pieces",

@@ -5,6 +5,7 @@
 #include "pictures/iptc_record.h"
 #include "pictures/photoshop_resources.h"
 
+#include <utility>
 #include <vector>
 
 namespace pinorama {
@@ -56,12 +57,12 @@ ByteBlock readTiffImage(const TiffBlock& tiff, PictureProperties& properties)
     return entries[xmp].value;
 }
 
-ByteBlock readJpegImage(const ByteBlock& jpeg, PictureProperties& properties, WithXmp withXmp)
+JpegXmp readJpegImage(const ByteBlock& jpeg, PictureProperties& properties, WithXmp withXmp)
 {
-    const JpegMetadata metadata = findJpegMetadata(jpeg, withXmp);
+    JpegMetadata metadata = findJpegMetadata(jpeg, withXmp);
     if (!metadata.photoshop.empty()) readPhotoshop(metadata.photoshop, properties);
     if (const auto tiff = TiffBlock::open(metadata.exif)) readTiffImage(*tiff, properties);
-    return metadata.xmp;
+    return std::move(metadata.xmp);
 }
 
 }  // namespace pinorama

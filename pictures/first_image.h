@@ -16,8 +16,8 @@ namespace pinorama {
 ByteBlock readTiffImage(const TiffBlock& tiff, PictureProperties& properties);
 
 // Reads the first image of a JPEG picture: the texts of its Photoshop resources, then what its TIFF
-// block says. Returns its XMP packet, or an empty block when there is none or it is not asked for.
-ByteBlock readJpegImage(const ByteBlock& jpeg, PictureProperties& properties,
-                        WithXmp withXmp = WithXmp::no);
+// block says. Returns its XMP, which is not read; empty when there is none or it is not asked for.
+JpegXmp readJpegImage(const ByteBlock& jpeg, PictureProperties& properties,
+                      WithXmp withXmp = WithXmp::no);
 
 }  // namespace pinorama

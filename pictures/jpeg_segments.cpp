@@ -25,7 +25,9 @@ constexpr std::uint8_t kPhotoshopName[] = {'P', 'h', 'o', 't', 'o', 's', 'h',
 
 constexpr std::uint8_t kProfileName[] = {'I', 'C', 'C', '_', 'P', 'R', 'O', 'F', 'I', 'L', 'E', 0};
 
-constexpr char kXmpName[] = "http://ns.adobe.com/xap/1.0/";  // and its zero byte
+// With their zero bytes.
+constexpr char kXmpName[] = "http://ns.adobe.com/xap/1.0/";
+constexpr char kXmpPieceName[] = "http://ns.adobe.com/xmp/extension/";
 
 // Foreign bytes and fill bytes that are stepped over in a whole picture.
 constexpr std::uint64_t kMaxForeignBytes = 65536;
@@ -86,9 +88,19 @@ private:
     std::uint64_t foreignBytes_ = 0;
 };
 
-bool isXmp(const ByteBlock& content)
+template <std::size_t size>
+bool beginsWithName(const ByteBlock& content, const char (&name)[size])
 {
-    return content.beginsWith({reinterpret_cast<const std::uint8_t*>(kXmpName), sizeof kXmpName});
+    return content.beginsWith({reinterpret_cast<const std::uint8_t*>(name), size});
+}
+
+void takeXmp(const ByteBlock& content, JpegXmp& xmp)
+{
+    if (xmp.packet.isEmpty() && beginsWithName(content, kXmpName)) {
+        xmp.packet = content.from(sizeof kXmpName);
+    } else if (xmp.pieces.size() < JpegXmp::kMaxPieces && beginsWithName(content, kXmpPieceName)) {
+        xmp.pieces.push_back(content.from(sizeof kXmpPieceName));
+    }
 }
 }  // namespace
 
@@ -107,9 +119,8 @@ JpegMetadata findJpegMetadata(const ByteBlock& jpeg, WithXmp withXmp)
         if (segment->marker == kApp1 && found.exif.isEmpty() && content.beginsWith(kExifName)) {
             const ByteBlock tiff = content.from(kExifHeader);
             if (TiffBlock::open(tiff)) found.exif = tiff;
-        } else if (segment->marker == kApp1 && withXmp == WithXmp::yes && found.xmp.isEmpty() &&
-                   isXmp(content)) {
-            found.xmp = content.from(sizeof kXmpName);
+        } else if (segment->marker == kApp1 && withXmp == WithXmp::yes) {
+            takeXmp(content, found.xmp);
         } else if (segment->marker == kApp13 && content.beginsWith(kPhotoshopName)) {
             found.photoshop.push_back(content.from(sizeof kPhotoshopName));
         }

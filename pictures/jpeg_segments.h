@@ -10,6 +10,15 @@
 
 namespace pinorama {
 
+// XMP as JPEG holds it. Whatever there is none of is empty.
+struct JpegXmp {
+    ByteBlock packet{};  // of the first segment (APP1) that has one
+    // The first kMaxPieces segments (APP1) with pieces of a further document, without their name.
+    std::vector<ByteBlock> pieces{};
+
+    static constexpr std::size_t kMaxPieces = 64;
+};
+
 // What stands in front of the picture data.
 struct JpegMetadata {
     // The TIFF block of the first Exif segment (APP1) that begins with a TIFF header; else empty.
@@ -17,8 +26,7 @@ struct JpegMetadata {
     // The pieces of the Photoshop resources (APP13), in order: 64 KiB is the end of a segment but
     // not of the resources.
     std::vector<ByteBlock> photoshop;
-    // The XMP packet of the first segment (APP1) that has one, where it is asked for; else empty.
-    ByteBlock xmp{};
+    JpegXmp xmp{};  // where it is asked for
 };
 
 enum class WithXmp : bool { no, yes };

@@ -3,6 +3,7 @@
 #include "pictures/crw.h"
 #include "pictures/embedded_metadata.h"
 #include "pictures/exif_gps.h"
+#include "pictures/extended_xmp.h"
 #include "pictures/first_image.h"
 #include "pictures/gif_blocks.h"
 #include "pictures/iptc_record.h"
@@ -61,15 +62,20 @@ struct UnpackedPart {
 struct Reading {
     PictureProperties properties{};
     ByteBlock xmp{};
+    ByteBlock furtherXmp{};  // what it does not say
     std::optional<StatedPlace> place{};
     std::vector<std::unique_ptr<UnpackedPart>> unpackedParts{};  // that blocks are parts of
 
+    ByteBlock keep(std::vector<std::uint8_t> bytes)
+    {
+        if (bytes.empty()) return {};
+        unpackedParts.push_back(std::make_unique<UnpackedPart>(std::move(bytes)));
+        return ByteBlock(unpackedParts.back()->source);
+    }
     // What is packed in the part; empty if nothing is.
     ByteBlock unpack(const PackedPart& part)
     {
-        if (part.bytes.isEmpty()) return {};
-        unpackedParts.push_back(std::make_unique<UnpackedPart>(unpacked(part)));
-        return ByteBlock(unpackedParts.back()->source);
+        return part.bytes.isEmpty() ? ByteBlock() : keep(unpacked(part));
     }
 
     void takeTiff(const ByteBlock& block)
@@ -78,7 +84,10 @@ struct Reading {
     }
     void takeJpeg(const ByteBlock& block)
     {
-        if (isJpeg(block)) xmp = readJpegImage(block, properties, WithXmp::yes);
+        if (!isJpeg(block)) return;
+        const JpegXmp found = readJpegImage(block, properties, WithXmp::yes);
+        xmp = found.packet;
+        furtherXmp = keep(extendedXmp(found));
     }
     void take(const EmbeddedMetadata& metadata)
     {
@@ -136,8 +145,9 @@ std::optional<PictureProperties> readMoreProperties(ByteSource& source, std::str
     std::optional<Reading> reading = readFile(file);
     if (!reading) return mayBeXml(file) ? readXmp(file, language) : std::nullopt;
     PictureProperties& properties = reading->properties;
-    if (!reading->xmp.isEmpty()) {
-        if (const auto xmp = readXmp(reading->xmp, language)) {
+    for (const ByteBlock& document : {reading->xmp, reading->furtherXmp}) {
+        if (document.isEmpty()) continue;
+        if (const auto xmp = readXmp(document, language)) {
             addMissing(properties, *xmp, ValueSource::xmp);
         }
     }

@@ -207,9 +207,9 @@ TEST(findJpegMetadata, findsXmpWhereItIsAskedFor)
         {test::xmpSegment(kXmp), test::exifSegment(kTiff), test::xmpSegment("another")});
     MemoryByteSource source(viewOf(jpeg));
     const JpegMetadata with = findJpegMetadata(ByteBlock(source), WithXmp::yes);
-    EXPECT_EQ(textOf(with.xmp), kXmp);
+    EXPECT_EQ(textOf(with.xmp.packet), kXmp);
     EXPECT_EQ(textOf(with.exif), kTiff);
     const JpegMetadata without = findJpegMetadata(ByteBlock(source));
-    EXPECT_TRUE(without.xmp.isEmpty());
+    EXPECT_TRUE(without.xmp.packet.isEmpty());
     EXPECT_EQ(textOf(without.exif), kTiff);
 }

@@ -278,6 +278,13 @@ std::string test::xmpSegment(std::string_view xmp)
     return jpegSegment(0xe1, "http://ns.adobe.com/xap/1.0/\0"s + str(xmp));
 }
 
+std::string test::xmpPieceSegment(std::string_view name, std::uint32_t length, std::uint32_t offset,
+                                  std::string_view piece)
+{
+    return jpegSegment(0xe1, "http://ns.adobe.com/xmp/extension/\0"s + str(name) + big32(length) +
+                                 big32(offset) + str(piece));
+}
+
 std::string test::xmpPacket(std::string_view attributes, std::string_view elements)
 {
     return "<?xpacket begin='\xef\xbb\xbf' id='W5M0MpCehiHzreSzNTczkc9d'?>"

@@ -87,6 +87,10 @@ std::string x3fFile(std::string_view jpeg);
 // A JPEG segment with an XMP packet.
 std::string xmpSegment(std::string_view xmp);
 
+// A JPEG segment with a piece of the further document `name`, which has 32 characters.
+std::string xmpPieceSegment(std::string_view name, std::uint32_t length, std::uint32_t offset,
+                            std::string_view piece);
+
 // A packet whose description has these attributes and child elements, in the prefixes that
 // everybody uses.
 std::string xmpPacket(std::string_view attributes, std::string_view elements = {});
