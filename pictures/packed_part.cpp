@@ -34,6 +34,8 @@ const Libraries& libraries()
     return loaded;
 }
 
+constexpr std::size_t kUsualLength = 16 * 1024;
+
 // How many bytes of `room` the data fills.
 std::size_t unpackInto(std::vector<std::uint8_t>& room, const std::vector<std::uint8_t>& packed,
                        Packing packing)
@@ -60,9 +62,14 @@ std::vector<std::uint8_t> unpacked(const PackedPart& part)
 {
     const std::vector<std::uint8_t> packed = copyOf(part.bytes, kMaxXmpLength);
     if (packed.empty()) return {};
-    std::vector<std::uint8_t> room(kMaxXmpLength);
-    room.resize(unpackInto(room, packed, part.packing));
-    return room;
+    // All of the room is seldom needed, and clearing it takes longer than unpacking.
+    for (std::size_t size = kUsualLength;; size = kMaxXmpLength) {
+        std::vector<std::uint8_t> room(size);
+        const std::size_t filled = unpackInto(room, packed, part.packing);
+        if (filled == size && size < kMaxXmpLength) continue;  // there may be more
+        room.resize(filled);
+        return room;
+    }
 }
 
 }  // namespace pinorama

@@ -1,6 +1,7 @@
 #include "pictures/xml_scanner.h"
 
-#include <charconv>
+#include "pictures/xml_references.h"
+
 #include <cstdint>
 #include <iterator>
 #include <list>
@@ -30,75 +31,6 @@ struct ByteKinds {
 };
 constexpr ByteKinds kKinds;
 constexpr std::string_view kXmlSpace = "http://www.w3.org/XML/1998/namespace";
-
-void appendUTF8(std::uint32_t character, std::string& out)
-{
-    const auto put = [&out](std::uint32_t byte) { out += static_cast<char>(byte); };
-    if (character < 0x80) {
-        put(character);
-    } else if (character < 0x800) {
-        put(0xc0 | character >> 6);
-        put(0x80 | (character & 0x3f));
-    } else if (character < 0x10000) {
-        put(0xe0 | character >> 12);
-        put(0x80 | (character >> 6 & 0x3f));
-        put(0x80 | (character & 0x3f));
-    } else {
-        put(0xf0 | character >> 18);
-        put(0x80 | (character >> 12 & 0x3f));
-        put(0x80 | (character >> 6 & 0x3f));
-        put(0x80 | (character & 0x3f));
-    }
-}
-
-// "&#233;" or "&#xe9;", without the ampersand and the semicolon.
-bool appendReference(std::string_view digits, std::string& out)
-{
-    digits.remove_prefix(1);
-    const bool isHex = !digits.empty() && digits[0] == 'x';
-    if (isHex) digits.remove_prefix(1);
-    std::uint32_t character = 0;
-    const char* end = digits.data() + digits.size();
-    const auto [stop, problem] = std::from_chars(digits.data(), end, character, isHex ? 16 : 10);
-    const bool isSurrogate = character >= 0xd800 && character <= 0xdfff;
-    if (problem != std::errc() || stop != end || character == 0 || character > 0x10ffff ||
-        isSurrogate) {
-        return false;
-    }
-    appendUTF8(character, out);
-    return true;
-}
-
-// Appends `raw` with its references resolved. False for an entity that XML itself does not have.
-bool appendResolved(std::string_view raw, std::string& out)
-{
-    static constexpr struct {
-        std::string_view name;
-        char character;
-    } kEntities[] = {{"amp", '&'}, {"lt", '<'}, {"gt", '>'}, {"quot", '"'}, {"apos", '\''}};
-    while (true) {
-        const std::size_t start = raw.find('&');
-        out += raw.substr(0, start);
-        if (start == raw.npos) return true;
-        raw.remove_prefix(start + 1);
-        constexpr std::size_t kMaxLength = 12;
-        const std::size_t end = raw.substr(0, kMaxLength).find(';');
-        if (end == raw.npos || end == 0) return false;
-        const std::string_view entity = raw.substr(0, end);
-        raw.remove_prefix(end + 1);
-        if (entity[0] == '#') {
-            if (!appendReference(entity, out)) return false;
-            continue;
-        }
-        bool isKnown = false;
-        for (const auto& known : kEntities) {
-            if (known.name != entity) continue;
-            out += known.character;
-            isKnown = true;
-        }
-        if (!isKnown) return false;
-    }
-}
 
 struct QualifiedName {
     std::string_view prefix;
@@ -216,11 +148,54 @@ private:
         if (!takeAttributes()) return false;
         const bool isEmpty = take('/');
         if (!take('>') || !report(name)) return false;
+        if (!isEmpty && !handler_.wantsContent() && !passOverContent()) return false;
         if (isEmpty) {
             handler_.endElement();
             closeElement();
         }
         return true;
+    }
+
+    // Goes to the end tag of the element that has just been opened.
+    bool passOverContent()
+    {
+        for (std::size_t depth = 0;;) {
+            const std::size_t tag = rest_.find('<');
+            if (tag == rest_.npos || tag + 1 == rest_.size()) return false;
+            rest_.remove_prefix(tag);
+            if (rest_[1] == '/') {
+                if (depth == 0) return true;
+                depth--;
+                if (!passOver(">")) return false;
+            } else if (rest_[1] == '!' || rest_[1] == '?') {
+                if (!handler_.wants(rest_) || !passOverOther()) return false;
+            } else {
+                const std::size_t end = endOfTag();
+                if (end == rest_.npos) return false;
+                if (rest_[end - 1] != '/') depth++;
+                rest_.remove_prefix(end + 1);
+            }
+        }
+    }
+
+    // Where the start tag at the front ends; npos if it does not. Values may have the same letter.
+    std::size_t endOfTag() const
+    {
+        for (std::size_t i = 1; i < rest_.size(); i++) {
+            if (rest_[i] == '>') return i;
+            if (rest_[i] != '"' && rest_[i] != '\'') continue;
+            i = rest_.find(rest_[i], i + 1);
+            if (i == rest_.npos) break;
+        }
+        return rest_.npos;
+    }
+
+    // A processing instruction, a comment or a literal text; nothing else that begins like them.
+    bool passOverOther()
+    {
+        if (rest_.starts_with("<?")) return passOver("?>");
+        if (rest_.starts_with("<!--")) return passOver("-->");
+        return rest_.starts_with("<![CDATA[") && passOver("]]>");
     }
 
     bool takeAttributes()
@@ -235,6 +210,11 @@ private:
             skipBlanks();
             if (name.empty() || !take('=')) return false;
             skipBlanks();
+            const bool isBinding = name.starts_with("xmlns");
+            if (!isBinding && !handler_.wantsAttribute(name)) {
+                if (!passOverValue()) return false;
+                continue;
+            }
             const std::optional<std::string_view> value = takeValue();
             if (!value || attributes_.size() >= XmlLimits::kAttributes) return false;
             const bool isDefault = name == "xmlns";
@@ -247,6 +227,15 @@ private:
                 attributes_.push_back({name, *value});
             }
         }
+    }
+
+    bool passOverValue()
+    {
+        if (rest_.empty() || (rest_[0] != '"' && rest_[0] != '\'')) return false;
+        const std::size_t end = rest_.find(rest_[0], 1);
+        if (end == rest_.npos) return false;
+        rest_.remove_prefix(end + 1);
+        return true;
     }
 
     std::optional<std::string_view> takeValue()
@@ -266,7 +255,7 @@ private:
     {
         if (!hasReferences_ || !has(raw, '&')) return raw;
         resolved_.emplace_back();
-        if (!appendResolved(raw, resolved_.back())) return std::nullopt;
+        if (!appendXmlText(raw, resolved_.back())) return std::nullopt;
         return resolved_.back();
     }
 

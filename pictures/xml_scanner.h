@@ -40,6 +40,14 @@ public:
 
     // Whether `rest`, all of the document from a tag or text on, is of use; if not, it is not read.
     virtual bool wants(std::string_view /*rest*/) const { return true; }
+
+    // Whether an attribute is of use; if not, it is passed over. The name is as it is written, with
+    // its prefix. Declarations of namespaces are always read.
+    virtual bool wantsAttribute(std::string_view /*name*/) const { return true; }
+
+    // Asked after startElement: whether what is in the element is of use. If not, its end is looked
+    // up by the number of tags, and what stands before that is neither reported nor checked.
+    virtual bool wantsContent() const { return true; }
 };
 
 // Reads the first element of `document` with everything in it; what is in front of it (declaration,

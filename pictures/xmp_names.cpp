@@ -21,11 +21,11 @@ bool mayHaveName(const char* block)
         };
         // A prefix, or a tag without one.
         const int isStart = is(0, ':') | is(0, '<') | is(0, '/');
-        const int isName =
-            (is(1, 'G') & is(2, 'P') & is(3, 'S')) | (is(1, 'C') & is(2, 'i') & is(3, 't')) |
-            (is(1, 'C') & is(2, 'o') & is(3, 'u')) | (is(1, 'd') & is(2, 'e') & is(3, 's')) |
-            (is(1, 'S') & is(2, 't') & is(3, 'a') & is(4, 't')) |
-            (is(1, 'P') & is(2, 'r') & is(3, 'o') & is(4, 'v'));
+        // As few letters as tell them from the names that settings of raw files have.
+        const int isName = (is(1, 'G') & is(2, 'P')) | (is(1, 'd') & is(2, 'e')) |
+                           (is(1, 'S') & is(2, 't')) |
+                           (is(1, 'C') & (is(2, 'i') | (is(2, 'o') & is(3, 'u')))) |
+                           (is(1, 'P') & is(2, 'r') & is(3, 'o') & is(4, 'v'));
         has = static_cast<unsigned char>(has | (isStart & isName));
     }
     return has != 0;

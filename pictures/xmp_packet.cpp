@@ -24,6 +24,9 @@ constexpr std::string_view kDublinCore = "http://purl.org/dc/elements/1.1/";
 constexpr std::string_view kIptcExtension = "http://iptc.org/std/Iptc4xmpExt/2008-02-29/";
 constexpr std::string_view kXml = "http://www.w3.org/XML/1998/namespace";
 
+// What ends a packet.
+constexpr std::string_view kEnds[] = {"</x:xmpmeta>", "<?xpacket end"};
+
 enum class Property : std::uint8_t {
     latitude,
     latitudeReference,
@@ -74,13 +77,16 @@ constexpr struct {
     {kIptcExtension, "CountryName", Property::createdCountry},
 };
 
+// A packet of a photographer's program has hundreds of names that nobody asks for.
+bool mayBeProperty(std::string_view local)
+{
+    constexpr std::string_view kFirstLetters = "GCSdLP";
+    return !local.empty() && kFirstLetters.find(local[0]) != kFirstLetters.npos;
+}
+
 Property propertyOf(const XmlName& name)
 {
-    // A packet of a photographer's program has hundreds of names that nobody asks for.
-    constexpr std::string_view kFirstLetters = "GCSdLP";
-    if (name.local.empty() || kFirstLetters.find(name.local[0]) == kFirstLetters.npos) {
-        return Property::other;
-    }
+    if (!mayBeProperty(name.local)) return Property::other;
     for (const auto& known : kProperties) {
         if (known.local == name.local && known.space == name.space) return known.property;
     }
@@ -158,13 +164,25 @@ public:
         elements_.pop_back();
     }
 
-    // After the last name that counts only a property that is open can still have values.
+    // After the last name that counts only a property that is open can still have values, and after
+    // the packet nothing, even if it lacks end tags.
     bool wants(std::string_view rest) const override
     {
+        if (rest.starts_with('<') && rest.starts_with(kEnds[1])) return false;
         return rest.size() > sizeWithoutNames_ || !hasFoundRdf_ ||
                std::any_of(path_.begin(), path_.end(),
                            [](Property property) { return property < Property::count; });
     }
+
+    // Of the attributes that are none of a property the language counts.
+    bool wantsAttribute(std::string_view name) const override
+    {
+        const std::string_view local = name.substr(name.find(':') + 1);
+        return mayBeProperty(local) || local == "lang";
+    }
+
+    // All that is in a property of another kind belongs to that.
+    bool wantsContent() const override { return path_.empty() || path_.front() != Property::other; }
 
 private:
     struct Element {
@@ -220,6 +238,20 @@ private:
     std::array<Value, static_cast<std::size_t>(Property::count)> values_;
 };
 
+constexpr std::uint64_t kFirstLength = 4 * 1024;
+
+// Where the first mark after `from` ends that is an end of a packet; 0 if there is none.
+std::size_t endOfMark(const std::string& bytes, std::size_t from)
+{
+    for (const std::string_view end : kEnds) {
+        const char* const start = bytes.data() + from;
+        const void* const mark = memmem(start, bytes.size() - from, end.data(), end.size());
+        if (mark == nullptr) continue;
+        return static_cast<std::size_t>(static_cast<const char*>(mark) - bytes.data()) + end.size();
+    }
+    return 0;
+}
+
 // The bytes of a packet, as far as they are read.
 std::string bytesOf(const ByteBlock& packet)
 {
@@ -227,17 +259,21 @@ std::string bytesOf(const ByteBlock& packet)
     const std::uint64_t end = std::min(packet.length(), kMaxXmpLength);
     bytes.reserve(static_cast<std::size_t>(std::min<std::uint64_t>(end, kMaxViewLength)));
     while (bytes.size() < end) {
-        const auto wanted = std::min<std::uint64_t>(end - bytes.size(), kMaxViewLength);
-        const ByteView view = packet.view(bytes.size(), static_cast<std::size_t>(wanted));
+        const std::size_t start = bytes.size();
+        const auto wanted =
+            std::min<std::uint64_t>(end - start, start == 0 ? kFirstLength : kMaxViewLength);
+        const ByteView view = packet.view(start, static_cast<std::size_t>(wanted));
         if (view.empty()) break;
         bytes.append(reinterpret_cast<const char*>(view.data()), view.size());
-        // Packets are padded, and some are followed by other things.
-        constexpr std::string_view kEnd = "<?xpacket end";
-        const void* mark = memmem(view.data(), view.size(), kEnd.data(), kEnd.size());
-        if (mark == nullptr) continue;
-        const auto rest = view.data() + view.size() - static_cast<const std::uint8_t*>(mark);
-        bytes.resize(bytes.size() - static_cast<std::size_t>(rest));
-        break;
+        // What follows a packet is room for longer values, in some files 64 KiB of it, or something
+        // else. Looking its end up pays where it may save another read; it may stand across two.
+        const bool isFirstOrLong = start == 0 || packet.length() > kMaxViewLength;
+        if (!isFirstOrLong) continue;
+        const std::size_t from = start - std::min(start, kEnds[0].size());
+        if (const std::size_t last = endOfMark(bytes, from)) {
+            bytes.resize(last);
+            break;
+        }
     }
     return bytes;
 }

@@ -166,3 +166,54 @@ TEST(scanXml, handsOverWhatStandsBeforeAFault)
     EXPECT_FALSE(scanXml("<a><b>text</b><c d='", protocol));
     EXPECT_EQ(protocol.written, "<a><b>text</>");
 }
+
+namespace {
+// Wants no attributes of the prefix "n" and nothing that is in an element "s".
+class Chooser final : public Protocol {
+public:
+    void startElement(const XmlName& name, std::span<const XmlAttribute> attributes) override
+    {
+        Protocol::startElement(name, attributes);
+        isIn_ = name.local == "s";
+    }
+    bool wantsAttribute(std::string_view name) const override { return !name.starts_with("n:"); }
+    bool wantsContent() const override { return !isIn_; }
+
+private:
+    bool isIn_ = false;
+};
+}  // namespace
+
+TEST(scanXml, passesOverWhatNobodyWants)
+{
+    const struct {
+        const char* name;
+        std::string document;
+        const char* written;
+    } rows[] = {
+        {"texts", "<a><s>text</s>more</a>", "<a><s></>more</>"},
+        {"elements", "<a><s><b><c/></b><d e='f'/></s><b/></a>", "<a><s></><b></></>"},
+        {"elements of the same name", "<a><s><s></s><s/></s>more</a>", "<a><s></>more</>"},
+        {"an empty one", "<a><s/>more</a>", "<a><s></>more</>"},
+        {"ends within values", "<a><s><b c='/>' d=\"'></s>\"/></s>more</a>", "<a><s></>more</>"},
+        {"ends within other things", "<a><s><!-- </s> --><![CDATA[</s>]]><?p </s>?></s>more</a>",
+         "<a><s></>more</>"},
+        {"unknown prefixes and entities", "<a><s><p:b c='&d;'/>&e;</s>more</a>",
+         "<a><s></>more</>"},
+        {"attributes", "<a xmlns:m='1' n:b='&c;' m:d='e' n:f='g'/>", "<a {1}d=e></>"},
+        {"namespaces that come last", "<a m:d='e' n:f='\"' xmlns:m='1'/>", "<a {1}d=e></>"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        Chooser chooser;
+        EXPECT_TRUE(scanXml(row.document, chooser));
+        EXPECT_EQ(chooser.written, row.written);
+    }
+    for (const char* document :
+         {"<a><s>", "<a><s><", "<a><s><b", "<a><s><b c='", "<a><s></", "<a><s><!-- </s></a>",
+          "<a><s><b></s></a>", "<a><s><!b></s></a>", "<a><s></b></a>", "<a n:b='", "<a n:b=c/>"}) {
+        SCOPED_TRACE(document);
+        Chooser chooser;
+        EXPECT_FALSE(scanXml(document, chooser));
+    }
+}
