@@ -103,8 +103,8 @@ void printRow(const std::string& name, const std::vector<std::string>& paths, bo
     int mostCalls = 0;
     for (const std::string& path : paths) {
         ratios.push_back(timeOf(readOurs, path, isBrief) / timeOf(readFloor, path, isBrief));
-        mostCalls =
-            std::max(mostCalls, bench::countSystemCalls([&path] { readOurs(path); }).value_or(0));
+        const auto calls = bench::systemCallsOf([&path] { readOurs(path); });
+        if (calls) mostCalls = std::max(mostCalls, calls->count);
     }
     std::printf("| %s | %zu | %.1f (at most %.1f) | %d |\n", name.c_str(), paths.size(),
                 median(ratios), *std::max_element(ratios.begin(), ratios.end()), mostCalls);

@@ -193,9 +193,8 @@ Column measure(const std::vector<bench::Reader>& readers, const std::vector<std:
         for (std::size_t index = 0; index < readers.size(); ++index) {
             if (isRaw && !readers[index].readsRaw) continue;
             column.ratios[index].push_back(times[index] / times.front());
-            const std::optional<int> calls =
-                bench::countSystemCalls([&] { readers[index].read(path); });
-            if (calls) column.calls[index].push_back(*calls);
+            const auto calls = bench::systemCallsOf([&] { readers[index].read(path); });
+            if (calls) column.calls[index].push_back(calls->count);
         }
     }
     if (!files.empty()) column.exiftool = timeOfExiftool(files, isBrief);

@@ -207,27 +207,6 @@ TEST(readMoreProperties, readsOnlyTheStartOfAnyOtherFile)
     EXPECT_LE(source.readCount(), 2);
 }
 
-TEST(readMoreProperties, readsLittleOfALongVideo)
-{
-    // Four gigabytes of film, as a hole, then where it was taken.
-    const test::TemporaryFolder folder;
-    const std::string moov = test::isoBox(
-        "moov", test::isoBox("trak", std::string(300000, 't')) + test::placeAsKey("+48.5-002.25/"));
-    const std::uint64_t length = std::uint64_t{4} << 30;
-    const std::string start =
-        test::isoBox("ftyp", "qt  ") + test::big32(1) + "mdat" + test::big64(length);
-    const std::string path = folder.write("long.mov", start);
-    std::filesystem::resize_file(path, start.size() - 16 + length);
-    std::ofstream(path, std::ios::binary | std::ios::app) << moov;
-
-    const PictureFile file(path);
-    FileByteSource source(file.descriptor(), file.size());
-    const auto properties = readMoreProperties(source, "en");
-    ASSERT_TRUE(properties);
-    EXPECT_EQ(properties->latitude, 48.5);
-    EXPECT_LE(source.readCount(), 4);
-}
-
 TEST(readMoreProperties, readsLessThanAMegabyteOfAFileMadeToKeepItBusy)
 {
     // Boxes as far apart as a read is long, up to the end of a gigabyte.
@@ -247,24 +226,6 @@ TEST(readMoreProperties, readsLessThanAMegabyteOfAFileMadeToKeepItBusy)
     FileByteSource source(picture.descriptor(), picture.size());
     (void)readMoreProperties(source, "en");
     EXPECT_LE(source.readCount(), (1 << 20) / (16 * 1024));
-}
-
-TEST(readMoreProperties, readsFewTimesFromAHeicOfFourMegabytes)
-{
-    const test::TemporaryFolder folder;
-    for (const bool isMetaLast : {false, true}) {
-        const std::string heic = test::heifFile({.items = {{"hvc1", std::string(4 << 20, 'p')},
-                                                           {"Exif", test::heifExif(kTiff)},
-                                                           {"mime", kXmp, "application/rdf+xml"}},
-                                                 .isMetaLast = isMetaLast});
-        const PictureFile file(folder.write("large.heic", heic));
-        FileByteSource source(file.descriptor(), file.size());
-        const auto properties = readMoreProperties(source, "en");
-        ASSERT_TRUE(properties);
-        EXPECT_EQ(properties->latitude, 48.5);
-        EXPECT_EQ(properties->city, u"Rome");
-        EXPECT_LE(source.readCount(), 3);
-    }
 }
 
 TEST(readMoreProperties, endsAtEveryTruncation)

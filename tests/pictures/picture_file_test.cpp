@@ -1,10 +1,7 @@
 #include "pictures/picture_file.h"
 
 #include "base/descriptor.h"
-#include "bench/reading/system_calls.h"
-#include "pictures/more_properties.h"
 #include "pictures/picture_properties.h"
-#include "tests/support/container_builder.h"
 #include "tests/support/environment.h"
 #include "tests/support/hostile_items.h"
 #include "tests/support/picture_builder.h"
@@ -149,29 +146,6 @@ TEST(PictureFile, saysWhyItIsNotOpen)
     EXPECT_EQ(PictureFile(folder.file("a.jpg/b.jpg")).error(), ENOTDIR);
     ASSERT_EQ(symlink("circle.jpg", folder.file("circle.jpg").c_str()), 0);
     EXPECT_EQ(PictureFile(folder.file("circle.jpg")).error(), ELOOP);
-}
-
-TEST(readMoreProperties, makesAtMostSixSystemCallsForAHeicPictureOf4MB)
-{
-    const test::TemporaryFolder folder;
-    const std::string tiff =
-        test::tiffWithGps({.lat = 48.5, .latRef = "N", .lon = 2.25, .lonRef = "E"});
-    const std::string path =
-        folder.write("a.heic", test::heifFile({.items = {{"hvc1", std::string(4 << 20, 'p')},
-                                                         {"Exif", test::heifExif(tiff)}}}));
-    std::optional<double> latitude;
-    const auto read = [&] {
-        const PictureFile file(path);
-        FileByteSource bytes(file.descriptor(), file.size());
-        const auto properties = readMoreProperties(bytes, "en");
-        latitude = properties ? properties->latitude : std::nullopt;
-    };
-    read();
-    EXPECT_EQ(latitude, 48.5);
-    const std::optional<int> calls = bench::countSystemCalls(read);
-    if (!calls) GTEST_SKIP() << "no process may be traced here";
-    EXPECT_GE(*calls, 4);
-    EXPECT_LE(*calls, 6);
 }
 
 TEST(PictureFile, ofEveryHostileItemIsAFileOrNotOpen)
