@@ -7,12 +7,14 @@
 #include "app/command_line.h"
 #include "app/drawing.h"
 #include "app/main_window.h"
+#include "app/more_kinds.h"
 #include "app/requests.h"
 #include "app/translations.h"
 #include "app/window_memory.h"
 #include "app/window_report.h"
 #include "base/printable.h"
 #include "desktop/application_bus.h"
+#include "location/picture_source.h"
 #include "opener/events/picture_opener.h"
 #include "previews/picture_reader.h"
 #include "selection/accessibility_advice.h"
@@ -140,6 +142,7 @@ int run(const CommandLine& line)
     const bool isOfUser = !line.printAndSave && !line.action;  // a report has the usual size
     const auto earlier = isOfUser ? loadWindow() : std::nullopt;
     if (opensWindow(line)) window = MainWindow::showAhead(earlier);
+    setReadsMoreKinds(appLoadReadMoreKinds());
     cuReadPicturesElsewhere();  // the reader starts while the window gets its views
     FileManagerSelection selection;
     // A report is of the pictures that it was asked for.

@@ -13,7 +13,13 @@ namespace pinorama {
 
 ReaderClient& cuPictureReader()
 {
-    static ReaderClient client([] { return startReaderProgram(readerProgram()); });
+    static bool hasMoreDecoders = false;
+    static ReaderClient client([] {
+        hasMoreDecoders = readsMoreKinds();
+        return startPictureReader(hasMoreDecoders);
+    });
+    const bool isRunning = client.socket() >= 0;
+    if (isRunning && readsMoreKinds() && !hasMoreDecoders) client.stop();
     return client;
 }
 

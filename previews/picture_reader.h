@@ -1,6 +1,7 @@
 // The process that reads pictures for this one, and its place in the event loop. This process never
 // parses a picture itself.
 //
+//     setReadsMoreKinds(isOn);    // the reader loads what that takes as it starts
 //     cuReadPicturesElsewhere();  // once, while the program starts
 //     connect(ReaderEvents::instance(), &ReaderEvents::advanced, this, &Loader::takeResult);
 
@@ -17,7 +18,9 @@ class QSocketNotifier;
 
 namespace pinorama {
 
-// The reader of this process; started by the first request, or by cuReadPicturesElsewhere.
+// The reader of this process; started by the first request, or by cuReadPicturesElsewhere. One that
+// was started before more kinds of files were to be read (readsMoreKinds) is stopped here, and the
+// next request starts one with their decoders. The other way round it stays.
 ReaderClient& cuPictureReader();
 
 // Starts the reader and an opener, without waiting for them, and has the properties and previews of

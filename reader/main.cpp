@@ -1,5 +1,6 @@
 // pinorama-reader: reads pictures for the window in a sandbox, each in a process of its own. The
-// window starts it with a socket; started from a command line it has none and ends at once.
+// window starts it with a socket; started from a command line it has none and ends at once. With
+// the argument kMoreKindsArgument it has the decoders of more kinds of pictures, too.
 
 #include "base/user_language.h"
 #include "pictures/more_properties.h"
@@ -20,22 +21,34 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <string_view>
 
 #include <unistd.h>
 
+namespace pinorama {
+namespace {
+// What is asked for only where more kinds of files are read. Most of it takes milliseconds, which
+// nobody else has to wait for.
+void loadMoreDecoders()
+{
+    (void)loadHevcDecoder();  // without it there is no preview of most HEIC pictures
+    (void)loadAv1Decoder();   // ... of AVIF pictures
+    (void)loadJxlDecoder();   // ... of JPEG XL
+    loadUnpackers();          // ... no compressed metadata
+}
+}  // namespace
+}  // namespace pinorama
+
 using namespace pinorama;
 
-int main()
+int main(int argc, char** argv)
 {
     if (!hasReaderSocket()) {
         std::fputs("pinorama-reader is started by Pinorama and does nothing by itself.\n", stderr);
         return EXIT_FAILURE;
     }
     loadPicturePlugins();
-    (void)loadHevcDecoder();  // without it there is no preview of most HEIC pictures
-    (void)loadAv1Decoder();   // ... of AVIF pictures
-    (void)loadJxlDecoder();   // ... of JPEG XL
-    loadUnpackers();          // ... no compressed metadata
+    if (argc > 1 && std::string_view(argv[1]) == kMoreKindsArgument) loadMoreDecoders();
     bool hasNamespaces = false;
     if (!enterSandbox(readerRules(kReaderSocket), &hasNamespaces)) return EXIT_FAILURE;
     const ReaderProcess keeper = hasNamespaces ? forkNamespaceKeeper() : ReaderProcess();

@@ -163,4 +163,11 @@ std::string readerProgram()
     return helperProgram("pinorama-reader", "PINORAMA_READER");
 }
 
+ReaderProcess startPictureReader(bool readsMore)
+{
+    std::vector<std::string> arguments;
+    if (readsMore) arguments.emplace_back(kMoreKindsArgument);
+    return startReaderProgram(readerProgram(), arguments);
+}
+
 }  // namespace pinorama

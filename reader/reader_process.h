@@ -73,4 +73,13 @@ ReaderProcess forkReader(const std::function<void(int socket)>& serve);
 // the one beside the running program, else the one under the install prefix.
 std::string readerProgram();
 
+// Starts pinorama-reader.
+//
+//   readsMore  whether more kinds of files will be asked for. It loads their decoders while it
+//              starts, since it can open nothing later on; without them it starts sooner.
+ReaderProcess startPictureReader(bool readsMore);
+
+// The argument by which it is told so.
+constexpr const char* kMoreKindsArgument = "--more";
+
 }  // namespace pinorama

@@ -28,7 +28,6 @@ constexpr std::uint32_t kDescriptors = 4 + kMaxDescriptors;
 // Whatever file the program has by now, even if a newer version has replaced it.
 constexpr const char* kRunningProgram = "/proc/self/exe";
 constexpr std::string_view kReaderArgument = "--property-reader";
-constexpr std::string_view kMoreArgument = "--more";
 
 void serveSandboxedProperties(int socket)
 {
@@ -45,7 +44,7 @@ ReaderProcess forkPropertyReader()
 ReaderProcess startPropertyReader(bool readsMore)
 {
     std::vector<std::string> arguments = {std::string(kReaderArgument)};
-    if (readsMore) arguments.emplace_back(kMoreArgument);
+    if (readsMore) arguments.emplace_back(kMoreKindsArgument);
     ReaderProcess reader = startReaderProgram(kRunningProgram, arguments);
     return reader ? std::move(reader) : forkPropertyReader();
 }
@@ -57,7 +56,7 @@ bool isPropertyReader(int argc, const char* const* argv)
 
 void servePropertyReader(int argc, const char* const* argv)
 {
-    if (argc > 2 && argv[2] == kMoreArgument) loadUnpackers();
+    if (argc > 2 && std::string_view(argv[2]) == kMoreKindsArgument) loadUnpackers();
     serveSandboxedProperties(kReaderSocket);
     _exit(EXIT_SUCCESS);
 }

@@ -1,6 +1,7 @@
 #include "app/nearby/nearby_thumbnails.h"
 
 #include "lib/ui/file_icon.h"
+#include "location/picture_source.h"
 
 #include <QPainter>
 
@@ -27,7 +28,7 @@ NearbyThumbnails::NearbyThumbnails(QObject* parent)
     : QObject(parent),
       opener_([] { return startOpenerProgram(openerProgram()); }),
       openerEvents_(opener_),
-      reader_([] { return startReaderProgram(readerProgram()); }),
+      reader_([] { return startPictureReader(readsMoreKinds()); }),
       readerEvents_(reader_)
 {
     next_.setSingleShot(true);

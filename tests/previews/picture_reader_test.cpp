@@ -64,6 +64,28 @@ TEST_F(cuReadPicturesElsewhere, startsTheReader)
     EXPECT_NE(cuPictureReader().processID(), -1);
 }
 
+TEST_F(cuReadPicturesElsewhere, replacesAReaderWithoutTheDecodersThatAreNeededNow)
+{
+    cuPictureReader().start();
+    const pid_t first = cuPictureReader().processID();
+    ASSERT_GT(first, 0);
+    EXPECT_EQ(cuPictureReader().processID(), first);
+
+    setReadsMoreKinds(true);
+    EXPECT_LT(cuPictureReader().processID(), 0) << "it is started by the next request";
+    (void)startPreview();
+    EXPECT_EQ(previewFromTheEventLoop(), ReadOutcome::found);
+    const pid_t second = cuPictureReader().processID();
+    EXPECT_GT(second, 0);
+    EXPECT_NE(second, first);
+
+    setReadsMoreKinds(false);
+    EXPECT_EQ(cuPictureReader().processID(), second) << "it has all that is needed";
+    setReadsMoreKinds(true);
+    EXPECT_EQ(cuPictureReader().processID(), second);
+    setReadsMoreKinds(false);
+}
+
 TEST_F(cuReadPicturesElsewhere, leavesPropertiesToTheReader)
 {
     const test::ScopedVariable none("PINORAMA_READER", "/nowhere/pinorama-reader");
