@@ -3,19 +3,23 @@
 #include "tests/previews/preview_fixture.h"
 
 #include <QColorSpace>
+#include <QImageReader>
+
+#include <ios>
 
 // The suites are named after what they test, which they hide here.
 namespace pinorama::tests {
 class ColourProfile : public test::PreviewTest {
 protected:
-    // A PNG of one colour with that colour space, if it is valid.
-    std::string png(const char* name, QColor colour, const QColorSpace& space) const
+    // A picture of one colour with that colour space, if it is valid. The name says its format.
+    std::string picture(const std::string& name, QColor colour, const QColorSpace& space) const
     {
         QImage image(600, 400, QImage::Format_ARGB32);
         image.fill(colour);
         image.setColorSpace(space);
         std::string path = folder_.file(name);
-        EXPECT_TRUE(image.save(QString::fromStdString(path), "PNG"));
+        constexpr int kLossless = 100;  // of WebP
+        EXPECT_TRUE(image.save(QString::fromStdString(path), nullptr, kLossless));
         return path;
     }
 
@@ -26,15 +30,32 @@ protected:
     }
 };
 
-TEST_F(ColourProfile, convertsPicturesOfThePlugins)
+class ColourProfileOfFormat : public ColourProfile,
+                              public testing::WithParamInterface<const char*> {};
+
+TEST_P(ColourProfileOfFormat, isApplied)
 {
+    const std::string ending = GetParam();
+    if (!QImageReader::supportedImageFormats().contains(QByteArray::fromStdString(ending))) {
+        GTEST_SKIP() << "the plug-in is not installed";
+    }
     const QColor red(0xc8, 0x64, 0x64);
-    const std::uint32_t srgb = 0xffc86464;
-    EXPECT_TRUE(test::isNear(shownColour(png("none.png", red, {})), srgb, 1));
-    EXPECT_TRUE(test::isNear(shownColour(png("srgb.png", red, QColorSpace::SRgb)), srgb, 1));
-    EXPECT_TRUE(
-        test::isNear(shownColour(png("p3.png", red, QColorSpace::DisplayP3)), 0xffd75d61, 3));
-    EXPECT_TRUE(
-        test::isNear(shownColour(png("adobe.png", red, QColorSpace::AdobeRgb)), 0xffe36464, 3));
+    const struct {
+        const char* name;
+        QColorSpace space;
+        std::uint32_t expected;
+        int tolerance;
+    } rows[] = {{"none", {}, 0xffc86464, 1},
+                {"srgb", QColorSpace::SRgb, 0xffc86464, 1},
+                {"p3", QColorSpace::DisplayP3, 0xffd75d61, 3},
+                {"adobe", QColorSpace::AdobeRgb, 0xffe36464, 3}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        const std::uint32_t shown = shownColour(picture(row.name + ("." + ending), red, row.space));
+        EXPECT_TRUE(test::isNear(shown, row.expected, row.tolerance)) << std::hex << shown;
+    }
 }
+
+INSTANTIATE_TEST_SUITE_P(Plugins, ColourProfileOfFormat, testing::Values("png", "tiff", "webp"),
+                         [](const auto& of) { return std::string(of.param); });
 }  // namespace pinorama::tests
