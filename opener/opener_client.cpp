@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <tuple>
 #include <utility>
 
 #include <poll.h>
@@ -149,7 +150,7 @@ OpenStage OpenerClient::wait(const OpenerQuestion& question, std::chrono::millis
 void OpenerClient::advance()
 {
     std::uint64_t news = 0;
-    (void)read(news_.get(), &news, sizeof news);
+    std::ignore = read(news_.get(), &news, sizeof news);
     takeIn();
     owesNews_ = false;
 }
@@ -164,7 +165,7 @@ void OpenerClient::settle(OpenerQuestion& question, OpenStage stage)
 void OpenerClient::passNewsOn()
 {
     const std::uint64_t one = 1;
-    if (std::exchange(owesNews_, false)) (void)write(news_.get(), &one, sizeof one);
+    if (std::exchange(owesNews_, false)) std::ignore = write(news_.get(), &one, sizeof one);
 }
 
 void OpenerClient::takeIn()

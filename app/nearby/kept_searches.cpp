@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <csignal>
 #include <memory>
+#include <tuple>
 #include <utility>
 
 #include <fcntl.h>
@@ -26,7 +27,7 @@ void prepareChild(int pipe)
 {
     (void)prctl(PR_SET_PDEATHSIG, SIGTERM);
     (void)prctl(PR_SET_CHILD_SUBREAPER, 1);
-    (void)nice(kNiceness);
+    std::ignore = nice(kNiceness);
     (void)fcntl(pipe, F_SETFD, 0);  // stays open in the program
 }
 }  // namespace
@@ -41,7 +42,7 @@ KeptSearches& KeptSearches::all()
 void KeptSearches::prepare(QProcess* process)
 {
     int ends[2] = {-1, -1};
-    (void)pipe2(ends, O_CLOEXEC);
+    std::ignore = pipe2(ends, O_CLOEXEC);
     const auto near = std::make_shared<DescriptorHolder>(ends[0]);
     const auto far = std::make_shared<DescriptorHolder>(ends[1]);
     process->setChildProcessModifier([pipe = ends[1]] { prepareChild(pipe); });
