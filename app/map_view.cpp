@@ -36,6 +36,8 @@ MapView::MapView(QWidget* parent) : QAbstractButton(parent)
         scale_ = (scale_ + 1) % kScales;
         showAnew();
     });
+    painted_.setSingleShot(true);
+    connect(&painted_, &QTimer::timeout, this, &MapView::drawLater);
     setVisible(false);
 }
 
@@ -49,6 +51,8 @@ void MapView::showPlace(const PlaceData* places, const Subject& subject, const Q
 {
     data_ = places;
     subject_ = subject;
+    painted_.stop();
+    isOfBefore_ = mapped_ != region();
     setAccessibleName(words);
     setFocusPolicy(isDrawn() ? Qt::TabFocus : Qt::NoFocus);
     if (isDrawn()) {
@@ -63,6 +67,7 @@ void MapView::showPlace(const PlaceData* places, const Subject& subject, const Q
 void MapView::showNothing()
 {
     data_ = nullptr;
+    painted_.stop();
     setAccessibleName({});
     setVisible(false);
 }
@@ -94,17 +99,16 @@ void MapView::resizeEvent(QResizeEvent* event)
 void MapView::paintEvent(QPaintEvent* /*event*/)
 {
     if (!isDrawn()) return;
-    const Region wanted = region();
-    // Another screen may have another density.
-    if (map_.isNull() || map_.devicePixelRatio() != devicePixelRatioF() || wanted != mapped_) {
-        map_ = drawn(wanted);
-        mapped_ = wanted;
-        ++drawings_;
-    }
+    if (!isThere() && !isOfBefore_) draw();
     QPainter painter(this);
-    painter.drawPixmap(0, 0, map_);
+    if (isOfBefore_) {
+        paintGround(painter);
+        painted_.start(0);
+    } else {
+        painter.drawPixmap(0, 0, map_);
+    }
     if (subject_.direction) {
-        drawDirection(painter, wanted.frame().at(subject_.latitude, subject_.longitude),
+        drawDirection(painter, region().frame().at(subject_.latitude, subject_.longitude),
                       *subject_.direction, kWedge, palette().color(QPalette::Highlight));
     }
     if (!hasFocus()) return;
@@ -151,6 +155,34 @@ void MapView::placeMarker()
     marker_->setGeometry(
         QRect((place - QPointF(marker.width() / 2.0, marker.height() * kFootOfMarker)).toPoint(),
               marker));
+}
+
+// Another screen may have another density.
+bool MapView::isThere() const
+{
+    return !map_.isNull() && map_.devicePixelRatio() == devicePixelRatioF() && mapped_ == region();
+}
+
+void MapView::draw()
+{
+    mapped_ = region();
+    map_ = drawn(mapped_);
+    ++drawings_;
+}
+
+void MapView::drawLater()
+{
+    draw();
+    isOfBefore_ = false;
+    update();
+}
+
+void MapView::paintGround(QPainter& painter) const
+{
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(MapColours::of(palette()).land);
+    painter.drawRoundedRect(rect(), kCorner, kCorner);
 }
 
 QPixmap MapView::drawn(const Region& region) const

@@ -2,6 +2,9 @@
 // the direction of view. Drawn from the file of places: no network, ever. A click, or the space
 // bar, walks through three scales. Without a location there is nothing, and without the file only
 // the marker.
+//
+// The map of another place is drawn after the window has been painted with its texts, which do not
+// wait for it. Until it is there only its ground is shown: the map before is not of that place.
 
 #pragma once
 
@@ -10,6 +13,7 @@
 #include <QAbstractButton>
 #include <QPixmap>
 #include <QString>
+#include <QTimer>
 
 #include <optional>
 
@@ -79,14 +83,20 @@ private:
     bool isDrawn() const { return data_ != nullptr; }
     void showAnew();
     void placeMarker();
+    bool isThere() const;
+    void draw();
+    void drawLater();
+    void paintGround(QPainter& painter) const;
     QPixmap drawn(const Region& region) const;
 
     const PlaceData* data_ = nullptr;
     Subject subject_;
     int scale_ = 0;
     QWidget* marker_ = nullptr;
-    QPixmap map_;    // null if it has to be drawn
-    Region mapped_;  // what is on it
+    QPixmap map_;              // null if it has to be drawn
+    Region mapped_;            // what is on it
+    bool isOfBefore_ = false;  // it is of another place than what is shown
+    QTimer painted_;           // runs out after the window was painted without the map
     int drawings_ = 0;
 };
 

@@ -105,7 +105,16 @@ protected:
                        QStringLiteral("Near Munich, Germany"));
     }
 
-    QImage shown() { return view.grab().toImage(); }
+    // What is painted together with the texts.
+    QImage painted() { return view.grab().toImage(); }
+
+    // What is there after that.
+    QImage shown()
+    {
+        (void)painted();
+        QCoreApplication::processEvents();
+        return painted();
+    }
 
     MapView view;
     QLabel* marker = new QLabel(&view);
@@ -308,6 +317,58 @@ TEST_F(MapViewTest, keepsTheMapOfPlacesThatLieHardlyApart)
     view.resize(kSize * 2);
     (void)shown();
     EXPECT_EQ(view.drawings(), 3);
+}
+
+TEST_F(MapViewTest, isDrawnAfterTheWindowHasBeenPainted)
+{
+    showMunich();
+    const QImage ground = painted();
+    EXPECT_EQ(view.drawings(), 0);
+    EXPECT_GT(pixelsOf(ground, ground.pixelColor(80, 20)), ground.width() * ground.height() * 0.99);
+    const QImage munich = shown();
+    EXPECT_EQ(view.drawings(), 1);
+    EXPECT_NE(munich, ground);
+
+    view.showPlace(data, {kAdriatic.latitude, kAdriatic.longitude, true}, {});
+    EXPECT_EQ(painted(), ground) << "not the map of the place before";
+    EXPECT_EQ(view.drawings(), 1);
+    showMunich();
+    EXPECT_EQ(painted(), munich) << "which is at once there again";
+    EXPECT_EQ(view.drawings(), 1);
+}
+
+TEST_F(MapViewTest, isNotDrawnOfAPlaceThatIsGone)
+{
+    for (const Point place : {kAdriatic, kMunich, Point{-54.8, -68.3}}) {
+        view.showPlace(data, {place.latitude, place.longitude}, {});
+        (void)painted();
+    }
+    view.showNothing();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(view.drawings(), 0);
+    for (const Point place : {kAdriatic, kMunich, Point{-54.8, -68.3}}) {
+        view.showPlace(data, {place.latitude, place.longitude}, {});
+        (void)painted();
+    }
+    QCoreApplication::processEvents();
+    EXPECT_EQ(view.drawings(), 1) << "only the last one";
+}
+
+TEST_F(MapViewTest, isAtOnceDrawnAnewOfTheSamePlace)
+{
+    showMunich();
+    (void)shown();
+    int drawings = 1;
+    const auto isDrawn = [&] {
+        (void)painted();
+        return view.drawings() == ++drawings;
+    };
+    view.click();
+    EXPECT_TRUE(isDrawn()) << "in another scale";
+    view.resize(kSize * 2);
+    EXPECT_TRUE(isDrawn()) << "in another size";
+    view.setPalette(Qt::darkGray);
+    EXPECT_TRUE(isDrawn()) << "in other colours";
 }
 
 TEST_F(MapViewTest, followsThePalette)
