@@ -7,6 +7,7 @@
 #include "previews/picture_reader.h"
 #include "tests/app/hostile_window.h"
 #include "tests/previews/preview_fixture.h"
+#include "tests/support/reader_signal.h"
 
 #include <csignal>
 #include <filesystem>
@@ -199,7 +200,7 @@ TEST_F(LargerPreview, doesNotComeForAnotherPicture)
     giveRoom(500);
     const std::string path = picture();
     cuPictureReader().start();
-    kill(cuPictureReader().processID(), SIGSTOP);
+    test::signalReader(cuPictureReader(), SIGSTOP);
     follow(path);
     EXPECT_TRUE(test::waitUntil([] { return cuPictureReader().previewTicket() != 0; }));
     larger_.forget();
@@ -208,7 +209,7 @@ TEST_F(LargerPreview, doesNotComeForAnotherPicture)
     QPixmap other(64, 64);
     other.fill(Qt::black);
     field_.showPreview(other);
-    kill(cuPictureReader().processID(), SIGCONT);
+    test::signalReader(cuPictureReader(), SIGCONT);
     test::goOnFor(600);
     EXPECT_EQ(field_.shownSize(), QSize(64, 64));
 

@@ -3,6 +3,7 @@
 #include "base/resource_folder.h"
 #include "tests/app/hostile_window.h"
 #include "tests/support/environment.h"
+#include "tests/support/reader_signal.h"
 
 #include <gtest/gtest.h>
 
@@ -59,7 +60,7 @@ TEST_F(readerTrouble, aReaderThatDiesShowsAsAnEmptyFieldAndNoMore)
 {
     expectGoodPicture();
     for (int i = 0; i < 3; i++) {
-        kill(cuPictureReader().processID(), SIGKILL);
+        test::signalReader(cuPictureReader(), SIGKILL);
         expectGoodPicture();
     }
 }

@@ -4,6 +4,7 @@
 #include "previews/picture_reader.h"
 #include "tests/support/environment.h"
 #include "tests/support/picture_builder.h"
+#include "tests/support/reader_signal.h"
 #include "tests/support/toolkit.h"
 
 #include <gtest/gtest.h>
@@ -43,8 +44,8 @@ protected:
     static pinorama::LateProperties& late() { return *pinorama::LateProperties::instance(); }
 
     // Holds the reader up, as a slow disk does.
-    static void hold() { kill(cuPictureReader().processID(), SIGSTOP); }
-    static void letGo() { kill(cuPictureReader().processID(), SIGCONT); }
+    static void hold() { test::signalReader(cuPictureReader(), SIGSTOP); }
+    static void letGo() { test::signalReader(cuPictureReader(), SIGCONT); }
 
     bool hasArrived(std::size_t count)
     {
@@ -107,7 +108,7 @@ TEST_F(LateProperties, doNotNeedTheFileOfWhoAsked)
         EXPECT_FALSE(late().read(file.descriptor()));
     }
     // The next reader is asked for the same picture.
-    kill(cuPictureReader().processID(), SIGKILL);
+    test::signalReader(cuPictureReader(), SIGKILL);
     ASSERT_TRUE(hasArrived(1));
     EXPECT_EQ(arrivals_[0].result.properties.latitude, 48.5);
 }

@@ -5,6 +5,7 @@
 #include "tests/support/environment.h"
 #include "tests/support/jpeg_pictures.h"
 #include "tests/support/picture_builder.h"
+#include "tests/support/reader_signal.h"
 #include "tests/support/toolkit.h"
 
 #include <gtest/gtest.h>
@@ -140,7 +141,7 @@ TEST_F(ReaderEventsTest, noticeAReaderThatDiesAndListenToTheNextOne)
     for (int i = 0; i < 3; i++) {
         startPreview();
         EXPECT_EQ(previewFromTheEventLoop(), ReadOutcome::found);
-        kill(cuPictureReader().processID(), SIGKILL);
+        test::signalReader(cuPictureReader(), SIGKILL);
         EXPECT_TRUE(test::waitUntil([] { return cuPictureReader().processID() == -1; }));
     }
 }
@@ -153,7 +154,7 @@ TEST_F(ReaderEventsTest, giveUpAReaderThatGivesNoSignOfLife)
     startPreview();
     EXPECT_EQ(previewFromTheEventLoop(), ReadOutcome::found);
     const pid_t reader = cuPictureReader().processID();
-    kill(reader, SIGSTOP);
+    test::signalReader(cuPictureReader(), SIGSTOP);
     startPreview();
     EXPECT_EQ(previewFromTheEventLoop(), ReadOutcome::stuck);
     EXPECT_NE(cuPictureReader().processID(), reader);

@@ -7,6 +7,7 @@
 #include "previews/picture_reader.h"
 #include "previews/preview_loader.h"
 #include "tests/previews/preview_fixture.h"
+#include "tests/support/reader_signal.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -30,11 +31,11 @@ public:
     HeldReader()
     {
         cuPictureReader().start();
-        kill(cuPictureReader().processID(), SIGSTOP);
+        test::signalReader(cuPictureReader(), SIGSTOP);
     }
     HeldReader(const HeldReader&) = delete;
     HeldReader& operator=(const HeldReader&) = delete;
-    ~HeldReader() { kill(cuPictureReader().processID(), SIGCONT); }
+    ~HeldReader() { test::signalReader(cuPictureReader(), SIGCONT); }
 };
 
 class PreviewLoader : public test::PreviewTest {

@@ -9,6 +9,7 @@
 #include "reader/reader_socket.h"
 #include "reader/sandboxed_properties.h"
 #include "tests/reader/reader_fixture.h"
+#include "tests/support/reader_signal.h"
 
 #include <gtest/gtest.h>
 
@@ -169,7 +170,7 @@ TEST(ReaderClient, aReaderThatWasKilledIsReplaced)
     for (int i = 0; i < 12; i++) {
         expectGoodPicture(client, pictures);
         const pid_t killed = client.processID();
-        kill(killed, SIGKILL);
+        test::signalReader(client, SIGKILL);
         expectGoodPicture(client, pictures);
         EXPECT_NE(client.processID(), killed);
     }

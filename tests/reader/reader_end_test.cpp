@@ -1,6 +1,7 @@
 // How the reader of a program ends, and what is given up with it.
 
 #include "tests/reader/reader_fixture.h"
+#include "tests/support/reader_signal.h"
 
 #include <gtest/gtest.h>
 
@@ -115,7 +116,7 @@ TEST(ReaderClient, mayEndWithTheProgram)
     const auto loseAReader = [] {
         static ReaderClient client(realReader());
         client.start();
-        kill(client.processID(), SIGKILL);
+        test::signalReader(client, SIGKILL);
         const Pictures pictures;
         expectGoodPicture(client, pictures);
     };
