@@ -92,9 +92,10 @@ bool NearbyModel::has(const NearbyPicture& picture) const
     };
     if (isSame(aroundFile_)) return true;
     // One file is always at one distance.
-    const auto there =
-        std::ranges::equal_range(pictures_, picture.metres, {}, &NearbyPicture::metres);
-    return std::ranges::any_of(there, [&](const NearbyPicture& other) {
+    const auto metres = &NearbyPicture::metres;
+    const auto first = std::ranges::lower_bound(pictures_, picture.metres, {}, metres);
+    const auto end = std::ranges::upper_bound(pictures_, picture.metres, {}, metres);
+    return std::any_of(first, end, [&](const NearbyPicture& other) {
         return other.path == picture.path || isSame(other.file);
     });
 }
